@@ -1,0 +1,72 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Settings that every target shares, and the libraries that the project asks for.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set_property(GLOBAL PROPERTY AUTOGEN_SOURCE_GROUP generated)
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(OB_CCACHE ccache)
+if(OB_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${OB_CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wconversion -Wshadow)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # GCC 12 warns of overlaps in every std::string sum.
+  add_compile_options(-Wno-restrict)
+endif()
+if(OB_STRICT)
+  add_compile_options(-Werror)
+endif()
+if(OB_SANITIZE)
+  add_compile_options(-fsanitize=${OB_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=${OB_SANITIZE})
+endif()
+if(OB_LTO)
+  set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+endif()
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  # A library that a program does not call is not loaded when it starts.
+  add_link_options(-Wl,--as-needed -Wl,-O1)
+endif()
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
+                        QT_NO_URL_CAST_FROM_STRING OB_VERSION="${PROJECT_VERSION}")
+
+# Asks for parts of Qt 6 and names the Debian package when one is missing. A macro, so that what it finds is known in
+# every folder.
+macro(ob_need_qt package)
+  find_package(Qt6 6.4 QUIET COMPONENTS ${ARGN})
+  foreach(part ${ARGN})
+    if(NOT TARGET Qt6::${part})
+      message(FATAL_ERROR "Qt 6.4 ${part} was not found. On Debian: apt-get install ${package}")
+    endif()
+  endforeach()
+endmacro()
+
+macro(ob_need_header variable header package)
+  find_path(${variable} ${header} ${ARGN})
+  if(NOT ${variable})
+    message(FATAL_ERROR "${header} was not found. On Debian: apt-get install ${package}")
+  endif()
+endmacro()
+
+ob_need_qt(qt6-base-dev Core Gui)
+if(OB_TESTS)
+  ob_need_qt(qt6-base-dev Test)
+endif()
+if(OB_WINDOWS)
+  ob_need_qt(qt6-base-dev Widgets)
+  ob_need_qt(qt6-svg-dev Svg)
+endif()

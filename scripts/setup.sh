@@ -1,0 +1,45 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Sourced by ./run and ./test: sees to it that everything the build needs is installed.
+
+run_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev libqscintilla2-qt6-dev libcli11-dev
+              fonts-liberation)
+test_packages=(libbenchmark-dev xvfb xdotool)
+
+# need_packages NAME...: installs those that are missing, or says which and stops.
+need_packages() {
+  local missing=() name
+  if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+    if ! command -v cmake >/dev/null || ! command -v ninja >/dev/null; then
+      echo "This system has no apt-get. Please install what these Debian packages hold: $*" >&2
+      exit 1
+    fi
+    return
+  fi
+  for name in "$@"; do
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  local -a as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Please install these packages first: ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# build PRESET [TARGET...]: configures when needed, then builds.
+build() {
+  local preset=$1 folder=build/$1
+  shift
+  [ -f "$folder/build.ninja" ] || cmake --preset "$preset" >"/tmp/orchard-bench-configure.$$" 2>&1 || {
+    cat "/tmp/orchard-bench-configure.$$" >&2
+    exit 1
+  }
+  rm -f "/tmp/orchard-bench-configure.$$"
+  cmake --build "$folder" -- --quiet "$@"
+}

@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The code window.
+#include "editor/frmDocument.h"
+
+#include "editor/modBookmarks.h"
+#include "editor/modClose.h"
+#include "editor/modDocument.h"
+#include "editor/modEdit.h"
+#include "editor/modLabels.h"
+#include "editor/modStyling.h"
+#include "platform/modDialogs.h"
+#include "platform/modFiles.h"
+#include "platform/modPaths.h"
+#include "scilexer/SciLexerOB_Api.h"
+#include "shell/Module1.h"
+#include "shell/frmMain.h"
+
+#include <QAbstractScrollArea>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLibrary>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+
+namespace ob {
+
+namespace {
+
+// Of the head row, in twips.
+constexpr int RowTop = 120;
+constexpr int RowHeight = 285;
+constexpr int LabelsLeft = 840;
+constexpr int ButtonWidth = 735;
+
+int ToPixels(int twips)
+{
+    return twips / TwipsPerPixelX;
+}
+
+SciLexerOB_CreateFunction* FindCreate(const QString& path)
+{
+    // Loaded once and kept for the life of the process, as the control's code must outlast every window.
+    return reinterpret_cast<SciLexerOB_CreateFunction*>(QLibrary::resolve(path, SciLexerOB_CreateName));
+}
+
+QComboBox* MakeLabelBox(QWidget* parent, const QString& name, const QString& accessibleName)
+{
+    auto* box = new QComboBox(parent);
+    box->setObjectName(name);
+    box->setAccessibleName(accessibleName);
+    box->setEditable(false);
+    box->setPlaceholderText(QStringLiteral("[ branch labels ]"));
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMaxVisibleItems(30);
+    return box;
+}
+
+} // namespace
+
+cDocument* DocumentOf(QWidget* widget)
+{
+    auto* window = qobject_cast<frmDocument*>(widget);
+    return window == nullptr ? nullptr : &window->Document();
+}
+
+frmDocument::frmDocument(cDocument& slot, QWidget* parent) : QWidget(parent), document(slot)
+{
+    setObjectName(QStringLiteral("frmDocument"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    MakeHeadRow();
+    ShowCaption(document.Caption());
+    document.window = this;
+}
+
+frmDocument::~frmDocument()
+{
+    LetGo();
+}
+
+void frmDocument::MakeHeadRow()
+{
+    struct ButtonRow {
+        QToolButton*& button;
+        const char* name;
+        const char* icon;
+        const char* tip;
+        void (*click)(Sci);
+    };
+    const ButtonRow rows[] = {
+        {cmdToggle, "cmdToggle", "bookmark-toggle", "Toggle Bookmark", ToggleBookmark},
+        {cmdNext, "cmdNext", "bookmark-next", "Next Bookmark", NextBookmark},
+        {cmdPrev, "cmdPrev", "bookmark-prev", "Previous Bookmark", PreviousBookmark},
+        {cmdClear, "cmdClear", "bookmark-clear", "Clear All Bookmarks", ClearBookmarks},
+    };
+    int left = 0;
+    for (const ButtonRow& row : rows) {
+        row.button = new QToolButton(this);
+        row.button->setObjectName(QString::fromLatin1(row.name));
+        row.button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(row.icon))));
+        row.button->setIconSize(QSize(12, 12));
+        row.button->setAutoRaise(true);
+        row.button->setToolTip(QString::fromLatin1(row.tip));
+        row.button->setAccessibleName(QString::fromLatin1(row.tip));
+        row.button->setGeometry(ToPixels(left), ToPixels(RowTop), ToPixels(200), ToPixels(RowHeight));
+        connect(row.button, &QToolButton::clicked, this, [this, click = row.click] {
+            RunCommand([&] {
+                click(document.sci);
+                SendSci(document.sci, SCI_GRABFOCUS);
+            });
+        });
+        left += 200;
+    }
+    cboLabels = MakeLabelBox(this, QStringLiteral("cboLabels"), QStringLiteral("Branch labels"));
+    cboSorted = MakeLabelBox(this, QStringLiteral("cboSorted"), QStringLiteral("Branch labels, sorted"));
+    cboSorted->hide();
+
+    cmdBranch = new QPushButton(QStringLiteral("Refresh"), this);
+    cmdBranch->setObjectName(QStringLiteral("cmdBranch"));
+    cmdBranch->setToolTip(QStringLiteral("Refresh Branch Label List"));
+    connect(cmdBranch, &QPushButton::clicked, this, [this] { RunCommand([this] { FillBranchBox(); }); });
+    cmdSort = new QPushButton(QStringLiteral("Sort"), this);
+    cmdSort->setObjectName(QStringLiteral("cmdSort"));
+    cmdSort->setToolTip(QStringLiteral("Toggle Branch Label Sort Order"));
+    chkWrap = new QCheckBox(QStringLiteral("Wrap"), this);
+    chkWrap->setObjectName(QStringLiteral("chkWrap"));
+    connect(chkWrap, &QCheckBox::toggled, this, &frmDocument::chkWrap_Click);
+
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    for (QWidget* control : {static_cast<QWidget*>(cboLabels), static_cast<QWidget*>(cboSorted),
+                             static_cast<QWidget*>(cmdBranch), static_cast<QWidget*>(cmdSort),
+                             static_cast<QWidget*>(chkWrap)})
+        control->setFont(small);
+}
+
+frmDocument::Birth frmDocument::LoadControl()
+{
+    const QString path = LibraryFile(QStringLiteral("SciLexerOB"));
+    SciLexerOB_CreateFunction* makeControl = FileExists(path) ? FindCreate(path) : nullptr;
+    if (makeControl == nullptr) {
+        MsgBox(QStringLiteral("Error. Cannot find some components needed to run this program.  Please reinstall "
+                              "Orchard Bench."),
+               BoxIcon::Critical);
+        return Birth::LibraryMissing;
+    }
+    const SciLexerOB_Window made = makeControl(this);
+    edit = made.window;
+    edit->setObjectName(QStringLiteral("sci"));
+    edit->setAccessibleName(QStringLiteral("Program text"));
+    document.sci = made.sci;
+    SetUpSci(document.sci);
+    setFocusProxy(edit);
+    return Birth::Done;
+}
+
+void frmDocument::ShowCaption(const QString& caption)
+{
+    QString title = caption;
+    setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+}
+
+void frmDocument::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (edit != nullptr)
+        edit->setGeometry(1, 30, std::max(0, width() - 4), std::max(0, height() - 30));
+
+    const int top = ToPixels(RowTop);
+    const int high = ToPixels(RowHeight);
+    const int labels = std::max(10, width() * TwipsPerPixelX - LabelsLeft - 50 - 3 * ButtonWidth);
+    int left = LabelsLeft;
+    for (QWidget* box : {cboLabels, cboSorted})
+        box->setGeometry(ToPixels(left), top, ToPixels(labels), high);
+    left += labels + 10;
+    for (QWidget* control : {static_cast<QWidget*>(cmdBranch), static_cast<QWidget*>(cmdSort),
+                             static_cast<QWidget*>(chkWrap)}) {
+        control->setGeometry(ToPixels(left), top, ToPixels(ButtonWidth), high);
+        left += ButtonWidth + 10;
+    }
+}
+
+void frmDocument::Activate()
+{
+    if (document.sci == nullptr)
+        return;
+    HookSci(Hook::Off);
+    MainForm->EnableItem(QStringLiteral("mnuEdit"), true);
+    EnableCodeCommands(Switch::On);
+    EnableRunCommands(Switch::On);
+    FillBranchBox();
+    HookSci(Hook::On);
+    SendSci(document.sci, SCI_GRABFOCUS);
+}
+
+void frmDocument::Deactivate()
+{
+    HookSci(Hook::Off);
+    if (document.sci != nullptr)
+        MainForm->EnableItem(QStringLiteral("mnuEdit"), false);
+}
+
+void frmDocument::FillBranchBox()
+{
+    // The caret's way through the document must not be seen.
+    setUpdatesEnabled(false);
+    const std::intptr_t start = SendSci(document.sci, SCI_GETSELECTIONSTART);
+    QString current = cboLabels->currentText();
+
+    QStringList entries;
+    for (const LabelEntry& entry : LabelIndex(QByteArrayView(SciText(document.sci))))
+        entries.append(QString::fromUtf8(entry.text));
+    cboLabels->clear();
+    cboLabels->addItems(entries);
+    entries.sort(Qt::CaseInsensitive);
+    cboSorted->clear();
+    cboSorted->addItems(entries);
+    if (current.isEmpty() && cboLabels->count() > 0)
+        current = cboLabels->itemText(0);
+    cboLabels->setCurrentIndex(cboLabels->findText(current, Qt::MatchExactly));
+    cboSorted->setCurrentIndex(cboSorted->findText(current, Qt::MatchExactly));
+
+    SendSci(document.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(start < 2 ? 1 : start));
+    setUpdatesEnabled(true);
+}
+
+void frmDocument::chkWrap_Click()
+{
+    SendSci(document.sci, SCI_SETWRAPMODE, chkWrap->isChecked() ? 1 : 0);
+}
+
+void frmDocument::HookSci(Hook enable)
+{
+    if (edit == nullptr || hook == enable)
+        return;
+    hook = enable;
+    auto* area = qobject_cast<QAbstractScrollArea*>(edit);
+    if (enable == Hook::On) {
+        edit->installEventFilter(this);
+        for (QScrollBar* bar : {area->verticalScrollBar(), area->horizontalScrollBar()})
+            connect(bar, &QScrollBar::actionTriggered, this, [this] { HideSyntax(document); });
+    } else {
+        edit->removeEventFilter(this);
+        for (QScrollBar* bar : {area->verticalScrollBar(), area->horizontalScrollBar()})
+            disconnect(bar, &QScrollBar::actionTriggered, this, nullptr);
+    }
+}
+
+bool frmDocument::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        // The menu's keys come before the control's own bindings.
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (auto* frame = dynamic_cast<frmMain*>(MainForm); frame != nullptr && frame->HasShortcut(*key)) {
+            event->ignore();
+            return true;
+        }
+    }
+    if (event->type() == QEvent::KeyRelease) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && !key->isAutoRepeat())
+            RunCommand([this] { AddTab(document); });
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void frmDocument::closeEvent(QCloseEvent* event)
+{
+    CloseEnd end = CloseEnd::Stays;
+    RunCommand([&] { end = QueryUnload(document); });
+    if (end == CloseEnd::Stays) {
+        event->ignore();
+        if (ActiveDocument() == &document)
+            Activate();
+        return;
+    }
+    HookSci(Hook::Off);
+    if (document.sci != nullptr)
+        document.Tag = TagClosed;
+    LetGo();
+    event->accept();
+    Q_EMIT Unloaded(this);
+}
+
+void frmDocument::LetGo()
+{
+    if (document.window != this)
+        return;
+    document.sci = nullptr;
+    document.window = nullptr;
+}
+
+} // namespace ob

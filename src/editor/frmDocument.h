@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The code window: the edit control under a row of bookmark buttons and branch label lists.
+#pragma once
+
+#include "editor/cDocument.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QPushButton;
+class QToolButton;
+
+namespace ob {
+
+class frmDocument final : public QWidget, public cDocumentWindow {
+    Q_OBJECT
+
+public:
+    explicit frmDocument(cDocument& slot, QWidget* parent = nullptr);
+    ~frmDocument() override;
+
+    // Makes the edit control and sets it up. False when the library is missing; the user has been told.
+    enum class Birth { Done, LibraryMissing };
+    Birth LoadControl();
+
+    cDocument& Document() const { return document; }
+
+    // The main window tells which child is active; the hook on the control's keys follows.
+    void Activate();
+    void Deactivate();
+
+    void ShowCaption(const QString& caption) override;
+    void FillBranchBox() override;
+
+    QSize sizeHint() const override { return {640, 480}; }
+
+Q_SIGNALS:
+    // The window has closed for good; its slot is free.
+    void Unloaded(ob::frmDocument* window);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum class Hook { Off, On };
+
+    void MakeHeadRow();
+    void HookSci(Hook enable);
+    void LetGo();
+    void chkWrap_Click();
+
+    cDocument& document;
+    QWidget* edit = nullptr;
+    QToolButton* cmdToggle = nullptr;
+    QToolButton* cmdNext = nullptr;
+    QToolButton* cmdPrev = nullptr;
+    QToolButton* cmdClear = nullptr;
+    QComboBox* cboLabels = nullptr;
+    QComboBox* cboSorted = nullptr;
+    QPushButton* cmdBranch = nullptr;
+    QPushButton* cmdSort = nullptr;
+    QCheckBox* chkWrap = nullptr;
+    Hook hook = Hook::Off;
+};
+
+// The document of the widget, or null when the widget is no code window.
+cDocument* DocumentOf(QWidget* widget);
+
+} // namespace ob

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Bookmarks.
+#include "editor/modBookmarks.h"
+
+namespace ob {
+
+namespace {
+
+constexpr std::uintptr_t BookmarkMarker = 1;
+
+std::intptr_t CaretLine(Sci sci)
+{
+    return SendSci(sci, SCI_LINEFROMPOSITION, static_cast<std::uintptr_t>(SendSci(sci, SCI_GETCURRENTPOS)));
+}
+
+// A line number lives in 16 bits here, with a sign.
+std::int16_t FindMark(Sci sci, unsigned message, std::intptr_t from)
+{
+    return static_cast<std::int16_t>(SendSci(sci, message, static_cast<std::uintptr_t>(from), -1));
+}
+
+void GoToLine(Sci sci, std::intptr_t line)
+{
+    SendSci(sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(line));
+}
+
+} // namespace
+
+void ToggleBookmark(Sci sci)
+{
+    const auto line = static_cast<std::uintptr_t>(CaretLine(sci));
+    if (SendSci(sci, SCI_MARKERGET, line) == 0)
+        SendSci(sci, SCI_MARKERADD, line, static_cast<std::intptr_t>(BookmarkMarker));
+    else
+        SendSci(sci, SCI_MARKERDELETE, line, -1);
+}
+
+void NextBookmark(Sci sci)
+{
+    const std::int16_t line = FindMark(sci, SCI_MARKERNEXT, CaretLine(sci) + 1);
+    if (line == -1)
+        return;
+    // From far below, so that the view comes to the line from there and the line lands at the top.
+    GoToLine(sci, 65000);
+    GoToLine(sci, line);
+}
+
+void PreviousBookmark(Sci sci)
+{
+    const std::int16_t line = FindMark(sci, SCI_MARKERPREVIOUS, CaretLine(sci) - 1);
+    if (line != -1)
+        GoToLine(sci, line);
+}
+
+void ClearBookmarks(Sci sci)
+{
+    SendSci(sci, SCI_MARKERDELETEALL, static_cast<std::uintptr_t>(-1));
+}
+
+} // namespace ob

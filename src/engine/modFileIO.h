@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The file boxes that several tools share, and the searches for the engine, its runtime, its help and FreeForm.
+#pragma once
+
+#include <QString>
+
+namespace ob {
+
+// A box titled "Open File..." for files that exist. The filter is "Words|*.pattern;*.pattern". Empty: nothing chosen.
+QString OpenFileDialog(const QString& filter, const QString& folder);
+
+// Each asks for a file and puts it into the path of that name in the state; with none chosen it says so.
+void FindOrchard();
+void FindFreeform();
+void FindHelp();
+void FindOptionalHelp();
+void FindRuntime();
+
+} // namespace ob

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Include lines: found at the top of a program, merged behind its copy.
+#include "engine/modIncludes.h"
+
+#include "editor/cDocument.h"
+#include "editor/modDocument.h"
+#include "platform/modAnsi.h"
+#include "platform/modFiles.h"
+#include "platform/modRuntime.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <optional>
+
+namespace ob {
+
+namespace {
+
+constexpr QByteArrayView IncludeWord = "'include";
+
+// Where the word stands in the line, in any case; -1 when it does not.
+qsizetype FindIncludeWord(QByteArrayView line)
+{
+    for (qsizetype at = line.indexOf('\''); at >= 0; at = line.indexOf('\'', at + 1))
+        if (at + IncludeWord.size() <= line.size() && EqualsIgnoreCase(line.sliced(at, IncludeWord.size()), IncludeWord))
+            return at;
+    return -1;
+}
+
+// How many bytes stand before the first line end.
+qsizetype LineLength(QByteArrayView text)
+{
+    const auto end = std::find_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
+    return end - text.begin();
+}
+
+// The name on an include line; nothing when the line is of another kind.
+std::optional<QByteArrayView> IncludeName(QByteArrayView line)
+{
+    line = TrimBlanks(line);
+    const qsizetype word = FindIncludeWord(line);
+    if (word < 0)
+        return std::nullopt;
+    // The character behind the word is skipped, whatever it is.
+    const QByteArrayView name = line.sliced(std::min(line.size(), word + IncludeWord.size() + 1));
+    return TrimBlanks(name.first(LineLength(name)));
+}
+
+// Takes the first line, with its end, off the text. CR LF, LF and CR all end a line.
+QByteArrayView TakeLine(QByteArrayView& text)
+{
+    qsizetype end = LineLength(text);
+    if (end < text.size())
+        end += text.sliced(end).startsWith("\r\n") ? 2 : 1;
+    const QByteArrayView line = text.first(end);
+    text = text.sliced(end);
+    return line;
+}
+
+// The name on disk is the one that the code page can say.
+QString DecodedName(QByteArrayView name, TextEncoding encoding)
+{
+    return TextFromAnsi(encoding == TextEncoding::Ansi ? name : QByteArrayView(EncodeAnsi(name).bytes));
+}
+
+} // namespace
+
+QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QString& folder)
+{
+    QByteArray result;
+    while (!program.isEmpty()) {
+        const auto name = IncludeName(TakeLine(program));
+        if (!name)
+            break;
+        QString wanted = DecodedName(*name, encoding);
+        wanted.replace(QLatin1Char('\\'), QDir::separator());
+        const auto path = FindIgnoringCase(folder, wanted);
+        if (!path || !FileExists(*path))
+            continue;
+        result += "'*******************************\r\n'";
+        result += AnsiFromText(NameOf(*path)).bytes;
+        result += " begins here:\r\n\r\n";
+        result += ReadWhole(*path);
+    }
+    return result;
+}
+
+QByteArray CheckIncludes(const QString& folder)
+{
+    const cDocument* document = ActiveDocument();
+    return document == nullptr ? QByteArray() : IncludedText(QByteArrayView(SciText(document->sci)), TextEncoding::Utf8, folder);
+}
+
+} // namespace ob

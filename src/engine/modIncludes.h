@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Include lines: comments at the top of a program that name files to be merged into the written copy.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+namespace ob {
+
+enum class TextEncoding { Utf8, Ansi };
+
+// The text that the include lines at the top of a program ask for: for each file found in the folder a heading and
+// the file's bytes; empty when there is none. Names are relative to the folder; files that are missing are passed
+// over. Throws RuntimeError when a file that is there cannot be read.
+QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QString& folder);
+
+// The same for the active code window; the folder ends in a separator.
+QByteArray CheckIncludes(const QString& folder);
+
+} // namespace ob

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The process's entry: the start routine, then the event loop.
+#include "platform/dlgStandard.h"
+#include "shell/Module1.h"
+#include "shell/frmMain.h"
+#include "shell/modStart.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+constexpr char usage[] = "usage: orchard-bench [--grab OUT.png] [FILE]\n"
+                         "       orchard-bench --version | --help\n"
+                         "\n"
+                         "Opens the bench, and in it FILE: a form (.obf) or BASIC source.\n"
+                         "\n"
+                         "  --grab OUT.png  open as usual, paint, save a picture of the main window, end\n"
+                         "  --version       print the version\n"
+                         "  --help          print this text\n";
+
+// What needs no window is answered before the toolkit starts.
+bool AnsweredAtOnce(int count, char** arguments)
+{
+    if (count != 2)
+        return false;
+    if (std::strcmp(arguments[1], "--version") == 0)
+        std::puts("orchard-bench " OB_VERSION);
+    else if (std::strcmp(arguments[1], "--help") == 0)
+        std::fputs(usage, stdout);
+    else
+        return false;
+    return true;
+}
+
+int SavePicture(ob::frmMain& frame, const QString& path)
+{
+    QApplication::processEvents();
+    if (frame.grab().save(path))
+        return 0;
+    std::fprintf(stderr, "orchard-bench: %s: the picture cannot be written\n", path.toUtf8().constData());
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (AnsweredAtOnce(argc, argv))
+        return 0;
+
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("orchard-bench"));
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setDesktopFileName(QStringLiteral("orchard-bench"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
+
+    QStringList pieces = QApplication::arguments().mid(1);
+    QString picture;
+    if (pieces.size() >= 2 && pieces[0] == QLatin1String("--grab")) {
+        picture = pieces[1];
+        pieces = pieces.mid(2);
+    }
+
+    ob::dlgStandard boxes;
+    ob::SetDialogs(&boxes);
+    ob::StartRoutine([] { return new ob::frmMain; });
+    const std::unique_ptr<ob::frmMain> frame(dynamic_cast<ob::frmMain*>(ob::MainForm));
+    frame->Load();
+    ob::OpenFiles(pieces, ob::FileSource::CommandLine);
+    return picture.isEmpty() ? QApplication::exec() : SavePicture(*frame, picture);
+}

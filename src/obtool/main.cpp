@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// obtool: every tool of the bench from the command line.
+#include "obtool/toolGroups.h"
+#include "obtool/toolOutput.h"
+#include "platform/cRuntimeError.h"
+
+#include <QByteArray>
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+// The innermost command that the line got to.
+const CLI::App* Innermost(const CLI::App& tool)
+{
+    const CLI::App* command = &tool;
+    while (!command->get_subcommands().empty())
+        command = command->get_subcommands().front();
+    return command;
+}
+
+std::string UsageOf(const CLI::App& command)
+{
+    return command.get_footer().empty() ? "usage: obtool GROUP VERB [OPTIONS] ARGUMENTS" : command.get_footer();
+}
+
+int WrongUsage(const CLI::App& tool, const std::string& reason)
+{
+    std::fprintf(stderr, "%s\n%s\n", reason.c_str(), UsageOf(*Innermost(tool)).c_str());
+    return 2;
+}
+
+int Failed(const std::string& file, const QString& reason)
+{
+    // One line, whatever the reason holds.
+    QString line = reason;
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    std::fprintf(stderr, "obtool: %s: %s\n", file.c_str(), line.toUtf8().constData());
+    return 1;
+}
+
+int Run(CLI::App& tool, int argc, char** argv)
+{
+    try {
+        tool.parse(argc, argv);
+        return 0;
+    } catch (const CLI::CallForHelp&) {
+        std::fputs(Innermost(tool)->help().c_str(), stdout);
+        return 0;
+    } catch (const CLI::CallForVersion&) {
+        std::puts("obtool " OB_VERSION);
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        return WrongUsage(tool, std::string("obtool: ") + error.what());
+    } catch (const ob::ToolFailure& failure) {
+        return Failed(failure.file, failure.reason);
+    } catch (const ob::RuntimeError& error) {
+        return Failed(Innermost(tool)->get_name(), error.description);
+    }
+}
+
+} // namespace
+
+namespace {
+
+// A command's help opens with its usage line as it stands in the manual.
+class UsageFormatter final : public CLI::Formatter {
+public:
+    std::string make_usage(const CLI::App* command, std::string) const override { return UsageOf(*command) + "\n"; }
+    std::string make_footer(const CLI::App*) const override { return {}; }
+};
+
+} // namespace
+
+namespace ob {
+
+CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& usage, const std::string& description)
+{
+    CLI::App* verb = group.add_subcommand(name, description);
+    verb->footer("usage: " + usage);
+    return verb;
+}
+
+} // namespace ob
+
+int main(int argc, char** argv)
+{
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+        std::puts("obtool " OB_VERSION);
+        return 0;
+    }
+    CLI::App tool("Every tool of the bench, from the command line", "obtool");
+    tool.formatter(std::make_shared<UsageFormatter>());
+    tool.require_subcommand(1);
+    tool.set_version_flag("--version", "obtool " OB_VERSION, "print the version");
+    ob::AddSourceGroup(tool);
+    ob::AddWriteGroup(tool);
+    for (CLI::App* group : tool.get_subcommands([](CLI::App*) { return true; })) {
+        group->require_subcommand(1);
+        group->footer("usage: obtool " + group->get_name() + " VERB [OPTIONS] ARGUMENTS");
+    }
+    return Run(tool, argc, argv);
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reading and writing for the command line.
+#include "obtool/toolOutput.h"
+
+#include "editor/modDocument.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modFiles.h"
+
+#include <QFile>
+
+#include <cstdio>
+
+namespace ob {
+
+QString PathOf(const std::string& argument)
+{
+    return QString::fromLocal8Bit(argument.data(), static_cast<qsizetype>(argument.size()));
+}
+
+QByteArray ReadInput(const std::string& file)
+{
+    if (file == "-") {
+        QFile input;
+        if (!input.open(stdin, QIODevice::ReadOnly))
+            throw ToolFailure(file, input.errorString());
+        return input.readAll();
+    }
+    if (!FileExists(PathOf(file)) && !FolderExists(PathOf(file)))
+        throw ToolFailure(file, MissingFileText);
+    try {
+        return ReadWhole(PathOf(file));
+    } catch (const RuntimeError& error) {
+        throw ToolFailure(file, error.description);
+    }
+}
+
+QByteArray ReadSource(const std::string& file)
+{
+    try {
+        return LoadedBytes(ReadInput(file));
+    } catch (const RuntimeError& error) {
+        throw ToolFailure(file, error.description);
+    }
+}
+
+void WriteOutput(const std::string& out, QByteArrayView bytes)
+{
+    if (!out.empty()) {
+        try {
+            ReplaceFile(PathOf(out), bytes);
+        } catch (const RuntimeError& error) {
+            throw ToolFailure(out, error.description);
+        }
+        return;
+    }
+    const auto size = static_cast<std::size_t>(bytes.size());
+    if (std::fwrite(bytes.data(), 1, size, stdout) != size || std::fflush(stdout) != 0)
+        throw ToolFailure("standard output", QStringLiteral("cannot be written"));
+}
+
+} // namespace ob

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// An error of the served runtime: thrown where a routine raises it, shown in one place when nobody catches it.
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace ob {
+
+class RuntimeError : public std::exception {
+public:
+    RuntimeError(int errorNumber, QString errorSource, QString errorDescription)
+        : number(errorNumber), source(std::move(errorSource)), description(std::move(errorDescription)),
+          text(description.toUtf8())
+    {
+    }
+
+    const char* what() const noexcept override { return text.constData(); }
+
+    int number;
+    QString source;
+    QString description;
+
+private:
+    QByteArray text;
+};
+
+// The numbers that file work and conversions raise; RuntimeErrorOf gives them their usual descriptions.
+enum class ErrorNumber {
+    InvalidCall = 5,
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    FileNotFound = 53,
+    DeviceIoError = 57,
+    DiskFull = 61,
+    PermissionDenied = 70,
+    PathFileAccess = 75,
+    PathNotFound = 76,
+};
+
+// The error of that number with the runtime's description ("File not found" for 53) and the given source.
+RuntimeError RuntimeErrorOf(ErrorNumber number, const QString& source = {});
+
+} // namespace ob

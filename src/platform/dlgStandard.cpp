@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The toolkit's own message, input and file boxes.
+#include "platform/dlgStandard.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+
+namespace ob {
+
+namespace {
+
+QWidget* Owner()
+{
+    return QApplication::activeWindow();
+}
+
+QMessageBox::Icon IconOf(BoxIcon icon)
+{
+    switch (icon) {
+    case BoxIcon::None:
+        return QMessageBox::NoIcon;
+    case BoxIcon::Critical:
+        return QMessageBox::Critical;
+    case BoxIcon::Question:
+        return QMessageBox::Question;
+    case BoxIcon::Exclamation:
+        return QMessageBox::Warning;
+    case BoxIcon::Information:
+        return QMessageBox::Information;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons)
+{
+    switch (buttons) {
+    case BoxButtons::Ok:
+        return QMessageBox::Ok;
+    case BoxButtons::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case BoxButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    }
+    return QMessageBox::Ok;
+}
+
+BoxAnswer AnswerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Ok:
+        return BoxAnswer::Ok;
+    case QMessageBox::Yes:
+        return BoxAnswer::Yes;
+    case QMessageBox::No:
+        return BoxAnswer::No;
+    default:
+        return BoxAnswer::Cancel;
+    }
+}
+
+// One line a pair, with the patterns behind the words unless the words show them.
+QString ToolkitFilters(const FileSpec& spec)
+{
+    QStringList lines;
+    for (const FileFilter& filter : FileFiltersOf(spec.filter))
+        lines.append(QStringLiteral("%1 (%2)").arg(filter.label, filter.patterns.join(QLatin1Char(' '))));
+#ifndef Q_OS_WIN
+    // Programs and files need no ending here, so a choice must not be shut out by its name.
+    if (spec.purpose == FilePurpose::Open)
+        lines.append(QStringLiteral("All Files (*)"));
+#endif
+    return lines.join(QStringLiteral(";;"));
+}
+
+} // namespace
+
+BoxAnswer dlgStandard::Message(const MessageSpec& spec)
+{
+    QMessageBox box(Owner());
+    box.setWindowTitle(spec.title.isEmpty() ? QStringLiteral("OB Bench") : spec.title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(spec.text);
+    box.setIcon(IconOf(spec.icon));
+    box.setStandardButtons(ButtonsOf(spec.buttons));
+    box.setDefaultButton(spec.buttons == BoxButtons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+    if (spec.buttons == BoxButtons::YesNo)
+        box.setEscapeButton(QMessageBox::No);
+    return AnswerOf(box.exec());
+}
+
+std::optional<QString> dlgStandard::Input(const InputSpec& spec)
+{
+    bool accepted = false;
+    const QString text =
+        QInputDialog::getText(Owner(), spec.title, spec.prompt, QLineEdit::Normal, spec.initial, &accepted);
+    return accepted ? std::optional(text) : std::nullopt;
+}
+
+QString dlgStandard::File(const FileSpec& spec)
+{
+    const QDir folder(spec.folder.isEmpty() ? QDir::currentPath() : spec.folder);
+    const QString start = spec.name.isEmpty() ? folder.path() : folder.filePath(spec.name);
+    const QString filters = ToolkitFilters(spec);
+    const QString chosen = spec.purpose == FilePurpose::Open
+                               ? QFileDialog::getOpenFileName(Owner(), spec.title, start, filters)
+                               : QFileDialog::getSaveFileName(Owner(), spec.title, start, filters);
+    return QDir::toNativeSeparators(chosen);
+}
+
+} // namespace ob

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every modal box of the program: message, input and file boxes, behind a seam that tests and obtool replace.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace ob {
+
+class RuntimeError;
+
+enum class BoxIcon { None, Critical, Question, Exclamation, Information };
+enum class BoxButtons { Ok, OkCancel, YesNo };
+enum class BoxAnswer { Ok, Cancel, Yes, No };
+enum class FilePurpose { Open, Save };
+
+struct MessageSpec {
+    QString text;
+    BoxIcon icon = BoxIcon::None;
+    BoxButtons buttons = BoxButtons::Ok;
+    QString title; // empty: the program's name
+};
+
+struct InputSpec {
+    QString prompt;
+    QString title;
+    QString initial;
+};
+
+struct FileSpec {
+    FilePurpose purpose = FilePurpose::Open;
+    QString title;
+    QString folder; // where the dialog starts; empty: the current directory
+    QString name;   // the name that stands in the field at first
+    QString filter; // "Words|*.bas;*.bak|Other words|*.*": pairs of text and patterns
+};
+
+// The boxes themselves. The file box gives an empty string when nothing was chosen.
+class cDialogs {
+public:
+    cDialogs() = default;
+    cDialogs(const cDialogs&) = delete;
+    cDialogs& operator=(const cDialogs&) = delete;
+    virtual ~cDialogs() = default;
+
+    virtual BoxAnswer Message(const MessageSpec& spec) = 0;
+    virtual std::optional<QString> Input(const InputSpec& spec) = 0;
+    virtual QString File(const FileSpec& spec) = 0;
+};
+
+// Puts the boxes of this process in place; the owner keeps them alive. Gives back those that stood before.
+cDialogs* SetDialogs(cDialogs* dialogs);
+
+BoxAnswer MsgBox(const QString& text, BoxIcon icon = BoxIcon::None, BoxButtons buttons = BoxButtons::Ok,
+                 const QString& title = {});
+std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial);
+QString FileBox(const FileSpec& spec);
+
+// "Words|*.bas;*.bak|More|*.*" as the toolkit's list of filters: "Words (*.bas *.bak)", one a pair, with patterns
+// that ignore case; words that show their patterns already keep them as they are.
+struct FileFilter {
+    QString label;
+    QStringList patterns;
+};
+QList<FileFilter> FileFiltersOf(const QString& filter);
+
+// "Run-time error 'N':", a line break and the description, with the stop icon.
+void ShowRuntimeError(const RuntimeError& error);
+
+enum class CommandEnd { Finished, Failed };
+
+// Runs a command to its end. A runtime error that nobody caught ends the command and is shown; the program goes on.
+CommandEnd RunCommand(const std::function<void()>& command);
+
+} // namespace ob

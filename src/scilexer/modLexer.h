@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The language's lexer: bytes in, one style a byte out, with all that passes between lines in one number.
+#pragma once
+
+#include "scilexer/modKeywords.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace ob {
+
+enum Style : unsigned char {
+    StyleDefault = 0,
+    StyleComment = 1,
+    StyleNumber = 2,
+    StyleKeyword = 3,
+    StyleString = 4,
+    StyleHandle = 5,
+    StyleOperator = 6,
+    StyleIdentifier = 7,
+    StyleLabel = 8,
+};
+
+// A line state is the number of blocks that are open behind a line; 0 stands before the first line.
+struct LexedLine {
+    std::size_t length = 0; // bytes, with the line's end
+    int state = 0;          // behind the line
+};
+
+// Styles the first line of `text`, up to and with its end (CR LF, LF or CR) or to the end of the text. `styles` has
+// room for text.size() bytes; those behind the line may be overwritten with anything.
+LexedLine LexFirstLine(int lineState, std::string_view text, const KeywordSet& keywords, unsigned char* styles);
+
+// Styles one line, given with its end if it has one, and gives the state behind it. A negative state counts as 0.
+inline int LexLine(int lineState, std::string_view line, const KeywordSet& keywords, unsigned char* styles)
+{
+    return LexFirstLine(lineState, line, keywords, styles).state;
+}
+
+// Styles a whole text from its first line on and gives the state at its end.
+int LexText(std::string_view text, const KeywordSet& keywords, unsigned char* styles);
+
+enum FoldFlag : int {
+    FoldBase = 0x400,
+    FoldNumberMask = 0xFFF,
+    FoldWhite = 0x1000,
+    FoldHeader = 0x2000,
+};
+
+// The fold level of a line between two states, as Scintilla counts: the depth before the line from FoldBase on,
+// FoldHeader when the line opens more blocks than it closes, FoldWhite when it is blank.
+int FoldLevel(int stateBefore, int stateAfter, std::string_view line);
+
+// Whether a byte is one of the four that MatchBrace knows: ( ) [ ]
+inline bool IsBrace(char c)
+{
+    return c == '(' || c == ')' || c == '[' || c == ']';
+}
+
+// The column (bytes) of the brace that belongs to the one in `column`, looking only at braces of its own style within
+// the line. Nothing when it has no partner or when there is no brace.
+std::optional<std::size_t> MatchBrace(std::string_view line, const unsigned char* styles, std::size_t column);
+
+} // namespace ob

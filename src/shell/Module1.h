@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The application's state: flat, public, one set for the process; and the small routines that every tool shares.
+#pragma once
+
+#include "editor/cDocument.h"
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace ob {
+
+class cMainForm;
+
+// A colour as the language and the edit control hold it: red in the low byte.
+using ColorRef = std::uint32_t;
+
+constexpr ColorRef Rgb(unsigned red, unsigned green, unsigned blue)
+{
+    return red | (green << 8) | (blue << 16);
+}
+
+inline const QString ProgramTitle = QStringLiteral("Orchard Bench");
+inline const QString UntitledName = QStringLiteral("untitled.bas");
+inline const QString NoPath = QStringLiteral("no path");
+inline const QString NoCodeWindowText = QStringLiteral("No code window is active!");
+
+// Windows. Set by the start routine; Documents counts from 1 (slot 0 is never used) and never shrinks.
+inline cMainForm* MainForm = nullptr;
+inline std::vector<std::unique_ptr<cDocument>> Documents;
+inline int TwipsPerPixelX = 15;
+inline int TwipsPerPixelY = 15;
+
+// The last search: text, flags, place of the hit (-1 for none), and whether it began at the start of the text.
+inline QString LastFind;
+inline int FindFlags = 0;
+inline std::intptr_t FoundPos = -1;
+inline bool FindFromStart = false;
+
+// Recent files, newest first, and how many of their menu items are visible.
+inline constexpr int RecentFileSlots = 8;
+inline std::array<QString, RecentFileSlots> RecentFiles;
+inline int RecentCount = 0;
+
+// The picture shown by the toolbar maker's image dialog, from 1; 0 after Cancel.
+inline int ToolImageIndex = 1;
+
+// Defaults of generated form code. They live for one run and are set by the window defaults dialog.
+inline QString GuiHandleName;
+inline QString GuiWindowType;
+inline QString GuiFontName;
+inline QString GuiFontSize;
+inline QString ForegroundColor;
+inline QString BackgroundColor;
+inline QString TexteditorColor;
+inline QString TextboxColor;
+inline QString ComboboxColor;
+inline QString ListboxColor;
+
+// The language's sixteen colours and the system's button face, in step. Index 0 to 16.
+inline constexpr int ColorCount = 17;
+inline constexpr std::array<ColorRef, ColorCount> ColorValue = {
+    Rgb(0, 0, 0),     Rgb(255, 255, 255), Rgb(192, 192, 192), Rgb(128, 128, 128), Rgb(255, 0, 0),   Rgb(128, 0, 0),
+    Rgb(255, 255, 0), Rgb(128, 128, 0),   Rgb(0, 255, 0),     Rgb(0, 128, 0),     Rgb(0, 255, 255), Rgb(0, 128, 128),
+    Rgb(0, 0, 255),   Rgb(0, 0, 128),     Rgb(255, 0, 255),   Rgb(128, 0, 128),   0x8000000F};
+inline constexpr std::array<std::string_view, ColorCount> ColorName = {
+    "Black", "White",     "Lightgray", "Darkgray", "Red",  "Darkred",  "Yellow", "Brown",   "Green",
+    "Darkgreen", "Cyan", "Darkcyan",  "Blue",     "Darkblue", "Pink", "Darkpink", "Buttonface"};
+
+// Questions and start-up.
+inline bool QuitQuery = true;
+inline bool OpenFileOn = false;
+inline bool ShowTips = true;
+inline bool AddComments = false;
+
+// Outside paths: the engine, its help, a second help, the FreeForm program, the runtime engine; "no path" for none.
+inline QString OBPath;
+inline QString OBHelpPath;
+inline QString OptionalHelpPath;
+inline QString OBFreeformPath;
+inline QString OBRuntimePath;
+
+// Code windows: font size in points, tab width in columns, colouring on (1) or off (0), switches and colours.
+inline int FontHeight = 12;
+inline QString FontName;
+inline bool FontBold = false;
+inline int TabSize = 4;
+inline int SyntaxColor = 1;
+inline bool LineNums = true;
+inline bool HighlightOn = true;
+inline bool IndentGuidesOn = true;
+inline bool AutoIndent = true;
+inline ColorRef CommentColor = 0;
+inline ColorRef BranchColor = 0;
+inline ColorRef KeywordColor = 0;
+inline ColorRef QuoteColor = 0;
+inline ColorRef HighlightColor = 0;
+inline ColorRef NumberColor = 0;
+inline ColorRef HandleColor = 0;
+inline ColorRef CommentBackColor = 0;
+
+// The system's window text and window colours, read once at the start.
+inline ColorRef EditForeColor = 0;
+inline ColorRef EditBackColor = 0;
+
+// The ten user applications: HotKey is the first, User2 the second and so on; "none" for an empty place.
+inline constexpr int UserApplicationCount = 10;
+inline std::array<QString, UserApplicationCount> UserApplications;
+inline QString& HotKey = UserApplications[0];
+
+// The folder of the code file opened last; "app.path" until there was one.
+inline QString LastDir;
+
+// Puts every variable above to what it holds before the settings are read. Windows and documents are let go.
+void ResetState();
+
+// Writes the program's text resource of that number and type (101 wrapper32.bas, 102 printer32.bas; type "CUSTOM")
+// at the start of the file; a longer file keeps its tail. Any error ends it without a word.
+void ExtractResource(int id, const QString& type, const QString& path);
+
+// A colour's value by its name, case-sensitive; 0 for an unknown name.
+ColorRef ColorFromName(const QString& name);
+
+// The name of a colour whose value is given as decimal text; empty for an unknown one.
+QString NameFromColor(const QString& text);
+
+// The first panel of the status bar.
+void SetStatusText(const QString& text);
+
+// Usable: not empty, not "no path" in any case, and the name of a file that exists.
+bool IsUsablePath(const QString& path);
+
+} // namespace ob

@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window.
+#include "shell/frmMain.h"
+
+#include "editor/frmDocument.h"
+#include "platform/modDialogs.h"
+#include "shell/Module1.h"
+#include "shell/frmMainMenu.h"
+#include "shell/frmMainToolbar.h"
+#include "shell/modOptions.h"
+#include "shell/modStart.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QDir>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QUrl>
+
+namespace ob {
+
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+
+int ToPixels(float twips, int perPixel)
+{
+    return qRound(static_cast<double>(twips) / perPixel);
+}
+
+float ToTwips(int pixels, int perPixel)
+{
+    return static_cast<float>(pixels * perPixel);
+}
+
+} // namespace
+
+frmMain::frmMain()
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(ProgramTitle);
+    setAcceptDrops(true);
+    TwipsPerPixelX = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchX()));
+    TwipsPerPixelY = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchY()));
+
+    items = BuildMenu(*menuBar());
+    mdi = new QMdiArea(this);
+    mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    setCentralWidget(mdi);
+    connect(mdi, &QMdiArea::subWindowActivated, this, &frmMain::SubWindowActivated);
+
+    tbToolBar = addToolBar(QStringLiteral("Bench Toolbar"));
+    tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
+    tbToolBar->setMovable(false);
+    tbToolBar->setIconSize(QSize(20, 20));
+    tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    buttons = BuildToolbar(*tbToolBar, items);
+    items[QStringLiteral("mnuOptionsToolbar")]->setChecked(true);
+    MakeStatusBar();
+}
+
+frmMain::~frmMain()
+{
+    // The children must not find a half-gone frame.
+    disconnect(mdi, nullptr, this, nullptr);
+    delete mdi;
+    if (MainForm == this)
+        MainForm = nullptr;
+}
+
+void frmMain::MakeStatusBar()
+{
+    QStatusBar* sbStatusBar = statusBar();
+    sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
+    statusText = new QLabel(this);
+    statusText->setTextFormat(Qt::PlainText);
+    // A long text must not force the window wide.
+    statusText->setMinimumWidth(1);
+    statusText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusText->setObjectName(QStringLiteral("statusText"));
+    sbStatusBar->addWidget(statusText, 1);
+    statusDate = new QLabel(this);
+    statusTime = new QLabel(this);
+    sbStatusBar->addPermanentWidget(statusDate);
+    sbStatusBar->addPermanentWidget(statusTime);
+    ShowClock();
+}
+
+void frmMain::ShowClock()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    statusDate->setText(QLocale::system().toString(now.date(), QLocale::ShortFormat));
+    statusTime->setText(QLocale::system().toString(now.time(), QLocale::ShortFormat));
+    const int untilNextMinute = 60'000 - (now.time().msecsSinceStartOfDay() % 60'000);
+    QTimer::singleShot(untilNextMinute + 20, this, &frmMain::ShowClock);
+}
+
+void frmMain::Load()
+{
+    LoadState();
+    PlaceWindow();
+    OpenAtLoad();
+    show();
+    setWindowTitle(MainCaption());
+}
+
+void frmMain::PlaceWindow()
+{
+    const WindowPlace place = ReadWindowPlace();
+    resize(std::max(200, ToPixels(place.width, TwipsPerPixelX)), std::max(150, ToPixels(place.height, TwipsPerPixelY)));
+    const QPoint corner(ToPixels(place.left, TwipsPerPixelX), ToPixels(place.top, TwipsPerPixelY));
+    // A place on a screen that is gone would hide the window.
+    if (QApplication::screenAt(corner) != nullptr || QApplication::screenAt(corner + QPoint(width() / 2, 10)) != nullptr)
+        move(corner);
+}
+
+ActiveChild frmMain::ActiveKind() const
+{
+    if (activeChild == nullptr)
+        return ActiveChild::None;
+    return DocumentOf(activeChild) != nullptr ? ActiveChild::Code : ActiveChild::Gui;
+}
+
+cDocument* frmMain::ActiveDocument() const
+{
+    return DocumentOf(activeChild);
+}
+
+QMdiSubWindow* frmMain::SubWindowOf(const QWidget* child) const
+{
+    for (QMdiSubWindow* window : mdi->subWindowList())
+        if (window->widget() == child)
+            return window;
+    return nullptr;
+}
+
+void frmMain::ShowDocument(cDocument& document)
+{
+    if (document.window == nullptr) {
+        auto* child = new frmDocument(document);
+        if (child->LoadControl() == frmDocument::Birth::LibraryMissing) {
+            delete child;
+            return;
+        }
+        connect(child, &frmDocument::Unloaded, this, [this](frmDocument* gone) {
+            if (activeChild == gone)
+                activeChild = nullptr;
+        });
+        const bool first = mdi->subWindowList().isEmpty();
+        const bool maximized = first || (mdi->currentSubWindow() != nullptr && mdi->currentSubWindow()->isMaximized());
+        QMdiSubWindow* window = mdi->addSubWindow(child);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        // Its own keys for closing and the like would stand in the way of the menu's.
+        for (QAction* action : window->actions() + window->systemMenu()->actions())
+            action->setShortcuts(QList<QKeySequence>());
+        if (maximized)
+            window->showMaximized();
+        else
+            window->show();
+    }
+    auto* child = static_cast<frmDocument*>(document.window);
+    mdi->setActiveSubWindow(SubWindowOf(child));
+    ActivateChild(child);
+}
+
+void frmMain::UnloadDocument(cDocument& document)
+{
+    if (QMdiSubWindow* window = SubWindowOf(static_cast<frmDocument*>(document.window)))
+        window->close();
+}
+
+void frmMain::SubWindowActivated(QMdiSubWindow* window)
+{
+    // The area tells of no window while another window of the desktop is in front; the active child stays active.
+    if (window == nullptr && !mdi->subWindowList().isEmpty())
+        return;
+    ActivateChild(window == nullptr ? nullptr : window->widget());
+}
+
+void frmMain::ActivateChild(QWidget* child)
+{
+    if (child == activeChild)
+        return;
+    if (auto* before = qobject_cast<frmDocument*>(activeChild))
+        before->Deactivate();
+    activeChild = child;
+    if (auto* after = qobject_cast<frmDocument*>(activeChild))
+        after->Activate();
+}
+
+void frmMain::SetStatusPanel(const QString& text)
+{
+    statusText->setText(text);
+    statusText->setToolTip(text);
+}
+
+void frmMain::EnableItem(const QString& name, bool enable)
+{
+    if (QAction* item = Item(name))
+        item->setEnabled(enable);
+}
+
+void frmMain::EnableButton(int place, bool enable)
+{
+    if (QAction* button = buttons.value(place - 1))
+        button->setEnabled(enable);
+}
+
+void frmMain::SetRecentCaption(int number, const QString& caption)
+{
+    QString text = caption;
+    Item(QStringLiteral("mnuFileMRU%1").arg(number))->setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+void frmMain::ShowRecentItem(int number)
+{
+    Item(QStringLiteral("mnuFileMRU%1").arg(number))->setVisible(true);
+}
+
+void frmMain::CompileGui() {}
+
+void frmMain::LoadGuiForm(const QString&) {}
+
+void frmMain::SendToBack()
+{
+    lower();
+}
+
+void frmMain::Unload()
+{
+    close();
+}
+
+bool frmMain::HasShortcut(const QKeyEvent& key) const
+{
+    const QKeySequence pressed(key.keyCombination());
+    for (const QAction* item : items) {
+        if (!item->isEnabled() || !item->isVisible() || !item->shortcuts().contains(pressed))
+            continue;
+        const auto* menu = qobject_cast<const QMenu*>(item->associatedObjects().value(0));
+        if (menu == nullptr || menu->isEnabled())
+            return true;
+    }
+    return false;
+}
+
+void frmMain::ShowToolbar(bool show)
+{
+    tbToolBar->setVisible(show);
+    Item(QStringLiteral("mnuOptionsToolbar"))->setChecked(show);
+}
+
+void mnuOptionsToolbar_Click()
+{
+    auto* frame = dynamic_cast<frmMain*>(MainForm);
+    frame->ShowToolbar(frame->Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    // The one active last goes first; a child that stays keeps the frame open.
+    QList<QMdiSubWindow*> open = mdi->subWindowList(QMdiArea::ActivationHistoryOrder);
+    while (!open.isEmpty()) {
+        if (!open.takeLast()->close()) {
+            event->ignore();
+            return;
+        }
+    }
+    if (!isMinimized()) {
+        SaveWindowPlace({ToTwips(x(), TwipsPerPixelX), ToTwips(y(), TwipsPerPixelY), ToTwips(width(), TwipsPerPixelX),
+                         ToTwips(height(), TwipsPerPixelY)});
+    }
+    SaveAllSettings();
+    event->accept();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event)
+{
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.append(QDir::toNativeSeparators(url.toLocalFile()));
+    event->acceptProposedAction();
+    OpenFiles(paths, FileSource::Drop);
+}
+
+} // namespace ob

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window: menu, toolbar, status bar, and the area of the code windows.
+#pragma once
+
+#include "shell/cMainForm.h"
+
+#include <QHash>
+#include <QMainWindow>
+
+class QKeyEvent;
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QToolBar;
+
+namespace ob {
+
+class frmDocument;
+
+class frmMain final : public QMainWindow, public cMainForm {
+    Q_OBJECT
+
+public:
+    frmMain();
+    ~frmMain() override;
+
+    // Everything between the window's making and its showing: settings, recent files, the first code window.
+    void Load();
+
+    ActiveChild ActiveKind() const override;
+    cDocument* ActiveDocument() const override;
+    void ShowDocument(cDocument& document) override;
+    void UnloadDocument(cDocument& document) override;
+    void SetStatusPanel(const QString& text) override;
+    void EnableItem(const QString& name, bool enable) override;
+    void SetRecentCaption(int number, const QString& caption) override;
+    void ShowRecentItem(int number) override;
+    void EnableButton(int place, bool enable) override;
+    void CompileGui() override;
+    void LoadGuiForm(const QString& path) override;
+    void SendToBack() override;
+    void Unload() override;
+
+    // A menu item by its name; null for an unknown one.
+    QAction* Item(const QString& name) const { return items.value(name); }
+
+    // Whether an item that can be chosen now has the key.
+    bool HasShortcut(const QKeyEvent& key) const;
+
+    void ShowToolbar(bool show);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void MakeStatusBar();
+    void ShowClock();
+    void PlaceWindow();
+    void SubWindowActivated(QMdiSubWindow* window);
+    void ActivateChild(QWidget* child);
+    QMdiSubWindow* SubWindowOf(const QWidget* child) const;
+
+    QMdiArea* mdi = nullptr;
+    QToolBar* tbToolBar = nullptr;
+    QLabel* statusText = nullptr;
+    QLabel* statusDate = nullptr;
+    QLabel* statusTime = nullptr;
+    QHash<QString, QAction*> items;
+    QList<QAction*> buttons;
+    QWidget* activeChild = nullptr;
+};
+
+void mnuOptionsToolbar_Click();
+
+} // namespace ob

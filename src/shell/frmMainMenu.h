@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menu tree of the main window as one table.
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <span>
+
+class QAction;
+class QMenuBar;
+
+namespace ob {
+
+// What an item is at the start: On, or Off until a code window is active; a menu that holds others; a line between;
+// the eight places of the recent list; a switch with a check mark.
+enum class ItemKind { On, Off, Menu, OffMenu, Bar, Recent, Check };
+
+struct MenuRow {
+    int depth; // 0 for the menu bar, and one more for each menu around the item
+    const char* name;
+    const char* caption;
+    const char* key;
+    ItemKind kind;
+    void (*click)(); // null while the item's tool is not there: the item then does nothing
+};
+
+// In the order shown on the screen.
+std::span<const MenuRow> MenuTree();
+
+// Fills the bar from the table. Gives every item by its name, menus by their own item; the recent places are
+// "mnuFileMRU1" to "mnuFileMRU8".
+QHash<QString, QAction*> BuildMenu(QMenuBar& bar);
+
+} // namespace ob

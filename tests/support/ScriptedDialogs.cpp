@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Answers the program's boxes from a script.
+#include "support/ScriptedDialogs.h"
+
+#include <QTest>
+
+namespace ob {
+
+namespace {
+
+void Fail(const QString& message)
+{
+    QTest::qFail(message.toUtf8().constData(), __FILE__, __LINE__);
+}
+
+} // namespace
+
+ScriptedDialogs::ScriptedDialogs() : before(SetDialogs(this)) {}
+
+ScriptedDialogs::~ScriptedDialogs()
+{
+    SetDialogs(before);
+    for (const Step& step : steps)
+        Fail(QStringLiteral("never shown: ") + step.description);
+}
+
+QString ScriptedDialogs::Describe(const MessageSpec& spec)
+{
+    return QStringLiteral("message \"%1\" icon %2 buttons %3 title \"%4\"")
+        .arg(spec.text)
+        .arg(static_cast<int>(spec.icon))
+        .arg(static_cast<int>(spec.buttons))
+        .arg(spec.title);
+}
+
+QString ScriptedDialogs::Describe(const InputSpec& spec)
+{
+    return QStringLiteral("input \"%1\" title \"%2\" initial \"%3\"").arg(spec.prompt, spec.title, spec.initial);
+}
+
+QString ScriptedDialogs::Describe(FilePurpose purpose, const QString& title, const QString& filter)
+{
+    return QStringLiteral("%1 box \"%2\" filter \"%3\"")
+        .arg(purpose == FilePurpose::Open ? QStringLiteral("open") : QStringLiteral("save"), title, filter);
+}
+
+void ScriptedDialogs::ExpectMessage(const QString& text, BoxAnswer answer, BoxIcon icon, BoxButtons buttons,
+                                    const QString& title)
+{
+    steps.append({Describe(MessageSpec{text, icon, buttons, title}), answer, {}});
+}
+
+void ScriptedDialogs::ExpectQuestion(const QString& text, BoxAnswer answer)
+{
+    ExpectMessage(text, answer, BoxIcon::Question, BoxButtons::YesNo);
+}
+
+void ScriptedDialogs::ExpectInput(const InputSpec& spec, const std::optional<QString>& answer)
+{
+    steps.append({Describe(spec), BoxAnswer::Ok, answer});
+}
+
+void ScriptedDialogs::ExpectFile(FilePurpose purpose, const QString& title, const QString& filter,
+                                 const QString& answer)
+{
+    steps.append({Describe(purpose, title, filter), BoxAnswer::Ok, answer});
+}
+
+bool ScriptedDialogs::Finished() const
+{
+    for (const Step& step : steps)
+        qWarning("still to come: %s", step.description.toUtf8().constData());
+    return steps.isEmpty();
+}
+
+std::optional<ScriptedDialogs::Step> ScriptedDialogs::Next(const QString& shown)
+{
+    if (steps.isEmpty() || steps.first().description != shown) {
+        Fail(QStringLiteral("unexpected %1; expected %2")
+                 .arg(shown, steps.isEmpty() ? QStringLiteral("nothing") : steps.first().description));
+        return std::nullopt;
+    }
+    return steps.takeFirst();
+}
+
+BoxAnswer ScriptedDialogs::Message(const MessageSpec& spec)
+{
+    const auto step = Next(Describe(spec));
+    if (step)
+        return step->answer;
+    return spec.buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
+}
+
+std::optional<QString> ScriptedDialogs::Input(const InputSpec& spec)
+{
+    const auto step = Next(Describe(spec));
+    return step ? step->text : std::nullopt;
+}
+
+QString ScriptedDialogs::File(const FileSpec& spec)
+{
+    const auto step = Next(Describe(spec.purpose, spec.title, spec.filter));
+    return step ? step->text.value_or(QString()) : QString();
+}
+
+} // namespace ob

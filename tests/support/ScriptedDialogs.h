@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Answers the program's boxes from a script. A box that the script does not hold fails the test, and so does a
+// scripted box that never came.
+#pragma once
+
+#include "platform/modDialogs.h"
+
+#include <QList>
+
+namespace ob {
+
+class ScriptedDialogs final : public cDialogs {
+public:
+    ScriptedDialogs();
+    ~ScriptedDialogs() override;
+
+    void ExpectMessage(const QString& text, BoxAnswer answer = BoxAnswer::Ok, BoxIcon icon = BoxIcon::Critical,
+                       BoxButtons buttons = BoxButtons::Ok, const QString& title = {});
+    void ExpectQuestion(const QString& text, BoxAnswer answer);
+    void ExpectInput(const InputSpec& spec, const std::optional<QString>& answer);
+    void ExpectFile(FilePurpose purpose, const QString& title, const QString& filter, const QString& answer);
+
+    // Whether the script has been played to its end; tells in the test's log what is left.
+    bool Finished() const;
+
+    BoxAnswer Message(const MessageSpec& spec) override;
+    std::optional<QString> Input(const InputSpec& spec) override;
+    QString File(const FileSpec& spec) override;
+
+private:
+    struct Step {
+        QString description; // everything that the box shows, on one line
+        BoxAnswer answer = BoxAnswer::Ok;
+        std::optional<QString> text;
+    };
+
+    static QString Describe(const MessageSpec& spec);
+    static QString Describe(const InputSpec& spec);
+    static QString Describe(FilePurpose purpose, const QString& title, const QString& filter);
+    std::optional<Step> Next(const QString& shown);
+
+    QList<Step> steps;
+    cDialogs* before = nullptr;
+};
+
+} // namespace ob

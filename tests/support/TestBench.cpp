@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A bench of its own for one test.
+#include "support/TestBench.h"
+
+#include "editor/cDocument.h"
+#include "editor/frmDocument.h"
+#include "platform/modPaths.h"
+#include "platform/modSettings.h"
+#include "shell/Module1.h"
+#include "shell/modStart.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QEvent>
+#include <QFile>
+#include <QTest>
+#include <QTimer>
+
+namespace ob {
+
+TestBench::TestBench() : folderBefore(QDir::currentPath())
+{
+    const QDir top(folder.path());
+    top.mkdir(QStringLiteral("work"));
+    top.mkdir(QStringLiteral("program"));
+    SetProgramFolder(top.filePath(QStringLiteral("program")));
+    SetLibraryFolder(QStringLiteral(OB_BIN));
+    SetSettingsFile(top.filePath(QStringLiteral("settings.ini")));
+    QDir::setCurrent(top.filePath(QStringLiteral("work")));
+    qApp->installEventFilter(this);
+}
+
+TestBench::~TestBench()
+{
+    qApp->removeEventFilter(this);
+    frame.reset();
+    ResetState();
+    SetSettingsFile({});
+    SetProgramFolder({});
+    SetLibraryFolder({});
+    QDir::setCurrent(folderBefore);
+}
+
+void TestBench::Start(const QStringList& pieces)
+{
+    StartRoutine([this] {
+        frame = std::make_unique<frmMain>();
+        return frame.get();
+    });
+    frame->Load();
+    OpenFiles(pieces, FileSource::CommandLine);
+    QApplication::processEvents();
+}
+
+bool TestBench::Close()
+{
+    const bool closed = frame->close();
+    QApplication::processEvents();
+    return closed;
+}
+
+void TestBench::Choose(const QString& item)
+{
+    QAction* action = frame->Item(item);
+    if (action == nullptr || !action->isEnabled())
+        QTest::qFail(qPrintable(QStringLiteral("no such item now: ") + item), __FILE__, __LINE__);
+    else
+        action->trigger();
+    QApplication::processEvents();
+}
+
+QString TestBench::Path(const QString& name) const
+{
+    return folder.filePath(QStringLiteral("work/") + name);
+}
+
+QString TestBench::ProgramPath(const QString& name) const
+{
+    return folder.filePath(QStringLiteral("program/") + name);
+}
+
+QString TestBench::Write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(Path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        QTest::qFail("the test's own file cannot be written", __FILE__, __LINE__);
+    return Path(name);
+}
+
+QByteArray TestBench::Read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
+}
+
+cDocument* TestBench::Active() const
+{
+    return frame->ActiveDocument();
+}
+
+frmDocument* TestBench::ActiveWindow() const
+{
+    return Active() == nullptr ? nullptr : static_cast<frmDocument*>(Active()->window);
+}
+
+QByteArray TestBench::Text(const cDocument* document)
+{
+    const std::string_view text = SciText(document->sci);
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+void TestBench::Type(const cDocument* document, const QByteArray& text)
+{
+    SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(text.size()), text.constData());
+}
+
+QString TestBench::MakeEngine(const QString& name) const
+{
+    const QString engine = Path(name);
+    QFile::copy(QStringLiteral(OB_BIN "/fake-engine"), engine);
+    return engine;
+}
+
+EngineCall TestBench::WaitForEngine() const
+{
+    const QString call = Path(QStringLiteral("engine.call"));
+    if (!QTest::qWaitFor([&] { return QFile::exists(call); }, 20'000)) {
+        QTest::qFail("the engine was not called", __FILE__, __LINE__);
+        return {};
+    }
+    const EngineCall seen{QString::fromLocal8Bit(Read(call)).split(QLatin1Char('\n'), Qt::SkipEmptyParts),
+                          Read(Path(QStringLiteral("engine.copy")))};
+    QFile::remove(call);
+    return seen;
+}
+
+bool TestBench::eventFilter(QObject* watched, QEvent* event)
+{
+    // A modal window that no script answers would hang the test.
+    auto* dialog = qobject_cast<QDialog*>(watched);
+    if (event->type() == QEvent::Show && dialog != nullptr && dialog->isModal()) {
+        QTest::qFail(qPrintable(QStringLiteral("unexpected modal window: ") + dialog->windowTitle()), __FILE__,
+                     __LINE__);
+        QTimer::singleShot(0, dialog, &QDialog::reject);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace ob

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A stand-in for the language's engine: writes down how it was called and what it was given, beside itself.
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+static bool Write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    const QDir folder(QFileInfo(QString::fromLocal8Bit(argv[0])).absolutePath());
+
+    if (!arguments.isEmpty()) {
+        QFile copy(arguments.last());
+        if (copy.open(QIODevice::ReadOnly) && !Write(folder.filePath(QStringLiteral("engine.copy")), copy.readAll()))
+            return 1;
+    }
+    // The call appears last and whole, so that a reader who sees it finds all the rest.
+    const QString call = folder.filePath(QStringLiteral("engine.call"));
+    if (!Write(call + QStringLiteral(".new"), arguments.join(QLatin1Char('\n')).toLocal8Bit()))
+        return 1;
+    return QFile::rename(call + QStringLiteral(".new"), call) ? 0 : 1;
+}
