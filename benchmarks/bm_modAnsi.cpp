@@ -6,35 +6,43 @@
 
 namespace {
 
-constexpr qsizetype textSize = 64 << 20;
+// Large enough that the time for fresh memory counts too, and as long as a very long program.
+constexpr qsizetype largeSize = 64 << 20;
+constexpr qsizetype programSize = 256 << 10;
 
-QByteArray Repeated(QByteArrayView piece)
+QByteArray Repeated(QByteArrayView piece, qsizetype size)
 {
     QByteArray text;
-    text.reserve(textSize + piece.size());
-    while (text.size() < textSize)
+    text.reserve(size + piece.size());
+    while (text.size() < size)
         text += piece;
     return text;
 }
 
-QByteArray AsciiText()
+QByteArray AsciiText(qsizetype size)
 {
-    return Repeated("for index = 1 to 100: print \"line \"; index, index * 2 + 1: next index ' a remark\r\n");
+    return Repeated("for index = 1 to 100: print \"line \"; index, index * 2 + 1: next index ' a remark\r\n", size);
 }
 
 // About one character in ten beyond ASCII, as in remarks of a western language.
-QByteArray MixedText()
+QByteArray MixedText(qsizetype size)
 {
-    return Repeated("print \"gr\xFC\xDF\x65 an \xFC" "ber f\xFC" "nfzig \x84" "B\xE4ume\x93\" ' 5 \x80 f\xFCr \xC4pfel, k\xF6stlich\r\n");
+    return Repeated("print \"gr\xFC\xDF"
+                    "e an \xFC"
+                    "ber f\xFC"
+                    "nfzig \x84"
+                    "B\xE4ume\x93\" "
+                    "' 5 \x80 f\xFCr \xC4pfel, k\xF6stlich\r\n",
+                    size);
 }
 
 // Every byte above 7F.
-QByteArray HighText()
+QByteArray HighText(qsizetype size)
 {
     QByteArray bytes;
     for (int number = 0x80; number < 0x100; ++number)
         bytes += static_cast<char>(number);
-    return Repeated(bytes);
+    return Repeated(bytes, size);
 }
 
 void Decode(benchmark::State& state, const QByteArray& ansi)
@@ -69,12 +77,19 @@ void DecodeShared(benchmark::State& state, const QByteArray& ansi)
 
 } // namespace
 
-BENCHMARK_CAPTURE(Decode, ascii, AsciiText())->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(DecodeShared, ascii, AsciiText())->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Decode, mixed, MixedText())->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Decode, high, HighText())->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Encode, ascii, AsciiText())->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Encode, mixed, ob::DecodeAnsi(MixedText()))->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Encode, high, ob::DecodeAnsi(HighText()))->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Decode, ascii_64MB, AsciiText(largeSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Decode, ascii_256KB, AsciiText(programSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Decode, mixed_64MB, MixedText(largeSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Decode, mixed_256KB, MixedText(programSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Decode, high_64MB, HighText(largeSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Decode, high_256KB, HighText(programSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(DecodeShared, ascii_64MB, AsciiText(largeSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(DecodeShared, ascii_256KB, AsciiText(programSize))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Encode, ascii_64MB, ob::DecodeAnsi(AsciiText(largeSize)))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Encode, ascii_256KB, ob::DecodeAnsi(AsciiText(programSize)))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Encode, mixed_64MB, ob::DecodeAnsi(MixedText(largeSize)))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Encode, mixed_256KB, ob::DecodeAnsi(MixedText(programSize)))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Encode, high_64MB, ob::DecodeAnsi(HighText(largeSize)))->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Encode, high_256KB, ob::DecodeAnsi(HighText(programSize)))->Unit(benchmark::kMicrosecond);
 
 BENCHMARK_MAIN();

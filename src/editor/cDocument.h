@@ -16,6 +16,9 @@ public:
     cDocumentWindow& operator=(const cDocumentWindow&) = delete;
 
     virtual void ShowCaption(const QString& caption) = 0;
+
+    // Reads the label lists anew; FillBranchBox then also puts the caret where the selection began.
+    virtual void FillLabelLists() = 0;
     virtual void FillBranchBox() = 0;
 
 protected:

@@ -202,13 +202,9 @@ void frmDocument::Deactivate()
         MainForm->EnableItem(QStringLiteral("mnuEdit"), false);
 }
 
-void frmDocument::FillBranchBox()
+void frmDocument::FillLabelLists()
 {
-    // The caret's way through the document must not be seen.
-    setUpdatesEnabled(false);
-    const std::intptr_t start = SendSci(document.sci, SCI_GETSELECTIONSTART);
     QString current = cboLabels->currentText();
-
     QStringList entries;
     for (const LabelEntry& entry : LabelIndex(QByteArrayView(SciText(document.sci))))
         entries.append(QString::fromUtf8(entry.text));
@@ -221,7 +217,14 @@ void frmDocument::FillBranchBox()
         current = cboLabels->itemText(0);
     cboLabels->setCurrentIndex(cboLabels->findText(current, Qt::MatchExactly));
     cboSorted->setCurrentIndex(cboSorted->findText(current, Qt::MatchExactly));
+}
 
+void frmDocument::FillBranchBox()
+{
+    // The caret's way through the document must not be seen.
+    setUpdatesEnabled(false);
+    const std::intptr_t start = SendSci(document.sci, SCI_GETSELECTIONSTART);
+    FillLabelLists();
     SendSci(document.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(start < 2 ? 1 : start));
     setUpdatesEnabled(true);
 }

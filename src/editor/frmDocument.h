@@ -31,6 +31,7 @@ public:
     void Deactivate();
 
     void ShowCaption(const QString& caption) override;
+    void FillLabelLists() override;
     void FillBranchBox() override;
 
     QSize sizeHint() const override { return {640, 480}; }

@@ -75,6 +75,8 @@ void LoadDocumentFile(const QString& path)
     SendSci(document->sci, SCI_GOTOPOS, 0);
     MainForm->ShowDocument(*document);
     SendSci(document->sci, SCI_SETSAVEPOINT);
+    if (document->window != nullptr)
+        document->window->FillLabelLists();
 }
 
 QString OpenedFileStatus(const QString& path)

@@ -13,9 +13,11 @@ namespace {
 // The end of the line that starts at the pointer, its line end not counted.
 const char* LineEnd(const char* at, const char* end)
 {
-    while (at != end && *at != '\r' && *at != '\n')
-        ++at;
-    return at;
+    const auto find = [at](const char* before, char mark) {
+        const void* hit = std::memchr(at, mark, static_cast<std::size_t>(before - at));
+        return hit == nullptr ? before : static_cast<const char*>(hit);
+    };
+    return find(find(end, '\n'), '\r');
 }
 
 bool StartsWith(QByteArrayView line, QByteArrayView word)

@@ -25,9 +25,9 @@ namespace {
 #ifndef Q_OS_WIN
 // What the bytes 80 to 9F mean in windows-1252; all other bytes are the characters of their own number.
 constexpr std::array<char16_t, 32> windows1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D,
-    0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A,
-    0x0153, 0x009D, 0x017E, 0x0178,
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 #endif
 
@@ -81,7 +81,7 @@ private:
 // The system's own code page, as far as it is one of single bytes.
 CodePage SystemCodePage()
 {
-    std::array<char16_t, 256> meanings;
+    std::array<char16_t, 256> meanings = {};
     for (unsigned number = 0; number < 256; ++number) {
         const char byte = static_cast<char>(number);
         wchar_t character = static_cast<wchar_t>(number);
@@ -99,7 +99,7 @@ bool SystemHasSingleBytes()
 #else
 CodePage SystemCodePage()
 {
-    std::array<char16_t, 256> meanings;
+    std::array<char16_t, 256> meanings = {};
     for (std::size_t number = 0; number < 256; ++number)
         meanings[number] = number >= 0x80 && number < 0xA0 ? windows1252[number - 0x80] : static_cast<char16_t>(number);
     return CodePage(meanings);
@@ -225,7 +225,7 @@ int LineAt(QByteArrayView text, std::size_t position)
     for (std::size_t index = 0; index < position; ++index) {
         const char byte = text[static_cast<qsizetype>(index)];
         const bool inPair = byte == '\r' && index + 1 < static_cast<std::size_t>(text.size()) &&
-                            text[static_cast<qsizetype>(index + 1)] == '\n';
+                            text[static_cast<qsizetype>(index) + 1] == '\n';
         if (byte == '\n' || (byte == '\r' && !inPair))
             ++line;
     }
@@ -311,10 +311,9 @@ AnsiText EncodeSeveralBytes(QByteArrayView utf8)
         if (read.length != 0) {
             const QString character = QString::fromUcs4(&read.character, 1);
             BOOL isLost = FALSE;
-            count = WideCharToMultiByte(CP_ACP, pageIsUtf8 ? 0 : WC_NO_BEST_FIT_CHARS,
-                                        reinterpret_cast<const wchar_t*>(character.constData()),
-                                        static_cast<int>(character.size()), bytes, sizeof bytes, nullptr,
-                                        pageIsUtf8 ? nullptr : &isLost);
+            count = WideCharToMultiByte(
+                CP_ACP, pageIsUtf8 ? 0 : WC_NO_BEST_FIT_CHARS, reinterpret_cast<const wchar_t*>(character.constData()),
+                static_cast<int>(character.size()), bytes, sizeof bytes, nullptr, pageIsUtf8 ? nullptr : &isLost);
             if (isLost)
                 count = 0;
         }

@@ -43,8 +43,11 @@ fs::path NativePath(const QString& path)
 
 int OpenNative(const fs::path& path, Opening opening)
 {
-    const int flags = _O_WRONLY | _O_BINARY | _O_NOINHERIT |
-                      (opening == Opening::New ? _O_CREAT | _O_EXCL : opening == Opening::Append ? _O_APPEND : 0);
+    int flags = _O_WRONLY | _O_BINARY | _O_NOINHERIT;
+    if (opening == Opening::New)
+        flags |= _O_CREAT | _O_EXCL;
+    else if (opening == Opening::Append)
+        flags |= _O_APPEND;
     return _wopen(path.c_str(), flags, _S_IREAD | _S_IWRITE);
 }
 
@@ -82,8 +85,11 @@ fs::path NativePath(const QString& path)
 
 int OpenNative(const fs::path& path, Opening opening)
 {
-    const int flags = O_WRONLY | O_CLOEXEC | O_NOCTTY |
-                      (opening == Opening::New ? O_CREAT | O_EXCL : opening == Opening::Append ? O_APPEND : 0);
+    int flags = O_WRONLY | O_CLOEXEC | O_NOCTTY;
+    if (opening == Opening::New)
+        flags |= O_CREAT | O_EXCL;
+    else if (opening == Opening::Append)
+        flags |= O_APPEND;
     // A pipe that nobody reads must give an error; waiting for a reader would stop the program for good.
     const int descriptor = ::open(path.c_str(), flags | O_NONBLOCK, 0666);
     if (descriptor >= 0)
@@ -170,11 +176,7 @@ public:
     OpenFile(int openDescriptor, QString callersPath) : descriptor(openDescriptor), path(std::move(callersPath)) {}
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile()
-    {
-        if (descriptor >= 0)
-            CloseNative(descriptor);
-    }
+    ~OpenFile() { Drop(); }
 
     int Descriptor() const { return descriptor; }
 
@@ -188,6 +190,13 @@ public:
                 Raise(written < 0 ? NumberOfSystemError(errno) : ErrorNumber::DiskFull, path);
             bytes = bytes.sliced(written);
         }
+    }
+
+    // Closes the file without asking whether all of it arrived.
+    void Drop()
+    {
+        if (descriptor >= 0)
+            CloseNative(std::exchange(descriptor, -1));
     }
 
     // A disk over the network may tell only now that it is full.
@@ -242,7 +251,7 @@ ErrorNumber NumberOfCreationError(int error, const fs::path& path)
 
 // A file opened without emptying it. What had to be made has its path here, so that it can be removed again.
 struct FileInPlace {
-    int descriptor;
+    int descriptor = -1;
     std::optional<fs::path> madePath;
 };
 
@@ -274,6 +283,7 @@ void WriteIntoFile(const QString& path, Opening opening, std::initializer_list<Q
     } catch (const RuntimeError&) {
         if (oldSize >= 0)
             TruncateNative(opened.descriptor, oldSize);
+        file.Drop();
         if (opened.madePath) {
             std::error_code ignored;
             fs::remove(*opened.madePath, ignored);
@@ -286,7 +296,7 @@ void WriteIntoFile(const QString& path, Opening opening, std::initializer_list<Q
 // A new file in the folder with a name that nobody has; the name is short because the target's may be as long as the
 // disk allows.
 struct TemporaryFile {
-    int descriptor;
+    int descriptor = -1;
     fs::path path;
 };
 

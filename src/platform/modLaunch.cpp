@@ -42,10 +42,10 @@ bool HasEnding(QStringView name)
 // The file that a front part names; empty when there is none.
 QString FileNamed(QStringView part, const std::function<bool(const QString&)>& fileExists)
 {
-    const QString asWritten = part.toString();
+    QString asWritten = part.toString();
     if (fileExists(asWritten))
         return asWritten;
-    const QString withEnding = asWritten + QStringLiteral(".exe");
+    QString withEnding = asWritten + QStringLiteral(".exe");
     return !HasEnding(part) && fileExists(withEnding) ? withEnding : QString();
 }
 
@@ -97,7 +97,7 @@ bool NeedsWine(const QString& program)
     if (!file.open(QIODevice::ReadOnly))
         return false;
     const QByteArray start = file.read(4);
-    return !start.startsWith("\x7f" "ELF") && !start.startsWith("#!");
+    return !start.startsWith("\177ELF") && !start.startsWith("#!");
 }
 
 // The program as the search path of the system knows it, when it is named without a folder.

@@ -10,6 +10,8 @@
 #ifdef Q_OS_WIN
 #include <QTemporaryFile>
 #include <qt_windows.h>
+
+#include <string>
 #endif
 
 namespace ob {
@@ -45,8 +47,8 @@ bool CanWriteInto(const QString& folder)
 
 QString UsersFolder()
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                           QStringLiteral("/orchard-bench");
+    const QString folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/orchard-bench");
     QDir().mkpath(folder);
     return WithoutTrailingSeparator(folder);
 }

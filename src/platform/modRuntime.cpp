@@ -161,8 +161,8 @@ template <class Number>
 Digits DigitsOf(Number number, int precision)
 {
     char text[40];
-    const auto [end, error] = std::to_chars(text, text + sizeof text, number, std::chars_format::scientific,
-                                            precision - 1);
+    const auto [end, error] =
+        std::to_chars(text, text + sizeof text, number, std::chars_format::scientific, precision - 1);
     const std::string_view written(text, static_cast<std::size_t>(end - text));
     const std::size_t mark = written.find('e');
     Digits result{std::string(written.substr(0, mark)), 0};
@@ -399,9 +399,8 @@ QByteArray LowerAscii(QByteArrayView text)
 
 bool EqualsIgnoreCase(QStringView left, QStringView right)
 {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](QChar one, QChar other) {
-        return LowerAscii(one.unicode()) == LowerAscii(other.unicode());
-    });
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](QChar one, QChar other) { return LowerAscii(one.unicode()) == LowerAscii(other.unicode()); });
 }
 
 bool EqualsIgnoreCase(QStringView left, QLatin1String right)

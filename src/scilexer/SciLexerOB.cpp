@@ -1,0 +1,296 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How the edit control keeps its styles, line states, fold levels and brace marks.
+#include "scilexer/SciLexerOB.h"
+
+#include "scilexer/SciLexerOB_Api.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+
+#include <algorithm>
+
+namespace ob {
+
+namespace {
+
+// The number that the program knows the language's lexer by.
+constexpr std::uintptr_t LanguageLexerNumber = 8;
+
+// Styles go to Scintilla in pieces of about this many bytes: far more than a call costs, and still in the cache.
+constexpr std::intptr_t BlockBytes = 64 * 1024;
+
+// How far behind the place that is needed the lexer looks for a line whose state is as it was.
+constexpr std::intptr_t BytesAhead = 4 * 1024;
+
+constexpr std::intptr_t NoPosition = -1;
+
+std::uintptr_t Unsigned(std::intptr_t value)
+{
+    return static_cast<std::uintptr_t>(value);
+}
+
+std::intptr_t Address(const void* pointer)
+{
+    return reinterpret_cast<std::intptr_t>(pointer);
+}
+
+} // namespace
+
+cSciLexerOB::cSciLexerOB(QWidget* parent) : QsciScintillaBase(parent)
+{
+    directFunction = reinterpret_cast<DirectFunction>(SendScintillaPtrResult(SCI_GETDIRECTFUNCTION));
+    directPointer = Address(SendScintillaPtrResult(SCI_GETDIRECTPOINTER));
+
+    Direct(SCI_SETCODEPAGE, SC_CP_UTF8);
+    Direct(SCI_SETEOLMODE, SC_EOL_CRLF);
+    Direct(SCI_SETLEXER, SCLEX_CONTAINER);
+    // Each change that is announced costs a copy of its text, so only those are that the styles hang on.
+    Direct(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+
+    connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int position) { StyleTo(position); });
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
+            [this](int position, int type, const char*, int length) { NoteChange(position, type, length); });
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
+        if ((updated & (SC_UPDATE_CONTENT | SC_UPDATE_SELECTION)) != 0)
+            ShowBraces();
+    });
+}
+
+std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam)
+{
+    switch (message) {
+    case SCI_SETLEXER:
+        ChooseLexer(wParam);
+        return 0;
+    case SCI_GETLEXER:
+        return lexer == Lexer::Language ? static_cast<std::intptr_t>(LanguageLexerNumber) : Direct(SCI_GETLEXER);
+    case SCI_SETKEYWORDS:
+        if (wParam != 0)
+            break;
+        keywords = KeywordSet(lParam == 0 ? "" : reinterpret_cast<const char*>(lParam));
+        Restyle();
+        return 0;
+    case SCI_SETPROPERTY:
+        Direct(message, wParam, lParam);
+        UpdateFolding();
+        return 0;
+    case SCI_COLOURISE:
+    case SCI_STARTSTYLING:
+        Forget(static_cast<Position>(wParam));
+        break;
+    case SCI_CLEARDOCUMENTSTYLE:
+        Forget(0);
+        break;
+    case SCI_OB_COUNTLEXEDLINES:
+        return lexedLines;
+    default:
+        break;
+    }
+    return Direct(message, wParam, lParam);
+}
+
+std::intptr_t cSciLexerOB::LineAt(Position position) const
+{
+    return Direct(SCI_LINEFROMPOSITION, Unsigned(position));
+}
+
+cSciLexerOB::Position cSciLexerOB::StartOf(std::intptr_t line) const
+{
+    return Direct(SCI_POSITIONFROMLINE, Unsigned(line));
+}
+
+// The text lies in one piece on either side of Scintilla's gap; a range across the gap moves it to the range's start.
+std::string_view cSciLexerOB::Bytes(Position from, Position to) const
+{
+    const std::intptr_t address = Direct(SCI_GETRANGEPOINTER, Unsigned(from), to - from);
+    return {reinterpret_cast<const char*>(address), static_cast<std::size_t>(to - from)};
+}
+
+void cSciLexerOB::ChooseLexer(std::uintptr_t number)
+{
+    lexer = number == LanguageLexerNumber ? Lexer::Language : Lexer::None;
+    const std::uintptr_t container = SCLEX_CONTAINER;
+    Direct(SCI_SETLEXER, lexer == Lexer::Language ? container : number);
+    Restyle();
+}
+
+void cSciLexerOB::UpdateFolding()
+{
+    const Folding wanted = Direct(SCI_GETPROPERTYINT, Unsigned(Address("fold"))) > 0 ? Folding::On : Folding::Off;
+    if (folding == wanted)
+        return;
+    folding = wanted;
+    Restyle();
+}
+
+// Lets the whole text be styled anew, each part when it is shown.
+void cSciLexerOB::Restyle()
+{
+    Forget(0);
+    Direct(SCI_COLOURISE, 0, 0);
+}
+
+void cSciLexerOB::Forget(Position from)
+{
+    styledEnd = std::min(styledEnd, std::max<Position>(from, 0));
+}
+
+void cSciLexerOB::NoteChange(Position position, int type, Position length)
+{
+    // What lies behind the styled end has no styles that a change could spoil.
+    if (position > styledEnd)
+        return;
+    if ((type & SC_MOD_INSERTTEXT) != 0) {
+        styledEnd += length;
+        if (changedEnd >= position)
+            changedEnd += length;
+        changedEnd = std::max(changedEnd, position + length);
+    } else if ((type & SC_MOD_DELETETEXT) != 0) {
+        styledEnd = std::max(position, styledEnd - length);
+        if (changedEnd > position)
+            changedEnd = std::max(position, changedEnd - length);
+        changedEnd = std::max(changedEnd, position);
+    }
+}
+
+void cSciLexerOB::StyleTo(Position needed)
+{
+    if (lexer == Lexer::None)
+        return;
+    needed = std::min(needed, Direct(SCI_GETLENGTH));
+    // A second turn is due when what was found to stand ends before the place that is needed.
+    while (Direct(SCI_GETENDSTYLED) < needed && StyleFromEnd(needed) == Agreement::Yes) {
+    }
+}
+
+// Styles whole lines from the styled end on, until `needed` is reached or the rest up to `styledEnd` is known to stand.
+cSciLexerOB::Agreement cSciLexerOB::StyleFromEnd(Position needed)
+{
+    Place place;
+    place.line = LineAt(Direct(SCI_GETENDSTYLED));
+    place.position = StartOf(place.line);
+    if (place.line > 0)
+        place.state = static_cast<int>(Direct(SCI_GETLINESTATE, Unsigned(place.line - 1)));
+    Direct(SCI_STARTSTYLING, Unsigned(place.position));
+
+    Agreement agreement = Agreement::No;
+    while (place.position < needed && agreement == Agreement::No)
+        agreement = StyleBlock(place, BlockEnd(place, needed));
+    // After a keystroke the next lines most often tell that all behind them may stay.
+    const Position limit = std::min(needed + BytesAhead, styledEnd);
+    while (place.position > changedEnd && place.position < limit && agreement == Agreement::No)
+        agreement = StyleBlock(place, BlockEnd(place, limit));
+
+    if (agreement == Agreement::Yes)
+        Direct(SCI_STARTSTYLING, Unsigned(styledEnd));
+    else
+        styledEnd = std::max(styledEnd, place.position);
+    if (agreement == Agreement::Yes || place.position == styledEnd)
+        changedEnd = -1;
+    return agreement;
+}
+
+// The end of the next lines that lie in memory in one piece. Only a line that the gap itself lies in makes the gap
+// move, and then no further than to that line's start.
+cSciLexerOB::Position cSciLexerOB::BlockEnd(const Place& from, Position needed) const
+{
+    const Position wanted = std::min(needed, from.position + BlockBytes);
+    const Position end = StartOf(LineAt(wanted - 1) + 1);
+    const Position gap = Direct(SCI_GETGAPPOSITION);
+    if (gap <= from.position || gap >= end)
+        return end;
+    const std::intptr_t gapLine = LineAt(gap);
+    return gapLine > from.line ? StartOf(gapLine) : StartOf(gapLine + 1);
+}
+
+cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
+{
+    const std::string_view block = Bytes(place.position, end);
+    if (styles.size() < block.size())
+        styles.resize(block.size());
+    Agreement agreement = Agreement::No;
+    std::size_t at = 0;
+    while (at < block.size() && agreement == Agreement::No) {
+        const LexedLine line = LexFirstLine(place.state, block.substr(at), keywords, styles.data() + at);
+        const std::intptr_t before = Direct(SCI_SETLINESTATE, Unsigned(place.line), line.state);
+        if (folding == Folding::On)
+            Direct(SCI_SETFOLDLEVEL, Unsigned(place.line),
+                   FoldLevel(place.state, line.state, block.substr(at, line.length)));
+        // A changed line's old state tells nothing: Scintilla may have given it another line's.
+        const bool isUnchanged = place.position > changedEnd && place.position < styledEnd;
+        if (isUnchanged && before == line.state)
+            agreement = Agreement::Yes;
+        at += line.length;
+        place.position += static_cast<Position>(line.length);
+        place.state = line.state;
+        ++place.line;
+        ++lexedLines;
+    }
+    Direct(SCI_SETSTYLINGEX, at, Address(styles.data()));
+    return agreement;
+}
+
+// Marks the brace before the caret or else the one behind it, with its partner.
+void cSciLexerOB::ShowBraces()
+{
+    const Position caret = Direct(SCI_GETCURRENTPOS);
+    const bool isShown = lexer == Lexer::Language && ((caret > 0 && ShowBraceAt(caret - 1)) || ShowBraceAt(caret));
+    if (hasBraces && !isShown)
+        Direct(SCI_BRACEHIGHLIGHT, Unsigned(NoPosition), NoPosition);
+    hasBraces = isShown;
+}
+
+bool cSciLexerOB::ShowBraceAt(Position position)
+{
+    if (!IsBrace(static_cast<char>(Direct(SCI_GETCHARAT, Unsigned(position)))))
+        return false;
+    const std::intptr_t lineNumber = LineAt(position);
+    const Position start = StartOf(lineNumber);
+    const std::string_view line = Bytes(start, StartOf(lineNumber + 1));
+    // The control may not have asked for this line's styles yet.
+    std::vector<unsigned char> lineStyles(line.size());
+    LexLine(0, line, keywords, lineStyles.data());
+    const auto column = static_cast<std::size_t>(position - start);
+    const std::optional<std::size_t> partner = MatchBrace(line, lineStyles.data(), column);
+    // A lone brace is a mistake in code, not in prose.
+    if (!partner && (lineStyles[column] == StyleComment || lineStyles[column] == StyleString))
+        return false;
+    if (partner)
+        Direct(SCI_BRACEHIGHLIGHT, Unsigned(position), start + static_cast<Position>(*partner));
+    else
+        Direct(SCI_BRACEBADLIGHT, Unsigned(position));
+    return true;
+}
+
+// A file that is dropped belongs to the window around the control, which opens it.
+void cSciLexerOB::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QsciScintillaBase::dragEnterEvent(event);
+}
+
+void cSciLexerOB::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QsciScintillaBase::dragMoveEvent(event);
+}
+
+void cSciLexerOB::dropEvent(QDropEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QsciScintillaBase::dropEvent(event);
+}
+
+} // namespace ob
+
+extern "C" Q_DECL_EXPORT ob::SciLexerOB_Window SciLexerOB_Create(QWidget* parent)
+{
+    auto* control = new ob::cSciLexerOB(parent);
+    return {control, control};
+}

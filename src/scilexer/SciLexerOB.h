@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The edit control: Scintilla, which asks for styles when it needs them and gets them from the language's lexer.
+#pragma once
+
+#include "editor/modSci.h"
+#include "scilexer/QsciBase.h"
+#include "scilexer/modLexer.h"
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace ob {
+
+class cSciLexerOB final : public QsciScintillaBase, public cSciControl {
+public:
+    explicit cSciLexerOB(QWidget* parent);
+
+    std::intptr_t Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    using Position = std::intptr_t; // bytes
+    using DirectFunction = std::intptr_t (*)(std::intptr_t, unsigned, std::uintptr_t, std::intptr_t);
+
+    enum class Lexer { None, Language };
+    enum class Folding { Off, On };
+    enum class Agreement { No, Yes };
+
+    // Where the lexer stands: all before `position` is done.
+    struct Place {
+        Position position = 0;
+        std::intptr_t line = 0;
+        int state = 0;
+    };
+
+    std::intptr_t Direct(unsigned message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0) const
+    {
+        return directFunction(directPointer, message, wParam, lParam);
+    }
+    std::intptr_t LineAt(Position position) const;
+    Position StartOf(std::intptr_t line) const;
+    std::string_view Bytes(Position from, Position to) const;
+
+    void ChooseLexer(std::uintptr_t number);
+    void UpdateFolding();
+    void Restyle();
+    void Forget(Position from);
+    void NoteChange(Position position, int type, Position length);
+
+    void StyleTo(Position needed);
+    Agreement StyleFromEnd(Position needed);
+    Position BlockEnd(const Place& from, Position needed) const;
+    Agreement StyleBlock(Place& place, Position end);
+
+    void ShowBraces();
+    bool ShowBraceAt(Position position);
+
+    DirectFunction directFunction = nullptr;
+    std::intptr_t directPointer = 0;
+
+    Lexer lexer = Lexer::None;
+    Folding folding = Folding::Off;
+    KeywordSet keywords;
+    std::vector<unsigned char> styles;
+    std::intptr_t lexedLines = 0;
+
+    // Scintilla's own mark of the styled end falls back to each change. What has been styled behind it is still good
+    // from the first line on that begins behind `changedEnd`, up to `styledEnd`, once that line's state comes out as
+    // it was.
+    Position changedEnd = -1;
+    Position styledEnd = 0;
+
+    bool hasBraces = false;
+};
+
+} // namespace ob

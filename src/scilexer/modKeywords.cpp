@@ -9,7 +9,7 @@ namespace ob {
 
 namespace {
 
-constexpr std::pair<std::string_view, WordRole> structureWords[] = {
+constexpr std::pair<std::string_view, WordRole> StructureWords[] = {
     {"if", WordRole::If},           {"then", WordRole::Then},        {"else", WordRole::Else},
     {"end", WordRole::End},         {"select", WordRole::Select},    {"case", WordRole::Case},
     {"sub", WordRole::Routine},     {"function", WordRole::Routine}, {"for", WordRole::Opener},
@@ -45,10 +45,10 @@ KeywordSet::KeywordSet(std::string_view list)
 {
     const std::vector<std::string> words = SplitWords(list);
     // At most a quarter full, so that a word that is not in the set most often meets an empty slot at once.
-    const std::size_t size = std::bit_ceil(std::max<std::size_t>(64, 4 * (words.size() + std::size(structureWords))));
+    const std::size_t size = std::bit_ceil(std::max<std::size_t>(64, 4 * (words.size() + std::size(StructureWords))));
     slots.resize(size);
     shift = 64 - std::countr_zero(size);
-    for (const auto& [word, role] : structureWords)
+    for (const auto& [word, role] : StructureWords)
         Insert(word, role, false);
     for (const std::string& word : words)
         Insert(word, WordRole::None, true);
@@ -57,8 +57,8 @@ KeywordSet::KeywordSet(std::string_view list)
 
 void KeywordSet::Insert(std::string_view word, WordRole role, bool isKeyword)
 {
-    const Key key = word.size() <= shortLength ? MakeKey(word.data(), word.size(), word.size()) : Key{};
-    if (word.size() > shortLength || HasHighByte(key)) {
+    const Key key = word.size() <= ShortLength ? MakeKey(word.data(), word.size(), word.size()) : Key{};
+    if (word.size() > ShortLength || HasHighByte(key)) {
         std::string lower(word);
         std::transform(lower.begin(), lower.end(), lower.begin(), ToLower);
         longWords.push_back(std::move(lower));

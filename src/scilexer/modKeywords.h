@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t shortLength = 16;
+    static constexpr std::size_t ShortLength = 16;
 
     // A word of up to 16 bytes as two numbers, padded with zeros. All word characters keep apart when bit 0x20 is
     // set, but for the case of a letter; bytes from 0x80 on would not, so words with such bytes are long words.
@@ -80,8 +80,8 @@ private:
 
 inline KeywordSet::Key KeywordSet::MakeKey(const char* word, std::size_t length, std::size_t readable)
 {
-    constexpr std::uint64_t caseBits = 0x2020202020202020u;
-    constexpr std::uint64_t masks[] = {0,
+    constexpr std::uint64_t CaseBits = 0x2020202020202020u;
+    constexpr std::uint64_t Masks[] = {0,
                                        0xFF,
                                        0xFFFF,
                                        0xFFFFFF,
@@ -90,15 +90,15 @@ inline KeywordSet::Key KeywordSet::MakeKey(const char* word, std::size_t length,
                                        0xFFFFFFFFFFFF,
                                        0xFFFFFFFFFFFFFF,
                                        0xFFFFFFFFFFFFFFFF};
-    if (std::endian::native == std::endian::little && readable >= shortLength) {
+    if (std::endian::native == std::endian::little && readable >= ShortLength) {
         Key key;
         std::memcpy(&key.low, word, 8);
         std::memcpy(&key.high, word + 8, 8);
-        key.low = (key.low | caseBits) & masks[length < 8 ? length : 8];
-        key.high = (key.high | caseBits) & masks[length < 8 ? 0 : length - 8];
+        key.low = (key.low | CaseBits) & Masks[length < 8 ? length : 8];
+        key.high = (key.high | CaseBits) & Masks[length < 8 ? 0 : length - 8];
         return key;
     }
-    unsigned char bytes[shortLength] = {};
+    unsigned char bytes[ShortLength] = {};
     for (std::size_t i = 0; i < length; ++i)
         bytes[i] = static_cast<unsigned char>(static_cast<unsigned char>(word[i]) | 0x20u);
     Key key;
@@ -109,7 +109,7 @@ inline KeywordSet::Key KeywordSet::MakeKey(const char* word, std::size_t length,
 
 inline WordInfo KeywordSet::Find(const char* word, std::size_t length, std::size_t readable) const
 {
-    if (length > shortLength)
+    if (length > ShortLength)
         return FindLong({word, length});
     const Key key = MakeKey(word, length, readable);
     if (HasHighByte(key))

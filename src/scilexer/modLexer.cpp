@@ -25,7 +25,7 @@ enum CharClass : unsigned char {
     ClassOperator,
 };
 
-constexpr std::array<unsigned char, 256> classes = [] {
+constexpr std::array<unsigned char, 256> Classes = [] {
     std::array<unsigned char, 256> table{};
     for (unsigned c = 0; c < 256; ++c) {
         const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c >= 0x80;
@@ -44,7 +44,7 @@ constexpr std::array<unsigned char, 256> classes = [] {
 
 CharClass ClassOf(char c)
 {
-    return static_cast<CharClass>(classes[static_cast<unsigned char>(c)]);
+    return static_cast<CharClass>(Classes[static_cast<unsigned char>(c)]);
 }
 
 bool IsWordChar(char c)
@@ -62,13 +62,13 @@ enum class Expect : unsigned char { Nothing, Statement, StatementAfterThen, Afte
 
 class LineLexer {
 public:
-    LineLexer(std::string_view source, const KeywordSet& words, unsigned char* target)
-        : text(source.data()), size(source.size()), keywords(words), styles(target)
+    LineLexer(std::string_view source, const KeywordSet& words, unsigned char* target, int lineState)
+        : text(source.data()), size(source.size()), keywords(words), styles(target), depth(lineState)
     {
     }
 
     std::size_t Run();
-    int Balance() const { return balance; }
+    int Depth() const { return depth; }
 
 private:
     void Fill(std::size_t end, Style style);
@@ -80,6 +80,8 @@ private:
     void Bracket();
     void Operator();
     bool NoteRole(WordRole role);
+    void OpenIf(bool condition);
+    void CloseIf(bool condition);
     std::size_t FinishLine();
     std::size_t DigitsEnd(std::size_t from) const;
 
@@ -89,7 +91,7 @@ private:
     unsigned char* styles;
     std::size_t at = 0;
     std::size_t nextClose = 0; // the first "]" behind the last "[" that was looked at, or size when there is none
-    int balance = 0;
+    int depth;
     Expect expect = Expect::Statement;
     bool hasIf = false;
 };
@@ -181,6 +183,17 @@ inline void LineLexer::Bracket()
     }
 }
 
+inline void LineLexer::OpenIf(bool condition)
+{
+    depth += condition && depth < std::numeric_limits<int>::max();
+}
+
+// A closer with nothing to close is passed over.
+inline void LineLexer::CloseIf(bool condition)
+{
+    depth -= condition && depth > 0;
+}
+
 // Counts blocks. Gives true when the word starts a comment.
 inline bool LineLexer::NoteRole(WordRole role)
 {
@@ -192,7 +205,7 @@ inline bool LineLexer::NoteRole(WordRole role)
         break;
     case WordRole::If:
         hasIf = hasIf || isStatement;
-        balance -= before == Expect::AfterEnd;
+        CloseIf(before == Expect::AfterEnd);
         break;
     case WordRole::Then:
         expect = Expect::StatementAfterThen;
@@ -205,20 +218,20 @@ inline bool LineLexer::NoteRole(WordRole role)
         break;
     case WordRole::Select:
         expect = isStatement ? Expect::AfterSelect : Expect::Nothing;
-        balance -= before == Expect::AfterEnd;
+        CloseIf(before == Expect::AfterEnd);
         break;
     case WordRole::Case:
-        balance += before == Expect::AfterSelect;
+        OpenIf(before == Expect::AfterSelect);
         break;
     case WordRole::Routine:
-        balance += isStatement;
-        balance -= before == Expect::AfterEnd;
+        OpenIf(isStatement);
+        CloseIf(before == Expect::AfterEnd);
         break;
     case WordRole::Opener:
-        balance += isStatement;
+        OpenIf(isStatement);
         break;
     case WordRole::Closer:
-        balance -= isStatement;
+        CloseIf(isStatement);
         break;
     case WordRole::Rem:
         expect = isStatement ? before : Expect::Nothing;
@@ -242,7 +255,7 @@ inline void LineLexer::Word()
 // Styles the line's end and gives the length of the line.
 inline std::size_t LineLexer::FinishLine()
 {
-    balance += hasIf && expect == Expect::StatementAfterThen;
+    OpenIf(hasIf && expect == Expect::StatementAfterThen);
     if (at < size) {
         const bool isPair = text[at] == '\r' && at + 1 < size && text[at + 1] == '\n';
         styles[at++] = StyleDefault;
@@ -297,10 +310,9 @@ std::size_t LineLexer::Run()
 
 LexedLine LexFirstLine(int lineState, std::string_view text, const KeywordSet& keywords, unsigned char* styles)
 {
-    LineLexer lexer(text, keywords, styles);
+    LineLexer lexer(text, keywords, styles, std::max(lineState, 0));
     const std::size_t length = lexer.Run();
-    const long long state = static_cast<long long>(std::max(lineState, 0)) + lexer.Balance();
-    return {length, static_cast<int>(std::clamp<long long>(state, 0, std::numeric_limits<int>::max()))};
+    return {length, lexer.Depth()};
 }
 
 int LexText(std::string_view text, const KeywordSet& keywords, unsigned char* styles)

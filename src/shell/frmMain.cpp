@@ -16,6 +16,7 @@
 #include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLocale>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -102,7 +103,8 @@ void frmMain::ShowClock()
 {
     const QDateTime now = QDateTime::currentDateTime();
     statusDate->setText(QLocale::system().toString(now.date(), QLocale::ShortFormat));
-    statusTime->setText(QLocale::system().toString(now.time(), QLocale::ShortFormat));
+    QString format = QLocale::system().timeFormat(QLocale::ShortFormat);
+    statusTime->setText(QLocale::system().toString(now.time(), format.remove(QLatin1String(":ss"))));
     const int untilNextMinute = 60'000 - (now.time().msecsSinceStartOfDay() % 60'000);
     QTimer::singleShot(untilNextMinute + 20, this, &frmMain::ShowClock);
 }

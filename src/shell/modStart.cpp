@@ -72,9 +72,11 @@ static void OpenCodeFile(const QString& path)
 
 void OpenFiles(const QStringList& paths, FileSource source)
 {
-    for (const QString& path : paths) {
-        if (!FileExists(path))
+    for (const QString& name : paths) {
+        if (!FileExists(name))
             continue;
+        // Captions and the recent list hold full paths.
+        const QString path = AbsolutePathOf(name);
         if (path.right(3).toLower() == QLatin1String("obf")) {
             RunCommand([&] { MainForm->LoadGuiForm(path); });
             if (source == FileSource::Drop)

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <cstdint>
 #include <random>
 #include <string>
 
@@ -122,7 +123,9 @@ void tst_modAnsi::MalformedUtf8CountsByteByByte_data()
     QTest::addColumn<QByteArray>("utf8");
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<int>("lostCount");
-    QTest::newRow("lone follower") << QByteArray("a\x80" "b") << QByteArray("a?b") << 1;
+    QTest::newRow("lone follower") << QByteArray("a\x80"
+                                                 "b")
+                                   << QByteArray("a?b") << 1;
     QTest::newRow("cut two-byte character") << QByteArray("a\xC3") << QByteArray("a?") << 1;
     QTest::newRow("cut three-byte character") << QByteArray("\xE2\x82") << QByteArray("??") << 2;
     QTest::newRow("cut before ASCII") << QByteArray("\xE2\x82x") << QByteArray("??x") << 2;
@@ -198,7 +201,8 @@ void tst_modAnsi::RandomUtf8AgreesWithThePlainTranscription()
         const auto length = random() % 200;
         for (auto left = length; left > 0; --left) {
             const auto kind = random() % 10;
-            auto character = static_cast<char32_t>(random() % (kind < 6 ? 0x80 : kind < 8 ? 0x200 : kind < 9 ? 0x3000 : 0x110000));
+            const std::uint32_t bound = kind < 6 ? 0x80 : kind < 8 ? 0x200 : kind < 9 ? 0x3000 : 0x110000;
+            auto character = static_cast<char32_t>(random() % bound);
             if (character >= 0xD800 && character < 0xE000)
                 character = U'x';
             const int byte = ByteOf(character);
@@ -239,9 +243,12 @@ void tst_modAnsi::NulIsACharacterLikeAnyOther()
 
 void tst_modAnsi::QStringsGoBothWays()
 {
-    QCOMPARE(ob::TextFromAnsi("5 \x80 f\xFCr \x93" "alles\x94"), QStringLiteral("5 \u20AC f\u00FCr \u201Calles\u201D"));
+    QCOMPARE(ob::TextFromAnsi("5 \x80 f\xFCr \x93"
+                              "alles\x94"),
+             QStringLiteral("5 \u20AC f\u00FCr \u201Calles\u201D"));
     const ob::AnsiText ansi = ob::AnsiFromText(u"\u00DCbung \u20AC \U0001F600");
-    QCOMPARE(ansi.bytes, QByteArray("\xDC" "bung \x80 ?"));
+    QCOMPARE(ansi.bytes, QByteArray("\xDC"
+                                    "bung \x80 ?"));
     QCOMPARE(ansi.lostCount, std::size_t{1});
 }
 

@@ -26,6 +26,12 @@ int ErrorOf(Call call)
 
 constexpr int overflow = 6;
 
+// A text as the name of a test's row: line ends and tabs would break the report.
+QByteArray RowName(const char* text)
+{
+    return '"' + QByteArray(text).replace('\n', "\\n").replace('\r', "\\r").replace('\t', "\\t") + '"';
+}
+
 } // namespace
 
 class tst_modRuntime : public QObject {
@@ -58,7 +64,9 @@ void tst_modRuntime::ValReadsTheNumberAtTheStart_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<double>("number");
-    const auto row = [](const char* text, double number) { QTest::newRow(text) << QString::fromLatin1(text) << number; };
+    const auto row = [](const char* text, double number) {
+        QTest::newRow(RowName(text)) << QString::fromLatin1(text) << number;
+    };
     row("", 0);
     row("abc", 0);
     row("12", 12);
@@ -159,9 +167,11 @@ void tst_modRuntime::StrWritesDoubles_data()
 {
     QTest::addColumn<double>("number");
     QTest::addColumn<QString>("text");
-    const auto row = [](double number, const char* text) { QTest::newRow(text) << number << QString::fromLatin1(text); };
+    const auto row = [](double number, const char* text) {
+        QTest::newRow(RowName(text)) << number << QString::fromLatin1(text);
+    };
     row(0, " 0");
-    row(-0.0, " 0 ");
+    row(-0.0, " 0");
     row(5, " 5");
     row(-5, "-5");
     row(0.5, " .5");
@@ -183,7 +193,7 @@ void tst_modRuntime::StrWritesDoubles_data()
     row(999999999999999, " 999999999999999");
     row(1e15, " 1E+15");
     row(1234567890123456, " 1.23456789012346E+15");
-    row(999999999999999.9, " 1E+15 ");
+    row(999999999999999.9, " 1E+15");
     row(-1.5e100, "-1.5E+100");
     row(1e-300, " 1E-300");
     row(std::numeric_limits<double>::max(), " 1.79769313486232E+308");
@@ -196,15 +206,16 @@ void tst_modRuntime::StrWritesDoubles()
 {
     QFETCH(double, number);
     QFETCH(QString, text);
-    // A blank at a row's end only makes the row's name its own.
-    QCOMPARE(ob::Str(number), ob::RTrimBlanks(text));
+    QCOMPARE(ob::Str(number), text);
 }
 
 void tst_modRuntime::StrWritesSingles_data()
 {
     QTest::addColumn<float>("number");
     QTest::addColumn<QString>("text");
-    const auto row = [](float number, const char* text) { QTest::newRow(text) << number << QString::fromLatin1(text); };
+    const auto row = [](float number, const char* text) {
+        QTest::newRow(RowName(text)) << number << QString::fromLatin1(text);
+    };
     row(0.0F, " 0");
     row(0.1F, " .1");
     row(-0.1F, "-.1");
@@ -305,7 +316,7 @@ void tst_modRuntime::NumberOfTakesWholeTextsOnly_data()
     QTest::addColumn<double>("number");
     QTest::addColumn<bool>("isNumber");
     const auto row = [](const char* text, double number, bool isNumber) {
-        QTest::newRow(text) << QString::fromLatin1(text) << number << isNumber;
+        QTest::newRow(RowName(text)) << QString::fromLatin1(text) << number << isNumber;
     };
     row("", 0, false);
     row("   ", 0, false);
@@ -342,7 +353,9 @@ void tst_modRuntime::BooleanOfTakesWordsAndNumbers_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("expected");
-    const auto row = [](const char* text, int expected) { QTest::newRow(text) << QString::fromLatin1(text) << expected; };
+    const auto row = [](const char* text, int expected) {
+        QTest::newRow(RowName(text)) << QString::fromLatin1(text) << expected;
+    };
     constexpr int neither = -1;
     row("True", 1);
     row("true", 1);

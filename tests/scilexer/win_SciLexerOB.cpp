@@ -1,0 +1,514 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Tests of the edit control: its styles are the lexer's after any edit, and a keystroke costs no more than its line.
+#include "BasicSource.h"
+#include "scilexer/SciLexerOB_Api.h"
+#include "scilexer/modLexer.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QLibrary>
+#include <QMimeData>
+#include <QUrl>
+#include <QtTest>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+using namespace ob;
+
+namespace {
+
+constexpr std::intptr_t Everything = -1;
+constexpr QRgb BraceColor = qRgb(0, 0, 255);
+constexpr QRgb BadBraceColor = qRgb(255, 0, 0);
+
+// One styled byte, line or level list of a document, to be compared whole.
+struct Look {
+    std::vector<int> styles;
+    std::vector<int> states;
+    std::vector<int> levels;
+
+    bool operator==(const Look&) const = default;
+};
+
+SciLexerOB_Window MakeControl(QWidget* parent)
+{
+    auto* create = reinterpret_cast<SciLexerOB_CreateFunction*>(
+        QLibrary::resolve(QStringLiteral(OB_BIN "/SciLexerOB"), SciLexerOB_CreateName));
+    return create == nullptr ? SciLexerOB_Window{} : create(parent);
+}
+
+// Takes what is dropped on it, as the program's frame does.
+class DropWindow : public QWidget {
+public:
+    int entered = 0;
+
+    DropWindow() { setAcceptDrops(true); }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override
+    {
+        ++entered;
+        event->acceptProposedAction();
+    }
+};
+
+// A shown control in a window of its own.
+class Bench {
+public:
+    Bench()
+    {
+        const SciLexerOB_Window made = MakeControl(&frame);
+        if (made.window == nullptr)
+            qFatal("The plugin SciLexerOB does not load.");
+        control = made.window;
+        sci = made.sci;
+        frame.resize(500, 400);
+        control->setGeometry(0, 0, 500, 400);
+        SendSci(sci, SCI_SETLEXER, 8);
+        SendSci(sci, SCI_SETSTYLEBITS, 7);
+        SendSci(sci, SCI_SETKEYWORDS, 0, std::string(basicKeywords).c_str());
+        SendSciTexts(sci, SCI_SETPROPERTY, "fold", "1");
+        SendSci(sci, SCI_STYLESETFORE, 34, 0xFF0000);
+        SendSci(sci, SCI_STYLESETFORE, 35, 0x0000FF);
+        frame.show();
+    }
+
+    explicit Bench(std::string_view text) : Bench() { Insert(0, text); }
+
+    std::intptr_t Length() const { return SendSci(sci, SCI_GETLENGTH); }
+    std::string Text() const { return std::string(SciText(sci)); }
+
+    void Insert(std::intptr_t position, std::string_view text)
+    {
+        SendSci(sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(position));
+        SendSci(sci, SCI_ADDTEXT, text.size(), text.data());
+    }
+
+    void Replace(std::intptr_t from, std::intptr_t to, const std::string& text)
+    {
+        SendSci(sci, SCI_SETSEL, static_cast<std::uintptr_t>(from), to);
+        SendSci(sci, SCI_REPLACESEL, 0, text.c_str());
+    }
+
+    // Paints at once and so lets the control ask for the styles of what is seen.
+    QImage Paint() { return control->grab().toImage(); }
+
+    // How many lines the lexer goes over until the window is painted.
+    std::intptr_t LinesLexedByPainting()
+    {
+        const std::intptr_t before = SendSci(sci, SCI_OB_COUNTLEXEDLINES);
+        Paint();
+        return SendSci(sci, SCI_OB_COUNTLEXEDLINES) - before;
+    }
+
+    // The end of the whole lines before Scintilla's mark of the styled end.
+    std::intptr_t StyledLinesEnd() const
+    {
+        const auto end = static_cast<std::uintptr_t>(SendSci(sci, SCI_GETENDSTYLED));
+        if (static_cast<std::intptr_t>(end) == Length())
+            return Length();
+        const std::intptr_t line = SendSci(sci, SCI_LINEFROMPOSITION, end);
+        return SendSci(sci, SCI_POSITIONFROMLINE, static_cast<std::uintptr_t>(line));
+    }
+
+    // The document's styles, line states and levels so far.
+    Look StyledLook() const
+    {
+        Look look;
+        const std::intptr_t end = StyledLinesEnd();
+        for (std::intptr_t i = 0; i < end; ++i)
+            look.styles.push_back(static_cast<int>(SendSci(sci, SCI_GETSTYLEAT, static_cast<std::uintptr_t>(i))));
+        for (std::uintptr_t line = 0; SendSci(sci, SCI_POSITIONFROMLINE, line) < end; ++line) {
+            look.states.push_back(static_cast<int>(SendSci(sci, SCI_GETLINESTATE, line)));
+            look.levels.push_back(static_cast<int>(SendSci(sci, SCI_GETFOLDLEVEL, line)));
+        }
+        return look;
+    }
+
+    DropWindow frame;
+    QWidget* control = nullptr;
+    Sci sci = nullptr;
+};
+
+// What the lexer alone says of the first `length` bytes, which end a line or the text.
+Look LexedLook(std::string_view text, std::size_t length)
+{
+    const KeywordSet keywords(basicKeywords);
+    std::vector<unsigned char> styles(text.size());
+    Look look;
+    int state = 0;
+    for (std::size_t at = 0; at < length;) {
+        const LexedLine line = LexFirstLine(state, text.substr(at), keywords, styles.data() + at);
+        look.states.push_back(line.state);
+        look.levels.push_back(FoldLevel(state, line.state, text.substr(at, line.length)));
+        state = line.state;
+        at += line.length;
+    }
+    look.styles.assign(styles.begin(), styles.begin() + static_cast<std::ptrdiff_t>(length));
+    return look;
+}
+
+bool IsAsLexed(const Bench& bench)
+{
+    return bench.StyledLook() == LexedLook(bench.Text(), static_cast<std::size_t>(bench.StyledLinesEnd()));
+}
+
+bool HasColor(const QImage& image, QRgb color)
+{
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if ((image.pixel(x, y) & RGB_MASK) == (color & RGB_MASK))
+                return true;
+    return false;
+}
+
+const char* const Pieces[] = {"for i = 1 to 2",  "next",   "if a then", "end if", "'",      "\"",    "[a]",   "rem ",
+                              "#h",              "\r\n",   "\r",        "\n",     "\r\n\r\n", ":",   " ",     "12.5",
+                              "while x\nwend\n", "do\r\n", "loop",      "print ", "(",      "sub x\r\n", "then", "end "};
+
+} // namespace
+
+class win_SciLexerOB : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void StartsWithUtf8AndCrLf();
+    void StylesAreTheLexers();
+    void StylesNothingWithoutTheLanguageLexer();
+    void LexesNoFurtherThanIsSeen();
+    void RandomEditsKeepStylesAsLexedAnew_data();
+    void RandomEditsKeepStylesAsLexedAnew();
+    void RandomEditsBeforeOnePaintKeepStyles();
+    void UndoAndRedoKeepStyles();
+    void ANewKeywordListRestyles();
+    void FoldLevelsHangOnTheProperty();
+    void AKeystrokeInAMillionLinesLexesFewLines();
+    void AnOpenedBlockLexesNoFurtherThanIsSeen();
+    void StrangeTextIsStyled_data();
+    void StrangeTextIsStyled();
+    void BracesAtTheCaretAreMarked_data();
+    void BracesAtTheCaretAreMarked();
+    void DroppedFilesGoToTheWindowAround();
+    void ReturnAddsCrLf();
+};
+
+void win_SciLexerOB::StartsWithUtf8AndCrLf()
+{
+    constexpr unsigned getCodePage = 2137;
+    constexpr unsigned getEolMode = 2030;
+    constexpr unsigned getLexer = 4002;
+    QWidget frame;
+    const SciLexerOB_Window made = MakeControl(&frame);
+    QVERIFY(made.window != nullptr);
+    QCOMPARE(made.window->parentWidget(), &frame);
+    QVERIFY(qobject_cast<QAbstractScrollArea*>(made.window) != nullptr);
+    QCOMPARE(SendSci(made.sci, getCodePage), 65001);
+    QCOMPARE(SendSci(made.sci, getEolMode), 0);
+    QCOMPARE(SendSci(made.sci, getLexer), 0);
+    SendSci(made.sci, SCI_SETLEXER, 8);
+    QCOMPARE(SendSci(made.sci, getLexer), 8);
+}
+
+void win_SciLexerOB::StylesAreTheLexers()
+{
+    Bench bench(BasicSource(3).Lines(5000));
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    const Look look = bench.StyledLook();
+    QVERIFY(look == LexedLook(bench.Text(), bench.Text().size()));
+    QCOMPARE(look.states.size(), std::size_t{5000});
+    QVERIFY(*std::max_element(look.states.begin(), look.states.end()) > 10);
+    for (const int style : {0, 1, 2, 3, 4, 5, 6, 7, 8})
+        QVERIFY(std::find(look.styles.begin(), look.styles.end(), style) != look.styles.end());
+}
+
+void win_SciLexerOB::StylesNothingWithoutTheLanguageLexer()
+{
+    QWidget frame;
+    const SciLexerOB_Window made = MakeControl(&frame);
+    made.window->resize(300, 200);
+    SendSci(made.sci, SCI_SETKEYWORDS, 0, "print");
+    SendSci(made.sci, SCI_ADDTEXT, 5, "print");
+    made.window->grab();
+    QCOMPARE(SendSci(made.sci, SCI_GETSTYLEAT, 0), 0);
+    SendSci(made.sci, SCI_SETLEXER, 8);
+    made.window->grab();
+    QCOMPARE(SendSci(made.sci, SCI_GETSTYLEAT, 0), 3);
+}
+
+void win_SciLexerOB::LexesNoFurtherThanIsSeen()
+{
+    Bench bench(BasicSource(4).Lines(20000));
+    SendSci(bench.sci, SCI_GOTOPOS, 0);
+    const std::intptr_t lexed = bench.LinesLexedByPainting();
+    QVERIFY2(lexed > 5 && lexed < 100, qPrintable(QString::number(lexed)));
+    QVERIFY(IsAsLexed(bench));
+    QCOMPARE(bench.LinesLexedByPainting(), 0);
+}
+
+void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew_data()
+{
+    QTest::addColumn<int>("seed");
+    for (int seed = 1; seed <= 4; ++seed)
+        QTest::addRow("seed %d", seed) << seed;
+}
+
+// Edits anywhere, with looks at the window or at some part of the text between them.
+void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew()
+{
+    QFETCH(int, seed);
+    BasicSource random(static_cast<std::uint64_t>(seed) + 100);
+    Bench bench(random.Lines(60));
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    for (int step = 0; step < 2000; ++step) {
+        const auto length = static_cast<std::size_t>(bench.Length());
+        const auto from = static_cast<std::intptr_t>(random.Below(length + 1));
+        const std::size_t room = length - static_cast<std::size_t>(from);
+        const std::size_t cut = random.Below(3) == 0 ? std::min(room, random.Below(length > 6000 ? 400 : 40)) : 0;
+        bench.Replace(from, from + static_cast<std::intptr_t>(cut),
+                      cut != 0 && random.Below(2) == 0 ? "" : Pieces[random.Below(std::size(Pieces))]);
+        switch (random.Below(4)) {
+        case 0:
+            bench.Paint();
+            break;
+        case 1:
+            // Asks for the styles of a part as a paint of that part would.
+            SendSci(bench.sci, SCI_GOTOPOS, random.Below(static_cast<std::size_t>(bench.Length()) + 1));
+            bench.Paint();
+            break;
+        default:
+            break;
+        }
+        if (step % 10 == 0)
+            QVERIFY2(IsAsLexed(bench), qPrintable(QString::number(step)));
+    }
+    SendSci(bench.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(bench.Length()));
+    bench.Paint();
+    QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    const Look kept = bench.StyledLook();
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    QVERIFY(kept == bench.StyledLook());
+    QVERIFY(kept == LexedLook(bench.Text(), bench.Text().size()));
+}
+
+void win_SciLexerOB::RandomEditsBeforeOnePaintKeepStyles()
+{
+    BasicSource random(55);
+    for (int round = 0; round < 100; ++round) {
+        Bench bench(random.Lines(30));
+        SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+        for (std::size_t edits = 1 + random.Below(6); edits > 0; --edits) {
+            const auto length = static_cast<std::size_t>(bench.Length());
+            const auto from = static_cast<std::intptr_t>(random.Below(length + 1));
+            const std::size_t cut = std::min(length - static_cast<std::size_t>(from), random.Below(80));
+            bench.Replace(from, from + static_cast<std::intptr_t>(cut), Pieces[random.Below(std::size(Pieces))]);
+        }
+        SendSci(bench.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(bench.Length()));
+        bench.Paint();
+        QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+        QVERIFY2(IsAsLexed(bench), qPrintable(QString::number(round)));
+    }
+}
+
+void win_SciLexerOB::UndoAndRedoKeepStyles()
+{
+    BasicSource random(77);
+    Bench bench(random.Lines(40));
+    bench.Paint();
+    for (int step = 0; step < 300; ++step) {
+        const auto length = static_cast<std::size_t>(bench.Length());
+        const auto from = static_cast<std::intptr_t>(random.Below(length + 1));
+        bench.Replace(from, std::min<std::intptr_t>(bench.Length(), from + 9), Pieces[random.Below(std::size(Pieces))]);
+        for (std::size_t count = random.Below(4); count > 0; --count)
+            SendSci(bench.sci, random.Below(2) == 0 ? SCI_UNDO : SCI_REDO);
+        bench.Paint();
+        QVERIFY2(IsAsLexed(bench), qPrintable(QString::number(step)));
+    }
+}
+
+void win_SciLexerOB::ANewKeywordListRestyles()
+{
+    Bench bench("alpha beta\r\n");
+    bench.Paint();
+    QCOMPARE(SendSci(bench.sci, SCI_GETSTYLEAT, 6), 7);
+    SendSci(bench.sci, SCI_SETKEYWORDS, 0, "BETA( gamma");
+    bench.Paint();
+    QCOMPARE(SendSci(bench.sci, SCI_GETSTYLEAT, 0), 7);
+    QCOMPARE(SendSci(bench.sci, SCI_GETSTYLEAT, 6), 3);
+    SendSci(bench.sci, SCI_SETKEYWORDS, 1, "alpha");
+    bench.Paint();
+    QCOMPARE(SendSci(bench.sci, SCI_GETSTYLEAT, 0), 7);
+    SendSci(bench.sci, SCI_SETKEYWORDS, 0, "alpha");
+    bench.Paint();
+    QCOMPARE(SendSci(bench.sci, SCI_GETSTYLEAT, 0), 3);
+    QCOMPARE(SendSci(bench.sci, SCI_GETSTYLEAT, 6), 7);
+}
+
+void win_SciLexerOB::FoldLevelsHangOnTheProperty()
+{
+    Bench bench("for i = 1 to 2\r\n\r\nprint i\r\nnext i\r\nend\r\n");
+    bench.Paint();
+    const auto level = [&](std::uintptr_t line) { return SendSci(bench.sci, SCI_GETFOLDLEVEL, line); };
+    QCOMPARE(level(0), 0x2400);
+    QCOMPARE(level(1), 0x1401);
+    QCOMPARE(level(2), 0x401);
+    QCOMPARE(level(3), 0x401);
+    QCOMPARE(level(4), 0x400);
+    SendSciTexts(bench.sci, SCI_SETPROPERTY, "fold", "0");
+    bench.Insert(0, "do\r\n");
+    bench.Paint();
+    QCOMPARE(level(4), 0x401);
+    SendSciTexts(bench.sci, SCI_SETPROPERTY, "fold", "1");
+    bench.Paint();
+    QCOMPARE(level(4), 0x402);
+}
+
+void win_SciLexerOB::AKeystrokeInAMillionLinesLexesFewLines()
+{
+    Bench bench(BasicSource(5).Lines(1000000));
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    // A line whose changes open and close no block.
+    const std::size_t print = bench.Text().find("\nprint", 24000000) + 1;
+    SendSci(bench.sci, SCI_GOTOPOS, print);
+    bench.Paint();
+    for (const char* piece : {"x", "\"", "'", "\r\n", "[", "\r\n"}) {
+        bench.Insert(SendSci(bench.sci, SCI_GETCURRENTPOS), piece);
+        const std::intptr_t lexed = bench.LinesLexedByPainting();
+        QVERIFY2(lexed >= 1 && lexed <= 4, qPrintable(QString::number(lexed)));
+        QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    }
+    for (int i = 0; i < 3; ++i) {
+        SendSci(bench.sci, SCI_UNDO);
+        QVERIFY(bench.LinesLexedByPainting() <= 6);
+        QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    }
+    QVERIFY(IsAsLexed(bench));
+}
+
+void win_SciLexerOB::AnOpenedBlockLexesNoFurtherThanIsSeen()
+{
+    std::string text;
+    for (int i = 0; i < 100000; ++i)
+        text += "print \"line\"\r\n";
+    Bench bench(text);
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    SendSci(bench.sci, SCI_GOTOLINE, 50000);
+    bench.Paint();
+    bench.Insert(SendSci(bench.sci, SCI_GETCURRENTPOS), "for i = 1 to 2\r\n");
+    QVERIFY(bench.LinesLexedByPainting() < 100);
+    QVERIFY(SendSci(bench.sci, SCI_GETENDSTYLED) < bench.Length());
+    QVERIFY(IsAsLexed(bench));
+    // Closing the block again makes the old rest good, with no look at it.
+    bench.Insert(SendSci(bench.sci, SCI_GETCURRENTPOS), "next i\r\n");
+    QVERIFY(bench.LinesLexedByPainting() < 100);
+    QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    QVERIFY(IsAsLexed(bench));
+}
+
+void win_SciLexerOB::StrangeTextIsStyled_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("NUL bytes") << QByteArray("print \0\"a\0b\" [\0]\0\r\nrem \0x\r\n", 28);
+    QTest::newRow("lone CR and LF") << QByteArray("for\rnext\n\r\n\n\r\rprint\r");
+    QTest::newRow("one line of a megabyte") << QByteArray("print [x] \"a\" ").repeated(75000);
+    QTest::newRow("megabyte of open brackets") << QByteArray(1 << 20, '[');
+    QTest::newRow("all bytes") << [] {
+        QByteArray all;
+        for (int i = 0; i < 512; ++i)
+            all.append(static_cast<char>(i * 7));
+        return all;
+    }();
+}
+
+void win_SciLexerOB::StrangeTextIsStyled()
+{
+    QFETCH(QByteArray, text);
+    Bench bench({text.constData(), static_cast<std::size_t>(text.size())});
+    bench.Paint();
+    QVERIFY(IsAsLexed(bench));
+    // The gap in the midst of the text, and so of a line.
+    bench.Insert(bench.Length() / 2, "(");
+    bench.Paint();
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    QVERIFY(IsAsLexed(bench));
+}
+
+void win_SciLexerOB::BracesAtTheCaretAreMarked_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("caret");
+    QTest::addColumn<bool>("good");
+    QTest::addColumn<bool>("bad");
+    QTest::newRow("behind the brace") << QByteArray("f(a)") << 4 << true << false;
+    QTest::newRow("before the brace") << QByteArray("f(a)") << 1 << true << false;
+    QTest::newRow("no brace near") << QByteArray("(  a  )") << 3 << false << false;
+    QTest::newRow("lone") << QByteArray("f(a") << 2 << false << true;
+    QTest::newRow("partner on the next line") << QByteArray("f(a\r\n)") << 2 << false << true;
+    QTest::newRow("label") << QByteArray("[a]") << 0 << true << false;
+    QTest::newRow("lone in a comment") << QByteArray("' :)") << 4 << false << false;
+    QTest::newRow("pair in a string") << QByteArray("\"(a)\"") << 4 << true << false;
+    QTest::newRow("empty text") << QByteArray() << 0 << false << false;
+}
+
+void win_SciLexerOB::BracesAtTheCaretAreMarked()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(int, caret);
+    QFETCH(bool, good);
+    QFETCH(bool, bad);
+    Bench bench({text.constData(), static_cast<std::size_t>(text.size())});
+    SendSci(bench.sci, SCI_STYLESETBACK, 34, 0xFF0000);
+    SendSci(bench.sci, SCI_STYLESETBACK, 35, 0x0000FF);
+    SendSci(bench.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(caret));
+    const QImage first = bench.Paint();
+    QCOMPARE(HasColor(first, BraceColor), good);
+    QCOMPARE(HasColor(first, BadBraceColor), bad);
+
+    // Away from every brace the mark goes.
+    bench.Insert(bench.Length(), "\r\nprint");
+    const QImage second = bench.Paint();
+    QVERIFY(!HasColor(second, BraceColor));
+    QVERIFY(!HasColor(second, BadBraceColor));
+}
+
+void win_SciLexerOB::DroppedFilesGoToTheWindowAround()
+{
+    Bench bench("text");
+    auto* viewport = qobject_cast<QAbstractScrollArea*>(bench.control)->viewport();
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.bas"))});
+    files.setText(QStringLiteral("/tmp/a.bas"));
+    QMimeData words;
+    words.setText(QStringLiteral("words"));
+
+    const auto enter = [&](const QMimeData& mime) {
+        QDragEnterEvent event(QPoint(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &event);
+        return event.isAccepted();
+    };
+    QVERIFY(enter(files));
+    QCOMPARE(bench.frame.entered, 1);
+    QVERIFY(enter(words));
+    QCOMPARE(bench.frame.entered, 1);
+
+    QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(viewport, &drop);
+    QCOMPARE(bench.Text(), std::string("text"));
+}
+
+void win_SciLexerOB::ReturnAddsCrLf()
+{
+    Bench bench;
+    QTest::keyClicks(bench.control, QStringLiteral("a"));
+    QTest::keyClick(bench.control, Qt::Key_Return);
+    QTest::keyClicks(bench.control, QStringLiteral("b"));
+    QCOMPARE(bench.Text(), std::string("a\r\nb"));
+}
+
+QTEST_MAIN(win_SciLexerOB)
+#include "win_SciLexerOB.moc"
