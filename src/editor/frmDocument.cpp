@@ -130,9 +130,9 @@ void frmDocument::MakeHeadRow()
 
     QFont small = font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
-    for (QWidget* control : {static_cast<QWidget*>(cboLabels), static_cast<QWidget*>(cboSorted),
-                             static_cast<QWidget*>(cmdBranch), static_cast<QWidget*>(cmdSort),
-                             static_cast<QWidget*>(chkWrap)})
+    for (QWidget* control :
+         {static_cast<QWidget*>(cboLabels), static_cast<QWidget*>(cboSorted), static_cast<QWidget*>(cmdBranch),
+          static_cast<QWidget*>(cmdSort), static_cast<QWidget*>(chkWrap)})
         control->setFont(small);
 }
 
@@ -156,6 +156,13 @@ frmDocument::Birth frmDocument::LoadControl()
     return Birth::Done;
 }
 
+void frmDocument::EndLoad()
+{
+    SendSci(document.sci, SCI_GOTOPOS, 0);
+    SendSci(document.sci, SCI_SETSAVEPOINT);
+    SendSci(document.sci, SCI_SETFOCUS, 1);
+}
+
 void frmDocument::ShowCaption(const QString& caption)
 {
     QString title = caption;
@@ -175,8 +182,8 @@ void frmDocument::resizeEvent(QResizeEvent* event)
     for (QWidget* box : {cboLabels, cboSorted})
         box->setGeometry(ToPixels(left), top, ToPixels(labels), high);
     left += labels + 10;
-    for (QWidget* control : {static_cast<QWidget*>(cmdBranch), static_cast<QWidget*>(cmdSort),
-                             static_cast<QWidget*>(chkWrap)}) {
+    for (QWidget* control :
+         {static_cast<QWidget*>(cmdBranch), static_cast<QWidget*>(cmdSort), static_cast<QWidget*>(chkWrap)}) {
         control->setGeometry(ToPixels(left), top, ToPixels(ButtonWidth), high);
         left += ButtonWidth + 10;
     }

@@ -24,6 +24,9 @@ public:
     enum class Birth { Done, LibraryMissing };
     Birth LoadControl();
 
+    // The last step of the birth, once the window is shown: caret at the start, nothing to save, focus.
+    void EndLoad();
+
     cDocument& Document() const { return document; }
 
     // The main window tells which child is active; the hook on the control's keys follows.

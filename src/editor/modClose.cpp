@@ -44,7 +44,10 @@ CloseEnd QueryUnload(cDocument& document)
     }
     if (Ask(QStringLiteral("Save before closing?")) == BoxAnswer::No)
         return CloseEnd::Closes;
-    const QString path = FileBox({FilePurpose::Save, QStringLiteral("Save As"), {}, {},
+    const QString path = FileBox({FilePurpose::Save,
+                                  QStringLiteral("Save As"),
+                                  {},
+                                  {},
                                   QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)")});
     return path.isEmpty() ? CloseEnd::Closes : SaveBeforeClosing(document, path);
 }

@@ -23,7 +23,8 @@ constexpr QByteArrayView IncludeWord = "'include";
 qsizetype FindIncludeWord(QByteArrayView line)
 {
     for (qsizetype at = line.indexOf('\''); at >= 0; at = line.indexOf('\'', at + 1))
-        if (at + IncludeWord.size() <= line.size() && EqualsIgnoreCase(line.sliced(at, IncludeWord.size()), IncludeWord))
+        if (at + IncludeWord.size() <= line.size() &&
+            EqualsIgnoreCase(line.sliced(at, IncludeWord.size()), IncludeWord))
             return at;
     return -1;
 }
@@ -89,7 +90,8 @@ QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QSt
 QByteArray CheckIncludes(const QString& folder)
 {
     const cDocument* document = ActiveDocument();
-    return document == nullptr ? QByteArray() : IncludedText(QByteArrayView(SciText(document->sci)), TextEncoding::Utf8, folder);
+    return document == nullptr ? QByteArray()
+                               : IncludedText(QByteArrayView(SciText(document->sci)), TextEncoding::Utf8, folder);
 }
 
 } // namespace ob

@@ -59,8 +59,8 @@ QByteArray LinesOf(const QByteArray& bytes)
 
 void mnuFileOpenCode_Click()
 {
-    const QString path = OpenFileDialog(QStringLiteral("BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"),
-                                        QDir::currentPath());
+    const QString path =
+        OpenFileDialog(QStringLiteral("BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"), QDir::currentPath());
     if (path.isEmpty() || !FileExists(path))
         return;
     cDocument* document = NewDocument();
@@ -78,7 +78,10 @@ void mnuFileInsert_Click()
     cDocument* document = ActiveDocument();
     if (document == nullptr)
         return;
-    const QString path = FileBox({FilePurpose::Open, QStringLiteral("Open"), QDir::currentPath(), {},
+    const QString path = FileBox({FilePurpose::Open,
+                                  QStringLiteral("Open"),
+                                  QDir::currentPath(),
+                                  {},
                                   QStringLiteral("BASIC code |*.bas;*.bak;*.rtf;")});
     if (path.isEmpty())
         return;
@@ -118,7 +121,10 @@ void mnuFileSave_Click()
         return;
     QString path = document->Caption();
     if (path.compare(UntitledName, Qt::CaseInsensitive) == 0) {
-        path = FileBox({FilePurpose::Save, QStringLiteral("Save"), {}, {},
+        path = FileBox({FilePurpose::Save,
+                        QStringLiteral("Save"),
+                        {},
+                        {},
                         QStringLiteral("BASIC code (*.bas)(*.bak)|*.bas;*.bak")});
         if (path.isEmpty())
             return;

@@ -118,8 +118,8 @@ void RunTokenFile(const QString& path)
 
 void mnuRunTKN_Click()
 {
-    const QString chosen = FileBox({FilePurpose::Open, QStringLiteral("Open"), QDir::currentPath(), {},
-                                    QStringLiteral("OB Token (*.tkn)|*.tkn")});
+    const QString chosen = FileBox(
+        {FilePurpose::Open, QStringLiteral("Open"), QDir::currentPath(), {}, QStringLiteral("OB Token (*.tkn)|*.tkn")});
     if (chosen.isEmpty())
         return;
     if (!FileExists(chosen)) {

@@ -49,7 +49,8 @@ void Styles(const SourceArguments& arguments)
 {
     const QByteArray text = ReadSource(arguments.file);
     BuildLists();
-    const KeywordSet keywords(std::string_view(LexerKeywords.constData(), static_cast<std::size_t>(LexerKeywords.size())));
+    const KeywordSet keywords(
+        std::string_view(LexerKeywords.constData(), static_cast<std::size_t>(LexerKeywords.size())));
     const auto length = static_cast<std::size_t>(text.size());
     std::vector<unsigned char> styles(length);
     LexText(std::string_view(text.constData(), length), keywords, styles.data());

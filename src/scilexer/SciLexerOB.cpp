@@ -44,8 +44,8 @@ cSciLexerOB::cSciLexerOB(QWidget* parent) : QsciScintillaBase(parent)
     Direct(SCI_SETCODEPAGE, SC_CP_UTF8);
     Direct(SCI_SETEOLMODE, SC_EOL_CRLF);
     Direct(SCI_SETLEXER, SCLEX_CONTAINER);
-    // Each change that is announced costs a copy of its text, so only those are that the styles hang on.
-    Direct(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+    // A change of many lines must not call out for each line's style, state and level.
+    Direct(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
 
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int position) { StyleTo(position); });
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
@@ -130,34 +130,37 @@ void cSciLexerOB::Restyle()
     Direct(SCI_COLOURISE, 0, 0);
 }
 
+// What lies behind `from` counts as never styled.
 void cSciLexerOB::Forget(Position from)
 {
     styledEnd = std::min(styledEnd, std::max<Position>(from, 0));
+    brokenAt = std::min(brokenAt, styledEnd);
 }
 
+// Goes by the announcement of a change: by the time that Scintilla tells of it, it may have scrolled and asked for
+// styles already.
 void cSciLexerOB::NoteChange(Position position, int type, Position length)
 {
     // What lies behind the styled end has no styles that a change could spoil.
     if (position > styledEnd)
         return;
-    if ((type & SC_MOD_INSERTTEXT) != 0) {
-        styledEnd += length;
-        if (changedEnd >= position)
-            changedEnd += length;
-        changedEnd = std::max(changedEnd, position + length);
-    } else if ((type & SC_MOD_DELETETEXT) != 0) {
-        styledEnd = std::max(position, styledEnd - length);
-        if (changedEnd > position)
-            changedEnd = std::max(position, changedEnd - length);
-        changedEnd = std::max(changedEnd, position);
-    }
+    const bool isInsertion = (type & SC_MOD_BEFOREINSERT) != 0;
+    if (!isInsertion && (type & SC_MOD_BEFOREDELETE) == 0)
+        return;
+    const Position growth = isInsertion ? length : -length;
+    for (Position* mark : {&changedEnd, &brokenAt, &styledEnd})
+        if (*mark >= position)
+            *mark = std::max(position, *mark + growth);
+    changedEnd = std::max(changedEnd, isInsertion ? position + length : position);
 }
 
 void cSciLexerOB::StyleTo(Position needed)
 {
     if (lexer == Lexer::None)
         return;
-    needed = std::min(needed, Direct(SCI_GETLENGTH));
+    const Position length = Direct(SCI_GETLENGTH);
+    needed = std::min(needed, length);
+    Forget(length);
     // A second turn is due when what was found to stand ends before the place that is needed.
     while (Direct(SCI_GETENDSTYLED) < needed && StyleFromEnd(needed) == Agreement::Yes) {
     }
@@ -177,17 +180,29 @@ cSciLexerOB::Agreement cSciLexerOB::StyleFromEnd(Position needed)
     while (place.position < needed && agreement == Agreement::No)
         agreement = StyleBlock(place, BlockEnd(place, needed));
     // After a keystroke the next lines most often tell that all behind them may stay.
-    const Position limit = std::min(needed + BytesAhead, styledEnd);
-    while (place.position > changedEnd && place.position < limit && agreement == Agreement::No)
-        agreement = StyleBlock(place, BlockEnd(place, limit));
+    Position limit = needed + BytesAhead;
+    if (brokenAt < limit + BytesAhead)
+        limit = std::max(limit, brokenAt + 1);
+    while (agreement == Agreement::No && IsUnchanged(place.position) && place.position < limit)
+        agreement = StyleBlock(place, BlockEnd(place, std::min(limit, styledEnd)));
 
-    if (agreement == Agreement::Yes)
-        Direct(SCI_STARTSTYLING, Unsigned(styledEnd));
-    else
-        styledEnd = std::max(styledEnd, place.position);
-    if (agreement == Agreement::Yes || place.position == styledEnd)
-        changedEnd = -1;
+    if (agreement == Agreement::No)
+        NoteStop(place.position);
     return agreement;
+}
+
+// Keeps what is known of the lines behind a place where the lexer stopped with another state than before.
+void cSciLexerOB::NoteStop(Position position)
+{
+    if (position >= styledEnd) {
+        changedEnd = -1;
+        brokenAt = styledEnd = position;
+    } else if (position >= brokenAt || brokenAt == styledEnd) {
+        brokenAt = position;
+    } else {
+        // Only one break is kept: the lines before the old one count as changed.
+        changedEnd = std::max(changedEnd, brokenAt - 1);
+    }
 }
 
 // The end of the next lines that lie in memory in one piece. Only a line that the gap itself lies in makes the gap
@@ -209,6 +224,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
     if (styles.size() < block.size())
         styles.resize(block.size());
     Agreement agreement = Agreement::No;
+    Position goodEnd = 0;
     std::size_t at = 0;
     while (at < block.size() && agreement == Agreement::No) {
         const LexedLine line = LexFirstLine(place.state, block.substr(at), keywords, styles.data() + at);
@@ -217,9 +233,10 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
             Direct(SCI_SETFOLDLEVEL, Unsigned(place.line),
                    FoldLevel(place.state, line.state, block.substr(at, line.length)));
         // A changed line's old state tells nothing: Scintilla may have given it another line's.
-        const bool isUnchanged = place.position > changedEnd && place.position < styledEnd;
-        if (isUnchanged && before == line.state)
+        if (before == line.state) {
             agreement = Agreement::Yes;
+            goodEnd = place.position < brokenAt ? brokenAt : styledEnd;
+        }
         at += line.length;
         place.position += static_cast<Position>(line.length);
         place.state = line.state;
@@ -227,6 +244,12 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
         ++lexedLines;
     }
     Direct(SCI_SETSTYLINGEX, at, Address(styles.data()));
+    if (agreement == Agreement::Yes) {
+        if (goodEnd == styledEnd)
+            brokenAt = styledEnd;
+        changedEnd = -1;
+        Direct(SCI_STARTSTYLING, Unsigned(goodEnd));
+    }
     return agreement;
 }
 

@@ -54,8 +54,10 @@ private:
 
     void StyleTo(Position needed);
     Agreement StyleFromEnd(Position needed);
+    void NoteStop(Position position);
     Position BlockEnd(const Place& from, Position needed) const;
     Agreement StyleBlock(Place& place, Position end);
+    bool IsUnchanged(Position lineStart) const { return lineStart > changedEnd && lineStart < styledEnd; }
 
     void ShowBraces();
     bool ShowBraceAt(Position position);
@@ -69,10 +71,12 @@ private:
     std::vector<unsigned char> styles;
     std::intptr_t lexedLines = 0;
 
-    // Scintilla's own mark of the styled end falls back to each change. What has been styled behind it is still good
-    // from the first line on that begins behind `changedEnd`, up to `styledEnd`, once that line's state comes out as
-    // it was.
+    // Scintilla's own mark of the styled end falls back to each change. What was styled behind it is still good from
+    // the first line on that begins behind `changedEnd` and whose state comes out as it was: up to `brokenAt`, where
+    // lines begin that were styled for another state than the line before now leaves, or for a line that begins
+    // there or later, up to `styledEnd`.
     Position changedEnd = -1;
+    Position brokenAt = 0;
     Position styledEnd = 0;
 
     bool hasBraces = false;

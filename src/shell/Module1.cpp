@@ -73,11 +73,12 @@ ColorRef ColorFromName(const QString& name)
 QString NameFromColor(const QString& text)
 {
     bool isNumber = false;
-    const auto value = static_cast<ColorRef>(text.trimmed().toLongLong(&isNumber));
+    const qlonglong value = text.trimmed().toLongLong(&isNumber);
     if (!isNumber)
         return {};
+    // The number may be signed or not; one of more than 32 bits is no colour.
     for (std::size_t i = 0; i < ColorValue.size(); ++i)
-        if (ColorValue[i] == value)
+        if (value == ColorValue[i] || value == static_cast<std::int32_t>(ColorValue[i]))
             return QString::fromLatin1(ColorName[i].data(), static_cast<qsizetype>(ColorName[i].size()));
     return {};
 }

@@ -68,8 +68,8 @@ inline constexpr std::array<ColorRef, ColorCount> ColorValue = {
     Rgb(255, 255, 0), Rgb(128, 128, 0),   Rgb(0, 255, 0),     Rgb(0, 128, 0),     Rgb(0, 255, 255), Rgb(0, 128, 128),
     Rgb(0, 0, 255),   Rgb(0, 0, 128),     Rgb(255, 0, 255),   Rgb(128, 0, 128),   0x8000000F};
 inline constexpr std::array<std::string_view, ColorCount> ColorName = {
-    "Black", "White",     "Lightgray", "Darkgray", "Red",  "Darkred",  "Yellow", "Brown",   "Green",
-    "Darkgreen", "Cyan", "Darkcyan",  "Blue",     "Darkblue", "Pink", "Darkpink", "Buttonface"};
+    "Black",     "White", "Lightgray", "Darkgray", "Red",      "Darkred", "Yellow",   "Brown",     "Green",
+    "Darkgreen", "Cyan",  "Darkcyan",  "Blue",     "Darkblue", "Pink",    "Darkpink", "Buttonface"};
 
 // Questions and start-up.
 inline bool QuitQuery = true;

@@ -28,6 +28,8 @@
 #include <QToolBar>
 #include <QUrl>
 
+#include <memory>
+
 namespace ob {
 
 namespace {
@@ -124,7 +126,8 @@ void frmMain::PlaceWindow()
     resize(std::max(200, ToPixels(place.width, TwipsPerPixelX)), std::max(150, ToPixels(place.height, TwipsPerPixelY)));
     const QPoint corner(ToPixels(place.left, TwipsPerPixelX), ToPixels(place.top, TwipsPerPixelY));
     // A place on a screen that is gone would hide the window.
-    if (QApplication::screenAt(corner) != nullptr || QApplication::screenAt(corner + QPoint(width() / 2, 10)) != nullptr)
+    if (QApplication::screenAt(corner) != nullptr ||
+        QApplication::screenAt(corner + QPoint(width() / 2, 10)) != nullptr)
         move(corner);
 }
 
@@ -148,33 +151,41 @@ QMdiSubWindow* frmMain::SubWindowOf(const QWidget* child) const
     return nullptr;
 }
 
+frmDocument* frmMain::AddWindow(cDocument& document)
+{
+    auto child = std::make_unique<frmDocument>(document);
+    if (child->LoadControl() == frmDocument::Birth::LibraryMissing)
+        return nullptr;
+    connect(child.get(), &frmDocument::Unloaded, this, [this](frmDocument* gone) {
+        if (activeChild == gone)
+            activeChild = nullptr;
+    });
+    const QMdiSubWindow* current = mdi->currentSubWindow();
+    const bool maximized = current == nullptr || current->isMaximized();
+    QMdiSubWindow* window = mdi->addSubWindow(child.get());
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    // Its own keys for closing and the like would stand in the way of the menu's.
+    for (QAction* action : window->actions() + window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>());
+    if (maximized)
+        window->showMaximized();
+    else
+        window->show();
+    return child.release();
+}
+
 void frmMain::ShowDocument(cDocument& document)
 {
-    if (document.window == nullptr) {
-        auto* child = new frmDocument(document);
-        if (child->LoadControl() == frmDocument::Birth::LibraryMissing) {
-            delete child;
-            return;
-        }
-        connect(child, &frmDocument::Unloaded, this, [this](frmDocument* gone) {
-            if (activeChild == gone)
-                activeChild = nullptr;
-        });
-        const bool first = mdi->subWindowList().isEmpty();
-        const bool maximized = first || (mdi->currentSubWindow() != nullptr && mdi->currentSubWindow()->isMaximized());
-        QMdiSubWindow* window = mdi->addSubWindow(child);
-        window->setAttribute(Qt::WA_DeleteOnClose);
-        // Its own keys for closing and the like would stand in the way of the menu's.
-        for (QAction* action : window->actions() + window->systemMenu()->actions())
-            action->setShortcuts(QList<QKeySequence>());
-        if (maximized)
-            window->showMaximized();
-        else
-            window->show();
-    }
     auto* child = static_cast<frmDocument*>(document.window);
+    const bool born = child == nullptr;
+    if (born)
+        child = AddWindow(document);
+    if (child == nullptr)
+        return;
     mdi->setActiveSubWindow(SubWindowOf(child));
     ActivateChild(child);
+    if (born)
+        child->EndLoad();
 }
 
 void frmMain::UnloadDocument(cDocument& document)

@@ -58,6 +58,7 @@ private:
     void MakeStatusBar();
     void ShowClock();
     void PlaceWindow();
+    frmDocument* AddWindow(cDocument& document);
     void SubWindowActivated(QMdiSubWindow* window);
     void ActivateChild(QWidget* child);
     QMdiSubWindow* SubWindowOf(const QWidget* child) const;

@@ -144,9 +144,13 @@ void ReadAllSettings()
 void SaveAllSettings()
 {
     SaveRecentFiles();
-    Write({"OBPath",     "OBHelpPath", "OptionalHelpPath", "OBFreeformPath", "OBRuntimePath", "FontHeight",
-           "SyntaxColor", "FontName",  "FontBold", "HotKey", "User2", "User3", "User4", "User5", "User6", "User7",
-           "User8", "User9", "User10", "QuitQuery", "LastDir"});
+    Write({"OBPath",         "OBHelpPath",    "OptionalHelpPath",
+           "OBFreeformPath", "OBRuntimePath", "FontHeight",
+           "SyntaxColor",    "FontName",      "FontBold",
+           "HotKey",         "User2",         "User3",
+           "User4",          "User5",         "User6",
+           "User7",          "User8",         "User9",
+           "User10",         "QuitQuery",     "LastDir"});
     for (const ColorSetting& color : colorOrder)
         WriteSetting(QString::fromLatin1(color.key), QString::number(static_cast<qint32>(*color.variable)));
     Write({"LineNums", "TabSize", "ShowTips", "AutoIndent", "HighlightOn", "IndentGuidesOn", "OpenFileOn",

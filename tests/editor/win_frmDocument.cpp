@@ -369,11 +369,11 @@ void win_frmDocument::commandsFollowActivation()
 {
     TestBench bench;
     bench.Start();
-    const QStringList names = {QStringLiteral("mnuFileClose"), QStringLiteral("mnuFileSave"),
-                               QStringLiteral("mnuFileSaveAs"), QStringLiteral("mnuFileInsert"),
-                               QStringLiteral("mnuFilePrint"), QStringLiteral("mnuFileProject"),
-                               QStringLiteral("mnuToolShowVar"), QStringLiteral("mnuRun"),
-                               QStringLiteral("mnuTKN"), QStringLiteral("mnuDebug"), QStringLiteral("mnuEdit")};
+    const QStringList names = {
+        QStringLiteral("mnuFileClose"),   QStringLiteral("mnuFileSave"),  QStringLiteral("mnuFileSaveAs"),
+        QStringLiteral("mnuFileInsert"),  QStringLiteral("mnuFilePrint"), QStringLiteral("mnuFileProject"),
+        QStringLiteral("mnuToolShowVar"), QStringLiteral("mnuRun"),       QStringLiteral("mnuTKN"),
+        QStringLiteral("mnuDebug"),       QStringLiteral("mnuEdit")};
     for (const QString& name : names)
         QVERIFY2(!bench.Frame().Item(name)->isEnabled(), qPrintable(name));
     bench.Choose(QStringLiteral("mnuFileNew"));

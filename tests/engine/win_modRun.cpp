@@ -222,7 +222,8 @@ void win_modRun::tokenRunsOnTheRuntimeEngine()
     bench.Start();
     OBRuntimePath = bench.MakeEngine(QStringLiteral("run.exe"));
     const QString token = bench.Write(QStringLiteral("game.tkn"), "token");
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), QStringLiteral("OB Token (*.tkn)|*.tkn"), token);
+    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), QStringLiteral("OB Token (*.tkn)|*.tkn"),
+                             token);
     QTest::keyClick(&bench.Frame(), Qt::Key_F8);
     const EngineCall call = bench.WaitForEngine();
     QCOMPARE(call.arguments, QStringList{token});

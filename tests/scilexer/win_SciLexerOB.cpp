@@ -261,13 +261,13 @@ void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew()
 {
     QFETCH(int, seed);
     BasicSource random(static_cast<std::uint64_t>(seed) + 100);
-    Bench bench(random.Lines(60));
+    Bench bench(random.Lines(600));
     SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
     for (int step = 0; step < 2000; ++step) {
         const auto length = static_cast<std::size_t>(bench.Length());
         const auto from = static_cast<std::intptr_t>(random.Below(length + 1));
         const std::size_t room = length - static_cast<std::size_t>(from);
-        const std::size_t cut = random.Below(3) == 0 ? std::min(room, random.Below(length > 6000 ? 400 : 40)) : 0;
+        const std::size_t cut = random.Below(3) == 0 ? std::min(room, random.Below(length > 40000 ? 1500 : 60)) : 0;
         bench.Replace(from, from + static_cast<std::intptr_t>(cut),
                       cut != 0 && random.Below(2) == 0 ? "" : Pieces[random.Below(std::size(Pieces))]);
         switch (random.Below(4)) {
@@ -298,7 +298,7 @@ void win_SciLexerOB::RandomEditsBeforeOnePaintKeepStyles()
 {
     BasicSource random(55);
     for (int round = 0; round < 100; ++round) {
-        Bench bench(random.Lines(30));
+        Bench bench(random.Lines(300));
         SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
         for (std::size_t edits = 1 + random.Below(6); edits > 0; --edits) {
             const auto length = static_cast<std::size_t>(bench.Length());
@@ -316,7 +316,7 @@ void win_SciLexerOB::RandomEditsBeforeOnePaintKeepStyles()
 void win_SciLexerOB::UndoAndRedoKeepStyles()
 {
     BasicSource random(77);
-    Bench bench(random.Lines(40));
+    Bench bench(random.Lines(400));
     bench.Paint();
     for (int step = 0; step < 300; ++step) {
         const auto length = static_cast<std::size_t>(bench.Length());
@@ -390,6 +390,7 @@ void win_SciLexerOB::AKeystrokeInAMillionLinesLexesFewLines()
 
 void win_SciLexerOB::AnOpenedBlockLexesNoFurtherThanIsSeen()
 {
+    constexpr std::intptr_t fewLines = 700; // what is seen, and some 8 KB more
     std::string text;
     for (int i = 0; i < 100000; ++i)
         text += "print \"line\"\r\n";
@@ -397,13 +398,22 @@ void win_SciLexerOB::AnOpenedBlockLexesNoFurtherThanIsSeen()
     SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
     SendSci(bench.sci, SCI_GOTOLINE, 50000);
     bench.Paint();
-    bench.Insert(SendSci(bench.sci, SCI_GETCURRENTPOS), "for i = 1 to 2\r\n");
-    QVERIFY(bench.LinesLexedByPainting() < 100);
+    const auto typeAndCount = [&](std::string_view typed) {
+        bench.Insert(SendSci(bench.sci, SCI_GETCURRENTPOS), typed);
+        return bench.LinesLexedByPainting();
+    };
+
+    QVERIFY(typeAndCount("for i = 1 to 2\r\n") < fewLines);
     QVERIFY(SendSci(bench.sci, SCI_GETENDSTYLED) < bench.Length());
     QVERIFY(IsAsLexed(bench));
-    // Closing the block again makes the old rest good, with no look at it.
-    bench.Insert(SendSci(bench.sci, SCI_GETCURRENTPOS), "next i\r\n");
-    QVERIFY(bench.LinesLexedByPainting() < 100);
+    // The text of the block, as long as the block is open.
+    for (const char* typed : {"    print i", "\r\n", "    cls\r\n"}) {
+        QVERIFY(typeAndCount(typed) < 6);
+        QVERIFY(SendSci(bench.sci, SCI_GETENDSTYLED) < bench.Length());
+        QVERIFY(IsAsLexed(bench));
+    }
+    // Closing it makes the old rest good, with no look at it.
+    QVERIFY(typeAndCount("next i\r\n") < fewLines);
     QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
     QVERIFY(IsAsLexed(bench));
 }

@@ -254,8 +254,9 @@ void win_frmMain::toolbarHasItsButtonsAndSeparators()
         if (!action->isSeparator())
             QVERIFY2(!action->icon().pixmap(24, 24).isNull(), qPrintable(action->objectName()));
     }
-    QCOMPARE(shown.join(QLatin1Char(' ')), QStringLiteral("New Open Save Print - Cut Copy Paste Find - Run Debug Options "
-                                                          "User Construct View Help"));
+    QCOMPARE(shown.join(QLatin1Char(' ')),
+             QStringLiteral("New Open Save Print - Cut Copy Paste Find - Run Debug Options "
+                            "User Construct View Help"));
 }
 
 void win_frmMain::toolbarCanBeHidden()

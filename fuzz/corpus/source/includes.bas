@@ -1,0 +1,5 @@
+'include a.bas
+'INCLUDE b.bas
+[x]
+sub y
+

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window without a window: writes down what commands ask of it and gives documents a control.
+#pragma once
+
+#include "core/FakeSci.h"
+#include "editor/cDocument.h"
+#include "shell/cMainForm.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace ob {
+
+class FakeMainForm final : public cMainForm {
+public:
+    ActiveChild ActiveKind() const override { return kind; }
+    cDocument* ActiveDocument() const override { return kind == ActiveChild::Code ? active : nullptr; }
+
+    void ShowDocument(cDocument& document) override
+    {
+        log.append(QStringLiteral("show %1").arg(document.number));
+        kind = ActiveChild::Code;
+        active = &document;
+        if (document.sci != nullptr || !hasEditLibrary)
+            return;
+        controls.push_back(std::make_unique<FakeSci>());
+        document.sci = controls.back().get();
+    }
+
+    void UnloadDocument(cDocument& document) override
+    {
+        log.append(QStringLiteral("unload %1").arg(document.number));
+        document.sci = nullptr;
+        document.Tag = TagClosed;
+        kind = ActiveChild::None;
+        active = nullptr;
+    }
+
+    void SetStatusPanel(const QString& text) override { status = text; }
+
+    void EnableItem(const QString& name, bool enable) override
+    {
+        log.append((enable ? QStringLiteral("enable ") : QStringLiteral("disable ")) + name);
+    }
+
+    void SetRecentCaption(int number, const QString& caption) override
+    {
+        captions[static_cast<std::size_t>(number - 1)] = caption;
+    }
+
+    void ShowRecentItem(int number) override { shownItems[static_cast<std::size_t>(number - 1)] = true; }
+
+    void EnableButton(int place, bool enable) override
+    {
+        log.append((enable ? QStringLiteral("enable button %1") : QStringLiteral("disable button %1")).arg(place));
+    }
+
+    void CompileGui() override
+    {
+        log.append(QStringLiteral("compile"));
+        if (compile)
+            compile();
+    }
+
+    void LoadGuiForm(const QString& path) override { log.append(QStringLiteral("form ") + path); }
+    void SendToBack() override { log.append(QStringLiteral("back")); }
+    void Unload() override { log.append(QStringLiteral("unload frame")); }
+
+    // The control of a document that has one.
+    static FakeSci& Control(const cDocument& document) { return *static_cast<FakeSci*>(document.sci); }
+    FakeSci& ActiveControl() const { return Control(*active); }
+
+    // The numbers of the recent items that can be seen.
+    QList<int> ShownItems() const
+    {
+        QList<int> numbers;
+        for (std::size_t i = 0; i < shownItems.size(); ++i)
+            if (shownItems[i])
+                numbers.append(static_cast<int>(i) + 1);
+        return numbers;
+    }
+
+    ActiveChild kind = ActiveChild::None;
+    cDocument* active = nullptr;
+    bool hasEditLibrary = true;
+    std::function<void()> compile;
+    QString status;
+    QStringList log;
+    std::array<QString, 8> captions;
+    std::array<bool, 8> shownItems = {};
+
+private:
+    std::vector<std::unique_ptr<FakeSci>> controls;
+};
+
+} // namespace ob
