@@ -4,21 +4,41 @@
 
 #include "platform/modRuntime.h"
 
+#include <algorithm>
 #include <cstring>
+#include <optional>
 
 namespace ob {
 
 namespace {
 
-// The end of the line that starts at the pointer, its line end not counted.
-const char* LineEnd(const char* at, const char* end)
-{
-    const auto find = [at](const char* before, char mark) {
-        const void* hit = std::memchr(at, mark, static_cast<std::size_t>(before - at));
-        return hit == nullptr ? before : static_cast<const char*>(hit);
-    };
-    return find(find(end, '\n'), '\r');
-}
+// Where lines end. Each kind of mark is looked for again only behind the last one found, so that a text with one kind
+// alone is still read once.
+class LineEnds {
+public:
+    explicit LineEnds(const char* textEnd) : end(textEnd) {}
+
+    // The end of the line that starts at the pointer, its line end not counted. Asked for from front to back.
+    const char* After(const char* at)
+    {
+        Advance(nextReturn, '\r', at);
+        Advance(nextFeed, '\n', at);
+        return std::min(*nextReturn, *nextFeed);
+    }
+
+private:
+    void Advance(std::optional<const char*>& next, char mark, const char* at) const
+    {
+        if (next && *next >= at)
+            return;
+        const void* hit = std::memchr(at, mark, static_cast<std::size_t>(end - at));
+        next = hit == nullptr ? end : static_cast<const char*>(hit);
+    }
+
+    const char* end;
+    std::optional<const char*> nextReturn;
+    std::optional<const char*> nextFeed;
+};
 
 bool StartsWith(QByteArrayView line, QByteArrayView word)
 {
@@ -47,9 +67,10 @@ std::vector<LabelEntry> LabelIndex(QByteArrayView text)
 {
     std::vector<LabelEntry> index;
     const char* const end = text.data() + text.size();
+    LineEnds lineEnds(end);
     int number = 0;
     for (const char* start = text.data(); start != end; ++number) {
-        const char* const stop = LineEnd(start, end);
+        const char* const stop = lineEnds.After(start);
         QByteArrayView line(start, stop - start);
         if (stop == end)
             line = WithoutLastTwo(line);

@@ -3,8 +3,10 @@
 #include "platform/dlgStandard.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -109,6 +111,30 @@ QString dlgStandard::File(const FileSpec& spec)
                                ? QFileDialog::getOpenFileName(Owner(), spec.title, start, filters)
                                : QFileDialog::getSaveFileName(Owner(), spec.title, start, filters);
     return QDir::toNativeSeparators(chosen);
+}
+
+QString dlgStandard::Folder(const FolderSpec& spec)
+{
+    return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(Owner(), spec.title, spec.start));
+}
+
+std::optional<std::uint32_t> dlgStandard::Color(const ColorSpec& spec)
+{
+    const auto channel = [&](int shift) { return static_cast<int>((spec.start >> shift) & 0xFF); };
+    const QColor chosen = QColorDialog::getColor(QColor(channel(0), channel(8), channel(16)), Owner(), spec.title);
+    if (!chosen.isValid())
+        return std::nullopt;
+    return static_cast<std::uint32_t>(chosen.red() | (chosen.green() << 8) | (chosen.blue() << 16));
+}
+
+std::optional<FontSpec> dlgStandard::Font(const FontSpec& start)
+{
+    QFont font(start.name, start.size, start.bold ? QFont::Bold : QFont::Normal, start.italic);
+    bool accepted = false;
+    font = QFontDialog::getFont(&accepted, font, Owner());
+    if (!accepted)
+        return std::nullopt;
+    return FontSpec{font.family(), font.pointSize(), font.bold(), font.italic()};
 }
 
 } // namespace ob

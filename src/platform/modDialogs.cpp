@@ -34,6 +34,9 @@ public:
 
     std::optional<QString> Input(const InputSpec&) override { return std::nullopt; }
     QString File(const FileSpec&) override { return {}; }
+    QString Folder(const FolderSpec&) override { return {}; }
+    std::optional<std::uint32_t> Color(const ColorSpec&) override { return std::nullopt; }
+    std::optional<FontSpec> Font(const FontSpec&) override { return std::nullopt; }
 };
 
 cDialogs*& Current()
@@ -69,6 +72,21 @@ QString FileBox(const FileSpec& spec)
     if (!chosen.isEmpty())
         QDir::setCurrent(QFileInfo(chosen).absolutePath());
     return chosen;
+}
+
+QString FolderBox(const QString& title, const QString& start)
+{
+    return Current()->Folder({title, start});
+}
+
+std::optional<std::uint32_t> ColorBox(const QString& title, std::uint32_t start)
+{
+    return Current()->Color({title, start});
+}
+
+std::optional<FontSpec> FontBox(const FontSpec& start)
+{
+    return Current()->Font(start);
 }
 
 QList<FileFilter> FileFiltersOf(const QString& filter)

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -38,7 +39,25 @@ struct FileSpec {
     QString filter; // "Words|*.bas;*.bak|Other words|*.*": pairs of text and patterns
 };
 
-// The boxes themselves. The file box gives an empty string when nothing was chosen.
+struct ColorSpec {
+    QString title;
+    std::uint32_t start = 0; // red in the low byte, as the answer
+};
+
+// A font as the font box takes and gives it; the size is in points.
+struct FontSpec {
+    QString name;
+    int size = 10;
+    bool bold = false;
+    bool italic = false;
+};
+
+struct FolderSpec {
+    QString title;
+    QString start;
+};
+
+// The boxes themselves. The file and folder boxes give an empty string when nothing was chosen.
 class cDialogs {
 public:
     cDialogs() = default;
@@ -49,6 +68,9 @@ public:
     virtual BoxAnswer Message(const MessageSpec& spec) = 0;
     virtual std::optional<QString> Input(const InputSpec& spec) = 0;
     virtual QString File(const FileSpec& spec) = 0;
+    virtual QString Folder(const FolderSpec& spec) = 0;
+    virtual std::optional<std::uint32_t> Color(const ColorSpec& spec) = 0;
+    virtual std::optional<FontSpec> Font(const FontSpec& start) = 0;
 };
 
 // Puts the boxes of this process in place; the owner keeps them alive. Gives back those that stood before.
@@ -58,6 +80,9 @@ BoxAnswer MsgBox(const QString& text, BoxIcon icon = BoxIcon::None, BoxButtons b
                  const QString& title = {});
 std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial);
 QString FileBox(const FileSpec& spec);
+QString FolderBox(const QString& title, const QString& start);
+std::optional<std::uint32_t> ColorBox(const QString& title, std::uint32_t start);
+std::optional<FontSpec> FontBox(const FontSpec& start);
 
 // "Words|*.bas;*.bak|More|*.*" as the toolkit's list of filters: "Words (*.bas *.bak)", one a pair, with patterns
 // that ignore case; words that show their patterns already keep them as they are.

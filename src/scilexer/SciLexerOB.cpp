@@ -233,7 +233,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
             Direct(SCI_SETFOLDLEVEL, Unsigned(place.line),
                    FoldLevel(place.state, line.state, block.substr(at, line.length)));
         // A changed line's old state tells nothing: Scintilla may have given it another line's.
-        if (before == line.state) {
+        if (before == line.state && IsUnchanged(place.position)) {
             agreement = Agreement::Yes;
             goodEnd = place.position < brokenAt ? brokenAt : styledEnd;
         }

@@ -44,10 +44,39 @@ QString ScriptedDialogs::Describe(FilePurpose purpose, const QString& title, con
         .arg(purpose == FilePurpose::Open ? QStringLiteral("open") : QStringLiteral("save"), title, filter);
 }
 
+QString ScriptedDialogs::Describe(const ColorSpec& spec)
+{
+    return QStringLiteral("color box \"%1\" start %2").arg(spec.title).arg(spec.start, 6, 16, QLatin1Char('0'));
+}
+
+QString ScriptedDialogs::Describe(const FontSpec& font)
+{
+    return QStringLiteral("font box \"%1\" size %2 bold %3 italic %4")
+        .arg(font.name)
+        .arg(font.size)
+        .arg(font.bold)
+        .arg(font.italic);
+}
+
+void ScriptedDialogs::ExpectFolder(const QString& title, const QString& answer)
+{
+    steps.append({QStringLiteral("folder box \"%1\"").arg(title), BoxAnswer::Ok, answer, {}, {}});
+}
+
+void ScriptedDialogs::ExpectColor(const QString& title, std::uint32_t start, std::optional<std::uint32_t> answer)
+{
+    steps.append({Describe(ColorSpec{title, start}), BoxAnswer::Ok, {}, answer, {}});
+}
+
+void ScriptedDialogs::ExpectFont(const FontSpec& start, const std::optional<FontSpec>& answer)
+{
+    steps.append({Describe(start), BoxAnswer::Ok, {}, {}, answer});
+}
+
 void ScriptedDialogs::ExpectMessage(const QString& text, BoxAnswer answer, BoxIcon icon, BoxButtons buttons,
                                     const QString& title)
 {
-    steps.append({Describe(MessageSpec{text, icon, buttons, title}), answer, {}});
+    steps.append({Describe(MessageSpec{text, icon, buttons, title}), answer, {}, {}, {}});
 }
 
 void ScriptedDialogs::ExpectQuestion(const QString& text, BoxAnswer answer)
@@ -57,13 +86,13 @@ void ScriptedDialogs::ExpectQuestion(const QString& text, BoxAnswer answer)
 
 void ScriptedDialogs::ExpectInput(const InputSpec& spec, const std::optional<QString>& answer)
 {
-    steps.append({Describe(spec), BoxAnswer::Ok, answer});
+    steps.append({Describe(spec), BoxAnswer::Ok, answer, {}, {}});
 }
 
 void ScriptedDialogs::ExpectFile(FilePurpose purpose, const QString& title, const QString& filter,
                                  const QString& answer)
 {
-    steps.append({Describe(purpose, title, filter), BoxAnswer::Ok, answer});
+    steps.append({Describe(purpose, title, filter), BoxAnswer::Ok, answer, {}, {}});
 }
 
 bool ScriptedDialogs::Finished() const
@@ -101,6 +130,24 @@ QString ScriptedDialogs::File(const FileSpec& spec)
 {
     const auto step = Next(Describe(spec.purpose, spec.title, spec.filter));
     return step ? step->text.value_or(QString()) : QString();
+}
+
+QString ScriptedDialogs::Folder(const FolderSpec& spec)
+{
+    const auto step = Next(QStringLiteral("folder box \"%1\"").arg(spec.title));
+    return step ? step->text.value_or(QString()) : QString();
+}
+
+std::optional<std::uint32_t> ScriptedDialogs::Color(const ColorSpec& spec)
+{
+    const auto step = Next(Describe(spec));
+    return step ? step->color : std::nullopt;
+}
+
+std::optional<FontSpec> ScriptedDialogs::Font(const FontSpec& start)
+{
+    const auto step = Next(Describe(start));
+    return step ? step->font : std::nullopt;
 }
 
 } // namespace ob

@@ -20,22 +20,33 @@ public:
     void ExpectInput(const InputSpec& spec, const std::optional<QString>& answer);
     void ExpectFile(FilePurpose purpose, const QString& title, const QString& filter, const QString& answer);
 
+    void ExpectFolder(const QString& title, const QString& answer);
+    void ExpectColor(const QString& title, std::uint32_t start, std::optional<std::uint32_t> answer);
+    void ExpectFont(const FontSpec& start, const std::optional<FontSpec>& answer);
+
     // Whether the script has been played to its end; tells in the test's log what is left.
     bool Finished() const;
 
     BoxAnswer Message(const MessageSpec& spec) override;
     std::optional<QString> Input(const InputSpec& spec) override;
     QString File(const FileSpec& spec) override;
+    QString Folder(const FolderSpec& spec) override;
+    std::optional<std::uint32_t> Color(const ColorSpec& spec) override;
+    std::optional<FontSpec> Font(const FontSpec& start) override;
 
 private:
     struct Step {
         QString description; // everything that the box shows, on one line
         BoxAnswer answer = BoxAnswer::Ok;
         std::optional<QString> text;
+        std::optional<std::uint32_t> color;
+        std::optional<FontSpec> font;
     };
 
     static QString Describe(const MessageSpec& spec);
     static QString Describe(const InputSpec& spec);
+    static QString Describe(const ColorSpec& spec);
+    static QString Describe(const FontSpec& font);
     static QString Describe(FilePurpose purpose, const QString& title, const QString& filter);
     std::optional<Step> Next(const QString& shown);
 

@@ -34,6 +34,8 @@ TestBench::TestBench() : folderBefore(QDir::currentPath())
 
 TestBench::~TestBench()
 {
+    for (const ModalStep& step : modals)
+        QTest::qFail(qPrintable(QStringLiteral("never shown: ") + step.objectName), __FILE__, __LINE__);
     qApp->removeEventFilter(this);
     frame.reset();
     ResetState();
@@ -136,12 +138,27 @@ EngineCall TestBench::WaitForEngine() const
     return seen;
 }
 
+void TestBench::ExpectModal(const QString& objectName, std::function<void(QDialog&)> script)
+{
+    modals.append({objectName, std::move(script)});
+}
+
 bool TestBench::eventFilter(QObject* watched, QEvent* event)
 {
-    // A modal window that no script answers would hang the test.
     auto* dialog = qobject_cast<QDialog*>(watched);
-    if (event->type() == QEvent::Show && dialog != nullptr && dialog->isModal()) {
-        QTest::qFail(qPrintable(QStringLiteral("unexpected modal window: ") + dialog->windowTitle()), __FILE__,
+    if (event->type() != QEvent::Show || dialog == nullptr || !dialog->isModal())
+        return QObject::eventFilter(watched, event);
+    if (!modals.isEmpty() && modals.first().objectName == dialog->objectName()) {
+        QTimer::singleShot(0, dialog, [dialog, script = modals.takeFirst().script] {
+            script(*dialog);
+            if (dialog->isVisible()) {
+                QTest::qFail("the script left the modal window open", __FILE__, __LINE__);
+                dialog->reject();
+            }
+        });
+    } else {
+        // A modal window that no script answers would hang the test.
+        QTest::qFail(qPrintable(QStringLiteral("unexpected modal window: ") + dialog->objectName()), __FILE__,
                      __LINE__);
         QTimer::singleShot(0, dialog, &QDialog::reject);
     }

@@ -11,7 +11,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <memory>
+
+class QDialog;
 
 namespace ob {
 
@@ -53,12 +56,21 @@ public:
     QString MakeEngine(const QString& name = QStringLiteral("orchard.exe")) const;
     EngineCall WaitForEngine() const;
 
+    // The next modal tool window: the script gets it once it is shown, and must close it.
+    void ExpectModal(const QString& objectName, std::function<void(QDialog&)> script);
+
     ScriptedDialogs dialogs;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct ModalStep {
+        QString objectName;
+        std::function<void(QDialog&)> script;
+    };
+
+    QList<ModalStep> modals;
     QTemporaryDir folder;
     QString folderBefore;
     std::unique_ptr<frmMain> frame;

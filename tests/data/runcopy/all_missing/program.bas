@@ -1,0 +1,2 @@
+'include gone.bas
+end

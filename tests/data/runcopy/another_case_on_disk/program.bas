@@ -1,0 +1,3 @@
+'include a.BAS
+'include SUB\b.bas
+end

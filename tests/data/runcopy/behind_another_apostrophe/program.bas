@@ -1,0 +1,4 @@
+'not 'include a.bas
+''include b.bas
+' include a.bas
+end

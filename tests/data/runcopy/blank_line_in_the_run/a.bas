@@ -1,0 +1,3 @@
+'routines of a
+sub a1
+end sub

@@ -1,0 +1,4 @@
+'include a.bas
+
+'include b.bas
+end

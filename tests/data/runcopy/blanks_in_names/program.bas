@@ -1,0 +1,3 @@
+'include my own routines.bas
+'include a.bas 'include b.bas
+end

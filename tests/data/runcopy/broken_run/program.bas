@@ -1,0 +1,4 @@
+'include a.bas
+'a comment
+'include b.bas
+end

@@ -1,0 +1,2 @@
+'include l.bas
+'ä€

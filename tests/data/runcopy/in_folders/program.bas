@@ -1,0 +1,4 @@
+'include sub\a.bas
+'include sub/b.bas
+'include .\sub\deep\c.bas
+end

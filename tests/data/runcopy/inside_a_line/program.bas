@@ -1,0 +1,3 @@
+print 1 'include a.bas
+    'include    b.bas   
+end

@@ -1,0 +1,2 @@
+function b1()
+end function

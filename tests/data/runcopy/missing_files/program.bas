@@ -1,0 +1,4 @@
+'include gone.bas
+'include b.bas
+'include folder
+end

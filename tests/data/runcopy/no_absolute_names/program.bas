@@ -1,0 +1,4 @@
+'include \a.bas
+'include c:\a.bas
+'include /a.bas
+end

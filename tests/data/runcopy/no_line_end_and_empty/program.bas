@@ -1,0 +1,3 @@
+'include e.bas
+'include n.bas
+end

@@ -1,0 +1,2 @@
+'include b.bas
+'nested

@@ -1,0 +1,2 @@
+'include n.bas
+end

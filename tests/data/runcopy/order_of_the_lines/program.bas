@@ -1,0 +1,3 @@
+'include b.bas
+'InClUdE a.bas
+end

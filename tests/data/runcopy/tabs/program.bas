@@ -1,0 +1,3 @@
+	'include a.bas	
+'include b.bas
+end

@@ -1,0 +1,3 @@
+'include a.bas
+'include a.bas
+end

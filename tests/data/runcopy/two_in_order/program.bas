@@ -1,0 +1,3 @@
+'INCLUDE a.bas
+'include b.bas
+call a1
