@@ -92,6 +92,19 @@ void mnuEditClear_Click()
     SendToActive(SCI_CLEARALL);
 }
 
+void mnuLine_Click()
+{
+    if (MainForm->ActiveKind() == ActiveChild::None)
+        return;
+    const cDocument* document = NeedDocument();
+    if (document == nullptr)
+        return;
+    const auto answer = InputBox(QStringLiteral("Line number?"), QStringLiteral("Go to Line"), QStringLiteral("1"));
+    const std::intptr_t line = ToInt32(Val(answer.value_or(QString()))) - std::intptr_t{1};
+    SendSci(document->sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(line));
+    SendSci(document->sci, SCI_GRABFOCUS);
+}
+
 void AddTab(cDocument& document)
 {
     const Sci sci = document.sci;

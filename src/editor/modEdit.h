@@ -15,6 +15,9 @@ void mnuEditSelectAll_Click();
 void mnuEditDelete_Click();
 void mnuEditClear_Click();
 
+// Asks for a line number and puts the caret there. A cancelled box counts as line 0, which is the first line.
+void mnuLine_Click();
+
 // After the Return key has broken a line: the new line takes the indentation of the one before, one step more behind
 // "if", "do", "while" and "for"; the label lists are filled anew when the line before may hold a label.
 void AddTab(cDocument& document);

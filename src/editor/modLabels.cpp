@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <optional>
 
 namespace ob {
 
@@ -23,21 +22,21 @@ public:
     {
         Advance(nextReturn, '\r', at);
         Advance(nextFeed, '\n', at);
-        return std::min(*nextReturn, *nextFeed);
+        return std::min(nextReturn, nextFeed);
     }
 
 private:
-    void Advance(std::optional<const char*>& next, char mark, const char* at) const
+    void Advance(const char*& next, char mark, const char* at) const
     {
-        if (next && *next >= at)
+        if (next != nullptr && next >= at)
             return;
         const void* hit = std::memchr(at, mark, static_cast<std::size_t>(end - at));
         next = hit == nullptr ? end : static_cast<const char*>(hit);
     }
 
     const char* end;
-    std::optional<const char*> nextReturn;
-    std::optional<const char*> nextFeed;
+    const char* nextReturn = nullptr; // null before the first look
+    const char* nextFeed = nullptr;
 };
 
 bool StartsWith(QByteArrayView line, QByteArrayView word)

@@ -4,6 +4,9 @@
 
 #include "editor/modSyntaxTable.h"
 #include "platform/cRuntimeError.h"
+#include "platform/modAnsi.h"
+#include "platform/modDialogs.h"
+#include "platform/modFiles.h"
 
 #include <QFile>
 
@@ -43,6 +46,26 @@ QByteArray CommentText(const QByteArray& content)
 QByteArray ReadComments(const QString& folder)
 {
     return CommentText(BytesOfFile(CommentsPath(folder)));
+}
+
+QByteArray LoadCommentFile(const QString& folder)
+{
+    return BytesOfFile(CommentsPath(folder));
+}
+
+void SaveCommentFile(const QString& folder, const QString& text)
+{
+    QString lines = text;
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    const AnsiText encoded = AnsiFromText(lines + QStringLiteral("\r\n"));
+    if (encoded.lostCount > 0) {
+        const QString question = QStringLiteral("Line %1 of the comments holds a character that BASIC source files "
+                                                "cannot store.\n"
+                                                "Save with a question mark in place of each such character?");
+        if (MsgBox(question.arg(encoded.firstLostLine), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::No)
+            return;
+    }
+    ReplaceFile(CommentsPath(folder), encoded.bytes);
 }
 
 void LoadCustomKeywords(const QString& folder)

@@ -22,6 +22,13 @@ QByteArray CommentText(const QByteArray& content);
 // CommentText of the comments file in folder; one that is missing or cannot be read counts as empty.
 QByteArray ReadComments(const QString& folder);
 
+// All bytes of the comments file in folder, in the ANSI code page; none when it is missing or cannot be read.
+QByteArray LoadCommentFile(const QString& folder);
+
+// Makes the text, with a line end behind it, the comments file of folder; its line ends become CR LF. When a character
+// cannot be stored the user is asked first. Raises what ReplaceFile raises.
+void SaveCommentFile(const QString& folder, const QString& text);
+
 // Puts the keywords file of folder, in lower case (ASCII letters) and with its line end, in front of LexerKeywords. A
 // file that is missing or cannot be read changes nothing. KeywordList never has custom keywords.
 void LoadCustomKeywords(const QString& folder);

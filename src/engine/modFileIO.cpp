@@ -9,50 +9,86 @@
 
 namespace ob {
 
-static QString NotFoundText(const QString& what)
+namespace {
+
+// What a search shows: the box's filter, and the message with its icon when nothing was chosen.
+struct Search {
+    QString filter;
+    QString missing;
+    BoxIcon icon = BoxIcon::None;
+};
+
+QString NotFoundText(const QString& what)
 {
     return what + QStringLiteral(" was not found.  Be sure to specify the path to Orchard BASIC in Options!");
 }
 
-static QString AskForFile(const QString& title, const QString& filter)
+Search SearchOf(OutsideFile file)
 {
-    return FileBox({FilePurpose::Open, title, {}, {}, filter});
+    switch (file) {
+    case OutsideFile::Orchard:
+        return {QStringLiteral("Orchard BASIC |orchard.exe;*.exe;"), NotFoundText(QStringLiteral("Orchard BASIC"))};
+    case OutsideFile::Freeform:
+        return {QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak"), NotFoundText(QStringLiteral("FreeForm"))};
+    case OutsideFile::Help:
+        return {QStringLiteral("Orchard BASIC Help|orchard.hlp;*.hlp;"),
+                NotFoundText(QStringLiteral("Orchard BASIC help"))};
+    case OutsideFile::OptionalHelp:
+        return {QStringLiteral("Programming Help|*.hlp;"), QStringLiteral("The chosen Helpfile was not found."),
+                BoxIcon::Critical};
+    case OutsideFile::Runtime:
+        break;
+    }
+    return {QStringLiteral("Runtime Engine (run.exe))|*.EXE;RUN.EXE"),
+            NotFoundText(QStringLiteral("Orchard BASIC Runtime Engine"))};
 }
+
+QString Told(const QString& chosen, const Search& search)
+{
+    if (chosen.isEmpty())
+        MsgBox(search.missing, search.icon);
+    return chosen;
+}
+
+QString AskForFile(const QString& title, OutsideFile file)
+{
+    const Search search = SearchOf(file);
+    return Told(FileBox({FilePurpose::Open, title, {}, {}, search.filter}), search);
+}
+
+} // namespace
 
 QString OpenFileDialog(const QString& filter, const QString& folder)
 {
     return FileBox({FilePurpose::Open, QStringLiteral("Open File..."), folder, {}, filter});
 }
 
+QString BrowseFor(OutsideFile file)
+{
+    return AskForFile(QStringLiteral("Open"), file);
+}
+
 void FindOrchard()
 {
-    OBPath = AskForFile(QStringLiteral("Find Orchard BASIC"), QStringLiteral("Orchard BASIC |orchard.exe;*.exe;"));
-    if (OBPath.isEmpty())
-        MsgBox(NotFoundText(QStringLiteral("Orchard BASIC")));
+    OBPath = AskForFile(QStringLiteral("Find Orchard BASIC"), OutsideFile::Orchard);
 }
 
 void FindFreeform()
 {
     if (MsgBox(QStringLiteral("Find FreeForm?"), BoxIcon::Question, BoxButtons::OkCancel) == BoxAnswer::Cancel)
         return;
-    OBFreeformPath = AskForFile(QStringLiteral("Open"), QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak"));
-    if (OBFreeformPath.isEmpty())
-        MsgBox(NotFoundText(QStringLiteral("FreeForm")));
+    OBFreeformPath = BrowseFor(OutsideFile::Freeform);
 }
 
 void FindHelp()
 {
-    OBHelpPath = AskForFile(QStringLiteral("Open"), QStringLiteral("Orchard BASIC Help|orchard.hlp;*.hlp;"));
-    if (OBHelpPath.isEmpty())
-        MsgBox(NotFoundText(QStringLiteral("Orchard BASIC help")));
+    OBHelpPath = BrowseFor(OutsideFile::Help);
 }
 
 void FindOptionalHelp()
 {
-    const QString chosen = AskForFile(QStringLiteral("Open"), QStringLiteral("Programming Help|*.hlp;"));
-    if (chosen.isEmpty())
-        MsgBox(QStringLiteral("The chosen Helpfile was not found."), BoxIcon::Critical);
-    else
+    const QString chosen = BrowseFor(OutsideFile::OptionalHelp);
+    if (!chosen.isEmpty())
         OptionalHelpPath = chosen;
 }
 
@@ -61,11 +97,9 @@ void FindRuntime()
     if (MsgBox(QStringLiteral("Find Orchard BASIC Runtime Engine?"), BoxIcon::None, BoxButtons::OkCancel) ==
         BoxAnswer::Cancel)
         return;
-    const QString chosen =
-        OpenFileDialog(QStringLiteral("Runtime Engine (run.exe))|*.EXE;RUN.EXE"), QDir::currentPath());
-    if (chosen.isEmpty())
-        MsgBox(NotFoundText(QStringLiteral("Orchard BASIC Runtime Engine")));
-    else
+    const Search search = SearchOf(OutsideFile::Runtime);
+    const QString chosen = Told(OpenFileDialog(search.filter, QDir::currentPath()), search);
+    if (!chosen.isEmpty())
         OBRuntimePath = chosen;
 }
 

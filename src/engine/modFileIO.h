@@ -9,6 +9,12 @@ namespace ob {
 // A box titled "Open File..." for files that exist. The filter is "Words|*.pattern;*.pattern". Empty: nothing chosen.
 QString OpenFileDialog(const QString& filter, const QString& folder);
 
+// The files outside of the program that it works with.
+enum class OutsideFile { Orchard, Freeform, Help, OptionalHelp, Runtime };
+
+// A box titled "Open" with the filter of that file's search. Empty: nothing chosen, and the user has been told.
+QString BrowseFor(OutsideFile file);
+
 // Each asks for a file and puts it into the path of that name in the state; with none chosen it says so.
 void FindOrchard();
 void FindFreeform();

@@ -65,6 +65,13 @@ QString DecodedName(QByteArrayView name, TextEncoding encoding)
     return TextFromAnsi(encoding == TextEncoding::Ansi ? name : QByteArrayView(EncodeAnsi(name).bytes));
 }
 
+// The folder may end in a separator or not. The empty one is the current folder, which must be put in front too: the
+// name may begin with a separator.
+QString InFolder(const QString& folder, const QString& name)
+{
+    return (folder.isEmpty() ? QStringLiteral(".") : folder) + QDir::separator() + name;
+}
+
 } // namespace
 
 QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QString& folder)
@@ -76,13 +83,16 @@ QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QSt
             break;
         QString wanted = DecodedName(*name, encoding);
         wanted.replace(QLatin1Char('\\'), QDir::separator());
-        const auto path = FindIgnoringCase(folder, wanted);
-        if (!path || !FileExists(*path))
+        const auto found = FindIgnoringCase(folder, wanted);
+        if (!found)
+            continue;
+        const QString path = InFolder(folder, *found);
+        if (!FileExists(path))
             continue;
         result += "'*******************************\r\n'";
-        result += AnsiFromText(NameOf(*path)).bytes;
+        result += AnsiFromText(NameOf(path)).bytes;
         result += " begins here:\r\n\r\n";
-        result += ReadWhole(*path);
+        result += ReadWhole(path);
     }
     return result;
 }

@@ -77,8 +77,11 @@ void HandToEngine(const QString& switches)
 
 CopyPlace PlaceOfCopy(const QString& caption, const QString& programFolder)
 {
-    if (FileExists(caption))
+    if (FileExists(caption)) {
+        if (caption.size() < 3)
+            throw RuntimeErrorOf(ErrorNumber::InvalidCall);
         return {caption.chopped(3) + QStringLiteral("BAK"), caption};
+    }
     if (caption.compare(UntitledName, Qt::CaseInsensitive) == 0) {
         const QString copy = programFolder + QDir::separator() + QStringLiteral("untitled.bak");
         return {copy, copy};

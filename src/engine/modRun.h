@@ -8,7 +8,8 @@ namespace ob {
 
 // Where the copy of a program goes that is handed to the engine, by the window's caption: beside an existing file with
 // "BAK" for its last three characters; for an untitled window into the program's folder, under a caption that the
-// window keeps from then on; else the caption as it stands.
+// window keeps from then on; else the caption as it stands. Raises InvalidCall for a file's name of fewer than three
+// characters.
 struct CopyPlace {
     QString path;
     QString caption; // the window's caption from then on

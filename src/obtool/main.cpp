@@ -9,8 +9,11 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 namespace {
+
+constexpr std::string_view version = "obtool " OB_VERSION "\n";
 
 // The innermost command that the line got to.
 const CLI::App* Innermost(const CLI::App& tool)
@@ -41,17 +44,25 @@ int Failed(const std::string& file, const QString& reason)
     return 1;
 }
 
+int Answer(std::string_view text)
+{
+    try {
+        ob::WriteOutput({}, QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+        return 0;
+    } catch (const ob::ToolFailure& failure) {
+        return Failed(failure.file, failure.reason);
+    }
+}
+
 int Run(CLI::App& tool, int argc, char** argv)
 {
     try {
         tool.parse(argc, argv);
         return 0;
     } catch (const CLI::CallForHelp&) {
-        std::fputs(Innermost(tool)->help().c_str(), stdout);
-        return 0;
+        return Answer(Innermost(tool)->help());
     } catch (const CLI::CallForVersion&) {
-        std::puts("obtool " OB_VERSION);
-        return 0;
+        return Answer(version);
     } catch (const CLI::ParseError& error) {
         return WrongUsage(tool, std::string("obtool: ") + error.what());
     } catch (const ob::ToolFailure& failure) {
@@ -83,14 +94,17 @@ CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& u
     return verb;
 }
 
+std::string NotEmpty(const std::string& text)
+{
+    return text.empty() ? "a name may not be empty" : std::string();
+}
+
 } // namespace ob
 
 int main(int argc, char** argv)
 {
-    if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
-        std::puts("obtool " OB_VERSION);
-        return 0;
-    }
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0)
+        return Answer(version);
     CLI::App tool("Every tool of the bench, from the command line", "obtool");
     tool.formatter(std::make_shared<UsageFormatter>());
     tool.require_subcommand(1);

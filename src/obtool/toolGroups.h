@@ -9,6 +9,9 @@ namespace ob {
 // A verb with its usage line, which --help shows and wrong usage prints.
 CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& usage, const std::string& description);
 
+// A check for options that take a file or a folder: the reason when the text is empty.
+std::string NotEmpty(const std::string& text);
+
 void AddSourceGroup(CLI::App& tool);
 void AddWriteGroup(CLI::App& tool);
 

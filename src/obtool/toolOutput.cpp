@@ -23,7 +23,10 @@ QByteArray ReadInput(const std::string& file)
         QFile input;
         if (!input.open(stdin, QIODevice::ReadOnly))
             throw ToolFailure(file, input.errorString());
-        return input.readAll();
+        QByteArray bytes = input.readAll();
+        if (input.error() != QFileDevice::NoError)
+            throw ToolFailure(file, input.errorString());
+        return bytes;
     }
     if (!FileExists(PathOf(file)) && !FolderExists(PathOf(file)))
         throw ToolFailure(file, MissingFileText);

@@ -122,8 +122,10 @@ void AddSourceGroup(CLI::App& tool)
     CLI::App* runCopy = AddVerb(*group, "runcopy", "obtool source runcopy FILE [--folder DIR] [-o OUT]",
                                 "the run copy: the text as a save writes it, then the merged includes");
     runCopy->add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
-    runCopy->add_option("--folder", arguments->folder, "where include names are looked up")->type_name("DIR");
-    runCopy->add_option("-o", arguments->out, "write OUT instead of standard output")->type_name("OUT");
+    runCopy->add_option("--folder", arguments->folder, "where include names are looked up")
+        ->type_name("DIR")
+        ->check(NotEmpty);
+    runCopy->add_option("-o", arguments->out, "write OUT instead of standard output")->type_name("OUT")->check(NotEmpty);
     runCopy->callback([arguments] { RunCopy(*arguments); });
 
     CLI::App* syntax = AddVerb(*group, "syntax", "obtool source syntax [TERM]",

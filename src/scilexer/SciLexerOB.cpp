@@ -199,6 +199,8 @@ void cSciLexerOB::NoteStop(Position position)
         brokenAt = styledEnd = position;
     } else if (position >= brokenAt || brokenAt == styledEnd) {
         brokenAt = position;
+        if (changedEnd < position)
+            changedEnd = -1;
     } else {
         // Only one break is kept: the lines before the old one count as changed.
         changedEnd = std::max(changedEnd, brokenAt - 1);
@@ -248,7 +250,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
         if (goodEnd == styledEnd)
             brokenAt = styledEnd;
         changedEnd = -1;
-        Direct(SCI_STARTSTYLING, Unsigned(goodEnd));
+        Direct(SCI_STARTSTYLING, Unsigned(std::max(goodEnd, place.position)));
     }
     return agreement;
 }

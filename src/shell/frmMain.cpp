@@ -3,28 +3,26 @@
 #include "shell/frmMain.h"
 
 #include "editor/frmDocument.h"
+#include "guibuilder/frmPalette.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
 #include "shell/frmMainMenu.h"
-#include "shell/frmMainToolbar.h"
+#include "shell/frmMainWindows.h"
+#include "shell/frmStatusBar.h"
 #include "shell/modOptions.h"
 #include "shell/modStart.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDateTime>
 #include <QDir>
+#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLocale>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
-#include <QStatusBar>
-#include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 
@@ -57,21 +55,11 @@ frmMain::frmMain()
     TwipsPerPixelY = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchY()));
 
     items = BuildMenu(*menuBar());
-    mdi = new QMdiArea(this);
-    mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    mdi->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-    setCentralWidget(mdi);
-    connect(mdi, &QMdiArea::subWindowActivated, this, &frmMain::SubWindowActivated);
-
-    tbToolBar = addToolBar(QStringLiteral("Bench Toolbar"));
-    tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
-    tbToolBar->setMovable(false);
-    tbToolBar->setIconSize(QSize(20, 20));
-    tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
-    buttons = BuildToolbar(*tbToolBar, items);
-    items[QStringLiteral("mnuOptionsToolbar")]->setChecked(true);
-    MakeStatusBar();
+    MakeCentre();
+    MakeToolbar();
+    KeepWindowList(*this);
+    sbStatusBar = new frmStatusBar(this);
+    setStatusBar(sbStatusBar);
 }
 
 frmMain::~frmMain()
@@ -83,38 +71,63 @@ frmMain::~frmMain()
         MainForm = nullptr;
 }
 
-void frmMain::MakeStatusBar()
+void frmMain::MakeCentre()
 {
-    QStatusBar* sbStatusBar = statusBar();
-    sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
-    statusText = new QLabel(this);
-    statusText->setTextFormat(Qt::PlainText);
-    // A long text must not force the window wide.
-    statusText->setMinimumWidth(1);
-    statusText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    statusText->setObjectName(QStringLiteral("statusText"));
-    sbStatusBar->addWidget(statusText, 1);
-    statusDate = new QLabel(this);
-    statusTime = new QLabel(this);
-    sbStatusBar->addPermanentWidget(statusDate);
-    sbStatusBar->addPermanentWidget(statusTime);
-    ShowClock();
+    auto* centre = new QWidget(this);
+    picGui = new frmPalette(centre);
+    picGui->hide();
+    connect(picGui, &frmPalette::CloseWanted, this, [this] { ShowPalette(false); });
+    mdi = new QMdiArea(centre);
+    mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    connect(mdi, &QMdiArea::subWindowActivated, this, &frmMain::SubWindowActivated);
+    auto* row = new QHBoxLayout(centre);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(picGui);
+    row->addWidget(mdi, 1);
+    setCentralWidget(centre);
 }
 
-void frmMain::ShowClock()
+void frmMain::MakeToolbar()
 {
-    const QDateTime now = QDateTime::currentDateTime();
-    statusDate->setText(QLocale::system().toString(now.date(), QLocale::ShortFormat));
-    QString format = QLocale::system().timeFormat(QLocale::ShortFormat);
-    statusTime->setText(QLocale::system().toString(now.time(), format.remove(QLatin1String(":ss"))));
-    const int untilNextMinute = 60'000 - (now.time().msecsSinceStartOfDay() % 60'000);
-    QTimer::singleShot(untilNextMinute + 20, this, &frmMain::ShowClock);
+    tbToolBar = addToolBar(QStringLiteral("Bench Toolbar"));
+    tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
+    tbToolBar->setMovable(false);
+    tbToolBar->setIconSize(QSize(20, 20));
+    tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    tbToolBar->installEventFilter(this);
+    toolbar = BuildToolbar(*tbToolBar, items);
+    items[QStringLiteral("mnuOptionsToolbar")]->setChecked(true);
+}
+
+void frmMain::RefreshUserButtonMenu()
+{
+    ShowUserApplicationItems(toolbar.userItems);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event)
+{
+    // The toolbar itself sees only what falls on its free area.
+    if (watched == tbToolBar && event->type() == QEvent::MouseButtonDblClick)
+        RunCommand([this] { AskToHideToolbar(); });
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::AskToHideToolbar()
+{
+    if (MsgBox(QStringLiteral("Would you like to hide this toolbar? (Options menu will allow you to display it "
+                              "again.)"),
+               BoxIcon::Question, BoxButtons::YesNo, QStringLiteral("Hide Toolbar?")) == BoxAnswer::Yes)
+        ShowToolbar(false);
 }
 
 void frmMain::Load()
 {
     LoadState();
     PlaceWindow();
+    RefreshUserButtonMenu();
     OpenAtLoad();
     show();
     setWindowTitle(MainCaption());
@@ -215,8 +228,7 @@ void frmMain::ActivateChild(QWidget* child)
 
 void frmMain::SetStatusPanel(const QString& text)
 {
-    statusText->setText(text);
-    statusText->setToolTip(text);
+    sbStatusBar->SetText(text);
 }
 
 void frmMain::EnableItem(const QString& name, bool enable)
@@ -227,7 +239,7 @@ void frmMain::EnableItem(const QString& name, bool enable)
 
 void frmMain::EnableButton(int place, bool enable)
 {
-    if (QAction* button = buttons.value(place - 1))
+    if (QAction* button = toolbar.buttons.value(place - 1))
         button->setEnabled(enable);
 }
 
@@ -275,10 +287,22 @@ void frmMain::ShowToolbar(bool show)
     Item(QStringLiteral("mnuOptionsToolbar"))->setChecked(show);
 }
 
+void frmMain::ShowPalette(bool show)
+{
+    picGui->setVisible(show);
+    Item(QStringLiteral("mnuViewGuiBar"))->setChecked(show);
+}
+
 void mnuOptionsToolbar_Click()
 {
     auto* frame = dynamic_cast<frmMain*>(MainForm);
     frame->ShowToolbar(frame->Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
+}
+
+void mnuViewGuiBar_Click()
+{
+    auto* frame = dynamic_cast<frmMain*>(MainForm);
+    frame->ShowPalette(frame->Item(QStringLiteral("mnuViewGuiBar"))->isChecked());
 }
 
 void frmMain::closeEvent(QCloseEvent* event)

@@ -3,12 +3,12 @@
 #pragma once
 
 #include "shell/cMainForm.h"
+#include "shell/frmMainToolbar.h"
 
 #include <QHash>
 #include <QMainWindow>
 
 class QKeyEvent;
-class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 class QToolBar;
@@ -16,6 +16,8 @@ class QToolBar;
 namespace ob {
 
 class frmDocument;
+class frmPalette;
+class frmStatusBar;
 
 class frmMain final : public QMainWindow, public cMainForm {
     Q_OBJECT
@@ -47,16 +49,24 @@ public:
     // Whether an item that can be chosen now has the key.
     bool HasShortcut(const QKeyEvent& key) const;
 
+    QMdiArea& Area() { return *mdi; }
+
     void ShowToolbar(bool show);
+    void ShowPalette(bool show);
+
+    // The items of the toolbar's "User" button show the user applications.
+    void RefreshUserButtonMenu();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void MakeStatusBar();
-    void ShowClock();
+    void MakeToolbar();
+    void MakeCentre();
+    void AskToHideToolbar();
     void PlaceWindow();
     frmDocument* AddWindow(cDocument& document);
     void SubWindowActivated(QMdiSubWindow* window);
@@ -65,14 +75,14 @@ private:
 
     QMdiArea* mdi = nullptr;
     QToolBar* tbToolBar = nullptr;
-    QLabel* statusText = nullptr;
-    QLabel* statusDate = nullptr;
-    QLabel* statusTime = nullptr;
+    frmPalette* picGui = nullptr;
+    frmStatusBar* sbStatusBar = nullptr;
     QHash<QString, QAction*> items;
-    QList<QAction*> buttons;
+    ToolbarParts toolbar;
     QWidget* activeChild = nullptr;
 };
 
 void mnuOptionsToolbar_Click();
+void mnuViewGuiBar_Click();
 
 } // namespace ob

@@ -21,6 +21,7 @@ struct MenuRow {
     const char* name;
     const char* caption;
     const char* key;
+    const char* icon; // resources/icons/ICON.svg; empty for none
     ItemKind kind;
     void (*click)(); // null while the item's tool is not there: the item then does nothing
 };

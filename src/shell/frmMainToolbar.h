@@ -10,8 +10,16 @@ class QToolBar;
 
 namespace ob {
 
-// Fills the toolbar; every button does what the menu item of its row does. Gives the buttons in their order, a null
-// pointer for each separator, so that button N stands at index N - 1.
-QList<QAction*> BuildToolbar(QToolBar& bar, const QHash<QString, QAction*>& items);
+// What the main window keeps of its toolbar. Button N stands at index N - 1, a null pointer for each separator.
+struct ToolbarParts {
+    QList<QAction*> buttons;
+    QList<QAction*> userItems; // of the "User" button, "one" to "ten"
+};
+
+// Fills the toolbar; every button, and every item of its menu, does what the menu item of its row does.
+ToolbarParts BuildToolbar(QToolBar& bar, const QHash<QString, QAction*>& items);
+
+// Shows the user applications on the items of the "User" button; those that hold none are hidden.
+void ShowUserApplicationItems(const QList<QAction*>& userItems);
 
 } // namespace ob

@@ -135,10 +135,15 @@ void ReadAllSettings()
         PassingErrorsOver([&] { Read(setting); });
     if (SyntaxColor >= 2)
         SyntaxColor = 1;
-    for (const ColorSetting& color : colorOrder)
-        *color.variable = color.initial;
+    RestoreDefaultColors();
     for (const ColorSetting& color : colorOrder)
         PassingErrorsOver([&] { *color.variable = ReadColor(color); });
+}
+
+void RestoreDefaultColors()
+{
+    for (const ColorSetting& color : colorOrder)
+        *color.variable = color.initial;
 }
 
 void SaveAllSettings()

@@ -8,6 +8,9 @@ namespace ob {
 // boolean, or a number too large, leaves the variable as it was.
 void ReadAllSettings();
 
+// Puts the eight colours of the code windows to their defaults.
+void RestoreDefaultColors();
+
 // Writes the recent files and every setting but the main window's place.
 void SaveAllSettings();
 

@@ -187,6 +187,8 @@ private Q_SLOTS:
     void FoldLevelsHangOnTheProperty();
     void AKeystrokeInAMillionLinesLexesFewLines();
     void AnOpenedBlockLexesNoFurtherThanIsSeen();
+    void BlocksOpenedOneBeforeTheOtherKeepStates();
+    void ADeletionThatScrollsKeepsStates();
     void StrangeTextIsStyled_data();
     void StrangeTextIsStyled();
     void BracesAtTheCaretAreMarked_data();
@@ -252,22 +254,38 @@ void win_SciLexerOB::LexesNoFurtherThanIsSeen()
 void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew_data()
 {
     QTest::addColumn<int>("seed");
-    for (int seed = 1; seed <= 4; ++seed)
-        QTest::addRow("seed %d", seed) << seed;
+    QTest::addColumn<bool>("isPlain");
+    QTest::addColumn<int>("reach");
+    for (int seed = 1; seed <= 2; ++seed) {
+        QTest::addRow("anywhere in a program, seed %d", seed) << seed << false << 1000000;
+        QTest::addRow("anywhere in plain lines, seed %d", seed) << seed << true << 1000000;
+        QTest::addRow("near the end of plain lines, seed %d", seed) << seed << true << 600;
+        QTest::addRow("near the end of a short text, seed %d", seed) << seed << false << 3000;
+    }
 }
 
-// Edits anywhere, with looks at the window or at some part of the text between them.
+// Edits with looks at the window or at some part of the text between them. `reach` tells how far before the end of
+// the text the edits lie. In plain lines no block but those of the edits is open, so that they carry far.
 void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew()
 {
     QFETCH(int, seed);
+    QFETCH(bool, isPlain);
+    QFETCH(int, reach);
     BasicSource random(static_cast<std::uint64_t>(seed) + 100);
-    Bench bench(random.Lines(600));
+    std::string text = random.Lines(reach == 3000 ? 40 : 600);
+    if (isPlain) {
+        text.clear();
+        for (int i = 0; i < 2000; ++i)
+            text += "print i, \"line\"\r\n";
+    }
+    Bench bench(text);
     SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
     for (int step = 0; step < 2000; ++step) {
         const auto length = static_cast<std::size_t>(bench.Length());
-        const auto from = static_cast<std::intptr_t>(random.Below(length + 1));
-        const std::size_t room = length - static_cast<std::size_t>(from);
-        const std::size_t cut = random.Below(3) == 0 ? std::min(room, random.Below(length > 40000 ? 1500 : 60)) : 0;
+        const std::size_t room = random.Below(std::min(length, static_cast<std::size_t>(reach)) + 1);
+        const auto from = static_cast<std::intptr_t>(length - room);
+        const bool isLong = length > text.size() + 500;
+        const std::size_t cut = random.Below(3) == 0 ? std::min(room, random.Below(isLong ? 400 : 60)) : 0;
         bench.Replace(from, from + static_cast<std::intptr_t>(cut),
                       cut != 0 && random.Below(2) == 0 ? "" : Pieces[random.Below(std::size(Pieces))]);
         switch (random.Below(4)) {
@@ -275,7 +293,7 @@ void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew()
             bench.Paint();
             break;
         case 1:
-            // Asks for the styles of a part as a paint of that part would.
+            // Styles at least up to some other part.
             SendSci(bench.sci, SCI_GOTOPOS, random.Below(static_cast<std::size_t>(bench.Length()) + 1));
             bench.Paint();
             break;
@@ -416,6 +434,49 @@ void win_SciLexerOB::AnOpenedBlockLexesNoFurtherThanIsSeen()
     QVERIFY(typeAndCount("next i\r\n") < fewLines);
     QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
     QVERIFY(IsAsLexed(bench));
+}
+
+void win_SciLexerOB::BlocksOpenedOneBeforeTheOtherKeepStates()
+{
+    std::string text;
+    for (int i = 0; i < 5000; ++i)
+        text += "print \"line\"\r\n";
+    Bench bench(text);
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    const auto typeAt = [&](std::uintptr_t line, std::string_view typed) {
+        SendSci(bench.sci, SCI_GOTOLINE, line);
+        bench.Paint();
+        bench.Insert(SendSci(bench.sci, SCI_GETCURRENTPOS), typed);
+        bench.Paint();
+        return IsAsLexed(bench);
+    };
+    QVERIFY(typeAt(2000, "for i = 1 to 2\r\n"));
+    QVERIFY(typeAt(100, "while a\r\n"));
+    QVERIFY(typeAt(50, "cls\r\n"));
+    QVERIFY(typeAt(1000, "wend\r\n"));
+    QVERIFY(typeAt(3000, "next i\r\n"));
+    QVERIFY(typeAt(4000, "cls\r\n"));
+    SendSci(bench.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(bench.Length()));
+    bench.Paint();
+    QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    QVERIFY(IsAsLexed(bench));
+}
+
+// The shorter text moves the scroll bar, which asks for styles while the deletion still goes on.
+void win_SciLexerOB::ADeletionThatScrollsKeepsStates()
+{
+    std::string text;
+    for (int i = 0; i < 300; ++i)
+        text += i == 290 ? "for i = 1 to 2\r\n" : "print \"line\"\r\n";
+    Bench bench(text);
+    SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
+    SendSci(bench.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(bench.Length()));
+    bench.Paint();
+    bench.Replace(SendSci(bench.sci, SCI_POSITIONFROMLINE, 289), SendSci(bench.sci, SCI_POSITIONFROMLINE, 291), "");
+    bench.Paint();
+    QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
+    QVERIFY(IsAsLexed(bench));
+    QCOMPARE(SendSci(bench.sci, SCI_GETLINESTATE, 297), 0);
 }
 
 void win_SciLexerOB::StrangeTextIsStyled_data()

@@ -1,0 +1,5 @@
+' comment
+rem more
+if a then 'x
+  print "a(b)"; #h.x, [label]
+end if

@@ -1,0 +1,1 @@
+for i=1 to 2.5e-3:a$(i)=left$(b$,(i+1)):nextselect case xend select

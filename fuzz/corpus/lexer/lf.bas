@@ -1,0 +1,7 @@
+sub a
+function b(c)
+end function
+end sub
+do
+loop while x
+[[ [a] "open

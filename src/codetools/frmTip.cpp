@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tip of the day.
+#include "codetools/frmTip.h"
+
+#include "codetools/modTips.h"
+#include "platform/modDialogs.h"
+#include "shell/Module1.h"
+#include "shell/frmTool.h"
+#include "ui_frmTip.h"
+
+namespace ob {
+
+frmTip::frmTip(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmTip>()), tips(LoadTips())
+{
+    ui->setupUi(this);
+    ui->picTip->setPixmap(QIcon(QStringLiteral(":/icons/tip.svg")).pixmap(48, 48));
+    ui->chkLoadTipsAtStartup->setChecked(ShowTips);
+    current = FirstTip(RandomNumber(), static_cast<int>(tips.size()));
+    DisplayCurrentTip();
+    connect(ui->cmdNextTip, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdNextTip_Click(); }); });
+    connect(ui->chkLoadTipsAtStartup, &QCheckBox::clicked, this,
+            [this] { RunCommand([this] { chkLoadTipsAtStartup_Click(); }); });
+    connect(ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+frmTip::~frmTip() = default;
+
+void frmTip::done(int result)
+{
+    chkLoadTipsAtStartup_Click();
+    QDialog::done(result);
+}
+
+void frmTip::DisplayCurrentTip()
+{
+    if (!tips.isEmpty())
+        ui->lblTipText->setText(tips[current - 1]);
+}
+
+void frmTip::cmdNextTip_Click()
+{
+    current = NextTip(current, static_cast<int>(tips.size()));
+    DisplayCurrentTip();
+}
+
+void frmTip::chkLoadTipsAtStartup_Click()
+{
+    ShowTips = ui->chkLoadTipsAtStartup->isChecked();
+    StoreShowTips();
+}
+
+void mnuOptionShowTip_Click()
+{
+    ShowTool<frmTip>();
+}
+
+} // namespace ob

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The keyboard's lock keys.
+#pragma once
+
+namespace ob {
+
+enum class LockKey { NumLock, CapsLock };
+
+// Whether the lock is on, as far as the system tells; off where it does not.
+bool IsLockOn(LockKey key);
+
+} // namespace ob

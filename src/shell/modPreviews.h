@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's own previews: a colour and a font, told in the status bar.
+#pragma once
+
+#include "shell/Module1.h"
+
+namespace ob {
+
+// "R- 1     G- 2     B- 3     Long- 197121"
+QString ColorStatus(ColorRef color);
+
+void mnuColorDialog_Click();
+void mnuToolFont_Click();
+
+} // namespace ob

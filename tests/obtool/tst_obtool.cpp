@@ -1,0 +1,526 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// obtool as other programs call it: what it writes where, and its exit status.
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <filesystem>
+#include <memory>
+
+namespace {
+
+const QString Tool = QStringLiteral(OB_BIN "/obtool");
+const QString Data = QStringLiteral(OB_TEST_DATA "/obtool/");
+const QString RunCopyCases = QStringLiteral(OB_TEST_DATA "/runcopy/");
+
+constexpr char StylesUsage[] = "usage: obtool source styles FILE";
+constexpr char RunCopyUsage[] = "usage: obtool source runcopy FILE [--folder DIR] [-o OUT]";
+constexpr char SyntaxUsage[] = "usage: obtool source syntax [TERM]";
+constexpr char KeywordsUsage[] = "usage: obtool source keywords [--lexer]";
+constexpr char LibraryUsage[] = "usage: obtool write library wrapper32|printer32|jpeg|snippets";
+
+struct Result {
+    int status = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+Result Finish(QProcess& process, const QByteArray& input)
+{
+    if (!process.waitForStarted()) {
+        QTest::qFail("the tool cannot be started", __FILE__, __LINE__);
+        return {};
+    }
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
+        QTest::qFail("the tool did not come to its end", __FILE__, __LINE__);
+        return {};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+Result Run(const QStringList& arguments, const QByteArray& input = {}, const QString& tool = Tool)
+{
+    QProcess process;
+    process.start(tool, arguments);
+    return Finish(process, input);
+}
+
+// The words of a line, parted at blanks.
+QStringList Words(const char* line)
+{
+    return QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+QByteArray Get(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
+}
+
+} // namespace
+
+class tst_obtool : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        QDir::setCurrent(folder->path());
+    }
+    void cleanup()
+    {
+        QDir::setCurrent(QDir::rootPath());
+        folder.reset();
+    }
+
+    // --- Help and version. ---
+
+    void TheVersionIsOneLine()
+    {
+        const Result result = Run({QStringLiteral("--version")});
+        QCOMPARE(result.status, 0);
+        const QRegularExpression line(QStringLiteral("^obtool [0-9]+\\.[0-9]+\\.[0-9]+\n$"));
+        QVERIFY2(line.match(QString::fromUtf8(result.out)).hasMatch(), result.out.constData());
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void HelpAnswersAtEveryLevel_data()
+    {
+        QTest::addColumn<QByteArray>("arguments");
+        QTest::addColumn<QByteArray>("holds");
+        QTest::newRow("tool") << QByteArray("--help") << QByteArray("usage: obtool GROUP VERB [OPTIONS] ARGUMENTS");
+        QTest::newRow("source") << QByteArray("source --help")
+                                << QByteArray("usage: obtool source VERB [OPTIONS] ARGUMENTS");
+        QTest::newRow("write") << QByteArray("write --help")
+                               << QByteArray("usage: obtool write VERB [OPTIONS] ARGUMENTS");
+        QTest::newRow("styles") << QByteArray("source styles --help") << QByteArray(StylesUsage);
+        QTest::newRow("runcopy") << QByteArray("source runcopy --help") << QByteArray(RunCopyUsage);
+        QTest::newRow("syntax") << QByteArray("source syntax --help") << QByteArray(SyntaxUsage);
+        QTest::newRow("keywords") << QByteArray("source keywords --help") << QByteArray(KeywordsUsage);
+        QTest::newRow("library") << QByteArray("write library --help") << QByteArray(LibraryUsage);
+        QTest::newRow("behind arguments") << QByteArray("source runcopy gone.bas --help") << QByteArray(RunCopyUsage);
+    }
+
+    void HelpAnswersAtEveryLevel()
+    {
+        QFETCH(QByteArray, arguments);
+        QFETCH(QByteArray, holds);
+        const Result result = Run(Words(arguments.constData()));
+        QCOMPARE(result.status, 0);
+        QVERIFY2(result.out.split('\n').contains(holds), result.out.constData());
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void TheHelpOfAGroupNamesItsVerbs()
+    {
+        const QByteArray help = Run({QStringLiteral("source"), QStringLiteral("--help")}).out;
+        for (const char* verb : {"styles", "runcopy", "syntax", "keywords"})
+            QVERIFY2(help.contains(verb), verb);
+    }
+
+    // --- Wrong usage. ---
+
+    void WrongUsageIsStatus2WithTheUsageLine_data()
+    {
+        QTest::addColumn<QByteArray>("arguments");
+        QTest::addColumn<QByteArray>("usage");
+        const auto row = [](const char* arguments, const char* usage) {
+            QTest::newRow(*arguments == '\0' ? "nothing" : arguments) << QByteArray(arguments) << QByteArray(usage);
+        };
+        constexpr char toolUsage[] = "usage: obtool GROUP VERB [OPTIONS] ARGUMENTS";
+        constexpr char sourceUsage[] = "usage: obtool source VERB [OPTIONS] ARGUMENTS";
+        row("", toolUsage);
+        row("bogus", toolUsage);
+        row("--bogus", toolUsage);
+        row("Source styles x.bas", toolUsage);
+        row("source", sourceUsage);
+        row("source bogus", sourceUsage);
+        row("source --bogus", sourceUsage);
+        row("source STYLES x.bas", sourceUsage);
+        row("source styles", StylesUsage);
+        row("source styles --bogus x.bas", StylesUsage);
+        row("source styles x.bas --bogus", StylesUsage);
+        row("source styles x.bas y.bas", StylesUsage);
+        row("source styles -x.bas", StylesUsage);
+        row("source styles x.bas -o y", StylesUsage);
+        row("source runcopy", RunCopyUsage);
+        row("source runcopy x.bas -o", RunCopyUsage);
+        row("source runcopy x.bas --folder", RunCopyUsage);
+        row("source runcopy x.bas --fold .", RunCopyUsage);
+        row("source runcopy x.bas -o a -o b", RunCopyUsage);
+        row("source syntax print beep", SyntaxUsage);
+        row("source keywords --bogus", KeywordsUsage);
+        row("source keywords x", KeywordsUsage);
+        row("write library", LibraryUsage);
+        row("write library nothing", LibraryUsage);
+        row("write library Snippets", LibraryUsage);
+        row("write library snippets jpeg", LibraryUsage);
+    }
+
+    void WrongUsageIsStatus2WithTheUsageLine()
+    {
+        QFETCH(QByteArray, arguments);
+        QFETCH(QByteArray, usage);
+        Put("x.bas", "print 1\r\n");
+        const Result result = Run(Words(arguments.constData()));
+        QCOMPARE(result.status, 2);
+        QCOMPARE(result.out, QByteArray());
+        QVERIFY2(result.err.endsWith("\n" + usage + "\n"), result.err.constData());
+        QCOMPARE(Entries(), QStringList{QStringLiteral("x.bas")});
+    }
+
+    void AnEmptyNameIsWrongUsage()
+    {
+        Put("x.bas", "print 1\r\n");
+        for (const char* option : {"-o", "--folder"}) {
+            const Result result = Run(
+                {QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("x.bas"), QLatin1String(option), {}});
+            QCOMPARE(result.status, 2);
+            QCOMPARE(result.out, QByteArray());
+            QVERIFY2(result.err.endsWith(QByteArray("\n") + RunCopyUsage + "\n"), result.err.constData());
+        }
+    }
+
+    // --- Failures. ---
+
+    void FailedWorkIsStatus1WithOneLine_data()
+    {
+        QTest::addColumn<QByteArray>("arguments");
+        QTest::addColumn<QByteArray>("line");
+        QTest::newRow("missing file") << QByteArray("source styles gone.bas")
+                                      << QByteArray("gone.bas: File does not exist or is corrupt.");
+        QTest::newRow("a folder") << QByteArray("source styles folder")
+                                  << QByteArray("folder: Path/File access error");
+        QTest::newRow("empty file") << QByteArray("source styles empty.bas")
+                                    << QByteArray("empty.bas: Invalid procedure call or argument");
+        QTest::newRow("one byte") << QByteArray("source runcopy one.bas")
+                                  << QByteArray("one.bas: Invalid procedure call or argument");
+        QTest::newRow("empty standard input") << QByteArray("source runcopy -")
+                                              << QByteArray("-: Invalid procedure call or argument");
+        QTest::newRow("missing include folder") << QByteArray("source runcopy x.bas --folder gone")
+                                                << QByteArray("gone: Path not found");
+        QTest::newRow("missing folder of OUT") << QByteArray("source runcopy x.bas -o gone/out.bak")
+                                               << QByteArray("gone/out.bak: Path not found");
+        QTest::newRow("OUT is a folder") << QByteArray("source runcopy x.bas -o folder")
+                                         << QByteArray("folder: Path/File access error");
+    }
+
+    void FailedWorkIsStatus1WithOneLine()
+    {
+        QFETCH(QByteArray, arguments);
+        QFETCH(QByteArray, line);
+        QDir().mkdir(QStringLiteral("folder"));
+        Put("x.bas", "print 1\r\n");
+        Put("empty.bas", "");
+        Put("one.bas", "x");
+        const QStringList before = Entries();
+        const Result result = Run(Words(arguments.constData()));
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err, "obtool: " + line + "\n");
+        QCOMPARE(Entries(), before);
+    }
+
+    void AnOlderOutIsKeptWhenTheWorkFails_data()
+    {
+        QTest::addColumn<QByteArray>("arguments");
+        QTest::newRow("missing file") << QByteArray("source runcopy gone.bas -o out.bak");
+        QTest::newRow("one byte") << QByteArray("source runcopy one.bas -o out.bak");
+        QTest::newRow("missing include folder") << QByteArray("source runcopy x.bas --folder gone -o out.bak");
+        QTest::newRow("wrong usage") << QByteArray("source runcopy x.bas --bogus -o out.bak");
+    }
+
+    void AnOlderOutIsKeptWhenTheWorkFails()
+    {
+        QFETCH(QByteArray, arguments);
+        Put("x.bas", "print 1\r\n");
+        Put("one.bas", "x");
+        Put("out.bak", "older");
+        const QStringList before = Entries();
+        QVERIFY(Run(Words(arguments.constData())).status != 0);
+        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("older"));
+        QCOMPARE(Entries(), before);
+    }
+
+#ifdef Q_OS_LINUX
+    void AFullStandardOutputIsAFailure_data()
+    {
+        QTest::addColumn<QByteArray>("arguments");
+        for (const char* arguments : {"--version", "--help", "source --help", "source styles --help", "source styles x.bas",
+                                      "source runcopy x.bas", "source syntax", "source syntax print", "source keywords",
+                                      "source keywords --lexer", "write library snippets"})
+            QTest::newRow(arguments) << QByteArray(arguments);
+    }
+
+    void AFullStandardOutputIsAFailure()
+    {
+        QFETCH(QByteArray, arguments);
+        Put("x.bas", "print 1\r\n");
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        process.start(Tool, Words(arguments.constData()));
+        const Result result = Finish(process, {});
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.err, QByteArray("obtool: standard output: cannot be written\n"));
+    }
+
+    void AFullOutIsAFailure()
+    {
+        Put("x.bas", "print 1\r\n");
+        const Result result = Run(Words("source runcopy x.bas -o /dev/full"));
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.err, QByteArray("obtool: /dev/full: Disk full\n"));
+    }
+
+    void AFullDiskKeepsAnOlderOut()
+    {
+        Put("x.bas", QByteArray(100'000, 'x') + "\r\n");
+        Put("out.bak", "older");
+        const QStringList before = Entries();
+        QProcess process;
+        process.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"), QStringLiteral("trap '' XFSZ; ulimit -f 8; exec \"$@\""),
+                       QStringLiteral("sh"), Tool, QStringLiteral("source"), QStringLiteral("runcopy"),
+                       QStringLiteral("x.bas"), QStringLiteral("-o"), QStringLiteral("out.bak")});
+        const Result result = Finish(process, {});
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.err, QByteArray("obtool: out.bak: Disk full\n"));
+        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("older"));
+        QCOMPARE(Entries(), before);
+    }
+
+    void AStandardInputThatCannotBeReadIsAFailure()
+    {
+        QProcess process;
+        process.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"), QStringLiteral("exec \"$@\" <&-"), QStringLiteral("sh"), Tool,
+                       QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("-")});
+        const Result result = Finish(process, {});
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err, QByteArray("obtool: -: Bad file descriptor\n"));
+    }
+#endif
+
+    // --- Files. ---
+
+    void OutIsReplacedByANewFile()
+    {
+        Put("x.bas", "print 1\r\n");
+        Put("out.bak", "a much longer older text");
+        std::error_code error;
+        std::filesystem::create_hard_link("out.bak", "second name", error);
+        if (error)
+            QSKIP("no hard links here");
+        const Result result = Run(Words("source runcopy x.bas -o out.bak"));
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("print 1 \r\n"));
+        QCOMPARE(Get(QStringLiteral("second name")), QByteArray("a much longer older text"));
+        QCOMPARE(Entries(), (QStringList{QStringLiteral("out.bak"), QStringLiteral("second name"), QStringLiteral("x.bas")}));
+    }
+
+    void OutMayBeTheFileItself()
+    {
+        Put("x.bas", "print 1\r\n");
+        QCOMPARE(Run(Words("source runcopy -o x.bas x.bas")).status, 0);
+        QCOMPARE(Get(QStringLiteral("x.bas")), QByteArray("print 1 \r\n"));
+    }
+
+    void ADashIsStandardInput()
+    {
+        Put("lib.bas", "'lib\r\n");
+        const QByteArray program = "'include lib.bas\r\nend\r\n";
+        const QByteArray copy = "'include lib.bas\r\nend \r\n'*******************************\r\n"
+                                "'lib.bas begins here:\r\n\r\n'lib\r\n\r\n";
+        Result result = Run(Words("source runcopy -"), program);
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, copy);
+        QCOMPARE(result.err, QByteArray());
+
+        QDir::setCurrent(QDir::rootPath());
+        QCOMPARE(Run(Words("source runcopy -"), program).out, QByteArray("'include lib.bas\r\nend \r\n"));
+        result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("--folder"), folder->path(),
+                      QStringLiteral("-")},
+                     program);
+        QCOMPARE(result.out, copy);
+        QCOMPARE(Run(Words("source styles -"), "end\r\n").out, QByteArray("0\t3\t3\n"));
+    }
+
+    void TwoDashesEndTheOptions()
+    {
+        Put("-x.bas", "end\r\n");
+        Put("--help", "end\r\n");
+        QCOMPARE(Run(Words("source styles -- -x.bas")).out, QByteArray("0\t3\t3\n"));
+        QCOMPARE(Run(Words("source styles -- --help")).out, QByteArray("0\t3\t3\n"));
+        QCOMPARE(Run(Words("source runcopy -o out.bak -- -x.bas")).status, 0);
+        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("end \r\n"));
+        QCOMPARE(Run(Words("source syntax -- --beep")).out, QByteArray("No syntax help available for that term."));
+        const Result result = Run(Words("source runcopy -- -x.bas -o out.bak"));
+        QCOMPARE(result.status, 2);
+    }
+
+    void NamesMayHoldAnyCharacter_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("blanks") << QStringLiteral(" my program .bas");
+        QTest::newRow("letters beyond ASCII") << QStringLiteral("\u00DCb\u4E2D.bas");
+        QTest::newRow("brackets and commas") << QStringLiteral("[a,b].bas");
+        QTest::newRow("quotes") << QStringLiteral("'a\".bas");
+        QTest::newRow("equals") << QStringLiteral("a=b.bas");
+        QTest::newRow("a verb") << QStringLiteral("styles");
+        QTest::newRow("a group") << QStringLiteral("source");
+    }
+
+    void NamesMayHoldAnyCharacter()
+    {
+        QFETCH(QString, name);
+        Put(name, "end\r\n");
+        const Result result = Run({QStringLiteral("source"), QStringLiteral("styles"), name});
+        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.out, QByteArray("0\t3\t3\n"));
+        QCOMPARE(Run({QStringLiteral("source"), QStringLiteral("runcopy"), name, QStringLiteral("-o"), name}).status, 0);
+        QCOMPARE(Get(name), QByteArray("end \r\n"));
+    }
+
+    // --- source. ---
+
+    void StylesAreRunsOfBytes()
+    {
+        const Result result = Run({QStringLiteral("source"), QStringLiteral("styles"), Data + QStringLiteral("styles.bas")});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, Get(Data + QStringLiteral("styles.txt")));
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void AnEmptyTextHasNoStyles()
+    {
+        Put("x.bas", "\r\n");
+        const Result result = Run(Words("source styles x.bas"));
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, QByteArray());
+    }
+
+    void RunCopiesAreWholeFiles_data()
+    {
+        QTest::addColumn<QString>("path");
+        const QStringList names = QDir(RunCopyCases).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        QVERIFY(names.size() > 20);
+        for (const QString& name : names)
+            QTest::newRow(qPrintable(name)) << RunCopyCases + name;
+    }
+
+    void RunCopiesAreWholeFiles()
+    {
+        QFETCH(QString, path);
+        const QByteArray expected = Get(path + QStringLiteral("/expected.copy"));
+        Result result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), path + QStringLiteral("/program.bas")});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, expected);
+        QCOMPARE(result.err, QByteArray());
+        result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("-"), QStringLiteral("--folder"),
+                      path, QStringLiteral("-o"), QStringLiteral("out.bak")},
+                     Get(path + QStringLiteral("/program.bas")));
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(Get(QStringLiteral("out.bak")), expected);
+        QDir::setCurrent(path);
+        QCOMPARE(Run(Words("source runcopy program.bas")).out, expected);
+    }
+
+    void ATermGivesItsTip_data()
+    {
+        QTest::addColumn<QString>("term");
+        QTest::addColumn<QByteArray>("tip");
+        QTest::newRow("first row") << QStringLiteral("box")
+                                   << QByteArray("box x y\n'draw box from current pos to x y");
+        QTest::newRow("any case") << QStringLiteral("CallBack")
+                                  << QByteArray("callback addressname, functionname(type1,type2,...typeX), returntype\n"
+                                                "'set up a function address for a callback");
+        QTest::newRow("two lines of syntax")
+            << QStringLiteral("menu")
+            << QByteArray("menu #h , \"title\", \n\"text\", branchLabel, \"text2\", branchLabel2, . . .etc.\n"
+                          "'create a top level menu and menu items");
+        QTest::newRow("of two rows the first") << QStringLiteral("select")
+                                               << QByteArray("select string$\n'select list item equal to string$");
+        QTest::newRow("mark in front") << QStringLiteral("!contents")
+                                       << QByteArray("!contents varname$ (or) !contents #handle\n'replace text in "
+                                                     "texteditor with string or with contents of open file");
+        const QByteArray none = "No syntax help available for that term.";
+        QTest::newRow("row without a blank") << QStringLiteral("txcount(#handle)") << none;
+        QTest::newRow("no such term") << QStringLiteral("banana") << none;
+        QTest::newRow("empty") << QString() << none;
+        QTest::newRow("a verb") << QStringLiteral("keywords") << none;
+    }
+
+    void ATermGivesItsTip()
+    {
+        QFETCH(QString, term);
+        QFETCH(QByteArray, tip);
+        const Result result = Run({QStringLiteral("source"), QStringLiteral("syntax"), term});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, tip);
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void FixedListsAreWrittenWhole_data()
+    {
+        QTest::addColumn<QByteArray>("arguments");
+        QTest::addColumn<QString>("file");
+        QTest::newRow("syntax") << QByteArray("source syntax") << QStringLiteral("syntax-keys.txt");
+        QTest::newRow("keywords") << QByteArray("source keywords") << QStringLiteral("keywords.txt");
+        QTest::newRow("keywords of the colouring") << QByteArray("source keywords --lexer")
+                                                   << QStringLiteral("keywords-lexer.txt");
+        QTest::newRow("snippets") << QByteArray("write library snippets") << QStringLiteral("snippets.bas");
+    }
+
+    void FixedListsAreWrittenWhole()
+    {
+        QFETCH(QByteArray, arguments);
+        QFETCH(QString, file);
+        const Result result = Run(Words(arguments.constData()));
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, Get(Data + file));
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void KeywordsOfTheUserLieBesideTheTool()
+    {
+        const QString copy = folder->filePath(QStringLiteral("obtool"));
+        QVERIFY(QFile::copy(Tool, copy));
+        Put("keywords.txt", "PEAR apple\r\n");
+        Put("x.bas", "pear print\r\n");
+        QCOMPARE(Run(Words("source styles x.bas"), {}, copy).out, QByteArray("0\t4\t3\n4\t1\t0\n5\t5\t3\n"));
+        QCOMPARE(Run(Words("source styles x.bas")).out, QByteArray("0\t4\t7\n4\t1\t0\n5\t5\t3\n"));
+        QCOMPARE(Run(Words("source keywords --lexer"), {}, copy).out,
+                 "pear apple\r\n" + Get(Data + QStringLiteral("keywords-lexer.txt")));
+        QCOMPARE(Run(Words("source keywords"), {}, copy).out, Get(Data + QStringLiteral("keywords.txt")));
+    }
+
+private:
+    static void Put(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(name);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            QTest::qFail("the test's own file cannot be written", __FILE__, __LINE__);
+    }
+    static void Put(const char* name, const QByteArray& bytes) { Put(QString::fromLatin1(name), bytes); }
+
+    QStringList Entries() const
+    {
+        return QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+
+    std::unique_ptr<QTemporaryDir> folder;
+};
+
+QTEST_GUILESS_MAIN(tst_obtool)
+#include "tst_obtool.moc"
