@@ -56,8 +56,9 @@ void WriteOutput(const std::string& out, QByteArrayView bytes)
         }
         return;
     }
+    // Without bytes there may be no pointer either.
     const auto size = static_cast<std::size_t>(bytes.size());
-    if (std::fwrite(bytes.data(), 1, size, stdout) != size || std::fflush(stdout) != 0)
+    if ((size != 0 && std::fwrite(bytes.data(), 1, size, stdout) != size) || std::fflush(stdout) != 0)
         throw ToolFailure("standard output", QStringLiteral("cannot be written"));
 }
 

@@ -50,7 +50,9 @@ bool IsLampOn(const QString& lamp)
 
 bool IsLockOn(LockKey key)
 {
-    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
+    // Without a server behind it the interface is there and its display is not.
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 != nullptr && x11->display() != nullptr)
         return (IndicatorState(x11->display()) & (key == LockKey::CapsLock ? 1u : 2u)) != 0;
     return IsLampOn(key == LockKey::CapsLock ? QStringLiteral("capslock") : QStringLiteral("numlock"));
 }

@@ -32,6 +32,7 @@ public:
     bool CanGoForward() const { return current + 1 < stops.size(); }
 
     ManualStop& Here() { return stops[current]; }
+    const ManualStop& Here() const { return stops[current]; }
     const ManualStop& Back() { return stops[--current]; }
     const ManualStop& Forward() { return stops[++current]; }
 

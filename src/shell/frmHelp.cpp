@@ -3,13 +3,13 @@
 #include "shell/frmHelp.h"
 
 #include "platform/modDialogs.h"
+#include "platform/modPages.h"
 #include "shell/frmHelpPage.h"
 #include "shell/frmHelpResults.h"
 #include "shell/frmTool.h"
 #include "ui_frmHelp.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScrollBar>
@@ -39,7 +39,7 @@ QTreeWidgetItem* AddItem(QTreeWidgetItem* parent, const QString& caption, const 
 
 void AddSections(QTreeWidgetItem* item, const QString& name)
 {
-    const ManualPage* page = FindManualPage(name);
+    const HelpPage* page = FindManualPage(name);
     if (page == nullptr)
         return;
     for (const ManualBlock& block : page->blocks)
@@ -50,7 +50,7 @@ void AddSections(QTreeWidgetItem* item, const QString& name)
 } // namespace
 
 frmHelp::frmHelp(QWidget* parent)
-    : QDialog(parent, Qt::Window), openOutside(QDesktopServices::openUrl), ui(std::make_unique<Ui::frmHelp>())
+    : QDialog(parent, Qt::Window), ui(std::make_unique<Ui::frmHelp>())
 {
     ui->setupUi(this);
     ui->splitter->setStretchFactor(0, 0);
@@ -118,7 +118,7 @@ bool frmHelp::eventFilter(QObject* watched, QEvent* event)
 
 void frmHelp::FillContents()
 {
-    const ManualPage* contents = FindManualPage(ManualContentsPage);
+    const HelpPage* contents = FindManualPage(ManualContentsPage);
     if (contents == nullptr)
         return;
     QTreeWidgetItem* root = ui->treeContents->invisibleRootItem();
@@ -154,7 +154,7 @@ void frmHelp::ShowHere()
 {
     const ManualPlace place = Here();
     ui->txtPage->ShowPage(place.page, place.section);
-    const ManualPage* page = FindManualPage(place.page);
+    const HelpPage* page = FindManualPage(place.page);
     const QString title = page == nullptr || page->name == ManualContentsPage ? QString() : page->title;
     setWindowTitle((title.isEmpty() ? QString() : title + QStringLiteral(" - ")) + ProgramTitle +
                    QStringLiteral(" Help"));
@@ -251,7 +251,7 @@ void frmHelp::txtPage_Click(const QUrl& link)
     if (IsManualLink(target))
         GoTo(PlaceOfLink(target, Here().page));
     else
-        openOutside(link);
+        OpenPage(target);
 }
 
 void frmHelp::Attach(QWidget* modal)
@@ -266,8 +266,8 @@ void frmHelp::Attach(QWidget* modal)
         show();
     }
     if (auto* dialog = qobject_cast<QDialog*>(modal)) {
-        // It must outlive the modal window, which is about to go.
-        connect(dialog, &QDialog::finished, this, [this] { Attach(nullptr); });
+        // It must outlive the modal window, and may find another one below it.
+        connect(dialog, &QDialog::finished, this, [this] { Attach(QApplication::activeModalWidget()); });
     }
 }
 

@@ -38,9 +38,6 @@ public:
     // A window under a modal one cannot be used, so this one belongs to the modal window while that is open.
     void Attach(QWidget* modal);
 
-    // Opens a page that is not in the manual; a test looks at the address instead.
-    std::function<void(const QUrl&)> openOutside;
-
 private:
     void cmdBack_Click();
     void cmdForward_Click();

@@ -21,6 +21,8 @@ namespace ob {
 
 namespace {
 
+constexpr char IconProperty[] = "iconName";
+
 constexpr auto On = ItemKind::On;
 constexpr auto Off = ItemKind::Off;
 constexpr auto Menu = ItemKind::Menu;
@@ -153,8 +155,7 @@ constexpr MenuRow rows[] = {
 QAction* AddRow(QMenu& menu, const MenuRow& row)
 {
     QAction* action = menu.addAction(QString::fromLatin1(row.caption));
-    if (*row.icon != '\0')
-        action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(row.icon))));
+    SetIconName(*action, QString::fromLatin1(row.icon));
     action->setShortcut(QKeySequence(QString::fromLatin1(row.key)));
     action->setEnabled(row.kind != ItemKind::Off);
     action->setCheckable(row.kind == ItemKind::Check);
@@ -180,10 +181,31 @@ QMenu* AddMenu(QMenuBar& bar, QMenu* parent, const MenuRow& row)
     const QString caption = QString::fromLatin1(row.caption);
     QMenu* menu = parent == nullptr ? bar.addMenu(caption) : parent->addMenu(caption);
     menu->menuAction()->setEnabled(row.kind != ItemKind::OffMenu);
+    SetIconName(*menu->menuAction(), QString::fromLatin1(row.icon));
+    ShowIconsOnOpening(*menu);
     return menu;
 }
 
 } // namespace
+
+void SetIconName(QAction& item, const QString& icon)
+{
+    item.setProperty(IconProperty, icon);
+}
+
+QString IconName(const QAction& item)
+{
+    return item.property(IconProperty).toString();
+}
+
+void ShowIconsOnOpening(QMenu& menu)
+{
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu] {
+        for (QAction* item : menu.actions())
+            if (item->icon().isNull() && !IconName(*item).isEmpty())
+                item->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(IconName(*item))));
+    });
+}
 
 std::span<const MenuRow> MenuTree()
 {

@@ -8,6 +8,7 @@
 #include <span>
 
 class QAction;
+class QMenu;
 class QMenuBar;
 
 namespace ob {
@@ -28,6 +29,12 @@ struct MenuRow {
 
 // In the order shown on the screen.
 std::span<const MenuRow> MenuTree();
+
+// Lets a menu read its items' icons when it opens for the first time, so that they cost the start nothing. An item's
+// icon is named by its row, or by the item that it stands for.
+void ShowIconsOnOpening(QMenu& menu);
+void SetIconName(QAction& item, const QString& icon);
+QString IconName(const QAction& item);
 
 // Fills the bar from the table. Gives every item by its name, menus by their own item; the recent places are
 // "mnuFileMRU1" to "mnuFileMRU8".

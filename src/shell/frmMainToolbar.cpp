@@ -4,6 +4,7 @@
 
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
+#include "shell/frmMainMenu.h"
 #include "shell/frmUser.h"
 #include "shell/modUserApplications.h"
 
@@ -82,9 +83,11 @@ constexpr int codeButtons[] = {3, 4, 6, 7, 8, 9, 11, 12};
 QMenu* MakeDropMenu(QToolBar& bar, std::span<const DropRow> drop, const QHash<QString, QAction*>& items)
 {
     auto* menu = new QMenu(&bar);
+    ShowIconsOnOpening(*menu);
     for (const DropRow& row : drop) {
         QAction* item = items.value(QString::fromLatin1(row.item));
-        QAction* entry = menu->addAction(item->icon(), item->text());
+        QAction* entry = menu->addAction(item->text());
+        SetIconName(*entry, IconName(*item));
         entry->setObjectName(QString::fromLatin1(row.key));
         QObject::connect(entry, &QAction::triggered, item, &QAction::trigger);
     }

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <optional>
 
 namespace ob {
 
@@ -100,7 +101,7 @@ bool IsTableRule(QStringView line)
 // Reads a page line by line.
 class Reader {
 public:
-    explicit Reader(ManualPage& target) : page(target) {}
+    explicit Reader(HelpPage& target) : page(target) {}
 
     void Take(QStringView raw)
     {
@@ -169,15 +170,15 @@ private:
         block.text.replace(bar, u'|');
     }
 
-    ManualPage& page;
+    HelpPage& page;
     QString section;
     bool isCode = false;
     bool isOpen = false; // whether the next line goes on with the last block
 };
 
-std::vector<ManualPage> ReadPages()
+std::vector<HelpPage> ReadPages()
 {
-    std::vector<ManualPage> pages;
+    std::vector<HelpPage> pages;
     const QDir folder(PageFolder);
     for (const QString& file : folder.entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name)) {
         QFile source(folder.filePath(file));
@@ -201,7 +202,7 @@ bool WordBegins(QStringView text, qsizetype at, QStringView word)
 }
 
 // A page's hit; nothing when it lacks a word.
-std::optional<ManualHit> HitIn(const ManualPage& page, const QStringList& words)
+std::optional<ManualHit> HitIn(const HelpPage& page, const QStringList& words)
 {
     ManualHit hit{{page.name, {}}, page.title, {}, 0, 0};
     QStringList missing = words;
@@ -229,9 +230,9 @@ std::optional<ManualHit> HitIn(const ManualPage& page, const QStringList& words)
 
 } // namespace
 
-ManualPage ParseManualPage(const QString& name, const QString& markdown)
+HelpPage ParseManualPage(const QString& name, const QString& markdown)
 {
-    ManualPage page;
+    HelpPage page;
     page.name = name;
     page.markdown = markdown;
     Reader reader(page);
@@ -242,15 +243,15 @@ ManualPage ParseManualPage(const QString& name, const QString& markdown)
     return page;
 }
 
-const std::vector<ManualPage>& Manual()
+const std::vector<HelpPage>& Manual()
 {
-    static const std::vector<ManualPage> pages = ReadPages();
+    static const std::vector<HelpPage> pages = ReadPages();
     return pages;
 }
 
-const ManualPage* FindManualPage(QStringView name)
+const HelpPage* FindManualPage(QStringView name)
 {
-    for (const ManualPage& page : Manual())
+    for (const HelpPage& page : Manual())
         if (page.name == name)
             return &page;
     return nullptr;
@@ -258,13 +259,13 @@ const ManualPage* FindManualPage(QStringView name)
 
 QString ManualText(const QString& name)
 {
-    if (const ManualPage* page = FindManualPage(name))
+    if (const HelpPage* page = FindManualPage(name))
         return page->markdown;
     return QStringLiteral("# There is no page on this yet.\n\nThe manual's other pages are in the "
                           "[contents](index.md).\n");
 }
 
-std::vector<ManualEntry> ContentsOf(const ManualPage& contents)
+std::vector<ManualEntry> ContentsOf(const HelpPage& contents)
 {
     std::vector<ManualEntry> entries;
     for (const ManualBlock& block : contents.blocks) {
@@ -328,13 +329,13 @@ QList<TextSpan> FindWords(QStringView text, const QStringList& words)
     return found;
 }
 
-std::vector<ManualHit> SearchManual(const std::vector<ManualPage>& pages, QStringView text)
+std::vector<ManualHit> SearchManual(const std::vector<HelpPage>& pages, QStringView text)
 {
     std::vector<ManualHit> hits;
     const QStringList words = SearchWords(text);
     if (words.isEmpty())
         return hits;
-    for (const ManualPage& page : pages)
+    for (const HelpPage& page : pages)
         if (const auto hit = HitIn(page, words))
             hits.push_back(*hit);
     std::stable_sort(hits.begin(), hits.end(), [](const ManualHit& left, const ManualHit& right) {

@@ -29,7 +29,7 @@ struct ManualBlock {
     QList<ManualLink> pictures;
 };
 
-struct ManualPage {
+struct HelpPage {
     QString name;     // "files" for docs/manual/files.md
     QString title;    // its first heading, or the name when it has none
     QString markdown; // as it is written
@@ -67,19 +67,19 @@ struct TextSpan {
 inline const QString ManualContentsPage = QStringLiteral("index");
 
 // Takes a page's text apart. Any text is a page.
-ManualPage ParseManualPage(const QString& name, const QString& markdown);
+HelpPage ParseManualPage(const QString& name, const QString& markdown);
 
 // All pages that the program carries, by their names.
-const std::vector<ManualPage>& Manual();
+const std::vector<HelpPage>& Manual();
 
 // Null when the program does not carry the page.
-const ManualPage* FindManualPage(QStringView name);
+const HelpPage* FindManualPage(QStringView name);
 
 // The text shown for a page; for one that is not there a short page that says so, with a link to the contents.
 QString ManualText(const QString& name);
 
 // The groups and pages that the contents page lists, in its order.
-std::vector<ManualEntry> ContentsOf(const ManualPage& contents);
+std::vector<ManualEntry> ContentsOf(const HelpPage& contents);
 
 // The anchor of a heading: "Save & close" gives "save--close".
 QString AnchorOf(QStringView heading);
@@ -96,6 +96,6 @@ QList<TextSpan> FindWords(QStringView text, const QStringList& words);
 
 // The pages that hold every word. Those with more of them in headings come first, then those with more of them at
 // all, then in the pages' order. No words give no hits.
-std::vector<ManualHit> SearchManual(const std::vector<ManualPage>& pages, QStringView text);
+std::vector<ManualHit> SearchManual(const std::vector<HelpPage>& pages, QStringView text);
 
 } // namespace ob

@@ -108,8 +108,8 @@ Preferences LoadPreferences(const QString& folder)
 
 int TypedTabSize(const QString& text)
 {
-    double number = LargestTabSize;
-    // A number beyond a double is above the largest size as well.
+    // What stays when the number is beyond a double.
+    double number = text.trimmed().startsWith(QLatin1Char('-')) ? -LargestTabSize : LargestTabSize;
     PassingErrorsOver([&] { number = Val(text); });
     const int size = ToInt32(std::clamp(number, -100.0, 100.0));
     if (size < -1)

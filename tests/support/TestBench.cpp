@@ -107,6 +107,11 @@ frmDocument* TestBench::ActiveWindow() const
     return Active() == nullptr ? nullptr : static_cast<frmDocument*>(Active()->window);
 }
 
+QWidget* TestBench::ActiveWindowEdit() const
+{
+    return ActiveWindow()->findChild<QWidget*>(QStringLiteral("sci"));
+}
+
 QByteArray TestBench::Text(const cDocument* document)
 {
     const std::string_view text = SciText(document->sci);

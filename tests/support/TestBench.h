@@ -49,6 +49,7 @@ public:
     // A code window and its text. Window(n) is that of slot n.
     cDocument* Active() const;
     frmDocument* ActiveWindow() const;
+    QWidget* ActiveWindowEdit() const; // the edit control itself, which takes the keys
     static QByteArray Text(const cDocument* document);
     static void Type(const cDocument* document, const QByteArray& text);
 

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The codes of the keys that are pressed in it.
+#include "codetools/frmKey.h"
+
+#include "codetools/modKeyCodes.h"
+#include "shell/frmTool.h"
+#include "ui_frmKey.h"
+
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QTextBlock>
+
+namespace ob {
+
+namespace {
+
+// What leads out of the key field, as every other key stays in it.
+bool IsWayOut(const QKeyEvent& event)
+{
+    return event.modifiers().testFlag(Qt::AltModifier) && !event.modifiers().testFlag(Qt::ControlModifier);
+}
+
+} // namespace
+
+frmKey::frmKey(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmKey>())
+{
+    ui->setupUi(this);
+    ui->txtCodes->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ui->txtCodes->setPlainText(KeyCodeText());
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.8);
+    large.setBold(true);
+    ui->lblKey->setFont(large);
+    for (QWidget* control : std::initializer_list<QWidget*>{ui->txtAscii, ui->txtCodes, ui->cmdDone})
+        control->installEventFilter(this);
+    ui->txtAscii->setFocus();
+    connect(ui->cmdDone, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+frmKey::~frmKey() = default;
+
+bool frmKey::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool inField = watched == ui->txtAscii;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        // A shortcut takes its key away before it would be pressed here.
+        Form_KeyDown(key);
+        if (inField && !IsWayOut(key)) {
+            event->accept();
+            return true;
+        }
+    } else if (event->type() == QEvent::KeyPress) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        Form_KeyDown(key);
+        Form_KeyPress(key);
+        if (inField)
+            return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmKey::Form_KeyDown(const QKeyEvent& event)
+{
+    const QString text = KeyDownText(event.key(), event.modifiers());
+    if (text.isEmpty())
+        return;
+    ui->lblKey->setText(text);
+    // The table follows, as long as the user does not read it.
+    const int line = KeyCodeLine(VirtualKeyOf(event.key(), event.modifiers()));
+    if (line < 0 || ui->txtCodes->hasFocus())
+        return;
+    QTextCursor cursor(ui->txtCodes->document()->findBlockByNumber(line));
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    ui->txtCodes->setTextCursor(cursor);
+}
+
+void frmKey::Form_KeyPress(const QKeyEvent& event)
+{
+    const auto code = KeyPressCode(event.key(), event.modifiers(), event.text());
+    if (!code)
+        return;
+    ui->lblKey->setText(KeyPressText(*code));
+    ui->txtAscii->setText(KeyPressText(*code));
+}
+
+void mnuToolKeyCode_Click()
+{
+    ShowToolModally<frmKey>();
+}
+
+} // namespace ob
