@@ -56,7 +56,8 @@ constexpr KeyRow keyRows[] = {
 template <std::size_t Count>
 int CodeIn(const KeyRow (&rows)[Count], int key)
 {
-    const auto* row = std::find_if(std::begin(rows), std::end(rows), [key](const KeyRow& each) { return each.key == key; });
+    const auto* row =
+        std::find_if(std::begin(rows), std::end(rows), [key](const KeyRow& each) { return each.key == key; });
     return row == std::end(rows) ? 0 : row->code;
 }
 

@@ -6,8 +6,10 @@
 #include "editor/modSyntaxTable.h"
 #include "editor/modUserTexts.h"
 #include "engine/modIncludes.h"
+#include "engine/modVariables.h"
 #include "obtool/toolOutput.h"
 #include "platform/cRuntimeError.h"
+#include "platform/modAnsi.h"
 #include "platform/modFiles.h"
 #include "platform/modPaths.h"
 #include "scilexer/modLexer.h"
@@ -84,6 +86,15 @@ void RunCopy(const SourceArguments& arguments)
     WriteOutput(arguments.out, copy);
 }
 
+void Variables(const SourceArguments& arguments)
+{
+    const QByteArray text = DecodeAnsi(ReadSource(arguments.file));
+    QByteArray report;
+    for (const VariableEntry& entry : ScanVariables(text))
+        report.append(entry.name).append('\t').append(QByteArray::number(entry.line)).append('\n');
+    WriteOutput({}, report);
+}
+
 void Syntax(const SourceArguments& arguments, bool hasTerm)
 {
     BuildSyntaxTable();
@@ -118,6 +129,11 @@ void AddSourceGroup(CLI::App& tool)
                                "report: first byte, length, style number of each run of equal style");
     styles->add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
     styles->callback([arguments] { Styles(*arguments); });
+
+    CLI::App* variables = AddVerb(*group, "variables", "obtool source variables FILE",
+                                  "report: name and line number, from 0, of each assignment");
+    variables->add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
+    variables->callback([arguments] { Variables(*arguments); });
 
     CLI::App* runCopy = AddVerb(*group, "runcopy", "obtool source runcopy FILE [--folder DIR] [-o OUT]",
                                 "the run copy: the text as a save writes it, then the merged includes");
