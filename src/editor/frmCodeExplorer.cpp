@@ -168,14 +168,15 @@ void frmCodeExplorer::Fil_Click()
     const QModelIndexList chosen = ui->Fil->selectionModel()->selectedIndexes();
     ui->Text1->setText(chosen.isEmpty() ? QString() : chosen.first().data().toString());
     ui->txtDisplay->clear();
-    if (FileExists(ChosenPath()))
+    // Without a name the question would go to the folder, whose disk may not answer.
+    if (!chosen.isEmpty() && FileExists(ChosenPath()))
         ui->txtDisplay->setPlainText(CodePreview(ChosenPath()));
 }
 
 void frmCodeExplorer::cmdOpen_Click()
 {
     const QString path = ChosenPath();
-    if (!FileExists(path)) {
+    if (ui->Text1->text().isEmpty() || !FileExists(path)) {
         MsgBox(QStringLiteral("File not found."), BoxIcon::None, BoxButtons::Ok, QStringLiteral("Error."));
         return;
     }

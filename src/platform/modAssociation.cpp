@@ -250,13 +250,15 @@ ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStr
 // What the tool has written, or failed to write, is brought to what the two types need; mostly nothing is left to do.
 void MakeDefault(const AssociationPlaces& places, const QString& entry)
 {
+    const QString name = QStringLiteral("mimeapps.list");
+    const QString path = places.configFolder + QLatin1Char('/') + name;
     QStringList arguments = {QStringLiteral("default"), entry};
     for (const char* type : fileTypes)
         arguments.append(QString::fromLatin1(type));
-    RunTool(places, QStringLiteral("xdg-mime"), arguments);
+    // The tool would put a file in the place of a link.
+    if (!QFileInfo(path).isSymLink())
+        RunTool(places, QStringLiteral("xdg-mime"), arguments);
 
-    const QString name = QStringLiteral("mimeapps.list");
-    const QString path = places.configFolder + QLatin1Char('/') + name;
     const QByteArray list = FileExists(path) ? ReadWhole(path) : QByteArray();
     const QByteArray wanted = WithProgramFirst(list, entry.toUtf8());
     if (wanted != list)

@@ -2,6 +2,7 @@
 // How the edit control keeps its styles, line states, fold levels and brace marks.
 #include "scilexer/SciLexerOB.h"
 
+#include "scilexer/SciAccessible.h"
 #include "scilexer/SciLexerOB_Api.h"
 
 #include <QDropEvent>
@@ -24,6 +25,9 @@ constexpr std::intptr_t BytesAhead = 4 * 1024;
 
 constexpr std::intptr_t NoPosition = -1;
 
+// No assistive tool wants more bytes than this read out as one change.
+constexpr std::intptr_t MostToldBytes = 4 * 1024;
+
 std::uintptr_t Unsigned(std::intptr_t value)
 {
     return static_cast<std::uintptr_t>(value);
@@ -34,9 +38,22 @@ std::intptr_t Address(const void* pointer)
     return reinterpret_cast<std::intptr_t>(pointer);
 }
 
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
+{
+    auto* control = dynamic_cast<cSciLexerOB*>(object);
+    return control == nullptr ? nullptr : new SciAccessible(control, control, control->Offsets());
+}
+
 } // namespace
 
-cSciLexerOB::cSciLexerOB(QWidget* parent) : QsciScintillaBase(parent)
+cSciLexerOB::cSciLexerOB(QWidget* parent)
+    : QsciScintillaBase(parent),
+      offsets(
+          [this](Position from, Position to) {
+              const Position gap = Direct(SCI_GETGAPPOSITION);
+              return Bytes(from, from < gap && gap < to ? gap : to);
+          },
+          [this] { return Direct(SCI_GETLENGTH); })
 {
     directFunction = reinterpret_cast<DirectFunction>(SendScintillaPtrResult(SCI_GETDIRECTFUNCTION));
     directPointer = Address(SendScintillaPtrResult(SCI_GETDIRECTPOINTER));
@@ -44,15 +61,23 @@ cSciLexerOB::cSciLexerOB(QWidget* parent) : QsciScintillaBase(parent)
     Direct(SCI_SETCODEPAGE, SC_CP_UTF8);
     Direct(SCI_SETEOLMODE, SC_EOL_CRLF);
     Direct(SCI_SETLEXER, SCLEX_CONTAINER);
-    // A change of many lines must not call out for each line's style, state and level.
-    Direct(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+    // The announcements alone: QScintilla answers each told change by counting the characters of the whole text.
+    Direct(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
+    // Behind QScintilla's own, so that it is asked first.
+    QAccessible::installFactory(MakeAccessible);
 
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int position) { StyleTo(position); });
-    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char*, int length) { NoteChange(position, type, length); });
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, this, [this](int position, int type, const char*, int length) {
+        if ((type & SC_MOD_BEFOREINSERT) != 0)
+            NoteChange(Change::Insertion, position, length);
+        else if ((type & SC_MOD_BEFOREDELETE) != 0)
+            NoteChange(Change::Deletion, position, length);
+    });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
-        if ((updated & (SC_UPDATE_CONTENT | SC_UPDATE_SELECTION)) != 0)
-            ShowBraces();
+        if ((updated & (SC_UPDATE_CONTENT | SC_UPDATE_SELECTION)) == 0)
+            return;
+        ShowBraces();
+        TellAssistants();
     });
 }
 
@@ -139,19 +164,17 @@ void cSciLexerOB::Forget(Position from)
 
 // Goes by the announcement of a change: by the time that Scintilla tells of it, it may have scrolled and asked for
 // styles already.
-void cSciLexerOB::NoteChange(Position position, int type, Position length)
+void cSciLexerOB::NoteChange(Change change, Position position, Position length)
 {
+    NoteForAssistants(change, position, length);
     // What lies behind the styled end has no styles that a change could spoil.
     if (position > styledEnd)
         return;
-    const bool isInsertion = (type & SC_MOD_BEFOREINSERT) != 0;
-    if (!isInsertion && (type & SC_MOD_BEFOREDELETE) == 0)
-        return;
-    const Position growth = isInsertion ? length : -length;
+    const Position growth = change == Change::Insertion ? length : -length;
     for (Position* mark : {&changedEnd, &brokenAt, &styledEnd})
         if (*mark >= position)
             *mark = std::max(position, *mark + growth);
-    changedEnd = std::max(changedEnd, isInsertion ? position + length : position);
+    changedEnd = std::max(changedEnd, position + std::max<Position>(growth, 0));
 }
 
 void cSciLexerOB::StyleTo(Position needed)
@@ -285,6 +308,49 @@ bool cSciLexerOB::ShowBraceAt(Position position)
     else
         Direct(SCI_BRACEBADLIGHT, Unsigned(position));
     return true;
+}
+
+void cSciLexerOB::NoteForAssistants(Change change, Position position, Position length)
+{
+    offsets.NoteChange(position);
+    untold.reset();
+    if (length > MostToldBytes || !QAccessible::isActive())
+        return;
+    untold = Untold{change, position, length, {}};
+    if (change == Change::Deletion)
+        untold->removed = QString::fromUtf8(Bytes(position, position + length));
+}
+
+void cSciLexerOB::TellAssistants()
+{
+    if (!QAccessible::isActive())
+        return;
+    if (untold) {
+        const auto offset = static_cast<int>(offsets.OffsetOf(untold->position));
+        if (untold->change == Change::Insertion) {
+            const Position end = std::min(untold->position + untold->length, Direct(SCI_GETLENGTH));
+            QAccessibleTextInsertEvent event(this, offset, QString::fromUtf8(Bytes(untold->position, end)));
+            QAccessible::updateAccessibility(&event);
+        } else {
+            QAccessibleTextRemoveEvent event(this, offset, untold->removed);
+            QAccessible::updateAccessibility(&event);
+        }
+        untold.reset();
+    }
+    const Told now{static_cast<int>(offsets.OffsetOf(Direct(SCI_GETCURRENTPOS))),
+                   static_cast<int>(offsets.OffsetOf(Direct(SCI_GETSELECTIONSTART))),
+                   static_cast<int>(offsets.OffsetOf(Direct(SCI_GETSELECTIONEND)))};
+    const bool isSelectionNew = now.selectionStart != told.selectionStart || now.selectionEnd != told.selectionEnd;
+    const bool hasSelection = now.selectionStart != now.selectionEnd || told.selectionStart != told.selectionEnd;
+    if (isSelectionNew && hasSelection) {
+        QAccessibleTextSelectionEvent event(this, now.selectionStart, now.selectionEnd);
+        event.setCursorPosition(now.caret);
+        QAccessible::updateAccessibility(&event);
+    } else if (now.caret != told.caret) {
+        QAccessibleTextCursorEvent event(this, now.caret);
+        QAccessible::updateAccessibility(&event);
+    }
+    told = now;
 }
 
 // A file that is dropped belongs to the window around the control, which opens it.

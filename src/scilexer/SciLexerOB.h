@@ -5,8 +5,12 @@
 #include "editor/modSci.h"
 #include "scilexer/QsciBase.h"
 #include "scilexer/modLexer.h"
+#include "scilexer/modTextOffsets.h"
+
+#include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +21,8 @@ public:
     explicit cSciLexerOB(QWidget* parent);
 
     std::intptr_t Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
+
+    TextOffsets& Offsets() { return offsets; }
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -30,6 +36,7 @@ private:
     enum class Lexer { None, Language };
     enum class Folding { Off, On };
     enum class Agreement { No, Yes };
+    enum class Change { Insertion, Deletion };
 
     // Where the lexer stands: all before `position` is done.
     struct Place {
@@ -50,7 +57,7 @@ private:
     void UpdateFolding();
     void Restyle();
     void Forget(Position from);
-    void NoteChange(Position position, int type, Position length);
+    void NoteChange(Change change, Position position, Position length);
 
     void StyleTo(Position needed);
     Agreement StyleFromEnd(Position needed);
@@ -61,6 +68,9 @@ private:
 
     void ShowBraces();
     bool ShowBraceAt(Position position);
+
+    void NoteForAssistants(Change change, Position position, Position length);
+    void TellAssistants();
 
     DirectFunction directFunction = nullptr;
     std::intptr_t directPointer = 0;
@@ -80,6 +90,22 @@ private:
     Position styledEnd = 0;
 
     bool hasBraces = false;
+
+    // For assistive tools: the last change that they have not been told of, and what they have been told.
+    struct Untold {
+        Change change = Change::Insertion;
+        Position position = 0;
+        Position length = 0;
+        QString removed;
+    };
+    struct Told {
+        int caret = 0;
+        int selectionStart = 0;
+        int selectionEnd = 0;
+    };
+    TextOffsets offsets;
+    std::optional<Untold> untold;
+    Told told;
 };
 
 } // namespace ob

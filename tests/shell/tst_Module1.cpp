@@ -114,10 +114,12 @@ private Q_SLOTS:
     void AResourceIsWrittenAtTheStartAndALongerFileKeepsItsTail()
     {
         const QByteArray text = LibraryOrNothing();
-        if (text.isEmpty())
-            QSKIP("this build carries no wrapper32.bas");
         const QString path = bench->Path(QStringLiteral("wrapper32.bas"));
         ExtractResource(101, QStringLiteral("CUSTOM"), path);
+        if (text.isEmpty()) {
+            QVERIFY2(!QFile::exists(path), "nothing is carried, and yet a file was written");
+            return;
+        }
         QCOMPARE(CoreBench::Get(path), text);
 
         CoreBench::PutFile(path, QByteArray(text.size(), '#') + "'my own routines\r\n");
@@ -131,8 +133,6 @@ private Q_SLOTS:
 
     void AnErrorInWritingAResourceIsSwallowed()
     {
-        if (LibraryOrNothing().isEmpty())
-            QSKIP("this build carries no wrapper32.bas");
         ExtractResource(101, QStringLiteral("CUSTOM"), bench->Path(QStringLiteral("gone/wrapper32.bas")));
         ExtractResource(101, QStringLiteral("CUSTOM"), bench->Path({}));
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("gone"))));

@@ -347,7 +347,6 @@ private:
     std::unique_ptr<CoreBench> bench;
 };
 
-Q_DECLARE_METATYPE(ob::ColorRef*)
 
 OB_CORE_TEST(tst_modOptions)
 #include "tst_modOptions.moc"

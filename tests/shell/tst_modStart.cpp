@@ -47,11 +47,13 @@ private Q_SLOTS:
     {
         for (const char* name : {"wrapper32.bas", "printer32.bas"}) {
             const auto text = CarriedText(QLatin1String(name));
-            if (!text)
-                QSKIP("this build carries no libraries");
-            const QByteArray library(text->data(), static_cast<qsizetype>(text->size()));
             const QString path = bench->ProgramPath(QLatin1String(name));
             StartRoutine([&] { return &bench->form; });
+            if (!text) {
+                QVERIFY2(!QFile::exists(path), "nothing is carried, and yet a file was written");
+                continue;
+            }
+            const QByteArray library(text->data(), static_cast<qsizetype>(text->size()));
             QCOMPARE(CoreBench::Get(path), library);
             CoreBench::PutFile(path, "'edited" + library.mid(7) + "'tail\r\n");
             StartRoutine([&] { return &bench->form; });
