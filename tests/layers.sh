@@ -7,6 +7,9 @@ set -euo pipefail
 project=$1
 shift
 failed=0
+for library in "$@"; do
+  nm "$library" >/dev/null 2>&1 || { echo "$library cannot be read"; exit 1; }
+done
 
 fail() { # TITLE LINES
   [ -z "$2" ] && return

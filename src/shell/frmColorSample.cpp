@@ -5,8 +5,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
 
 namespace ob {
 
@@ -50,14 +48,11 @@ void frmColorSample::paintEvent(QPaintEvent* event)
     QLabel::paintEvent(event);
     if (!hasFocus())
         return;
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    constexpr int inset = 3; // pixels, clear of the frame
-    option.rect = rect().adjusted(inset, inset, -inset, -inset);
-    option.backgroundColor = palette().color(QPalette::Window);
-    option.state |= QStyle::State_KeyboardFocusChange;
+    // The style's own mark may be a tint, which would pass for the color.
+    constexpr int width = 2; // pixels
     QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), width));
+    painter.drawRect(rect().adjusted(width / 2, width / 2, -width / 2, -width / 2));
 }
 
 void frmColorSample::focusInEvent(QFocusEvent* event)
