@@ -7,9 +7,6 @@ set -euo pipefail
 project=$1
 shift
 failed=0
-for library in "$@"; do
-  nm "$library" >/dev/null 2>&1 || { echo "$library cannot be read"; exit 1; }
-done
 
 fail() { # TITLE LINES
   [ -z "$2" ] && return
@@ -18,6 +15,9 @@ fail() { # TITLE LINES
 }
 
 cd "$project/src"
+for library in "$@"; do
+  nm "$library" >/dev/null 2>&1 || { echo "$library cannot be read"; exit 1; }
+done
 mapfile -t core < <(find platform shell editor engine guibuilder codetools imagetools \
   \( -name 'c[A-Z]*' -o -name 'C[A-Z]*' -o -name 'mod*' -o -name 'Module1*' \) \( -name '*.h' -o -name '*.cpp' \))
 mapfile -t pure < <(find imaging scilexer -name '[cm]*.h' -o -name '[cm]*.cpp' | grep -E '/(c[A-Z]|mod)')

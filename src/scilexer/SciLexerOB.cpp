@@ -14,6 +14,23 @@ namespace ob {
 
 namespace {
 
+// Holds back a widget's wish to be painted. Unlike QWidget's own switch it does not end with a wish of its own.
+class UpdatePause {
+public:
+    explicit UpdatePause(QWidget* pausedWidget)
+        : widget(pausedWidget), wasPaused(pausedWidget->testAttribute(Qt::WA_UpdatesDisabled))
+    {
+        widget->setAttribute(Qt::WA_UpdatesDisabled);
+    }
+    ~UpdatePause() { widget->setAttribute(Qt::WA_UpdatesDisabled, wasPaused); }
+    UpdatePause(const UpdatePause&) = delete;
+    UpdatePause& operator=(const UpdatePause&) = delete;
+
+private:
+    QWidget* widget;
+    bool wasPaused;
+};
+
 // The number that the program knows the language's lexer by.
 constexpr std::uintptr_t LanguageLexerNumber = 8;
 
@@ -61,6 +78,8 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
     Direct(SCI_SETCODEPAGE, SC_CP_UTF8);
     Direct(SCI_SETEOLMODE, SC_EOL_CRLF);
     Direct(SCI_SETLEXER, SCLEX_CONTAINER);
+    // A jump over millions of bytes shows the text at once, and its colours as soon as they are known.
+    Direct(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
     // The announcements alone: QScintilla answers each told change by counting the characters of the whole text.
     Direct(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
     // Behind QScintilla's own, so that it is asked first.
@@ -251,6 +270,8 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
     Agreement agreement = Agreement::No;
     Position goodEnd = 0;
     std::size_t at = 0;
+    // No margin shows levels, yet Scintilla would paint for each new state and level. New styles it must paint.
+    std::optional<UpdatePause> pause(viewport());
     while (at < block.size() && agreement == Agreement::No) {
         const LexedLine line = LexFirstLine(place.state, block.substr(at), keywords, styles.data() + at);
         const std::intptr_t before = Direct(SCI_SETLINESTATE, Unsigned(place.line), line.state);
@@ -268,6 +289,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
         ++place.line;
         ++lexedLines;
     }
+    pause.reset();
     Direct(SCI_SETSTYLINGEX, at, Address(styles.data()));
     if (agreement == Agreement::Yes) {
         if (goodEnd == styledEnd)
@@ -314,7 +336,7 @@ void cSciLexerOB::NoteForAssistants(Change change, Position position, Position l
 {
     offsets.NoteChange(position);
     untold.reset();
-    if (length > MostToldBytes || !QAccessible::isActive())
+    if (length > MostToldBytes || !assistance.IsOn())
         return;
     untold = Untold{change, position, length, {}};
     if (change == Change::Deletion)
@@ -323,7 +345,7 @@ void cSciLexerOB::NoteForAssistants(Change change, Position position, Position l
 
 void cSciLexerOB::TellAssistants()
 {
-    if (!QAccessible::isActive())
+    if (!assistance.IsOn())
         return;
     if (untold) {
         const auto offset = static_cast<int>(offsets.OffsetOf(untold->position));

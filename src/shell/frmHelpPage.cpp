@@ -59,6 +59,7 @@ frmHelpPage::frmHelpPage(QWidget* parent) : QTextBrowser(parent)
     setFrameShape(QFrame::NoFrame);
     document()->setUndoRedoEnabled(false);
     document()->setDocumentMargin(0);
+    document()->setIndentWidth(24);
 }
 
 void frmHelpPage::ShowPage(const QString& name, const QString& section)

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tip of the day, by its controls.
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "codetools/frmTip.h"
+#include "codetools/modTips.h"
+#include "platform/modSettings.h"
+#include "shell/Module1.h"
+#include "shell/frmTool.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace ob;
+
+namespace {
+
+QString Shown(const QDialog& tip)
+{
+    return tip.findChild<QLabel*>(QStringLiteral("lblTipText"))->text();
+}
+
+QPushButton* Button(const QDialog& tip, const char* name)
+{
+    return tip.findChild<QPushButton*>(QString::fromLatin1(name));
+}
+
+QCheckBox* Switch(const QDialog& tip)
+{
+    return tip.findChild<QCheckBox*>(QStringLiteral("chkLoadTipsAtStartup"));
+}
+
+QString Stored()
+{
+    return ReadSetting(QStringLiteral("ShowTips"), QStringLiteral("never stored"));
+}
+
+// A tool that deletes itself once closed.
+frmTip* OpenTip()
+{
+    mnuOptionShowTip_Click();
+    return qobject_cast<frmTip*>(QApplication::activeWindow());
+}
+
+} // namespace
+
+class win_frmTip : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { ResetState(); }
+    void cleanup() { SetRandomSource({}); }
+
+    void captionsAreAsTold()
+    {
+        const TestBench bench;
+        const frmTip tip(nullptr);
+        QCOMPARE(tip.windowTitle(), QStringLiteral("Tip of the Day"));
+        QCOMPARE(Button(tip, "cmdNextTip")->text(), QStringLiteral("&Next Tip"));
+        QCOMPARE(Button(tip, "cmdOK")->text(), QStringLiteral("OK"));
+        QCOMPARE(Switch(tip)->text(), QStringLiteral("&Show Tips at Startup"));
+    }
+
+    void nextTipShowsOneAfterTheOtherAndGoesRound()
+    {
+        const TestBench bench;
+        SetRandomSource([] { return 53.5 / 55; });
+        frmTip tip(nullptr);
+        tip.show();
+        QCOMPARE(Shown(tip), LoadTips().at(54));
+        QTest::mouseClick(Button(tip, "cmdNextTip"), Qt::LeftButton);
+        QCOMPARE(Shown(tip), LoadTips().at(0));
+        QTest::keyClick(&tip, Qt::Key_N, Qt::AltModifier);
+        QCOMPARE(Shown(tip), LoadTips().at(1));
+        tip.close();
+    }
+
+    void theSwitchIsStoredAtOnce()
+    {
+        const TestBench bench;
+        ShowTips = true;
+        frmTip tip(nullptr);
+        tip.show();
+        QVERIFY(Switch(tip)->isChecked());
+        QCOMPARE(Stored(), QStringLiteral("never stored"));
+        Switch(tip)->click();
+        QCOMPARE(Stored(), QStringLiteral("False"));
+        QVERIFY(!ShowTips);
+        Switch(tip)->click();
+        QCOMPARE(Stored(), QStringLiteral("True"));
+        QVERIFY(ShowTips);
+        tip.close();
+    }
+
+    void theSwitchShowsTheSetting()
+    {
+        const TestBench bench;
+        ShowTips = false;
+        const frmTip tip(nullptr);
+        QVERIFY(!Switch(tip)->isChecked());
+    }
+
+    void everyWayOutStoresTheSwitch_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("OK") << 0;
+        QTest::newRow("Enter") << 1;
+        QTest::newRow("Escape") << 2;
+        QTest::newRow("the frame's cross") << 3;
+    }
+
+    void everyWayOutStoresTheSwitch()
+    {
+        QFETCH(int, way);
+        const TestBench bench;
+        ShowTips = false;
+        frmTip tip(nullptr);
+        tip.show();
+        switch (way) {
+        case 0:
+            Button(tip, "cmdOK")->click();
+            break;
+        case 1:
+            QTest::keyClick(&tip, Qt::Key_Return);
+            break;
+        case 2:
+            QTest::keyClick(&tip, Qt::Key_Escape);
+            break;
+        default:
+            tip.close();
+        }
+        QVERIFY(!tip.isVisible());
+        QCOMPARE(Stored(), QStringLiteral("False"));
+    }
+
+    void theMenuItemShowsOneTipWindowBesideTheFrame()
+    {
+        TestBench bench;
+        ShowTips = false;
+        frmTip* tip = OpenTip();
+        QVERIFY(tip != nullptr);
+        QVERIFY(!tip->isModal());
+        QCOMPARE(OpenTip(), tip);
+        tip->close();
+    }
+};
+
+OB_BENCH_TEST(win_frmTip)
+#include "win_frmTip.moc"

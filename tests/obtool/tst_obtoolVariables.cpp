@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// "obtool source variables", as other programs call it.
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Outcome {
+    int status = -1;
+    QByteArray out;
+    QByteArray error;
+};
+
+Outcome Run(const QStringList& arguments, const QByteArray& input = {})
+{
+    QProcess obtool;
+    obtool.start(QStringLiteral(OB_BIN "/obtool"),
+                 QStringList{QStringLiteral("source"), QStringLiteral("variables")} + arguments);
+    obtool.write(input);
+    obtool.closeWriteChannel();
+    if (!obtool.waitForFinished(30'000) || obtool.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {obtool.exitCode(), obtool.readAllStandardOutput(), obtool.readAllStandardError()};
+}
+
+Outcome Report(const QByteArray& source)
+{
+    return Run({QStringLiteral("-")}, source);
+}
+
+} // namespace
+
+class tst_obtoolVariables : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void namesAndLinesFromZeroAreReportedInScanOrder()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("my game.bas"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("zoo = 1\r\n\r\nif a=1 then b=2\r\n  cow$ = \"x = 5\"\r\nend\r\n");
+        file.close();
+        const Outcome outcome = Run({path});
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.out, QByteArray("zoo\t0\na\t2\nb\t2\ncow$\t3\n"));
+        QCOMPARE(outcome.error, QByteArray());
+    }
+
+    void ansiNamesAreReportedAsUtf8()
+    {
+        QCOMPARE(Report("gr\xF6\xDF" "e = 1\r\n\x80uro = 2\r\nend\r\n").out,
+                 QByteArray("gr\xC3\xB6\xC3\x9F" "e\t0\n\xE2\x82\xACuro\t1\n"));
+    }
+
+    void aTabAndAnEmptyNameStandAsTheyAre()
+    {
+        QCOMPARE(Report("a\tb = 1\r\nab: = 2\r\nend\r\n").out, QByteArray("a\tb\t0\n\t1\n"));
+    }
+
+    // The file's last two bytes go as in the code window, and the last line loses two characters in the scan.
+    void theEndOfTheFileIsCutAsInTheCodeWindow()
+    {
+        QCOMPARE(Report("total = 5\r\n").out, QByteArray("total\t0\n"));
+        QCOMPARE(Report("total=5\r\n").out, QByteArray());
+        QCOMPARE(Report("total = 5").out, QByteArray());
+        QCOMPARE(Report("\xFC" "b=\xE4\xE4\xE4\r\n").out, QByteArray("\xC3\xBC" "b\t0\n"));
+    }
+
+    void otherLineEndsCountToo()
+    {
+        QCOMPARE(Report("ab=1\ncd=2\ref=3\r\nend\n\n").out, QByteArray("ab\t0\ncd\t1\nef\t2\n"));
+    }
+
+    void aProgramWithoutVariablesGivesAnEmptyReport()
+    {
+        const Outcome outcome = Report("print 1\r\n");
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.out, QByteArray());
+    }
+
+    void aFileThatIsNotThereFails()
+    {
+        const Outcome outcome = Run({QStringLiteral("/nowhere/missing.bas")});
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(outcome.out, QByteArray());
+        QVERIFY(outcome.error.startsWith("obtool: /nowhere/missing.bas: "));
+        QCOMPARE(outcome.error.count('\n'), 1);
+    }
+
+    void aFileOfOneByteFails()
+    {
+        QCOMPARE(Report("x").status, 1);
+    }
+
+    void withoutAFileItIsWrongUsage()
+    {
+        const Outcome outcome = Run({});
+        QCOMPARE(outcome.status, 2);
+        QVERIFY(outcome.error.contains("usage: obtool source variables FILE\n"));
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_obtoolVariables)
+#include "tst_obtoolVariables.moc"

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Tests of what the edit control tells assistive tools.
+#include "SciBench.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QtTest>
+
+using namespace ob;
+
+class win_SciAccessible : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AssistiveToolsReadTheText();
+    void AssistiveToolsAreToldOfChanges();
+    void AnotherControlKeepsItsOwnAssistance();
+};
+
+void win_SciAccessible::AssistiveToolsReadTheText()
+{
+    const QString text = QStringLiteral("print \"\u00E4\U0001F600\"\r\nlet b = 2. Then c\r\n");
+    SciBench bench(text.toUtf8().toStdString());
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(bench.control);
+    QVERIFY(accessible != nullptr);
+    QCOMPARE(accessible->role(), QAccessible::EditableText);
+    QAccessibleTextInterface* reader = accessible->textInterface();
+    QVERIFY(reader != nullptr);
+    QCOMPARE(reader->characterCount(), static_cast<int>(text.size()));
+    for (int from = 0; from <= text.size(); ++from)
+        for (const int to : {from, from + 1, static_cast<int>(text.size())})
+            if (!text.mid(from, 1).startsWith(QChar(0xDE00)) && !text.mid(to, 1).startsWith(QChar(0xDE00)))
+                QCOMPARE(reader->text(from, to), text.mid(from, to - from));
+
+    int start = 0;
+    int end = 0;
+    QCOMPARE(reader->textAtOffset(14, QAccessible::WordBoundary, &start, &end), QStringLiteral("let"));
+    QCOMPARE(start, text.indexOf(QStringLiteral("let")));
+    QCOMPARE(end, start + 3);
+    QCOMPARE(reader->textAtOffset(2, QAccessible::LineBoundary, &start, &end), text.left(13));
+    QCOMPARE(reader->textAfterOffset(2, QAccessible::LineBoundary, &start, &end), text.mid(13));
+    QCOMPARE(reader->textBeforeOffset(20, QAccessible::LineBoundary, &start, &end), text.left(13));
+    QCOMPARE(reader->textBeforeOffset(2, QAccessible::LineBoundary, &start, &end), QString());
+    QCOMPARE(reader->textAtOffset(8, QAccessible::CharBoundary, &start, &end), text.mid(8, 2));
+    QCOMPARE(reader->textAtOffset(text.size(), QAccessible::LineBoundary, &start, &end), QString());
+
+    reader->setSelection(0, 0, 5);
+    QCOMPARE(reader->selectionCount(), 1);
+    reader->selection(0, &start, &end);
+    QCOMPARE(QPoint(start, end), QPoint(0, 5));
+    reader->setCursorPosition(13);
+    QCOMPARE(reader->cursorPosition(), 13);
+    QCOMPARE(reader->offsetAtPoint(reader->characterRect(13).center()), 13);
+
+    accessible->editableTextInterface()->replaceText(13, 16, QStringLiteral("\u00DC"));
+    accessible->editableTextInterface()->deleteText(0, 6);
+    QString expected = text;
+    expected.replace(13, 3, QStringLiteral("\u00DC")).remove(0, 6);
+    QCOMPARE(bench.Text(), expected.toUtf8().toStdString());
+    QCOMPARE(reader->text(0, reader->characterCount()), expected);
+}
+
+void win_SciAccessible::AssistiveToolsAreToldOfChanges()
+{
+    static QStringList events;
+    SciBench bench("\xC3\xA4(b)\r\n");
+    QAccessible::setActive(true);
+    bench.Paint();
+    const QAccessible::UpdateHandler before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+        if (event->type() == QAccessible::TextInserted) {
+            const auto* inserted = static_cast<QAccessibleTextInsertEvent*>(event);
+            events << QStringLiteral("+%1 %2").arg(inserted->changePosition()).arg(inserted->textInserted());
+        } else if (event->type() == QAccessible::TextRemoved) {
+            const auto* removed = static_cast<QAccessibleTextRemoveEvent*>(event);
+            events << QStringLiteral("-%1 %2").arg(removed->changePosition()).arg(removed->textRemoved());
+        } else if (event->type() == QAccessible::TextCaretMoved) {
+            events << QStringLiteral("|%1").arg(static_cast<QAccessibleTextCursorEvent*>(event)->cursorPosition());
+        } else if (event->type() == QAccessible::TextSelectionChanged) {
+            const auto* selection = static_cast<QAccessibleTextSelectionEvent*>(event);
+            events << QStringLiteral("[%1 %2").arg(selection->selectionStart()).arg(selection->selectionEnd());
+        }
+    });
+    SendSci(bench.sci, SCI_GOTOPOS, 2);
+    bench.Paint();
+    bench.Insert(2, "\xC3\xB6z");
+    bench.Paint();
+    SendSci(bench.sci, SCI_UNDO);
+    bench.Paint();
+    SendSci(bench.sci, SCI_SETSEL, 0, 3);
+    bench.Paint();
+    QAccessible::installUpdateHandler(before);
+    QAccessible::setActive(false);
+    const QStringList expected = {QStringLiteral("|1"), QStringLiteral("+1 \u00F6z"), QStringLiteral("|3"),
+                                  QStringLiteral("-1 \u00F6z"), QStringLiteral("|1"), QStringLiteral("[0 2")};
+    QCOMPARE(events, expected);
+}
+
+// The plugin's answers are for its own control alone.
+void win_SciAccessible::AnotherControlKeepsItsOwnAssistance()
+{
+    SciBench bench("text");
+    QLineEdit other(QStringLiteral("words"));
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&other);
+    QVERIFY(accessible != nullptr && accessible->textInterface() != nullptr);
+    QCOMPARE(accessible->textInterface()->text(0, 5), QStringLiteral("words"));
+}
+
+QTEST_MAIN(win_SciAccessible)
+#include "win_SciAccessible.moc"
