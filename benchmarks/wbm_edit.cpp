@@ -124,10 +124,8 @@ void TypeInTheMiddle(benchmark::State& state, ob::SciLexerOB_CreateFunction* mak
     }
 }
 BENCHMARK_CAPTURE(TypeInTheMiddle, bare, MakeBare, Styled::AsSeen, "")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(TypeInTheMiddle, own_styled_as_seen, MakeOwn, Styled::AsSeen, "")
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(TypeInTheMiddle, own_all_styled, MakeOwn, Styled::Whole, "")
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(TypeInTheMiddle, own_styled_as_seen, MakeOwn, Styled::AsSeen, "")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(TypeInTheMiddle, own_all_styled, MakeOwn, Styled::Whole, "")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(TypeInTheMiddle, own_in_an_open_block, MakeOwn, Styled::Whole, "do\r\n")
     ->Unit(benchmark::kMillisecond);
 

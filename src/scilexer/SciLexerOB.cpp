@@ -64,13 +64,12 @@ QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
 } // namespace
 
 cSciLexerOB::cSciLexerOB(QWidget* parent)
-    : QsciScintillaBase(parent),
-      offsets(
-          [this](Position from, Position to) {
-              const Position gap = Direct(SCI_GETGAPPOSITION);
-              return Bytes(from, from < gap && gap < to ? gap : to);
-          },
-          [this] { return Direct(SCI_GETLENGTH); })
+    : QsciScintillaBase(parent), offsets(
+                                     [this](Position from, Position to) {
+                                         const Position gap = Direct(SCI_GETGAPPOSITION);
+                                         return Bytes(from, from < gap && gap < to ? gap : to);
+                                     },
+                                     [this] { return Direct(SCI_GETLENGTH); })
 {
     directFunction = reinterpret_cast<DirectFunction>(SendScintillaPtrResult(SCI_GETDIRECTFUNCTION));
     directPointer = Address(SendScintillaPtrResult(SCI_GETDIRECTPOINTER));
@@ -336,7 +335,7 @@ void cSciLexerOB::NoteForAssistants(Change change, Position position, Position l
 {
     offsets.NoteChange(position);
     untold.reset();
-    if (length > MostToldBytes || !assistance.IsOn())
+    if (length > MostToldBytes || !QAccessible::isActive())
         return;
     untold = Untold{change, position, length, {}};
     if (change == Change::Deletion)
@@ -345,7 +344,7 @@ void cSciLexerOB::NoteForAssistants(Change change, Position position, Position l
 
 void cSciLexerOB::TellAssistants()
 {
-    if (!assistance.IsOn())
+    if (!QAccessible::isActive())
         return;
     if (untold) {
         const auto offset = static_cast<int>(offsets.OffsetOf(untold->position));

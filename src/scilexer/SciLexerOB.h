@@ -7,7 +7,6 @@
 #include "scilexer/modLexer.h"
 #include "scilexer/modTextOffsets.h"
 
-#include <QAccessible>
 #include <QString>
 
 #include <cstdint>
@@ -16,22 +15,6 @@
 #include <vector>
 
 namespace ob {
-
-// Whether any assistive tool listens.
-class AssistanceObserver final : public QAccessible::ActivationObserver {
-public:
-    AssistanceObserver() { QAccessible::installActivationObserver(this); }
-    ~AssistanceObserver() { QAccessible::removeActivationObserver(this); }
-    AssistanceObserver(const AssistanceObserver&) = delete;
-    AssistanceObserver& operator=(const AssistanceObserver&) = delete;
-
-    bool IsOn() const { return isOn; }
-
-private:
-    void accessibilityActiveChanged(bool active) override { isOn = active; }
-
-    bool isOn = QAccessible::isActive();
-};
 
 class cSciLexerOB final : public QsciScintillaBase, public cSciControl {
 public:
@@ -120,7 +103,6 @@ private:
         int selectionStart = 0;
         int selectionEnd = 0;
     };
-    AssistanceObserver assistance;
     TextOffsets offsets;
     std::optional<Untold> untold;
     Told told;

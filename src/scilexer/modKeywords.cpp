@@ -10,11 +10,11 @@ namespace ob {
 namespace {
 
 constexpr std::pair<std::string_view, WordRole> StructureWords[] = {
-    {"if", WordRole::If},           {"then", WordRole::Then},        {"else", WordRole::Else},
-    {"end", WordRole::End},         {"select", WordRole::Select},    {"case", WordRole::Case},
-    {"sub", WordRole::Routine},     {"function", WordRole::Routine}, {"for", WordRole::Opener},
-    {"while", WordRole::Opener},    {"do", WordRole::Opener},        {"next", WordRole::Closer},
-    {"wend", WordRole::Closer},     {"loop", WordRole::Closer},      {"rem", WordRole::Rem},
+    {"if", WordRole::If},        {"then", WordRole::Then},        {"else", WordRole::Else},
+    {"end", WordRole::End},      {"select", WordRole::Select},    {"case", WordRole::Case},
+    {"sub", WordRole::Routine},  {"function", WordRole::Routine}, {"for", WordRole::Opener},
+    {"while", WordRole::Opener}, {"do", WordRole::Opener},        {"next", WordRole::Closer},
+    {"wend", WordRole::Closer},  {"loop", WordRole::Closer},      {"rem", WordRole::Rem},
 };
 
 char ToLower(char c)
@@ -80,9 +80,9 @@ WordInfo KeywordSet::FindLong(std::string_view word) const
                                             [](char a, char b) { return ToLower(a) < ToLower(b); });
     };
     const auto found = std::lower_bound(longWords.begin(), longWords.end(), word, isLess);
-    const bool isEqual = found != longWords.end() && found->size() == word.size() &&
-                         std::equal(word.begin(), word.end(), found->begin(),
-                                    [](char a, char b) { return ToLower(a) == b; });
+    const bool isEqual =
+        found != longWords.end() && found->size() == word.size() &&
+        std::equal(word.begin(), word.end(), found->begin(), [](char a, char b) { return ToLower(a) == b; });
     return {WordRole::None, isEqual};
 }
 

@@ -81,15 +81,8 @@ private:
 inline KeywordSet::Key KeywordSet::MakeKey(const char* word, std::size_t length, std::size_t readable)
 {
     constexpr std::uint64_t CaseBits = 0x2020202020202020u;
-    constexpr std::uint64_t Masks[] = {0,
-                                       0xFF,
-                                       0xFFFF,
-                                       0xFFFFFF,
-                                       0xFFFFFFFF,
-                                       0xFFFFFFFFFF,
-                                       0xFFFFFFFFFFFF,
-                                       0xFFFFFFFFFFFFFF,
-                                       0xFFFFFFFFFFFFFFFF};
+    constexpr std::uint64_t Masks[] = {
+        0, 0xFF, 0xFFFF, 0xFFFFFF, 0xFFFFFFFF, 0xFFFFFFFFFF, 0xFFFFFFFFFFFF, 0xFFFFFFFFFFFFFF, 0xFFFFFFFFFFFFFFFF};
     if (std::endian::native == std::endian::little && readable >= ShortLength) {
         Key key;
         std::memcpy(&key.low, word, 8);

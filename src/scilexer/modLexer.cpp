@@ -325,9 +325,8 @@ int LexText(std::string_view text, const KeywordSet& keywords, unsigned char* st
 
 int FoldLevel(int stateBefore, int stateAfter, std::string_view line)
 {
-    const bool isBlank = std::all_of(line.begin(), line.end(), [](char c) {
-        return ClassOf(c) == ClassBlank || ClassOf(c) == ClassLineEnd;
-    });
+    const bool isBlank = std::all_of(line.begin(), line.end(),
+                                     [](char c) { return ClassOf(c) == ClassBlank || ClassOf(c) == ClassLineEnd; });
     const int depth = std::clamp(stateBefore, 0, FoldNumberMask - FoldBase);
     return FoldBase + depth + (stateAfter > stateBefore ? FoldHeader : 0) + (isBlank ? FoldWhite : 0);
 }

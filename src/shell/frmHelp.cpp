@@ -23,6 +23,8 @@ namespace {
 constexpr int PageRole = Qt::UserRole;
 constexpr int SectionRole = Qt::UserRole + 1;
 
+constexpr int ContentsWidth = 270; // at first, in pixels
+
 QIcon IconOf(const char* name)
 {
     return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
@@ -34,6 +36,8 @@ QTreeWidgetItem* AddItem(QTreeWidgetItem* parent, const QString& caption, const 
     item->setData(0, PageRole, place.page);
     item->setData(0, SectionRole, place.section);
     item->setToolTip(0, caption);
+    // A little air between the lines.
+    item->setSizeHint(0, QSize(0, QFontMetrics(item->font(0)).height() + 6));
     return item;
 }
 
@@ -55,7 +59,7 @@ frmHelp::frmHelp(QWidget* parent)
     ui->setupUi(this);
     ui->splitter->setStretchFactor(0, 0);
     ui->splitter->setStretchFactor(1, 1);
-    ui->splitter->setSizes({250, width() - 250});
+    ui->splitter->setSizes({ContentsWidth, width() - ContentsWidth});
     ui->cmdBack->setIcon(IconOf("back"));
     ui->cmdForward->setIcon(IconOf("forward"));
     ui->cmdContents->setIcon(IconOf("home"));
@@ -250,8 +254,8 @@ void frmHelp::txtPage_Click(const QUrl& link)
     const QString target = link.toString();
     if (IsManualLink(target))
         GoTo(PlaceOfLink(target, Here().page));
-    else
-        OpenPage(target);
+    else if (OpenPage(target) == PageEnd::Failed)
+        MsgBox(QStringLiteral("No program of this system could open ") + target);
 }
 
 void frmHelp::Attach(QWidget* modal)

@@ -110,7 +110,7 @@ private Q_SLOTS:
         Press(Qt::Key_P, Qt::AltModifier);
         QCOMPARE(window->focusWidget()->objectName(), QStringLiteral("txtAscii"));
         Press(Qt::Key_D, Qt::AltModifier);
-        QVERIFY(!window->isVisible());
+        QTRY_VERIFY(!window->isVisible());
     }
 
     void outsideTheFieldKeysAreShownAndDoTheirWork()
@@ -133,9 +133,8 @@ private Q_SLOTS:
     void theMenuItemShowsItModally()
     {
         TestBench bench;
-        bench.ExpectModal(QStringLiteral("frmKey"), [](QDialog& dialog) {
-            dialog.findChild<QPushButton*>(QStringLiteral("cmdDone"))->click();
-        });
+        bench.ExpectModal(QStringLiteral("frmKey"),
+                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdDone"))->click(); });
         mnuToolKeyCode_Click();
     }
 };

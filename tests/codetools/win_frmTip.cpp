@@ -37,11 +37,13 @@ QString Stored()
     return ReadSetting(QStringLiteral("ShowTips"), QStringLiteral("never stored"));
 }
 
-// A tool that deletes itself once closed.
-frmTip* OpenTip()
+QList<frmTip*> OpenTips()
 {
-    mnuOptionShowTip_Click();
-    return qobject_cast<frmTip*>(QApplication::activeWindow());
+    QList<frmTip*> open;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* tip = qobject_cast<frmTip*>(window); tip != nullptr && tip->isVisible())
+            open.append(tip);
+    return open;
 }
 
 } // namespace
@@ -73,7 +75,7 @@ private Q_SLOTS:
         QTest::mouseClick(Button(tip, "cmdNextTip"), Qt::LeftButton);
         QCOMPARE(Shown(tip), LoadTips().at(0));
         QTest::keyClick(&tip, Qt::Key_N, Qt::AltModifier);
-        QCOMPARE(Shown(tip), LoadTips().at(1));
+        QTRY_COMPARE(Shown(tip), LoadTips().at(1));
         tip.close();
     }
 
@@ -137,13 +139,22 @@ private Q_SLOTS:
 
     void theMenuItemShowsOneTipWindowBesideTheFrame()
     {
+        const TestBench bench;
+        mnuOptionShowTip_Click();
+        const QList<frmTip*> open = OpenTips();
+        QCOMPARE(open.size(), 1);
+        QVERIFY(!open.first()->isModal());
+        mnuOptionShowTip_Click();
+        QCOMPARE(OpenTips(), open);
+        open.first()->close();
+        QVERIFY(OpenTips().isEmpty());
+    }
+
+    void itCanBeShownModallyAsAtTheStart()
+    {
         TestBench bench;
-        ShowTips = false;
-        frmTip* tip = OpenTip();
-        QVERIFY(tip != nullptr);
-        QVERIFY(!tip->isModal());
-        QCOMPARE(OpenTip(), tip);
-        tip->close();
+        bench.ExpectModal(QStringLiteral("frmTip"), [](QDialog& tip) { Button(tip, "cmdOK")->click(); });
+        ShowToolModally<frmTip>();
     }
 };
 

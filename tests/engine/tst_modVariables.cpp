@@ -60,7 +60,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<Entries>("names");
-        const auto row = [](const char* line, const Entries& names) { QTest::newRow(line) << QByteArray(line) << names; };
+        const auto row = [](const char* line, const Entries& names) {
+            QTest::newRow(line) << QByteArray(line) << names;
+        };
         row("total = 5", {"total"});
         row("   total=5   ", {"total"});
         row("let total = 5", {"total"});
@@ -115,10 +117,7 @@ private Q_SLOTS:
     }
 
     // The cut at a blank drops the quote as it would drop a word.
-    void aQuotedBlankBeforeTheSignHidesTheQuote()
-    {
-        QCOMPARE(Scan("a$ = \"see b=c\"\r\n"), (Entries{"a$@0", "b@0"}));
-    }
+    void aQuotedBlankBeforeTheSignHidesTheQuote() { QCOMPARE(Scan("a$ = \"see b=c\"\r\n"), (Entries{"a$@0", "b@0"})); }
 
     void theLastLineLosesItsLastTwoCharacters_data()
     {
@@ -199,7 +198,8 @@ private Q_SLOTS:
     {
         QByteArray text;
         for (int line = 0; line <= 112; ++line)
-            text += (line == 0 || line == 2 || line == 9 || line == 10 || line == 100 || line == 112) ? "ab=1\r\n" : "\r\n";
+            text +=
+                (line == 0 || line == 2 || line == 9 || line == 10 || line == 100 || line == 112) ? "ab=1\r\n" : "\r\n";
         cVariableTable table(text);
         table.sort(1, Qt::AscendingOrder);
         QCOMPARE(Column(table, 1), Words("0 10 100 112 2 9"));

@@ -52,8 +52,11 @@ private Q_SLOTS:
 
     void ansiNamesAreReportedAsUtf8()
     {
-        QCOMPARE(Report("gr\xF6\xDF" "e = 1\r\n\x80uro = 2\r\nend\r\n").out,
-                 QByteArray("gr\xC3\xB6\xC3\x9F" "e\t0\n\xE2\x82\xACuro\t1\n"));
+        QCOMPARE(Report("gr\xF6\xDF"
+                        "e = 1\r\n\x80uro = 2\r\nend\r\n")
+                     .out,
+                 QByteArray("gr\xC3\xB6\xC3\x9F"
+                            "e\t0\n\xE2\x82\xACuro\t1\n"));
     }
 
     void aTabAndAnEmptyNameStandAsTheyAre()
@@ -67,7 +70,11 @@ private Q_SLOTS:
         QCOMPARE(Report("total = 5\r\n").out, QByteArray("total\t0\n"));
         QCOMPARE(Report("total=5\r\n").out, QByteArray());
         QCOMPARE(Report("total = 5").out, QByteArray());
-        QCOMPARE(Report("\xFC" "b=\xE4\xE4\xE4\r\n").out, QByteArray("\xC3\xBC" "b\t0\n"));
+        QCOMPARE(Report("\xFC"
+                        "b=\xE4\xE4\xE4\r\n")
+                     .out,
+                 QByteArray("\xC3\xBC"
+                            "b\t0\n"));
     }
 
     void otherLineEndsCountToo()
@@ -91,10 +98,7 @@ private Q_SLOTS:
         QCOMPARE(outcome.error.count('\n'), 1);
     }
 
-    void aFileOfOneByteFails()
-    {
-        QCOMPARE(Report("x").status, 1);
-    }
+    void aFileOfOneByteFails() { QCOMPARE(Report("x").status, 1); }
 
     void withoutAFileItIsWrongUsage()
     {

@@ -43,7 +43,8 @@ public:
     }
 
 private:
-    template <std::size_t n> std::string_view Any(const std::array<std::string_view, n>& choice)
+    template <std::size_t n>
+    std::string_view Any(const std::array<std::string_view, n>& choice)
     {
         return choice[Below(n)];
     }
@@ -51,7 +52,7 @@ private:
     std::string Name()
     {
         static constexpr std::array<std::string_view, 16> parts = {
-            "total", "row",  "index",  "player", "Score", "file", "menu",   "posX",
+            "total", "row",  "index",  "player", "Score", "file",  "menu",   "posX",
             "width", "line", "buffer", "key",    "count", "hMain", "sprite", "value"};
         std::string name(Any(parts));
         if (Below(3) == 0)
@@ -73,8 +74,8 @@ private:
 
     std::string Words()
     {
-        static constexpr std::array<std::string_view, 12> words = {"draw",  "the",  "next", "picture", "when", "all",
-                                                                    "lines", "are", "ready", "and", "shown", "again"};
+        static constexpr std::array<std::string_view, 12> words = {
+            "draw", "the", "next", "picture", "when", "all", "lines", "are", "ready", "and", "shown", "again"};
         std::string text;
         for (std::size_t i = 2 + Below(6); i > 0; --i)
             text.append(Any(words)) += i > 1 ? " " : "";
@@ -100,8 +101,8 @@ private:
         return text;
     }
 
-    static constexpr std::array<std::string_view, 5> terms = {
-        "int(rnd(1) * %9)", "%n + %9", "(%n - %9) / %9", "val(mid$(%n, %9, 2))", "%9"};
+    static constexpr std::array<std::string_view, 5> terms = {"int(rnd(1) * %9)", "%n + %9", "(%n - %9) / %9",
+                                                              "val(mid$(%n, %9, 2))", "%9"};
 
     static constexpr std::array<std::string_view, 16> statements = {
         "' %w",

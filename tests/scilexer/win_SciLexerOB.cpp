@@ -54,9 +54,30 @@ bool HasColor(const QImage& image, QRgb color)
     return false;
 }
 
-const char* const Pieces[] = {"for i = 1 to 2",  "next",   "if a then", "end if", "'",      "\"",    "[a]",   "rem ",
-                              "#h",              "\r\n",   "\r",        "\n",     "\r\n\r\n", ":",   " ",     "12.5",
-                              "while x\nwend\n", "do\r\n", "loop",      "print ", "(",      "sub x\r\n", "then", "end "};
+const char* const Pieces[] = {"for i = 1 to 2",
+                              "next",
+                              "if a then",
+                              "end if",
+                              "'",
+                              "\"",
+                              "[a]",
+                              "rem ",
+                              "#h",
+                              "\r\n",
+                              "\r",
+                              "\n",
+                              "\r\n\r\n",
+                              ":",
+                              " ",
+                              "12.5",
+                              "while x\nwend\n",
+                              "do\r\n",
+                              "loop",
+                              "print ",
+                              "(",
+                              "sub x\r\n",
+                              "then",
+                              "end "};
 
 } // namespace
 

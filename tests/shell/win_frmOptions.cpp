@@ -1,118 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The preferences by their controls: what they show, what Apply, OK and Cancel do, and what a code window then shows.
+// The preferences by their controls: what they show, and what Apply, OK and Cancel do.
+#include "shell/OptionsBench.h"
 #include "support/BenchTest.h"
-#include "support/TestBench.h"
 
-#include "editor/cDocument.h"
 #include "editor/modUserTexts.h"
 #include "platform/modPaths.h"
-#include "platform/modSettings.h"
-#include "shell/Module1.h"
-#include "shell/frmOptions.h"
 
-#include <QAbstractButton>
 #include <QFile>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
-#include <QShortcut>
 #include <QTabBar>
-#include <QTabWidget>
 
 using namespace ob;
-
-namespace {
-
-constexpr std::uintptr_t LabelStyle = 8;
-
-QColor Shown(ColorRef color)
-{
-    return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-                  static_cast<int>((color >> 16) & 0xFF));
-}
-
-// A bench with the preferences open.
-class OptionsBench {
-public:
-    explicit OptionsBench(const QStringList& files = {})
-    {
-        bench.Start(files);
-        Open();
-    }
-
-    void Open()
-    {
-        mnuShowOptions_Click();
-        QApplication::processEvents();
-        form = bench.Frame().findChild<frmOptions*>();
-        QVERIFY(form != nullptr && form->isVisible());
-    }
-
-    template <class Widget>
-    Widget* Find(const char* name) const
-    {
-        auto* widget = form->findChild<Widget*>(QString::fromLatin1(name));
-        if (widget == nullptr)
-            qFatal("no such control: %s", name);
-        return widget;
-    }
-
-    void Click(const char* name) const { Find<QAbstractButton>(name)->click(); }
-    QString Text(const char* name) const { return Find<QLineEdit>(name)->text(); }
-    bool On(const char* name) const { return Find<QAbstractButton>(name)->isChecked(); }
-
-    void Type(const char* name, const QString& text) const
-    {
-        auto* box = Find<QLineEdit>(name);
-        Find<QTabWidget>("tbsOptions")->setCurrentIndex(PageOf(*box));
-        box->selectAll();
-        QTest::keyClick(box, Qt::Key_Delete);
-        QTest::keyClicks(box, text);
-    }
-
-    void ClickSample(const char* name) const
-    {
-        auto* sample = Find<QLabel>(name);
-        Find<QTabWidget>("tbsOptions")->setCurrentIndex(2);
-        QTest::mouseClick(sample, Qt::LeftButton);
-    }
-
-    QColor Fore(const char* name) const { return Find<QLabel>(name)->palette().color(QPalette::WindowText); }
-    QColor Back(const char* name) const { return Find<QLabel>(name)->palette().color(QPalette::Window); }
-
-    // Lets a closed window go.
-    void Settle() const
-    {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QApplication::processEvents();
-    }
-
-    std::intptr_t Sci(std::size_t slot, unsigned message, std::uintptr_t wParam = 0) const
-    {
-        return SendSci(Documents[slot]->sci, message, wParam);
-    }
-
-    TestBench bench;
-    QPointer<frmOptions> form;
-
-private:
-    int PageOf(const QWidget& control) const
-    {
-        const auto* pages = Find<QTabWidget>("tbsOptions");
-        for (int page = 0; page < pages->count(); ++page)
-            if (pages->widget(page)->isAncestorOf(&control))
-                return page;
-        return -1;
-    }
-};
-
-QString Stored(const char* key)
-{
-    return ReadSetting(QString::fromLatin1(key), QStringLiteral("(none)"));
-}
-
-} // namespace
 
 class win_frmOptions : public QObject {
     Q_OBJECT
@@ -132,15 +30,6 @@ private Q_SLOTS:
     void cancelledFontBoxChangesNothing();
     void fontThatIsNotInstalledKeepsItsName();
     void strangeFontSizesDoNoHarm();
-    void sampleAsksForAColor_data();
-    void sampleAsksForAColor();
-    void commentSamplesShowThePair();
-    void cancelledColorBoxChangesNothing();
-    void spaceOnASampleAsksForAColor();
-    void colorAloneStylesAllOpenWindows();
-    void colorAndThenCancelKeepsTheOldColor();
-    void defaultColorsStayAfterCancel();
-    void noColoringHidesTheSamples();
     void browseFillsItsBox_data();
     void browseFillsItsBox();
     void browseWithoutAChoiceKeepsTheBox();
@@ -394,153 +283,6 @@ void win_frmOptions::strangeFontSizesDoNoHarm()
         options.Click("cmdApply");
         QCOMPARE(FontHeight, size);
     }
-}
-
-void win_frmOptions::sampleAsksForAColor_data()
-{
-    QTest::addColumn<ColorRef*>("setting");
-    QTest::addColumn<bool>("back");
-    QTest::newRow("lblComments") << &CommentColor << false;
-    QTest::newRow("lblCommentback") << &CommentBackColor << true;
-    QTest::newRow("lblBranch") << &BranchColor << false;
-    QTest::newRow("lblKeywords") << &KeywordColor << false;
-    QTest::newRow("lblQuote") << &QuoteColor << false;
-    QTest::newRow("lblHighlight") << &HighlightColor << true;
-    QTest::newRow("lblNumber") << &NumberColor << false;
-    QTest::newRow("lblHandle") << &HandleColor << false;
-}
-
-void win_frmOptions::sampleAsksForAColor()
-{
-    QFETCH(ColorRef*, setting);
-    QFETCH(bool, back);
-    const char* sample = QTest::currentDataTag();
-    constexpr ColorRef chosen = 0x123456;
-    OptionsBench options;
-    const ColorRef before = *setting;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), before, chosen);
-    options.ClickSample(sample);
-    QCOMPARE(back ? options.Back(sample) : options.Fore(sample), Shown(chosen));
-    QCOMPARE(*setting, before);
-    options.Click("cmdApply");
-    QCOMPARE(*setting, chosen);
-    QCOMPARE(Stored(qPrintable(QStringLiteral("HandleColor"))), QString::number(HandleColor));
-    QVERIFY(options.bench.dialogs.Finished());
-}
-
-void win_frmOptions::commentSamplesShowThePair()
-{
-    OptionsBench options;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), CommentColor, 0x0000FF);
-    options.ClickSample("lblComments");
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), CommentBackColor, 0x00FF00);
-    options.ClickSample("lblCommentback");
-    for (const char* sample : {"lblComments", "lblCommentback"}) {
-        QCOMPARE(options.Fore(sample), QColor(255, 0, 0));
-        QCOMPARE(options.Back(sample), QColor(0, 255, 0));
-    }
-}
-
-void win_frmOptions::cancelledColorBoxChangesNothing()
-{
-    OptionsBench options;
-    // What the store held stays, even if it is no colour that can be shown.
-    options.Click("cmdCancel");
-    options.Settle();
-    QuoteColor = 0xFFFFFFFF;
-    options.Open();
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), 0xFFFFFFFF, std::nullopt);
-    options.ClickSample("lblQuote");
-    options.Click("cmdApply");
-    QCOMPARE(QuoteColor, ColorRef{0xFFFFFFFF});
-}
-
-void win_frmOptions::spaceOnASampleAsksForAColor()
-{
-    OptionsBench options;
-    options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(2);
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), NumberColor, 0x0000FF);
-    QTest::keyClick(options.Find<QLabel>("lblNumber"), Qt::Key_Space);
-    QCOMPARE(options.Fore("lblNumber"), QColor(255, 0, 0));
-    // The right button and a release elsewhere ask for nothing.
-    QTest::mouseClick(options.Find<QLabel>("lblNumber"), Qt::RightButton);
-    QTest::mousePress(options.Find<QLabel>("lblNumber"), Qt::LeftButton);
-    QTest::mouseRelease(options.Find<QLabel>("lblNumber"), Qt::LeftButton, {}, QPoint(-20, -20));
-    QVERIFY(options.bench.dialogs.Finished());
-}
-
-void win_frmOptions::colorAloneStylesAllOpenWindows()
-{
-    OptionsBench options;
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
-    const std::size_t last = Documents.size() - 1;
-    QVERIFY(last >= 2 && Documents[last - 1]->sci != nullptr && Documents[last]->sci != nullptr);
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), BranchColor, 0x123456);
-    options.ClickSample("lblBranch");
-    for (const std::size_t slot : {last - 1, last})
-        QVERIFY(options.Sci(slot, 2481 /* SCI_STYLEGETFORE */, LabelStyle) != 0x123456);
-    options.Click("cmdApply");
-    for (const std::size_t slot : {last - 1, last})
-        QCOMPARE(options.Sci(slot, 2481, LabelStyle), std::intptr_t{0x123456});
-}
-
-void win_frmOptions::colorAndThenCancelKeepsTheOldColor()
-{
-    OptionsBench options;
-    const ColorRef before = KeywordColor;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), before, 0x123456);
-    options.ClickSample("lblKeywords");
-    options.Click("cmdCancel");
-    options.Settle();
-    QCOMPARE(KeywordColor, before);
-    options.Open();
-    QCOMPARE(options.Fore("lblKeywords"), Shown(before));
-}
-
-void win_frmOptions::defaultColorsStayAfterCancel()
-{
-    OptionsBench options;
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
-    const std::size_t slot = Documents.size() - 1;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), BranchColor, 0x123456);
-    options.ClickSample("lblBranch");
-    options.Click("cmdApply");
-    QCOMPARE(BranchColor, ColorRef{0x123456});
-    options.Click("chkDefaultColors");
-    QVERIFY(!options.On("chkDefaultColors"));
-    QCOMPARE(BranchColor, Rgb(200, 0, 0));
-    QCOMPARE(options.Fore("lblBranch"), QColor(200, 0, 0));
-    // Open windows follow at the next Apply only.
-    QCOMPARE(options.Sci(slot, 2481, LabelStyle), std::intptr_t{0x123456});
-    options.Click("cmdCancel");
-    options.Settle();
-    QCOMPARE(BranchColor, Rgb(200, 0, 0));
-    QCOMPARE(Stored("BranchColor"), QString::number(0x123456));
-    QVERIFY(options.bench.Close());
-    QCOMPARE(Stored("BranchColor"), QString::number(Rgb(200, 0, 0)));
-}
-
-void win_frmOptions::noColoringHidesTheSamples()
-{
-    OptionsBench options;
-    options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(2);
-    QVERIFY(options.Find<QLabel>("lblBranch")->isVisible());
-    QVERIFY(!options.Find<QLabel>("lblNoColor")->isVisible());
-    options.Click("optColorOff");
-    QVERIFY(!options.Find<QLabel>("lblBranch")->isVisible());
-    QVERIFY(options.Find<QLabel>("lblNoColor")->isVisible());
-    QCOMPARE(SyntaxColor, 1);
-    options.Click("cmdOK");
-    options.Settle();
-    QCOMPARE(SyntaxColor, 0);
-    options.Open();
-    options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(2);
-    QVERIFY(options.On("optColorOff") && !options.On("optColorOn"));
-    QVERIFY(options.Find<QLabel>("lblNoColor")->isVisible());
-    options.Click("optColorOn");
-    options.Click("cmdApply");
-    QCOMPARE(SyntaxColor, 1);
 }
 
 void win_frmOptions::browseFillsItsBox_data()

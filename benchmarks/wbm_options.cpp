@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Opening the preferences, from the menu item to the painted window, with a comments file of usual size.
+#include "editor/modUserTexts.h"
+#include "platform/modPaths.h"
+#include "platform/modSettings.h"
+#include "shell/Module1.h"
+#include "shell/frmOptions.h"
+#include "shell/modOptions.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+
+void OpenPreferences(benchmark::State& state)
+{
+    for (auto _ : state) {
+        ob::mnuShowOptions_Click();
+        QApplication::processEvents();
+        state.PauseTiming();
+        auto* form = qobject_cast<ob::frmOptions*>(QApplication::activeWindow());
+        if (form == nullptr || !form->isVisible()) {
+            state.SkipWithError("the preferences did not open");
+            return;
+        }
+        form->reject();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenPreferences)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    const QTemporaryDir folder;
+    ob::SetProgramFolder(folder.path());
+    ob::SetSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
+    ob::ResetState();
+    ob::ReadAllSettings();
+    QFile comments(ob::CommentsPath(folder.path()));
+    if (!comments.open(QIODevice::WriteOnly) || comments.write(QByteArray("'made with care\r\n").repeated(40)) < 0)
+        return 1;
+    comments.close();
+
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
