@@ -99,7 +99,7 @@ FolderContents ReadFolder(const QString& folder)
         const QString name = entries.fileName();
         if (entries.fileInfo().isDir())
             contents.folders.append(name);
-        else if (IsCodeFileName(name))
+        else if (IsCodeFileName(name) && entries.fileInfo().isFile()) // no link to a pipe
             contents.files.append(name);
     }
     SortNames(contents.folders);

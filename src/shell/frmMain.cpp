@@ -2,6 +2,7 @@
 // The main window.
 #include "shell/frmMain.h"
 
+#include "codetools/frmTip.h"
 #include "editor/frmDocument.h"
 #include "guibuilder/frmPalette.h"
 #include "platform/modDialogs.h"
@@ -9,6 +10,7 @@
 #include "shell/frmMainMenu.h"
 #include "shell/frmMainWindows.h"
 #include "shell/frmStatusBar.h"
+#include "shell/frmTool.h"
 #include "shell/modOptions.h"
 #include "shell/modStart.h"
 
@@ -23,6 +25,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 
@@ -131,6 +134,9 @@ void frmMain::Load()
     OpenAtLoad();
     show();
     setWindowTitle(MainCaption());
+    // The files of the command line need not wait for the tip to be read.
+    if (ShowTips)
+        QTimer::singleShot(0, this, [] { RunCommand(OpenToolModally<frmTip>); });
 }
 
 void frmMain::PlaceWindow()

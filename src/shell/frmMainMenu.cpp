@@ -2,14 +2,20 @@
 // The menu tree of the main window, and the one loop that reads it.
 #include "shell/frmMainMenu.h"
 
+#include "codetools/frmKey.h"
+#include "codetools/frmTip.h"
+#include "editor/frmCodeExplorer.h"
 #include "editor/modEdit.h"
+#include "engine/dlgShowVar.h"
 #include "engine/modProject.h"
 #include "engine/modRun.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
 #include "shell/dlgAbout.h"
+#include "shell/frmHelp.h"
 #include "shell/frmMain.h"
 #include "shell/frmMainWindows.h"
+#include "shell/frmOptions.h"
 #include "shell/modFileCommands.h"
 #include "shell/modLaunchers.h"
 #include "shell/modPreviews.h"
@@ -34,7 +40,7 @@ constexpr MenuRow rows[] = {
     {1, "mnuFileNew", "&New", "Ctrl+N", "new", On, mnuFileNew_Click},
     {1, "mnuFileOpen", "&Open...", "", "", Menu, nullptr},
     {2, "mnuFileOpenCode", "Open &Code File", "Ctrl+O", "open", On, mnuFileOpenCode_Click},
-    {2, "mnuFileExplore", "&Explore Code Files", "", "explore", On, nullptr},
+    {2, "mnuFileExplore", "&Explore Code Files", "", "explore", On, mnuFileExplore_Click},
     {1, "mnuFileInsert", "&Insert File", "", "insert-file", Off, mnuFileInsert_Click},
     {1, "mnuFileClose", "&Close", "", "close", Off, mnuFileClose_Click},
     {1, "mnuFileBar0", "", "", "", Bar, nullptr},
@@ -76,8 +82,8 @@ constexpr MenuRow rows[] = {
     {2, "mnuEditInsertComments", "&Insert Programmer's Comments", "", "", On, nullptr},
 
     {0, "mnuViewOptions", "&Options", "", "", Menu, nullptr},
-    {1, "mnuShowOptions", "&Preferences", "", "options", On, nullptr},
-    {1, "mnuOptionShowTip", "&Show Tip", "", "tip", On, nullptr},
+    {1, "mnuShowOptions", "&Preferences", "", "options", On, mnuShowOptions_Click},
+    {1, "mnuOptionShowTip", "&Show Tip", "", "tip", On, mnuOptionShowTip_Click},
     {1, "mnuOptionsKeywords", "&Edit Custom Keywords", "", "keywords-edit", On, nullptr},
     {1, "mnuOptionsBar0", "", "", "", Bar, nullptr},
     {1, "mnuOptionsToolbar", "&Bench Toolbar", "", "", ItemKind::Check, mnuOptionsToolbar_Click},
@@ -128,12 +134,12 @@ constexpr MenuRow rows[] = {
     {2, "mnuColorDialog", "Color &Dialog", "", "color-dialog", On, mnuColorDialog_Click},
     {2, "mnuColorNames", "Color &Names", "", "color-names", On, nullptr},
     {2, "mnuToolFont", "&Font Dialog", "", "font", On, mnuToolFont_Click},
-    {2, "mnuToolKeyCode", "&Key Code Preview", "", "key-code", On, nullptr},
+    {2, "mnuToolKeyCode", "&Key Code Preview", "", "key-code", On, mnuToolKeyCode_Click},
     {1, "mnuToolSBar0", "", "", "", Bar, nullptr},
     {1, "mnuGui", "&Gui Builder", "", "gui-builder", On, nullptr},
     {1, "mnuToolIcon", "&Icon Editor", "", "icon-editor", On, nullptr},
     {1, "mnuToolFreeform", "&FreeForm", "", "freeform", On, mnuToolFreeform_Click},
-    {1, "mnuToolShowVar", "Show &Variables", "", "variables", Off, nullptr},
+    {1, "mnuToolShowVar", "Show &Variables", "", "variables", Off, mnuToolShowVar_Click},
 
     {0, "mnuWindow", "&Window", "", "", Menu, nullptr},
     {1, "mnuWindowNewWindow", "&New Window", "", "new-window", On, mnuFileNew_Click},
@@ -143,7 +149,7 @@ constexpr MenuRow rows[] = {
     {1, "mnuWindowArrangeIcons", "&Arrange Icons", "", "arrange-icons", On, mnuWindowArrangeIcons_Click},
 
     {0, "mnuHelp", "&Help", "", "", Menu, nullptr},
-    {1, "mnuHelpInstruct", "&Instructions", "", "instructions", On, nullptr},
+    {1, "mnuHelpInstruct", "&Instructions", "", "instructions", On, mnuHelpInstruct_Click},
     {1, "mnuHelpContents", "&Orchard BASIC Help", "F1", "help", On, mnuHelpContents_Click},
     {1, "mnuHelpOption", "&Optional Help File", "", "", On, mnuHelpOption_Click},
     {1, "mnuHelpBar0", "", "", "", Bar, nullptr},

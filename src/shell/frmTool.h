@@ -43,4 +43,14 @@ void ShowToolModally()
     tool.exec();
 }
 
+// Shows it over the main window and goes on: for a tool that comes by itself while others still have work to do.
+template <class Tool>
+void OpenToolModally()
+{
+    auto* tool = new Tool(ToolOwner());
+    tool->setAttribute(Qt::WA_DeleteOnClose);
+    BindManualPage(*tool, Tool::ManualPage);
+    tool->open();
+}
+
 } // namespace ob

@@ -71,6 +71,7 @@ private Q_SLOTS:
         SetRandomSource([] { return 53.5 / 55; });
         frmTip tip(nullptr);
         tip.show();
+        QVERIFY(QTest::qWaitForWindowActive(&tip));
         QCOMPARE(Shown(tip), LoadTips().at(54));
         QTest::mouseClick(Button(tip, "cmdNextTip"), Qt::LeftButton);
         QCOMPARE(Shown(tip), LoadTips().at(0));

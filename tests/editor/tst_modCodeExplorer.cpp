@@ -8,7 +8,6 @@
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
-#include <unistd.h>
 #endif
 
 using namespace ob;
@@ -67,17 +66,13 @@ private Q_SLOTS:
         QVERIFY(QFile::link(bench.Path(QStringLiteral("pipe.bas")), bench.Path(QStringLiteral("topipe.bas"))));
         QCOMPARE(ReadFolder(QDir::currentPath()).files, Words("link.bas real.bas"));
     }
-
-    void aFileThatCannotBeReadRaises()
-    {
-        if (::geteuid() == 0)
-            QSKIP("everything can be read by root");
-        const CoreBench bench;
-        const QString path = bench.Put(QStringLiteral("locked.bas"), "x");
-        QVERIFY(QFile::setPermissions(path, {}));
-        QCOMPARE(RaisedBy([&] { CodePreview(path); }), static_cast<int>(ErrorNumber::PathFileAccess));
-    }
 #endif
+
+    void whatCannotBeReadRaises()
+    {
+        const CoreBench bench;
+        QCOMPARE(RaisedBy([] { CodePreview(QDir::currentPath()); }), static_cast<int>(ErrorNumber::PathFileAccess));
+    }
 
     void aFolderOfManyFilesIsReadInReasonableTime()
     {
@@ -96,8 +91,10 @@ private Q_SLOTS:
         QCOMPARE(FolderChain(QStringLiteral("/")), Words("/"));
         QCOMPARE(FolderChain(QStringLiteral("/home")), Words("/ /home"));
         QCOMPARE(FolderChain(QStringLiteral("/home/me/code/")), Words("/ /home /home/me /home/me/code"));
+#ifdef Q_OS_WIN
         QCOMPARE(FolderChain(QStringLiteral("C:/")), Words("C:/"));
         QCOMPARE(FolderChain(QStringLiteral("C:/code/old")), Words("C:/ C:/code C:/code/old"));
+#endif
     }
 
     void aPathIsJoinedWithOneSeparator()

@@ -109,7 +109,8 @@ private:
     {
         auto window = std::make_unique<frmCodeExplorer>();
         window->show();
-        QTest::qWaitForWindowActive(window.get());
+        if (!QTest::qWaitForWindowActive(window.get()))
+            QTest::qFail("the window does not become active", __FILE__, __LINE__);
         return window;
     }
 

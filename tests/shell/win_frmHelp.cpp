@@ -41,12 +41,18 @@ QList<frmHelp*> OpenHelp()
     return open;
 }
 
+// Whether the window comes to take the keys.
+bool IsActive(const QWidget* window)
+{
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+}
+
 // The window after a look at the manual; it can take keys.
 frmHelp* Help(const QString& page = {})
 {
     ShowManual(page);
     frmHelp* help = OpenHelp().value(0);
-    if (help == nullptr || !QTest::qWaitForWindowActive(help))
+    if (help == nullptr || !IsActive(help))
         QTest::qFail("the help window is not there", __FILE__, __LINE__);
     return help;
 }
@@ -366,7 +372,7 @@ void win_frmHelp::f1InAToolOpensItsPage()
     TestBench bench;
     bench.Start();
     auto* tool = ShowTool<frmSample>();
-    QVERIFY(QTest::qWaitForWindowActive(tool));
+    QVERIFY(IsActive(tool));
     QTest::keyClick(tool, Qt::Key_F1);
     QCOMPARE(OpenHelp().size(), 1);
     QCOMPARE(OpenHelp().first()->Here(), PageNamed("files"));
@@ -379,12 +385,12 @@ void win_frmHelp::helpOfAModalToolCanBeUsedAndStays()
     bench.Start();
     Help(QStringLiteral("running"));
     bench.ExpectModal(QStringLiteral("frmSample"), [](QDialog& tool) {
-        QVERIFY(QTest::qWaitForWindowActive(&tool));
+        QVERIFY(IsActive(&tool));
         QTest::keyClick(&tool, Qt::Key_F1);
         QCOMPARE(OpenHelp().size(), 1);
         frmHelp* help = OpenHelp().first();
         QCOMPARE(help->Here(), PageNamed("files"));
-        QVERIFY(QTest::qWaitForWindowActive(help));
+        QVERIFY(IsActive(help));
         // A window that is shut out by a modal one gets no clicks.
         QTest::mouseClick(help->windowHandle(), Qt::LeftButton, {},
                           Find<QToolButton>(help, "cmdBack")->mapTo(help, QPoint(8, 8)));

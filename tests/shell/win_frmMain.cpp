@@ -10,6 +10,7 @@
 #include "shell/modOptions.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
@@ -50,6 +51,7 @@ class win_frmMain : public QObject {
 
 private Q_SLOTS:
     void firstStartHasNoWindowAndNoRecentFile();
+    void firstStartShowsATip();
     void titleHoldsTheVersion();
     void programFolderGetsItsFolderForPrograms();
     void storedUntitledThatExistsOpensAnEmptyWindow();
@@ -80,6 +82,15 @@ void win_frmMain::firstStartHasNoWindowAndNoRecentFile()
         QVERIFY(!Recent(bench, number)->isVisible());
         QCOMPARE(RecentFiles[static_cast<std::size_t>(number - 1)], QStringLiteral("error"));
     }
+}
+
+void win_frmMain::firstStartShowsATip()
+{
+    TestBench bench(TestBench::Store::Bare);
+    bench.ExpectModal(QStringLiteral("frmTip"), [](QDialog& dialog) { dialog.reject(); });
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    QVERIFY(bench.Active() != nullptr);
+    QApplication::processEvents();
 }
 
 void win_frmMain::titleHoldsTheVersion()

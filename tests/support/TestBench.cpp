@@ -20,7 +20,7 @@
 
 namespace ob {
 
-TestBench::TestBench() : folderBefore(QDir::currentPath())
+TestBench::TestBench(Store store) : folderBefore(QDir::currentPath())
 {
     const QDir top(folder.path());
     top.mkdir(QStringLiteral("work"));
@@ -28,6 +28,8 @@ TestBench::TestBench() : folderBefore(QDir::currentPath())
     SetProgramFolder(top.filePath(QStringLiteral("program")));
     SetLibraryFolder(QStringLiteral(OB_BIN));
     SetSettingsFile(top.filePath(QStringLiteral("settings.ini")));
+    if (store == Store::Quiet)
+        WriteSetting(QStringLiteral("ShowTips"), QStringLiteral("False"));
     QDir::setCurrent(top.filePath(QStringLiteral("work")));
     qApp->installEventFilter(this);
 }

@@ -28,7 +28,9 @@ struct EngineCall {
 
 class TestBench final : public QObject {
 public:
-    TestBench();
+    // Quiet: no tip comes at the start. Bare: the store is wholly empty, as for a new user.
+    enum class Store { Quiet, Bare };
+    explicit TestBench(Store store = Store::Quiet);
     ~TestBench() override;
 
     // Runs the start routine, the main window's Load and the command line, as the process's entry does.
