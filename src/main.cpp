@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -23,18 +24,19 @@ constexpr char usage[] = "usage: orchard-bench [--grab OUT.png] [FILE]\n"
                          "  --version       print the version\n"
                          "  --help          print this text\n";
 
-// What needs no window is answered before the toolkit starts.
-bool AnsweredAtOnce(int count, char** arguments)
+// What needs no window is answered before the toolkit starts: the exit status, or nothing.
+std::optional<int> AnswerAtOnce(int count, char** arguments)
 {
-    if (count != 2)
-        return false;
-    if (std::strcmp(arguments[1], "--version") == 0)
-        std::puts("orchard-bench " OB_VERSION);
-    else if (std::strcmp(arguments[1], "--help") == 0)
-        std::fputs(usage, stdout);
-    else
-        return false;
-    return true;
+    const char* const first = count > 1 ? arguments[1] : "";
+    if (std::strcmp(first, "--version") == 0)
+        return std::puts("orchard-bench " OB_VERSION) < 0 ? 1 : 0;
+    if (std::strcmp(first, "--help") == 0)
+        return std::fputs(usage, stdout) < 0 ? 1 : 0;
+    if (std::strcmp(first, "--grab") == 0 && count < 3) {
+        std::fputs(usage, stderr);
+        return 2;
+    }
+    return std::nullopt;
 }
 
 int SavePicture(ob::frmMain& frame, const QString& path)
@@ -50,8 +52,8 @@ int SavePicture(ob::frmMain& frame, const QString& path)
 
 int main(int argc, char** argv)
 {
-    if (AnsweredAtOnce(argc, argv))
-        return 0;
+    if (const auto status = AnswerAtOnce(argc, argv))
+        return *status;
 
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orchard-bench"));

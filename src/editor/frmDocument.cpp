@@ -46,6 +46,12 @@ SciLexerOB_CreateFunction* FindCreate(const QString& path)
     return reinterpret_cast<SciLexerOB_CreateFunction*>(QLibrary::resolve(path, SciLexerOB_CreateName));
 }
 
+bool IsReturn(QEvent* event)
+{
+    const auto* key = static_cast<QKeyEvent*>(event);
+    return (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && !key->isAutoRepeat();
+}
+
 QComboBox* MakeLabelBox(QWidget* parent, const QString& name, const QString& accessibleName)
 {
     auto* box = new QComboBox(parent);
@@ -268,10 +274,12 @@ bool frmDocument::eventFilter(QObject* watched, QEvent* event)
             return true;
         }
     }
-    if (event->type() == QEvent::KeyRelease) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && !key->isAutoRepeat())
-            RunCommand([this] { AddTab(document); });
+    if (event->type() == QEvent::KeyPress)
+        returnPressed = IsReturn(event);
+    // A Return that was pressed in a box and is let go here has broken no line.
+    if (event->type() == QEvent::KeyRelease && IsReturn(event) && returnPressed) {
+        returnPressed = false;
+        RunCommand([this] { AddTab(document); });
     }
     return QWidget::eventFilter(watched, event);
 }

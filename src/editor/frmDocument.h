@@ -68,6 +68,7 @@ private:
     QPushButton* cmdSort = nullptr;
     QCheckBox* chkWrap = nullptr;
     Hook hook = Hook::Off;
+    bool returnPressed = false;
 };
 
 // The document of the widget, or null when the widget is no code window.

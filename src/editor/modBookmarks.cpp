@@ -6,8 +6,6 @@ namespace ob {
 
 namespace {
 
-constexpr std::uintptr_t BookmarkMarker = 1;
-
 std::intptr_t CaretLine(Sci sci)
 {
     return SendSci(sci, SCI_LINEFROMPOSITION, static_cast<std::uintptr_t>(SendSci(sci, SCI_GETCURRENTPOS)));

@@ -6,6 +6,8 @@
 
 namespace ob {
 
+inline constexpr std::uintptr_t BookmarkMarker = 1;
+
 // Sets or takes away the bookmark of the caret's line.
 void ToggleBookmark(Sci sci);
 

@@ -2,33 +2,28 @@
 // How a code window's control is set up.
 #include "editor/modStyling.h"
 
+#include "editor/modBookmarks.h"
 #include "editor/modSyntaxTable.h"
+#include "platform/modAnsi.h"
+#include "scilexer/modLexer.h"
 #include "shell/Module1.h"
 
 namespace ob {
 
 namespace {
 
-enum SciStyle : std::uintptr_t {
-    StyleComment = 1,
-    StyleNumeral = 2,
-    StyleKeyword = 3,
-    StyleString = 4,
-    StyleHandle = 5,
-    StyleOperator = 6,
-    StyleIdentifier = 7,
-    StyleLabel = 8,
-    StyleDefault = 32,
+// The styles that belong to the control itself.
+enum ControlStyle : std::uintptr_t {
+    StyleBase = 32,
     StyleLineNumber = 33,
     StyleBrace = 34,
     StyleBadBrace = 35,
 };
 
 constexpr std::uintptr_t LanguageLexer = 8;
-constexpr std::uintptr_t BookmarkMarker = 1;
 constexpr std::uintptr_t BookmarkMargin = 1;
 
-void SetFore(Sci sci, SciStyle style, ColorRef color)
+void SetFore(Sci sci, std::uintptr_t style, ColorRef color)
 {
     SendSci(sci, SCI_STYLESETFORE, style, static_cast<std::intptr_t>(color));
 }
@@ -40,7 +35,7 @@ void SetSyntaxColors(Sci sci)
     SendSci(sci, SCI_STYLESETITALIC, StyleComment, -1);
     SendSci(sci, SCI_STYLESETBACK, StyleComment, static_cast<std::intptr_t>(CommentBackColor));
     SetFore(sci, StyleString, QuoteColor);
-    SetFore(sci, StyleNumeral, NumberColor);
+    SetFore(sci, StyleNumber, NumberColor);
     SetFore(sci, StyleOperator, NumberColor);
     SetFore(sci, StyleIdentifier, EditForeColor);
     SetFore(sci, StyleHandle, HandleColor);
@@ -53,19 +48,20 @@ void SetSyntaxColors(Sci sci)
 
 void UpdateKeywords(Sci sci)
 {
-    SendSci(sci, SCI_SETKEYWORDS, 0, LexerKeywords.constData());
+    // The user's words may hold characters beyond ASCII; the control's text is UTF-8.
+    SendSci(sci, SCI_SETKEYWORDS, 0, DecodeAnsi(LexerKeywords).constData());
 }
 
 void SetSciColors(Sci sci)
 {
-    SetFore(sci, StyleDefault, EditForeColor);
-    SendSci(sci, SCI_STYLESETBACK, StyleDefault, static_cast<std::intptr_t>(EditBackColor));
+    SetFore(sci, StyleBase, EditForeColor);
+    SendSci(sci, SCI_STYLESETBACK, StyleBase, static_cast<std::intptr_t>(EditBackColor));
     // The first argument only has to be other than zero: the selection is drawn inverted.
-    SendSci(sci, SCI_SETSELBACK, StyleDefault, static_cast<std::intptr_t>(EditForeColor));
-    SendSci(sci, SCI_SETSELFORE, StyleDefault, static_cast<std::intptr_t>(EditBackColor));
-    SendSci(sci, SCI_STYLESETSIZE, StyleDefault, FontHeight);
-    SendSci(sci, SCI_STYLESETFONT, StyleDefault, FontName.toUtf8().constData());
-    SendSci(sci, SCI_STYLESETBOLD, StyleDefault, FontBold ? 1 : 0);
+    SendSci(sci, SCI_SETSELBACK, StyleBase, static_cast<std::intptr_t>(EditForeColor));
+    SendSci(sci, SCI_SETSELFORE, StyleBase, static_cast<std::intptr_t>(EditBackColor));
+    SendSci(sci, SCI_STYLESETSIZE, StyleBase, FontHeight);
+    SendSci(sci, SCI_STYLESETFONT, StyleBase, FontName.toUtf8().constData());
+    SendSci(sci, SCI_STYLESETBOLD, StyleBase, FontBold ? 1 : 0);
     SendSci(sci, SCI_STYLECLEARALL);
     SendSci(sci, SCI_SETCARETLINEBACK, HighlightColor);
     SendSci(sci, SCI_SETCARETLINEVISIBLE, HighlightOn ? 1 : 0);

@@ -2,6 +2,8 @@
 // The catalogue of syntax hints on the language, and the keyword lists for autocompletion and colouring.
 #include "editor/modSyntaxTable.h"
 
+#include "platform/modRuntime.h"
+
 #include <QResource>
 #include <QString>
 
@@ -36,17 +38,6 @@ constexpr char KeywordText[] =
     "TexteditorColor$ Text_fs Text_nsb Text_nsb_ins Then Time$( Timer TitleBar Trace Trim$( Txcount( UL Ulong "
     "UnloadBmp Until Upper$( UpperLeftX UpperLeftY UR Ushort Using( Val( Version$ Void Wait Wend While Window "
     "WindowHeight WindowWidth Window_nf Winstring( Word Word$( ";
-
-char LowerAscii(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A')) : character;
-}
-
-bool EqualIgnoringCase(std::string_view left, std::string_view right)
-{
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
-}
 
 // The catalogue's text; for a resource that is stored as it is, this is the resource's memory and no copy.
 std::string_view CatalogueText()
@@ -93,7 +84,7 @@ std::string_view ReportedKey(std::string_view row)
 std::optional<int> FindSyntaxRow(std::string_view term)
 {
     const auto found = std::ranges::find_if(
-        SyntaxTable, [term](std::string_view row) { return EqualIgnoringCase(KeyOfRow(row), term); });
+        SyntaxTable, [term](std::string_view row) { return EqualsIgnoreCase(QByteArrayView(KeyOfRow(row)), QByteArrayView(term)); });
     if (found == SyntaxTable.end())
         return std::nullopt;
     return static_cast<int>(found - SyntaxTable.begin());

@@ -8,8 +8,6 @@
 #include "platform/modDialogs.h"
 #include "platform/modFiles.h"
 
-#include <QFile>
-
 namespace ob {
 
 namespace {
@@ -17,8 +15,11 @@ namespace {
 // The file's bytes; none when it is missing or cannot be read.
 QByteArray BytesOfFile(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    try {
+        return ReadWhole(path);
+    } catch (const RuntimeError&) {
+        return {};
+    }
 }
 
 } // namespace
@@ -70,7 +71,10 @@ void SaveCommentFile(const QString& folder, const QString& text)
 
 void LoadCustomKeywords(const QString& folder)
 {
-    LexerKeywords.prepend(BytesOfFile(KeywordsPath(folder)).toLower());
+    QByteArray words = BytesOfFile(KeywordsPath(folder)).toLower();
+    // The list travels as a text that ends at a NUL; the language's own words behind must not be lost to one.
+    words.replace('\0', ' ');
+    LexerKeywords.prepend(words);
 }
 
 } // namespace ob

@@ -4,6 +4,7 @@
 
 #include "editor/cDocument.h"
 #include "editor/modDocument.h"
+#include "platform/cLines.h"
 #include "platform/modAnsi.h"
 #include "platform/modFiles.h"
 #include "platform/modRuntime.h"
@@ -29,13 +30,6 @@ qsizetype FindIncludeWord(QByteArrayView line)
     return -1;
 }
 
-// How many bytes stand before the first line end.
-qsizetype LineLength(QByteArrayView text)
-{
-    const auto end = std::find_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
-    return end - text.begin();
-}
-
 // The name on an include line; nothing when the line is of another kind.
 std::optional<QByteArrayView> IncludeName(QByteArrayView line)
 {
@@ -45,18 +39,7 @@ std::optional<QByteArrayView> IncludeName(QByteArrayView line)
         return std::nullopt;
     // The character behind the word is skipped, whatever it is.
     const QByteArrayView name = line.sliced(std::min(line.size(), word + IncludeWord.size() + 1));
-    return TrimBlanks(name.first(LineLength(name)));
-}
-
-// Takes the first line, with its end, off the text. CR LF, LF and CR all end a line.
-QByteArrayView TakeLine(QByteArrayView& text)
-{
-    qsizetype end = LineLength(text);
-    if (end < text.size())
-        end += text.sliced(end).startsWith("\r\n") ? 2 : 1;
-    const QByteArrayView line = text.first(end);
-    text = text.sliced(end);
-    return line;
+    return TrimBlanks(name);
 }
 
 // The name on disk is the one that the code page can say.
@@ -77,8 +60,8 @@ QString InFolder(const QString& folder, const QString& name)
 QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QString& folder)
 {
     QByteArray result;
-    while (!program.isEmpty()) {
-        const auto name = IncludeName(TakeLine(program));
+    for (cLines lines(program); lines.Next();) {
+        const auto name = IncludeName(lines.Line());
         if (!name)
             break;
         QString wanted = DecodedName(*name, encoding);

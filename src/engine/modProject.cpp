@@ -6,6 +6,7 @@
 #include "editor/modDocument.h"
 #include "engine/modFileIO.h"
 #include "engine/modIncludes.h"
+#include "platform/cLines.h"
 #include "platform/modAnsi.h"
 #include "platform/modDialogs.h"
 #include "platform/modFiles.h"
@@ -45,13 +46,8 @@ QByteArray LinesOf(const QByteArray& bytes)
 {
     QByteArray lines;
     lines.reserve(bytes.size() + 2);
-    for (qsizetype start = 0; start < bytes.size();) {
-        qsizetype end = start;
-        while (end < bytes.size() && bytes[end] != '\r' && bytes[end] != '\n')
-            ++end;
-        lines.append(bytes.constData() + start, end - start).append("\r\n");
-        start = end + (bytes.mid(end, 2) == "\r\n" ? 2 : 1);
-    }
+    for (cLines source(bytes); source.Next();)
+        lines.append(source.Line()).append("\r\n");
     return lines;
 }
 

@@ -2,32 +2,12 @@
 // The scan for assignments: one pass over the control's memory, nothing copied.
 #include "engine/modVariables.h"
 
+#include "platform/cLines.h"
 #include "platform/modRuntime.h"
-
-#include <algorithm>
 
 namespace ob {
 
 namespace {
-
-bool IsContinuation(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-// Whole characters go; one always stays.
-QByteArrayView WithoutLastTwo(QByteArrayView line)
-{
-    for (int character = 0; character < 2; ++character) {
-        qsizetype lead = line.size() - 1;
-        while (lead > 0 && IsContinuation(line[lead]))
-            --lead;
-        if (lead <= 0)
-            break;
-        line.truncate(lead);
-    }
-    return line;
-}
 
 // What is left of an assignment's left side without words and statements before the name.
 QByteArrayView NameIn(QByteArrayView left)
@@ -57,16 +37,8 @@ void ScanLine(QByteArrayView line, int number, std::vector<VariableEntry>& entri
 std::vector<VariableEntry> ScanVariables(QByteArrayView text)
 {
     std::vector<VariableEntry> entries;
-    const char* const end = text.data() + text.size();
-    int number = 0;
-    for (const char* start = text.data(); start != end; ++number) {
-        const char* const stop = std::find_if(start, end, [](char byte) { return byte == '\r' || byte == '\n'; });
-        const QByteArrayView line(start, stop - start);
-        ScanLine(stop == end ? WithoutLastTwo(line) : line, number, entries);
-        start = stop;
-        if (start != end)
-            start += end - start >= 2 && start[0] == '\r' && start[1] == '\n' ? 2 : 1;
-    }
+    for (cLines lines(text); lines.Next();)
+        ScanLine(lines.ScannedLine(), lines.Number(), entries);
     return entries;
 }
 

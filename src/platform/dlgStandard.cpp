@@ -3,11 +3,13 @@
 #include "platform/dlgStandard.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 
@@ -19,6 +21,34 @@ QWidget* Owner()
 {
     return QApplication::activeWindow();
 }
+
+// A box that asks yes or no is left by its two buttons only: neither Escape nor the close button is an answer.
+class QuestionBox final : public QMessageBox {
+public:
+    enum Leaving { MayBeLeft, NeedsAnswer };
+
+    QuestionBox(QWidget* parent, Leaving howLeft) : QMessageBox(parent), leaving(howLeft) {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override
+    {
+        if (leaving == NeedsAnswer)
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (leaving == NeedsAnswer && event->matches(QKeySequence::Cancel))
+            event->accept();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+
+private:
+    Leaving leaving;
+};
 
 QMessageBox::Icon IconOf(BoxIcon icon)
 {
@@ -64,7 +94,7 @@ BoxAnswer AnswerOf(int button)
     }
 }
 
-// One line a pair, with the patterns behind the words unless the words show them.
+// One line a pair, the patterns behind the words; the boxes show the words alone.
 QString ToolkitFilters(const FileSpec& spec)
 {
     QStringList lines;
@@ -82,15 +112,13 @@ QString ToolkitFilters(const FileSpec& spec)
 
 BoxAnswer dlgStandard::Message(const MessageSpec& spec)
 {
-    QMessageBox box(Owner());
+    QuestionBox box(Owner(), spec.buttons == BoxButtons::YesNo ? QuestionBox::NeedsAnswer : QuestionBox::MayBeLeft);
     box.setWindowTitle(spec.title.isEmpty() ? QStringLiteral("OB Bench") : spec.title);
     box.setTextFormat(Qt::PlainText);
     box.setText(spec.text);
     box.setIcon(IconOf(spec.icon));
     box.setStandardButtons(ButtonsOf(spec.buttons));
     box.setDefaultButton(spec.buttons == BoxButtons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
-    if (spec.buttons == BoxButtons::YesNo)
-        box.setEscapeButton(QMessageBox::No);
     return AnswerOf(box.exec());
 }
 
@@ -107,9 +135,10 @@ QString dlgStandard::File(const FileSpec& spec)
     const QDir folder(spec.folder.isEmpty() ? QDir::currentPath() : spec.folder);
     const QString start = spec.name.isEmpty() ? folder.path() : folder.filePath(spec.name);
     const QString filters = ToolkitFilters(spec);
+    constexpr QFileDialog::Options options = QFileDialog::HideNameFilterDetails;
     const QString chosen = spec.purpose == FilePurpose::Open
-                               ? QFileDialog::getOpenFileName(Owner(), spec.title, start, filters)
-                               : QFileDialog::getSaveFileName(Owner(), spec.title, start, filters);
+                               ? QFileDialog::getOpenFileName(Owner(), spec.title, start, filters, nullptr, options)
+                               : QFileDialog::getSaveFileName(Owner(), spec.title, start, filters, nullptr, options);
     return QDir::toNativeSeparators(chosen);
 }
 

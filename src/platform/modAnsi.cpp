@@ -2,6 +2,8 @@
 // Turning ANSI text into UTF-8 and back, a machine word of ASCII at a time.
 #include "platform/modAnsi.h"
 
+#include "platform/cLines.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -221,15 +223,10 @@ Utf8Character ReadUtf8(const char* bytes, std::size_t length)
 // The number, from 1, of the line that the position lies in.
 int LineAt(QByteArrayView text, std::size_t position)
 {
-    int line = 1;
-    for (std::size_t index = 0; index < position; ++index) {
-        const char byte = text[static_cast<qsizetype>(index)];
-        const bool inPair = byte == '\r' && index + 1 < static_cast<std::size_t>(text.size()) &&
-                            text[static_cast<qsizetype>(index) + 1] == '\n';
-        if (byte == '\n' || (byte == '\r' && !inPair))
-            ++line;
+    cLines lines(text.first(static_cast<qsizetype>(position) + 1));
+    while (lines.Next()) {
     }
-    return line;
+    return lines.Number() + 1;
 }
 
 QByteArray DecodeSingleBytes(QByteArrayView ansi, std::size_t asciiLength)

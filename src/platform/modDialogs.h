@@ -84,8 +84,7 @@ QString FolderBox(const QString& title, const QString& start);
 std::optional<std::uint32_t> ColorBox(const QString& title, std::uint32_t start);
 std::optional<FontSpec> FontBox(const FontSpec& start);
 
-// "Words|*.bas;*.bak|More|*.*" as the toolkit's list of filters: "Words (*.bas *.bak)", one a pair, with patterns
-// that ignore case; words that show their patterns already keep them as they are.
+// "Words|*.bas;*.bak|More|*.*" taken apart: a text and its patterns for each pair; "*.*" becomes "*".
 struct FileFilter {
     QString label;
     QStringList patterns;

@@ -334,6 +334,29 @@ void ReplaceByRename(const fs::path& target, QByteArrayView bytes, const QString
     }
 }
 
+// For a folder that takes no new file: the old bytes are kept and put back after an error.
+void ReplaceInPlace(const fs::path& target, QByteArrayView bytes, const QString& callersPath)
+{
+    const QByteArray old = ReadWhole(callersPath);
+    const auto put = [&](QByteArrayView content) {
+        WriteIntoFile(callersPath, Opening::InPlace, {content});
+        std::error_code error;
+        fs::resize_file(target, static_cast<std::uintmax_t>(content.size()), error);
+        if (error)
+            Raise(NumberOfSystemError(error.default_error_condition().value()), callersPath);
+    };
+    try {
+        put(bytes);
+    } catch (const RuntimeError&) {
+        try {
+            put(old);
+        } catch (const RuntimeError&) {
+            // The first error tells the user more.
+        }
+        throw;
+    }
+}
+
 std::optional<QString> FindParts(const QString& folder, const QStringList& parts)
 {
     const QString& part = parts.first();
@@ -400,8 +423,9 @@ QByteArray ReadWhole(const QString& path)
 {
     if (!IsUsableName(path) || !QFileInfo::exists(path))
         Raise(ErrorNumber::FileNotFound, path);
+    // A pipe or an endless device would keep the reader for ever; a folder has no bytes.
     QFile file(path);
-    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         Raise(ErrorNumber::PathFileAccess, path);
     // Files that the system makes up as they are read tell no size, and any file may grow while it is read.
     constexpr qint64 step = 1 << 16;
@@ -436,7 +460,10 @@ void ReplaceFile(const QString& path, QByteArrayView bytes)
     const fs::path target = LinkTarget(given, path);
     if (fs::exists(status) && !MayWrite(target))
         Raise(ErrorNumber::PathFileAccess, path);
-    ReplaceByRename(target, bytes, path);
+    if (fs::exists(status) && !MayWrite(target.parent_path()))
+        ReplaceInPlace(target, bytes, path);
+    else
+        ReplaceByRename(target, bytes, path);
 }
 
 void AppendToFile(const QString& path, QByteArrayView bytes)

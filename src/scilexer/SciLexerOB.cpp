@@ -124,6 +124,10 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
     case SCI_CLEARDOCUMENTSTYLE:
         Forget(0);
         break;
+    case SCI_GRABFOCUS:
+        // The toolkit's library passes this message over.
+        setFocus(Qt::OtherFocusReason);
+        return 0;
     case SCI_OB_COUNTLEXEDLINES:
         return lexedLines;
     default:

@@ -98,10 +98,13 @@ void frmHelp::ConnectControls()
 
 void frmHelp::MakeKeys()
 {
-    ui->cmdBack->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Left));
-    ui->cmdForward->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Right));
-    auto* search = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), this);
-    connect(search, &QShortcut::activated, this, [this] {
+    // A button's own key would press it only after a moment.
+    const auto press = [this](Qt::Key key, QToolButton* button) {
+        connect(new QShortcut(QKeySequence(Qt::ALT | key), this), &QShortcut::activated, button, &QToolButton::click);
+    };
+    press(Qt::Key_Left, ui->cmdBack);
+    press(Qt::Key_Right, ui->cmdForward);
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), this), &QShortcut::activated, this, [this] {
         ui->txtSearch->setFocus(Qt::ShortcutFocusReason);
         ui->txtSearch->selectAll();
     });

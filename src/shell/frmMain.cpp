@@ -201,7 +201,10 @@ void frmMain::ShowDocument(cDocument& document)
         child = AddWindow(document);
     if (child == nullptr)
         return;
-    mdi->setActiveSubWindow(SubWindowOf(child));
+    QMdiSubWindow* window = SubWindowOf(child);
+    if (window->isMinimized())
+        window->showNormal();
+    mdi->setActiveSubWindow(window);
     ActivateChild(child);
     if (born)
         child->EndLoad();

@@ -6,6 +6,7 @@
 #include "editor/modDocument.h"
 #include "editor/modSyntaxTable.h"
 #include "editor/modUserTexts.h"
+#include "platform/cRuntimeError.h"
 #include "platform/modDialogs.h"
 #include "platform/modFiles.h"
 #include "platform/modPaths.h"
@@ -54,12 +55,22 @@ void LoadState()
         QDir::setCurrent(LastDir);
 }
 
+// The main window's Load always reaches its end.
+static void PassErrorsOver(const std::function<void()>& step)
+{
+    try {
+        step();
+    } catch (const RuntimeError&) {
+        // What could not be opened is simply not there.
+    }
+}
+
 void OpenAtLoad()
 {
     if (ShowRecentFiles() == RecentMenu::WantsNewWindow)
-        RunCommand(mnuFileNew_Click);
+        PassErrorsOver(mnuFileNew_Click);
     if (OpenFileOn && FileExists(RecentFiles[0]))
-        RunCommand([] { OpenRecentFile(RecentFiles[0]); });
+        PassErrorsOver([] { OpenRecentFile(RecentFiles[0]); });
 }
 
 static void OpenCodeFile(const QString& path)
