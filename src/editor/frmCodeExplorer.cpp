@@ -45,6 +45,7 @@ frmCodeExplorer::frmCodeExplorer(QWidget* parent)
     ui->Dir1->setModel(folders);
     ui->Dir1->installEventFilter(this);
     ui->Fil->setModel(files);
+    ui->splitter->setSizes({width() / 2, width() / 2});
     ui->txtDisplay->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     connect(timer, &QTimer::timeout, this, [this] { RunCommand([this] { TakeResults(); }); });
     connect(ui->Drive1, &QComboBox::activated, this, [this] { RunCommand([this] { Drive1_Change(); }); });

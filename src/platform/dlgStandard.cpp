@@ -108,6 +108,15 @@ QString ToolkitFilters(const FileSpec& spec)
     return lines.join(QStringLiteral(";;"));
 }
 
+// The box's field with the chosen family; null when the box is not the toolkit's own.
+QLineEdit* FamilyShownBy(const QFontDialog& box)
+{
+    for (QLineEdit* field : box.findChildren<QLineEdit*>())
+        if (!field->text().isEmpty() && field->text() == box.currentFont().family())
+            return field;
+    return nullptr;
+}
+
 } // namespace
 
 BoxAnswer dlgStandard::Message(const MessageSpec& spec)
@@ -158,12 +167,18 @@ std::optional<std::uint32_t> dlgStandard::Color(const ColorSpec& spec)
 
 std::optional<FontSpec> dlgStandard::Font(const FontSpec& start)
 {
-    QFont font(start.name, start.size, start.bold ? QFont::Bold : QFont::Normal, start.italic);
-    bool accepted = false;
-    font = QFontDialog::getFont(&accepted, font, Owner());
-    if (!accepted)
+    QFont font(QString(), start.size, start.bold ? QFont::Bold : QFont::Normal, start.italic);
+    font.setFamilies({start.name});
+    QFontDialog box(font, Owner());
+    // For a font that is not installed the box shows a stand-in; the name itself stays until the user picks another.
+    QLineEdit* const shown = FamilyShownBy(box);
+    if (shown != nullptr)
+        shown->setText(start.name);
+    if (box.exec() != QDialog::Accepted)
         return std::nullopt;
-    return FontSpec{font.family(), font.pointSize(), font.bold(), font.italic()};
+    font = box.selectedFont();
+    const bool kept = shown != nullptr && shown->text() == start.name;
+    return FontSpec{kept ? start.name : font.family(), font.pointSize(), font.bold(), font.italic()};
 }
 
 } // namespace ob

@@ -244,7 +244,7 @@ ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStr
     process.start(tool, arguments);
     const bool ended = process.waitForFinished(patience);
     return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 ? ToolEnd::Done
-                                                                                             : ToolEnd::Failed;
+                                                                                            : ToolEnd::Failed;
 }
 
 // What the tool has written, or failed to write, is brought to what the two types need; mostly nothing is left to do.

@@ -460,7 +460,8 @@ void ReplaceFile(const QString& path, QByteArrayView bytes)
     const fs::path target = LinkTarget(given, path);
     if (fs::exists(status) && !MayWrite(target))
         Raise(ErrorNumber::PathFileAccess, path);
-    if (fs::exists(status) && !MayWrite(target.parent_path()))
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    if (fs::exists(status) && !MayWrite(folder))
         ReplaceInPlace(target, bytes, path);
     else
         ReplaceByRename(target, bytes, path);

@@ -53,8 +53,7 @@ void AddSections(QTreeWidgetItem* item, const QString& name)
 
 } // namespace
 
-frmHelp::frmHelp(QWidget* parent)
-    : QDialog(parent, Qt::Window), ui(std::make_unique<Ui::frmHelp>())
+frmHelp::frmHelp(QWidget* parent) : QDialog(parent, Qt::Window), ui(std::make_unique<Ui::frmHelp>())
 {
     ui->setupUi(this);
     ui->splitter->setStretchFactor(0, 0);
@@ -232,7 +231,8 @@ void frmHelp::txtSearch_Change()
     if (hits.empty())
         ui->lblFound->setText(QStringLiteral("No page holds all of these words."));
     else
-        ui->lblFound->setText(hits.size() == 1 ? QStringLiteral("1 page") : QStringLiteral("%1 pages").arg(hits.size()));
+        ui->lblFound->setText(hits.size() == 1 ? QStringLiteral("1 page")
+                                               : QStringLiteral("%1 pages").arg(hits.size()));
     ui->stackContents->setCurrentWidget(words.isEmpty() ? ui->picTree : ui->picResults);
     if (words.isEmpty())
         ui->txtPage->MarkWords({});

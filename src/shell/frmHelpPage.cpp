@@ -18,9 +18,9 @@ namespace {
 
 const QString PictureFolder = QStringLiteral(":/manual/");
 
-constexpr int PageMargin = 28;      // left and right of the text, in pixels
-constexpr int WidestLine = 92;      // in average letters; longer lines are hard to follow
-constexpr double LineHeight = 132;  // in percent
+constexpr int PageMargin = 28;     // left and right of the text, in pixels
+constexpr int WidestLine = 92;     // in average letters; longer lines are hard to follow
+constexpr double LineHeight = 132; // in percent
 constexpr double HeadingSizes[] = {1.7, 1.28, 1.1, 1.0, 1.0, 1.0}; // of the text's size, from level 1
 
 // Between the two colours, `part` of the way to the second.
@@ -44,6 +44,11 @@ QColor LinkColor(const QPalette& palette)
 QColor Tint(const QPalette& palette, double part)
 {
     return Blend(palette.color(QPalette::Base), palette.color(QPalette::Text), part);
+}
+
+bool HasPicture(const QTextBlock& block)
+{
+    return block.text().contains(QChar::ObjectReplacementCharacter);
 }
 
 QImage Picture(const QString& target)
@@ -144,7 +149,9 @@ void frmHelpPage::StyleBlock(const QTextBlock& block)
         format.setTopMargin(level == 1 ? 0 : 20);
         format.setBottomMargin(level == 1 ? 12 : 6);
     } else if (!isCell) {
-        format.setLineHeight(LineHeight, QTextBlockFormat::ProportionalHeight);
+        // A picture is a letter of its line and must not be given that air.
+        if (!HasPicture(block))
+            format.setLineHeight(LineHeight, QTextBlockFormat::ProportionalHeight);
         format.setTopMargin(0);
         format.setBottomMargin(block.textList() != nullptr ? 5 : 10);
     }
@@ -210,8 +217,7 @@ void frmHelpPage::FitPictures()
             if (!format.isValid())
                 continue;
             const QUrl url(format.name());
-            document()->addResource(QTextDocument::ImageResource, url,
-                                    loadResource(QTextDocument::ImageResource, url));
+            document()->addResource(QTextDocument::ImageResource, url, loadResource(QTextDocument::ImageResource, url));
             document()->markContentsDirty(block.position(), block.length());
         }
     }

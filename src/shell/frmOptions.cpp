@@ -153,7 +153,8 @@ void frmOptions::ConnectButtons()
 {
     connect(ui->chkBold, &QCheckBox::toggled, this, &frmOptions::ShowSampleFonts);
     connect(ui->txtTabSize, &QLineEdit::textChanged, this, &frmOptions::txtTabSize_Change);
-    connect(ui->txtComments, &QPlainTextEdit::textChanged, this, [this] { values.comments = TextOf(*ui->txtComments); });
+    connect(ui->txtComments, &QPlainTextEdit::textChanged, this,
+            [this] { values.comments = TextOf(*ui->txtComments); });
     OnClick("cmdFont", [this] { cmdFont_Click(); });
     OnClick("optColorOn", [this] { optColor_Click(); });
     OnClick("optColorOff", [this] { optColor_Click(); });

@@ -105,7 +105,9 @@ public:
 
     void Take(QStringView raw)
     {
-        const QStringView line = raw.trimmed();
+        QStringView line = raw.trimmed();
+        if (!isCode && line.startsWith(QLatin1String("> ")))
+            line = line.sliced(2);
         if (line.startsWith(QLatin1String("```"))) {
             isCode = !isCode;
             isOpen = false;

@@ -212,7 +212,7 @@ private Q_SLOTS:
         drives->setCurrentIndex(-1);
         QTest::keyClick(drives, Qt::Key_Home);
         QCOMPARE(drives->currentIndex(), 0);
-        QTRY_VERIFY(!Folder(*window, QStringLiteral("usr")).isValid() || Folders(*window).size() > 1);
+        QTRY_COMPARE(Folders(*window).size(), 1 + ReadFolder(QDir::rootPath()).folders.size());
         QCOMPARE(Control<QTreeView>(*window, "Dir1")->currentIndex().data().toString(), drives->currentText());
     }
 
@@ -263,7 +263,7 @@ private Q_SLOTS:
         });
         mnuFileExplore_Click();
         QCOMPARE(bench.Active()->Caption(), bench.Path(QStringLiteral("Old.BAK")));
-        QCOMPARE(Documents.size(), std::size_t{2 + 1});
+        QCOMPARE(TestBench::Text(bench.Active()), QByteArray("print \"old\""));
     }
 
     void openWithoutAChoiceIsTold()

@@ -86,6 +86,10 @@ private Q_SLOTS:
     void returnKeepsTheIndentation();
     void menuKeysComeBeforeTheControlsOwn();
     void caretGoesToOneOnActivation();
+    void textHasTheKeyboard();
+    void returnOfABoxIsNoLineBreak();
+    void minimizedWindowComesBackWhenItIsTaken();
+    void keywordsOfTheUserAreColoured();
 };
 
 void win_frmDocument::newWindowIsUntitledAndEmpty()
@@ -492,6 +496,59 @@ void win_frmDocument::caretGoesToOneOnActivation()
     bench.Frame().ShowDocument(*other);
     QCOMPARE(bench.Active(), other);
     QCOMPARE(Ask(other, SCI_GETCURRENTPOS), 1);
+}
+
+void win_frmDocument::textHasTheKeyboard()
+{
+    TestBench bench;
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
+    bench.Choose(QStringLiteral("mnuFileNew"));
+    QCOMPARE(bench.Active()->number, 2);
+    QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
+    bench.Frame().ShowDocument(*Documents[1]);
+    QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
+    bench.Choose(QStringLiteral("mnuFileClose"));
+    QCOMPARE(bench.Active()->number, 2);
+    QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
+}
+
+void win_frmDocument::returnOfABoxIsNoLineBreak()
+{
+    TestBench bench;
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "  for i = 1 to 2\r\nx\r\n")});
+    SendSci(bench.Active()->sci, SCI_GOTOLINE, 1);
+    QTest::keyRelease(bench.ActiveWindowEdit(), Qt::Key_Return);
+    QCOMPARE(TestBench::Text(bench.Active()), QByteArray("  for i = 1 to 2\r\nx"));
+    QCOMPARE(Ask(bench.Active(), SCI_GETMODIFY), 0);
+}
+
+void win_frmDocument::minimizedWindowComesBackWhenItIsTaken()
+{
+    TestBench bench;
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    bench.Choose(QStringLiteral("mnuFileSave"));
+    auto* window = qobject_cast<QMdiSubWindow*>(bench.ActiveWindow()->parentWidget());
+    window->showMinimized();
+    bench.Choose(QStringLiteral("mnuFileNew"));
+    QVERIFY(!window->isMinimized());
+    QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+    QuitQuery = false;
+}
+
+void win_frmDocument::keywordsOfTheUserAreColoured()
+{
+    TestBench bench;
+    QFile words(bench.ProgramPath(QStringLiteral("keywords.txt")));
+    QVERIFY(words.open(QIODevice::WriteOnly));
+    words.write(QByteArray("gr\xf6\xdf" "e \0zap\r\n", 13));
+    words.close();
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "gr\xf6\xdf" "e zap print x\r\n")});
+    SendSci(bench.Active()->sci, SCI_COLOURISE, 0, -1);
+    QByteArray styles;
+    for (const std::uintptr_t position : {0, 8, 12, 18})
+        styles.append(static_cast<char>('0' + Ask(bench.Active(), SCI_GETSTYLEAT, position)));
+    QCOMPARE(styles, QByteArray("3337"));
 }
 
 OB_BENCH_TEST(win_frmDocument)

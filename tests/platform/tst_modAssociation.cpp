@@ -69,7 +69,8 @@ private Q_SLOTS:
         folder = std::make_unique<QTemporaryDir>();
         places = {folder->filePath(QStringLiteral("orchard-bench")), folder->filePath(QStringLiteral("data")),
                   folder->filePath(QStringLiteral("config")), QStringLiteral(OB_TEST_DATA "/../../resources/icons")};
-        PutProgram(places.executable, "printf '%s\\n' \"$@\" > \"$0.called.new\"\nmv \"$0.called.new\" \"$0.called\"\n");
+        PutProgram(places.executable,
+                   "printf '%s\\n' \"$@\" > \"$0.called.new\"\nmv \"$0.called.new\" \"$0.called\"\n");
         qputenv("PATH", usualPath);
     }
 
@@ -334,8 +335,14 @@ private Q_SLOTS:
     }
 
 private:
-    QString Data(const QString& name) const { return places.dataFolder + QLatin1Char('/') + name; }
-    QString Config() const { return places.configFolder + QStringLiteral("/mimeapps.list"); }
+    QString Data(const QString& name) const
+    {
+        return places.dataFolder + QLatin1Char('/') + name;
+    }
+    QString Config() const
+    {
+        return places.configFolder + QStringLiteral("/mimeapps.list");
+    }
 
     // Runs a program that sees the test's desktop, and gives what it prints.
     QByteArray Ask(const QString& program, const QStringList& arguments) const

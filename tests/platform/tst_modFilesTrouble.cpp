@@ -30,7 +30,7 @@ private Q_SLOTS:
     void AFullDiskLeavesNoNewFile();
     void MissingFoldersAreTold();
     void FoldersThatTakeNoFileAreTold();
-    void AWritableFileInAClosedFolderIsNotRisked();
+    void AWritableFileInAClosedFolderIsWrittenInPlace();
     void AWriteProtectedFileIsNotReplaced();
     void AFolderIsNotReplaced();
     void AppendingToAFullDiskLeavesTheOldFile();
@@ -163,7 +163,7 @@ void tst_modFilesTrouble::FoldersThatTakeNoFileAreTold()
 #endif
 }
 
-void tst_modFilesTrouble::AWritableFileInAClosedFolderIsNotRisked()
+void tst_modFilesTrouble::AWritableFileInAClosedFolderIsWrittenInPlace()
 {
 #ifdef Q_OS_UNIX
     Put(At(QStringLiteral("a.bas")), "old");
@@ -171,8 +171,14 @@ void tst_modFilesTrouble::AWritableFileInAClosedFolderIsNotRisked()
     QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
     {
         const PlainUser user;
-        QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("a.bas")), "new"); }), pathFileAccess);
-        QCOMPARE(Get(At(QStringLiteral("a.bas"))), QByteArray("old"));
+        ob::ReplaceFile(At(QStringLiteral("a.bas")), "a longer new one");
+        QCOMPARE(Get(At(QStringLiteral("a.bas"))), QByteArray("a longer new one"));
+        {
+            const FileSizeLimit full(16);
+            QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("a.bas")), QByteArray(100, 'x')); }), diskFull);
+        }
+        QCOMPARE(Get(At(QStringLiteral("a.bas"))), QByteArray("a longer new one"));
+        ob::ReplaceFile(At(QStringLiteral("a.bas")), "old");
         QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("b.bas")), "new"); }), pathFileAccess);
         ob::AppendToFile(At(QStringLiteral("a.bas")), "er");
     }

@@ -194,6 +194,7 @@ void tst_modManual::marksAreTakenOffTheText()
 {
     QCOMPARE(TextsOf(Parse("Press **F5** or *twice* `a**b` and \\*not\\* 2 * 3.")),
              QStringList{QStringLiteral("Press F5 or twice a**b and *not* 2 * 3.")});
+    QCOMPARE(TextsOf(Parse("> said\n> before")), QStringList{QStringLiteral("said before")});
 }
 
 void tst_modManual::wrappedLinesAreOneParagraph()
@@ -279,8 +280,9 @@ void tst_modManual::linksGoToPagesAndSections()
 
 void tst_modManual::contentsAreGroupsAndTheirItems()
 {
-    const std::vector<ManualEntry> entries = ContentsOf(
-        Parse("# Title\n\nRead [this](x.md).\n\n## Group\n\n- [A page](a.md#b): and [another](b.md)\n- [out](https://a.b)\n"));
+    const std::vector<ManualEntry> entries =
+        ContentsOf(Parse("# Title\n\nRead [this](x.md).\n\n## Group\n\n- [A page](a.md#b): and [another](b.md)\n- "
+                         "[out](https://a.b)\n"));
     QCOMPARE(entries.size(), 3U);
     QCOMPARE(entries[0].caption, QStringLiteral("Group"));
     QVERIFY(entries[0].page.isEmpty());

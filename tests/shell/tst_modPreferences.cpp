@@ -384,9 +384,8 @@ private Q_SLOTS:
 #endif
         bench->Put(QStringLiteral("data"), "a file in the way");
         ExpectAssociationQuestion(BoxAnswer::Yes);
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("The operation to associate file types with Orchard Bench failed."), BoxAnswer::Ok,
-            BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error!"));
+        bench->dialogs.ExpectMessage(QStringLiteral("The operation to associate file types with Orchard Bench failed."),
+                                     BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error!"));
         AssociateFiles(Places());
     }
 

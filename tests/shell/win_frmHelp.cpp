@@ -17,6 +17,7 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTextBlock>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -140,6 +141,7 @@ private Q_SLOTS:
     void f1InAToolOpensItsPage();
     void helpOfAModalToolCanBeUsedAndStays();
     void helpGoesWithTheMainWindow();
+    void openHelpDoesNotKeepTheProgramAlive();
     void picturesFitTheWidth();
     void everyPictureOfTheManualIsCarried();
     void darkPaletteTurnsThePageDark();
@@ -409,10 +411,19 @@ void win_frmHelp::helpGoesWithTheMainWindow()
         TestBench bench;
         bench.Start();
         Help();
-        QVERIFY(!OpenHelp().first()->testAttribute(Qt::WA_QuitOnClose));
         QVERIFY(bench.Close());
     }
     QVERIFY(OpenHelp().isEmpty());
+}
+
+void win_frmHelp::openHelpDoesNotKeepTheProgramAlive()
+{
+    TestBench bench;
+    bench.Start();
+    Help();
+    QTimer::singleShot(0, &bench.Frame(), &QWidget::close);
+    QTimer::singleShot(5000, qApp, [] { QApplication::exit(7); });
+    QCOMPARE(QApplication::exec(), 0);
 }
 
 void win_frmHelp::picturesFitTheWidth()

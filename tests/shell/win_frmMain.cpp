@@ -56,6 +56,7 @@ private Q_SLOTS:
     void programFolderGetsItsFolderForPrograms();
     void storedUntitledThatExistsOpensAnEmptyWindow();
     void newestRecentFileIsOpenedWhenWanted();
+    void newestRecentFileThatCannotBeReadIsPassedOver();
     void commandLineOpensFilesAndSkipsMissingOnes();
     void lastDirectoryBecomesTheCurrentOne();
     void closingStoresPlaceAndSettings();
@@ -129,6 +130,16 @@ void win_frmMain::newestRecentFileIsOpenedWhenWanted()
     QCOMPARE(bench.Active()->Tag, QStringLiteral("Open"));
     QVERIFY(Recent(bench, 1)->isVisible());
     QCOMPARE(RecentCount, 1);
+}
+
+void win_frmMain::newestRecentFileThatCannotBeReadIsPassedOver()
+{
+    TestBench bench;
+    WriteSetting(QStringLiteral("MRU1"), bench.Write(QStringLiteral("a.bas"), "x"));
+    WriteSetting(QStringLiteral("OpenFileOn"), QStringLiteral("True"));
+    bench.Start();
+    QVERIFY(bench.Frame().isVisible());
+    QCOMPARE(TestBench::Text(bench.Active()), QByteArray());
 }
 
 void win_frmMain::commandLineOpensFilesAndSkipsMissingOnes()

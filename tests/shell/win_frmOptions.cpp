@@ -72,9 +72,7 @@ void win_frmOptions::fourTabsHaveTheirCaptionsAndTips()
 void win_frmOptions::captionsStandAsTheyAreTold_data()
 {
     QTest::addColumn<QString>("caption");
-    const auto row = [](const char* name, const char* caption) {
-        QTest::newRow(name) << QString::fromLatin1(caption);
-    };
+    const auto row = [](const char* name, const char* caption) { QTest::newRow(name) << QString::fromLatin1(caption); };
     row("cmdFont", "Change");
     row("chkIndent", "Auto Indent");
     row("chkLinenums", "Show Line Numbers");
