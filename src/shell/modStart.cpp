@@ -55,7 +55,7 @@ void LoadState()
         QDir::setCurrent(LastDir);
 }
 
-// The main window's Load always reaches its end.
+// The main window's Load passes errors over, step by step, and always reaches its end.
 static void PassErrorsOver(const std::function<void()>& step)
 {
     try {
@@ -65,12 +65,23 @@ static void PassErrorsOver(const std::function<void()>& step)
     }
 }
 
+static void OpenNewestFile(const QString& path)
+{
+    cDocument* document = NewDocument();
+    if (document == nullptr)
+        return;
+    PassErrorsOver([&] { LoadDocumentFile(path); });
+    document->Tag = TagOpen;
+    document->SetCaption(path);
+    PassErrorsOver([&] { SetStatusText(OpenedFileStatus(path)); });
+}
+
 void OpenAtLoad()
 {
     if (ShowRecentFiles() == RecentMenu::WantsNewWindow)
         PassErrorsOver(mnuFileNew_Click);
     if (OpenFileOn && FileExists(RecentFiles[0]))
-        PassErrorsOver([] { OpenRecentFile(RecentFiles[0]); });
+        OpenNewestFile(RecentFiles[0]);
 }
 
 static void OpenCodeFile(const QString& path)
