@@ -11,6 +11,7 @@
 #include "shell/frmMainWindows.h"
 #include "shell/frmStatusBar.h"
 #include "shell/frmTool.h"
+#include "shell/modArrange.h"
 #include "shell/modOptions.h"
 #include "shell/modStart.h"
 
@@ -36,11 +37,6 @@ namespace ob {
 namespace {
 
 constexpr int TwipsPerInch = 1440;
-
-int ToPixels(float twips, int perPixel)
-{
-    return qRound(static_cast<double>(twips) / perPixel);
-}
 
 float ToTwips(int pixels, int perPixel)
 {
@@ -141,13 +137,16 @@ void frmMain::Load()
 
 void frmMain::PlaceWindow()
 {
-    const WindowPlace place = ReadWindowPlace();
-    resize(std::max(200, ToPixels(place.width, TwipsPerPixelX)), std::max(150, ToPixels(place.height, TwipsPerPixelY)));
-    const QPoint corner(ToPixels(place.left, TwipsPerPixelX), ToPixels(place.top, TwipsPerPixelY));
-    // A place on a screen that is gone would hide the window.
-    if (QApplication::screenAt(corner) != nullptr ||
-        QApplication::screenAt(corner + QPoint(width() / 2, 10)) != nullptr)
-        move(corner);
+    const WindowPlace twips = ReadWindowPlace();
+    const auto pixels = [](float value, int perPixel) { return static_cast<double>(value) / perPixel; };
+    QList<QRect> screens;
+    for (const QScreen* each : QApplication::screens())
+        screens.append(each->geometry());
+    const QRect place = ReachablePlace({pixels(twips.left, TwipsPerPixelX), pixels(twips.top, TwipsPerPixelY),
+                                        pixels(twips.width, TwipsPerPixelX), pixels(twips.height, TwipsPerPixelY)},
+                                       screens);
+    move(place.topLeft());
+    resize(place.size());
 }
 
 ActiveChild frmMain::ActiveKind() const

@@ -3,6 +3,7 @@
 #include "shell/modArrange.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ob {
 
@@ -71,6 +72,29 @@ QList<QRect> IconPlaces(QSize area, int count, QSize icon)
         places.append(QRect(QPoint((i % perRow) * icon.width(), area.height() - row * icon.height()), icon));
     }
     return places;
+}
+
+QRect ReachablePlace(const StoredPlace& stored, const QList<QRect>& screens)
+{
+    constexpr QSize least(200, 150);
+    constexpr int gripWidth = 60;
+    constexpr int gripHeight = 24;
+    QRect span;
+    for (const QRect& screen : screens)
+        span = span.united(screen);
+    const auto whole = [](double value, int lowest, int highest) {
+        return value >= lowest ? static_cast<int>(std::min<double>(value, std::max(lowest, highest)) + 0.5) : lowest;
+    };
+    const QSize size(whole(stored.width, least.width(), span.width()),
+                     whole(stored.height, least.height(), span.height()));
+    const auto coordinate = [](double value) { return static_cast<int>(std::round(std::clamp(value, -1e6, 1e6))); };
+    const QRect place(QPoint(coordinate(stored.left), coordinate(stored.top)), size);
+    for (const QRect& screen : screens) {
+        const QRect grip = QRect(place.topLeft(), QSize(size.width(), gripHeight)).intersected(screen);
+        if (grip.width() >= gripWidth && grip.height() >= gripHeight / 2)
+            return place;
+    }
+    return QRect(screens.isEmpty() ? QPoint() : screens.first().topLeft(), size);
 }
 
 } // namespace ob

@@ -16,4 +16,15 @@ enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2, Icon
 QList<QRect> ArrangedPlaces(Arrangement arrangement, QSize area, int count, int titleHeight);
 QList<QRect> IconPlaces(QSize area, int count, QSize icon);
 
+// Where a main window with this stored rectangle (in pixels, of any values) comes up: the rectangle itself when enough
+// of its upper edge to take hold of lies on one of the screens, else the same size in the first screen's corner. No
+// side is below a least size, nor beyond what all screens together span.
+struct StoredPlace {
+    double left = 0;
+    double top = 0;
+    double width = 0;
+    double height = 0;
+};
+QRect ReachablePlace(const StoredPlace& stored, const QList<QRect>& screens);
+
 } // namespace ob

@@ -18,6 +18,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QToolBar>
 #include <QUrl>
 
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void lastDirectoryBecomesTheCurrentOne();
     void closingStoresPlaceAndSettings();
     void storedPlaceIsTaken();
+    void garbageInTheStoreStillGivesAWindow();
     void recentItemOpensItsFile();
     void recentItemOfAMissingFileSaysSo();
     void openedFileMovesToTheTopOfTheList();
@@ -188,6 +190,26 @@ void win_frmMain::storedPlaceIsTaken()
     bench.Start();
     QCOMPARE(bench.Frame().pos(), QPoint(10, 20));
     QCOMPARE(bench.Frame().size(), QSize(500, 400));
+}
+
+void win_frmMain::garbageInTheStoreStillGivesAWindow()
+{
+    for (const char* garbage : {"", "garbage", "-99999999999999999999", "1e308", "&HFFFFFFFF", "\xff\xfe", "0"}) {
+        TestBench bench;
+        for (const char* key :
+             {"MainLeft", "MainTop", "MainWidth", "MainHeight", "FontHeight", "FontName", "FontBold", "SyntaxColor",
+              "HotKey", "User2", "QuitQuery", "LastDir", "TabSize", "AutoIndent", "LineNums", "HighlightOn",
+              "IndentGuidesOn", "OpenFileOn", "AddComments", "CommentColor", "KeywordColor", "OBPath", "MRU1"})
+            WriteSetting(QString::fromLatin1(key), QString::fromLatin1(garbage));
+        bench.Start();
+        bench.Choose(QStringLiteral("mnuFileNew"));
+        QVERIFY(bench.Active() != nullptr);
+        const QRect screen = bench.Frame().screen()->geometry();
+        QVERIFY2(screen.intersects(QRect(bench.Frame().pos(), QSize(bench.Frame().width(), 20))), garbage);
+        bench.Frame().grab();
+        QuitQuery = false;
+        QVERIFY(bench.Close());
+    }
 }
 
 void win_frmMain::recentItemOpensItsFile()
