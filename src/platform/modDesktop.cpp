@@ -3,6 +3,8 @@
 // between MIME types and applications" 1.0.1, "Desktop Entry" 1.5).
 #include "platform/modDesktop.h"
 
+#include "platform/modLaunch.h"
+
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
 
@@ -105,42 +107,65 @@ bool IsInstalled(const QString& program)
                                               : !QStandardPaths::findExecutable(program).isEmpty();
 }
 
+bool IsOn(const QString& desktopFile, const char* key)
+{
+    return ValueOf(desktopFile, DesktopEntry, QString::fromLatin1(key)) == QLatin1String("true");
+}
+
+QString Quoted(const QString& part)
+{
+    return part.contains(QLatin1Char(' ')) ? QLatin1Char('"') + part + QLatin1Char('"') : part;
+}
+
 // The command line of a desktop file without the places for files, its program as a full path.
 std::optional<QString> CommandOf(const QString& desktopFile)
 {
-    if (desktopFile.isEmpty() || ValueOf(desktopFile, DesktopEntry, QStringLiteral("Hidden")) == QLatin1String("true"))
+    // A program that needs a terminal would run unseen.
+    if (desktopFile.isEmpty() || IsOn(desktopFile, "Hidden") || IsOn(desktopFile, "Terminal"))
         return std::nullopt;
-    QStringList parts = ValueOf(desktopFile, DesktopEntry, QStringLiteral("Exec")).split(QLatin1Char(' '));
+    QStringList parts = PartArguments(ValueOf(desktopFile, DesktopEntry, QStringLiteral("Exec")));
     parts.removeIf([](const QString& part) { return part.isEmpty() || (part.size() == 2 && part[0] == u'%'); });
     if (parts.isEmpty())
         return std::nullopt;
-    QString program = parts.takeFirst().remove(QLatin1Char('"'));
+    QString program = parts.takeFirst().replace(QLatin1String("%%"), QLatin1String("%"));
     if (!IsInstalled(program))
         return std::nullopt;
     if (!program.contains(QLatin1Char('/')))
         program = QStandardPaths::findExecutable(program);
-    return (QStringList{program} + parts).join(QLatin1Char(' '));
+    QString command = Quoted(program);
+    for (const QString& part : parts)
+        command += QLatin1Char(' ') + Quoted(part);
+    return command;
 }
 
 // The lists of defaults in the order in which they count.
 QStringList DefaultLists()
 {
     QStringList lists;
-    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation))
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower().split(u':', Qt::SkipEmptyParts);
+    const auto addListsOf = [&](const QString& folder) {
+        for (const QString& desktop : desktops)
+            lists.append(folder + QLatin1Char('/') + desktop + QStringLiteral("-mimeapps.list"));
         lists.append(folder + QStringLiteral("/mimeapps.list"));
-    for (const QString& folder : ApplicationFolders())
-        lists.append({folder + QStringLiteral("/mimeapps.list"), folder + QStringLiteral("/defaults.list"),
-                      folder + QStringLiteral("/mimeinfo.cache")});
+    };
+    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation))
+        addListsOf(folder);
+    for (const QString& folder : ApplicationFolders()) {
+        addListsOf(folder);
+        lists.append({folder + QStringLiteral("/defaults.list"), folder + QStringLiteral("/mimeinfo.cache")});
+    }
     return lists;
 }
 
 std::optional<QString> CommandForType(const QString& type)
 {
+    QStringList removed;
     for (const QString& list : DefaultLists()) {
+        removed += ValueOf(list, QStringLiteral("Removed Associations"), type).split(u';', Qt::SkipEmptyParts);
         for (const char* group : {"Default Applications", "Added Associations", "MIME Cache"}) {
             const QString ids = ValueOf(list, QString::fromLatin1(group), type);
             for (const QString& id : ids.split(QLatin1Char(';'), Qt::SkipEmptyParts))
-                if (auto command = CommandOf(DesktopFile(id)))
+                if (auto command = removed.contains(id) ? std::nullopt : CommandOf(DesktopFile(id)))
                     return command;
         }
     }
@@ -161,16 +186,33 @@ std::optional<QString> CommandByKey(const QString& key, const QString& word)
     return std::nullopt;
 }
 
-std::optional<QString> CommandForTypeOrAncestor(const QMimeType& type)
+// The first program for one of the types, defaults before mere claims.
+std::optional<QString> CommandForTypes(QStringList types)
 {
-    const QStringList names = QStringList{type.name()} + type.allAncestors();
-    for (const QString& name : names)
-        if (auto command = CommandForType(name))
+    // What opens any bytes at all is no program for pictures or sounds.
+    types.removeAll(QStringLiteral("application/octet-stream"));
+    types.removeAll(QString());
+    for (const QString& type : types)
+        if (auto command = CommandForType(type))
             return command;
-    for (const QString& name : names)
-        if (auto command = CommandByKey(QStringLiteral("MimeType"), name))
+    for (const QString& type : types)
+        if (auto command = CommandByKey(QStringLiteral("MimeType"), type))
             return command;
     return std::nullopt;
+}
+
+// A system may have no data base of types; these endings are known without one.
+QStringList TypesOfEnding(const QString& ending)
+{
+    if (ending == QLatin1String("txt"))
+        return {QStringLiteral("text/plain")};
+    if (ending == QLatin1String("bmp"))
+        return {QStringLiteral("image/bmp")};
+    if (ending == QLatin1String("wav"))
+        return {QStringLiteral("audio/x-wav"), QStringLiteral("audio/vnd.wave"), QStringLiteral("audio/wav")};
+    if (ending == QLatin1String("doc"))
+        return {QStringLiteral("application/msword")};
+    return {};
 }
 
 } // namespace
@@ -179,12 +221,14 @@ std::optional<QString> FindExecutable(const QString& path)
 {
     if (!QFile::exists(path))
         return std::nullopt;
-    return CommandForTypeOrAncestor(QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension));
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension);
+    return CommandForTypes(QStringList{type.name()} + TypesOfEnding(path.section(QLatin1Char('.'), -1).toLower()) +
+                           type.aliases() + type.allAncestors());
 }
 
 std::optional<QString> FileManagerCommand()
 {
-    return CommandForTypeOrAncestor(QMimeDatabase().mimeTypeForName(QStringLiteral("inode/directory")));
+    return CommandForTypes({QStringLiteral("inode/directory")});
 }
 
 std::optional<QString> CalculatorCommand()

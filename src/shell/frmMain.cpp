@@ -25,6 +25,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
 #include <QToolBar>
@@ -50,6 +51,8 @@ frmMain::frmMain()
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(ProgramTitle);
     setAcceptDrops(true);
+    // The toolkit's own menu of toolbars would hide ours behind the back of its menu item.
+    setContextMenuPolicy(Qt::NoContextMenu);
     TwipsPerPixelX = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchX()));
     TwipsPerPixelY = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchY()));
 
@@ -108,9 +111,12 @@ void frmMain::RefreshUserButtonMenu()
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event)
 {
-    // The toolbar itself sees only what falls on its free area.
-    if (watched == tbToolBar && event->type() == QEvent::MouseButtonDblClick)
-        RunCommand([this] { AskToHideToolbar(); });
+    // A button that is off passes its clicks on to the toolbar; only the free area counts.
+    if (watched == tbToolBar && event->type() == QEvent::MouseButtonDblClick) {
+        const QAction* under = tbToolBar->actionAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+        if (under == nullptr || under->isSeparator())
+            RunCommand([this] { AskToHideToolbar(); });
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 

@@ -220,9 +220,11 @@ void win_launchers::desktopProgramsAreFoundByType()
     TestBench bench;
     const TestDesktop desktop(bench);
     bench.Start();
-    const QString program = bench.MakeEngine(QStringLiteral("editor"));
+    const QString program = bench.MakeEngine(QStringLiteral("my editor"));
+    desktop.Add(QStringLiteral("applications/a-terminal.desktop"),
+                TestDesktop::Entry(program, "MimeType=text/plain;\nTerminal=true\n"));
     desktop.Add(QStringLiteral("applications/editor.desktop"),
-                TestDesktop::Entry(program, "MimeType=text/plain;audio/x-wav;\nCategories=Utility;Calculator;\n"));
+                TestDesktop::Entry(QLatin1Char('"') + program + QLatin1Char('"'), "MimeType=text/plain;audio/x-wav;\nCategories=Utility;Calculator;\n"));
     for (const char* item : {"mnuNotepad", "mnuCalculator"}) {
         bench.Choose(QString::fromLatin1(item));
         QCOMPARE(bench.WaitForEngine().arguments, QStringList());
@@ -235,6 +237,8 @@ void win_launchers::missingDesktopProgramsAreTold()
     TestBench bench;
     const TestDesktop desktop(bench);
     bench.Start();
+    desktop.Add(QStringLiteral("applications/hex.desktop"),
+                TestDesktop::Entry(bench.MakeEngine(), "MimeType=application/octet-stream;\n"));
     const QList<QPair<QString, QString>> told = {
         {QStringLiteral("mnuExplorer"), QStringLiteral("Explorer not found.")},
         {QStringLiteral("mnuNotepad"), QStringLiteral("Default texteditor not found.")},
@@ -451,6 +455,10 @@ void win_launchers::doubleClickOnTheToolbarAsks()
         QCOMPARE(bar->isVisible(), answer == BoxAnswer::No);
     }
     QVERIFY(!bench.Frame().Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
+    bench.Frame().ShowToolbar(true);
+    // A button that is off is not free area.
+    QTest::mouseDClick(bar, Qt::LeftButton, {}, bar->actionGeometry(ToolbarEntry(bench, "Save")).center());
+    QVERIFY(bar->isVisible());
 }
 
 void win_launchers::statusBarHasSixPanels()
