@@ -127,8 +127,7 @@ private Q_SLOTS:
     {
         QDir().mkdir(QStringLiteral("other"));
         bench->Put(QStringLiteral("other/a.bas"), "'a\r\n");
-        if (!QFile::link(bench->Path(QStringLiteral("other/a.bas")), bench->Path(QStringLiteral("b.bas"))))
-            QSKIP("no links here");
+        QVERIFY(QFile::link(bench->Path(QStringLiteral("other/a.bas")), bench->Path(QStringLiteral("b.bas"))));
         QCOMPARE(IncludedText("'include b.bas\r\n", TextEncoding::Ansi, bench->Path({})), Heading("b.bas") + "'a\r\n");
     }
 
