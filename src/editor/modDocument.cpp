@@ -129,15 +129,24 @@ SaveEnd SaveDocumentFile(cDocument& document, const QString& path)
     return SaveEnd::Written;
 }
 
-void SendToDocument(const QByteArray& text, const QString& title)
+static void PutText(const QByteArray& utf8, const QString& title)
 {
     cDocument* document = ActiveDocument();
     if (document == nullptr)
         return;
     document->SetCaption(title);
-    const auto utf8 = DecodeAnsi(text);
     SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(utf8.size()), utf8.data());
     SendSci(document->sci, SCI_GOTOPOS, 0);
+}
+
+void SendToDocument(const QByteArray& text, const QString& title)
+{
+    PutText(DecodeAnsi(text), title);
+}
+
+void SendToDocument(const QString& text, const QString& title)
+{
+    PutText(text.toUtf8(), title);
 }
 
 static void EnablePlaces(std::initializer_list<int> buttons, std::initializer_list<const char*> items, Switch enable)

@@ -6,6 +6,7 @@
 #include "editor/modDocument.h"
 #include "engine/modFileIO.h"
 #include "engine/modIncludes.h"
+#include "guibuilder/modGuiCommands.h"
 #include "platform/cRuntimeError.h"
 #include "platform/modDialogs.h"
 #include "platform/modFiles.h"
@@ -51,7 +52,7 @@ void HandToEngine(const QString& switches)
     if (MainForm->ActiveKind() == ActiveChild::None)
         return;
     if (MainForm->ActiveKind() == ActiveChild::Gui)
-        MainForm->CompileGui();
+        Compile();
     cDocument* document = NeedDocument();
     if (document == nullptr || NeedEngine() == Found::No)
         return;

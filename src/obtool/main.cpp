@@ -109,6 +109,7 @@ int main(int argc, char** argv)
     tool.formatter(std::make_shared<UsageFormatter>());
     tool.require_subcommand(1);
     tool.set_version_flag("--version", "obtool " OB_VERSION, "print the version");
+    ob::AddFormGroup(tool);
     ob::AddSourceGroup(tool);
     ob::AddWriteGroup(tool);
     for (CLI::App* group : tool.get_subcommands([](CLI::App*) { return true; })) {

@@ -12,6 +12,7 @@ CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& u
 // A check for options that take a file or a folder: the reason when the text is empty.
 std::string NotEmpty(const std::string& text);
 
+void AddFormGroup(CLI::App& tool);
 void AddSourceGroup(CLI::App& tool);
 void AddWriteGroup(CLI::App& tool);
 

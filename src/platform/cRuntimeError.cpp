@@ -25,6 +25,8 @@ static QString Description(ErrorNumber number)
         return QStringLiteral("Permission denied");
     case ErrorNumber::PathFileAccess:
         return QStringLiteral("Path/File access error");
+    case ErrorNumber::InvalidPicture:
+        return QStringLiteral("Invalid picture");
     case ErrorNumber::PathNotFound:
         return QStringLiteral("Path not found");
     }

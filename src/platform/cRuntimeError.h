@@ -38,6 +38,7 @@ enum class ErrorNumber {
     PermissionDenied = 70,
     PathFileAccess = 75,
     PathNotFound = 76,
+    InvalidPicture = 481,
 };
 
 // The error of that number with the runtime's description ("File not found" for 53) and the given source.

@@ -76,6 +76,8 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons)
         return QMessageBox::Ok | QMessageBox::Cancel;
     case BoxButtons::YesNo:
         return QMessageBox::Yes | QMessageBox::No;
+    case BoxButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     }
     return QMessageBox::Ok;
 }
@@ -127,7 +129,8 @@ BoxAnswer dlgStandard::Message(const MessageSpec& spec)
     box.setText(spec.text);
     box.setIcon(IconOf(spec.icon));
     box.setStandardButtons(ButtonsOf(spec.buttons));
-    box.setDefaultButton(spec.buttons == BoxButtons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+    const bool asks = spec.buttons == BoxButtons::YesNo || spec.buttons == BoxButtons::YesNoCancel;
+    box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
     return AnswerOf(box.exec());
 }
 

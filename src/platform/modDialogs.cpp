@@ -28,6 +28,8 @@ public:
             return BoxAnswer::Cancel;
         case BoxButtons::YesNo:
             return BoxAnswer::No;
+        case BoxButtons::YesNoCancel:
+            return BoxAnswer::Cancel;
         }
         return BoxAnswer::Cancel;
     }

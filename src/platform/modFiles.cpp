@@ -505,11 +505,15 @@ QString FileDateText(const QString& path)
     return DateText(ModifiedOf(path), QLocale::system());
 }
 
+QString ShortDateText(QDate date, const QLocale& locale)
+{
+    return locale.toString(date, WithWholeYear(locale.dateFormat(QLocale::ShortFormat)));
+}
+
 QString DateText(const QDateTime& when, const QLocale& locale)
 {
-    const QString dateFormat = WithWholeYear(locale.dateFormat(QLocale::ShortFormat));
     const QString timeFormat = WithSeconds(locale.timeFormat(QLocale::ShortFormat));
-    return locale.toString(when.date(), dateFormat) + u' ' + locale.toString(when.time(), timeFormat);
+    return ShortDateText(when.date(), locale) + u' ' + locale.toString(when.time(), timeFormat);
 }
 
 std::optional<QString> FindIgnoringCase(const QString& folder, const QString& name)

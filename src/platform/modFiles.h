@@ -47,6 +47,9 @@ QDateTime ModifiedOf(const QString& path);
 QString FileDateText(const QString& path);
 QString DateText(const QDateTime& when, const QLocale& locale);
 
+// A day in the system's short format, with the year in full.
+QString ShortDateText(QDate date, const QLocale& locale);
+
 // The name of a file or folder as it is on a disk that minds case: the name as given when the folder has it, else the
 // entry that equals it in any case. The name may hold folders, with "/" or "\" between them; the result has the
 // platform's separator. Nothing when there is no such entry.

@@ -3,6 +3,7 @@
 #include "shell/Module1.h"
 
 #include "editor/cDocument.h"
+#include "guibuilder/modGui.h"
 #include "platform/cRuntimeError.h"
 #include "platform/modFiles.h"
 #include "shell/cMainForm.h"
@@ -11,17 +12,6 @@
 #include <QFileInfo>
 
 namespace ob {
-
-static void ResetGuiDefaults()
-{
-    GuiHandleName = QStringLiteral("main");
-    GuiWindowType = QStringLiteral("Window");
-    GuiFontName = QStringLiteral("ms sans serif");
-    GuiFontSize = QStringLiteral("10");
-    ForegroundColor = QStringLiteral("Black");
-    BackgroundColor = QStringLiteral("Buttonface");
-    TexteditorColor = TextboxColor = ComboboxColor = ListboxColor = QStringLiteral("White");
-}
 
 void ResetState()
 {
@@ -34,7 +24,7 @@ void ResetState()
     RecentFiles.fill(QStringLiteral("untitled"));
     RecentCount = 0;
     ToolImageIndex = 1;
-    ResetGuiDefaults();
+    ResetGui();
     QuitQuery = true;
     OpenFileOn = false;
     ShowTips = true;

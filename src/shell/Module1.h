@@ -49,18 +49,6 @@ inline int RecentCount = 0;
 // The picture shown by the toolbar maker's image dialog, from 1; 0 after Cancel.
 inline int ToolImageIndex = 1;
 
-// Defaults of generated form code. They live for one run and are set by the window defaults dialog.
-inline QString GuiHandleName;
-inline QString GuiWindowType;
-inline QString GuiFontName;
-inline QString GuiFontSize;
-inline QString ForegroundColor;
-inline QString BackgroundColor;
-inline QString TexteditorColor;
-inline QString TextboxColor;
-inline QString ComboboxColor;
-inline QString ListboxColor;
-
 // The language's sixteen colours and the system's button face, in step. Index 0 to 16.
 inline constexpr int ColorCount = 17;
 inline constexpr std::array<ColorRef, ColorCount> ColorValue = {

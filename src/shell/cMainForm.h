@@ -41,9 +41,17 @@ public:
     // Toolbar buttons by their place, from 1, separators counted.
     virtual void EnableButton(int place, bool enable) = 0;
 
-    // The form builder, when it is the active child: writes its program into a new code window.
-    virtual void CompileGui() = 0;
-    virtual void LoadGuiForm(const QString& path) = 0;
+    // The form window: there is one at most. Unloading asks to save a modified form first; false when it stays. Showing
+    // makes it, empty, and the active child. Refreshing shows what the form under design holds now.
+    virtual bool UnloadGui() = 0;
+    virtual void ShowGui() = 0;
+    virtual void RefreshGui() = 0;
+
+    // The window defaults of the form under design, modally.
+    virtual void ShowGuiDefaults() = 0;
+
+    // A button of the form builder's palette by its place, from 0.
+    virtual void EnableGuiTool(int place, bool enable) = 0;
 
     // Behind all other windows of the desktop.
     virtual void SendToBack() = 0;

@@ -6,6 +6,7 @@
 #include "editor/modDocument.h"
 #include "editor/modSyntaxTable.h"
 #include "editor/modUserTexts.h"
+#include "guibuilder/modGuiCommands.h"
 #include "platform/cRuntimeError.h"
 #include "platform/modDialogs.h"
 #include "platform/modFiles.h"
@@ -100,7 +101,7 @@ void OpenFiles(const QStringList& paths, FileSource source)
         // Captions and the recent list hold full paths.
         const QString path = AbsolutePathOf(name);
         if (path.right(3).toLower() == QLatin1String("obf")) {
-            RunCommand([&] { MainForm->LoadGuiForm(path); });
+            RunCommand([&] { LoadGuiForm(path); });
             if (source == FileSource::Drop)
                 return;
         } else {

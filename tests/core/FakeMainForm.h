@@ -4,6 +4,7 @@
 
 #include "core/FakeSci.h"
 #include "editor/cDocument.h"
+#include "guibuilder/modGuiCommands.h"
 #include "shell/cMainForm.h"
 
 #include <QStringList>
@@ -58,14 +59,32 @@ public:
         log.append((enable ? QStringLiteral("enable button %1") : QStringLiteral("disable button %1")).arg(place));
     }
 
-    void CompileGui() override
+    bool UnloadGui() override
     {
-        log.append(QStringLiteral("compile"));
-        if (compile)
-            compile();
+        if (!GuiFormOpen)
+            return true;
+        if (QueryGuiUnload() == UnloadAnswer::Stay)
+            return false;
+        log.append(QStringLiteral("unload gui"));
+        GuiFormUnloaded();
+        kind = ActiveChild::None;
+        return true;
     }
 
-    void LoadGuiForm(const QString& path) override { log.append(QStringLiteral("form ") + path); }
+    void ShowGui() override
+    {
+        log.append(QStringLiteral("show gui"));
+        kind = ActiveChild::Gui;
+        GuiFormLoaded();
+    }
+
+    void RefreshGui() override { log.append(QStringLiteral("refresh gui")); }
+    void ShowGuiDefaults() override { log.append(QStringLiteral("gui defaults")); }
+
+    void EnableGuiTool(int place, bool enable) override
+    {
+        log.append((enable ? QStringLiteral("enable tool %1") : QStringLiteral("disable tool %1")).arg(place));
+    }
     void SendToBack() override { log.append(QStringLiteral("back")); }
     void Unload() override { log.append(QStringLiteral("unload frame")); }
 
@@ -86,7 +105,6 @@ public:
     ActiveChild kind = ActiveChild::None;
     cDocument* active = nullptr;
     bool hasEditLibrary = true;
-    std::function<void()> compile;
     QString status;
     QStringList log;
     std::array<QString, 8> captions;

@@ -64,8 +64,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, caption);
         const CopyPlace place = PlaceOfCopy(caption, QStringLiteral("/p"));
-        QCOMPARE(place.path, QDir::toNativeSeparators(QStringLiteral("/p")) + QDir::separator() +
-                                 QStringLiteral("untitled.bak"));
+        QCOMPARE(place.path,
+                 QDir::toNativeSeparators(QStringLiteral("/p")) + QDir::separator() + QStringLiteral("untitled.bak"));
         QCOMPARE(place.caption, place.path);
     }
 
@@ -87,8 +87,9 @@ private Q_SLOTS:
 
     void PathsAreNeverQuoted()
     {
-        QCOMPARE(EngineCommand(QStringLiteral("c:\\or chard.exe"), QStringLiteral(" -R -A "), QStringLiteral("c:\\a b.BAK")),
-                 QStringLiteral("c:\\or chard.exe  -R -A c:\\a b.BAK"));
+        QCOMPARE(
+            EngineCommand(QStringLiteral("c:\\or chard.exe"), QStringLiteral(" -R -A "), QStringLiteral("c:\\a b.BAK")),
+            QStringLiteral("c:\\or chard.exe  -R -A c:\\a b.BAK"));
     }
 
     // --- Run, debug and make token. ---
@@ -151,24 +152,17 @@ private Q_SLOTS:
 
     void AFormIsCompiledIntoACodeWindowFirst()
     {
-        bench->form.kind = ActiveChild::Gui;
-        bench->form.compile = [this] {
-            NewDocument();
-            SendToDocument("'from the form", QStringLiteral("untitled.bas"));
-        };
+        bench->form.ShowGui();
+        GuiDesign.caption = QStringLiteral("From the form");
         mnuRun_Click();
-        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("compile"), QStringLiteral("show 1"),
-                                               QStringLiteral("back")}));
+        QCOMPARE(bench->form.log,
+                 (QStringList{QStringLiteral("show gui"), QStringLiteral("enable mnuFileSaveGui"),
+                              QStringLiteral("refresh gui"), QStringLiteral("show 1"), QStringLiteral("back")}));
         QCOMPARE(Call(OBPath).last(), bench->ProgramPath(QStringLiteral("untitled.bak")));
-        QCOMPARE(CoreBench::Get(bench->ProgramPath(QStringLiteral("untitled.bak"))), QByteArray("'from the form \r\n"));
-    }
-
-    void AFormWithoutCodeIsTold()
-    {
-        bench->form.kind = ActiveChild::Gui;
-        bench->dialogs.ExpectMessage(QStringLiteral("No code window is active!"));
-        mnuRun_Click();
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("compile")});
+        const QByteArray copy = CoreBench::Get(bench->ProgramPath(QStringLiteral("untitled.bak")));
+        QVERIFY(copy.startsWith("'** Created by Orchard Bench - "));
+        QVERIFY(copy.contains("\r\nOpen \"From the form\" for Window as #main\r\n"));
+        QVERIFY(copy.endsWith("[quit]\r\n    close #main : END\r\n\r\n \r\n"));
     }
 
     void AnEngineThatIsNotFoundLeavesTheCopyUnwritten()
@@ -218,10 +212,9 @@ private Q_SLOTS:
     {
         const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
         bench->Open(path, "'\xCE\xB1");
-        bench->dialogs.ExpectQuestion(
-            QStringLiteral("Line 1 holds a character that BASIC source files cannot store.\n"
-                           "Save with a question mark in place of each such character?"),
-            BoxAnswer::No);
+        bench->dialogs.ExpectQuestion(QStringLiteral("Line 1 holds a character that BASIC source files cannot store.\n"
+                                                     "Save with a question mark in place of each such character?"),
+                                      BoxAnswer::No);
         mnuRun_Click();
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("game.BAK"))));
         QVERIFY(bench->form.log.isEmpty());
@@ -358,7 +351,8 @@ private:
                                   QStringLiteral("Orchard BASIC |orchard.exe;*.exe;"), found);
         if (found.isEmpty())
             bench->dialogs.ExpectMessage(
-                QStringLiteral("Orchard BASIC was not found.  Be sure to specify the path to Orchard BASIC in Options!"),
+                QStringLiteral(
+                    "Orchard BASIC was not found.  Be sure to specify the path to Orchard BASIC in Options!"),
                 BoxAnswer::Ok, BoxIcon::None);
     }
 

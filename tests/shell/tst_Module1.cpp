@@ -43,7 +43,8 @@ private Q_SLOTS:
         QFETCH(ColorRef, value);
         QCOMPARE(ColorFromName(name), value);
         QCOMPARE(NameFromColor(QString::number(static_cast<qint32>(value))), name);
-        QCOMPARE(NameFromColor(QLatin1Char(' ') + QString::number(static_cast<qint32>(value)) + QLatin1Char(' ')), name);
+        QCOMPARE(NameFromColor(QLatin1Char(' ') + QString::number(static_cast<qint32>(value)) + QLatin1Char(' ')),
+                 name);
     }
 
     void ThereAreSeventeenColors()
@@ -68,8 +69,8 @@ private Q_SLOTS:
     void AnUnknownColorValueGivesNothing_data()
     {
         QTest::addColumn<QString>("text");
-        for (const char* text : {"254", "", "Red", "255x", "0.5", "-1", "4294967296", "4294967551", "-4294967041",
-                                 "99999999999999999999"})
+        for (const char* text :
+             {"254", "", "Red", "255x", "0.5", "-1", "4294967296", "4294967551", "-4294967041", "99999999999999999999"})
             QTest::newRow(*text == '\0' ? "empty" : text) << QString::fromLatin1(text);
     }
 
@@ -149,7 +150,7 @@ private Q_SLOTS:
 
     void TheStateStartsWithItsDefaults()
     {
-        GuiHandleName = LastFind = QStringLiteral("x");
+        GuiDesign.GuiHandleName = LastFind = QStringLiteral("x");
         RecentCount = FindFlags = 3;
         ToolImageIndex = 0;
         bench->Open(QStringLiteral("a.bas"));
@@ -161,13 +162,14 @@ private Q_SLOTS:
         QCOMPARE(FoundPos, std::intptr_t{-1});
         QCOMPARE(RecentCount, 0);
         QCOMPARE(ToolImageIndex, 1);
-        QCOMPARE(GuiHandleName, QStringLiteral("main"));
-        QCOMPARE(GuiWindowType, QStringLiteral("Window"));
-        QCOMPARE(GuiFontName, QStringLiteral("ms sans serif"));
-        QCOMPARE(GuiFontSize, QStringLiteral("10"));
-        QCOMPARE(ForegroundColor, QStringLiteral("Black"));
-        QCOMPARE(BackgroundColor, QStringLiteral("Buttonface"));
-        for (const QString& color : {TexteditorColor, TextboxColor, ComboboxColor, ListboxColor})
+        QCOMPARE(GuiDesign.GuiHandleName, QStringLiteral("main"));
+        QCOMPARE(GuiDesign.GuiWindowType, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign.GuiFontName, QStringLiteral("ms sans serif"));
+        QCOMPARE(GuiDesign.GuiFontSize, QStringLiteral("10"));
+        QCOMPARE(GuiDesign.GuiForegroundColor, QStringLiteral("Black"));
+        QCOMPARE(GuiDesign.GuiBackgroundColor, QStringLiteral("Buttonface"));
+        for (const QString& color : {GuiDesign.GuiTexteditorColor, GuiDesign.GuiTextboxColor,
+                                     GuiDesign.GuiComboboxColor, GuiDesign.GuiListboxColor})
             QCOMPARE(color, QStringLiteral("White"));
         for (const QString& path : RecentFiles)
             QCOMPARE(path, QStringLiteral("untitled"));

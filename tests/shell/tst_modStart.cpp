@@ -170,12 +170,12 @@ private Q_SLOTS:
     void FilesOfTheCommandLineOpenByTheirEnding()
     {
         const QString code = bench->Put(QStringLiteral("ab"), "print 1\r\n");
-        const QString form = bench->Put(QStringLiteral("x.OBF"), "form");
+        const QString form = bench->Put(QStringLiteral("x.OBF"), "\r\n");
         const QString text = bench->Put(QStringLiteral("read me.txt"), "text\r\n");
         OpenFiles({code, bench->Path(QStringLiteral("gone.bas")), QString(), form, text}, FileSource::CommandLine);
         QCOMPARE(bench->form.log,
-                 (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"), QStringLiteral("form ") + form,
-                              QStringLiteral("show 2"), QStringLiteral("show 2")}));
+                 (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"), QStringLiteral("show gui"),
+                              QStringLiteral("refresh gui"), QStringLiteral("show 2"), QStringLiteral("show 2")}));
         QCOMPARE(Documents[1]->Caption(), code);
         QCOMPARE(Documents[1]->Tag, TagOpen);
         QCOMPARE(FakeMainForm::Control(*Documents[1]).text, QByteArray("print 1"));
@@ -195,21 +195,22 @@ private Q_SLOTS:
 
     void AFormOnTheCommandLineIsNotTheLastFile()
     {
-        const QString form = bench->Put(QStringLiteral("b.obf"), "form");
+        const QString form = bench->Put(QStringLiteral("b.obf"), "\r\n");
         const QString code = bench->Put(QStringLiteral("c.bas"), "c\r\n");
         OpenFiles({form, code}, FileSource::CommandLine);
-        QCOMPARE(bench->form.log.first(), QStringLiteral("form ") + form);
+        QCOMPARE(bench->form.log.first(), QStringLiteral("show gui"));
         QCOMPARE(bench->form.active->Caption(), code);
     }
 
     void ADroppedFormIsTheLastFile()
     {
         const QString first = bench->Put(QStringLiteral("a.bas"), "a\r\n");
-        const QString form = bench->Put(QStringLiteral("b.obf"), "form");
+        const QString form = bench->Put(QStringLiteral("b.obf"), "\r\n");
         const QString last = bench->Put(QStringLiteral("c.bas"), "c\r\n");
         OpenFiles({bench->Path(QStringLiteral("gone.obf")), first, form, last}, FileSource::Drop);
         QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"),
-                                               QStringLiteral("form ") + form}));
+                                               QStringLiteral("show gui"), QStringLiteral("refresh gui")}));
+        QVERIFY(GuiFormOpen);
         QCOMPARE(bench->form.active->Caption(), first);
     }
 

@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The form file.
+#include "guibuilder/modFormFile.h"
+
+#include "guibuilder/modBitmap.h"
+#include "platform/cLines.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modAnsi.h"
+#include "platform/modRuntime.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace ob {
+
+namespace {
+
+// One line's fields, looked up from left to right; what nobody asks for is not even counted.
+class Fields {
+public:
+    explicit Fields(QByteArrayView record) : line(record) {}
+
+    bool Has(std::size_t number)
+    {
+        while (found.size() <= number && !atEnd) {
+            const qsizetype bar = line.indexOf('|', next);
+            atEnd = bar < 0;
+            found.push_back(line.sliced(next, (atEnd ? line.size() : bar) - next));
+            next = bar + 1;
+        }
+        return number < found.size();
+    }
+
+    QByteArrayView Bytes(std::size_t number)
+    {
+        if (!Has(number))
+            throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange);
+        return found[number];
+    }
+
+    QString String(std::size_t number) { return TextFromAnsi(Bytes(number)); }
+
+    double Number(std::size_t number)
+    {
+        const auto value = ParseNumber(String(number));
+        if (!value)
+            throw RuntimeErrorOf(ErrorNumber::TypeMismatch);
+        return *value;
+    }
+
+    float Single(std::size_t number)
+    {
+        const double value = Number(number);
+        if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max()))
+            throw RuntimeErrorOf(ErrorNumber::Overflow);
+        return static_cast<float>(value);
+    }
+
+    bool Switch(std::size_t number)
+    {
+        const auto value = BooleanOf(String(number));
+        if (!value)
+            throw RuntimeErrorOf(ErrorNumber::TypeMismatch);
+        return *value;
+    }
+
+    ColorRef Color(std::size_t number) { return static_cast<ColorRef>(ToInt32(Val(Bytes(number)))); }
+
+private:
+    QByteArrayView line;
+    std::vector<QByteArrayView> found;
+    qsizetype next = 0;
+    bool atEnd = false;
+};
+
+enum class InFile { No, Yes };
+enum class NumberForm { LeadingBlank, Plain };
+
+struct FileRow {
+    ControlKind kind;
+    InFile caption;
+    NumberForm numbers;
+};
+
+// The kinds in the order of their lines.
+constexpr std::array<FileRow, KindCount> FileTable = {{
+    {ControlKind::Bmpbutton, InFile::Yes, NumberForm::LeadingBlank},
+    {ControlKind::Button, InFile::Yes, NumberForm::LeadingBlank},
+    {ControlKind::Statictext, InFile::Yes, NumberForm::LeadingBlank},
+    {ControlKind::Groupbox, InFile::Yes, NumberForm::LeadingBlank},
+    {ControlKind::Listbox, InFile::No, NumberForm::LeadingBlank},
+    {ControlKind::Combobox, InFile::No, NumberForm::LeadingBlank},
+    {ControlKind::Textbox, InFile::No, NumberForm::LeadingBlank},
+    {ControlKind::Texteditor, InFile::No, NumberForm::Plain},
+    {ControlKind::Graphicbox, InFile::No, NumberForm::LeadingBlank},
+    {ControlKind::Radiobutton, InFile::Yes, NumberForm::LeadingBlank},
+    {ControlKind::Checkbox, InFile::Yes, NumberForm::LeadingBlank},
+}};
+
+bool Is(QByteArrayView field, std::string_view word)
+{
+    return field == QByteArrayView(word.data(), static_cast<qsizetype>(word.size()));
+}
+
+// ---- reading ----
+
+class FormReader {
+public:
+    explicit FormReader(GuiForm& target) : form(target) { ClearForm(form); }
+
+    // False for a line of no known kind.
+    bool Take(QByteArrayView line)
+    {
+        Fields fields(line);
+        const QByteArrayView word = fields.Bytes(0);
+        if (Is(word, "defaults"))
+            TakeDefaults(fields);
+        else if (std::ranges::any_of(WindowTypes, [&](std::string_view type) { return Is(word, type); }))
+            TakeWindow(fields);
+        else if (Is(word, "menu"))
+            TakeMenu(fields);
+        else if (const FileRow* row = RowOf(word))
+            TakeControl(*row, fields);
+        else if (Is(word, "statusbar"))
+            TakePanels(fields);
+        else
+            return false;
+        return true;
+    }
+
+private:
+    static const FileRow* RowOf(QByteArrayView word)
+    {
+        const auto row =
+            std::ranges::find_if(FileTable, [&](const FileRow& each) { return Is(word, TraitsOf(each.kind).keyword); });
+        return row == FileTable.end() ? nullptr : &*row;
+    }
+
+    void TakeDefaults(Fields& fields)
+    {
+        std::size_t field = 0;
+        for (QString* color : {&form.GuiForegroundColor, &form.GuiBackgroundColor, &form.GuiListboxColor,
+                               &form.GuiComboboxColor, &form.GuiTextboxColor, &form.GuiTexteditorColor})
+            *color = fields.String(++field);
+        form.GuiTooltipsOn = fields.Switch(7);
+        form.GuiStatusbarOn = fields.Switch(8);
+        // Files of earlier versions end here, or behind one of the next two.
+        form.GuiTimerOn = fields.Has(9) && fields.Switch(9);
+        form.GuiDefaultsState = fields.Has(10) ? ToInt16(Val(fields.Bytes(10))) : std::int16_t{1};
+        menuFlag = !fields.Has(11) || fields.Switch(11);
+    }
+
+    void TakeWindow(Fields& fields)
+    {
+        form.GuiWindowType = form.windowTag = fields.String(0);
+        form.caption = fields.String(1);
+        std::size_t field = 1;
+        for (float* side : {&form.left, &form.top, &form.width, &form.height})
+            *side = fields.Single(++field);
+        form.GuiHandleName = fields.String(6);
+        if (IsGraphicsType(form.GuiWindowType))
+            form.backColor = fields.Color(7);
+        else
+            SetColorByName(form.backColor, form.GuiBackgroundColor);
+        form.GuiMenuOn = !IsDialogType(form.GuiWindowType) && menuFlag;
+        TakeFont(fields.String(8));
+    }
+
+    void TakeFont(const QString& field)
+    {
+        form.GuiFontName = field;
+        const qsizetype star = field.lastIndexOf(u'*');
+        form.GuiFontSize = star < 0 ? QString() : field.mid(star + 1);
+        if (form.GuiFontSize.isEmpty() || Val(form.GuiFontSize) == 0)
+            form.GuiFontSize = QStringLiteral("10");
+        const qsizetype mark = field.indexOf(QLatin1String(" *"));
+        if (mark >= 0)
+            form.GuiFontName.truncate(mark);
+    }
+
+    void TakeMenu(Fields& fields)
+    {
+        const auto slot = std::ranges::find_if(form.GuiMenuNames, &QString::isEmpty);
+        if (slot == form.GuiMenuNames.end())
+            return;
+        *slot = fields.String(1);
+        auto& items = form.GuiMenuItems[static_cast<std::size_t>(slot - form.GuiMenuNames.begin())];
+        QByteArrayView rest = fields.Bytes(2);
+        for (std::size_t item = 0;; ++item) {
+            if (item == MenuSlots)
+                throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange);
+            const qsizetype star = rest.indexOf('*');
+            items[item] = TextFromAnsi(TrimBlanks(star < 0 ? rest : rest.first(star)));
+            if (star < 0)
+                return;
+            rest = rest.sliced(star + 1);
+        }
+    }
+
+    void TakeControl(const FileRow& row, Fields& fields)
+    {
+        const ControlRef ref = AddControl(form, row.kind);
+        ControlRecord& control = form.At(ref);
+        if (row.caption == InFile::Yes)
+            control.caption = fields.String(1);
+        std::size_t field = 1;
+        for (float* side : {&control.left, &control.top, &control.width, &control.height})
+            *side = fields.Single(++field);
+        control.tag = fields.String(6);
+        if (TraitsOf(row.kind).branch != BranchUse::None)
+            control.branch = fields.String(7);
+        if (row.kind == ControlKind::Graphicbox)
+            control.backColor = fields.Color(8);
+        if (row.kind == ControlKind::Bmpbutton && !control.caption.isEmpty() && control.caption != NoBitmap)
+            control.picture = LoadBitmap(control.caption);
+        control.visible = true;
+    }
+
+    void TakePanels(Fields& fields)
+    {
+        const int count = ToInt16(fields.Number(1));
+        form.panels.resize(static_cast<std::size_t>(std::max(count, 1)));
+        for (int panel = 0; panel < count; ++panel)
+            form.panels[static_cast<std::size_t>(panel)] = fields.String(static_cast<std::size_t>(panel) + 2);
+    }
+
+    GuiForm& form;
+    bool menuFlag = true;
+};
+
+// ---- writing ----
+
+constexpr std::size_t FieldCount = 12;
+constexpr std::size_t FirstSpareField = 9;
+constexpr std::size_t PanelFields = FieldCount - 2;
+
+// Fills the array of fields anew for each line. Nothing clears it: what a line does not set stays from the one before.
+class FormWriter {
+public:
+    explicit FormWriter(GuiForm& source) : form(source) {}
+
+    QString Write()
+    {
+        Set({QStringLiteral("defaults"), form.GuiForegroundColor, form.GuiBackgroundColor, form.GuiListboxColor,
+             form.GuiComboboxColor, form.GuiTextboxColor, form.GuiTexteditorColor, BooleanText(form.GuiTooltipsOn),
+             BooleanText(form.GuiStatusbarOn), BooleanText(form.GuiTimerOn), NumberText(form.GuiDefaultsState),
+             BooleanText(form.GuiMenuOn)});
+        Set({form.windowTag.isEmpty() ? QStringLiteral("Window") : form.windowTag, form.caption, Str(form.left),
+             Str(form.top), Str(form.width), Str(form.height), form.GuiHandleName,
+             NumberText(static_cast<std::int32_t>(form.backColor)),
+             form.GuiFontName + QStringLiteral(" *") + form.GuiFontSize});
+        WriteMenus();
+        for (const FileRow& row : FileTable)
+            WriteKind(row);
+        if (form.GuiStatusbarOn)
+            WritePanels();
+        // The text goes out in one print, which ends the line once more.
+        text += QStringLiteral("\r\n");
+        return std::move(text);
+    }
+
+private:
+    void Set(std::initializer_list<QString> values)
+    {
+        std::ranges::copy(values, fields.begin());
+        for (std::size_t field = 0; field < FieldCount; ++field) {
+            text += fields[field];
+            text += field + 1 < FieldCount ? QStringLiteral("|") : QStringLiteral("\r\n");
+        }
+    }
+
+    void WriteMenus()
+    {
+        for (std::size_t menu = 0; menu < MenuSlots && !form.GuiMenuNames[menu].isEmpty(); ++menu) {
+            QString items;
+            for (const QString& item : form.GuiMenuItems[menu]) {
+                if (item.isEmpty())
+                    break;
+                items += item + QStringLiteral(" * ");
+            }
+            Set({QStringLiteral("menu"), form.GuiMenuNames[menu], items, none, none, none, none, none, none});
+        }
+    }
+
+    void WriteKind(const FileRow& row)
+    {
+        const KindTraits& traits = TraitsOf(row.kind);
+        const QString keyword = LatinText(traits.keyword);
+        const auto number = row.numbers == NumberForm::Plain ? [](float side) { return NumberText(side); }
+                                                             : [](float side) { return Str(side); };
+        std::vector<ControlRecord>& list = form.List(row.kind);
+        for (std::size_t index = 1; index < list.size(); ++index) {
+            ControlRecord& control = list[index];
+            if (!control.visible)
+                continue;
+            const QString name = keyword + QString::number(index);
+            if (control.tag.isEmpty())
+                control.tag = name;
+            if (traits.branch == BranchUse::Label) {
+                if (control.branch.isEmpty())
+                    control.branch = name + QStringLiteral(".click");
+                control.branch = TrimBlanks(control.branch);
+            }
+            Set({keyword, row.caption == InFile::Yes ? control.caption : none, number(control.left),
+                 number(control.top), number(control.width), number(control.height), control.tag,
+                 traits.branch == BranchUse::None ? none : control.branch,
+                 row.kind == ControlKind::Graphicbox ? NumberText(static_cast<std::int32_t>(control.backColor))
+                                                     : none});
+        }
+    }
+
+    void WritePanels()
+    {
+        if (form.panels.size() > PanelFields)
+            throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange);
+        for (std::size_t panel = form.panels.size() + 2; panel < FirstSpareField; ++panel)
+            fields[panel].clear();
+        std::ranges::copy(form.panels, fields.begin() + 2);
+        Set({QStringLiteral("statusbar"), QString::number(form.panels.size())});
+    }
+
+    GuiForm& form;
+    std::array<QString, FieldCount> fields;
+    QString text;
+    const QString none = QStringLiteral("none");
+};
+
+} // namespace
+
+FormLoad ReadForm(QByteArrayView bytes, GuiForm& form)
+{
+    try {
+        FormReader reader(form);
+        cLines lines(bytes);
+        while (lines.Next())
+            if (!lines.Line().isEmpty() && !reader.Take(lines.Line()))
+                return FormLoad::Corrupt;
+        form.menuLabel = MenuLabel(form, NoMenusLabel);
+        return FormLoad::Loaded;
+    } catch (const RuntimeError&) {
+        return FormLoad::Failed;
+    }
+}
+
+QString WriteForm(GuiForm& form)
+{
+    if (form.GuiHandleName.isEmpty())
+        form.GuiHandleName = QStringLiteral("main");
+    return FormWriter(form).Write();
+}
+
+} // namespace ob

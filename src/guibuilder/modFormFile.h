@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The form file (.obf): a record a line, its fields parted by "|", in the machine's ANSI code page.
+//
+// Line      0          1        2 to 5                      6        7           8
+// defaults  "defaults" colours: fore, back, listbox, combobox, textbox, texteditor (1 to 6); tool tips, status bar,
+//           timer (7 to 9), the mark of the window defaults (10), menu bar (11)
+// window    its type   caption  left, top, width, height    handle   its colour  font name, " *", size
+// menu      "menu"     title    items, each with " * " behind it (2)
+// control   keyword    caption  left, top, width, height    tag      branch      fill
+// statusbar "statusbar" panels  the panels' texts (2 and on)
+//
+// Rectangles are in twips. Nothing guards a "|" in a text.
+#pragma once
+
+#include "guibuilder/modGui.h"
+
+#include <QByteArrayView>
+
+namespace ob {
+
+enum class FormLoad { Loaded, Corrupt, Failed };
+
+inline const QString CorruptFormText = QStringLiteral("OBF file is corrupt.");
+inline const QString FailedFormText = QStringLiteral("Error loading form.");
+
+// Clears the form and fills it from a form file's bytes. Corrupt: a line with an unknown first field. Failed: a field
+// is missing, a number is none, a menu has too many items, a bitmap cannot be loaded. What stood in front of the
+// place is then in the form; a control whose line broke off stays hidden.
+FormLoad ReadForm(QByteArrayView bytes, GuiForm& form);
+
+// The text of the form's file. Empty names and branches are filled in the form too; an empty handle becomes "main".
+// Raises SubscriptOutOfRange for a status bar of more than ten panels.
+QString WriteForm(GuiForm& form);
+
+} // namespace ob

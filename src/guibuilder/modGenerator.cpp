@@ -1,0 +1,448 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// From a form to a BASIC program.
+#include "guibuilder/modGenerator.h"
+
+#include "guibuilder/modSupport.h"
+#include "platform/modFiles.h"
+#include "platform/modRuntime.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ob {
+
+namespace {
+
+// Statements are patterns with a letter behind "%": H the window's handle, N the control's name, i its index,
+// x y w h its rectangle in pixels (each number with the blank or sign in front), B its branch, C its caption, K its
+// fill's colour name, F the font.
+struct KindStatements {
+    ControlKind kind;
+    QStringView create;
+    QStringView createSimple; // empty: as create
+    QStringView listStem;     // of the array that holds its items; empty for a kind without a list
+    QStringView fontFirst;    // behind the open statement, in a graphics window only, in front of afterOpen
+    QStringView afterOpen;    // behind the open statement
+    QStringView fontLast;     // as fontFirst, behind afterOpen
+    QStringView stub;         // of its branch; none when the branch is the closing one
+    QStringView stubOfItsOwn; // whatever the branch is
+};
+
+constexpr QStringView PlainStub = u"%B\r\n    'place code here\r\n    wait\r\n\r\n";
+constexpr QStringView ValueStub = u"%B\r\n    #%H.%N \"value? result$\"\r\n    wait\r\n\r\n";
+constexpr QStringView SelectionStub = u"%B\r\n    #%H.%N \"selection? selected$\"\r\n    wait\r\n\r\n";
+constexpr QStringView ResetStub = u"[checkbox%i.reset]\r\n    'place code here\r\n    wait\r\n\r\n";
+constexpr QStringView MouseStub = u"[MouseChange%i]\r\n    'MouseX and MouseY contain mouse coordinates\r\n"
+                                  u"    wait\r\n\r\n";
+constexpr QStringView Font = u"    #%H.%N \"font %F\"\r\n";
+constexpr QStringView TextFont = u"    #%H.%N \"!font %F\"\r\n";
+constexpr QStringView SelectFirst = u"    #%H.%N \"selectindex 1\"\r\n";
+constexpr QStringView FillBox = u"    #%H.%N \"down; fill %K; flush\"\r\n"
+                                u"    #%H.%N \"setfocus; when mouseMove [MouseChange%i]\"\r\n";
+
+// The kinds in the order of their statements.
+constexpr std::array<KindStatements, KindCount> StatementTable = {{
+    {ControlKind::Graphicbox, u"graphicbox  #%H.%N,%x,%y,%w,%h\r\n", {}, {}, Font, FillBox, {}, {}, MouseStub},
+    {ControlKind::Groupbox, u"groupbox    #%H.%N, \"%C\",%x,%y,%w,%h\r\n", {}, {}, {}, {}, {}, {}, {}},
+    {ControlKind::Statictext, u"statictext  #%H.%N, \"%C\",%x,%y,%w,%h\r\n", {}, {}, TextFont, {}, {}, {}, {}},
+    {ControlKind::Button,
+     u"button      #%H.%N, \"%C\", %B, UL,%x,%y,%w,%h\r\n",
+     u"button      #%H.%N, \"%C\",%B,UL,%x,%y,%w,%h\r\n",
+     {},
+     TextFont,
+     {},
+     {},
+     PlainStub,
+     {}},
+    {ControlKind::Bmpbutton, u"bmpbutton   #%H.%N, \"%C\",%B,UL,%x,%y\r\n", {}, {}, {}, {}, {}, PlainStub, {}},
+    {ControlKind::Textbox, u"textbox     #%H.%N,%x,%y,%w,%h\r\n", {}, {}, TextFont, {}, {}, {}, {}},
+    {ControlKind::Texteditor, u"texteditor  #%H.%N,%x,%y,%w,%h\r\n", {}, {}, TextFont, {}, {}, {}, {}},
+    {ControlKind::Radiobutton,
+     u"radiobutton #%H.%N, \"%C\",%B,[loop],%x,%y,%w,%h\r\n",
+     {},
+     {},
+     Font,
+     {},
+     {},
+     ValueStub,
+     {}},
+    {ControlKind::Checkbox,
+     u"checkbox    #%H.%N, \"%C\",%B,[checkbox%i.reset],%x,%y,%w,%h\r\n",
+     {},
+     {},
+     Font,
+     {},
+     {},
+     ValueStub,
+     ResetStub},
+    {ControlKind::Listbox,
+     u"listbox     #%H.%N, List%i$(),%B,%x,%y,%w,%h\r\n",
+     {},
+     u"List",
+     {},
+     SelectFirst,
+     Font,
+     SelectionStub,
+     {}},
+    {ControlKind::Combobox,
+     u"combobox    #%H.%N,Combo%i$(),%B,%x,%y,%w, 300\r\n",
+     {},
+     u"Combo",
+     {},
+     SelectFirst,
+     Font,
+     SelectionStub,
+     {}},
+}};
+
+constexpr QStringView GroupboxInGraphics = u"'***You have attempted to add a groupbox to a graphics window.\r\n"
+                                           u"'***Graphics windows may not contain groupboxes.\r\n";
+const QString QuitBranch = QStringLiteral("[quit]");
+constexpr QStringView TimerStub = u"[activateTimer]\r\n    'place code here\r\n    wait\r\n\r\n";
+
+// Int of the twips' pixels; a single, as all coordinates are, so seven digits at most.
+double ProgramPixels(float twips)
+{
+    return std::floor(static_cast<double>(twips) / ProgramTwipsPerPixel);
+}
+
+QString ProgramNumber(float twips)
+{
+    constexpr double sevenDigits = 9'999'999;
+    const double pixels = ProgramPixels(twips);
+    return std::abs(pixels) <= sevenDigits ? Str(static_cast<int>(pixels)) : Str(static_cast<float>(pixels));
+}
+
+QString FontSpec(const GuiForm& form)
+{
+    QString name = form.GuiFontName.toLower();
+    name.replace(u' ', u'_');
+    return TrimBlanks(name) + u' ' + NumberText(Val(form.GuiFontSize));
+}
+
+class Generator {
+public:
+    Generator(GuiForm& source, ProgramKind programKind)
+        : form(source), kind(programKind), inGraphics(IsGraphicsType(source.GuiWindowType))
+    {
+        if (form.GuiHandleName.isEmpty())
+            form.GuiHandleName = QStringLiteral("main");
+        form.GuiHandleName = TrimBlanks(form.GuiHandleName);
+        font = FontSpec(form);
+        ClearValues();
+    }
+
+    GeneratedProgram Run(const ProgramHeader& header)
+    {
+        AddHeader(header);
+        AddColors();
+        if (form.GuiTooltipsOn)
+            tooltipBlock = QString::fromUtf16(TooltipStart);
+        AddWindowSetup();
+        if (form.GuiMenuOn)
+            AddMenus();
+        for (const KindStatements& statements : StatementTable)
+            AddKind(statements);
+        AddOpen();
+        AddCalls();
+        return {Join(), bitmapMissing};
+    }
+
+private:
+    void AddHeader(const ProgramHeader& header)
+    {
+        if (header.comments)
+            headerBlock += *header.comments + QStringLiteral("\r\n\r\n\r\n");
+        headerBlock += QStringLiteral("'** Created by Orchard Bench - ") + header.date + QStringLiteral("\r\n'** ") +
+                       form.caption + QStringLiteral("\r\n\r\n");
+        if (kind == ProgramKind::Outline)
+            headerBlock += QStringLiteral("    True = 1 : False = 0\r\n");
+    }
+
+    void AddColors()
+    {
+        bodyBlock += QStringLiteral("\r\n"
+                                    "[InitColors]\r\n"
+                                    "    'Please use default colors when possible.\r\n"
+                                    "    'Use the following color statements only if necessary in the program.\r\n");
+        const auto add = [this](QStringView statement, const QString& color) {
+            AppendAll(bodyBlock, {u"    '", statement, u" = \"", color, u"\"\r\n"});
+        };
+        add(u"ForegroundColor$", form.GuiForegroundColor);
+        add(u"BackgroundColor$", form.GuiBackgroundColor);
+        add(u"TexteditorColor$", form.GuiTexteditorColor);
+        add(u"TextboxColor$   ", form.GuiTextboxColor);
+        add(u"ComboboxColor$  ", form.GuiComboboxColor);
+        add(u"ListboxColor$   ", form.GuiListboxColor);
+        bodyBlock += QStringLiteral("\r\n");
+    }
+
+    void AddWindowSetup()
+    {
+        bodyBlock += QStringLiteral("[WindowSetup]\r\n"
+                                    "    NOMAINWIN\r\n"
+                                    "    WindowWidth = ") +
+                     LTrimBlanks(ProgramNumber(form.width)) + QStringLiteral(" : WindowHeight = ") +
+                     LTrimBlanks(ProgramNumber(form.height)) +
+                     QStringLiteral("\r\n"
+                                    "    UpperLeftX = INT((DisplayWidth-WindowWidth)/2)\r\n"
+                                    "    UpperLeftY = INT((DisplayHeight-WindowHeight)/2)\r\n"
+                                    "\r\n"
+                                    "[ControlSetup]\r\n");
+    }
+
+    void AddMenus()
+    {
+        const QString start = QStringLiteral("Menu        #") + form.GuiHandleName + QStringLiteral(", \"");
+        if (form.GuiMenuNames[0].isEmpty()) {
+            bodyBlock += start + QStringLiteral("&File\" , \"E&xit\", [quit]\r\n");
+            // Only the menu that nobody drew comes with one for the editor.
+            if (std::ranges::any_of(form.List(ControlKind::Texteditor), &ControlRecord::visible))
+                bodyBlock += start + QStringLiteral("Edit\"\r\n");
+            return;
+        }
+        for (std::size_t menu = 0; menu < MenuSlots && !form.GuiMenuNames[menu].isEmpty(); ++menu) {
+            bodyBlock += start + form.GuiMenuNames[menu] + u'"';
+            for (const QString& item : form.GuiMenuItems[menu]) {
+                if (item.isEmpty())
+                    break;
+                AddMenuItem(SplitMenuItem(item));
+            }
+            bodyBlock += QStringLiteral("\r\n");
+        }
+    }
+
+    void AddMenuItem(const MenuItemParts& item)
+    {
+        if (item.caption == SeparatorCaption) {
+            bodyBlock += QStringLiteral(", | ");
+            return;
+        }
+        bodyBlock += QStringLiteral(", \"") + item.caption + QStringLiteral("\", ") + item.branch;
+        if (kind == ProgramKind::Outline && item.branch != QuitBranch)
+            stubBlock += item.branch + QStringLiteral("\r\n    'place code here\r\n    Wait\r\n\r\n");
+    }
+
+    void AddKind(const KindStatements& statements)
+    {
+        std::vector<ControlRecord>& list = form.List(statements.kind);
+        for (std::size_t i = 1; i < list.size(); ++i)
+            if (list[i].visible)
+                AddControl(statements, list[i], i);
+    }
+
+    void AddControl(const KindStatements& statements, ControlRecord& control, std::size_t number)
+    {
+        const KindTraits& traits = TraitsOf(statements.kind);
+        index = QString::number(number);
+        if (statements.kind == ControlKind::Groupbox && control.tag.isEmpty())
+            control.tag = LatinText(traits.nameStem) + index;
+        const TagParts tag = SplitTag(control.tag);
+        name = tag.name;
+        // A groupbox that has a tool tip but no name is named as a text; programs out there rely on it.
+        if (name.isEmpty())
+            name =
+                LatinText(TraitsOf(statements.kind == ControlKind::Groupbox ? ControlKind::Statictext : statements.kind)
+                              .nameStem) +
+                index;
+        if (traits.branch == BranchUse::Label) {
+            if (control.branch.isEmpty())
+                control.branch = LatinText(traits.branchStem) + index + QStringLiteral(".click");
+            control.branch = BracketedBranch(control.branch);
+        }
+        current = &control;
+
+        AddStatements(statements);
+        if (form.GuiTooltipsOn && !traits.tooltip.empty())
+            AppendTooltip(tooltipBlock, statements.kind, form.GuiHandleName, name,
+                          tag.tooltip.isEmpty() ? LatinText(traits.tooltip) : tag.tooltip);
+        if (statements.kind == ControlKind::Bmpbutton && !bitmapMissing)
+            bitmapMissing = !FileExists(control.caption);
+    }
+
+    void AddStatements(const KindStatements& statements)
+    {
+        const bool isSimple = kind == ProgramKind::Simple;
+        if (statements.kind == ControlKind::Groupbox && inGraphics)
+            bodyBlock += GroupboxInGraphics;
+        else
+            Expand(bodyBlock,
+                   isSimple && !statements.createSimple.isEmpty() ? statements.createSimple : statements.create);
+        if (!statements.listStem.isEmpty())
+            AddList(statements.listStem);
+        if (isSimple)
+            return;
+        if (inGraphics)
+            Expand(postOpenBlock, statements.fontFirst);
+        Expand(postOpenBlock, statements.afterOpen);
+        if (inGraphics)
+            Expand(postOpenBlock, statements.fontLast);
+        if (current->branch != QuitBranch)
+            Expand(stubBlock, statements.stub);
+        Expand(stubBlock, statements.stubOfItsOwn);
+    }
+
+    void AddList(QStringView stem)
+    {
+        AppendAll(dimBlock, {u"    DIM ", stem, index, u"$(10)\r\n    ", stem, index, u"$(1) = \"First Item\"\r\n    ",
+                             stem, index, u"$(2) = \"Second Item\"\r\n"});
+    }
+
+    void AddOpen()
+    {
+        ClearValues();
+        const QString handle = QStringLiteral("    #") + form.GuiHandleName + QStringLiteral(" \"");
+        bodyBlock += QStringLiteral("\r\nOpen \"") + form.caption + QStringLiteral("\" for ") + form.GuiWindowType +
+                     QStringLiteral(" as #") + form.GuiHandleName + QStringLiteral("\r\n") + handle +
+                     QStringLiteral("trapclose [quit]\"\r\n");
+        if (kind == ProgramKind::Outline && inGraphics) {
+            bodyBlock += handle + QStringLiteral("down; fill ") + SurfaceColorName() + QStringLiteral("; flush\"\r\n") +
+                         handle + QStringLiteral("font ") + font + QStringLiteral("\"\r\n") + handle +
+                         QStringLiteral("setfocus; when mouseMove [MouseChange]\"\r\n");
+            Expand(stubBlock, MouseStub);
+        } else {
+            postOpenBlock += handle + QStringLiteral("font ") + font + QStringLiteral("\"\r\n\r\n");
+        }
+    }
+
+    // The calls of the routines that the program carries.
+    void AddCalls()
+    {
+        const QString& handle = form.GuiHandleName;
+        if (form.GuiTooltipsOn)
+            postOpenBlock += QStringLiteral("    Call MakeTooltips HWND(#") + handle + QStringLiteral(")\r\n\r\n");
+        if (!form.GuiStatusbarOn)
+            return;
+        postOpenBlock += QStringLiteral("    '** Change statusbar message at any time with sub ChangeStatusText\r\n"
+                                        "    '** Call ChangeStatusText hStatus, ID_of_Panel, NewText$\r\n"
+                                        "    '** The handle of the statusbar is hStatus\r\n"
+                                        "    hStatus = MakeStatusBar(HWND(#") +
+                         handle + QStringLiteral("), \"StatusBar\")\r\n");
+        if (!form.GuiWindowType.contains(QLatin1String("Window")))
+            postOpenBlock += QStringLiteral("'    statusbar will not work properly in this window type\r\n"
+                                            "'    because resizehandler is not available:\r\n"
+                                            "'");
+        postOpenBlock += QStringLiteral("    #") + handle + QStringLiteral(" \"resizehandler [ResizeStatus]\"\r\n\r\n");
+    }
+
+    QString Join()
+    {
+        QString text = headerBlock;
+        text.reserve(headerBlock.size() + dimBlock.size() + bodyBlock.size() + postOpenBlock.size() + stubBlock.size() +
+                     tooltipBlock.size() + 4096);
+        text += dimBlock;
+        text += bodyBlock;
+        text += postOpenBlock;
+        if (form.GuiTimerOn)
+            text += QStringLiteral("    TIMER 500, [activateTimer]    'initialize the timer\r\n\r\n");
+        text += QStringLiteral("[loop]\r\n    Wait\r\n\r\n");
+        if (form.GuiTimerOn)
+            (kind == ProgramKind::Outline ? stubBlock : text) += TimerStub;
+        text += QStringLiteral("[quit]\r\n    close #") + form.GuiHandleName + QStringLiteral(" : END\r\n\r\n");
+        if (form.GuiTooltipsOn)
+            tooltipBlock += QStringView(TooltipEnd);
+        text += stubBlock;
+        text += tooltipBlock;
+        if (form.GuiStatusbarOn)
+            text += StatusRoutines(form.panels);
+        return text;
+    }
+
+    // The surface takes its colour by name alone, so a name of no colour leaves it without one.
+    QString SurfaceColorName() const
+    {
+        const bool known = std::ranges::any_of(
+            ColorName, [this](std::string_view each) { return form.GuiBackgroundColor == LatinText(each); });
+        return known ? form.GuiBackgroundColor : QString();
+    }
+
+    void ClearValues()
+    {
+        static ControlRecord nothing;
+        current = &nothing;
+        index.clear();
+        name.clear();
+    }
+
+    // Appends the pattern to the block, with the values of the control at hand.
+    void Expand(QString& block, QStringView pattern) const
+    {
+        for (;;) {
+            const qsizetype mark = pattern.indexOf(u'%');
+            if (mark < 0)
+                break;
+            block += pattern.first(mark);
+            AppendValue(block, pattern[mark + 1]);
+            pattern = pattern.sliced(mark + 2);
+        }
+        block += pattern;
+    }
+
+    void AppendValue(QString& block, QChar letter) const
+    {
+        switch (letter.unicode()) {
+        case u'H':
+            block += form.GuiHandleName;
+            break;
+        case u'N':
+            block += name;
+            break;
+        case u'i':
+            block += index;
+            break;
+        case u'B':
+            block += current->branch;
+            break;
+        case u'C':
+            block += current->caption;
+            break;
+        case u'F':
+            block += font;
+            break;
+        case u'K':
+            block += NameFromColor(QString::number(current->backColor));
+            break;
+        case u'x':
+            block += ProgramNumber(current->left);
+            break;
+        case u'y':
+            block += ProgramNumber(current->top);
+            break;
+        case u'w':
+            block += ProgramNumber(current->width);
+            break;
+        case u'h':
+            block += ProgramNumber(current->height);
+            break;
+        default:
+            Q_UNREACHABLE();
+        }
+    }
+
+    GuiForm& form;
+    ProgramKind kind;
+    bool inGraphics;
+    QString font;
+
+    // The control at hand.
+    const ControlRecord* current = nullptr;
+    QString index;
+    QString name;
+
+    QString headerBlock;
+    QString dimBlock;
+    QString bodyBlock;
+    QString postOpenBlock;
+    QString stubBlock;
+    QString tooltipBlock;
+    bool bitmapMissing = false;
+};
+
+} // namespace
+
+GeneratedProgram GenerateProgram(GuiForm& form, ProgramKind kind, const ProgramHeader& header)
+{
+    return Generator(form, kind).Run(header);
+}
+
+} // namespace ob

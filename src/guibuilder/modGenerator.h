@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// From a form to a BASIC program. Lines end in CR LF.
+#pragma once
+
+#include "guibuilder/modGui.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace ob {
+
+// Outline: a program that runs, with a stub for each branch, list and font statements. Simple: the statements that
+// build the window.
+enum class ProgramKind { Outline, Simple };
+
+struct ProgramHeader {
+    QString date;                    // as it stands in the first line
+    std::optional<QString> comments; // the programmer's, without their last line end; none: they are switched off
+};
+
+struct GeneratedProgram {
+    QString text;
+    bool bitmapMissing = false; // a bmpbutton names no file
+};
+
+inline const QString BitmapMissingText =
+    QStringLiteral("Code contains at least one bmpbutton that has no valid bitmap file associated.  Please correct "
+                   "this in the code generated.");
+
+// The program of a form. What the generation fills in is kept in the form: an empty handle becomes "main" and is
+// trimmed, branches get their brackets, an unnamed groupbox gets its name. Raises Overflow for a font size that is no
+// number of the language.
+GeneratedProgram GenerateProgram(GuiForm& form, ProgramKind kind, const ProgramHeader& header);
+
+} // namespace ob

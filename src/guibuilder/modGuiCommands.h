@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The form builder's commands: new form, load, save, compile; and what the form window's coming and going sets.
+#pragma once
+
+#include "guibuilder/modGenerator.h"
+#include "guibuilder/modGui.h"
+
+#include <QString>
+
+namespace ob {
+
+inline const QString GuiHintText = QStringLiteral("Right click the window or controls for a properties dialog!");
+
+// The form window has been made, or has gone: the form's and the main window's state.
+void GuiFormLoaded();
+void GuiFormUnloaded();
+
+enum class UnloadAnswer { Unload, Stay };
+
+// Asks to save a modified form, when the user wants to be asked. Stay: Cancel, or the form could not be saved.
+UnloadAnswer QueryGuiUnload();
+
+// Writes the form under design. When a character cannot be stored the user is asked first; No leaves the file and the
+// form's modified state as they were, and so does an error, which is thrown.
+void SaveGuiForm(const QString& path);
+
+// Makes a form file's content the form under design; a form that is open goes first, which may ask. Shows the
+// message when the file is no form file or is damaged.
+void LoadGuiForm(const QString& path);
+
+// Save and load by way of their file boxes.
+void guiSave();
+void mnuFileLoadGui_Click();
+
+// A new, empty form; its window defaults are asked for.
+void NewGuiForm();
+
+// The menu bar of the designed window, shown or not.
+enum class MenuBar { Hidden, Shown };
+void GuiShowMenu(MenuBar bar);
+
+// The palette's button for the menu editor follows the window type: dialogs have no menu.
+inline constexpr int MenuEditorTool = 16;
+void EnableMenuEditor(const QString& windowType);
+
+// The form's program in a new code window; with its outline, or the window's statements alone.
+void Compile();
+void CompileSimple();
+
+} // namespace ob

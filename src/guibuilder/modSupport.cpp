@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The routines that a generated program carries for tool tips and for a status bar.
+#include "guibuilder/modSupport.h"
+
+namespace ob {
+
+namespace {
+
+const QString LineEnd = QStringLiteral("\r\n");
+
+// The struct of the panels' right edges.
+QString EdgeStruct(std::size_t panelCount)
+{
+    QString line = QStringLiteral("    SB.SETPARTS = 1028\r\n    struct prt,edge1 as long");
+    for (std::size_t panel = 2; panel <= panelCount; ++panel)
+        line += QStringLiteral(",edge%1 as long").arg(panel);
+    return line + QStringLiteral("\r\n    'change measurements below as needed:\r\n");
+}
+
+// Sets each edge but the last by edgeText, whose %1 is the panel's number, then hands the edges to the bar.
+template <class EdgeText>
+QString SetEdges(std::size_t panelCount, EdgeText edgeText, const QString& bar)
+{
+    QString lines;
+    for (std::size_t panel = 1; panel < panelCount; ++panel)
+        lines += QStringLiteral("    prt.edge%1.struct = ").arg(panel) + edgeText(panel) + LineEnd;
+    return lines +
+           QStringLiteral("    prt.edge%1.struct = -1\r\n"
+                          "    numParts = %1\r\n"
+                          "    calldll #user32,  \"SendMessageA\", %2 as long, SB.SETPARTS as long, numParts As "
+                          "Long, prt As struct, r As Long\r\n")
+               .arg(QString::number(panelCount), bar);
+}
+
+QString ResizeRoutine(std::size_t panelCount)
+{
+    const auto share = [](std::size_t panel) { return QStringLiteral("%1 * sizePanel").arg(panel); };
+    return QStringLiteral("[ResizeStatus] 'resize status bar when window is resized\r\n") + EdgeStruct(panelCount) +
+           QStringLiteral("    sizePanel = Int(WindowWidth/%1) 'divide WindowWidth by number of panels\r\n")
+               .arg(panelCount) +
+           SetEdges(panelCount, share, QStringLiteral("hStatus")) +
+           QStringLiteral("    calldll #user32, \"SendMessageA\", hStatus as long, _WM_SIZE as long, 0 as long, "
+                          "WindowWidth as long, re as long\r\n"
+                          "    wait\r\n"
+                          "\r\n");
+}
+
+QString MakeRoutine(const std::vector<QString>& panels)
+{
+    constexpr std::size_t startWidth = 150;
+    QString lines = QStringLiteral("FUNCTION MakeStatusBar(hWin, caption$)\r\n"
+                                   "    style = _WS_VISIBLE or _WS_CHILD\r\n"
+                                   "    calldll #comctl32,\"InitCommonControls\", re as void\r\n"
+                                   "    calldll #comctl32,\"CreateStatusWindow\", style as long, caption$ as ptr, hWin "
+                                   "as long, 22 as long, hBar as long\r\n");
+    if (panels.size() != 1) {
+        const auto place = [](std::size_t panel) { return QString::number(panel * startWidth); };
+        lines += EdgeStruct(panels.size()) + SetEdges(panels.size(), place, QStringLiteral("hBar"));
+    }
+    lines += QStringLiteral("\r\n    '** Replace text in following lines with desired captions for panels:\r\n");
+    for (std::size_t panel = 0; panel < panels.size(); ++panel)
+        lines += QStringLiteral("    Call ChangeStatusText hBar, ") + QString::number(panel) + QStringLiteral(", \"") +
+                 panels[panel] + QStringLiteral("\"\r\n");
+    return lines + QStringLiteral("    MakeStatusBar = hBar\r\n"
+                                  "    END FUNCTION\r\n"
+                                  "\r\n");
+}
+
+} // namespace
+
+void AppendTooltip(QString& block, ControlKind kind, QStringView handle, QStringView name, QStringView tooltip)
+{
+    AppendAll(block, {u"'", LatinText(TraitsOf(kind).toolName), u" Tooltip:\r\n"});
+    if (kind == ControlKind::Graphicbox)
+        AppendAll(block, {u"    toolinfo.hWindow.struct = hWin\r\n"});
+    // The part of a combo box that the pointer rests on is the edit field inside it.
+    const QStringView target =
+        kind == ControlKind::Combobox ? QStringView(u"    hwndCombo = ") : QStringView(u"    toolinfo.uId.struct = ");
+    AppendAll(block, {target, u"hwnd(#", handle, u".", name, u")\r\n"});
+    if (kind == ControlKind::Combobox)
+        AppendAll(block, {u"    calldll #user32, \"GetWindow\", hwndCombo as long, _GW_CHILD as long, "
+                          u"hwndComboChild as long \r\n"
+                          u"    toolinfo.uId.struct = hwndComboChild\r\n"});
+    AppendAll(block, {u"    toolinfo.lpstrText$.struct = \"", tooltip,
+                      u"\"  '*** CHANGE TOOLTIP TEXT HERE!\r\n"
+                      u"    calldll #user32, \"SendMessageA\", hwndTT as long, 1028 as long, 0 as long, toolinfo as "
+                      u"struct, re as long\r\n\r\n"});
+}
+
+QString StatusRoutines(const std::vector<QString>& panels)
+{
+    return ResizeRoutine(panels.size()) + MakeRoutine(panels) +
+           QStringLiteral("SUB ChangeStatusText hBar, panelID, newText$\r\n"
+                          "    'use this sub to update captions on statusbar\r\n"
+                          "    SB.SETTEXT = 1025\r\n"
+                          "    calldll #user32, \"SendMessageA\", hBar as long, SB.SETTEXT as long, panelID as long, "
+                          "newText$ as ptr, re as long\r\n"
+                          "    END SUB\r\n"
+                          "\r\n");
+}
+
+} // namespace ob
