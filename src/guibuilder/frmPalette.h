@@ -4,8 +4,10 @@
 
 #include <QFrame>
 
-class QCheckBox;
+#include <vector>
+
 class QToolButton;
+class QVBoxLayout;
 
 namespace ob {
 
@@ -15,13 +17,28 @@ class frmPalette final : public QFrame {
 public:
     explicit frmPalette(QWidget* parent = nullptr);
 
+    // The tools follow the form window: which can be used, which one is armed, grid and lock.
+    void Refresh();
+    void EnableTool(int place, bool enable);
+
+    // The word of the control that the tool at that place arms; empty for a command.
+    static QString ArmedBy(int place);
+
 Q_SIGNALS:
     void CloseWanted();
+    void ToolPressed(int place); // from 0
+    void GridSwitched();
+    void LockSwitched();
 
 private:
+    QToolButton* MakeButton(const char* name, const char* icon, const QString& tip);
+    void MakeTools(QVBoxLayout& column);
+
     QToolButton* cmdGuiX = nullptr;
-    QCheckBox* chkGrid = nullptr;
-    QCheckBox* chkLock = nullptr;
+    QToolButton* chkGrid = nullptr;
+    QToolButton* chkLock = nullptr;
+    std::vector<QToolButton*> cmdTools;
+    std::vector<bool> usable; // by what the form allows; none is while there is no form
 };
 
 } // namespace ob

@@ -4,7 +4,10 @@
 
 #include "codetools/frmTip.h"
 #include "editor/frmDocument.h"
+#include "guibuilder/frmGui.h"
 #include "guibuilder/frmPalette.h"
+#include "guibuilder/frmSurface.h"
+#include "guibuilder/modGuiCommands.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
 #include "shell/frmMainMenu.h"
@@ -78,7 +81,7 @@ void frmMain::MakeCentre()
     auto* centre = new QWidget(this);
     picGui = new frmPalette(centre);
     picGui->hide();
-    connect(picGui, &frmPalette::CloseWanted, this, [this] { ShowPalette(false); });
+    ConnectPalette();
     mdi = new QMdiArea(centre);
     mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -186,16 +189,22 @@ frmDocument* frmMain::AddWindow(cDocument& document)
     });
     const QMdiSubWindow* current = mdi->currentSubWindow();
     const bool maximized = current == nullptr || current->isMaximized();
-    QMdiSubWindow* window = mdi->addSubWindow(child.get());
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    // Its own keys for closing and the like would stand in the way of the menu's.
-    for (QAction* action : window->actions() + window->systemMenu()->actions())
-        action->setShortcuts(QList<QKeySequence>());
+    QMdiSubWindow* window = AddChild(*child);
     if (maximized)
         window->showMaximized();
     else
         window->show();
     return child.release();
+}
+
+QMdiSubWindow* frmMain::AddChild(QWidget& child)
+{
+    QMdiSubWindow* window = mdi->addSubWindow(&child);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    // Its own keys for closing and the like would stand in the way of the menu's.
+    for (QAction* action : window->actions() + window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>());
+    return window;
 }
 
 void frmMain::ShowDocument(cDocument& document)
@@ -238,6 +247,8 @@ void frmMain::ActivateChild(QWidget* child)
     activeChild = child;
     if (auto* after = qobject_cast<frmDocument*>(activeChild))
         after->Activate();
+    else if (activeChild != nullptr)
+        gui->Activate();
 }
 
 void frmMain::SetStatusPanel(const QString& text)
@@ -267,10 +278,6 @@ void frmMain::ShowRecentItem(int number)
 {
     Item(QStringLiteral("mnuFileMRU%1").arg(number))->setVisible(true);
 }
-
-void frmMain::CompileGui() {}
-
-void frmMain::LoadGuiForm(const QString&) {}
 
 void frmMain::SendToBack()
 {

@@ -16,6 +16,7 @@ class QToolBar;
 namespace ob {
 
 class frmDocument;
+class frmGui;
 class frmPalette;
 class frmStatusBar;
 
@@ -38,8 +39,11 @@ public:
     void SetRecentCaption(int number, const QString& caption) override;
     void ShowRecentItem(int number) override;
     void EnableButton(int place, bool enable) override;
-    void CompileGui() override;
-    void LoadGuiForm(const QString& path) override;
+    bool UnloadGui() override;
+    void ShowGui() override;
+    void RefreshGui() override;
+    void ShowGuiDefaults() override;
+    void EnableGuiTool(int place, bool enable) override;
     void SendToBack() override;
     void Unload() override;
 
@@ -69,6 +73,9 @@ private:
     void AskToHideToolbar();
     void PlaceWindow();
     frmDocument* AddWindow(cDocument& document);
+    QMdiSubWindow* AddChild(QWidget& child);
+    void ConnectPalette();
+    void UseGuiTool(int place);
     void SubWindowActivated(QMdiSubWindow* window);
     void ActivateChild(QWidget* child);
     QMdiSubWindow* SubWindowOf(const QWidget* child) const;
@@ -76,6 +83,7 @@ private:
     QMdiArea* mdi = nullptr;
     QToolBar* tbToolBar = nullptr;
     frmPalette* picGui = nullptr;
+    frmGui* gui = nullptr; // the form window, while there is one
     frmStatusBar* sbStatusBar = nullptr;
     QHash<QString, QAction*> items;
     ToolbarParts toolbar;

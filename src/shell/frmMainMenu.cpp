@@ -9,6 +9,7 @@
 #include "engine/dlgShowVar.h"
 #include "engine/modProject.h"
 #include "engine/modRun.h"
+#include "guibuilder/modGuiCommands.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
 #include "shell/dlgAbout.h"
@@ -48,9 +49,9 @@ constexpr MenuRow rows[] = {
     {1, "mnuFileSaveAs", "Save &As...", "", "save-as", Off, mnuFileSaveAs_Click},
     {1, "mnuFileProject", "Save Pro&ject", "", "save-project", Off, mnuFileProject_Click},
     {1, "mnuFileBar1", "", "", "", Bar, nullptr},
-    {1, "mnuFileNewGui", "New Gui &Form", "", "form", On, nullptr},
-    {1, "mnuFileLoadGui", "&Load Gui Form", "", "load-form", On, nullptr},
-    {1, "mnuFileSaveGui", "Save &Gui Form", "", "save-form", Off, nullptr},
+    {1, "mnuFileNewGui", "New Gui &Form", "", "form", On, NewGuiForm},
+    {1, "mnuFileLoadGui", "&Load Gui Form", "", "load-form", On, mnuFileLoadGui_Click},
+    {1, "mnuFileSaveGui", "Save &Gui Form", "", "save-form", Off, guiSave},
     {1, "mnuFileBar2", "", "", "", Bar, nullptr},
     {1, "mnuFilePrint", "&Print...", "Ctrl+P", "print", Off, nullptr},
     {1, "mnuFileBar3", "", "", "", Bar, nullptr},
@@ -136,7 +137,7 @@ constexpr MenuRow rows[] = {
     {2, "mnuToolFont", "&Font Dialog", "", "font", On, mnuToolFont_Click},
     {2, "mnuToolKeyCode", "&Key Code Preview", "", "key-code", On, mnuToolKeyCode_Click},
     {1, "mnuToolSBar0", "", "", "", Bar, nullptr},
-    {1, "mnuGui", "&Gui Builder", "", "gui-builder", On, nullptr},
+    {1, "mnuGui", "&Gui Builder", "", "gui-builder", On, NewGuiForm},
     {1, "mnuToolIcon", "&Icon Editor", "", "icon-editor", On, nullptr},
     {1, "mnuToolFreeform", "&FreeForm", "", "freeform", On, mnuToolFreeform_Click},
     {1, "mnuToolShowVar", "Show &Variables", "", "variables", Off, mnuToolShowVar_Click},

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The drawing surface without a screen: what presses, moves and keys do to the form under design, what is selected,
+// and what has to be painted anew. All places are twips on the surface.
+#pragma once
+
+#include "guibuilder/cFormHistory.h"
+#include "guibuilder/modDesigner.h"
+
+#include <optional>
+#include <vector>
+
+namespace ob {
+
+class cDesigner {
+public:
+    explicit cDesigner(GuiForm& target);
+
+    enum class MouseButton { Left, Right, Other };
+    // Adding: the press adds to the selection or takes from it.
+    enum class PressMode { Plain, Adding };
+
+    // What the window has to do after an event.
+    struct Request {
+        enum class Kind { None, Properties, WindowDefaults } kind = Kind::None;
+        ControlRef control = {};
+    };
+
+    // Arms a control tool by its word (KindTraits::toolName); the next press on the surface places.
+    void ArmTool(const QString& toolName);
+
+    Request Press(SurfacePoint point, MouseButton button, PressMode mode);
+    void Drag(SurfacePoint point); // with the left button down
+    Request Release(SurfacePoint point, MouseButton button);
+
+    // Ends what the mouse is at without a trace, and disarms the tool.
+    void Cancel();
+
+    enum class Pointer { Arrow, Cross, Move, Size, NoDrop };
+    Pointer PointerAt(SurfacePoint point) const;
+
+    // Keys and commands on the selection; each that changes something is one step to undo.
+    void Nudge(float x, float y);
+    void Grow(float width, float height);
+    void Delete();
+    void Align(Alignment alignment);
+    void Copy();
+    void Paste();
+    void SelectAll();
+    void SelectNext(int direction); // in the order in which controls are painted
+    void ClearSelection();
+    bool CanPaste() const { return !copies.empty(); }
+
+    void Undo();
+    void Redo();
+    bool CanUndo() const { return history.CanUndo(); }
+    bool CanRedo() const { return history.CanRedo(); }
+
+    // A dialog has changed the form.
+    void Commit(cFormHistory::WindowRect rect = cFormHistory::WindowRect::Drawn);
+    // Another form stands in the place of the old one.
+    void Restart();
+
+    const std::vector<ControlRef>& Selection() const { return selection; }
+    const std::optional<HandlePlaces>& Handles() const { return handles; }
+    std::optional<SurfaceRect> RubberBand() const;
+
+    // What changed on the surface since the last call. Nothing means all of it.
+    struct Damage {
+        bool everything = false;
+        std::vector<SurfaceRect> parts;
+    };
+    Damage TakeDamage();
+
+private:
+    enum class Action { None, Placing, Selecting, Moving, ResizingLower, ResizingUpper };
+
+    bool IsSelected(ControlRef ref) const;
+    std::optional<Handle> HandleAt(SurfacePoint point) const;
+    void PressControl(ControlRef ref, SurfacePoint point, PressMode mode);
+    void DragControls(SurfacePoint point);
+    void DragHandle(Handle handle, SurfacePoint point);
+    void FinishPlacing(SurfacePoint point);
+    void ShowHandles();
+    void Spoil(const SurfaceRect& rect) { damage.parts.push_back(rect); }
+    void SpoilControl(ControlRef ref);
+    void SpoilSelection();
+    void Changed(); // a command of the keyboard has changed the form
+    void Take(const std::optional<GuiForm>& step);
+
+    GuiForm& form;
+    cFormHistory history;
+    std::vector<ControlRef> selection; // the first is the one that others are aligned with
+    std::optional<HandlePlaces> handles;
+
+    Action action = Action::None;
+    SurfacePoint anchor; // where the button went down
+    SurfacePoint end;    // where the pointer is
+    SurfacePoint grip;   // of the pressed control or handle
+    ControlRef pressed;
+    bool taken = false;   // the press has had its answer; its release has none
+    bool narrows = false; // a press without a move leaves only the pressed control selected
+    Damage damage;
+    std::vector<CopiedControl> copies;
+};
+
+} // namespace ob

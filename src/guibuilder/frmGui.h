@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The form under design as a child window: menu label, drawing surface, status bar.
+#pragma once
+
+#include <QWidget>
+
+#include <string_view>
+#include <vector>
+
+class QHBoxLayout;
+class QLabel;
+class QMdiSubWindow;
+
+namespace ob {
+
+class frmSurface;
+
+class frmGui final : public QWidget {
+    Q_OBJECT
+
+public:
+    // Loads the form window: the form under design is empty from here on.
+    explicit frmGui(QWidget* parent = nullptr);
+
+    // The window in the area that holds this one, once it has been made.
+    void Join(QMdiSubWindow& window);
+
+    // Shows what the form under design holds.
+    void Refresh();
+
+    // The form window has become the active child.
+    void Activate();
+
+    frmSurface& Surface() { return *picBase; }
+
+Q_SIGNALS:
+    void Unloaded(QWidget* gone);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void MakeStatusBar();
+    void ShowPanels();
+    void PlaceWindow();
+    void TakeWindowRect();
+    void lblMenu_Click(Qt::MouseButton button);
+    void sBar_Click();
+
+    QLabel* lblMenu = nullptr;
+    frmSurface* picBase = nullptr;
+    QWidget* sBar = nullptr;
+    QHBoxLayout* panelRow = nullptr;
+    std::vector<QLabel*> panelLabels;
+    QLabel* lblStatusbar = nullptr;
+    QMdiSubWindow* frame = nullptr;
+    QRect shownRect; // where the frame was put, so that only what the user changes goes into the form
+};
+
+} // namespace ob

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The properties of one control.
+#include "guibuilder/frmProp.h"
+
+#include "guibuilder/modBitmap.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modDialogs.h"
+#include "platform/modFiles.h"
+#include "shell/Module1.h"
+#include "shell/frmTool.h"
+#include "ui_frmProp.h"
+
+#include <QEvent>
+
+namespace ob {
+
+namespace {
+
+const QString BitmapFilter = QStringLiteral("Bitmap Files |*.bmp;*.bmp;");
+
+constexpr int LightGround = 128; // a lightness from 0 to 255, and brighter
+constexpr QColor RedOnLight(176, 28, 28);
+constexpr QColor RedOnDark(255, 138, 128);
+
+// What the picture in that file is like for the button, and the picture itself; a null one when there is none.
+struct Preview {
+    QString words;
+    QImage picture;
+};
+
+Preview PreviewOf(const QString& path)
+{
+    if (path.isEmpty() || path == NoBitmap)
+        return {QStringLiteral("No bitmap chosen."), {}};
+    if (!FileExists(path))
+        return {QStringLiteral("There is no such file."), {}};
+    try {
+        const QImage picture = LoadBitmap(path);
+        const QString words = QStringLiteral("%1 x %2 pixels: so large will the button be.");
+        return {words.arg(picture.width()).arg(picture.height()), picture};
+    } catch (const RuntimeError&) {
+        return {QStringLiteral("The file holds no bitmap that can be read."), {}};
+    }
+}
+
+QPixmap Fitted(const QImage& picture, const QSize& room)
+{
+    if (picture.width() <= room.width() && picture.height() <= room.height())
+        return QPixmap::fromImage(picture);
+    return QPixmap::fromImage(picture.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+} // namespace
+
+frmProp::frmProp(ControlRef edited, const QString& kindWord, QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmProp>()), control(edited)
+{
+    ui->setupUi(this);
+    setWindowTitle(kindWord + QStringLiteral(" Properties"));
+    ShowFields(PropertiesOf(GuiDesign.At(control), control.kind));
+    const bool hasBitmap = control.kind == ControlKind::Bmpbutton;
+    ui->picPreview->setVisible(hasBitmap);
+    ui->lblPreview->setVisible(hasBitmap);
+    ui->txtExt->setFocus();
+    ui->txtExt->selectAll();
+    resize(width(), sizeHint().height());
+    TintDelete();
+    if (hasBitmap) {
+        ShowPreview();
+        connect(ui->txtBitmap, &QLineEdit::textChanged, this, &frmProp::ShowPreview);
+    }
+    connect(ui->cmdBitmap, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdBitmap_Click(); }); });
+    connect(ui->cmdDelete, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdDelete_Click(); }); });
+    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmProp::~frmProp() = default;
+
+void frmProp::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        TintDelete();
+}
+
+// Red sets it apart from the buttons that only close the dialog.
+void frmProp::TintDelete()
+{
+    QPalette colors = ui->cmdDelete->palette();
+    const bool light = palette().color(QPalette::Button).lightness() >= LightGround;
+    colors.setColor(QPalette::ButtonText, light ? RedOnLight : RedOnDark);
+    ui->cmdDelete->setPalette(colors);
+}
+
+void frmProp::ShowFields(const PropertyFields& fields)
+{
+    const PropertyTexts& texts = fields.texts;
+    ui->txtExt->setText(texts.name);
+    ui->txtCaption->setText(texts.caption);
+    ui->txtCaption->setEnabled(fields.captionEnabled);
+    ui->txtBranch->setText(texts.branch);
+    ui->txtBranch->setEnabled(fields.branchEnabled);
+    ui->txtTooltip->setText(texts.tooltip);
+    ui->txtTooltip->setEnabled(fields.tooltipEnabled);
+    ui->txtBitmap->setText(texts.bitmap);
+    ui->txtBitmap->setEnabled(fields.bitmapEnabled);
+    ui->cmdBitmap->setEnabled(fields.bitmapEnabled);
+    ui->txtX->setText(texts.left);
+    ui->txtY->setText(texts.top);
+    ui->txtWidth->setText(texts.width);
+    ui->txtHeight->setText(texts.height);
+    ui->imgCombo->setCurrentIndex(texts.color);
+    ui->imgCombo->setEnabled(fields.colorEnabled);
+}
+
+PropertyTexts frmProp::Texts() const
+{
+    PropertyTexts texts;
+    texts.name = ui->txtExt->text();
+    texts.caption = ui->txtCaption->text();
+    texts.branch = ui->txtBranch->text();
+    texts.tooltip = ui->txtTooltip->text();
+    texts.bitmap = ui->txtBitmap->text();
+    texts.left = ui->txtX->text();
+    texts.top = ui->txtY->text();
+    texts.width = ui->txtWidth->text();
+    texts.height = ui->txtHeight->text();
+    texts.color = ui->imgCombo->currentIndex();
+    return texts;
+}
+
+void frmProp::ShowPreview()
+{
+    const Preview preview = PreviewOf(ui->txtBitmap->text());
+    ui->lblPreview->setText(preview.words);
+    if (preview.picture.isNull())
+        ui->picPreview->clear();
+    else
+        ui->picPreview->setPixmap(Fitted(preview.picture, ui->picPreview->contentsRect().size()));
+}
+
+void frmProp::cmdBitmap_Click()
+{
+    FileSpec box;
+    box.title = QStringLiteral("Open");
+    box.filter = BitmapFilter;
+    const QString folder = FolderOf(ui->txtBitmap->text());
+    if (FolderExists(folder))
+        box.folder = folder;
+    const QString path = FileBox(box);
+    if (!path.isEmpty())
+        ui->txtBitmap->setText(BitmapPathOf(path));
+}
+
+void frmProp::cmdDelete_Click()
+{
+    if (MsgBox(DeleteControlText, BoxIcon::Critical, BoxButtons::YesNo) == BoxAnswer::Yes)
+        Apply(ControlFate::Deleted);
+}
+
+void frmProp::OKButton_Click()
+{
+    Apply(ControlFate::Kept);
+}
+
+void frmProp::Apply(ControlFate fate)
+{
+    end = fate == ControlFate::Deleted ? PropEnd::Deleted : PropEnd::Confirmed;
+    if (ApplyProperties(GuiDesign.At(control), control.kind, Texts(), fate) == PropertiesEnd::LacksBitmap) {
+        const BoxAnswer answer = MsgBox(NoBitmapText, BoxIcon::Question, BoxButtons::YesNoCancel);
+        if (answer == BoxAnswer::Yes)
+            cmdBitmap_Click();
+        if (answer != BoxAnswer::No)
+            return;
+    }
+    accept();
+}
+
+PropEnd ShowProp(ControlRef control, const QString& kindWord)
+{
+    if (GuiFormLoading)
+        return PropEnd::Cancelled;
+    frmProp dialog(control, kindWord, ToolOwner());
+    BindManualPage(dialog, frmProp::ManualPage);
+    dialog.exec();
+    if (dialog.End() != PropEnd::Cancelled)
+        MainForm->RefreshGui();
+    return dialog.End();
+}
+
+} // namespace ob

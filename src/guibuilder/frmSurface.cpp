@@ -1,0 +1,395 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The drawing surface.
+#include "guibuilder/frmSurface.h"
+
+//TEMP
+#if __has_include("guibuilder/dlgMenu.h") && 0
+#include "guibuilder/dlgMenu.h"
+#endif
+#if __has_include("guibuilder/frmSurfacePaint.h") && 0
+#include "guibuilder/frmSurfacePaint.h"
+#else
+#include <QPainter>
+namespace ob { class SurfaceStyle { public: SurfaceStyle(const GuiForm&, int, int) {} QColor surface = Qt::lightGray; };
+inline QRect PixelRect(const ControlRecord& c, int x, int y) { return QRect(int(c.left)/x, int(c.top)/y, int(c.width)/x, int(c.height)/y); }
+inline QRect PaintedRect(const GuiForm& f, ControlRef r, int x, int y) { return PixelRect(f.At(r), x, y); }
+inline void PaintControl(QPainter& p, const SurfaceStyle&, const GuiForm& f, ControlRef r) { p.drawRect(PixelRect(f.At(r), 15, 15)); p.drawText(PixelRect(f.At(r), 15, 15), f.At(r).caption); }
+inline void PaintGrid(QPainter&, QRect, const GuiForm&, int, int) {}
+inline void PaintHandles(QPainter& p, QRect a, QRect b, bool) { p.fillRect(a, Qt::red); p.fillRect(b, Qt::red); }
+inline void PaintSelectionFrame(QPainter& p, QRect a) { p.drawRect(a); }
+inline void PaintRubberBand(QPainter& p, QRect a) { p.drawRect(a); }
+}
+#endif
+#if __has_include("guibuilder/frmProp.h") && 0
+#include "guibuilder/frmProp.h"
+#include "guibuilder/frmColorDefault.h"
+#else
+namespace ob { inline void ShowProp(ControlRef, const QString&) {} inline void ShowColorDefault() {} }
+#endif
+//ENDTEMP
+#include "guibuilder/modGuiCommands.h"
+#include "platform/modDialogs.h"
+#include "shell/Module1.h"
+#include "shell/frmTool.h"
+
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <cmath>
+
+namespace ob {
+
+namespace {
+
+cDesigner::MouseButton ButtonOf(Qt::MouseButton button)
+{
+    switch (button) {
+    case Qt::LeftButton:
+        return cDesigner::MouseButton::Left;
+    case Qt::RightButton:
+        return cDesigner::MouseButton::Right;
+    default:
+        return cDesigner::MouseButton::Other;
+    }
+}
+
+Qt::CursorShape ShapeOf(cDesigner::Pointer pointer)
+{
+    switch (pointer) {
+    case cDesigner::Pointer::Arrow:
+        return Qt::ArrowCursor;
+    case cDesigner::Pointer::Cross:
+        return Qt::CrossCursor;
+    case cDesigner::Pointer::Move:
+        return Qt::SizeAllCursor;
+    case cDesigner::Pointer::Size:
+        return Qt::SizeFDiagCursor;
+    case cDesigner::Pointer::NoDrop:
+        return Qt::ForbiddenCursor;
+    }
+    return Qt::ArrowCursor;
+}
+
+// The keys of the surface that the main window's menu would otherwise take.
+bool IsSurfaceKey(const QKeyEvent& key)
+{
+    for (const QKeySequence::StandardKey each :
+         {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll,
+          QKeySequence::Delete, QKeySequence::Cut})
+        if (key.matches(each))
+            return true;
+    return key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier;
+}
+
+} // namespace
+
+frmSurface::frmSurface(QWidget* parent) : QWidget(parent), designer(GuiDesign)
+{
+    setObjectName(QStringLiteral("picBase"));
+    setAccessibleName(QStringLiteral("Drawing surface"));
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    Refresh();
+}
+
+frmSurface::~frmSurface() = default;
+
+void frmSurface::Refresh()
+{
+    style = std::make_unique<SurfaceStyle>(GuiDesign, TwipsPerPixelX, TwipsPerPixelY);
+    update();
+}
+
+void frmSurface::Restart()
+{
+    designer.Restart();
+    Refresh();
+}
+
+void frmSurface::ArmTool(const QString& toolName)
+{
+    designer.ArmTool(toolName);
+    setCursor(Qt::CrossCursor);
+    setFocus();
+}
+
+SurfacePoint frmSurface::PointAt(QPointF pixel) const
+{
+    return {static_cast<float>(pixel.x() * TwipsPerPixelX), static_cast<float>(pixel.y() * TwipsPerPixelY)};
+}
+
+QRect frmSurface::PixelsOf(const SurfaceRect& rect) const
+{
+    ControlRecord record;
+    SetRect(record, rect);
+    return PixelRect(record, TwipsPerPixelX, TwipsPerPixelY);
+}
+
+void frmSurface::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.fillRect(event->rect(), style->surface);
+    if (GuiGridOn)
+        PaintGrid(painter, event->rect(), GuiDesign, TwipsPerPixelX, TwipsPerPixelY);
+    const QRegion& region = event->region();
+    paintOrder = PaintOrder(GuiDesign);
+    for (const ControlRef ref : paintOrder)
+        if (region.intersects(PaintedRect(GuiDesign, ref, TwipsPerPixelX, TwipsPerPixelY)))
+            PaintControl(painter, *style, GuiDesign, ref);
+    const auto& selection = designer.Selection();
+    if (const auto& handles = designer.Handles())
+        PaintHandles(painter, PixelsOf(HandleRect(handles->lower)), PixelsOf(HandleRect(handles->upper)), GuiLocked);
+    else
+        for (const ControlRef ref : selection)
+            PaintSelectionFrame(painter, PixelsOf(RectOf(GuiDesign.At(ref))));
+    if (const auto band = designer.RubberBand())
+        PaintRubberBand(painter, PixelsOf(*band));
+}
+
+void frmSurface::UpdateDamage()
+{
+    const cDesigner::Damage damage = designer.TakeDamage();
+    if (damage.everything) {
+        update();
+        return;
+    }
+    // Frames stand a little outside of what they frame.
+    constexpr int margin = 3;
+    for (const SurfaceRect& part : damage.parts)
+        update(PixelsOf(part).adjusted(-margin, -margin, margin, margin));
+}
+
+void frmSurface::UpdatePointer(QPointF pixel)
+{
+    const Qt::CursorShape shape = ShapeOf(designer.PointerAt(PointAt(pixel)));
+    if (cursor().shape() != shape)
+        setCursor(shape);
+}
+
+void frmSurface::mousePressEvent(QMouseEvent* event)
+{
+    RunCommand([&] {
+        const auto mode = event->modifiers().testFlag(Qt::ControlModifier) ? cDesigner::PressMode::Adding
+                                                                           : cDesigner::PressMode::Plain;
+        const auto request = designer.Press(PointAt(event->position()), ButtonOf(event->button()), mode);
+        UpdateDamage();
+        if (request.kind == cDesigner::Request::Kind::Properties)
+            ShowProperties(request.control);
+    });
+}
+
+void frmSurface::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton))
+        designer.Drag(PointAt(event->position()));
+    UpdateDamage();
+    UpdatePointer(event->position());
+}
+
+void frmSurface::mouseReleaseEvent(QMouseEvent* event)
+{
+    RunCommand([&] {
+        const auto request = designer.Release(PointAt(event->position()), ButtonOf(event->button()));
+        UpdateDamage();
+        UpdatePointer(event->position());
+        Q_EMIT ToolUsed();
+        if (request.kind == cDesigner::Request::Kind::WindowDefaults)
+            ShowWindowDefaults();
+    });
+}
+
+void frmSurface::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
+void frmSurface::ShowProperties(ControlRef control)
+{
+    ShowProp(control, LatinText(TraitsOf(control.kind).propWord));
+    BringToFront(GuiDesign, control);
+    designer.Commit();
+    UpdateDamage();
+}
+
+void frmSurface::ShowWindowDefaults()
+{
+    ShowColorDefault();
+    designer.Commit(cFormHistory::WindowRect::Set);
+    UpdateDamage();
+}
+
+void frmSurface::ShowMenuEditor()
+{
+    // TEMP ShowToolModally<dlgMenu>();
+    designer.Commit();
+    UpdateDamage();
+}
+
+void frmSurface::AskToDelete()
+{
+    const auto count = designer.Selection().size();
+    if (count == 0)
+        return;
+    const QString question =
+        count == 1 ? QStringLiteral("Delete this control?") : QStringLiteral("Delete these %1 controls?").arg(count);
+    if (MsgBox(question, BoxIcon::Critical, BoxButtons::YesNo) == BoxAnswer::Yes)
+        designer.Delete();
+}
+
+bool frmSurface::TakeArrow(const QKeyEvent& event)
+{
+    int x = 0;
+    int y = 0;
+    switch (event.key()) {
+    case Qt::Key_Left:
+        x = -1;
+        break;
+    case Qt::Key_Right:
+        x = 1;
+        break;
+    case Qt::Key_Up:
+        y = -1;
+        break;
+    case Qt::Key_Down:
+        y = 1;
+        break;
+    default:
+        return false;
+    }
+    const int pixels = event.modifiers().testFlag(Qt::ControlModifier) ? 1 : SnapPixels;
+    const auto stepX = static_cast<float>(x * pixels * TwipsPerPixelX);
+    const auto stepY = static_cast<float>(y * pixels * TwipsPerPixelY);
+    if (event.modifiers().testFlag(Qt::ShiftModifier))
+        designer.Grow(stepX, stepY);
+    else
+        designer.Nudge(stepX, stepY);
+    return true;
+}
+
+// A step back or forth may be one of the menus, the panels or the window.
+void frmSurface::TakeStep(void (cDesigner::*step)())
+{
+    (designer.*step)();
+    MainForm->RefreshGui();
+}
+
+bool frmSurface::TakeKey(const QKeyEvent& event)
+{
+    if (event.matches(QKeySequence::Undo))
+        TakeStep(&cDesigner::Undo);
+    else if (event.matches(QKeySequence::Redo) ||
+             (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier))
+        TakeStep(&cDesigner::Redo);
+    else if (event.matches(QKeySequence::Copy))
+        designer.Copy();
+    else if (event.matches(QKeySequence::Paste))
+        designer.Paste();
+    else if (event.matches(QKeySequence::SelectAll))
+        designer.SelectAll();
+    else if (event.matches(QKeySequence::Delete))
+        AskToDelete();
+    else if (event.key() == Qt::Key_Escape)
+        designer.Cancel();
+    else if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
+        designer.Selection().empty() ? ShowWindowDefaults() : ShowProperties(designer.Selection().front());
+    else
+        return TakeArrow(event);
+    return true;
+}
+
+void frmSurface::keyPressEvent(QKeyEvent* event)
+{
+    bool taken = false;
+    RunCommand([&] { taken = TakeKey(*event); });
+    if (!taken) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    UpdateDamage();
+    UpdatePointer(mapFromGlobal(QCursor::pos()));
+    Q_EMIT ToolUsed();
+}
+
+// Tab goes from control to control, as it will in the program.
+bool frmSurface::focusNextPrevChild(bool next)
+{
+    designer.SelectNext(next ? 1 : -1);
+    UpdateDamage();
+    return true;
+}
+
+QString frmSurface::BranchUnder(QPointF pixel) const
+{
+    const auto control = ControlAt(GuiDesign, PointAt(pixel));
+    return control ? GuiDesign.At(*control).branch : QString();
+}
+
+bool frmSurface::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && IsSurfaceKey(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QString branch = BranchUnder(help->pos());
+        if (branch.isEmpty())
+            QToolTip::hideText();
+        else
+            QToolTip::showText(help->globalPos(), branch.toHtmlEscaped(), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void frmSurface::contextMenuEvent(QContextMenuEvent* event)
+{
+    // The right button has a meaning of its own here.
+    if (event->reason() != QContextMenuEvent::Keyboard)
+        return;
+    struct Entry {
+        const char* name;
+        const char* caption;
+        Alignment alignment;
+    };
+    static constexpr Entry entries[] = {
+        {"mnuAlignLeft", "Align &Left", Alignment::Left},      {"mnuAlignTop", "Align &Top", Alignment::Top},
+        {"mnuAlignRight", "Align &Right", Alignment::Right},   {"mnuAlignBottom", "Align &Bottom", Alignment::Bottom},
+        {"mnuSameWidth", "Same &Width", Alignment::SameWidth}, {"mnuSameHeight", "Same &Height", Alignment::SameHeight},
+    };
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("mnuSurface"));
+    const auto add = [&](QMenu& target, const char* name, const char* caption, bool enabled, auto command) {
+        QAction* action = target.addAction(QString::fromLatin1(caption));
+        action->setObjectName(QString::fromLatin1(name));
+        action->setEnabled(enabled);
+        connect(action, &QAction::triggered, this, [this, command] {
+            RunCommand(command);
+            UpdateDamage();
+        });
+    };
+    const bool any = !designer.Selection().empty();
+    QMenu* format = menu.addMenu(QStringLiteral("&Format"));
+    format->setEnabled(designer.Selection().size() > 1 && !GuiLocked);
+    for (const Entry& entry : entries)
+        add(*format, entry.name, entry.caption, true, [this, entry] { designer.Align(entry.alignment); });
+    menu.addSeparator();
+    add(menu, "mnuSurfaceCopy", "&Copy", any, [this] { designer.Copy(); });
+    add(menu, "mnuSurfacePaste", "&Paste", designer.CanPaste(), [this] { designer.Paste(); });
+    add(menu, "mnuSurfaceDelete", "&Delete", any, [this] { AskToDelete(); });
+    menu.addSeparator();
+    add(menu, "mnuSurfaceProperties", "P&roperties...", any, [this] { ShowProperties(designer.Selection().front()); });
+    add(menu, "mnuSurfaceDefaults", "&Window Defaults...", true, [this] { ShowWindowDefaults(); });
+    QPoint place = event->globalPos();
+    if (any)
+        place = mapToGlobal(PixelsOf(RectOf(GuiDesign.At(designer.Selection().front()))).center());
+    menu.exec(place);
+}
+
+} // namespace ob

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The drawing surface: paints the form under design and hands the mouse and the keys to the designer.
+#pragma once
+
+#include "guibuilder/cDesigner.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace ob {
+
+class SurfaceStyle;
+
+class frmSurface final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit frmSurface(QWidget* parent = nullptr);
+    ~frmSurface() override;
+
+    // The form has been changed by others than the surface: fonts, colours and all controls are shown anew.
+    void Refresh();
+    // Another form stands in the place of the old one; nothing of that can be undone.
+    void Restart();
+
+    void ArmTool(const QString& toolName);
+    void ShowWindowDefaults();
+    void ShowMenuEditor();
+
+    cDesigner& Designer() { return designer; }
+
+    // Where a place of the surface is on the widget, and the other way.
+    SurfacePoint PointAt(QPointF pixel) const;
+    QRect PixelsOf(const SurfaceRect& rect) const;
+
+Q_SIGNALS:
+    // The mouse or the keys may have used, or given up, the armed tool.
+    void ToolUsed();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void TakeStep(void (cDesigner::*step)());
+    bool TakeKey(const QKeyEvent& event);
+    bool TakeArrow(const QKeyEvent& event);
+    void ShowProperties(ControlRef control);
+    void AskToDelete();
+    void UpdateDamage();
+    void UpdatePointer(QPointF pixel);
+    QString BranchUnder(QPointF pixel) const;
+
+    cDesigner designer;
+    std::unique_ptr<SurfaceStyle> style;
+    std::vector<ControlRef> paintOrder;
+};
+
+} // namespace ob

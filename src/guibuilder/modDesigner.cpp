@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The arithmetic of the drawing surface.
+#include "guibuilder/modDesigner.h"
+
+#include "platform/modRuntime.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ob {
+
+namespace {
+
+float Twips(int pixels, int twipsPerPixel)
+{
+    return static_cast<float>(pixels * twipsPerPixel);
+}
+
+// Sides that a handle gives: not too small, on the snap.
+float HandleSide(float side, int twipsPerPixel)
+{
+    return SnapDown(std::max(side, LeastSideTwips), twipsPerPixel);
+}
+
+QString PixelText(float twips, int twipsPerPixel)
+{
+    return Str(twips / static_cast<float>(twipsPerPixel));
+}
+
+bool TakesPart(const GuiForm& form, ControlRef ref)
+{
+    return form.At(ref).visible;
+}
+
+} // namespace
+
+SurfaceRect RectOf(const ControlRecord& control)
+{
+    return {control.left, control.top, control.width, control.height};
+}
+
+void SetRect(ControlRecord& control, const SurfaceRect& rect)
+{
+    control.left = rect.left;
+    control.top = rect.top;
+    control.width = rect.width;
+    control.height = rect.height;
+}
+
+SurfaceRect RectBetween(SurfacePoint one, SurfacePoint other)
+{
+    return {std::min(one.x, other.x), std::min(one.y, other.y), std::abs(one.x - other.x), std::abs(one.y - other.y)};
+}
+
+float SnapDown(float twips, int twipsPerPixel)
+{
+    const double step = static_cast<double>(twipsPerPixel) * SnapPixels;
+    return static_cast<float>(std::floor(static_cast<double>(twips) / step) * step);
+}
+
+bool LeftAnchor(SurfacePoint anchor, SurfacePoint point)
+{
+    return std::abs(point.x - anchor.x) >= Twips(DragPixels, TwipsPerPixelX) ||
+           std::abs(point.y - anchor.y) >= Twips(DragPixels, TwipsPerPixelY);
+}
+
+QString NewCaption(ControlKind kind, int index)
+{
+    const KindTraits& traits = TraitsOf(kind);
+    if (kind == ControlKind::Bmpbutton)
+        return NoBitmap;
+    // What a combobox shows is painted from its index.
+    if (traits.newCaption.empty() || kind == ControlKind::Combobox)
+        return {};
+    return LatinText(traits.newCaption) + Str(index);
+}
+
+ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, SurfacePoint point, Drawn drawn)
+{
+    const KindTraits& traits = TraitsOf(kind);
+    const ControlRef ref = AddControl(form, kind);
+    ControlRecord& control = form.At(ref);
+    SurfaceRect rect = RectBetween(anchor, point);
+    if (drawn == Drawn::Clicked) {
+        rect.width = std::max(rect.width, Twips(traits.width, TwipsPerPixelX));
+        rect.height = std::max(rect.height, Twips(traits.height, TwipsPerPixelY));
+    }
+    if (kind == ControlKind::Combobox)
+        rect.height = control.height;
+    SetRect(control, rect);
+    control.caption = NewCaption(kind, ref.index);
+    if (traits.branch == BranchUse::NotApplicable)
+        control.branch = QStringLiteral("N/A");
+    control.visible = true;
+    return ref;
+}
+
+SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip)
+{
+    return {SnapDown(pointer.x - grip.x, TwipsPerPixelX), SnapDown(pointer.y - grip.y, TwipsPerPixelX)};
+}
+
+HandlePlaces HandlesOf(const SurfaceRect& control)
+{
+    return {{control.Right(), control.Bottom()}, {control.left - HandleTwips, control.top - HandleTwips}};
+}
+
+SurfaceRect HandleRect(SurfacePoint place)
+{
+    return {place.x, place.y, HandleTwips, HandleTwips};
+}
+
+std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, ControlKind kind,
+                                     const SurfaceRect& control)
+{
+    if (handles.lower.x <= handles.upper.x - HandleTwips || handles.lower.y <= handles.upper.y - HandleTwips)
+        return std::nullopt;
+    SurfaceRect rect = control;
+    if (moved == Handle::Lower) {
+        rect.width = HandleSide(handles.lower.x - control.left, TwipsPerPixelX);
+        rect.height = HandleSide(handles.lower.y - control.top, TwipsPerPixelY);
+    } else {
+        rect.width = HandleSide(control.Right() - (handles.upper.x + HandleTwips), TwipsPerPixelX);
+        rect.height = HandleSide(control.Bottom() - (handles.upper.y + HandleTwips), TwipsPerPixelY);
+    }
+    if (kind == ControlKind::Combobox)
+        rect.height = control.height;
+    if (moved == Handle::Upper) {
+        rect.left = control.Right() - rect.width;
+        rect.top = control.Bottom() - rect.height;
+    }
+    return rect;
+}
+
+QString PlaceText(const SurfaceRect& control)
+{
+    return QStringLiteral("X - ") + PixelText(control.left, TwipsPerPixelX) + QStringLiteral("    Y - ") +
+           PixelText(control.top, TwipsPerPixelY);
+}
+
+QString SizeText(const SurfaceRect& control)
+{
+    return QStringLiteral("Width:  ") + PixelText(control.width, TwipsPerPixelX) + QStringLiteral("        Height:  ") +
+           PixelText(control.height, TwipsPerPixelY);
+}
+
+std::vector<ControlRef> PaintOrder(const GuiForm& form)
+{
+    std::vector<ControlRef> order;
+    order.reserve(form.order.size());
+    std::ranges::copy_if(form.order, std::back_inserter(order), [&](ControlRef ref) { return TakesPart(form, ref); });
+    std::ranges::stable_partition(order, [](ControlRef ref) { return ref.kind == ControlKind::Groupbox; });
+    return order;
+}
+
+std::optional<ControlRef> ControlAt(const GuiForm& form, SurfacePoint point)
+{
+    std::optional<ControlRef> groupbox;
+    for (auto ref = form.order.rbegin(); ref != form.order.rend(); ++ref) {
+        if (!TakesPart(form, *ref) || !RectOf(form.At(*ref)).Contains(point))
+            continue;
+        if (ref->kind != ControlKind::Groupbox)
+            return *ref;
+        if (!groupbox)
+            groupbox = *ref;
+    }
+    return groupbox;
+}
+
+std::vector<ControlRef> ControlsIn(const GuiForm& form, const SurfaceRect& rect)
+{
+    std::vector<ControlRef> found;
+    for (const ControlRef ref : PaintOrder(form))
+        if (RectOf(form.At(ref)).Meets(rect))
+            found.push_back(ref);
+    return found;
+}
+
+void AlignControls(GuiForm& form, const std::vector<ControlRef>& controls, Alignment alignment)
+{
+    if (controls.empty())
+        return;
+    const SurfaceRect model = RectOf(form.At(controls.front()));
+    for (const ControlRef ref : controls) {
+        ControlRecord& control = form.At(ref);
+        switch (alignment) {
+        case Alignment::Left:
+            control.left = model.left;
+            break;
+        case Alignment::Top:
+            control.top = model.top;
+            break;
+        case Alignment::Right:
+            control.left = model.Right() - control.width;
+            break;
+        case Alignment::Bottom:
+            control.top = model.Bottom() - control.height;
+            break;
+        case Alignment::SameWidth:
+            control.width = model.width;
+            break;
+        case Alignment::SameHeight:
+            if (ref.kind != ControlKind::Combobox)
+                control.height = model.height;
+            break;
+        }
+    }
+}
+
+void MoveControls(GuiForm& form, const std::vector<ControlRef>& controls, float x, float y)
+{
+    for (const ControlRef ref : controls) {
+        form.At(ref).left += x;
+        form.At(ref).top += y;
+    }
+}
+
+void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float width, float height)
+{
+    const auto grow = [](float& side, float by, int twipsPerPixel) {
+        // What is smaller already is not made larger by a step down.
+        if (by > 0 || side + by >= Twips(SnapPixels, twipsPerPixel))
+            side += by;
+    };
+    for (const ControlRef ref : controls) {
+        grow(form.At(ref).width, width, TwipsPerPixelX);
+        if (ref.kind != ControlKind::Combobox)
+            grow(form.At(ref).height, height, TwipsPerPixelY);
+    }
+}
+
+void DeleteControls(GuiForm& form, const std::vector<ControlRef>& controls)
+{
+    for (const ControlRef ref : controls)
+        form.At(ref).visible = false;
+}
+
+std::vector<CopiedControl> CopyControls(const GuiForm& form, const std::vector<ControlRef>& controls)
+{
+    std::vector<CopiedControl> copies;
+    for (const ControlRef ref : PaintOrder(form))
+        if (std::ranges::find(controls, ref) != controls.end())
+            copies.push_back({ref.kind, form.At(ref)});
+    return copies;
+}
+
+std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedControl>& copies)
+{
+    QSet<QString> taken;
+    for (const ControlRef ref : form.order) {
+        if (!TakesPart(form, ref))
+            continue;
+        taken.insert(SplitTag(form.At(ref).tag).name);
+        taken.insert(form.At(ref).branch);
+    }
+    std::vector<ControlRef> pasted;
+    for (const CopiedControl& copy : copies) {
+        const KindTraits& traits = TraitsOf(copy.kind);
+        const ControlRef ref = AddControl(form, copy.kind);
+        ControlRecord& control = form.At(ref);
+        control = copy.record;
+        control.left += Twips(2 * SnapPixels, TwipsPerPixelX);
+        control.top += Twips(2 * SnapPixels, TwipsPerPixelY);
+        const auto nameOf = [&](int number) { return LatinText(traits.keyword) + QString::number(number); };
+        const auto branchOf = [&](int number) { return nameOf(number) + QStringLiteral(".click"); };
+        int number = ref.index;
+        while (taken.contains(nameOf(number)) || taken.contains(branchOf(number)) ||
+               taken.contains(BracketedBranch(branchOf(number))))
+            ++number;
+        taken.insert(nameOf(number));
+        const QString tooltip = SplitTag(control.tag).tooltip;
+        control.tag = tooltip.isEmpty() ? nameOf(number) : nameOf(number) + QStringLiteral(" *") + tooltip;
+        if (traits.branch == BranchUse::Label)
+            control.branch = branchOf(number);
+        pasted.push_back(ref);
+    }
+    return pasted;
+}
+
+} // namespace ob

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The run-time errors of the imaging library: thrown where they are raised; whoever shows errors catches them.
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace ob {
+
+class ImagingError : public std::exception {
+public:
+    ImagingError(int errorNumber, std::string errorSource, std::string errorDescription)
+        : number(errorNumber), source(std::move(errorSource)), description(std::move(errorDescription))
+    {
+    }
+    const char* what() const noexcept override { return description.c_str(); }
+
+    int number;
+    std::string source;
+    std::string description;
+};
+
+[[noreturn]] inline void RaiseOutOfMemory()
+{
+    throw ImagingError(7, {}, "Out of memory");
+}
+
+// An index outside an array, a pixel outside a picture, a size below nothing.
+[[noreturn]] inline void RaiseSubscriptError()
+{
+    throw ImagingError(9, {}, "Subscript out of range");
+}
+
+[[noreturn]] inline void RaiseObjectNotSet()
+{
+    throw ImagingError(91, {}, "Object variable not set");
+}
+
+} // namespace ob

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Bilinear scaling: a whole line of the source is blended once, then the target's pixels are blended out of it.
+#include "imaging/modResample.h"
+
+#include "imaging/cDIBSection.h"
+#include "imaging/cImagingError.h"
+#include "imaging/modSimd.h"
+
+#include <cmath>
+#include <vector>
+
+namespace ob {
+
+namespace {
+
+constexpr std::uint32_t One = 1U << 24;
+
+// Where a target line or column falls between two of the source.
+struct Place {
+    std::int64_t first = 0;
+    float fraction = 0;
+    std::uint32_t weight = 0; // the fraction in steps of 2^-24
+    bool isWhole = false;     // the weight is the fraction exactly; so it is from a position of a half on
+};
+
+float ScaleOf(std::int32_t sourceSize, std::int32_t targetSize)
+{
+    return static_cast<float>(static_cast<double>(sourceSize - 1) / static_cast<double>(targetSize));
+}
+
+Place PlaceOf(std::int64_t index, float scale)
+{
+    const float position = static_cast<float>(static_cast<double>(index) * static_cast<double>(scale));
+    const float whole = std::floor(position);
+    Place place;
+    place.first = static_cast<std::int64_t>(whole);
+    place.fraction = position - whole;
+    const float steps = place.fraction * static_cast<float>(One);
+    place.weight = static_cast<std::uint32_t>(steps);
+    place.isWhole = static_cast<float>(place.weight) == steps;
+    return place;
+}
+
+// The sum of two products is below 2^32; adding just under a half, or a half when the whole part is odd, rounds ties
+// to even.
+inline std::uint8_t Blend(std::uint8_t first, std::uint8_t second, std::uint32_t weight)
+{
+    const std::uint32_t sum = first * (One - weight) + second * weight;
+    return static_cast<std::uint8_t>((sum + (One / 2 - 1) + (sum >> 24 & 1U)) >> 24);
+}
+
+inline std::uint8_t BlendFraction(std::uint8_t first, std::uint8_t second, float fraction)
+{
+    const double share = fraction;
+    return static_cast<std::uint8_t>(std::nearbyint((1.0 - share) * first + share * second));
+}
+
+void BlendLinesPlain(const std::uint8_t* first, const std::uint8_t* second, std::uint32_t weight, std::uint8_t* result,
+                     std::int32_t count)
+{
+    for (std::int32_t index = 0; index < count; ++index)
+        result[index] = Blend(first[index], second[index], weight);
+}
+
+#ifdef OB_X86
+OB_TARGET("avx2")
+void BlendLinesAvx2(const std::uint8_t* first, const std::uint8_t* second, std::uint32_t weight, std::uint8_t* result,
+                    std::int32_t count)
+{
+    for (std::int32_t index = 0; index < count; ++index) {
+        const std::uint32_t sum = first[index] * (One - weight) + second[index] * weight;
+        result[index] = static_cast<std::uint8_t>((sum + (One / 2 - 1) + (sum >> 24 & 1U)) >> 24);
+    }
+}
+#endif
+
+void BlendLines(const std::uint8_t* first, const std::uint8_t* second, const Place& place, std::uint8_t* result,
+                std::int32_t count)
+{
+    if (!place.isWhole) {
+        for (std::int32_t index = 0; index < count; ++index)
+            result[index] = BlendFraction(first[index], second[index], place.fraction);
+        return;
+    }
+#ifdef OB_X86
+    if (HasAvx2()) {
+        BlendLinesAvx2(first, second, place.weight, result, count);
+        return;
+    }
+#endif
+    BlendLinesPlain(first, second, place.weight, result, count);
+}
+
+void BlendAlong(const std::vector<std::uint8_t>& line, const std::vector<Place>& columns, std::uint8_t* pixel)
+{
+    for (const Place& place : columns) {
+        const std::uint8_t* left = line.data() + place.first * 3;
+        const std::uint8_t* right = left + 3;
+        for (int channel = 0; channel < 3; ++channel) {
+            pixel[channel] = place.isWhole ? Blend(left[channel], right[channel], place.weight)
+                                           : BlendFraction(left[channel], right[channel], place.fraction);
+        }
+        pixel += 3;
+    }
+}
+
+} // namespace
+
+void ResampleInto(const cDIBSection& source, cDIBSection& target)
+{
+    if (source.hdc() == 0 || target.hdc() == 0)
+        RaiseSubscriptError();
+    const float xScale = ScaleOf(source.Width(), target.Width());
+    const float yScale = ScaleOf(source.Height(), target.Height());
+    const std::int32_t lineBytes = source.BytesPerScanLine();
+
+    std::vector<Place> columns(static_cast<std::size_t>(target.Width()));
+    for (std::size_t x = 0; x < columns.size(); ++x)
+        columns[x] = PlaceOf(static_cast<std::int64_t>(x), xScale);
+    const std::int64_t lastByte = (columns.back().first + 1) * 3 + 2;
+    const std::int64_t lastLine = PlaceOf(target.Height() - 1, yScale).first + 1;
+    if (lastByte >= lineBytes || lastLine >= source.Height())
+        RaiseSubscriptError();
+
+    std::vector<std::uint8_t> line(static_cast<std::size_t>(lineBytes));
+    for (std::int32_t y = 0; y < target.Height(); ++y) {
+        const Place place = PlaceOf(y, yScale);
+        BlendLines(source.Line(place.first), source.Line(place.first + 1), place, line.data(), lineBytes);
+        BlendAlong(line, columns, target.Line(y));
+    }
+}
+
+} // namespace ob

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which vector instructions may be used: SSE2 always on this processor family, others asked for when the program runs.
+#pragma once
+
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+#define OB_X86 1
+#include <immintrin.h>
+#define OB_TARGET(features) __attribute__((target(features)))
+#else
+#define OB_TARGET(features)
+#endif
+
+namespace ob {
+
+inline bool HasSse41()
+{
+#ifdef OB_X86
+    static const bool has = __builtin_cpu_supports("sse4.1") && __builtin_cpu_supports("ssse3");
+    return has;
+#else
+    return false;
+#endif
+}
+
+inline bool HasAvx2()
+{
+#ifdef OB_X86
+    static const bool has = __builtin_cpu_supports("avx2");
+    return has;
+#else
+    return false;
+#endif
+}
+
+} // namespace ob

@@ -1,0 +1,377 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The drawing surface without a screen: presses, pulls, keys, undo.
+#include "core/CoreBench.h"
+#include "guibuilder/cDesigner.h"
+
+#include <memory>
+
+using namespace ob;
+
+namespace {
+
+using Button = cDesigner::MouseButton;
+using Mode = cDesigner::PressMode;
+using Kind = cDesigner::Request::Kind;
+
+SurfacePoint At(int x, int y)
+{
+    return {static_cast<float>(x * 15), static_cast<float>(y * 15)};
+}
+
+SurfaceRect Px(int left, int top, int width, int height)
+{
+    return {static_cast<float>(left * 15), static_cast<float>(top * 15), static_cast<float>(width * 15),
+            static_cast<float>(height * 15)};
+}
+
+} // namespace
+
+class tst_cDesigner : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<CoreBench> bench;
+    std::unique_ptr<cDesigner> designer;
+
+    ControlRef Put(ControlKind kind, const SurfaceRect& rect)
+    {
+        const ControlRef ref = AddControl(GuiDesign, kind);
+        SetRect(GuiDesign.At(ref), rect);
+        GuiDesign.At(ref).visible = true;
+        designer->Restart();
+        return ref;
+    }
+
+    void Pull(SurfacePoint from, SurfacePoint to, Mode mode = Mode::Plain)
+    {
+        designer->Press(from, Button::Left, mode);
+        designer->Drag({(from.x + to.x) / 2, (from.y + to.y) / 2});
+        designer->Drag(to);
+        designer->Release(to, Button::Left);
+    }
+
+    void Click(SurfacePoint point, Mode mode = Mode::Plain)
+    {
+        designer->Press(point, Button::Left, mode);
+        designer->Release(point, Button::Left);
+    }
+
+    SurfaceRect Rect(ControlRef ref) const { return RectOf(GuiDesign.At(ref)); }
+
+private Q_SLOTS:
+    void init()
+    {
+        bench = std::make_unique<CoreBench>();
+        designer = std::make_unique<cDesigner>(GuiDesign);
+    }
+
+    void cleanup()
+    {
+        designer.reset();
+        QVERIFY(bench->dialogs.Finished());
+        bench.reset();
+    }
+
+    void AnArmedToolPlacesOnce()
+    {
+        designer->ArmTool(QStringLiteral("Button"));
+        QVERIFY(GuiPlacing);
+        QCOMPARE(designer->PointerAt(At(5, 5)), cDesigner::Pointer::Cross);
+        Pull(At(10, 10), At(110, 60));
+        QVERIFY(!GuiPlacing);
+        QVERIFY(!GuiDragged);
+        QCOMPARE(Rect({ControlKind::Button, 1}), Px(10, 10, 100, 50));
+        Pull(At(200, 200), At(300, 300));
+        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{2});
+        QVERIFY(!designer->Handles());
+    }
+
+    void APullOfLessThanFivePixelsIsAClick()
+    {
+        designer->ArmTool(QStringLiteral("Graphicbox"));
+        Pull(At(10, 10), At(14, 14));
+        QCOMPARE(Rect({ControlKind::Graphicbox, 1}), Px(10, 10, 50, 50));
+    }
+
+    void APullBackToTheAnchorIsStillADrag()
+    {
+        designer->ArmTool(QStringLiteral("Graphicbox"));
+        designer->Press(At(10, 10), Button::Left, Mode::Plain);
+        designer->Drag(At(40, 40));
+        QCOMPARE(designer->RubberBand(), Px(10, 10, 30, 30));
+        designer->Drag(At(12, 12));
+        designer->Release(At(12, 12), Button::Left);
+        QCOMPARE(Rect({ControlKind::Graphicbox, 1}), Px(10, 10, 2, 2));
+    }
+
+    void AGroupboxIsDrawnInto()
+    {
+        Put(ControlKind::Groupbox, Px(0, 0, 200, 200));
+        designer->ArmTool(QStringLiteral("Radiobutton"));
+        Pull(At(20, 20), At(120, 50));
+        QCOMPARE(Rect({ControlKind::Radiobutton, 1}), Px(20, 20, 100, 30));
+        QCOMPARE(Rect({ControlKind::Groupbox, 1}), Px(0, 0, 200, 200));
+    }
+
+    void AnotherControlUnderAnArmedToolIsPressed()
+    {
+        const ControlRef list = Put(ControlKind::Listbox, Px(0, 0, 100, 100));
+        designer->ArmTool(QStringLiteral("Button"));
+        Pull(At(10, 10), At(30, 30));
+        QCOMPARE(Rect(list), Px(20, 20, 100, 100));
+        QVERIFY(GuiPlacing);
+        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{1});
+    }
+
+    void AControlMovesOnTheSnapAndTellsWhere()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        designer->Press(At(30, 30), Button::Left, Mode::Plain);
+        designer->Drag(At(53, 38));
+        QCOMPARE(Rect(button), Px(40, 25, 80, 30));
+        QCOMPARE(bench->form.status, QStringLiteral("X -  40    Y -  25"));
+        designer->Release(At(53, 38), Button::Left);
+        QVERIFY(designer->Handles().has_value());
+        QCOMPARE(designer->Handles()->lower, At(120, 55));
+        QVERIFY(!GuiFormModified);
+    }
+
+    void OnlyGroupboxesAndTextsMarkTheFormByAPress()
+    {
+        int row = 0;
+        for (const KindTraits& traits : KindTable) {
+            Put(traits.kind, Px(0, row * 50, 40, 40));
+            GuiFormModified = false;
+            Pull(At(5, row * 50 + 5), At(15, row * 50 + 5));
+            const bool marks = traits.kind == ControlKind::Groupbox || traits.kind == ControlKind::Statictext;
+            QVERIFY2(GuiFormModified == marks, traits.keyword.data());
+            ++row;
+        }
+    }
+
+    void EveryKindButABmpbuttonShowsHandles()
+    {
+        int row = 0;
+        for (const KindTraits& traits : KindTable) {
+            Put(traits.kind, Px(0, row * 50, 40, 40));
+            Click(At(5, row * 50 + 5));
+            QVERIFY2(designer->Handles().has_value() == (traits.kind != ControlKind::Bmpbutton), traits.keyword.data());
+            ++row;
+        }
+    }
+
+    void LockedControlsNeitherMoveNorResize()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        GuiLocked = true;
+        QCOMPARE(designer->PointerAt(At(30, 30)), cDesigner::Pointer::NoDrop);
+        QCOMPARE(designer->PointerAt(At(102, 52)), cDesigner::Pointer::NoDrop);
+        Pull(At(102, 52), At(150, 90));
+        Pull(At(30, 30), At(60, 60));
+        designer->Nudge(75, 75);
+        designer->Grow(75, 75);
+        QCOMPARE(Rect(button), Px(20, 20, 80, 30));
+        QVERIFY(!GuiFormModified);
+        QCOMPARE(designer->Press(At(30, 30), Button::Right, Mode::Plain).kind, Kind::Properties);
+    }
+
+    void ThePointerTellsWhatAPressWillDo()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        QCOMPARE(designer->PointerAt(At(5, 5)), cDesigner::Pointer::Arrow);
+        QCOMPARE(designer->PointerAt(At(30, 30)), cDesigner::Pointer::Move);
+        Click(At(30, 30));
+        QCOMPARE(designer->PointerAt(At(102, 52)), cDesigner::Pointer::Size);
+        QCOMPARE(designer->PointerAt(At(15, 15)), cDesigner::Pointer::Size);
+    }
+
+    void TheLowerHandleResizesAndThenGoes()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        designer->Press(At(102, 52), Button::Left, Mode::Plain);
+        designer->Drag(At(135, 79));
+        QCOMPARE(Rect(button), Px(20, 20, 110, 55));
+        QCOMPARE(bench->form.status, QStringLiteral("Width:   110        Height:   55"));
+        QCOMPARE(designer->Handles()->lower, At(133, 77));
+        QVERIFY(GuiFormModified);
+        designer->Release(At(135, 79), Button::Left);
+        QVERIFY(!designer->Handles());
+        QVERIFY(designer->Selection().empty());
+    }
+
+    void TheUpperHandleMovesTheUpperLeftCorner()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(100, 100, 80, 30));
+        Click(At(110, 110));
+        Pull(At(95, 95), At(70, 80));
+        QCOMPARE(Rect(button), Px(75, 85, 105, 45));
+    }
+
+    void ARightPressAsksForProperties()
+    {
+        const ControlRef box = Put(ControlKind::Groupbox, Px(20, 20, 80, 30));
+        const auto request = designer->Press(At(30, 30), Button::Right, Mode::Plain);
+        QCOMPARE(request.kind, Kind::Properties);
+        QCOMPARE(request.control, box);
+        QVERIFY(GuiFormModified);
+        // The dialog may have deleted it: its release is not one on the empty surface.
+        DeleteControls(GuiDesign, {box});
+        QCOMPARE(designer->Release(At(30, 30), Button::Right).kind, Kind::None);
+    }
+
+    void ARightClickOnTheSurfaceAsksForTheWindowDefaults()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        QCOMPARE(designer->Press(At(200, 200), Button::Right, Mode::Plain).kind, Kind::None);
+        QCOMPARE(designer->Release(At(200, 200), Button::Right).kind, Kind::WindowDefaults);
+        QVERIFY(!designer->Handles());
+    }
+
+    void AClickOnTheSurfaceHidesTheHandles()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        QVERIFY(designer->Handles().has_value());
+        Click(At(300, 300));
+        QVERIFY(!designer->Handles());
+        QVERIFY(designer->Selection().empty());
+    }
+
+    void SeveralSelectedControlsMoveTogether()
+    {
+        const ControlRef one = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        const ControlRef two = Put(ControlKind::Textbox, Px(22, 60, 80, 30));
+        const ControlRef three = Put(ControlKind::Textbox, Px(20, 200, 80, 30));
+        Pull(At(10, 10), At(50, 100));
+        QCOMPARE(designer->Selection().size(), std::size_t{2});
+        Click(At(30, 210), Mode::Adding);
+        QCOMPARE(designer->Selection().size(), std::size_t{3});
+        Click(At(30, 210), Mode::Adding);
+        Pull(At(30, 30), At(40, 40));
+        QCOMPARE(Rect(one), Px(30, 30, 80, 30));
+        QCOMPARE(Rect(two), Px(32, 70, 80, 30));
+        QCOMPARE(Rect(three), Px(20, 200, 80, 30));
+        QCOMPARE(designer->Selection().size(), std::size_t{2});
+        Click(At(35, 40));
+        QCOMPARE(designer->Selection(), std::vector{one});
+    }
+
+    void EscapeEndsAPullWithoutATrace()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        designer->Press(At(30, 30), Button::Left, Mode::Plain);
+        designer->Drag(At(90, 90));
+        designer->Cancel();
+        designer->Drag(At(120, 120));
+        designer->Release(At(120, 120), Button::Left);
+        QCOMPARE(Rect(button), Px(20, 20, 80, 30));
+        QVERIFY(!designer->CanUndo());
+        designer->ArmTool(QStringLiteral("Button"));
+        designer->Cancel();
+        QVERIFY(!GuiPlacing);
+    }
+
+    void EachFinishedActionIsOneStepToUndo()
+    {
+        designer->ArmTool(QStringLiteral("Button"));
+        Pull(At(10, 10), At(110, 60));
+        Pull(At(20, 20), At(60, 60));
+        designer->Nudge(75, 0);
+        const ControlRef button{ControlKind::Button, 1};
+        QCOMPARE(Rect(button), Px(55, 50, 100, 50));
+        designer->Undo();
+        QCOMPARE(Rect(button), Px(50, 50, 100, 50));
+        designer->Undo();
+        QCOMPARE(Rect(button), Px(10, 10, 100, 50));
+        designer->Undo();
+        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{1});
+        QVERIFY(!designer->CanUndo());
+        designer->Redo();
+        designer->Redo();
+        QCOMPARE(Rect(button), Px(50, 50, 100, 50));
+        designer->Delete();
+        designer->Undo();
+        QVERIFY(designer->CanUndo());
+    }
+
+    void AClickThatChangesNothingIsNoStep()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Put(ControlKind::Button, Px(20, 60, 80, 30));
+        Click(At(30, 30));
+        QVERIFY(!designer->CanUndo());
+    }
+
+    void TheWindowsPlaceIsNoStepUnlessADialogSetIt()
+    {
+        designer->ArmTool(QStringLiteral("Button"));
+        Pull(At(10, 10), At(110, 60));
+        GuiDesign.left = 4500;
+        designer->Undo();
+        QCOMPARE(GuiDesign.left, 4500.0F);
+        GuiDesign.width = 3000;
+        designer->Commit(cFormHistory::WindowRect::Set);
+        const float width = GuiDesign.width;
+        designer->Undo();
+        QVERIFY(GuiDesign.width != width);
+        QCOMPARE(GuiDesign.left, 4500.0F);
+    }
+
+    void TwoHundredStepsAreKept()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        for (int step = 0; step < 250; ++step)
+            designer->Nudge(15, 0);
+        int undone = 0;
+        for (; designer->CanUndo(); ++undone)
+            designer->Undo();
+        QCOMPARE(undone, 200);
+        QCOMPARE(Rect({ControlKind::Button, 1}), Px(70, 20, 80, 30));
+    }
+
+    void PasteGoesOnFromTheLastPaste()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        QVERIFY(!designer->CanPaste());
+        Click(At(30, 30));
+        designer->Copy();
+        designer->Paste();
+        designer->Paste();
+        QCOMPARE(Rect({ControlKind::Button, 3}), Px(40, 40, 80, 30));
+        QCOMPARE(designer->Selection(), (std::vector<ControlRef>{{ControlKind::Button, 3}}));
+        QVERIFY(GuiFormModified);
+    }
+
+    void TabGoesThroughTheControls()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        const ControlRef list = Put(ControlKind::Listbox, Px(20, 60, 80, 30));
+        designer->SelectNext(1);
+        QCOMPARE(designer->Selection(), std::vector{button});
+        designer->SelectNext(1);
+        QCOMPARE(designer->Selection(), std::vector{list});
+        designer->SelectNext(1);
+        QCOMPARE(designer->Selection(), std::vector{button});
+        designer->SelectNext(-1);
+        QCOMPARE(designer->Selection(), std::vector{list});
+    }
+
+    void ADragSpoilsOnlyWhereTheControlWasAndIs()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        designer->Press(At(30, 30), Button::Left, Mode::Plain);
+        designer->TakeDamage();
+        designer->Drag(At(50, 30));
+        const auto damage = designer->TakeDamage();
+        QVERIFY(!damage.everything);
+        QCOMPARE(damage.parts.size(), std::size_t{2});
+        QCOMPARE(damage.parts[0], Px(20, 20, 80, 30));
+        QCOMPARE(damage.parts[1], Px(40, 20, 80, 30));
+    }
+};
+
+OB_CORE_TEST(tst_cDesigner)
+#include "tst_cDesigner.moc"

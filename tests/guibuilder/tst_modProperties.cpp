@@ -1,0 +1,512 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A control's properties: which fields they show, and what the fields make of the control.
+#include "core/CoreBench.h"
+
+#include "guibuilder/modProperties.h"
+
+#include <QBuffer>
+#include <QImage>
+
+#include <limits>
+
+using namespace ob;
+
+namespace {
+
+using enum ControlKind;
+
+ControlRecord Sample()
+{
+    ControlRecord control;
+    control.visible = true;
+    control.left = 150;
+    control.top = 300;
+    control.width = 1200;
+    control.height = 450;
+    control.caption = QStringLiteral("Caption");
+    control.tag = QStringLiteral("name *tip");
+    control.branch = QStringLiteral("branch");
+    control.backColor = Rgb(255, 0, 0);
+    return control;
+}
+
+// The control after a dialog in which the fields were changed so, confirmed.
+template <class Change>
+ControlRecord Confirmed(ControlKind kind, Change change)
+{
+    ControlRecord control = Sample();
+    PropertyTexts texts = PropertiesOf(control, kind).texts;
+    change(texts);
+    ApplyProperties(control, kind, texts, ControlFate::Kept);
+    return control;
+}
+
+QByteArray Bitmap(int width, int height)
+{
+    QImage picture(width, height, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QBuffer file;
+    picture.save(&file, "BMP");
+    return file.data();
+}
+
+} // namespace
+
+class tst_modProperties : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup()
+    {
+        bench.reset();
+        TwipsPerPixelX = TwipsPerPixelY = ProgramTwipsPerPixel;
+    }
+
+    void eachKindHasItsFields_data();
+    void eachKindHasItsFields();
+    void everyKindShowsNameAndRectangle();
+    void tagIsPartedAtItsFirstMark_data();
+    void tagIsPartedAtItsFirstMark();
+    void graphicboxShowsItsColor();
+    void otherKindsShowNoColor();
+    void measuresAreDividedByTheScreensFactors();
+
+    void textsBecomeTwips_data();
+    void textsBecomeTwips();
+    void untouchedMeasureStaysAsItWas();
+    void sizesAreTenTwipsAtLeast_data();
+    void sizesAreTenTwipsAtLeast();
+    void sizesComeFromTheScreensFactors();
+    void placesMayBeNegative();
+    void tooltipJoinsTheTagOfKindsWithTheField_data();
+    void tooltipJoinsTheTagOfKindsWithTheField();
+    void branchIsStoredAsItStands();
+    void captionIsStoredForKindsThatHaveOne_data();
+    void captionIsStoredForKindsThatHaveOne();
+    void graphicboxTakesTheChosenColor();
+    void unknownColorStaysWhenNothingWasChosen();
+    void confirmingUnchangedFieldsTwiceChangesNothing_data();
+    void confirmingUnchangedFieldsTwiceChangesNothing();
+
+    void bitmapGivesPictureCaptionAndSize();
+    void unreadableBitmapLeavesPictureAndSize_data();
+    void unreadableBitmapLeavesPictureAndSize();
+    void missingBitmapIsAskedFor_data();
+    void missingBitmapIsAskedFor();
+    void deletingHidesAndStillSetsTheFields();
+    void deletedBmpbuttonIsNotAskedForItsBitmap();
+    void deletedBmpbuttonStillTakesItsBitmap();
+    void bitmapPathKeepsItsCaseWhereItCounts();
+
+private:
+    std::unique_ptr<CoreBench> bench;
+};
+
+void tst_modProperties::eachKindHasItsFields_data()
+{
+    QTest::addColumn<ControlKind>("kind");
+    QTest::addColumn<QStringList>("texts"); // caption, branch, bitmap, tool tip
+    QTest::addColumn<QString>("enabled");   // their letters, and "c" for the colour
+    const auto row = [](ControlKind kind, const char* texts, const char* enabled) {
+        QTest::addRow("%s", TraitsOf(kind).propWord.data())
+            << kind << QString::fromLatin1(texts).split(QLatin1Char('|')) << QString::fromLatin1(enabled);
+    };
+    row(Groupbox, "Caption|N/A|N/A|N/A", "C");
+    row(Statictext, "Caption|N/A|N/A|N/A", "C");
+    row(Checkbox, "Caption|branch||tip", "CBT");
+    row(Radiobutton, "Caption|branch||tip", "CBT");
+    row(Textbox, "N/A|N/A||tip", "T");
+    row(Texteditor, "N/A|N/A||tip", "T");
+    row(Button, "Caption|branch||tip", "CBT");
+    row(Bmpbutton, "Caption|branch|Caption|tip", "BMT");
+    row(Graphicbox, "N/A|branch||tip", "BTc");
+    row(Listbox, "|branch||tip", "BT");
+    row(Combobox, "|branch||tip", "BT");
+}
+
+void tst_modProperties::eachKindHasItsFields()
+{
+    QFETCH(ControlKind, kind);
+    const PropertyFields fields = PropertiesOf(Sample(), kind);
+    QTEST((QStringList{fields.texts.caption, fields.texts.branch, fields.texts.bitmap, fields.texts.tooltip}), "texts");
+    QString enabled;
+    enabled += fields.captionEnabled ? QStringLiteral("C") : QString();
+    enabled += fields.branchEnabled ? QStringLiteral("B") : QString();
+    enabled += fields.bitmapEnabled ? QStringLiteral("M") : QString();
+    enabled += fields.tooltipEnabled ? QStringLiteral("T") : QString();
+    enabled += fields.colorEnabled ? QStringLiteral("c") : QString();
+    QTEST(enabled, "enabled");
+}
+
+void tst_modProperties::everyKindShowsNameAndRectangle()
+{
+    for (const KindTraits& traits : KindTable) {
+        const PropertyTexts texts = PropertiesOf(Sample(), traits.kind).texts;
+        QCOMPARE(texts.name, QStringLiteral("name"));
+        QCOMPARE((QStringList{texts.left, texts.top, texts.width, texts.height}),
+                 (QStringList{QStringLiteral("10"), QStringLiteral("20"), QStringLiteral("80"), QStringLiteral("30")}));
+    }
+}
+
+void tst_modProperties::tagIsPartedAtItsFirstMark_data()
+{
+    QTest::addColumn<QString>("tag");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("tooltip");
+    const auto row = [](const char* title, const char* tag, const char* name, const char* tooltip) {
+        QTest::newRow(title) << QString::fromLatin1(tag) << QString::fromLatin1(name) << QString::fromLatin1(tooltip);
+    };
+    row("both", "ok *Go on", "ok", "Go on");
+    row("name alone", "ok", "ok", "");
+    row("nothing", "", "", "");
+    row("empty name", " *Go on", "", "Go on");
+    row("empty tip", "ok *", "ok", "");
+    row("two marks", "ok *one *two", "ok", "one *two");
+    row("star without a blank", "ok*one", "ok*one", "");
+    row("blanks stay", " ok  * tip ", " ok ", " tip ");
+    row("quotes and bars", "a\"b|c *d|\"e", "a\"b|c", "d|\"e");
+}
+
+void tst_modProperties::tagIsPartedAtItsFirstMark()
+{
+    QFETCH(QString, tag);
+    ControlRecord control = Sample();
+    control.tag = tag;
+    const PropertyTexts texts = PropertiesOf(control, Button).texts;
+    QTEST(texts.name, "name");
+    QTEST(texts.tooltip, "tooltip");
+    // A kind without tool tips shows the same name.
+    QTEST(PropertiesOf(control, Groupbox).texts.name, "name");
+}
+
+void tst_modProperties::graphicboxShowsItsColor()
+{
+    ControlRecord control = Sample();
+    for (int color = 0; color < ColorCount; ++color) {
+        control.backColor = ColorValue[static_cast<std::size_t>(color)];
+        QCOMPARE(PropertiesOf(control, Graphicbox).texts.color, color);
+    }
+    control.backColor = Rgb(1, 2, 3);
+    QCOMPARE(PropertiesOf(control, Graphicbox).texts.color, -1);
+}
+
+void tst_modProperties::otherKindsShowNoColor()
+{
+    for (const KindTraits& traits : KindTable)
+        if (traits.kind != Graphicbox)
+            QCOMPARE(PropertiesOf(Sample(), traits.kind).texts.color, -1);
+}
+
+void tst_modProperties::measuresAreDividedByTheScreensFactors()
+{
+    TwipsPerPixelX = 12;
+    TwipsPerPixelY = 10;
+    ControlRecord control = Sample();
+    control.left = -30;
+    const PropertyTexts texts = PropertiesOf(control, Button).texts;
+    QCOMPARE((QStringList{texts.left, texts.top, texts.width, texts.height}),
+             (QStringList{QStringLiteral("-2.5"), QStringLiteral("30"), QStringLiteral("100"), QStringLiteral("45")}));
+}
+
+void tst_modProperties::textsBecomeTwips_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<float>("left");
+    const auto row = [](const char* text, double left) {
+        QTest::newRow(text) << QString::fromLatin1(text) << static_cast<float>(left);
+    };
+    row("0", 0);
+    row("-0", 0);
+    row("", 0);
+    row("   ", 0);
+    row("abc", 0);
+    row("12abc", 180);
+    row("  12  ", 180);
+    row("1 2", 180);
+    row("12.5", 187.5);
+    row("12,5", 180);
+    row("&H10", 240);
+    row("-7", -105);
+    row("1e2", 1500);
+    row("1e300", MostTwips);
+    row("-1e300", -MostTwips);
+    row("1e999", MostTwips);
+    row("  -1d999", -MostTwips);
+    row("&HFFFFFFFFFF", MostTwips);
+    row("1e-300", 0);
+    row("666666", MostTwips);
+    row("666667", MostTwips);
+    row("nan", 0);
+    row("inf", 0);
+}
+
+void tst_modProperties::textsBecomeTwips()
+{
+    QFETCH(QString, text);
+    const ControlRecord control = Confirmed(Button, [&](PropertyTexts& texts) { texts.left = text; });
+    QTEST(control.left, "left");
+    QVERIFY(!std::signbit(control.left) || control.left < 0);
+    // What was taken is shown and taken again as it is.
+    ControlRecord again = control;
+    ApplyProperties(again, Button, PropertiesOf(again, Button).texts, ControlFate::Kept);
+    QTEST(again.left, "left");
+}
+
+void tst_modProperties::untouchedMeasureStaysAsItWas()
+{
+    ControlRecord control = Sample();
+    control.left = 100;
+    control.top = 1.0e30f;
+    control.width = std::numeric_limits<float>::max();
+    control.height = 1234.567f;
+    ControlRecord confirmed = control;
+    ApplyProperties(confirmed, Button, PropertiesOf(control, Button).texts, ControlFate::Kept);
+    QVERIFY(confirmed == control);
+    // The same number in other words is a number that was typed.
+    PropertyTexts texts = PropertiesOf(control, Button).texts;
+    texts.left = QStringLiteral("6.70");
+    ApplyProperties(confirmed, Button, texts, ControlFate::Kept);
+    QCOMPARE(confirmed.left, 100.5f);
+}
+
+void tst_modProperties::sizesAreTenTwipsAtLeast_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<float>("size");
+    const auto row = [](const char* text, float size) { QTest::newRow(text) << QString::fromLatin1(text) << size; };
+    row("0", 10);
+    row("", 10);
+    row("wide", 10);
+    row("-40", 10);
+    row("-1e300", 10);
+    row("0.5", 10);
+    row("0.7", 10.5);
+    row("1", 15);
+    row("40", 600);
+}
+
+void tst_modProperties::sizesAreTenTwipsAtLeast()
+{
+    QFETCH(QString, text);
+    const ControlRecord control = Confirmed(Button, [&](PropertyTexts& texts) { texts.width = texts.height = text; });
+    QTEST(control.width, "size");
+    QTEST(control.height, "size");
+}
+
+void tst_modProperties::sizesComeFromTheScreensFactors()
+{
+    TwipsPerPixelX = 12;
+    TwipsPerPixelY = 10;
+    const ControlRecord control = Confirmed(Button, [](PropertyTexts& texts) {
+        texts.left = texts.top = texts.width = texts.height = QStringLiteral("50");
+    });
+    QCOMPARE(control.left, 600.0f);
+    QCOMPARE(control.top, 500.0f);
+    QCOMPARE(control.width, 600.0f);
+    QCOMPARE(control.height, 500.0f);
+}
+
+void tst_modProperties::placesMayBeNegative()
+{
+    const ControlRecord control = Confirmed(Button, [](PropertyTexts& texts) {
+        texts.left = QStringLiteral("-3");
+        texts.top = QStringLiteral("-4");
+    });
+    QCOMPARE(control.left, -45.0f);
+    QCOMPARE(control.top, -60.0f);
+}
+
+void tst_modProperties::tooltipJoinsTheTagOfKindsWithTheField_data()
+{
+    QTest::addColumn<ControlKind>("kind");
+    for (const KindTraits& traits : KindTable)
+        QTest::addRow("%s", traits.propWord.data()) << traits.kind;
+}
+
+void tst_modProperties::tooltipJoinsTheTagOfKindsWithTheField()
+{
+    QFETCH(ControlKind, kind);
+    const bool hasField = kind != Groupbox && kind != Statictext;
+    const auto with = [&](const char* name, const char* tooltip) {
+        return Confirmed(kind,
+                         [&](PropertyTexts& texts) {
+                             texts.name = QString::fromLatin1(name);
+                             texts.tooltip = QString::fromLatin1(tooltip);
+                         })
+            .tag;
+    };
+    QCOMPARE(with("ok", "Go | \"on\""), hasField ? QStringLiteral("ok *Go | \"on\"") : QStringLiteral("ok"));
+    QCOMPARE(with("ok", ""), hasField ? QStringLiteral("ok *") : QStringLiteral("ok"));
+    QCOMPARE(with("", ""), hasField ? QStringLiteral(" *") : QString());
+}
+
+void tst_modProperties::branchIsStoredAsItStands()
+{
+    for (const char* branch : {"", "ok.click", "[ok.click]", "  [half", "a|b*c\"d"}) {
+        const QString text = QString::fromLatin1(branch);
+        QCOMPARE(Confirmed(Button, [&](PropertyTexts& texts) { texts.branch = text; }).branch, text);
+    }
+    QCOMPARE(Confirmed(Groupbox, [](PropertyTexts&) {}).branch, QStringLiteral("N/A"));
+}
+
+void tst_modProperties::captionIsStoredForKindsThatHaveOne_data()
+{
+    tooltipJoinsTheTagOfKindsWithTheField_data();
+}
+
+void tst_modProperties::captionIsStoredForKindsThatHaveOne()
+{
+    QFETCH(ControlKind, kind);
+    const bool hasCaption =
+        kind == Groupbox || kind == Button || kind == Radiobutton || kind == Checkbox || kind == Statictext;
+    const ControlRecord control = Confirmed(kind, [](PropertyTexts& texts) {
+        texts.caption = QStringLiteral("New | \"one\" *");
+        texts.bitmap.clear();
+    });
+    QCOMPARE(control.caption, hasCaption ? QStringLiteral("New | \"one\" *") : QStringLiteral("Caption"));
+}
+
+void tst_modProperties::graphicboxTakesTheChosenColor()
+{
+    const auto darkpink = [](PropertyTexts& texts) { texts.color = 15; };
+    QCOMPARE(Confirmed(Graphicbox, darkpink).backColor, Rgb(128, 0, 128));
+    QCOMPARE(Confirmed(Button, darkpink).backColor, Sample().backColor);
+}
+
+void tst_modProperties::unknownColorStaysWhenNothingWasChosen()
+{
+    ControlRecord control = Sample();
+    control.backColor = Rgb(1, 2, 3);
+    ApplyProperties(control, Graphicbox, PropertiesOf(control, Graphicbox).texts, ControlFate::Kept);
+    QCOMPARE(control.backColor, Rgb(1, 2, 3));
+}
+
+void tst_modProperties::confirmingUnchangedFieldsTwiceChangesNothing_data()
+{
+    tooltipJoinsTheTagOfKindsWithTheField_data();
+}
+
+void tst_modProperties::confirmingUnchangedFieldsTwiceChangesNothing()
+{
+    QFETCH(ControlKind, kind);
+    ControlRecord once = Sample();
+    once.caption = bench->Put(QStringLiteral("two.bmp"), Bitmap(2, 3));
+    QCOMPARE(ApplyProperties(once, kind, PropertiesOf(once, kind).texts, ControlFate::Kept), PropertiesEnd::Applied);
+    ControlRecord twice = once;
+    ApplyProperties(twice, kind, PropertiesOf(twice, kind).texts, ControlFate::Kept);
+    QVERIFY(twice == once);
+}
+
+void tst_modProperties::bitmapGivesPictureCaptionAndSize()
+{
+    const QString path = bench->Put(QStringLiteral("Key.bmp"), Bitmap(40, 24));
+    ControlRecord control = Sample();
+    PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    texts.bitmap = path;
+    texts.width = texts.height = QStringLiteral("500");
+    TwipsPerPixelX = 12;
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept), PropertiesEnd::Applied);
+    QCOMPARE(control.caption, path);
+    QCOMPARE(control.picture.size(), QSize(40, 24));
+    QCOMPARE(control.width, 480.0f);
+    QCOMPARE(control.height, 360.0f);
+}
+
+void tst_modProperties::unreadableBitmapLeavesPictureAndSize_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("no file") << QStringLiteral("missing.bmp");
+    QTest::newRow("a folder") << QStringLiteral(".");
+    QTest::newRow("no bitmap") << QStringLiteral("text.bmp");
+    QTest::newRow("cut off") << QStringLiteral("short.bmp");
+    QTest::newRow("a blank") << QStringLiteral(" ");
+}
+
+void tst_modProperties::unreadableBitmapLeavesPictureAndSize()
+{
+    QFETCH(QString, path);
+    bench->Put(QStringLiteral("text.bmp"), "print 1");
+    bench->Put(QStringLiteral("short.bmp"), Bitmap(40, 24).left(30));
+    ControlRecord control = Sample();
+    control.picture = QImage(8, 9, QImage::Format_RGB32);
+    const QImage before = control.picture;
+    PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    texts.name = QStringLiteral("key");
+    texts.bitmap = path;
+    texts.width = QStringLiteral("64");
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept), PropertiesEnd::Applied);
+    QCOMPARE(control.caption, path);
+    QCOMPARE(control.tag, QStringLiteral("key *tip"));
+    QVERIFY(control.picture == before);
+    QCOMPARE(control.width, 960.0f);
+    QCOMPARE(control.height, 450.0f);
+}
+
+void tst_modProperties::missingBitmapIsAskedFor_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("placeholder") << QStringLiteral("bmpbttn");
+    QTest::newRow("empty") << QString();
+}
+
+void tst_modProperties::missingBitmapIsAskedFor()
+{
+    QFETCH(QString, path);
+    ControlRecord control = Sample();
+    PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    texts.bitmap = path;
+    texts.branch = QStringLiteral("[new]");
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept), PropertiesEnd::LacksBitmap);
+    QCOMPARE(control.branch, QStringLiteral("[new]"));
+    QCOMPARE(control.caption, QStringLiteral("Caption"));
+    for (const KindTraits& traits : KindTable)
+        if (traits.kind != Bmpbutton)
+            QCOMPARE(ApplyProperties(control, traits.kind, texts, ControlFate::Kept), PropertiesEnd::Applied);
+}
+
+void tst_modProperties::deletingHidesAndStillSetsTheFields()
+{
+    ControlRecord control = Sample();
+    PropertyTexts texts = PropertiesOf(control, Button).texts;
+    texts.name = QStringLiteral("gone");
+    texts.left = QStringLiteral("1");
+    texts.caption = QStringLiteral("Gone");
+    QCOMPARE(ApplyProperties(control, Button, texts, ControlFate::Deleted), PropertiesEnd::Applied);
+    QVERIFY(!control.visible);
+    QCOMPARE(control.tag, QStringLiteral("gone *tip"));
+    QCOMPARE(control.left, 15.0f);
+    QCOMPARE(control.caption, QStringLiteral("Gone"));
+}
+
+void tst_modProperties::deletedBmpbuttonIsNotAskedForItsBitmap()
+{
+    ControlRecord control = Sample();
+    control.caption = NoBitmap;
+    const PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted), PropertiesEnd::Applied);
+    QVERIFY(!control.visible);
+}
+
+void tst_modProperties::deletedBmpbuttonStillTakesItsBitmap()
+{
+    ControlRecord control = Sample();
+    control.caption = bench->Put(QStringLiteral("key.bmp"), Bitmap(5, 6));
+    const PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted), PropertiesEnd::Applied);
+    QCOMPARE(control.picture.size(), QSize(5, 6));
+}
+
+void tst_modProperties::bitmapPathKeepsItsCaseWhereItCounts()
+{
+    const QString path = bench->Put(QStringLiteral("Mixed Case.BMP"), Bitmap(1, 1));
+#ifdef Q_OS_WIN
+    QCOMPARE(BitmapPathOf(path), BitmapPathOf(path).toLower());
+#else
+    QCOMPARE(BitmapPathOf(path), path);
+#endif
+    QVERIFY(QFile::exists(BitmapPathOf(path)));
+}
+
+OB_CORE_TEST(tst_modProperties)
+#include "tst_modProperties.moc"

@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The window's properties, as a user sets them.
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "core/FakeMainForm.h"
+#include "guibuilder/frmColorDefault.h"
+#include "guibuilder/frmColorPicker.h"
+#include "guibuilder/modGui.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace ob;
+
+namespace {
+
+QString Text(const char* text)
+{
+    return QString::fromLatin1(text);
+}
+
+} // namespace
+
+class win_frmColorDefault : public QObject {
+    Q_OBJECT
+
+private:
+    DefaultsEnd Play(const std::function<void()>& script)
+    {
+        bench->ExpectModal(Text("frmColorDefault"), [&](QDialog& shown) {
+            dialog = &shown;
+            script();
+        });
+        const DefaultsEnd end = ShowColorDefault();
+        dialog = nullptr;
+        return end;
+    }
+
+    QLineEdit* Field(const char* name) const { return dialog->findChild<QLineEdit*>(Text(name)); }
+    QCheckBox* Box(const char* name) const { return dialog->findChild<QCheckBox*>(Text(name)); }
+    QPushButton* Key(const char* name) const { return dialog->findChild<QPushButton*>(Text(name)); }
+    QLabel* Label(const char* name) const { return dialog->findChild<QLabel*>(Text(name)); }
+    QComboBox* Types() const { return dialog->findChild<QComboBox*>(Text("Combo1")); }
+    frmColorPicker* Picker(int number) const
+    {
+        return dialog->findChild<frmColorPicker*>(Text("imgCombo") + QString::number(number));
+    }
+    void Choose(const char* type) const { Types()->setCurrentIndex(Types()->findText(Text(type))); }
+
+    std::unique_ptr<TestBench> bench;
+    std::unique_ptr<FakeMainForm> form;
+    QDialog* dialog = nullptr;
+
+private Q_SLOTS:
+    void init()
+    {
+        bench = std::make_unique<TestBench>();
+        form = std::make_unique<FakeMainForm>();
+        MainForm = form.get();
+        ResetGui();
+    }
+    void cleanup()
+    {
+        bench.reset();
+        form.reset();
+        ResetGui();
+    }
+
+    void titleCaptionsAndListsAreAsTold()
+    {
+        Play([this] {
+            QCOMPARE(dialog->windowTitle(), Text("Window Properties"));
+            const auto caption = [](const QString& text) { return QString(text).remove(u'&'); };
+            for (const auto& [label, text] : {std::pair{"lblCaption", "Caption:"},
+                                              {"lblHandle", "Handle #"},
+                                              {"lblType", "Type:"},
+                                              {"lblFont", "Font:"},
+                                              {"lblWidth", "Width:"},
+                                              {"lblHeight", "Height:"},
+                                              {"lblColor0", "ForegroundColor$:"},
+                                              {"lblColor1", "BackgroundColor$:"},
+                                              {"lblColor2", "ListboxColor$:"},
+                                              {"lblColor3", "ComboboxColor$:"},
+                                              {"lblColor4", "TextboxColor$:"},
+                                              {"lblColor5", "TexteditorColor$:"},
+                                              {"lblColor6", "GraphicsColor$:"},
+                                              {"lblStatus", "Statusbar Text :"}})
+                QCOMPARE(caption(Label(label)->text()), Text(text));
+            for (const auto& [box, text] : {std::pair{"chkTooltip", "Tooltips"},
+                                            {"chkStatusbar", "StatusBar"},
+                                            {"chkTimer", "Timer"},
+                                            {"chkMenu", "Menu"}})
+                QCOMPARE(caption(Box(box)->text()), Text(text));
+            QStringList types;
+            for (int type = 0; type < Types()->count(); ++type)
+                types.append(Types()->itemText(type));
+            QCOMPARE(types.join(u' '), Text("Window Window_nf Graphics_nsb Graphics_nf_nsb Dialog Dialog_modal"));
+            for (int picker = 0; picker < 7; ++picker)
+                for (int color = 0; color < ColorCount; ++color) {
+                    QCOMPARE(Picker(picker)->itemText(color), LatinText(ColorName[static_cast<std::size_t>(color)]));
+                    QVERIFY(!Picker(picker)->itemIcon(color).isNull());
+                }
+            dialog->reject();
+        });
+    }
+
+    void everyFieldIsLabelledForThoseWhoCannotSee()
+    {
+        Play([this] {
+            QWidgetList labelled;
+            for (const QLabel* label : dialog->findChildren<QLabel*>())
+                labelled.append(label->buddy());
+            for (QLineEdit* field : dialog->findChildren<QLineEdit*>())
+                QVERIFY2(labelled.contains(field), qPrintable(field->objectName()));
+            for (QComboBox* list : dialog->findChildren<QComboBox*>())
+                QVERIFY2(labelled.contains(list), qPrintable(list->objectName()));
+            QVERIFY(!Key("cmdFont")->accessibleName().isEmpty());
+            dialog->reject();
+        });
+    }
+
+    void openingTouchesNothing()
+    {
+        GuiDesign.GuiWindowType = Text("Dialog");
+        GuiDesign.GuiMenuOn = false;
+        const GuiForm before = GuiDesign;
+        QCOMPARE(Play([this] {
+                     QCOMPARE(Types()->currentText(), Text("Dialog"));
+                     QVERIFY(!Box("chkMenu")->isChecked() && !Box("chkMenu")->isEnabled());
+                     QTest::keyClick(dialog->focusWidget(), Qt::Key_Escape);
+                 }),
+                 DefaultsEnd::Cancelled);
+        QVERIFY(GuiDesign == before);
+        QVERIFY(form->log.isEmpty());
+    }
+
+    void showsTheWindowRecord()
+    {
+        GuiDesign.caption = Text("Addresses");
+        GuiDesign.width = 4500;
+        GuiDesign.GuiListboxColor = Text("Pink");
+        GuiDesign.GuiTimerOn = true;
+        Play([this] {
+            QCOMPARE(dialog->focusWidget(), Field("txtCaption"));
+            QCOMPARE(Field("txtCaption")->selectedText(), Text("Addresses"));
+            QCOMPARE(Field("txtHandle")->text(), Text("main"));
+            QCOMPARE(Field("txtWidth")->text(), Text("300"));
+            QCOMPARE(Field("txtFont")->text(), Text("ms sans serif"));
+            QCOMPARE(Label("lblFontSize")->text(), Text("10 pt"));
+            QCOMPARE(Picker(2)->currentText(), Text("Pink"));
+            QCOMPARE(Picker(6)->currentText(), Text("Buttonface"));
+            QVERIFY(Box("chkTimer")->isChecked() && Box("chkMenu")->isChecked() && !Box("chkTooltip")->isChecked());
+            dialog->reject();
+        });
+    }
+
+    void enterConfirmsAndShowsTheFormAnew()
+    {
+        GuiDesign.windowTag = Text("open");
+        QCOMPARE(Play([this] {
+                     QTest::keyClicks(dialog->focusWidget(), Text("My window"));
+                     Picker(1)->SelectName(Text("Darkblue"));
+                     Picker(5)->SelectName(Text("Yellow"));
+                     Box("chkTooltip")->setChecked(true);
+                     Field("txtHeight")->setText(Text("200"));
+                     QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+                 }),
+                 DefaultsEnd::Confirmed);
+        QCOMPARE(GuiDesign.caption, Text("My window"));
+        QCOMPARE(GuiDesign.windowTag, Text("Window"));
+        QCOMPARE(GuiDesign.GuiBackgroundColor, Text("Darkblue"));
+        QCOMPARE(GuiDesign.backColor, Rgb(0, 0, 128));
+        QCOMPARE(GuiDesign.GuiTexteditorColor, Text("Yellow"));
+        QVERIFY(GuiDesign.GuiTooltipsOn);
+        QCOMPARE(GuiDesign.height, 3000.0f);
+        QCOMPARE(static_cast<int>(GuiDesign.GuiDefaultsState), 1);
+        QCOMPARE(form->log, QStringList{Text("refresh gui")});
+    }
+
+    void cancelLeavesANewFormUnconfirmed()
+    {
+        GuiDesign.windowTag = Text("open");
+        Play([this] { Key("CancelButton")->click(); });
+        QCOMPARE(GuiDesign.windowTag, Text("open"));
+        QCOMPARE(static_cast<int>(GuiDesign.GuiDefaultsState), -1);
+    }
+
+    void dialogTypeTakesTheMenuAwayAtOnce()
+    {
+        QCOMPARE(Play([this] {
+                     Choose("Dialog");
+                     QVERIFY(!Box("chkMenu")->isChecked() && !Box("chkMenu")->isEnabled());
+                     QVERIFY(!GuiDesign.GuiMenuOn);
+                     QCOMPARE(form->log, (QStringList{Text("refresh gui"), Text("disable tool 16")}));
+                     Key("CancelButton")->click();
+                 }),
+                 DefaultsEnd::Cancelled);
+        QVERIFY(!GuiDesign.GuiMenuOn);
+        QCOMPARE(GuiDesign.GuiWindowType, Text("Window"));
+    }
+
+    void windowTypeGivesTheMenuBoxBackButNotTheMenu()
+    {
+        Play([this] {
+            Choose("Dialog_modal");
+            form->log.clear();
+            Choose("Graphics_nsb");
+            QVERIFY(Box("chkMenu")->isEnabled() && !Box("chkMenu")->isChecked());
+            QCOMPARE(form->log, (QStringList{Text("refresh gui"), Text("enable tool 16")}));
+            QVERIFY(!GuiDesign.GuiMenuOn);
+            Box("chkMenu")->click();
+            QVERIFY(GuiDesign.GuiMenuOn);
+            dialog->reject();
+        });
+        QVERIFY(GuiDesign.GuiMenuOn);
+    }
+
+    void otherWindowTypesKeepTheMenu()
+    {
+        Play([this] {
+            Choose("Window_nf");
+            QVERIFY(GuiDesign.GuiMenuOn && Box("chkMenu")->isChecked());
+            dialog->reject();
+        });
+    }
+
+    void menuBoxWorksAtOnceAndOutlivesCancel()
+    {
+        Play([this] {
+            Box("chkMenu")->click();
+            QVERIFY(!GuiDesign.GuiMenuOn);
+            QCOMPARE(form->log, QStringList{Text("refresh gui")});
+            Key("CancelButton")->click();
+        });
+        QVERIFY(!GuiDesign.GuiMenuOn);
+    }
+
+    void statusTextFollowsItsBox()
+    {
+        Play([this] {
+            QVERIFY(!Field("txtStatus")->isEnabled());
+            Box("chkStatusbar")->click();
+            QVERIFY(Field("txtStatus")->isEnabled());
+            QVERIFY(!GuiDesign.GuiStatusbarOn);
+            Field("txtStatus")->clear();
+            Key("OKButton")->click();
+        });
+        QVERIFY(GuiDesign.GuiStatusbarOn);
+        QCOMPARE(GuiDesign.panels.front(), FirstPanelText);
+        Play([this] {
+            QVERIFY(Field("txtStatus")->isEnabled());
+            Box("chkStatusbar")->click();
+            QVERIFY(!Field("txtStatus")->isEnabled());
+            dialog->reject();
+        });
+        QVERIFY(GuiDesign.GuiStatusbarOn);
+    }
+
+    void fontComesFromTheFontBox()
+    {
+        bench->dialogs.ExpectFont({Text("ms sans serif"), 10, false, false}, std::nullopt);
+        bench->dialogs.ExpectFont({Text("ms sans serif"), 10, false, false}, FontSpec{Text("Arial"), 14, true, false});
+        bench->dialogs.ExpectFont({Text("Arial"), 14, false, false}, std::nullopt);
+        Play([this] {
+            Key("cmdFont")->click();
+            QCOMPARE(Field("txtFont")->text(), Text("ms sans serif"));
+            Key("cmdFont")->click();
+            QCOMPARE(Field("txtFont")->text(), Text("Arial"));
+            QCOMPARE(Label("lblFontSize")->text(), Text("14 pt"));
+            QCOMPARE(GuiDesign.GuiFontName, Text("ms sans serif"));
+            Key("cmdFont")->click();
+            Key("OKButton")->click();
+        });
+        QCOMPARE(GuiDesign.GuiFontName, Text("Arial"));
+        QCOMPARE(GuiDesign.GuiFontSize, Text("14"));
+    }
+
+    void graphicsWindowTakesTheLastPicker()
+    {
+        Play([this] {
+            const QString note = Label("lblGraphics")->text();
+            Choose("Graphics_nf_nsb");
+            QVERIFY(Label("lblGraphics")->text() != note);
+            Picker(1)->SelectName(Text("Red"));
+            Picker(6)->SelectName(Text("Cyan"));
+            Key("OKButton")->click();
+        });
+        QCOMPARE(GuiDesign.GuiBackgroundColor, Text("Cyan"));
+        QCOMPARE(GuiDesign.backColor, Rgb(0, 255, 255));
+    }
+
+    void unknownColorNameIsShownNotChosenAndKept()
+    {
+        GuiDesign.GuiTextboxColor = Text("Mauve");
+        const auto look = [this] {
+            QCOMPARE(Picker(4)->currentIndex(), -1);
+            QCOMPARE(Picker(4)->Name(), Text("Mauve"));
+        };
+        Play([&] {
+            look();
+            Key("OKButton")->click();
+        });
+        QCOMPARE(GuiDesign.GuiTextboxColor, Text("Mauve"));
+        Play([&] {
+            look();
+            Picker(4)->setCurrentIndex(0);
+            Key("OKButton")->click();
+        });
+        QCOMPARE(GuiDesign.GuiTextboxColor, Text("Black"));
+    }
+
+    void swatchesShowTheirColors()
+    {
+        Play([this] {
+            const auto middle = [this](int color) {
+                const QImage swatch = Picker(0)->itemIcon(color).pixmap(Picker(0)->iconSize()).toImage();
+                return swatch.pixelColor(swatch.rect().center());
+            };
+            QCOMPARE(middle(0), QColor(0, 0, 0));
+            QCOMPARE(middle(4), QColor(255, 0, 0));
+            QCOMPARE(middle(13), QColor(0, 0, 128));
+            QCOMPARE(middle(16), Picker(0)->palette().color(QPalette::Button));
+            dialog->reject();
+        });
+    }
+};
+
+OB_BENCH_TEST(win_frmColorDefault)
+#include "win_frmColorDefault.moc"
