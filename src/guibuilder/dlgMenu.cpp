@@ -11,6 +11,9 @@
 #include <QScrollBar>
 #include <QShortcut>
 
+#include <algorithm>
+#include <utility>
+
 namespace ob {
 
 namespace {
@@ -80,7 +83,8 @@ void dlgMenu::ConnectLists()
     };
     pair(ui->lstItems0, ui->lstItems1);
     pair(ui->lstItems1, ui->lstItems0);
-    connect(ui->lstNames, &QListWidget::itemSelectionChanged, this, [this] { RunCommand([this] { lstNames_Click(); }); });
+    connect(ui->lstNames, &QListWidget::itemSelectionChanged, this,
+            [this] { RunCommand([this] { lstNames_Click(); }); });
 
     const std::initializer_list<std::pair<QListWidget*, Qt::Key>> keys = {
         {ui->lstNames, Qt::Key_N}, {ui->lstItems0, Qt::Key_T}, {ui->lstItems1, Qt::Key_H}};
@@ -251,7 +255,9 @@ void dlgMenu::ReloadItemLists()
 {
     ui->lstItems0->clear();
     ui->lstItems1->clear();
-    const QList<MenuItemParts> items = ui->lstNames->count() > 0 ? MenuItems(GuiDesign, currentMenu) : QList<MenuItemParts>();
+    QList<MenuItemParts> items;
+    if (ui->lstNames->count() > 0)
+        items = MenuItems(GuiDesign, currentMenu);
     for (const MenuItemParts& parts : items) {
         ui->lstItems0->addItem(parts.caption);
         ui->lstItems1->addItem(parts.branch);

@@ -24,6 +24,9 @@ frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::mak
     ui->chkMenu->setEnabled(!IsDialogType(GuiDesign.GuiWindowType));
     StatusActive();
     ShowNote();
+    // Of a long text the beginning tells more.
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        field->home(false);
     ui->txtCaption->setFocus();
     ui->txtCaption->selectAll();
     connect(ui->Combo1, &QComboBox::currentIndexChanged, this, [this] { RunCommand([this] { Combo1_Click(); }); });
@@ -88,7 +91,7 @@ void frmColorDefault::ShowFontSize()
 void frmColorDefault::ShowNote()
 {
     ui->lblGraphics->setText(IsGraphicsType(ui->Combo1->currentText())
-                                 ? QStringLiteral("This graphics window takes GraphicsColor$ for its background.")
+                                 ? QStringLiteral("The window's background is GraphicsColor$.")
                                  : QStringLiteral("GraphicsColor$ is for graphics windows only."));
 }
 

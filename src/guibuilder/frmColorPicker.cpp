@@ -15,21 +15,27 @@ namespace {
 constexpr QSize SwatchSize(28, 14);
 constexpr int ButtonfacePlace = ColorCount - 1;
 
+// Grey stands off from a light ground and a dark one, and so from every colour between.
+constexpr QColor OutlineColor(128, 128, 128);
+
 QColor ColorOf(ColorRef color)
 {
     const auto channel = [&](int shift) { return static_cast<int>((color >> shift) & 0xFF); };
     return {channel(0), channel(8), channel(16)};
 }
 
-// A raised key: lit from the upper left, in shadow at the lower right.
-void PaintButton(QPainter& painter, const QRect& rect, const QPalette& colors)
+// A key as buttons look now: round corners, lit from above.
+void PaintButton(QPainter& painter, const QRectF& outline, const QPalette& colors)
 {
-    painter.fillRect(rect, colors.color(QPalette::Button));
     const QColor face = colors.color(QPalette::Button);
-    painter.setPen(face.lightness() > 127 ? QColor(Qt::white) : face.lighter(190));
-    painter.drawPolyline(QPolygon({rect.bottomLeft(), rect.topLeft(), rect.topRight()}));
-    painter.setPen(face.darker(165));
-    painter.drawPolyline(QPolygon({rect.topRight(), rect.bottomRight(), rect.bottomLeft()}));
+    QLinearGradient shade(outline.topLeft(), outline.bottomLeft());
+    shade.setColorAt(0, face.lighter(118));
+    shade.setColorAt(0.5, face);
+    shade.setColorAt(1, face.darker(118));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(OutlineColor);
+    painter.setBrush(shade);
+    painter.drawRoundedRect(outline, 3, 3);
 }
 
 } // namespace
@@ -74,15 +80,13 @@ QIcon frmColorPicker::Swatch(int color) const
     picture.setDevicePixelRatio(devicePixelRatioF());
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    const QRect outline(QPoint(0, 0), SwatchSize - QSize(1, 1));
-    // Grey stands off from a light ground and a dark one, and so from every colour between.
-    painter.setPen(QColor(128, 128, 128));
-    painter.drawRect(outline);
-    const QRect inside(QPoint(1, 1), SwatchSize - QSize(2, 2));
-    if (color == ButtonfacePlace)
-        PaintButton(painter, inside, palette());
-    else
-        painter.fillRect(inside, ColorOf(ColorValue[static_cast<std::size_t>(color)]));
+    if (color == ButtonfacePlace) {
+        PaintButton(painter, QRectF(QPointF(0.5, 0.5), QSizeF(SwatchSize - QSize(1, 1))), palette());
+        return picture;
+    }
+    painter.setPen(OutlineColor);
+    painter.setBrush(ColorOf(ColorValue[static_cast<std::size_t>(color)]));
+    painter.drawRect(QRect(QPoint(0, 0), SwatchSize - QSize(1, 1)));
     return picture;
 }
 

@@ -121,10 +121,12 @@ void frmGui::Join(QMdiSubWindow& window)
 void frmGui::PlaceWindow()
 {
     const QRect wanted = WindowRect();
-    if (frame == nullptr || wanted == shownRect || frame->isMinimized())
+    if (frame == nullptr || wanted == wantedRect || frame->isMinimized())
         return;
+    wantedRect = wanted;
+    shownRect = {};
     frame->setGeometry(wanted);
-    shownRect = wanted;
+    shownRect = frame->geometry();
 }
 
 // Only a side that the user has drawn elsewhere gets a new measure: those of a file may have fractions, and be too
@@ -139,6 +141,7 @@ void frmGui::TakeWindowRect()
     TakeChange(GuiDesign.width, now.width(), shownRect.width(), TwipsPerPixelX);
     TakeChange(GuiDesign.height, now.height(), shownRect.height(), TwipsPerPixelY);
     shownRect = now;
+    wantedRect = WindowRect();
 }
 
 void frmGui::ShowPanels()

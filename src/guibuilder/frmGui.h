@@ -56,7 +56,8 @@ private:
     std::vector<QLabel*> panelLabels;
     QLabel* lblStatusbar = nullptr;
     QMdiSubWindow* frame = nullptr;
-    QRect shownRect; // where the frame was put, so that only what the user changes goes into the form
+    QRect wantedRect; // where the form wants the frame
+    QRect shownRect;  // where it came to stand, so that only what the user changes goes into the form
 };
 
 } // namespace ob

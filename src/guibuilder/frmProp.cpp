@@ -36,7 +36,7 @@ Preview PreviewOf(const QString& path)
         return {QStringLiteral("There is no such file."), {}};
     try {
         const QImage picture = LoadBitmap(path);
-        const QString words = QStringLiteral("%1 x %2 pixels: so large will the button be.");
+        const QString words = QStringLiteral("%1 x %2 pixels. The button takes this size.");
         return {words.arg(picture.width()).arg(picture.height()), picture};
     } catch (const RuntimeError&) {
         return {QStringLiteral("The file holds no bitmap that can be read."), {}};
@@ -61,6 +61,10 @@ frmProp::frmProp(ControlRef edited, const QString& kindWord, QWidget* parent)
     const bool hasBitmap = control.kind == ControlKind::Bmpbutton;
     ui->picPreview->setVisible(hasBitmap);
     ui->lblPreview->setVisible(hasBitmap);
+    // Of a long text the beginning tells more, of a path the end.
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        if (field != ui->txtBitmap)
+            field->home(false);
     ui->txtExt->setFocus();
     ui->txtExt->selectAll();
     resize(width(), sizeHint().height());

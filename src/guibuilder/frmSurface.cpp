@@ -2,31 +2,50 @@
 // The drawing surface.
 #include "guibuilder/frmSurface.h"
 
-//TEMP
-#if __has_include("guibuilder/dlgMenu.h") && 0
 #include "guibuilder/dlgMenu.h"
-#endif
+#include "guibuilder/frmColorDefault.h"
+#include "guibuilder/frmProp.h"
+// TEMP
 #if __has_include("guibuilder/frmSurfacePaint.h") && 0
 #include "guibuilder/frmSurfacePaint.h"
 #else
 #include <QPainter>
-namespace ob { class SurfaceStyle { public: SurfaceStyle(const GuiForm&, int, int) {} QColor surface = Qt::lightGray; };
-inline QRect PixelRect(const ControlRecord& c, int x, int y) { return QRect(int(c.left)/x, int(c.top)/y, int(c.width)/x, int(c.height)/y); }
-inline QRect PaintedRect(const GuiForm& f, ControlRef r, int x, int y) { return PixelRect(f.At(r), x, y); }
-inline void PaintControl(QPainter& p, const SurfaceStyle&, const GuiForm& f, ControlRef r) { p.drawRect(PixelRect(f.At(r), 15, 15)); p.drawText(PixelRect(f.At(r), 15, 15), f.At(r).caption); }
-inline void PaintGrid(QPainter&, QRect, const GuiForm&, int, int) {}
-inline void PaintHandles(QPainter& p, QRect a, QRect b, bool) { p.fillRect(a, Qt::red); p.fillRect(b, Qt::red); }
-inline void PaintSelectionFrame(QPainter& p, QRect a) { p.drawRect(a); }
-inline void PaintRubberBand(QPainter& p, QRect a) { p.drawRect(a); }
+namespace ob {
+class SurfaceStyle {
+public:
+    SurfaceStyle(const GuiForm&, int, int) {}
+    QColor surface = Qt::lightGray;
+};
+inline QRect PixelRect(const ControlRecord& c, int x, int y)
+{
+    return QRect(int(c.left) / x, int(c.top) / y, int(c.width) / x, int(c.height) / y);
 }
+inline QRect PaintedRect(const GuiForm& f, ControlRef r, int x, int y)
+{
+    return PixelRect(f.At(r), x, y);
+}
+inline void PaintControl(QPainter& p, const SurfaceStyle&, const GuiForm& f, ControlRef r)
+{
+    p.drawRect(PixelRect(f.At(r), 15, 15));
+    p.drawText(PixelRect(f.At(r), 15, 15), f.At(r).caption);
+}
+inline void PaintGrid(QPainter&, QRect, const GuiForm&, int, int) {}
+inline void PaintHandles(QPainter& p, QRect a, QRect b, bool)
+{
+    p.fillRect(a, Qt::red);
+    p.fillRect(b, Qt::red);
+}
+inline void PaintSelectionFrame(QPainter& p, QRect a)
+{
+    p.drawRect(a);
+}
+inline void PaintRubberBand(QPainter& p, QRect a)
+{
+    p.drawRect(a);
+}
+} // namespace ob
 #endif
-#if __has_include("guibuilder/frmProp.h") && 0
-#include "guibuilder/frmProp.h"
-#include "guibuilder/frmColorDefault.h"
-#else
-namespace ob { inline void ShowProp(ControlRef, const QString&) {} inline void ShowColorDefault() {} }
-#endif
-//ENDTEMP
+// ENDTEMP
 #include "guibuilder/modGuiCommands.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
@@ -226,7 +245,7 @@ void frmSurface::ShowWindowDefaults()
 
 void frmSurface::ShowMenuEditor()
 {
-    // TEMP ShowToolModally<dlgMenu>();
+    ShowToolModally<dlgMenu>();
     designer.Commit();
     UpdateDamage();
 }

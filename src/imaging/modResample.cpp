@@ -6,6 +6,7 @@
 #include "imaging/cImagingError.h"
 #include "imaging/modSimd.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -91,16 +92,49 @@ void BlendLines(const std::uint8_t* first, const std::uint8_t* second, const Pla
     BlendLinesPlain(first, second, place.weight, result, count);
 }
 
-void BlendAlong(const std::vector<std::uint8_t>& line, const std::vector<Place>& columns, std::uint8_t* pixel)
+// The line's first byte is that of source column firstColumn.
+void BlendAlong(const std::vector<std::uint8_t>& line, std::int64_t firstColumn, const std::vector<Place>& columns,
+                std::uint8_t* pixel)
 {
     for (const Place& place : columns) {
-        const std::uint8_t* left = line.data() + place.first * 3;
+        const std::uint8_t* left = line.data() + (place.first - firstColumn) * 3;
         const std::uint8_t* right = left + 3;
         for (int channel = 0; channel < 3; ++channel) {
             pixel[channel] = place.isWhole ? Blend(left[channel], right[channel], place.weight)
                                            : BlendFraction(left[channel], right[channel], place.fraction);
         }
         pixel += 3;
+    }
+}
+
+// Columns of the target that are worked on together: all of them, but for lines so long that what is kept for them
+// would be felt.
+std::int32_t ColumnsAtOnce(float xScale)
+{
+    constexpr std::int32_t mostTargetColumns = 1 << 16;
+    constexpr float mostSourceColumns = 1 << 22;
+    const float columns = mostSourceColumns / std::max(xScale, 1.0F);
+    return std::clamp(static_cast<std::int32_t>(columns), 1, mostTargetColumns);
+}
+
+struct ColumnRange {
+    std::int32_t first;
+    std::int32_t end;
+};
+
+void ResampleColumns(const cDIBSection& source, cDIBSection& target, ColumnRange range, float xScale, float yScale)
+{
+    std::vector<Place> columns(static_cast<std::size_t>(range.end - range.first));
+    for (std::size_t x = 0; x < columns.size(); ++x)
+        columns[x] = PlaceOf(range.first + static_cast<std::int64_t>(x), xScale);
+    const std::int64_t firstColumn = columns.front().first;
+    const auto byteCount = static_cast<std::int32_t>((columns.back().first + 2 - firstColumn) * 3);
+    std::vector<std::uint8_t> line(static_cast<std::size_t>(byteCount));
+    for (std::int32_t y = 0; y < target.Height(); ++y) {
+        const Place place = PlaceOf(y, yScale);
+        const std::uint8_t* first = source.Line(place.first) + firstColumn * 3;
+        BlendLines(first, first + source.BytesPerScanLine(), place, line.data(), byteCount);
+        BlendAlong(line, firstColumn, columns, target.Line(y) + std::int64_t{range.first} * 3);
     }
 }
 
@@ -112,22 +146,14 @@ void ResampleInto(const cDIBSection& source, cDIBSection& target)
         RaiseSubscriptError();
     const float xScale = ScaleOf(source.Width(), target.Width());
     const float yScale = ScaleOf(source.Height(), target.Height());
-    const std::int32_t lineBytes = source.BytesPerScanLine();
-
-    std::vector<Place> columns(static_cast<std::size_t>(target.Width()));
-    for (std::size_t x = 0; x < columns.size(); ++x)
-        columns[x] = PlaceOf(static_cast<std::int64_t>(x), xScale);
-    const std::int64_t lastByte = (columns.back().first + 1) * 3 + 2;
+    const std::int64_t lastByte = (PlaceOf(target.Width() - 1, xScale).first + 1) * 3 + 2;
     const std::int64_t lastLine = PlaceOf(target.Height() - 1, yScale).first + 1;
-    if (lastByte >= lineBytes || lastLine >= source.Height())
+    if (lastByte >= source.BytesPerScanLine() || lastLine >= source.Height())
         RaiseSubscriptError();
 
-    std::vector<std::uint8_t> line(static_cast<std::size_t>(lineBytes));
-    for (std::int32_t y = 0; y < target.Height(); ++y) {
-        const Place place = PlaceOf(y, yScale);
-        BlendLines(source.Line(place.first), source.Line(place.first + 1), place, line.data(), lineBytes);
-        BlendAlong(line, columns, target.Line(y));
-    }
+    const std::int32_t step = ColumnsAtOnce(xScale);
+    for (std::int32_t start = 0; start < target.Width(); start += step)
+        ResampleColumns(source, target, {start, std::min(start + step, target.Width())}, xScale, yScale);
 }
 
 } // namespace ob

@@ -19,12 +19,31 @@ inline QByteArray Joined(const QByteArrayList& lines)
     return text;
 }
 
+inline constexpr char FreshDefaults[] = "defaults|Black|Buttonface|White|White|White|White|False|False|False|-1|True";
+inline constexpr char FreshWindow[] =
+    "Window|Window Title| 1200| 900| 8250| 6000|main|-2147483633|ms sans serif *10|False|-1|True";
+
+// A file of the given lines behind those of a fresh form, as the bench writes it.
+inline QByteArray Fresh(const QByteArrayList& lines)
+{
+    return Joined(QByteArrayList{FreshDefaults, FreshWindow} + lines + QByteArrayList{""});
+}
+
 // The form that a file holds; a file that cannot be read fails the test.
 inline GuiForm FormOf(const QByteArray& file)
 {
     GuiForm form;
     if (ReadForm(file, form) != FormLoad::Loaded)
         QTest::qFail("the test's own form cannot be read", __FILE__, __LINE__);
+    return form;
+}
+
+// A fresh form with controls of one kind, placed but not yet named.
+inline GuiForm FormWith(ControlKind kind, int count = 1)
+{
+    GuiForm form;
+    for (int number = 0; number < count; ++number)
+        form.At(AddControl(form, kind)).visible = true;
     return form;
 }
 

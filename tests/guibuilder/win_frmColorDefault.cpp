@@ -8,7 +8,10 @@
 #include "guibuilder/frmColorPicker.h"
 #include "guibuilder/modGui.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
+#include <QImage>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -48,6 +51,8 @@ private:
     {
         return dialog->findChild<frmColorPicker*>(Text("imgCombo") + QString::number(number));
     }
+    QImage Swatch(int color) const { return Picker(0)->itemIcon(color).pixmap(Picker(0)->iconSize()).toImage(); }
+    QPoint SwatchMiddle() const { return Swatch(0).rect().center(); }
     void Choose(const char* type) const { Types()->setCurrentIndex(Types()->findText(Text(type))); }
 
     std::unique_ptr<TestBench> bench;
@@ -315,14 +320,42 @@ private Q_SLOTS:
     void swatchesShowTheirColors()
     {
         Play([this] {
-            const auto middle = [this](int color) {
-                const QImage swatch = Picker(0)->itemIcon(color).pixmap(Picker(0)->iconSize()).toImage();
-                return swatch.pixelColor(swatch.rect().center());
-            };
-            QCOMPARE(middle(0), QColor(0, 0, 0));
-            QCOMPARE(middle(4), QColor(255, 0, 0));
-            QCOMPARE(middle(13), QColor(0, 0, 128));
-            QCOMPARE(middle(16), Picker(0)->palette().color(QPalette::Button));
+            QCOMPARE(Swatch(0).pixelColor(SwatchMiddle()), QColor(0, 0, 0));
+            QCOMPARE(Swatch(4).pixelColor(SwatchMiddle()), QColor(255, 0, 0));
+            QCOMPARE(Swatch(13).pixelColor(SwatchMiddle()), QColor(0, 0, 128));
+            QCOMPARE(Swatch(4).pixelColor(0, 0).alpha(), 255);
+            dialog->reject();
+        });
+    }
+
+    void buttonfaceIsAKeyInTheDesktopsColor()
+    {
+        Play([this] {
+            for (const QColor& face : {QColor(240, 240, 240), QColor(60, 60, 64)}) {
+                QPalette colors = Picker(0)->palette();
+                colors.setColor(QPalette::Button, face);
+                Picker(0)->setPalette(colors);
+                const QImage swatch = Swatch(ColorCount - 1);
+                const int shade = swatch.pixelColor(SwatchMiddle()).lightness() - face.lightness();
+                QVERIFY2(std::abs(shade) < 6, qPrintable(QString::number(shade)));
+                // Its corners are round.
+                QVERIFY(swatch.pixelColor(0, 0).alpha() < 100);
+            }
+            dialog->reject();
+        });
+    }
+
+    void noTwoControlsShareAKey()
+    {
+        Play([this] {
+            QStringList keys;
+            for (const QLabel* label : dialog->findChildren<QLabel*>())
+                keys.append(QKeySequence::mnemonic(label->text()).toString());
+            for (const QAbstractButton* button : dialog->findChildren<QAbstractButton*>())
+                keys.append(QKeySequence::mnemonic(button->text()).toString());
+            keys.removeAll(QString());
+            QVERIFY(keys.size() > 15);
+            QCOMPARE(keys.removeDuplicates(), 0);
             dialog->reject();
         });
     }

@@ -9,10 +9,10 @@
 
 #include <QDir>
 #include <QImage>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSignalSpy>
 
 using namespace ob;
 
@@ -135,6 +135,22 @@ private Q_SLOTS:
                 QVERIFY2(labelled.contains(field), qPrintable(field->objectName()));
             QVERIFY(labelled.contains(Picker()));
             QVERIFY(!Key("cmdBitmap")->accessibleName().isEmpty());
+            dialog->reject();
+        });
+    }
+
+    void noTwoControlsShareAKey()
+    {
+        Place(ControlKind::Button);
+        Play(ControlKind::Button, [this] {
+            QStringList keys;
+            for (const QLabel* label : dialog->findChildren<QLabel*>())
+                keys.append(QKeySequence::mnemonic(label->text()).toString());
+            for (const QPushButton* button : dialog->findChildren<QPushButton*>())
+                keys.append(QKeySequence::mnemonic(button->text()).toString());
+            keys.removeAll(QString());
+            QVERIFY(keys.size() > 10);
+            QCOMPARE(keys.removeDuplicates(), 0);
             dialog->reject();
         });
     }

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a form's controls look like on the drawing surface: the form's font and colours, and its texts laid out.
+#pragma once
+
+#include "guibuilder/modGui.h"
+
+#include <QColor>
+#include <QFont>
+#include <QFontMetrics>
+#include <QGlyphRun>
+#include <QHash>
+#include <QImage>
+#include <QList>
+#include <QSizeF>
+#include <QString>
+
+#include <optional>
+
+namespace ob {
+
+// The colour on a usual desktop, whatever the bench's own palette is; also of the system's colours.
+QColor SurfaceColor(ColorRef color);
+
+// The form's font, in pixels of the surface (13 for ten points at 15 twips a pixel). A name that is not installed gets
+// a fixed, serif or sans serif substitute that runs as wide as what a program would have there.
+QFont SurfaceFont(const QString& name, const QString& points, int twipsPerPixelY);
+
+// What "&" does in a caption: it marks the letter behind it ("&&" is the character), or it is a letter like others.
+enum class Ampersands { Mark, Keep };
+
+// A text laid out from 0, 0 on, in pixels of the surface; the underlined letter's line, if there is one.
+struct SurfaceText {
+    QList<QGlyphRun> runs;
+    QSizeF size;
+    std::optional<QLineF> underline;
+};
+
+// Made once when a form's font or colours have changed, and kept: it remembers how texts lie, which is what painting
+// them costs most.
+class SurfaceStyle {
+public:
+    SurfaceStyle(const GuiForm& form, int pixelTwipsX, int pixelTwipsY);
+
+    int twipsPerPixelX;
+    int twipsPerPixelY;
+    QFont font;
+    QFontMetrics metrics;
+    QColor fore;
+    QColor surface;
+    QColor listbox;
+    QColor combobox;
+    QColor textbox;
+    QColor texteditor;
+
+    // One line of text; line ends count as blanks.
+    SurfaceText Line(const QString& text, Ampersands ampersands) const;
+    // Words wrapped at that width in pixels.
+    SurfaceText Paragraph(const QString& text, int width) const;
+    // A line in letters that are small enough for an icon's place.
+    SurfaceText SmallLine(const QString& text) const;
+
+    // The empty ring of a radio button, that many device pixels wide and high.
+    QImage RadioRing(int side) const;
+
+private:
+    enum class Layout { Line, MarkedLine, Paragraph, SmallLine };
+    struct TextKey {
+        QString text;
+        Layout layout;
+        int width;
+
+        bool operator==(const TextKey&) const = default;
+        friend std::size_t qHash(const TextKey& key, std::size_t seed)
+        {
+            return qHashMulti(seed, key.text, static_cast<int>(key.layout), key.width);
+        }
+    };
+    SurfaceText Remembered(const QString& text, Layout layout, int width) const;
+
+    QFont smallFont;
+    mutable QHash<TextKey, SurfaceText> texts;
+    mutable QImage radioRing;
+};
+
+} // namespace ob

@@ -1,0 +1,501 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The form window in the bench: load, draw, properties, save, run, close.
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "editor/cDocument.h"
+#include "guibuilder/frmGui.h"
+#include "guibuilder/frmSurface.h"
+#include "guibuilder/modGenerator.h"
+#include "guibuilder/modGui.h"
+#include "guibuilder/modGuiCommands.h"
+#include "platform/modFiles.h"
+#include "shell/Module1.h"
+
+#include <QAction>
+#include <QDate>
+#include <QDialog>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+using namespace ob;
+
+namespace {
+
+const QByteArray SmallForm =
+    "defaults|Black|Buttonface|White|White|White|White|False|True|False|1|True\r\n"
+    "Window|Small| 600.5| 450| 6000.25| 4500|main|-2147483633|ms sans serif *10|False|1|True\r\n"
+    "menu|&File|E&xit  [quit] * |none|none|none|none|none|none|False|1|True\r\n"
+    "button|&Go| 300| 300| 1200| 450|go|go.click|none|False|1|True\r\n"
+    "groupbox|Choose| 300| 1050| 3000| 1500|box|none|none|False|1|True\r\n"
+    "statusbar|2|one|two||||||False|1|True\r\n\r\n";
+
+const QString SaveQuestion = QStringLiteral("Save gui form before closing?");
+const QString SaveFilter = QStringLiteral("Gui Form (*.obf)|*.obf");
+const QString LoadFilter = QStringLiteral("Gui Form (*.obf)|*.OBF");
+
+frmGui* FormWindow(TestBench& bench)
+{
+    // What was closed goes with the next turn of the event loop.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return bench.Frame().findChild<frmGui*>();
+}
+
+frmSurface* Surface(TestBench& bench)
+{
+    return bench.Frame().findChild<frmSurface*>();
+}
+
+QToolButton* Tool(TestBench& bench, int place)
+{
+    return bench.Frame().findChild<QToolButton*>(QStringLiteral("cmdTools%1").arg(place));
+}
+
+QToolButton* Switch(TestBench& bench, const char* name)
+{
+    return bench.Frame().findChild<QToolButton*>(QString::fromLatin1(name));
+}
+
+QString StatusOf(TestBench& bench)
+{
+    return bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text();
+}
+
+void Pull(QWidget* surface, QPoint from, QPoint to)
+{
+    QTest::mousePress(surface, Qt::LeftButton, {}, from);
+    // The toolkit's own mouse move has no button down.
+    for (const QPoint at : {(from + to) / 2, to}) {
+        QMouseEvent move(QEvent::MouseMove, at, surface->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(surface, &move);
+    }
+    QTest::mouseRelease(surface, Qt::LeftButton, {}, to);
+}
+
+QByteArray OwnProgram(ProgramKind kind)
+{
+    GuiForm copy = GuiDesign;
+    return GenerateProgram(copy, kind, {ShortDateText(QDate::currentDate(), QLocale::system()), {}}).text.toLatin1();
+}
+
+} // namespace
+
+class win_frmGui : public QObject {
+    Q_OBJECT
+
+    QString Load(TestBench& bench, const QByteArray& form = SmallForm)
+    {
+        const QString path = bench.Write(QStringLiteral("small.obf"), form);
+        bench.Start({path});
+        return path;
+    }
+
+private Q_SLOTS:
+    void AFormOnTheCommandLineComesUp()
+    {
+        TestBench bench;
+        Load(bench);
+        QVERIFY(FormWindow(bench) != nullptr);
+        QCOMPARE(FormWindow(bench)->windowTitle(), QStringLiteral("Small"));
+        QCOMPARE(bench.Frame().ActiveKind(), ActiveChild::Gui);
+        QCOMPARE(FormWindow(bench)->findChild<QLabel*>(QStringLiteral("lblMenu"))->text(), QStringLiteral("&File    "));
+        QVERIFY(FormWindow(bench)->findChild<QWidget*>(QStringLiteral("sBar"))->isVisible());
+        QVERIFY(bench.Frame().findChild<QWidget*>(QStringLiteral("picGui"))->isVisible());
+        QVERIFY(bench.Frame().Item(QStringLiteral("mnuViewGuiBar"))->isChecked());
+        QVERIFY(bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
+        QVERIFY(bench.Frame().Item(QStringLiteral("mnuRun"))->isEnabled());
+        QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveAs"))->isEnabled());
+        QCOMPARE(StatusOf(bench), GuiHintText);
+        QVERIFY(!GuiFormModified);
+        QVERIFY(!GuiFormLoading);
+        const QMdiSubWindow* frame = bench.Frame().Area().currentSubWindow();
+        QCOMPARE(frame->geometry(), QRect(40, 30, 400, 300));
+    }
+
+    void F5HandsTheFormsProgramToTheEngine()
+    {
+        TestBench bench;
+        Load(bench);
+        OBPath = bench.MakeEngine();
+        const QByteArray program = OwnProgram(ProgramKind::Outline);
+        bench.Choose(QStringLiteral("mnuRun"));
+        const EngineCall call = bench.WaitForEngine();
+        QCOMPARE(call.arguments.first(), QStringLiteral("-R"));
+        QCOMPARE(call.copy, program + " \r\n");
+        QCOMPARE(bench.Active()->Caption(), bench.ProgramPath(QStringLiteral("untitled.bak")));
+    }
+
+    void BothCompileToolsOpenTheProgram()
+    {
+        TestBench bench;
+        Load(bench);
+        const QByteArray outline = OwnProgram(ProgramKind::Outline);
+        const QByteArray simple = OwnProgram(ProgramKind::Simple);
+        Tool(bench, 1)->click();
+        QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(TestBench::Text(bench.Active()), outline);
+        Tool(bench, 17)->click();
+        QCOMPARE(TestBench::Text(bench.Active()), simple);
+        QVERIFY(GuiFormModified);
+    }
+
+    void AMissingBitmapIsToldAndTheProgramComes()
+    {
+        TestBench bench;
+        Load(bench, SmallForm + "bmpbutton|bmpbttn| 0| 0| 450| 450|b|b.click|none\r\n");
+        bench.dialogs.ExpectMessage(BitmapMissingText, BoxAnswer::Ok, BoxIcon::None);
+        Tool(bench, 1)->click();
+        QVERIFY(TestBench::Text(bench.Active()).contains("bmpbutton   #main.b, \"bmpbttn\""));
+    }
+
+    void SavingWhatWasLoadedGivesTheSameBytes()
+    {
+        TestBench bench;
+        Load(bench);
+        const QString saved = bench.Path(QStringLiteral("again.obf"));
+        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, saved);
+        bench.Choose(QStringLiteral("mnuFileSaveGui"));
+        QCOMPARE(TestBench::Read(saved), SmallForm);
+        QCOMPARE(StatusOf(bench), QStringLiteral("Form saved as again.obf"));
+    }
+
+    void MovingTheWindowChangesOnlyItsPlaceInTheFile()
+    {
+        TestBench bench;
+        Load(bench);
+        bench.Frame().Area().currentSubWindow()->move(60, 30);
+        QCOMPARE(GuiDesign.left, 900.0F);
+        QCOMPARE(GuiDesign.width, 6000.25F);
+        QCOMPARE(GuiDesign.top, 450.0F);
+    }
+
+    void TheWindowRefusesToBeMaximized()
+    {
+        TestBench bench;
+        Load(bench);
+        QMdiSubWindow* frame = bench.Frame().Area().currentSubWindow();
+        frame->showMaximized();
+        QApplication::processEvents();
+        QVERIFY(!frame->isMaximized());
+        QCOMPARE(GuiDesign.width, 6000.25F);
+    }
+
+    void SaveNeedsAFormInFront()
+    {
+        TestBench bench;
+        bench.Start();
+        bench.Choose(QStringLiteral("mnuFileNew"));
+        bench.dialogs.ExpectMessage(QStringLiteral("The gui builder is not active; there is no form to save!"));
+        Tool(bench, 3)->click();
+        bench.Frame().Area().closeAllSubWindows();
+        bench.dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
+        Tool(bench, 3)->click();
+        QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
+    }
+
+    void ASaveThatFailsLeavesTheOldFileAndTheFormModified()
+    {
+        TestBench bench;
+        Load(bench);
+        QDir(bench.Path({})).mkdir(QStringLiteral("there.obf"));
+        const QString folder = bench.Path(QStringLiteral("there.obf"));
+        GuiFormModified = true;
+        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, folder);
+        bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+        bench.Choose(QStringLiteral("mnuFileSaveGui"));
+        QVERIFY(GuiFormModified);
+        // Closing asks still, and a save that fails again keeps the window.
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNoCancel);
+        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, folder);
+        bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+        QVERIFY(!bench.Frame().UnloadGui());
+        QVERIFY(FormWindow(bench) != nullptr);
+        GuiFormModified = false;
+    }
+
+    void ACorruptFileUnloadsTheForm()
+    {
+        TestBench bench;
+        const QString path = bench.Write(QStringLiteral("bad.obf"), SmallForm + "nonsense|1\r\n");
+        bench.dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
+        bench.Start({path});
+        QVERIFY(FormWindow(bench) == nullptr);
+        QVERIFY(!GuiFormOpen);
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("closed"));
+    }
+
+    void ADamagedFileLeavesWhatWasReadOnTheSurface()
+    {
+        TestBench bench;
+        const QString path = bench.Write(QStringLiteral("bad.obf"), SmallForm + "button|x| 1| 2|wide\r\n");
+        bench.dialogs.ExpectMessage(QStringLiteral("Error loading form."));
+        bench.Start({path});
+        QVERIFY(FormWindow(bench) != nullptr);
+        QVERIFY(GuiFormLoading);
+        QVERIFY(GuiDesign.At({ControlKind::Button, 1}).visible);
+        QVERIFY(!GuiDesign.At({ControlKind::Button, 2}).visible);
+        // While the flag is set the properties stay away.
+        QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(30, 30));
+    }
+
+    void LoadByTheMenuAsksForTheOpenForm()
+    {
+        TestBench bench;
+        const QString path = Load(bench);
+        GuiFormModified = true;
+        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter, path);
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
+        GuiDesign.caption = QStringLiteral("kept");
+        bench.Choose(QStringLiteral("mnuFileLoadGui"));
+        QCOMPARE(GuiDesign.caption, QStringLiteral("kept"));
+        QVERIFY(!GuiFormLoading);
+        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter, path);
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
+        bench.Choose(QStringLiteral("mnuFileLoadGui"));
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Small"));
+        QVERIFY(FormWindow(bench) != nullptr);
+        QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
+    }
+
+    void ANameWithoutTheEndingUnloadsTheForm()
+    {
+        TestBench bench;
+        Load(bench);
+        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter,
+                                 QStringLiteral("/nowhere/x.txt"));
+        bench.Choose(QStringLiteral("mnuFileLoadGui"));
+        QVERIFY(FormWindow(bench) == nullptr);
+        QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
+    }
+
+    void ControlsAreDrawnMovedAndUndone()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        Tool(bench, 12)->click();
+        QVERIFY(Tool(bench, 12)->isChecked());
+        QCOMPARE(surface->cursor().shape(), Qt::CrossCursor);
+        Pull(surface, QPoint(240, 100), QPoint(340, 180));
+        QVERIFY(!Tool(bench, 12)->isChecked());
+        QCOMPARE(RectOf(GuiDesign.At({ControlKind::Listbox, 1})), (SurfaceRect{3600, 1500, 1500, 1200}));
+        Pull(surface, QPoint(250, 110), QPoint(262, 131));
+        QCOMPARE(RectOf(GuiDesign.At({ControlKind::Listbox, 1})), (SurfaceRect{3750, 1800, 1500, 1200}));
+        QCOMPARE(StatusOf(bench), QStringLiteral("X -  250    Y -  120"));
+        QTest::keyClick(surface, Qt::Key_Right, Qt::ControlModifier);
+        QCOMPARE(GuiDesign.At({ControlKind::Listbox, 1}).left, 3765.0F);
+        QTest::keyClick(surface, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(surface, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(GuiDesign.At({ControlKind::Listbox, 1}).left, 3600.0F);
+        QTest::keyClick(surface, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(GuiDesign.At({ControlKind::Listbox, 1}).left, 3750.0F);
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
+        QVERIFY(bench.Close());
+    }
+
+    void DeleteAsksFirst()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(30, 30));
+        bench.dialogs.ExpectMessage(QStringLiteral("Delete this control?"), BoxAnswer::No, BoxIcon::Critical,
+                                    BoxButtons::YesNo);
+        QTest::keyClick(surface, Qt::Key_Delete);
+        QVERIFY(GuiDesign.At({ControlKind::Button, 1}).visible);
+        bench.dialogs.ExpectMessage(QStringLiteral("Delete this control?"), BoxAnswer::Yes, BoxIcon::Critical,
+                                    BoxButtons::YesNo);
+        QTest::keyClick(surface, Qt::Key_Delete);
+        QVERIFY(!GuiDesign.At({ControlKind::Button, 1}).visible);
+        GuiFormModified = false;
+    }
+
+    void ARightClickOpensThePropertiesAndBringsToTheFront()
+    {
+        TestBench bench;
+        Load(bench, SmallForm + "textbox|none| 300| 300| 1200| 300|t\r\n");
+        bench.ExpectModal(QStringLiteral("frmProp"), [](QDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), QStringLiteral("Button Properties"));
+            dialog.findChild<QLineEdit*>(QStringLiteral("txtCaption"))->setText(QStringLiteral("Start"));
+            dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click();
+        });
+        QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(30, 45));
+        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).caption, QStringLiteral("Start"));
+        QCOMPARE(GuiDesign.order.back(), (ControlRef{ControlKind::Button, 1}));
+        QTest::keyClick(Surface(bench), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).caption, QStringLiteral("&Go"));
+        GuiFormModified = false;
+    }
+
+    void ARightClickOnTheSurfaceOpensTheWindowProperties()
+    {
+        TestBench bench;
+        Load(bench);
+        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
+        QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(350, 200));
+        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
+        Tool(bench, 15)->click();
+        GuiFormModified = false;
+    }
+
+    void ANewFormAsksForItsWindow()
+    {
+        TestBench bench;
+        bench.Start();
+        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
+        bench.Choose(QStringLiteral("mnuGui"));
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("open"));
+        QVERIFY(FormWindow(bench) != nullptr);
+        QVERIFY(bench.Frame().findChild<QWidget*>(QStringLiteral("picGui"))->isVisible());
+        // The command again starts anew without a question: nothing was changed.
+        bench.ExpectModal(QStringLiteral("frmColorDefault"),
+                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click(); });
+        bench.Choose(QStringLiteral("mnuFileNewGui"));
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Window"));
+        QVERIFY(FormWindow(bench) != nullptr);
+        QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
+    }
+
+    void TheMenuLabelOpensTheEditorOrGoes()
+    {
+        TestBench bench;
+        Load(bench);
+        auto* label = FormWindow(bench)->findChild<QLabel*>(QStringLiteral("lblMenu"));
+        bench.ExpectModal(QStringLiteral("dlgMenu"), [](QDialog& dialog) { dialog.close(); });
+        QTest::mouseClick(label, Qt::LeftButton);
+        const QString question = QStringLiteral("Do you want to remove the menu?");
+        bench.dialogs.ExpectMessage(question, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNo,
+                                    QStringLiteral("MenuBar"));
+        bench.ExpectModal(QStringLiteral("dlgMenu"), [](QDialog& dialog) { dialog.close(); });
+        QTest::mouseClick(label, Qt::RightButton);
+        bench.dialogs.ExpectMessage(question, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNo,
+                                    QStringLiteral("MenuBar"));
+        QTest::mouseClick(label, Qt::RightButton);
+        QVERIFY(!GuiDesign.GuiMenuOn);
+        QVERIFY(!label->isVisible());
+        QApplication::processEvents();
+        QCOMPARE(Surface(bench)->y(), 0);
+    }
+
+    void TheStatusBarGainsAndLosesPanels()
+    {
+        TestBench bench;
+        Load(bench);
+        auto* bar = FormWindow(bench)->findChild<QWidget*>(QStringLiteral("sBar"));
+        const auto ask = [&](BoxAnswer answer) {
+            bench.dialogs.ExpectMessage(QStringLiteral("Click YES to add a panel.  Click NO to delete a panel."),
+                                        answer, BoxIcon::Question, BoxButtons::YesNoCancel,
+                                        QStringLiteral("Would you like to add a panel?"));
+        };
+        ask(BoxAnswer::Yes);
+        bench.dialogs.ExpectInput({QStringLiteral("Panel Caption?"), {}, {}}, QStringLiteral("three"));
+        QTest::mouseClick(bar, Qt::LeftButton);
+        QCOMPARE(GuiDesign.panels.size(), std::size_t{3});
+        QCOMPARE(GuiDesign.panels[2], QStringLiteral("three"));
+        for (int left = 2; left >= 1; --left) {
+            ask(BoxAnswer::No);
+            QTest::mouseClick(bar, Qt::LeftButton);
+            QCOMPARE(GuiDesign.panels.size(), static_cast<std::size_t>(left));
+        }
+        ask(BoxAnswer::No);
+        bench.dialogs.ExpectMessage(QStringLiteral("You cannot remove the first panel."));
+        QTest::mouseClick(bar, Qt::LeftButton);
+        ask(BoxAnswer::Cancel);
+        QTest::mouseClick(bar, Qt::LeftButton);
+        QCOMPARE(GuiDesign.panels.size(), std::size_t{1});
+    }
+
+    void GridAndLockFollowTheirButtons()
+    {
+        TestBench bench;
+        Load(bench);
+        Switch(bench, "chkGrid")->click();
+        QVERIFY(!GuiGridOn);
+        Switch(bench, "chkGrid")->click();
+        QVERIFY(GuiGridOn);
+        Switch(bench, "chkLock")->click();
+        QVERIFY(GuiLocked);
+        Pull(Surface(bench), QPoint(30, 30), QPoint(90, 90));
+        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).left, 300.0F);
+        // A new form starts unlocked, with its grid. A tool's press counts as a change.
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
+        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
+        Tool(bench, 0)->click();
+        QVERIFY(!GuiLocked);
+        QVERIFY(!Switch(bench, "chkLock")->isChecked());
+    }
+
+    void TheMenuEditorToolFollowsTheWindowType()
+    {
+        TestBench bench;
+        QByteArray dialog = SmallForm;
+        dialog.replace("Window|Small", "Dialog|Small");
+        Load(bench, dialog);
+        QVERIFY(!Tool(bench, 16)->isEnabled());
+        QVERIFY(!GuiDesign.GuiMenuOn);
+    }
+
+    void ToolsNeedAForm()
+    {
+        TestBench bench;
+        bench.Start();
+        bench.Frame().ShowPalette(true);
+        for (int place = 0; place < 18; ++place)
+            QCOMPARE(Tool(bench, place)->isEnabled(), place == 0 || place == 2 || place == 3);
+    }
+
+    void ControlsAreAlignedFromTheMenuKey()
+    {
+        TestBench bench;
+        Load(bench, SmallForm + "textbox|none| 4500| 700| 1200| 300|t\r\n");
+        frmSurface* surface = Surface(bench);
+        QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(30, 30));
+        QTest::mouseClick(surface, Qt::LeftButton, Qt::ControlModifier, QPoint(310, 50));
+        QTimer::singleShot(0, surface, [surface] {
+            auto* menu = surface->findChild<QMenu*>(QStringLiteral("mnuSurface"));
+            QVERIFY(menu != nullptr);
+            menu->findChild<QAction*>(QStringLiteral("mnuAlignTop"))->trigger();
+            menu->close();
+        });
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(0, 0), surface->mapToGlobal(QPoint(0, 0)));
+        QApplication::sendEvent(surface, &event);
+        QCOMPARE(GuiDesign.At({ControlKind::Textbox, 1}).top, 300.0F);
+        QCOMPARE(GuiDesign.At({ControlKind::Textbox, 1}).left, 4500.0F);
+        GuiFormModified = false;
+    }
+
+    void ClosingTheBenchAsksForTheForm()
+    {
+        TestBench bench;
+        Load(bench);
+        GuiFormModified = true;
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
+        QVERIFY(!bench.Close());
+        const QString saved = bench.Path(QStringLiteral("saved.obf"));
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNoCancel);
+        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, saved);
+        QVERIFY(bench.Close());
+        QCOMPARE(TestBench::Read(saved), SmallForm);
+    }
+
+    void AUserWhoIsNotToBeAskedIsNotAsked()
+    {
+        TestBench bench;
+        Load(bench);
+        GuiFormModified = true;
+        QuitQuery = false;
+        QVERIFY(bench.Close());
+    }
+};
+
+OB_BENCH_TEST(win_frmGui)
+#include "win_frmGui.moc"
