@@ -25,6 +25,13 @@ int ChosenRow(const QListWidget& list)
     return chosen.isEmpty() ? -1 : list.row(chosen.first());
 }
 
+void AddLine(QListWidget& list, const QString& text)
+{
+    auto* line = new QListWidgetItem(text);
+    line->setSizeHint(QSize(0, list.fontMetrics().height() + 4));
+    list.addItem(line);
+}
+
 // Whether the keyboard led to the control, and not the mouse or the program.
 bool CameByKey(Qt::FocusReason reason)
 {
@@ -157,7 +164,7 @@ void dlgMenu::cmdAddMenu_Click()
     const QString name = AskMenuName();
     if (name.isEmpty())
         return;
-    ui->lstNames->addItem(name);
+    AddLine(*ui->lstNames, name);
     const int last = ui->lstNames->count() - 1;
     ui->lstNames->setCurrentRow(last);
     EnableNameButtons(Buttons::On);
@@ -197,8 +204,8 @@ void dlgMenu::cmdAddItem_Click()
     const auto parts = AskMenuItem();
     if (!parts)
         return;
-    ui->lstItems0->addItem(parts->caption);
-    ui->lstItems1->addItem(parts->branch);
+    AddLine(*ui->lstItems0, parts->caption);
+    AddLine(*ui->lstItems1, parts->branch);
     const int last = ui->lstItems0->count() - 1;
     SelectItem(last);
     EnableItemButtons(Buttons::On);
@@ -242,7 +249,8 @@ void dlgMenu::MoveItemBy(MoveDirection direction)
 void dlgMenu::ReloadNameList(int selected)
 {
     ui->lstNames->clear();
-    ui->lstNames->addItems(MenuNames(GuiDesign));
+    for (const QString& name : MenuNames(GuiDesign))
+        AddLine(*ui->lstNames, name);
     const int count = ui->lstNames->count();
     EnableNameButtons(count > 0 ? Buttons::On : Buttons::Off);
     currentMenu = std::max(0, std::min(selected, count - 1));
@@ -259,8 +267,8 @@ void dlgMenu::ReloadItemLists()
     if (ui->lstNames->count() > 0)
         items = MenuItems(GuiDesign, currentMenu);
     for (const MenuItemParts& parts : items) {
-        ui->lstItems0->addItem(parts.caption);
-        ui->lstItems1->addItem(parts.branch);
+        AddLine(*ui->lstItems0, parts.caption);
+        AddLine(*ui->lstItems1, parts.branch);
     }
     EnableItemButtons(items.isEmpty() ? Buttons::Off : Buttons::On);
 }

@@ -5,47 +5,7 @@
 #include "guibuilder/dlgMenu.h"
 #include "guibuilder/frmColorDefault.h"
 #include "guibuilder/frmProp.h"
-// TEMP
-#if __has_include("guibuilder/frmSurfacePaint.h") && 0
 #include "guibuilder/frmSurfacePaint.h"
-#else
-#include <QPainter>
-namespace ob {
-class SurfaceStyle {
-public:
-    SurfaceStyle(const GuiForm&, int, int) {}
-    QColor surface = Qt::lightGray;
-};
-inline QRect PixelRect(const ControlRecord& c, int x, int y)
-{
-    return QRect(int(c.left) / x, int(c.top) / y, int(c.width) / x, int(c.height) / y);
-}
-inline QRect PaintedRect(const GuiForm& f, ControlRef r, int x, int y)
-{
-    return PixelRect(f.At(r), x, y);
-}
-inline void PaintControl(QPainter& p, const SurfaceStyle&, const GuiForm& f, ControlRef r)
-{
-    p.drawRect(PixelRect(f.At(r), 15, 15));
-    p.drawText(PixelRect(f.At(r), 15, 15), f.At(r).caption);
-}
-inline void PaintGrid(QPainter&, QRect, const GuiForm&, int, int) {}
-inline void PaintHandles(QPainter& p, QRect a, QRect b, bool)
-{
-    p.fillRect(a, Qt::red);
-    p.fillRect(b, Qt::red);
-}
-inline void PaintSelectionFrame(QPainter& p, QRect a)
-{
-    p.drawRect(a);
-}
-inline void PaintRubberBand(QPainter& p, QRect a)
-{
-    p.drawRect(a);
-}
-} // namespace ob
-#endif
-// ENDTEMP
 #include "guibuilder/modGuiCommands.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
@@ -163,7 +123,8 @@ void frmSurface::paintEvent(QPaintEvent* event)
             PaintControl(painter, *style, GuiDesign, ref);
     const auto& selection = designer.Selection();
     if (const auto& handles = designer.Handles())
-        PaintHandles(painter, PixelsOf(HandleRect(handles->lower)), PixelsOf(HandleRect(handles->upper)), GuiLocked);
+        PaintHandles(painter, PixelsOf(HandleRect(handles->lower)), PixelsOf(HandleRect(handles->upper)),
+                     GuiLocked ? HandleState::Locked : HandleState::Free);
     else
         for (const ControlRef ref : selection)
             PaintSelectionFrame(painter, PixelsOf(RectOf(GuiDesign.At(ref))));
@@ -178,10 +139,8 @@ void frmSurface::UpdateDamage()
         update();
         return;
     }
-    // Frames stand a little outside of what they frame.
-    constexpr int margin = 3;
     for (const SurfaceRect& part : damage.parts)
-        update(PixelsOf(part).adjusted(-margin, -margin, margin, margin));
+        update(PixelsOf(part).adjusted(-SelectionMargin, -SelectionMargin, SelectionMargin, SelectionMargin));
 }
 
 void frmSurface::UpdatePointer(QPointF pixel)

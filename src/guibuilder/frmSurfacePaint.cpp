@@ -21,7 +21,7 @@ constexpr QRgb Light = qRgb(227, 227, 227);
 constexpr QRgb Shadow = qRgb(160, 160, 160);
 constexpr QRgb DarkShadow = qRgb(105, 105, 105);
 constexpr QRgb WindowFrame = qRgb(100, 100, 100);
-constexpr QRgb ScrollTrack = qRgb(248, 248, 248);
+constexpr QRgb ScrollTrack = qRgb(232, 232, 232);
 constexpr QRgb ButtonText = qRgb(0, 0, 0);
 
 // Measures in pixels of the surface.

@@ -484,16 +484,27 @@ private Q_SLOTS:
         });
     }
 
-    void theKeyboardFindsALineSelectedInAList()
+    void theKeyboardLeadsToAListAndALine()
     {
         SetMenus(Words("A B"), 2);
-        Edit([](QDialog& dialog) {
-            QVERIFY(QTest::qWaitForWindowActive(&dialog));
-            qWarning() << QApplication::activeWindow() << dialog.focusWidget() << QApplication::focusWidget();
-            QTest::keyClick(&dialog, Qt::Key_T, Qt::AltModifier);
-            QTRY_COMPARE(dialog.focusWidget(), List(dialog, "lstItems0"));
-            QCOMPARE(Chosen(dialog, "lstItems1"), 0);
-        });
+        dlgMenu dialog;
+        dialog.show();
+        dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QCOMPARE(dialog.focusWidget(), List(dialog, "lstNames"));
+        QCOMPARE(Chosen(dialog, "lstItems1"), -1);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_T, Qt::AltModifier);
+        QTRY_COMPARE(dialog.focusWidget(), List(dialog, "lstItems0"));
+        QCOMPARE(Chosen(dialog, "lstItems1"), 0);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QCOMPARE(dialog.focusWidget(), List(dialog, "lstItems1"));
+        QCOMPARE(Chosen(dialog, "lstItems1"), 1);
+        bench->dialogs.ExpectInput(NewItem, std::nullopt);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_D, Qt::AltModifier);
+        QTRY_VERIFY(bench->dialogs.Finished());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_X, Qt::AltModifier);
+        QTRY_VERIFY(!dialog.isVisible());
     }
 
     void aDoubleClickEdits()
