@@ -39,8 +39,7 @@ ob::GuiForm CrowdedForm()
     constexpr int stepY = SurfaceHeight / (ControlCount / Columns);
     for (int number = 0; number < ControlCount; ++number) {
         const ob::KindTraits& traits = ob::KindTable[static_cast<std::size_t>(number) % ob::KindCount];
-        Put(form, traits.kind,
-            {number % Columns * stepX, number / Columns * stepY, traits.width, traits.height});
+        Put(form, traits.kind, {number % Columns * stepX, number / Columns * stepY, traits.width, traits.height});
     }
     return form;
 }

@@ -56,7 +56,9 @@ void dlgMenu::done(int result)
 {
     RunCommand([] {
         GuiDesign.menuLabel = EditedMenuLabel(GuiDesign);
-        MainForm->RefreshGui();
+        // The main window may be going, and this one with it.
+        if (MainForm != nullptr)
+            MainForm->RefreshGui();
     });
     QDialog::done(result);
 }

@@ -51,7 +51,7 @@ void AddSubstitute(QFont& font, const QString& name)
 {
     QString family = QStringLiteral("Liberation Sans");
     QFont::StyleHint hint = QFont::SansSerif;
-    if (NameHasAnyOf(name, {"courier", "mono", "consol", "fixed", "terminal", "typewriter", "lucida con", "fixedsys"})) {
+    if (NameHasAnyOf(name, {"courier", "mono", "consol", "fixed", "terminal", "typewriter", "lucida con"})) {
         family = QStringLiteral("Liberation Mono");
         hint = QFont::Monospace;
     } else if (!NameHasAnyOf(name, {"sans"}) &&
@@ -67,9 +67,8 @@ void AddSubstitute(QFont& font, const QString& name)
 double PointsOf(const QString& text)
 {
     const QString trimmed = TrimBlanks(text);
-    const auto end = std::ranges::find_if_not(trimmed, [](QChar each) {
-        return (each >= u'0' && each <= u'9') || each == u'.';
-    });
+    const auto end =
+        std::ranges::find_if_not(trimmed, [](QChar each) { return (each >= u'0' && each <= u'9') || each == u'.'; });
     const double points = QStringView(trimmed.begin(), end).toDouble();
     return points > 0 ? std::min(points, MostPoints) : UsualPoints;
 }

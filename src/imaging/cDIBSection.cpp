@@ -157,7 +157,7 @@ bool cDIBSection::SavePicture(const std::string& fileName, const FileWriter& wri
     const auto infoHeader = BytesOf(header);
     const std::array<ByteView, 3> pieces = {fileHeader, infoHeader, pixels.View()};
     const WriteResult result = write(fileName, pieces);
-    if (result.outcome == FileOutcome::NotOpened)
+    if (result.outcome != FileOutcome::Done && result.outcome != FileOutcome::Failed)
         RaiseFileNotOpened(result.systemError);
     return false;
 }

@@ -148,6 +148,7 @@ void cNearest::MakeCell(std::size_t number)
         cells = {};
         blocks.clear();
         places.clear();
+        colors.clear();
     }
     const std::size_t blockCount = (candidates.size() + 15) / 16;
     cells[number] = {static_cast<std::uint32_t>(blocks.size()), static_cast<std::uint32_t>(blockCount)};
@@ -159,6 +160,8 @@ void cNearest::MakeCell(std::size_t number)
             made.green[lane] = channels[1][candidate];
             made.blue[lane] = channels[2][candidate];
             places.push_back(indices[candidate]);
+            colors.push_back(std::uint32_t{made.red[lane]} << 16 | std::uint32_t{made.green[lane]} << 8 |
+                             made.blue[lane]);
         }
     }
 }

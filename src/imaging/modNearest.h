@@ -59,6 +59,8 @@ public:
     {
         return places[std::size_t{cell.firstBlock} * 16 + place];
     }
+    // The colours of the cell's places: blue in the low byte, then green and red.
+    const std::uint32_t* Colors(const Cell& cell) const { return colors.data() + std::size_t{cell.firstBlock} * 16; }
 
 private:
     void MakeCell(std::size_t number);
@@ -75,6 +77,7 @@ private:
     std::array<Cell, 4096> cells = {};
     std::vector<NearestBlock> blocks;
     std::vector<std::uint32_t> places;
+    std::vector<std::uint32_t> colors;
 };
 
 } // namespace ob

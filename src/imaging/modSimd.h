@@ -12,11 +12,14 @@
 
 namespace ob {
 
+// Tests switch this off to see what other processors do.
+inline bool vectorInstructionsAllowed = true;
+
 inline bool HasSse41()
 {
 #ifdef OB_X86
     static const bool has = __builtin_cpu_supports("sse4.1") && __builtin_cpu_supports("ssse3");
-    return has;
+    return has && vectorInstructionsAllowed;
 #else
     return false;
 #endif
@@ -26,7 +29,7 @@ inline bool HasAvx2()
 {
 #ifdef OB_X86
     static const bool has = __builtin_cpu_supports("avx2");
-    return has;
+    return has && vectorInstructionsAllowed;
 #else
     return false;
 #endif

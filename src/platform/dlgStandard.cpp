@@ -10,6 +10,7 @@
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 
@@ -136,10 +137,19 @@ BoxAnswer dlgStandard::Message(const MessageSpec& spec)
 
 std::optional<QString> dlgStandard::Input(const InputSpec& spec)
 {
-    bool accepted = false;
-    const QString text =
-        QInputDialog::getText(Owner(), spec.title, spec.prompt, QLineEdit::Normal, spec.initial, &accepted);
-    return accepted ? std::optional(text) : std::nullopt;
+    QInputDialog box(Owner());
+    box.setWindowTitle(spec.title);
+    box.setLabelText(QString());
+    box.setTextValue(spec.initial);
+    // The prompt may quote what the user wrote: neither its "&" nor its "<" means anything.
+    if (auto* prompt = box.findChild<QLabel*>()) {
+        prompt->setBuddy(nullptr);
+        prompt->setTextFormat(Qt::PlainText);
+        prompt->setText(spec.prompt);
+    }
+    if (auto* field = box.findChild<QLineEdit*>())
+        field->setAccessibleName(spec.prompt);
+    return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
 }
 
 QString dlgStandard::File(const FileSpec& spec)

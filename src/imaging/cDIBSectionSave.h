@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Writes pictures as bitmap files of 1, 4, 8 or 24 bits a pixel, reducing the colours first if asked.
+#pragma once
+
+#include "imaging/cDIBSection.h"
+#include "imaging/cPalette.h"
+
+#include <optional>
+#include <string>
+
+namespace ob {
+
+enum class SaveBitDepth { Bits1 = 0, Bits4 = 1, Bits8 = 2, Bits24 = 3 };
+
+enum class SaveReduceMode {
+    None = 0,     // each pixel takes the nearest colour of the file's table, in the picture too
+    Palette = 1,  // to the given palette, with error diffusion
+    Automatic = 2 // 1 bit: error diffusion to black and white; 4: the 16 colours, with it; 8: the best 236, without
+};
+
+class cDIBSectionSave {
+public:
+    // Always false, also after a good write. The picture takes the colours that the file has; at 24 bits it is written
+    // as it is, whatever the mode. The palette, which may be none, is the colour table at 8 bits, and is replaced by
+    // the one that was made: at 8 bits a half-tone one for none, in the automatic mode the 16 or 236 colours.
+    // Raises error 17 when the file cannot be opened, the missing-object error for no palette in the palette mode, and
+    // the subscript error for a palette without a colour that is near enough.
+    bool Save(const std::string& fileName, cDIBSection& picture, std::optional<cPalette>& palette, SaveBitDepth depth,
+              SaveReduceMode mode, const FileWriter& write) const;
+};
+
+} // namespace ob

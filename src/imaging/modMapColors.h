@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Maps the colours of a picture to those of a palette, with or without error diffusion.
+#pragma once
+
+#include "imaging/cDIBSection.h"
+#include "imaging/modNearest.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace ob {
+
+// Makes the target's lines from those of a source of its size, from the bottom line up. Raises the subscript error for
+// a colour that is near to no entry.
+//
+// The rules of the diffusion are told column by column; done line by line, a pixel takes its shares in the same order:
+// 7/16 from the left, then 4/16 from the line before, each cut and clamped by itself. The first and last columns take
+// nothing. The source stays as it is.
+class cMappedLines {
+public:
+    cMappedLines(const cDIBSection& original, cDIBSection& result, std::span<const PaletteEntry> palette);
+
+    // Both are called for all lines in their order, band by band.
+    void Make(std::int32_t firstLine, std::int32_t endLine);
+    void MakeDithered(std::int32_t firstLine, std::int32_t endLine);
+
+private:
+    struct Error {
+        std::array<std::int8_t, 4> shares = {}; // blue, green, red: what goes to the next line
+    };
+    struct LinePair {
+        const std::uint8_t* source = nullptr;
+        std::uint8_t* target = nullptr;
+    };
+    struct VectorSteps;
+
+    void MakeLinePlain(LinePair line);
+    void DitherLinePlain(LinePair line);
+    std::uint32_t NearestColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+
+    const cDIBSection& source;
+    cDIBSection& target;
+    std::span<const PaletteEntry> entries;
+    cNearest nearest;
+    std::vector<Error> before;
+};
+
+} // namespace ob

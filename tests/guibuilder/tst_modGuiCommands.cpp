@@ -1,0 +1,365 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The form builder's commands: what comes and goes with the form window, loading, new forms, compiling.
+#include "guibuilder/modGuiCommands.h"
+
+#include "guibuilder/FormLines.h"
+#include "guibuilder/GuiCommandBench.h"
+#include "platform/modFiles.h"
+
+#include <QDate>
+#include <QLocale>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+using namespace ob;
+
+namespace {
+
+constexpr char LoadFilter[] = "Gui Form (*.obf)|*.OBF";
+constexpr char DialogForm[] = "Dialog|Read|1|2|3|4|h|0|f *8\r\n";
+
+} // namespace
+
+class tst_modGuiCommands : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup()
+    {
+        QVERIFY(bench->dialogs.Finished());
+        bench.reset();
+    }
+
+    // --- The form window comes and goes. ---
+
+    void ANewWindowSetsTheFlagsAndClearsTheForm()
+    {
+        GuiPlacing = GuiLocked = GuiFormModified = true;
+        GuiGridOn = GuiDesign.GuiMenuOn = false;
+        GuiDesign.caption = QStringLiteral("Kept");
+        GuiDesign.windowTag = QStringLiteral("closed");
+        GuiDesign.GuiMenuNames[0] = GuiDesign.GuiMenuItems[0][0] = QStringLiteral("x");
+        AddControl(GuiDesign, ControlKind::Button);
+        GuiFormLoaded();
+        GuiForm expected;
+        expected.caption = QStringLiteral("Kept");
+        QVERIFY(GuiDesign == expected);
+        QVERIFY(GuiFormOpen && GuiGridOn);
+        QVERIFY(!(GuiFormModified || GuiPlacing || GuiLocked));
+        QCOMPARE(bench->form.status, QStringLiteral("Right click the window or controls for a properties dialog!"));
+        QCOMPARE(bench->form.log, Log({"enable mnuFileSaveGui"}));
+    }
+
+    void AClosedWindowTakesTheSaveCommandWithIt()
+    {
+        GuiFormLoaded();
+        bench->form.log.clear();
+        GuiFormUnloaded();
+        QVERIFY(!GuiFormOpen);
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("closed"));
+        QCOMPARE(bench->form.log, Log({"disable mnuFileSaveGui"}));
+    }
+
+    // --- Load. ---
+
+    void ALoadedFormIsTheFormUnderDesign()
+    {
+        OpenModifiedForm(*bench);
+        GuiFormModified = false;
+        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), "Window|Read|1|2|3|4|h|0|f *8\r\nmenu|&File|\r\n"));
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign.menuLabel, QStringLiteral("&File    "));
+        QVERIFY(GuiFormOpen && !GuiFormModified && !GuiFormLoading);
+        QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui",
+                                       "refresh gui", "enable tool 16"}));
+    }
+
+    void WithoutAFormWindowALoadMakesOne()
+    {
+        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm));
+        QVERIFY(GuiFormOpen && !GuiFormModified && !GuiFormLoading);
+        QVERIFY(!GuiDesign.GuiMenuOn);
+        QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool 16"}));
+    }
+
+    void ACorruptFileClosesTheWindow()
+    {
+        OpenModifiedForm(*bench);
+        GuiFormModified = false;
+        bench->dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
+        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), "open|Window Title| 0| 0| 0| 0|main|0|f *8|False|-1|True\r\n"));
+        QVERIFY(!GuiFormOpen && !GuiFormModified && !GuiFormLoading);
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("closed"));
+        QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui",
+                                       "unload gui", "disable mnuFileSaveGui"}));
+    }
+
+    void AFailedLoadLeavesWhatItBuilt_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::newRow("a missing field") << QByteArray("button|B|0");
+        QTest::newRow("a number that is none") << QByteArray("button|B|x|0|0|0|n|b");
+        QTest::newRow("too many items") << "menu|&File|" + QByteArray("*").repeated(21);
+        QTest::newRow("a bitmap that is gone") << QByteArray("bmpbutton|gone.bmp|0|0|0|0|n|b");
+        QTest::newRow("a bar in the caption") << QByteArray("button|yes|no|0|0|0|0|n|b");
+    }
+
+    void AFailedLoadLeavesWhatItBuilt()
+    {
+        QFETCH(QByteArray, line);
+        bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
+        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm + QByteArray("checkbox|C|0|0|0|0|n|b\r\n") + line +
+                                                            "\r\ntextbox|x|0|0|0|0|n"));
+        QVERIFY(GuiFormOpen && GuiFormLoading && !GuiFormModified);
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
+        QVERIFY(GuiDesign.At({ControlKind::Checkbox, 1}).visible);
+        QCOMPARE(GuiDesign.List(ControlKind::Textbox).size(), std::size_t{1});
+        QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool 16"}));
+
+        // The next good load ends it.
+        LoadGuiForm(bench->Put(QStringLiteral("b.obf"), DialogForm));
+        QVERIFY(!GuiFormLoading);
+    }
+
+    void AFileThatCannotBeReadIsAFailedLoad_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("gone") << QStringLiteral("gone.obf");
+        QTest::newRow("empty name") << QString();
+        QTest::newRow("a folder") << QStringLiteral(".");
+#ifdef Q_OS_UNIX
+        QTest::newRow("a pipe") << QStringLiteral("pipe.obf");
+#endif
+    }
+
+    void AFileThatCannotBeReadIsAFailedLoad()
+    {
+        QFETCH(QString, name);
+#ifdef Q_OS_UNIX
+        QCOMPARE(mkfifo("pipe.obf", 0600), 0);
+#endif
+        bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
+        LoadGuiForm(name);
+        QVERIFY(GuiFormOpen && GuiFormLoading);
+        QCOMPARE(FileOf(GuiDesign), Fresh({}));
+    }
+
+    void ALoadAsksAboutAModifiedForm()
+    {
+        OpenModifiedForm(*bench);
+        const QString path = bench->Put(QStringLiteral("a.obf"), DialogForm);
+        ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
+        LoadGuiForm(path);
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
+        QVERIFY(GuiFormOpen && GuiFormModified && !GuiFormLoading);
+        QVERIFY(bench->form.log.isEmpty());
+
+        ExpectCloseQuestion(*bench, BoxAnswer::Yes);
+        ExpectSaveBox(*bench, {});
+        LoadGuiForm(path);
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
+        QVERIFY(!GuiFormLoading);
+
+        ExpectCloseQuestion(*bench, BoxAnswer::Yes);
+        ExpectSaveBox(*bench, bench->Path(QStringLiteral("drawn.obf")));
+        LoadGuiForm(path);
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
+        QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("drawn.obf"))).contains("|Drawn|"));
+
+        GuiFormModified = true;
+        ExpectCloseQuestion(*bench, BoxAnswer::No);
+        LoadGuiForm(bench->Path(QStringLiteral("drawn.obf")));
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
+    }
+
+    void ARefusedLoadBehindAFailedOneLeavesItsMark()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
+        LoadGuiForm(QStringLiteral("gone.obf"));
+        GuiFormModified = true;
+        ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
+        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm));
+        QVERIFY(GuiFormLoading);
+    }
+
+    void TheLoadCommandTakesFormFilesOnly()
+    {
+        ExpectLoadBox({});
+        OpenModifiedForm(*bench);
+        mnuFileLoadGui_Click();
+        QVERIFY(GuiFormOpen && bench->form.log.isEmpty());
+
+        GuiFormModified = false;
+        for (const char* name : {"a.obf", "B.Obf", "obfuscated.txt"}) {
+            const QString path = bench->Put(QString::fromLatin1(name), DialogForm);
+            ExpectLoadBox(QDir(QString::fromLatin1(".")).filePath(QString::fromLatin1(name)));
+            GuiDesign.caption.clear();
+            mnuFileLoadGui_Click();
+            QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
+        }
+
+        bench->form.log.clear();
+        QDir().mkdir(QStringLiteral("sub"));
+        bench->Put(QStringLiteral("sub/a.bas"), DialogForm);
+        ExpectLoadBox(QStringLiteral("sub/a.bas"));
+        mnuFileLoadGui_Click();
+        QVERIFY(!GuiFormOpen && !GuiFormLoading);
+        QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui"}));
+    }
+
+    // --- New form, menu bar. ---
+
+    void ANewFormAsksForItsDefaults()
+    {
+        NewGuiForm();
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("open"));
+        QVERIFY(GuiFormOpen && !GuiFormModified);
+        QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "gui defaults"}));
+    }
+
+    void ANewFormAsksAboutTheOldOneAndKeepsItsWindow()
+    {
+        OpenModifiedForm(*bench);
+        GuiDesign.At(AddControl(GuiDesign, ControlKind::Button)).visible = true;
+        ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
+        NewGuiForm();
+        QCOMPARE(GuiDesign.windowTag, QString());
+        QVERIFY(bench->form.log.isEmpty());
+
+        ExpectCloseQuestion(*bench, BoxAnswer::No);
+        NewGuiForm();
+        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
+        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{1});
+        QCOMPARE(bench->form.log,
+                 Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui", "gui defaults"}));
+    }
+
+    void ANewFormSavedAtOnceCannotBeRead()
+    {
+        NewGuiForm();
+        const QString path = bench->Path(QStringLiteral("a.obf"));
+        SaveGuiForm(path);
+        QVERIFY(CoreBench::Get(path).contains("\r\nopen|Window Title| 1200|"));
+        bench->dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
+        LoadGuiForm(path);
+        QVERIFY(!GuiFormOpen);
+    }
+
+    void TheMenuBarIsShownOrNot()
+    {
+        OpenModifiedForm(*bench);
+        GuiShowMenu(MenuBar::Hidden);
+        QVERIFY(!GuiDesign.GuiMenuOn);
+        GuiShowMenu(MenuBar::Shown);
+        QVERIFY(GuiDesign.GuiMenuOn);
+        QCOMPARE(bench->form.log, Log({"refresh gui", "refresh gui"}));
+    }
+
+    void OnlyDialogsHaveNoMenuEditor()
+    {
+        for (const std::string_view type : WindowTypes)
+            EnableMenuEditor(LatinText(type));
+        QCOMPARE(bench->form.log, Log({"enable tool 16", "enable tool 16", "enable tool 16", "enable tool 16",
+                                       "disable tool 16", "disable tool 16"}));
+    }
+
+    // --- Compile. ---
+
+    void AProgramOpensInANewCodeWindow_data()
+    {
+        QTest::addColumn<bool>("isSimple");
+        QTest::newRow("outline") << false;
+        QTest::newRow("simple") << true;
+    }
+
+    void AProgramOpensInANewCodeWindow()
+    {
+        QFETCH(bool, isSimple);
+        OpenModifiedForm(*bench);
+        GuiDesign.caption = QStringLiteral("\u00C4\u20AC");
+        isSimple ? CompileSimple() : Compile();
+        QCOMPARE(bench->form.log, Log({"refresh gui", "show 1"}));
+        QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(bench->form.ActiveControl().caret, qsizetype{0});
+        const QString date = ShortDateText(QDate::currentDate(), QLocale::system());
+        GuiForm form = GuiDesign;
+        QCOMPARE(bench->form.ActiveControl().text,
+                 GenerateProgram(form, isSimple ? ProgramKind::Simple : ProgramKind::Outline, {date, std::nullopt})
+                     .text.toUtf8());
+        QVERIFY(bench->form.ActiveControl().text.contains("\r\n'** \xC3\x84\xE2\x82\xAC\r\n"));
+        QCOMPARE(bench->form.ActiveControl().text.contains("True = 1"), !isSimple);
+        // It saves nothing.
+        QVERIFY(GuiFormModified);
+    }
+
+    void WhatTheGeneratorFillsInStaysInTheForm()
+    {
+        OpenModifiedForm(*bench);
+        GuiDesign.At(AddControl(GuiDesign, ControlKind::Radiobutton)).visible = true;
+        CompileSimple();
+        QCOMPARE(GuiDesign.At({ControlKind::Radiobutton, 1}).branch, QStringLiteral("[radio1.click]"));
+    }
+
+    void CommentsStandInFrontWhenTheyAreOn_data()
+    {
+        QTest::addColumn<QByteArray>("file"); // "-": none
+        QTest::addColumn<QByteArray>("start");
+        QTest::newRow("comments") << QByteArray("'by \x80\r\n'me\r\n")
+                                  << QByteArray("'by \xE2\x82\xAC\r\n'me\r\n\r\n\r\n'** C");
+        QTest::newRow("no file") << QByteArray("-") << QByteArray("'no programmer's comments on file\r\n\r\n\r\n'** C");
+        QTest::newRow("an empty file") << QByteArray()
+                                       << QByteArray("'no programmer's comments on file\r\n\r\n\r\n'** C");
+        QTest::newRow("a line end alone") << QByteArray("\r\n") << QByteArray("\r\n\r\n\r\n'** C");
+    }
+
+    void CommentsStandInFrontWhenTheyAreOn()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QByteArray, start);
+        if (file != "-")
+            CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), file);
+        OpenModifiedForm(*bench);
+        AddComments = true;
+        Compile();
+        QVERIFY2(bench->form.ActiveControl().text.startsWith(start), bench->form.ActiveControl().text.constData());
+        AddComments = false;
+        CompileSimple();
+        QVERIFY(bench->form.ActiveControl().text.startsWith("'** Created by Orchard Bench - "));
+    }
+
+    void AMissingBitmapIsToldInFrontOfTheCode()
+    {
+        OpenModifiedForm(*bench);
+        GuiDesign.At(AddControl(GuiDesign, ControlKind::Bmpbutton)).visible = true;
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("Code contains at least one bmpbutton that has no valid bitmap file associated.  Please "
+                           "correct this in the code generated."),
+            BoxAnswer::Ok, BoxIcon::None);
+        Compile();
+        QVERIFY(bench->form.ActiveControl().text.contains("bmpbutton   #main.bmpbutton1, \"bmpbttn\","));
+    }
+
+    void WithoutAFormThereIsNoCode()
+    {
+        Compile();
+        CompileSimple();
+        QVERIFY(bench->form.log.isEmpty());
+        QCOMPARE(Documents.size(), std::size_t{0});
+    }
+
+private:
+    void ExpectLoadBox(const QString& chosen)
+    {
+        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), QString::fromLatin1(LoadFilter),
+                                  chosen);
+    }
+
+    std::unique_ptr<CoreBench> bench;
+};
+
+OB_CORE_TEST(tst_modGuiCommands)
+#include "tst_modGuiCommands.moc"

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Closing and saving a form: the question, the file, and what is left when it cannot be written.
+#include "guibuilder/modGuiCommands.h"
+
+#include "guibuilder/FormLines.h"
+#include "guibuilder/GuiCommandBench.h"
+#include "platform/FileTrouble.h"
+
+using namespace ob;
+
+namespace {
+
+constexpr char LostQuestion[] = "Line %1 of the form file holds a character that form files cannot store.\n"
+                                "Save with a question mark in place of each such character?";
+
+} // namespace
+
+class tst_modGuiSave : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup()
+    {
+        QVERIFY(bench->dialogs.Finished());
+        bench.reset();
+    }
+
+    // --- Closing a modified form. ---
+
+    void AFormClosesWithoutAQuestion_data()
+    {
+        QTest::addColumn<bool>("isModified");
+        QTest::addColumn<bool>("isAsked");
+        QTest::newRow("unmodified") << false << true;
+        QTest::newRow("modified, but the user does not want to be asked") << true << false;
+        QTest::newRow("neither") << false << false;
+    }
+
+    void AFormClosesWithoutAQuestion()
+    {
+        QFETCH(bool, isModified);
+        QFETCH(bool, isAsked);
+        OpenModifiedForm(*bench);
+        GuiFormModified = isModified;
+        QuitQuery = isAsked;
+        QCOMPARE(QueryGuiUnload(), UnloadAnswer::Unload);
+    }
+
+    void AModifiedFormAsks_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<bool>("unloads");
+        QTest::newRow("no") << static_cast<int>(BoxAnswer::No) << true;
+        QTest::newRow("cancel") << static_cast<int>(BoxAnswer::Cancel) << false;
+    }
+
+    void AModifiedFormAsks()
+    {
+        QFETCH(int, answer);
+        QFETCH(bool, unloads);
+        OpenModifiedForm(*bench);
+        ExpectCloseQuestion(*bench, static_cast<BoxAnswer>(answer));
+        QCOMPARE(QueryGuiUnload() == UnloadAnswer::Unload, unloads);
+        QVERIFY(GuiFormModified);
+    }
+
+    void YesSavesAndCloses()
+    {
+        OpenModifiedForm(*bench);
+        ExpectCloseQuestion(*bench, BoxAnswer::Yes);
+        ExpectSaveBox(*bench, bench->Path(QStringLiteral("drawn.obf")));
+        QCOMPARE(QueryGuiUnload(), UnloadAnswer::Unload);
+        QVERIFY(!GuiFormModified);
+        QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("drawn.obf"))).contains("\r\nWindow|Drawn| 1200|"));
+    }
+
+    void YesWithoutAFileKeepsTheWindow()
+    {
+        OpenModifiedForm(*bench);
+        ExpectCloseQuestion(*bench, BoxAnswer::Yes);
+        ExpectSaveBox(*bench, {});
+        QCOMPARE(QueryGuiUnload(), UnloadAnswer::Stay);
+        QVERIFY(GuiFormModified);
+    }
+
+    void YesWithAFailedSaveKeepsTheForm()
+    {
+        OpenModifiedForm(*bench);
+        ExpectCloseQuestion(*bench, BoxAnswer::Yes);
+        ExpectSaveBox(*bench, bench->Path(QStringLiteral("gone/drawn.obf")));
+        QCOMPARE(RaisedBy(QueryGuiUnload), 76);
+        QVERIFY(GuiFormModified && GuiFormOpen);
+    }
+
+    // --- Save. ---
+
+    void ASaveWritesTheFormAndTellsItsName()
+    {
+        OpenModifiedForm(*bench);
+        GuiDesign.caption = QStringLiteral("\u20AC");
+        GuiDesign.GuiHandleName.clear();
+        GuiDesign.At(AddControl(GuiDesign, ControlKind::Button)).visible = true;
+        const QString path = bench->Put(QStringLiteral("my form.obf"), QByteArray(10'000, 'o'));
+        SaveGuiForm(path);
+        QCOMPARE(CoreBench::Get(path), Fresh({"button|| 0| 0| 1200| 450|button1|button1.click|none|False|-1|True"})
+                                           .replace("Window Title", "\x80"));
+        QCOMPARE(bench->form.status, QStringLiteral("Form saved as my form.obf"));
+        QVERIFY(!GuiFormModified);
+        QCOMPARE(GuiDesign.GuiHandleName, QStringLiteral("main"));
+        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).branch, QStringLiteral("button1.click"));
+        QVERIFY(bench->form.log.isEmpty());
+    }
+
+    void ACharacterThatTheCodePageLacksIsAskedAbout_data()
+    {
+        QTest::addColumn<bool>("isYes");
+        QTest::newRow("yes") << true;
+        QTest::newRow("no") << false;
+    }
+
+    void ACharacterThatTheCodePageLacksIsAskedAbout()
+    {
+        QFETCH(bool, isYes);
+        OpenModifiedForm(*bench);
+        const QString status = bench->form.status;
+        GuiDesign.caption = QStringLiteral("\u03B1\u03B2");
+        GuiDesign.GuiHandleName = QStringLiteral("\u0100");
+        const QString path = bench->Put(QStringLiteral("a.obf"), "old");
+        bench->dialogs.ExpectQuestion(QString::fromLatin1(LostQuestion).arg(2), isYes ? BoxAnswer::Yes : BoxAnswer::No);
+        SaveGuiForm(path);
+        QCOMPARE(GuiFormModified, !isYes);
+        QCOMPARE(CoreBench::Get(path),
+                 isYes ? Fresh({}).replace("Window Title", "\?\?").replace("|main|", "|?|") : QByteArray("old"));
+        QCOMPARE(bench->form.status, isYes ? QStringLiteral("Form saved as a.obf") : status);
+        // The form itself keeps its characters.
+        QCOMPARE(GuiDesign.caption, QStringLiteral("\u03B1\u03B2"));
+    }
+
+    void AnUnmodifiedFormStaysUnmodifiedAfterNo()
+    {
+        OpenModifiedForm(*bench);
+        GuiFormModified = false;
+        GuiDesign.caption = QStringLiteral("\u03B1");
+        bench->dialogs.ExpectQuestion(QString::fromLatin1(LostQuestion).arg(2), BoxAnswer::No);
+        SaveGuiForm(bench->Path(QStringLiteral("a.obf")));
+        QVERIFY(!GuiFormModified);
+        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("a.obf"))));
+    }
+
+    void ElevenPanelsAreNotSaved()
+    {
+        for (const bool isModified : {true, false}) {
+            OpenModifiedForm(*bench);
+            GuiFormModified = isModified;
+            GuiDesign.GuiStatusbarOn = true;
+            GuiDesign.panels.resize(11);
+            const QString path = bench->Put(QStringLiteral("a.obf"), "old");
+            bench->form.status.clear();
+            QCOMPARE(RaisedBy([&] { SaveGuiForm(path); }), 9);
+            QCOMPARE(CoreBench::Get(path), QByteArray("old"));
+            QCOMPARE(GuiFormModified, isModified);
+            QCOMPARE(bench->form.status, QString());
+            GuiDesign.panels.resize(10);
+            SaveGuiForm(path);
+            QVERIFY(CoreBench::Get(path).contains("\r\nstatusbar|10|"));
+        }
+    }
+
+    void ASaveThatFailsLeavesFileAndForm_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("number");
+        QTest::newRow("a folder") << QStringLiteral("folder") << 75;
+        QTest::newRow("in a missing folder") << QStringLiteral("gone/a.obf") << 76;
+        QTest::newRow("in a closed folder") << QStringLiteral("closed/a.obf") << 75;
+        QTest::newRow("write-protected") << QStringLiteral("protected.obf") << 75;
+        QTest::newRow("disk full") << QStringLiteral("full.obf") << 61;
+    }
+
+    void ASaveThatFailsLeavesFileAndForm()
+    {
+#ifdef Q_OS_UNIX
+        QFETCH(QString, name);
+        QFETCH(int, number);
+        QFile::setPermissions(bench->Path({}), QFile::Permissions(0x7777));
+        QFile::setPermissions(bench->Path(QStringLiteral("..")), QFile::Permissions(0x7777));
+        QVERIFY(QDir().mkdir(QStringLiteral("folder")) && QDir().mkdir(QStringLiteral("closed")));
+        for (const char* old : {"protected.obf", "full.obf"})
+            bench->Put(QString::fromLatin1(old), "old");
+        QVERIFY(QFile::setPermissions(QStringLiteral("full.obf"), QFile::Permissions(0x6666)));
+        QVERIFY(QFile::setPermissions(QStringLiteral("closed"), QFile::Permissions(0x5555)));
+        QVERIFY(QFile::setPermissions(QStringLiteral("protected.obf"), QFile::Permissions(0x4444)));
+        OpenModifiedForm(*bench);
+        bench->form.status.clear();
+        const QString path = bench->Path(name);
+        int raised = 0;
+        {
+            const PlainUser user;
+            const FileSizeLimit limit(100);
+            raised = RaisedBy([&] { SaveGuiForm(path); });
+        }
+        QCOMPARE(raised, number);
+        QVERIFY(GuiFormModified);
+        QCOMPARE(bench->form.status, QString());
+        QCOMPARE(QDir(bench->Path({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name),
+                 Log({"closed", "folder", "full.obf", "protected.obf"}));
+        QVERIFY(QDir(bench->Path(QStringLiteral("closed"))).isEmpty());
+        for (const char* old : {"protected.obf", "full.obf"})
+            QCOMPARE(CoreBench::Get(bench->Path(QString::fromLatin1(old))), QByteArray("old"));
+        QVERIFY(QFile::setPermissions(QStringLiteral("closed"), QFile::Permissions(0x7777)));
+#else
+        QSKIP("has no such permissions");
+#endif
+    }
+
+    void TheSaveCommandNeedsAnActiveForm()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
+        guiSave();
+        OpenModifiedForm(*bench);
+        bench->Open(QStringLiteral("a.bas"));
+        bench->dialogs.ExpectMessage(QStringLiteral("The gui builder is not active; there is no form to save!"));
+        guiSave();
+        QVERIFY(GuiFormModified);
+    }
+
+    void TheSaveCommandAsksForTheFile()
+    {
+        OpenModifiedForm(*bench);
+        ExpectSaveBox(*bench, {});
+        guiSave();
+        QVERIFY(GuiFormModified);
+        ExpectSaveBox(*bench, bench->Path(QStringLiteral("a.obf")));
+        guiSave();
+        QVERIFY(!GuiFormModified);
+        QCOMPARE(bench->form.status, QStringLiteral("Form saved as a.obf"));
+        QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("a.obf"))).startsWith(FreshDefaults));
+    }
+
+private:
+    std::unique_ptr<CoreBench> bench;
+};
+
+OB_CORE_TEST(tst_modGuiSave)
+#include "tst_modGuiSave.moc"

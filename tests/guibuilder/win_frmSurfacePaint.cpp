@@ -1,0 +1,385 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The painter of the drawing surface: what of a control is painted where, in which colours, at any scale of the screen.
+#include "support/BenchTest.h"
+
+#include "guibuilder/SurfacePicture.h"
+
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QPalette>
+#include <QTest>
+
+#include <limits>
+
+using namespace ob;
+
+namespace {
+
+void AddKinds()
+{
+    QTest::addColumn<int>("kind");
+    for (const KindTraits& traits : KindTable)
+        QTest::newRow(std::string(traits.keyword).c_str()) << static_cast<int>(traits.kind);
+}
+
+ControlKind KindOfRow()
+{
+    QFETCH(int, kind);
+    return static_cast<ControlKind>(kind);
+}
+
+} // namespace
+
+class win_frmSurfacePaint : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void placesAreCutDownToWholePixels();
+    void hugeAndSenselessPlacesAreHeldInBounds();
+    void controlIsPaintedWhereItStands_data() { AddKinds(); }
+    void controlIsPaintedWhereItStands();
+    void hiddenControlPaintsNothing_data() { AddKinds(); }
+    void hiddenControlPaintsNothing();
+    void nothingIsPaintedOutsideThePaintedRect_data() { AddKinds(); }
+    void nothingIsPaintedOutsideThePaintedRect();
+    void hostileControlsArePaintedAtOnce_data() { AddKinds(); }
+    void hostileControlsArePaintedAtOnce();
+    void painterIsGivenBackAsItWas_data() { AddKinds(); }
+    void painterIsGivenBackAsItWas();
+    void fieldsHaveTheFormsColors();
+    void buttonFaceDoesNotFollowTheBenchsPalette();
+    void captionHasTheForegroundColor();
+    void comboboxHasItsArrowAtTheRightEdge();
+    void comboboxShowsItsIndex();
+    void comboboxTextBeginsAtTheFieldsCorner();
+    void checkAndRadioMarksStandAtTheLeft();
+    void texteditorHasTwoScrollBarsAndListboxOne();
+    void groupboxLeavesItsInsideAlone();
+    void groupboxFrameHasAGapForTheCaption();
+    void pictureIsCentredAndNotScaled();
+    void pictureLargerThanItsButtonIsClipped();
+    void buttonWithoutItsPictureShowsAText();
+    void graphicboxHasItsOwnFillAndAThinFrame();
+    void fieldsShowAmpersandsAsTheyAre();
+};
+
+void win_frmSurfacePaint::placesAreCutDownToWholePixels()
+{
+    ControlRecord control;
+    control.left = 149.9F;
+    control.top = -1;
+    control.width = 1200;
+    control.height = 44.5F;
+    QCOMPARE(PixelRect(control, 15, 15), QRect(9, -1, 80, 2));
+    QCOMPARE(PixelRect(control, 10, 20), QRect(14, -1, 120, 2));
+}
+
+void win_frmSurfacePaint::hugeAndSenselessPlacesAreHeldInBounds()
+{
+    ControlRecord control;
+    control.left = -1e30F;
+    control.top = std::numeric_limits<float>::infinity();
+    control.width = 1e30F;
+    control.height = -500;
+    const QRect rect = PixelRect(control, 15, 15);
+    QVERIFY(rect.x() <= -20000 && rect.x() >= -32768);
+    QVERIFY(rect.y() >= 20000 && rect.y() <= 32767);
+    QVERIFY(rect.width() >= 20000 && rect.width() <= 32767);
+    QCOMPARE(rect.height(), 0);
+    control.left = std::numeric_limits<float>::quiet_NaN();
+    QCOMPARE(PixelRect(control, 15, 15).x(), 0);
+    QCOMPARE(PixelRect(control, 0, -3).x(), 0);
+}
+
+void win_frmSurfacePaint::controlIsPaintedWhereItStands()
+{
+    GuiForm form;
+    const QRect place(20, 30, 60, 40);
+    const ControlRef ref = Put(form, KindOfRow(), place);
+    QCOMPARE(Painted(form, ref).Touched(), place);
+    QCOMPARE(Painted(form, ref, 2).Touched(), QRect(40, 60, 120, 80));
+}
+
+void win_frmSurfacePaint::hiddenControlPaintsNothing()
+{
+    GuiForm form;
+    const ControlRef ref = Put(form, KindOfRow(), {20, 30, 60, 40});
+    form.At(ref).visible = false;
+    QVERIFY(Painted(form, ref).Touched().isEmpty());
+    QVERIFY(PaintedRect(form, ref, SurfaceTwips, SurfaceTwips).isEmpty());
+}
+
+void win_frmSurfacePaint::nothingIsPaintedOutsideThePaintedRect()
+{
+    GuiForm form;
+    form.GuiFontSize = QStringLiteral("24");
+    const ControlRef ref = Put(form, KindOfRow(), {});
+    form.At(ref).caption = QStringLiteral("&Words that are far too long for so small a place jjjj");
+    for (const QRect& place : {QRect(41, 33, 80, 30), QRect(41, 33, 30, 7), QRect(41, 33, 3, 60), QRect(41, 33, 1, 1),
+                               QRect(41, 33, 12, 12), QRect(41, 33, 0, 20), QRect(41, 33, 20, 0)}) {
+        Place(form.At(ref), place);
+        const QRect painted = PaintedRect(form, ref, SurfaceTwips, SurfaceTwips);
+        for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+            const QRect touched = Painted(form, ref, scale).Touched();
+            const QRectF allowed(painted.x() * scale, painted.y() * scale, painted.width() * scale,
+                                 painted.height() * scale);
+            QVERIFY2(touched.isEmpty() || allowed.contains(QRectF(touched)), qPrintable(QString::number(scale)));
+        }
+    }
+}
+
+void win_frmSurfacePaint::hostileControlsArePaintedAtOnce()
+{
+    constexpr int mostMilliseconds = 2000; // for what takes some milliseconds, on however busy a machine
+    GuiForm form;
+    const ControlRef ref = Put(form, KindOfRow(), {20, 30, 60, 40});
+    ControlRecord& control = form.At(ref);
+    QElapsedTimer timer;
+    timer.start();
+    for (const float measure : {1e30F, -1e30F, std::numeric_limits<float>::infinity(), 449999.5F, 0.5F, -20.0F})
+        for (const double scale : {1.0, 2.0}) {
+            control.left = control.top = -measure / 2;
+            control.width = control.height = measure;
+            Painted(form, ref, scale);
+        }
+    control.caption = QString(1000000, u'W') + QString(1000, u'\n') + QString(100000, u'&');
+    Place(control, {0, 0, 150, 100});
+    Painted(form, ref);
+    form.GuiFontSize = QStringLiteral("99999999999");
+    Painted(form, ref);
+    QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+}
+
+void win_frmSurfacePaint::painterIsGivenBackAsItWas()
+{
+    GuiForm form;
+    const ControlRef ref = Put(form, KindOfRow(), {20, 30, 40, 20});
+    for (const double scale : {1.0, 1.5}) {
+        SurfacePicture picture(scale);
+        QPainter painter(&picture.image);
+        painter.setPen(Qt::red);
+        painter.setBrush(Qt::green);
+        painter.translate(3, 4);
+        const QTransform before = painter.worldTransform();
+        PaintControl(painter, SurfaceStyle(form, SurfaceTwips, SurfaceTwips), form, ref);
+        QCOMPARE(painter.worldTransform(), before);
+        QCOMPARE(painter.pen().color(), QColor(Qt::red));
+        QCOMPARE(painter.brush().color(), QColor(Qt::green));
+        QVERIFY(!painter.hasClipping());
+    }
+}
+
+void win_frmSurfacePaint::fieldsHaveTheFormsColors()
+{
+    GuiForm form;
+    form.GuiBackgroundColor = QStringLiteral("Darkblue");
+    form.GuiTextboxColor = QStringLiteral("Yellow");
+    form.GuiTexteditorColor = QStringLiteral("Cyan");
+    form.GuiListboxColor = QStringLiteral("Green");
+    form.GuiComboboxColor = QStringLiteral("Pink");
+    const auto middle = [&](ControlKind kind) {
+        const ControlRef ref = Put(form, kind, {10, 10, 120, 80});
+        form.At(ref).caption.clear();
+        return Painted(form, ref).At(70, 50);
+    };
+    QCOMPARE(middle(ControlKind::Textbox), QColor(255, 255, 0));
+    QCOMPARE(middle(ControlKind::Texteditor), QColor(0, 255, 255));
+    QCOMPARE(middle(ControlKind::Listbox), QColor(0, 255, 0));
+    QCOMPARE(middle(ControlKind::Combobox), QColor(255, 0, 255));
+    QCOMPARE(middle(ControlKind::Statictext), QColor(0, 0, 128));
+    QCOMPARE(middle(ControlKind::Checkbox), QColor(0, 0, 128));
+    QCOMPARE(middle(ControlKind::Radiobutton), QColor(0, 0, 128));
+    QCOMPARE(middle(ControlKind::Button), QColor(240, 240, 240));
+    QCOMPARE(middle(ControlKind::Bmpbutton), QColor(240, 240, 240));
+}
+
+void win_frmSurfacePaint::buttonFaceDoesNotFollowTheBenchsPalette()
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::black, Qt::black));
+    GuiForm form;
+    const SurfacePicture picture = Painted(form, Put(form, ControlKind::Button, {10, 10, 120, 80}));
+    QApplication::setPalette(before);
+    QCOMPARE(SurfaceStyle(form, SurfaceTwips, SurfaceTwips).surface, QColor(240, 240, 240));
+    QCOMPARE(picture.At(20, 20), QColor(240, 240, 240));
+}
+
+void win_frmSurfacePaint::captionHasTheForegroundColor()
+{
+    GuiForm form;
+    form.GuiFontSize = QStringLiteral("40"); // thick strokes have pixels that are nothing but ink
+    form.GuiForegroundColor = QStringLiteral("Red");
+    const auto ink = [&](ControlKind kind) {
+        const ControlRef ref = Put(form, kind, {10, 10, 150, 100});
+        form.At(ref).caption = QStringLiteral("HHH");
+        return !Painted(form, ref).WhereIs(QColor(255, 0, 0)).isEmpty();
+    };
+    for (const ControlKind kind :
+         {ControlKind::Statictext, ControlKind::Groupbox, ControlKind::Textbox, ControlKind::Texteditor,
+          ControlKind::Checkbox, ControlKind::Radiobutton, ControlKind::Listbox, ControlKind::Combobox})
+        QVERIFY2(ink(kind), std::string(TraitsOf(kind).keyword).c_str());
+    // Buttons have the system's colours, as in the program.
+    QVERIFY(!ink(ControlKind::Button));
+}
+
+void win_frmSurfacePaint::comboboxHasItsArrowAtTheRightEdge()
+{
+    GuiForm form;
+    form.GuiForegroundColor = QStringLiteral("White"); // black is then the arrow's alone
+    const ControlRef ref = Put(form, ControlKind::Combobox, {10, 10, 120, 30});
+    const QRect arrow = Painted(form, ref).WhereIs(Qt::black);
+    QCOMPARE(arrow.size(), QSize(7, 4));
+    QVERIFY(arrow.left() > 129 - 20);
+    QVERIFY(arrow.right() < 129 - 2);
+    QCOMPARE(arrow.center().y(), 24);
+    QCOMPARE(Painted(form, ref, 2).WhereIs(Qt::black).size(), QSize(15, 8));
+}
+
+void win_frmSurfacePaint::comboboxShowsItsIndex()
+{
+    GuiForm form;
+    const ControlRef first = Put(form, ControlKind::Combobox, {10, 10, 150, 30});
+    const ControlRef second = Put(form, ControlKind::Combobox, {10, 10, 150, 30});
+    form.At(second).caption = QStringLiteral("what a file has there");
+    const QImage one = Painted(form, first).image;
+    QVERIFY(one != Painted(form, second).image);
+    // The text is the kind's and the index, nothing of the caption.
+    form.At(second).caption.clear();
+    const QImage two = Painted(form, second).image;
+    form.At(second).caption = QStringLiteral("other");
+    QCOMPARE(Painted(form, second).image, two);
+}
+
+void win_frmSurfacePaint::comboboxTextBeginsAtTheFieldsCorner()
+{
+    GuiForm form;
+    form.GuiFontSize = QStringLiteral("30");
+    form.GuiComboboxColor = QStringLiteral("Yellow");
+    form.GuiForegroundColor = QStringLiteral("Red");
+    const ControlRef ref = Put(form, ControlKind::Combobox, {10, 10, 180, 100});
+    const QRect ink = Painted(form, ref).WhereIs(QColor(255, 0, 0));
+    QVERIFY(ink.left() >= 12 && ink.left() <= 17);
+    QVERIFY(ink.top() >= 12 && ink.top() <= 25);
+}
+
+void win_frmSurfacePaint::checkAndRadioMarksStandAtTheLeft()
+{
+    GuiForm form;
+    form.GuiBackgroundColor = QStringLiteral("Darkred");
+    for (const ControlKind kind : {ControlKind::Checkbox, ControlKind::Radiobutton}) {
+        const ControlRef ref = Put(form, kind, {10, 10, 120, 30});
+        form.At(ref).caption.clear();
+        const SurfacePicture picture = Painted(form, ref);
+        QCOMPARE(picture.At(16, 24), QColor(Qt::white));
+        QCOMPARE(picture.At(24, 24), QColor(128, 0, 0));
+        QCOMPARE(picture.At(16, 16), QColor(128, 0, 0));
+        QCOMPARE(picture.At(16, 33), QColor(128, 0, 0));
+    }
+}
+
+void win_frmSurfacePaint::texteditorHasTwoScrollBarsAndListboxOne()
+{
+    GuiForm form;
+    form.GuiTexteditorColor = form.GuiListboxColor = QStringLiteral("Red");
+    const QColor field(255, 0, 0);
+    const QRect place(10, 10, 150, 120);
+    QCOMPARE(Painted(form, Put(form, ControlKind::Texteditor, place)).WhereIs(field), QRect(12, 12, 129, 99));
+    QCOMPARE(Painted(form, Put(form, ControlKind::Listbox, place)).WhereIs(field), QRect(12, 12, 129, 116));
+    form.GuiTextboxColor = QStringLiteral("Red");
+    QCOMPARE(Painted(form, Put(form, ControlKind::Textbox, place)).WhereIs(field), QRect(12, 12, 146, 116));
+}
+
+void win_frmSurfacePaint::groupboxLeavesItsInsideAlone()
+{
+    GuiForm form;
+    const SurfacePicture picture = Painted(form, Put(form, ControlKind::Groupbox, {10, 10, 120, 100}));
+    for (int y = 30; y < 105; ++y)
+        for (int x = 14; x < 125; ++x)
+            QCOMPARE(picture.At(x, y), Blank);
+}
+
+void win_frmSurfacePaint::groupboxFrameHasAGapForTheCaption()
+{
+    GuiForm form;
+    const QColor shadow(160, 160, 160);
+    const ControlRef ref = Put(form, ControlKind::Groupbox, {10, 10, 120, 100});
+    form.At(ref).caption = QStringLiteral("   ");
+    const SurfacePicture gap = Painted(form, ref);
+    const int line = gap.WhereIs(shadow).top();
+    QVERIFY(line > 12 && line < 22);
+    QCOMPARE(gap.At(12, line), shadow);
+    QCOMPARE(gap.At(20, line), QColor(240, 240, 240));
+    QCOMPARE(gap.At(100, line), shadow);
+    form.At(ref).caption.clear();
+    QCOMPARE(Painted(form, ref).At(20, line), shadow);
+}
+
+static QImage Pattern(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixelColor(x, y, QColor(10 + x * 5, 10 + y * 5, 77));
+    return image;
+}
+
+void win_frmSurfacePaint::pictureIsCentredAndNotScaled()
+{
+    GuiForm form;
+    const ControlRef ref = Put(form, ControlKind::Bmpbutton, {10, 10, 60, 50});
+    form.At(ref).picture = Pattern(30, 20);
+    const SurfacePicture picture = Painted(form, ref);
+    QCOMPARE(picture.image.copy(25, 25, 30, 20), Pattern(30, 20));
+    QCOMPARE(picture.At(24, 30), QColor(240, 240, 240));
+    QCOMPARE(picture.At(55, 30), QColor(240, 240, 240));
+}
+
+void win_frmSurfacePaint::pictureLargerThanItsButtonIsClipped()
+{
+    GuiForm form;
+    const QRect place(10, 10, 25, 15);
+    const ControlRef ref = Put(form, ControlKind::Bmpbutton, place);
+    form.At(ref).picture = Pattern(40, 40);
+    const SurfacePicture picture = Painted(form, ref);
+    QCOMPARE(picture.Touched(), place);
+    QCOMPARE(picture.image.copy(place), Pattern(40, 40).copy(0, 0, 25, 15));
+}
+
+void win_frmSurfacePaint::buttonWithoutItsPictureShowsAText()
+{
+    GuiForm form;
+    const ControlRef ref = Put(form, ControlKind::Bmpbutton, {10, 10, 30, 30});
+    QCOMPARE(form.At(ref).caption, NoBitmap);
+    const QImage placeholder = Painted(form, ref).image;
+    form.At(ref).caption.clear();
+    const QImage bare = Painted(form, ref).image;
+    QVERIFY(placeholder != bare);
+    // Of a picture that is missing, the file's name is told.
+    form.At(ref).caption = QStringLiteral("c:\\pictures\\bmpbttn");
+    QCOMPARE(Painted(form, ref).image, placeholder);
+}
+
+void win_frmSurfacePaint::graphicboxHasItsOwnFillAndAThinFrame()
+{
+    GuiForm form;
+    const ControlRef ref = Put(form, ControlKind::Graphicbox, {10, 10, 50, 40});
+    form.At(ref).backColor = Rgb(0, 128, 255);
+    const SurfacePicture picture = Painted(form, ref);
+    QCOMPARE(picture.WhereIs(QColor(0, 128, 255)), QRect(11, 11, 48, 38));
+    QCOMPARE(picture.At(10, 10), picture.At(59, 49));
+    form.At(ref).backColor = 0x8000000F;
+    QCOMPARE(Painted(form, ref).At(30, 30), QColor(240, 240, 240));
+}
+
+void win_frmSurfacePaint::fieldsShowAmpersandsAsTheyAre()
+{
+    GuiForm form;
+    const ControlRef ref = Put(form, ControlKind::Textbox, {10, 10, 100, 30});
+    form.At(ref).caption = QStringLiteral("A&B");
+    const QImage one = Painted(form, ref).image;
+    form.At(ref).caption = QStringLiteral("A&&B");
+    QVERIFY(one != Painted(form, ref).image);
+}
+
+OB_BENCH_TEST(win_frmSurfacePaint)
+#include "win_frmSurfacePaint.moc"
