@@ -21,6 +21,8 @@ public:
     virtual void FillLabelLists() = 0;
     virtual void FillBranchBox() = 0;
 
+    virtual int WidthInPixels() const = 0;
+
 protected:
     ~cDocumentWindow() = default;
 };

@@ -21,8 +21,11 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLibrary>
+#include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStringListModel>
 #include <QToolButton>
 
 namespace ob {
@@ -46,22 +49,43 @@ SciLexerOB_CreateFunction* FindCreate(const QString& path)
     return reinterpret_cast<SciLexerOB_CreateFunction*>(QLibrary::resolve(path, SciLexerOB_CreateName));
 }
 
-bool IsReturn(QEvent* event)
+bool IsReturn(const QKeyEvent& key)
 {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    return (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && !key->isAutoRepeat();
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
+// A drop-down list with a field that may show a label which is no longer in the list.
 QComboBox* MakeLabelBox(QWidget* parent, const QString& name, const QString& accessibleName)
 {
     auto* box = new QComboBox(parent);
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
-    box->setEditable(false);
-    box->setPlaceholderText(QStringLiteral("[ branch labels ]"));
+    box->setModel(new QStringListModel(box));
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->lineEdit()->setPlaceholderText(QStringLiteral("[ branch labels ]"));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMaxVisibleItems(30);
+    if (auto* view = qobject_cast<QListView*>(box->view()))
+        view->setUniformItemSizes(true);
     return box;
+}
+
+QStringList TextsOf(const std::vector<LabelEntry>& index)
+{
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(index.size()));
+    for (const LabelEntry& entry : index)
+        texts.append(QString::fromUtf8(entry.text));
+    return texts;
+}
+
+void ShowLabels(QComboBox& box, const QStringList& entries, const QString& current)
+{
+    static_cast<QStringListModel*>(box.model())->setStringList(entries);
+    box.setCurrentIndex(static_cast<int>(entries.indexOf(current)));
+    box.setEditText(current);
+    box.lineEdit()->setCursorPosition(0);
 }
 
 } // namespace
@@ -119,17 +143,7 @@ void frmDocument::MakeHeadRow()
         });
         left += 200;
     }
-    cboLabels = MakeLabelBox(this, QStringLiteral("cboLabels"), QStringLiteral("Branch labels"));
-    cboSorted = MakeLabelBox(this, QStringLiteral("cboSorted"), QStringLiteral("Branch labels, sorted"));
-    cboSorted->hide();
-
-    cmdBranch = new QPushButton(QStringLiteral("Refresh"), this);
-    cmdBranch->setObjectName(QStringLiteral("cmdBranch"));
-    cmdBranch->setToolTip(QStringLiteral("Refresh Branch Label List"));
-    connect(cmdBranch, &QPushButton::clicked, this, [this] { RunCommand([this] { FillBranchBox(); }); });
-    cmdSort = new QPushButton(QStringLiteral("Sort"), this);
-    cmdSort->setObjectName(QStringLiteral("cmdSort"));
-    cmdSort->setToolTip(QStringLiteral("Toggle Branch Label Sort Order"));
+    MakeLabelControls();
     chkWrap = new QCheckBox(QStringLiteral("Wrap"), this);
     chkWrap->setObjectName(QStringLiteral("chkWrap"));
     connect(chkWrap, &QCheckBox::toggled, this, &frmDocument::chkWrap_Click);
@@ -140,6 +154,26 @@ void frmDocument::MakeHeadRow()
          {static_cast<QWidget*>(cboLabels), static_cast<QWidget*>(cboSorted), static_cast<QWidget*>(cmdBranch),
           static_cast<QWidget*>(cmdSort), static_cast<QWidget*>(chkWrap)})
         control->setFont(small);
+}
+
+void frmDocument::MakeLabelControls()
+{
+    cboLabels = MakeLabelBox(this, QStringLiteral("cboLabels"), QStringLiteral("Branch labels"));
+    cboSorted = MakeLabelBox(this, QStringLiteral("cboSorted"), QStringLiteral("Branch labels, sorted"));
+    cboSorted->hide();
+    for (QComboBox* list : {cboLabels, cboSorted}) {
+        // The wheel would jump through the text label by label.
+        list->installEventFilter(this);
+        connect(list, &QComboBox::activated, this, [this, list] { RunCommand([&] { GoToLabelOf(*list); }); });
+    }
+    cmdBranch = new QPushButton(QStringLiteral("Refresh"), this);
+    cmdBranch->setObjectName(QStringLiteral("cmdBranch"));
+    cmdBranch->setToolTip(QStringLiteral("Refresh Branch Label List"));
+    connect(cmdBranch, &QPushButton::clicked, this, [this] { RunCommand([this] { FillBranchBox(); }); });
+    cmdSort = new QPushButton(QStringLiteral("Sort"), this);
+    cmdSort->setObjectName(QStringLiteral("cmdSort"));
+    cmdSort->setToolTip(QStringLiteral("Toggle Branch Label Sort Order"));
+    connect(cmdSort, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdSort_Click(); }); });
 }
 
 frmDocument::Birth frmDocument::LoadControl()
@@ -217,29 +251,43 @@ void frmDocument::Deactivate()
 
 void frmDocument::FillLabelLists()
 {
+    std::vector<LabelEntry> index = LabelIndex(QByteArrayView(SciText(document.sci)));
+    const QStringList entries = TextsOf(index);
+    // The label shown stays, even when it is no longer in the text.
     QString current = cboLabels->currentText();
-    QStringList entries;
-    for (const LabelEntry& entry : LabelIndex(QByteArrayView(SciText(document.sci))))
-        entries.append(QString::fromUtf8(entry.text));
-    cboLabels->clear();
-    cboLabels->addItems(entries);
-    entries.sort(Qt::CaseInsensitive);
-    cboSorted->clear();
-    cboSorted->addItems(entries);
-    if (current.isEmpty() && cboLabels->count() > 0)
-        current = cboLabels->itemText(0);
-    cboLabels->setCurrentIndex(cboLabels->findText(current, Qt::MatchExactly));
-    cboSorted->setCurrentIndex(cboSorted->findText(current, Qt::MatchExactly));
+    if (current.isEmpty() && !entries.isEmpty())
+        current = entries.first();
+    ShowLabels(*cboLabels, entries, current);
+    ShowLabels(*cboSorted, TextsOf(SortedLabels(std::move(index))), current);
 }
 
 void frmDocument::FillBranchBox()
 {
-    // The caret's way through the document must not be seen.
-    setUpdatesEnabled(false);
-    const std::intptr_t start = SendSci(document.sci, SCI_GETSELECTIONSTART);
+    const std::intptr_t start = SelectionStartBehindFirst(document.sci);
     FillLabelLists();
-    SendSci(document.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(start < 2 ? 1 : start));
-    setUpdatesEnabled(true);
+    SendSci(document.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(start));
+}
+
+void frmDocument::GoToLabelOf(const QComboBox& list)
+{
+    const QString target = list.currentText();
+    // What the list shows next goes by this field, whichever list is in sight.
+    cboLabels->setEditText(target);
+    GoToLabel(document.sci, target.toUtf8());
+}
+
+void frmDocument::cmdSort_Click()
+{
+    const bool toSorted = cboSorted->isHidden();
+    QComboBox* shown = toSorted ? cboSorted : cboLabels;
+    QComboBox* hidden = toSorted ? cboLabels : cboSorted;
+    const QString current = hidden->currentText();
+    hidden->hide();
+    shown->setCurrentIndex(shown->findText(current, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    shown->setEditText(current);
+    shown->show();
+    cmdSort->setText(toSorted ? QStringLiteral("No Sort") : QStringLiteral("Sort"));
+    FollowSortToggle(document.sci);
 }
 
 void frmDocument::chkWrap_Click()
@@ -264,8 +312,23 @@ void frmDocument::HookSci(Hook enable)
     }
 }
 
+void frmDocument::FilterKey(const QKeyEvent& key)
+{
+    if (!IsReturn(key))
+        return;
+    if (key.type() == QEvent::KeyPress) {
+        returnPressed = true;
+    } else if (returnPressed && !key.isAutoRepeat()) {
+        // A Return that was pressed in a box and is let go here has broken no line.
+        returnPressed = false;
+        RunCommand([this] { AddTab(document); });
+    }
+}
+
 bool frmDocument::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched != edit)
+        return event->type() == QEvent::Wheel || QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::ShortcutOverride) {
         // The menu's keys come before the control's own bindings.
         const auto* key = static_cast<QKeyEvent*>(event);
@@ -274,13 +337,10 @@ bool frmDocument::eventFilter(QObject* watched, QEvent* event)
             return true;
         }
     }
-    if (event->type() == QEvent::KeyPress)
-        returnPressed = IsReturn(event);
-    // A Return that was pressed in a box and is let go here has broken no line.
-    if (event->type() == QEvent::KeyRelease && IsReturn(event) && returnPressed) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
+        FilterKey(*static_cast<QKeyEvent*>(event));
+    if (event->type() == QEvent::FocusOut)
         returnPressed = false;
-        RunCommand([this] { AddTab(document); });
-    }
     return QWidget::eventFilter(watched, event);
 }
 

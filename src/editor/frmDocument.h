@@ -8,6 +8,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QKeyEvent;
 class QPushButton;
 class QToolButton;
 
@@ -36,6 +37,7 @@ public:
     void ShowCaption(const QString& caption) override;
     void FillLabelLists() override;
     void FillBranchBox() override;
+    int WidthInPixels() const override { return width(); }
 
     QSize sizeHint() const override { return {640, 480}; }
 
@@ -52,6 +54,10 @@ private:
     enum class Hook { Off, On };
 
     void MakeHeadRow();
+    void MakeLabelControls();
+    void FilterKey(const QKeyEvent& key);
+    void GoToLabelOf(const QComboBox& list);
+    void cmdSort_Click();
     void HookSci(Hook enable);
     void LetGo();
     void chkWrap_Click();

@@ -55,4 +55,24 @@ void ClearBookmarks(Sci sci)
     SendSci(sci, SCI_MARKERDELETEALL, static_cast<std::uintptr_t>(-1));
 }
 
+std::vector<std::intptr_t> BookmarkedLines(Sci sci, std::intptr_t first, std::intptr_t last)
+{
+    std::vector<std::intptr_t> lines;
+    const auto next = [sci](std::intptr_t from) {
+        return SendSci(sci, SCI_MARKERNEXT, static_cast<std::uintptr_t>(from), 1 << BookmarkMarker);
+    };
+    for (std::intptr_t line = next(first); line >= 0 && line <= last; line = next(line + 1))
+        lines.push_back(line);
+    return lines;
+}
+
+void SetBookmarks(Sci sci, std::intptr_t first, const std::vector<std::intptr_t>& lines)
+{
+    if (lines.empty())
+        return;
+    SendSci(sci, SCI_MARKERDELETE, static_cast<std::uintptr_t>(first), -1);
+    for (const std::intptr_t line : lines)
+        SendSci(sci, SCI_MARKERADD, static_cast<std::uintptr_t>(line), static_cast<std::intptr_t>(BookmarkMarker));
+}
+
 } // namespace ob

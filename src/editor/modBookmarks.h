@@ -4,6 +4,8 @@
 
 #include "editor/modSci.h"
 
+#include <vector>
+
 namespace ob {
 
 inline constexpr std::uintptr_t BookmarkMarker = 1;
@@ -18,5 +20,10 @@ void NextBookmark(Sci sci);
 void PreviousBookmark(Sci sci);
 
 void ClearBookmarks(Sci sci);
+
+// The bookmarked lines from first to last, and the way to give them their bookmarks back when their text has been
+// replaced as a whole, which leaves all of them on the first line.
+std::vector<std::intptr_t> BookmarkedLines(Sci sci, std::intptr_t first, std::intptr_t last);
+void SetBookmarks(Sci sci, std::intptr_t first, const std::vector<std::intptr_t>& lines);
 
 } // namespace ob

@@ -3,51 +3,113 @@
 #include "editor/modEdit.h"
 
 #include "editor/cDocument.h"
+#include "editor/modBookmarks.h"
 #include "editor/modDocument.h"
+#include "editor/modEditText.h"
+#include "editor/modSyntaxTable.h"
+#include "editor/modUserTexts.h"
+#include "platform/modAnsi.h"
 #include "platform/modDialogs.h"
+#include "platform/modPaths.h"
 #include "platform/modRuntime.h"
 #include "shell/Module1.h"
 #include "shell/cMainForm.h"
 
 #include <QByteArray>
 
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <vector>
+
 namespace ob {
+
+bool SyntaxTipShown = false;
 
 namespace {
 
+constexpr unsigned StyleBase = 32;
+constexpr int RoomAtTheRight = 12; // pixels
+constexpr std::uintptr_t OrderCustom = 2;
+
 // With no child at all nothing happens; with another child than a code window the user is told.
+cDocument* EditedDocument()
+{
+    return MainForm->ActiveKind() == ActiveChild::None ? nullptr : NeedDocument();
+}
+
 void SendToActive(unsigned message)
 {
-    if (MainForm->ActiveKind() == ActiveChild::None)
-        return;
-    if (const cDocument* document = NeedDocument())
+    if (const cDocument* document = EditedDocument())
         SendSci(document->sci, message);
 }
 
-QByteArray LineText(Sci sci, std::intptr_t line)
+std::uintptr_t Unsigned(std::intptr_t value)
+{
+    return static_cast<std::uintptr_t>(value);
+}
+
+// In the control's own memory: valid until its text changes.
+QByteArrayView Range(Sci sci, std::intptr_t from, std::intptr_t to)
+{
+    if (from >= to)
+        return {};
+    const auto* start = reinterpret_cast<const char*>(SendSci(sci, SCI_GETRANGEPOINTER, Unsigned(from), to - from));
+    return {start, start == nullptr ? 0 : to - from};
+}
+
+// With its line end.
+QByteArrayView Line(Sci sci, std::intptr_t line)
 {
     if (line < 0)
         return {};
-    QByteArray text(static_cast<qsizetype>(SendSci(sci, SCI_LINELENGTH, static_cast<std::uintptr_t>(line))), ' ');
-    const auto length = SendSci(sci, SCI_GETLINE, static_cast<std::uintptr_t>(line), text.data());
-    text.truncate(static_cast<qsizetype>(length));
-    return text;
+    const std::intptr_t start = SendSci(sci, SCI_POSITIONFROMLINE, Unsigned(line));
+    return Range(sci, start, start + SendSci(sci, SCI_LINELENGTH, Unsigned(line)));
 }
 
-bool OpensBlock(QByteArrayView line)
+// That many characters behind the start of the line, but not behind the text's end nor inside a line end.
+std::intptr_t CharactersBehind(Sci sci, std::intptr_t lineStart, std::intptr_t count)
 {
-    const qsizetype blank = line.indexOf(' ');
-    const QByteArrayView word = blank < 0 ? line : line.first(blank);
-    for (const char* opener : {"if", "do", "while", "for"})
-        if (EqualsIgnoreCase(word, QByteArrayView(opener)))
-            return true;
-    return false;
+    if (count == 0)
+        return lineStart;
+    const std::intptr_t position = SendSci(sci, SCI_POSITIONRELATIVE, Unsigned(lineStart), count);
+    if (position == 0)
+        return SendSci(sci, SCI_GETLENGTH);
+    const bool isInLineEnd = SendSci(sci, SCI_GETCHARAT, Unsigned(position - 1)) == '\r' &&
+                             SendSci(sci, SCI_GETCHARAT, Unsigned(position)) == '\n';
+    return isInLineEnd ? position - 1 : position;
 }
 
-bool MayHoldLabel(QByteArrayView line)
+void ShowTip(cDocument& document)
 {
-    const QByteArray lower = LowerAscii(line);
-    return lower.contains('[') || lower.contains("function") || lower.contains("sub");
+    const Sci sci = document.sci;
+    SendSci(sci, SCI_AUTOCCANCEL);
+    SendSci(sci, SCI_CALLTIPCANCEL);
+    const std::intptr_t pos = SendSci(sci, SCI_GETCURRENTPOS);
+    std::intptr_t from = SendSci(sci, SCI_GETSELECTIONSTART);
+    std::intptr_t to = SendSci(sci, SCI_GETSELECTIONEND);
+    // A selected term has its tip at the start of the text.
+    std::intptr_t wordStart = 0;
+    if (from == to) {
+        wordStart = from = SendSci(sci, SCI_WORDSTARTPOSITION, Unsigned(pos), -1);
+        to = pos;
+    }
+    const QByteArrayView term = Range(sci, from, to);
+    const std::string_view row = SyntaxTip({term.data(), static_cast<std::size_t>(term.size())});
+    const QByteArray tip(row.data(), static_cast<qsizetype>(row.size()));
+
+    const qsizetype lineFeed = tip.indexOf('\n');
+    const QByteArray line1 = lineFeed < 0 ? tip : tip.first(lineFeed + 1);
+    const std::intptr_t width = SendSci(sci, SCI_TEXTWIDTH, StyleBase, line1.constData());
+    const std::intptr_t right = SendSci(sci, SCI_POINTXFROMPOSITION, 0, wordStart) + width;
+    if (document.window != nullptr && right > document.window->WidthInPixels() - RoomAtTheRight) {
+        const std::intptr_t line = SendSci(sci, SCI_LINEFROMPOSITION, Unsigned(wordStart));
+        wordStart = SendSci(sci, SCI_POSITIONFROMLINE, Unsigned(line));
+    }
+    SendSci(sci, SCI_CALLTIPSHOW, Unsigned(wordStart), tip.constData());
+    SendSci(sci, SCI_CALLTIPSETHLT, 0, std::max<qsizetype>(lineFeed, 0));
+    SyntaxTipShown = true;
+    SendSci(sci, SCI_SETSEL, Unsigned(pos), pos);
 }
 
 } // namespace
@@ -92,49 +154,115 @@ void mnuEditClear_Click()
     SendToActive(SCI_CLEARALL);
 }
 
+void mnuEditInsert_Click()
+{
+    if (const cDocument* document = EditedDocument())
+        InsertKeyword(document->sci);
+}
+
+void mnuEditSyntax_Click()
+{
+    if (cDocument* document = ActiveDocument())
+        ShowSyntax(*document);
+}
+
 void mnuLine_Click()
 {
-    if (MainForm->ActiveKind() == ActiveChild::None)
-        return;
-    const cDocument* document = NeedDocument();
+    const cDocument* document = EditedDocument();
     if (document == nullptr)
         return;
     const auto answer = InputBox(QStringLiteral("Line number?"), QStringLiteral("Go to Line"), QStringLiteral("1"));
     const std::intptr_t line = ToInt32(Val(answer.value_or(QString()))) - std::intptr_t{1};
-    SendSci(document->sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(line));
+    SendSci(document->sci, SCI_GOTOLINE, Unsigned(line));
     SendSci(document->sci, SCI_GRABFOCUS);
+}
+
+void mnuEditComment_Click()
+{
+    if (const cDocument* document = EditedDocument())
+        CommentSelection(document->sci);
+}
+
+void mnuEditInsertComments_Click()
+{
+    const cDocument* document = ActiveDocument();
+    if (document == nullptr)
+        return;
+    const QByteArray comments = DecodeAnsi(ReadComments(ProgramFolder()));
+    SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(comments.size()), comments.constData());
 }
 
 void AddTab(cDocument& document)
 {
     const Sci sci = document.sci;
-    const auto first = SendSci(sci, SCI_GETFIRSTVISIBLELINE);
-    const auto pos = SendSci(sci, SCI_GETCURRENTPOS);
-    const auto line = SendSci(sci, SCI_LINEFROMPOSITION, static_cast<std::uintptr_t>(pos));
-    const QByteArray whole = LineText(sci, line - 1);
-    const QByteArrayView text = LTrimBlanks(QByteArrayView(whole));
-    if (MayHoldLabel(text) && document.window != nullptr)
+    const std::intptr_t first = SendSci(sci, SCI_GETFIRSTVISIBLELINE);
+    const std::intptr_t pos = SendSci(sci, SCI_GETCURRENTPOS);
+    const std::intptr_t line = SendSci(sci, SCI_LINEFROMPOSITION, Unsigned(pos));
+    const std::intptr_t lineStart = SendSci(sci, SCI_POSITIONFROMLINE, Unsigned(line));
+    std::intptr_t column = SendSci(sci, SCI_COUNTCHARACTERS, Unsigned(lineStart), pos);
+    const QByteArrayView before = Line(sci, line - 1);
+    const bool isBlock = OpensBlock(before);
+    if (MayHoldLabel(before) && document.window != nullptr)
         document.window->FillBranchBox();
 
-    std::intptr_t indent = 0;
     if (AutoIndent) {
-        const auto target = static_cast<std::uintptr_t>(line);
-        if (line > 0)
-            indent = SendSci(sci, SCI_GETLINEINDENTATION, target - 1);
-        SendSci(sci, SCI_SETLINEINDENTATION, target, indent);
-        if (OpensBlock(text)) {
-            indent += TabSize;
-            SendSci(sci, SCI_SETLINEINDENTATION, target, indent);
-        }
+        std::intptr_t indent = line > 0 ? SendSci(sci, SCI_GETLINEINDENTATION, Unsigned(line - 1)) : 0;
+        if (isBlock)
+            indent += std::max<std::intptr_t>(TabSize, 0);
+        SendSci(sci, SCI_SETLINEINDENTATION, Unsigned(line), indent);
+        column += indent;
     }
-    SendSci(sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(pos + indent));
+    SendSci(sci, SCI_GOTOPOS, Unsigned(CharactersBehind(sci, lineStart, column)));
     SendSci(sci, SCI_LINESCROLL, 0, first - SendSci(sci, SCI_GETFIRSTVISIBLELINE));
     SendSci(sci, SCI_GRABFOCUS);
 }
 
+void InsertKeyword(Sci sci)
+{
+    SendSci(sci, SCI_CALLTIPCANCEL);
+    SendSci(sci, SCI_AUTOCCANCEL);
+    SendSci(sci, SCI_AUTOCSETIGNORECASE, static_cast<std::uintptr_t>(-1));
+    // The list is not wholly sorted; told so, the control finds every word in it.
+    SendSci(sci, SCI_AUTOCSETORDER, OrderCustom);
+    const std::intptr_t pos = SendSci(sci, SCI_GETCURRENTPOS);
+    const std::intptr_t start = SendSci(sci, SCI_WORDSTARTPOSITION, Unsigned(pos), -1);
+    if (pos > start)
+        SendSci(sci, SCI_AUTOCSETAUTOHIDE, 0);
+    SendSci(sci, SCI_AUTOCSHOW, Unsigned(pos - start), KeywordList.constData());
+}
+
+void ShowSyntax(cDocument& document)
+{
+    try {
+        ShowTip(document);
+    } catch (const std::exception&) {
+        MsgBox(QStringLiteral("Error in Syntax Helper, no help available."));
+    }
+}
+
 void HideSyntax(cDocument& document)
 {
+    if (MainForm->ActiveKind() == ActiveChild::Gui)
+        return;
     SendSci(document.sci, SCI_CALLTIPCANCEL);
+    SyntaxTipShown = false;
+}
+
+void CommentSelection(Sci sci)
+{
+    const auto start = static_cast<qsizetype>(SendSci(sci, SCI_GETSELECTIONSTART));
+    const auto end = static_cast<qsizetype>(SendSci(sci, SCI_GETSELECTIONEND));
+    const std::optional<TextChange> change = BlockComment(QByteArrayView(SciText(sci)), start, end);
+    if (!change)
+        return;
+    const std::intptr_t first = SendSci(sci, SCI_LINEFROMPOSITION, Unsigned(change->from));
+    const std::intptr_t last = SendSci(sci, SCI_LINEFROMPOSITION, Unsigned(change->to));
+    const std::vector<std::intptr_t> bookmarks = BookmarkedLines(sci, first, last);
+    SendSci(sci, SCI_SETTARGETRANGE, Unsigned(change->from), change->to);
+    SendSci(sci, SCI_REPLACETARGET, Unsigned(change->replacement.size()), change->replacement.constData());
+    // With the lines that were replaced their bookmarks have moved to the first.
+    SetBookmarks(sci, first, bookmarks);
+    SendSci(sci, SCI_GOTOPOS, Unsigned(change->from + change->replacement.size()));
 }
 
 } // namespace ob

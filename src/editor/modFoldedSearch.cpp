@@ -91,11 +91,11 @@ std::optional<ByteRange> FindFolded(QByteArrayView text, const FoldedText& folde
             ++at;
             continue;
         }
-        if (const auto end = MatchEnd(text, folded, at))
-            return ByteRange{at, *end};
-        ++at;
-        while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0u) == 0x80u)
-            ++at;
+        const Decoded here = DecodeFolded(text, at);
+        if (here.folded == first)
+            if (const auto end = MatchEnd(text, folded, at))
+                return ByteRange{at, *end};
+        at += here.length;
     }
     return std::nullopt;
 }

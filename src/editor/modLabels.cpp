@@ -5,6 +5,11 @@
 #include "platform/cLines.h"
 #include "platform/modRuntime.h"
 
+#include <QString>
+
+#include <algorithm>
+#include <ranges>
+
 namespace ob {
 
 namespace {
@@ -19,6 +24,38 @@ bool IsIndexLine(QByteArrayView entry)
     return !entry.isEmpty() && (entry.front() == '[' || StartsWith(entry, "sub ") || StartsWith(entry, "function "));
 }
 
+bool IsAscii(QByteArrayView text)
+{
+    return std::ranges::all_of(text, [](char character) { return static_cast<unsigned char>(character) < 0x80; });
+}
+
+// UTF-8 sorts byte by byte as its characters' codes do.
+QByteArray SortKey(const QByteArray& text)
+{
+    return IsAscii(text) ? LowerAscii(QByteArrayView(text)) : QString::fromUtf8(text).toLower().toUtf8();
+}
+
+// A label as the search compares it: most lines are told apart by bytes, without a look at what letters they are.
+class LabelTarget {
+public:
+    explicit LabelTarget(QByteArrayView target)
+        : bytes(target), isAscii(IsAscii(target)), text(isAscii ? QString() : QString::fromUtf8(target))
+    {
+    }
+
+    bool Is(QByteArrayView line) const
+    {
+        if (isAscii)
+            return EqualsIgnoreCase(line, bytes);
+        return QString::fromUtf8(line).compare(text, Qt::CaseInsensitive) == 0;
+    }
+
+private:
+    QByteArrayView bytes;
+    bool isAscii;
+    QString text;
+};
+
 } // namespace
 
 std::vector<LabelEntry> LabelIndex(QByteArrayView text)
@@ -30,6 +67,69 @@ std::vector<LabelEntry> LabelIndex(QByteArrayView text)
             index.push_back({lines.Number(), entry.toByteArray()});
     }
     return index;
+}
+
+std::vector<LabelEntry> SortedLabels(std::vector<LabelEntry> index)
+{
+    struct Keyed {
+        QByteArray key;
+        LabelEntry* entry;
+    };
+    std::vector<Keyed> order;
+    order.reserve(index.size());
+    for (LabelEntry& entry : index)
+        order.push_back({SortKey(entry.text), &entry});
+    std::ranges::stable_sort(order, [](const Keyed& left, const Keyed& right) { return left.key < right.key; });
+    std::vector<LabelEntry> sorted;
+    sorted.reserve(index.size());
+    for (const Keyed& keyed : order)
+        sorted.push_back(std::move(*keyed.entry));
+    return sorted;
+}
+
+std::optional<int> FindLabel(QByteArrayView text, QByteArrayView target)
+{
+    if (target.isEmpty())
+        return std::nullopt;
+    const LabelTarget label(target);
+    for (cLines lines(text); lines.Next();)
+        if (label.Is(TrimBlanks(lines.ScannedLine())))
+            return lines.Number();
+    return std::nullopt;
+}
+
+void GoToLabel(Sci sci, QByteArrayView target)
+{
+    const std::string_view text = SciText(sci);
+    if (const std::optional<int> found = FindLabel(QByteArrayView(text), target)) {
+        const auto line = static_cast<std::uintptr_t>(*found);
+        SendSci(sci, SCI_GOTOLINE, line);
+        // With wrapped lines the view counts in rows.
+        const std::intptr_t row = SendSci(sci, SCI_VISIBLEFROMDOCLINE, line);
+        SendSci(sci, SCI_LINESCROLL, 0, row - SendSci(sci, SCI_GETFIRSTVISIBLELINE));
+    }
+    SendSci(sci, SCI_GRABFOCUS);
+}
+
+std::intptr_t SelectionStartBehindFirst(Sci sci)
+{
+    const std::intptr_t start = SendSci(sci, SCI_GETSELECTIONSTART);
+    if (start > 0)
+        return start;
+    // Neither a character of several bytes nor a line end may have the caret inside it.
+    const bool isFirstLineEmpty = SendSci(sci, SCI_GETLINEENDPOSITION, 0) == 0;
+    return isFirstLineEmpty ? 0 : SendSci(sci, SCI_POSITIONAFTER, 0);
+}
+
+void FollowSortToggle(Sci sci)
+{
+    const auto saved = static_cast<std::uintptr_t>(SelectionStartBehindFirst(sci));
+    const std::intptr_t first = SendSci(sci, SCI_GETFIRSTVISIBLELINE);
+    const std::intptr_t savedLine = SendSci(sci, SCI_LINEFROMPOSITION, saved);
+    SendSci(sci, SCI_GOTOPOS, saved);
+    SendSci(sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(first));
+    SendSci(sci, SCI_LINESCROLL, 0, savedLine - first - 1);
+    SendSci(sci, SCI_GRABFOCUS);
 }
 
 } // namespace ob

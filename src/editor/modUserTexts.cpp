@@ -2,11 +2,15 @@
 // The user's own texts beside the program: the programmer's comments and the custom keywords.
 #include "editor/modUserTexts.h"
 
+#include "editor/modStyling.h"
 #include "editor/modSyntaxTable.h"
 #include "platform/cRuntimeError.h"
 #include "platform/modAnsi.h"
 #include "platform/modDialogs.h"
 #include "platform/modFiles.h"
+#include "shell/Module1.h"
+
+#include <QFile>
 
 namespace ob {
 
@@ -22,7 +26,34 @@ QByteArray BytesOfFile(const QString& path)
     }
 }
 
+// The list travels as a text that ends at a NUL; the words behind one must not be lost.
+QByteArray WordsOf(const QByteArray& bytes)
+{
+    QByteArray words = bytes;
+    return words.replace('\0', ' ');
+}
+
 } // namespace
+
+QString WithLineEnds(const QString& text)
+{
+    QString lines = text;
+    return lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+}
+
+std::optional<QByteArray> BytesToStore(const QString& text, const QString& what)
+{
+    const AnsiText encoded = AnsiFromText(WithLineEnds(text) + QStringLiteral("\r\n"));
+    if (encoded.lostCount > 0) {
+        const QString question = QStringLiteral("Line %1 of %2 holds a character that BASIC source files "
+                                                "cannot store.\n"
+                                                "Save with a question mark in place of each such character?");
+        if (MsgBox(question.arg(encoded.firstLostLine).arg(what), BoxIcon::Question, BoxButtons::YesNo) ==
+            BoxAnswer::No)
+            return std::nullopt;
+    }
+    return encoded.bytes;
+}
 
 QString CommentsPath(const QString& folder)
 {
@@ -39,9 +70,7 @@ QByteArray CommentText(const QByteArray& content)
     constexpr qsizetype lineEndLength = 2;
     if (content.isEmpty())
         return NoCommentsOnFile;
-    if (content.size() < lineEndLength)
-        throw RuntimeErrorOf(ErrorNumber::InvalidCall);
-    return content.chopped(lineEndLength);
+    return content.size() < lineEndLength ? QByteArray("") : content.chopped(lineEndLength);
 }
 
 QByteArray ReadComments(const QString& folder)
@@ -56,25 +85,48 @@ QByteArray LoadCommentFile(const QString& folder)
 
 void SaveCommentFile(const QString& folder, const QString& text)
 {
-    QString lines = text;
-    lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-    const AnsiText encoded = AnsiFromText(lines + QStringLiteral("\r\n"));
-    if (encoded.lostCount > 0) {
-        const QString question = QStringLiteral("Line %1 of the comments holds a character that BASIC source files "
-                                                "cannot store.\n"
-                                                "Save with a question mark in place of each such character?");
-        if (MsgBox(question.arg(encoded.firstLostLine), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::No)
-            return;
-    }
-    ReplaceFile(CommentsPath(folder), encoded.bytes);
+    if (const auto bytes = BytesToStore(text, QStringLiteral("the comments")))
+        ReplaceFile(CommentsPath(folder), *bytes);
 }
 
 void LoadCustomKeywords(const QString& folder)
 {
-    QByteArray words = BytesOfFile(KeywordsPath(folder)).toLower();
-    // The list travels as a text that ends at a NUL; the language's own words behind must not be lost to one.
-    words.replace('\0', ' ');
-    LexerKeywords.prepend(words);
+    LexerKeywords.prepend(WordsOf(BytesOfFile(KeywordsPath(folder)).toLower()));
+}
+
+QString CustomKeywordText(const QString& folder)
+{
+    const QString path = KeywordsPath(folder);
+    return FileExists(path) ? TextFromAnsi(ReadWhole(path)) : QString::fromLatin1(NoCustomKeywords);
+}
+
+KeywordSave AddCustomKeywords(const QString& folder, const QString& text)
+{
+    const QString words = text.toLower();
+    if (words == QLatin1String(NoCustomKeywords))
+        return KeywordSave::NothingToAdd;
+    const auto bytes = BytesToStore(words, QStringLiteral("the keywords"));
+    if (!bytes)
+        return KeywordSave::Declined;
+    ReplaceFile(KeywordsPath(folder), *bytes);
+    constexpr qsizetype lineEndLength = 2;
+    LexerKeywords.append(WordsOf(bytes->chopped(lineEndLength)));
+    return KeywordSave::Written;
+}
+
+void DeleteCustomKeywords(const QString& folder)
+{
+    const QString path = KeywordsPath(folder);
+    if (FileExists(path) && !QFile::remove(path))
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, path);
+    BuildSyntaxTable();
+}
+
+void UpdateKeywordsOfWindows()
+{
+    for (const auto& document : Documents)
+        if (document != nullptr && document->sci != nullptr)
+            UpdateKeywords(document->sci);
 }
 
 } // namespace ob

@@ -3,6 +3,8 @@
 #include "obtool/toolGroups.h"
 
 #include "editor/modDocument.h"
+#include "editor/modEditText.h"
+#include "editor/modLabels.h"
 #include "editor/modSyntaxTable.h"
 #include "editor/modUserTexts.h"
 #include "engine/modIncludes.h"
@@ -16,12 +18,17 @@
 
 #include <QDir>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ob {
 
 namespace {
+
+// A tab size is a number of 16 bits.
+constexpr int LargestTabSize = 32767;
 
 struct SourceArguments {
     std::string file;
@@ -29,6 +36,10 @@ struct SourceArguments {
     std::string out;
     std::string term;
     bool lexer = false;
+    bool sorted = false;
+    std::int64_t line = 0; // from 1
+    std::int64_t lastLine = 0;
+    int tabSize = 0;
 };
 
 void BuildLists()
@@ -86,6 +97,52 @@ void RunCopy(const SourceArguments& arguments)
     WriteOutput(arguments.out, copy);
 }
 
+void Labels(const SourceArguments& arguments)
+{
+    const QByteArray text = DecodeAnsi(ReadSource(arguments.file));
+    std::vector<LabelEntry> index = LabelIndex(text);
+    if (arguments.sorted)
+        index = SortedLabels(std::move(index));
+    QByteArray report;
+    for (const LabelEntry& entry : index)
+        report.append(QByteArray::number(entry.line + 1)).append('\t').append(entry.text).append('\n');
+    WriteOutput({}, report);
+}
+
+// Where the line, from 1, begins. Throws ToolFailure when the text lacks it.
+qsizetype LineOf(const SourceArguments& arguments, QByteArrayView text, std::int64_t line)
+{
+    const std::optional<qsizetype> start = StartOfLine(text, line - 1);
+    if (!start)
+        throw ToolFailure(arguments.file, QStringLiteral("the text has no line %1").arg(line));
+    return *start;
+}
+
+void WriteChanged(const SourceArguments& arguments, const QByteArray& text, const std::optional<TextChange>& change)
+{
+    QByteArray changed = text;
+    if (change)
+        changed.replace(change->from, change->to - change->from, change->replacement);
+    WriteOutput(arguments.out, EncodeAnsi(changed).bytes);
+}
+
+void Comment(const SourceArguments& arguments)
+{
+    const QByteArray text = DecodeAnsi(ReadSource(arguments.file));
+    const qsizetype start = LineOf(arguments, text, arguments.line);
+    LineOf(arguments, text, arguments.lastLine);
+    if (arguments.lastLine < arguments.line)
+        throw ToolFailure(arguments.file, QStringLiteral("the last line comes before the first"));
+    const qsizetype end = StartOfLine(text, arguments.lastLine).value_or(text.size());
+    WriteChanged(arguments, text, BlockComment(text, start, end));
+}
+
+void Indent(const SourceArguments& arguments)
+{
+    const QByteArray text = DecodeAnsi(ReadSource(arguments.file));
+    WriteChanged(arguments, text, ReturnBehind(text, LineOf(arguments, text, arguments.line), arguments.tabSize));
+}
+
 void Variables(const SourceArguments& arguments)
 {
     const QByteArray text = DecodeAnsi(ReadSource(arguments.file));
@@ -118,31 +175,86 @@ void Keywords(const SourceArguments& arguments)
     WriteOutput({}, arguments.lexer ? LexerKeywords : KeywordList);
 }
 
+using SharedArguments = std::shared_ptr<SourceArguments>;
+
+void AddFileArgument(CLI::App& verb, const SharedArguments& arguments)
+{
+    verb.add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
+}
+
+void AddOutOption(CLI::App& verb, const SharedArguments& arguments)
+{
+    verb.add_option("-o", arguments->out, "write OUT instead of standard output")->type_name("OUT")->check(NotEmpty);
+}
+
+void AddLabels(CLI::App& group, const SharedArguments& arguments)
+{
+    CLI::App* labels = AddVerb(group, "labels", "obtool source labels FILE [--sorted]",
+                               "report: line number, from 1, and text of each branch label, sub and function");
+    AddFileArgument(*labels, arguments);
+    labels->add_flag("--sorted", arguments->sorted, "in the order of the sorted list");
+    labels->callback([arguments] { Labels(*arguments); });
+}
+
+void AddComment(CLI::App& group, const SharedArguments& arguments)
+{
+    CLI::App* comment = AddVerb(group, "comment", "obtool source comment FILE FIRST LAST [-o OUT]",
+                                "the text after Block Comment on the lines FIRST to LAST");
+    AddFileArgument(*comment, arguments);
+    comment->add_option("FIRST", arguments->line, "the first line, from 1")->required();
+    comment->add_option("LAST", arguments->lastLine, "the last line")->required();
+    AddOutOption(*comment, arguments);
+    comment->callback([arguments] { Comment(*arguments); });
+}
+
+void AddIndent(CLI::App& group, const SharedArguments& arguments)
+{
+    CLI::App* indent = AddVerb(group, "indent", "obtool source indent FILE LINE --tab N [-o OUT]",
+                               "the text after Return at the end of LINE, with auto-indent");
+    AddFileArgument(*indent, arguments);
+    indent->add_option("LINE", arguments->line, "the line, from 1")->required();
+    indent->add_option("--tab", arguments->tabSize, "the tab size")
+        ->type_name("N")
+        ->required()
+        ->check(CLI::Range(1, LargestTabSize));
+    AddOutOption(*indent, arguments);
+    indent->callback([arguments] { Indent(*arguments); });
+}
+
+void AddRunCopy(CLI::App& group, const SharedArguments& arguments)
+{
+    CLI::App* runCopy = AddVerb(group, "runcopy", "obtool source runcopy FILE [--folder DIR] [-o OUT]",
+                                "the run copy: the text as a save writes it, then the merged includes");
+    AddFileArgument(*runCopy, arguments);
+    runCopy->add_option("--folder", arguments->folder, "where include names are looked up")
+        ->type_name("DIR")
+        ->check(NotEmpty);
+    AddOutOption(*runCopy, arguments);
+    runCopy->callback([arguments] { RunCopy(*arguments); });
+}
+
 } // namespace
 
 void AddSourceGroup(CLI::App& tool)
 {
     CLI::App* group = tool.add_subcommand("source", "BASIC source files");
     const auto arguments = std::make_shared<SourceArguments>();
-
-    CLI::App* styles = AddVerb(*group, "styles", "obtool source styles FILE",
-                               "report: first byte, length, style number of each run of equal style");
-    styles->add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
-    styles->callback([arguments] { Styles(*arguments); });
+    AddLabels(*group, arguments);
 
     CLI::App* variables = AddVerb(*group, "variables", "obtool source variables FILE",
                                   "report: name and line number, from 0, of each assignment");
-    variables->add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
+    AddFileArgument(*variables, arguments);
     variables->callback([arguments] { Variables(*arguments); });
 
-    CLI::App* runCopy = AddVerb(*group, "runcopy", "obtool source runcopy FILE [--folder DIR] [-o OUT]",
-                                "the run copy: the text as a save writes it, then the merged includes");
-    runCopy->add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
-    runCopy->add_option("--folder", arguments->folder, "where include names are looked up")
-        ->type_name("DIR")
-        ->check(NotEmpty);
-    runCopy->add_option("-o", arguments->out, "write OUT instead of standard output")->type_name("OUT")->check(NotEmpty);
-    runCopy->callback([arguments] { RunCopy(*arguments); });
+    AddRunCopy(*group, arguments);
+
+    CLI::App* styles = AddVerb(*group, "styles", "obtool source styles FILE",
+                               "report: first byte, length, style number of each run of equal style");
+    AddFileArgument(*styles, arguments);
+    styles->callback([arguments] { Styles(*arguments); });
+
+    AddComment(*group, arguments);
+    AddIndent(*group, arguments);
 
     CLI::App* syntax = AddVerb(*group, "syntax", "obtool source syntax [TERM]",
                                "the syntax tip of TERM; without it, a report of row number and key");

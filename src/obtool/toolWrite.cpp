@@ -2,8 +2,13 @@
 // obtool write: the code-writing tools.
 #include "obtool/toolGroups.h"
 
+#include "editor/modSnippets.h"
 #include "obtool/toolOutput.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modFiles.h"
 #include "shell/modTexts.h"
+
+#include <QDir>
 
 #include <memory>
 
@@ -19,6 +24,18 @@ void Library(const std::string& name)
     WriteOutput({}, QByteArrayView(*text));
 }
 
+void Snippets(const std::string& folder)
+{
+    const QString path = PathOf(folder);
+    if (!FolderExists(path) && !QDir().mkdir(path))
+        throw ToolFailure(folder, QStringLiteral("the folder cannot be made"));
+    try {
+        WriteDefaultSnippets(path);
+    } catch (const RuntimeError& error) {
+        throw ToolFailure(error.source.isEmpty() ? folder : error.source.toStdString(), error.description);
+    }
+}
+
 } // namespace
 
 void AddWriteGroup(CLI::App& tool)
@@ -31,6 +48,11 @@ void AddWriteGroup(CLI::App& tool)
         ->required()
         ->check(CLI::IsMember({"wrapper32", "printer32", "jpeg", "snippets"}));
     library->callback([name] { Library(*name); });
+
+    const auto folder = std::make_shared<std::string>();
+    CLI::App* snippets = AddVerb(*group, "snippets", "obtool write snippets DIR", "the default snippets, a file each");
+    snippets->add_option("DIR", *folder, "the folder, which is made when it is missing")->required()->check(NotEmpty);
+    snippets->callback([folder] { Snippets(*folder); });
 }
 
 } // namespace ob

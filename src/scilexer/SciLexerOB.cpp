@@ -4,6 +4,7 @@
 
 #include "scilexer/SciAccessible.h"
 #include "scilexer/SciLexerOB_Api.h"
+#include "scilexer/SciPrintView.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -128,12 +129,24 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
         // The toolkit's library passes this message over.
         setFocus(Qt::OtherFocusReason);
         return 0;
+    case SCI_FORMATRANGE:
+        return FormatPage(wParam, lParam);
     case SCI_OB_COUNTLEXEDLINES:
         return lexedLines;
     default:
         break;
     }
     return Direct(message, wParam, lParam);
+}
+
+// The page's look must not be seen on the screen.
+std::intptr_t cSciLexerOB::FormatPage(std::uintptr_t draw, std::intptr_t record)
+{
+    const UpdatePause pause(viewport());
+    const SciPrintView view([this](unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
+        return Direct(message, wParam, lParam);
+    });
+    return Direct(SCI_FORMATRANGE, draw, record);
 }
 
 std::intptr_t cSciLexerOB::LineAt(Position position) const

@@ -53,6 +53,8 @@ private:
     Position StartOf(std::intptr_t line) const;
     std::string_view Bytes(Position from, Position to) const;
 
+    std::intptr_t FormatPage(std::uintptr_t draw, std::intptr_t record);
+
     void ChooseLexer(std::uintptr_t number);
     void UpdateFolding();
     void Restyle();

@@ -401,7 +401,7 @@ private Q_SLOTS:
         row("a count that is wrong", "JASC\r\n0100\r\n7\r\n1 2 3\r\n4 5 6", 2);
         row("more and fewer parts", "1 2\r\n1 2 3 4\r\n1\r\n\r\n1 2 3\r\nx y z w", 1);
         row("bare line feeds", "JASC\n0100\n2\n1 2 3\n4 5 6", 0);
-        row("bare line feeds and two blanks", "1 2\n3", -1);
+        row("bare line feeds and two blanks", "1 2\n3 4", -1);
         row("a header of three parts", "a b c\r\n1 2 3", -1);
         row("a blank at the end", "1 2 \r\n", -1);
         row("a blank at the start", " 1 2", -1);

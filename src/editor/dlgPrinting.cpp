@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How far a long print is, with a way out.
+#include "editor/dlgPrinting.h"
+
+#include "platform/frmPrinter.h"
+#include "shell/frmTool.h"
+
+#include "ui_dlgPrinting.h"
+
+#include <QApplication>
+
+namespace ob {
+
+namespace {
+
+constexpr int WholeBar = 1000;
+
+} // namespace
+
+dlgPrinting::dlgPrinting(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgPrinting>())
+{
+    ui->setupUi(this);
+    ui->pgbPages->setMaximum(WholeBar);
+    setModal(true);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    clock.start();
+}
+
+dlgPrinting::~dlgPrinting() = default;
+
+PrintWish dlgPrinting::NextPage(const PrintPlace& place)
+{
+    const bool wasShown = isVisible();
+    if (!wasShown && clock.durationElapsed() < Patience) {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        return PrintWish::GoOn;
+    }
+    Show(place);
+    QApplication::processEvents();
+    return isVisible() ? PrintWish::GoOn : PrintWish::Stop;
+}
+
+void dlgPrinting::Show(const PrintPlace& place)
+{
+    ui->lblPage->setText(QStringLiteral("Page %1").arg(place.page));
+    ui->pgbPages->setValue(static_cast<int>(place.done * WholeBar / std::max<std::intptr_t>(1, place.all)));
+    show();
+}
+
+void mnuFilePrint_Click()
+{
+    dlgPrinting watch(ToolOwner());
+    BindManualPage(watch, dlgPrinting::ManualPage);
+    PrintActiveDocument(Printing(), watch);
+}
+
+} // namespace ob

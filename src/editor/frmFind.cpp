@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The find and replace dialog.
+#include "editor/frmFind.h"
+
+#include "editor/cDocument.h"
+#include "editor/frmReplaceWatch.h"
+#include "editor/modDocument.h"
+#include "shell/frmTool.h"
+#include "ui_frmFind.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QScreen>
+#include <QWindow>
+
+namespace ob {
+
+namespace {
+
+// Where the dialog was last, as long as the program runs.
+QByteArray lastGeometry;
+
+// A match and the dialog stay this many pixels apart.
+constexpr int clearance = 6;
+
+QWidget* EditOf(const cDocument* document)
+{
+    auto* window = document == nullptr ? nullptr : dynamic_cast<QWidget*>(document->window);
+    return window == nullptr ? nullptr : window->findChild<QWidget*>(QStringLiteral("sci"));
+}
+
+// The lines of the selection as they lie on the screen; empty when there is none to see.
+QRect SelectionPlace(const cDocument* document)
+{
+    const auto* edit = qobject_cast<QAbstractScrollArea*>(EditOf(document));
+    if (edit == nullptr)
+        return {};
+    const auto pointOf = [&](unsigned end) {
+        const std::intptr_t position = SendSci(document->sci, end);
+        return QPoint(static_cast<int>(SendSci(document->sci, SCI_POINTXFROMPOSITION, 0, position)),
+                      static_cast<int>(SendSci(document->sci, SCI_POINTYFROMPOSITION, 0, position)));
+    };
+    const QPoint start = pointOf(SCI_GETSELECTIONSTART);
+    const QPoint end = pointOf(SCI_GETSELECTIONEND);
+    if (start == end)
+        return {};
+    const int height = static_cast<int>(SendSci(document->sci, SCI_TEXTHEIGHT));
+    QRect place(start, QPoint(end.x(), end.y() + height));
+    if (start.y() != end.y()) {
+        place.setLeft(0);
+        place.setRight(edit->viewport()->width());
+    }
+    place &= edit->viewport()->rect();
+    return {edit->viewport()->mapToGlobal(place.topLeft()), place.size()};
+}
+
+} // namespace
+
+frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmFind>())
+{
+    ui->setupUi(this);
+    ui->Check1->setChecked((FindFlags & FindMatchCase) != 0);
+    ui->Check2->setChecked((FindFlags & FindWholeWord) != 0);
+    (FindFromStart ? ui->optStart0 : ui->optStart1)->setChecked(true);
+    ui->Text1->setFocus();
+    if (!lastGeometry.isEmpty())
+        restoreGeometry(lastGeometry);
+    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    connect(ui->cmdReplace, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdReplace_Click(); }); });
+    connect(ui->cmdReplaceAll, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdReplaceAll_Click(); }); });
+    connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &frmFind::FocusMoved);
+}
+
+frmFind::~frmFind() = default;
+
+bool frmFind::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && wasLeft)
+        RunCommand([this] { Form_Activate(); });
+    return QDialog::event(event);
+}
+
+void frmFind::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!event->spontaneous())
+        RunCommand([this] { Form_Activate(); });
+}
+
+void frmFind::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous())
+        lastGeometry = saveGeometry();
+    QDialog::hideEvent(event);
+}
+
+// What stands in the fields outlives a message box, and a look at another program.
+void frmFind::FocusMoved(const QWindow* to)
+{
+    if (to != nullptr && to != windowHandle() && to->modality() == Qt::NonModal && to->type() != Qt::Popup)
+        wasLeft = true;
+}
+
+void frmFind::Form_Activate()
+{
+    wasLeft = false;
+    ui->Text1->setText(TakeFindText());
+    ui->Text1->selectAll();
+    ui->Text1->setFocus();
+    UncoverHit();
+}
+
+void frmFind::ReadOptions()
+{
+    FindFlags = ui->Check1->isChecked() ? FindMatchCase : 0;
+    if (ui->Check2->isChecked())
+        FindFlags |= FindWholeWord;
+}
+
+void frmFind::UncoverHit()
+{
+    const QRect place = SelectionPlace(ActiveDocument());
+    if (!place.isEmpty())
+        move(PlaceBeside(frameGeometry(), place.adjusted(-clearance, -clearance, clearance, clearance),
+                         screen()->availableGeometry()));
+}
+
+void frmFind::OKButton_Click()
+{
+    const QString text = ui->Text1->text();
+    if (CheckFindField(text) == Fields::Empty)
+        return;
+    ReadOptions();
+    FindFromStart = ui->optStart0->isChecked();
+    FindText(text);
+    UncoverHit();
+}
+
+void frmFind::cmdReplace_Click()
+{
+    const QString find = ui->Text1->text();
+    const QString replace = ui->Text2->text();
+    const Fields fields = CheckReplaceFields(find, replace);
+    ReadOptions();
+    if (fields == Fields::Empty)
+        return;
+    close();
+    ReplaceText(find, replace);
+}
+
+void frmFind::cmdReplaceAll_Click()
+{
+    const QString find = ui->Text1->text();
+    const QString replace = ui->Text2->text();
+    const Fields fields = CheckReplaceFields(find, replace);
+    ReadOptions();
+    if (fields == Fields::Empty)
+        return;
+    close();
+    GoBeforeSelection();
+    ReplaceAllText(find, replace, [] { return std::make_unique<frmReplaceWatch>(EditOf(ActiveDocument())); });
+}
+
+void mnuEditFind_Click()
+{
+    if (NeedDocument() != nullptr)
+        ShowTool<frmFind>();
+}
+
+} // namespace ob

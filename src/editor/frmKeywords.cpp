@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The editor of the user's own keywords for the colouring.
+#include "editor/frmKeywords.h"
+
+#include "editor/frmPlainText.h"
+#include "editor/modUserTexts.h"
+#include "platform/modDialogs.h"
+#include "platform/modPaths.h"
+#include "shell/frmTool.h"
+#include "ui_frmKeywords.h"
+
+#include <QKeyEvent>
+
+namespace ob {
+
+frmKeywords::frmKeywords(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmKeywords>())
+{
+    ui->setupUi(this);
+    ui->txtDisplay->installEventFilter(this);
+    connect(ui->cmdOkay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOkay_Click(); }); });
+    connect(ui->cmdDelete, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdDelete_Click(); }); });
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    const QString text = CustomKeywordText(ProgramFolder());
+    ui->txtDisplay->setPlainText(text);
+    // The sentence is typed over; words are added behind those that are there.
+    if (text == QLatin1String(NoCustomKeywords))
+        ui->txtDisplay->selectAll();
+    else
+        ui->txtDisplay->moveCursor(QTextCursor::End);
+    ui->txtDisplay->setFocus();
+}
+
+frmKeywords::~frmKeywords() = default;
+
+// The words make one line, however long: Enter ends it, as in a field of one line.
+bool frmKeywords::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto* press = static_cast<const QKeyEvent*>(event);
+        if (press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter) {
+            ui->cmdOkay->click();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmKeywords::cmdOkay_Click()
+{
+    switch (AddCustomKeywords(ProgramFolder(), PlainTextOf(*ui->txtDisplay))) {
+    case KeywordSave::Written:
+        accept();
+        UpdateKeywordsOfWindows();
+        return;
+    case KeywordSave::NothingToAdd:
+        if (MsgBox(QStringLiteral("No keywords to add to custom keyword file.\n"
+                                  "Choose OK to close this dialog, or\n"
+                                  "CANCEL to return and edit the keywords further."),
+                   BoxIcon::Critical, BoxButtons::OkCancel, QStringLiteral("Error.")) == BoxAnswer::Ok)
+            reject();
+        else
+            ui->txtDisplay->setFocus();
+        return;
+    case KeywordSave::Declined:
+        ui->txtDisplay->setFocus();
+        return;
+    }
+}
+
+void frmKeywords::cmdDelete_Click()
+{
+    DeleteCustomKeywords(ProgramFolder());
+    accept();
+    UpdateKeywordsOfWindows();
+}
+
+void mnuOptionsKeywords_Click()
+{
+    ShowToolModally<frmKeywords>();
+}
+
+} // namespace ob

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The snippet bench.
+#include "editor/frmSnip.h"
+
+#include "editor/frmPlainText.h"
+#include "editor/modSnippets.h"
+#include "editor/modUserTexts.h"
+#include "platform/modDialogs.h"
+#include "platform/modFiles.h"
+#include "platform/modPaths.h"
+#include "shell/Module1.h"
+#include "shell/frmTool.h"
+#include "ui_frmSnip.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QScopedValueRollback>
+#include <QStringListModel>
+#include <QTextBlock>
+
+#include <utility>
+
+namespace ob {
+
+namespace {
+
+bool ClipboardHoldsText()
+{
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && data->hasText();
+}
+
+} // namespace
+
+frmSnip::frmSnip(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmSnip>()), folder(SnippetsPath(ProgramFolder())),
+      names(new QStringListModel(this))
+{
+    EnsureSnippetFolder(ProgramFolder());
+    ui->setupUi(this);
+    ui->lstSnip->setModel(names);
+    ui->splitter->setSizes({width() / 3, width() - width() / 3});
+    ui->txtSnipDisplay->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ConnectControls();
+    Refresh({});
+    ui->lstSnip->setFocus();
+}
+
+frmSnip::~frmSnip() = default;
+
+void frmSnip::ConnectControls()
+{
+    ui->lstSnip->installEventFilter(this);
+    ui->lstSnip->viewport()->installEventFilter(this);
+    ui->txtSnipDisplay->installEventFilter(this);
+    const auto run = [this](void (frmSnip::*handler)()) {
+        return [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); };
+    };
+    const auto click = run(&frmSnip::lstSnip_Click);
+    connect(ui->lstSnip->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, click] {
+        ui->cmdDelete->setEnabled(!ChosenName().isEmpty());
+        if (refreshing)
+            return;
+        pressLoaded = true;
+        click();
+    });
+    // A click on the chosen snippet shows it again as it is on disk.
+    connect(ui->lstSnip, &QListView::clicked, this, [this, click] {
+        if (!std::exchange(pressLoaded, true))
+            click();
+    });
+    connect(ui->lstSnip, &QListView::doubleClicked, this, run(&frmSnip::lstSnip_DblClick));
+    connect(ui->cmdNew, &QPushButton::clicked, this, run(&frmSnip::cmdNew_Click));
+    connect(ui->cmdSave, &QPushButton::clicked, this, run(&frmSnip::cmdSave_Click));
+    connect(ui->cmdDelete, &QPushButton::clicked, this, run(&frmSnip::cmdDelete_Click));
+    connect(ui->cmdCopy, &QPushButton::clicked, this, run(&frmSnip::cmdCopy_Click));
+    connect(ui->cmdPaste, &QPushButton::clicked, this, run(&frmSnip::cmdPaste_Click));
+    connect(ui->cmdPasteNew, &QPushButton::clicked, this, run(&frmSnip::cmdPasteNew_Click));
+    connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+bool frmSnip::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == ui->lstSnip->viewport() && event->type() == QEvent::MouseButtonPress)
+        pressLoaded = false;
+    if (event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const auto& press = *static_cast<const QKeyEvent*>(event);
+    if (watched == ui->lstSnip && IsListKey(press))
+        return true;
+    if (watched == ui->txtSnipDisplay && press.key() == Qt::Key_Tab && press.modifiers() == Qt::NoModifier) {
+        TypeTab();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+// Enter does what a double click does and does not press the default button.
+bool frmSnip::IsListKey(const QKeyEvent& press)
+{
+    if (ChosenName().isEmpty() || press.modifiers() & ~Qt::KeypadModifier)
+        return false;
+    if (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter)
+        RunCommand([this] { lstSnip_DblClick(); });
+    else if (press.key() == Qt::Key_Delete)
+        ui->cmdDelete->click();
+    else
+        return false;
+    return true;
+}
+
+// Blanks up to the next column of the tab size, as in a code window.
+void frmSnip::TypeTab()
+{
+    QTextCursor cursor = ui->txtSnipDisplay->textCursor();
+    const QTextBlock line = ui->txtSnipDisplay->document()->findBlock(cursor.selectionStart());
+    const int size = qMax(1, TabSize);
+    const int column = cursor.selectionStart() - line.position();
+    cursor.insertText(QString(size - column % size, QLatin1Char(' ')));
+    ui->txtSnipDisplay->setTextCursor(cursor);
+}
+
+// Reads the folder again and marks a snippet, if it is there, without showing it anew.
+void frmSnip::Refresh(const QString& chosen)
+{
+    const QScopedValueRollback<bool> quiet(refreshing, true);
+    names->setStringList(SnippetNames(folder));
+    const qsizetype row = names->stringList().indexOf(chosen);
+    if (row >= 0)
+        ui->lstSnip->setCurrentIndex(names->index(static_cast<int>(row)));
+    ui->cmdDelete->setEnabled(row >= 0);
+}
+
+QString frmSnip::ChosenName() const
+{
+    const QModelIndexList chosen = ui->lstSnip->selectionModel()->selectedIndexes();
+    return chosen.isEmpty() ? QString() : chosen.first().data().toString();
+}
+
+QString frmSnip::ChosenPath() const
+{
+    return QDir::toNativeSeparators(folder + QLatin1Char('/') + ChosenName());
+}
+
+// What the user has typed and not saved can be brought back by Undo.
+void frmSnip::ShowText(const QString& text)
+{
+    if (ui->txtSnipDisplay->document()->isModified()) {
+        ui->txtSnipDisplay->selectAll();
+        ui->txtSnipDisplay->insertPlainText(text);
+        ui->txtSnipDisplay->moveCursor(QTextCursor::Start);
+    } else {
+        ui->txtSnipDisplay->setPlainText(text);
+    }
+    ui->txtSnipDisplay->document()->setModified(false);
+    ui->lblState->clear();
+}
+
+void frmSnip::lstSnip_Click()
+{
+    if (ChosenName().isEmpty())
+        return;
+    const QString text = SnippetText(ChosenPath());
+    ui->txtName->setText(ChosenName());
+    ShowText(text);
+}
+
+void frmSnip::lstSnip_DblClick()
+{
+    if (InsertSnippet(PlainTextOf(*ui->txtSnipDisplay)) == SnippetInsert::Done)
+        ui->lblState->setText(QStringLiteral("Put into the active code window."));
+}
+
+void frmSnip::cmdNew_Click()
+{
+    ShowText({});
+    ui->txtName->clear();
+    ui->lstSnip->clearSelection();
+    ui->txtName->setFocus();
+}
+
+void frmSnip::cmdSave_Click()
+{
+    if (ui->txtName->text().isEmpty())
+        ui->txtName->setText(QStringLiteral("Untitled Snippet"));
+    const QString path = FileBox({FilePurpose::Save, QStringLiteral("Save As"), folder,
+                                  OfferedSnippetName(ui->txtName->text()), SnippetFilter});
+    if (path.isEmpty() || SaveSnippet(path, PlainTextOf(*ui->txtSnipDisplay)) == SnippetSave::Declined)
+        return;
+    ui->txtSnipDisplay->document()->setModified(false);
+    ui->txtName->setText(NameOf(path));
+    const bool isHere = QFileInfo(path).canonicalPath() == QFileInfo(folder).canonicalFilePath();
+    Refresh(isHere ? NameOf(path) : QString());
+    ui->lblState->setText(ChosenName().isEmpty()
+                              ? QStringLiteral("Saved. The list shows *.snip files of its own folder only.")
+                              : QStringLiteral("Saved."));
+}
+
+void frmSnip::cmdDelete_Click()
+{
+    const QString path = ChosenPath();
+    if (MsgBox(QStringLiteral("Delete ") + path + QStringLiteral(" ?"), BoxIcon::Question, BoxButtons::OkCancel,
+               QStringLiteral("Confirm")) == BoxAnswer::Cancel)
+        return;
+    DeleteSnippet(path);
+    Refresh({});
+    // Undo brings the text back, so that a deleted snippet can be saved again.
+    ui->txtSnipDisplay->document()->setModified(true);
+    ShowText({});
+    ui->txtName->clear();
+    ui->lstSnip->setFocus();
+}
+
+void frmSnip::cmdCopy_Click()
+{
+    QGuiApplication::clipboard()->clear();
+    QGuiApplication::clipboard()->setText(WithLineEnds(PlainTextOf(*ui->txtSnipDisplay)));
+    MsgBox(QStringLiteral("This snippet has been copied to the clipboard. Paste it into your code."), BoxIcon::None,
+           BoxButtons::Ok, QStringLiteral("Okay"));
+}
+
+void frmSnip::cmdPaste_Click()
+{
+    if (ClipboardHoldsText())
+        ui->txtSnipDisplay->insertPlainText(QGuiApplication::clipboard()->text());
+    ui->txtSnipDisplay->setFocus();
+}
+
+void frmSnip::cmdPasteNew_Click()
+{
+    if (!ClipboardHoldsText())
+        return;
+    ShowText(QGuiApplication::clipboard()->text());
+    ui->txtSnipDisplay->document()->setModified(true);
+    ui->txtName->clear();
+    ui->lstSnip->clearSelection();
+    ui->txtName->setFocus();
+}
+
+void mnuToolSnipBench_Click()
+{
+    ShowTool<frmSnip>();
+}
+
+} // namespace ob

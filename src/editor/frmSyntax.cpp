@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The Syntax Viewer.
+#include "editor/frmSyntax.h"
+
+#include "editor/modSyntaxTable.h"
+#include "editor/modSyntaxViewer.h"
+#include "shell/frmTool.h"
+#include "ui_frmSyntax.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QEvent>
+#include <QLineEdit>
+#include <QTimer>
+
+namespace ob {
+
+namespace {
+
+constexpr int MillisecondsToRead = 1000;
+
+} // namespace
+
+frmSyntax::frmSyntax(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmSyntax>())
+{
+    ui->setupUi(this);
+    rows = SortedSyntaxRows(SyntaxTable);
+    ui->cmbList->addItems(SyntaxKeys(rows));
+    ui->cmbList->setCurrentIndex(-1);
+    ui->cmbList->lineEdit()->setPlaceholderText(QStringLiteral("Keyword List"));
+    connect(ui->cmbList, &QComboBox::activated, this, [this](int index) { RunCommand([&] { cmbList_Click(index); }); });
+    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
+    connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmSyntax::~frmSyntax() = default;
+
+bool frmSyntax::event(QEvent* event)
+{
+    const bool done = QDialog::event(event);
+    if (event->type() == QEvent::WindowActivate && startsAfresh) {
+        startsAfresh = false;
+        Form_Activate();
+    } else if (event->type() == QEvent::WindowDeactivate) {
+        // Coming back from another program keeps what is shown.
+        QTimer::singleShot(0, this, [this] {
+            const QWidget* active = QApplication::activeWindow();
+            startsAfresh = startsAfresh || (active != nullptr && active != this);
+        });
+    }
+    return done;
+}
+
+void frmSyntax::Form_Activate()
+{
+    if (isClosing)
+        return;
+    ui->cmbList->setCurrentIndex(-1);
+    ui->cmbList->setEditText({});
+    ui->Text1->setPlainText(QStringLiteral("syntax for chosen keyword\r\nwill appear here"));
+}
+
+void frmSyntax::cmbList_Click(int index)
+{
+    if (index >= 0 && !isClosing)
+        ui->Text1->setPlainText(SyntaxRowText(rows[static_cast<std::size_t>(index)]));
+}
+
+void frmSyntax::cmdCopy_Click()
+{
+    QApplication::clipboard()->setText(
+        ui->Text1->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));
+    isClosing = true;
+    ui->cmdCopy->setEnabled(false);
+    QPalette red = ui->Text1->palette();
+    red.setColor(QPalette::Text, QColor(255, 0, 0));
+    ui->Text1->setPalette(red);
+    ui->Text1->setPlainText(QStringLiteral("Copied to clipboard."));
+    QTimer::singleShot(MillisecondsToRead, this, &QDialog::accept);
+}
+
+void mnuSyntaxViewer_Click()
+{
+    ShowTool<frmSyntax>();
+}
+
+} // namespace ob

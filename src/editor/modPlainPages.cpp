@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plain text put on pages, line under line.
+#include "editor/modPlainPages.h"
+
+#include "platform/modPrinter.h"
+
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace ob {
+
+namespace {
+
+constexpr int PointSize = 10;
+
+// A line is laid out in pieces of this many characters at most: laying out takes longer the longer the piece is, and
+// no page is as wide.
+constexpr qsizetype LongestPiece = 4096;
+
+bool IsLineEnd(QChar character)
+{
+    return character == QLatin1Char('\r') || character == QLatin1Char('\n');
+}
+
+} // namespace
+
+cPlainPages::cPlainPages(const QString& printedText, cPrintJob& printJob, int tabSize)
+    : text(printedText), job(printJob), font(QFontDatabase::systemFont(QFontDatabase::FixedFont))
+{
+    font.setPointSize(PointSize);
+    font = QFont(font, job.Painter().device());
+    const QFontMetricsF metrics(font);
+    tabWidth = metrics.horizontalAdvance(QLatin1Char(' ')) * std::max(1, tabSize);
+    lineHeight = metrics.lineSpacing();
+    y = lineHeight;
+    textEnd = text.size();
+    while (textEnd > 0 && IsLineEnd(text[textEnd - 1]))
+        --textEnd;
+}
+
+PageEnd cPlainPages::FillPage()
+{
+    // Even the lowest paper takes a line.
+    const qreal bottom = std::max<qreal>(job.ScaleSize().height(), y + lineHeight);
+    while (position < textEnd) {
+        if (y + lineHeight > bottom) {
+            y = 0;
+            return PageEnd::MoreToCome;
+        }
+        const qsizetype lineEnd = std::find_if(text.cbegin() + position, text.cend(), IsLineEnd) - text.cbegin();
+        if (lineEnd == position)
+            y += lineHeight;
+        else
+            PrintLine(lineEnd, bottom);
+        if (position == lineEnd)
+            SkipLineEnd();
+    }
+    return PageEnd::AllPrinted;
+}
+
+void cPlainPages::PrintLine(qsizetype lineEnd, qreal bottom)
+{
+    const qsizetype length = std::min(lineEnd - position, LongestPiece);
+    const bool isWhole = position + length == lineEnd;
+    QTextLayout layout(text.sliced(position, length), font, job.Painter().device());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTabStopDistance(tabWidth);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    int rows = 0;
+    qsizetype laidOut = 0;
+    while (laidOut < length && y + (rows + 1) * lineHeight <= bottom) {
+        QTextLine row = layout.createLine();
+        row.setLineWidth(job.ScaleSize().width());
+        laidOut += row.textLength();
+        // The last row of a piece may have more room than text: the next piece begins with it.
+        if (!isWhole && rows > 0 && laidOut == length)
+            break;
+        position += row.textLength();
+        ++rows;
+    }
+    layout.endLayout();
+    for (int i = 0; i < rows; ++i) {
+        layout.lineAt(i).draw(&job.Painter(), QPointF(0, y));
+        y += lineHeight;
+    }
+}
+
+void cPlainPages::SkipLineEnd()
+{
+    const bool isPair = position + 1 < text.size() && text[position] == QLatin1Char('\r') &&
+                        text[position + 1] == QLatin1Char('\n');
+    position = std::min(text.size(), position + (isPair ? 2 : 1));
+}
+
+} // namespace ob

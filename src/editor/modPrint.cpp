@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Printing the active code window.
+#include "editor/modPrint.h"
+
+#include "editor/cDocument.h"
+#include "editor/modDocument.h"
+#include "editor/modPlainPages.h"
+#include "platform/modDialogs.h"
+#include "platform/modFiles.h"
+#include "platform/modPrinter.h"
+#include "shell/Module1.h"
+
+#include <QByteArray>
+#include <QPainter>
+
+#include <optional>
+
+namespace ob {
+
+namespace {
+
+// Colour on white, the screen's default background left out.
+constexpr std::uintptr_t ColorOnWhite = 4;
+constexpr auto Draw = static_cast<std::uintptr_t>(-1);
+
+// A rest of so few bytes is taken for line ends, which need no page of their own.
+constexpr std::intptr_t RestWithoutPage = 10;
+
+std::uintptr_t Unsigned(std::intptr_t position)
+{
+    return static_cast<std::uintptr_t>(position);
+}
+
+// The formatter draws every line that the range touches, so a range up to a line's start is drawn to the end of the
+// line before.
+std::intptr_t LastToDraw(Sci sci, const PrintRange& range)
+{
+    const std::intptr_t line = SendSci(sci, SCI_LINEFROMPOSITION, Unsigned(range.end));
+    const bool isLineStart = SendSci(sci, SCI_POSITIONFROMLINE, Unsigned(line)) == range.end;
+    if (range.source == PrintSource::FromCaret || line == 0 || !isLineStart)
+        return range.end;
+    return SendSci(sci, SCI_GETLINEENDPOSITION, Unsigned(line - 1));
+}
+
+Sci_RangeToFormat FirstPage(Sci sci, const PrintRange& range, cPrintJob& job)
+{
+    const QSize size = job.ScaleSize();
+    Sci_RangeToFormat record;
+    record.hdc = record.hdcTarget = &job.Painter();
+    record.rc = record.rcPage = {0, 0, size.width(), size.height()};
+    record.chrg = {static_cast<long>(range.start), static_cast<long>(LastToDraw(sci, range))};
+    return record;
+}
+
+PrintEnd EndJob(cPrintJob& job)
+{
+    return job.End() == PrinterState::Ready ? PrintEnd::Printed : PrintEnd::Failed;
+}
+
+// The next page, and the events that have come in. Nothing when all is well.
+std::optional<PrintEnd> TurnPage(const cDocument& document, cPrintJob& job, cPrintWatch& watch, const PrintPlace& place)
+{
+    const Sci sci = document.sci;
+    if (job.NewPage() == PrinterState::Failed)
+        return PrintEnd::Failed;
+    if (watch.NextPage(place) == PrintWish::Stop || document.sci != sci)
+        return PrintEnd::Stopped;
+    return std::nullopt;
+}
+
+QString SelectedText(Sci sci, const PrintRange& range)
+{
+    SendSci(sci, SCI_SETSEL, Unsigned(range.start), range.end);
+    QByteArray text(static_cast<qsizetype>(range.end - range.start) + 1, '\0');
+    SendSci(sci, SCI_GETSELTEXT, 0, text.data());
+    const std::intptr_t selected = SendSci(sci, SCI_GETSELECTIONEND) - SendSci(sci, SCI_GETSELECTIONSTART);
+    return QString::fromUtf8(text.constData(), static_cast<qsizetype>(selected));
+}
+
+QString AskForPdf(const QString& caption)
+{
+    return FileBox({FilePurpose::Save, QStringLiteral("Print to PDF"), FolderOf(caption), PdfNameOf(caption),
+                    QStringLiteral("PDF (*.pdf)|*.pdf")});
+}
+
+std::unique_ptr<cPrintJob> StartJob(cPrinting& printing, const QString& caption)
+{
+    const QString title = PrintTitle(caption);
+    if (printing.HasDefaultPrinter())
+        return printing.StartOnDefaultPrinter(title);
+    const QString path = AskForPdf(caption);
+    return path.isEmpty() ? nullptr : StartPdf(path, title);
+}
+
+} // namespace
+
+PrintRange RangeToPrint(Sci sci)
+{
+    const std::intptr_t start = SendSci(sci, SCI_GETSELECTIONSTART);
+    const std::intptr_t end = SendSci(sci, SCI_GETSELECTIONEND);
+    if (start != end)
+        return {start, end, PrintSource::Selection};
+    return {SendSci(sci, SCI_GETCURRENTPOS), SendSci(sci, SCI_GETLENGTH) + 1, PrintSource::FromCaret};
+}
+
+PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrintJob& job, cPrintWatch& watch)
+{
+    const Sci sci = document.sci;
+    SendSci(sci, SCI_SETPRINTCOLOURMODE, ColorOnWhite);
+    Sci_RangeToFormat record = FirstPage(sci, range, job);
+    // The formatter would draw the line that the caret stands at the end of.
+    const bool isEmpty = range.start >= SendSci(sci, SCI_GETLENGTH);
+    PrintPlace place{1, 0, range.end - range.start};
+    std::intptr_t reached = 0;
+    while (!isEmpty && reached < range.end - RestWithoutPage) {
+        reached = SendSci(sci, SCI_FORMATRANGE, Draw, reinterpret_cast<std::intptr_t>(&record));
+        // On paper that is lower than a line the formatter stays where it is.
+        if (reached >= range.end || reached <= record.chrg.cpMin)
+            break;
+        record.chrg.cpMin = static_cast<long>(reached);
+        ++place.page;
+        place.done = reached - range.start;
+        if (const auto end = TurnPage(document, job, watch, place))
+            return *end;
+        record.hdc = record.hdcTarget = &job.Painter();
+    }
+    return EndJob(job);
+}
+
+PrintEnd PrintPlain(const cDocument& document, const PrintRange& range, int tabSize, cPrintJob& job,
+                    cPrintWatch& watch)
+{
+    const QString text = SelectedText(document.sci, range);
+    cPlainPages pages(text, job, tabSize);
+    PrintPlace place{1, 0, text.size()};
+    while (pages.FillPage() == PageEnd::MoreToCome) {
+        ++place.page;
+        place.done = pages.Position();
+        if (const auto end = TurnPage(document, job, watch, place))
+            return *end;
+    }
+    const PrintEnd end = EndJob(job);
+    if (end == PrintEnd::Printed && range.source == PrintSource::FromCaret)
+        SendSci(document.sci, SCI_SETSEL, 0, 1);
+    return end;
+}
+
+QString PrintTitle(const QString& caption)
+{
+    return NameOf(caption);
+}
+
+QString PdfNameOf(const QString& caption)
+{
+    const QString name = NameOf(caption);
+    const qsizetype point = name.lastIndexOf(QLatin1Char('.'));
+    return (point > 0 ? name.first(point) : name) + QStringLiteral(".pdf");
+}
+
+void PrintActiveDocument(cPrinting& printing, cPrintWatch& watch)
+{
+    const cDocument* document = NeedDocument();
+    if (document == nullptr)
+        return;
+    const BoxAnswer answer =
+        MsgBox(QStringLiteral("Would you like to print in color?  If all pages do not print properly in color on your "
+                              "system, then select 'No'."),
+               BoxIcon::Question, BoxButtons::YesNoCancel);
+    if (answer == BoxAnswer::Cancel)
+        return;
+    const PrintRange range = RangeToPrint(document->sci);
+    const std::unique_ptr<cPrintJob> job = StartJob(printing, document->Caption());
+    if (job == nullptr)
+        return;
+    if (answer == BoxAnswer::Yes)
+        PrintInColor(*document, range, *job, watch);
+    else
+        PrintPlain(*document, range, TabSize, *job, watch);
+}
+
+} // namespace ob

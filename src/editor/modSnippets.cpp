@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The user's snippets.
+#include "editor/modSnippets.h"
+
+#include "editor/cDocument.h"
+#include "editor/modDocument.h"
+#include "editor/modUserTexts.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modAnsi.h"
+#include "platform/modDialogs.h"
+#include "platform/modFiles.h"
+#include "platform/modPaths.h"
+#include "platform/modRuntime.h"
+#include "shell/modTexts.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace ob {
+
+namespace {
+
+constexpr QLatin1String Ending(".snip");
+
+QString InFolder(const QString& folder, const QString& name)
+{
+    return folder + QLatin1Char('/') + name;
+}
+
+void WriteCarried(const QString& name, const QString& path)
+{
+    const auto text = CarriedText(name);
+    if (!text)
+        throw RuntimeErrorOf(ErrorNumber::FileNotFound, name);
+    ReplaceFile(path, QByteArrayView(*text));
+}
+
+void MakeFolder(const QString& path)
+{
+    if (QDir().mkdir(path))
+        return;
+    const bool parentIsThere = FolderExists(QFileInfo(path).path());
+    throw RuntimeErrorOf(parentIsThere ? ErrorNumber::PathFileAccess : ErrorNumber::PathNotFound,
+                         QDir::toNativeSeparators(path));
+}
+
+} // namespace
+
+QString SnippetLibraryPath(const QString& folder)
+{
+    return InFolder(folder, QStringLiteral("snippets.bas"));
+}
+
+QString SnippetsPath(const QString& folder)
+{
+    return InFolder(folder, QStringLiteral("snippets"));
+}
+
+void EnsureSnippetFile(const QString& folder)
+{
+    const QString path = SnippetLibraryPath(folder);
+    if (!FileExists(path))
+        WriteCarried(QStringLiteral("snippets.bas"), path);
+}
+
+void EnsureSnippetFolder(const QString& folder)
+{
+    const QString path = SnippetsPath(folder);
+    if (FolderExists(path))
+        return;
+    MakeFolder(path);
+    try {
+        WriteDefaultSnippets(path);
+    } catch (const RuntimeError&) {
+        QDir(path).removeRecursively();
+        throw;
+    }
+}
+
+QStringList DefaultSnippetNames()
+{
+    return {QStringLiteral("center_dialog.snip"), QStringLiteral("text_linewrap.snip"),
+            QStringLiteral("password_textbox.snip"), QStringLiteral("center_window.snip"),
+            QStringLiteral("play_midi.snip"), QStringLiteral("custom_cursor.snip")};
+}
+
+void WriteDefaultSnippets(const QString& folder)
+{
+    for (const QString& name : DefaultSnippetNames())
+        WriteCarried(name, InFolder(folder, name));
+}
+
+QStringList SnippetNames(const QString& folder)
+{
+    QStringList names;
+    QDirIterator entries(folder, QDir::Files);
+    while (entries.hasNext()) {
+        entries.next();
+        const QString name = entries.fileName();
+        if (name.size() >= Ending.size() && EqualsIgnoreCase(QStringView(name).last(Ending.size()), Ending) &&
+            entries.fileInfo().isFile()) // no link to a pipe
+            names.append(name);
+    }
+    std::sort(names.begin(), names.end(), [](const QString& left, const QString& right) {
+        const int order = left.compare(right, Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : left < right;
+    });
+    return names;
+}
+
+QString SnippetText(const QString& path)
+{
+    constexpr qsizetype lineEndLength = 2;
+    const QByteArray bytes = ReadWhole(path);
+    return bytes.size() < lineEndLength ? QString() : TextFromAnsi(QByteArrayView(bytes).chopped(lineEndLength));
+}
+
+QString OfferedSnippetName(const QString& name)
+{
+    QString offered = name;
+    for (const QChar separator : {QLatin1Char('/'), QLatin1Char('\\'), QLatin1Char('\0')})
+        offered.replace(separator, QLatin1Char('-'));
+    const bool isFolder = offered == QLatin1String(".") || offered == QLatin1String("..");
+    return isFolder ? offered.replace(QLatin1Char('.'), QLatin1Char('-')) : offered;
+}
+
+SnippetSave SaveSnippet(const QString& path, const QString& text)
+{
+    const auto bytes = BytesToStore(text, QStringLiteral("the snippet"));
+    if (!bytes)
+        return SnippetSave::Declined;
+    ReplaceFile(path, *bytes);
+    return SnippetSave::Written;
+}
+
+void DeleteSnippet(const QString& path)
+{
+    if (!QFile::remove(path) && FileExists(path))
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, path);
+}
+
+SnippetInsert InsertSnippet(const QString& text)
+{
+    const cDocument* document = NeedDocument();
+    if (document == nullptr)
+        return SnippetInsert::NoWindow;
+    const QByteArray utf8 = WithLineEnds(text).toUtf8();
+    // The text may hold a NUL, which ends what the control's own replacing takes.
+    SendSci(document->sci, SCI_BEGINUNDOACTION);
+    SendSci(document->sci, SCI_REPLACESEL, 0, "");
+    SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(utf8.size()), utf8.constData());
+    SendSci(document->sci, SCI_ENDUNDOACTION);
+    SendSci(document->sci, SCI_SCROLLCARET);
+    return SnippetInsert::Done;
+}
+
+void mnuToolSnippet_Click()
+{
+    const QString path = SnippetLibraryPath(ProgramFolder());
+    try {
+        EnsureSnippetFile(ProgramFolder());
+    } catch (const RuntimeError&) {
+        // The message below tells it.
+    }
+    if (!FileExists(path)) {
+        MsgBox(QStringLiteral("Snippets.bas not found!"), BoxIcon::Critical);
+        return;
+    }
+    cDocument* document = NewDocument();
+    if (document == nullptr)
+        return;
+    LoadDocumentFile(path);
+    document->SetCaption(QDir::toNativeSeparators(path));
+    document->Tag = TagOpen;
+}
+
+} // namespace ob
