@@ -23,15 +23,15 @@ dlgPrinting::dlgPrinting(QWidget* parent) : QDialog(parent), ui(std::make_unique
     ui->pgbPages->setMaximum(WholeBar);
     setModal(true);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    clock.start();
 }
 
 dlgPrinting::~dlgPrinting() = default;
 
 PrintWish dlgPrinting::NextPage(const PrintPlace& place)
 {
-    const bool wasShown = isVisible();
-    if (!wasShown && clock.durationElapsed() < Patience) {
+    if (!clock.isValid())
+        clock.start();
+    if (!isVisible() && !clock.hasExpired(Patience.count())) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         return PrintWish::GoOn;
     }

@@ -34,7 +34,7 @@ private:
     void Show(const PrintPlace& place);
 
     std::unique_ptr<Ui::dlgPrinting> ui;
-    QElapsedTimer clock;
+    QElapsedTimer clock; // runs from the end of the first page on
 };
 
 void mnuFilePrint_Click();

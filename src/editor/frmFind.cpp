@@ -10,7 +10,9 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QHideEvent>
 #include <QScreen>
+#include <QShowEvent>
 #include <QWindow>
 
 namespace ob {

@@ -3,16 +3,16 @@
 #include "guibuilder/modBitmap.h"
 
 #include "platform/cRuntimeError.h"
-#include "platform/modFiles.h"
 
+#include <QFileInfo>
 #include <QImageReader>
 
 namespace ob {
 
 QImage LoadBitmap(const QString& path)
 {
-    // Only a file can be waited for: a pipe may never end.
-    if (!FileExists(path))
+    // A pipe or a device would be waited for, perhaps for ever.
+    if (!QFileInfo(path).isFile())
         throw RuntimeErrorOf(ErrorNumber::FileNotFound);
     QImageReader reader(path, QByteArrayLiteral("bmp"));
     reader.setAutoDetectImageFormat(false);

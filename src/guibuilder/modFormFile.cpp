@@ -8,6 +8,8 @@
 #include "platform/modAnsi.h"
 #include "platform/modRuntime.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <limits>
 
@@ -212,8 +214,17 @@ private:
         if (row.kind == ControlKind::Graphicbox)
             control.backColor = fields.Color(8);
         if (row.kind == ControlKind::Bmpbutton && !control.caption.isEmpty() && control.caption != NoBitmap)
-            control.picture = LoadBitmap(control.caption);
+            control.picture = Bitmap(control.caption);
         control.visible = true;
+    }
+
+    // Buttons of one look share their picture.
+    QImage Bitmap(const QString& path)
+    {
+        QImage& bitmap = bitmaps[path];
+        if (bitmap.isNull())
+            bitmap = LoadBitmap(path);
+        return bitmap;
     }
 
     void TakePanels(Fields& fields)
@@ -225,6 +236,7 @@ private:
     }
 
     GuiForm& form;
+    QHash<QString, QImage> bitmaps;
     bool menuFlag = true;
 };
 

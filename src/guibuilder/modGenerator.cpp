@@ -256,8 +256,10 @@ private:
         if (form.GuiTooltipsOn && !traits.tooltip.empty())
             AppendTooltip(tooltipBlock, statements.kind, form.GuiHandleName, name,
                           tag.tooltip.isEmpty() ? LatinText(traits.tooltip) : tag.tooltip);
-        if (statements.kind == ControlKind::Bmpbutton && !bitmapMissing)
+        if (statements.kind == ControlKind::Bmpbutton && !bitmapMissing && control.caption != bitmapFound) {
             bitmapMissing = !FileExists(control.caption);
+            bitmapFound = control.caption;
+        }
     }
 
     void AddStatements(const KindStatements& statements)
@@ -436,6 +438,7 @@ private:
     QString stubBlock;
     QString tooltipBlock;
     bool bitmapMissing = false;
+    QString bitmapFound; // the last path that was looked up
 };
 
 } // namespace

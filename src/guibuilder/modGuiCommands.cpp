@@ -141,15 +141,13 @@ void LoadGuiForm(const QString& path)
 
 void guiSave()
 {
-    switch (MainForm->ActiveKind()) {
-    case ActiveChild::None:
+    if (!GuiFormOpen) {
         MsgBox(QStringLiteral("No gui form to save!"), BoxIcon::Critical);
         return;
-    case ActiveChild::Code:
+    }
+    if (MainForm->ActiveKind() != ActiveChild::Gui) {
         MsgBox(QStringLiteral("The gui builder is not active; there is no form to save!"), BoxIcon::Critical);
         return;
-    case ActiveChild::Gui:
-        break;
     }
     FileSpec box;
     box.purpose = FilePurpose::Save;

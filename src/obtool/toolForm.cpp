@@ -29,10 +29,20 @@ struct FormArguments {
     bool simple = false;
 };
 
+// A file that cannot be read is a load that failed, as it is in the bench.
+FormLoad ReadFormBytes(const std::string& file, GuiForm& form)
+{
+    try {
+        return ReadForm(ReadInput(file), form);
+    } catch (const ToolFailure&) {
+        return FormLoad::Failed;
+    }
+}
+
 GuiForm ReadFormArgument(const std::string& file)
 {
     GuiForm form;
-    switch (ReadForm(ReadInput(file), form)) {
+    switch (ReadFormBytes(file, form)) {
     case FormLoad::Loaded:
         return form;
     case FormLoad::Corrupt:

@@ -20,6 +20,14 @@ QList<QByteArray> Index(const QByteArray& text)
 
 using Entries = QList<QByteArray>;
 
+Entries Sorted(const QByteArray& text)
+{
+    Entries entries;
+    for (const LabelEntry& entry : SortedLabels(LabelIndex(text)))
+        entries.append(QByteArray::number(entry.line) + ':' + entry.text);
+    return entries;
+}
+
 } // namespace
 
 class tst_modLabels : public QObject {
@@ -117,6 +125,65 @@ private Q_SLOTS:
     void ANulIsACharacterLikeOthers()
     {
         QCOMPARE(Index(QByteArray("[a\0b]\r\nx", 8)), Entries{QByteArray("0:[a\0b]", 7)});
+    }
+
+    void TheSortedListGoesByLowerCaseLetters()
+    {
+        // "_" stands before the small letters and behind the big ones.
+        QCOMPARE(Sorted("[b]\r\nSub Z\r\n[_a]\r\n[A]\r\nfunction f\r\nsub a\r\n[a]x\r\n[Ba]\r\n"),
+                 (Entries{"2:[_a]", "3:[A]", "6:[a]x", "0:[b]", "7:[Ba]", "4:function f", "5:sub a", "1:Sub Z"}));
+    }
+
+    void EqualEntriesStayAsTheyStood()
+    {
+        QCOMPARE(Sorted("[x]\r\n[X]\r\n[a]\r\n[x]\r\n"), (Entries{"2:[a]", "0:[x]", "1:[X]", "3:[x]"}));
+    }
+
+    void LettersBeyondAsciiAreSortedWithoutCaseToo()
+    {
+        QCOMPARE(Sorted("[\xC3\xB6]\r\n[\xC3\x84]\r\n[z]\r\n[\xC3\x96]b\r\n[\xC3\xA4]a\r\n"),
+                 (Entries{"2:[z]", "1:[\xC3\x84]", "4:[\xC3\xA4]a", "0:[\xC3\xB6]", "3:[\xC3\x96]b"}));
+    }
+
+    void AnEntryIsFoundAtItsFirstLine_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QByteArray>("target");
+        QTest::addColumn<int>("line");
+        const QByteArray text = "print\r\n  [a]\r\n[A]\r\nsub Twice x  \r\n\r\n[last]  ";
+        const auto row = [](const char* name, const QByteArray& searched, const char* target, int line) {
+            QTest::newRow(name) << searched << QByteArray(target) << line;
+        };
+        row("behind blanks", text, "[a]", 1);
+        row("in another case the first equal line wins", text, "[A]", 1);
+        row("the line's own blanks at its end go", text, "sub twice x", 3);
+        row("blanks in the target stay", text, "sub Twice x  ", -1);
+        row("the last line without its last two", text, "[last]", 5);
+        row("a last line whose entry is cut", "[start]", "[star", 0);
+        row("and not by its whole name", "[start]", "[start]", -1);
+        row("the placeholder", text, "[ branch labels ]", -1);
+        row("nothing is on no empty line", text, "", -1);
+        row("a part of a line", text, "sub Twice", -1);
+        row("any line will do", text, "PRINT", 0);
+        row("letters beyond ASCII", "[\xC3\xA4]\r\n", "[\xC3\x84]", 0);
+        row("in an empty text", "", "[a]", -1);
+        row("behind other line ends", "x\ny\r[a]\n", "[a]", 2);
+    }
+
+    void AnEntryIsFoundAtItsFirstLine()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QByteArray, target);
+        QTEST(FindLabel(text, target).value_or(-1), "line");
+    }
+
+    void EveryEntryWithoutBlanksBehindItIsFound()
+    {
+        const QByteArray text = "[one]\r\n   sub two a\r\nprint\r\n[three] x\r\nfunction four(\xE2\x82\xAC)\r\n[five]";
+        const std::vector<LabelEntry> index = LabelIndex(text);
+        QCOMPARE(index.size(), std::size_t{5});
+        for (const LabelEntry& entry : index)
+            QCOMPARE(FindLabel(text, entry.text).value_or(-1), entry.line);
     }
 
     // A scan that looked at the rest of the text for each line would need minutes for one of the three.

@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The snippets without their window: the library, the folder with its defaults, reading, saving, deleting.
+#include "editor/modSnippets.h"
+
+#include "core/CoreBench.h"
+#include "platform/FileTrouble.h"
+
+#include <QElapsedTimer>
+
+using namespace ob;
+
+namespace {
+
+constexpr char DefaultLibrary[] = "[Add your snippets!]\r\n"
+                                  "\r\n"
+                                  "Function InsertString$(string$,insert$,start)\r\n"
+                                  "'Inserts second string into first string at position *start*\r\n"
+                                  "    InsertString$=left$(string$,start-1)+insert$+mid$(string$,start)\r\n"
+                                  "End Function\r\n"
+                                  "\r\n"
+                                  "\r\n"
+                                  "[YourSubRoutine]\r\n"
+                                  "    'place your own snippet here!\r\n"
+                                  "RETURN\r\n";
+
+const QString LibraryMissingText = QStringLiteral("Snippets.bas not found!");
+
+QByteArray LoadedText(const FakeMainForm& form)
+{
+    return form.ActiveControl().text;
+}
+
+} // namespace
+
+class tst_modSnippets : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<CoreBench> bench;
+
+    QString Folder() const { return bench->ProgramPath({}).chopped(1); }
+    QString Snippet(const char* name) const
+    {
+        return bench->ProgramPath(QStringLiteral("snippets/") + QString::fromUtf8(name));
+    }
+    QByteArray PutAndGet(const QString& text) const
+    {
+        const QString path = bench->Path(QStringLiteral("x.snip"));
+        return SaveSnippet(path, text) == SnippetSave::Written ? CoreBench::Get(path) : QByteArray("(declined)");
+    }
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup() { bench.reset(); }
+
+    // --- The library. ---
+
+    void aMissingLibraryIsWrittenAndOpened()
+    {
+        mnuToolSnippet_Click();
+        const QString path = bench->ProgramPath(QStringLiteral("snippets.bas"));
+        QCOMPARE(CoreBench::Get(path), QByteArray(DefaultLibrary));
+        const cDocument* document = bench->form.active;
+        QVERIFY(document != nullptr);
+        QCOMPARE(document->Caption(), path);
+        QCOMPARE(document->Tag, TagOpen);
+        QCOMPARE(LoadedText(bench->form), QByteArray(DefaultLibrary).chopped(2));
+    }
+
+    void theUsersLibraryStaysAsItIs()
+    {
+        const QString path = bench->ProgramPath(QStringLiteral("snippets.bas"));
+        CoreBench::PutFile(path, "'mine \xE9\r\n");
+        EnsureSnippetFile(Folder());
+        QCOMPARE(CoreBench::Get(path), QByteArray("'mine \xE9\r\n"));
+        mnuToolSnippet_Click();
+        QCOMPARE(LoadedText(bench->form), QByteArray("'mine \xC3\xA9"));
+        QVERIFY(RecentFiles[0].isEmpty());
+    }
+
+    void aLibraryThatCannotBeMadeIsTold()
+    {
+        QDir().mkdir(bench->ProgramPath(QStringLiteral("snippets.bas")));
+        bench->dialogs.ExpectMessage(LibraryMissingText);
+        mnuToolSnippet_Click();
+        QVERIFY(bench->form.active == nullptr);
+        QVERIFY(bench->dialogs.Finished());
+    }
+
+    void aLibraryOfOneByteIsAnError()
+    {
+        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("snippets.bas")), "x");
+        QCOMPARE(RaisedBy(mnuToolSnippet_Click), 5);
+    }
+
+    // --- The folder. ---
+
+    void theFolderIsMadeWithTheDefaults()
+    {
+        EnsureSnippetFolder(Folder());
+        QCOMPARE(SnippetNames(SnippetsPath(Folder())),
+                 QStringLiteral("center_dialog.snip center_window.snip custom_cursor.snip password_textbox.snip "
+                                "play_midi.snip text_linewrap.snip")
+                     .split(QLatin1Char(' ')));
+    }
+
+    void theDefaultsAreAsTold_data()
+    {
+        QTest::addColumn<int>("lines");
+        QTest::addColumn<int>("number");
+        QTest::addColumn<QByteArray>("line");
+        QTest::newRow("center_dialog.snip") << 10 << 7 << QByteArray("open \"Centered; Dialog\" for dialog as #1");
+        QTest::newRow("text_linewrap.snip") << 34 << 21 << QByteArray("#1.tb \"!Font times_new_roman 12 Italic \"");
+        QTest::newRow("password_textbox.snip") << 21 << 15 << QByteArray("  hBox as ulong, _EM_SETPASSWORDCHAR as long,_");
+        QTest::newRow("center_window.snip") << 12 << 12 << QByteArray("[quit] close #main : end");
+        QTest::newRow("play_midi.snip") << 22 << 4 << QByteArray("'the playmidi command returns the length of the midi in ");
+        QTest::newRow("custom_cursor.snip") << 37 << 37 << QByteArray("'IDC_WAIT    Hourglass");
+    }
+
+    void theDefaultsAreAsTold()
+    {
+        QFETCH(int, lines);
+        QFETCH(int, number);
+        EnsureSnippetFolder(Folder());
+        const QByteArray bytes = CoreBench::Get(Snippet(QTest::currentDataTag()));
+        QList<QByteArray> parts = bytes.split('\n');
+        QCOMPARE(parts.size(), lines + 1);
+        QVERIFY(parts.takeLast().isEmpty());
+        for (const QByteArray& part : parts)
+            QVERIFY(part.endsWith('\r'));
+        QTEST(parts[number - 1].chopped(1), "line");
+    }
+
+    void aFolderThatIsThereGetsNoDefaults()
+    {
+        QDir().mkdir(SnippetsPath(Folder()));
+        EnsureSnippetFolder(Folder());
+        QVERIFY(QDir(SnippetsPath(Folder())).isEmpty());
+    }
+
+    void aFileInTheFoldersPlaceIsAnError()
+    {
+        CoreBench::PutFile(SnippetsPath(Folder()), "x");
+        QCOMPARE(RaisedBy([this] { EnsureSnippetFolder(Folder()); }), 75);
+        QCOMPARE(CoreBench::Get(SnippetsPath(Folder())), QByteArray("x"));
+        QCOMPARE(RaisedBy([this] { EnsureSnippetFolder(bench->Path(QStringLiteral("gone"))); }), 76);
+    }
+
+#ifdef Q_OS_UNIX
+    void aFullDiskLeavesNoHalfFolder()
+    {
+        {
+            const FileSizeLimit limit(400); // enough for the first of them
+            QCOMPARE(RaisedBy([this] { EnsureSnippetFolder(Folder()); }), 61);
+        }
+        QVERIFY(!QDir(SnippetsPath(Folder())).exists());
+        EnsureSnippetFolder(Folder());
+        QCOMPARE(SnippetNames(SnippetsPath(Folder())).size(), 6);
+    }
+
+    void aReadOnlyFolderIsAnError()
+    {
+        const QString folder = bench->Path({}).chopped(1);
+        bench->Put(QStringLiteral("a.snip"), "old\r\n");
+        // Everything above the folder must be open to the plain user.
+        const auto all = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+        QVERIFY(QFile::setPermissions(QFileInfo(folder).path(), all | QFile::WriteOwner));
+        QVERIFY(QFile::setPermissions(folder, all));
+        {
+            const PlainUser user;
+            QCOMPARE(RaisedBy([&] { EnsureSnippetFolder(folder); }), 75);
+            QCOMPARE(RaisedBy([&] { EnsureSnippetFile(folder); }), 75);
+            QCOMPARE(RaisedBy([&] { SaveSnippet(folder + QStringLiteral("/b.snip"), {}); }), 75);
+            QCOMPARE(RaisedBy([&] { DeleteSnippet(folder + QStringLiteral("/a.snip")); }), 75);
+        }
+        QCOMPARE(CoreBench::Get(bench->Path(QStringLiteral("a.snip"))), QByteArray("old\r\n"));
+        QVERIFY(QFile::setPermissions(folder, all | QFile::WriteOwner));
+    }
+#endif
+
+    void theListHoldsSnippetFilesInOrder()
+    {
+        for (const char* name : {"b.snip", "A.SNIP", "c.snip.bak", "d", ".snip", "e\\f.Snip", "snip"})
+            bench->Put(QString::fromUtf8(name), "x\r\n");
+        QDir().mkdir(bench->Path(QStringLiteral("folder.snip")));
+        QCOMPARE(SnippetNames(bench->Path({})),
+                 (QStringList{QStringLiteral("A.SNIP"), QStringLiteral("b.snip"), QStringLiteral("e\\f.Snip")}));
+        QVERIFY(SnippetNames(bench->Path(QStringLiteral("gone"))).isEmpty());
+    }
+
+    void tenThousandSnippetsAreListedAtOnce()
+    {
+        constexpr int count = 10'000;
+        for (int i = 0; i < count; ++i)
+            bench->Put(QStringLiteral("s%1.snip").arg(i), {});
+        QElapsedTimer timer;
+        timer.start();
+        const QStringList names = SnippetNames(bench->Path({}));
+        const auto elapsed = timer.elapsed();
+        QCOMPARE(names.size(), count);
+        qInfo("listed in %lld ms", static_cast<long long>(elapsed));
+        QVERIFY2(elapsed < 1'000, "the list takes too long");
+    }
+
+    // --- One snippet. ---
+
+    void aSnippetLosesItsLastTwoBytes_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("line end") << QByteArray("print 1\r\n") << QStringLiteral("print 1");
+        QTest::newRow("no line end") << QByteArray("print 1") << QStringLiteral("print");
+        QTest::newRow("two bytes") << QByteArray("\r\n") << QString();
+        QTest::newRow("one byte") << QByteArray("x") << QString();
+        QTest::newRow("no byte") << QByteArray() << QString();
+        QTest::newRow("beyond ASCII") << QByteArray("\xE9\x80\xA0\r\n") << QString::fromUtf8("é€\u00A0");
+    }
+
+    void aSnippetLosesItsLastTwoBytes()
+    {
+        QFETCH(QByteArray, file);
+        QTEST(SnippetText(bench->Put(QStringLiteral("x.snip"), file)), "text");
+    }
+
+    void whatCannotBeReadIsAnError()
+    {
+        QCOMPARE(RaisedBy([this] { SnippetText(bench->Path(QStringLiteral("gone.snip"))); }), 53);
+        QCOMPARE(RaisedBy([this] { SnippetText(bench->Path({})); }), 75);
+    }
+
+    void aSaveAddsOneLineEnd()
+    {
+        QCOMPARE(PutAndGet(QStringLiteral("a\nb")), QByteArray("a\r\nb\r\n"));
+        QCOMPARE(PutAndGet(QStringLiteral("a\r\n")), QByteArray("a\r\n\r\n"));
+        QCOMPARE(PutAndGet({}), QByteArray("\r\n"));
+        QCOMPARE(PutAndGet(QString::fromUtf8("é€\u00A0")), QByteArray("\xE9\x80\xA0\r\n"));
+    }
+
+    void aSavedSnippetReadsTheSame()
+    {
+        const QString text = QStringLiteral("print 1\r\n\r\n  'end ");
+        const QString path = bench->Path(QStringLiteral("x.snip"));
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(SaveSnippet(path, i == 0 ? text : SnippetText(path)), SnippetSave::Written);
+            QCOMPARE(SnippetText(path), text);
+        }
+    }
+
+    void aCharacterThatCannotBeStoredIsAskedFor()
+    {
+        const QString question = QStringLiteral("Line 2 of the snippet holds a character that BASIC source files cannot "
+                                                "store.\nSave with a question mark in place of each such character?");
+        const QString path = bench->Put(QStringLiteral("x.snip"), "old\r\n");
+        bench->dialogs.ExpectQuestion(question, BoxAnswer::No);
+        QCOMPARE(SaveSnippet(path, QString::fromUtf8("a\n→")), SnippetSave::Declined);
+        QCOMPARE(CoreBench::Get(path), QByteArray("old\r\n"));
+        bench->dialogs.ExpectQuestion(question, BoxAnswer::Yes);
+        QCOMPARE(SaveSnippet(path, QString::fromUtf8("a\n→")), SnippetSave::Written);
+        QCOMPARE(CoreBench::Get(path), QByteArray("a\r\n?\r\n"));
+    }
+
+#ifdef Q_OS_UNIX
+    void aFullDiskKeepsTheOldSnippet()
+    {
+        const QString path = bench->Put(QStringLiteral("x.snip"), "old\r\n");
+        {
+            const FileSizeLimit limit(400);
+            QCOMPARE(RaisedBy([&] { SaveSnippet(path, QString(1000, QLatin1Char('x'))); }), 61);
+        }
+        QCOMPARE(CoreBench::Get(path), QByteArray("old\r\n"));
+        QCOMPARE(SnippetNames(bench->Path({})).size(), 1);
+    }
+#endif
+
+    void aSnippetIsDeletedOnce()
+    {
+        const QString path = bench->Put(QStringLiteral("x.snip"), "old\r\n");
+        DeleteSnippet(path);
+        QVERIFY(!QFile::exists(path));
+        DeleteSnippet(path);
+    }
+
+    void anOfferedNameStaysInTheFolder_data()
+    {
+        QTest::addColumn<QString>("offered");
+        QTest::newRow("a.snip") << QStringLiteral("a.snip");
+        QTest::newRow("read/write") << QStringLiteral("read-write");
+        QTest::newRow("../../x.snip") << QStringLiteral("..-..-x.snip");
+        QTest::newRow("a\\b") << QStringLiteral("a-b");
+        QTest::newRow("..") << QStringLiteral("--");
+        QTest::newRow("...") << QStringLiteral("...");
+    }
+
+    void anOfferedNameStaysInTheFolder()
+    {
+        QTEST(OfferedSnippetName(QString::fromUtf8(QTest::currentDataTag())), "offered");
+    }
+
+    void insertingNeedsACodeWindow()
+    {
+        bench->dialogs.ExpectMessage(NoCodeWindowText);
+        QCOMPARE(InsertSnippet(QStringLiteral("x")), SnippetInsert::NoWindow);
+        QVERIFY(bench->dialogs.Finished());
+    }
+};
+
+OB_CORE_TEST(tst_modSnippets)
+#include "tst_modSnippets.moc"
