@@ -18,6 +18,7 @@
 #include <QLibrary>
 #include <QPrinter>
 #include <QTemporaryDir>
+#include <QWidget>
 
 #include <benchmark/benchmark.h>
 

@@ -13,6 +13,7 @@
 #include <QByteArray>
 #include <QPainter>
 
+#include <memory>
 #include <optional>
 
 namespace ob {
@@ -52,9 +53,25 @@ Sci_RangeToFormat FirstPage(Sci sci, const PrintRange& range, cPrintJob& job)
     return record;
 }
 
-PrintEnd EndJob(cPrintJob& job)
+PrintEnd EndJob(cPrintJob& job, cPrintWatch& watch)
 {
-    return job.End() == PrinterState::Ready ? PrintEnd::Printed : PrintEnd::Failed;
+    SendingWish wish = SendingWish::GoOn;
+    const PrinterState state = job.End([&](const SendingPlace& place) {
+        // Asked once: a window that has been closed is not to come up again.
+        if (wish == SendingWish::GoOn &&
+            watch.NextPage({PrintWork::Sending, place.page, place.page, place.pages}) == PrintWish::Stop)
+            wish = SendingWish::TakeBack;
+        return wish;
+    });
+    switch (state) {
+    case PrinterState::Ready:
+        return PrintEnd::Printed;
+    case PrinterState::TakenBack:
+        return PrintEnd::Stopped;
+    case PrinterState::Failed:
+        break;
+    }
+    return PrintEnd::Failed;
 }
 
 // The next page, and the events that have come in. Nothing when all is well.
@@ -110,7 +127,7 @@ PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrint
     Sci_RangeToFormat record = FirstPage(sci, range, job);
     // The formatter would draw the line that the caret stands at the end of.
     const bool isEmpty = range.start >= SendSci(sci, SCI_GETLENGTH);
-    PrintPlace place{1, 0, range.end - range.start};
+    PrintPlace place{PrintWork::Drawing, 1, 0, range.end - range.start};
     std::intptr_t reached = 0;
     while (!isEmpty && reached < range.end - RestWithoutPage) {
         reached = SendSci(sci, SCI_FORMATRANGE, Draw, reinterpret_cast<std::intptr_t>(&record));
@@ -124,7 +141,7 @@ PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrint
             return *end;
         record.hdc = record.hdcTarget = &job.Painter();
     }
-    return EndJob(job);
+    return EndJob(job, watch);
 }
 
 PrintEnd PrintPlain(const cDocument& document, const PrintRange& range, int tabSize, cPrintJob& job,
@@ -132,14 +149,14 @@ PrintEnd PrintPlain(const cDocument& document, const PrintRange& range, int tabS
 {
     const QString text = SelectedText(document.sci, range);
     cPlainPages pages(text, job, tabSize);
-    PrintPlace place{1, 0, text.size()};
+    PrintPlace place{PrintWork::Drawing, 1, 0, text.size()};
     while (pages.FillPage() == PageEnd::MoreToCome) {
         ++place.page;
         place.done = pages.Position();
         if (const auto end = TurnPage(document, job, watch, place))
             return *end;
     }
-    const PrintEnd end = EndJob(job);
+    const PrintEnd end = EndJob(job, watch);
     if (end == PrintEnd::Printed && range.source == PrintSource::FromCaret)
         SendSci(document.sci, SCI_SETSEL, 0, 1);
     return end;

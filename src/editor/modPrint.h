@@ -42,8 +42,10 @@ struct PrintRange {
 };
 PrintRange RangeToPrint(Sci sci);
 
-// How far a job is: pages begun, and bytes printed of all.
+// How far a job is. First its pages are drawn, then a printer gets them; `done` of `all` is in the unit of the work.
+enum class PrintWork { Drawing, Sending };
 struct PrintPlace {
+    PrintWork work = PrintWork::Drawing;
     int page = 1;
     std::intptr_t done = 0;
     std::intptr_t all = 0;
@@ -64,7 +66,7 @@ public:
 enum class PrintEnd { Printed, Stopped, Failed };
 
 // Both put the range on the job's pages and end the job; Stopped when the watch says so or the window has been closed
-// in the meantime, and then nothing comes out. Long lines are broken at the page's edge.
+// in the meantime, and then nothing comes out, as far as the printer can take back what it has. Long lines are broken at the page's edge.
 PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrintJob& job, cPrintWatch& watch);
 
 // The range stays selected in the window; without a selection at the start the first character is selected instead.

@@ -33,7 +33,7 @@ public:
 
 [[noreturn]] inline void RaiseObjectNotSet()
 {
-    throw ImagingError(91, {}, "Object variable not set");
+    throw ImagingError(91, {}, "Object variable or With block variable not set");
 }
 
 } // namespace ob

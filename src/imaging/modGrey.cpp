@@ -12,7 +12,7 @@ namespace {
 // The grey values of four pixels, from offset 0 or 4 of sixteen bytes on. The sums are exact in a float, and so is a
 // quotient that lies halfway; the conversion rounds halves to even.
 template <int Offset>
-OB_TARGET("ssse3")
+OB_TARGET("avx2")
 inline __m128i GreysOfFour(const std::uint8_t* source)
 {
     constexpr char o = Offset;
@@ -27,7 +27,7 @@ inline __m128i GreysOfFour(const std::uint8_t* source)
 }
 
 // Sixteen pixels at a time; gives the number of pixels done.
-OB_TARGET("ssse3")
+OB_TARGET("avx2")
 std::int32_t MakeSixteensGrey(std::uint8_t* line, std::int32_t width)
 {
     const __m128i first = _mm_setr_epi8(0, 0, 0, 1, 1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4, 5);
@@ -53,7 +53,7 @@ void MakeLineGrey(std::uint8_t* line, std::int32_t width)
 {
     std::int32_t x = 0;
 #ifdef OB_X86
-    if (HasSse41())
+    if (HasAvx2())
         x = MakeSixteensGrey(line, width);
 #endif
     std::uint8_t* pixel = line + std::int64_t{x} * 3;

@@ -83,168 +83,238 @@ void cMappedLines::DitherLinePlain(LinePair line)
 
 // The same steps on vectors. The lanes of a pixel are blue, green, red and an empty one.
 struct cMappedLines::VectorSteps {
-    struct Found {
-        const std::uint32_t* colors;
-        std::uint32_t place;
-    };
-
-    // The nearest entry of a cell: each block gives its least value of distance and lane, which is the first lane of
-    // the least distance.
-    OB_TARGET("sse4.1")
-    static inline Found FindIn(const cNearest& nearest, const cNearest::Cell& cell, __m128i pixel)
-    {
-        const __m128i blue = _mm_shuffle_epi8(pixel, _mm_setzero_si128());
-        const __m128i green = _mm_shuffle_epi8(pixel, _mm_set1_epi8(1));
-        const __m128i red = _mm_shuffle_epi8(pixel, _mm_set1_epi8(2));
-        const NearestBlock* block = nearest.Blocks(cell);
-        auto best = static_cast<std::uint32_t>(FarthestCityBlock);
-        std::uint32_t bestPlace = 0;
-        for (std::uint32_t index = 0; index < cell.blockCount; ++index, ++block) {
-            const std::uint32_t key = LeastKey(Load(block->blue), Load(block->green), Load(block->red), blue, green, red);
-            if (key >> 4 < best) {
-                best = key >> 4;
-                bestPlace = index * 16 + (key & 15U);
-            }
-        }
-        if (best == static_cast<std::uint32_t>(FarthestCityBlock))
-            RaiseSubscriptError();
-        return {nearest.Colors(cell), bestPlace};
-    }
-
-    OB_TARGET("sse4.1")
-    static inline __m128i Load(const std::array<std::uint8_t, 16>& bytes)
-    {
-        return _mm_load_si128(reinterpret_cast<const __m128i*>(bytes.data()));
-    }
-
-    OB_TARGET("sse4.1")
-    static inline __m128i Apart(__m128i one, __m128i other)
-    {
-        return _mm_or_si128(_mm_subs_epu8(one, other), _mm_subs_epu8(other, one));
-    }
-
-    OB_TARGET("sse4.1")
-    static inline std::uint32_t LeastKey(__m128i blues, __m128i greens, __m128i reds, __m128i blue, __m128i green,
-                                         __m128i red)
-    {
-        const __m128i blueApart = Apart(blues, blue);
-        const __m128i greenApart = Apart(greens, green);
-        const __m128i redApart = Apart(reds, red);
-        const __m128i ones = _mm_set1_epi8(1);
-        const __m128i zero = _mm_setzero_si128();
-        const __m128i low = _mm_add_epi16(_mm_maddubs_epi16(_mm_unpacklo_epi8(blueApart, greenApart), ones),
-                                          _mm_unpacklo_epi8(redApart, zero));
-        const __m128i high = _mm_add_epi16(_mm_maddubs_epi16(_mm_unpackhi_epi8(blueApart, greenApart), ones),
-                                           _mm_unpackhi_epi8(redApart, zero));
-        const __m128i lowKeys = _mm_or_si128(_mm_slli_epi16(low, 4), _mm_setr_epi16(0, 1, 2, 3, 4, 5, 6, 7));
-        const __m128i highKeys = _mm_or_si128(_mm_slli_epi16(high, 4), _mm_setr_epi16(8, 9, 10, 11, 12, 13, 14, 15));
-        const __m128i least = _mm_minpos_epu16(_mm_min_epu16(lowKeys, highKeys));
-        return static_cast<std::uint32_t>(_mm_cvtsi128_si32(least)) & 0xFFFFU;
-    }
-
+    // The bytes of a pixel, for the last one of a line; others are read with the byte behind them.
     static inline std::uint32_t Pixel(const std::uint8_t* bytes)
     {
         return bytes[0] | std::uint32_t{bytes[1]} << 8 | std::uint32_t{bytes[2]} << 16;
     }
 
-    OB_TARGET("sse4.1")
-    static inline std::uint32_t Nearest(cNearest& nearest, std::uint32_t color, __m128i pixel)
+    OB_TARGET("avx2")
+    static inline __m128i Load(const std::array<std::uint8_t, 16>& bytes)
     {
-        const cNearest::Cell& cell = nearest.CellOf(color >> 16 & 255U, color >> 8 & 255U, color & 255U);
-        const Found found = FindIn(nearest, cell, pixel);
-        return found.colors[found.place];
+        return _mm_load_si128(reinterpret_cast<const __m128i*>(bytes.data()));
     }
 
-    OB_TARGET("sse4.1")
-    static inline __m128i Clamped(__m128i value)
+    OB_TARGET("avx2")
+    static inline __m128i Apart(__m128i one, __m128i other)
     {
-        return _mm_min_epi16(_mm_max_epi16(value, _mm_setzero_si128()), _mm_set1_epi16(255));
+        return _mm_or_si128(_mm_subs_epu8(one, other), _mm_subs_epu8(other, one));
     }
 
-    // A line that is being made.
+    // The least value of distance x 16 + lane in a block: the first lane of the least distance.
+    OB_TARGET("avx2")
+    static inline std::uint32_t LeastKey(const NearestBlock& block, __m128i pixel)
+    {
+        const __m128i zero = _mm_setzero_si128();
+        const __m128i ones = _mm_set1_epi8(1);
+        const __m128i blue = Apart(Load(block.blue), _mm_shuffle_epi8(pixel, zero));
+        const __m128i green = Apart(Load(block.green), _mm_shuffle_epi8(pixel, ones));
+        const __m128i red = Apart(Load(block.red), _mm_shuffle_epi8(pixel, _mm_set1_epi8(2)));
+        const __m128i low = _mm_add_epi16(_mm_maddubs_epi16(_mm_unpacklo_epi8(blue, green), ones),
+                                          _mm_unpacklo_epi8(red, zero));
+        const __m128i high = _mm_add_epi16(_mm_maddubs_epi16(_mm_unpackhi_epi8(blue, green), ones),
+                                           _mm_unpackhi_epi8(red, zero));
+        const __m128i lowKeys = _mm_or_si128(_mm_slli_epi16(low, 4), _mm_setr_epi16(0, 1, 2, 3, 4, 5, 6, 7));
+        const __m128i highKeys = _mm_or_si128(_mm_slli_epi16(high, 4), _mm_setr_epi16(8, 9, 10, 11, 12, 13, 14, 15));
+        return static_cast<std::uint32_t>(_mm_cvtsi128_si32(_mm_minpos_epu16(_mm_min_epu16(lowKeys, highKeys)))) &
+               0xFFFFU;
+    }
+
+    // A search in the cells of the colours' cube.
+    struct Cells {
+        cNearest& nearest;
+
+        OB_TARGET("avx2")
+        inline std::uint32_t Nearest(__m128i pixel) const
+        {
+            const auto color = static_cast<std::uint32_t>(_mm_cvtsi128_si32(pixel));
+            const cNearest::Cell& cell = nearest.CellOf(color >> 16 & 255U, color >> 8 & 255U, color & 255U);
+            const NearestBlock* block = nearest.Blocks(cell);
+            auto best = static_cast<std::uint32_t>(FarthestCityBlock);
+            std::uint32_t place = 0;
+            for (std::uint32_t index = 0; index < cell.blockCount; ++index, ++block) {
+                const std::uint32_t key = LeastKey(*block, pixel);
+                if (key >> 4 < best) {
+                    best = key >> 4;
+                    place = index * 16 + (key & 15U);
+                }
+            }
+            if (best == static_cast<std::uint32_t>(FarthestCityBlock)) [[unlikely]]
+                RaiseSubscriptError();
+            return nearest.Colors(cell)[place];
+        }
+    };
+
+    // A search in a single block.
+    struct OneBlock {
+        const NearestBlock& block;
+        const std::uint32_t* colors;
+
+        OB_TARGET("avx2")
+        inline std::uint32_t Nearest(__m128i pixel) const
+        {
+            const std::uint32_t key = LeastKey(block, pixel);
+            if (key >> 4 >= static_cast<std::uint32_t>(FarthestCityBlock)) [[unlikely]]
+                RaiseSubscriptError();
+            return colors[key & 15U];
+        }
+    };
+
+    template <class Search>
+    OB_TARGET("avx2")
+    static void MapLine(const Search& search, LinePair line, std::int32_t width)
+    {
+        std::uint32_t known = Pixel(line.source);
+        std::uint32_t mapped = search.Nearest(_mm_cvtsi32_si128(static_cast<int>(known)));
+        for (std::int32_t x = 0; x < width; ++x, line.source += 3, line.target += 3) {
+            const std::uint32_t pixel = Pixel(line.source);
+            if (pixel != known) {
+                known = pixel;
+                mapped = search.Nearest(_mm_cvtsi32_si128(static_cast<int>(pixel)));
+            }
+            Put(line.target, mapped);
+        }
+    }
+
+    // A line that is being dithered.
     struct Line {
         const std::uint8_t* source;
         std::uint8_t* target;
         __m128i fromLeft;
     };
 
-    OB_TARGET("sse4.1")
-    static inline void Step(cMappedLines& lines, Line& line, std::int64_t column, bool takesShares)
+    OB_TARGET("avx2")
+    static inline __m128i Clamped(__m128i value)
     {
-        Error& share = lines.before[static_cast<std::size_t>(column)];
-        __m128i value = _mm_cvtepu8_epi16(_mm_cvtsi32_si128(static_cast<int>(Pixel(line.source + column * 3))));
-        if (takesShares) {
-            int fromBefore;
-            std::memcpy(&fromBefore, share.shares.data(), sizeof fromBefore);
-            value = Clamped(_mm_add_epi16(value, line.fromLeft));
-            value = Clamped(_mm_add_epi16(value, _mm_cvtepi8_epi16(_mm_cvtsi32_si128(fromBefore))));
-        }
-        const __m128i bytes = _mm_packus_epi16(value, value);
-        const std::uint32_t color =
-            Nearest(lines.nearest, static_cast<std::uint32_t>(_mm_cvtsi128_si32(bytes)), bytes);
-        Put(line.target + column * 3, color);
+        return _mm_min_epi16(_mm_max_epi16(value, _mm_setzero_si128()), _mm_set1_epi16(255));
+    }
 
-        const __m128i mapped = _mm_cvtepu8_epi16(_mm_cvtsi32_si128(static_cast<int>(color)));
-        const __m128i error = _mm_sub_epi16(value, mapped);
+    OB_TARGET("avx2")
+    static inline __m128i Widened(std::uint32_t pixel)
+    {
+        return _mm_cvtepu8_epi16(_mm_cvtsi32_si128(static_cast<int>(pixel)));
+    }
+
+    // What a pixel of that value, mapped to that colour, passes on: to the right, and into the share of the next line.
+    OB_TARGET("avx2")
+    static inline __m128i PassOn(__m128i value, std::uint32_t color, Error& share)
+    {
+        const __m128i error = _mm_sub_epi16(value, Widened(color));
         // The sum of four lanes in each of them.
         __m128i size = _mm_abs_epi16(error);
         size = _mm_add_epi16(size, _mm_shufflelo_epi16(size, 0xB1));
         size = _mm_add_epi16(size, _mm_shufflelo_epi16(size, 0x4E));
         const __m128i passed = _mm_and_si128(error, _mm_cmpgt_epi16(size, _mm_set1_epi16(SmallError)));
+        // Shifts round down; the sign's bits make them cut.
         const __m128i sign = _mm_srai_epi16(passed, 15);
         const __m128i sevenfold = _mm_mullo_epi16(passed, _mm_set1_epi16(7));
-        // Shifts round down; the sign's bits make them cut.
-        line.fromLeft = _mm_srai_epi16(_mm_add_epi16(sevenfold, _mm_and_si128(sign, _mm_set1_epi16(15))), 4);
-        const __m128i down = _mm_srai_epi16(_mm_add_epi16(passed, _mm_and_si128(sign, _mm_set1_epi16(3))), 2);
+        const __m128i down = _mm_srai_epi16(_mm_add_epi16(passed, _mm_srli_epi16(sign, 14)), 2);
         const int below = _mm_cvtsi128_si32(_mm_packs_epi16(down, down));
         std::memcpy(share.shares.data(), &below, sizeof below);
+        return _mm_srai_epi16(_mm_add_epi16(sevenfold, _mm_srli_epi16(sign, 12)), 4);
     }
 
-    OB_TARGET("sse4.1")
-    static void MakeLine(cMappedLines& lines, LinePair line)
+    // A pixel of the first or last column.
+    template <class Search>
+    OB_TARGET("avx2")
+    static inline void EdgeStep(const Search& search, Line& line, std::int64_t column, Error& share)
     {
-        std::uint32_t known = Pixel(line.source);
-        std::uint32_t mapped = Nearest(lines.nearest, known, _mm_cvtsi32_si128(static_cast<int>(known)));
-        for (std::int32_t x = 0; x < lines.target.Width(); ++x, line.source += 3, line.target += 3) {
-            const std::uint32_t pixel = Pixel(line.source);
-            if (pixel != known) {
-                known = pixel;
-                mapped = Nearest(lines.nearest, pixel, _mm_cvtsi32_si128(static_cast<int>(pixel)));
-            }
-            Put(line.target, mapped);
+        const __m128i value = Widened(Pixel(line.source + column * 3));
+        const std::uint32_t color = search.Nearest(_mm_packus_epi16(value, value));
+        Put(line.target + column * 3, color);
+        line.fromLeft = PassOn(value, color, share);
+    }
+
+    template <class Search>
+    OB_TARGET("avx2")
+    static inline void InnerStep(const Search& search, Line& line, std::int64_t column, Error& share)
+    {
+        std::uint32_t pixel;
+        int fromBefore;
+        std::memcpy(&pixel, line.source + column * 3, sizeof pixel);
+        std::memcpy(&fromBefore, share.shares.data(), sizeof fromBefore);
+        __m128i value = Clamped(_mm_add_epi16(Widened(pixel & 0xFFFFFFU), line.fromLeft));
+        value = Clamped(_mm_add_epi16(value, _mm_cvtepi8_epi16(_mm_cvtsi32_si128(fromBefore))));
+        const std::uint32_t color = search.Nearest(_mm_packus_epi16(value, value));
+        // The byte behind the pixel is the next one's, which stays as it is where source and target are one.
+        const std::uint32_t stored = color | (pixel & 0xFF000000U);
+        std::memcpy(line.target + column * 3, &stored, sizeof stored);
+        line.fromLeft = PassOn(value, color, share);
+    }
+
+    template <class Search>
+    OB_TARGET("avx2")
+    static void StepAtEdge(const Search& search, Line* lines, int lineCount, std::int32_t step, std::vector<Error>& before)
+    {
+        const auto last = static_cast<std::int32_t>(before.size()) - 1;
+        for (int index = 0; index < lineCount; ++index) {
+            const std::int32_t column = step - index;
+            if (column < 0 || column > last)
+                continue;
+            Error& share = before[static_cast<std::size_t>(column)];
+            if (column == 0 || column == last)
+                EdgeStep(search, lines[index], column, share);
+            else
+                InnerStep(search, lines[index], column, share);
         }
     }
 
     // Several lines, each one column behind the line before, so that the processor works on one while it waits for the
     // result of another.
-    template <int Lines>
-    OB_TARGET("sse4.1")
-    static void DitherTogether(cMappedLines& mapper, std::int32_t firstLine)
+    template <int Lines, class Search>
+    OB_TARGET("avx2")
+    static void DitherTogether(const Search& search, const std::array<LinePair, Lines>& pairs, std::vector<Error>& before)
     {
-        std::array<Line, Lines> lines;
-        for (int index = 0; index < Lines; ++index)
-            lines[static_cast<std::size_t>(index)] = {mapper.source.Line(firstLine + index),
-                                                      mapper.target.Line(firstLine + index), _mm_setzero_si128()};
-        const std::int32_t last = mapper.target.Width() - 1;
-        std::int32_t step = 0;
-        for (; step < std::min(Lines, last + 1); ++step)
-            StepAtEdge<Lines>(mapper, lines, step, last);
-        for (; step < last; ++step) {
-            for (int index = 0; index < Lines; ++index)
-                Step(mapper, lines[static_cast<std::size_t>(index)], step - index, true);
+        static_assert(Lines == 1 || Lines == 4);
+        Line lines[Lines];
+        for (int index = 0; index < Lines; ++index) {
+            const LinePair& pair = pairs[static_cast<std::size_t>(index)];
+            lines[index] = {pair.source, pair.target, _mm_setzero_si128()};
         }
-        for (; step < last + Lines; ++step)
-            StepAtEdge<Lines>(mapper, lines, step, last);
+        const auto width = static_cast<std::int32_t>(before.size());
+        std::int32_t step = 0;
+        for (; step < std::min(Lines, width); ++step)
+            StepAtEdge(search, lines, Lines, step, before);
+        for (; step < width - 1; ++step) {
+            Error* shares = before.data() + step;
+            InnerStep(search, lines[0], step, shares[0]);
+            if constexpr (Lines == 4) {
+                InnerStep(search, lines[1], step - 1, shares[-1]);
+                InnerStep(search, lines[2], step - 2, shares[-2]);
+                InnerStep(search, lines[3], step - 3, shares[-3]);
+            }
+        }
+        for (; step < width + Lines - 1; ++step)
+            StepAtEdge(search, lines, Lines, step, before);
     }
 
-    template <int Lines>
-    OB_TARGET("sse4.1")
-    static void StepAtEdge(cMappedLines& mapper, std::array<Line, Lines>& lines, std::int32_t step, std::int32_t last)
+    template <class Search>
+    static void DitherLines(cMappedLines& mapper, const Search& search, std::int32_t firstLine, std::int32_t endLine)
     {
-        for (int index = 0; index < Lines; ++index) {
-            const std::int32_t column = step - index;
-            if (column >= 0 && column <= last)
-                Step(mapper, lines[static_cast<std::size_t>(index)], column, column > 0 && column < last);
+        const auto pair = [&](std::int32_t y) { return LinePair{mapper.source.Line(y), mapper.target.Line(y)}; };
+        std::int32_t y = firstLine;
+        for (; y + 4 <= endLine; y += 4)
+            DitherTogether<4>(search, std::array{pair(y), pair(y + 1), pair(y + 2), pair(y + 3)}, mapper.before);
+        for (; y < endLine; ++y)
+            DitherTogether<1>(search, std::array{pair(y)}, mapper.before);
+    }
+
+    template <class Search>
+    static void MapLines(cMappedLines& mapper, const Search& search, std::int32_t firstLine, std::int32_t endLine)
+    {
+        for (std::int32_t y = firstLine; y < endLine; ++y)
+            MapLine(search, {mapper.source.Line(y), mapper.target.Line(y)}, mapper.target.Width());
+    }
+
+    // Calls work with the search that fits the palette.
+    template <class Work>
+    static void WithSearch(cNearest& nearest, Work work)
+    {
+        if (nearest.HasOneBlock()) {
+            const cNearest::Cell& cell = nearest.OnlyCell();
+            work(OneBlock{*nearest.Blocks(cell), nearest.Colors(cell)});
+        } else {
+            work(Cells{nearest});
         }
     }
 };
@@ -253,27 +323,25 @@ struct cMappedLines::VectorSteps {
 
 void cMappedLines::Make(std::int32_t firstLine, std::int32_t endLine)
 {
-    for (std::int32_t y = firstLine; y < endLine; ++y) {
-        const LinePair line = {source.Line(y), target.Line(y)};
 #ifdef OB_X86
-        if (HasSse41()) {
-            VectorSteps::MakeLine(*this, line);
-            continue;
-        }
-#endif
-        MakeLinePlain(line);
+    if (HasAvx2()) {
+        VectorSteps::WithSearch(nearest, [&](const auto& search) {
+            VectorSteps::MapLines(*this, search, firstLine, endLine);
+        });
+        return;
     }
+#endif
+    for (std::int32_t y = firstLine; y < endLine; ++y)
+        MakeLinePlain({source.Line(y), target.Line(y)});
 }
 
 void cMappedLines::MakeDithered(std::int32_t firstLine, std::int32_t endLine)
 {
 #ifdef OB_X86
-    if (HasSse41()) {
-        constexpr int together = 4;
-        for (; firstLine + together <= endLine; firstLine += together)
-            VectorSteps::DitherTogether<together>(*this, firstLine);
-        for (; firstLine < endLine; ++firstLine)
-            VectorSteps::DitherTogether<1>(*this, firstLine);
+    if (HasAvx2()) {
+        VectorSteps::WithSearch(nearest, [&](const auto& search) {
+            VectorSteps::DitherLines(*this, search, firstLine, endLine);
+        });
         return;
     }
 #endif

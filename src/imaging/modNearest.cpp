@@ -120,7 +120,8 @@ std::int32_t cNearest::DistanceOf(std::int32_t red, std::int32_t green, std::int
                                          : red * red + green * green + blue * blue;
 }
 
-// No colour of the cell is farther from its nearest entry than the least of the entries' greatest distances.
+// No colour of the cell is farther from its nearest entry than the least of the entries' greatest distances. What fits
+// into one block needs no selection.
 void cNearest::SelectCandidates(std::array<std::int32_t, 3> low)
 {
     std::int32_t bound = std::numeric_limits<std::int32_t>::max();
@@ -135,7 +136,7 @@ void cNearest::SelectCandidates(std::array<std::int32_t, 3> low)
     }
     candidates.clear();
     for (std::size_t index = 0; index < indices.size(); ++index) {
-        if (least[index] <= bound)
+        if (least[index] <= bound || indices.size() <= 16)
             candidates.push_back(static_cast<std::uint32_t>(index));
     }
 }

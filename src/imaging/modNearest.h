@@ -46,6 +46,13 @@ public:
         std::uint32_t firstBlock = 0;
         std::uint32_t blockCount = 0; // 0: not made yet
     };
+    // All colours in one block, for lists that have no more of them: then every cell is this one.
+    bool HasOneBlock() const { return indices.size() <= 16 && !indices.empty(); }
+    const Cell& OnlyCell()
+    {
+        MakeCell(0);
+        return cells[0];
+    }
     const Cell& CellOf(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
     {
         const std::size_t number = red >> 4 << 8 | green >> 4 << 4 | blue >> 4;

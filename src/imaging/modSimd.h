@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which vector instructions may be used: SSE2 always on this processor family, others asked for when the program runs.
+// The vector instructions that are used where the processor has them, which is asked when the program runs.
 #pragma once
 
 #if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
@@ -14,16 +14,6 @@ namespace ob {
 
 // Tests switch this off to see what other processors do.
 inline bool vectorInstructionsAllowed = true;
-
-inline bool HasSse41()
-{
-#ifdef OB_X86
-    static const bool has = __builtin_cpu_supports("sse4.1") && __builtin_cpu_supports("ssse3");
-    return has && vectorInstructionsAllowed;
-#else
-    return false;
-#endif
-}
 
 inline bool HasAvx2()
 {

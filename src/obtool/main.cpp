@@ -112,6 +112,8 @@ int main(int argc, char** argv)
     ob::AddFormGroup(tool);
     ob::AddSourceGroup(tool);
     ob::AddWriteGroup(tool);
+    ob::AddImageGroup(tool);
+    ob::AddPaletteGroup(tool);
     for (CLI::App* group : tool.get_subcommands([](CLI::App*) { return true; })) {
         group->require_subcommand(1);
         group->footer("usage: obtool " + group->get_name() + " VERB [OPTIONS] ARGUMENTS");

@@ -15,5 +15,7 @@ std::string NotEmpty(const std::string& text);
 void AddFormGroup(CLI::App& tool);
 void AddSourceGroup(CLI::App& tool);
 void AddWriteGroup(CLI::App& tool);
+void AddImageGroup(CLI::App& tool);
+void AddPaletteGroup(CLI::App& tool);
 
 } // namespace ob

@@ -61,26 +61,23 @@ public:
         return OpenPage();
     }
 
-    PrinterState End() override
+    PrinterState End(const SendingTurn& turn) override
     {
         painter.end();
         QPainter paper;
         if (!paper.begin(printer.get()))
             return PrinterState::Failed;
-        // A picture takes itself for one of the screen's resolution and grows with the printer's.
-        const QPicture screen;
-        const qreal backX = static_cast<qreal>(screen.logicalDpiX()) / printer->logicalDpiX();
-        const qreal backY = static_cast<qreal>(screen.logicalDpiY()) / printer->logicalDpiY();
+        SendingPlace place{1, static_cast<int>(pages.size())};
         for (Page& page : pages) {
-            if (&page != &pages.front() && !printer->newPage())
+            if (place.page > 1 && !printer->newPage())
                 return PrinterState::Failed;
-            paper.save();
-            paper.scale(backX, backY);
-            page.play(&paper);
-            paper.restore();
+            SendPage(page, paper);
+            if (turn(place) == SendingWish::TakeBack && printer->abort())
+                return PrinterState::TakenBack;
+            ++place.page;
         }
-        const bool isWritten = paper.end() && printer->printerState() != QPrinter::Error;
-        return isWritten ? PrinterState::Ready : PrinterState::Failed;
+        const bool isSent = paper.end() && printer->printerState() != QPrinter::Error;
+        return isSent ? PrinterState::Ready : PrinterState::Failed;
     }
 
 private:
@@ -88,6 +85,17 @@ private:
     {
         pages.emplace_back(*printer);
         return painter.begin(&pages.back()) ? PrinterState::Ready : PrinterState::Failed;
+    }
+
+    void SendPage(Page& page, QPainter& paper) const
+    {
+        // A picture takes itself for one of the screen's resolution and grows with the printer's.
+        const QPicture screen;
+        paper.save();
+        paper.scale(static_cast<qreal>(screen.logicalDpiX()) / printer->logicalDpiX(),
+                    static_cast<qreal>(screen.logicalDpiY()) / printer->logicalDpiY());
+        page.play(&paper);
+        paper.restore();
     }
 
     std::unique_ptr<QPrinter> printer;

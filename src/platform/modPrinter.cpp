@@ -41,7 +41,7 @@ public:
     QSize ScaleSize() const override { return {writer.width(), writer.height()}; }
     PrinterState NewPage() override { return writer.newPage() ? PrinterState::Ready : PrinterState::Failed; }
 
-    PrinterState End() override
+    PrinterState End(const SendingTurn&) override
     {
         if (!painter.end())
             return PrinterState::Failed;

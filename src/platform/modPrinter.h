@@ -5,13 +5,23 @@
 #include <QSize>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QPainter;
 
 namespace ob {
 
-enum class PrinterState { Ready, Failed };
+enum class PrinterState { Ready, Failed, TakenBack };
+
+// How far the pages have been given away, and what the caller wants then: TakeBack is what some printing systems can
+// do, and where they cannot, the rest goes out too.
+struct SendingPlace {
+    int page = 1;
+    int pages = 1;
+};
+enum class SendingWish { GoOn, TakeBack };
+using SendingTurn = std::function<SendingWish(const SendingPlace& place)>;
 
 // One print job, from its first page on, which is open. Nothing comes out of the printer, and no file is written,
 // before End has been called: a job that is let go without it leaves nothing behind.
@@ -31,8 +41,9 @@ public:
 
     virtual PrinterState NewPage() = 0;
 
-    // Gives the pages to the printer or to the file. A file that cannot be written raises as ReplaceFile does.
-    virtual PrinterState End() = 0;
+    // Gives the pages to the printer or to the file; a printer that takes long calls `turn` between two pages. A file
+    // that cannot be written raises as ReplaceFile does.
+    virtual PrinterState End(const SendingTurn& turn) = 0;
 };
 
 // The printers of the system.

@@ -5,6 +5,7 @@
 #include "codetools/frmKey.h"
 #include "codetools/frmTip.h"
 #include "editor/frmCodeExplorer.h"
+#include "editor/frmSyntax.h"
 #include "editor/modEdit.h"
 #include "engine/dlgShowVar.h"
 #include "engine/modProject.h"
@@ -72,15 +73,15 @@ constexpr MenuRow rows[] = {
     {1, "mnuEditClear", "C&lear All", "Ctrl+L", "clear-all", On, mnuEditClear_Click},
     {1, "mnuEditBar1", "", "", "", Bar, nullptr},
     {1, "mnuEditHelp", "Syntax &Help", "", "syntax-help", Menu, nullptr},
-    {2, "mnuEditInsert", "&Insert Keyword", "F2", "keyword", On, nullptr},
-    {2, "mnuEditSyntax", "S&yntax Helper", "F4", "syntax-help", On, nullptr},
-    {2, "mnuSyntaxViewer", "Syntax &Viewer", "", "syntax-help", On, nullptr},
+    {2, "mnuEditInsert", "&Insert Keyword", "F2", "keyword", On, mnuEditInsert_Click},
+    {2, "mnuEditSyntax", "S&yntax Helper", "F4", "syntax-help", On, mnuEditSyntax_Click},
+    {2, "mnuSyntaxViewer", "Syntax &Viewer", "", "syntax-help", On, mnuSyntaxViewer_Click},
     {1, "mnuEditTools", "Edit &Tools", "", "", Menu, nullptr},
     {2, "mnuEditFind", "&Find", "", "find", On, nullptr},
     {2, "mnuEditFindAgain", "Find A&gain", "F3", "find-again", On, nullptr},
     {2, "mnuLine", "Go to &Line", "", "go-to-line", On, mnuLine_Click},
-    {2, "mnuEditComment", "&Block Comment", "Ctrl+B", "block-comment", On, nullptr},
-    {2, "mnuEditInsertComments", "&Insert Programmer's Comments", "", "", On, nullptr},
+    {2, "mnuEditComment", "&Block Comment", "Ctrl+B", "block-comment", On, mnuEditComment_Click},
+    {2, "mnuEditInsertComments", "&Insert Programmer's Comments", "", "", On, mnuEditInsertComments_Click},
 
     {0, "mnuViewOptions", "&Options", "", "", Menu, nullptr},
     {1, "mnuShowOptions", "&Preferences", "", "options", On, mnuShowOptions_Click},

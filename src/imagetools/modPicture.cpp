@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The imaging library's way to the toolkit and to the disk.
+#include "imagetools/modPicture.h"
+
+#include "imaging/modBitmapFile.h"
+#include "platform/modDialogs.h"
+#include "platform/modFiles.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImageReader>
+
+#include <cerrno>
+#include <cstring>
+
+namespace ob {
+
+namespace {
+
+// Room for pictures of about a hundred million points; the toolkit refuses larger ones before it makes them.
+constexpr int MostMegabytes = 512;
+
+ByteView ViewOf(QByteArrayView bytes)
+{
+    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())};
+}
+
+cDIBSection PictureOfToolkit(QByteArrayView bytes)
+{
+    QImageReader::setAllocationLimit(MostMegabytes);
+    QByteArray content = QByteArray::fromRawData(bytes.data(), bytes.size());
+    QBuffer buffer(&content);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    cDIBSection picture = CreateFromPicture(reader.read());
+    if (picture.hDib() == 0)
+        throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
+    return picture;
+}
+
+void CopyLineOnWhite(const QImage& image, int line, std::uint8_t* target)
+{
+    const auto* source = reinterpret_cast<const QRgb*>(image.constScanLine(line));
+    for (int x = 0; x < image.width(); ++x, target += 3) {
+        const int white = 255 - qAlpha(source[x]);
+        target[0] = static_cast<std::uint8_t>(qBlue(source[x]) + white);
+        target[1] = static_cast<std::uint8_t>(qGreen(source[x]) + white);
+        target[2] = static_cast<std::uint8_t>(qRed(source[x]) + white);
+    }
+}
+
+QByteArray Joined(std::span<const ByteView> pieces)
+{
+    qsizetype size = 0;
+    for (const ByteView piece : pieces)
+        size += static_cast<qsizetype>(piece.size());
+    QByteArray bytes;
+    bytes.reserve(size);
+    for (const ByteView piece : pieces)
+        bytes.append(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
+    return bytes;
+}
+
+WriteResult ResultOf(const RuntimeError& error)
+{
+    switch (static_cast<ErrorNumber>(error.number)) {
+    case ErrorNumber::PathNotFound:
+        return {FileOutcome::NotOpened, ENOENT};
+    case ErrorNumber::PathFileAccess:
+        return {FileOutcome::NotOpened, EACCES};
+    case ErrorNumber::PermissionDenied:
+        return {FileOutcome::NotOpened, EBUSY};
+    default:
+        return {FileOutcome::Failed, EIO};
+    }
+}
+
+template <class Write>
+FileWriter WriterOf(Write write)
+{
+    return [write](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
+        try {
+            write(QString::fromStdString(fileName), Joined(pieces));
+            return {};
+        } catch (const RuntimeError& error) {
+            return ResultOf(error);
+        }
+    };
+}
+
+} // namespace
+
+cDIBSection PictureOfBytes(QByteArrayView bytes)
+{
+    if (!bytes.startsWith("BM"))
+        return PictureOfToolkit(bytes);
+    auto read = ReadBitmap(ViewOf(bytes));
+    if (auto* picture = std::get_if<cDIBSection>(&read))
+        return std::move(*picture);
+    throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
+}
+
+cDIBSection LoadPicture(const QString& path)
+{
+    return PictureOfBytes(ReadWhole(path));
+}
+
+QImage ImageOf(const cDIBSection& picture)
+{
+    if (picture.hDib() == 0)
+        return {};
+    QImage image(picture.Width(), picture.Height(), QImage::Format_BGR888);
+    for (int line = 0; line < image.height(); ++line)
+        std::memcpy(image.scanLine(line), picture.Line(picture.Height() - 1 - line),
+                    static_cast<std::size_t>(picture.Width()) * 3);
+    return image;
+}
+
+cDIBSection CreateFromPicture(const QImage& image)
+{
+    cDIBSection picture;
+    if (image.isNull() || !picture.Create(image.width(), image.height()))
+        return picture;
+    const bool isTransparent = image.hasAlphaChannel();
+    const QImage converted = image.convertToFormat(isTransparent ? QImage::Format_ARGB32_Premultiplied
+                                                                 : QImage::Format_BGR888);
+    for (int line = 0; line < converted.height(); ++line) {
+        std::uint8_t* target = picture.Line(picture.Height() - 1 - line);
+        if (isTransparent)
+            CopyLineOnWhite(converted, line, target);
+        else
+            std::memcpy(target, converted.constScanLine(line), static_cast<std::size_t>(picture.Width()) * 3);
+    }
+    return picture;
+}
+
+bool CopyToClipboard(const cDIBSection& picture, ClipboardForm form)
+{
+    if (form == ClipboardForm::Dib) {
+        MsgBox(QStringLiteral("I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"));
+        return false;
+    }
+    if (picture.hDib() == 0 || !qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return false;
+    QGuiApplication::clipboard()->setImage(ImageOf(picture));
+    return true;
+}
+
+FileReader DiskReader()
+{
+    return [](const std::string& fileName) -> FileContent {
+        const QString path = QString::fromStdString(fileName);
+        if (!FileExists(path))
+            return {};
+        try {
+            const QByteArray bytes = ReadWhole(path);
+            return {FileOutcome::Done, {bytes.begin(), bytes.end()}, {}};
+        } catch (const RuntimeError& error) {
+            const bool isLocked = error.number == static_cast<int>(ErrorNumber::PermissionDenied);
+            return {isLocked ? FileOutcome::Locked : FileOutcome::NotOpened, {}, error.description.toStdString()};
+        }
+    };
+}
+
+FileWriter DiskWriter()
+{
+    return WriterOf([](const QString& path, const QByteArray& bytes) { ReplaceFile(path, bytes); });
+}
+
+FileWriter DiskWriterKeepingTail()
+{
+    return WriterOf([](const QString& path, const QByteArray& bytes) { WriteKeepingTail(path, bytes); });
+}
+
+NoticeSink NoticeBoxes()
+{
+    return [](const std::string& text, NoticeIcon icon) {
+        MsgBox(QString::fromStdString(text), icon == NoticeIcon::Stop ? BoxIcon::Critical : BoxIcon::Information);
+    };
+}
+
+RuntimeError RuntimeErrorOf(const ImagingError& error)
+{
+    return {error.number, QString::fromStdString(error.source), QString::fromStdString(error.description)};
+}
+
+} // namespace ob

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the commands for pictures and palettes share.
+#include "obtool/toolPicture.h"
+
+#include "imagetools/modPicture.h"
+
+#include <QByteArray>
+
+#include <new>
+
+namespace ob {
+
+namespace {
+
+FileReader ReaderOf(const QByteArray& bytes)
+{
+    return [&bytes](const std::string&) -> FileContent {
+        return {FileOutcome::Done, {bytes.begin(), bytes.end()}, {}};
+    };
+}
+
+} // namespace
+
+cDIBSection ReadPictureArgument(const std::string& file)
+{
+    const QByteArray bytes = ReadInput(file);
+    try {
+        return PictureOfBytes(bytes);
+    } catch (const RuntimeError& error) {
+        throw ToolFailure(file, error.description);
+    }
+}
+
+cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format)
+{
+    const QByteArray bytes = ReadInput(file);
+    cPalette palette;
+    std::int32_t position = 0;
+    const bool isRead = format == PaletteFormat::Text ? palette.LoadFromJASCFile(file, ReaderOf(bytes))
+                                                      : palette.Load(file, position, ReaderOf(bytes));
+    if (!isRead)
+        throw ToolFailure(file, QStringLiteral("The palette cannot be read."));
+    return palette;
+}
+
+FileWriter ToolWriter()
+{
+    return [](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
+        QByteArray bytes;
+        qsizetype size = 0;
+        for (const ByteView piece : pieces)
+            size += static_cast<qsizetype>(piece.size());
+        bytes.reserve(size);
+        for (const ByteView piece : pieces)
+            bytes.append(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
+        WriteOutput(fileName, bytes);
+        return {};
+    };
+}
+
+void RunOnFile(const std::string& file, const std::function<void()>& work)
+{
+    try {
+        work();
+    } catch (const ImagingError& error) {
+        throw ToolFailure(file, QString::fromStdString(error.description));
+    } catch (const std::bad_alloc&) {
+        throw ToolFailure(file, QStringLiteral("Out of memory"));
+    }
+}
+
+} // namespace ob

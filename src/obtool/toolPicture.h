@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the commands for pictures and palettes share.
+#pragma once
+
+#include "imaging/cDIBSection.h"
+#include "imaging/cPalette.h"
+#include "imaging/modFileAccess.h"
+#include "obtool/toolOutput.h"
+
+#include <functional>
+#include <string>
+
+namespace ob {
+
+enum class PaletteFormat { Text, Binary };
+
+// The picture or palette of a file, "-" being standard input. Throw ToolFailure.
+cDIBSection ReadPictureArgument(const std::string& file);
+cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format);
+
+// Writes by way of a temporary file; throws ToolFailure.
+FileWriter ToolWriter();
+
+// Runs work of the imaging library; its errors become failures of the file.
+void RunOnFile(const std::string& file, const std::function<void()>& work);
+
+} // namespace ob

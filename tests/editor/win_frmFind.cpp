@@ -1,0 +1,454 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The find and replace dialog, by its controls and keys, over a real code window.
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "editor/cDocument.h"
+#include "editor/frmDocument.h"
+#include "editor/frmFind.h"
+#include "editor/frmReplaceWatch.h"
+#include "shell/Module1.h"
+
+#include <QAbstractScrollArea>
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+using namespace ob;
+
+namespace {
+
+frmFind* Dialog()
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* dialog = qobject_cast<frmFind*>(window); dialog != nullptr && dialog->isVisible())
+            return dialog;
+    return nullptr;
+}
+
+template <class Control>
+Control* Get(const char* name)
+{
+    auto* control = Dialog() == nullptr ? nullptr : Dialog()->findChild<Control*>(QString::fromLatin1(name));
+    if (control == nullptr)
+        qFatal("the dialog has no %s now", name);
+    return control;
+}
+
+QLineEdit* Text1()
+{
+    return Get<QLineEdit>("Text1");
+}
+
+QLineEdit* Text2()
+{
+    return Get<QLineEdit>("Text2");
+}
+
+bool BecomesActive(const QWidget* window)
+{
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+}
+
+void OpenDialog()
+{
+    mnuEditFind_Click();
+    QVERIFY(Dialog() != nullptr);
+    QVERIFY(BecomesActive(Dialog()));
+}
+
+void Press(const char* button)
+{
+    QTest::mouseClick(Get<QPushButton>(button), Qt::LeftButton);
+}
+
+void Select(const cDocument* document, std::uintptr_t anchor, std::intptr_t caret)
+{
+    SendSci(document->sci, SCI_SETSEL, anchor, caret);
+}
+
+std::intptr_t SelectionStart(const cDocument* document)
+{
+    return SendSci(document->sci, SCI_GETSELECTIONSTART);
+}
+
+// How often the text is painted while it lives.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget* edit) : viewport(qobject_cast<QAbstractScrollArea*>(edit)->viewport())
+    {
+        viewport->installEventFilter(this);
+    }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++count;
+        return false;
+    }
+
+private:
+    QWidget* viewport;
+};
+
+} // namespace
+
+class win_frmFind : public QObject {
+    Q_OBJECT
+
+private:
+    cDocument* Open(const QByteArray& text)
+    {
+        bench = std::make_unique<TestBench>();
+        FindFlags = 0;
+        FindFromStart = false;
+        LastFind.clear();
+        bench->Start();
+        QuitQuery = false;
+        bench->Choose(QStringLiteral("mnuFileNew"));
+        TestBench::Type(bench->Active(), text);
+        Select(bench->Active(), 0, 0);
+        return bench->Active();
+    }
+
+    void ExpectConfirm(BoxAnswer answer) const
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("Confirm each replacement?"), answer, BoxIcon::Question,
+                                     BoxButtons::YesNo, QStringLiteral("Confirm?"));
+    }
+
+    void ExpectEmpty(const char* message) const
+    {
+        bench->dialogs.ExpectMessage(QString::fromLatin1(message), BoxAnswer::Ok, BoxIcon::Exclamation);
+    }
+
+    // Replaces "o" by "(o)" from the start, which does not end by itself, with a script for the time in it.
+    void ReplaceForEver(const std::function<void()>& meanwhile) const
+    {
+        OpenDialog();
+        Text1()->setText(QStringLiteral("o"));
+        Text2()->setText(QStringLiteral("(o)"));
+        FindFromStart = true;
+        ExpectConfirm(BoxAnswer::No);
+        QTimer::singleShot(0, bench.get(), meanwhile);
+        Press("cmdReplaceAll");
+    }
+
+    std::unique_ptr<TestBench> bench;
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        if (Dialog() != nullptr)
+            Dialog()->reject();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        bench.reset();
+    }
+
+    void wordsAndTipsAreAsTold()
+    {
+        Open("foo");
+        OpenDialog();
+        QCOMPARE(Dialog()->windowTitle(), QStringLiteral("Find and Replace"));
+        struct Row {
+            const char* name;
+            const char* text;
+            const char* tip;
+        };
+        const Row rows[] = {
+            {"OKButton", "&Find", "Find Now"},
+            {"cmdReplace", "&Replace", "Replace selection."},
+            {"cmdReplaceAll", "Replace &All", "Replace all instances."},
+            {"CancelButton", "&Cancel", "Don't find."},
+        };
+        for (const Row& row : rows) {
+            QCOMPARE(Get<QPushButton>(row.name)->text(), QString::fromLatin1(row.text));
+            QCOMPARE(Get<QPushButton>(row.name)->toolTip(), QString::fromLatin1(row.tip));
+        }
+        const auto plain = [](QString text) { return text.remove(QLatin1Char('&')); };
+        QCOMPARE(plain(Get<QCheckBox>("Check1")->text()), QStringLiteral("Case Sensitive"));
+        QCOMPARE(Get<QCheckBox>("Check1")->toolTip(), QStringLiteral("Search is case sensitive."));
+        QCOMPARE(plain(Get<QCheckBox>("Check2")->text()), QStringLiteral("Whole Word"));
+        QCOMPARE(Get<QCheckBox>("Check2")->toolTip(), QStringLiteral("Search for whole word."));
+        QCOMPARE(plain(Get<QRadioButton>("optStart0")->text()), QStringLiteral("From Start"));
+        QCOMPARE(plain(Get<QRadioButton>("optStart1")->text()), QStringLiteral("From Current"));
+        QCOMPARE(plain(Get<QLabel>("lblFind")->text()), QStringLiteral("Find:"));
+        QCOMPARE(plain(Get<QLabel>("lblReplace")->text()), QStringLiteral("Replace with:"));
+        QCOMPARE(Text1()->toolTip(), QStringLiteral("Type word to find here."));
+        QCOMPARE(Text2()->toolTip(), QStringLiteral("Type replacement text."));
+    }
+
+    void mnemonicsAreAllDifferent()
+    {
+        Open("foo");
+        OpenDialog();
+        QStringList keys;
+        for (const QWidget* control : Dialog()->findChildren<QWidget*>()) {
+            const QString text = control->property("text").toString();
+            if (const qsizetype mark = text.indexOf(QLatin1Char('&')); mark >= 0)
+                keys.append(text.mid(mark + 1, 1).toUpper());
+        }
+        QCOMPARE(keys.size(), 10);
+        QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), 10);
+    }
+
+    void withoutACodeWindowItDoesNotOpen()
+    {
+        bench = std::make_unique<TestBench>();
+        bench->Start();
+        bench->dialogs.ExpectMessage(NoCodeWindowText);
+        mnuEditFind_Click();
+        QVERIFY(Dialog() == nullptr);
+    }
+
+    void optionsShowTheLastSearch()
+    {
+        Open("foo");
+        OpenDialog();
+        QVERIFY(!Get<QCheckBox>("Check1")->isChecked());
+        QVERIFY(!Get<QCheckBox>("Check2")->isChecked());
+        QVERIFY(Get<QRadioButton>("optStart1")->isChecked());
+        Press("CancelButton");
+        QVERIFY(Dialog() == nullptr);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        FindFlags = FindMatchCase | FindWholeWord;
+        FindFromStart = true;
+        OpenDialog();
+        QVERIFY(Get<QCheckBox>("Check1")->isChecked());
+        QVERIFY(Get<QCheckBox>("Check2")->isChecked());
+        QVERIFY(Get<QRadioButton>("optStart0")->isChecked());
+    }
+
+    void selectionIsTakenAndSelected()
+    {
+        const cDocument* document = Open("one two");
+        Select(document, 4, 7);
+        OpenDialog();
+        QCOMPARE(Text1()->text(), QStringLiteral("two"));
+        QCOMPARE(Text1()->selectedText(), QStringLiteral("two"));
+        QVERIFY(Text1()->hasFocus());
+        QCOMPARE(LastFind, QStringLiteral("two"));
+    }
+
+    void withoutASelectionTheLastTextIsThere()
+    {
+        Open("one two");
+        LastFind = QStringLiteral("before");
+        OpenDialog();
+        QCOMPARE(Text1()->text(), QStringLiteral("before"));
+        QVERIFY(Text1()->hasFocus());
+    }
+
+    void comingBackTakesTheNewSelection()
+    {
+        const cDocument* document = Open("one two");
+        OpenDialog();
+        Text1()->setText(QStringLiteral("typed"));
+        Text2()->setFocus();
+        bench->Frame().activateWindow();
+        QVERIFY(BecomesActive(&bench->Frame()));
+        Select(document, 0, 3);
+        OpenDialog();
+        QCOMPARE(Text1()->text(), QStringLiteral("one"));
+        QVERIFY(Text1()->hasFocus());
+    }
+
+    void enterFindsNextAndTheDialogStays()
+    {
+        const cDocument* document = Open("foo bar foo bar");
+        OpenDialog();
+        QTest::keyClicks(Text1(), QStringLiteral("BAR"));
+        QTest::keyClick(Text1(), Qt::Key_Return);
+        QCOMPARE(SelectionStart(document), 4);
+        QTest::keyClick(Text1(), Qt::Key_Return);
+        QCOMPARE(SelectionStart(document), 12);
+        QVERIFY(Dialog() != nullptr);
+        QVERIFY(Text1()->hasFocus());
+        QCOMPARE(Text1()->text(), QStringLiteral("BAR"));
+    }
+
+    void findReadsTheOptions()
+    {
+        const cDocument* document = Open("x Foo foobar foo");
+        OpenDialog();
+        Text1()->setText(QStringLiteral("foo"));
+        QTest::keyClick(Dialog()->focusWidget(), Qt::Key_S, Qt::AltModifier);
+        QTest::keyClick(Dialog()->focusWidget(), Qt::Key_H, Qt::AltModifier);
+        QTest::keyClick(Dialog()->focusWidget(), Qt::Key_T, Qt::AltModifier);
+        QTest::keyClick(Dialog()->focusWidget(), Qt::Key_F, Qt::AltModifier);
+        QCOMPARE(FindFlags, FindMatchCase | FindWholeWord);
+        QVERIFY(FindFromStart);
+        QCOMPARE(SelectionStart(document), 13);
+    }
+
+    void replaceButtonsLeaveTheStartAlone()
+    {
+        Open("foo");
+        OpenDialog();
+        Get<QRadioButton>("optStart0")->setChecked(true);
+        Get<QCheckBox>("Check2")->setChecked(true);
+        Text1()->setText(QStringLiteral("bar"));
+        Text2()->setText(QStringLiteral("x"));
+        bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
+        Press("cmdReplace");
+        QVERIFY(!FindFromStart);
+        QCOMPARE(FindFlags, int(FindWholeWord));
+    }
+
+    void emptyFieldsAreToldAndTheDialogStays()
+    {
+        const cDocument* document = Open("foo");
+        OpenDialog();
+        ExpectEmpty("No text specified!");
+        Press("OKButton");
+        ExpectEmpty("No text specified!");
+        ExpectEmpty("No replacement text specified!");
+        Press("cmdReplace");
+        Text1()->setText(QStringLiteral("foo"));
+        ExpectEmpty("No replacement text specified!");
+        Press("cmdReplaceAll");
+        QVERIFY(Dialog() != nullptr);
+        QCOMPARE(TestBench::Text(document), QByteArray("foo"));
+    }
+
+    void replaceClosesTheDialogFirst()
+    {
+        const cDocument* document = Open("foo foo");
+        Select(document, 0, 3);
+        OpenDialog();
+        QTest::keyClicks(Text2(), QStringLiteral("quux"));
+        bench->dialogs.ExpectMessage(QStringLiteral("Replace?"), BoxAnswer::Yes, BoxIcon::Question,
+                                     BoxButtons::YesNoCancel);
+        bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
+        QTest::keyClick(Dialog()->focusWidget(), Qt::Key_R, Qt::AltModifier);
+        QVERIFY(Dialog() == nullptr);
+        QCOMPARE(TestBench::Text(document), QByteArray("quux quux"));
+    }
+
+    void replaceAllTakesTheSelectionAlong()
+    {
+        const cDocument* document = Open("foo foo foo");
+        Select(document, 4, 7);
+        OpenDialog();
+        QTest::keyClicks(Text2(), QStringLiteral("quux"));
+        ExpectConfirm(BoxAnswer::No);
+        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(QStringLiteral("Number of replacements made: 2"), BoxAnswer::Ok,
+                                     BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
+        QTest::keyClick(Dialog()->focusWidget(), Qt::Key_A, Qt::AltModifier);
+        QVERIFY(Dialog() == nullptr);
+        QCOMPARE(TestBench::Text(document), QByteArray("foo quux quux"));
+    }
+
+    void codeWindowThatWasClosedIsTold()
+    {
+        Open("foo");
+        OpenDialog();
+        Text1()->setText(QStringLiteral("foo"));
+        bench->Choose(QStringLiteral("mnuFileClose"));
+        QVERIFY(bench->Active() == nullptr);
+        bench->dialogs.ExpectMessage(NoCodeWindowText);
+        Press("OKButton");
+    }
+
+    void escapeClosesAndThePlaceIsKept()
+    {
+        Open("foo");
+        OpenDialog();
+        Dialog()->move(137, 91);
+        Dialog()->resize(611, Dialog()->height());
+        QTest::keyClick(Text1(), Qt::Key_Escape);
+        QVERIFY(Dialog() == nullptr);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        OpenDialog();
+        QCOMPARE(Dialog()->pos(), QPoint(137, 91));
+        QCOMPARE(Dialog()->width(), 611);
+    }
+
+    void theMatchIsNotCovered()
+    {
+        const cDocument* document = Open(QByteArray("line\r\n").repeated(12) + "and the needle\r\n");
+        OpenDialog();
+        auto* edit = qobject_cast<QAbstractScrollArea*>(bench->ActiveWindowEdit());
+        const auto placeOf = [&](std::intptr_t position) {
+            const int x = static_cast<int>(SendSci(document->sci, SCI_POINTXFROMPOSITION, 0, position));
+            const int y = static_cast<int>(SendSci(document->sci, SCI_POINTYFROMPOSITION, 0, position));
+            return QRect(edit->viewport()->mapToGlobal(QPoint(x, y)), QSize(20, 10));
+        };
+        const QRect needle = placeOf(TestBench::Text(document).indexOf("needle"));
+        Dialog()->move(needle.topLeft() - QPoint(50, 50));
+        QVERIFY(Dialog()->frameGeometry().intersects(needle));
+        Text1()->setText(QStringLiteral("needle"));
+        Press("OKButton");
+        QVERIFY(!Dialog()->frameGeometry().intersects(needle));
+    }
+
+    void quickReplaceAllPaintsOnce()
+    {
+        const cDocument* document = Open(QByteArray("foo and more of it\r\n").repeated(2000));
+        OpenDialog();
+        Text1()->setText(QStringLiteral("foo"));
+        Text2()->setText(QStringLiteral("quux"));
+        ExpectConfirm(BoxAnswer::No);
+        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(QStringLiteral("Number of replacements made: 2000"), BoxAnswer::Ok,
+                                     BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
+        // The painting for the focus, which leaves the dialog, comes before.
+        Dialog()->hide();
+        QTest::qWait(50);
+        PaintCounter paints(bench->ActiveWindowEdit());
+        ReplaceAllText(QStringLiteral("foo"), QStringLiteral("quux"),
+                       [this] { return std::make_unique<frmReplaceWatch>(bench->ActiveWindowEdit()); });
+        QTest::qWait(50);
+        QCOMPARE(paints.count, 1);
+        QVERIFY(TestBench::Text(document).startsWith("quux and"));
+    }
+
+    void escapeEndsAReplaceAllThatDoesNotEnd()
+    {
+        const cDocument* document = Open("o");
+        ReplaceForEver([this] { QTest::keyClick(bench->ActiveWindowEdit(), Qt::Key_Escape); });
+        const QByteArray text = TestBench::Text(document);
+        QVERIFY(text.startsWith("(((") && text.endsWith(")))"));
+        SendSci(document->sci, SCI_UNDO);
+        QCOMPARE(TestBench::Text(document), QByteArray("o"));
+        QVERIFY(bench->ActiveWindowEdit()->updatesEnabled());
+    }
+
+    void cancelOfTheProgressBoxEndsItToo()
+    {
+        const cDocument* document = Open("o");
+        bench->ExpectModal(QStringLiteral("frmReplaceProgress"), [](QDialog& box) {
+            QVERIFY(qobject_cast<QProgressDialog*>(&box)->labelText().startsWith(
+                QStringLiteral("Replacements made so far: ")));
+            QTest::mouseClick(box.findChild<QPushButton*>(), Qt::LeftButton);
+        });
+        ReplaceForEver([] {});
+        QVERIFY(TestBench::Text(document).startsWith("((("));
+    }
+
+    void nothingElseGetsThroughMeanwhile()
+    {
+        const cDocument* document = Open("o");
+        ReplaceForEver([this] {
+            QTest::keyClicks(bench->ActiveWindowEdit(), QStringLiteral("xyz"));
+            QTest::keyClick(bench->ActiveWindowEdit(), Qt::Key_L, Qt::ControlModifier);
+            QTest::mouseClick(bench->ActiveWindowEdit(), Qt::LeftButton);
+            bench->Frame().close();
+            QTest::keyClick(bench->ActiveWindowEdit(), Qt::Key_Escape);
+        });
+        QVERIFY(bench->Frame().isVisible());
+        QVERIFY(!TestBench::Text(document).contains('x'));
+        QVERIFY(TestBench::Text(document).contains("(o)"));
+    }
+};
+
+OB_BENCH_TEST(win_frmFind)
+#include "win_frmFind.moc"
