@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         ob::ReadForm(Written(saved), again) != ob::FormLoad::Loaded || !(again == saved))
         std::abort();
     for (const ob::ProgramKind kind : {ob::ProgramKind::Outline, ob::ProgramKind::Simple})
-        if (ob::GenerateProgram(saved, kind, {}).text != ob::GenerateProgram(saved, kind, {}).text)
+        if (!ob::GenerateProgram(saved, kind, {}).text.endsWith(QLatin1String("\r\n\r\n")))
             std::abort();
     return 0;
 }

@@ -25,6 +25,9 @@ QByteArray lastGeometry;
 // A match and the dialog stay this many pixels apart.
 constexpr int clearance = 6;
 
+// Where the dialog comes up for the first time: in the upper right of the main window, as code stands on the left.
+constexpr QPoint fromUpperRight(40, 110);
+
 QWidget* EditOf(const cDocument* document)
 {
     auto* window = document == nullptr ? nullptr : dynamic_cast<QWidget*>(document->window);
@@ -67,6 +70,8 @@ frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
     ui->Text1->setFocus();
     if (!lastGeometry.isEmpty())
         restoreGeometry(lastGeometry);
+    else if (parent != nullptr)
+        move(parent->geometry().topRight() + QPoint(-width() - fromUpperRight.x(), fromUpperRight.y()));
     connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
     connect(ui->cmdReplace, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdReplace_Click(); }); });
     connect(ui->cmdReplaceAll, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdReplaceAll_Click(); }); });

@@ -187,8 +187,8 @@ void frmSnip::cmdSave_Click()
 {
     if (ui->txtName->text().isEmpty())
         ui->txtName->setText(QStringLiteral("Untitled Snippet"));
-    const QString path = FileBox({FilePurpose::Save, QStringLiteral("Save As"), folder,
-                                  OfferedSnippetName(ui->txtName->text()), SnippetFilter});
+    const QString path = FileBox(
+        {FilePurpose::Save, QStringLiteral("Save As"), folder, OfferedSnippetName(ui->txtName->text()), SnippetFilter});
     if (path.isEmpty() || SaveSnippet(path, PlainTextOf(*ui->txtSnipDisplay)) == SnippetSave::Declined)
         return;
     ui->txtSnipDisplay->document()->setModified(false);

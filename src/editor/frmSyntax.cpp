@@ -9,7 +9,7 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
 
@@ -49,6 +49,14 @@ bool frmSyntax::event(QEvent* event)
         });
     }
     return done;
+}
+
+void frmSyntax::keyPressEvent(QKeyEvent* event)
+{
+    // Enter behind a typed word chooses it and does not press the button.
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isEnter || !ui->cmbList->hasFocus())
+        QDialog::keyPressEvent(event);
 }
 
 void frmSyntax::Form_Activate()

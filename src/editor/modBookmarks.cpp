@@ -66,11 +66,10 @@ std::vector<std::intptr_t> BookmarkedLines(Sci sci, std::intptr_t first, std::in
     return lines;
 }
 
-void SetBookmarks(Sci sci, std::intptr_t first, const std::vector<std::intptr_t>& lines)
+void SetBookmarks(Sci sci, std::intptr_t first, std::intptr_t last, const std::vector<std::intptr_t>& lines)
 {
-    if (lines.empty())
-        return;
-    SendSci(sci, SCI_MARKERDELETE, static_cast<std::uintptr_t>(first), -1);
+    for (const std::intptr_t line : BookmarkedLines(sci, first, last))
+        SendSci(sci, SCI_MARKERDELETE, static_cast<std::uintptr_t>(line), -1);
     for (const std::intptr_t line : lines)
         SendSci(sci, SCI_MARKERADD, static_cast<std::uintptr_t>(line), static_cast<std::intptr_t>(BookmarkMarker));
 }

@@ -21,9 +21,9 @@ void PreviousBookmark(Sci sci);
 
 void ClearBookmarks(Sci sci);
 
-// The bookmarked lines from first to last, and the way to give them their bookmarks back when their text has been
-// replaced as a whole, which leaves all of them on the first line.
+// The bookmarked lines from first to last, and the way to give the bookmarks back to these lines when their text has
+// been replaced as a whole, which moves all of them to one line.
 std::vector<std::intptr_t> BookmarkedLines(Sci sci, std::intptr_t first, std::intptr_t last);
-void SetBookmarks(Sci sci, std::intptr_t first, const std::vector<std::intptr_t>& lines);
+void SetBookmarks(Sci sci, std::intptr_t first, std::intptr_t last, const std::vector<std::intptr_t>& lines);
 
 } // namespace ob

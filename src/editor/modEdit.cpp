@@ -228,7 +228,8 @@ void InsertKeyword(Sci sci)
     const std::intptr_t start = SendSci(sci, SCI_WORDSTARTPOSITION, Unsigned(pos), -1);
     if (pos > start)
         SendSci(sci, SCI_AUTOCSETAUTOHIDE, 0);
-    SendSci(sci, SCI_AUTOCSHOW, Unsigned(pos - start), KeywordList.constData());
+    // Behind its last blank the list would show an empty word.
+    SendSci(sci, SCI_AUTOCSHOW, Unsigned(pos - start), KeywordList.trimmed().constData());
 }
 
 void ShowSyntax(cDocument& document)
@@ -260,8 +261,7 @@ void CommentSelection(Sci sci)
     const std::vector<std::intptr_t> bookmarks = BookmarkedLines(sci, first, last);
     SendSci(sci, SCI_SETTARGETRANGE, Unsigned(change->from), change->to);
     SendSci(sci, SCI_REPLACETARGET, Unsigned(change->replacement.size()), change->replacement.constData());
-    // With the lines that were replaced their bookmarks have moved to the first.
-    SetBookmarks(sci, first, bookmarks);
+    SetBookmarks(sci, first, last, bookmarks);
     SendSci(sci, SCI_GOTOPOS, Unsigned(change->from + change->replacement.size()));
 }
 

@@ -26,17 +26,34 @@ bool IsLineEnd(QChar character)
     return character == QLatin1Char('\r') || character == QLatin1Char('\n');
 }
 
+QString WithoutTabs(const QString& text, int tabSize)
+{
+    if (!text.contains(QLatin1Char('\t')))
+        return text;
+    QString expanded;
+    qsizetype lineStart = 0;
+    for (const QChar character : text) {
+        if (character == QLatin1Char('\t')) {
+            const qsizetype column = expanded.size() - lineStart;
+            expanded += QString(tabSize - column % tabSize, QLatin1Char(' '));
+            continue;
+        }
+        expanded += character;
+        if (IsLineEnd(character))
+            lineStart = expanded.size();
+    }
+    return expanded;
+}
+
 } // namespace
 
 cPlainPages::cPlainPages(const QString& printedText, cPrintJob& printJob, int tabSize)
-    : text(printedText), job(printJob), font(QFontDatabase::systemFont(QFontDatabase::FixedFont))
+    : text(WithoutTabs(printedText, std::max(1, tabSize))), job(printJob),
+      font(QFontDatabase::systemFont(QFontDatabase::FixedFont))
 {
     font.setPointSize(PointSize);
     font = QFont(font, job.Painter().device());
-    const QFontMetricsF metrics(font);
-    tabWidth = metrics.horizontalAdvance(QLatin1Char(' ')) * std::max(1, tabSize);
-    lineHeight = metrics.lineSpacing();
-    y = lineHeight;
+    lineHeight = y = QFontMetricsF(font).lineSpacing();
     textEnd = text.size();
     while (textEnd > 0 && IsLineEnd(text[textEnd - 1]))
         --textEnd;
@@ -51,25 +68,26 @@ PageEnd cPlainPages::FillPage()
             y = 0;
             return PageEnd::MoreToCome;
         }
-        const qsizetype lineEnd = std::find_if(text.cbegin() + position, text.cend(), IsLineEnd) - text.cbegin();
-        if (lineEnd == position)
+        if (IsLineEnd(text[position]))
             y += lineHeight;
         else
-            PrintLine(lineEnd, bottom);
-        if (position == lineEnd)
+            PrintLine(bottom);
+        if (position < text.size() && IsLineEnd(text[position]))
             SkipLineEnd();
     }
     return PageEnd::AllPrinted;
 }
 
-void cPlainPages::PrintLine(qsizetype lineEnd, qreal bottom)
+void cPlainPages::PrintLine(qreal bottom)
 {
-    const qsizetype length = std::min(lineEnd - position, LongestPiece);
-    const bool isWhole = position + length == lineEnd;
+    const auto start = text.cbegin() + position;
+    const auto limit = start + std::min(text.size() - position, LongestPiece);
+    const auto end = std::find_if(start, limit, IsLineEnd);
+    const qsizetype length = end - start;
+    const bool isWhole = end == text.cend() || IsLineEnd(*end);
     QTextLayout layout(text.sliced(position, length), font, job.Painter().device());
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setTabStopDistance(tabWidth);
     layout.setTextOption(option);
     layout.beginLayout();
     int rows = 0;

@@ -15,26 +15,26 @@ enum class PageEnd { MoreToCome, AllPrinted };
 // is wider than the page goes on below itself.
 class cPlainPages {
 public:
-    // Text and job must outlive this. Tabs are `tabSize` characters wide.
+    // The job must outlive this. A tab reaches the next column that is a multiple of `tabSize`.
     cPlainPages(const QString& printedText, cPrintJob& printJob, int tabSize);
 
     // Fills the job's page that is open. Empty lines at the end of the text need no page of their own.
     PageEnd FillPage();
 
-    // How much of the text has been printed, in characters.
+    // How much has been printed of how much, in characters.
     qsizetype Position() const { return position; }
+    qsizetype Length() const { return text.size(); }
 
 private:
-    // Both go on from the position: what fits above `bottom` of the line that ends there, and over the line's end.
-    void PrintLine(qsizetype lineEnd, qreal bottom);
+    // Both go on from the position: to the line's end, as far as there is room above `bottom`, and over it.
+    void PrintLine(qreal bottom);
     void SkipLineEnd();
 
-    const QString& text;
+    QString text; // with blanks for tabs
     cPrintJob& job;
     QFont font;
-    qreal tabWidth = 0; // device pixels, as all that follow
-    qreal lineHeight = 0;
-    qreal y = 0;
+    qreal lineHeight = 0; // device pixels
+    qreal y = 0;          // device pixels
     qsizetype position = 0;
     qsizetype textEnd = 0; // behind the last character that is no line end
 };

@@ -147,9 +147,8 @@ PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrint
 PrintEnd PrintPlain(const cDocument& document, const PrintRange& range, int tabSize, cPrintJob& job,
                     cPrintWatch& watch)
 {
-    const QString text = SelectedText(document.sci, range);
-    cPlainPages pages(text, job, tabSize);
-    PrintPlace place{PrintWork::Drawing, 1, 0, text.size()};
+    cPlainPages pages(SelectedText(document.sci, range), job, tabSize);
+    PrintPlace place{PrintWork::Drawing, 1, 0, pages.Length()};
     while (pages.FillPage() == PageEnd::MoreToCome) {
         ++place.page;
         place.done = pages.Position();

@@ -83,9 +83,9 @@ void EnsureSnippetFolder(const QString& folder)
 
 QStringList DefaultSnippetNames()
 {
-    return {QStringLiteral("center_dialog.snip"), QStringLiteral("text_linewrap.snip"),
+    return {QStringLiteral("center_dialog.snip"),    QStringLiteral("text_linewrap.snip"),
             QStringLiteral("password_textbox.snip"), QStringLiteral("center_window.snip"),
-            QStringLiteral("play_midi.snip"), QStringLiteral("custom_cursor.snip")};
+            QStringLiteral("play_midi.snip"),        QStringLiteral("custom_cursor.snip")};
 }
 
 void WriteDefaultSnippets(const QString& folder)

@@ -151,7 +151,7 @@ std::vector<ControlRef> PaintOrder(const GuiForm& form)
     std::vector<ControlRef> order;
     order.reserve(form.order.size());
     std::ranges::copy_if(form.order, std::back_inserter(order), [&](ControlRef ref) { return TakesPart(form, ref); });
-    std::ranges::stable_partition(order, [](ControlRef ref) { return ref.kind == ControlKind::Groupbox; });
+    std::stable_partition(order.begin(), order.end(), [](ControlRef ref) { return ref.kind == ControlKind::Groupbox; });
     return order;
 }
 

@@ -438,7 +438,7 @@ private:
     QString stubBlock;
     QString tooltipBlock;
     bool bitmapMissing = false;
-    QString bitmapFound; // the last path that was looked up
+    std::optional<QString> bitmapFound; // the last path that was looked up
 };
 
 } // namespace

@@ -50,7 +50,8 @@ public:
     bool HasOneBlock() const { return indices.size() <= 16 && !indices.empty(); }
     const Cell& OnlyCell()
     {
-        MakeCell(0);
+        if (cells[0].blockCount == 0)
+            MakeCell(0);
         return cells[0];
     }
     const Cell& CellOf(std::uint32_t red, std::uint32_t green, std::uint32_t blue)

@@ -56,12 +56,7 @@ GuiForm ReadFormArgument(const std::string& file)
 // The comments of a file; one that is not there gives the same text as an empty one.
 QString CommentsOf(const std::string& file)
 {
-    const QByteArray content = file == "-" || FileExists(PathOf(file)) ? ReadInput(file) : QByteArray();
-    try {
-        return TextFromAnsi(CommentText(content));
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(file, error.description);
-    }
+    return TextFromAnsi(CommentText(file == "-" || FileExists(PathOf(file)) ? ReadInput(file) : QByteArray()));
 }
 
 void CompileForm(const FormArguments& arguments, bool hasDate, bool hasComments)

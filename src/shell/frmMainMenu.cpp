@@ -4,9 +4,13 @@
 
 #include "codetools/frmKey.h"
 #include "codetools/frmTip.h"
+#include "editor/dlgPrinting.h"
 #include "editor/frmCodeExplorer.h"
+#include "editor/frmKeywords.h"
+#include "editor/frmSnip.h"
 #include "editor/frmSyntax.h"
 #include "editor/modEdit.h"
+#include "editor/modSnippets.h"
 #include "engine/dlgShowVar.h"
 #include "engine/modProject.h"
 #include "engine/modRun.h"
@@ -54,7 +58,7 @@ constexpr MenuRow rows[] = {
     {1, "mnuFileLoadGui", "&Load Gui Form", "", "load-form", On, mnuFileLoadGui_Click},
     {1, "mnuFileSaveGui", "Save &Gui Form", "", "save-form", Off, guiSave},
     {1, "mnuFileBar2", "", "", "", Bar, nullptr},
-    {1, "mnuFilePrint", "&Print...", "Ctrl+P", "print", Off, nullptr},
+    {1, "mnuFilePrint", "&Print...", "Ctrl+P", "print", Off, mnuFilePrint_Click},
     {1, "mnuFileBar3", "", "", "", Bar, nullptr},
     {1, "mnuFileExit", "E&xit   ( Alt+F4)", "Ctrl+F4", "exit", On, mnuFileExit_Click},
     {1, "mnuFileBar4", "", "", "", Bar, nullptr},
@@ -86,7 +90,7 @@ constexpr MenuRow rows[] = {
     {0, "mnuViewOptions", "&Options", "", "", Menu, nullptr},
     {1, "mnuShowOptions", "&Preferences", "", "options", On, mnuShowOptions_Click},
     {1, "mnuOptionShowTip", "&Show Tip", "", "tip", On, mnuOptionShowTip_Click},
-    {1, "mnuOptionsKeywords", "&Edit Custom Keywords", "", "keywords-edit", On, nullptr},
+    {1, "mnuOptionsKeywords", "&Edit Custom Keywords", "", "keywords-edit", On, mnuOptionsKeywords_Click},
     {1, "mnuOptionsBar0", "", "", "", Bar, nullptr},
     {1, "mnuOptionsToolbar", "&Bench Toolbar", "", "", ItemKind::Check, mnuOptionsToolbar_Click},
     {1, "mnuViewGuiBar", "&GUI Toolbar", "", "", ItemKind::Check, mnuViewGuiBar_Click},
@@ -120,8 +124,8 @@ constexpr MenuRow rows[] = {
     {2, "mnuToolMB", "&Message Boxes", "", "message-box", On, nullptr},
     {2, "mnuWrapper", "AP&I Wrapper Library", "", "api-library", On, mnuWrapper_Click},
     {2, "mnuToolPrinter", "&Printer API Library", "", "printer-library", On, mnuToolPrinter_Click},
-    {2, "mnuToolSnipBench", "Snipp&et Bench", "", "snippet-bench", On, nullptr},
-    {2, "mnuToolSnippet", "&Snippet Library", "", "snippet-library", On, nullptr},
+    {2, "mnuToolSnipBench", "Snipp&et Bench", "", "snippet-bench", On, mnuToolSnipBench_Click},
+    {2, "mnuToolSnippet", "&Snippet Library", "", "snippet-library", On, mnuToolSnippet_Click},
     {2, "mnuToolMask", "Mas&k Maker", "", "mask", On, nullptr},
     {2, "mnuToolAVI", "A&VI Maker", "", "video", On, nullptr},
     {2, "mnuPackage", "Packaging &Wizard", "", "package", On, nullptr},

@@ -111,9 +111,11 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("line");
         QTest::newRow("center_dialog.snip") << 10 << 7 << QByteArray("open \"Centered; Dialog\" for dialog as #1");
         QTest::newRow("text_linewrap.snip") << 34 << 21 << QByteArray("#1.tb \"!Font times_new_roman 12 Italic \"");
-        QTest::newRow("password_textbox.snip") << 21 << 15 << QByteArray("  hBox as ulong, _EM_SETPASSWORDCHAR as long,_");
+        QTest::newRow("password_textbox.snip")
+            << 21 << 15 << QByteArray("  hBox as ulong, _EM_SETPASSWORDCHAR as long,_");
         QTest::newRow("center_window.snip") << 12 << 12 << QByteArray("[quit] close #main : end");
-        QTest::newRow("play_midi.snip") << 22 << 4 << QByteArray("'the playmidi command returns the length of the midi in ");
+        QTest::newRow("play_midi.snip") << 22 << 4
+                                        << QByteArray("'the playmidi command returns the length of the midi in ");
         QTest::newRow("custom_cursor.snip") << 37 << 37 << QByteArray("'IDC_WAIT    Hourglass");
     }
 
@@ -247,8 +249,9 @@ private Q_SLOTS:
 
     void aCharacterThatCannotBeStoredIsAskedFor()
     {
-        const QString question = QStringLiteral("Line 2 of the snippet holds a character that BASIC source files cannot "
-                                                "store.\nSave with a question mark in place of each such character?");
+        const QString question =
+            QStringLiteral("Line 2 of the snippet holds a character that BASIC source files cannot "
+                           "store.\nSave with a question mark in place of each such character?");
         const QString path = bench->Put(QStringLiteral("x.snip"), "old\r\n");
         bench->dialogs.ExpectQuestion(question, BoxAnswer::No);
         QCOMPARE(SaveSnippet(path, QString::fromUtf8("a\n→")), SnippetSave::Declined);

@@ -4,8 +4,8 @@
 #include "support/TestBench.h"
 
 #include "editor/cDocument.h"
-#include "editor/frmKeywords.h"
 #include "editor/frmDocument.h"
+#include "editor/frmKeywords.h"
 #include "shell/Module1.h"
 
 #include <QDir>

@@ -65,15 +65,15 @@ class win_frmSnip : public QObject {
     }
 
     // Two snippets, a.snip and b.snip, in place of the defaults.
-    void Open()
+    void Open(QWidget* owner = nullptr)
     {
         WriteFile(QStringLiteral("a.snip"), "print 1\r\nend\r\n");
         WriteFile(QStringLiteral("b.snip"), "beep\r\n");
-        OpenAsItIs();
+        OpenAsItIs(owner);
     }
-    void OpenAsItIs()
+    void OpenAsItIs(QWidget* owner = nullptr)
     {
-        window = std::make_unique<frmSnip>();
+        window = std::make_unique<frmSnip>(owner);
         window->show();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
@@ -86,8 +86,7 @@ class win_frmSnip : public QObject {
     void DoubleClick(const QString& name) const
     {
         Click(name);
-        QTest::mouseDClick(List()->viewport(), Qt::LeftButton, {},
-                           List()->visualRect(List()->currentIndex()).center());
+        QTest::mouseDClick(List()->viewport(), Qt::LeftButton, {}, List()->visualRect(List()->currentIndex()).center());
     }
     void Save(const QString& answer) const
     {
@@ -126,13 +125,13 @@ private Q_SLOTS:
             const char* caption;
             const char* tip;
         };
-        for (const Row& row : {Row{"cmdNew", "&New", "Save this snippet to disk."},
-                               Row{"cmdSave", "&Save", "Save this snippet to disk."},
-                               Row{"cmdDelete", "&Delete", "Delete this snippet."},
-                               Row{"cmdCopy", "&Copy", "Copy this snippet to the clipboard."},
-                               Row{"cmdPaste", "&Insert", "Paste clipboard contents at cursor position."},
-                               Row{"cmdPasteNew", "&Paste", "Paste new snippet from clipboard."},
-                               Row{"cmdExit", "E&xit", ""}}) {
+        for (const Row& row :
+             {Row{"cmdNew", "&New", "Save this snippet to disk."},
+              Row{"cmdSave", "&Save", "Save this snippet to disk."},
+              Row{"cmdDelete", "&Delete", "Delete this snippet."},
+              Row{"cmdCopy", "&Copy", "Copy this snippet to the clipboard."},
+              Row{"cmdPaste", "&Insert", "Paste clipboard contents at cursor position."},
+              Row{"cmdPasteNew", "&Paste", "Paste new snippet from clipboard."}, Row{"cmdExit", "E&xit", ""}}) {
             QCOMPARE(Button(row.name)->text(), QString::fromLatin1(row.caption));
             QCOMPARE(Button(row.name)->toolTip(), QString::fromLatin1(row.tip));
         }
@@ -231,7 +230,8 @@ private Q_SLOTS:
         Name()->setText(QStringLiteral("new"));
         Save(File(QStringLiteral("new.snip")));
         QCOMPARE(TestBench::Read(File(QStringLiteral("new.snip"))), QByteArray("cls\r\n'\xE9\xA0x\r\n"));
-        QCOMPARE(Names(), (QStringList{QStringLiteral("a.snip"), QStringLiteral("b.snip"), QStringLiteral("new.snip")}));
+        QCOMPARE(Names(),
+                 (QStringList{QStringLiteral("a.snip"), QStringLiteral("b.snip"), QStringLiteral("new.snip")}));
         QCOMPARE(Name()->text(), QStringLiteral("new.snip"));
         QCOMPARE(Chosen(), QStringLiteral("new.snip"));
         Click(QStringLiteral("a.snip"));
@@ -397,7 +397,7 @@ private Q_SLOTS:
         bench->Choose(QStringLiteral("mnuFileNew"));
         TestBench::Type(bench->Active(), "rem x");
         SendSci(bench->Active()->sci, SCI_SETSEL, 4, 5);
-        Open();
+        Open(&bench->Frame());
         if (byKey) {
             Click(QStringLiteral("a.snip"));
             QTest::keyClick(List(), Qt::Key_Return);

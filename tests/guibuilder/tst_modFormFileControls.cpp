@@ -190,10 +190,13 @@ private Q_SLOTS:
         };
         QDir::setCurrent(folder.path());
         const QImage relative = pictureOf("red.bmp");
+        const GuiForm two = FormOf("bmpbutton|red.bmp|0|0|0|0|n|b\r\nbmpbutton|red.bmp|0|0|0|0|n|b");
         QDir::setCurrent(before);
         QCOMPARE(relative.size(), QSize(3, 2));
         QCOMPARE(relative.pixel(2, 1), 0xFFFF0000U);
         QCOMPARE(pictureOf(QFile::encodeName(folder.filePath(QStringLiteral("red.bmp")))), relative);
+        QCOMPARE(two.At({ControlKind::Bmpbutton, 1}).picture, relative);
+        QCOMPARE(two.At({ControlKind::Bmpbutton, 2}).picture, relative);
         QVERIFY(pictureOf("").isNull());
         QVERIFY(pictureOf("bmpbttn").isNull());
     }

@@ -218,8 +218,11 @@ private Q_SLOTS:
     {
         bench->dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
         guiSave();
-        OpenModifiedForm(*bench);
         bench->Open(QStringLiteral("a.bas"));
+        bench->dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
+        guiSave();
+        OpenModifiedForm(*bench);
+        bench->form.ShowDocument(*Documents.back());
         bench->dialogs.ExpectMessage(QStringLiteral("The gui builder is not active; there is no form to save!"));
         guiSave();
         QVERIFY(GuiFormModified);

@@ -110,9 +110,9 @@ private Q_SLOTS:
 
     void wrongUsageIsStatus2()
     {
-        for (const QStringList& arguments : {QStringList(), QStringList{QString()},
-                                             QStringList{QStringLiteral("a"), QStringLiteral("b")},
-                                             QStringList{QStringLiteral("a"), QStringLiteral("--bogus")}}) {
+        for (const QStringList& arguments :
+             {QStringList(), QStringList{QString()}, QStringList{QStringLiteral("a"), QStringLiteral("b")},
+              QStringList{QStringLiteral("a"), QStringLiteral("--bogus")}}) {
             const Outcome outcome = Run(arguments);
             QCOMPARE(outcome.status, 2);
             QVERIFY2(outcome.error.endsWith(QByteArray("\n") + Usage + "\n"), outcome.error.constData());

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Any bytes may be taken for a bitmap file or for a bitmap in memory.
+#include "imaging/cDIB.h"
+#include "imaging/cImagingError.h"
+#include "imaging/modBitmapFile.h"
+
+#include <cstdlib>
+
+static void Require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+// Bytes that cannot be told from used ones would hide a read beyond the end.
+static unsigned SumOf(ob::ByteView bytes)
+{
+    unsigned sum = 0;
+    for (const std::uint8_t byte : bytes)
+        sum += byte;
+    return sum;
+}
+
+static void LookAt(const ob::cDIB& dib)
+{
+    // Sizes that only the header promises would cost the fuzzer its memory.
+    constexpr std::int32_t most = 1 << 22;
+    Require(dib.SizeImage() >= 1 && dib.SizeBitmapInfo() >= 1);
+    unsigned sum = 0;
+    if (dib.SizeImage() < most)
+        sum += SumOf(dib.PointerToBits());
+    if (dib.SizeBitmapInfo() < most)
+        sum += SumOf(dib.PointerToBitmapInfo());
+    if (dib.SizeImage() < most && dib.SizeBitmapInfo() < most) {
+        dib.WriteToFile("x", [&](const std::string&, std::span<const ob::ByteView> pieces) {
+            for (const ob::ByteView piece : pieces)
+                sum += SumOf(piece);
+            return ob::WriteResult();
+        });
+    }
+    volatile unsigned sink = sum;
+    (void)sink;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    const ob::ByteView input(data, size);
+    const auto read = ob::ReadBitmap(input);
+    if (const auto* picture = std::get_if<ob::cDIBSection>(&read)) {
+        Require(picture->Width() > 0 && picture->Height() > 0 && picture->DIBSectionBitsPtr() != nullptr);
+        const auto pictureBytes = std::int64_t{picture->Width()} * picture->Height() * 3;
+        Require(pictureBytes <= static_cast<std::int64_t>(ob::UncheckedPictureBytes) ||
+                pictureBytes <= static_cast<std::int64_t>(size) * 400);
+    }
+    try {
+        ob::cDIB dib;
+        if (dib.CreateFromBytes({input.begin(), input.end()}))
+            LookAt(dib);
+    } catch (const ob::ImagingError& error) {
+        Require(error.number == 9);
+    }
+    ob::cDIB packed;
+    if (packed.CreateFromPackedDIBPointer(input))
+        LookAt(packed);
+    return 0;
+}

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plain text on the pages of a PDF, read back by another program.
+#include "editor/PdfPages.h"
+
+#include "editor/modPlainPages.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modPrinter.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+
+using namespace ob;
+
+namespace {
+
+struct Pdf {
+    QTemporaryDir folder;
+    QString path = folder.filePath(QStringLiteral("out.pdf"));
+
+    // Gives the number of pages.
+    int Print(const QString& text, int tabSize = 4) const
+    {
+        const auto job = StartPdf(path, QStringLiteral("game.bas"));
+        cPlainPages pages(text, *job, tabSize);
+        int count = 1;
+        for (; pages.FillPage() == PageEnd::MoreToCome; ++count)
+            job->NewPage();
+        job->End([](const SendingPlace&) { return SendingWish::GoOn; });
+        return count;
+    }
+};
+
+QStringList NumberedLines(int count)
+{
+    QStringList lines;
+    for (int i = 1; i <= count; ++i)
+        lines.append(QStringLiteral("print \"line %1\"").arg(i));
+    return lines;
+}
+
+} // namespace
+
+class tst_modPlainPages : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void allLinesComeOutInOrder_data();
+    void allLinesComeOutInOrder();
+    void firstLineOfTheFirstPageIsEmpty();
+    void emptyLinesAtTheEndNeedNoPage();
+    void emptyLinesInTheMiddleAreKept();
+    void longLineGoesOnBelow();
+    void endlessLineComesOutWhole();
+    void tabsReachTheirColumns();
+    void lettersOfOtherScriptsComeOut();
+    void emptyTextIsOneEmptyPage();
+    void titleIsInTheFile();
+    void fontsAreInTheFile();
+    void jobLetGoLeavesTheOldFile();
+    void fileThatCannotBeWrittenRaises();
+};
+
+void tst_modPlainPages::allLinesComeOutInOrder_data()
+{
+    QTest::addColumn<QString>("lineEnd");
+    QTest::newRow("CR LF") << QStringLiteral("\r\n");
+    QTest::newRow("LF") << QStringLiteral("\n");
+    QTest::newRow("CR") << QStringLiteral("\r");
+}
+
+void tst_modPlainPages::allLinesComeOutInOrder()
+{
+    QFETCH(QString, lineEnd);
+    const QStringList lines = NumberedLines(200);
+    const Pdf pdf;
+    const int pages = pdf.Print(lines.join(lineEnd) + lineEnd);
+    QVERIFY(pages > 2);
+    QCOMPARE(PdfField(pdf.path, QStringLiteral("Pages")), QString::number(pages));
+    QCOMPARE(LinesOf(pdf.path), lines);
+    for (const QStringList& page : PagesOf(pdf.path))
+        QVERIFY(!page.isEmpty());
+}
+
+void tst_modPlainPages::firstLineOfTheFirstPageIsEmpty()
+{
+    const Pdf pdf;
+    pdf.Print(NumberedLines(200).join(QLatin1Char('\n')));
+    const QList<QStringList> pages = PagesOf(pdf.path);
+    QCOMPARE(pages[1].size(), pages[0].size() + 1);
+}
+
+void tst_modPlainPages::emptyLinesAtTheEndNeedNoPage()
+{
+    const Pdf pdf;
+    QCOMPARE(pdf.Print(QStringLiteral("end\r\n") + QStringLiteral("\r\n").repeated(500)), 1);
+}
+
+void tst_modPlainPages::emptyLinesInTheMiddleAreKept()
+{
+    const Pdf pdf;
+    const int pages = pdf.Print(QStringLiteral("cls") + QStringLiteral("\r\n").repeated(150) + QStringLiteral("end"));
+    QVERIFY(pages > 1);
+    QCOMPARE(PagesOf(pdf.path).first(), QStringList{QStringLiteral("cls")});
+    QCOMPARE(PagesOf(pdf.path).last(), QStringList{QStringLiteral("end")});
+}
+
+void tst_modPlainPages::longLineGoesOnBelow()
+{
+    QStringList words;
+    for (int i = 1000; i < 1100; ++i)
+        words.append(QStringLiteral("word%1").arg(i));
+    const Pdf pdf;
+    pdf.Print(words.join(QLatin1Char(' ')) + QStringLiteral("\r\nend"));
+    const QStringList lines = LinesOf(pdf.path);
+    QVERIFY(lines.size() > 5);
+    QCOMPARE(lines.last(), QStringLiteral("end"));
+    QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + QStringLiteral(" end"));
+}
+
+void tst_modPlainPages::endlessLineComesOutWhole()
+{
+    QString line;
+    for (int i = 0; line.size() < 200'000; ++i)
+        line += QString::number(i);
+    const Pdf pdf;
+    QElapsedTimer clock;
+    clock.start();
+    pdf.Print(line);
+    QVERIFY2(clock.elapsed() < 10'000, "the time grows with the square of the line's length");
+    const QStringList rows = LinesOf(pdf.path);
+    QCOMPARE(rows.join(QString()), line);
+    // Every row but the last is filled to the page's edge, where pieces meet as well.
+    for (qsizetype i = 0; i < rows.size() - 1; ++i)
+        QCOMPARE(rows[i].size(), rows[0].size());
+}
+
+void tst_modPlainPages::tabsReachTheirColumns()
+{
+    const Pdf pdf;
+    pdf.Print(QStringLiteral("\tx\r\nab\tx\r\n    x\r\n"));
+    const QByteArray words =
+        OutputOf(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf.path, QStringLiteral("-")});
+    QList<QByteArray> places;
+    for (const QByteArray& line : words.split('\n'))
+        if (line.contains(">x<"))
+            places.append(line.mid(line.indexOf("xMin"), 16));
+    QCOMPARE(places.size(), 3);
+    QCOMPARE(places[1], places[0]);
+    QCOMPARE(places[2], places[0]);
+}
+
+void tst_modPlainPages::lettersOfOtherScriptsComeOut()
+{
+    const Pdf pdf;
+    const QString text = QString::fromUtf8("print \"Grüße, Привет, Ελλάδα €\"");
+    pdf.Print(text);
+    QCOMPARE(LinesOf(pdf.path), QStringList{text});
+}
+
+void tst_modPlainPages::emptyTextIsOneEmptyPage()
+{
+    const Pdf pdf;
+    QCOMPARE(pdf.Print({}), 1);
+    QCOMPARE(PdfField(pdf.path, QStringLiteral("Pages")), QStringLiteral("1"));
+    QVERIFY(LinesOf(pdf.path).isEmpty());
+}
+
+void tst_modPlainPages::titleIsInTheFile()
+{
+    const Pdf pdf;
+    pdf.Print(QStringLiteral("end"));
+    QCOMPARE(PdfField(pdf.path, QStringLiteral("Title")), QStringLiteral("game.bas"));
+    QVERIFY(PdfField(pdf.path, QStringLiteral("Creator")).startsWith(QStringLiteral("Orchard Bench ")));
+}
+
+void tst_modPlainPages::fontsAreInTheFile()
+{
+    const Pdf pdf;
+    pdf.Print(QStringLiteral("end"));
+    const QList<QByteArray> table = OutputOf(QStringLiteral("pdffonts"), {pdf.path}).trimmed().split('\n');
+    QVERIFY(table.size() > 2);
+    // The column "emb" says whether a font travels with the file.
+    const qsizetype column = table[0].indexOf("emb");
+    for (const QByteArray& row : table.sliced(2))
+        QCOMPARE(row.mid(column, 3), QByteArray("yes"));
+}
+
+void tst_modPlainPages::jobLetGoLeavesTheOldFile()
+{
+    const Pdf pdf;
+    QFile old(pdf.path);
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
+    old.close();
+    {
+        const auto job = StartPdf(pdf.path, QStringLiteral("game.bas"));
+        cPlainPages(QStringLiteral("end"), *job, 4).FillPage();
+        job->NewPage();
+    }
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), QByteArray("old"));
+    QCOMPARE(QDir(pdf.folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("out.pdf")});
+}
+
+void tst_modPlainPages::fileThatCannotBeWrittenRaises()
+{
+    const Pdf pdf;
+    const auto write = [&](const QString& path) {
+        const auto job = StartPdf(path, QStringLiteral("game.bas"));
+        job->End([](const SendingPlace&) { return SendingWish::GoOn; });
+    };
+    QVERIFY_EXCEPTION_THROWN(write(pdf.folder.filePath(QStringLiteral("gone/out.pdf"))), RuntimeError);
+    QVERIFY_EXCEPTION_THROWN(write(pdf.folder.path()), RuntimeError);
+    QVERIFY(QDir(pdf.folder.path()).isEmpty());
+}
+
+int main(int argc, char** argv)
+{
+    const QGuiApplication application(argc, argv);
+    tst_modPlainPages test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_modPlainPages.moc"

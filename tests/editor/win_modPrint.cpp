@@ -1,0 +1,403 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Printing as used: the real control and the real pages, in a PDF that another program reads.
+#include "editor/PdfPages.h"
+#include "editor/PrintedPages.h"
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "editor/cDocument.h"
+#include "editor/dlgPrinting.h"
+#include "editor/modStyling.h"
+#include "platform/frmPrinter.h"
+#include "shell/Module1.h"
+
+#include <QAction>
+#include <QDir>
+#include <QLabel>
+#include <QPrinter>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolBar>
+
+using namespace ob;
+
+namespace {
+
+const QString Question = QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
+                                        "on your system, then select 'No'.");
+
+// A printer whose pages end in a file.
+class FilePrinting final : public cPrinting {
+public:
+    explicit FilePrinting(QString file) : path(std::move(file)) {}
+
+    bool HasDefaultPrinter() override { return !path.isEmpty(); }
+    std::unique_ptr<cPrintJob> StartOnDefaultPrinter(const QString& title) override
+    {
+        auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        printer->setOutputFormat(QPrinter::PdfFormat);
+        printer->setOutputFileName(path);
+        printer->setDocName(title);
+        return StartOn(std::move(printer));
+    }
+
+private:
+    QString path;
+};
+
+// A bench with a program in its window, and no printer on the system.
+struct PrintBench {
+    explicit PrintBench(const QByteArray& program)
+    {
+        SetPrinting(&noPrinter);
+        bench.Start({bench.Write(QStringLiteral("game.bas"), program)});
+        SendSci(Text(), SCI_GOTOPOS, 0);
+    }
+    ~PrintBench() { SetPrinting(nullptr); }
+    PrintBench(const PrintBench&) = delete;
+    PrintBench& operator=(const PrintBench&) = delete;
+
+    Sci Text() const { return bench.Active()->sci; }
+    QString Pdf() const { return bench.Path(QStringLiteral("out.pdf")); }
+
+    void ExpectQuestions(BoxAnswer inColor)
+    {
+        bench.dialogs.ExpectMessage(Question, inColor, BoxIcon::Question, BoxButtons::YesNoCancel);
+        if (!Printing().HasDefaultPrinter())
+            bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Print to PDF"),
+                                     QStringLiteral("PDF (*.pdf)|*.pdf"), Pdf());
+    }
+
+    void Print(BoxAnswer inColor)
+    {
+        ExpectQuestions(inColor);
+        bench.Choose(QStringLiteral("mnuFilePrint"));
+        QVERIFY(bench.dialogs.Finished());
+    }
+
+    void Select(std::intptr_t from, std::intptr_t to) const
+    {
+        SendSci(Text(), SCI_SETSEL, static_cast<std::uintptr_t>(from), to);
+    }
+
+    TestBench bench;
+    FilePrinting noPrinter{QString()};
+};
+
+QByteArray Program(int lines)
+{
+    QByteArray text;
+    for (int i = 1; i <= lines; ++i)
+        text += "print \"line\"; " + QByteArray::number(i) + " ' comment\r\n";
+    return text;
+}
+
+QStringList LinesOfProgram(const QByteArray& program)
+{
+    QStringList lines = QString::fromUtf8(program).split(QStringLiteral("\r\n"));
+    lines.removeAll(QString());
+    return lines;
+}
+
+// How many dots of a page come close to a colour; the edges of letters are paler than their middle.
+int CountColor(const QImage& page, const QColor& color)
+{
+    int count = 0;
+    for (int y = 0; y < page.height(); ++y)
+        for (int x = 0; x < page.width(); ++x) {
+            const QColor dot = page.pixelColor(x, y);
+            const int distance = std::abs(dot.red() - color.red()) + std::abs(dot.green() - color.green()) +
+                                 std::abs(dot.blue() - color.blue());
+            count += distance < 90 ? 1 : 0;
+        }
+    return count;
+}
+
+QColor ToColor(ColorRef color)
+{
+    return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF), static_cast<int>(color >> 16 & 0xFF)};
+}
+
+} // namespace
+
+class win_modPrint : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void programComesOutWhole_data();
+    void programComesOutWhole();
+    void selectedLineComesOutAlone_data();
+    void selectedLineComesOutAlone();
+    void caretAtTheEndGivesAnEmptyPage_data();
+    void caretAtTheEndGivesAnEmptyPage();
+    void printBeginsAtTheCaret();
+    void lastPageIsEmptyWithoutASelection();
+    void colorsAreOnThePage();
+    void plainTextIsBlack();
+    void darkWindowPrintsReadably();
+    void screenIsAsBefore();
+    void longLinesGoOnBelow();
+    void lettersOfOtherScriptsComeOut();
+    void fontsAreInTheFile();
+    void printerGetsTheSamePages_data();
+    void printerGetsTheSamePages();
+    void toolbarButtonPrints();
+    void fileThatCannotBeWrittenIsTold();
+    void longPrintShowsItsPageAndCanBeCalledOff();
+    void shortPrintShowsNoWindow();
+    void lineNumberMarginStaysInAWrappedWindow();
+};
+
+void win_modPrint::programComesOutWhole_data()
+{
+    QTest::addColumn<BoxAnswer>("way");
+    QTest::newRow("in color") << BoxAnswer::Yes;
+    QTest::newRow("plain") << BoxAnswer::No;
+}
+
+void win_modPrint::programComesOutWhole()
+{
+    QFETCH(BoxAnswer, way);
+    PrintBench print(Program(300));
+    print.Print(way);
+    // The load drops the last two bytes, which are the last line end.
+    QCOMPARE(LinesOf(print.Pdf()), LinesOfProgram(Program(300)));
+    QVERIFY(PdfField(print.Pdf(), QStringLiteral("Pages")).toInt() > 4);
+    QCOMPARE(PdfField(print.Pdf(), QStringLiteral("Title")), QStringLiteral("game.bas"));
+}
+
+void win_modPrint::selectedLineComesOutAlone_data()
+{
+    QTest::addColumn<BoxAnswer>("way");
+    QTest::addColumn<int>("lineEnd");
+    QTest::newRow("in color") << BoxAnswer::Yes << 0;
+    QTest::newRow("in color, with its end") << BoxAnswer::Yes << 2;
+    QTest::newRow("plain") << BoxAnswer::No << 0;
+    QTest::newRow("plain, with its end") << BoxAnswer::No << 2;
+}
+
+void win_modPrint::selectedLineComesOutAlone()
+{
+    QFETCH(BoxAnswer, way);
+    QFETCH(int, lineEnd);
+    PrintBench print(Program(9));
+    const qsizetype length = Program(1).size();
+    print.Select(4 * length, 5 * length - 2 + lineEnd);
+    print.Print(way);
+    QCOMPARE(LinesOf(print.Pdf()), QStringList{LinesOfProgram(Program(9))[4]});
+    QCOMPARE(PdfField(print.Pdf(), QStringLiteral("Pages")), QStringLiteral("1"));
+    QCOMPARE(SendSci(print.Text(), SCI_GETSELECTIONSTART), 4 * length);
+    QCOMPARE(SendSci(print.Text(), SCI_GETSELECTIONEND), 5 * length - 2 + lineEnd);
+}
+
+void win_modPrint::caretAtTheEndGivesAnEmptyPage_data()
+{
+    programComesOutWhole_data();
+}
+
+void win_modPrint::caretAtTheEndGivesAnEmptyPage()
+{
+    QFETCH(BoxAnswer, way);
+    PrintBench print(Program(9));
+    SendSci(print.Text(), SCI_GOTOPOS, static_cast<std::uintptr_t>(Program(9).size()));
+    print.Print(way);
+    QVERIFY(LinesOf(print.Pdf()).isEmpty());
+    QCOMPARE(PdfField(print.Pdf(), QStringLiteral("Pages")), QStringLiteral("1"));
+}
+
+void win_modPrint::printBeginsAtTheCaret()
+{
+    PrintBench print(Program(20));
+    SendSci(print.Text(), SCI_GOTOPOS, static_cast<std::uintptr_t>(10 * Program(1).size() + 4));
+    print.Print(BoxAnswer::Yes);
+    const QStringList lines = LinesOf(print.Pdf());
+    QCOMPARE(lines.last(), LinesOfProgram(Program(20)).last());
+    QVERIFY(!lines.contains(LinesOfProgram(Program(20)).first()));
+}
+
+void win_modPrint::lastPageIsEmptyWithoutASelection()
+{
+    PrintBench print(Program(9));
+    print.Print(BoxAnswer::Yes);
+    QCOMPARE(PagesOf(print.Pdf()).size(), 2);
+    QVERIFY(PagesOf(print.Pdf()).last().isEmpty());
+}
+
+void win_modPrint::colorsAreOnThePage()
+{
+    PrintBench print(Program(40));
+    print.Print(BoxAnswer::Yes);
+    const QImage page = FirstPage(print.Pdf());
+    QVERIFY(!page.isNull());
+    QVERIFY(CountColor(page, ToColor(KeywordColor)) > 100);
+    QVERIFY(CountColor(page, ToColor(QuoteColor)) > 100);
+    QVERIFY(CountColor(page, ToColor(CommentColor)) > 100);
+    // White paper with letters on it.
+    QVERIFY(CountColor(page, Qt::white) > page.width() * page.height() * 3 / 4);
+}
+
+void win_modPrint::plainTextIsBlack()
+{
+    PrintBench print(Program(40));
+    print.Print(BoxAnswer::No);
+    const QImage page = FirstPage(print.Pdf());
+    QVERIFY(!page.isNull());
+    QVERIFY(CountColor(page, Qt::black) > 1000);
+    QVERIFY(page.allGray());
+}
+
+void win_modPrint::darkWindowPrintsReadably()
+{
+    PrintBench print("game = title\r\n" + QByteArray("game = title\r\n").repeated(20));
+    EditForeColor = Rgb(230, 230, 230);
+    EditBackColor = Rgb(20, 20, 20);
+    NumberColor = Rgb(255, 255, 128);
+    SetSciColors(print.Text());
+    print.Print(BoxAnswer::Yes);
+    const QImage page = FirstPage(print.Pdf());
+    QVERIFY(!page.isNull());
+    QVERIFY(CountColor(page, QColor(25, 25, 25)) > 500);
+    QVERIFY(CountColor(page, Qt::white) > page.width() * page.height() * 3 / 4);
+    // The window keeps its own.
+    QCOMPARE(SendSci(print.Text(), SCI_STYLEGETFORE, 7), static_cast<std::intptr_t>(EditForeColor));
+    QCOMPARE(SendSci(print.Text(), SCI_STYLEGETFORE, 6), static_cast<std::intptr_t>(NumberColor));
+}
+
+void win_modPrint::screenIsAsBefore()
+{
+    PrintBench print(Program(300));
+    print.Select(10, 400);
+    SendSci(print.Text(), SCI_LINESCROLL, 0, 5);
+    QApplication::processEvents();
+    const QImage before = print.bench.ActiveWindowEdit()->grab().toImage();
+    print.Print(BoxAnswer::Yes);
+    QCOMPARE(print.bench.ActiveWindowEdit()->grab().toImage(), before);
+}
+
+void win_modPrint::longLinesGoOnBelow()
+{
+    QStringList words;
+    for (int i = 1000; i < 1100; ++i)
+        words.append(QStringLiteral("word%1").arg(i));
+    PrintBench print(words.join(QLatin1Char(' ')).toUtf8() + "\r\nend\r\n");
+    print.Print(BoxAnswer::Yes);
+    const QStringList lines = LinesOf(print.Pdf());
+    QVERIFY(lines.size() > 5);
+    QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + QStringLiteral(" end"));
+}
+
+void win_modPrint::lettersOfOtherScriptsComeOut()
+{
+    PrintBench print("cls\r\n");
+    const QString line = QString::fromUtf8("print \"Grüße, Привет, Ελλάδα €\"");
+    TestBench::Type(print.bench.Active(), line.toUtf8());
+    for (const BoxAnswer way : {BoxAnswer::Yes, BoxAnswer::No}) {
+        SendSci(print.Text(), SCI_GOTOPOS, 0);
+        print.Print(way);
+        QCOMPARE(LinesOf(print.Pdf()).first(), line + QStringLiteral("cls"));
+    }
+}
+
+void win_modPrint::fontsAreInTheFile()
+{
+    PrintBench print(Program(9));
+    print.Print(BoxAnswer::Yes);
+    const QList<QByteArray> table = OutputOf(QStringLiteral("pdffonts"), {print.Pdf()}).trimmed().split('\n');
+    QVERIFY(table.size() > 2);
+    const qsizetype column = table[0].indexOf("emb");
+    for (const QByteArray& row : table.sliced(2))
+        QCOMPARE(row.mid(column, 3), QByteArray("yes"));
+}
+
+void win_modPrint::printerGetsTheSamePages_data()
+{
+    programComesOutWhole_data();
+}
+
+void win_modPrint::printerGetsTheSamePages()
+{
+    QFETCH(BoxAnswer, way);
+    PrintBench print(Program(300));
+    FilePrinting printer(print.Pdf());
+    SetPrinting(&printer);
+    print.Print(way);
+    QCOMPARE(LinesOf(print.Pdf()), LinesOfProgram(Program(300)));
+    const int pages = PdfField(print.Pdf(), QStringLiteral("Pages")).toInt();
+    QVERIFY(pages > 4);
+    // The lines fill the paper's width and height as they do in a PDF.
+    QCOMPARE(PagesOf(print.Pdf()).size(), pages);
+    QVERIFY(PagesOf(print.Pdf()).first().size() > 40);
+    QVERIFY(PagesOf(print.Pdf()).first().size() < 80);
+    const QImage page = FirstPage(print.Pdf());
+    QCOMPARE(page.allGray(), way == BoxAnswer::No);
+    QVERIFY(CountColor(page, way == BoxAnswer::No ? QColor(Qt::black) : ToColor(KeywordColor)) > 100);
+}
+
+void win_modPrint::toolbarButtonPrints()
+{
+    PrintBench print(Program(9));
+    print.bench.dialogs.ExpectMessage(Question, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
+    for (QAction* button : print.bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"))->actions())
+        if (button->objectName() == QLatin1String("Print"))
+            button->trigger();
+    QVERIFY(print.bench.dialogs.Finished());
+}
+
+void win_modPrint::fileThatCannotBeWrittenIsTold()
+{
+    PrintBench print(Program(9));
+    QVERIFY(QDir().mkdir(print.Pdf()));
+    print.ExpectQuestions(BoxAnswer::Yes);
+    print.bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+    print.bench.Choose(QStringLiteral("mnuFilePrint"));
+    QVERIFY(print.bench.dialogs.Finished());
+    QVERIFY(QDir(print.Pdf()).isEmpty());
+}
+
+void win_modPrint::longPrintShowsItsPageAndCanBeCalledOff()
+{
+    PrintBench print(Program(100'000));
+    print.bench.Write(QStringLiteral("out.pdf"), "old");
+    const QStringList files = QDir::current().entryList(QDir::Files | QDir::Hidden);
+    print.bench.ExpectModal(QStringLiteral("dlgPrinting"), [](QDialog& dialog) {
+        QVERIFY(dialog.findChild<QLabel*>(QStringLiteral("lblPage"))->text().startsWith(QStringLiteral("Page ")));
+        QVERIFY(dialog.findChild<QProgressBar*>(QStringLiteral("pgbPages"))->value() < 1000);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    print.Print(BoxAnswer::Yes);
+    QCOMPARE(TestBench::Read(print.Pdf()), QByteArray("old"));
+    QCOMPARE(QDir::current().entryList(QDir::Files | QDir::Hidden), files);
+}
+
+void win_modPrint::shortPrintShowsNoWindow()
+{
+    dlgPrinting watch;
+    QVERIFY(watch.NextPage({PrintWork::Drawing, 2, 1, 2}) == PrintWish::GoOn);
+    QVERIFY(!watch.isVisible());
+    QTest::qWait(static_cast<int>(dlgPrinting::Patience.count()) + 50);
+    watch.setModal(false);
+    QVERIFY(watch.NextPage({PrintWork::Drawing, 3, 500, 1000}) == PrintWish::GoOn);
+    QVERIFY(watch.isVisible());
+    QCOMPARE(watch.findChild<QLabel*>(QStringLiteral("lblPage"))->text(), QStringLiteral("Page 3"));
+    QCOMPARE(watch.findChild<QProgressBar*>(QStringLiteral("pgbPages"))->value(), 500);
+    watch.NextPage({PrintWork::Sending, 2, 2, 4});
+    QCOMPARE(watch.findChild<QLabel*>(QStringLiteral("lblPage"))->text(),
+             QStringLiteral("Sending page 2 of 4 to the printer"));
+    QTimer::singleShot(0, watch.findChild<QPushButton*>(QStringLiteral("cmdCancel")), &QPushButton::click);
+    QVERIFY(watch.NextPage({PrintWork::Sending, 3, 3, 4}) == PrintWish::Stop);
+}
+
+void win_modPrint::lineNumberMarginStaysInAWrappedWindow()
+{
+    PrintBench print(Program(30) + QByteArray("word ").repeated(100) + "\r\n" + Program(30));
+    SendSci(print.Text(), SCI_SETWRAPMODE, 1);
+    const std::intptr_t width = SendSci(print.Text(), SCI_GETMARGINWIDTHN, 0);
+    QVERIFY(width > 0);
+    print.Print(BoxAnswer::Yes);
+    QCOMPARE(SendSci(print.Text(), SCI_GETMARGINWIDTHN, 0), width);
+    QCOMPARE(LinesOf(print.Pdf()).first(), LinesOfProgram(Program(1)).first());
+}
+
+OB_BENCH_TEST(win_modPrint)
+#include "win_modPrint.moc"
