@@ -85,7 +85,8 @@ void ReplaceAll(benchmark::State& state, int flags, bool fromStart, const char* 
         const std::intptr_t grown = ob::SendSci(document->sci, ob::SCI_GETLENGTH) - text.size();
         ob::SendSci(document->sci, ob::SCI_UNDO);
         const std::string_view before(text.constData(), static_cast<std::size_t>(text.size()));
-        if (grown != LineCount * (replacement.size() - QByteArray(word).size()) || ob::SciText(document->sci) != before) {
+        if (grown != LineCount * (replacement.size() - QByteArray(word).size()) ||
+            ob::SciText(document->sci) != before) {
             state.SkipWithError("not everything was replaced, or the text did not come back");
             return;
         }

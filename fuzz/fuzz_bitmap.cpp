@@ -3,6 +3,7 @@
 #include "imaging/cDIB.h"
 #include "imaging/cImagingError.h"
 #include "imaging/modBitmapFile.h"
+#include "imaging/modBitmapLayout.h"
 
 #include <cstdlib>
 
@@ -42,16 +43,28 @@ static void LookAt(const ob::cDIB& dib)
     (void)sink;
 }
 
+static void LookAtPicture(ob::ByteView input)
+{
+    const auto read = ob::ReadBitmapLayout(input);
+    const auto* layout = std::get_if<ob::BitmapLayout>(&read);
+    if (!layout)
+        return;
+    const auto pictureBytes = std::int64_t{layout->width} * layout->height * 3;
+    Require(layout->width > 0 && layout->height > 0);
+    Require(pictureBytes <= static_cast<std::int64_t>(ob::UncheckedPictureBytes) ||
+            pictureBytes <= static_cast<std::int64_t>(input.size()) * 400);
+    // Large pictures run through the same lines, only longer.
+    if (pictureBytes > 1 << 19)
+        return;
+    const auto decoded = ob::ReadBitmap(input);
+    const auto* picture = std::get_if<ob::cDIBSection>(&decoded);
+    Require(picture && picture->Width() == layout->width && picture->Height() == layout->height);
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
     const ob::ByteView input(data, size);
-    const auto read = ob::ReadBitmap(input);
-    if (const auto* picture = std::get_if<ob::cDIBSection>(&read)) {
-        Require(picture->Width() > 0 && picture->Height() > 0 && picture->DIBSectionBitsPtr() != nullptr);
-        const auto pictureBytes = std::int64_t{picture->Width()} * picture->Height() * 3;
-        Require(pictureBytes <= static_cast<std::int64_t>(ob::UncheckedPictureBytes) ||
-                pictureBytes <= static_cast<std::int64_t>(size) * 400);
-    }
+    LookAtPicture(input);
     try {
         ob::cDIB dib;
         if (dib.CreateFromBytes({input.begin(), input.end()}))

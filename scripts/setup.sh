@@ -3,7 +3,7 @@
 
 run_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev libqscintilla2-qt6-dev libcli11-dev
               fonts-liberation)
-test_packages=(libbenchmark-dev xvfb xdotool libglib2.0-bin shared-mime-info desktop-file-utils)
+test_packages=(libbenchmark-dev xvfb xdotool poppler-utils libglib2.0-bin shared-mime-info desktop-file-utils)
 
 # need_packages NAME...: installs those that are missing, or says which and stops.
 need_packages() {

@@ -43,8 +43,9 @@ PrintWish dlgPrinting::NextPage(const PrintPlace& place)
 void dlgPrinting::Show(const PrintPlace& place)
 {
     const bool isSending = place.work == PrintWork::Sending;
-    ui->lblPage->setText(isSending ? QStringLiteral("Sending page %1 of %2 to the printer").arg(place.page).arg(place.all)
-                                   : QStringLiteral("Page %1").arg(place.page));
+    ui->lblPage->setText(isSending
+                             ? QStringLiteral("Sending page %1 of %2 to the printer").arg(place.page).arg(place.all)
+                             : QStringLiteral("Page %1").arg(place.page));
     ui->pgbPages->setValue(static_cast<int>(place.done * WholeBar / std::max<std::intptr_t>(1, place.all)));
     show();
 }

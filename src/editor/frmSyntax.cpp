@@ -76,8 +76,7 @@ void frmSyntax::cmbList_Click(int index)
 
 void frmSyntax::cmdCopy_Click()
 {
-    QApplication::clipboard()->setText(
-        ui->Text1->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));
+    QApplication::clipboard()->setText(ui->Text1->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));
     isClosing = true;
     ui->cmdCopy->setEnabled(false);
     QPalette red = ui->Text1->palette();

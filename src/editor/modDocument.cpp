@@ -144,7 +144,7 @@ void SendToDocument(const QByteArray& text, const QString& title)
     PutText(DecodeAnsi(text), title);
 }
 
-void SendToDocument(const QString& text, const QString& title)
+void SendTextToDocument(const QString& text, const QString& title)
 {
     PutText(text.toUtf8(), title);
 }

@@ -58,7 +58,7 @@ SaveEnd SaveDocumentFile(cDocument& document, const QString& path);
 
 // Names the active document and puts program text (ANSI) in at its caret; the caret goes to the start.
 void SendToDocument(const QByteArray& text, const QString& title);
-void SendToDocument(const QString& text, const QString& title);
+void SendTextToDocument(const QString& text, const QString& title);
 
 // Menu items and toolbar buttons that need a code window, and those that hand code to the engine.
 void EnableCodeCommands(Switch enable);

@@ -24,6 +24,9 @@ constexpr std::intptr_t FirstWarning = 1000;
 
 constexpr int MostBytesOfCharacter = 4;
 
+constexpr int MostShownCharacters = 400;
+constexpr int MostShownLines = 12;
+
 std::uintptr_t Unsigned(Position position)
 {
     return static_cast<std::uintptr_t>(position);
@@ -143,9 +146,16 @@ Position PositionOf(const std::optional<TextRange>& match)
     return match ? match->start : -1;
 }
 
+// The text was a selection, perhaps; a box that shows all of a whole program could not be read, nor be reached.
+QString Shown(const QString& text)
+{
+    const QString start = text.section(QLatin1Char('\n'), 0, MostShownLines - 1).left(MostShownCharacters);
+    return start.size() == text.size() ? text : start + QStringLiteral("...");
+}
+
 void TellNoMore(const QString& text)
 {
-    MsgBox(QStringLiteral("No more instances of <") + text + QStringLiteral(">  found."));
+    MsgBox(QStringLiteral("No more instances of <") + Shown(text) + QStringLiteral(">  found."));
 }
 
 // "Replace all" begins with a blank at the start of the text, so that a search that starts one behind the caret
@@ -331,7 +341,7 @@ void FindAgain(const QString& text)
         return;
     }
     SelectFirstCharacter(sci);
-    MsgBox(QStringLiteral("<") + text + QStringLiteral(">  not found."));
+    MsgBox(QStringLiteral("<") + Shown(text) + QStringLiteral(">  not found."));
 }
 
 void ReplaceText(const QString& find, const QString& replace)

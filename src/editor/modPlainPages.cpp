@@ -111,8 +111,8 @@ void cPlainPages::PrintLine(qreal bottom)
 
 void cPlainPages::SkipLineEnd()
 {
-    const bool isPair = position + 1 < text.size() && text[position] == QLatin1Char('\r') &&
-                        text[position + 1] == QLatin1Char('\n');
+    const bool isPair =
+        position + 1 < text.size() && text[position] == QLatin1Char('\r') && text[position + 1] == QLatin1Char('\n');
     position = std::min(text.size(), position + (isPair ? 2 : 1));
 }
 

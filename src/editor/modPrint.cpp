@@ -144,8 +144,7 @@ PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrint
     return EndJob(job, watch);
 }
 
-PrintEnd PrintPlain(const cDocument& document, const PrintRange& range, int tabSize, cPrintJob& job,
-                    cPrintWatch& watch)
+PrintEnd PrintPlain(const cDocument& document, const PrintRange& range, int tabSize, cPrintJob& job, cPrintWatch& watch)
 {
     cPlainPages pages(SelectedText(document.sci, range), job, tabSize);
     PrintPlace place{PrintWork::Drawing, 1, 0, pages.Length()};

@@ -66,7 +66,8 @@ public:
 enum class PrintEnd { Printed, Stopped, Failed };
 
 // Both put the range on the job's pages and end the job; Stopped when the watch says so or the window has been closed
-// in the meantime, and then nothing comes out, as far as the printer can take back what it has. Long lines are broken at the page's edge.
+// in the meantime, and then nothing comes out, as far as the printer can take back what it has. Long lines are broken
+// at the page's edge.
 PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrintJob& job, cPrintWatch& watch);
 
 // The range stays selected in the window; without a selection at the start the first character is selected instead.

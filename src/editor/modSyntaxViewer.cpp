@@ -14,8 +14,9 @@ std::vector<std::string_view> SortedSyntaxRows(std::span<const std::string_view>
 {
     std::vector<std::string_view> sorted(rows.begin(), rows.end());
     std::ranges::stable_sort(sorted, [](std::string_view left, std::string_view right) {
-        return std::ranges::lexicographical_compare(left, right, {}, [](char letter) { return LowerAscii(letter); },
-                                                    [](char letter) { return LowerAscii(letter); });
+        return std::ranges::lexicographical_compare(
+            left, right, {}, [](char letter) { return LowerAscii(letter); },
+            [](char letter) { return LowerAscii(letter); });
     });
     return sorted;
 }

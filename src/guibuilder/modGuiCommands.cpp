@@ -56,7 +56,7 @@ void OpenGeneratedCode(ProgramKind kind)
     if (program.bitmapMissing)
         MsgBox(BitmapMissingText);
     if (NewDocument() != nullptr)
-        SendToDocument(program.text, UntitledName);
+        SendTextToDocument(program.text, UntitledName);
 }
 
 } // namespace

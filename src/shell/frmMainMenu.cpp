@@ -6,6 +6,7 @@
 #include "codetools/frmTip.h"
 #include "editor/dlgPrinting.h"
 #include "editor/frmCodeExplorer.h"
+#include "editor/frmFind.h"
 #include "editor/frmKeywords.h"
 #include "editor/frmSnip.h"
 #include "editor/frmSyntax.h"
@@ -81,8 +82,8 @@ constexpr MenuRow rows[] = {
     {2, "mnuEditSyntax", "S&yntax Helper", "F4", "syntax-help", On, mnuEditSyntax_Click},
     {2, "mnuSyntaxViewer", "Syntax &Viewer", "", "syntax-help", On, mnuSyntaxViewer_Click},
     {1, "mnuEditTools", "Edit &Tools", "", "", Menu, nullptr},
-    {2, "mnuEditFind", "&Find", "", "find", On, nullptr},
-    {2, "mnuEditFindAgain", "Find A&gain", "F3", "find-again", On, nullptr},
+    {2, "mnuEditFind", "&Find", "", "find", On, mnuEditFind_Click},
+    {2, "mnuEditFindAgain", "Find A&gain", "F3", "find-again", On, mnuEditFindAgain_Click},
     {2, "mnuLine", "Go to &Line", "", "go-to-line", On, mnuLine_Click},
     {2, "mnuEditComment", "&Block Comment", "Ctrl+B", "block-comment", On, mnuEditComment_Click},
     {2, "mnuEditInsertComments", "&Insert Programmer's Comments", "", "", On, mnuEditInsertComments_Click},

@@ -17,8 +17,9 @@ inline QByteArray OutputOf(const QString& program, const QStringList& arguments)
     QProcess process;
     process.start(program, arguments);
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
-        const QString trouble = QStringLiteral("%1 does not run: %2 %3")
-                                    .arg(program, process.errorString(), QString::fromUtf8(process.readAllStandardError()));
+        const QString trouble =
+            QStringLiteral("%1 does not run: %2 %3")
+                .arg(program, process.errorString(), QString::fromUtf8(process.readAllStandardError()));
         QTest::qFail(qPrintable(trouble), __FILE__, __LINE__);
     }
     return process.readAllStandardOutput();
@@ -27,7 +28,8 @@ inline QByteArray OutputOf(const QString& program, const QStringList& arguments)
 // The lines of each page, blanks in a row as one and none at a line's ends; empty lines are left out.
 inline QList<QStringList> PagesOf(const QString& pdf)
 {
-    const QByteArray text = OutputOf(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+    const QByteArray text =
+        OutputOf(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
     QList<QStringList> pages;
     for (const QString& page : QString::fromUtf8(text).chopped(1).split(QLatin1Char('\f'))) {
         QStringList lines;

@@ -181,7 +181,8 @@ private Q_SLOTS:
         QCOMPARE(control.anchor, caret);
         QCOMPARE(control.text, text);
         QVERIFY(SyntaxTipShown);
-        QCOMPARE(control.told, (QList<unsigned>{SCI_AUTOCCANCEL, SCI_CALLTIPCANCEL, SCI_CALLTIPSHOW, SCI_CALLTIPSETHLT}));
+        QCOMPARE(control.told,
+                 (QList<unsigned>{SCI_AUTOCCANCEL, SCI_CALLTIPCANCEL, SCI_CALLTIPSHOW, SCI_CALLTIPSETHLT}));
     }
 
     void aLongSelectionHasNoHelp()
@@ -208,7 +209,8 @@ private Q_SLOTS:
     void anErrorOnTheWayIsTold()
     {
         ScriptedDialogs dialogs;
-        dialogs.ExpectMessage(QStringLiteral("Error in Syntax Helper, no help available."), BoxAnswer::Ok, BoxIcon::None);
+        dialogs.ExpectMessage(QStringLiteral("Error in Syntax Helper, no help available."), BoxAnswer::Ok,
+                              BoxIcon::None);
         BrokenControl control("beep");
         SyntaxTipShown = false;
         Show(control, 4, 4);

@@ -69,7 +69,8 @@ private Q_SLOTS:
         row("the caret at a line's start", "x\r\n<>abc\r\ny\r\n", Unchanged);
         row("the caret behind one character", "x\r\na<>bc\r\ny\r\n", Unchanged);
         row("and behind one of two bytes", "x\r\n\xC3\xA4<>bc\r\ny\r\n", Unchanged);
-        row("behind two characters of two bytes", "x\r\n\xC3\xA4\xC3\xB6<>\r\ny\r\n", "x\r\n'\xC3\xA4\xC3\xB6\r\ny\r\n");
+        row("behind two characters of two bytes", "x\r\n\xC3\xA4\xC3\xB6<>\r\ny\r\n",
+            "x\r\n'\xC3\xA4\xC3\xB6\r\ny\r\n");
         row("an end one character into a line leaves it out", "<x\r\ny\r\nz>z\r\n", "'x\r\n'y\r\nzz\r\n");
         row("empty lines are lines", "<a\r\n\r\nb\r\n>", "'a\r\n'\r\n'b\r\n");
         row("quotes go, the indentation stays", "<'a\r\n  'b\r\n    c\r\n>", "a\r\n  b\r\n    c\r\n");

@@ -74,13 +74,16 @@ private Q_SLOTS:
         QTest::newRow("beyond 16 bits") << QByteArray("\xf0\x90\x90\x80") << QByteArray("\xf0\x90\x90\xa8")
                                         << QByteArray("0-4");
         QTest::newRow("no letter") << QByteArray("\xe2\x82\xac 5") << QByteArray("\xe2\x82\xac") << QByteArray("0-3");
-        QTest::newRow("text is longer") << QByteArray("\xc3\xa4") << QByteArray("\xc3\xa4" "b") << QByteArray();
+        QTest::newRow("text is longer") << QByteArray("\xc3\xa4")
+                                        << QByteArray("\xc3\xa4"
+                                                      "b")
+                                        << QByteArray();
         QTest::newRow("empty text") << QByteArray("abc") << QByteArray() << QByteArray();
         QTest::newRow("empty document") << QByteArray() << QByteArray("a") << QByteArray();
         QTest::newRow("NUL bytes") << QByteArray("a\0\xc3\x84", 4) << QByteArray("\0\xc3\xa4", 3) << QByteArray("1-4");
         QTest::newRow("cut character") << QByteArray("a\xc3") << QByteArray("\xc3\xa4") << QByteArray();
-        QTest::newRow("malformed bytes are themselves") << QByteArray("\xff\xfe\xff") << QByteArray("\xff")
-                                                        << QByteArray("0-1 2-3");
+        QTest::newRow("malformed bytes are themselves")
+            << QByteArray("\xff\xfe\xff") << QByteArray("\xff") << QByteArray("0-1 2-3");
     }
 
     void lettersMatchInBothCases()
@@ -97,10 +100,14 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("messages");
         const QString noText = QStringLiteral("No text specified!");
         const QString noReplacement = QStringLiteral("No replacement text specified!");
-        QTest::newRow("both filled") << "a" << "b" << QStringList();
-        QTest::newRow("no text") << "" << "b" << QStringList{noText};
-        QTest::newRow("no replacement") << "a" << "" << QStringList{noReplacement};
-        QTest::newRow("both empty") << "" << "" << QStringList{noText, noReplacement};
+        QTest::newRow("both filled") << "a"
+                                     << "b" << QStringList();
+        QTest::newRow("no text") << ""
+                                 << "b" << QStringList{noText};
+        QTest::newRow("no replacement") << "a"
+                                        << "" << QStringList{noReplacement};
+        QTest::newRow("both empty") << ""
+                                    << "" << QStringList{noText, noReplacement};
     }
 
     void emptyFieldsAreTold()

@@ -11,8 +11,9 @@ using namespace ob;
 
 namespace {
 
-const QString Question = QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
-                                        "on your system, then select 'No'.");
+const QString Question =
+    QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
+                   "on your system, then select 'No'.");
 
 // A bench with one code window whose control is ours.
 struct Bench : CoreBench {
@@ -345,9 +346,7 @@ void tst_modPrint::printerErrorIsNotSpokenOf()
     QFETCH(BoxAnswer, answer);
     for (const bool failsAtTheEnd : {false, true}) {
         Bench bench(QByteArray("print 1\r\n").repeated(100));
-        bench.printing.prepare = [&](FakeJob& job) {
-            (failsAtTheEnd ? job.end : job.newPage) = PrinterState::Failed;
-        };
+        bench.printing.prepare = [&](FakeJob& job) { (failsAtTheEnd ? job.end : job.newPage) = PrinterState::Failed; };
         bench.ExpectQuestion(answer);
         PrintActiveDocument(bench.printing, bench.watch);
         QCOMPARE(bench.printing.log.last(), failsAtTheEnd ? QStringLiteral("end") : QStringLiteral("page"));

@@ -346,12 +346,30 @@ private Q_SLOTS:
         OpenDialog();
         QTest::keyClicks(Text2(), QStringLiteral("quux"));
         ExpectConfirm(BoxAnswer::No);
-        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok,
+                                     BoxIcon::None);
         bench->dialogs.ExpectMessage(QStringLiteral("Number of replacements made: 2"), BoxAnswer::Ok,
                                      BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
         PressKey(Qt::Key_A);
         QVERIFY(Dialog() == nullptr);
         QCOMPARE(TestBench::Text(document), QByteArray("foo quux quux"));
+    }
+
+    void aWholeProgramAsTheTextIsToldShortened()
+    {
+        const cDocument* document = Open(QByteArray("abc\r\n").repeated(100'000));
+        SendSci(document->sci, SCI_SELECTALL);
+        OpenDialog();
+        QCOMPARE(LastFind.size(), 500'000);
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("<%1...>  not found.").arg(QStringLiteral("abc\r\n").repeated(12).chopped(1)), BoxAnswer::Ok,
+            BoxIcon::None);
+        bench->Choose(QStringLiteral("mnuEditFindAgain"));
+        const QString line(500, QLatin1Char('x'));
+        Text1()->setText(line);
+        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <%1...>  found.").arg(line.left(400)),
+                                     BoxAnswer::Ok, BoxIcon::None);
+        Press("OKButton");
     }
 
     void codeWindowThatWasClosedIsTold()
@@ -422,7 +440,8 @@ private Q_SLOTS:
         Text1()->setText(QStringLiteral("foo"));
         Text2()->setText(QStringLiteral("quux"));
         ExpectConfirm(BoxAnswer::No);
-        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok,
+                                     BoxIcon::None);
         bench->dialogs.ExpectMessage(QStringLiteral("Number of replacements made: 2000"), BoxAnswer::Ok,
                                      BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
         QTest::qWait(50);

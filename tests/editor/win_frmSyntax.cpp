@@ -38,10 +38,7 @@ struct ViewerBench {
         list = viewer->findChild<QComboBox*>(QStringLiteral("cmbList"));
         text = viewer->findChild<QPlainTextEdit*>(QStringLiteral("Text1"));
     }
-    ~ViewerBench()
-    {
-        delete viewer;
-    }
+    ~ViewerBench() { delete viewer; }
     ViewerBench(const ViewerBench&) = delete;
     ViewerBench& operator=(const ViewerBench&) = delete;
 

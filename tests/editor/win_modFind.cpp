@@ -57,10 +57,7 @@ class win_modFind : public QObject {
 
 private:
     // A bench with one code window that holds the text, the caret at its start.
-    cDocument* Open(const char* text)
-    {
-        return Open(QByteArray(text));
-    }
+    cDocument* Open(const char* text) { return Open(QByteArray(text)); }
 
     cDocument* Open(const QByteArray& text)
     {
@@ -82,9 +79,8 @@ private:
 
     void ExpectNoMore(const char* text) const
     {
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("No more instances of <%1>  found.").arg(QString::fromUtf8(text)), BoxAnswer::Ok,
-            BoxIcon::None);
+        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <%1>  found.").arg(QString::fromUtf8(text)),
+                                     BoxAnswer::Ok, BoxIcon::None);
     }
 
     void ExpectNotFoundAgain(const char* text) const
@@ -130,10 +126,7 @@ private:
     std::unique_ptr<TestBench> bench;
 
 private Q_SLOTS:
-    void cleanup()
-    {
-        bench.reset();
-    }
+    void cleanup() { bench.reset(); }
 
     void findSelectsTheMatchWithTheCaretBehindIt()
     {
@@ -241,12 +234,23 @@ private Q_SLOTS:
                                 << QByteArray("# [GR\xc3\x96SSE|]!");
         QTest::newRow("umlaut, case counts") << QByteArray("# GR\xc3\x96 gr\xc3\xb6!") << QByteArray("gr\xc3\xb6")
                                              << int(FindMatchCase) << QByteArray("# GR\xc3\x96 [gr\xc3\xb6|]!");
-        QTest::newRow("letters behind others") << QByteArray("\xc3\xa4\xc3\xb6\xc3\xbc caf\xc3\x89s") << QByteArray("CAF\xc3\xa9")
-                                               << 0 << QByteArray("\xc3\xa4\xc3\xb6\xc3\xbc [caf\xc3\x89|]s");
-        QTest::newRow("capital is longer") << QByteArray("# stra\xe1\xba\x9e" "e") << QByteArray("stra\xc3\x9f" "e") << 0
-                                           << QByteArray("# [stra\xe1\xba\x9e" "e|]");
-        QTest::newRow("capital is shorter") << QByteArray("# stra\xc3\x9f" "e") << QByteArray("STRA\xe1\xba\x9e" "E") << 0
-                                            << QByteArray("# [stra\xc3\x9f" "e|]");
+        QTest::newRow("letters behind others")
+            << QByteArray("\xc3\xa4\xc3\xb6\xc3\xbc caf\xc3\x89s") << QByteArray("CAF\xc3\xa9") << 0
+            << QByteArray("\xc3\xa4\xc3\xb6\xc3\xbc [caf\xc3\x89|]s");
+        QTest::newRow("capital is longer") << QByteArray("# stra\xe1\xba\x9e"
+                                                         "e")
+                                           << QByteArray("stra\xc3\x9f"
+                                                         "e")
+                                           << 0
+                                           << QByteArray("# [stra\xe1\xba\x9e"
+                                                         "e|]");
+        QTest::newRow("capital is shorter") << QByteArray("# stra\xc3\x9f"
+                                                          "e")
+                                            << QByteArray("STRA\xe1\xba\x9e"
+                                                          "E")
+                                            << 0
+                                            << QByteArray("# [stra\xc3\x9f"
+                                                          "e|]");
         QTest::newRow("whole word") << QByteArray("# \xc3\x84hren \xc3\xa4hr \xc3\x84hr") << QByteArray("\xc3\xa4hr")
                                     << int(FindWholeWord) << QByteArray("# \xc3\x84hren [\xc3\xa4hr|] \xc3\x84hr");
         QTest::newRow("Greek") << QByteArray("# \xce\xa3\xce\xb1") << QByteArray("\xcf\x83\xce\x91") << 0
@@ -294,7 +298,8 @@ private Q_SLOTS:
 
     void missedFindAgainSelectsAWholeFirstCharacter()
     {
-        const cDocument* document = Open("\xc3\xa4" "bc");
+        const cDocument* document = Open("\xc3\xa4"
+                                         "bc");
         ExpectNotFoundAgain("x");
         Again("x");
         QCOMPARE(State(document), QByteArray("[\xc3\xa4|]bc"));
@@ -302,7 +307,8 @@ private Q_SLOTS:
 
     void aMatchFarOffIsShownWithWhatStandsAroundIt()
     {
-        const cDocument* document = Open(QByteArray("line\r\n").repeated(500) + "needle\r\n" + QByteArray("line\r\n").repeated(500));
+        const cDocument* document =
+            Open(QByteArray("line\r\n").repeated(500) + "needle\r\n" + QByteArray("line\r\n").repeated(500));
         Find("needle");
         const auto top = SendSci(document->sci, SCI_GETFIRSTVISIBLELINE);
         const auto lines = SendSci(document->sci, SCI_LINESONSCREEN);
@@ -528,10 +534,12 @@ private Q_SLOTS:
 
     void selectionIsPartOfReplaceAll()
     {
-        const cDocument* document = Open("ab \xc3\xa4" "foo foo");
+        const cDocument* document = Open("ab \xc3\xa4"
+                                         "foo foo");
         Select(document, 5, 8);
         GoBeforeSelection();
-        QCOMPARE(State(document), QByteArray("ab |\xc3\xa4" "foo foo"));
+        QCOMPARE(State(document), QByteArray("ab |\xc3\xa4"
+                                             "foo foo"));
         Select(document, 2, 5);
         GoBeforeSelection();
         QCOMPARE(State(document), QByteArray("ab[ \xc3\xa4|]foo foo"));

@@ -24,8 +24,9 @@ using namespace ob;
 
 namespace {
 
-const QString Question = QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
-                                        "on your system, then select 'No'.");
+const QString Question =
+    QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
+                   "on your system, then select 'No'.");
 
 // A printer whose pages end in a file.
 class FilePrinting final : public cPrinting {
@@ -138,6 +139,7 @@ private Q_SLOTS:
     void darkWindowPrintsReadably();
     void screenIsAsBefore();
     void longLinesGoOnBelow();
+    void lineOverManyPagesComesOutWhole();
     void lettersOfOtherScriptsComeOut();
     void fontsAreInTheFile();
     void printerGetsTheSamePages_data();
@@ -285,6 +287,18 @@ void win_modPrint::longLinesGoOnBelow()
     const QStringList lines = LinesOf(print.Pdf());
     QVERIFY(lines.size() > 5);
     QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + QStringLiteral(" end"));
+}
+
+void win_modPrint::lineOverManyPagesComesOutWhole()
+{
+    QStringList words;
+    for (int i = 10000; i < 13000; ++i)
+        words.append(QStringLiteral("word%1").arg(i));
+    PrintBench print("cls\r\n" + words.join(QLatin1Char(' ')).toUtf8() + "\r\n" + Program(30));
+    print.Print(BoxAnswer::Yes);
+    QVERIFY(PagesOf(print.Pdf()).size() > 4);
+    const QStringList expected = QStringList{QStringLiteral("cls")} + words + LinesOfProgram(Program(30));
+    QCOMPARE(LinesOf(print.Pdf()).join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
 }
 
 void win_modPrint::lettersOfOtherScriptsComeOut()

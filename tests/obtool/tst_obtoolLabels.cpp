@@ -183,8 +183,8 @@ private Q_SLOTS:
     void filesThatCannotBeReadFail_data()
     {
         QTest::addColumn<QByteArray>("arguments");
-        for (const char* arguments : {"labels /nowhere/a.bas", "comment /nowhere/a.bas 1 1",
-                                      "indent /nowhere/a.bas 1 --tab 4"})
+        for (const char* arguments :
+             {"labels /nowhere/a.bas", "comment /nowhere/a.bas 1 1", "indent /nowhere/a.bas 1 --tab 4"})
             QTest::newRow(arguments) << QByteArray(arguments);
     }
 
