@@ -25,7 +25,7 @@ static unsigned SumOf(ob::ByteView bytes)
 static void LookAt(const ob::cDIB& dib)
 {
     // Sizes that only the header promises would cost the fuzzer its memory.
-    constexpr std::int32_t most = 1 << 22;
+    constexpr std::int32_t most = 1 << 16;
     Require(dib.SizeImage() >= 1 && dib.SizeBitmapInfo() >= 1);
     unsigned sum = 0;
     if (dib.SizeImage() < most)
@@ -54,7 +54,7 @@ static void LookAtPicture(ob::ByteView input)
     Require(pictureBytes <= static_cast<std::int64_t>(ob::UncheckedPictureBytes) ||
             pictureBytes <= static_cast<std::int64_t>(input.size()) * 400);
     // Large pictures run through the same lines, only longer.
-    if (pictureBytes > 1 << 19)
+    if (pictureBytes > 1 << 17)
         return;
     const auto decoded = ob::ReadBitmap(input);
     const auto* picture = std::get_if<ob::cDIBSection>(&decoded);

@@ -23,7 +23,7 @@ class dlgPrinting final : public QDialog, public cPrintWatch {
 
 public:
     static constexpr char ManualPage[] = "printing";
-    static constexpr std::chrono::milliseconds Patience{1000};
+    static inline std::chrono::milliseconds Patience{1000}; // only tests change it
 
     explicit dlgPrinting(QWidget* parent = nullptr);
     ~dlgPrinting() override;

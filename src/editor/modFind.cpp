@@ -4,7 +4,7 @@
 
 #include "editor/cDocument.h"
 #include "editor/modDocument.h"
-#include "editor/modFoldedSearch.h"
+#include "editor/modTextSearch.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
 
@@ -23,6 +23,8 @@ using Position = std::intptr_t; // bytes
 constexpr std::intptr_t FirstWarning = 1000;
 
 constexpr int MostBytesOfCharacter = 4;
+
+constexpr qsizetype LongestForControl = 256;
 
 constexpr int MostShownCharacters = 400;
 constexpr int MostShownLines = 12;
@@ -90,23 +92,26 @@ Position StartOf(Sci sci, const Search& search)
     return search.start == SearchStart::Text ? 0 : Next(sci, Caret(sci));
 }
 
-bool IsAscii(const QByteArray& text)
+// Whether the control's own search gives what the user expects, in the time that he expects.
+bool IsForControl(const Search& search)
 {
-    return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+    return search.text.size() <= LongestForControl &&
+           ((search.flags & FindMatchCase) != 0 || std::all_of(search.text.begin(), search.text.end(), isAscii));
 }
 
-std::optional<TextRange> SearchFolded(Sci sci, const Search& search, Position from)
+std::optional<TextRange> SearchBeside(Sci sci, const Search& search, Position from)
 {
     const Position length = SendSci(sci, SCI_GETLENGTH);
     const auto* bytes = reinterpret_cast<const char*>(SendSci(sci, SCI_GETRANGEPOINTER, Unsigned(from), length - from));
     const QByteArrayView text(bytes, length - from);
-    const FoldedText folded = FoldCase(search.text);
-    auto match = FindFolded(text, folded);
+    const TextPattern pattern(search.text, (search.flags & FindMatchCase) != 0 ? CaseRule::Exact : CaseRule::Folded);
+    auto match = pattern.FindIn(text);
     while (match) {
         const TextRange range{from + match->start, from + match->end};
         if ((search.flags & FindWholeWord) == 0 || SendSci(sci, SCI_ISRANGEWORD, Unsigned(range.start), range.end) != 0)
             return range;
-        match = FindFolded(text, folded, Next(sci, range.start) - from);
+        match = pattern.FindIn(text, Next(sci, range.start) - from);
     }
     return std::nullopt;
 }
@@ -289,8 +294,8 @@ std::optional<TextRange> SearchFrom(Sci sci, const Search& search, std::intptr_t
     from = std::min(from, length);
     if (sci == nullptr || search.text.isEmpty())
         return std::nullopt;
-    if ((search.flags & FindMatchCase) == 0 && !IsAscii(search.text))
-        return SearchFolded(sci, search, from);
+    if (!IsForControl(search))
+        return SearchBeside(sci, search, from);
     SendSci(sci, SCI_SETSEARCHFLAGS, Unsigned(search.flags));
     SendSci(sci, SCI_SETTARGETRANGE, Unsigned(from), length);
     const auto start = SendSci(sci, SCI_SEARCHINTARGET, Unsigned(search.text.size()), search.text.constData());

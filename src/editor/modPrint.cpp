@@ -4,6 +4,7 @@
 
 #include "editor/cDocument.h"
 #include "editor/modDocument.h"
+#include "editor/modPageFormat.h"
 #include "editor/modPlainPages.h"
 #include "platform/modDialogs.h"
 #include "platform/modFiles.h"
@@ -22,7 +23,6 @@ namespace {
 
 // Colour on white, the screen's default background left out.
 constexpr std::uintptr_t ColorOnWhite = 4;
-constexpr auto Draw = static_cast<std::uintptr_t>(-1);
 
 // A rest of so few bytes is taken for line ends, which need no page of their own.
 constexpr std::intptr_t RestWithoutPage = 10;
@@ -43,11 +43,10 @@ std::intptr_t LastToDraw(Sci sci, const PrintRange& range)
     return SendSci(sci, SCI_GETLINEENDPOSITION, Unsigned(line - 1));
 }
 
-Sci_RangeToFormat FirstPage(Sci sci, const PrintRange& range, cPrintJob& job)
+Sci_RangeToFormat FirstPage(Sci sci, const PrintRange& range, const cPrintJob& job)
 {
     const QSize size = job.ScaleSize();
     Sci_RangeToFormat record;
-    record.hdc = record.hdcTarget = &job.Painter();
     record.rc = record.rcPage = {0, 0, size.width(), size.height()};
     record.chrg = {static_cast<long>(range.start), static_cast<long>(LastToDraw(sci, range))};
     return record;
@@ -124,22 +123,21 @@ PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrint
 {
     const Sci sci = document.sci;
     SendSci(sci, SCI_SETPRINTCOLOURMODE, ColorOnWhite);
-    Sci_RangeToFormat record = FirstPage(sci, range, job);
+    cPageFormatter formatter(sci, FirstPage(sci, range, job));
     // The formatter would draw the line that the caret stands at the end of.
     const bool isEmpty = range.start >= SendSci(sci, SCI_GETLENGTH);
     PrintPlace place{PrintWork::Drawing, 1, 0, range.end - range.start};
     std::intptr_t reached = 0;
     while (!isEmpty && reached < range.end - RestWithoutPage) {
-        reached = SendSci(sci, SCI_FORMATRANGE, Draw, reinterpret_cast<std::intptr_t>(&record));
-        // On paper that is lower than a line the formatter stays where it is.
-        if (reached >= range.end || reached <= record.chrg.cpMin)
+        const std::intptr_t begin = formatter.Position();
+        reached = formatter.DrawPage(&job.Painter());
+        // On paper that is lower than a row nothing is ever reached.
+        if (reached >= range.end || reached <= begin)
             break;
-        record.chrg.cpMin = static_cast<long>(reached);
         ++place.page;
         place.done = reached - range.start;
         if (const auto end = TurnPage(document, job, watch, place))
             return *end;
-        record.hdc = record.hdcTarget = &job.Painter();
     }
     return EndJob(job, watch);
 }

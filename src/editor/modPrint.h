@@ -14,25 +14,6 @@ class cDocument;
 class cPrinting;
 class cPrintJob;
 
-// What SCI_FORMATRANGE takes, laid out as the control knows it. A device is a QPainter that draws on the page.
-struct Sci_Rectangle {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-};
-struct Sci_CharacterRange {
-    long cpMin = 0;
-    long cpMax = 0;
-};
-struct Sci_RangeToFormat {
-    void* hdc = nullptr;       // the device to draw on
-    void* hdcTarget = nullptr; // the device to measure by
-    Sci_Rectangle rc;          // where to draw, in device pixels
-    Sci_Rectangle rcPage;      // the whole page
-    Sci_CharacterRange chrg;   // what to draw
-};
-
 // What to print, in bytes of the control's text: the selection, or from the caret to one behind the text's end.
 enum class PrintSource { Selection, FromCaret };
 struct PrintRange {

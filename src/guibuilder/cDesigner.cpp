@@ -18,6 +18,11 @@ std::optional<ControlKind> KindOfTool(const QString& toolName)
     return std::nullopt;
 }
 
+bool MarksWhenPressed(ControlKind kind)
+{
+    return kind == ControlKind::Groupbox || kind == ControlKind::Statictext;
+}
+
 SurfacePoint Difference(SurfacePoint one, SurfacePoint other)
 {
     return {one.x - other.x, one.y - other.y};
@@ -67,18 +72,24 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
     action = Action::None;
     anchor = end = point;
     taken = false;
+    if (button == MouseButton::Right && HandleAt(point)) {
+        ClearSelection();
+        taken = true;
+        return {};
+    }
     const auto control = ControlAt(form, point);
     if (button == MouseButton::Right && control) {
         // The properties come up at once; the control is in front when they have gone.
         ClearSelection();
-        if (control->kind == ControlKind::Groupbox || control->kind == ControlKind::Statictext)
+        if (MarksWhenPressed(control->kind))
             GuiFormModified = true;
         taken = true;
         return {Request::Kind::Properties, *control};
     }
     if (button != MouseButton::Left)
         return {};
-    if (const auto handle = HandleAt(point)) {
+    const auto handle = HandleAt(point);
+    if (handle) {
         action = *handle == Handle::Lower ? Action::ResizingLower : Action::ResizingUpper;
         grip = Difference(point, *handle == Handle::Lower ? handles->lower : handles->upper);
         return {};
@@ -99,7 +110,7 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
 
 void cDesigner::PressControl(ControlRef ref, SurfacePoint point, PressMode mode)
 {
-    if (ref.kind == ControlKind::Groupbox || ref.kind == ControlKind::Statictext)
+    if (MarksWhenPressed(ref.kind))
         GuiFormModified = true;
     pressed = ref;
     narrows = mode == PressMode::Plain;
@@ -248,7 +259,8 @@ void cDesigner::FinishPlacing(SurfacePoint point)
     Spoil(RectBetween(anchor, end));
     if (const auto kind = KindOfTool(GuiToolName)) {
         const ControlRef ref = PlaceControl(form, *kind, anchor, point, GuiDragged ? Drawn::Dragged : Drawn::Clicked);
-        SpoilControl(ref);
+        selection = {ref};
+        SpoilSelection();
         history.Commit(form);
     }
     GuiDragged = GuiPlacing = false;
@@ -277,37 +289,45 @@ cDesigner::Pointer cDesigner::PointerAt(SurfacePoint point) const
     return GuiLocked ? Pointer::NoDrop : Pointer::Move;
 }
 
-void cDesigner::Changed()
+void cDesigner::Changed(KeyPress press)
 {
-    if (!history.Commit(form))
+    if (press == KeyPress::Repeated)
+        history.Extend(form);
+    else if (!history.Commit(form))
         return;
-    GuiFormModified = true;
     ShowHandles();
     damage.everything = true;
 }
 
-void cDesigner::Nudge(float x, float y)
+void cDesigner::MarkAsPress()
 {
-    if (GuiLocked)
-        return;
-    MoveControls(form, selection, x, y);
-    if (!selection.empty())
-        SetStatusText(PlaceText(RectOf(form.At(selection.front()))));
-    Changed();
+    if (std::ranges::any_of(selection, MarksWhenPressed, &ControlRef::kind))
+        GuiFormModified = true;
 }
 
-void cDesigner::Grow(float width, float height)
+void cDesigner::Nudge(float x, float y, KeyPress press)
 {
-    if (GuiLocked)
+    if (GuiLocked || selection.empty())
         return;
+    MarkAsPress();
+    MoveControls(form, selection, x, y);
+    SetStatusText(PlaceText(RectOf(form.At(selection.front()))));
+    Changed(press);
+}
+
+void cDesigner::Grow(float width, float height, KeyPress press)
+{
+    if (GuiLocked || selection.empty())
+        return;
+    GuiFormModified = true;
     GrowControls(form, selection, width, height);
-    if (!selection.empty())
-        SetStatusText(SizeText(RectOf(form.At(selection.front()))));
-    Changed();
+    SetStatusText(SizeText(RectOf(form.At(selection.front()))));
+    Changed(press);
 }
 
 void cDesigner::Delete()
 {
+    MarkAsPress();
     DeleteControls(form, selection);
     ClearSelection();
     Changed();
@@ -317,6 +337,9 @@ void cDesigner::Align(Alignment alignment)
 {
     if (GuiLocked)
         return;
+    if (alignment == Alignment::SameWidth || alignment == Alignment::SameHeight)
+        GuiFormModified = true;
+    MarkAsPress();
     AlignControls(form, selection, alignment);
     Changed();
 }
@@ -324,16 +347,17 @@ void cDesigner::Align(Alignment alignment)
 void cDesigner::Copy()
 {
     if (!selection.empty())
-        copies = CopyControls(form, selection);
+        GuiCopies = CopyControls(form, selection);
 }
 
 void cDesigner::Paste()
 {
-    if (copies.empty())
+    if (GuiCopies.empty())
         return;
-    selection = PasteControls(form, copies);
+    GuiFormModified = true;
+    selection = PasteControls(form, GuiCopies);
     // A second paste goes on from the first one's place.
-    copies = CopyControls(form, selection);
+    GuiCopies = CopyControls(form, selection);
     Changed();
 }
 
@@ -386,8 +410,10 @@ void cDesigner::Take(const std::optional<GuiForm>& step)
     if (!step)
         return;
     form = *step;
-    selection.clear();
-    handles.reset();
+    std::erase_if(selection, [this](ControlRef ref) {
+        return static_cast<std::size_t>(ref.index) >= form.List(ref.kind).size() || !form.At(ref).visible;
+    });
+    ShowHandles();
     action = Action::None;
     GuiFormModified = true;
     damage.everything = true;
@@ -402,7 +428,7 @@ void cDesigner::Commit(cFormHistory::WindowRect rect)
 
 std::optional<SurfaceRect> cDesigner::RubberBand() const
 {
-    if ((action == Action::Placing && GuiDragged) || (action == Action::Selecting && LeftAnchor(anchor, end)))
+    if ((action == Action::Placing && end != anchor) || (action == Action::Selecting && LeftAnchor(anchor, end)))
         return RectBetween(anchor, end);
     return std::nullopt;
 }

@@ -39,8 +39,9 @@ public:
     Pointer PointerAt(SurfacePoint point) const;
 
     // Keys and commands on the selection; each that changes something is one step to undo.
-    void Nudge(float x, float y);
-    void Grow(float width, float height);
+    enum class KeyPress { First, Repeated }; // repeats of a key that is held down are one step
+    void Nudge(float x, float y, KeyPress press = KeyPress::First);
+    void Grow(float width, float height, KeyPress press = KeyPress::First);
     void Delete();
     void Align(Alignment alignment);
     void Copy();
@@ -48,7 +49,7 @@ public:
     void SelectAll();
     void SelectNext(int direction); // in the order in which controls are painted
     void ClearSelection();
-    bool CanPaste() const { return !copies.empty(); }
+    bool CanPaste() const { return !GuiCopies.empty(); }
 
     void Undo();
     void Redo();
@@ -57,6 +58,8 @@ public:
 
     // A dialog has changed the form.
     void Commit(cFormHistory::WindowRect rect = cFormHistory::WindowRect::Drawn);
+    // Names and branches were filled in by a save or a compilation.
+    void Adopt() { history.Adopt(form); }
     // Another form stands in the place of the old one.
     void Restart();
 
@@ -84,7 +87,8 @@ private:
     void Spoil(const SurfaceRect& rect) { damage.parts.push_back(rect); }
     void SpoilControl(ControlRef ref);
     void SpoilSelection();
-    void Changed(); // a command of the keyboard has changed the form
+    void Changed(KeyPress press = KeyPress::First); // a command of the keyboard has changed the form
+    void MarkAsPress(); // the form is modified by the kinds that mark it when they are pressed
     void Take(const std::optional<GuiForm>& step);
 
     GuiForm& form;
@@ -100,7 +104,6 @@ private:
     bool taken = false;   // the press has had its answer; its release has none
     bool narrows = false; // a press without a move leaves only the pressed control selected
     Damage damage;
-    std::vector<CopiedControl> copies;
 };
 
 } // namespace ob

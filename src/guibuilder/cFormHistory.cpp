@@ -28,13 +28,21 @@ void cFormHistory::Restart(const GuiForm& form)
     current = form;
 }
 
-bool cFormHistory::Commit(const GuiForm& form, WindowRect rect)
+// What is no step: where the user has drawn the window, what lies in front of what, and how far the window defaults
+// got.
+void cFormHistory::Settle(const GuiForm& form, WindowRect rect)
 {
     if (rect == WindowRect::Drawn)
         TakeWindowRect(current, form);
-    // What lies in front of what follows the clicks; that alone is no step.
     if (current.order.size() == form.order.size())
         current.order = form.order;
+    current.windowTag = form.windowTag;
+    current.GuiDefaultsState = form.GuiDefaultsState;
+}
+
+bool cFormHistory::Commit(const GuiForm& form, WindowRect rect)
+{
+    Settle(form, rect);
     if (form == current)
         return false;
     before.push_back(std::move(current));
@@ -44,6 +52,38 @@ bool cFormHistory::Commit(const GuiForm& form, WindowRect rect)
     while (before.size() > std::max<std::size_t>(1, std::min(StepLimit, fit)))
         before.pop_front();
     return true;
+}
+
+void cFormHistory::Extend(const GuiForm& form)
+{
+    if (before.empty()) {
+        Commit(form);
+        return;
+    }
+    current = form;
+    after.clear();
+}
+
+void cFormHistory::Adopt(const GuiForm& form)
+{
+    for (const KindTraits& traits : KindTable) {
+        const auto& old = current.List(traits.kind);
+        const auto& now = form.List(traits.kind);
+        for (std::size_t index = 1; index < std::min(old.size(), now.size()); ++index) {
+            const auto fill = [&](QString ControlRecord::*text) {
+                if (old[index].*text == now[index].*text)
+                    return;
+                for (auto* steps : {&before, &after})
+                    for (GuiForm& step : *steps)
+                        if (index < step.List(traits.kind).size() &&
+                            step.List(traits.kind)[index].*text == old[index].*text)
+                            step.List(traits.kind)[index].*text = now[index].*text;
+            };
+            fill(&ControlRecord::tag);
+            fill(&ControlRecord::branch);
+        }
+    }
+    current = form;
 }
 
 std::optional<GuiForm> cFormHistory::Undo(const GuiForm& form)
@@ -64,12 +104,14 @@ std::optional<GuiForm> cFormHistory::Step(std::deque<GuiForm>& from, std::deque<
     from.pop_back();
     const bool setRect = !SameWindowRect(target, current);
     to.push_back(std::move(current));
-    current = target;
-    if (!setRect) {
-        // Where the user has drawn the window since is not a step.
+    if (!setRect)
         TakeWindowRect(target, form);
-        TakeWindowRect(current, form);
-    }
+    // The tag follows the type, once it has done so; a form whose defaults were confirmed stays one.
+    const bool tagIsType =
+        std::ranges::any_of(WindowTypes, [&](std::string_view type) { return form.windowTag == LatinText(type); });
+    target.windowTag = tagIsType ? target.GuiWindowType : form.windowTag;
+    target.GuiDefaultsState = form.GuiDefaultsState;
+    current = target;
     return target;
 }
 

@@ -25,6 +25,13 @@ public:
     enum class WindowRect { Drawn, Set };
     bool Commit(const GuiForm& form, WindowRect rect = WindowRect::Drawn);
 
+    // The same for a step that goes on with the one before, as a key that is held down does.
+    void Extend(const GuiForm& form);
+
+    // What the form holds now was not done by the user but filled in, such as missing names: no step, and all steps
+    // that have the old texts get the new ones.
+    void Adopt(const GuiForm& form);
+
     // The form before, and after, the last action undone; nothing at the end. The rectangle of the window is that of
     // form unless the action itself had set it.
     std::optional<GuiForm> Undo(const GuiForm& form);
@@ -37,6 +44,7 @@ public:
     bool CanRedo() const { return !after.empty(); }
 
 private:
+    void Settle(const GuiForm& form, WindowRect rect);
     std::optional<GuiForm> Step(std::deque<GuiForm>& from, std::deque<GuiForm>& to, const GuiForm& form);
 
     GuiForm current;

@@ -21,7 +21,6 @@ frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::mak
     for (const std::string_view type : WindowTypes)
         ui->Combo1->addItem(LatinText(type));
     ShowValues(DefaultsOf(GuiDesign));
-    ui->chkMenu->setEnabled(!IsDialogType(GuiDesign.GuiWindowType));
     StatusActive();
     ShowNote();
     // Of a long text the beginning tells more.
@@ -31,7 +30,10 @@ frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::mak
     ui->txtCaption->selectAll();
     connect(ui->Combo1, &QComboBox::currentIndexChanged, this, [this] { RunCommand([this] { Combo1_Click(); }); });
     connect(ui->chkMenu, &QCheckBox::toggled, this, [this] { RunCommand([this] { chkMenu_Click(); }); });
-    connect(ui->chkStatusbar, &QCheckBox::toggled, this, &frmColorDefault::StatusActive);
+    connect(ui->chkStatusbar, &QCheckBox::toggled, this, [this](bool on) {
+        StatusActive();
+        ShowStatusNote(on);
+    });
     connect(ui->cmdFont, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdFont_Click(); }); });
     connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);

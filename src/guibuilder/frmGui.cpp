@@ -4,6 +4,7 @@
 
 #include "editor/modDocument.h"
 #include "guibuilder/frmSurface.h"
+#include "guibuilder/frmSurfaceStyle.h"
 #include "guibuilder/modGuiCommands.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
@@ -16,6 +17,8 @@
 #include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -25,10 +28,10 @@ namespace ob {
 
 namespace {
 
-constexpr int MenuHeight = 20; // pixels
-
-// The look of the generated window, whatever the bench's own colours are.
-constexpr char PlainLook[] = "background: #f0f0f0; color: #000000;";
+// All in pixels.
+constexpr int MenuHeight = 20;
+constexpr int LeastWidth = 120;
+constexpr int LeastHeight = 60;
 
 int Pixels(float twips, int twipsPerPixel)
 {
@@ -51,17 +54,17 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        painter.fillRect(rect(), QColor(240, 240, 240));
-        painter.setPen(Qt::black);
+        painter.fillRect(rect(), palette().color(QPalette::Window));
+        painter.setPen(palette().color(QPalette::WindowText));
         painter.drawText(rect().adjusted(6, 0, 0, 0), Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
                          text());
     }
 };
 
-void TakeChange(float& twips, int now, int before, int twipsPerPixel)
+void TakeChange(float& twips, int before, int change, int twipsPerPixel)
 {
-    if (now != before)
-        twips = static_cast<float>(now * twipsPerPixel);
+    if (change != 0)
+        twips = static_cast<float>((before + change) * twipsPerPixel);
 }
 
 } // namespace
@@ -96,24 +99,32 @@ void frmGui::MakeStatusBar()
 {
     sBar = new QWidget(this);
     sBar->setObjectName(QStringLiteral("sBar"));
-    sBar->setAttribute(Qt::WA_StyledBackground);
-    sBar->setStyleSheet(QStringLiteral("#sBar, #sBar QLabel { %1 }").arg(QLatin1String(PlainLook)));
+    QPalette plain;
+    plain.setColor(QPalette::Window, QColor(240, 240, 240));
+    plain.setColor(QPalette::WindowText, Qt::black);
+    sBar->setPalette(plain);
+    sBar->setAutoFillBackground(true);
     sBar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     sBar->installEventFilter(this);
     lblStatusbar = new QLabel(QStringLiteral("Click Statusbar to Add or Remove Panels"), sBar);
     lblStatusbar->setObjectName(QStringLiteral("lblStatusbar"));
-    lblStatusbar->setStyleSheet(QStringLiteral("color: #606060;"));
+    lblStatusbar->setAutoFillBackground(true);
+    lblStatusbar->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    // The panels need their room first.
+    lblStatusbar->setMinimumWidth(0);
+    lblStatusbar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     panelRow = new QHBoxLayout(sBar);
     panelRow->setContentsMargins(2, 2, 6, 2);
     panelRow->setSpacing(2);
-    panelRow->addStretch(1);
-    panelRow->addWidget(lblStatusbar);
+    panelRow->setSizeConstraint(QLayout::SetNoConstraint);
+    panelRow->addWidget(lblStatusbar, 1);
 }
 
 void frmGui::Join(QMdiSubWindow& window)
 {
     frame = &window;
     frame->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    frame->setWindowIcon(windowIcon());
     frame->installEventFilter(this);
     Refresh();
 }
@@ -125,8 +136,18 @@ void frmGui::PlaceWindow()
         return;
     wantedRect = wanted;
     shownRect = {};
-    frame->setGeometry(wanted);
+    // Whatever the form says, there must be something to grab.
+    const QSize size = wanted.size().expandedTo(QSize(LeastWidth, LeastHeight));
+    shownScroll = ScrollPlace();
+    frame->setGeometry(QRect(wanted.topLeft() - shownScroll, size));
     shownRect = frame->geometry();
+}
+
+QPoint frmGui::ScrollPlace() const
+{
+    const QMdiArea* area = frame->mdiArea();
+    return area == nullptr ? QPoint()
+                           : QPoint(area->horizontalScrollBar()->value(), area->verticalScrollBar()->value());
 }
 
 // Only a side that the user has drawn elsewhere gets a new measure: those of a file may have fractions, and be too
@@ -136,12 +157,27 @@ void frmGui::TakeWindowRect()
     const QRect now = frame->geometry();
     if (frame->isMinimized() || frame->isMaximized() || !shownRect.isValid() || !frame->isVisible())
         return;
-    TakeChange(GuiDesign.left, now.x(), shownRect.x(), TwipsPerPixelX);
-    TakeChange(GuiDesign.top, now.y(), shownRect.y(), TwipsPerPixelY);
-    TakeChange(GuiDesign.width, now.width(), shownRect.width(), TwipsPerPixelX);
-    TakeChange(GuiDesign.height, now.height(), shownRect.height(), TwipsPerPixelY);
+    // The area that scrolls moves the frame, not the form.
+    const QPoint scroll = ScrollPlace();
+    const QPoint moved = now.topLeft() - shownRect.topLeft() + (scroll - shownScroll);
+    TakeChange(GuiDesign.left, wantedRect.x(), moved.x(), TwipsPerPixelX);
+    TakeChange(GuiDesign.top, wantedRect.y(), moved.y(), TwipsPerPixelY);
+    TakeChange(GuiDesign.width, shownRect.width(), now.width() - shownRect.width(), TwipsPerPixelX);
+    TakeChange(GuiDesign.height, shownRect.height(), now.height() - shownRect.height(), TwipsPerPixelY);
     shownRect = now;
+    shownScroll = scroll;
     wantedRect = WindowRect();
+}
+
+// A maximized form is no form: its size is part of it. What was set while it was an icon shows when it comes back.
+void frmGui::TakeWindowState()
+{
+    const bool refused = frame->isMaximized();
+    shownRect = {};
+    wantedRect = {};
+    if (refused)
+        frame->showNormal();
+    QTimer::singleShot(0, this, [this] { PlaceWindow(); });
 }
 
 void frmGui::ShowPanels()
@@ -155,6 +191,7 @@ void frmGui::ShowPanels()
         auto* label = new QLabel(sBar);
         label->setTextFormat(Qt::PlainText);
         label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
+        label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
         label->setMinimumWidth(20);
         panelRow->insertWidget(static_cast<int>(panelLabels.size()), label);
         panelLabels.push_back(label);
@@ -171,11 +208,22 @@ void frmGui::Refresh()
     lblMenu->setVisible(GuiDesign.GuiMenuOn);
     lblMenu->setText(GuiDesign.menuLabel);
     ShowPanels();
-    if (GuiFormLoading)
-        picBase->Restart();
-    else
-        picBase->Refresh();
+    lblStatusbar->setVisible(GuiStatusNoteOn);
+    picBase->Refresh();
+    TakeColors();
     PlaceWindow();
+}
+
+// The labels have the window's colours, the status bar's panels those of the desktop that the program will run on.
+void frmGui::TakeColors()
+{
+    const SurfaceStyle& style = picBase->Style();
+    for (QLabel* label : {lblMenu, lblStatusbar}) {
+        QPalette colors = label->palette();
+        colors.setColor(QPalette::Window, style.surface);
+        colors.setColor(QPalette::WindowText, style.fore);
+        label->setPalette(colors);
+    }
 }
 
 void frmGui::Activate()
@@ -216,8 +264,8 @@ void frmGui::mouseReleaseEvent(QMouseEvent* event)
 bool frmGui::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == frame && frame != nullptr) {
-        if (event->type() == QEvent::WindowStateChange && frame->isMaximized())
-            frame->showNormal();
+        if (event->type() == QEvent::WindowStateChange)
+            TakeWindowState();
         else if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
             TakeWindowRect();
         return false;

@@ -45,7 +45,10 @@ private:
     void MakeStatusBar();
     void ShowPanels();
     void PlaceWindow();
+    QPoint ScrollPlace() const;
     void TakeWindowRect();
+    void TakeWindowState();
+    void TakeColors();
     void lblMenu_Click(Qt::MouseButton button);
     void sBar_Click();
 
@@ -56,8 +59,9 @@ private:
     std::vector<QLabel*> panelLabels;
     QLabel* lblStatusbar = nullptr;
     QMdiSubWindow* frame = nullptr;
-    QRect wantedRect; // where the form wants the frame
-    QRect shownRect;  // where it came to stand, so that only what the user changes goes into the form
+    QRect wantedRect;   // where the form wants the frame
+    QPoint shownScroll; // of the area, at that time
+    QRect shownRect;    // where it came to stand, so that only what the user changes goes into the form
 };
 
 } // namespace ob

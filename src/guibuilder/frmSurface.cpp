@@ -243,10 +243,11 @@ bool frmSurface::TakeArrow(const QKeyEvent& event)
     const int pixels = event.modifiers().testFlag(Qt::ControlModifier) ? 1 : SnapPixels;
     const auto stepX = static_cast<float>(x * pixels * TwipsPerPixelX);
     const auto stepY = static_cast<float>(y * pixels * TwipsPerPixelY);
+    const auto press = event.isAutoRepeat() ? cDesigner::KeyPress::Repeated : cDesigner::KeyPress::First;
     if (event.modifiers().testFlag(Qt::ShiftModifier))
-        designer.Grow(stepX, stepY);
+        designer.Grow(stepX, stepY, press);
     else
-        designer.Nudge(stepX, stepY);
+        designer.Nudge(stepX, stepY, press);
     return true;
 }
 
@@ -255,6 +256,7 @@ void frmSurface::TakeStep(void (cDesigner::*step)())
 {
     (designer.*step)();
     MainForm->RefreshGui();
+    EnableMenuEditor(GuiDesign.GuiWindowType);
 }
 
 bool frmSurface::TakeKey(const QKeyEvent& event)
@@ -272,6 +274,8 @@ bool frmSurface::TakeKey(const QKeyEvent& event)
         designer.SelectAll();
     else if (event.matches(QKeySequence::Delete))
         AskToDelete();
+    else if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier)
+        ShowMenu(mapToGlobal(rect().center()));
     else if (event.key() == Qt::Key_Escape)
         designer.Cancel();
     else if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
@@ -329,8 +333,12 @@ bool frmSurface::event(QEvent* event)
 void frmSurface::contextMenuEvent(QContextMenuEvent* event)
 {
     // The right button has a meaning of its own here.
-    if (event->reason() != QContextMenuEvent::Keyboard)
-        return;
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        ShowMenu(event->globalPos());
+}
+
+void frmSurface::ShowMenu(QPoint place)
+{
     struct Entry {
         const char* name;
         const char* caption;
@@ -364,7 +372,6 @@ void frmSurface::contextMenuEvent(QContextMenuEvent* event)
     menu.addSeparator();
     add(menu, "mnuSurfaceProperties", "P&roperties...", any, [this] { ShowProperties(designer.Selection().front()); });
     add(menu, "mnuSurfaceDefaults", "&Window Defaults...", true, [this] { ShowWindowDefaults(); });
-    QPoint place = event->globalPos();
     if (any)
         place = mapToGlobal(PixelsOf(RectOf(GuiDesign.At(designer.Selection().front()))).center());
     menu.exec(place);

@@ -29,6 +29,7 @@ public:
     void ShowMenuEditor();
 
     cDesigner& Designer() { return designer; }
+    const SurfaceStyle& Style() const { return *style; }
 
     // Where a place of the surface is on the widget, and the other way.
     SurfacePoint PointAt(QPointF pixel) const;
@@ -55,6 +56,7 @@ private:
     bool TakeArrow(const QKeyEvent& event);
     void ShowProperties(ControlRef control);
     void AskToDelete();
+    void ShowMenu(QPoint place);
     void UpdateDamage();
     void UpdatePointer(QPointF pixel);
     QString BranchUnder(QPointF pixel) const;

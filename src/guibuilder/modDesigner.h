@@ -105,6 +105,7 @@ struct CopiedControl {
     ControlKind kind;
     ControlRecord record;
 };
+inline std::vector<CopiedControl> GuiCopies; // they outlive the form that they come from
 std::vector<CopiedControl> CopyControls(const GuiForm& form, const std::vector<ControlRef>& controls);
 std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedControl>& copies);
 

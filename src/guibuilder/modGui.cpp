@@ -43,7 +43,7 @@ void ResetGui()
     GuiDesign = GuiForm();
     GuiFormOpen = GuiFormModified = GuiFormLoading = false;
     GuiPlacing = GuiDragged = GuiLocked = false;
-    GuiGridOn = true;
+    GuiGridOn = GuiStatusNoteOn = true;
     GuiToolName.clear();
 }
 

@@ -165,7 +165,8 @@ inline bool GuiPlacing = false;      // a control tool is armed
 inline bool GuiDragged = false;      // the pointer has left the anchor's neighbourhood
 inline bool GuiLocked = false;       // controls neither move nor change their size
 inline bool GuiGridOn = true;
-inline QString GuiToolName; // of the armed tool: KindTraits::toolName
+inline bool GuiStatusNoteOn = true; // the status bar's note is shown
+inline QString GuiToolName;         // of the armed tool: KindTraits::toolName
 
 // All of the above as at the program's start.
 void ResetGui();

@@ -52,7 +52,7 @@ void OpenGeneratedCode(ProgramKind kind)
     if (AddComments)
         header.comments = TextFromAnsi(ReadComments(ProgramFolder()));
     const GeneratedProgram program = GenerateProgram(GuiDesign, kind, header);
-    MainForm->RefreshGui();
+    MainForm->SettleGui(cMainForm::GuiSteps::Keep);
     if (program.bitmapMissing)
         MsgBox(BitmapMissingText);
     if (NewDocument() != nullptr)
@@ -65,7 +65,7 @@ void GuiFormLoaded()
 {
     ClearForm(GuiDesign);
     GuiPlacing = GuiLocked = GuiDragged = false;
-    GuiGridOn = true;
+    GuiGridOn = GuiStatusNoteOn = true;
     GuiFormModified = false;
     GuiFormOpen = true;
     SetStatusText(GuiHintText);
@@ -74,7 +74,7 @@ void GuiFormLoaded()
 
 void GuiFormUnloaded()
 {
-    GuiFormOpen = false;
+    GuiFormOpen = GuiPlacing = false;
     GuiDesign.windowTag = QStringLiteral("closed");
     if (MainForm != nullptr)
         MainForm->EnableItem(SaveItem, false);
@@ -101,6 +101,7 @@ void SaveGuiForm(const QString& path)
     GuiFormModified = false;
     try {
         const AnsiText encoded = AnsiFromText(WriteForm(GuiDesign));
+        MainForm->SettleGui(cMainForm::GuiSteps::Keep);
         if (MayLose(encoded)) {
             ReplaceFile(path, encoded.bytes);
             SetStatusText(QStringLiteral("Form saved as ") + NameOf(path));
@@ -130,7 +131,8 @@ void LoadGuiForm(const QString& path)
         return;
     }
     GuiFormModified = false;
-    MainForm->RefreshGui();
+    ShowStatusNote(GuiDesign.GuiStatusbarOn);
+    MainForm->SettleGui(cMainForm::GuiSteps::Forget);
     EnableMenuEditor(GuiDesign.GuiWindowType);
     if (end == FormLoad::Failed) {
         MsgBox(FailedFormText, BoxIcon::Critical);
@@ -177,11 +179,18 @@ void NewGuiForm()
     MainForm->ShowGui();
     GuiDesign.windowTag = QStringLiteral("open");
     MainForm->ShowGuiDefaults();
+    MainForm->SettleGui(cMainForm::GuiSteps::Forget);
 }
 
 void GuiShowMenu(MenuBar bar)
 {
     GuiDesign.GuiMenuOn = bar == MenuBar::Shown;
+    MainForm->RefreshGui();
+}
+
+void ShowStatusNote(bool show)
+{
+    GuiStatusNoteOn = show;
     MainForm->RefreshGui();
 }
 

@@ -39,6 +39,9 @@ void NewGuiForm();
 enum class MenuBar { Hidden, Shown };
 void GuiShowMenu(MenuBar bar);
 
+// The note on the status bar of the designed window that tells what a click does.
+void ShowStatusNote(bool show);
+
 // The palette's button for the menu editor follows the window type: dialogs have no menu.
 inline constexpr int MenuEditorTool = 16;
 void EnableMenuEditor(const QString& windowType);

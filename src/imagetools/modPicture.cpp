@@ -123,8 +123,8 @@ cDIBSection CreateFromPicture(const QImage& image)
     if (image.isNull() || !picture.Create(image.width(), image.height()))
         return picture;
     const bool isTransparent = image.hasAlphaChannel();
-    const QImage converted = image.convertToFormat(isTransparent ? QImage::Format_ARGB32_Premultiplied
-                                                                 : QImage::Format_BGR888);
+    const QImage converted =
+        image.convertToFormat(isTransparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_BGR888);
     for (int line = 0; line < converted.height(); ++line) {
         std::uint8_t* target = picture.Line(picture.Height() - 1 - line);
         if (isTransparent)

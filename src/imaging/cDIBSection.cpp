@@ -88,16 +88,13 @@ void cDIBSection::LoadPictureBlt(const cDIBSection& source, std::int32_t sourceL
                         sourceTop);
 }
 
-void cDIBSection::PaintPicture(cDIBSection& target, std::int32_t targetLeft, std::int32_t targetTop,
-                               std::int32_t width, std::int32_t height, std::int32_t sourceLeft,
-                               std::int32_t sourceTop) const
+void cDIBSection::PaintPicture(cDIBSection& target, std::int32_t targetLeft, std::int32_t targetTop, std::int32_t width,
+                               std::int32_t height, std::int32_t sourceLeft, std::int32_t sourceTop) const
 {
     if (hdc() == 0 || target.hdc() == 0)
         return;
-    const Overlap across =
-        OverlapOf(sourceLeft, Width(), targetLeft, target.Width(), width < 0 ? Width() : width);
-    const Overlap down =
-        OverlapOf(sourceTop, Height(), targetTop, target.Height(), height < 0 ? Height() : height);
+    const Overlap across = OverlapOf(sourceLeft, Width(), targetLeft, target.Width(), width < 0 ? Width() : width);
+    const Overlap down = OverlapOf(sourceTop, Height(), targetTop, target.Height(), height < 0 ? Height() : height);
     if (across.length <= 0)
         return;
     for (std::int64_t step = 0; step < down.length; ++step) {
@@ -152,8 +149,8 @@ bool cDIBSection::SavePicture(const std::string& fileName, const FileWriter& wri
     constexpr std::int32_t pixelOffset = static_cast<std::int32_t>(FileHeaderSize + InfoHeaderSize);
     // The file's size wraps round with a picture of almost 2 GB; readers do not look at it.
     const auto fileSize = static_cast<std::uint32_t>(header.biSizeImage) + static_cast<std::uint32_t>(pixelOffset);
-    const auto fileHeader = BytesOf(BitmapFileHeader{BitmapFileType, static_cast<std::int32_t>(fileSize), 0, 0,
-                                                     pixelOffset});
+    const auto fileHeader =
+        BytesOf(BitmapFileHeader{BitmapFileType, static_cast<std::int32_t>(fileSize), 0, 0, pixelOffset});
     const auto infoHeader = BytesOf(header);
     const std::array<ByteView, 3> pieces = {fileHeader, infoHeader, pixels.View()};
     const WriteResult result = write(fileName, pieces);

@@ -60,7 +60,8 @@ void Reduce(cDIBSection& picture, std::optional<cPalette>& palette, SaveBitDepth
 
 using Slot = cIndexedSection::Slot;
 
-// Red and blue stand crossed in this table, as readers have always met it; each colour's mirror is in it as well, so none is lost.
+// Red and blue stand crossed in this table, as readers have always met it; each colour's mirror is in it as well, so
+// none is lost.
 std::vector<Slot> SlotsOf16Colours()
 {
     cPalette colors;

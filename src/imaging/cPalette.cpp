@@ -173,8 +173,8 @@ bool cPalette::Load(const std::string& fileName, std::int32_t& position, const F
         return false;
     position = std::max(position, 0);
     const ByteView bytes(content.bytes);
-    BinaryPalette palette = ReadBinaryPalette(bytes.subspan(std::min<std::size_t>(
-        static_cast<std::size_t>(position), bytes.size())));
+    BinaryPalette palette =
+        ReadBinaryPalette(bytes.subspan(std::min<std::size_t>(static_cast<std::size_t>(position), bytes.size())));
     if (palette.state == BinaryPaletteState::BadCount)
         return false;
     entries = std::move(palette.entries);

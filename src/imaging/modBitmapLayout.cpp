@@ -34,8 +34,8 @@ std::optional<Headers> ReadHeaders(ByteView file)
 {
     Headers headers;
     headers.size = cByteReader(file).Long(FileHeaderSize);
-    const bool isKnown = headers.size == CoreHeaderSize ||
-                         (headers.size >= LeastHeaderSize && headers.size <= MostHeaderSize);
+    const bool isKnown =
+        headers.size == CoreHeaderSize || (headers.size >= LeastHeaderSize && headers.size <= MostHeaderSize);
     if (!isKnown || headers.size > file.size() - FileHeaderSize)
         return {};
     const cByteReader reader(file.subspan(FileHeaderSize, headers.size));

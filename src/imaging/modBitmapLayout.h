@@ -18,9 +18,9 @@ struct BitmapLayout {
     bool topDown = false;
     int bits = 0;
     BitmapPacking packing = BitmapPacking::Indexed;
-    std::array<std::uint32_t, 3> masks = {};              // blue, green, red
+    std::array<std::uint32_t, 3> masks = {};                  // blue, green, red
     std::array<std::array<std::uint8_t, 3>, 256> colors = {}; // blue, green, red
-    ByteView pixels;                                      // as much of them as there is
+    ByteView pixels;                                          // as much of them as there is
 
     // A line of the file, a multiple of 4 bytes.
     std::int64_t LineBytes() const { return (std::int64_t{width} * bits + 31) / 32 * 4; }

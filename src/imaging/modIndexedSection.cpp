@@ -25,8 +25,7 @@ public:
         constexpr std::uint32_t scatter = 0x9E3779B1;
         std::uint64_t& entry = known[color * scatter >> (32 - HashBits)];
         if (entry >> 8 != color)
-            entry = std::uint64_t{color} << 8 |
-                    static_cast<std::uint8_t>(nearest.Find(pixel[2], pixel[1], pixel[0]));
+            entry = std::uint64_t{color} << 8 | static_cast<std::uint8_t>(nearest.Find(pixel[2], pixel[1], pixel[0]));
         return static_cast<std::uint8_t>(entry);
     }
 
@@ -108,7 +107,8 @@ bool cIndexedSection::WriteFile(const std::string& fileName, const FileWriter& w
         table.insert(table.end(), slot.begin(), slot.end());
     const auto pixelOffset = static_cast<std::int32_t>(FileHeaderSize + InfoHeaderSize + table.size());
     const auto fileSize = static_cast<std::uint32_t>(info.biSizeImage) + static_cast<std::uint32_t>(pixelOffset);
-    const auto header = BytesOf(BitmapFileHeader{BitmapFileType, static_cast<std::int32_t>(fileSize), 0, 0, pixelOffset});
+    const auto header =
+        BytesOf(BitmapFileHeader{BitmapFileType, static_cast<std::int32_t>(fileSize), 0, 0, pixelOffset});
 
     const auto wanted = static_cast<std::size_t>(info.biSizeImage);
     const std::size_t own = std::min(wanted, pixels.Size());

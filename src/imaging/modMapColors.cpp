@@ -57,7 +57,7 @@ void cMappedLines::DitherLinePlain(LinePair line)
     std::array<int, 3> fromLeft = {};
     for (std::int32_t x = 0; x <= last; ++x, line.source += 3, line.target += 3) {
         Error& above = before[static_cast<std::size_t>(x)];
-        std::array<std::uint8_t, 3> value;
+        std::array<std::uint8_t, 3> value = {};
         for (std::size_t channel = 0; channel < 3; ++channel) {
             int sum = line.source[channel];
             if (x > 0 && x < last)
@@ -65,7 +65,7 @@ void cMappedLines::DitherLinePlain(LinePair line)
             value[channel] = static_cast<std::uint8_t>(sum);
         }
         Put(line.target, NearestColor(value[2], value[1], value[0]));
-        std::array<int, 3> error;
+        std::array<int, 3> error = {};
         int size = 0;
         for (std::size_t channel = 0; channel < 3; ++channel) {
             error[channel] = value[channel] - line.target[channel];
@@ -110,10 +110,10 @@ struct cMappedLines::VectorSteps {
         const __m128i blue = Apart(Load(block.blue), _mm_shuffle_epi8(pixel, zero));
         const __m128i green = Apart(Load(block.green), _mm_shuffle_epi8(pixel, ones));
         const __m128i red = Apart(Load(block.red), _mm_shuffle_epi8(pixel, _mm_set1_epi8(2)));
-        const __m128i low = _mm_add_epi16(_mm_maddubs_epi16(_mm_unpacklo_epi8(blue, green), ones),
-                                          _mm_unpacklo_epi8(red, zero));
-        const __m128i high = _mm_add_epi16(_mm_maddubs_epi16(_mm_unpackhi_epi8(blue, green), ones),
-                                           _mm_unpackhi_epi8(red, zero));
+        const __m128i low =
+            _mm_add_epi16(_mm_maddubs_epi16(_mm_unpacklo_epi8(blue, green), ones), _mm_unpacklo_epi8(red, zero));
+        const __m128i high =
+            _mm_add_epi16(_mm_maddubs_epi16(_mm_unpackhi_epi8(blue, green), ones), _mm_unpackhi_epi8(red, zero));
         const __m128i lowKeys = _mm_or_si128(_mm_slli_epi16(low, 4), _mm_setr_epi16(0, 1, 2, 3, 4, 5, 6, 7));
         const __m128i highKeys = _mm_or_si128(_mm_slli_epi16(high, 4), _mm_setr_epi16(8, 9, 10, 11, 12, 13, 14, 15));
         return static_cast<std::uint32_t>(_mm_cvtsi128_si32(_mm_minpos_epu16(_mm_min_epu16(lowKeys, highKeys)))) &
@@ -244,7 +244,8 @@ struct cMappedLines::VectorSteps {
 
     template <class Search>
     OB_TARGET("avx2")
-    static void StepAtEdge(const Search& search, Line* lines, int lineCount, std::int32_t step, std::vector<Error>& before)
+    static void StepAtEdge(const Search& search, Line* lines, int lineCount, std::int32_t step,
+                           std::vector<Error>& before)
     {
         const auto last = static_cast<std::int32_t>(before.size()) - 1;
         for (int index = 0; index < lineCount; ++index) {
@@ -263,7 +264,8 @@ struct cMappedLines::VectorSteps {
     // result of another.
     template <int Lines, class Search>
     OB_TARGET("avx2")
-    static void DitherTogether(const Search& search, const std::array<LinePair, Lines>& pairs, std::vector<Error>& before)
+    static void DitherTogether(const Search& search, const std::array<LinePair, Lines>& pairs,
+                               std::vector<Error>& before)
     {
         static_assert(Lines == 1 || Lines == 4);
         Line lines[Lines];
@@ -325,9 +327,8 @@ void cMappedLines::Make(std::int32_t firstLine, std::int32_t endLine)
 {
 #ifdef OB_X86
     if (HasAvx2()) {
-        VectorSteps::WithSearch(nearest, [&](const auto& search) {
-            VectorSteps::MapLines(*this, search, firstLine, endLine);
-        });
+        VectorSteps::WithSearch(nearest,
+                                [&](const auto& search) { VectorSteps::MapLines(*this, search, firstLine, endLine); });
         return;
     }
 #endif
@@ -339,9 +340,8 @@ void cMappedLines::MakeDithered(std::int32_t firstLine, std::int32_t endLine)
 {
 #ifdef OB_X86
     if (HasAvx2()) {
-        VectorSteps::WithSearch(nearest, [&](const auto& search) {
-            VectorSteps::DitherLines(*this, search, firstLine, endLine);
-        });
+        VectorSteps::WithSearch(
+            nearest, [&](const auto& search) { VectorSteps::DitherLines(*this, search, firstLine, endLine); });
         return;
     }
 #endif

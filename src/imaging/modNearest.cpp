@@ -129,10 +129,8 @@ void cNearest::SelectCandidates(std::array<std::int32_t, 3> low)
         const std::int32_t red = channels[0][index];
         const std::int32_t green = channels[1][index];
         const std::int32_t blue = channels[2][index];
-        least[index] =
-            DistanceOf(LeastApart(red, low[0]), LeastApart(green, low[1]), LeastApart(blue, low[2]));
-        bound = std::min(bound,
-                         DistanceOf(MostApart(red, low[0]), MostApart(green, low[1]), MostApart(blue, low[2])));
+        least[index] = DistanceOf(LeastApart(red, low[0]), LeastApart(green, low[1]), LeastApart(blue, low[2]));
+        bound = std::min(bound, DistanceOf(MostApart(red, low[0]), MostApart(green, low[1]), MostApart(blue, low[2])));
     }
     candidates.clear();
     for (std::size_t index = 0; index < indices.size(); ++index) {

@@ -74,17 +74,14 @@ private:
     void FreeNode(std::int32_t node);
     void Cover(std::int32_t node);
     void Settle(std::int32_t node);
-    std::uint32_t SlotAt(std::uint32_t code, int nodeLevel) const
-    {
-        return code >> (3 * (levels - nodeLevel)) & 7U;
-    }
+    std::uint32_t SlotAt(std::uint32_t code, int nodeLevel) const { return code >> (3 * (levels - nodeLevel)) & 7U; }
 
     std::int32_t wanted;
     int levels;
     int tableLevels;
     int tableShift;
     std::array<std::uint32_t, 256> spread = {}; // a channel's way through the tree, one bit in three
-    std::vector<std::int32_t> table;            // 0: not met; above: the leaf; below: the inner node at the table's depth
+    std::vector<std::int32_t> table; // 0: not met; above: the leaf; below: the inner node at the table's depth
     std::vector<OctreeNode> nodes;
     std::vector<Sums> sums;
     std::vector<Recent> recent;

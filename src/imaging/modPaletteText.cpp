@@ -72,8 +72,8 @@ std::optional<std::uint8_t> ByteOfText(std::string_view text)
         value = value >= tooMuch ? tooMuch : value * 10 + (digit - '0');
     // A double would take a fraction of very many digits for a half.
     const bool isHalfOrMore = !fraction.empty() && fraction.front() >= '5';
-    const bool isHalf = isHalfOrMore && fraction.front() == '5' &&
-                        fraction.find_first_not_of('0', 1) == std::string_view::npos;
+    const bool isHalf =
+        isHalfOrMore && fraction.front() == '5' && fraction.find_first_not_of('0', 1) == std::string_view::npos;
     if (isHalf ? value % 2 != 0 : isHalfOrMore)
         ++value;
     if (value > 255 || (isNegative && value > 0))

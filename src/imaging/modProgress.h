@@ -34,7 +34,8 @@ public:
     {
         using namespace std::chrono;
         if (events.Complete)
-            events.Complete(static_cast<std::int32_t>(duration_cast<milliseconds>(steady_clock::now() - start).count()));
+            events.Complete(
+                static_cast<std::int32_t>(duration_cast<milliseconds>(steady_clock::now() - start).count()));
     }
     bool HasListener() const { return static_cast<bool>(events.Progress); }
 

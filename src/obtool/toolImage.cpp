@@ -75,9 +75,8 @@ void Save(const ImageArguments& arguments)
                                                                {"4", SaveBitDepth::Bits4},
                                                                {"8", SaveBitDepth::Bits8},
                                                                {"24", SaveBitDepth::Bits24}};
-    static const std::map<std::string, SaveReduceMode> modes = {{"none", SaveReduceMode::None},
-                                                                {"palette", SaveReduceMode::Palette},
-                                                                {"auto", SaveReduceMode::Automatic}};
+    static const std::map<std::string, SaveReduceMode> modes = {
+        {"none", SaveReduceMode::None}, {"palette", SaveReduceMode::Palette}, {"auto", SaveReduceMode::Automatic}};
     cDIBSection picture = ReadPictureArgument(arguments.in);
     std::optional<cPalette> palette;
     if (!arguments.palette.empty())
@@ -88,8 +87,8 @@ void Save(const ImageArguments& arguments)
         return ToolWriter()(file, pieces);
     };
     RunOnFile(arguments.in, [&] {
-        cDIBSectionSave().Save(arguments.out, picture, palette, depths.at(arguments.depth),
-                               modes.at(arguments.reduce), write);
+        cDIBSectionSave().Save(arguments.out, picture, palette, depths.at(arguments.depth), modes.at(arguments.reduce),
+                               write);
     });
     // The save's own result is false whatever happened.
     if (!isWritten)
@@ -150,9 +149,9 @@ CLI::App* AddPictureVerb(CLI::App& group, const std::shared_ptr<ImageArguments>&
 
 void AddSave(CLI::App& group, const std::shared_ptr<ImageArguments>& arguments)
 {
-    CLI::App* save = AddPictureVerb(group, arguments, "save",
-                                    " --depth 1|4|8|24 [--reduce none|palette|auto] [--palette FILE]",
-                                    "writes a bitmap file of that many bits a pixel", Save);
+    CLI::App* save =
+        AddPictureVerb(group, arguments, "save", " --depth 1|4|8|24 [--reduce none|palette|auto] [--palette FILE]",
+                       "writes a bitmap file of that many bits a pixel", Save);
     save->add_option("--depth", arguments->depth, "bits a pixel")
         ->required()
         ->check(CLI::IsMember({"1", "4", "8", "24"}));

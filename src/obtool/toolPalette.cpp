@@ -93,10 +93,10 @@ void AddFile(CLI::App& verb, const Arguments& arguments)
 
 void AddMake(CLI::App& group, const Arguments& arguments)
 {
-    CLI::App* make = AddVerb(
-        group, "make",
-        "obtool palette make web|halftone|mono|16|optimal OUT [--from IN --colours N --level L] [--binary]",
-        "writes a palette file; optimal: the best palette of the picture IN");
+    CLI::App* make =
+        AddVerb(group, "make",
+                "obtool palette make web|halftone|mono|16|optimal OUT [--from IN --colours N --level L] [--binary]",
+                "writes a palette file; optimal: the best palette of the picture IN");
     make->add_option("KIND", arguments->kind, "the palette")
         ->required()
         ->check(CLI::IsMember({"web", "halftone", "mono", "16", "optimal"}));

@@ -47,6 +47,10 @@ public:
     virtual void ShowGui() = 0;
     virtual void RefreshGui() = 0;
 
+    // The form was changed by what is no step of the user's to undo: keep the steps that there are, or forget them.
+    enum class GuiSteps { Keep, Forget };
+    virtual void SettleGui(GuiSteps steps) = 0;
+
     // The window defaults of the form under design, modally.
     virtual void ShowGuiDefaults() = 0;
 

@@ -42,6 +42,7 @@ public:
     bool UnloadGui() override;
     void ShowGui() override;
     void RefreshGui() override;
+    void SettleGui(GuiSteps steps) override;
     void ShowGuiDefaults() override;
     void EnableGuiTool(int place, bool enable) override;
     void SendToBack() override;

@@ -44,6 +44,16 @@ void frmMain::RefreshGui()
     picGui->Refresh();
 }
 
+void frmMain::SettleGui(GuiSteps steps)
+{
+    if (gui == nullptr)
+        return;
+    if (steps == GuiSteps::Keep)
+        gui->Surface().Designer().Adopt();
+    else
+        gui->Surface().Restart();
+}
+
 void frmMain::ShowGuiDefaults()
 {
     if (gui != nullptr)

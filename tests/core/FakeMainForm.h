@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ob {
@@ -79,6 +80,7 @@ public:
     }
 
     void RefreshGui() override { log.append(QStringLiteral("refresh gui")); }
+    void SettleGui(GuiSteps steps) override { settled = steps; }
     void ShowGuiDefaults() override { log.append(QStringLiteral("gui defaults")); }
 
     void EnableGuiTool(int place, bool enable) override
@@ -105,6 +107,7 @@ public:
     ActiveChild kind = ActiveChild::None;
     cDocument* active = nullptr;
     bool hasEditLibrary = true;
+    std::optional<GuiSteps> settled;
     QString status;
     QStringList log;
     std::array<QString, 8> captions;

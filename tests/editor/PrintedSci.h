@@ -2,7 +2,7 @@
 // A code window's control as printing sees it: a text, a selection, and a page formatter that writes down its orders.
 #pragma once
 
-#include "editor/modPrint.h"
+#include "editor/modPageFormat.h"
 #include "editor/modSci.h"
 
 #include <QByteArray>
@@ -55,7 +55,8 @@ public:
             return 0;
         case SCI_FORMATRANGE: {
             const auto& record = *reinterpret_cast<const Sci_RangeToFormat*>(lParam);
-            orders.append({wParam, record});
+            if (wParam != 0)
+                orders.append({wParam, record});
             return std::min<std::intptr_t>(record.chrg.cpMin + pageBytes, text.size());
         }
         default:
@@ -83,8 +84,10 @@ private:
     qsizetype LineStart(qsizetype line) const
     {
         qsizetype start = 0;
-        while (line-- > 0)
-            start = text.indexOf('\n', start) + 1;
+        while (line-- > 0 && start < text.size()) {
+            const qsizetype end = text.indexOf('\n', start);
+            start = end < 0 ? text.size() : end + 1;
+        }
         return start;
     }
 };

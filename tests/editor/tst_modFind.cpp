@@ -3,7 +3,9 @@
 #include "core/CoreBench.h"
 
 #include "editor/modFind.h"
-#include "editor/modFoldedSearch.h"
+#include "editor/modTextSearch.h"
+
+#include <QElapsedTimer>
 
 #include <new>
 
@@ -12,11 +14,11 @@ using namespace ob;
 namespace {
 
 // "start-end" of each match that begins behind the start of the last one.
-QByteArray Matches(const QByteArray& text, const QByteArray& find)
+QByteArray Matches(const QByteArray& text, const QByteArray& find, CaseRule rule = CaseRule::Folded)
 {
     QByteArrayList places;
-    const FoldedText folded = FoldCase(find);
-    for (auto match = FindFolded(text, folded); match; match = FindFolded(text, folded, match->start + 1))
+    const TextPattern pattern(find, rule);
+    for (auto match = pattern.FindIn(text); match; match = pattern.FindIn(text, match->start + 1))
         places.append(QByteArray::number(match->start) + '-' + QByteArray::number(match->end));
     return places.join(' ');
 }
@@ -91,6 +93,36 @@ private Q_SLOTS:
         QFETCH(QByteArray, text);
         QFETCH(QByteArray, find);
         QTEST(Matches(text, find), "places");
+    }
+
+    void exactSearchTellsTheCasesApart()
+    {
+        QCOMPARE(Matches("Foo foo f\xc3\x96 f\xc3\xb6", "foo", CaseRule::Exact), QByteArray("4-7"));
+        QCOMPARE(Matches("Foo foo f\xc3\x96 f\xc3\xb6", "f\xc3\xb6", CaseRule::Exact), QByteArray("12-15"));
+    }
+
+    void matchesThatBeginInsideAFalseStartAreFound()
+    {
+        QCOMPARE(Matches("aabaabaac", "aabaac"), QByteArray("3-9"));
+        QCOMPARE(Matches("ababababc", "ABABC"), QByteArray("4-9"));
+        QCOMPARE(Matches("\xc3\xa4"
+                         "a\xc3\x84"
+                         "a\xc3\xa4"
+                         "b",
+                         "\xc3\xa4"
+                         "a\xc3\xa4"
+                         "b"),
+                 QByteArray("3-9"));
+    }
+
+    // Of a text that repeats itself, looked for in itself; a search that starts over at each place takes minutes.
+    void longRepeatingTextTakesNoLonger()
+    {
+        const QByteArray text = QByteArray("abc\r\n").repeated(200'000);
+        QElapsedTimer time;
+        time.start();
+        QVERIFY(!TextPattern(text.chopped(500'000) + 'x', CaseRule::Folded).FindIn(text));
+        QVERIFY2(time.elapsed() < 2'000, qPrintable(QString::number(time.elapsed())));
     }
 
     void emptyFieldsAreTold_data()

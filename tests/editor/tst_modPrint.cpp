@@ -38,6 +38,12 @@ struct Bench : CoreBench {
     CountingWatch watch;
 };
 
+// Lines of ten bytes.
+QByteArray Lines(int count)
+{
+    return QByteArray("print 10\r\n").repeated(count);
+}
+
 // Where each page began.
 QList<long> Starts(const PrintedSci& sci)
 {
@@ -151,7 +157,7 @@ void tst_modPrint::formatterGetsTheWholePageAndBothDevices()
 
 void tst_modPrint::colorGoesPageByPage()
 {
-    Bench bench(QByteArray(250, 'x'));
+    Bench bench(Lines(25));
     bench.sci.Select(0, 250);
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
@@ -165,7 +171,7 @@ void tst_modPrint::colorGoesPageByPage()
 
 void tst_modPrint::restOfTenBytesGetsNoPage()
 {
-    Bench bench(QByteArray(211, 'x'));
+    Bench bench(Lines(22));
     bench.sci.Select(0, 210);
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
@@ -178,7 +184,7 @@ void tst_modPrint::restOfTenBytesGetsNoPage()
 
 void tst_modPrint::withoutASelectionTheLastPageIsEmpty()
 {
-    Bench bench(QByteArray(150, 'x'));
+    Bench bench(Lines(15));
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QCOMPARE(Starts(bench.sci), (QList<long>{0, 100}));
@@ -187,7 +193,7 @@ void tst_modPrint::withoutASelectionTheLastPageIsEmpty()
 
 void tst_modPrint::rangeThatEndsBelowTenGivesAnEmptyPage()
 {
-    Bench bench(QByteArray(150, 'x'));
+    Bench bench(Lines(15));
     bench.sci.Select(2, 10);
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
@@ -197,7 +203,7 @@ void tst_modPrint::rangeThatEndsBelowTenGivesAnEmptyPage()
 
 void tst_modPrint::caretAtTheEndGivesAnEmptyPage()
 {
-    Bench bench(QByteArray(150, 'x'));
+    Bench bench(Lines(15));
     bench.sci.Select(150, 150);
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
@@ -207,7 +213,7 @@ void tst_modPrint::caretAtTheEndGivesAnEmptyPage()
 
 void tst_modPrint::paperWithoutRoomForALineEnds()
 {
-    Bench bench(QByteArray(150, 'x'));
+    Bench bench(Lines(15));
     bench.sci.pageBytes = 0;
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
@@ -241,7 +247,7 @@ void tst_modPrint::selectionUpToALineStartEndsWithTheLineBefore()
 
 void tst_modPrint::stopEndsTheJobUnsent()
 {
-    Bench bench(QByteArray(1000, 'x'));
+    Bench bench(Lines(100));
     bench.watch.allowed = 2;
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Stopped);
@@ -251,7 +257,7 @@ void tst_modPrint::stopEndsTheJobUnsent()
 
 void tst_modPrint::closedWindowEndsTheJobUnsent()
 {
-    Bench bench(QByteArray(1000, 'x'));
+    Bench bench(Lines(100));
     bench.watch.turn = [&] { bench.document.sci = nullptr; };
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Stopped);

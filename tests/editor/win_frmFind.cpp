@@ -372,6 +372,16 @@ private Q_SLOTS:
         Press("OKButton");
     }
 
+    void aLongSelectionIsFound()
+    {
+        const cDocument* document = Open(QByteArray("abc\r\n").repeated(1000));
+        Select(document, 0, 1000);
+        OpenDialog();
+        Press("OKButton");
+        QCOMPARE(SelectionStart(document), 1005);
+        QCOMPARE(SendSci(document->sci, SCI_GETSELECTIONEND), 2005);
+    }
+
     void codeWindowThatWasClosedIsTold()
     {
         Open("foo");

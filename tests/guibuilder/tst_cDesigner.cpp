@@ -61,6 +61,7 @@ private Q_SLOTS:
     void init()
     {
         bench = std::make_unique<CoreBench>();
+        GuiCopies.clear();
         designer = std::make_unique<cDesigner>(GuiDesign);
     }
 
@@ -82,6 +83,14 @@ private Q_SLOTS:
         QCOMPARE(Rect({ControlKind::Button, 1}), Px(10, 10, 100, 50));
         Pull(At(200, 200), At(300, 300));
         QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{2});
+        QVERIFY(!designer->Handles());
+    }
+
+    void ANewControlIsSelectedForTheKeys()
+    {
+        designer->ArmTool(QStringLiteral("Button"));
+        Pull(At(10, 10), At(110, 60));
+        QCOMPARE(designer->Selection(), (std::vector<ControlRef>{{ControlKind::Button, 1}}));
         QVERIFY(!designer->Handles());
     }
 
@@ -317,6 +326,80 @@ private Q_SLOTS:
         designer->Undo();
         QVERIFY(GuiDesign.width != width);
         QCOMPARE(GuiDesign.left, 4500.0F);
+    }
+
+    void UndoNeverTakesAConfirmedTypeOrItsMarkBack()
+    {
+        GuiDesign.windowTag = QStringLiteral("open");
+        designer->Restart();
+        GuiDesign.windowTag = GuiDesign.GuiWindowType = QStringLiteral("Graphics_nsb");
+        GuiDesign.GuiDefaultsState = 1;
+        designer->Commit(cFormHistory::WindowRect::Set);
+        designer->ArmTool(QStringLiteral("Button"));
+        Pull(At(10, 10), At(110, 60));
+        designer->Undo();
+        designer->Undo();
+        QCOMPARE(GuiDesign.GuiWindowType, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign.GuiDefaultsState, std::int16_t{1});
+        designer->Redo();
+        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Graphics_nsb"));
+    }
+
+    void ASaveIsNoStepAndItsNamesStay()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Pull(At(30, 30), At(60, 60));
+        designer->Undo();
+        GuiDesign.At(button).tag = QStringLiteral("button1");
+        GuiDesign.At(button).branch = QStringLiteral("button1.click");
+        designer->Adopt();
+        Click(At(30, 30));
+        QVERIFY(designer->CanRedo());
+        QVERIFY(!designer->CanUndo());
+        designer->Redo();
+        QCOMPARE(GuiDesign.At(button).left, 750.0F);
+        QCOMPARE(GuiDesign.At(button).tag, QStringLiteral("button1"));
+        designer->Undo();
+        QCOMPARE(GuiDesign.At(button).branch, QStringLiteral("button1.click"));
+    }
+
+    void AKeyThatIsHeldDownIsOneStep()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        designer->Nudge(75, 0);
+        for (int repeat = 0; repeat < 300; ++repeat)
+            designer->Nudge(75, 0, cDesigner::KeyPress::Repeated);
+        QCOMPARE(GuiDesign.At(button).left, 300 + 301 * 75.0F);
+        designer->Undo();
+        QCOMPARE(GuiDesign.At(button).left, 300.0F);
+        QVERIFY(!designer->CanUndo());
+        QCOMPARE(designer->Selection(), std::vector{button});
+    }
+
+    void KeysMarkTheFormAsTheMouseWould()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Put(ControlKind::Statictext, Px(20, 60, 80, 30));
+        Click(At(30, 30));
+        designer->Nudge(75, 0);
+        QVERIFY(!GuiFormModified);
+        designer->Grow(75, 0);
+        QVERIFY(GuiFormModified);
+        Click(At(30, 70));
+        GuiFormModified = false;
+        designer->Nudge(75, 0);
+        QVERIFY(GuiFormModified);
+    }
+
+    void ARightPressOnAHandleOnlyHidesTheHandles()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        QCOMPARE(designer->Press(At(104, 54), Button::Right, Mode::Plain).kind, Kind::None);
+        QCOMPARE(designer->Release(At(104, 54), Button::Right).kind, Kind::None);
+        QVERIFY(!designer->Handles());
     }
 
     void TwoHundredStepsAreKept()

@@ -23,6 +23,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -186,7 +187,56 @@ private Q_SLOTS:
         frame->showMaximized();
         QApplication::processEvents();
         QVERIFY(!frame->isMaximized());
+        QCOMPARE(frame->geometry(), QRect(40, 30, 400, 300));
         QCOMPARE(GuiDesign.width, 6000.25F);
+    }
+
+    void ScrollingTheAreaMovesNoForm()
+    {
+        TestBench bench;
+        Load(bench);
+        bench.Frame().resize(300, 300);
+        QApplication::processEvents();
+        QScrollBar* bar = bench.Frame().Area().horizontalScrollBar();
+        QVERIFY(bar->maximum() > 0);
+        const int before = bench.Frame().Area().currentSubWindow()->x();
+        bar->setValue(bar->maximum());
+        QApplication::processEvents();
+        QVERIFY(bench.Frame().Area().currentSubWindow()->x() < before);
+        QCOMPARE(GuiDesign.left, 600.5F);
+    }
+
+    void AFormWithoutASizeCanStillBeGrabbed()
+    {
+        TestBench bench;
+        QByteArray none = SmallForm;
+        none.replace(" 6000.25| 4500", "0|-15");
+        Load(bench, none);
+        QVERIFY(bench.Frame().Area().currentSubWindow()->width() >= 120);
+        QVERIFY(bench.Frame().Area().currentSubWindow()->height() >= 60);
+        QCOMPARE(GuiDesign.width, 0.0F);
+        QCOMPARE(GuiDesign.height, -15.0F);
+    }
+
+    void ANewFormHasNothingToUndo()
+    {
+        TestBench bench;
+        bench.Start();
+        bench.ExpectModal(QStringLiteral("frmColorDefault"),
+                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click(); });
+        bench.Choose(QStringLiteral("mnuGui"));
+        QVERIFY(!Surface(bench)->Designer().CanUndo());
+    }
+
+    void ClosingAFormPutsTheToolAway()
+    {
+        TestBench bench;
+        Load(bench);
+        Tool(bench, 4)->click();
+        GuiFormModified = false;
+        QVERIFY(bench.Frame().UnloadGui());
+        QVERIFY(!GuiPlacing);
+        QVERIFY(!Tool(bench, 4)->isChecked());
     }
 
     void SaveNeedsAFormInFront()
@@ -468,8 +518,7 @@ private Q_SLOTS:
             menu->findChild<QAction*>(QStringLiteral("mnuAlignTop"))->trigger();
             menu->close();
         });
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(0, 0), surface->mapToGlobal(QPoint(0, 0)));
-        QApplication::sendEvent(surface, &event);
+        QTest::keyClick(surface, Qt::Key_F10, Qt::ShiftModifier);
         QCOMPARE(GuiDesign.At({ControlKind::Textbox, 1}).top, 300.0F);
         QCOMPARE(GuiDesign.At({ControlKind::Textbox, 1}).left, 4500.0F);
         GuiFormModified = false;

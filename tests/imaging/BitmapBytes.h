@@ -12,7 +12,8 @@ struct BitmapBytes {
     BitmapBytes& Put(std::int64_t value, int count)
     {
         for (int index = 0; index < count; ++index)
-            bytes.push_back(static_cast<std::uint8_t>(static_cast<std::uint64_t>(value) >> (8 * index)));
+            bytes.push_back(
+                static_cast<std::uint8_t>(index < 8 ? static_cast<std::uint64_t>(value) >> (8 * index) : 0));
         return *this;
     }
     BitmapBytes& Bytes(std::initializer_list<int> values)

@@ -8,8 +8,8 @@
 
 struct MemoryFiles {
     std::map<std::string, std::vector<std::uint8_t>> files;
-    ob::WriteResult writeResult;                                   // what the next writes report
-    ob::FileOutcome readOutcome = ob::FileOutcome::Done;           // of files that are there
+    ob::WriteResult writeResult;                         // what the next writes report
+    ob::FileOutcome readOutcome = ob::FileOutcome::Done; // of files that are there
     std::string description;
 
     ob::FileWriter Writer()

@@ -86,8 +86,7 @@ inline Picture Resample(Picture source, int newHeight, int newWidth)
             const double fx = static_cast<float>(fx0 - static_cast<float>(ix));
             for (int channel = 0; channel < 3; ++channel) {
                 const int offset = ix * 3 + channel;
-                const int left =
-                    RoundHalfEven((1 - fy) * source.At(offset, iy) + fy * source.At(offset, iy + 1));
+                const int left = RoundHalfEven((1 - fy) * source.At(offset, iy) + fy * source.At(offset, iy + 1));
                 const int right =
                     RoundHalfEven((1 - fy) * source.At(offset + 3, iy) + fy * source.At(offset + 3, iy + 1));
                 int result = RoundHalfEven((1 - fx) * left + fx * right);
@@ -153,8 +152,8 @@ public:
             const Node& node = nodes[i];
             if (!node.leaf)
                 continue;
-            entries.push_back({Mean(node.red, node.pixels), Mean(node.green, node.pixels),
-                               Mean(node.blue, node.pixels), 0});
+            entries.push_back(
+                {Mean(node.red, node.pixels), Mean(node.green, node.pixels), Mean(node.blue, node.pixels), 0});
             progress.push_back(static_cast<std::int32_t>(i));
         }
         return entries;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The raw bitmap file: what is accepted, what is held, what is written again.
 #include "imaging/BitmapBytes.h"
+#include "imaging/MemoryFiles.h"
 #include "imaging/cDIB.h"
 #include "imaging/cImagingError.h"
-#include "imaging/MemoryFiles.h"
 
 #include <QTest>
 

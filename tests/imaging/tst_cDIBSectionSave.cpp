@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Bitmap files of 1, 4 and 8 bits: the bytes, and what the save leaves in picture and palette.
-#include "imaging/cDIBSectionSave.h"
-#include "imaging/cImagingError.h"
 #include "imaging/MemoryFiles.h"
 #include "imaging/PlainImaging.h"
+#include "imaging/cDIBSectionSave.h"
+#include "imaging/cImagingError.h"
 
 #include <QTest>
 
@@ -118,8 +118,9 @@ private Q_SLOTS:
             plain::Picture reduced(width, 9);
             plain::Picture source = start;
             plain::ApplyPalette(source, reduced, EntriesOf(own), true);
-            const std::array<std::pair<SaveBitDepth, Slots>, 3> depths = {
-                {{SaveBitDepth::Bits1, MonoSlots()}, {SaveBitDepth::Bits4, CrossedSlots()}, {SaveBitDepth::Bits8, SlotsOf(own)}}};
+            const std::array<std::pair<SaveBitDepth, Slots>, 3> depths = {{{SaveBitDepth::Bits1, MonoSlots()},
+                                                                           {SaveBitDepth::Bits4, CrossedSlots()},
+                                                                           {SaveBitDepth::Bits8, SlotsOf(own)}}};
             int bits = 1;
             for (const auto& [depth, slotColors] : depths) {
                 const Saved saved = Save(start, own, depth, SaveReduceMode::Palette);
@@ -244,7 +245,8 @@ private Q_SLOTS:
         MemoryFiles disk;
         cDIBSection none;
         std::optional<cPalette> palette;
-        QVERIFY(!cDIBSectionSave().Save("x.bmp", none, palette, SaveBitDepth::Bits8, SaveReduceMode::None, disk.Writer()));
+        QVERIFY(
+            !cDIBSectionSave().Save("x.bmp", none, palette, SaveBitDepth::Bits8, SaveReduceMode::None, disk.Writer()));
         QVERIFY(disk.files.empty());
     }
 };

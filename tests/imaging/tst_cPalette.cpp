@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Palettes: the fixed ones, the nearest entry, the best one for a picture, the two file formats.
+#include "imaging/MemoryFiles.h"
+#include "imaging/PlainImaging.h"
 #include "imaging/cImagingError.h"
 #include "imaging/cPalette.h"
-#include "imaging/MemoryFiles.h"
 #include "imaging/modPaletteText.h"
 #include "imaging/modSimd.h"
-#include "imaging/PlainImaging.h"
 
 #include <QTest>
 
@@ -114,11 +114,22 @@ private Q_SLOTS:
     {
         cPalette palette;
         palette.Create16Colour();
-        QVERIFY(EntriesOf(palette) ==
-                (plain::Entries{{0, 0, 0, 0},       {128, 0, 0, 0},   {0, 128, 0, 0},     {128, 128, 0, 0},
-                                {0, 0, 128, 0},     {128, 0, 128, 0}, {0, 128, 128, 0},   {192, 192, 192, 0},
-                                {128, 128, 128, 0}, {255, 0, 0, 0},   {0, 255, 0, 0},     {255, 255, 0, 0},
-                                {0, 0, 255, 0},     {255, 0, 255, 0}, {0, 255, 255, 0},   {255, 255, 255, 0}}));
+        QVERIFY(EntriesOf(palette) == (plain::Entries{{0, 0, 0, 0},
+                                                      {128, 0, 0, 0},
+                                                      {0, 128, 0, 0},
+                                                      {128, 128, 0, 0},
+                                                      {0, 0, 128, 0},
+                                                      {128, 0, 128, 0},
+                                                      {0, 128, 128, 0},
+                                                      {192, 192, 192, 0},
+                                                      {128, 128, 128, 0},
+                                                      {255, 0, 0, 0},
+                                                      {0, 255, 0, 0},
+                                                      {255, 255, 0, 0},
+                                                      {0, 0, 255, 0},
+                                                      {255, 0, 255, 0},
+                                                      {0, 255, 255, 0},
+                                                      {255, 255, 255, 0}}));
         palette.CreateMono();
         QVERIFY(EntriesOf(palette) == (plain::Entries{{0, 0, 0, 0}, {255, 255, 255, 0}}));
     }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Bitmap files as pictures: every kind that is read, and what is wrong with the others.
 #include "imaging/BitmapBytes.h"
-#include "imaging/cDIBSectionSave.h"
 #include "imaging/MemoryFiles.h"
-#include "imaging/modBitmapFile.h"
 #include "imaging/PlainImaging.h"
+#include "imaging/cDIBSectionSave.h"
+#include "imaging/modBitmapFile.h"
 
 #include <QTest>
 

@@ -125,9 +125,8 @@ private Q_SLOTS:
     void TheClipboardTakesNoDib()
     {
         ScriptedDialogs boxes;
-        boxes.ExpectMessage(
-            QStringLiteral("I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"), BoxAnswer::Ok,
-            BoxIcon::None);
+        boxes.ExpectMessage(QStringLiteral("I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"),
+                            BoxAnswer::Ok, BoxIcon::None);
         QVERIFY(!CopyToClipboard(plain::SectionOf(plain::Random(4, 3, plain::Kind::Noise, 1)), ClipboardForm::Dib));
         QVERIFY(boxes.Finished());
     }
@@ -161,8 +160,7 @@ private Q_SLOTS:
     void AFileThatCannotBeMadeIsTold()
     {
         const std::array<ByteView, 1> pieces = {Abc};
-        const WriteResult result =
-            DiskWriter()(folder.filePath(QStringLiteral("gone/x")).toStdString(), pieces);
+        const WriteResult result = DiskWriter()(folder.filePath(QStringLiteral("gone/x")).toStdString(), pieces);
         QVERIFY(result.outcome == FileOutcome::NotOpened);
         QCOMPARE(result.systemError, ENOENT);
         const cDIBSection picture = plain::SectionOf(plain::Random(4, 3, plain::Kind::Noise, 1));

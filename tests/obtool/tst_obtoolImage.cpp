@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool image" and "obtool palette", as other programs call them.
 #include "imaging/BitmapBytes.h"
-#include "imaging/cColourReduceDIB.h"
-#include "imaging/cDIBSectionSave.h"
 #include "imaging/MemoryFiles.h"
 #include "imaging/PlainImaging.h"
+#include "imaging/cColourReduceDIB.h"
+#include "imaging/cDIBSectionSave.h"
 
 #include <QDir>
 #include <QFile>
