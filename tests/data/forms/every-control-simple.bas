@@ -34,7 +34,7 @@ bmpbutton   #main.picture, "bmpbttn",[picture],UL, 295, 260
 textbox     #main.title, 80, 10, 200, 25
 texteditor  #main.words, 15, 45, 265, 150
 radiobutton #main.colour, "In colour",[inColour],[loop], 310, 40, 100, 25
-checkbox    #main.frame, "With a frame",[withFrame],[checkbox1.reset], 310, 75, 100, 25
+checkbox    #main.frame, "Framed",[withFrame],[checkbox1.reset], 310, 75, 100, 25
 listbox     #main.pages, List1$(),[choosePage], 440, 10, 145, 150
 combobox    #main.paper,Combo1$(),[choosePaper], 440, 170, 145, 300
 
