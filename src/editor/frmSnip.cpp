@@ -73,6 +73,8 @@ void frmSnip::ConnectControls()
         if (!std::exchange(pressLoaded, true))
             click();
     });
+    // What it tells is of the text as it was.
+    connect(ui->txtSnipDisplay, &QPlainTextEdit::textChanged, ui->lblState, &QLabel::clear);
     connect(ui->lstSnip, &QListView::doubleClicked, this, run(&frmSnip::lstSnip_DblClick));
     connect(ui->cmdNew, &QPushButton::clicked, this, run(&frmSnip::cmdNew_Click));
     connect(ui->cmdSave, &QPushButton::clicked, this, run(&frmSnip::cmdSave_Click));
@@ -185,6 +187,7 @@ void frmSnip::cmdNew_Click()
 
 void frmSnip::cmdSave_Click()
 {
+    ui->lblState->clear();
     if (ui->txtName->text().isEmpty())
         ui->txtName->setText(QStringLiteral("Untitled Snippet"));
     const QString path = FileBox(

@@ -172,7 +172,7 @@ void mnuLine_Click()
     if (document == nullptr)
         return;
     const auto answer = InputBox(QStringLiteral("Line number?"), QStringLiteral("Go to Line"), QStringLiteral("1"));
-    const std::intptr_t line = ToInt32(Val(answer.value_or(QString()))) - std::intptr_t{1};
+    const std::intptr_t line = ToInt32(Val(answer.value_or(QString())) - 1);
     SendSci(document->sci, SCI_GOTOLINE, Unsigned(line));
     SendSci(document->sci, SCI_GRABFOCUS);
 }

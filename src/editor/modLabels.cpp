@@ -127,8 +127,11 @@ void FollowSortToggle(Sci sci)
     const std::intptr_t first = SendSci(sci, SCI_GETFIRSTVISIBLELINE);
     const std::intptr_t savedLine = SendSci(sci, SCI_LINEFROMPOSITION, saved);
     SendSci(sci, SCI_GOTOPOS, saved);
-    SendSci(sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(first));
-    SendSci(sci, SCI_LINESCROLL, 0, savedLine - first - 1);
+    // With wrapped lines the view counts in rows.
+    const std::intptr_t firstLine = SendSci(sci, SCI_DOCLINEFROMVISIBLE, static_cast<std::uintptr_t>(first));
+    const std::intptr_t savedRow = SendSci(sci, SCI_VISIBLEFROMDOCLINE, static_cast<std::uintptr_t>(savedLine));
+    SendSci(sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(firstLine));
+    SendSci(sci, SCI_LINESCROLL, 0, savedRow - first - 1);
     SendSci(sci, SCI_GRABFOCUS);
 }
 

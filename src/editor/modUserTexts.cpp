@@ -91,7 +91,8 @@ void SaveCommentFile(const QString& folder, const QString& text)
 
 void LoadCustomKeywords(const QString& folder)
 {
-    LexerKeywords.prepend(WordsOf(BytesOfFile(KeywordsPath(folder)).toLower()));
+    const QString words = TextFromAnsi(BytesOfFile(KeywordsPath(folder))).toLower();
+    LexerKeywords.prepend(WordsOf(AnsiFromText(words).bytes));
 }
 
 QString CustomKeywordText(const QString& folder)

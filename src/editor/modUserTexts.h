@@ -38,7 +38,7 @@ QByteArray LoadCommentFile(const QString& folder);
 // cannot be stored the user is asked first. Raises what ReplaceFile raises.
 void SaveCommentFile(const QString& folder, const QString& text);
 
-// Puts the keywords file of folder, in lower case (ASCII letters) and with its line end, in front of LexerKeywords. A
+// Puts the keywords file of folder, in lower case and with its line end, in front of LexerKeywords. A
 // file that is missing or cannot be read changes nothing. KeywordList never has custom keywords.
 void LoadCustomKeywords(const QString& folder);
 
