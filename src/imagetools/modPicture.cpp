@@ -8,6 +8,7 @@
 
 #include <QBuffer>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QImageReader>
 
@@ -157,7 +158,10 @@ FileReader DiskReader()
             const QByteArray bytes = ReadWhole(path);
             return {FileOutcome::Done, {bytes.begin(), bytes.end()}, {}};
         } catch (const RuntimeError& error) {
-            const bool isLocked = error.number == static_cast<int>(ErrorNumber::PermissionDenied);
+            // A file that is there and may not be read is as closed to us as one that is in use.
+            const bool isLocked =
+                error.number == static_cast<int>(ErrorNumber::PermissionDenied) ||
+                (error.number == static_cast<int>(ErrorNumber::PathFileAccess) && QFileInfo(path).isFile());
             return {isLocked ? FileOutcome::Locked : FileOutcome::NotOpened, {}, error.description.toStdString()};
         }
     };

@@ -7,14 +7,15 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <numeric>
 
 namespace ob {
 
 namespace {
 
 constexpr std::int32_t CellSide = 16;
-// Lists of palettes that no file format allows could fill the memory; they start anew then.
-constexpr std::size_t MostBlocks = 1 << 18;
+// Lists of palettes that no file format allows could fill the memory.
+constexpr std::size_t MostBlocks = 1 << 16;
 
 std::int32_t CityBlock(PaletteEntry one, PaletteEntry other)
 {
@@ -139,30 +140,42 @@ void cNearest::SelectCandidates(std::array<std::int32_t, 3> low)
     }
 }
 
+// A list in its order wins ties as the whole list does, so any cell may have the whole one. It serves those that most
+// colours can be nearest to, and all when the lists of a huge palette have filled their room.
 void cNearest::MakeCell(std::size_t number)
 {
     const auto cell = static_cast<std::int32_t>(number);
     SelectCandidates({(cell >> 8) * CellSide, (cell >> 4 & 15) * CellSide, (cell & 15) * CellSide});
-    if (blocks.size() > MostBlocks) {
-        cells = {};
-        blocks.clear();
-        places.clear();
-        colors.clear();
+    const bool isShort = candidates.size() * 4 <= indices.size() * 3;
+    if (isShort && blocks.size() + candidates.size() / 16 < MostBlocks) {
+        cells[number] = AddBlocks(candidates);
+        return;
     }
-    const std::size_t blockCount = (candidates.size() + 15) / 16;
-    cells[number] = {static_cast<std::uint32_t>(blocks.size()), static_cast<std::uint32_t>(blockCount)};
+    if (whole.blockCount == 0) {
+        std::vector<std::uint32_t> all(indices.size());
+        std::iota(all.begin(), all.end(), 0U);
+        whole = AddBlocks(all);
+    }
+    cells[number] = whole;
+}
+
+cNearest::Cell cNearest::AddBlocks(const std::vector<std::uint32_t>& entries)
+{
+    const std::size_t blockCount = (entries.size() + 15) / 16;
+    const Cell cell{static_cast<std::uint32_t>(blocks.size()), static_cast<std::uint32_t>(blockCount)};
     for (std::size_t block = 0; block < blockCount; ++block) {
         NearestBlock& made = blocks.emplace_back();
         for (std::size_t lane = 0; lane < 16; ++lane) {
-            const std::uint32_t candidate = candidates[std::min(block * 16 + lane, candidates.size() - 1)];
-            made.red[lane] = channels[0][candidate];
-            made.green[lane] = channels[1][candidate];
-            made.blue[lane] = channels[2][candidate];
-            places.push_back(indices[candidate]);
+            const std::uint32_t entry = entries[std::min(block * 16 + lane, entries.size() - 1)];
+            made.red[lane] = channels[0][entry];
+            made.green[lane] = channels[1][entry];
+            made.blue[lane] = channels[2][entry];
+            places.push_back(indices[entry]);
             colors.push_back(std::uint32_t{made.red[lane]} << 16 | std::uint32_t{made.green[lane]} << 8 |
                              made.blue[lane]);
         }
     }
+    return cell;
 }
 
 std::int32_t cNearest::Find(std::uint8_t red, std::uint8_t green, std::uint8_t blue)

@@ -72,6 +72,7 @@ public:
 
 private:
     void MakeCell(std::size_t number);
+    Cell AddBlocks(const std::vector<std::uint32_t>& entries);
     void SelectCandidates(std::array<std::int32_t, 3> low);
     std::int32_t DistanceOf(std::int32_t red, std::int32_t green, std::int32_t blue) const;
 
@@ -83,6 +84,7 @@ private:
     std::vector<std::int32_t> least;
     std::vector<std::uint32_t> candidates;
     std::array<Cell, 4096> cells = {};
+    Cell whole; // all colours, for the cells that have no shorter list worth keeping
     std::vector<NearestBlock> blocks;
     std::vector<std::uint32_t> places;
     std::vector<std::uint32_t> colors;

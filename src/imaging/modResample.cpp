@@ -107,6 +107,20 @@ void BlendAlong(const std::vector<std::uint8_t>& line, std::int64_t firstColumn,
     }
 }
 
+// The same without a blended line, for targets that take but a few columns of a long one.
+void BlendColumns(const std::uint8_t* first, const std::uint8_t* second, const Place& row,
+                  const std::vector<Place>& columns, std::uint8_t* pixel)
+{
+    const auto blend = [](std::uint8_t one, std::uint8_t other, const Place& place) {
+        return place.isWhole ? Blend(one, other, place.weight) : BlendFraction(one, other, place.fraction);
+    };
+    for (const Place& place : columns) {
+        for (std::int64_t left = place.first * 3; left < place.first * 3 + 3; ++left)
+            *pixel++ =
+                blend(blend(first[left], second[left], row), blend(first[left + 3], second[left + 3], row), place);
+    }
+}
+
 // Columns of the target that are worked on together: all of them, but for lines so long that what is kept for them
 // would be felt.
 std::int32_t ColumnsAtOnce(float xScale)
@@ -129,9 +143,18 @@ void ResampleColumns(const cDIBSection& source, cDIBSection& target, ColumnRange
         columns[x] = PlaceOf(range.first + static_cast<std::int64_t>(x), xScale);
     const std::int64_t firstColumn = columns.front().first;
     const auto byteCount = static_cast<std::int32_t>((columns.back().first + 2 - firstColumn) * 3);
-    std::vector<std::uint8_t> line(static_cast<std::size_t>(byteCount));
+    // Blending a line costs less a column than blending columns one by one.
+    constexpr float fewColumns = 8;
+    const bool takesFew = xScale > fewColumns;
+    std::vector<std::uint8_t> line(takesFew ? 0 : static_cast<std::size_t>(byteCount));
     for (std::int32_t y = 0; y < target.Height(); ++y) {
         const Place place = PlaceOf(y, yScale);
+        if (takesFew) {
+            const std::uint8_t* start = source.Line(place.first);
+            BlendColumns(start, start + source.BytesPerScanLine(), place, columns,
+                         target.Line(y) + std::int64_t{range.first} * 3);
+            continue;
+        }
         const std::uint8_t* first = source.Line(place.first) + firstColumn * 3;
         BlendLines(first, first + source.BytesPerScanLine(), place, line.data(), byteCount);
         BlendAlong(line, firstColumn, columns, target.Line(y) + std::int64_t{range.first} * 3);

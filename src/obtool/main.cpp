@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <string_view>
 
 namespace {
@@ -67,6 +68,8 @@ int Run(CLI::App& tool, int argc, char** argv)
         return WrongUsage(tool, std::string("obtool: ") + error.what());
     } catch (const ob::ToolFailure& failure) {
         return Failed(failure.file, failure.reason);
+    } catch (const std::bad_alloc&) {
+        return Failed(Innermost(tool)->get_name(), QStringLiteral("Out of memory"));
     } catch (const ob::RuntimeError& error) {
         return Failed(Innermost(tool)->get_name(), error.description);
     }

@@ -9,6 +9,7 @@
 #include <QFile>
 
 #include <cstdio>
+#include <new>
 
 namespace ob {
 
@@ -17,7 +18,7 @@ QString PathOf(const std::string& argument)
     return QString::fromLocal8Bit(argument.data(), static_cast<qsizetype>(argument.size()));
 }
 
-QByteArray ReadInput(const std::string& file)
+static QByteArray ReadBytes(const std::string& file)
 {
     if (file == "-") {
         QFile input;
@@ -34,6 +35,15 @@ QByteArray ReadInput(const std::string& file)
         return ReadWhole(PathOf(file));
     } catch (const RuntimeError& error) {
         throw ToolFailure(file, error.description);
+    }
+}
+
+QByteArray ReadInput(const std::string& file)
+{
+    try {
+        return ReadBytes(file);
+    } catch (const std::bad_alloc&) {
+        throw ToolFailure(file, QStringLiteral("Out of memory"));
     }
 }
 

@@ -235,6 +235,7 @@ private Q_SLOTS:
         CompareResample(plain::Random(2, 2, plain::Kind::Noise, 2), 1500, 1500);
         CompareResample(plain::Random(5, 3, plain::Kind::Noise, 3), 2, 100000);
         CompareResample(plain::Random(100000, 2, plain::Kind::Noise, 3), 3, 70000);
+        CompareResample(plain::Random(20000, 3, plain::Kind::Noise, 4), 70, 3);
     }
 
     void TheSameSizeIsACopyAlsoOfOneLineOrColumn()
