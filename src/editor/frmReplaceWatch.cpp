@@ -100,8 +100,12 @@ bool frmReplaceWatch::eventFilter(QObject* watched, QEvent* event)
 {
     if (!IsInput(event->type()))
         return false;
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    // The box has a shortcut of its own for Escape, which takes the key before it becomes a press.
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         isStopped = true;
+        if (box != nullptr)
+            box->cancel();
         return true;
     }
     if (IsOfBox(watched))

@@ -19,6 +19,25 @@ namespace {
 
 using Position = std::intptr_t; // bytes
 
+bool BeginsCharacter(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+Position CharacterCount(QByteArrayView text)
+{
+    return std::count_if(text.begin(), text.end(), BeginsCharacter);
+}
+
+// Behind that many characters, or the end of a shorter text.
+Position PositionOfCharacter(std::string_view text, Position number)
+{
+    std::size_t position = 0;
+    while (position < text.size() && (!BeginsCharacter(text[position]) || number-- > 0))
+        ++position;
+    return static_cast<Position>(position);
+}
+
 // Statuses of the control from here on are warnings.
 constexpr std::intptr_t FirstWarning = 1000;
 
@@ -326,7 +345,7 @@ void FindText(const QString& text)
         SelectWithSurroundings(sci, match->start, match->end);
         return;
     }
-    const Position caret = std::min<Position>(search.text.size() - 1, SendSci(sci, SCI_GETLENGTH));
+    const Position caret = PositionOfCharacter(SciText(sci), CharacterCount(search.text) - 1);
     SelectWithSurroundings(sci, CharacterStart(sci, caret), CharacterStart(sci, caret));
     TellNoMore(text);
 }

@@ -486,6 +486,15 @@ private Q_SLOTS:
         QVERIFY(TestBench::Text(document).startsWith("((("));
     }
 
+    void escapeInTheProgressBoxEndsItToo()
+    {
+        const cDocument* document = Open("o");
+        bench->ExpectModal(QStringLiteral("frmReplaceProgress"),
+                           [](QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Escape); });
+        ReplaceForEver([] {});
+        QVERIFY(TestBench::Text(document).startsWith("((("));
+    }
+
     void nothingElseGetsThroughMeanwhile()
     {
         const cDocument* document = Open("o");
