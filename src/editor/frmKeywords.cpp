@@ -2,7 +2,7 @@
 // The editor of the user's own keywords for the colouring.
 #include "editor/frmKeywords.h"
 
-#include "editor/frmPlainText.h"
+#include "platform/frmPlainText.h"
 #include "editor/modUserTexts.h"
 #include "platform/modDialogs.h"
 #include "platform/modPaths.h"

@@ -2,7 +2,7 @@
 // The snippet bench.
 #include "editor/frmSnip.h"
 
-#include "editor/frmPlainText.h"
+#include "platform/frmPlainText.h"
 #include "editor/modSnippets.h"
 #include "editor/modUserTexts.h"
 #include "platform/modDialogs.h"

@@ -2,6 +2,7 @@
 // The preferences: controls over a copy of the settings.
 #include "shell/frmOptions.h"
 
+#include "platform/frmPlainText.h"
 #include "platform/modDialogs.h"
 #include "platform/modPaths.h"
 #include "shell/frmColorSample.h"
@@ -39,13 +40,6 @@ void ShowOn(QWidget& control, int number)
         ShowOn(control, number > 0);
     else
         ShowOn(control, QString::number(number));
-}
-
-// The edit's own reading turns hard blanks into plain ones.
-QString TextOf(const QPlainTextEdit& edit)
-{
-    QString text = edit.document()->toRawText();
-    return text.replace(QChar::ParagraphSeparator, QLatin1Char('\n')).replace(QChar::LineSeparator, QLatin1Char('\n'));
 }
 
 QFont FontOf(const Preferences& values, int largest)
@@ -154,7 +148,7 @@ void frmOptions::ConnectButtons()
     connect(ui->chkBold, &QCheckBox::toggled, this, &frmOptions::ShowSampleFonts);
     connect(ui->txtTabSize, &QLineEdit::textChanged, this, &frmOptions::txtTabSize_Change);
     connect(ui->txtComments, &QPlainTextEdit::textChanged, this,
-            [this] { values.comments = TextOf(*ui->txtComments); });
+            [this] { values.comments = PlainTextOf(*ui->txtComments); });
     OnClick("cmdFont", [this] { cmdFont_Click(); });
     OnClick("optColorOn", [this] { optColor_Click(); });
     OnClick("optColorOff", [this] { optColor_Click(); });
