@@ -417,7 +417,9 @@ void GoBeforeSelection()
     if (document == nullptr)
         return;
     const Position start = SendSci(document->sci, SCI_GETSELECTIONSTART);
-    if (HasSelection(document->sci) && start > 2)
+    const QByteArrayView before(SciText(document->sci).substr(0, static_cast<std::size_t>(start)));
+    constexpr Position enough = 3;
+    if (HasSelection(document->sci) && CharacterCount(before.first(std::min(start, enough * MostBytesOfCharacter))) > 2)
         SendSci(document->sci, SCI_GOTOPOS, Unsigned(CharacterStart(document->sci, start - 1)));
 }
 

@@ -4,6 +4,7 @@
 
 #include "imaging/modBitmapFile.h"
 #include "platform/modDialogs.h"
+#include "platform/modFilePieces.h"
 #include "platform/modFiles.h"
 
 #include <QBuffer>
@@ -14,6 +15,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <vector>
 
 namespace ob {
 
@@ -51,16 +53,12 @@ void CopyLineOnWhite(const QImage& image, int line, std::uint8_t* target)
     }
 }
 
-QByteArray Joined(std::span<const ByteView> pieces)
+std::vector<QByteArrayView> ViewsOf(std::span<const ByteView> pieces)
 {
-    qsizetype size = 0;
+    std::vector<QByteArrayView> views;
     for (const ByteView piece : pieces)
-        size += static_cast<qsizetype>(piece.size());
-    QByteArray bytes;
-    bytes.reserve(size);
-    for (const ByteView piece : pieces)
-        bytes.append(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
-    return bytes;
+        views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
+    return views;
 }
 
 WriteResult ResultOf(const RuntimeError& error)
@@ -82,7 +80,7 @@ FileWriter WriterOf(Write write)
 {
     return [write](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
         try {
-            write(QString::fromStdString(fileName), Joined(pieces));
+            write(QString::fromStdString(fileName), FilePieces(ViewsOf(pieces)));
             return {};
         } catch (const RuntimeError& error) {
             return ResultOf(error);
@@ -169,12 +167,12 @@ FileReader DiskReader()
 
 FileWriter DiskWriter()
 {
-    return WriterOf([](const QString& path, const QByteArray& bytes) { ReplaceFile(path, bytes); });
+    return WriterOf([](const QString& path, FilePieces pieces) { ReplaceFile(path, pieces); });
 }
 
 FileWriter DiskWriterKeepingTail()
 {
-    return WriterOf([](const QString& path, const QByteArray& bytes) { WriteKeepingTail(path, bytes); });
+    return WriterOf([](const QString& path, FilePieces pieces) { WriteKeepingTail(path, pieces); });
 }
 
 NoticeSink NoticeBoxes()

@@ -3,10 +3,13 @@
 #include "obtool/toolPicture.h"
 
 #include "imagetools/modPicture.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modFilePieces.h"
 
 #include <QByteArray>
 
 #include <new>
+#include <vector>
 
 namespace ob {
 
@@ -46,14 +49,14 @@ cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format)
 FileWriter ToolWriter()
 {
     return [](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
-        QByteArray bytes;
-        qsizetype size = 0;
+        std::vector<QByteArrayView> views;
         for (const ByteView piece : pieces)
-            size += static_cast<qsizetype>(piece.size());
-        bytes.reserve(size);
-        for (const ByteView piece : pieces)
-            bytes.append(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
-        WriteOutput(fileName, bytes);
+            views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
+        try {
+            ReplaceFile(PathOf(fileName), FilePieces(views));
+        } catch (const RuntimeError& error) {
+            throw ToolFailure(fileName, error.description);
+        }
         return {};
     };
 }

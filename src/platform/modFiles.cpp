@@ -2,6 +2,8 @@
 // File work on descriptors, because only the system's error number tells a full disk from a closed door.
 #include "platform/modFiles.h"
 
+#include "platform/modFilePieces.h"
+
 #include "platform/cRuntimeError.h"
 
 #include <QDir>
@@ -272,7 +274,7 @@ FileInPlace OpenOrMake(const QString& path, Opening opening)
 }
 
 // Writes into a file that stays the same file; an error gives it back its old length, or removes it if it is new.
-void WriteIntoFile(const QString& path, Opening opening, std::initializer_list<QByteArrayView> pieces)
+void WriteIntoFile(const QString& path, Opening opening, FilePieces pieces)
 {
     const FileInPlace opened = OpenOrMake(path, opening);
     OpenFile file(opened.descriptor, path);
@@ -315,12 +317,13 @@ TemporaryFile MakeTemporaryFile(const fs::path& folder, const QString& callersPa
     Raise(ErrorNumber::PathFileAccess, callersPath);
 }
 
-void ReplaceByRename(const fs::path& target, QByteArrayView bytes, const QString& callersPath)
+void ReplaceByRename(const fs::path& target, FilePieces pieces, const QString& callersPath)
 {
     const TemporaryFile temporary = MakeTemporaryFile(target.parent_path(), callersPath);
     try {
         OpenFile file(temporary.descriptor, callersPath);
-        file.Write(bytes);
+        for (const QByteArrayView piece : pieces)
+            file.Write(piece);
         TakeOver(file.Descriptor(), target);
         file.Close();
         std::error_code error;
@@ -335,21 +338,25 @@ void ReplaceByRename(const fs::path& target, QByteArrayView bytes, const QString
 }
 
 // For a folder that takes no new file: the old bytes are kept and put back after an error.
-void ReplaceInPlace(const fs::path& target, QByteArrayView bytes, const QString& callersPath)
+void ReplaceInPlace(const fs::path& target, FilePieces pieces, const QString& callersPath)
 {
     const QByteArray old = ReadWhole(callersPath);
-    const auto put = [&](QByteArrayView content) {
-        WriteIntoFile(callersPath, Opening::InPlace, {content});
+    const auto put = [&](FilePieces content) {
+        WriteIntoFile(callersPath, Opening::InPlace, content);
+        std::uintmax_t size = 0;
+        for (const QByteArrayView piece : content)
+            size += static_cast<std::uintmax_t>(piece.size());
         std::error_code error;
-        fs::resize_file(target, static_cast<std::uintmax_t>(content.size()), error);
+        fs::resize_file(target, size, error);
         if (error)
             Raise(NumberOfSystemError(error.default_error_condition().value()), callersPath);
     };
     try {
-        put(bytes);
+        put(pieces);
     } catch (const RuntimeError&) {
         try {
-            put(old);
+            const QByteArrayView before(old);
+            put({&before, 1});
         } catch (const RuntimeError&) {
             // The first error tells the user more.
         }
@@ -447,6 +454,11 @@ QByteArray ReadWhole(const QString& path)
 
 void ReplaceFile(const QString& path, QByteArrayView bytes)
 {
+    ReplaceFile(path, FilePieces(&bytes, 1));
+}
+
+void ReplaceFile(const QString& path, FilePieces pieces)
+{
     RequireUsableName(path);
     const fs::path given = NativePath(path);
     std::error_code error;
@@ -454,7 +466,7 @@ void ReplaceFile(const QString& path, QByteArrayView bytes)
     if (fs::is_directory(status))
         Raise(ErrorNumber::PathFileAccess, path);
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        WriteIntoFile(path, Opening::InPlace, {bytes});
+        WriteIntoFile(path, Opening::InPlace, pieces);
         return;
     }
     const fs::path target = LinkTarget(given, path);
@@ -462,19 +474,25 @@ void ReplaceFile(const QString& path, QByteArrayView bytes)
         Raise(ErrorNumber::PathFileAccess, path);
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     if (fs::exists(status) && !MayWrite(folder))
-        ReplaceInPlace(target, bytes, path);
+        ReplaceInPlace(target, pieces, path);
     else
-        ReplaceByRename(target, bytes, path);
+        ReplaceByRename(target, pieces, path);
 }
 
 void AppendToFile(const QString& path, QByteArrayView bytes)
 {
-    WriteIntoFile(path, Opening::Append, {bytes, QByteArrayView("\r\n")});
+    const QByteArrayView pieces[] = {bytes, QByteArrayView("\r\n")};
+    WriteIntoFile(path, Opening::Append, pieces);
 }
 
 void WriteKeepingTail(const QString& path, QByteArrayView bytes)
 {
-    WriteIntoFile(path, Opening::InPlace, {bytes});
+    WriteKeepingTail(path, FilePieces(&bytes, 1));
+}
+
+void WriteKeepingTail(const QString& path, FilePieces pieces)
+{
+    WriteIntoFile(path, Opening::InPlace, pieces);
 }
 
 QString NameOf(const QString& path)

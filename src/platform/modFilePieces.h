@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Writing a file whose bytes lie in several places, so that a large one is not copied together first.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <span>
+
+namespace ob {
+
+using FilePieces = std::span<const QByteArrayView>;
+
+// As ReplaceFile and WriteKeepingTail of modFiles.h, the pieces one behind the other.
+void ReplaceFile(const QString& path, FilePieces pieces);
+void WriteKeepingTail(const QString& path, FilePieces pieces);
+
+} // namespace ob
