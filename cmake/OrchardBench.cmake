@@ -62,7 +62,17 @@ macro(ob_need_header variable header package)
   endif()
 endmacro()
 
+# Asks pkg-config for a library, as the target PkgConfig::VARIABLE.
+macro(ob_need_library variable library package)
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(${variable} IMPORTED_TARGET QUIET ${library})
+  if(NOT TARGET PkgConfig::${variable})
+    message(FATAL_ERROR "${library} was not found. On Debian: apt-get install ${package}")
+  endif()
+endmacro()
+
 ob_need_qt(qt6-base-dev Core Gui)
+ob_need_library(LIBZIP libzip libzip-dev)
 if(OB_TESTS)
   ob_need_qt(qt6-base-dev Test)
 endif()

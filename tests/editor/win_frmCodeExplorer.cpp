@@ -5,6 +5,8 @@
 
 #include "editor/cDocument.h"
 #include "editor/frmCodeExplorer.h"
+
+#include "platform/modFolders.h"
 #include "shell/Module1.h"
 
 #include <QComboBox>
@@ -212,7 +214,7 @@ private Q_SLOTS:
         drives->setCurrentIndex(-1);
         QTest::keyClick(drives, Qt::Key_Home);
         QCOMPARE(drives->currentIndex(), 0);
-        QTRY_COMPARE(Folders(*window).size(), 1 + ReadFolder(QDir::rootPath()).folders.size());
+        QTRY_COMPARE(Folders(*window).size(), 1 + ReadFolder(QDir::rootPath(), {}).folders.size());
         QCOMPARE(Control<QTreeView>(*window, "Dir1")->currentIndex().data().toString(), drives->currentText());
     }
 
