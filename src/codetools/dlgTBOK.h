@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Asks what the toolbar code is for: a new window, or one that is there.
+#pragma once
+
+#include <QDialog>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class dlgTBOK;
+}
+
+namespace ob {
+
+class dlgTBOK final : public QDialog {
+    Q_OBJECT
+
+public:
+    static constexpr char ManualPage[] = "toolbar-maker";
+
+    explicit dlgTBOK(QWidget* parent = nullptr);
+    ~dlgTBOK() override;
+
+    // Once it was accepted: the handle of the window that is there; nothing for a new one.
+    std::optional<QString> Handle() const { return handle; }
+
+private:
+    void optAdd_Click();
+    void OKButton_Click();
+
+    std::unique_ptr<Ui::dlgTBOK> ui;
+    std::optional<QString> handle;
+};
+
+} // namespace ob

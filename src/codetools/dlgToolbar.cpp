@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The toolbar maker.
+#include "codetools/dlgToolbar.h"
+
+#include "codetools/dlgImage.h"
+#include "codetools/dlgTBOK.h"
+#include "codetools/modToolbarStrip.h"
+#include "editor/cDocument.h"
+#include "editor/modDocument.h"
+#include "imagetools/modPicture.h"
+#include "imagetools/modStrip256.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modDialogs.h"
+#include "platform/modFolders.h"
+#include "platform/modPaths.h"
+#include "shell/Module1.h"
+#include "shell/frmTool.h"
+#include "ui_dlgToolbar.h"
+
+#include <QDir>
+
+namespace ob {
+
+namespace {
+
+// Where the pictures go, and how the listing names that place.
+struct BitmapPlace {
+    QString path;
+    QString text;
+};
+
+// Nothing when no name was given; a toolbar for a window that is there has a place for that.
+std::optional<BitmapPlace> AskForBitmap(const ToolbarSpec& spec)
+{
+    FileSpec box{FilePurpose::Save, QStringLiteral("Save Bitmap"), {}, {}, QStringLiteral("Bitmap (*.bmp)|*.bmp")};
+    box.extension = QStringLiteral("bmp");
+    const QString chosen = FileBox(box);
+    if (!chosen.isEmpty())
+        return BitmapPlace{chosen, chosen};
+    if (!spec.handle) {
+        MsgBox(QStringLiteral("You must choose a name for the toolbar bitmap."), BoxIcon::Exclamation);
+        return std::nullopt;
+    }
+    // The text has two backslashes; the system takes them for one.
+    const QString name = QStringLiteral("toolbar.bmp");
+    return BitmapPlace{PathIn(ProgramFolder(), name),
+                       QDir::toNativeSeparators(ProgramFolder()) + QStringLiteral("\\\\") + name};
+}
+
+bool SaveStrip(const QList<QImage>& pictures, const QString& path)
+{
+    try {
+        SaveAs256(CreateFromPicture(ToolbarStrip(pictures)), path);
+        return true;
+    } catch (const RuntimeError&) {
+        MsgBox(QStringLiteral("Error saving bitmap."), BoxIcon::Critical);
+        return false;
+    }
+}
+
+} // namespace
+
+dlgToolbar::dlgToolbar(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgToolbar>())
+{
+    ui->setupUi(this);
+    ui->cboBranch->hide();
+    ui->cboTips->hide();
+    const auto on = [this](const QPushButton* button, void (dlgToolbar::*handler)()) {
+        connect(button, &QPushButton::clicked, this, [this, handler] { RunCommand([&] { (this->*handler)(); }); });
+    };
+    on(ui->cmdAdd, &dlgToolbar::cmdAdd_Click);
+    on(ui->cmdStandard, &dlgToolbar::cmdStandard_Click);
+    on(ui->cmdRemove, &dlgToolbar::cmdRemove_Click);
+    on(ui->OKButton, &dlgToolbar::OKButton_Click);
+    connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+    for (const QRadioButton* option : findChildren<QRadioButton*>())
+        connect(option, &QRadioButton::toggled, this, [this] { RunCommand([this] { ShowButtons(); }); });
+    ShowButtons();
+}
+
+dlgToolbar::~dlgToolbar() = default;
+
+ToolbarSpec dlgToolbar::Spec() const
+{
+    ToolbarSpec spec;
+    for (int i = 0; i < ui->cboBranch->count(); ++i)
+        spec.buttons.append({ui->cboBranch->itemText(i), ui->cboTips->itemText(i)});
+    spec.style = ui->optFlat->isChecked() ? ToolbarStyle::Flat : ToolbarStyle::Raised;
+    spec.border = ui->optBorder->isChecked()  ? ToolbarBorder::Thin
+                  : ui->optThick->isChecked() ? ToolbarBorder::Thick
+                                              : ToolbarBorder::None;
+    return spec;
+}
+
+void dlgToolbar::ShowButtons()
+{
+    const bool isEmpty = pictures.isEmpty();
+    ui->picBar->setPixmap(QPixmap::fromImage(ToolbarStrip(pictures)));
+    if (isEmpty)
+        ui->picBar->setText(QStringLiteral("No buttons: add the first one with Custom or Standard."));
+    ui->cmdRemove->setEnabled(!isEmpty);
+    ToolbarSpec spec = Spec();
+    spec.bitmap = QStringLiteral("toolbar.bmp");
+    ui->txtPreview->ShowCode(isEmpty ? QString() : ToolbarCode(spec));
+}
+
+// The button is there once both questions have been asked; Cancel is an empty answer.
+void dlgToolbar::AddButton(const QImage& picture)
+{
+    const qsizetype number = pictures.size() + 1;
+    const QString numberText = QString::number(number);
+    const auto branch = InputBox(QStringLiteral("Please type a branch label for this button.") + numberText,
+                                 windowTitle(), QStringLiteral("branch") + numberText);
+    const auto tip = InputBox(QStringLiteral("Please type a tooltip caption for this button."), windowTitle(),
+                              QStringLiteral("tooltip"));
+    pictures.append(picture);
+    ui->cboBranch->addItem(ToolbarBranchOf(branch.value_or(QString()), number));
+    ui->cboTips->addItem(ToolbarTipOf(tip.value_or(QString()), number));
+    ShowButtons();
+}
+
+void dlgToolbar::cmdAdd_Click()
+{
+    FileSpec box{FilePurpose::Open, {}, {}, {}, QStringLiteral("Images (*.bmp)(*.ico)|*.BMP;*.ICO")};
+    box.extension = QStringLiteral("BMP");
+    const QString path = FileBox(box);
+    if (!path.isEmpty())
+        AddButton(ToolbarPicture(path));
+}
+
+void dlgToolbar::cmdStandard_Click()
+{
+    dlgImage images(this);
+    BindManualPage(images, dlgImage::ManualPage);
+    images.exec();
+    if (ToolImageIndex != 0)
+        AddButton(dlgImage::StandardImage(ToolImageIndex));
+}
+
+void dlgToolbar::cmdRemove_Click()
+{
+    pictures.removeLast();
+    ui->cboBranch->removeItem(ui->cboBranch->count() - 1);
+    ui->cboTips->removeItem(ui->cboTips->count() - 1);
+    ShowButtons();
+}
+
+void dlgToolbar::OKButton_Click()
+{
+    if (pictures.isEmpty())
+        return;
+    dlgTBOK target(this);
+    BindManualPage(target, dlgTBOK::ManualPage);
+    if (target.exec() != QDialog::Accepted)
+        return;
+    ToolbarSpec spec = Spec();
+    spec.handle = target.Handle();
+    const auto place = AskForBitmap(spec);
+    if (!place || !SaveStrip(pictures, place->path))
+        return;
+    spec.bitmap = place->text;
+    accept();
+    cDocument* document = NewDocument();
+    if (document == nullptr)
+        return;
+    SendTextToDocument(ToolbarCode(spec), UntitledName);
+    document->Tag = TagOpen; // the next new window is another one
+}
+
+void mnuToolbar_Click()
+{
+    ShowToolModally<dlgToolbar>();
+}
+
+} // namespace ob

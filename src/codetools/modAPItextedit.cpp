@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The text editor sample.
+#include "codetools/modAPItextedit.h"
+
+#include "editor/cDocument.h"
+#include "editor/modDocument.h"
+#include "shell/Module1.h"
+#include "shell/modTexts.h"
+
+namespace ob {
+
+QByteArray TextEditorCode()
+{
+    const auto text = CarriedText(QStringLiteral("texteditor.bas"));
+    Q_ASSERT(text);
+    return {text->data(), static_cast<qsizetype>(text->size())};
+}
+
+void mnuToolTE_Click()
+{
+    cDocument* document = NewDocument();
+    if (document == nullptr)
+        return;
+    SendToDocument(TextEditorCode(), UntitledName);
+    document->Tag = TagOpen; // the next new window is another one
+}
+
+} // namespace ob

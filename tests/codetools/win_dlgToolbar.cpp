@@ -1,0 +1,345 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The toolbar maker, as used: pictures from disk and from the set, labels and tips, the bitmap, the listing.
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "codetools/dlgImage.h"
+#include "codetools/dlgToolbar.h"
+#include "codetools/modToolbarStrip.h"
+#include "editor/cDocument.h"
+#include "platform/modAnsi.h"
+#include "platform/modPaths.h"
+#include "shell/Module1.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QImageReader>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+using namespace ob;
+
+namespace {
+
+const QString OpenFilter = QStringLiteral("Images (*.bmp)(*.ico)|*.BMP;*.ICO");
+const QString SaveTitle = QStringLiteral("Save Bitmap");
+const QString SaveFilter = QStringLiteral("Bitmap (*.bmp)|*.bmp");
+
+template <class Kind>
+Kind* Control(const QWidget& window, const char* name)
+{
+    return window.findChild<Kind*>(QString::fromLatin1(name));
+}
+
+void Press(const QWidget& window, const char* name)
+{
+    QTest::mouseClick(Control<QPushButton>(window, name), Qt::LeftButton);
+}
+
+QImage Plain(QColor color, int width = 16, int height = 16)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
+}
+
+} // namespace
+
+class win_dlgToolbar : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestBench> bench;
+
+    QString Picture(const QString& name, const QImage& image) const
+    {
+        const QString path = bench->Path(name);
+        if (!image.save(path))
+            QTest::qFail("the picture was not written", __FILE__, __LINE__);
+        return path;
+    }
+
+    void ExpectQuestions(const QString& number, const std::optional<QString>& branch, const std::optional<QString>& tip)
+    {
+        const QString title = QStringLiteral("Toolbar Maker");
+        bench->dialogs.ExpectInput({QStringLiteral("Please type a branch label for this button.") + number, title,
+                                    QStringLiteral("branch") + number},
+                                   branch);
+        bench->dialogs.ExpectInput(
+            {QStringLiteral("Please type a tooltip caption for this button."), title, QStringLiteral("tooltip")}, tip);
+    }
+
+    void AddFromDisk(const QWidget& window, const QString& path, const QString& number,
+                     const std::optional<QString>& branch, const std::optional<QString>& tip)
+    {
+        bench->dialogs.ExpectFile(FilePurpose::Open, {}, OpenFilter, path);
+        ExpectQuestions(number, branch, tip);
+        Press(window, "cmdAdd");
+    }
+
+    // Answers the window that asks what the code is for; nothing leaves it by Cancel.
+    void ExpectTarget(const std::optional<QString>& handle)
+    {
+        bench->ExpectModal(QStringLiteral("dlgTBOK"), [handle](QDialog& target) {
+            if (!handle)
+                return Press(target, "CancelButton");
+            if (!handle->isEmpty()) {
+                Control<QRadioButton>(target, "optAdd1")->click();
+                Control<QLineEdit>(target, "txtHandle")->setText(*handle);
+            }
+            Press(target, "OKButton");
+        });
+    }
+
+    // Runs the maker from its menu item.
+    void WithMaker(std::function<void(QDialog&)> script)
+    {
+        bench->ExpectModal(QStringLiteral("dlgToolbar"), std::move(script));
+        bench->Choose(QStringLiteral("mnuToolbar"));
+        QVERIFY(bench->dialogs.Finished());
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        ToolImageIndex = 1;
+        bench = std::make_unique<TestBench>();
+        bench->Start();
+    }
+    void cleanup() { bench.reset(); }
+
+    void aNewWindowComesWithItsBitmap()
+    {
+        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red, 40, 20));
+        const QString blue = Picture(QStringLiteral("blue.bmp"), Plain(Qt::blue));
+        const QString strip = bench->Path(QStringLiteral("strip.bmp"));
+        WithMaker([&](QDialog& maker) {
+            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("open"), QStringLiteral("Open"));
+            AddFromDisk(maker, blue, QStringLiteral("2"), std::nullopt, std::nullopt);
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->itemText(1), QStringLiteral("[branch2]"));
+            QCOMPARE(Control<QComboBox>(maker, "cboTips")->itemText(1), QStringLiteral("branch2 tooltip"));
+            QCOMPARE(Control<QLabel>(maker, "picBar")->pixmap().size(), QSize(32, 16));
+            QVERIFY(Control<QPlainTextEdit>(maker, "txtPreview")->toPlainText().contains(QStringLiteral("[open]")));
+            Control<QRadioButton>(maker, "optThick")->click();
+            ExpectTarget(QString());
+            bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, strip);
+            Press(maker, "OKButton");
+            QVERIFY(!maker.isVisible());
+        });
+        ToolbarSpec spec;
+        spec.buttons = {{QStringLiteral("[open]"), QStringLiteral("Open")},
+                        {QStringLiteral("[branch2]"), QStringLiteral("branch2 tooltip")}};
+        spec.border = ToolbarBorder::Thick;
+        spec.bitmap = strip;
+        QCOMPARE(TestBench::Text(bench->Active()), ToolbarCode(spec).toUtf8());
+        QCOMPARE(bench->Active()->Caption(), QStringLiteral("untitled.bas"));
+
+        const QImage written(strip);
+        QCOMPARE(written.format(), QImage::Format_Indexed8);
+        QCOMPARE(written.size(), QSize(32, 16));
+        QCOMPARE(written.pixelColor(5, 5), QColor(Qt::red));
+        QCOMPARE(written.pixelColor(20, 15), QColor(Qt::blue));
+    }
+
+    void anExistingWindowFallsBackToTheProgramsFolder()
+    {
+        WithMaker([&](QDialog& maker) {
+            bench->ExpectModal(QStringLiteral("dlgImage"), [](QDialog& images) { Press(images, "OKButton"); });
+            ExpectQuestions(QStringLiteral("1"), QStringLiteral("[new]"), QStringLiteral("New"));
+            Press(maker, "cmdStandard");
+            ExpectTarget(QStringLiteral("win"));
+            bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
+            Press(maker, "OKButton");
+        });
+        const QByteArray code = TestBench::Text(bench->Active());
+        const QString name = QDir::toNativeSeparators(ProgramFolder()) + QStringLiteral("\\\\toolbar.bmp");
+        QVERIFY(code.contains(QStringLiteral("LoadBitmapSystemColors(\"%1\")").arg(name).toUtf8()));
+        QVERIFY(code.contains("    hMain = Hwnd(#win)"));
+        QVERIFY(!code.contains("'Program saved as"));
+        QCOMPARE(QImage(bench->ProgramPath(QStringLiteral("toolbar.bmp"))).convertToFormat(QImage::Format_RGB32),
+                 dlgImage::StandardImage(1).convertToFormat(QImage::Format_RGB32));
+    }
+
+    void aNewWindowNeedsANameForTheBitmap()
+    {
+        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        WithMaker([&](QDialog& maker) {
+            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            ExpectTarget(QString());
+            bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
+            bench->dialogs.ExpectMessage(QStringLiteral("You must choose a name for the toolbar bitmap."),
+                                         BoxAnswer::Ok, BoxIcon::Exclamation);
+            Press(maker, "OKButton");
+            QVERIFY(maker.isVisible());
+            QVERIFY(bench->Active() == nullptr);
+            Press(maker, "CancelButton");
+        });
+    }
+
+    void aBitmapThatCannotBeSavedGivesNoListing()
+    {
+        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        WithMaker([&](QDialog& maker) {
+            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            for (const QString& place : {bench->Path(QStringLiteral("nowhere/strip.bmp")), bench->Path({})}) {
+                ExpectTarget(QString());
+                bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, place);
+                bench->dialogs.ExpectMessage(QStringLiteral("Error saving bitmap."));
+                Press(maker, "OKButton");
+                QVERIFY(maker.isVisible());
+            }
+            QVERIFY(bench->Active() == nullptr);
+            Press(maker, "CancelButton");
+        });
+    }
+
+#ifdef Q_OS_LINUX
+    void aFullDiskLeavesTheOldBitmap()
+    {
+        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        WithMaker([&](QDialog& maker) {
+            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            ExpectTarget(QString());
+            bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, QStringLiteral("/dev/full"));
+            bench->dialogs.ExpectMessage(QStringLiteral("Error saving bitmap."));
+            Press(maker, "OKButton");
+            Press(maker, "CancelButton");
+        });
+    }
+#endif
+
+    void withoutButtonsNothingHappens()
+    {
+        WithMaker([&](QDialog& maker) {
+            QVERIFY(!Control<QPushButton>(maker, "cmdRemove")->isEnabled());
+            Press(maker, "OKButton");
+            QVERIFY(maker.isVisible());
+            QTest::keyClick(&maker, Qt::Key_Escape);
+            QVERIFY(!maker.isVisible());
+        });
+    }
+
+    void theHandleIsAskedForUntilItStands()
+    {
+        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        WithMaker([&](QDialog& maker) {
+            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            bench->ExpectModal(QStringLiteral("dlgTBOK"), [this](QDialog& target) {
+                QVERIFY(!Control<QLineEdit>(target, "txtHandle")->isEnabled());
+                Control<QRadioButton>(target, "optAdd1")->click();
+                QVERIFY(Control<QLineEdit>(target, "txtHandle")->isEnabled());
+                bench->dialogs.ExpectMessage(NoHandleText, BoxAnswer::Ok, BoxIcon::Exclamation);
+                Press(target, "OKButton");
+                QVERIFY(target.isVisible());
+                Press(target, "CancelButton");
+            });
+            Press(maker, "OKButton");
+            QVERIFY(maker.isVisible());
+            Press(maker, "CancelButton");
+        });
+    }
+
+    void theLastButtonCanBeTakenAway()
+    {
+        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        WithMaker([&](QDialog& maker) {
+            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            Press(maker, "cmdRemove");
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->count(), 0);
+            QVERIFY(Control<QPlainTextEdit>(maker, "txtPreview")->toPlainText().isEmpty());
+            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("b"), QStringLiteral("B"));
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->itemText(0), QStringLiteral("[b]"));
+            Press(maker, "CancelButton");
+        });
+    }
+
+    void aFileThatIsNoPictureIsToldAndAddsNoButton()
+    {
+        const QString junk = bench->Write(QStringLiteral("junk.bmp"), "BMjunk");
+        WithMaker([&](QDialog& maker) {
+            bench->dialogs.ExpectFile(FilePurpose::Open, {}, OpenFilter, junk);
+            bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '481':\nInvalid picture"));
+            Press(maker, "cmdAdd");
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->count(), 0);
+            bench->dialogs.ExpectFile(FilePurpose::Open, {}, OpenFilter, {});
+            Press(maker, "cmdAdd");
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->count(), 0);
+            Press(maker, "CancelButton");
+        });
+    }
+
+    void theSetIsSteppedThroughInARing()
+    {
+        const int count = dlgImage::StandardImageCount();
+        QVERIFY(count >= 24);
+        dlgImage images;
+        const auto* place = Control<QLabel>(images, "lblPlace");
+        QCOMPARE(place->text(), QStringLiteral("1 of %1").arg(count));
+        Press(images, "cmdNext0");
+        QCOMPARE(ToolImageIndex, count);
+        Press(images, "cmdNext1");
+        QCOMPARE(ToolImageIndex, 1);
+        for (int i = 1; i < count; ++i)
+            Press(images, "cmdNext1");
+        QCOMPARE(ToolImageIndex, count);
+        Press(images, "OKButton");
+        QCOMPARE(ToolImageIndex, count);
+        dlgImage again;
+        QCOMPARE(ToolImageIndex, count);
+        Press(again, "CancelButton");
+        QCOMPARE(ToolImageIndex, 0);
+        const dlgImage fresh;
+        QCOMPARE(ToolImageIndex, 1);
+    }
+
+    void leavingTheSetAddsNoButton()
+    {
+        WithMaker([&](QDialog& maker) {
+            bench->ExpectModal(QStringLiteral("dlgImage"),
+                               [](QDialog& images) { QTest::keyClick(&images, Qt::Key_Escape); });
+            Press(maker, "cmdStandard");
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->count(), 0);
+            Press(maker, "CancelButton");
+        });
+    }
+
+    // Each is drawn in the system's colours, so that none changes on its way into the 256-colour strip.
+    void theSetUsesTheSixteenColoursAlone()
+    {
+        QSet<QRgb> colors;
+        for (int number = 1; number <= dlgImage::StandardImageCount(); ++number) {
+            const QImage image = dlgImage::StandardImage(number).convertToFormat(QImage::Format_RGB32);
+            QCOMPARE(image.size(), QSize(16, 16));
+            QSet<QRgb> own;
+            for (int y = 0; y < 16; ++y)
+                for (int x = 0; x < 16; ++x)
+                    own.insert(image.pixel(x, y));
+            QVERIFY(own.size() > 1);
+            colors.unite(own);
+        }
+        for (const QRgb color : colors) {
+            for (const int part : {qRed(color), qGreen(color), qBlue(color)})
+                QVERIFY2(part == 0 || part == 128 || part == 192 || part == 255, qPrintable(QColor(color).name()));
+        }
+    }
+
+    void anIconTakesTheGreyOfAButton()
+    {
+        QImage icon(16, 16, QImage::Format_ARGB32);
+        icon.fill(Qt::transparent);
+        icon.setPixel(3, 4, qRgb(255, 0, 0));
+        const QString path = Picture(QStringLiteral("a.ico"), icon);
+        const QImage button = ToolbarPicture(path);
+        QCOMPARE(button.pixel(0, 0), qRgb(192, 192, 192));
+        QCOMPARE(button.pixel(3, 4), qRgb(255, 0, 0));
+    }
+};
+
+OB_BENCH_TEST(win_dlgToolbar)
+#include "win_dlgToolbar.moc"
