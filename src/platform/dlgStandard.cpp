@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace ob {
 
 namespace {
@@ -23,7 +25,7 @@ QWidget* Owner()
     return QApplication::activeWindow();
 }
 
-// A box that asks yes or no is left by its two buttons only: neither Escape nor the close button is an answer.
+// A box that asks and has no Cancel is left by its buttons only: neither Escape nor the close button is an answer.
 class QuestionBox final : public QMessageBox {
 public:
     enum Leaving { MayBeLeft, NeedsAnswer };
@@ -79,6 +81,28 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons)
         return QMessageBox::Yes | QMessageBox::No;
     case BoxButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case BoxButtons::RetryCancel:
+        return QMessageBox::Retry | QMessageBox::Cancel;
+    case BoxButtons::AbortRetryIgnore:
+        return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    }
+    return QMessageBox::Ok;
+}
+
+// The first one, as its system puts them.
+QMessageBox::StandardButton DefaultOf(BoxButtons buttons)
+{
+    switch (buttons) {
+    case BoxButtons::Ok:
+    case BoxButtons::OkCancel:
+        return QMessageBox::Ok;
+    case BoxButtons::YesNo:
+    case BoxButtons::YesNoCancel:
+        return QMessageBox::Yes;
+    case BoxButtons::RetryCancel:
+        return QMessageBox::Retry;
+    case BoxButtons::AbortRetryIgnore:
+        return QMessageBox::Abort;
     }
     return QMessageBox::Ok;
 }
@@ -92,6 +116,12 @@ BoxAnswer AnswerOf(int button)
         return BoxAnswer::Yes;
     case QMessageBox::No:
         return BoxAnswer::No;
+    case QMessageBox::Abort:
+        return BoxAnswer::Abort;
+    case QMessageBox::Retry:
+        return BoxAnswer::Retry;
+    case QMessageBox::Ignore:
+        return BoxAnswer::Ignore;
     default:
         return BoxAnswer::Cancel;
     }
@@ -124,14 +154,14 @@ QLineEdit* FamilyShownBy(const QFontDialog& box)
 
 BoxAnswer dlgStandard::Message(const MessageSpec& spec)
 {
-    QuestionBox box(Owner(), spec.buttons == BoxButtons::YesNo ? QuestionBox::NeedsAnswer : QuestionBox::MayBeLeft);
+    const bool needsAnswer = spec.buttons == BoxButtons::YesNo || spec.buttons == BoxButtons::AbortRetryIgnore;
+    QuestionBox box(Owner(), needsAnswer ? QuestionBox::NeedsAnswer : QuestionBox::MayBeLeft);
     box.setWindowTitle(spec.title.isEmpty() ? QStringLiteral("OB Bench") : spec.title);
     box.setTextFormat(Qt::PlainText);
     box.setText(spec.text);
     box.setIcon(IconOf(spec.icon));
     box.setStandardButtons(ButtonsOf(spec.buttons));
-    const bool asks = spec.buttons == BoxButtons::YesNo || spec.buttons == BoxButtons::YesNoCancel;
-    box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+    box.setDefaultButton(DefaultOf(spec.buttons));
     return AnswerOf(box.exec());
 }
 
@@ -152,15 +182,37 @@ std::optional<QString> dlgStandard::Input(const InputSpec& spec)
     return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
 }
 
+// The toolkit's own box names the chosen filter without its patterns, a system's box with them.
+static int PlaceOfFilter(const QFileDialog& box)
+{
+    const QString chosen = box.selectedNameFilter();
+    const QStringList filters = box.nameFilters();
+    for (int i = 0; i < filters.size(); ++i)
+        if (filters[i] == chosen ||
+            filters[i].first(std::max<qsizetype>(0, filters[i].lastIndexOf(QLatin1String(" (")))) == chosen)
+            return i;
+    return 0;
+}
+
 QString dlgStandard::File(const FileSpec& spec)
 {
     const QDir folder(spec.folder.isEmpty() ? QDir::currentPath() : spec.folder);
-    const QString start = spec.name.isEmpty() ? folder.path() : folder.filePath(spec.name);
     const QString filters = ToolkitFilters(spec);
-    constexpr QFileDialog::Options options = QFileDialog::HideNameFilterDetails;
-    const QString chosen = spec.purpose == FilePurpose::Open
-                               ? QFileDialog::getOpenFileName(Owner(), spec.title, start, filters, nullptr, options)
-                               : QFileDialog::getSaveFileName(Owner(), spec.title, start, filters, nullptr, options);
+    QFileDialog box(Owner(), spec.title, folder.path(), filters);
+    box.setOption(QFileDialog::HideNameFilterDetails);
+    const bool saves = spec.purpose == FilePurpose::Save;
+    box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    box.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    box.setDefaultSuffix(spec.extension);
+    if (!spec.name.isEmpty())
+        box.selectFile(folder.filePath(spec.name));
+    if (spec.filterIndex != nullptr)
+        box.selectNameFilter(box.nameFilters().value(*spec.filterIndex));
+    if (box.exec() != QDialog::Accepted)
+        return {};
+    if (spec.filterIndex != nullptr)
+        *spec.filterIndex = PlaceOfFilter(box);
+    const QString chosen = box.selectedFiles().value(0);
     return QDir::toNativeSeparators(chosen);
 }
 

@@ -29,7 +29,10 @@ public:
         case BoxButtons::YesNo:
             return BoxAnswer::No;
         case BoxButtons::YesNoCancel:
+        case BoxButtons::RetryCancel:
             return BoxAnswer::Cancel;
+        case BoxButtons::AbortRetryIgnore:
+            return BoxAnswer::Abort;
         }
         return BoxAnswer::Cancel;
     }

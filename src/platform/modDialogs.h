@@ -14,8 +14,8 @@ namespace ob {
 class RuntimeError;
 
 enum class BoxIcon { None, Critical, Question, Exclamation, Information };
-enum class BoxButtons { Ok, OkCancel, YesNo, YesNoCancel };
-enum class BoxAnswer { Ok, Cancel, Yes, No };
+enum class BoxButtons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
+enum class BoxAnswer { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
 enum class FilePurpose { Open, Save };
 
 struct MessageSpec {
@@ -37,6 +37,11 @@ struct FileSpec {
     QString folder; // where the dialog starts; empty: the current directory
     QString name;   // the name that stands in the field at first
     QString filter; // "Words|*.bas;*.bak|Other words|*.*": pairs of text and patterns
+
+    QString extension = {}; // "bmp": what a name without one gets when it is saved
+
+    // Where it is not null: the place of the filter that is shown first and, afterwards, of the one chosen, from 0.
+    int* filterIndex = nullptr;
 };
 
 struct ColorSpec {

@@ -6,8 +6,11 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QDir>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <functional>
@@ -82,6 +85,33 @@ private Q_SLOTS:
         boxes.Message({QStringLiteral("<b>a & b</b>"), BoxIcon::None, BoxButtons::Ok, QStringLiteral("T")});
     }
 
+    void retryIsPressedByEnterAndCancelByEscape()
+    {
+        dlgStandard boxes;
+        const MessageSpec spec{QStringLiteral("Again?"), BoxIcon::None, BoxButtons::RetryCancel, {}};
+        WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        QCOMPARE(boxes.Message(spec), BoxAnswer::Retry);
+        WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        QCOMPARE(boxes.Message(spec), BoxAnswer::Cancel);
+    }
+
+    void abortRetryIgnoreIsLeftByItsButtonsAlone()
+    {
+        dlgStandard boxes;
+        const MessageSpec spec{QStringLiteral("Failed."), BoxIcon::None, BoxButtons::AbortRetryIgnore, {}};
+        WithBox([](QWidget& box) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+            box.close();
+            QVERIFY(box.isVisible());
+            Press(box, QMessageBox::Ignore);
+        });
+        QCOMPARE(boxes.Message(spec), BoxAnswer::Ignore);
+        WithBox([](QWidget& box) { Press(box, QMessageBox::Retry); });
+        QCOMPARE(boxes.Message(spec), BoxAnswer::Retry);
+        WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        QCOMPARE(boxes.Message(spec), BoxAnswer::Abort);
+    }
+
     void inputGivesTheTextOrNothing()
     {
         dlgStandard boxes;
@@ -95,6 +125,46 @@ private Q_SLOTS:
                  std::optional(QStringLiteral("42")));
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         QCOMPARE(boxes.Input({QStringLiteral("Line number?"), {}, {}}), std::optional<QString>());
+    }
+
+    void aSavedNameGetsTheExtensionAndTellsItsFilter()
+    {
+        const QTemporaryDir folder;
+        dlgStandard boxes;
+        int filterIndex = 1;
+        FileSpec spec{FilePurpose::Save, QStringLiteral("Save"), folder.path(), {}, {}, QStringLiteral("bmp")};
+        spec.filter = QStringLiteral("Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp");
+        spec.filterIndex = &filterIndex;
+        const auto saveAs = [&](const char* name, int filter) {
+            WithBox([name, filter, &filterIndex](QWidget& box) {
+                auto& dialog = dynamic_cast<QFileDialog&>(box);
+                QVERIFY(dialog.nameFilters().at(filterIndex).startsWith(dialog.selectedNameFilter()));
+                dialog.selectNameFilter(dialog.nameFilters().at(filter));
+                auto* field = box.findChild<QLineEdit*>();
+                field->setText(QString::fromLatin1(name));
+                QTest::keyClick(field, Qt::Key_Return);
+            });
+            return QDir::fromNativeSeparators(boxes.File(spec));
+        };
+        QCOMPARE(saveAs("strip", 0), folder.filePath(QStringLiteral("strip.bmp")));
+        QCOMPARE(filterIndex, 0);
+        QCOMPARE(saveAs("strip.ico", 1), folder.filePath(QStringLiteral("strip.ico")));
+        QCOMPARE(filterIndex, 1);
+    }
+
+    void theOfferedNameStandsInTheField()
+    {
+        const QTemporaryDir folder;
+        dlgStandard boxes;
+        FileSpec spec{FilePurpose::Save, QStringLiteral("Save"), folder.path(), QStringLiteral("a.txt"), {}};
+        WithBox([](QWidget& box) {
+            auto* field = box.findChild<QLineEdit*>();
+            QCOMPARE(field->text(), QStringLiteral("a.txt"));
+            QTest::keyClick(field, Qt::Key_Return);
+        });
+        QCOMPARE(QDir::fromNativeSeparators(boxes.File(spec)), folder.filePath(QStringLiteral("a.txt")));
+        WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        QVERIFY(boxes.File(spec).isEmpty());
     }
 };
 

@@ -90,9 +90,9 @@ void ScriptedDialogs::ExpectInput(const InputSpec& spec, const std::optional<QSt
 }
 
 void ScriptedDialogs::ExpectFile(FilePurpose purpose, const QString& title, const QString& filter,
-                                 const QString& answer)
+                                 const QString& answer, int filterIndex)
 {
-    steps.append({Describe(purpose, title, filter), BoxAnswer::Ok, answer, {}, {}});
+    steps.append({Describe(purpose, title, filter), BoxAnswer::Ok, answer, {}, {}, filterIndex});
 }
 
 bool ScriptedDialogs::Finished() const
@@ -129,7 +129,11 @@ std::optional<QString> ScriptedDialogs::Input(const InputSpec& spec)
 QString ScriptedDialogs::File(const FileSpec& spec)
 {
     const auto step = Next(Describe(spec.purpose, spec.title, spec.filter));
-    return step ? step->text.value_or(QString()) : QString();
+    if (!step)
+        return {};
+    if (spec.filterIndex != nullptr)
+        *spec.filterIndex = step->filterIndex;
+    return step->text.value_or(QString());
 }
 
 QString ScriptedDialogs::Folder(const FolderSpec& spec)

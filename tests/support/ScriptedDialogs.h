@@ -18,7 +18,9 @@ public:
                        BoxButtons buttons = BoxButtons::Ok, const QString& title = {});
     void ExpectQuestion(const QString& text, BoxAnswer answer);
     void ExpectInput(const InputSpec& spec, const std::optional<QString>& answer);
-    void ExpectFile(FilePurpose purpose, const QString& title, const QString& filter, const QString& answer);
+    // The filter's place goes to a caller that asks for it.
+    void ExpectFile(FilePurpose purpose, const QString& title, const QString& filter, const QString& answer,
+                    int filterIndex = 0);
 
     void ExpectFolder(const QString& title, const QString& answer);
     void ExpectColor(const QString& title, std::uint32_t start, std::optional<std::uint32_t> answer);
@@ -41,6 +43,7 @@ private:
         std::optional<QString> text;
         std::optional<std::uint32_t> color;
         std::optional<FontSpec> font;
+        int filterIndex = 0;
     };
 
     static QString Describe(const MessageSpec& spec);
