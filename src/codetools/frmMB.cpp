@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The MessageBox Maker.
+#include "codetools/frmMB.h"
+
+#include "codetools/modMessageBox.h"
+#include "editor/modUserTexts.h"
+#include "platform/frmPlainText.h"
+#include "platform/modClipboard.h"
+#include "shell/frmTool.h"
+#include "ui_frmMB.h"
+
+#include <QFontDatabase>
+
+namespace ob {
+
+frmMB::frmMB(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMB>())
+{
+    ui->setupUi(this);
+    ui->txtCode->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    connect(ui->txtTitle, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
+    connect(ui->txtMessage, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
+    for (const QRadioButton* option : findChildren<QRadioButton*>())
+        connect(option, &QRadioButton::clicked, this, &frmMB::ShowPreview);
+    const auto run = [this](void (frmMB::*handler)()) {
+        return [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); };
+    };
+    connect(ui->cmdCreate, &QPushButton::clicked, this, run(&frmMB::cmdCreate_Click));
+    connect(ui->cmdTest, &QPushButton::clicked, this, run(&frmMB::cmdTest_Click));
+    connect(ui->cmdCopy, &QPushButton::clicked, this, run(&frmMB::cmdCopy_Click));
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    ShowPreview();
+}
+
+frmMB::~frmMB() = default;
+
+MessageBoxSpec frmMB::Spec() const
+{
+    const std::pair<const QRadioButton*, BoxIcon> icons[] = {{ui->optCritical, BoxIcon::Critical},
+                                                             {ui->optExclaim, BoxIcon::Exclamation},
+                                                             {ui->optQuestion, BoxIcon::Question},
+                                                             {ui->optInfo, BoxIcon::Information}};
+    const std::pair<const QRadioButton*, BoxButtons> buttons[] = {{ui->optOK1, BoxButtons::OkCancel},
+                                                                  {ui->optOK2, BoxButtons::YesNo},
+                                                                  {ui->optOK3, BoxButtons::YesNoCancel},
+                                                                  {ui->optOK4, BoxButtons::RetryCancel},
+                                                                  {ui->optOK5, BoxButtons::AbortRetryIgnore}};
+    MessageBoxSpec spec{ui->txtTitle->text(), ui->txtMessage->text(), BoxIcon::None, BoxButtons::Ok};
+    for (const auto& [option, icon] : icons)
+        if (option->isChecked())
+            spec.icon = icon;
+    for (const auto& [option, chosen] : buttons)
+        if (option->isChecked())
+            spec.buttons = chosen;
+    return spec;
+}
+
+void frmMB::ShowPreview()
+{
+    ui->codePreview->ShowCode(MessageBoxCode(WithDefaultTexts(Spec())));
+}
+
+void frmMB::cmdCreate_Click()
+{
+    const MessageBoxSpec spec = WithDefaultTexts(Spec());
+    ui->txtTitle->setText(spec.title);
+    ui->txtMessage->setText(spec.message);
+    ui->txtCode->setPlainText(MessageBoxCode(spec));
+}
+
+void frmMB::cmdTest_Click()
+{
+    const MessageBoxSpec spec = Spec();
+    MsgBox(spec.message, spec.icon, spec.buttons, spec.title);
+}
+
+void frmMB::cmdCopy_Click()
+{
+    if (!CopyText(WithLineEnds(PlainTextOf(*ui->txtCode))))
+        return;
+    MsgBox(MessageBoxCopiedText);
+    accept();
+}
+
+void mnuToolMB_Click()
+{
+    ShowToolModally<frmMB>();
+}
+
+} // namespace ob

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The Menu Maker.
+#include "codetools/frmMenuMaker.h"
+
+#include "platform/modClipboard.h"
+#include "platform/modDialogs.h"
+#include "shell/frmTool.h"
+#include "ui_frmMenuMaker.h"
+
+namespace ob {
+
+frmMenuMaker::frmMenuMaker(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMenuMaker>())
+{
+    ui->setupUi(this);
+    connect(ui->Text1, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
+    connect(ui->Text4, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
+    connect(ui->optType0, &QRadioButton::toggled, this, &frmMenuMaker::optType_Click);
+    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
+    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    ui->Text1->setFocus();
+    ui->Text1->selectAll();
+    ShowPreview();
+}
+
+frmMenuMaker::~frmMenuMaker() = default;
+
+MenuSpec frmMenuMaker::Spec() const
+{
+    return {ui->optType0->isChecked() ? MenuType::Regular : MenuType::Popup, ui->Text1->text(), ui->Text4->text(),
+            tail};
+}
+
+void frmMenuMaker::ShowPreview()
+{
+    ui->codePreview->ShowCode(MenuCode(Spec()));
+}
+
+// A popup menu takes no handle.
+void frmMenuMaker::optType_Click()
+{
+    ui->Text4->setEnabled(ui->optType0->isChecked());
+    ui->Label4->setEnabled(ui->optType0->isChecked());
+    ShowPreview();
+}
+
+void frmMenuMaker::cmdAdd_Click()
+{
+    AddMenuItem(tail, ui->Text2->text(), ui->Text3->text());
+    ui->Text2->clear();
+    ui->Text3->clear();
+    ui->Text2->setFocus();
+    ShowPreview();
+}
+
+void frmMenuMaker::cmdCopy_Click()
+{
+    if (!CopyText(MenuCode(Spec())))
+        return;
+    accept();
+    MsgBox(MenuCopiedText);
+}
+
+void mnuMaker_Click()
+{
+    ShowTool<frmMenuMaker>();
+}
+
+} // namespace ob

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The Stylebits Wizard.
+#include "codetools/frmStylebits.h"
+
+#include "codetools/dlgStylebitsHelp.h"
+#include "codetools/modStylebits.h"
+#include "platform/modClipboard.h"
+#include "platform/modDialogs.h"
+#include "shell/frmTool.h"
+#include "ui_frmStylebits.h"
+
+#include <QSignalBlocker>
+
+namespace ob {
+
+frmStylebits::frmStylebits(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmStylebits>())
+{
+    ui->setupUi(this);
+    ui->cboObject->addItems(StylebitObjects());
+    const auto run = [this](void (frmStylebits::*handler)()) {
+        return [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); };
+    };
+    connect(ui->cboObject, &QComboBox::activated, this, run(&frmStylebits::cboObject_Click));
+    connect(ui->chkEx, &QCheckBox::clicked, this, run(&frmStylebits::cboObject_Click));
+    connect(ui->lstBits, &QListWidget::itemChanged, this, &frmStylebits::ShowPreview);
+    connect(ui->optAdd, &QRadioButton::toggled, this, &frmStylebits::ShowPreview);
+    connect(ui->cmdCopy, &QPushButton::clicked, this, run(&frmStylebits::cmdCopy_Click));
+    connect(ui->cmdHelp, &QPushButton::clicked, this, run(&frmStylebits::cmdHelp_Click));
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    cboObject_Click();
+}
+
+frmStylebits::~frmStylebits() = default;
+
+StylebitsSpec frmStylebits::Spec() const
+{
+    StylebitsSpec spec;
+    spec.kind = ui->chkEx->isChecked() ? StyleKind::Extended : StyleKind::Regular;
+    spec.change = ui->optAdd->isChecked() ? StyleChange::Add : StyleChange::Remove;
+    for (int row = 0; row < ui->lstBits->count(); ++row)
+        if (ui->lstBits->item(row)->checkState() == Qt::Checked)
+            spec.entries.append(ui->lstBits->item(row)->text());
+    return spec;
+}
+
+void frmStylebits::ShowPreview()
+{
+    ui->codePreview->ShowCode(StylebitsCode(Spec()).value_or(QString()));
+}
+
+// Fills the list afresh, with nothing ticked.
+void frmStylebits::cboObject_Click()
+{
+    const QSignalBlocker untilAllStand(ui->lstBits);
+    ui->lstBits->clear();
+    for (const QString& entry : StylebitEntries(ui->cboObject->currentText(), Spec().kind)) {
+        auto* row = new QListWidgetItem(entry, ui->lstBits);
+        row->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        row->setCheckState(Qt::Unchecked);
+    }
+    ShowPreview();
+}
+
+void frmStylebits::cmdCopy_Click()
+{
+    const auto code = StylebitsCode(Spec());
+    if (!code) {
+        MsgBox(NoStylebitsText, BoxIcon::None, BoxButtons::Ok, QStringLiteral("Error."));
+        return;
+    }
+    if (!CopyText(*code))
+        return;
+    if (MsgBox(StylebitsCopiedText, BoxIcon::None, BoxButtons::OkCancel, QStringLiteral("Copied to Clipboard")) ==
+        BoxAnswer::Ok)
+        accept();
+}
+
+void frmStylebits::cmdHelp_Click()
+{
+    ShowToolModally<dlgStylebitsHelp>();
+}
+
+void mnuToolStylebit_Click()
+{
+    ShowToolModally<frmStylebits>();
+}
+
+} // namespace ob

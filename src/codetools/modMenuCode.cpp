@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menu maker.
+#include "codetools/modMenuCode.h"
+
+#include "guibuilder/modGui.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modRuntime.h"
+
+#include <limits>
+
+namespace ob {
+
+namespace {
+
+QString TrimmedOr(const QString& text, const QString& whenEmpty)
+{
+    const QString trimmed = TrimBlanks(text);
+    return trimmed.isEmpty() ? whenEmpty : trimmed;
+}
+
+QString Quoted(const QString& text)
+{
+    return u'"' + text + u'"';
+}
+
+} // namespace
+
+void AddMenuItem(MenuTail& tail, const QString& text, const QString& branch)
+{
+    if (tail.count == std::numeric_limits<std::int16_t>::max())
+        throw RuntimeErrorOf(ErrorNumber::Overflow);
+    ++tail.count;
+    const QString number = Str(tail.count);
+    const QString item = TrimmedOr(text, QStringLiteral("MenuItem ") + number);
+    if (item == QLatin1String("|")) {
+        tail.list += QStringLiteral(", | ");
+        return;
+    }
+    const QString label = TrimmedOr(branch, QStringLiteral("BranchLabel") + number);
+    tail.list += QStringLiteral(", ") + Quoted(item) + QStringLiteral(", ") + ReadyMenuLabel(label);
+}
+
+QString WithoutBlanks(QString text, QChar replacement)
+{
+    return text.replace(u' ', replacement);
+}
+
+QString ReadyMenuLabel(const QString& branch)
+{
+    const bool isReady = branch.contains(u'[') && branch.contains(u']') && !branch.contains(u' ');
+    return isReady ? branch : BracketedBranch(WithoutBlanks(branch, u'.'));
+}
+
+QString MenuCode(const MenuSpec& spec)
+{
+    if (spec.type == MenuType::Popup)
+        return QStringLiteral("Popupmenu ") + spec.tail.list.mid(1);
+    QString handle = WithoutBlanks(TrimmedOr(spec.handle, QStringLiteral("#main")), u'_');
+    if (!handle.startsWith(u'#'))
+        handle.prepend(u'#');
+    const QString name = TrimmedOr(spec.name, QStringLiteral("Menu Name"));
+    return QStringLiteral("Menu ") + handle + QStringLiteral(", ") + Quoted(name) + spec.tail.list;
+}
+
+} // namespace ob

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The message box maker: the code of a message box with a sound.
+#pragma once
+
+#include "platform/modDialogs.h"
+
+namespace ob {
+
+struct MessageBoxSpec {
+    QString title;
+    QString message;
+    BoxIcon icon = BoxIcon::None;
+    BoxButtons buttons = BoxButtons::Ok;
+};
+
+inline const QString MessageBoxCopiedText = QStringLiteral(
+    "MessageBox code has been copied to the clipboard.  Please choose 'Paste' to paste it into your code.");
+
+// The same with words in place of an empty title and an empty message.
+MessageBoxSpec WithDefaultTexts(MessageBoxSpec spec);
+
+// The code, lines ending in CR LF. Title and message are put in as they stand.
+QString MessageBoxCode(const MessageBoxSpec& spec);
+
+} // namespace ob

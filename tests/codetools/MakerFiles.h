@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The texts that the makers of code must give, a file each.
+#pragma once
+
+#include "platform/modAnsi.h"
+
+#include <QFile>
+#include <QTest>
+
+namespace ob {
+
+// The bytes of tests/data/codetools/NAME.
+inline QByteArray MakerBytes(const char* name)
+{
+    QFile file(QStringLiteral(OB_TEST_DATA "/codetools/") + QLatin1String(name));
+    if (!file.open(QIODevice::ReadOnly))
+        QTest::qFail(qPrintable(QStringLiteral("no such file: ") + file.fileName()), __FILE__, __LINE__);
+    return file.readAll();
+}
+
+inline QString MakerText(const char* name)
+{
+    return TextFromAnsi(MakerBytes(name));
+}
+
+// The text as a program's file holds it.
+inline QByteArray BytesOf(const QString& text)
+{
+    return AnsiFromText(text).bytes;
+}
+
+} // namespace ob

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The array maker: names made ready, items counted, whole texts.
+#include "codetools/modArray.h"
+
+#include "codetools/MakerFiles.h"
+
+using namespace ob;
+
+namespace {
+
+QString ItemsOf(const QStringList& items)
+{
+    QString all;
+    for (const QString& item : items)
+        all = WithArrayItem(all, item);
+    return all;
+}
+
+} // namespace
+
+class tst_modArray : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aNameIsMadeReady_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<ArrayType>("type");
+        QTest::addColumn<QString>("ready");
+        const auto row = [](const char* name, ArrayType type, const char* ready) {
+            QTest::addRow("%s %s", type == ArrayType::String ? "string" : "numeric", name)
+                << QString::fromLatin1(name) << type << QString::fromLatin1(ready);
+        };
+        row("days", ArrayType::String, "days$(");
+        row("days(", ArrayType::String, "days$(");
+        row("days(7)", ArrayType::String, "days$(");
+        row("(", ArrayType::String, "$(");
+        row("days$", ArrayType::String, "days$(");
+        row("da$ys", ArrayType::String, "da$ys(");
+        row("days$(", ArrayType::String, "days$(");
+        row("days$(x", ArrayType::String, "days$(x");
+        row("days(x$", ArrayType::String, "days(x$");
+        row(" my days ", ArrayType::String, " my days $(");
+        row("n", ArrayType::Numeric, "n(");
+        row("n$", ArrayType::Numeric, "n$(");
+        row("n(", ArrayType::Numeric, "n(");
+        row("n(3)(4)", ArrayType::Numeric, "n(");
+        row("n$(x", ArrayType::Numeric, "n$(");
+        row("(", ArrayType::Numeric, "(");
+    }
+
+    void aNameIsMadeReady()
+    {
+        QFETCH(QString, name);
+        QFETCH(ArrayType, type);
+        QTEST(ReadyArrayName(name, type), "ready");
+    }
+
+    void itemsAreCountedByTheirMarks()
+    {
+        QCOMPARE(ArrayBound({}), -1);
+        QCOMPARE(ArrayBound(ItemsOf({QString()})), 1);
+        QCOMPARE(ArrayBound(ItemsOf({QStringLiteral("a"), QStringLiteral("b")})), 2);
+        QCOMPARE(ArrayBound(ItemsOf({QStringLiteral("a|b")})), 2);
+        QCOMPARE(ArrayBound(ItemsOf({QStringLiteral("|"), QStringLiteral("||")})), 5);
+    }
+
+    void theWholeTextIsAsTold_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<ArrayType>("type");
+        QTest::addColumn<QStringList>("items");
+        QTest::addColumn<QByteArray>("expected");
+        const auto row = [](const char* file, const char* name, ArrayType type, const QStringList& items) {
+            QTest::newRow(file) << QString::fromLatin1(name) << type << items << MakerBytes(file);
+        };
+        const QStringList days{QStringLiteral("Mon"), QStringLiteral("Tue")};
+        row("array/days.bas", "days", ArrayType::String, days);
+        row("array/no-items.bas", "", ArrayType::String, {});
+        row("array/numeric.bas", "total", ArrayType::Numeric,
+            {QStringLiteral("1"), QStringLiteral("-2.5"), QStringLiteral("x + 1")});
+        row("array/numeric-dollar.bas", "a$", ArrayType::Numeric, {QStringLiteral("7")});
+        row("array/numeric-parenthesis.bas", "x$(foo", ArrayType::Numeric, {QStringLiteral("5"), QStringLiteral(".5")});
+        row("array/string-parenthesis.bas", "days(7)", ArrayType::String, {QStringLiteral("Mon")});
+        row("array/string-both.bas", "days$(x", ArrayType::String, days);
+        row("array/string-only-parenthesis.bas", "(7", ArrayType::String, {QStringLiteral("Mon")});
+        row("array/parts.bas", "a$", ArrayType::String, {QStringLiteral("left|right"), QString(), QStringLiteral("|")});
+        row("array/as-they-stand.bas", "[a,b] c", ArrayType::String,
+            {QStringLiteral("say \"hi\""), QStringLiteral("  two  blanks "), QStringLiteral("[open,close]"),
+             QString::fromUtf8("Grüße"), QStringLiteral("{}"), QStringLiteral("a=b")});
+    }
+
+    void theWholeTextIsAsTold()
+    {
+        QFETCH(QString, name);
+        QFETCH(ArrayType, type);
+        QFETCH(QStringList, items);
+        QTEST(BytesOf(ArrayCode({name, type, ItemsOf(items)})), "expected");
+    }
+
+    void withoutNameAndItemsANumericArrayIsTheSame()
+    {
+        QCOMPARE(BytesOf(ArrayCode({{}, ArrayType::Numeric, {}})), MakerBytes("array/no-items.bas"));
+    }
+
+    void manyItemsAreNumberedToTheEnd()
+    {
+        QStringList items;
+        for (int i = 1; i <= 40'000; ++i)
+            items.append(QString::number(i));
+        const QStringList lines =
+            ArrayCode({QStringLiteral("n"), ArrayType::Numeric, u'|' + items.join(u'|')}).split(QStringLiteral("\r\n"));
+        QCOMPARE(lines.size(), 40'004);
+        QCOMPARE(lines[0], QStringLiteral("    DIM n(40000)"));
+        QCOMPARE(lines[40'000], QStringLiteral("    n(40000) = 40000"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_modArray)
+#include "tst_modArray.moc"

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The stylebits maker: the lists of every object, and whole statements.
+#include "codetools/modStylebits.h"
+
+#include "codetools/MakerFiles.h"
+
+using namespace ob;
+
+namespace {
+
+QByteArray ListBytes(const QString& object, StyleKind kind)
+{
+    QString text;
+    for (const QString& entry : StylebitEntries(object, kind))
+        text += entry + QStringLiteral("\r\n");
+    return BytesOf(text);
+}
+
+QStringList Entries(const char* object, StyleKind kind, const QList<int>& rows)
+{
+    const QStringList list = StylebitEntries(QString::fromLatin1(object), kind);
+    QStringList entries;
+    for (const int row : rows)
+        entries.append(list[row]);
+    return entries;
+}
+
+} // namespace
+
+class tst_modStylebits : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theObjectsStandInTheirOrder()
+    {
+        QCOMPARE(StylebitObjects().join(u' '),
+                 QStringLiteral("Button Checkbox Combobox Dialog Graphicbox Groupbox Listbox Radiobutton StaticText "
+                                "Textbox Window"));
+    }
+
+    void eachObjectHasItsLists_data()
+    {
+        QTest::addColumn<QString>("object");
+        for (const QString& object : StylebitObjects())
+            QTest::newRow(qPrintable(object)) << object;
+    }
+
+    void eachObjectHasItsLists()
+    {
+        QFETCH(QString, object);
+        const QByteArray name = "stylebits/" + object.toLatin1();
+        QCOMPARE(ListBytes(object, StyleKind::Regular), MakerBytes(name + ".list"));
+        QCOMPARE(ListBytes(object, StyleKind::Extended), MakerBytes(name + "-extended.list"));
+    }
+
+    void theStaticBitsStandUnderAnotherSpelling()
+    {
+        QCOMPARE(ListBytes(QStringLiteral("Statictext"), StyleKind::Regular), MakerBytes("stylebits/static.list"));
+        QCOMPARE(StylebitEntries(QStringLiteral("StaticText"), StyleKind::Regular).size(), 5);
+        QCOMPARE(StylebitEntries(QStringLiteral("window"), StyleKind::Regular).size(), 5);
+        QCOMPARE(StylebitEntries(QStringLiteral("dialog"), StyleKind::Extended).size(), 4);
+    }
+
+    void aNameEndsAtTheFirstBlank()
+    {
+        QCOMPARE(StylebitName(QStringLiteral("WS_BORDER = has border")), QStringLiteral("WS_BORDER"));
+        QCOMPARE(StylebitName(QStringLiteral("CBS_AUTOHSCROLL  = x")), QStringLiteral("CBS_AUTOHSCROLL"));
+    }
+
+    void theWholeStatementIsAsTold_data()
+    {
+        QTest::addColumn<StyleKind>("kind");
+        QTest::addColumn<StyleChange>("change");
+        QTest::addColumn<QStringList>("entries");
+        QTest::addColumn<QByteArray>("expected");
+        const auto row = [](const char* file, StyleKind kind, StyleChange change, const char* object,
+                            const QList<int>& rows) {
+            QTest::newRow(file) << kind << change << Entries(object, kind, rows) << MakerBytes(file);
+        };
+        row("stylebits/add.txt", StyleKind::Regular, StyleChange::Add, "Button", {2, 8, 14});
+        row("stylebits/remove.txt", StyleKind::Regular, StyleChange::Remove, "StaticText", {0});
+        row("stylebits/add-extended.txt", StyleKind::Extended, StyleChange::Add, "Dialog", {8, 10});
+        row("stylebits/remove-extended.txt", StyleKind::Extended, StyleChange::Remove, "Textbox", {1});
+        row("stylebits/double-blank.txt", StyleKind::Regular, StyleChange::Add, "Combobox", {0, 7});
+    }
+
+    void theWholeStatementIsAsTold()
+    {
+        QFETCH(StyleKind, kind);
+        QFETCH(StyleChange, change);
+        QFETCH(QStringList, entries);
+        QTEST(BytesOf(StylebitsCode({kind, change, entries}).value()), "expected");
+    }
+
+    void withoutBitsThereIsNoStatement()
+    {
+        for (const StyleKind kind : {StyleKind::Regular, StyleKind::Extended})
+            for (const StyleChange change : {StyleChange::Add, StyleChange::Remove})
+                QVERIFY(!StylebitsCode({kind, change, {}}));
+    }
+
+    void theHelpIsAsTold()
+    {
+        QCOMPARE(BytesOf(StylebitsHelp()), MakerBytes("stylebits/help.txt"));
+        QCOMPARE(StylebitsSyntax, QStringLiteral("stylebits #handle, AddBits, RemoveBits, AddExBits, RemoveExBits"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_modStylebits)
+#include "tst_modStylebits.moc"

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The Array Maker, by its controls.
+#include "codetools/MakerBench.h"
+
+#include "codetools/frmArray.h"
+#include "codetools/modArray.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPointer>
+#include <QRadioButton>
+
+using namespace ob;
+
+namespace {
+
+// A bench with an open maker.
+struct ArrayBench {
+    ArrayBench()
+    {
+        bench.Start();
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        bench.Choose(QStringLiteral("mnuToolArray"));
+        maker = OpenWindow<frmArray>();
+    }
+    ~ArrayBench() { delete maker; }
+    ArrayBench(const ArrayBench&) = delete;
+    ArrayBench& operator=(const ArrayBench&) = delete;
+
+    void Add(const QString& item)
+    {
+        Fill(*maker, "Text2", item);
+        Press(*maker, "cmdAdd");
+    }
+
+    void ExpectCopied() { bench.dialogs.ExpectMessage(ArrayCopiedText, BoxAnswer::Ok, BoxIcon::None); }
+
+    TestBench bench;
+    QPointer<frmArray> maker;
+};
+
+} // namespace
+
+class win_frmArray : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void captionsAndTipsAreAsTold();
+    void itemsBecomeCodeOnTheClipboard();
+    void enterAddsTheItem();
+    void thePreviewIsWhatIsCopied();
+    void numbersStandWithoutQuotes();
+    void withoutItemsTheQuestionDecides();
+    void anEmptyItemIsAnItemAndABarPartsOne();
+    void aTakenClipboardKeepsTheWindowOpen();
+    void cancelAndEscapeCopyNothing();
+    void theWindowStartsAfreshEachTime();
+    void tabGoesInReadingOrder();
+};
+
+void win_frmArray::captionsAndTipsAreAsTold()
+{
+    const ArrayBench b;
+    QVERIFY(!b.maker->isModal());
+    QCOMPARE(b.maker->windowTitle(), QStringLiteral("Array Maker"));
+    QCOMPARE(Find<QLabel>(*b.maker, "Label1")->text(), QStringLiteral("Array &Name:"));
+    QCOMPARE(Find<QLabel>(*b.maker, "Label2")->text(), QStringLiteral("&Item to Add:"));
+    QCOMPARE(Find<QGroupBox>(*b.maker, "Frame1")->title(), QStringLiteral("Type:"));
+    const auto captioned = [&](const char* name, const char* caption, const char* tip) {
+        QCOMPARE(Find<QAbstractButton>(*b.maker, name)->text().remove(u'&'), QString::fromLatin1(caption));
+        QCOMPARE(Find<QAbstractButton>(*b.maker, name)->toolTip(), QString::fromLatin1(tip));
+    };
+    captioned("optNumeric", "Numeric", "");
+    captioned("optString", "String$", "");
+    captioned("cmdAdd", "Add Item", "Click to add current item to array.");
+    captioned("OKButton", "Create and Exit", "Create array and exit.");
+    captioned("CancelButton", "Cancel", "Exit without creating the array.");
+    QCOMPARE(Find<QLineEdit>(*b.maker, "Text1")->toolTip(), QStringLiteral("Type array name here."));
+    QCOMPARE(Find<QLineEdit>(*b.maker, "Text2")->toolTip(), QStringLiteral("Type item name here."));
+    QVERIFY(Find<QRadioButton>(*b.maker, "optString")->isChecked());
+}
+
+void win_frmArray::itemsBecomeCodeOnTheClipboard()
+{
+    ArrayBench b;
+    Fill(*b.maker, "Text1", QStringLiteral("days"));
+    b.Add(QStringLiteral("Mon"));
+    QCOMPARE(Find<QLineEdit>(*b.maker, "Text2")->text(), QString());
+    QVERIFY(Find<QLineEdit>(*b.maker, "Text2")->hasFocus());
+    b.Add(QStringLiteral("Tue"));
+    b.ExpectCopied();
+    Press(*b.maker, "OKButton");
+    QVERIFY(b.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), MakerText("array/days.bas"));
+    QTRY_VERIFY(b.maker.isNull());
+}
+
+void win_frmArray::enterAddsTheItem()
+{
+    ArrayBench b;
+    Fill(*b.maker, "Text1", QStringLiteral("days"));
+    for (const char* day : {"Mon", "Tue"}) {
+        Fill(*b.maker, "Text2", QString::fromLatin1(day));
+        QTest::keyClick(Find<QLineEdit>(*b.maker, "Text2"), Qt::Key_Return);
+    }
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/days.bas")));
+}
+
+void win_frmArray::thePreviewIsWhatIsCopied()
+{
+    ArrayBench b;
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/no-items.bas")));
+    Fill(*b.maker, "Text1", QStringLiteral("days$(x"));
+    b.Add(QStringLiteral("Mon"));
+    b.Add(QStringLiteral("Tue"));
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/string-both.bas")));
+    Press(*b.maker, "optNumeric");
+    QVERIFY(Previewed(*b.maker).contains(QStringLiteral("    days$(2) = Tue\n")));
+    Press(*b.maker, "optString");
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/string-both.bas")));
+}
+
+void win_frmArray::numbersStandWithoutQuotes()
+{
+    ArrayBench b;
+    Press(*b.maker, "optNumeric");
+    Fill(*b.maker, "Text1", QStringLiteral("total"));
+    for (const char* item : {"1", "-2.5", "x + 1"})
+        b.Add(QString::fromLatin1(item));
+    b.ExpectCopied();
+    Press(*b.maker, "OKButton");
+    QCOMPARE(OnClipboard(), MakerText("array/numeric.bas"));
+}
+
+void win_frmArray::withoutItemsTheQuestionDecides()
+{
+    ArrayBench b;
+    b.bench.dialogs.ExpectMessage(NoArrayItemsText, BoxAnswer::No, BoxIcon::Critical, BoxButtons::YesNo);
+    Press(*b.maker, "OKButton");
+    QVERIFY(b.bench.dialogs.Finished());
+    QVERIFY(b.maker->isVisible());
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    b.bench.dialogs.ExpectMessage(NoArrayItemsText, BoxAnswer::Yes, BoxIcon::Critical, BoxButtons::YesNo);
+    b.ExpectCopied();
+    Press(*b.maker, "OKButton");
+    QVERIFY(b.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), MakerText("array/no-items.bas"));
+    QTRY_VERIFY(b.maker.isNull());
+}
+
+void win_frmArray::anEmptyItemIsAnItemAndABarPartsOne()
+{
+    ArrayBench b;
+    Fill(*b.maker, "Text1", QStringLiteral("a$"));
+    for (const char* item : {"left|right", "", "|"})
+        b.Add(QString::fromLatin1(item));
+    b.ExpectCopied();
+    Press(*b.maker, "OKButton");
+    QCOMPARE(OnClipboard(), MakerText("array/parts.bas"));
+}
+
+void win_frmArray::aTakenClipboardKeepsTheWindowOpen()
+{
+    ArrayBench b;
+    Fill(*b.maker, "Text1", QStringLiteral("days"));
+    b.Add(QStringLiteral("Mon"));
+    b.Add(QStringLiteral("Tue"));
+    {
+        const TakenClipboard taken;
+        b.bench.dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
+        Press(*b.maker, "OKButton");
+    }
+    QVERIFY(b.bench.dialogs.Finished());
+    QVERIFY(b.maker->isVisible());
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    b.ExpectCopied();
+    Press(*b.maker, "OKButton");
+    QCOMPARE(OnClipboard(), MakerText("array/days.bas"));
+}
+
+void win_frmArray::cancelAndEscapeCopyNothing()
+{
+    for (const bool byKey : {false, true}) {
+        ArrayBench b;
+        b.Add(QStringLiteral("Mon"));
+        if (byKey)
+            QTest::keyClick(b.maker, Qt::Key_Escape);
+        else
+            Press(*b.maker, "CancelButton");
+        QTRY_VERIFY(b.maker.isNull());
+        QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    }
+}
+
+void win_frmArray::theWindowStartsAfreshEachTime()
+{
+    ArrayBench b;
+    b.Add(QStringLiteral("Mon"));
+    b.bench.Choose(QStringLiteral("mnuToolArray"));
+    QCOMPARE(OpenWindow<frmArray>(), b.maker.data());
+    QVERIFY(Previewed(*b.maker).contains(QStringLiteral("Mon")));
+    Press(*b.maker, "CancelButton");
+    QTRY_VERIFY(b.maker.isNull());
+    b.bench.Choose(QStringLiteral("mnuToolArray"));
+    b.maker = OpenWindow<frmArray>();
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/no-items.bas")));
+}
+
+void win_frmArray::tabGoesInReadingOrder()
+{
+    const ArrayBench b;
+    QVERIFY(QTest::qWaitForWindowActive(b.maker));
+    QCOMPARE(TabOrder(*b.maker, "Text1").join(u' '),
+             QStringLiteral("Text1 Text2 cmdAdd optString codePreview OKButton CancelButton"));
+}
+
+OB_BENCH_TEST(win_frmArray)
+#include "win_frmArray.moc"

@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The MessageBox Maker, by its controls.
+#include "codetools/MakerBench.h"
+
+#include "codetools/frmMB.h"
+#include "codetools/modMessageBox.h"
+
+#include <QGroupBox>
+#include <QRadioButton>
+
+using namespace ob;
+
+namespace {
+
+// The bench with the maker open over it for as long as the script runs.
+class MakerScript {
+public:
+    MakerScript() { bench.Start(); }
+
+    void Play(const std::function<void(QDialog&)>& script)
+    {
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        bench.ExpectModal(QStringLiteral("frmMB"), script);
+        bench.Choose(QStringLiteral("mnuToolMB"));
+    }
+
+    void ExpectCopied() { bench.dialogs.ExpectMessage(MessageBoxCopiedText, BoxAnswer::Ok, BoxIcon::None); }
+
+    TestBench bench;
+};
+
+QString Code(const QDialog& maker)
+{
+    return Find<QPlainTextEdit>(maker, "txtCode")->toPlainText();
+}
+
+} // namespace
+
+class win_frmMB : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void captionsAndTipsAreAsTold();
+    void createMakesTheCodeAndCopyTakesIt();
+    void everyChoiceChangesThePreviewAtOnce();
+    void onlyCreateFillsTheFieldsAndTheCode();
+    void previewShowsTheBoxItself_data();
+    void previewShowsTheBoxItself();
+    void copyBeforeCreateCopiesAnEmptyText();
+    void codeThatWasChangedIsCopiedAsItStands();
+    void aTakenClipboardKeepsTheWindowOpen();
+    void enterCreatesAndEscapeLeaves();
+    void tabGoesInReadingOrder();
+};
+
+void win_frmMB::captionsAndTipsAreAsTold()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        QCOMPARE(maker.windowTitle(), QStringLiteral("MessageBox Maker"));
+        QCOMPARE(Find<QGroupBox>(maker, "grpIcon")->title(), QStringLiteral("Icon:"));
+        QCOMPARE(Find<QGroupBox>(maker, "grpButtons")->title(), QStringLiteral("Buttons:"));
+        const auto captioned = [&](const char* name, const char* caption, const char* tip) {
+            QCOMPARE(Find<QAbstractButton>(maker, name)->text().remove(u'&'), QString::fromLatin1(caption));
+            QCOMPARE(Find<QAbstractButton>(maker, name)->toolTip(), QString::fromLatin1(tip));
+        };
+        captioned("optOK0", "OK", "OK Button");
+        captioned("optOK1", "OK    Cancel", "OK Button and Cancel Button");
+        captioned("optOK2", "Yes   No", "Yes Button and No Button");
+        captioned("optOK3", "Yes   No   Cancel", "Yes, No and Cancel Buttons");
+        captioned("optOK4", "Retry   Cancel", "");
+        captioned("optOK5", "Abort   Retry   Ignore", "Abort, Retry and Ignore Buttons");
+        captioned("cmdCreate", "Create", "");
+        captioned("cmdTest", "Preview", "See the message box!");
+        QVERIFY(Find<QRadioButton>(maker, "optNone")->isChecked());
+        QVERIFY(Find<QRadioButton>(maker, "optOK0")->isChecked());
+        QVERIFY(maker.isModal());
+        Press(maker, "cmdCancel");
+    });
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+}
+
+void win_frmMB::createMakesTheCodeAndCopyTakesIt()
+{
+    MakerScript s;
+    s.ExpectCopied();
+    s.Play([](QDialog& maker) {
+        Fill(maker, "txtTitle", QStringLiteral("My \"title\""));
+        Fill(maker, "txtMessage", QStringLiteral("Save \"it\"?"));
+        Press(maker, "optQuestion");
+        Press(maker, "optOK3");
+        Press(maker, "cmdCreate");
+        QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/question-yesnocancel.bas")));
+        Press(maker, "cmdCopy");
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), MakerText("messagebox/question-yesnocancel.bas"));
+}
+
+void win_frmMB::everyChoiceChangesThePreviewAtOnce()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        QCOMPARE(Previewed(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
+        const auto chosen = [&](const char* option, const char* word) {
+            Press(maker, option);
+            const QString flags = Previewed(maker).section(u'\n', 2, 2);
+            QVERIFY2(flags.contains(QLatin1Char(' ') + QLatin1String(word) + QLatin1Char(' ')), qPrintable(flags));
+        };
+        chosen("optCritical", "_MB_ICONHAND");
+        chosen("optExclaim", "_MB_ICONEXCLAMATION");
+        chosen("optQuestion", "_MB_ICONQUESTION");
+        chosen("optInfo", "_MB_ICONINFORMATION");
+        chosen("optNone", "0");
+        chosen("optOK1", "_MB_OKCANCEL");
+        chosen("optOK2", "_MB_YESNO");
+        chosen("optOK3", "_MB_YESNOCANCEL");
+        chosen("optOK4", "_MB_RETRYCANCEL");
+        chosen("optOK5", "_MB_ABORTRETRYIGNORE");
+        chosen("optOK0", "_MB_OK");
+        Fill(maker, "txtTitle", QStringLiteral("Halt"));
+        Fill(maker, "txtMessage", QStringLiteral("Stop?"));
+        Press(maker, "optCritical");
+        Press(maker, "optOK1");
+        QCOMPARE(Previewed(maker), WithLineFeeds(MakerText("messagebox/critical-okcancel.bas")));
+        Press(maker, "cmdCancel");
+    });
+}
+
+void win_frmMB::onlyCreateFillsTheFieldsAndTheCode()
+{
+    MakerScript s;
+    s.bench.dialogs.ExpectMessage({}, BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok, {});
+    s.Play([](QDialog& maker) {
+        Press(maker, "cmdTest");
+        QCOMPARE(Find<QLineEdit>(maker, "txtTitle")->text(), QString());
+        QCOMPARE(Find<QLineEdit>(maker, "txtMessage")->text(), QString());
+        QCOMPARE(Code(maker), QString());
+        Press(maker, "cmdCreate");
+        QCOMPARE(Find<QLineEdit>(maker, "txtTitle")->text(), QStringLiteral("Information"));
+        QCOMPARE(Find<QLineEdit>(maker, "txtMessage")->text(), QStringLiteral("Message text goes here!"));
+        QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
+        Fill(maker, "txtTitle", QStringLiteral("Later"));
+        QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
+        Press(maker, "cmdCancel");
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+}
+
+void win_frmMB::previewShowsTheBoxItself_data()
+{
+    QTest::addColumn<QByteArray>("icon");
+    QTest::addColumn<QByteArray>("buttons");
+    QTest::addColumn<BoxIcon>("boxIcon");
+    QTest::addColumn<BoxButtons>("boxButtons");
+    QTest::addColumn<BoxAnswer>("answer");
+    const auto row = [](const char* icon, const char* buttons, BoxIcon boxIcon, BoxButtons boxButtons,
+                        BoxAnswer answer) {
+        QTest::addRow("%s %s", icon, buttons)
+            << QByteArray(icon) << QByteArray(buttons) << boxIcon << boxButtons << answer;
+    };
+    row("optNone", "optOK0", BoxIcon::None, BoxButtons::Ok, BoxAnswer::Ok);
+    row("optCritical", "optOK1", BoxIcon::Critical, BoxButtons::OkCancel, BoxAnswer::Cancel);
+    row("optExclaim", "optOK2", BoxIcon::Exclamation, BoxButtons::YesNo, BoxAnswer::No);
+    row("optQuestion", "optOK3", BoxIcon::Question, BoxButtons::YesNoCancel, BoxAnswer::Yes);
+    row("optInfo", "optOK4", BoxIcon::Information, BoxButtons::RetryCancel, BoxAnswer::Retry);
+    row("optNone", "optOK5", BoxIcon::None, BoxButtons::AbortRetryIgnore, BoxAnswer::Ignore);
+}
+
+void win_frmMB::previewShowsTheBoxItself()
+{
+    QFETCH(QByteArray, icon);
+    QFETCH(QByteArray, buttons);
+    QFETCH(BoxIcon, boxIcon);
+    QFETCH(BoxButtons, boxButtons);
+    QFETCH(BoxAnswer, answer);
+    MakerScript s;
+    s.bench.dialogs.ExpectMessage(QStringLiteral("<b>& \"really\"?"), answer, boxIcon, boxButtons,
+                                  QStringLiteral("A title"));
+    s.Play([&](QDialog& maker) {
+        Fill(maker, "txtTitle", QStringLiteral("A title"));
+        Fill(maker, "txtMessage", QStringLiteral("<b>& \"really\"?"));
+        Press(maker, icon);
+        Press(maker, buttons);
+        Press(maker, "cmdTest");
+        QVERIFY(maker.isVisible());
+        Press(maker, "cmdCancel");
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+}
+
+void win_frmMB::copyBeforeCreateCopiesAnEmptyText()
+{
+    MakerScript s;
+    s.ExpectCopied();
+    s.Play([](QDialog& maker) { Press(maker, "cmdCopy"); });
+    QVERIFY(s.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), QString());
+}
+
+void win_frmMB::codeThatWasChangedIsCopiedAsItStands()
+{
+    MakerScript s;
+    s.ExpectCopied();
+    s.Play([](QDialog& maker) {
+        Press(maker, "cmdCreate");
+        auto* code = Find<QPlainTextEdit>(maker, "txtCode");
+        code->moveCursor(QTextCursor::Start);
+        QTest::keyClicks(code, QStringLiteral("'mine"));
+        QTest::keyClick(code, Qt::Key_Return);
+        Press(maker, "cmdCopy");
+    });
+    QCOMPARE(OnClipboard(), QStringLiteral("'mine\r\n") + MakerText("messagebox/defaults.bas"));
+}
+
+void win_frmMB::aTakenClipboardKeepsTheWindowOpen()
+{
+    MakerScript s;
+    s.bench.dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
+    s.ExpectCopied();
+    s.Play([](QDialog& maker) {
+        Press(maker, "cmdCreate");
+        {
+            const TakenClipboard taken;
+            Press(maker, "cmdCopy");
+        }
+        QVERIFY(maker.isVisible());
+        QCOMPARE(OnClipboard(), QStringLiteral("before"));
+        Press(maker, "cmdCopy");
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), MakerText("messagebox/defaults.bas"));
+}
+
+void win_frmMB::enterCreatesAndEscapeLeaves()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        QTest::keyClick(Find<QLineEdit>(maker, "txtMessage"), Qt::Key_Return);
+        QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
+        QTest::keyClick(&maker, Qt::Key_Escape);
+        QVERIFY(!maker.isVisible());
+    });
+}
+
+void win_frmMB::tabGoesInReadingOrder()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        QVERIFY(QTest::qWaitForWindowActive(&maker));
+        QCOMPARE(TabOrder(maker, "txtTitle").join(u' '),
+                 QStringLiteral("txtTitle txtMessage optNone optOK0 txtCode codePreview cmdCreate cmdTest cmdCopy "
+                                "cmdCancel"));
+        Press(maker, "cmdCancel");
+    });
+}
+
+OB_BENCH_TEST(win_frmMB)
+#include "win_frmMB.moc"

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The Menu Maker, by its controls.
+#include "codetools/MakerBench.h"
+
+#include "codetools/frmMenuMaker.h"
+#include "codetools/modMenuCode.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <QRadioButton>
+
+using namespace ob;
+
+namespace {
+
+// A bench with an open maker.
+struct MenuBench {
+    MenuBench()
+    {
+        bench.Start();
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        bench.Choose(QStringLiteral("mnuMaker"));
+        maker = OpenWindow<frmMenuMaker>();
+    }
+    ~MenuBench() { delete maker; }
+    MenuBench(const MenuBench&) = delete;
+    MenuBench& operator=(const MenuBench&) = delete;
+
+    void Add(const char* item, const char* branch)
+    {
+        Fill(*maker, "Text2", QString::fromLatin1(item));
+        Fill(*maker, "Text3", QString::fromLatin1(branch));
+        Press(*maker, "cmdAdd");
+    }
+
+    void Copy()
+    {
+        bench.dialogs.ExpectMessage(MenuCopiedText, BoxAnswer::Ok, BoxIcon::None);
+        Press(*maker, "cmdCopy");
+        QVERIFY(bench.dialogs.Finished());
+    }
+
+    QString Field(const char* name) const { return Find<QLineEdit>(*maker, name)->text(); }
+
+    TestBench bench;
+    QPointer<frmMenuMaker> maker;
+};
+
+} // namespace
+
+class win_frmMenuMaker : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void captionsAndTextsAreAsTold();
+    void itemsBecomeAStatementOnTheClipboard();
+    void thePreviewIsTheStatementSoFar();
+    void aPopupMenuTakesNoHandle();
+    void emptyFieldsGetNumberedNames();
+    void labelsAreMadeReady();
+    void enterAddsTheItem();
+    void aTakenClipboardKeepsTheWindowOpen();
+    void cancelAndEscapeCopyNothing();
+    void tabGoesInReadingOrder();
+};
+
+void win_frmMenuMaker::captionsAndTextsAreAsTold()
+{
+    const MenuBench b;
+    QVERIFY(!b.maker->isModal());
+    QCOMPARE(b.maker->windowTitle(), QStringLiteral("Menu Maker"));
+    const auto field = [&](const char* name, const char* label, const char* caption, const char* text,
+                           const char* tip) {
+        QCOMPARE(Find<QLabel>(*b.maker, label)->text().remove(u'&'), QString::fromLatin1(caption));
+        QCOMPARE(b.Field(name), QString::fromLatin1(text));
+        QCOMPARE(Find<QLineEdit>(*b.maker, name)->toolTip(), QString::fromLatin1(tip));
+    };
+    field("Text1", "Label1", "Menu Name:", "Menu Name", "Type menu name here");
+    field("Text2", "Label2", "Item Name:", "Item Name", "Type item name here");
+    field("Text3", "Label3", "Item Branch Label:", "BranchLabel", "Type branch label here");
+    field("Text4", "Label4", "Window Handle:", "#main", "Type window handle here");
+    const auto captioned = [&](const char* name, const char* caption) {
+        QCOMPARE(Find<QAbstractButton>(*b.maker, name)->text().remove(u'&'), QString::fromLatin1(caption));
+    };
+    captioned("optType0", "Regular Menu");
+    captioned("optType1", "Popup Menu");
+    captioned("cmdAdd", "Add Item");
+    captioned("cmdCopy", "Copy and Exit");
+    captioned("cmdCancel", "Cancel");
+    QVERIFY(Find<QRadioButton>(*b.maker, "optType0")->isChecked());
+    QVERIFY(Find<QLineEdit>(*b.maker, "Text1")->hasFocus());
+}
+
+void win_frmMenuMaker::itemsBecomeAStatementOnTheClipboard()
+{
+    MenuBench b;
+    Fill(*b.maker, "Text1", QStringLiteral("File"));
+    b.Add("Open", "[open]");
+    QCOMPARE(b.Field("Text2"), QString());
+    QCOMPARE(b.Field("Text3"), QString());
+    QVERIFY(Find<QLineEdit>(*b.maker, "Text2")->hasFocus());
+    b.Add("Exit", "[quit]");
+    b.Copy();
+    QCOMPARE(OnClipboard(), MakerText("menu/file.txt"));
+    QTRY_VERIFY(b.maker.isNull());
+}
+
+void win_frmMenuMaker::thePreviewIsTheStatementSoFar()
+{
+    MenuBench b;
+    QCOMPARE(Previewed(*b.maker), MakerText("menu/no-items.txt"));
+    Press(*b.maker, "cmdAdd");
+    QCOMPARE(Previewed(*b.maker), QStringLiteral("Menu #main, \"Menu Name\", \"Item Name\", [BranchLabel]"));
+    Fill(*b.maker, "Text1", QStringLiteral("Edit"));
+    Fill(*b.maker, "Text4", QStringLiteral("my window"));
+    QCOMPARE(Previewed(*b.maker), QStringLiteral("Menu #my_window, \"Edit\", \"Item Name\", [BranchLabel]"));
+}
+
+void win_frmMenuMaker::aPopupMenuTakesNoHandle()
+{
+    MenuBench b;
+    const auto* handle = Find<QLineEdit>(*b.maker, "Text4");
+    const auto* label = Find<QLabel>(*b.maker, "Label4");
+    QVERIFY(handle->isEnabled() && label->isEnabled());
+    Press(*b.maker, "optType1");
+    QVERIFY(!handle->isEnabled() && !label->isEnabled());
+    QCOMPARE(Previewed(*b.maker), MakerText("menu/popup-no-items.txt"));
+    Press(*b.maker, "optType0");
+    QVERIFY(handle->isEnabled() && label->isEnabled());
+    Press(*b.maker, "optType1");
+    b.Add("Cut", "cut");
+    b.Add(" | ", "nowhere");
+    b.Add("Paste", "[paste]");
+    b.Copy();
+    QCOMPARE(OnClipboard(), MakerText("menu/popup.txt"));
+}
+
+void win_frmMenuMaker::emptyFieldsGetNumberedNames()
+{
+    MenuBench b;
+    Fill(*b.maker, "Text1", QStringLiteral(" File "));
+    Fill(*b.maker, "Text4", QStringLiteral("  "));
+    b.Add("", "");
+    b.Add("|", "");
+    b.Add("  ", " three ");
+    b.Add(" Four ", " ");
+    b.Copy();
+    QCOMPARE(OnClipboard(), MakerText("menu/numbered.txt"));
+}
+
+void win_frmMenuMaker::labelsAreMadeReady()
+{
+    MenuBench b;
+    Fill(*b.maker, "Text1", QStringLiteral("M"));
+    b.Add("a", "[a b]");
+    b.Add("b", "my item");
+    b.Add("c", "[open");
+    b.Add("d", "shut]");
+    b.Add("e", "]shut");
+    b.Add("f", "a[b]c");
+    b.Add("g", "  g  ");
+    b.Add("h", "x=y");
+    b.Add("i", "a  b.");
+    b.Copy();
+    QCOMPARE(OnClipboard(), MakerText("menu/labels.txt"));
+}
+
+void win_frmMenuMaker::enterAddsTheItem()
+{
+    MenuBench b;
+    QTest::keyClick(Find<QLineEdit>(*b.maker, "Text3"), Qt::Key_Return);
+    QVERIFY(Previewed(*b.maker).endsWith(QStringLiteral(", \"Item Name\", [BranchLabel]")));
+    QVERIFY(b.maker->isVisible());
+}
+
+void win_frmMenuMaker::aTakenClipboardKeepsTheWindowOpen()
+{
+    MenuBench b;
+    {
+        const TakenClipboard taken;
+        b.bench.dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
+        Press(*b.maker, "cmdCopy");
+    }
+    QVERIFY(b.bench.dialogs.Finished());
+    QVERIFY(b.maker->isVisible());
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    b.Copy();
+    QCOMPARE(OnClipboard(), MakerText("menu/no-items.txt"));
+}
+
+void win_frmMenuMaker::cancelAndEscapeCopyNothing()
+{
+    for (const bool byKey : {false, true}) {
+        MenuBench b;
+        b.Add("Open", "[open]");
+        if (byKey)
+            QTest::keyClick(b.maker, Qt::Key_Escape);
+        else
+            Press(*b.maker, "cmdCancel");
+        QTRY_VERIFY(b.maker.isNull());
+        QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    }
+}
+
+void win_frmMenuMaker::tabGoesInReadingOrder()
+{
+    const MenuBench b;
+    QVERIFY(QTest::qWaitForWindowActive(b.maker));
+    QCOMPARE(TabOrder(*b.maker, "Text1").join(u' '),
+             QStringLiteral("Text1 Text4 optType0 Text2 Text3 cmdAdd codePreview cmdCopy cmdCancel"));
+}
+
+OB_BENCH_TEST(win_frmMenuMaker)
+#include "win_frmMenuMaker.moc"

@@ -1,0 +1,316 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The Stylebits Wizard and its help, by their controls.
+#include "codetools/MakerBench.h"
+
+#include "codetools/modStylebits.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFontInfo>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+
+using namespace ob;
+
+namespace {
+
+// The bench with the wizard open over it for as long as the script runs.
+class WizardScript {
+public:
+    WizardScript() { bench.Start(); }
+
+    void Play(const std::function<void(QDialog&)>& script)
+    {
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        bench.ExpectModal(QStringLiteral("frmStylebits"), script);
+        bench.Choose(QStringLiteral("mnuToolStylebit"));
+    }
+
+    void ExpectCopied(BoxAnswer answer)
+    {
+        bench.dialogs.ExpectMessage(StylebitsCopiedText, answer, BoxIcon::None, BoxButtons::OkCancel,
+                                    QStringLiteral("Copied to Clipboard"));
+    }
+
+    TestBench bench;
+};
+
+QListWidget* Bits(const QDialog& wizard)
+{
+    return Find<QListWidget>(wizard, "lstBits");
+}
+
+QByteArray ListBytes(const QDialog& wizard)
+{
+    QString text;
+    for (int row = 0; row < Bits(wizard)->count(); ++row)
+        text += Bits(wizard)->item(row)->text() + QStringLiteral("\r\n");
+    return BytesOf(text);
+}
+
+// Chooses as the arrow keys and the mouse do; the same one again counts, too.
+void ChooseObject(const QDialog& wizard, const char* object)
+{
+    auto* box = Find<QComboBox>(wizard, "cboObject");
+    box->setCurrentText(QString::fromLatin1(object));
+    Q_EMIT box->activated(box->currentIndex());
+}
+
+void Tick(const QDialog& wizard, std::initializer_list<int> rows)
+{
+    for (const int row : rows) {
+        Bits(wizard)->setCurrentRow(row);
+        QTest::keyClick(Bits(wizard), Qt::Key_Space);
+    }
+}
+
+int Ticked(const QDialog& wizard)
+{
+    int ticked = 0;
+    for (int row = 0; row < Bits(wizard)->count(); ++row)
+        ticked += Bits(wizard)->item(row)->checkState() == Qt::Checked ? 1 : 0;
+    return ticked;
+}
+
+} // namespace
+
+class win_frmStylebits : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void captionsAndTipsAreAsTold();
+    void eachObjectShowsItsBits();
+    void tickedBitsBecomeAStatementOnTheClipboard_data();
+    void tickedBitsBecomeAStatementOnTheClipboard();
+    void anotherListClearsAllTicks();
+    void cancelInTheMessageStays();
+    void withoutBitsThereIsAMessage();
+    void aTakenClipboardKeepsTheWindowOpen();
+    void theMouseTicksToo();
+    void helpTellsHow();
+    void enterCopiesAndEscapeLeaves();
+    void tabGoesInReadingOrder();
+};
+
+void win_frmStylebits::captionsAndTipsAreAsTold()
+{
+    WizardScript s;
+    s.Play([](QDialog& wizard) {
+        const auto captioned = [&](const char* name, const char* caption) {
+            QCOMPARE(Find<QAbstractButton>(wizard, name)->text().remove(u'&'), QString::fromLatin1(caption));
+        };
+        captioned("chkEx", "Extended Styles");
+        captioned("optAdd", "Add Bits");
+        captioned("optRemove", "Remove  Bits");
+        captioned("cmdCopy", "Copy and Exit");
+        captioned("cmdHelp", "Help");
+        captioned("cmdCancel", "Cancel");
+        QCOMPARE(Find<QLabel>(wizard, "lblObject")->text().remove(u'&'), QStringLiteral("GUI Objects"));
+        QCOMPARE(Find<QLabel>(wizard, "lblBits")->text().remove(u'&'),
+                 QStringLiteral("Possible Stylebits. Check all desired bits."));
+        QCOMPARE(Bits(wizard)->toolTip(), QStringLiteral("Possible Style Bits"));
+        QCOMPARE(Find<QComboBox>(wizard, "cboObject")->currentText(), QStringLiteral("Button"));
+        QCOMPARE(Find<QComboBox>(wizard, "cboObject")->count(), 11);
+        QVERIFY(Find<QRadioButton>(wizard, "optAdd")->isChecked());
+        QVERIFY(!Find<QCheckBox>(wizard, "chkEx")->isChecked());
+        QVERIFY(wizard.isModal());
+        QCOMPARE(ListBytes(wizard), MakerBytes("stylebits/Button.list"));
+        Press(wizard, "cmdCancel");
+    });
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+}
+
+void win_frmStylebits::eachObjectShowsItsBits()
+{
+    WizardScript s;
+    s.Play([](QDialog& wizard) {
+        auto* box = Find<QComboBox>(wizard, "cboObject");
+        box->setFocus();
+        for (int i = 1; i < box->count(); ++i) {
+            QTest::keyClick(box, Qt::Key_Down);
+            const QByteArray name = "stylebits/" + box->itemText(i).toLatin1();
+            QCOMPARE(ListBytes(wizard), MakerBytes(name + ".list"));
+            Press(wizard, "chkEx");
+            QCOMPARE(ListBytes(wizard), MakerBytes(name + "-extended.list"));
+            Press(wizard, "chkEx");
+        }
+        Press(wizard, "cmdCancel");
+    });
+}
+
+void win_frmStylebits::tickedBitsBecomeAStatementOnTheClipboard_data()
+{
+    QTest::addColumn<QByteArray>("object");
+    QTest::addColumn<bool>("extended");
+    QTest::addColumn<QByteArray>("option");
+    QTest::addColumn<QList<int>>("rows");
+    const auto row = [](const char* file, const char* object, bool extended, const char* option,
+                        const QList<int>& rows) {
+        QTest::newRow(file) << QByteArray(object) << extended << QByteArray(option) << rows;
+    };
+    row("stylebits/add.txt", "Button", false, "optAdd", {14, 2, 8});
+    row("stylebits/remove.txt", "StaticText", false, "optRemove", {0});
+    row("stylebits/add-extended.txt", "Dialog", true, "optAdd", {10, 8});
+    row("stylebits/remove-extended.txt", "Textbox", true, "optRemove", {1});
+    row("stylebits/double-blank.txt", "Combobox", false, "optAdd", {7, 0});
+}
+
+void win_frmStylebits::tickedBitsBecomeAStatementOnTheClipboard()
+{
+    QFETCH(QByteArray, object);
+    QFETCH(bool, extended);
+    QFETCH(QByteArray, option);
+    QFETCH(QList<int>, rows);
+    const QString expected = MakerText(QTest::currentDataTag());
+    WizardScript s;
+    s.ExpectCopied(BoxAnswer::Ok);
+    s.Play([&](QDialog& wizard) {
+        QCOMPARE(Previewed(wizard), QString());
+        ChooseObject(wizard, object);
+        if (extended)
+            Press(wizard, "chkEx");
+        for (const int row : rows)
+            Tick(wizard, {row});
+        Press(wizard, option);
+        QCOMPARE(Previewed(wizard), expected);
+        Press(wizard, "cmdCopy");
+        QVERIFY(!wizard.isVisible());
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), expected);
+}
+
+void win_frmStylebits::anotherListClearsAllTicks()
+{
+    WizardScript s;
+    s.Play([](QDialog& wizard) {
+        Tick(wizard, {0, 1});
+        QCOMPARE(Ticked(wizard), 2);
+        ChooseObject(wizard, "Radiobutton");
+        QCOMPARE(Ticked(wizard), 0);
+        QCOMPARE(Previewed(wizard), QString());
+        Tick(wizard, {0, 1});
+        Press(wizard, "chkEx");
+        QCOMPARE(Ticked(wizard), 0);
+        Press(wizard, "chkEx");
+        QCOMPARE(Ticked(wizard), 0);
+        Tick(wizard, {0});
+        ChooseObject(wizard, "Radiobutton");
+        QCOMPARE(Ticked(wizard), 0);
+        Tick(wizard, {0});
+        Press(wizard, "optRemove");
+        QCOMPARE(Ticked(wizard), 1);
+        Press(wizard, "cmdCancel");
+    });
+}
+
+void win_frmStylebits::cancelInTheMessageStays()
+{
+    WizardScript s;
+    s.ExpectCopied(BoxAnswer::Cancel);
+    s.Play([](QDialog& wizard) {
+        ChooseObject(wizard, "StaticText");
+        Press(wizard, "optRemove");
+        Tick(wizard, {0});
+        Press(wizard, "cmdCopy");
+        QVERIFY(wizard.isVisible());
+        QCOMPARE(Ticked(wizard), 1);
+        QCOMPARE(OnClipboard(), MakerText("stylebits/remove.txt"));
+        Press(wizard, "cmdCancel");
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+}
+
+void win_frmStylebits::withoutBitsThereIsAMessage()
+{
+    WizardScript s;
+    s.bench.dialogs.ExpectMessage(NoStylebitsText, BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok,
+                                  QStringLiteral("Error."));
+    s.Play([](QDialog& wizard) {
+        Tick(wizard, {0});
+        Tick(wizard, {0});
+        Press(wizard, "cmdCopy");
+        QVERIFY(wizard.isVisible());
+        Press(wizard, "cmdCancel");
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+}
+
+void win_frmStylebits::aTakenClipboardKeepsTheWindowOpen()
+{
+    WizardScript s;
+    s.bench.dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
+    s.Play([](QDialog& wizard) {
+        Tick(wizard, {0});
+        const TakenClipboard taken;
+        Press(wizard, "cmdCopy");
+        QVERIFY(wizard.isVisible());
+        QCOMPARE(Ticked(wizard), 1);
+        Press(wizard, "cmdCancel");
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+}
+
+void win_frmStylebits::theMouseTicksToo()
+{
+    WizardScript s;
+    s.Play([](QDialog& wizard) {
+        const QRect row = Bits(wizard)->visualItemRect(Bits(wizard)->item(2));
+        QTest::mouseClick(Bits(wizard)->viewport(), Qt::LeftButton, {},
+                          QPoint(row.left() + row.height() / 2, row.center().y()));
+        QCOMPARE(Bits(wizard)->item(2)->checkState(), Qt::Checked);
+        QCOMPARE(Previewed(wizard), QStringLiteral("stylebits #handle.ext, _BS_TOP, 0, 0, 0"));
+        Press(wizard, "cmdCancel");
+    });
+}
+
+void win_frmStylebits::helpTellsHow()
+{
+    WizardScript s;
+    s.Play([&](QDialog& wizard) {
+        s.bench.ExpectModal(QStringLiteral("dlgStylebitsHelp"), [](QDialog& help) {
+            const auto* syntax = Find<QLabel>(help, "lblSyntax");
+            QCOMPARE(syntax->text(), StylebitsSyntax);
+            QVERIFY(QFontInfo(syntax->font()).fixedPitch());
+            QCOMPARE(BytesOf(Find<QLabel>(help, "lblHelp")->text()), MakerBytes("stylebits/help.txt"));
+            // All of it fits.
+            QVERIFY(Find<QLabel>(help, "lblHelp")->height() >=
+                    Find<QLabel>(help, "lblHelp")->heightForWidth(Find<QLabel>(help, "lblHelp")->width()));
+            Press(help, "OKButton");
+            QVERIFY(!help.isVisible());
+        });
+        Press(wizard, "cmdHelp");
+        QVERIFY(wizard.isVisible());
+        Press(wizard, "cmdCancel");
+    });
+}
+
+void win_frmStylebits::enterCopiesAndEscapeLeaves()
+{
+    WizardScript s;
+    s.ExpectCopied(BoxAnswer::Cancel);
+    s.Play([](QDialog& wizard) {
+        Tick(wizard, {0});
+        QTest::keyClick(Bits(wizard), Qt::Key_Return);
+        QTest::keyClick(&wizard, Qt::Key_Escape);
+        QVERIFY(!wizard.isVisible());
+    });
+    QVERIFY(s.bench.dialogs.Finished());
+}
+
+void win_frmStylebits::tabGoesInReadingOrder()
+{
+    WizardScript s;
+    s.Play([](QDialog& wizard) {
+        QVERIFY(QTest::qWaitForWindowActive(&wizard));
+        QCOMPARE(TabOrder(wizard, "cboObject").join(u' '),
+                 QStringLiteral("cboObject chkEx optAdd lstBits codePreview cmdCopy cmdHelp cmdCancel"));
+        Press(wizard, "cmdCancel");
+    });
+}
+
+OB_BENCH_TEST(win_frmStylebits)
+#include "win_frmStylebits.moc"

@@ -1,0 +1,5 @@
+    DIM days$(2)
+    days$(1) = "Mon"
+    days$(2) = "Tue"
+
+

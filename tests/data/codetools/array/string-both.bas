@@ -1,0 +1,5 @@
+    DIM days$(x2)
+    days$(x1) = "Mon"
+    days$(x2) = "Tue"
+
+

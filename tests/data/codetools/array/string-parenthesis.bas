@@ -1,0 +1,4 @@
+    DIM days$(1)
+    days$(1) = "Mon"
+
+
