@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How far the making of a package is, with a way out.
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class dlgProcess;
+}
+
+namespace ob {
+
+// Closes on Cancel and on Escape; whoever works looks at IsCancelled.
+class dlgProcess final : public QDialog {
+    Q_OBJECT
+
+public:
+    enum class Leaving { Allowed, NotAllowed }; // without Cancel it stays until it is deleted
+
+    explicit dlgProcess(Leaving leaving, QWidget* parent = nullptr);
+    ~dlgProcess() override;
+
+    void ShowState(const QString& text, double share); // of the whole, from 0 to 1
+    bool IsCancelled() const { return isCancelled; }
+
+    void reject() override;
+
+private:
+    std::unique_ptr<Ui::dlgProcess> ui;
+    Leaving leaving;
+    bool isCancelled = false;
+};
+
+} // namespace ob

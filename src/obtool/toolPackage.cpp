@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// obtool package: a token file with the runtime engine and its files.
+#include "obtool/toolGroups.h"
+
+#include "engine/modPackage.h"
+#include "obtool/toolOutput.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modFiles.h"
+#include "platform/modPaths.h"
+
+#include <QDir>
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace ob {
+
+namespace {
+
+struct PackageArguments {
+    std::string token;
+    std::string engine;
+    std::vector<std::string> added;
+    std::vector<std::string> removed;
+    bool zip = false;
+};
+
+void Note(const MessageSpec& box)
+{
+    QString line = box.text;
+    line.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    std::fprintf(stderr, "obtool: note: %s\n", line.trimmed().toUtf8().constData());
+}
+
+// Nobody is there to stop the work or to test the program.
+class ToolWatch final : public cPackageWatch {
+public:
+    PackageWish Processing(const PackageProgress&) override { return PackageWish::GoOn; }
+    void Tell(const MessageSpec& box) override { Note(box); }
+    void EngineIsNamed(const PackagedEngine&) override {}
+    void FilesAreDone() override {}
+    void ZipBegins() override {}
+    ZipWish Zipping(const ZipProgress&) override { return ZipWish::GoOn; }
+    void ZipEnds() override {}
+    void ZipIsMade(const QString&) override {}
+};
+
+QString EngineFolderOf(const std::string& engine)
+{
+    const QString path = AbsolutePathOf(PathOf(engine));
+    return FolderExists(path) ? path + QDir::separator() : FolderOf(path);
+}
+
+PackagePlan PlanOf(const PackageArguments& arguments)
+{
+    const QString token = PathOf(arguments.token);
+    if (!IsTokenName(token))
+        throw ToolFailure(arguments.token, QStringLiteral("the name of a token file ends in tkn"));
+    if (!FileExists(token))
+        throw ToolFailure(arguments.token, QStringLiteral("File not found"));
+    PackagePlan plan = PlanPackage(token, EngineFolderOf(arguments.engine));
+    for (const std::string& file : arguments.added)
+        plan.files.append(AbsolutePathOf(PathOf(file)));
+    for (const std::string& name : arguments.removed) {
+        const qsizetype place = PlaceInPackage(plan, PathOf(name));
+        if (place < 0)
+            throw ToolFailure(name, QStringLiteral("no file of that name goes into the package"));
+        plan.files.removeAt(place);
+    }
+    return plan;
+}
+
+void Make(const PackageArguments& arguments)
+{
+    const PackagePlan plan = PlanOf(arguments);
+    if (plan.version == InstalledEngine::None)
+        Note(NoEngineBox());
+    ToolWatch watch;
+    try {
+        const PackageOutcome outcome = MakePackage(plan, arguments.zip ? PackageZip::Yes : PackageZip::No, watch);
+        if (outcome.end == PackageEnd::ZipFailed)
+            throw ToolFailure((PackageZipBase(plan) + QStringLiteral(".zip")).toStdString(), outcome.reason);
+    } catch (const RuntimeError& error) {
+        throw ToolFailure(PackageFolder(plan).toStdString(), error.description);
+    }
+}
+
+} // namespace
+
+void AddPackageGroup(CLI::App& tool)
+{
+    CLI::App* group = tool.add_subcommand("package", "finished programs");
+    const auto arguments = std::make_shared<PackageArguments>();
+    CLI::App* make = AddVerb(
+        *group, "make", "obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... [--zip]",
+        "the Package folder beside TOKEN: the program, the runtime engine under its name, the engine's files");
+    make->add_option("TOKEN", arguments->token, "a token file")->required()->check(NotEmpty);
+    make->add_option("--engine", arguments->engine, "the engine, or its folder")
+        ->type_name("ENGINE")
+        ->required()
+        ->check(NotEmpty);
+    make->add_option("--add", arguments->added, "one more file")
+        ->type_name("FILE")
+        ->allow_extra_args(false)
+        ->check(NotEmpty);
+    make->add_option("--remove", arguments->removed, "leave the first file of that name out")
+        ->type_name("NAME")
+        ->allow_extra_args(false)
+        ->check(NotEmpty);
+    make->add_flag("--zip", arguments->zip, "zip the folder as well");
+    make->callback([arguments] { Make(*arguments); });
+}
+
+} // namespace ob

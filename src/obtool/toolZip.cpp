@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// obtool zip: archives.
+#include "obtool/toolGroups.h"
+
+#include "engine/CGZipFiles.h"
+#include "obtool/toolOutput.h"
+#include "platform/cRuntimeError.h"
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace ob {
+
+namespace {
+
+struct ZipArguments {
+    std::string out;
+    std::vector<std::string> specs;
+};
+
+void MakeArchive(const ZipArguments& arguments)
+{
+    if (arguments.specs.empty())
+        throw CLI::RequiredError("SPEC");
+    CGZipFiles zip;
+    zip.ZipFileName = PathOf(arguments.out);
+    zip.RootDirectory.clear();
+    for (const std::string& spec : arguments.specs) {
+        if (spec.empty())
+            throw CLI::ValidationError("SPEC", NotEmpty(spec));
+        try {
+            zip.AddFile(PathOf(spec));
+        } catch (const RuntimeError& error) {
+            throw ToolFailure(spec, error.description);
+        }
+    }
+    if (zip.MakeZipFile() != 0)
+        throw ToolFailure(arguments.out, zip.GetLastMessage());
+    for (const QString& spec : zip.UnmatchedFiles())
+        std::fprintf(stderr, "obtool: note: no file matches %s\n", spec.toUtf8().constData());
+}
+
+} // namespace
+
+void AddZipGroup(CLI::App& tool)
+{
+    CLI::App* group = tool.add_subcommand("zip", "zip archives");
+    const auto arguments = std::make_shared<ZipArguments>();
+    CLI::App* make = AddVerb(*group, "make", "obtool zip make OUT SPEC...",
+                             "an archive of the files, stored under their names without folders");
+    make->add_option("OUT", arguments->out, "the archive; .zip is added to a name without an ending")
+        ->required()
+        ->check(NotEmpty);
+    AddTexts(*make, "SPEC", arguments->specs, "a file, or files by the wildcards * and ? in the last part; at most 99");
+    make->callback([arguments] { MakeArchive(*arguments); });
+}
+
+} // namespace ob
