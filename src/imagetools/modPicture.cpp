@@ -2,6 +2,7 @@
 // The imaging library's way to the toolkit and to the disk.
 #include "imagetools/modPicture.h"
 
+#include "imagetools/modMetafile.h"
 #include "imaging/modBitmapFile.h"
 #include "platform/modDialogs.h"
 #include "platform/modFilePieces.h"
@@ -21,9 +22,6 @@ namespace ob {
 
 namespace {
 
-// Room for pictures of about a hundred million points; the toolkit refuses larger ones before it makes them.
-constexpr int MostMegabytes = 512;
-
 ByteView ViewOf(QByteArrayView bytes)
 {
     return {reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())};
@@ -31,12 +29,22 @@ ByteView ViewOf(QByteArrayView bytes)
 
 cDIBSection PictureOfToolkit(QByteArrayView bytes)
 {
-    QImageReader::setAllocationLimit(MostMegabytes);
+    QImageReader::setAllocationLimit(MostPictureMegabytes);
     QByteArray content = QByteArray::fromRawData(bytes.data(), bytes.size());
     QBuffer buffer(&content);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     cDIBSection picture = CreateFromPicture(reader.read());
+    if (picture.hDib() == 0)
+        throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
+    return picture;
+}
+
+cDIBSection PictureOfMetafile(QByteArrayView bytes)
+{
+    const auto played = PlayMetafile(bytes);
+    const auto* image = std::get_if<QImage>(&played);
+    cDIBSection picture = image == nullptr ? cDIBSection() : CreateFromPicture(*image);
     if (picture.hDib() == 0)
         throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
     return picture;
@@ -93,7 +101,7 @@ FileWriter WriterOf(Write write)
 cDIBSection PictureOfBytes(QByteArrayView bytes)
 {
     if (!bytes.startsWith("BM"))
-        return PictureOfToolkit(bytes);
+        return IsMetafile(bytes) ? PictureOfMetafile(bytes) : PictureOfToolkit(bytes);
     auto read = ReadBitmap(ViewOf(bytes));
     if (auto* picture = std::get_if<cDIBSection>(&read))
         return std::move(*picture);

@@ -13,8 +13,11 @@
 
 namespace ob {
 
-// The picture in the bytes of a file: a bitmap, or any format that the toolkit reads. Transparent parts lie on white.
-// Raises InvalidPicture.
+// Room for pictures of about a hundred million points; the toolkit refuses larger ones before it makes them.
+constexpr int MostPictureMegabytes = 512;
+
+// The picture in the bytes of a file: a bitmap, a metafile, or any format that the toolkit reads. Transparent parts
+// lie on white. Raises InvalidPicture.
 cDIBSection PictureOfBytes(QByteArrayView bytes);
 
 // The picture of a file. Raises FileNotFound, PathFileAccess, DeviceIoError, InvalidPicture.

@@ -2,6 +2,7 @@
 // obtool: every tool of the bench from the command line.
 #include "obtool/toolGroups.h"
 #include "obtool/toolOutput.h"
+#include "obtool/toolPicture.h"
 #include "platform/cRuntimeError.h"
 
 #include <QByteArray>
@@ -97,6 +98,22 @@ CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& u
     return verb;
 }
 
+CLI::Option* AddTexts(CLI::App& verb, const std::string& name, std::vector<std::string>& texts,
+                      const std::string& description)
+{
+    // An option that expects so many takes all that come, and only one that may take more than it expects reads lists.
+    constexpr int AsManyAsCome = 1 << 24;
+    const auto keep = [&texts](const CLI::results_t& results) {
+        texts = results;
+        return true;
+    };
+    return verb.add_option(name, keep, description)
+        ->expected(AsManyAsCome)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->allow_extra_args(false)
+        ->option_text("...");
+}
+
 std::string NotEmpty(const std::string& text)
 {
     return text.empty() ? "a name may not be empty" : std::string();
@@ -108,6 +125,7 @@ int main(int argc, char** argv)
 {
     if (argc == 2 && std::strcmp(argv[1], "--version") == 0)
         return Answer(version);
+    ob::LetPicturesHaveFonts();
     CLI::App tool("Every tool of the bench, from the command line", "obtool");
     tool.formatter(std::make_shared<UsageFormatter>());
     tool.require_subcommand(1);
@@ -117,6 +135,11 @@ int main(int argc, char** argv)
     ob::AddWriteGroup(tool);
     ob::AddImageGroup(tool);
     ob::AddPaletteGroup(tool);
+    ob::AddSpriteGroup(tool);
+    ob::AddIconGroup(tool);
+    ob::AddAviGroup(tool);
+    ob::AddPackageGroup(tool);
+    ob::AddZipGroup(tool);
     for (CLI::App* group : tool.get_subcommands([](CLI::App*) { return true; })) {
         group->require_subcommand(1);
         group->footer("usage: obtool " + group->get_name() + " VERB [OPTIONS] ARGUMENTS");

@@ -2,11 +2,13 @@
 // What the commands for pictures and palettes share.
 #include "obtool/toolPicture.h"
 
+#include "imagetools/modMetafile.h"
 #include "imagetools/modPicture.h"
 #include "platform/cRuntimeError.h"
 #include "platform/modFilePieces.h"
 
 #include <QByteArray>
+#include <QGuiApplication>
 
 #include <new>
 #include <vector>
@@ -59,6 +61,18 @@ FileWriter ToolWriter()
         }
         return {};
     };
+}
+
+void LetPicturesHaveFonts()
+{
+    SetFontMaker([] {
+        static char program[] = "obtool";
+        static char option[] = "-platform";
+        static char platform[] = "offscreen";
+        static char* arguments[] = {program, option, platform, nullptr};
+        static int count = 3;
+        static const QGuiApplication application(count, arguments);
+    });
 }
 
 void RunOnFile(const std::string& file, const std::function<void()>& work)

@@ -21,6 +21,10 @@ cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format);
 // Writes by way of a temporary file; throws ToolFailure.
 FileWriter ToolWriter();
 
+// Lets pictures that hold text have fonts: the first such text makes an application object without a display, which
+// costs the commands without text nothing.
+void LetPicturesHaveFonts();
+
 // Runs work of the imaging library; its errors become failures of the file.
 void RunOnFile(const std::string& file, const std::function<void()>& work);
 

@@ -53,6 +53,11 @@ void AddWriteGroup(CLI::App& tool)
     CLI::App* snippets = AddVerb(*group, "snippets", "obtool write snippets DIR", "the default snippets, a file each");
     snippets->add_option("DIR", *folder, "the folder, which is made when it is missing")->required()->check(NotEmpty);
     snippets->callback([folder] { Snippets(*folder); });
+
+    AddWriteCodeVerbs(*group);
+    AddWriteToolbarVerbs(*group);
+    AddWriteLoadBmpVerb(*group);
+    AddWriteMediaVerb(*group);
 }
 
 } // namespace ob

@@ -106,8 +106,8 @@ inline QString LastDir;
 // Puts every variable above to what it holds before the settings are read. Windows and documents are let go.
 void ResetState();
 
-// Writes the program's text resource of that number and type (101 wrapper32.bas, 102 printer32.bas; type "CUSTOM")
-// at the start of the file; a longer file keeps its tail. Any error ends it without a word.
+// Writes the program's resource of that number and type (101 wrapper32.bas, 102 printer32.bas, 103 jpeg.bas,
+// 104 jpeg.dll; type "CUSTOM") at the start of the file; a longer file keeps its tail. Any error ends it without a word.
 void ExtractResource(int id, const QString& type, const QString& path);
 
 // A colour's value by its name, case-sensitive; 0 for an unknown name.

@@ -2,8 +2,14 @@
 // The menu tree of the main window, and the one loop that reads it.
 #include "shell/frmMainMenu.h"
 
+#include "codetools/dlgToolbar.h"
+#include "codetools/frmArray.h"
 #include "codetools/frmKey.h"
+#include "codetools/frmMB.h"
+#include "codetools/frmMenuMaker.h"
+#include "codetools/frmStylebits.h"
 #include "codetools/frmTip.h"
+#include "codetools/modAPItextedit.h"
 #include "editor/dlgPrinting.h"
 #include "editor/frmCodeExplorer.h"
 #include "editor/frmFind.h"
@@ -13,9 +19,12 @@
 #include "editor/modEdit.h"
 #include "editor/modSnippets.h"
 #include "engine/dlgShowVar.h"
+#include "engine/frmPackage.h"
 #include "engine/modProject.h"
 #include "engine/modRun.h"
 #include "guibuilder/modGuiCommands.h"
+#include "imagetools/frmBitmap.h"
+#include "imagetools/frmMask.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
 #include "shell/dlgAbout.h"
@@ -120,22 +129,22 @@ constexpr MenuRow rows[] = {
     {2, "mnuSoundRec", "&Wav Player", "", "sound", On, mnuSoundRec_Click},
     {2, "mnuCalculator", "&Calculator", "", "calculator", On, mnuCalculator_Click},
     {1, "mnuSpecial", "&Construction Tools", "", "construct", Menu, nullptr},
-    {2, "mnuToolArray", "&Array Maker", "", "array", On, nullptr},
-    {2, "mnuMaker", "Men&u Maker", "", "menu-maker", On, nullptr},
-    {2, "mnuToolMB", "&Message Boxes", "", "message-box", On, nullptr},
+    {2, "mnuToolArray", "&Array Maker", "", "array", On, mnuToolArray_Click},
+    {2, "mnuMaker", "Men&u Maker", "", "menu-maker", On, mnuMaker_Click},
+    {2, "mnuToolMB", "&Message Boxes", "", "message-box", On, mnuToolMB_Click},
     {2, "mnuWrapper", "AP&I Wrapper Library", "", "api-library", On, mnuWrapper_Click},
     {2, "mnuToolPrinter", "&Printer API Library", "", "printer-library", On, mnuToolPrinter_Click},
     {2, "mnuToolSnipBench", "Snipp&et Bench", "", "snippet-bench", On, mnuToolSnipBench_Click},
     {2, "mnuToolSnippet", "&Snippet Library", "", "snippet-library", On, mnuToolSnippet_Click},
-    {2, "mnuToolMask", "Mas&k Maker", "", "mask", On, nullptr},
+    {2, "mnuToolMask", "Mas&k Maker", "", "mask", On, mnuToolMask_Click},
     {2, "mnuToolAVI", "A&VI Maker", "", "video", On, nullptr},
-    {2, "mnuPackage", "Packaging &Wizard", "", "package", On, nullptr},
-    {2, "mnuToolbar", "&Toolbar Maker", "", "toolbar-maker", On, nullptr},
-    {2, "mnuToolStylebit", "Style&Bits Wizard", "", "stylebits", On, nullptr},
-    {2, "mnuToolTE", "API &Texteditor", "", "api-editor", On, nullptr},
+    {2, "mnuPackage", "Packaging &Wizard", "", "package", On, mnuPackage_Click},
+    {2, "mnuToolbar", "&Toolbar Maker", "", "toolbar-maker", On, mnuToolbar_Click},
+    {2, "mnuToolStylebit", "Style&Bits Wizard", "", "stylebits", On, mnuToolStylebit_Click},
+    {2, "mnuToolTE", "API &Texteditor", "", "api-editor", On, mnuToolTE_Click},
     {1, "mnuPreview", "&Preview Tools", "", "view", Menu, nullptr},
     {2, "mnuToolWav", "&Wav Preview", "", "sound", On, nullptr},
-    {2, "mnuToolBitmap", "&Bitmap Preview", "", "bitmap", On, nullptr},
+    {2, "mnuToolBitmap", "&Bitmap Preview", "", "bitmap", On, mnuToolBitmap_Click},
     {2, "mnuToolMedia", "Med&ia Preview", "", "media", On, nullptr},
     {2, "mnuToolRGB", "RGB &Color Preview", "", "color", On, nullptr},
     {2, "mnuColorDialog", "Color &Dialog", "", "color-dialog", On, mnuColorDialog_Click},

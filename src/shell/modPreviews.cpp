@@ -10,10 +10,11 @@ namespace ob {
 // What was chosen last in this run, black at first.
 static ColorRef lastColor = 0;
 
-QString ColorStatus(ColorRef color)
+QString ColorStatus(ColorRef color, NumberForm form)
 {
-    return QStringLiteral("R-") + Str(color & 0xFF) + QStringLiteral("     G-") + Str((color >> 8) & 0xFF) +
-           QStringLiteral("     B-") + Str((color >> 16) & 0xFF) + QStringLiteral("     Long-") + Str(color);
+    const auto number = [form](ColorRef part) { return form == NumberForm::Plain ? NumberText(part) : Str(part); };
+    return QStringLiteral("R-") + number(color & 0xFF) + QStringLiteral("     G-") + number((color >> 8) & 0xFF) +
+           QStringLiteral("     B-") + number((color >> 16) & 0xFF) + QStringLiteral("     Long-") + number(color);
 }
 
 void mnuColorDialog_Click()
@@ -22,15 +23,15 @@ void mnuColorDialog_Click()
     if (!chosen)
         return;
     lastColor = *chosen;
-    SetStatusText(ColorStatus(lastColor));
+    SetStatusText(ColorStatus(lastColor, NumberForm::LeadingBlank));
 }
 
 void mnuToolFont_Click()
 {
     const auto chosen = FontBox({QStringLiteral("MS Sans Serif"), 10, false, false});
-    if (chosen)
+    if (chosen && !chosen->name.isEmpty())
         SetStatusText(QStringLiteral("Font:  ") + chosen->name + QStringLiteral("     size:  ") +
-                      QString::number(chosen->size));
+                      NumberText(chosen->size));
 }
 
 } // namespace ob

@@ -15,6 +15,10 @@ std::optional<std::string_view> CarriedText(int id, const QString& type)
         return CarriedText(QStringLiteral("wrapper32.bas"));
     case 102:
         return CarriedText(QStringLiteral("printer32.bas"));
+    case 103:
+        return CarriedText(QStringLiteral("jpeg.bas"));
+    case 104:
+        return CarriedText(QStringLiteral("jpeg.dll"));
     default:
         return std::nullopt;
     }

@@ -73,7 +73,7 @@ inline QStringList TabOrder(QWidget& window, const char* first)
 {
     QStringList names;
     for (QWidget* at = Find<QWidget>(window, first); names.isEmpty() || at->objectName() != names.first();
-         at = QApplication::focusWidget()) {
+         at = window.focusWidget()) {
         at->setFocus(Qt::TabFocusReason);
         names.append(at->objectName());
         if (names.size() > 40)

@@ -248,7 +248,7 @@ void win_frmMB::tabGoesInReadingOrder()
 {
     MakerScript s;
     s.Play([](QDialog& maker) {
-        QVERIFY(QTest::qWaitForWindowActive(&maker));
+        QTRY_COMPARE(QApplication::activeWindow(), &maker);
         QCOMPARE(TabOrder(maker, "txtTitle").join(u' '),
                  QStringLiteral("txtTitle txtMessage optNone optOK0 txtCode codePreview cmdCreate cmdTest cmdCopy "
                                 "cmdCancel"));

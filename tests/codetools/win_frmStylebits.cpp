@@ -305,7 +305,7 @@ void win_frmStylebits::tabGoesInReadingOrder()
 {
     WizardScript s;
     s.Play([](QDialog& wizard) {
-        QVERIFY(QTest::qWaitForWindowActive(&wizard));
+        QTRY_COMPARE(QApplication::activeWindow(), &wizard);
         QCOMPARE(TabOrder(wizard, "cboObject").join(u' '),
                  QStringLiteral("cboObject chkEx optAdd lstBits codePreview cmdCopy cmdHelp cmdCancel"));
         Press(wizard, "cmdCancel");

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Any bytes may be taken for a metafile.
+#include "imagetools/modMetafile.h"
+
+#include <QGuiApplication>
+
+#include <cstdlib>
+
+static void Require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+// Text is a part of what is played.
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    static int count = 3;
+    static char program[] = "fuzz_metafile";
+    static char option[] = "-platform";
+    static char platform[] = "offscreen";
+    static char* arguments[] = {program, option, platform, nullptr};
+    static const QGuiApplication application(count, arguments);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    const QByteArrayView bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const auto played = ob::PlayMetafile(bytes);
+    if (const auto* image = std::get_if<QImage>(&played))
+        Require(!image->isNull() && qint64{image->width()} * image->height() <= 16'000'000);
+    else
+        Require(ob::IsMetafile(bytes) || std::get<ob::MetafileError>(played) == ob::MetafileError::NotAMetafile);
+    return 0;
+}

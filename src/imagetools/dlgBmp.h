@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How an icon is made from a part of a picture, in words.
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class dlgBmp;
+}
+
+namespace ob {
+
+class dlgBmp final : public QDialog {
+    Q_OBJECT
+
+public:
+    static constexpr char ManualPage[] = "icon-editor";
+
+    // Whether it is still shown: until the user has ticked its box, or the program ends.
+    static inline bool isWanted = true;
+
+    explicit dlgBmp(QWidget* parent = nullptr);
+    ~dlgBmp() override;
+
+private:
+    std::unique_ptr<Ui::dlgBmp> ui;
+};
+
+} // namespace ob

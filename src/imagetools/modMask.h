@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sprites and their masks: a picture of twice the height, a black and white mask above an unchanged copy.
+#pragma once
+
+#include "imaging/cDIBSection.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace ob {
+
+// The double-height picture of a sprite. In its upper half a pixel is white where the sprite is black (0, 0, 0) and
+// black everywhere else. Raises InvalidPicture for a sprite without pixels or one too large for a picture twice as
+// high.
+cDIBSection SpriteWithMask(const cDIBSection& sprite);
+
+// The same in steps, for a window that shows how the mask grows: the sprite twice, then the columns from left on
+// become mask. What lies outside of the picture is passed over.
+cDIBSection SpriteTwice(const cDIBSection& sprite);
+void MaskColumns(cDIBSection& picture, std::int32_t left, std::int32_t count);
+
+// Reads a sprite and masks it, and writes a picture as a 24-bit bitmap file, an empty one when it has no pixels; after
+// a failure an older file is as it was. They raise as LoadPicture and ReplaceFile do.
+cDIBSection LoadSpriteWithMask(const QString& path);
+void SaveMask(const QString& path, const cDIBSection& picture);
+
+// --- All bitmaps of a folder. ---
+
+extern const QStringList BitmapPatterns;
+
+// The names of the bitmaps that lie in the folder itself, in order.
+QStringList BitmapsIn(const QString& folder);
+
+enum class BatchStep { GoOn, Stop };
+enum class BatchEnd { Finished, Cancelled };
+
+struct BatchWatch {
+    std::function<void(qsizetype place)> before;                              // place from 0 in the list
+    std::function<BatchStep(const QString& path, const cDIBSection&)> behind; // the file is written
+};
+
+// Gives each file its mask, in place. The first error ends the work and is raised; that file is as it was, and those
+// before it have their masks.
+BatchEnd MaskFiles(const QString& folder, const QStringList& names, const BatchWatch& watch);
+
+// What the user is told.
+extern const QString BatchStartText;
+extern const QString BatchQuestionText;
+extern const QString BatchCancelledText;
+QString NoBitmapsText(const QString& folder);
+QString BatchProgressText(qsizetype place, qsizetype count, const QString& folder);
+QString BatchFinishedText(const QString& folder);
+
+} // namespace ob

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Pictures made as small as the place where they are shown.
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+namespace ob {
+
+struct PreviewRequest {
+    QString path;
+    QSize box;         // the room for it, in the units of the screen's layout
+    double pixels = 1; // of the screen in such a unit
+};
+
+// A picture that could not be read has no size and no image.
+struct Preview {
+    QString path;
+    QSize size; // of the picture itself, in its pixels
+    QImage image;
+
+    bool IsEmpty() const { return image.isNull(); }
+};
+
+// The picture's size, or, when it does not fit, the largest of the same proportions that does; each side at least 1.
+QSize FittedSize(QSize picture, QSize box);
+
+// Reads the picture, smaller from the start where its format allows that. Transparent parts lie on white. Raises
+// nothing; any thread may call it.
+Preview LoadPreview(const PreviewRequest& request);
+
+} // namespace ob

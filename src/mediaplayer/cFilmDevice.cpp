@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plays a film or a sound. Time is that of the clock, with or without a sound device.
+#include "mediaplayer/cFilmDevice.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <chrono>
+#include <future>
+#include <new>
+
+namespace ob {
+
+namespace {
+
+constexpr int TickLength = 10;                // milliseconds between two looks for a due picture
+constexpr qint64 LatestSound = 300;           // milliseconds; sound that is later than this is skipped
+constexpr std::chrono::milliseconds Farewell(500);
+
+} // namespace
+
+struct cFilmDevice::Reading {
+    std::unique_ptr<cFilmFile> file;
+    std::unique_ptr<cFilmQueue> queue;
+    std::atomic<bool> stop = false;
+    std::promise<void> done;
+
+    void Run()
+    {
+        try {
+            while (queue->WaitForRoom() && file->Step(*queue) == FilmStep::More) {
+            }
+        } catch (const std::bad_alloc&) {
+            // A film that is too large for this machine ends here.
+        }
+        queue->SetEnd(file->EndOfRead());
+        done.set_value();
+    }
+};
+
+OpenedMedia cFilmDevice::Open(MediaKind kind, const QString& path)
+{
+    OpenedMedia opened;
+    std::unique_ptr<cFilmDevice> device(new cFilmDevice(path, cSoundOutput::Make()));
+    if (!device->OpenFile(kind))
+        return opened;
+    const bool isSilent = device->sound == nullptr && device->reading->file->HasSound();
+    opened.trouble = isSilent ? MediaTrouble::NoSoundDevice : MediaTrouble::None;
+    opened.device = std::move(device);
+    return opened;
+}
+
+cFilmDevice::cFilmDevice(const QString& filePath, std::unique_ptr<cSoundOutput> output)
+    : path(filePath), sound(std::move(output)), reading(std::make_shared<Reading>())
+{
+}
+
+cFilmDevice::~cFilmDevice()
+{
+    timer.stop();
+    sound.reset();
+    if (!thread.joinable())
+        return;
+    reading->stop = true;
+    reading->queue->Stop();
+    if (reading->done.get_future().wait_for(Farewell) == std::future_status::ready)
+        thread.join();
+    else
+        thread.detach();
+}
+
+bool cFilmDevice::OpenFile(MediaKind kind)
+{
+    const int rate = sound == nullptr ? 0 : sound->Rate();
+    reading->file = cFilmFile::Open(path, {kind == MediaKind::Video, rate}, reading->stop);
+    if (reading->file == nullptr)
+        return false;
+    const cFilmFile& file = *reading->file;
+    length = file.Length() / 1'000;
+    reading->queue = std::make_unique<cFilmQueue>(cFilmQueue::Content{file.GivesPictures(), file.GivesSound(), rate});
+    return true;
+}
+
+qint64 cFilmDevice::Length() const
+{
+    return length;
+}
+
+qint64 cFilmDevice::Position() const
+{
+    if (!clock.isValid())
+        return 0;
+    const qint64 now = clock.elapsed();
+    if (isClosed || now >= length || reading->queue->HasEndedAt(now * 1'000))
+        return length;
+    return now;
+}
+
+void cFilmDevice::Play()
+{
+    if (clock.isValid())
+        return;
+    clock.start();
+    const cFilmFile& file = *reading->file;
+    // With nothing to show or to be heard there is only the time to be kept.
+    if (file.GivesPictures() || file.GivesSound())
+        thread = std::thread([shared = reading] { shared->Run(); });
+    if (file.GivesSound())
+        sound->Start(*reading->queue);
+    if (file.GivesPictures()) {
+        window = std::make_unique<frmVideo>(QFileInfo(path).fileName(), file.ShownSize());
+        QObject::connect(window.get(), &frmVideo::Closed, window.get(), [this] { isClosed = true; });
+        window->show();
+    }
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this] { ShowDuePicture(); });
+    timer.start(TickLength);
+}
+
+void cFilmDevice::ShowDuePicture()
+{
+    if (isClosed) {
+        timer.stop();
+        sound.reset();
+        return;
+    }
+    const qint64 now = clock.elapsed();
+    if (sound != nullptr)
+        reading->queue->SkipSoundTo((now - LatestSound) * 1'000);
+    if (window == nullptr)
+        return;
+    if (const std::optional<QImage> due = reading->queue->PictureAt(now * 1'000))
+        window->ShowPicture(*due);
+}
+
+} // namespace ob

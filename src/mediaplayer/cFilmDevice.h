@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plays a film or a sound: one thread decodes, the event loop shows, the sound device fetches.
+#pragma once
+
+#include "mediaplayer/cFilmQueue.h"
+#include "mediaplayer/frmVideo.h"
+#include "platform/cMediaDevice.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <thread>
+
+namespace ob {
+
+class cFilmDevice final : public cMediaDevice {
+public:
+    static OpenedMedia Open(MediaKind kind, const QString& path);
+
+    ~cFilmDevice() override;
+
+    qint64 Length() const override;
+    qint64 Position() const override;
+    void Play() override;
+
+private:
+    // What the decoding thread works on. It owns this too, because it may hang on a disk that does not answer.
+    struct Reading;
+
+    cFilmDevice(const QString& path, std::unique_ptr<cSoundOutput> output);
+    bool OpenFile(MediaKind kind);
+    void ShowDuePicture();
+
+    const QString path;
+    std::unique_ptr<cSoundOutput> sound; // null without a sound device
+    std::shared_ptr<Reading> reading;
+    qint64 length = 0; // milliseconds
+    std::thread thread;
+    QElapsedTimer clock;
+    QTimer timer;
+    std::unique_ptr<frmVideo> window; // null for a file without pictures
+    bool isClosed = false;            // the window, by the user
+};
+
+} // namespace ob

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The window in which a film is seen: black, with the picture in its right shape.
+#include "mediaplayer/frmVideo.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+namespace ob {
+
+namespace {
+
+constexpr double LargestPart = 0.75; // of the screen
+constexpr QSize SmallestWindow(160, 120);
+
+} // namespace
+
+frmVideo::frmVideo(const QString& title, QSize size) : filmSize(size)
+{
+    setObjectName(QStringLiteral("frmVideo"));
+    setWindowTitle(title);
+    setAccessibleName(title);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    // Neither does it take the keys from the window with the buttons, nor does it keep the program alive.
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setMinimumSize(SmallestWindow / 2);
+    const QWidget* asking = QApplication::activeWindow();
+    const QScreen* screen = asking != nullptr ? asking->screen() : QApplication::primaryScreen();
+    QSize shown = filmSize;
+    const QSize largest = screen != nullptr ? screen->availableSize() * LargestPart : filmSize;
+    if (shown.width() > largest.width() || shown.height() > largest.height())
+        shown.scale(largest, Qt::KeepAspectRatio);
+    resize(shown.expandedTo(SmallestWindow));
+    if (asking != nullptr) {
+        create();
+        windowHandle()->setTransientParent(asking->window()->windowHandle());
+    }
+}
+
+void frmVideo::ShowPicture(const QImage& next)
+{
+    picture = next;
+    update();
+}
+
+void frmVideo::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::black);
+    if (picture.isNull())
+        return;
+    QRect place(QPoint(0, 0), filmSize.scaled(size(), Qt::KeepAspectRatio));
+    place.moveCenter(rect().center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, place.size() != picture.size());
+    painter.drawImage(place, picture);
+}
+
+void frmVideo::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel))
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void frmVideo::closeEvent(QCloseEvent* event)
+{
+    QWidget::closeEvent(event);
+    Q_EMIT Closed();
+}
+
+} // namespace ob

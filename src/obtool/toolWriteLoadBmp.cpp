@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// obtool write loadbmp: the bitmap previewer's list.
+#include "obtool/toolGroups.h"
+
+#include "imagetools/modLoadBmp.h"
+#include "obtool/toolOutput.h"
+#include "platform/cRuntimeError.h"
+#include "platform/modAnsi.h"
+#include "platform/modDialogs.h"
+#include "platform/modPaths.h"
+
+#include <memory>
+
+namespace ob {
+
+namespace {
+
+struct LoadBmpArguments {
+    std::vector<std::string> files;
+    bool usesLibrary = false;
+    bool hasPaths = false;
+};
+
+// The program that is written runs elsewhere: a path of its system stays as it is.
+QString FullPathOf(const QString& file)
+{
+    const bool hasDrive = file.size() > 2 && file[0].isLetter() && file[1] == QLatin1Char(':');
+    return hasDrive || file.startsWith(QLatin1Char('\\')) ? file : AbsolutePathOf(file);
+}
+
+void WriteLoadBmp(const LoadBmpArguments& arguments)
+{
+    const auto library = arguments.usesLibrary ? ImageLibrary::Used : ImageLibrary::Unused;
+    const auto information = arguments.hasPaths ? PathInformation::Full : PathInformation::Left;
+    cLoadBmpList list;
+    for (const std::string& file : arguments.files) {
+        const QString path = FullPathOf(PathOf(file));
+        if (list.Add(path) == cLoadBmpList::Answer::Full) {
+            MsgBox(BmpListFullText);
+            continue;
+        }
+        // A name that is too short is told with its file.
+        try {
+            (void)LoadBmpText({path}, library, information);
+        } catch (const RuntimeError& error) {
+            throw ToolFailure(file, error.description);
+        }
+    }
+    WriteOutput({}, AnsiFromText(LoadBmpText(list.Paths(), library, information)).bytes);
+}
+
+} // namespace
+
+void AddWriteLoadBmpVerb(CLI::App& group)
+{
+    const auto arguments = std::make_shared<LoadBmpArguments>();
+    CLI::App* verb = AddVerb(group, "loadbmp", "obtool write loadbmp [--dll] [--path] FILE...",
+                             "the lines that load pictures and let go of them");
+    verb->add_flag("--dll", arguments->usesLibrary, "the image library jpeg.dll loads them");
+    verb->add_flag("--path", arguments->hasPaths, "with the full path of each picture");
+    AddTexts(*verb, "FILE", arguments->files, "the pictures, 150 at most")->required()->check(NotEmpty);
+    verb->callback([arguments] { WriteLoadBmp(*arguments); });
+}
+
+} // namespace ob

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// "obtool package", as other programs call it.
+#include "engine/PackageBench.h"
+#include "platform/FileTrouble.h"
+
+namespace {
+
+ProgramEnd Run(const QStringList& arguments)
+{
+    return RunProgram(QStringLiteral(OB_BIN "/obtool"), QStringList{QStringLiteral("package")} + arguments);
+}
+
+// A package of the bench's token with its engine's folder, and more arguments.
+ProgramEnd Make(const PackageBench& bench, const QStringList& more = {})
+{
+    return Run(QStringList{QStringLiteral("make"), bench.Token(), QStringLiteral("--engine"), bench.engine} + more);
+}
+
+QStringList Sorted(QStringList names)
+{
+    names.sort(Qt::CaseSensitive);
+    return names;
+}
+
+} // namespace
+
+class tst_toolPackage : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void wholePackagesAreMadeInSilence_data()
+    {
+        QTest::addColumn<int>("version");
+        for (int version = 1; version <= 3; ++version)
+            QTest::addRow("version %d", version) << version;
+    }
+
+    void wholePackagesAreMadeInSilence()
+    {
+        QFETCH(int, version);
+        const PackageBench bench(version);
+        for (int round = 0; round < 2; ++round) {
+            const ProgramEnd end = Make(bench);
+            QCOMPARE(end.status, 0);
+            QCOMPARE(end.out, QByteArray());
+            QCOMPARE(end.error, QByteArray());
+            QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(version));
+            QCOMPARE(bench.Get("game.exe"), QByteArray("the engine"));
+        }
+    }
+
+    void theEngineIsAFileOrAFolder()
+    {
+        const PackageBench bench(1);
+        const QString before = QDir::currentPath();
+        for (const char* engine : {"engine/orchard.exe", "engine/", "engine", "./engine/gone.exe"}) {
+            QDir::setCurrent(QFileInfo(bench.engine).path());
+            QDir(bench.Package()).removeRecursively();
+            const ProgramEnd end = Run({QStringLiteral("make"), QStringLiteral("work/game.tkn"),
+                                        QStringLiteral("--engine"), QString::fromLatin1(engine)});
+            QCOMPARE(end.error, QByteArray());
+            QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
+        }
+        // A bare name lies in the current folder.
+        QDir::setCurrent(bench.engine);
+        QDir(bench.Package()).removeRecursively();
+        Run({QStringLiteral("make"), QStringLiteral("../work/game.tkn"), QStringLiteral("--engine"),
+             QStringLiteral("orchard.exe")});
+        QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
+        QDir::setCurrent(before);
+    }
+
+    void withoutAnEngineThereIsANote()
+    {
+        const PackageBench bench(0);
+        const ProgramEnd end = Make(bench);
+        QCOMPARE(end.status, 0);
+        QCOMPARE(end.error, QByteArray("obtool: note: Orchard Bench cannot find your copy of Orchard BASIC.  Please set "
+                                       "the path to 'orchard.exe' in the Prefernces Menu, under 'Options/Paths'.\n"
+                                       "obtool: note: Error renaming runtime engine!\n"));
+        QCOMPARE(bench.PackedNames(), Words("game.tkn"));
+    }
+
+    void missingFilesAreNotes()
+    {
+        const PackageBench bench(2);
+        QVERIFY(QFile::remove(bench.At("engine/vwhelp.dll")));
+        QVERIFY(QFile::remove(bench.At("engine/vwicons.dll")));
+        const ProgramEnd end = Make(bench);
+        QCOMPARE(end.status, 0);
+        QCOMPARE(end.error, "obtool: note: Orchard Bench could not find these needed files: " +
+                                bench.At("engine/vwhelp.dll").toUtf8() + ' ' + bench.At("engine/vwicons.dll").toUtf8() +
+                                '\n');
+    }
+
+    void filesAreAddedAndLeftOut()
+    {
+        const PackageBench bench(3);
+        PutFile(bench.At("work/[a,b].txt"), "one");
+        PutFile(bench.At("work/two.txt"), "two");
+        const ProgramEnd end =
+            Run({QStringLiteral("make"), QStringLiteral("--add"), bench.At("work/[a,b].txt"), QStringLiteral("--add"),
+                 bench.At("work/two.txt"), QStringLiteral("--remove"), QStringLiteral("VTHK31W.dll"),
+                 QStringLiteral("--engine"), bench.engine, bench.Token()});
+        QCOMPARE(end.error, QByteArray());
+        QCOMPARE(end.status, 0);
+        QStringList expected = PackageBench::WholePackage(3) + Words("[a,b].txt two.txt");
+        expected.removeOne(QStringLiteral("Vthk31w.dll"));
+        QCOMPARE(bench.PackedNames(), Sorted(expected));
+        QCOMPARE(bench.Get("[a,b].txt"), QByteArray("one"));
+    }
+
+    void theFirstFileOfANameIsLeftOut()
+    {
+        const PackageBench bench(1);
+        PutFile(bench.At("work/vwabort.dll"), "my own");
+        const QStringList add = {QStringLiteral("--add"), bench.At("work/vwabort.dll")};
+        const QStringList remove = {QStringLiteral("--remove"), QStringLiteral("vwabort.dll")};
+        QCOMPARE(Make(bench, add + remove).status, 0);
+        QCOMPARE(bench.Get("vwabort.dll"), QByteArray("my own"));
+        QDir(bench.Package()).removeRecursively();
+        QCOMPARE(Make(bench, add + remove + remove).status, 0);
+        QVERIFY(!QFileInfo::exists(bench.Packed("vwabort.dll")));
+    }
+
+    void aNameThatIsNotThereIsAFailureBeforeAnyCopy()
+    {
+        const PackageBench bench(1);
+        const ProgramEnd end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("gone.dll")});
+        QCOMPARE(end.status, 1);
+        QVERIFY2(end.error.startsWith("obtool: gone.dll: "), end.error.constData());
+        QCOMPARE(end.error.count('\n'), 1);
+        QVERIFY(!QFileInfo::exists(bench.Package()));
+    }
+
+    void withoutRunExeThereIsANote()
+    {
+        const PackageBench bench(1);
+        const ProgramEnd end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("run.exe")});
+        QCOMPARE(end.status, 0);
+        QCOMPARE(end.error, QByteArray("obtool: note: Error renaming runtime engine!\n"));
+    }
+
+    void copiesThatFailAreNotes()
+    {
+#ifdef Q_OS_UNIX
+        const PackageBench bench(1);
+        const ProgramEnd end = Make(bench, {QStringLiteral("--add"), QStringLiteral("/proc/self/mem")});
+        QCOMPARE(end.status, 0);
+        QCOMPARE(end.error, QByteArray("obtool: note: Error occurred!\n"));
+        QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
+#else
+        QSKIP("has no such files");
+#endif
+    }
+
+    void anAddedFileThatIsNotThereIsMissing()
+    {
+        const PackageBench bench(1);
+        const ProgramEnd end = Make(bench, {QStringLiteral("--add"), bench.At("work/gone.txt")});
+        QCOMPARE(end.status, 0);
+        QVERIFY(end.error.startsWith("obtool: note: Orchard Bench could not find these needed files: "));
+        QVERIFY(end.error.endsWith("gone.txt\n"));
+    }
+
+    void thePackageIsZipped()
+    {
+        const PackageBench bench(2);
+        const ProgramEnd end = Make(bench, {QStringLiteral("--zip")});
+        QCOMPARE(end.status, 0);
+        QCOMPARE(end.error, QByteArray());
+        QCOMPARE(Sorted(NamesInZip(bench.Packed("game.zip"))), PackageBench::WholePackage(2));
+    }
+
+    void aZipThatFailsIsAFailure()
+    {
+        const PackageBench bench(2);
+        QVERIFY(QDir().mkpath(bench.Packed("game.zip")));
+        const ProgramEnd end = Make(bench, {QStringLiteral("--zip")});
+        QCOMPARE(end.status, 1);
+        QVERIFY2(end.error.startsWith("obtool: " + bench.Packed("game.zip").toUtf8() + ": "), end.error.constData());
+    }
+
+    void tokensThatAreNoneFail()
+    {
+        const PackageBench bench(1);
+        PutFile(bench.At("work/game.bas"), "x");
+        QVERIFY(QDir().mkdir(bench.At("work/folder.tkn")));
+        for (const char* token : {"work/game.bas", "work/gone.tkn", "work/folder.tkn"}) {
+            const ProgramEnd end =
+                Run({QStringLiteral("make"), bench.At(token), QStringLiteral("--engine"), bench.engine});
+            QCOMPARE(end.status, 1);
+            QVERIFY2(end.error.startsWith("obtool: " + bench.At(token).toUtf8() + ": "), end.error.constData());
+            QCOMPARE(end.error.count('\n'), 1);
+        }
+        QVERIFY(!QFileInfo::exists(bench.Package()));
+    }
+
+    void aPackageFolderThatCannotBeMadeIsAFailure()
+    {
+        const PackageBench bench(1);
+        PutFile(bench.Package(), "a file");
+        const ProgramEnd end = Make(bench);
+        QCOMPARE(end.status, 1);
+        QCOMPARE(end.error, "obtool: " + bench.Package().toUtf8() + ": Path/File access error\n");
+    }
+
+    void wrongUsageIsStatusTwo()
+    {
+        const PackageBench bench(1);
+        QCOMPARE(Run({QStringLiteral("make"), bench.Token()}).status, 2);
+        QCOMPARE(Run({QStringLiteral("make"), QStringLiteral("--engine"), bench.engine}).status, 2);
+        QCOMPARE(Make(bench, {QStringLiteral("--add")}).status, 2);
+        QCOMPARE(Make(bench, {QStringLiteral("--remove"), QString()}).status, 2);
+        const ProgramEnd end = Make(bench, {QStringLiteral("second.tkn")});
+        QCOMPARE(end.status, 2);
+        QVERIFY(end.error.contains("usage: obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... "
+                                   "[--zip]"));
+        QVERIFY(!QFileInfo::exists(bench.Package()));
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_toolPackage)
+#include "tst_toolPackage.moc"

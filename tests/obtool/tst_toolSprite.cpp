@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// "obtool sprite", as other programs call it.
+#include "imagetools/SpriteFiles.h"
+#include "platform/FileTrouble.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+constexpr char Usage[] = "usage: obtool sprite mask IN OUT | obtool sprite mask --folder DIR\n";
+
+struct Result {
+    int status = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+Result Run(const QStringList& arguments, const QByteArray& input = {})
+{
+    QProcess process;
+    process.start(QStringLiteral(OB_BIN "/obtool"), QStringList(QStringLiteral("sprite")) + arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
+        process.kill();
+        process.waitForFinished();
+        return {};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+Result RunWords(const char* line, const QByteArray& input = {})
+{
+    return Run(QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts), input);
+}
+
+} // namespace
+
+class tst_toolSprite : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> folder;
+
+private Q_SLOTS:
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        QDir::setCurrent(folder->path());
+    }
+    void cleanup()
+    {
+        QDir::setCurrent(QDir::rootPath());
+        folder.reset();
+    }
+
+    void AMaskStandsAboveTheSprite()
+    {
+        const QImage sprite = SpriteImage(21, 17);
+        Put(QStringLiteral("in.bmp"), BitmapBytesOf(sprite));
+        const Result result = RunWords("mask in.bmp out.bmp");
+        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(ImageAt(QStringLiteral("out.bmp")), MaskedImage(sprite));
+        const QByteArray bytes = Get(QStringLiteral("out.bmp"));
+        QCOMPARE(bytes.size(), 54 + 64 * 34);
+        QCOMPARE(int{bytes[28]}, 24);
+        QCOMPARE(Get(QStringLiteral("in.bmp")), BitmapBytesOf(sprite));
+    }
+
+    void AnyPictureAndStandardInputAreRead()
+    {
+        const QImage sprite = SpriteImage(5, 6);
+        QBuffer png;
+        png.open(QIODevice::WriteOnly);
+        sprite.save(&png, "PNG");
+        QCOMPARE(RunWords("mask - out.bmp", png.data()).status, 0);
+        QCOMPARE(ImageAt(QStringLiteral("out.bmp")), MaskedImage(sprite));
+    }
+
+    void WhatCannotBeReadLeavesTheOlderFile()
+    {
+        Put(QStringLiteral("bad.bmp"), "BM nothing");
+        Put(QStringLiteral("out.bmp"), "old");
+        const Result bad = RunWords("mask bad.bmp out.bmp");
+        QCOMPARE(bad.status, 1);
+        QCOMPARE(bad.err, QByteArray("obtool: bad.bmp: Invalid picture\n"));
+        const Result missing = RunWords("mask none.bmp out.bmp");
+        QCOMPARE(missing.status, 1);
+        QCOMPARE(missing.err, QByteArray("obtool: none.bmp: File does not exist or is corrupt.\n"));
+        QCOMPARE(Get(QStringLiteral("out.bmp")), QByteArray("old"));
+        Put(QStringLiteral("in.bmp"), BitmapBytesOf(SpriteImage(4, 4)));
+        const Result closed = RunWords("mask in.bmp no/such/out.bmp");
+        QCOMPARE(closed.status, 1);
+        QCOMPARE(closed.err, QByteArray("obtool: no/such/out.bmp: Path not found\n"));
+    }
+
+    void AFolderIsMaskedInPlaceALineAFile()
+    {
+        QDir().mkdir(QStringLiteral("art"));
+        const QImage sprite = SpriteImage(9, 8);
+        for (const char* name : {"art/b.BMP", "art/a.bmp", "art/C.bmp"})
+            Put(QString::fromLatin1(name), BitmapBytesOf(sprite));
+        Put(QStringLiteral("art/note.txt"), "text");
+        const Result result = RunWords("mask --folder art");
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err, QByteArray("art/a.bmp\nart/b.BMP\nart/C.bmp\n"));
+        for (const char* name : {"art/b.BMP", "art/a.bmp", "art/C.bmp"})
+            QCOMPARE(ImageAt(QString::fromLatin1(name)), MaskedImage(sprite));
+        QCOMPARE(Get(QStringLiteral("art/note.txt")), QByteArray("text"));
+    }
+
+    void ABadBitmapEndsTheFolder()
+    {
+        const QImage sprite = SpriteImage(9, 8);
+        Put(QStringLiteral("a.bmp"), BitmapBytesOf(sprite));
+        Put(QStringLiteral("b.bmp"), "BM nothing");
+        Put(QStringLiteral("c.bmp"), BitmapBytesOf(sprite));
+        const Result result = RunWords("mask --folder .");
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.err, QByteArray("./a.bmp\nobtool: ./b.bmp: Invalid picture\n"));
+        QCOMPARE(ImageAt(QStringLiteral("a.bmp")), MaskedImage(sprite));
+        QCOMPARE(Get(QStringLiteral("b.bmp")), QByteArray("BM nothing"));
+        QCOMPARE(ImageAt(QStringLiteral("c.bmp")), sprite);
+    }
+
+    void AFolderWithoutBitmapsIsAFailure()
+    {
+        QDir().mkdir(QStringLiteral("empty"));
+        const Result empty = RunWords("mask --folder empty");
+        QCOMPARE(empty.status, 1);
+        QCOMPARE(empty.err,
+                 QByteArray("obtool: empty: There are no bitmaps in empty!  Please choose another directory.\n"));
+        const Result missing = RunWords("mask --folder none");
+        QCOMPARE(missing.status, 1);
+        QCOMPARE(missing.err, QByteArray("obtool: none: Path not found\n"));
+    }
+
+    void WrongUsageIsTold_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        for (const char* line : {"mask", "mask in.bmp", "mask a b c", "mask --folder", "mask in.bmp --folder .",
+                                 "mask in.bmp out.bmp --folder .", "mask in.bmp out.bmp --wide"})
+            QTest::newRow(line) << QByteArray(line);
+    }
+    void WrongUsageIsTold()
+    {
+        QFETCH(QByteArray, line);
+        const Result result = RunWords(line.constData());
+        QCOMPARE(result.status, 2);
+        QVERIFY2(result.err.endsWith(Usage), result.err.constData());
+        QVERIFY(QDir().entryList(QDir::Files).isEmpty());
+    }
+
+    void EmptyNamesAreWrongUsage()
+    {
+        QCOMPARE(Run({QStringLiteral("mask"), QString(), QStringLiteral("out.bmp")}).status, 2);
+        QCOMPARE(Run({QStringLiteral("mask"), QStringLiteral("--folder"), QString()}).status, 2);
+    }
+
+    void HelpIsGiven()
+    {
+        const Result help = RunWords("mask --help");
+        QCOMPARE(help.status, 0);
+        QVERIFY(help.out.contains(Usage));
+        QCOMPARE(RunWords("--help").status, 0);
+        QCOMPARE(RunWords("").status, 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_toolSprite)
+#include "tst_toolSprite.moc"

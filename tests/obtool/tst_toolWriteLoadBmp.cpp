@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// "obtool write loadbmp" and "write library jpeg", as other programs call them, and metafiles given to obtool.
+#include "imagetools/MetafileBytes.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace ob;
+
+namespace {
+
+struct Result {
+    int status = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+Result Run(const QStringList& arguments, const QString& folder = {})
+{
+    QProcess process;
+    if (!folder.isEmpty())
+        process.setWorkingDirectory(folder);
+    // As on a machine without a display, and without what this test was told of one.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    environment.remove(QStringLiteral("DISPLAY"));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(OB_BIN "/obtool"), arguments);
+    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
+        process.kill();
+        process.waitForFinished();
+        return {};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+Result LoadBmp(const QStringList& arguments, const QString& folder = {})
+{
+    return Run(QStringList{QStringLiteral("write"), QStringLiteral("loadbmp")} + arguments, folder);
+}
+
+QByteArray Expected(const char* name)
+{
+    QFile file(QStringLiteral(OB_TEST_DATA "/imagetools/") + QString::fromLatin1(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
+}
+
+const QString Rose = QStringLiteral("/pics/rose.bmp");
+const QString Tulip = QStringLiteral("C:\\art\\tulip.jpg");
+
+} // namespace
+
+class tst_toolWriteLoadBmp : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void textsAreThoseOfTheWindow_data();
+    void textsAreThoseOfTheWindow();
+    void relativeNameGetsItsFolder();
+    void namesAreAnsi();
+    void first150AreTakenAndEachFurtherOneIsTold();
+    void shortNameIsAFailure();
+    void wrongUsage_data();
+    void wrongUsage();
+    void demonstrationOfTheLibrary();
+    void metafileIsAPictureWithItsText();
+};
+
+void tst_toolWriteLoadBmp::textsAreThoseOfTheWindow_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("file");
+    const QString dll = QStringLiteral("--dll");
+    const QString path = QStringLiteral("--path");
+    QTest::newRow("plain") << QStringList() << QByteArray("loadbmp.txt");
+    QTest::newRow("path") << QStringList{path} << QByteArray("loadbmp-path.txt");
+    QTest::newRow("library") << QStringList{dll} << QByteArray("loadbmp-dll.txt");
+    QTest::newRow("both") << QStringList{path, dll} << QByteArray("loadbmp-dll-path.txt");
+}
+
+void tst_toolWriteLoadBmp::textsAreThoseOfTheWindow()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, file);
+    const Result result = LoadBmp(options + QStringList{Rose, Tulip});
+    QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.out, Expected(file.constData()));
+    // Options may stand behind the files as well.
+    QCOMPARE(LoadBmp(QStringList{Rose, Tulip} + options).out, result.out);
+}
+
+void tst_toolWriteLoadBmp::relativeNameGetsItsFolder()
+{
+    const QTemporaryDir folder;
+    const QString path = QDir(folder.path()).canonicalPath();
+    const Result result = LoadBmp({QStringLiteral("--path"), QStringLiteral("sub/a.bmp")}, path);
+    QCOMPARE(result.status, 0);
+    QVERIFY(result.out.contains("    loadbmp \"a\", \"" + path.toLocal8Bit() + "/sub/a.bmp\"\r\n"));
+}
+
+void tst_toolWriteLoadBmp::namesAreAnsi()
+{
+    const Result result = LoadBmp({QStringLiteral("/pics/\u00E9t\u00E9.bmp")});
+    QCOMPARE(result.status, 0);
+    QVERIFY(result.out.contains("    unloadbmp \"\xE9t\xE9\"\r\n"));
+}
+
+void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsTold()
+{
+    QStringList files;
+    for (int i = 1; i <= 153; ++i)
+        files.append(QStringLiteral("p%1.bmp").arg(i, 3, 10, QLatin1Char('0')));
+    const Result all = LoadBmp(files.first(150));
+    QCOMPARE(all.err, QByteArray());
+    const Result more = LoadBmp(files);
+    QCOMPARE(more.status, 0);
+    QCOMPARE(more.err, QByteArray("obtool: note: The bmplist is limited to 150 bitmaps\n").repeated(3));
+    QCOMPARE(more.out, all.out);
+    QCOMPARE(more.out.count("    loadbmp "), 150);
+    QVERIFY(more.out.contains("    unloadbmp \"p150\"\r\n    RETURN\r\n"));
+}
+
+void tst_toolWriteLoadBmp::shortNameIsAFailure()
+{
+    const Result result = LoadBmp({Rose, QStringLiteral("/pics/abc")});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.err, QByteArray("obtool: /pics/abc: Invalid procedure call or argument\n"));
+}
+
+void tst_toolWriteLoadBmp::wrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("no file") << QStringList();
+    QTest::newRow("options alone") << QStringList{QStringLiteral("--dll")};
+    QTest::newRow("empty name") << QStringList{Rose, QString()};
+    QTest::newRow("unknown option") << QStringList{QStringLiteral("--lib"), Rose};
+}
+
+void tst_toolWriteLoadBmp::wrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    const Result result = LoadBmp(arguments);
+    QCOMPARE(result.status, 2);
+    QCOMPARE(result.out, QByteArray());
+    QVERIFY(result.err.endsWith("usage: obtool write loadbmp [--dll] [--path] FILE...\n"));
+}
+
+void tst_toolWriteLoadBmp::demonstrationOfTheLibrary()
+{
+    const Result result = Run({QStringLiteral("write"), QStringLiteral("library"), QStringLiteral("jpeg")});
+    QCOMPARE(result.status, 0);
+    QVERIFY(result.out.startsWith("'jpeg.bas: "));
+    QVERIFY(result.out.endsWith("    End Function\r\n"));
+}
+
+void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
+{
+    const QTemporaryDir folder;
+    const QString in = folder.filePath(QStringLiteral("a.wmf"));
+    const QString out = folder.filePath(QStringLiteral("a.bmp"));
+    WmfBytes file;
+    file.Add(0x2FB, Words({-30, 0, 0, 0, 700}) + QByteArray(8, '\0') + QByteArray("Arial\0", 6)).Add(0x12D, Word(0));
+    file.Add(0x102, Word(1)).Add(0x521, Word(2) + QByteArray("HH") + Words({20, 10}));
+    QFile writer(in);
+    QVERIFY(writer.open(QIODevice::WriteOnly));
+    writer.write(file.Placeable(0, 0, 100, 60, 96));
+    writer.close();
+    const Result result = Run(
+        {QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"), QStringLiteral("24")});
+    QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.status, 0);
+    const QImage image(out);
+    QCOMPARE(image.size(), QSize(100, 60));
+    int dark = 0;
+    for (int y = 20; y < 60; ++y)
+        for (int x = 10; x < 70; ++x)
+            dark += qGray(image.pixel(x, y)) < 64 ? 1 : 0;
+    QVERIFY2(dark > 150, qPrintable(QString::number(dark)));
+}
+
+QTEST_GUILESS_MAIN(tst_toolWriteLoadBmp)
+#include "tst_toolWriteLoadBmp.moc"
