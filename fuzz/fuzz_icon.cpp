@@ -23,10 +23,8 @@ static void LookAtImage(ob::ByteView bytes)
     Require(image->alpha.empty() || image->alpha.size() == count);
     ob::Icon icon;
     ob::DrawIcon(icon, *image);
-    unsigned sum = 0;
     for (const ob::ColorRef color : icon.pixels)
-        sum += color;
-    Require(sum < 32 * 32 * 0x1000000U);
+        Require(color <= 0xFFFFFF);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)

@@ -25,7 +25,7 @@ namespace ob {
 namespace {
 
 constexpr int MiddleLightness = 128; // of 255
-constexpr double ReadableContrast = 4.5;
+constexpr double ReadableContrast = 5.5;
 constexpr int FewestLines = 3;
 constexpr int ShownColumns = 60;
 

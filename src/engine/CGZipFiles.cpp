@@ -47,9 +47,8 @@ std::int16_t CGZipFiles::ZipFileCount() const
 
 qsizetype CGZipFiles::PlaceOf(const QString& spec) const
 {
-    const auto found = std::find_if(files.begin(), files.end(), [&](const QString& file) {
-        return file.compare(spec, Qt::CaseInsensitive) == 0;
-    });
+    const auto found = std::find_if(files.begin(), files.end(),
+                                    [&](const QString& file) { return file.compare(spec, Qt::CaseInsensitive) == 0; });
     return found == files.end() ? -1 : found - files.begin();
 }
 

@@ -13,6 +13,7 @@ dlgProcess::dlgProcess(Leaving howLeft, QWidget* parent)
 {
     ui->setupUi(this);
     ui->cmdCancel->setVisible(leaving == Leaving::Allowed);
+    resize(width(), sizeHint().height());
     connect(ui->cmdCancel, &QPushButton::clicked, this, &dlgProcess::reject);
 }
 

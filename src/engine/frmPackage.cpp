@@ -318,7 +318,8 @@ bool frmPackage::eventFilter(QObject* watched, QEvent* event)
 // Anywhere beside the package's list is out of the package.
 void frmPackage::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->source() == ui->TEMPList)
+    const QPoint place = ui->TEMPList->mapFrom(this, event->position().toPoint());
+    if (event->source() == ui->TEMPList && !ui->TEMPList->rect().contains(place))
         event->acceptProposedAction();
 }
 
@@ -332,7 +333,10 @@ void frmPackage::dropEvent(QDropEvent* event)
 
 void mnuPackage_Click()
 {
-    const QString chosen = FileBox({FilePurpose::Open, QStringLiteral("Choose TKN"), QDir::currentPath(), {},
+    const QString chosen = FileBox({FilePurpose::Open,
+                                    QStringLiteral("Choose TKN"),
+                                    QDir::currentPath(),
+                                    {},
                                     QStringLiteral("Orchard BASIC TKN (*.tkn)|*.tkn")});
     if (!IsTokenName(chosen))
         return;

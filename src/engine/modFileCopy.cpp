@@ -29,8 +29,7 @@ public:
     {
         constexpr int maximumTries = 100;
         for (int count = 0; count < maximumTries && !file.isOpen(); ++count) {
-            file.setFileName(folder +
-                             QStringLiteral(".ob-%1.tmp").arg(QRandomGenerator::global()->generate()));
+            file.setFileName(folder + QStringLiteral(".ob-%1.tmp").arg(QRandomGenerator::global()->generate()));
             if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) &&
                 !QFileInfo::exists(file.fileName()))
                 return;

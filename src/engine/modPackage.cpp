@@ -40,10 +40,10 @@ struct EngineRow {
 // The first row's marker and the file of nearly its name are two different files.
 constexpr std::string_view versionOneFiles[] = {"vwabort.dll", "vwbas11.dll",  "vwdlgs.dll",   "vwfloat.dll",
                                                 "vwfont.dll",  "vwsignon.dll", "vwsignon.bmp", "vwvm11.dll"};
-constexpr std::string_view versionTwoFiles[] = {"vwabort.dll", "vwbas20.dll", "vwdlgs20.dll",
-                                                "vwfloat2.dll", "vwhelp.dll", "vwicons.dll",
+constexpr std::string_view versionTwoFiles[] = {"vwabort.dll",  "vwbas20.dll",  "vwdlgs20.dll",
+                                                "vwfloat2.dll", "vwhelp.dll",   "vwicons.dll",
                                                 "vwsignon.dll", "vwsignon.bmp", "vwvm20.dll"};
-constexpr std::string_view versionThreeFiles[] = {"Vbas31w.sll",   "Vgui31w.sll",   "Voflr31w.sll", "Vthk31w.dll",
+constexpr std::string_view versionThreeFiles[] = {"Vbas31w.sll",  "Vgui31w.sll",  "Voflr31w.sll", "Vthk31w.dll",
                                                   "Vtk1631w.dll", "Vtk3231w.dll", "Vvm31w.dll",   "Vvmt31w.dll"};
 constexpr EngineRow engineRows[] = {
     {InstalledEngine::One, "vwm11.dll", versionOneFiles, RuntimeBy::Name},
@@ -256,7 +256,9 @@ MessageSpec NoEngineBox()
 {
     return {QStringLiteral("Orchard Bench cannot find your copy of Orchard BASIC.  Please set the path to "
                            "'orchard.exe' in the Prefernces Menu, under 'Options/Paths'."),
-            BoxIcon::Exclamation, BoxButtons::Ok, {}};
+            BoxIcon::Exclamation,
+            BoxButtons::Ok,
+            {}};
 }
 
 qsizetype PlaceInPackage(const PackagePlan& plan, const QString& name)
@@ -283,7 +285,9 @@ MessageSpec TestQuestion(const PackagePlan& plan, const PackagedEngine& engine)
     return {QStringLiteral("The runtime engine is now called %1  All files can be found in %2\r\n\r\n"
                            "Would you like to test your new application?")
                 .arg(engine.name, PackageFolder(plan)),
-            BoxIcon::Question, BoxButtons::YesNo, {}};
+            BoxIcon::Question,
+            BoxButtons::YesNo,
+            {}};
 }
 
 MessageSpec ZipMadeBox(const QString& base)
@@ -297,8 +301,7 @@ PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatc
     Copier copier(plan, watch);
     for (const QString& file : plan.files) {
         if (copier.Copy(file) == PackageWish::Stop) {
-            watch.Tell(
-                {QStringLiteral("File copying operation aborted!"), BoxIcon::Critical, BoxButtons::Ok, {}});
+            watch.Tell({QStringLiteral("File copying operation aborted!"), BoxIcon::Critical, BoxButtons::Ok, {}});
             watch.FilesAreDone();
             return {PackageEnd::Aborted, {}};
         }

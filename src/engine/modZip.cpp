@@ -295,6 +295,8 @@ QString ObstacleAt(const QString& archive)
 ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const ZipOptions& options,
                 const ZipWatch& watch)
 {
+    Feed feed{watch, {}, {}};
+    std::deque<FileFeed> files; // the archive points to them, so they outlive it
     int code = 0;
     Archive archive(zip_open(path.toUtf8().constData(), ZIP_CREATE | (options.updatingZip ? 0 : ZIP_TRUNCATE), &code));
     if (!archive) {
@@ -306,8 +308,6 @@ ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const
         zip_error_fini(&error);
         return answer;
     }
-    Feed feed{watch, {}, {}};
-    std::deque<FileFeed> files; // the library holds pointers to them until the archive is written
     for (const ZipEntry& entry : entries)
         feed.progress.all += entry.size;
     for (const ZipEntry& entry : entries)
@@ -320,7 +320,6 @@ ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const
     ZipAnswer answer = FailureOf(archive);
     if (answer.code != ZipStopped && !feed.failure.isEmpty())
         answer.message = feed.failure;
-    archive.reset(); // before the files that it still points to
     return answer;
 }
 

@@ -9,6 +9,7 @@
 #include <QPainterPath>
 
 #include <optional>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -127,6 +128,7 @@ private:
     void CombineArea(const QRect& area, const QImage& source, std::uint32_t operation);
     QImage StretchedSource(const MetafileBlt& blt, const QRect& area, const QRect& visible) const;
     void TurnedBlt(const MetafileBlt& blt);
+    bool PayForFont();
     void PaintText(const MetafileText& text, const QFont& font, QPointF origin, double advanceScale);
 
     MetafileState state;
@@ -140,6 +142,7 @@ private:
     QPainterPath path; // in pixels
     bool isPathOpen = false;
     bool isClipUsed = false;
+    std::set<QString> fontsUsed; // families, and families with all that makes one font of them
     double work;
     QRectF extent;
 };

@@ -113,6 +113,24 @@ QString cMetafileCanvas::TextOfBytes(QByteArrayView bytes) const
     return TextFromAnsi(bytes);
 }
 
+// The system takes milliseconds to look a new family up, and a part of one for each of its sizes.
+bool cMetafileCanvas::PayForFont()
+{
+    constexpr double familyWork = 2e6;
+    constexpr double sizeWork = 2e5;
+    const MetafileFont& font = state.font;
+    const QString one = QStringLiteral("%1 %2 %3 %4 %5 %6")
+                            .arg(font.face)
+                            .arg(font.height)
+                            .arg(font.width)
+                            .arg(font.weight)
+                            .arg(font.isItalic)
+                            .arg(ToPixels({0, 1}).y() - ToPixels({0, 0}).y());
+    const bool isNewFamily = fontsUsed.insert(font.face).second;
+    const bool isNew = fontsUsed.insert(one).second;
+    return Spend((isNewFamily ? familyWork : 0) + (isNew ? sizeWork : 0));
+}
+
 void cMetafileCanvas::Text(const MetafileText& text)
 {
     if ((text.options & MetafileText::Opaque) != 0) {
@@ -135,7 +153,7 @@ void cMetafileCanvas::Text(const MetafileText& text)
         Note(QRectF(ToPixels(place), QSizeF(height * 0.6 * static_cast<double>(text.text.size()), height)));
         return;
     }
-    if (!CanDrawText())
+    if (!PayForFont() || !CanDrawText())
         return;
     const QFont font = FontInPixels(state.font, scale, across);
     double width = QFontMetricsF(font).horizontalAdvance(text.text);

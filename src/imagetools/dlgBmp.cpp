@@ -9,6 +9,8 @@ namespace ob {
 dlgBmp::dlgBmp(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgBmp>())
 {
     ui->setupUi(this);
+    // All of the text, whatever the font.
+    resize(width(), layout()->heightForWidth(width()));
     ui->OKButton->setFocus();
     connect(ui->chkAgain, &QCheckBox::toggled, this, [](bool on) { isWanted = !on; });
     connect(ui->OKButton, &QPushButton::clicked, this, &QDialog::accept);

@@ -130,14 +130,19 @@ void frmAVI::lstDIBList_Click(int row)
 void frmAVI::lstDIBList_Delete()
 {
     const int row = ui->lstDIBList->currentRow();
-    if (row < 0)
+    if (row < 0 || writing)
         return;
     list.files.removeAt(row);
     if (list.files.isEmpty()) {
         cmdClearList_Click();
         return;
     }
-    delete ui->lstDIBList->takeItem(row);
+    {
+        // On the way the list names a row that is about to change its number.
+        const QSignalBlocker isMoving(ui->lstDIBList);
+        delete ui->lstDIBList->takeItem(row);
+    }
+    lstDIBList_Click(ui->lstDIBList->currentRow());
 }
 
 void frmAVI::cmdWriteAVI_Click()
@@ -262,7 +267,6 @@ void frmAVI::EnableControls()
     ui->cmdClearList->setEnabled(isIdle && hasFiles);
     ui->cmdWriteAVI->setEnabled(isIdle && hasFiles);
     ui->txtFPS->setEnabled(isIdle);
-    ui->lstDIBList->setEnabled(isIdle);
 }
 
 void frmAVI::dragEnterEvent(QDragEnterEvent* event)

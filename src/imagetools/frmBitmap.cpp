@@ -21,7 +21,7 @@ static constexpr auto pollEvery = 15ms;
 frmBitmap::frmBitmap(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmBitmap>()), timer(new QTimer(this))
 {
     ui->setupUi(this);
-    ui->splitter->setSizes({width() * 3 / 5, width() * 2 / 5});
+    ui->splitter->setSizes({width() / 2, width() / 2});
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns(ImageLibrary::Unused), this);
     Connect();
     ShowListCount();
@@ -83,7 +83,6 @@ void frmBitmap::TakePreview()
 
 void frmBitmap::ShowPreview(const Preview& preview)
 {
-    ui->lblProblem->setVisible(preview.IsEmpty());
     if (preview.IsEmpty()) {
         ui->lblProblem->setText(CannotBeShownText(preview.path));
         return;
@@ -99,8 +98,10 @@ void frmBitmap::File1_Click()
     const QString name = browser->ChosenName();
     ui->cmdAdd->setEnabled(!name.isEmpty());
     ui->Text1->setText(name.isEmpty() ? QString() : browser->ChosenPath());
-    if (!name.isEmpty())
-        AskFor(browser->ChosenPath());
+    if (name.isEmpty())
+        return;
+    ui->lblProblem->clear();
+    AskFor(browser->ChosenPath());
 }
 
 void frmBitmap::chkDLL_Click()

@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QButtonGroup>
+#include <QEvent>
 #include <QMenuBar>
 
 #include <algorithm>
@@ -57,6 +58,8 @@ frmIcon::frmIcon(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
     SetTool(IconTool::Paint);
     mnuNew_Click();
     ui->Picture3->setFocus();
+    if (parent != nullptr)
+        parent->installEventFilter(this);
 }
 
 frmIcon::~frmIcon()
@@ -480,6 +483,16 @@ void frmIcon::reject()
 {
     if (QueryUnload() == Leaving::Closes)
         QDialog::reject();
+}
+
+// The bench goes down with its main window, and must not take an unsaved icon with it.
+bool frmIcon::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parent() && event->type() == QEvent::Close && isVisible() && QueryUnload() == Leaving::Stays) {
+        event->ignore();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void mnuToolIcon_Click()

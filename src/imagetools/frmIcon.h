@@ -32,6 +32,9 @@ public:
 
     void reject() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     using Handler = void (frmIcon::*)();
 

@@ -14,6 +14,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
+#include <QSignalBlocker>
 #include <QTimer>
 
 namespace ob {
@@ -60,8 +61,8 @@ void frmMedia::WriteCodeMedia()
         return;
     const MediaPath path = ui->chkPath->isChecked() ? MediaPath::Whole : MediaPath::NameOnly;
     const QString code = WithLineFeeds(MediaCode(file, path));
-    if (ui->txtCode->toPlainText() == code)
-        return;
+    // To colour the text changes it too.
+    const QSignalBlocker quiet(ui->txtCode);
     ui->txtCode->ShowCode(code);
     // What was put there in its place has to go, even if the code is the one that was shown last.
     if (ui->txtCode->toPlainText() != code)

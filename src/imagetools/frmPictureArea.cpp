@@ -146,6 +146,16 @@ bool frmPictureArea::MoveBand(const QKeyEvent& event)
     return true;
 }
 
+bool frmPictureArea::event(QEvent* event)
+{
+    // Here the key means the picture, whatever menu item has it.
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::SelectAll)) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
+}
+
 void frmPictureArea::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::SelectAll))

@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -20,9 +21,15 @@ namespace ob {
 
 namespace {
 
+// A tool that has just closed leaves no window active; its box belongs over the main window then.
 QWidget* Owner()
 {
-    return QApplication::activeWindow();
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr)
+            return window;
+    return nullptr;
 }
 
 // A box that asks and has no Cancel is left by its buttons only: neither Escape nor the close button is an answer.

@@ -23,8 +23,14 @@
 #include "engine/modProject.h"
 #include "engine/modRun.h"
 #include "guibuilder/modGuiCommands.h"
+#include "imagetools/frmAVI.h"
 #include "imagetools/frmBitmap.h"
+#include "imagetools/frmColor.h"
+#include "imagetools/frmColorNames.h"
+#include "imagetools/frmIcon.h"
 #include "imagetools/frmMask.h"
+#include "imagetools/frmMedia.h"
+#include "imagetools/frmWav.h"
 #include "platform/modDialogs.h"
 #include "shell/Module1.h"
 #include "shell/dlgAbout.h"
@@ -137,23 +143,23 @@ constexpr MenuRow rows[] = {
     {2, "mnuToolSnipBench", "Snipp&et Bench", "", "snippet-bench", On, mnuToolSnipBench_Click},
     {2, "mnuToolSnippet", "&Snippet Library", "", "snippet-library", On, mnuToolSnippet_Click},
     {2, "mnuToolMask", "Mas&k Maker", "", "mask", On, mnuToolMask_Click},
-    {2, "mnuToolAVI", "A&VI Maker", "", "video", On, nullptr},
+    {2, "mnuToolAVI", "A&VI Maker", "", "video", On, mnuToolAVI_Click},
     {2, "mnuPackage", "Packaging &Wizard", "", "package", On, mnuPackage_Click},
     {2, "mnuToolbar", "&Toolbar Maker", "", "toolbar-maker", On, mnuToolbar_Click},
     {2, "mnuToolStylebit", "Style&Bits Wizard", "", "stylebits", On, mnuToolStylebit_Click},
     {2, "mnuToolTE", "API &Texteditor", "", "api-editor", On, mnuToolTE_Click},
     {1, "mnuPreview", "&Preview Tools", "", "view", Menu, nullptr},
-    {2, "mnuToolWav", "&Wav Preview", "", "sound", On, nullptr},
+    {2, "mnuToolWav", "&Wav Preview", "", "sound", On, mnuToolWav_Click},
     {2, "mnuToolBitmap", "&Bitmap Preview", "", "bitmap", On, mnuToolBitmap_Click},
-    {2, "mnuToolMedia", "Med&ia Preview", "", "media", On, nullptr},
-    {2, "mnuToolRGB", "RGB &Color Preview", "", "color", On, nullptr},
+    {2, "mnuToolMedia", "Med&ia Preview", "", "media", On, mnuToolMedia_Click},
+    {2, "mnuToolRGB", "RGB &Color Preview", "", "color", On, mnuToolRGB_Click},
     {2, "mnuColorDialog", "Color &Dialog", "", "color-dialog", On, mnuColorDialog_Click},
-    {2, "mnuColorNames", "Color &Names", "", "color-names", On, nullptr},
+    {2, "mnuColorNames", "Color &Names", "", "color-names", On, mnuColorNames_Click},
     {2, "mnuToolFont", "&Font Dialog", "", "font", On, mnuToolFont_Click},
     {2, "mnuToolKeyCode", "&Key Code Preview", "", "key-code", On, mnuToolKeyCode_Click},
     {1, "mnuToolSBar0", "", "", "", Bar, nullptr},
     {1, "mnuGui", "&Gui Builder", "", "gui-builder", On, NewGuiForm},
-    {1, "mnuToolIcon", "&Icon Editor", "", "icon-editor", On, nullptr},
+    {1, "mnuToolIcon", "&Icon Editor", "", "icon-editor", On, mnuToolIcon_Click},
     {1, "mnuToolFreeform", "&FreeForm", "", "freeform", On, mnuToolFreeform_Click},
     {1, "mnuToolShowVar", "Show &Variables", "", "variables", Off, mnuToolShowVar_Click},
 

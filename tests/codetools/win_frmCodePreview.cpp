@@ -174,7 +174,8 @@ private Q_SLOTS:
         connect(button, &QPushButton::clicked, button, [&presses] { ++presses; });
         button->setDefault(true);
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        window.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &window);
         preview->setFocus();
         QTest::keyClick(preview, Qt::Key_Return);
         QCOMPARE(presses, 1);

@@ -15,7 +15,8 @@ inline constexpr EngineFiles engineFiles[] = {
     {"vwm11.dll", "vwabort.dll vwbas11.dll vwdlgs.dll vwfloat.dll vwfont.dll vwsignon.dll vwsignon.bmp vwvm11.dll"},
     {"vwvm20.dll", "vwabort.dll vwbas20.dll vwdlgs20.dll vwfloat2.dll vwhelp.dll vwicons.dll vwsignon.dll vwsignon.bmp "
                    "vwvm20.dll"},
-    {"vgui31w.sll", "Vbas31w.sll Vgui31w.sll Voflr31w.sll Vthk31w.dll Vtk1631w.dll Vtk3231w.dll Vvm31w.dll Vvmt31w.dll"},
+    {"vgui31w.sll",
+     "Vbas31w.sll Vgui31w.sll Voflr31w.sll Vthk31w.dll Vtk1631w.dll Vtk3231w.dll Vvm31w.dll Vvmt31w.dll"},
 };
 
 inline QStringList Words(const char* words)

@@ -506,12 +506,17 @@ void tst_modPackage::addedFilesGoBehindTheToken()
 {
     const PackageBench bench(1);
     PackagePlan plan = PlanOf(bench);
-    PutFile(bench.At("work/Gr\xC3\xBC\xC3\x9F" "e \xE6\xBC\xA2.txt"), "hello");
-    plan.files.append(bench.At("work/Gr\xC3\xBC\xC3\x9F" "e \xE6\xBC\xA2.txt"));
+    PutFile(bench.At("work/Gr\xC3\xBC\xC3\x9F"
+                     "e \xE6\xBC\xA2.txt"),
+            "hello");
+    plan.files.append(bench.At("work/Gr\xC3\xBC\xC3\x9F"
+                               "e \xE6\xBC\xA2.txt"));
     ListeningWatch watch;
     MakePackage(plan, PackageZip::No, watch);
     QCOMPARE(watch.names.last(), QStringLiteral("Gr\u00FC\u00DFe \u6F22.txt"));
-    QCOMPARE(bench.Get("Gr\xC3\xBC\xC3\x9F" "e \xE6\xBC\xA2.txt"), QByteArray("hello"));
+    QCOMPARE(bench.Get("Gr\xC3\xBC\xC3\x9F"
+                       "e \xE6\xBC\xA2.txt"),
+             QByteArray("hello"));
 }
 
 void tst_modPackage::aPackageIsZipped()
@@ -519,8 +524,7 @@ void tst_modPackage::aPackageIsZipped()
     const PackageBench bench(3);
     for (int round = 0; round < 2; ++round) {
         const QStringList expected = {QStringLiteral("named game.exe"), QStringLiteral("zip"),
-                                      QStringLiteral("zip ends"),
-                                      bench.Packed("game.zip Created Successfully")};
+                                      QStringLiteral("zip ends"), bench.Packed("game.zip Created Successfully")};
         QCOMPARE(Told(PlanOf(bench), PackageZip::Yes), expected);
         QStringList names = NamesInZip(bench.Packed("game.zip"));
         names.sort(Qt::CaseSensitive);

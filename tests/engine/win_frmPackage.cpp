@@ -1,64 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The packaging wizard, by its controls, over a made-up engine's folder.
-#include "engine/PackageBench.h"
+#include "engine/WizardBench.h"
 #include "support/BenchTest.h"
-#include "support/TestBench.h"
 
 #include "engine/dlgProcess.h"
 #include "engine/frmPackage.h"
-#include "shell/Module1.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDrag>
 #include <QLabel>
-#include <QListWidget>
 #include <QMimeData>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QTimer>
 #include <QTreeView>
 #include <QUrl>
-#include <QWindow>
 
 using namespace ob;
 
 namespace {
 
-const QString TokenFilter = QStringLiteral("Orchard BASIC TKN (*.tkn)|*.tkn");
 const QString FindFilter = QStringLiteral("Orchard BASIC |orchard.exe;*.exe;");
 const QString NotFound =
     QStringLiteral("Orchard BASIC was not found.  Be sure to specify the path to Orchard BASIC in Options!");
-
-template <class Control>
-Control* Find(const QWidget& window, const char* name)
-{
-    return window.findChild<Control*>(QString::fromLatin1(name));
-}
-
-QPushButton* Button(const QDialog& dialog, const char* name)
-{
-    return Find<QPushButton>(dialog, name);
-}
-
-// The lines of the package's list.
-QStringList Lines(const QDialog& dialog)
-{
-    QStringList lines;
-    const auto* list = Find<QListWidget>(dialog, "TEMPList");
-    for (int row = 0; row < list->count(); ++row)
-        lines.append(list->item(row)->text());
-    return lines;
-}
-
-void ChooseLines(const QDialog& dialog, const QList<int>& rows)
-{
-    auto* list = Find<QListWidget>(dialog, "TEMPList");
-    list->clearSelection();
-    for (const int row : rows)
-        list->item(row)->setSelected(true);
-}
 
 // Selects files of the browser's list by name.
 void ChooseFiles(const QDialog& dialog, const QStringList& names)
@@ -72,23 +35,6 @@ void ChooseFiles(const QDialog& dialog, const QStringList& names)
             list->selectionModel()->select(index, QItemSelectionModel::Select);
     }
     QCOMPARE(list->selectionModel()->selectedIndexes().size(), names.size());
-}
-
-// Pulls the mouse from one place to another, as a user does who drags.
-void Drag(QAbstractItemView* from, const QModelIndex& item, QWidget* to, const QPoint& place)
-{
-    QWindow* window = from->window()->windowHandle();
-    const auto inWindow = [&](QWidget* widget, const QPoint& point) { return widget->mapTo(from->window(), point); };
-    const QPoint start = inWindow(from->viewport(), from->visualRect(item).center());
-    const QPoint end = inWindow(to, place);
-    // The drag has an event loop of its own; these come in it.
-    QTimer::singleShot(200, window, [=] { QTest::mouseMove(window, end - QPoint(3, 3)); });
-    QTimer::singleShot(300, window, [=] { QTest::mouseMove(window, end); });
-    QTimer::singleShot(400, window, [=] { QTest::mouseRelease(window, Qt::LeftButton, {}, end); });
-    QTest::mousePress(window, Qt::LeftButton, {}, start);
-    QTest::mouseMove(window, start + QPoint(QApplication::startDragDistance() + 2, 0));
-    QTest::mouseMove(window, start + QPoint(QApplication::startDragDistance() + 12, 2));
-    QTest::qWait(500);
 }
 
 // A drop of files from another program.
@@ -145,21 +91,6 @@ QString Question(const PackageBench& files)
 class win_frmPackage : public QObject {
     Q_OBJECT
 
-private:
-    // Chooses the token in the menu's box, and runs the script in the wizard.
-    static void WithWizard(TestBench& bench, const PackageBench& files, const std::function<void(QDialog&)>& script)
-    {
-        bench.Start();
-        OBPath = files.At("engine/orchard.exe");
-        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Choose TKN"), TokenFilter, files.Token());
-        bench.ExpectModal(QStringLiteral("frmPackage"), [&script](QDialog& dialog) {
-            script(dialog);
-            dialog.reject();
-        });
-        bench.Choose(QStringLiteral("mnuPackage"));
-        QVERIFY(bench.dialogs.Finished());
-    }
-
 private Q_SLOTS:
     void theWizardShowsThePlan();
     void anotherFileEndsTheCommandSilently();
@@ -169,9 +100,6 @@ private Q_SLOTS:
     void theBrowserStartsAtTheToken();
     void filesAreAddedByButtonKeyAndDoubleClick();
     void linesAreRemovedByButtonAndKey();
-    void filesAreDraggedIn();
-    void linesAreDraggedOut();
-    void linesDroppedOnTheFormAreOut();
     void filesOfOtherProgramsAreDroppedIn();
     void okayMakesThePackageAndEnds();
     void theNewApplicationIsStarted();
@@ -193,9 +121,10 @@ void win_frmPackage::theWizardShowsThePlan()
     WithWizard(bench, files, [&](QDialog& dialog) {
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Packaging Wizard"));
         QCOMPARE(Lines(dialog), Words(engineFiles[1].files) + Words("run.exe obasic.ini game.tkn"));
-        QCOMPARE(Find<QLabel>(dialog, "lblInstruct")->text(),
-                 QStringLiteral("Click on existing file names and drag to the Package Folder.  Remove files by dragging "
-                                "them out of the Package Folder"));
+        QCOMPARE(
+            Find<QLabel>(dialog, "lblInstruct")->text(),
+            QStringLiteral("Click on existing file names and drag to the Package Folder.  Remove files by dragging "
+                           "them out of the Package Folder"));
         QCOMPARE(Find<QCheckBox>(dialog, "chkZip")->text().remove(QLatin1Char('&')),
                  QStringLiteral("Zip Files in Package Folder"));
         QVERIFY(!Find<QCheckBox>(dialog, "chkZip")->isChecked());
@@ -306,6 +235,7 @@ void win_frmPackage::filesAreAddedByButtonKeyAndDoubleClick()
     ChooseFiles(dialog, Words("d.txt"));
     auto* list = Find<QListView>(dialog, "FileList");
     const QPoint place = list->visualRect(list->selectionModel()->selectedIndexes().first()).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
     QCOMPARE(Lines(dialog), before + Words("a.txt b.txt c.txt d.txt"));
     // Enter in the list did not press OK.
@@ -337,60 +267,6 @@ void win_frmPackage::linesAreRemovedByButtonAndKey()
         while (!Lines(dialog).isEmpty())
             QTest::keyClick(Find<QListWidget>(dialog, "TEMPList"), Qt::Key_Delete);
         QTest::keyClick(Find<QListWidget>(dialog, "TEMPList"), Qt::Key_Delete);
-    });
-}
-
-void win_frmPackage::filesAreDraggedIn()
-{
-    const PackageBench files(1);
-    PutFile(files.At("work/a.txt"), "a");
-    TestBench bench;
-    WithWizard(bench, files, [&](QDialog& dialog) {
-        const QStringList before = Lines(dialog);
-        auto* list = Find<QListView>(dialog, "FileList");
-        QTRY_COMPARE(list->model()->rowCount(), 2);
-        QWidget* target = Find<QListWidget>(dialog, "TEMPList")->viewport();
-        Drag(list, list->model()->index(0, 0), target, target->rect().center());
-        QCOMPARE(Lines(dialog), before + Words("a.txt"));
-        QCOMPARE(list->model()->rowCount(), 2);
-        QCOMPARE(Find<QListWidget>(dialog, "TEMPList")->item(static_cast<int>(before.size()))->toolTip(),
-                 files.At("work/a.txt"));
-        // Back onto itself changes nothing.
-        Drag(list, list->model()->index(0, 0), list->viewport(), list->viewport()->rect().center());
-        QCOMPARE(Lines(dialog), before + Words("a.txt"));
-        QCOMPARE(list->model()->rowCount(), 2);
-    });
-}
-
-void win_frmPackage::linesAreDraggedOut()
-{
-    const PackageBench files(1);
-    TestBench bench;
-    WithWizard(bench, files, [&](QDialog& dialog) {
-        QStringList expected = Lines(dialog);
-        auto* list = Find<QListWidget>(dialog, "TEMPList");
-        QWidget* target = Find<QListView>(dialog, "FileList")->viewport();
-        Drag(list, list->model()->index(3, 0), target, target->rect().center());
-        expected.removeAt(3);
-        QCOMPARE(Lines(dialog), expected);
-        QTRY_COMPARE(Find<QListView>(dialog, "FileList")->model()->rowCount(), 1);
-        // Within its list a line stays where it is.
-        Drag(list, list->model()->index(3, 0), list->viewport(), list->visualRect(list->model()->index(0, 0)).center());
-        QCOMPARE(Lines(dialog), expected);
-    });
-}
-
-void win_frmPackage::linesDroppedOnTheFormAreOut()
-{
-    const PackageBench files(1);
-    TestBench bench;
-    WithWizard(bench, files, [&](QDialog& dialog) {
-        QStringList expected = Lines(dialog);
-        auto* list = Find<QListWidget>(dialog, "TEMPList");
-        QWidget* target = Find<QLabel>(dialog, "lblInstruct");
-        Drag(list, list->model()->index(0, 0), target, target->rect().center());
-        expected.removeAt(0);
-        QCOMPARE(Lines(dialog), expected);
     });
 }
 

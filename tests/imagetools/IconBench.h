@@ -11,6 +11,7 @@
 #include "imagetools/modPicture.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -36,18 +37,24 @@ inline QPoint MiddleOf(int x, int y)
     return {x * 10 + 5, y * 10 + 5};
 }
 
-// The toolkit's own mouse move has no button down, and goes its own way.
+// The toolkit's own test events take a press at (0, 0) for one in the middle, and know no move with a button down.
+inline void Send(QWidget* widget, QEvent::Type type, QPoint place, Qt::MouseButtons held)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, place, widget->mapToGlobal(place), button, held, {});
+    QApplication::sendEvent(widget, &event);
+}
+
 inline void Move(QWidget* widget, QPoint place)
 {
-    QMouseEvent move(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
-    QApplication::sendEvent(widget, &move);
+    Send(widget, QEvent::MouseMove, place, Qt::LeftButton);
 }
 
 inline void Pull(QWidget* widget, QPoint from, QPoint to)
 {
-    QTest::mousePress(widget, Qt::LeftButton, {}, from);
+    Send(widget, QEvent::MouseButtonPress, from, Qt::LeftButton);
     Move(widget, to);
-    QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
+    Send(widget, QEvent::MouseButtonRelease, to, Qt::NoButton);
 }
 
 class IconBench : public QObject {

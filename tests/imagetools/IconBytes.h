@@ -14,7 +14,7 @@ namespace icons {
 inline void Put(QByteArray& bytes, std::uint64_t value, int count)
 {
     for (int index = 0; index < count; ++index)
-        bytes.append(static_cast<char>(value >> (8 * index) & 255));
+        bytes.append(static_cast<char>(index < 8 ? value >> (8 * index) & 255 : 0));
 }
 
 inline void Overwrite(QByteArray& bytes, qsizetype offset, std::uint64_t value, int count)
@@ -173,65 +173,74 @@ inline QList<Resource> ResourcesOf(const QList<QList<Entry>>& icons, const QList
     return images + groups;
 }
 
+// The table of an NE program whose first content stands at that place, and the texts behind it, which stand that far
+// from its start.
+struct NeTable {
+    QByteArray rows;
+    QByteArray texts;
+};
+
+inline NeTable NeTableOf(const QList<Resource>& resources, int shift, qsizetype firstPlace, qsizetype textsPlace)
+{
+    NeTable table;
+    Put(table.rows, static_cast<std::uint64_t>(shift), 2);
+    for (const int type : {3, 14}) {
+        QByteArray rows;
+        int count = 0;
+        std::uint64_t place = static_cast<std::uint64_t>(firstPlace) >> shift;
+        for (const Resource& resource : resources) {
+            const std::uint64_t here = place;
+            const std::uint64_t length =
+                (static_cast<std::uint64_t>(resource.bytes.size()) + (1U << shift) - 1) >> shift;
+            place += length;
+            if (resource.type != type)
+                continue;
+            ++count;
+            Put(rows, here, 2);
+            Put(rows, length, 2);
+            Put(rows, 0x1C30, 2);
+            if (resource.name.isEmpty()) {
+                Put(rows, static_cast<std::uint64_t>(resource.number) | 0x8000, 2);
+            } else {
+                Put(rows, static_cast<std::uint64_t>(textsPlace + table.texts.size()), 2);
+                table.texts += static_cast<char>(resource.name.size()) + resource.name;
+            }
+            Put(rows, 0, 4);
+        }
+        Put(table.rows, static_cast<std::uint64_t>(type) | 0x8000, 2);
+        Put(table.rows, static_cast<std::uint64_t>(count), 2);
+        Put(table.rows, 0, 4);
+        table.rows += rows;
+    }
+    Put(table.rows, 0, 2);
+    table.texts += '\0';
+    return table;
+}
+
 // A program of the NE format. Lengths and places are counted in units of 2 to the power of shift.
 inline QByteArray NeFile(const QList<Resource>& resources, int shift = 4)
 {
+    constexpr qsizetype tablePlace = 128;
     const qsizetype unit = qsizetype{1} << shift;
-    const auto units = [unit](qsizetype bytes) { return static_cast<std::uint64_t>((bytes + unit - 1) / unit); };
+    const auto wholeUnits = [unit](qsizetype bytes) { return (bytes + unit - 1) / unit * unit; };
+    // Its length does not hang on what it says, so the first one tells where things stand.
+    const NeTable sizes = NeTableOf(resources, shift, 0, 0);
+    const qsizetype tableEnd = tablePlace + sizes.rows.size() + sizes.texts.size();
+    const NeTable table = NeTableOf(resources, shift, wholeUnits(tableEnd), sizes.rows.size());
+
     QByteArray file = "MZ";
     PadTo(file, 60);
     Put(file, 64, 4);
-    QByteArray header = "NE";
-    PadTo(header, 64);
-    Overwrite(header, 36, 64, 2);
-
-    // The texts stand behind the table, which names their places; so the table is made twice.
-    qsizetype tableSize = 0;
-    qsizetype textSize = 1;
-    QByteArray table;
-    for (int pass = 0; pass < 2; ++pass) {
-        table.clear();
-        QByteArray texts;
-        qsizetype place = static_cast<qsizetype>(units(128 + tableSize + textSize)) * unit;
-        Put(table, static_cast<std::uint64_t>(shift), 2);
-        for (const int type : {3, 14}) {
-            QByteArray rows;
-            int count = 0;
-            for (const Resource& resource : resources) {
-                const qsizetype here = place;
-                place += static_cast<qsizetype>(units(resource.bytes.size())) * unit;
-                if (resource.type != type)
-                    continue;
-                ++count;
-                Put(rows, units(here), 2);
-                Put(rows, units(resource.bytes.size()), 2);
-                Put(rows, 0x1C30, 2);
-                if (resource.name.isEmpty())
-                    Put(rows, static_cast<std::uint64_t>(resource.number) | 0x8000, 2);
-                else
-                    Put(rows, static_cast<std::uint64_t>(tableSize + texts.size()), 2);
-                if (!resource.name.isEmpty())
-                    texts += static_cast<char>(resource.name.size()) + resource.name;
-                Put(rows, 0, 4);
-            }
-            Put(table, static_cast<std::uint64_t>(type) | 0x8000, 2);
-            Put(table, static_cast<std::uint64_t>(count), 2);
-            Put(table, 0, 4);
-            table += rows;
-            place = static_cast<qsizetype>(units(128 + tableSize + textSize)) * unit;
-        }
-        Put(table, 0, 2);
-        tableSize = table.size();
-        table += texts + '\0';
-        textSize = texts.size() + 1;
-    }
-    Overwrite(header, 38, static_cast<std::uint64_t>(64 + table.size()), 2);
-    file += header + table;
+    file += "NE";
+    PadTo(file, tablePlace);
+    Overwrite(file, 64 + 36, 64, 2);
+    Overwrite(file, 64 + 38, static_cast<std::uint64_t>(tableEnd - 64), 2);
+    file += table.rows + table.texts;
     for (const Resource& resource : resources) {
-        PadTo(file, static_cast<qsizetype>(units(file.size())) * unit);
+        PadTo(file, wholeUnits(file.size()));
         file += resource.bytes;
     }
-    PadTo(file, static_cast<qsizetype>(units(file.size())) * unit);
+    PadTo(file, wholeUnits(file.size()));
     return file;
 }
 

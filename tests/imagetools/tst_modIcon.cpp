@@ -90,18 +90,17 @@ std::vector<IconPoint> Walked(IconPoint from, IconPoint to)
     return cells;
 }
 
+QRgb RgbOf(ColorRef color)
+{
+    return qRgb(static_cast<int>(color & 255), static_cast<int>(color >> 8 & 255), static_cast<int>(color >> 16 & 255));
+}
+
 QImage ImageWithAlpha(const Icon& icon)
 {
     QImage image(IconSide, IconSide, QImage::Format_ARGB32);
     for (int y = 0; y < IconSide; ++y)
-        for (int x = 0; x < IconSide; ++x) {
-            const ColorRef color = icon.At(x, y);
-            image.setPixel(x, y,
-                           color == TransparentColor
-                               ? 0U
-                               : qRgb(static_cast<int>(color & 255), static_cast<int>(color >> 8 & 255),
-                                      static_cast<int>(color >> 16 & 255)));
-        }
+        for (int x = 0; x < IconSide; ++x)
+            image.setPixel(x, y, icon.At(x, y) == TransparentColor ? 0U : RgbOf(icon.At(x, y)));
     return image;
 }
 
@@ -124,12 +123,8 @@ cDIBSection PictureBy(int width, int height, const std::function<ColorRef(int, i
 {
     QImage image(width, height, QImage::Format_RGB32);
     for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const ColorRef color = colorOf(x, y);
-            image.setPixel(x, y,
-                           qRgb(static_cast<int>(color & 255), static_cast<int>(color >> 8 & 255),
-                                static_cast<int>(color >> 16 & 255)));
-        }
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, RgbOf(colorOf(x, y)));
     return CreateFromPicture(image);
 }
 

@@ -11,16 +11,6 @@
 
 using namespace ob;
 
-namespace {
-
-QByteArray Get(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-}
-
-} // namespace
-
 class tst_modMedia : public QObject {
     Q_OBJECT
 
@@ -210,7 +200,7 @@ private Q_SLOTS:
         QTest::newRow("seconds") << 7'999.0F << 90'000.0F << QStringLiteral("0:07 / 1:30");
         QTest::newRow("hours") << 59 * 60'000.0F << 3'661'000.0F << QStringLiteral("59:00 / 1:01:01");
         QTest::newRow("beyond the end") << 5'000.0F << 2'000.0F << QStringLiteral("0:02 / 0:02");
-        QTest::newRow("absurd") << 0.0F << 9e18F << QStringLiteral("0:00 / 277777:46:39");
+        QTest::newRow("absurd") << 0.0F << 9e18F << QStringLiteral("0:00 / 277777:46:40");
         QTest::newRow("below nothing") << -5.0F << -1.0F << QStringLiteral("0:00 / 0:00");
     }
 
@@ -263,6 +253,14 @@ private Q_SLOTS:
         QVERIFY(!CopyMedia(folder->path(), Path("film.AVI")));
         QVERIFY(!CopyMedia(Path("song.mid"), Path("no/such/folder.mid")));
         QVERIFY(!CopyMedia(Path("song.mid"), folder->path()));
+#ifdef Q_OS_UNIX
+        Put(Path("large.avi"), QByteArray(100'000, 'x'));
+        {
+            const FileSizeLimit fullDisk(50'000);
+            QVERIFY(!CopyMedia(Path("large.avi"), Path("film.AVI")));
+        }
+        QVERIFY(QFile::remove(Path("large.avi")));
+#endif
         QCOMPARE(Get(Path("film.AVI")), QByteArray("film.AVI"));
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden), before);
     }

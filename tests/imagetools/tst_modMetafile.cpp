@@ -703,6 +703,15 @@ void tst_modMetafile::hostileFilesEnd_data()
         text.Add(84, Box32(0, 0, -1, -1) + Longs({1}) + Single(1) + Single(1) + Longs({0, 0, 8, 76, 0, 0, 0, 0, 0, 0}) +
                          QByteArray(16, 'W'));
     QTest::newRow("large letters") << text.File(3000, 3000);
+    EmfBytes fonts;
+    for (int i = 0; i < 20'000; ++i) {
+        const QByteArray name = Word('a' + i % 26) + Word('a' + i / 26 % 26) + Word('a' + i / 676);
+        fonts.Add(82, Longs({1, -i % 100, 0, 0, 0, 400}) + QByteArray(8, '\0') + name + QByteArray(58, '\0'));
+        fonts.Add(37, Longs({1}));
+        fonts.Add(84, Box32(0, 0, -1, -1) + Longs({1}) + Single(1) + Single(1) +
+                          Longs({0, 0, 1, 76, 0, 0, 0, 0, 0, 0}) + Word('x'));
+    }
+    QTest::newRow("many fonts") << fonts.File(100, 100);
     EmfBytes numbers = Drawing32();
     const float beyond[] = {1e38F, -1e38F, std::numeric_limits<float>::infinity(),
                             std::numeric_limits<float>::quiet_NaN(), 1e-38F};

@@ -78,6 +78,15 @@ class win_frmAVI : public QObject {
             dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
         });
     }
+    // Frames that take a while together, with the compressor that makes it so.
+    void AddForLongWork()
+    {
+        const QString file = Bitmap(0, {.height = 256, .width = 256});
+        for (int count = 0; count < 100; ++count)
+            Add(file);
+        ChooseCodec(4);
+    }
+
     struct Message {
         QString text;
         BoxIcon icon = BoxIcon::Information;
@@ -376,8 +385,7 @@ private Q_SLOTS:
 
     void cancelEndsTheWritingAndThenCloses()
     {
-        AddBitmaps(200);
-        ChooseCodec(0);
+        AddForLongWork();
         PressWrite(At(QStringLiteral("x.avi")));
         QTRY_VERIFY(Status().startsWith(QStringLiteral("Frame number")));
         QTest::keyClick(window.get(), Qt::Key_Escape);
@@ -392,8 +400,7 @@ private Q_SLOTS:
 
     void closingTheWindowEndsTheWriting()
     {
-        AddBitmaps(100);
-        ChooseCodec(3);
+        AddForLongWork();
         PressWrite(At(QStringLiteral("x.avi")));
         window->close();
         QTRY_VERIFY(!window->isVisible());
@@ -402,8 +409,7 @@ private Q_SLOTS:
 
     void aWindowThatIsDestroyedEndsTheWriting()
     {
-        AddBitmaps(100);
-        ChooseCodec(3);
+        AddForLongWork();
         PressWrite(At(QStringLiteral("x.avi")));
         window.reset();
         QCOMPARE(Files("*.avi") + Files("*.tmp"), QStringList());
@@ -435,6 +441,8 @@ private Q_SLOTS:
         PressWrite(At(QStringLiteral("x.avi")));
         QTRY_COMPARE(Status(), QStringLiteral("Finished!"));
         QVERIFY(Decoded(At(QStringLiteral("x.avi"))) == AllPixels());
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
         List()->setFocus();
         QTest::keyClick(List(), Qt::Key_Delete);
         QTest::keyClick(List(), Qt::Key_Delete);

@@ -112,7 +112,7 @@ private Q_SLOTS:
     void aClickOnAGridLinePaintsNothing()
     {
         for (const QPoint place : {QPoint(50, 65), QPoint(55, 60), QPoint(0, 0), QPoint(320, 5), QPoint(5, 320)}) {
-            QTest::mouseClick(Grid(), Qt::LeftButton, {}, place);
+            Pull(Grid(), place, place);
             QVERIFY(Shown() == Icon());
             QVERIFY(!Item("und")->isEnabled());
         }
@@ -389,6 +389,21 @@ private Q_SLOTS:
         QVERIFY(open.first()->isVisible() && !open.first()->isModal());
         open.first()->findChild<QAction*>(Text("mnuExit"))->trigger();
         QTRY_VERIFY(bench->Frame().findChildren<frmIcon*>().isEmpty());
+        QVERIFY(bench->Close());
+    }
+
+    void theMainWindowDoesNotCloseOverAnUnsavedIcon()
+    {
+        window.reset();
+        bench->Start();
+        bench->Choose(Text("mnuToolIcon"));
+        QVERIFY(bench->Frame().isVisible());
+        auto* open = bench->Frame().findChild<frmIcon*>();
+        QTest::mouseClick(open->findChild<QWidget*>(Text("Picture3")), Qt::LeftButton, {}, MiddleOf(3, 3));
+        ExpectSaveQuestion(BoxAnswer::Cancel);
+        QVERIFY(!bench->Close());
+        QVERIFY(bench->Frame().isVisible() && open->isVisible());
+        ExpectSaveQuestion(BoxAnswer::No);
         QVERIFY(bench->Close());
     }
 

@@ -75,9 +75,10 @@ private Q_SLOTS:
         const PackageBench bench(0);
         const ProgramEnd end = Make(bench);
         QCOMPARE(end.status, 0);
-        QCOMPARE(end.error, QByteArray("obtool: note: Orchard Bench cannot find your copy of Orchard BASIC.  Please set "
-                                       "the path to 'orchard.exe' in the Prefernces Menu, under 'Options/Paths'.\n"
-                                       "obtool: note: Error renaming runtime engine!\n"));
+        QCOMPARE(end.error,
+                 QByteArray("obtool: note: Orchard Bench cannot find your copy of Orchard BASIC.  Please set "
+                            "the path to 'orchard.exe' in the Prefernces Menu, under 'Options/Paths'.\n"
+                            "obtool: note: Error renaming runtime engine!\n"));
         QCOMPARE(bench.PackedNames(), Words("game.tkn"));
     }
 
@@ -214,8 +215,9 @@ private Q_SLOTS:
         QCOMPARE(Make(bench, {QStringLiteral("--remove"), QString()}).status, 2);
         const ProgramEnd end = Make(bench, {QStringLiteral("second.tkn")});
         QCOMPARE(end.status, 2);
-        QVERIFY(end.error.contains("usage: obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... "
-                                   "[--zip]"));
+        QVERIFY(
+            end.error.contains("usage: obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... "
+                               "[--zip]"));
         QVERIFY(!QFileInfo::exists(bench.Package()));
     }
 };

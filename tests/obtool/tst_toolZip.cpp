@@ -45,7 +45,8 @@ private Q_SLOTS:
         QCOMPARE(end.status, 0);
         QCOMPARE(end.out, QByteArray());
         QCOMPARE(end.error, QByteArray());
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")), QStringList({QStringLiteral("a.txt"), QStringLiteral("c.txt")}));
+        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
+                 QStringList({QStringLiteral("a.txt"), QStringLiteral("c.txt")}));
         QCOMPARE(FileInZip(QStringLiteral("out.zip"), QStringLiteral("c.txt")), QByteArray("c"));
         QCOMPARE(NamesIn(QStringLiteral(".")).size(), 4);
     }
@@ -53,10 +54,12 @@ private Q_SLOTS:
     void aWildcardIsTheToolsToExpand()
     {
         QCOMPARE(Run("make out.zip *.*").status, 0);
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")), QStringList({QStringLiteral("a.txt"), QStringLiteral("b.DLL")}));
+        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
+                 QStringList({QStringLiteral("a.txt"), QStringLiteral("b.DLL")}));
         // Again, now with the archive there.
         QCOMPARE(Run("make out.zip ?.dll SUB/*.TXT").status, 0);
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")), QStringList({QStringLiteral("b.DLL"), QStringLiteral("c.txt")}));
+        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
+                 QStringList({QStringLiteral("b.DLL"), QStringLiteral("c.txt")}));
     }
 
     void aNameWithoutAnEndingGetsZip()
@@ -72,7 +75,8 @@ private Q_SLOTS:
         PutFile(QStringLiteral("[a,b]"), "x");
         PutFile(QStringLiteral("-n.txt"), "x");
         QCOMPARE(Run("make out.zip -- [a,b] -n.txt").status, 0);
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")), QStringList({QStringLiteral("[a,b]"), QStringLiteral("-n.txt")}));
+        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
+                 QStringList({QStringLiteral("[a,b]"), QStringLiteral("-n.txt")}));
     }
 
     void unmatchedSpecsAreNotes()

@@ -147,12 +147,12 @@ private Q_SLOTS:
     void playAndWaitComesBackAtTheEnd()
     {
         Send(QStringLiteral("open avivideo!%1 alias A").arg(Path("a.avi")));
-        QTimer::singleShot(60, media.get(), [this] { media->position = 5'000; });
+        QTimer::singleShot(60, this, [this] { media->position = 5'000; });
         QElapsedTimer timer;
         timer.start();
         QCOMPARE(Send(QStringLiteral("play A wait")), 0);
         QVERIFY(timer.elapsed() >= 55);
-        QTimer::singleShot(30, media.get(), [] { Send(QStringLiteral("close all")); });
+        QTimer::singleShot(30, this, [] { Send(QStringLiteral("close all")); });
         media->position = 0;
         QCOMPARE(Send(QStringLiteral("play A wait")), 0);
         QCOMPARE(media->openCount, 0);
@@ -244,7 +244,7 @@ private Q_SLOTS:
 
     void aSoundWithoutTheFlagPlaysToItsEnd()
     {
-        QTimer::singleShot(60, media.get(), [this] { media->position = 5'000; });
+        QTimer::singleShot(60, this, [this] { media->position = 5'000; });
         QElapsedTimer timer;
         timer.start();
         QVERIFY(sndPlaySoundA(Path("s.wav"), SND_SYNC));

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -72,6 +73,23 @@ private Q_SLOTS:
         QCOMPARE(boxes.Message({QStringLiteral("Find?"), BoxIcon::None, BoxButtons::OkCancel, {}}), BoxAnswer::Cancel);
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         QCOMPARE(boxes.Message({QStringLiteral("Told."), BoxIcon::Critical, BoxButtons::Ok, {}}), BoxAnswer::Ok);
+    }
+
+    void theBoxOfAToolThatHasClosedBelongsToTheMainWindow()
+    {
+        QMainWindow main;
+        main.show();
+        QDialog tool(&main);
+        tool.show();
+        QTRY_COMPARE(QApplication::activeWindow(), &tool);
+        dlgStandard boxes;
+        tool.accept();
+        WithBox([&](QWidget& box) {
+            QCOMPARE(box.parentWidget(), &main);
+            QVERIFY(box.isVisible());
+            Press(box, QMessageBox::Ok);
+        });
+        boxes.Message({QStringLiteral("Copied."), BoxIcon::None, BoxButtons::Ok, {}});
     }
 
     void textIsShownAsItStands()

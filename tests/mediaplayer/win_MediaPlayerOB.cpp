@@ -1,0 +1,373 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The media player itself, with files made here: their lengths, their time, their pictures, and what is no media file.
+#include "support/BenchTest.h"
+
+#include "platform/FileTrouble.h"
+#include "platform/MidiBytes.h"
+#include "platform/modMci.h"
+#include "platform/modPaths.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QWidget>
+
+using namespace ob;
+
+namespace {
+
+constexpr int SoundRate = 8'000;
+
+QByteArray LittleEndian(quint32 value, int width)
+{
+    QByteArray bytes;
+    for (int i = 0; i < width; ++i)
+        bytes += static_cast<char>(value >> (8 * i));
+    return bytes;
+}
+
+// A sound of 16 bits a sample, so quiet that a test on a desktop disturbs nobody.
+QByteArray WavFile(int milliseconds)
+{
+    QByteArray samples;
+    for (int i = 0; i < SoundRate * milliseconds / 1'000; ++i)
+        samples += LittleEndian(static_cast<quint32>(i / 10 % 2 == 0 ? 20 : 65'516), 2);
+    const auto size = static_cast<quint32>(samples.size());
+    return "RIFF" + LittleEndian(36 + size, 4) + "WAVEfmt " + LittleEndian(16, 4) + LittleEndian(1, 2) +
+           LittleEndian(1, 2) + LittleEndian(SoundRate, 4) + LittleEndian(SoundRate * 2, 4) + LittleEndian(2, 2) +
+           LittleEndian(16, 2) + "data" + LittleEndian(size, 4) + samples;
+}
+
+qint64 Ask(const QString& command)
+{
+    QByteArray buffer(128, ' ');
+    mciSendStringA(command, &buffer, 128, 0);
+    return buffer.first(buffer.indexOf('\0')).toLongLong();
+}
+
+MciResult Open(const QString& device, const QString& path)
+{
+    return mciSendStringA(QStringLiteral("open %1!%2 alias PlayFile ").arg(device, path), nullptr, 0, 0);
+}
+
+void Play()
+{
+    mciSendStringA(QStringLiteral("play PlayFile"), nullptr, 0, 0);
+}
+
+qint64 Position()
+{
+    return Ask(QStringLiteral("status PlayFile position"));
+}
+
+qint64 Length()
+{
+    return Ask(QStringLiteral("status PlayFile length"));
+}
+
+void CloseAll()
+{
+    mciSendStringA(QStringLiteral("close all"), nullptr, 0, 0);
+}
+
+// The window of the film that plays; null when there is none.
+QWidget* FilmWindow()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == QLatin1String("frmVideo") && window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+QColor PixelOf(QWidget& window, const QPoint& place)
+{
+    return window.grab().toImage().pixelColor(place);
+}
+
+bool IsNear(const QColor& left, const QColor& right)
+{
+    constexpr int tolerance = 24; // of a compressor
+    return std::abs(left.red() - right.red()) < tolerance && std::abs(left.green() - right.green()) < tolerance &&
+           std::abs(left.blue() - right.blue()) < tolerance;
+}
+
+} // namespace
+
+class win_MediaPlayerOB : public QObject {
+    Q_OBJECT
+
+private:
+    QString Path(const QString& name) const { return folder.filePath(name); }
+
+    // Has ffmpeg make a file of the test's folder.
+    QString Make(const QString& name, const QString& arguments)
+    {
+        QProcess ffmpeg;
+        ffmpeg.setWorkingDirectory(folder.path());
+        ffmpeg.start(QStringLiteral("ffmpeg"), QStringList{QStringLiteral("-v"), QStringLiteral("error"),
+                                                           QStringLiteral("-y")} +
+                                                   QProcess::splitCommand(arguments) + QStringList{name});
+        if (!ffmpeg.waitForFinished() || ffmpeg.exitCode() != 0)
+            QTest::qFail(ffmpeg.readAllStandardError().constData(), __FILE__, __LINE__);
+        return Path(name);
+    }
+
+    QString Film(const QString& name, const QString& color, const QString& more)
+    {
+        return Make(name, QStringLiteral("-f lavfi -i color=%1:size=64x48:rate=10:duration=1 %2").arg(color, more));
+    }
+
+    QTemporaryDir folder;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        SetLibraryFolder(QStringLiteral(OB_BIN));
+        Put(Path(QStringLiteral("tone.wav")), WavFile(1'000));
+        Put(Path(QStringLiteral("song.mid")), MidiSongFile(2));
+        Film(QStringLiteral("red.avi"), QStringLiteral("red"), QStringLiteral("-c:v mpeg4 -q:v 2"));
+        Film(QStringLiteral("plain.avi"), QStringLiteral("blue"), QStringLiteral("-c:v rawvideo -pix_fmt bgr24"));
+        Make(QStringLiteral("tone.mp3"), QStringLiteral("-i tone.wav -ar 44100 -c:a libmp3lame"));
+        Make(QStringLiteral("film.mpg"), QStringLiteral("-i tone.wav -f lavfi -i color=lime:size=64x48:rate=25:duration=1 "
+                                                       "-c:v mpeg1video -c:a mp2 -ar 44100"));
+        Film(QStringLiteral("cover.png"), QStringLiteral("red"), QStringLiteral("-frames:v 1"));
+        Make(QStringLiteral("cover.mp3"), QStringLiteral("-i tone.mp3 -i cover.png -map 0 -map 1 -c copy "
+                                                         "-disposition:v attached_pic"));
+    }
+    void cleanup()
+    {
+        CloseAll();
+        QVERIFY(FilmWindow() == nullptr);
+    }
+    void cleanupTestCase() { SetLibraryFolder({}); }
+
+    void eachKindPlaysToItsEnd_data()
+    {
+        QTest::addColumn<QString>("device");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("wav") << QStringLiteral("waveaudio") << QStringLiteral("tone.wav");
+        QTest::newRow("avi") << QStringLiteral("AVIvideo") << QStringLiteral("red.avi");
+        QTest::newRow("uncompressed avi") << QStringLiteral("AVIvideo") << QStringLiteral("plain.avi");
+        QTest::newRow("mp3") << QStringLiteral("MPEGvideo") << QStringLiteral("tone.mp3");
+        QTest::newRow("mpg") << QStringLiteral("MPEGvideo") << QStringLiteral("film.mpg");
+        QTest::newRow("mid") << QStringLiteral("sequencer") << QStringLiteral("song.mid");
+    }
+
+    void eachKindPlaysToItsEnd()
+    {
+        QFETCH(QString, device);
+        QFETCH(QString, name);
+        QCOMPARE(Open(device, Path(name)), MciResult::Done);
+        const qint64 length = Length();
+        QVERIFY2(length >= 950 && length <= 1'100, qPrintable(QString::number(length)));
+        QTest::qWait(30);
+        QCOMPARE(Position(), 0);
+        QElapsedTimer timer;
+        timer.start();
+        Play();
+        QVERIFY(timer.elapsed() < 500);
+        qint64 last = 0;
+        for (int i = 0; i < 4; ++i) {
+            QTest::qWait(100);
+            const qint64 now = Position();
+            QVERIFY2(now > last && now <= timer.elapsed(), qPrintable(QString::number(now)));
+            last = now;
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(Position(), length, 3'000);
+        QVERIFY(timer.elapsed() >= length - 60);
+        QTest::qWait(50);
+        QCOMPARE(Position(), length);
+    }
+
+    void aFilmIsSeenInItsShape()
+    {
+        Open(QStringLiteral("AVIvideo"), Path(QStringLiteral("plain.avi")));
+        QVERIFY(FilmWindow() == nullptr);
+        Play();
+        QWidget* window = FilmWindow();
+        QVERIFY(window != nullptr);
+        QCOMPARE(window->windowTitle(), QStringLiteral("plain.avi"));
+        QTRY_VERIFY(IsNear(PixelOf(*window, window->rect().center()), Qt::blue));
+        window->resize(400, 120);
+        // A picture of 160 by 120 stands in the middle.
+        QTRY_VERIFY(IsNear(PixelOf(*window, {122, 60}), Qt::blue));
+        QVERIFY(IsNear(PixelOf(*window, {277, 60}), Qt::blue));
+        QCOMPARE(PixelOf(*window, {117, 60}), QColor(Qt::black));
+        QCOMPARE(PixelOf(*window, {282, 60}), QColor(Qt::black));
+    }
+
+    void compressedFilmsAreSeenToo_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QColor>("color");
+        QTest::newRow("avi") << QStringLiteral("red.avi") << QColor(Qt::red);
+        QTest::newRow("mpg") << QStringLiteral("film.mpg") << QColor(Qt::green);
+    }
+
+    void compressedFilmsAreSeenToo()
+    {
+        QFETCH(QString, name);
+        QFETCH(QColor, color);
+        Open(QStringLiteral("MPEGvideo"), Path(name));
+        Play();
+        QWidget* window = FilmWindow();
+        QVERIFY(window != nullptr);
+        QTRY_VERIFY(IsNear(PixelOf(*window, window->rect().center()), color));
+    }
+
+    void pixelsThatAreNotSquareGiveTheRightShape()
+    {
+        Open(QStringLiteral("MPEGvideo"), Film(QStringLiteral("wide.mpg"), QStringLiteral("white"),
+                                               QStringLiteral("-vf scale=240:240,setdar=16/9 -r 25 -c:v mpeg2video")));
+        Play();
+        QVERIFY(FilmWindow() != nullptr);
+        QCOMPARE(FilmWindow()->size(), QSize(427, 240));
+    }
+
+    void closingTheFilmEndsIt_data()
+    {
+        QTest::addColumn<bool>("byEscape");
+        QTest::newRow("window closed") << false;
+        QTest::newRow("escape") << true;
+    }
+
+    void closingTheFilmEndsIt()
+    {
+        QFETCH(bool, byEscape);
+        Open(QStringLiteral("AVIvideo"), Path(QStringLiteral("red.avi")));
+        Play();
+        QVERIFY(Position() < Length());
+        if (byEscape)
+            QTest::keyClick(FilmWindow(), Qt::Key_Escape);
+        else
+            FilmWindow()->close();
+        QCOMPARE(Position(), Length());
+    }
+
+    void aSongWithACoverHasNoWindow()
+    {
+        QCOMPARE(Open(QStringLiteral("MPEGvideo"), Path(QStringLiteral("cover.mp3"))), MciResult::Done);
+        Play();
+        QTest::qWait(200);
+        QVERIFY(FilmWindow() == nullptr);
+        QVERIFY(Position() > 0 && Position() < Length());
+    }
+
+    void aFilmAsASoundHasNoWindow()
+    {
+        QVERIFY(sndPlaySoundA(Path(QStringLiteral("film.mpg")), SND_ASYNC));
+        QTest::qWait(50);
+        QVERIFY(FilmWindow() == nullptr);
+        QVERIFY(!sndPlaySoundA(Path(QStringLiteral("red.avi")), SND_ASYNC));
+        QVERIFY(!sndPlaySoundA(QStringLiteral("1"), SND_SYNC));
+    }
+
+    void aSoundPlaysToItsEndWhenAsked()
+    {
+        Put(Path(QStringLiteral("short.wav")), WavFile(300));
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(sndPlaySoundA(Path(QStringLiteral("short.wav")), SND_SYNC));
+        QVERIFY(timer.elapsed() >= 290);
+    }
+
+    void aFilmThatBreaksOffEndsThere()
+    {
+        const QString path = Make(QStringLiteral("long.avi"),
+                                  QStringLiteral("-f lavfi -i testsrc=size=64x48:rate=10:duration=60 -c:v mjpeg"));
+        const QByteArray bytes = Get(path);
+        // The head tells of a minute, and there is hardly a second.
+        Put(path, bytes.first(bytes.size() / 80));
+        QCOMPARE(Open(QStringLiteral("AVIvideo"), path), MciResult::Done);
+        Play();
+        QTRY_COMPARE_WITH_TIMEOUT(Position(), Length(), 4'000);
+    }
+
+    void withoutASoundFontTheTroubleIsTold()
+    {
+        const QByteArray before = qgetenv("XDG_DATA_DIRS");
+        qputenv("XDG_DATA_DIRS", folder.path().toUtf8());
+        QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("song.mid"))), MciResult::InvalidFile);
+        QCOMPARE(LastMediaTrouble(), MediaTrouble::NoSoundFont);
+        qputenv("XDG_DATA_DIRS", before);
+        if (before.isEmpty())
+            qunsetenv("XDG_DATA_DIRS");
+        QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("song.mid"))), MciResult::Done);
+    }
+
+    void whatIsNoMediaFileIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("one byte") << QByteArray("R");
+        QTest::newRow("text") << QByteArray("print \"no film\"\r\n").repeated(100);
+        QTest::newRow("zeros") << QByteArray(100'000, '\0');
+        QByteArray noise(200'000, Qt::Uninitialized);
+        QRandomGenerator random(7);
+        for (char& byte : noise)
+            byte = static_cast<char>(random.bounded(256));
+        QTest::newRow("noise") << noise;
+        const QByteArray film = folder.filePath(QStringLiteral("red.avi")).toUtf8();
+        QTest::newRow("list of films") << QByteArray("ffconcat version 1.0\nfile '" + film + "'\n");
+        QTest::newRow("list in the network")
+            << QByteArray("#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\n" + film + "\n#EXT-X-ENDLIST\n");
+    }
+
+    void whatIsNoMediaFileIsRefused()
+    {
+        QFETCH(QByteArray, bytes);
+        for (const char* device : {"AVIvideo", "MPEGvideo", "sequencer", "waveaudio"}) {
+            for (const char* ending : {"avi", "mpg", "mp3", "mid", "wav"}) {
+                const QString path = Path(QStringLiteral("hostile.") + QString::fromLatin1(ending));
+                Put(path, bytes);
+                QCOMPARE(Open(QString::fromLatin1(device), path), MciResult::InvalidFile);
+                QCOMPARE(Length(), 0);
+            }
+        }
+    }
+
+    void foldersAndVanishedFilesAreRefused()
+    {
+        QCOMPARE(Open(QStringLiteral("AVIvideo"), folder.path()), MciResult::FileNotFound);
+        QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("gone.mid"))), MciResult::FileNotFound);
+        // Gone between opening and playing.
+        const QString path = Path(QStringLiteral("soon-gone.wav"));
+        Put(path, WavFile(400));
+        QCOMPARE(Open(QStringLiteral("waveaudio"), path), MciResult::Done);
+        QVERIFY(QFile::remove(path));
+        Play();
+        QTRY_COMPARE_WITH_TIMEOUT(Position(), Length(), 2'000);
+    }
+
+    void damagedFilesPlayOrAreRefused()
+    {
+        QRandomGenerator random(11);
+        for (const char* name : {"tone.wav", "red.avi", "plain.avi", "tone.mp3", "film.mpg", "cover.mp3", "song.mid"}) {
+            const QByteArray whole = Get(Path(QString::fromLatin1(name)));
+            for (int round = 0; round < 12; ++round) {
+                QByteArray bytes = whole;
+                for (int i = random.bounded(1, 60); i > 0; --i)
+                    bytes[random.bounded(static_cast<int>(std::min<qsizetype>(bytes.size(), 4'000)))] =
+                        static_cast<char>(random.bounded(256));
+                if (round % 3 == 0)
+                    bytes.truncate(random.bounded(static_cast<int>(bytes.size())));
+                const QString path = Path(QStringLiteral("damaged-") + QString::fromLatin1(name));
+                Put(path, bytes);
+                const bool isSong = path.endsWith(QLatin1String(".mid"));
+                if (Open(isSong ? QStringLiteral("sequencer") : QStringLiteral("AVIvideo"), path) != MciResult::Done)
+                    continue;
+                QVERIFY(Length() >= 0);
+                Play();
+                QTest::qWait(30);
+                QVERIFY(Position() <= Length());
+                CloseAll();
+            }
+        }
+    }
+};
+
+OB_BENCH_TEST(win_MediaPlayerOB)
+#include "win_MediaPlayerOB.moc"
