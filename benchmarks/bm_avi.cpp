@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // 60 pictures of 1920 x 1080 with 24 bits become an uncompressed video: our writer, and beside it ffmpeg from the same
 // files in the same folder. "ffmpeg" is its time in seconds, "share" ours as a part of it; both are the least of the
-// rounds, which alternate. Without an ffmpeg program both are missing. "memory" is what the writing added to the most
-// memory that the process ever had, in frames.
+// rounds, which alternate. Without an ffmpeg program both are missing.
 #include "imagetools/modAvi.h"
 
 #include <benchmark/benchmark.h>
@@ -15,10 +14,6 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
-
-#ifdef Q_OS_UNIX
-#include <sys/resource.h>
-#endif
 
 namespace {
 
@@ -63,18 +58,6 @@ ob::AviList MakeBitmaps(const QTemporaryDir& folder)
     return list;
 }
 
-// In bytes; 0 where the system does not tell.
-double MostMemory()
-{
-#ifdef Q_OS_LINUX
-    struct rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    return static_cast<double>(usage.ru_maxrss) * 1024;
-#else
-    return 0;
-#endif
-}
-
 double SecondsOf(const std::function<bool()>& work, bool& isGood)
 {
     const auto start = std::chrono::steady_clock::now();
@@ -113,7 +96,6 @@ void Uncompressed(benchmark::State& state)
     const QString ours = folder.filePath(QStringLiteral("ours.avi"));
     const QString theirs = folder.filePath(QStringLiteral("theirs.avi"));
     const bool hasOther = !QStandardPaths::findExecutable(QStringLiteral("ffmpeg")).isEmpty();
-    const double memoryBefore = MostMemory();
     double least = 1e9;
     double leastOther = 1e9;
     bool isGood = true;
@@ -134,7 +116,6 @@ void Uncompressed(benchmark::State& state)
         state.counters["ffmpeg"] = leastOther;
         state.counters["share"] = least / leastOther;
     }
-    state.counters["memory"] = (MostMemory() - memoryBefore) / FrameBytes;
     state.SetBytesProcessed(state.iterations() * Frames * FrameBytes);
 }
 BENCHMARK(Uncompressed)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);

@@ -7,6 +7,9 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace ob {
 
 namespace {
@@ -34,6 +37,16 @@ QColor ToolkitColor(ColorRef color)
 {
     const auto part = [&](int shift) { return static_cast<int>((color >> shift) & 0xFF); };
     return {part(0), part(8), part(16)};
+}
+
+// Black or white, whichever stands off more.
+QColor TextColorOn(const QColor& ground)
+{
+    const auto light = [](float part) { return std::pow(part, 2.2F); };
+    const float luminance = 0.2126F * light(ground.redF()) + 0.7152F * light(ground.greenF()) +
+                            0.0722F * light(ground.blueF());
+    constexpr float even = 0.179F; // both stand off the same
+    return luminance > even ? Qt::black : Qt::white;
 }
 
 QFont Bold(QFont font)
@@ -100,7 +113,7 @@ void frmColorChart::paintEvent(QPaintEvent*)
         painter.setPen(palette().color(QPalette::Mid));
         painter.setBrush(ground);
         painter.drawRect(field.adjusted(0, 0, -1, -1));
-        painter.setPen(qGray(ground.rgb()) < 128 ? Qt::white : Qt::black);
+        painter.setPen(TextColorOn(ground));
         const int middle = field.center().y();
         painter.setFont(Bold(font()));
         painter.drawText(QRect(field.left(), field.top(), field.width(), middle - field.top()),

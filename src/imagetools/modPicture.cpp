@@ -34,6 +34,9 @@ cDIBSection PictureOfToolkit(QByteArrayView bytes)
     QBuffer buffer(&content);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
+    // Drawings of this format may hold text, and the toolkit ends a process that draws text without fonts.
+    if (reader.format().startsWith("svg") && !CanDrawText())
+        throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
     cDIBSection picture = CreateFromPicture(reader.read());
     if (picture.hDib() == 0)
         throw RuntimeErrorOf(ErrorNumber::InvalidPicture);

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int TickLength = 10;                // milliseconds between two looks for a due picture
 constexpr qint64 LatestSound = 300;           // milliseconds; sound that is later than this is skipped
+constexpr std::chrono::milliseconds Patience(200); // for the first picture and sound
 constexpr std::chrono::milliseconds Farewell(500);
 
 } // namespace
@@ -44,8 +45,8 @@ OpenedMedia cFilmDevice::Open(MediaKind kind, const QString& path)
     std::unique_ptr<cFilmDevice> device(new cFilmDevice(path, cSoundOutput::Make()));
     if (!device->OpenFile(kind))
         return opened;
-    const bool isSilent = device->sound == nullptr && device->reading->file->HasSound();
-    opened.trouble = isSilent ? MediaTrouble::NoSoundDevice : MediaTrouble::None;
+    device->StartReading();
+    opened.trouble = device->isSilent ? MediaTrouble::NoSoundDevice : MediaTrouble::None;
     opened.device = std::move(device);
     return opened;
 }
@@ -77,8 +78,18 @@ bool cFilmDevice::OpenFile(MediaKind kind)
         return false;
     const cFilmFile& file = *reading->file;
     length = file.Length() / 1'000;
-    reading->queue = std::make_unique<cFilmQueue>(cFilmQueue::Content{file.GivesPictures(), file.GivesSound(), rate});
+    shownSize = file.ShownSize();
+    isSilent = sound == nullptr && file.HasSound();
+    content = {file.GivesPictures(), file.GivesSound(), rate};
+    reading->queue = std::make_unique<cFilmQueue>(content);
     return true;
+}
+
+void cFilmDevice::StartReading()
+{
+    // With nothing to show or to be heard there is only the time to be kept.
+    if (content.hasPictures || content.hasSound)
+        thread = std::thread([shared = reading] { shared->Run(); });
 }
 
 qint64 cFilmDevice::Length() const
@@ -100,15 +111,13 @@ void cFilmDevice::Play()
 {
     if (clock.isValid())
         return;
+    if (thread.joinable())
+        reading->queue->WaitUntilFilled(Patience);
     clock.start();
-    const cFilmFile& file = *reading->file;
-    // With nothing to show or to be heard there is only the time to be kept.
-    if (file.GivesPictures() || file.GivesSound())
-        thread = std::thread([shared = reading] { shared->Run(); });
-    if (file.GivesSound())
+    if (content.hasSound)
         sound->Start(*reading->queue);
-    if (file.GivesPictures()) {
-        window = std::make_unique<frmVideo>(QFileInfo(path).fileName(), file.ShownSize());
+    if (content.hasPictures) {
+        window = std::make_unique<frmVideo>(QFileInfo(path).fileName(), shownSize);
         QObject::connect(window.get(), &frmVideo::Closed, window.get(), [this] { isClosed = true; });
         window->show();
     }

@@ -29,12 +29,17 @@ private:
 
     cFilmDevice(const QString& path, std::unique_ptr<cSoundOutput> output);
     bool OpenFile(MediaKind kind);
+    void StartReading();
     void ShowDuePicture();
 
     const QString path;
     std::unique_ptr<cSoundOutput> sound; // null without a sound device
     std::shared_ptr<Reading> reading;
+    // Of the file, which belongs to the thread once that runs.
     qint64 length = 0; // milliseconds
+    QSize shownSize;
+    bool isSilent = false; // has sound, and there is no device
+    cFilmQueue::Content content;
     std::thread thread;
     QElapsedTimer clock;
     QTimer timer;

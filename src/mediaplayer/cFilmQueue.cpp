@@ -56,6 +56,8 @@ bool cFilmQueue::HasEnough() const
 bool cFilmQueue::WaitForRoom()
 {
     std::unique_lock lock(mutex);
+    if (HasEnough())
+        filled.notify_all();
     roomMade.wait(lock, [this] { return isStopped || !HasEnough(); });
     return !isStopped;
 }
@@ -64,6 +66,13 @@ void cFilmQueue::SetEnd(qint64 whereItEnds)
 {
     const std::lock_guard lock(mutex);
     end = whereItEnds;
+    filled.notify_all();
+}
+
+void cFilmQueue::WaitUntilFilled(std::chrono::milliseconds patience)
+{
+    std::unique_lock lock(mutex);
+    filled.wait_for(lock, patience, [this] { return end || HasEnough(); });
 }
 
 std::optional<QImage> cFilmQueue::PictureAt(qint64 time)

@@ -5,6 +5,7 @@
 #include "mediaplayer/cFilmFile.h"
 #include "mediaplayer/cSoundOutput.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -31,6 +32,8 @@ public:
     void SetEnd(qint64 end); // all has been given; it ends then, in microseconds
 
     // --- For those who empty. ---
+    // Waits until there is enough to begin with, but not longer than that.
+    void WaitUntilFilled(std::chrono::milliseconds patience);
     // The picture that is due, when it is another than at the last call.
     std::optional<QImage> PictureAt(qint64 time);
     void Render(float* stereo, qsizetype frames) override;
@@ -51,6 +54,7 @@ private:
     const Content content;
     mutable std::mutex mutex;
     std::condition_variable roomMade;
+    std::condition_variable filled;
     std::deque<Picture> pictures;
     qint64 pictureBytes = 0;
     std::vector<float> sound; // from soundPlace on

@@ -24,7 +24,8 @@ namespace {
 // A tool that has just closed leaves no window active; its box belongs over the main window then.
 QWidget* Owner()
 {
-    if (QWidget* active = QApplication::activeWindow())
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && active->isVisible())
         return active;
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr)

@@ -129,6 +129,8 @@ void tst_imageLibrary::isSmallAndTheSameInEveryBuild()
     // No time of the build, neither in the file's header nor in that of its exports, and no path.
     QCOMPARE(library.Number(library.Header() + 8), 0U);
     QCOMPARE(library.Number(library.Place(library.Number(library.Header() + 24 + 96)) + 4), 0U);
+    // The linker's own choice of a base address depends on the folder of the build.
+    QCOMPARE(library.Number(library.Header() + 24 + 28), 0x6A500000U);
     QVERIFY(!bytes.contains(".cpp"));
     QVERIFY(!bytes.contains(QDir::homePath().toLocal8Bit() + '/') || QDir::homePath() == QLatin1String("/"));
 }

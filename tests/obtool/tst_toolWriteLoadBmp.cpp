@@ -68,6 +68,7 @@ private Q_SLOTS:
     void wrongUsage();
     void demonstrationOfTheLibrary();
     void metafileIsAPictureWithItsText();
+    void drawingWithTextIsAPicture();
 };
 
 void tst_toolWriteLoadBmp::textsAreThoseOfTheWindow_data()
@@ -182,6 +183,26 @@ void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
         for (int x = 10; x < 70; ++x)
             dark += qGray(image.pixel(x, y)) < 64 ? 1 : 0;
     QVERIFY2(dark > 150, qPrintable(QString::number(dark)));
+}
+
+// Without fonts the toolkit would end the process.
+void tst_toolWriteLoadBmp::drawingWithTextIsAPicture()
+{
+    const QTemporaryDir folder;
+    const QString in = folder.filePath(QStringLiteral("a.svg"));
+    const QString out = folder.filePath(QStringLiteral("a.bmp"));
+    QFile writer(in);
+    QVERIFY(writer.open(QIODevice::WriteOnly));
+    writer.write("<svg xmlns='http://www.w3.org/2000/svg' width='80' height='40'>"
+                 "<text x='10' y='30' font-size='24'>HH</text></svg>");
+    writer.close();
+    const Result result = Run({QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"),
+                               QStringLiteral("24")});
+    if (result.err.contains("Invalid picture"))
+        QSKIP("the toolkit here has no reader of such drawings");
+    QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.status, 0);
+    QCOMPARE(QImage(out).size(), QSize(80, 40));
 }
 
 QTEST_GUILESS_MAIN(tst_toolWriteLoadBmp)
