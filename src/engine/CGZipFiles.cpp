@@ -73,7 +73,7 @@ int CGZipFiles::MakeZipFile(const ZipWatch& watch)
     unmatched.clear();
     try {
         const ZipAnswer answer =
-            MakeZip(ZipFileName, NamesForLibrary(files), {RecurseFolders, UpdatingZip, 0, RootDirectory}, watch);
+            MakeZip(ZipFileName, NamesForLibrary(files), {RecurseFolders, UpdatingZip, RootDirectory}, watch);
         lastMessage = answer.message;
         unmatched = answer.unmatched;
         return answer.code;

@@ -31,7 +31,7 @@ static_assert(ZipNoFiles == ZIP_ER_NOENT && ZipTwoOfOneName == ZIP_ER_EXISTS && 
               ZipStopped == ZIP_ER_CANCELLED);
 
 // The level that zip programs use when none is asked for.
-constexpr int usualLevel = 6;
+constexpr zip_uint32_t usualLevel = 6;
 
 QString SystemText(int error)
 {
@@ -164,26 +164,29 @@ private:
 };
 
 // Whether compressing brings nothing, by samples from all over the file: pictures, sounds and archives are packed
-// already, and trying again takes ten times as long as storing them.
+// already, and trying again takes ten times as long as storing them. A small file is sampled whole.
 bool IsPackedAlready(const ZipEntry& entry)
 {
-    constexpr std::uintmax_t sampleCount = 16;
-    constexpr std::uintmax_t sampleSize = 16 * 1024;
-    if (entry.size < sampleCount * sampleSize)
-        return false;
+    if (entry.size == 0)
+        return true;
+    constexpr std::uintmax_t maximumSamples = 16;
+    const std::uintmax_t size = std::min<std::uintmax_t>(entry.size, 16 * 1024);
+    const std::uintmax_t count = std::min((entry.size + size - 1) / size, maximumSamples);
     std::filebuf file;
     if (file.open(entry.path, std::ios::in | std::ios::binary) == nullptr)
         return false;
-    QByteArray sample(static_cast<qsizetype>(sampleSize), Qt::Uninitialized);
+    QByteArray sample(static_cast<qsizetype>(size), Qt::Uninitialized);
     try {
-        for (std::uintmax_t number = 0; number < sampleCount; ++number) {
-            const std::uintmax_t place = (entry.size - sampleSize) / (sampleCount - 1) * number;
+        for (std::uintmax_t number = 0; number < count; ++number) {
+            const std::uintmax_t place =
+                number + 1 == count ? entry.size - size : (entry.size - size) / (count - 1) * number;
             if (file.pubseekpos(static_cast<std::streamoff>(place), std::ios::in) == std::streampos(-1) ||
                 file.sgetn(sample.data(), sample.size()) != sample.size())
                 return false;
             // The fast level finds nearly all that the usual one finds.
             constexpr int fastLevel = 1;
-            if (qCompress(sample, fastLevel).size() < sample.size() - sample.size() / 100)
+            constexpr qsizetype frame = 10; // what an entry of an archive does not have
+            if (qCompress(sample, fastLevel).size() - frame < sample.size() - sample.size() / 100)
                 return false;
         }
     } catch (const std::ios_base::failure&) {
@@ -273,9 +276,9 @@ Adding Add(zip_t* archive, const ZipEntry& entry, FileFeed& feed, const ZipOptio
         return Adding::Failed;
     }
     const auto place = static_cast<zip_uint64_t>(added);
-    const int level = options.compressionLevel == 0 ? usualLevel : options.compressionLevel;
-    const zip_int32_t method = IsPackedAlready(entry) ? ZIP_CM_STORE : ZIP_CM_DEFAULT;
-    const bool isSet = zip_set_file_compression(archive, place, method, static_cast<zip_uint32_t>(level)) == 0 &&
+    // The library's own choice of a method forgets the level.
+    const zip_int32_t method = IsPackedAlready(entry) ? ZIP_CM_STORE : ZIP_CM_DEFLATE;
+    const bool isSet = zip_set_file_compression(archive, place, method, usualLevel) == 0 &&
                        zip_file_set_external_attributes(archive, place, 0, ZIP_OPSYS_UNIX, AttributesOf(entry)) == 0;
     SetExactTime(archive, place, ModifiedTime(entry.path));
     return isSet ? Adding::Done : Adding::Failed;

@@ -24,7 +24,6 @@ using ZipWatch = std::function<ZipWish(const ZipProgress&)>; // called every few
 struct ZipOptions {
     bool recurseFolders = false;
     bool updatingZip = false; // what the archive holds stays; of a name that it holds the newer file wins
-    int compressionLevel = 0; // 1 to 9; 0 for the usual one
     QString rootDirectory;    // where relative paths start; "\" is the root of the disk
 };
 

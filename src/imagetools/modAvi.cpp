@@ -35,26 +35,31 @@ AviFormat FormatOf(const cDIB& dib)
     return {dib.Width(), dib.Height(), dib.BitCount()};
 }
 
-// How much of a bitmap file its frame needs: its headers, and the pixels if the file has them.
-qint64 BytesNeeded(QFile& file)
+enum class Wanted { Headers, Frame };
+
+// How much of a bitmap file is read: its headers, and for a frame the pixels if the file has them.
+qint64 BytesNeeded(QFile& file, Wanted wanted)
 {
     std::array<std::uint8_t, FileHeaderSize + InfoHeaderSize> start = {};
+    const std::int64_t least = std::min<std::int64_t>(file.size(), start.size());
+    if (wanted == Wanted::Headers)
+        return least;
     if (file.read(reinterpret_cast<char*>(start.data()), start.size()) < 0 || !file.seek(0))
         return 0;
     const ByteView bytes(start);
     const std::int64_t pixels = ReadFileHeader(bytes).bfOffBits;
     const std::int64_t size = ReadInfoHeader(bytes.subspan(FileHeaderSize)).biSizeImage;
-    return std::clamp<std::int64_t>(pixels + size, std::min<std::int64_t>(file.size(), start.size()), file.size());
+    return std::clamp<std::int64_t>(pixels + size, least, file.size());
 }
 
 // Reads into the bytes that the bitmap then keeps; what cannot be read that way is left to the usual reader, which
 // knows the reasons.
-FileContent ReadBitmapFile(const std::string& name)
+FileContent ReadBitmapFile(const std::string& name, Wanted wanted)
 {
     const QString path = QString::fromStdString(name);
     QFile file(path);
     if (QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        std::vector<std::uint8_t> bytes(static_cast<std::size_t>(BytesNeeded(file)));
+        std::vector<std::uint8_t> bytes(static_cast<std::size_t>(BytesNeeded(file, wanted)));
         const auto count = static_cast<qint64>(bytes.size());
         if (count > 0 && file.read(reinterpret_cast<char*>(bytes.data()), count) == count)
             return {FileOutcome::Done, std::move(bytes), {}};
@@ -62,10 +67,11 @@ FileContent ReadBitmapFile(const std::string& name)
     return DiskReader()(name);
 }
 
-bool LoadBitmap(cDIB& dib, const QString& path, const NoticeSink& notice)
+bool LoadBitmap(cDIB& dib, const QString& path, Wanted wanted, const NoticeSink& notice)
 {
+    const auto read = [wanted](const std::string& name) { return ReadBitmapFile(name, wanted); };
     try {
-        return dib.CreateFromFile(path.toStdString(), ReadBitmapFile, notice);
+        return dib.CreateFromFile(path.toStdString(), read, notice);
     } catch (const ImagingError& error) {
         throw RuntimeErrorOf(error);
     }
@@ -135,7 +141,7 @@ std::int32_t LinesOf(const AviFormat& format)
 std::optional<AviFormat> FormatForList(const AviList& list, const QString& file, const NoticeSink& notice)
 {
     cDIB dib;
-    if (!LoadBitmap(dib, file, notice))
+    if (!LoadBitmap(dib, file, Wanted::Headers, notice))
         return {};
     const AviFormat format = FormatOf(dib);
     if (!list.first || *list.first == format)
@@ -203,7 +209,7 @@ bool AviWriting::Load(const QString& name)
     // One frame in memory, not two; but the one before is still needed when this one cannot be had.
     if (StartsAsBitmap(name))
         dib = cDIB();
-    return LoadBitmap(dib, name, notice);
+    return LoadBitmap(dib, name, Wanted::Frame, notice);
 }
 
 AviState AviWriting::Begin(const OptionsChoice& choose)

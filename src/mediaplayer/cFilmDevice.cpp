@@ -14,7 +14,8 @@ namespace ob {
 namespace {
 
 constexpr int TickLength = 10;                // milliseconds between two looks for a due picture
-constexpr qint64 LatestSound = 300;           // milliseconds; sound that is later than this is skipped
+constexpr qint64 LatestSound = 200;           // milliseconds; sound that is later than this is skipped
+constexpr qint64 Aftermath = 300;             // milliseconds behind the end, for the sound device's last piece
 constexpr std::chrono::milliseconds Patience(200); // for the first picture and sound
 constexpr std::chrono::milliseconds Farewell(500);
 
@@ -97,14 +98,19 @@ qint64 cFilmDevice::Length() const
     return length;
 }
 
-qint64 cFilmDevice::Position() const
+// What is heard and seen at this moment, in milliseconds from the start.
+qint64 cFilmDevice::Now() const
 {
     if (!clock.isValid())
         return 0;
-    const qint64 now = clock.elapsed();
-    if (isClosed || now >= length || reading->queue->HasEndedAt(now * 1'000))
-        return length;
-    return now;
+    return std::max<qint64>(0, clock.elapsed() - (content.hasSound ? cSoundOutput::Delay : 0));
+}
+
+qint64 cFilmDevice::Position() const
+{
+    const qint64 now = Now();
+    const bool hasEnded = isClosed || now >= length || reading->queue->HasEndedAt(now * 1'000);
+    return hasEnded && clock.isValid() ? length : now;
 }
 
 void cFilmDevice::Play()
@@ -118,22 +124,26 @@ void cFilmDevice::Play()
         sound->Start(*reading->queue);
     if (content.hasPictures) {
         window = std::make_unique<frmVideo>(QFileInfo(path).fileName(), shownSize);
-        QObject::connect(window.get(), &frmVideo::Closed, window.get(), [this] { isClosed = true; });
+        QObject::connect(window.get(), &frmVideo::Closed, window.get(), [this] {
+            isClosed = true;
+            reading->queue->Stop();
+        });
         window->show();
     }
-    QObject::connect(&timer, &QTimer::timeout, &timer, [this] { ShowDuePicture(); });
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this] { Tick(); });
     timer.start(TickLength);
 }
 
-void cFilmDevice::ShowDuePicture()
+void cFilmDevice::Tick()
 {
-    if (isClosed) {
+    const qint64 now = Now();
+    if (isClosed || now > length + Aftermath) {
         timer.stop();
-        sound.reset();
+        if (content.hasSound)
+            sound->Stop();
         return;
     }
-    const qint64 now = clock.elapsed();
-    if (sound != nullptr)
+    if (content.hasSound)
         reading->queue->SkipSoundTo((now - LatestSound) * 1'000);
     if (window == nullptr)
         return;

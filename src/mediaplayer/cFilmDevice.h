@@ -30,7 +30,8 @@ private:
     cFilmDevice(const QString& path, std::unique_ptr<cSoundOutput> output);
     bool OpenFile(MediaKind kind);
     void StartReading();
-    void ShowDuePicture();
+    qint64 Now() const;
+    void Tick();
 
     const QString path;
     std::unique_ptr<cSoundOutput> sound; // null without a sound device

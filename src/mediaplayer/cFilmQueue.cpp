@@ -104,7 +104,7 @@ void cFilmQueue::Render(float* stereo, qsizetype frames)
 {
     const std::lock_guard lock(mutex);
     const std::size_t wanted = static_cast<std::size_t>(frames) * 2;
-    const std::size_t given = std::min(wanted, sound.size() - soundPlace);
+    const std::size_t given = isStopped ? 0 : std::min(wanted, sound.size() - soundPlace);
     std::copy_n(sound.begin() + static_cast<std::ptrdiff_t>(soundPlace), given, stereo);
     std::fill(stereo + given, stereo + wanted, 0.0F);
     framesGiven += frames;

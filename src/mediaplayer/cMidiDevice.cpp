@@ -176,7 +176,10 @@ qint64 cMidiDevice::Length() const
 
 qint64 cMidiDevice::Position() const
 {
-    return clock.isValid() ? std::min(clock.elapsed(), length) : 0;
+    if (!clock.isValid())
+        return 0;
+    const qint64 now = clock.elapsed() - (sound == nullptr ? 0 : cSoundOutput::Delay);
+    return std::clamp<qint64>(now, 0, length);
 }
 
 void cMidiDevice::Play()

@@ -20,7 +20,6 @@ namespace ob {
 namespace {
 
 constexpr int Channels = 2;
-constexpr int BufferMilliseconds = 100;
 
 // Since a sink was closed last.
 QElapsedTimer& SinceClosing()
@@ -69,7 +68,7 @@ cSoundOutput::cSoundOutput(const QAudioDevice& device, const QAudioFormat& outpu
 {
     static std::once_flag isRegistered;
     std::call_once(isRegistered, [] { qAddPostRoutine(WaitForTheServer); });
-    sink->setBufferSize(format.bytesForDuration(BufferMilliseconds * 1'000));
+    sink->setBufferSize(format.bytesForDuration(Delay * 1'000));
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
 
@@ -90,6 +89,11 @@ void cSoundOutput::Start(cSoundSource& from)
 {
     source = &from;
     sink->start(this);
+}
+
+void cSoundOutput::Stop()
+{
+    sink->stop();
 }
 
 qint64 cSoundOutput::readData(char* data, qint64 size)

@@ -34,8 +34,12 @@ public:
 
     int Rate() const; // frames a second
 
+    // How much later it is heard than it is fetched, in milliseconds.
+    static constexpr int Delay = 100;
+
     // The source must outlive this object.
     void Start(cSoundSource& from);
+    void Stop();
 
 protected:
     qint64 readData(char* data, qint64 size) override;

@@ -431,6 +431,20 @@ void tst_CGZipFiles::noiseIsStoredAndTextIsDeflated()
     QVERIFY(QFileInfo(Out()).size() < 2'000'000 + 1'820'000 + 20'000);
     QCOMPARE(FileInZip(Out(), QStringLiteral("noise.bin")), NoiseBytes(2'000'000));
     NamesInZip(Out());
+    // No size is stored larger than it is.
+    for (const qsizetype size : {1, 20, 8191, 8192, 8193, 16'384, 16'385, 100'000, 262'144, 262'145}) {
+        folder.Put("noise.bin", NoiseBytes(size));
+        CGZipFiles one = ListOf(Names("noise.bin"));
+        QCOMPARE(one.MakeZipFile(), 0);
+        QVERIFY(InfoOf(Out(), QStringLiteral("noise.bin")).contains(QStringLiteral(" stor ")));
+        QCOMPARE(FileInZip(Out(), QStringLiteral("noise.bin")), NoiseBytes(size));
+    }
+    for (const int count : {50, 600, 700, 20'000}) {
+        folder.Put("text.txt", QByteArray("print \"hello\"\r\n").repeated(count));
+        CGZipFiles one = ListOf(Names("text.txt"));
+        QCOMPARE(one.MakeZipFile(), 0);
+        QVERIFY(InfoOf(Out(), QStringLiteral("text.txt")).contains(QStringLiteral(" def")));
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_CGZipFiles)

@@ -196,8 +196,8 @@ void tst_toolWriteLoadBmp::drawingWithTextIsAPicture()
     writer.write("<svg xmlns='http://www.w3.org/2000/svg' width='80' height='40'>"
                  "<text x='10' y='30' font-size='24'>HH</text></svg>");
     writer.close();
-    const Result result = Run({QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"),
-                               QStringLiteral("24")});
+    const Result result = Run(
+        {QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"), QStringLiteral("24")});
     if (result.err.contains("Invalid picture"))
         QSKIP("the toolkit here has no reader of such drawings");
     QCOMPARE(result.err, QByteArray());
