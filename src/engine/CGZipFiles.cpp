@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A list of file specifications, and the zip archive that one call makes of it.
+// A list of file patterns, and the zip archive that one call makes of it.
 #include "engine/CGZipFiles.h"
 
 #include "platform/cRuntimeError.h"

@@ -36,10 +36,10 @@ inline constexpr int ZipStopped = 32;
 struct ZipAnswer {
     int code = 0;
     QString message;       // why it failed; empty after success
-    QStringList unmatched; // the specifications that mean no file
+    QStringList unmatched; // the patterns that mean no file
 };
 
-// Writes the archive from the files that the specifications mean (modZipFiles.h), under plain names, with their times
+// Writes the archive from the files that the patterns mean (modZipFiles.h), under plain names, with their times
 // and attributes. ".zip" is added to a name that has no ending. The archive is written beside an older one and takes
 // its place when it is whole; after a failure the older one is as it was. Files that do not get smaller are stored.
 ZipAnswer MakeZip(const QString& archive, const QStringList& specs, const ZipOptions& options,

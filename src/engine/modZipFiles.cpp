@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// File specifications looked up on disk.
+// File patterns looked up on disk.
 #include "engine/modZipFiles.h"
 
 #include "platform/modAnsi.h"

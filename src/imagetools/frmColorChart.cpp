@@ -43,8 +43,8 @@ QColor ToolkitColor(ColorRef color)
 QColor TextColorOn(const QColor& ground)
 {
     const auto light = [](float part) { return std::pow(part, 2.2F); };
-    const float luminance = 0.2126F * light(ground.redF()) + 0.7152F * light(ground.greenF()) +
-                            0.0722F * light(ground.blueF());
+    const float luminance =
+        0.2126F * light(ground.redF()) + 0.7152F * light(ground.greenF()) + 0.0722F * light(ground.blueF());
     constexpr float even = 0.179F; // both stand off the same
     return luminance > even ? Qt::black : Qt::white;
 }

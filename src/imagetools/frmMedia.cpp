@@ -30,8 +30,7 @@ QString WithLineFeeds(QString text)
 
 } // namespace
 
-frmMedia::frmMedia(QWidget* parent)
-    : QDialog(parent), ui(std::make_unique<Ui::frmMedia>()), tmrPlay(new QTimer(this))
+frmMedia::frmMedia(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMedia>()), tmrPlay(new QTimer(this))
 {
     ui->setupUi(this);
     tmrPlay->setObjectName(QStringLiteral("tmrPlay"));
@@ -121,8 +120,8 @@ void frmMedia::cmdCopy_Click()
         MsgBox(QStringLiteral("No file to save!"));
         return;
     }
-    const QString target = FileBox({FilePurpose::Save, QStringLiteral("Save As..."), QDir::currentPath(), {},
-                                    MediaCopyFilter(file)});
+    const QString target =
+        FileBox({FilePurpose::Save, QStringLiteral("Save As..."), QDir::currentPath(), {}, MediaCopyFilter(file)});
     if (target.isEmpty())
         return;
     if (CopyMedia(file, target))

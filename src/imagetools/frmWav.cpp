@@ -78,7 +78,10 @@ void frmWav::cmdCopy_Click()
         MsgBox(QStringLiteral("No wav is chosen!"));
         return;
     }
-    const QString target = FileBox({FilePurpose::Save, QStringLiteral("Save As..."), QDir::currentPath(), {},
+    const QString target = FileBox({FilePurpose::Save,
+                                    QStringLiteral("Save As..."),
+                                    QDir::currentPath(),
+                                    {},
                                     QStringLiteral("Wav sound file (*.wav)|*.wav")});
     if (!target.isEmpty() && !CopyMedia(browser->ChosenPath(), target))
         MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);

@@ -8,14 +8,15 @@
 #include <chrono>
 #include <future>
 #include <new>
+#include <system_error>
 
 namespace ob {
 
 namespace {
 
-constexpr int TickLength = 10;                // milliseconds between two looks for a due picture
-constexpr qint64 LatestSound = 200;           // milliseconds; sound that is later than this is skipped
-constexpr qint64 Aftermath = 300;             // milliseconds behind the end, for the sound device's last piece
+constexpr int TickLength = 10;                     // milliseconds between two looks for a due picture
+constexpr qint64 LatestSound = 200;                // milliseconds; sound that is later than this is skipped
+constexpr qint64 Aftermath = 300;                  // milliseconds behind the end, for the sound device's last piece
 constexpr std::chrono::milliseconds Patience(200); // for the first picture and sound
 constexpr std::chrono::milliseconds Farewell(500);
 
@@ -89,8 +90,13 @@ bool cFilmDevice::OpenFile(MediaKind kind)
 void cFilmDevice::StartReading()
 {
     // With nothing to show or to be heard there is only the time to be kept.
-    if (content.hasPictures || content.hasSound)
+    if (!content.hasPictures && !content.hasSound)
+        return;
+    try {
         thread = std::thread([shared = reading] { shared->Run(); });
+    } catch (const std::system_error&) {
+        // So there is where no thread can be had.
+    }
 }
 
 qint64 cFilmDevice::Length() const

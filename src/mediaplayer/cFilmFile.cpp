@@ -68,8 +68,7 @@ QImage RoomyPicture(int width, int height)
     constexpr qsizetype alignment = 64;
     const qsizetype stride = (qsizetype{width} * 4 + alignment - 1) / alignment * alignment;
     auto* bytes = static_cast<uchar*>(av_malloc(static_cast<std::size_t>(stride * height + alignment)));
-    return bytes == nullptr ? QImage()
-                            : QImage(bytes, width, height, stride, QImage::Format_RGB32, av_free, bytes);
+    return bytes == nullptr ? QImage() : QImage(bytes, width, height, stride, QImage::Format_RGB32, av_free, bytes);
 }
 
 // One stream of the file with its decoder; empty where the file has none that can be decoded.

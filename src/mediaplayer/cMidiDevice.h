@@ -26,7 +26,7 @@ public:
 private:
     explicit cMidiDevice(qint64 songLength);
 
-    const qint64 length; // milliseconds
+    const qint64 length;                 // milliseconds
     std::unique_ptr<cMidiSynth> synth;   // null without a sound device
     std::unique_ptr<cSoundOutput> sound; // goes before the synthesizer that it fetches from
     QElapsedTimer clock;

@@ -14,10 +14,10 @@ namespace ob {
 inline constexpr qsizetype MaximumMidiSize = qsizetype{16} << 20; // bytes
 
 struct MidiEvent {
-    std::int64_t time = 0;   // microseconds from the song's start
-    std::uint8_t status = 0; // 0x80 to 0xEF: a channel's message; 0xF0: a system message
-    std::uint8_t first = 0;  // of a channel's message
-    std::uint8_t second = 0; // 0 where the message has one data byte
+    std::int64_t time = 0;    // microseconds from the song's start
+    std::uint8_t status = 0;  // 0x80 to 0xEF: a channel's message; 0xF0: a system message
+    std::uint8_t first = 0;   // of a channel's message
+    std::uint8_t second = 0;  // 0 where the message has one data byte
     std::uint32_t offset = 0; // of a system message: where its data stand in the file,
     std::uint32_t length = 0; // and how many bytes, without the closing F7
 };

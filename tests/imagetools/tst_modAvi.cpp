@@ -391,7 +391,5 @@ private Q_SLOTS:
 #endif
 };
 
-Q_DECLARE_METATYPE(BitmapKind)
-
 QTEST_GUILESS_MAIN(tst_modAvi)
 #include "tst_modAvi.moc"

@@ -274,7 +274,5 @@ private:
     qint64 SizeOf(const char* name) const { return QFileInfo(At(name)).size(); }
 };
 
-Q_DECLARE_METATYPE(BitmapKind)
-
 QTEST_GUILESS_MAIN(tst_modAviCodecs)
 #include "tst_modAviCodecs.moc"

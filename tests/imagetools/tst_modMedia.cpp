@@ -24,7 +24,8 @@ private Q_SLOTS:
     {
         // No dot in the folder's name, as the first one decides.
         folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/obmediaXXXXXX"));
-        for (const char* name : {"song.mid", "film.AVI", "film.mpg", "film.Mpeg", "song.mp3", "song.wav", "two.parts.mid"})
+        for (const char* name :
+             {"song.mid", "film.AVI", "film.mpg", "film.Mpeg", "song.mp3", "song.wav", "two.parts.mid"})
             Put(Path(name), name);
     }
     void cleanup()

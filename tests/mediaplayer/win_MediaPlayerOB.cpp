@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The media player itself, with files made here: their lengths, their time, their pictures, and what is no media file.
 #include "support/BenchTest.h"
+#include "support/TestBench.h"
 
+#include "imagetools/frmMedia.h"
 #include "platform/FileTrouble.h"
 #include "platform/MidiBytes.h"
 #include "platform/modMci.h"
@@ -9,9 +11,12 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QProcess>
+#include <QPushButton>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QWidget>
 
 using namespace ob;
@@ -107,9 +112,9 @@ private:
     {
         QProcess ffmpeg;
         ffmpeg.setWorkingDirectory(folder.path());
-        ffmpeg.start(QStringLiteral("ffmpeg"), QStringList{QStringLiteral("-v"), QStringLiteral("error"),
-                                                           QStringLiteral("-y")} +
-                                                   QProcess::splitCommand(arguments) + QStringList{name});
+        ffmpeg.start(QStringLiteral("ffmpeg"),
+                     QStringList{QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y")} +
+                         QProcess::splitCommand(arguments) + QStringList{name});
         if (!ffmpeg.waitForFinished() || ffmpeg.exitCode() != 0)
             QTest::qFail(ffmpeg.readAllStandardError().constData(), __FILE__, __LINE__);
         return Path(name);
@@ -131,8 +136,9 @@ private Q_SLOTS:
         Film(QStringLiteral("red.avi"), QStringLiteral("red"), QStringLiteral("-c:v mpeg4 -q:v 2"));
         Film(QStringLiteral("plain.avi"), QStringLiteral("blue"), QStringLiteral("-c:v rawvideo -pix_fmt bgr24"));
         Make(QStringLiteral("tone.mp3"), QStringLiteral("-i tone.wav -ar 44100 -c:a libmp3lame"));
-        Make(QStringLiteral("film.mpg"), QStringLiteral("-i tone.wav -f lavfi -i color=lime:size=64x48:rate=25:duration=1 "
-                                                       "-c:v mpeg1video -c:a mp2 -ar 44100"));
+        Make(QStringLiteral("film.mpg"),
+             QStringLiteral("-i tone.wav -f lavfi -i color=lime:size=64x48:rate=25:duration=1 "
+                            "-c:v mpeg1video -c:a mp2 -ar 44100"));
         Film(QStringLiteral("cover.png"), QStringLiteral("red"), QStringLiteral("-frames:v 1"));
         Make(QStringLiteral("cover.mp3"), QStringLiteral("-i tone.mp3 -i cover.png -map 0 -map 1 -c copy "
                                                          "-disposition:v attached_pic"));
@@ -263,6 +269,25 @@ private Q_SLOTS:
         QVERIFY(FilmWindow() == nullptr);
         QVERIFY(!sndPlaySoundA(Path(QStringLiteral("red.avi")), SND_ASYNC));
         QVERIFY(!sndPlaySoundA(QStringLiteral("1"), SND_SYNC));
+    }
+
+    void theMediaWindowPlaysAFilm()
+    {
+        TestBench bench;
+        // No dot in a folder's name, as the first one decides.
+        const QTemporaryDir plain(QDir::tempPath() + QStringLiteral("/obmediaXXXXXX"));
+        const QString path = plain.filePath(QStringLiteral("red.avi"));
+        QVERIFY(QFile::copy(Path(QStringLiteral("red.avi")), path));
+        frmMedia window;
+        window.show();
+        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."),
+                                 QStringLiteral("Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"), path);
+        window.findChild<QPushButton*>(QStringLiteral("cmdOpen"))->click();
+        window.findChild<QPushButton*>(QStringLiteral("cmdPlay"))->click();
+        QCOMPARE(window.findChild<QLabel*>(QStringLiteral("lblNow"))->text(), QStringLiteral("0:00 / 0:01"));
+        QTRY_VERIFY(FilmWindow() != nullptr && IsNear(PixelOf(*FilmWindow(), {80, 60}), Qt::red));
+        QTRY_VERIFY_WITH_TIMEOUT(FilmWindow() == nullptr, 3'000);
+        QVERIFY(!window.findChild<QTimer*>(QStringLiteral("tmrPlay"))->isActive());
     }
 
     void aSoundPlaysToItsEndWhenAsked()

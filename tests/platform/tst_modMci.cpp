@@ -88,10 +88,9 @@ private Q_SLOTS:
         QCOMPARE(Send(QStringLiteral("open %1 type avivideo alias A").arg(Path("a.avi"))), 0);
         QCOMPARE(Send(QStringLiteral("OPEN \"%1\" TYPE mpegvideo ALIAS B").arg(Path("two words.avi"))), 0);
         QCOMPARE(Send(QStringLiteral("open sequencer!%1").arg(Path("a.avi"))), 0);
-        QCOMPARE(media->log,
-                 (QStringList{QStringLiteral("open video ") + Path("a.avi"),
-                              QStringLiteral("open video ") + Path("two words.avi"),
-                              QStringLiteral("open midi ") + Path("a.avi")}));
+        QCOMPARE(media->log, (QStringList{QStringLiteral("open video ") + Path("a.avi"),
+                                          QStringLiteral("open video ") + Path("two words.avi"),
+                                          QStringLiteral("open midi ") + Path("a.avi")}));
         QCOMPARE(Send(QStringLiteral("close ") + Path("a.avi")), 0);
         QCOMPARE(media->openCount, 2);
     }

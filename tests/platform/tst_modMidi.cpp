@@ -79,8 +79,10 @@ private Q_SLOTS:
         QCOMPARE(ReadMidi(song.first(14) + odd + song.sliced(14))->length, std::int64_t{1'000'000});
         const QByteArray riff = QByteArray("RIFF\x00\x00\x00\x00RMIDdata\x00\x00\x00\x00", 20);
         QCOMPARE(ReadMidi(riff + song)->length, std::int64_t{1'000'000});
-        const QByteArray listed =
-            QByteArray("RIFF\x00\x00\x00\x00RMIDLIST\x03\x00\x00\x00" "abc\x00" "data\x00\x00\x00\x00", 32);
+        const QByteArray listed = QByteArray("RIFF\x00\x00\x00\x00RMIDLIST\x03\x00\x00\x00"
+                                             "abc\x00"
+                                             "data\x00\x00\x00\x00",
+                                             32);
         QCOMPARE(ReadMidi(listed + song)->length, std::int64_t{1'000'000});
     }
 

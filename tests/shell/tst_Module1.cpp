@@ -97,12 +97,13 @@ private Q_SLOTS:
 
     void TheLibrariesAreCarriedByNumber()
     {
-        for (const int id : {100, 103, 0, -1})
+        for (const int id : {100, 105, 0, -1})
             QVERIFY(!CarriedText(id, QStringLiteral("CUSTOM")));
         QVERIFY(!CarriedText(101, QStringLiteral("BITMAP")));
         QVERIFY(!CarriedText(QStringLiteral("nothing.bas")));
         QCOMPARE(CarriedText(101, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("wrapper32.bas")));
         QCOMPARE(CarriedText(102, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("printer32.bas")));
+        QCOMPARE(CarriedText(103, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("jpeg.bas")));
     }
 
     void AnUnknownResourceWritesNothing()

@@ -24,7 +24,7 @@ public:
         return {std::make_unique<Device>(*this), trouble};
     }
 
-    qint64 length = 0; // milliseconds, of the next file; -1 refuses it
+    qint64 length = 0;   // milliseconds, of the next file; -1 refuses it
     qint64 position = 0; // of all that are open
     MediaTrouble trouble = MediaTrouble::None;
     int openCount = 0; // devices that are open
