@@ -19,6 +19,8 @@
 
 #include <QDir>
 
+#include <new>
+
 namespace ob {
 
 namespace {
@@ -53,9 +55,10 @@ bool SaveStrip(const QList<QImage>& pictures, const QString& path)
         SaveAs256(CreateFromPicture(ToolbarStrip(pictures)), path);
         return true;
     } catch (const RuntimeError&) {
-        MsgBox(QStringLiteral("Error saving bitmap."), BoxIcon::Critical);
-        return false;
+    } catch (const std::bad_alloc&) {
     }
+    MsgBox(QStringLiteral("Error saving bitmap."), BoxIcon::Critical);
+    return false;
 }
 
 } // namespace

@@ -43,6 +43,8 @@ void frmArray::cmdAdd_Click()
 
 void frmArray::OKButton_Click()
 {
+    if (ui->Text1->text().isEmpty())
+        ui->Text1->setText(DefaultArrayName);
     const bool isEmpty = ArrayBound(items) < 1;
     if (isEmpty && MsgBox(NoArrayItemsText, BoxIcon::Critical, BoxButtons::YesNo) == BoxAnswer::No)
         return;

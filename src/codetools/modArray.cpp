@@ -36,7 +36,7 @@ QString ReadyArrayName(const QString& name, ArrayType type)
 QString ArrayCode(const ArraySpec& spec)
 {
     const QString lineEnd = QStringLiteral("\r\n");
-    const QString name = ReadyArrayName(spec.name.isEmpty() ? QStringLiteral("Array$") : spec.name, spec.type);
+    const QString name = ReadyArrayName(spec.name.isEmpty() ? DefaultArrayName : spec.name, spec.type);
     const QString quote = spec.type == ArrayType::String ? QStringLiteral("\"") : QString();
     const qsizetype bound = ArrayBound(spec.items);
     QString code = QStringLiteral("    DIM ") + name + QString::number(bound) + u')' + lineEnd;

@@ -9,11 +9,12 @@ namespace ob {
 enum class ArrayType { Numeric, String };
 
 struct ArraySpec {
-    QString name; // empty: "Array$"
+    QString name; // empty: DefaultArrayName
     ArrayType type = ArrayType::String;
     QString items; // each item with a "|" in front of it
 };
 
+inline const QString DefaultArrayName = QStringLiteral("Array$");
 inline const QString NoArrayItemsText = QStringLiteral("No items contained in array.  Continue anyway?");
 inline const QString ArrayCopiedText =
     QStringLiteral("Code for array has been copied to the clipboard.  Please paste it into your program.");

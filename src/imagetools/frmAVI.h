@@ -21,13 +21,6 @@ namespace ob {
 
 // Frames are written on a thread of their own, so that the window stays alive meanwhile. Cancel and Escape end the
 // writing first and close the window only then; the close button does both.
-class frmAVI;
-} // namespace ob
-
-namespace ob {
-
-// Writes a frame each time that the event loop comes round, so that the window stays alive meanwhile. Cancel and Escape
-// end the writing first and close the window only then; the close button does both.
 class frmAVI final : public QDialog {
     Q_OBJECT
 

@@ -3,7 +3,6 @@
 #include "imagetools/frmBatch.h"
 
 #include "imagetools/modMask.h"
-#include "platform/cRuntimeError.h"
 #include "platform/frmFolderBrowser.h"
 #include "platform/modDialogs.h"
 #include "ui_frmBatch.h"
@@ -76,15 +75,11 @@ void frmBatch::OKButton_Click()
         return;
     SetState(State::AtWork);
     ui->CancelButton->setFocus();
-    try {
-        MaskAll(folder, names);
-    } catch (const RuntimeError& error) {
-        // The label still tells which file it is.
-        ShowRuntimeError(error);
+    // While the error is shown the label still tells which file it is.
+    if (RunCommand([&] { MaskAll(folder, names); }) == CommandEnd::Finished)
+        accept();
+    else
         SetState(State::Choosing);
-        return;
-    }
-    accept();
 }
 
 } // namespace ob

@@ -346,6 +346,10 @@ void frmIcon::ShowHeldIcon()
     ui->cmdIcon1->setVisible(iconCount > 1);
     ui->cmdIcon0->setEnabled(iconIndex < iconCount - 1);
     ui->cmdIcon1->setEnabled(iconIndex > 0);
+    if (heldIcon)
+        ShowHint();
+    else
+        ui->lblState->setText(QStringLiteral("This icon cannot be read."));
 }
 
 void frmIcon::cmdIcon_Click(int index)
@@ -432,7 +436,7 @@ void frmIcon::sva_Click()
     if (path.isEmpty())
         return;
     ReplaceFile(path, filter == 1 ? BitmapFileOf(sheet.icon) : IconFileOf(sheet.icon));
-    sheet.isChanged = false;
+    MarkSaved(sheet);
     ShowSheet(QStringLiteral("Saved as %1.").arg(NameOf(path)));
 }
 
@@ -481,7 +485,9 @@ frmIcon::Leaving frmIcon::QueryUnload()
 
 void frmIcon::reject()
 {
-    if (QueryUnload() == Leaving::Closes)
+    // A main window that is gone has asked before it went; its end closes the tools too.
+    const bool hasAsked = parentWidget() != nullptr && !parentWidget()->isVisible();
+    if (hasAsked || QueryUnload() == Leaving::Closes)
         QDialog::reject();
 }
 

@@ -14,8 +14,8 @@ namespace {
 
 IconPoint PlaceOf(const QMouseEvent& event)
 {
-    const QPoint position = event.position().toPoint();
-    return {position.x(), position.y()};
+    const QPointF position = event.position();
+    return {static_cast<int>(position.x()), static_cast<int>(position.y())};
 }
 
 IconPoint DirectionOf(int key)

@@ -131,6 +131,9 @@ void frmPixelGrid::mousePressEvent(QMouseEvent* event)
 
 void frmPixelGrid::mouseMoveEvent(QMouseEvent* event)
 {
+    // A box that opens under the held button takes its release.
+    if (!spaceHeld && !event->buttons().testFlag(Qt::LeftButton))
+        Q_EMIT MouseUp();
     Q_EMIT MouseMove(PlaceOf(*event));
 }
 

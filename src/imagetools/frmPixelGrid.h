@@ -27,7 +27,7 @@ public:
 Q_SIGNALS:
     void MouseDown(ob::IconPoint place, Qt::MouseButton button);
     void MouseMove(ob::IconPoint place); // whether or not a button is down
-    void MouseUp();
+    void MouseUp();                      // also when a move comes without a button down
     void MouseLeft();
 
 protected:

@@ -227,6 +227,7 @@ void SaveUndo(IconSheet& sheet)
     sheet.canUndo = true;
     sheet.isChanged = true;
     sheet.isEmpty = false;
+    sheet.isSavedSinceEdit = false;
 }
 
 void Edit(IconSheet& sheet, const Icon& icon)
@@ -242,10 +243,18 @@ void TakeIcon(IconSheet& sheet, const Icon& icon)
     sheet.isChanged = wasChanged;
 }
 
+void MarkSaved(IconSheet& sheet)
+{
+    sheet.isChanged = false;
+    sheet.isSavedSinceEdit = sheet.canUndo;
+}
+
 void Undo(IconSheet& sheet)
 {
-    if (sheet.canUndo)
-        sheet.icon = sheet.before;
+    if (!sheet.canUndo)
+        return;
+    sheet.icon = sheet.before;
+    sheet.isChanged = sheet.isChanged || sheet.isSavedSinceEdit;
     sheet.canUndo = false;
 }
 

@@ -82,6 +82,8 @@ struct IconSheet {
     bool canUndo = false;
     bool isChanged = false; // since it was new or saved
     bool isEmpty = true;    // nothing has been drawn or opened since it was new
+
+    bool isSavedSinceEdit = false; // undo would lead away from the icon that was saved
 };
 
 // Keeps the icon for undo before an edit; from then on it counts as changed.
@@ -93,7 +95,11 @@ void Edit(IconSheet& sheet, const Icon& icon);
 // An icon that came from its own file takes the place of the sheet's. It can be undone and is no change to be saved.
 void TakeIcon(IconSheet& sheet, const Icon& icon);
 
-// Brings back the icon of the last SaveUndo, once; nothing after NewIcon.
+// The icon stands in a file from here on.
+void MarkSaved(IconSheet& sheet);
+
+// Brings back the icon of the last SaveUndo, once; nothing after NewIcon. It counts as changed when the one that goes
+// has been saved since.
 void Undo(IconSheet& sheet);
 
 // An empty sheet; the icon that it had cannot be brought back.

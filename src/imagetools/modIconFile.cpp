@@ -7,6 +7,7 @@
 #include "imaging/modBitmapHeaders.h"
 #include "platform/cMappedFile.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <tuple>
 
@@ -17,8 +18,11 @@ namespace {
 constexpr std::size_t DirectoryBytes = 6;
 constexpr std::size_t FileEntryBytes = 16;  // ends with the image's place
 constexpr std::size_t GroupEntryBytes = 14; // ends with the image's number
-// An icon has a dozen images; a bound keeps a made-up directory from costing seconds.
+// An icon has a dozen images; bounds keep a made-up directory from costing seconds, and a made-up program, whose icons
+// may all share one such directory, too.
 constexpr std::size_t MostImages = 256;
+constexpr std::size_t LeastImages = 16;
+constexpr std::size_t MostImagesInAll = 1 << 20;
 
 // How many images a directory of either kind names; 0 when it is none.
 std::size_t ImageCount(ByteView directory)
@@ -32,9 +36,9 @@ std::size_t ImageCount(ByteView directory)
 
 // The best of the images that the directory names, by what the images say of themselves.
 template <class ImageOfEntry>
-ByteView BestImage(ByteView directory, std::size_t entryBytes, ImageOfEntry imageOfEntry)
+ByteView BestImage(ByteView directory, std::size_t most, std::size_t entryBytes, ImageOfEntry imageOfEntry)
 {
-    const std::size_t count = std::min(ImageCount(directory), MostImages);
+    const std::size_t count = std::min(ImageCount(directory), most);
     ByteView best;
     std::tuple<int, int> bestRank;
     for (std::size_t index = 0; index < count; ++index) {
@@ -84,10 +88,11 @@ ByteView IconIndex::ImageBytes(int index) const
     if (index < 0 || index >= Count())
         return {};
     if (!iconFile.empty()) {
-        return BestImage(iconFile, FileEntryBytes,
+        return BestImage(iconFile, MostImages, FileEntryBytes,
                          [this](const cByteReader& entry) { return BytesAt(iconFile, entry.Long(12), entry.Long(8)); });
     }
-    return BestImage(table.groups[static_cast<std::size_t>(index)], GroupEntryBytes,
+    const std::size_t most = std::clamp(MostImagesInAll / table.groups.size(), LeastImages, MostImages);
+    return BestImage(table.groups[static_cast<std::size_t>(index)], most, GroupEntryBytes,
                      [this](const cByteReader& entry) { return table.Image(entry.Word(12)); });
 }
 

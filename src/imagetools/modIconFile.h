@@ -22,8 +22,8 @@ public:
     int Count() const;
 
     // The image that is taken of the icon of that number, from 0: 32 x 32 pixels, else the nearest size; of several
-    // the one with most bits, else the first. Nothing beyond the count, and when the icon has no image that can be
-    // read.
+    // the one with most bits, else the first. Nothing beyond the count, and when no image can be read. A PNG image
+    // counts by its header: Extract gives nothing when the one taken is damaged behind it.
     std::optional<IconImageSize> Size(int index) const;
     std::optional<IconImage> Extract(int index) const;
 

@@ -129,12 +129,10 @@ void cFilmDevice::Play()
     if (content.hasSound)
         sound->Start(*reading->queue);
     if (content.hasPictures) {
-        window = std::make_unique<frmVideo>(QFileInfo(path).fileName(), shownSize);
-        QObject::connect(window.get(), &frmVideo::Closed, window.get(), [this] {
+        screen = OpenFilmScreen(QFileInfo(path).fileName(), shownSize, [this] {
             isClosed = true;
             reading->queue->Stop();
         });
-        window->show();
     }
     QObject::connect(&timer, &QTimer::timeout, &timer, [this] { Tick(); });
     timer.start(TickLength);
@@ -151,10 +149,10 @@ void cFilmDevice::Tick()
     }
     if (content.hasSound)
         reading->queue->SkipSoundTo((now - LatestSound) * 1'000);
-    if (window == nullptr)
+    if (screen == nullptr)
         return;
     if (const std::optional<QImage> due = reading->queue->PictureAt(now * 1'000))
-        window->ShowPicture(*due);
+        screen->ShowPicture(*due);
 }
 
 } // namespace ob

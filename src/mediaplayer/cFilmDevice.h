@@ -3,7 +3,7 @@
 #pragma once
 
 #include "mediaplayer/cFilmQueue.h"
-#include "mediaplayer/frmVideo.h"
+#include "mediaplayer/cFilmScreen.h"
 #include "platform/cMediaDevice.h"
 
 #include <QElapsedTimer>
@@ -44,8 +44,8 @@ private:
     std::thread thread;
     QElapsedTimer clock;
     QTimer timer;
-    std::unique_ptr<frmVideo> window; // null for a file without pictures
-    bool isClosed = false;            // the window, by the user
+    std::unique_ptr<cFilmScreen> screen; // null for a file without pictures
+    bool isClosed = false;               // the window, by the user
 };
 
 } // namespace ob

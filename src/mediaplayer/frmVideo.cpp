@@ -17,7 +17,8 @@ constexpr QSize SmallestWindow(160, 120);
 
 } // namespace
 
-frmVideo::frmVideo(const QString& title, QSize size) : filmSize(size)
+frmVideo::frmVideo(const QString& title, QSize size, std::function<void()> whenClosed)
+    : filmSize(size), closed(std::move(whenClosed))
 {
     setObjectName(QStringLiteral("frmVideo"));
     setWindowTitle(title);
@@ -69,7 +70,14 @@ void frmVideo::keyPressEvent(QKeyEvent* event)
 void frmVideo::closeEvent(QCloseEvent* event)
 {
     QWidget::closeEvent(event);
-    Q_EMIT Closed();
+    closed();
+}
+
+std::unique_ptr<cFilmScreen> OpenFilmScreen(const QString& title, QSize filmSize, std::function<void()> closed)
+{
+    auto window = std::make_unique<frmVideo>(title, filmSize, std::move(closed));
+    window->show();
+    return window;
 }
 
 } // namespace ob

@@ -2,22 +2,19 @@
 // The window in which a film is seen.
 #pragma once
 
-#include <QImage>
+#include "mediaplayer/cFilmScreen.h"
+
 #include <QWidget>
 
 namespace ob {
 
-class frmVideo final : public QWidget {
+class frmVideo final : public QWidget, public cFilmScreen {
     Q_OBJECT
 
 public:
-    // As large as the film, or as much of the screen as a film may take, beside the window that asked for it.
-    frmVideo(const QString& title, QSize filmSize);
+    frmVideo(const QString& title, QSize filmSize, std::function<void()> closed);
 
-    void ShowPicture(const QImage& next);
-
-Q_SIGNALS:
-    void Closed();
+    void ShowPicture(const QImage& next) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -26,6 +23,7 @@ protected:
 
 private:
     const QSize filmSize;
+    const std::function<void()> closed;
     QImage picture;
 };
 

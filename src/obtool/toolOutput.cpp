@@ -4,6 +4,8 @@
 
 #include "editor/modDocument.h"
 #include "platform/cRuntimeError.h"
+#include "platform/modAnsi.h"
+#include "platform/modDialogs.h"
 #include "platform/modFiles.h"
 
 #include <QFile>
@@ -13,9 +15,14 @@
 
 namespace ob {
 
-QString PathOf(const std::string& argument)
+QString TextOf(const std::string& argument)
 {
     return QString::fromLocal8Bit(argument.data(), static_cast<qsizetype>(argument.size()));
+}
+
+QString PathOf(const std::string& argument)
+{
+    return TextOf(argument);
 }
 
 static QByteArray ReadBytes(const std::string& file)
@@ -70,6 +77,14 @@ void WriteOutput(const std::string& out, QByteArrayView bytes)
     const auto size = static_cast<std::size_t>(bytes.size());
     if ((size != 0 && std::fwrite(bytes.data(), 1, size, stdout) != size) || std::fflush(stdout) != 0)
         throw ToolFailure("standard output", QStringLiteral("cannot be written"));
+}
+
+void WriteProgramText(const QString& text)
+{
+    const AnsiText ansi = AnsiFromText(text);
+    WriteOutput({}, ansi.bytes);
+    if (ansi.lostCount > 0)
+        MsgBox(QStringLiteral("Characters that the code page lacks became question marks."));
 }
 
 } // namespace ob

@@ -33,6 +33,12 @@ QByteArray ReadSource(const std::string& file);
 // Writes OUT by way of a temporary file, or standard output when out is empty. Throws ToolFailure.
 void WriteOutput(const std::string& out, QByteArrayView bytes);
 
+// An argument as the system wrote it.
+QString TextOf(const std::string& argument);
 QString PathOf(const std::string& argument);
+
+// Writes program text to standard output, with a note when it holds characters that the code page lacks. Throws
+// ToolFailure.
+void WriteProgramText(const QString& text);
 
 } // namespace ob

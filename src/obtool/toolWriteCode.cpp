@@ -7,7 +7,6 @@
 #include "codetools/modMessageBox.h"
 #include "codetools/modStylebits.h"
 #include "obtool/toolOutput.h"
-#include "platform/modAnsi.h"
 #include "platform/modDialogs.h"
 
 #include <memory>
@@ -65,19 +64,6 @@ struct StylebitsArguments {
     bool remove = false;
     bool list = false;
 };
-
-QString TextOf(const std::string& argument)
-{
-    return QString::fromLocal8Bit(argument.data(), static_cast<qsizetype>(argument.size()));
-}
-
-void WriteProgramText(const QString& text)
-{
-    const AnsiText ansi = AnsiFromText(text);
-    WriteOutput({}, ansi.bytes);
-    if (ansi.lostCount > 0)
-        MsgBox(QStringLiteral("Characters that the code page lacks became question marks."));
-}
 
 template <class Value, std::size_t Count>
 Texts NamesOf(const Choice<Value> (&choices)[Count])

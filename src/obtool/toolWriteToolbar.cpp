@@ -5,7 +5,6 @@
 #include "codetools/modAPItextedit.h"
 #include "codetools/modToolbarCode.h"
 #include "obtool/toolOutput.h"
-#include "platform/modAnsi.h"
 
 #include <memory>
 #include <string>
@@ -27,18 +26,17 @@ struct ToolbarLine {
 ToolbarButton ButtonOf(const std::string& argument, qsizetype number)
 {
     const std::size_t sign = argument.find('=');
-    const auto text = [](const std::string& piece) { return QString::fromStdString(piece); };
-    return {ToolbarBranchOf(text(argument.substr(0, sign)), number),
-            ToolbarTipOf(sign == std::string::npos ? QString() : text(argument.substr(sign + 1)), number)};
+    return {ToolbarBranchOf(TextOf(argument.substr(0, sign)), number),
+            ToolbarTipOf(sign == std::string::npos ? QString() : TextOf(argument.substr(sign + 1)), number)};
 }
 
 void Toolbar(const ToolbarLine& line, const CLI::Option& existing)
 {
     ToolbarSpec spec;
-    spec.bitmap = QString::fromStdString(line.bitmap);
-    spec.program = QString::fromStdString(line.program);
+    spec.bitmap = TextOf(line.bitmap);
+    spec.program = TextOf(line.program);
     if (existing.count() > 0) {
-        spec.handle = WindowHandleOf(QString::fromStdString(line.handle));
+        spec.handle = WindowHandleOf(TextOf(line.handle));
         if (!spec.handle)
             throw ToolFailure("toolbar", NoHandleText);
     }
@@ -48,7 +46,7 @@ void Toolbar(const ToolbarLine& line, const CLI::Option& existing)
                                            : ToolbarBorder::None;
     for (const std::string& button : line.buttons)
         spec.buttons.append(ButtonOf(button, spec.buttons.size() + 1));
-    WriteOutput({}, AnsiFromText(ToolbarCode(spec)).bytes);
+    WriteProgramText(ToolbarCode(spec));
 }
 
 } // namespace
@@ -67,7 +65,7 @@ void AddWriteToolbarVerbs(CLI::App& group)
     toolbar->add_option("--style", line->style, "how the buttons look")->check(CLI::IsMember({"flat", "raised"}));
     toolbar->add_option("--border", line->border, "the toolbar's border")
         ->check(CLI::IsMember({"thin", "thick", "none"}));
-    toolbar->add_option("LABEL=TIP", line->buttons, "a button: its branch label and its tip")->required();
+    AddTexts(*toolbar, "LABEL=TIP", line->buttons, "a button: its branch label and its tip")->required();
     toolbar->callback([line, existing] { Toolbar(*line, *existing); });
 
     CLI::App* texteditor =

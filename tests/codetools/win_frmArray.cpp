@@ -140,6 +140,7 @@ void win_frmArray::withoutItemsTheQuestionDecides()
     QVERIFY(b.bench.dialogs.Finished());
     QVERIFY(b.maker->isVisible());
     QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(Find<QLineEdit>(*b.maker, "Text1")->text(), QStringLiteral("Array$"));
     b.bench.dialogs.ExpectMessage(NoArrayItemsText, BoxAnswer::Yes, BoxIcon::Critical, BoxButtons::YesNo);
     b.ExpectCopied();
     Press(*b.maker, "OKButton");

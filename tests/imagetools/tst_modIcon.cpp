@@ -306,6 +306,23 @@ private Q_SLOTS:
         QVERIFY(sheet.icon == RandomIcon(2));
     }
 
+    void undoBehindASaveIsAChange()
+    {
+        IconSheet sheet;
+        Edit(sheet, RandomIcon(1));
+        MarkSaved(sheet);
+        QVERIFY(!sheet.isChanged && sheet.canUndo);
+        Undo(sheet);
+        QVERIFY(sheet.icon == Icon() && sheet.isChanged);
+        // What is saved without a step to take back, or edited afterwards, is as ever.
+        MarkSaved(sheet);
+        Undo(sheet);
+        QVERIFY(!sheet.isChanged);
+        TakeIcon(sheet, RandomIcon(2));
+        Undo(sheet);
+        QVERIFY(!sheet.isChanged);
+    }
+
     void colorsTakeTheNearestOfSixteen()
     {
         // In the order of the file's table.

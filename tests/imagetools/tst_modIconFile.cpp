@@ -426,7 +426,7 @@ private Q_SLOTS:
         }
     }
 
-    // A directory of 65535 images over and over in 65535 icons would take minutes without a bound.
+    // A directory of 65535 images would take long without a bound.
     void AMadeUpDirectoryTakesNoTime()
     {
         QElapsedTimer timer;
@@ -438,6 +438,27 @@ private Q_SLOTS:
         file.insert(6 + 16 * 300, file.sliced(6, 16).repeated(65535 - 300));
         LookAtAll(file);
         QVERIFY(timer.elapsed() < 2'000);
+    }
+
+    // Nor may all icons of a program look through one long directory: the more icons, the fewer images of each count.
+    void AMadeUpProgramTakesNoTime()
+    {
+        QList<Entry> entries(100, icons::RandomImage(8, 8, 1));
+        entries.append(icons::RandomImage(32, 32, 1));
+        QByteArray tree = icons::PeTree(icons::ResourcesOf({entries}));
+        const QByteArray plain = icons::PeFileAround(tree, PeKind::Bits32);
+        QVERIFY(IconIndex(ViewOf(plain)).Size(0) == (IconImageSize{32, 32, 1}));
+
+        constexpr int count = 65535;
+        constexpr qsizetype groupType = 16 + 8;
+        const qsizetype groups = 16 + 2 * 8 + 16 + 8 * entries.size();
+        const QByteArray icon = tree.sliced(groups + 16, 8);
+        icons::Overwrite(tree, groupType + 4, 0x80000000U | static_cast<unsigned>(tree.size()), 4);
+        tree += QByteArray(14, '\0') + QByteArray(2, '\xFF') + icon.repeated(count);
+        const QByteArray file = icons::PeFileAround(tree, PeKind::Bits32);
+        const IconIndex index(ViewOf(file));
+        QCOMPARE(index.Count(), count);
+        QVERIFY(index.Size(count - 1) == (IconImageSize{8, 8, 1}));
     }
 
     void AHugeProgramIsNotReadWhole()

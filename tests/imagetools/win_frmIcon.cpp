@@ -149,6 +149,14 @@ private Q_SLOTS:
         QVERIFY(Shown() == icon);
     }
 
+    void aDragWhoseReleaseIsLostPaintsNoFurther()
+    {
+        Send(Grid(), QEvent::MouseButtonPress, MiddleOf(2, 2), Qt::LeftButton);
+        Send(Grid(), QEvent::MouseMove, MiddleOf(9, 9), Qt::NoButton);
+        Move(Grid(), MiddleOf(12, 12));
+        QCOMPARE(std::ranges::count(Shown().pixels, Black), 1);
+    }
+
     void theRightButtonTakesTheColorOfAPixel()
     {
         Swatch(RedSwatch);
@@ -405,6 +413,8 @@ private Q_SLOTS:
         QVERIFY(bench->Frame().isVisible() && open->isVisible());
         ExpectSaveQuestion(BoxAnswer::No);
         QVERIFY(bench->Close());
+        // The program's end closes what is left, and asks no second time.
+        QVERIFY(open->close());
     }
 
     void aboutAndInstructionsOpen()

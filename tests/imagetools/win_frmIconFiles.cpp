@@ -167,7 +167,9 @@ private Q_SLOTS:
         Choose("op");
         Key("cmdIcon0")->click();
         QVERIFY(!Key("cmdChoose")->isEnabled());
+        QCOMPARE(State(), Text("This icon cannot be read."));
         Key("cmdIcon1")->click();
+        QVERIFY(State().startsWith(Text("Left button: paint.")));
         QVERIFY(Key("cmdChoose")->isEnabled());
     }
 
@@ -253,6 +255,11 @@ private Q_SLOTS:
         const QImage banded = Picture()->grab().toImage();
         QVERIFY(banded != plain);
         QCOMPARE(banded.pixelColor(30, 30), plain.pixelColor(30, 30));
+        // Half a pixel is none.
+        const QPointF half(50.9, 50.9);
+        QMouseEvent event(QEvent::MouseMove, half, Picture()->mapToGlobal(half), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(Picture(), &event);
+        QCOMPARE(Picture()->grab().toImage(), banded);
         Move(Picture(), {20, 60});
         Move(Picture(), {50, 50});
         QCOMPARE(Picture()->grab().toImage(), banded);

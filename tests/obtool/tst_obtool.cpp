@@ -180,8 +180,11 @@ private Q_SLOTS:
     {
         Put("x.bas", "print 1\r\n");
         for (const char* option : {"-o", "--folder"}) {
-            const Result result = Run(
-                {QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("x.bas"), QLatin1String(option), {}});
+            const Result result = Run({QStringLiteral("source"),
+                                       QStringLiteral("runcopy"),
+                                       QStringLiteral("x.bas"),
+                                       QLatin1String(option),
+                                       {}});
             QCOMPARE(result.status, 2);
             QCOMPARE(result.out, QByteArray());
             QVERIFY2(result.err.endsWith(QByteArray("\n") + RunCopyUsage + "\n"), result.err.constData());
@@ -196,18 +199,17 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("line");
         QTest::newRow("missing file") << QByteArray("source styles gone.bas")
                                       << QByteArray("gone.bas: File does not exist or is corrupt.");
-        QTest::newRow("a folder") << QByteArray("source styles folder")
-                                  << QByteArray("folder: Path/File access error");
+        QTest::newRow("a folder") << QByteArray("source styles folder") << QByteArray("folder: Path/File access error");
         QTest::newRow("empty file") << QByteArray("source styles empty.bas")
                                     << QByteArray("empty.bas: Invalid procedure call or argument");
         QTest::newRow("one byte") << QByteArray("source runcopy one.bas")
                                   << QByteArray("one.bas: Invalid procedure call or argument");
-        QTest::newRow("empty standard input") << QByteArray("source runcopy -")
-                                              << QByteArray("-: Invalid procedure call or argument");
-        QTest::newRow("missing include folder") << QByteArray("source runcopy x.bas --folder gone")
-                                                << QByteArray("gone: Path not found");
-        QTest::newRow("missing folder of OUT") << QByteArray("source runcopy x.bas -o gone/out.bak")
-                                               << QByteArray("gone/out.bak: Path not found");
+        QTest::newRow("empty standard input")
+            << QByteArray("source runcopy -") << QByteArray("-: Invalid procedure call or argument");
+        QTest::newRow("missing include folder")
+            << QByteArray("source runcopy x.bas --folder gone") << QByteArray("gone: Path not found");
+        QTest::newRow("missing folder of OUT")
+            << QByteArray("source runcopy x.bas -o gone/out.bak") << QByteArray("gone/out.bak: Path not found");
         QTest::newRow("OUT is a folder") << QByteArray("source runcopy x.bas -o folder")
                                          << QByteArray("folder: Path/File access error");
     }
@@ -253,9 +255,10 @@ private Q_SLOTS:
     void AFullStandardOutputIsAFailure_data()
     {
         QTest::addColumn<QByteArray>("arguments");
-        for (const char* arguments : {"--version", "--help", "source --help", "source styles --help", "source styles x.bas",
-                                      "source runcopy x.bas", "source syntax", "source syntax print", "source keywords",
-                                      "source keywords --lexer", "write library snippets"})
+        for (const char* arguments :
+             {"--version", "--help", "source --help", "source styles --help", "source styles x.bas",
+              "source runcopy x.bas", "source syntax", "source syntax print", "source keywords",
+              "source keywords --lexer", "write library snippets"})
             QTest::newRow(arguments) << QByteArray(arguments);
     }
 
@@ -324,7 +327,8 @@ private Q_SLOTS:
         QCOMPARE(result.err, QByteArray());
         QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("print 1 \r\n"));
         QCOMPARE(Get(QStringLiteral("second name")), QByteArray("a much longer older text"));
-        QCOMPARE(Entries(), (QStringList{QStringLiteral("out.bak"), QStringLiteral("second name"), QStringLiteral("x.bas")}));
+        QCOMPARE(Entries(),
+                 (QStringList{QStringLiteral("out.bak"), QStringLiteral("second name"), QStringLiteral("x.bas")}));
     }
 
     void OutMayBeTheFileItself()
@@ -386,7 +390,8 @@ private Q_SLOTS:
         const Result result = Run({QStringLiteral("source"), QStringLiteral("styles"), name});
         QCOMPARE(result.err, QByteArray());
         QCOMPARE(result.out, QByteArray("0\t3\t3\n"));
-        QCOMPARE(Run({QStringLiteral("source"), QStringLiteral("runcopy"), name, QStringLiteral("-o"), name}).status, 0);
+        QCOMPARE(Run({QStringLiteral("source"), QStringLiteral("runcopy"), name, QStringLiteral("-o"), name}).status,
+                 0);
         QCOMPARE(Get(name), QByteArray("end \r\n"));
     }
 
@@ -394,7 +399,8 @@ private Q_SLOTS:
 
     void StylesAreRunsOfBytes()
     {
-        const Result result = Run({QStringLiteral("source"), QStringLiteral("styles"), Data + QStringLiteral("styles.bas")});
+        const Result result =
+            Run({QStringLiteral("source"), QStringLiteral("styles"), Data + QStringLiteral("styles.bas")});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, Get(Data + QStringLiteral("styles.txt")));
         QCOMPARE(result.err, QByteArray());
@@ -421,12 +427,13 @@ private Q_SLOTS:
     {
         QFETCH(QString, path);
         const QByteArray expected = Get(path + QStringLiteral("/expected.copy"));
-        Result result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), path + QStringLiteral("/program.bas")});
+        Result result =
+            Run({QStringLiteral("source"), QStringLiteral("runcopy"), path + QStringLiteral("/program.bas")});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, expected);
         QCOMPARE(result.err, QByteArray());
-        result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("-"), QStringLiteral("--folder"),
-                      path, QStringLiteral("-o"), QStringLiteral("out.bak")},
+        result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("-"),
+                      QStringLiteral("--folder"), path, QStringLiteral("-o"), QStringLiteral("out.bak")},
                      Get(path + QStringLiteral("/program.bas")));
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
@@ -439,8 +446,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("term");
         QTest::addColumn<QByteArray>("tip");
-        QTest::newRow("first row") << QStringLiteral("box")
-                                   << QByteArray("box x y\n'draw box from current pos to x y");
+        QTest::newRow("first row") << QStringLiteral("box") << QByteArray("box x y\n'draw box from current pos to x y");
         QTest::newRow("any case") << QStringLiteral("CallBack")
                                   << QByteArray("callback addressname, functionname(type1,type2,...typeX), returntype\n"
                                                 "'set up a function address for a callback");
@@ -448,8 +454,8 @@ private Q_SLOTS:
             << QStringLiteral("menu")
             << QByteArray("menu #h , \"title\", \n\"text\", branchLabel, \"text2\", branchLabel2, . . .etc.\n"
                           "'create a top level menu and menu items");
-        QTest::newRow("of two rows the first") << QStringLiteral("select")
-                                               << QByteArray("select string$\n'select list item equal to string$");
+        QTest::newRow("of two rows the first")
+            << QStringLiteral("select") << QByteArray("select string$\n'select list item equal to string$");
         QTest::newRow("mark in front") << QStringLiteral("!contents")
                                        << QByteArray("!contents varname$ (or) !contents #handle\n'replace text in "
                                                      "texteditor with string or with contents of open file");
@@ -476,8 +482,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("file");
         QTest::newRow("syntax") << QByteArray("source syntax") << QStringLiteral("syntax-keys.txt");
         QTest::newRow("keywords") << QByteArray("source keywords") << QStringLiteral("keywords.txt");
-        QTest::newRow("keywords of the colouring") << QByteArray("source keywords --lexer")
-                                                   << QStringLiteral("keywords-lexer.txt");
+        QTest::newRow("keywords of the colouring")
+            << QByteArray("source keywords --lexer") << QStringLiteral("keywords-lexer.txt");
         QTest::newRow("snippets") << QByteArray("write library snippets") << QStringLiteral("snippets.bas");
     }
 
@@ -511,7 +517,10 @@ private:
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             QTest::qFail("the test's own file cannot be written", __FILE__, __LINE__);
     }
-    static void Put(const char* name, const QByteArray& bytes) { Put(QString::fromLatin1(name), bytes); }
+    static void Put(const char* name, const QByteArray& bytes)
+    {
+        Put(QString::fromLatin1(name), bytes);
+    }
 
     QStringList Entries() const
     {

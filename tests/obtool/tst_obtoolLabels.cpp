@@ -1,30 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool source labels", "comment" and "indent", as other programs call them.
+#include "obtool/RunObtool.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
+using namespace ob;
 
-struct Outcome {
-    int status = -1;
-    QByteArray out;
-    QByteArray error;
-};
+namespace {
 
 // The arguments behind "obtool source", parted at blanks.
 Outcome Run(const char* arguments, const QByteArray& input = {})
 {
-    QProcess obtool;
-    obtool.start(QStringLiteral(OB_BIN "/obtool"),
-                 QStringList(QStringLiteral("source")) + QString::fromUtf8(arguments).split(QLatin1Char(' ')));
-    obtool.write(input);
-    obtool.closeWriteChannel();
-    if (!obtool.waitForFinished(30'000) || obtool.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {obtool.exitCode(), obtool.readAllStandardOutput(), obtool.readAllStandardError()};
+    return RunObtool(QStringList(QStringLiteral("source")) + QString::fromUtf8(arguments).split(QLatin1Char(' ')),
+                     input);
 }
 
 QByteArray Get(const QString& path)

@@ -1,30 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool write snippets", as other programs call it.
+#include "obtool/RunObtool.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+
+using namespace ob;
 
 namespace {
 
 constexpr char Usage[] = "usage: obtool write snippets DIR";
 const QString Data = QStringLiteral(OB_TEST_DATA "/obtool/snippets/");
 
-struct Outcome {
-    int status = -1;
-    QByteArray out;
-    QByteArray error;
-};
-
 Outcome Run(const QStringList& arguments)
 {
-    QProcess obtool;
-    obtool.start(QStringLiteral(OB_BIN "/obtool"),
-                 QStringList{QStringLiteral("write"), QStringLiteral("snippets")} + arguments);
-    if (!obtool.waitForFinished(30'000) || obtool.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {obtool.exitCode(), obtool.readAllStandardOutput(), obtool.readAllStandardError()};
+    return RunObtool(QStringList{QStringLiteral("write"), QStringLiteral("snippets")} + arguments);
 }
 
 QByteArray Get(const QString& path)

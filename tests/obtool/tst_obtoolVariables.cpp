@@ -1,28 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool source variables", as other programs call it.
+#include "obtool/RunObtool.h"
+
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
+using namespace ob;
 
-struct Outcome {
-    int status = -1;
-    QByteArray out;
-    QByteArray error;
-};
+namespace {
 
 Outcome Run(const QStringList& arguments, const QByteArray& input = {})
 {
-    QProcess obtool;
-    obtool.start(QStringLiteral(OB_BIN "/obtool"),
-                 QStringList{QStringLiteral("source"), QStringLiteral("variables")} + arguments);
-    obtool.write(input);
-    obtool.closeWriteChannel();
-    if (!obtool.waitForFinished(30'000) || obtool.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {obtool.exitCode(), obtool.readAllStandardOutput(), obtool.readAllStandardError()};
+    return RunObtool(QStringList{QStringLiteral("source"), QStringLiteral("variables")} + arguments, input);
 }
 
 Outcome Report(const QByteArray& source)

@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool write array", "messagebox", "menu" and "stylebits", as other programs call them.
+#include "obtool/RunObtool.h"
+
 #include "codetools/MakerFiles.h"
 
-#include <QProcess>
 #include <QTest>
 
 using namespace ob;
 
 namespace {
-
-struct Outcome {
-    int status = -1;
-    QByteArray out;
-    QByteArray error;
-};
 
 QStringList Words(std::initializer_list<const char*> words)
 {
@@ -25,11 +20,7 @@ QStringList Words(std::initializer_list<const char*> words)
 
 Outcome Run(const QStringList& arguments)
 {
-    QProcess obtool;
-    obtool.start(QStringLiteral(OB_BIN "/obtool"), QStringList{QStringLiteral("write")} + arguments);
-    if (!obtool.waitForFinished(30'000) || obtool.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {obtool.exitCode(), obtool.readAllStandardOutput(), obtool.readAllStandardError()};
+    return RunObtool(QStringList{QStringLiteral("write")} + arguments);
 }
 
 void Row(const char* file, std::initializer_list<const char*> arguments, const char* note = "")

@@ -67,6 +67,25 @@ private Q_SLOTS:
         QVERIFY(done.out.contains("lpstrText$.struct = \"x=y\"\r\n"));
     }
 
+    void bracketsAroundAButtonAreNoList()
+    {
+        const Outcome done = Toolbar({QStringLiteral("--bitmap"), QStringLiteral("b"), QStringLiteral("[a,b]"),
+                                      QStringLiteral("[c]=[d]"), QStringLiteral("[]")});
+        QCOMPARE(done.status, 0);
+        QCOMPARE(done.out.count("Button #main.hide"), 3);
+        QVERIFY(done.out.contains("Button #main.hide0, \"\", [a,b], UL"));
+        QVERIFY(done.out.contains("lpstrText$.struct = \"[d]\"\r\n"));
+        QVERIFY(done.out.contains("Button #main.hide2, \"\", [], UL"));
+    }
+
+    void charactersThatTheCodePageLacksAreTold()
+    {
+        const Outcome done = Toolbar({QStringLiteral("--bitmap"), QStringLiteral("b"), QStringLiteral("a=\u0436")});
+        QCOMPARE(done.status, 0);
+        QVERIFY(done.out.contains("lpstrText$.struct = \"?\"\r\n"));
+        QCOMPARE(done.error, QByteArray("obtool: note: Characters that the code page lacks became question marks.\n"));
+    }
+
     void anEmptyHandleFails()
     {
         const Outcome done = Toolbar({QStringLiteral("--existing"), QString(), QStringLiteral("--bitmap"),
