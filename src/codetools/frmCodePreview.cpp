@@ -6,7 +6,7 @@
 #include "platform/frmPlainText.h"
 #include "platform/modAnsi.h"
 #include "scilexer/modLexer.h"
-#include "shell/Module1.h"
+#include "shell/modColors.h"
 
 #include <QEvent>
 #include <QFontDatabase>
@@ -28,12 +28,6 @@ constexpr int MiddleLightness = 128; // of 255
 constexpr double ReadableContrast = 5.5;
 constexpr int FewestLines = 3;
 constexpr int ShownColumns = 60;
-
-QColor ColorOf(ColorRef color)
-{
-    return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-                  static_cast<int>((color >> 16) & 0xFF));
-}
 
 bool IsDark(const QColor& color)
 {

@@ -12,7 +12,7 @@ namespace ob {
 
 namespace {
 
-// In the list from its making on: it goes to the library with the others, where it fits no file.
+// In the list from its making on, and counted with the names; it stands for no file.
 const QString Placeholder = QStringLiteral("querty");
 
 constexpr std::size_t maximumNames = 100; // with the placeholder

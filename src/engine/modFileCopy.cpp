@@ -73,13 +73,13 @@ CopyEnd Settle(const fs::path& from, const fs::path& copy, const fs::path& to)
 {
     std::error_code error;
     const fs::perms permissions = fs::status(from, error).permissions();
+    // Disks of other systems and shares may refuse both; the bytes are what counts.
     if (!error)
         fs::permissions(copy, permissions, error);
-    const fs::file_time_type time = error ? fs::file_time_type() : fs::last_write_time(from, error);
+    const fs::file_time_type time = fs::last_write_time(from, error);
     if (!error)
         fs::last_write_time(copy, time, error);
-    if (!error)
-        fs::rename(copy, to, error);
+    fs::rename(copy, to, error);
     return error ? CopyEnd::Failed : CopyEnd::Copied;
 }
 
@@ -98,6 +98,9 @@ CopyEnd CopyWholeFile(const QString& from, const QString& to, const CopyWatch& w
     if (end != CopyEnd::Copied)
         return end;
     copy.file.close();
+    // A share or a quota may tell a lost write no earlier than here.
+    if (copy.file.error() != QFileDevice::NoError)
+        return CopyEnd::Failed;
     if (Settle(NativePath(from), NativePath(copy.file.fileName()), NativePath(to)) == CopyEnd::Failed)
         return CopyEnd::Failed;
     copy.isMade = false;

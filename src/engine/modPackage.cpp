@@ -103,6 +103,13 @@ QStringList OtherSpellings(const QString& folder, const QString& name)
     return names;
 }
 
+bool AreOneFile(const QString& left, const QString& right)
+{
+    std::error_code ignored;
+    return std::filesystem::equivalent(QFileInfo(left).filesystemFilePath(), QFileInfo(right).filesystemFilePath(),
+                                       ignored);
+}
+
 // Copies the files of a plan, counting the bytes.
 class Copier {
 public:
@@ -144,8 +151,11 @@ private:
     // The copy takes the place of a file of its name, however that is spelled.
     void RemoveOtherSpellings()
     {
+        const QString front = folder + QDir::separator();
         for (const QString& name : OtherSpellings(folder, progress.name))
-            QFile::remove(folder + QDir::separator() + name);
+            // A disk that does not mind case may have kept the old spelling for the copy itself.
+            if (!AreOneFile(front + name, front + progress.name))
+                QFile::remove(front + name);
     }
 
     QString folder;
@@ -235,7 +245,8 @@ std::optional<QString> FileOnDisk(const QString& path)
     if (FileExists(path))
         return path;
     const QString folder = FolderOf(path);
-    const QStringList others = OtherSpellings(folder, NameOf(path));
+    QStringList others = OtherSpellings(folder, NameOf(path));
+    others.removeIf([&](const QString& each) { return !FileExists(folder + each); }); // a link to nowhere
     return others.isEmpty() ? std::nullopt : std::optional(folder + *std::min_element(others.begin(), others.end()));
 }
 

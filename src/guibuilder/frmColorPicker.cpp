@@ -3,7 +3,7 @@
 #include "guibuilder/frmColorPicker.h"
 
 #include "guibuilder/modGui.h"
-#include "shell/Module1.h"
+#include "shell/modColors.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -17,12 +17,6 @@ constexpr int ButtonfacePlace = ColorCount - 1;
 
 // Grey stands off from a light ground and a dark one, and so from every colour between.
 constexpr QColor OutlineColor(128, 128, 128);
-
-QColor ColorOf(ColorRef color)
-{
-    const auto channel = [&](int shift) { return static_cast<int>((color >> shift) & 0xFF); };
-    return {channel(0), channel(8), channel(16)};
-}
 
 // A key as buttons look now: round corners, lit from above.
 void PaintButton(QPainter& painter, const QRectF& outline, const QPalette& colors)

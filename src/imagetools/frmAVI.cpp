@@ -260,9 +260,9 @@ void frmAVI::EnableControls()
 {
     const bool isIdle = writing == nullptr;
     const bool hasFiles = !list.files.isEmpty();
-    // The focus may not fall on what the next key would start.
+    // The pressed button goes grey; its focus may not fall on Cancel, where one more key would end the writing.
     if (!isIdle)
-        ui->cmdCancel->setFocus();
+        ui->lstDIBList->setFocus();
     ui->cmdFileOpen->setEnabled(isIdle);
     ui->cmdClearList->setEnabled(isIdle && hasFiles);
     ui->cmdWriteAVI->setEnabled(isIdle && hasFiles);

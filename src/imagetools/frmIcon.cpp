@@ -11,6 +11,7 @@
 #include "shell/dlgAbout.h"
 #include "shell/frmHelp.h"
 #include "shell/frmTool.h"
+#include "shell/modColors.h"
 #include "ui_frmIcon.h"
 
 #include <QAction>

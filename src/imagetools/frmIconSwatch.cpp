@@ -2,15 +2,11 @@
 // A button that shows one colour to paint with.
 #include "imagetools/frmIconSwatch.h"
 
+#include "shell/modColors.h"
+
 #include <QPainter>
 
 namespace ob {
-
-QColor ColorOf(ColorRef color)
-{
-    const auto channel = [color](int shift) { return static_cast<int>((color >> shift) & 0xFF); };
-    return {channel(0), channel(8), channel(16)};
-}
 
 frmIconSwatch::frmIconSwatch(QWidget* parent) : QAbstractButton(parent)
 {

@@ -8,8 +8,6 @@
 
 namespace ob {
 
-QColor ColorOf(ColorRef color);
-
 // In a group of exclusive ones the arrow keys choose.
 class frmIconSwatch final : public QAbstractButton {
     Q_OBJECT

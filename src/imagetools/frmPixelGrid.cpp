@@ -3,6 +3,7 @@
 #include "imagetools/frmPixelGrid.h"
 
 #include "imagetools/frmIconSwatch.h"
+#include "shell/modColors.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -7,11 +7,14 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -56,10 +59,29 @@ int Answer(std::string_view text)
     }
 }
 
+// The arguments, last one first, as the parser takes them. It would take the next argument for the empty value of
+// "--title=", so such an option and its value are parted here.
+std::vector<std::string> ArgumentsOf(int argc, char** argv)
+{
+    std::vector<std::string> arguments;
+    bool areOptions = true;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        areOptions = areOptions && argument != "--";
+        const bool isEmptyOption =
+            areOptions && argument.starts_with("--") && argument.find('=') == argument.size() - 1;
+        arguments.emplace_back(isEmptyOption ? argument.substr(0, argument.size() - 1) : argument);
+        if (isEmptyOption)
+            arguments.emplace_back();
+    }
+    std::reverse(arguments.begin(), arguments.end());
+    return arguments;
+}
+
 int Run(CLI::App& tool, int argc, char** argv)
 {
     try {
-        tool.parse(argc, argv);
+        tool.parse(ArgumentsOf(argc, argv));
         return 0;
     } catch (const CLI::CallForHelp&) {
         return Answer(Innermost(tool)->help());

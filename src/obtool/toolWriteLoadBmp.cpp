@@ -5,7 +5,6 @@
 #include "imagetools/modLoadBmp.h"
 #include "obtool/toolOutput.h"
 #include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
 #include "platform/modDialogs.h"
 #include "platform/modPaths.h"
 
@@ -46,7 +45,7 @@ void WriteLoadBmp(const LoadBmpArguments& arguments)
             throw ToolFailure(file, error.description);
         }
     }
-    WriteOutput({}, AnsiFromText(LoadBmpText(list.Paths(), library, information)).bytes);
+    WriteProgramText(LoadBmpText(list.Paths(), library, information));
 }
 
 } // namespace

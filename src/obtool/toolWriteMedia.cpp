@@ -4,8 +4,6 @@
 
 #include "imagetools/modMedia.h"
 #include "obtool/toolOutput.h"
-#include "platform/modAnsi.h"
-#include "platform/modDialogs.h"
 
 #include <memory>
 
@@ -21,10 +19,7 @@ struct MediaArguments {
 void WriteMedia(const MediaArguments& arguments)
 {
     const MediaPath path = arguments.hasPath ? MediaPath::Whole : MediaPath::NameOnly;
-    const AnsiText code = AnsiFromText(MediaCode(PathOf(arguments.file), path));
-    WriteOutput({}, code.bytes);
-    if (code.lostCount > 0)
-        MsgBox(QStringLiteral("Characters that the code page lacks became question marks."));
+    WriteProgramText(MediaCode(PathOf(arguments.file), path));
 }
 
 } // namespace

@@ -25,7 +25,8 @@ QByteArray ReadWhole(const QString& path);
 
 // Makes the bytes the file's whole content by way of a temporary file in the same folder and a rename. Permissions
 // (and the owner, where allowed) stay; a link stays a link and its target is replaced. What exists and is no regular
-// file, such as a device, is written in place, and so is a file whose folder takes no new one. After an error the old file is as it was and nothing else is left.
+// file, such as a device, is written in place, and so is a file whose folder takes no new one. After an error the old
+// file is as it was and nothing else is left.
 void ReplaceFile(const QString& path, QByteArrayView bytes);
 
 // Adds the bytes and CR LF at the file's end; a missing file is made. After an error the file has its old length.

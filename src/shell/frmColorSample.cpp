@@ -2,17 +2,13 @@
 // A label that shows what a color of the code windows looks like.
 #include "shell/frmColorSample.h"
 
+#include "shell/modColors.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 namespace ob {
-
-static QColor ColorOf(ColorRef color)
-{
-    const auto channel = [&](int shift) { return static_cast<int>((color >> shift) & 0xFF); };
-    return {channel(0), channel(8), channel(16)};
-}
 
 void SetLabelColors(QLabel& label, ColorRef fore, ColorRef back)
 {

@@ -269,60 +269,6 @@ private Q_SLOTS:
         QVERIFY(CellsBetween({-5, -5}, {-5, -5}).empty());
     }
 
-    void undoBringsOneIconBackOnce()
-    {
-        IconSheet sheet;
-        QVERIFY(!sheet.canUndo && !sheet.isChanged && sheet.isEmpty);
-        Edit(sheet, RandomIcon(1));
-        Edit(sheet, RandomIcon(2));
-        QVERIFY(sheet.canUndo && sheet.isChanged && !sheet.isEmpty);
-        Undo(sheet);
-        QVERIFY(sheet.icon == RandomIcon(1));
-        QVERIFY(!sheet.canUndo && sheet.isChanged);
-        Undo(sheet);
-        QVERIFY(sheet.icon == RandomIcon(1));
-    }
-
-    void aNewIconCannotBeUndone()
-    {
-        IconSheet sheet;
-        Edit(sheet, RandomIcon(1));
-        NewIcon(sheet);
-        QVERIFY(sheet.icon == Icon());
-        QVERIFY(!sheet.canUndo && !sheet.isChanged && sheet.isEmpty);
-        Undo(sheet);
-        QVERIFY(sheet.icon == Icon());
-    }
-
-    void anIconOfAFileIsNoChange()
-    {
-        IconSheet sheet;
-        TakeIcon(sheet, RandomIcon(1));
-        QVERIFY(!sheet.isChanged && sheet.canUndo && !sheet.isEmpty);
-        Edit(sheet, RandomIcon(2));
-        TakeIcon(sheet, RandomIcon(3));
-        QVERIFY(sheet.isChanged);
-        Undo(sheet);
-        QVERIFY(sheet.icon == RandomIcon(2));
-    }
-
-    void undoBehindASaveIsAChange()
-    {
-        IconSheet sheet;
-        Edit(sheet, RandomIcon(1));
-        MarkSaved(sheet);
-        QVERIFY(!sheet.isChanged && sheet.canUndo);
-        Undo(sheet);
-        QVERIFY(sheet.icon == Icon() && sheet.isChanged);
-        // What is saved without a step to take back, or edited afterwards, is as ever.
-        MarkSaved(sheet);
-        Undo(sheet);
-        QVERIFY(!sheet.isChanged);
-        TakeIcon(sheet, RandomIcon(2));
-        Undo(sheet);
-        QVERIFY(!sheet.isChanged);
-    }
-
     void colorsTakeTheNearestOfSixteen()
     {
         // In the order of the file's table.

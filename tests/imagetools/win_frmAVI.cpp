@@ -278,6 +278,35 @@ private Q_SLOTS:
         QCOMPARE(Files("*.tmp"), QStringList());
     }
 
+    void enterPressesTheButtonThatHasTheFocus()
+    {
+        AddBitmaps(1);
+        bench->ExpectModal(QStringLiteral("dlgAviOptions"), [](QDialog& dialog) {
+            auto* cancel = dialog.findChild<QPushButton*>(QStringLiteral("cmdCancel"));
+            cancel->setFocus();
+            QTest::keyClick(cancel, Qt::Key_Return);
+            QVERIFY(!dialog.isVisible());
+            QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+        });
+        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, At(QStringLiteral("x.avi")));
+        Button("cmdWriteAVI")->setFocus();
+        QTest::keyClick(Button("cmdWriteAVI"), Qt::Key_Return);
+        QVERIFY(bench->dialogs.Finished());
+        QCOMPARE(bench->Read(At(QStringLiteral("x.avi"))), QByteArray());
+    }
+
+    void oneMoreEnterDoesNotEndTheWriting()
+    {
+        AddForLongWork();
+        Button("cmdWriteAVI")->setFocus();
+        PressWrite(At(QStringLiteral("x.avi")));
+        QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Space);
+        QVERIFY(!Status().startsWith(QStringLiteral("Stop")));
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+        QTRY_COMPARE(Status(), QStringLiteral("Stopped. No file was written."));
+    }
+
     void aCompressorIsChosenWithItsQuality()
     {
         AddBitmaps(2, {.height = 24, .width = 32});

@@ -437,4 +437,5 @@ private Q_SLOTS:
 };
 
 OB_BENCH_TEST(win_frmIcon)
+#include "shell/modColors.h"
 #include "win_frmIcon.moc"

@@ -36,6 +36,17 @@ class tst_toolWriteCode : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void anOptionMayBeEmpty()
+    {
+        const Outcome parted = Run({QStringLiteral("messagebox"), QStringLiteral("--title"), QString(),
+                                    QStringLiteral("--message"), QStringLiteral("x")});
+        const Outcome joined =
+            Run({QStringLiteral("messagebox"), QStringLiteral("--title="), QStringLiteral("--message=x")});
+        QCOMPARE(joined.status, 0);
+        QVERIFY(joined.out.contains("\"Information\" as ptr"));
+        QCOMPARE(joined.out, parted.out);
+    }
+
     void theTextIsThatOfTheWindow_data();
     void theTextIsThatOfTheWindow();
     void eachListIsThatOfTheWindow();
