@@ -64,7 +64,8 @@ QStringList LocalFiles(const QMimeData& data)
 // Shows how far the work is, and its boxes.
 class frmPackage::Watch final : public cPackageWatch {
 public:
-    explicit Watch(frmPackage& owner) : form(owner), window(MakeWindow(dlgProcess::Leaving::Allowed))
+    explicit Watch(frmPackage& owner)
+        : form(owner), focused(owner.focusWidget()), window(MakeWindow(dlgProcess::Leaving::Allowed))
     {
         form.working = this;
         form.ui->body->setEnabled(false);
@@ -74,6 +75,8 @@ public:
     {
         form.working = nullptr;
         form.ui->body->setEnabled(true);
+        if (focused != nullptr)
+            focused->setFocus();
     }
 
     void Cancel()
@@ -142,6 +145,7 @@ private:
     }
 
     frmPackage& form;
+    QWidget* focused; // a control that is disabled loses the focus
     std::unique_ptr<dlgProcess> window;
     std::optional<Hourglass> hourglass;
     QString shownName;

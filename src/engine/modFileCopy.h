@@ -14,8 +14,8 @@ enum class CopyWish { GoOn, Stop };
 // Called behind each piece with the bytes copied so far.
 using CopyWatch = std::function<CopyWish(qint64 copied)>;
 
-// Makes `to` a copy of the regular file `from`, with its time and permissions as far as the disk takes them. The copy is
-// written beside and takes the place of an older file when it is whole; otherwise the older one stays as it was.
+// Makes `to` a copy of the regular file `from`, with its time and permissions as far as the disk takes them. The copy
+// is written beside and takes the place of an older file when it is whole; otherwise the older one stays as it was.
 CopyEnd CopyWholeFile(const QString& from, const QString& to, const CopyWatch& watch);
 
 } // namespace ob

@@ -446,6 +446,7 @@ void win_frmPackage::cancelEndsTheCopying()
         });
     });
     Find<QCheckBox>(dialog, "chkZip")->setChecked(true);
+    Button(dialog, "cmdOkay")->setFocus();
     Button(dialog, "cmdOkay")->click();
     QVERIFY(bench.dialogs.Finished());
     QCOMPARE(shown, QStringLiteral("Processing vwbas11.dll"));
@@ -453,6 +454,7 @@ void win_frmPackage::cancelEndsTheCopying()
     // The wizard is there again, and can be left.
     QVERIFY(dialog.isVisible());
     QVERIFY(Find<QWidget>(dialog, "body")->isEnabled());
+    QVERIFY(dialog.focusWidget() == Button(dialog, "cmdOkay"));
     QVERIFY(dialog.findChild<dlgProcess*>() == nullptr);
     QTest::keyClick(&dialog, Qt::Key_Escape);
     QVERIFY(!dialog.isVisible());

@@ -4,6 +4,7 @@
 #include "support/BenchTest.h"
 
 #include "imagetools/frmIconSwatch.h"
+#include "shell/modColors.h"
 
 #include <QMenu>
 #include <QPaintEvent>
@@ -437,5 +438,4 @@ private Q_SLOTS:
 };
 
 OB_BENCH_TEST(win_frmIcon)
-#include "shell/modColors.h"
 #include "win_frmIcon.moc"
