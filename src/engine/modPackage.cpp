@@ -206,7 +206,7 @@ std::optional<PackagedEngine> NameEngine(const PackagePlan& plan)
 
 MessageSpec MissingBox(const QStringList& missing)
 {
-    QString text = QStringLiteral("Orchard Bench could not find these needed files:\r\n");
+    QString text = QStringLiteral("Orchard Bench could not find these needed files:");
     for (const QString& file : missing)
         text += file + QStringLiteral("\r\n");
     return {text, BoxIcon::Critical, BoxButtons::Ok, {}};

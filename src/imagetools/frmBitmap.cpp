@@ -41,8 +41,10 @@ void frmBitmap::Connect()
     connect(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
     connect(browser, &FolderBrowser::ChoiceChanged, this, [this] { File1_Click(); });
     connect(ui->Picture1, &frmPreviewBox::BoxChanged, this, [this] {
-        if (!picture2.IsEmpty() && !loader.IsBusy())
-            AskFor(picture2.path);
+        // A picture that is being read is read for a box of another size.
+        const QString path = loader.IsBusy() ? asked : picture2.path;
+        if (!path.isEmpty())
+            AskFor(path);
     });
     connect(ui->chkDLL, &QCheckBox::clicked, this, [this] { RunCommand([this] { chkDLL_Click(); }); });
     connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
@@ -69,6 +71,7 @@ void frmBitmap::ShowListCount()
 
 void frmBitmap::AskFor(const QString& path)
 {
+    asked = path;
     loader.Ask(ui->Picture1->RequestFor(path));
     timer->start(pollEvery);
 }

@@ -47,6 +47,7 @@ private:
     FolderBrowser* browser = nullptr; // owned by this window
     QTimer* timer;                    // runs while a preview is to come
     cPreviewLoader loader;
+    QString asked;    // the picture that the loader was asked for last
     Preview picture2; // the picture on the screen
     cLoadBmpList list;
 };

@@ -6,7 +6,6 @@
 #include "obtool/toolOutput.h"
 #include "platform/cRuntimeError.h"
 
-#include <cstdio>
 #include <memory>
 
 namespace ob {
@@ -20,15 +19,9 @@ struct AviArguments {
     std::vector<std::string> files;
 };
 
-void Note(QString text)
-{
-    text.replace(QLatin1String("\r\n"), QLatin1String(" "));
-    std::fprintf(stderr, "obtool: note: %s\n", text.toUtf8().constData());
-}
-
 NoticeSink Notes()
 {
-    return [](const std::string& text, NoticeIcon) { Note(QString::fromStdString(text)); };
+    return [](const std::string& text, NoticeIcon) { WriteNote(QString::fromStdString(text)); };
 }
 
 AviList ListOf(const std::vector<std::string>& files)
@@ -40,7 +33,7 @@ AviList ListOf(const std::vector<std::string>& files)
             if (const auto format = FormatForList(list, path, Notes()))
                 AddToList(list, path, *format);
         } catch (const RuntimeError& error) {
-            Note(QStringLiteral("%1: %2").arg(path, error.description));
+            WriteNote(QStringLiteral("%1: %2").arg(path, error.description));
         }
     }
     return list;
@@ -78,7 +71,7 @@ void Codecs()
                   QByteArray(codec.description.data(), static_cast<qsizetype>(codec.description.size())) + '\n';
     WriteOutput({}, report);
     if (const QString trouble = AviCodecsTrouble(); !trouble.isEmpty())
-        Note(trouble);
+        WriteNote(trouble);
 }
 
 } // namespace

@@ -13,7 +13,6 @@
 #include <QDate>
 #include <QLocale>
 
-#include <cstdio>
 #include <memory>
 #include <optional>
 
@@ -71,7 +70,7 @@ void CompileForm(const FormArguments& arguments, bool hasDate, bool hasComments)
         GenerateProgram(form, arguments.simple ? ProgramKind::Simple : ProgramKind::Outline, header);
     WriteOutput(arguments.out, AnsiFromText(program.text).bytes);
     if (program.bitmapMissing)
-        std::fprintf(stderr, "obtool: note: %s\n", BitmapMissingText.toUtf8().constData());
+        WriteNote(BitmapMissingText);
 }
 
 void SaveForm(const FormArguments& arguments)

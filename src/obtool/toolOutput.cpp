@@ -5,7 +5,6 @@
 #include "editor/modDocument.h"
 #include "platform/cRuntimeError.h"
 #include "platform/modAnsi.h"
-#include "platform/modDialogs.h"
 #include "platform/modFiles.h"
 
 #include <QFile>
@@ -79,12 +78,19 @@ void WriteOutput(const std::string& out, QByteArrayView bytes)
         throw ToolFailure("standard output", QStringLiteral("cannot be written"));
 }
 
+void WriteNote(QString text)
+{
+    text.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    std::fprintf(stderr, "obtool: note: %s\n", text.trimmed().toUtf8().constData());
+}
+
 void WriteProgramText(const QString& text)
 {
     const AnsiText ansi = AnsiFromText(text);
     WriteOutput({}, ansi.bytes);
     if (ansi.lostCount > 0)
-        MsgBox(QStringLiteral("Characters that the code page lacks became question marks."));
+        WriteNote(QStringLiteral("Characters that the code page lacks became question marks."));
 }
 
 } // namespace ob

@@ -37,6 +37,9 @@ void WriteOutput(const std::string& out, QByteArrayView bytes);
 QString TextOf(const std::string& argument);
 QString PathOf(const std::string& argument);
 
+// Tells on standard error what a window would show in a box and go on: one line, whatever the text holds.
+void WriteNote(QString text);
+
 // Writes program text to standard output, with a note when it holds characters that the code page lacks. Throws
 // ToolFailure.
 void WriteProgramText(const QString& text);

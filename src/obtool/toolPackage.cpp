@@ -10,7 +10,6 @@
 
 #include <QDir>
 
-#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -26,24 +25,22 @@ struct PackageArguments {
     bool zip = false;
 };
 
-void Note(const MessageSpec& box)
-{
-    QString line = box.text;
-    line.replace(QLatin1String("\r\n"), QLatin1String(" "));
-    std::fprintf(stderr, "obtool: note: %s\n", line.trimmed().toUtf8().constData());
-}
-
-// Nobody is there to stop the work or to test the program.
+// Nobody is there to stop the work; the question whether to test the program is told and not answered.
 class ToolWatch final : public cPackageWatch {
 public:
+    explicit ToolWatch(const PackagePlan& madePlan) : plan(madePlan) {}
+
     PackageWish Processing(const PackageProgress&) override { return PackageWish::GoOn; }
-    void Tell(const MessageSpec& box) override { Note(box); }
-    void EngineIsNamed(const PackagedEngine&) override {}
+    void Tell(const MessageSpec& box) override { WriteNote(box.text); }
+    void EngineIsNamed(const PackagedEngine& engine) override { WriteNote(TestQuestion(plan, engine).text); }
     void FilesAreDone() override {}
     void ZipBegins() override {}
     ZipWish Zipping(const ZipProgress&) override { return ZipWish::GoOn; }
     void ZipEnds() override {}
     void ZipIsMade(const QString&) override {}
+
+private:
+    const PackagePlan& plan;
 };
 
 QString EngineFolderOf(const std::string& engine)
@@ -75,8 +72,8 @@ void Make(const PackageArguments& arguments)
 {
     const PackagePlan plan = PlanOf(arguments);
     if (plan.version == InstalledEngine::None)
-        Note(NoEngineBox());
-    ToolWatch watch;
+        WriteNote(NoEngineBox().text);
+    ToolWatch watch(plan);
     try {
         const PackageOutcome outcome = MakePackage(plan, arguments.zip ? PackageZip::Yes : PackageZip::No, watch);
         if (outcome.end == PackageEnd::ZipFailed)

@@ -3,9 +3,9 @@
 #include "obtool/toolGroups.h"
 
 #include "imaging/cPalette.h"
+#include "obtool/toolOutput.h"
 #include "obtool/toolPicture.h"
 
-#include <cstdio>
 #include <memory>
 
 namespace ob {
@@ -31,7 +31,7 @@ void MakeOptimal(const PaletteArguments& arguments, cPalette& palette)
 {
     const cDIBSection picture = ReadPictureArgument(arguments.from);
     cPalette::OptimalEvents events;
-    events.reducingFailed = [](std::int64_t) { std::fprintf(stderr, "obtool: note: Error in reducing nodes\n"); };
+    events.reducingFailed = [](std::int64_t) { WriteNote(QStringLiteral("Error in reducing nodes")); };
     RunOnFile(arguments.from, [&] {
         palette.CreateOptimal(picture, arguments.colors, static_cast<std::uint8_t>(arguments.level), events);
     });

@@ -6,7 +6,6 @@
 #include "obtool/toolOutput.h"
 #include "platform/cRuntimeError.h"
 
-#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -38,7 +37,7 @@ void MakeArchive(const ZipArguments& arguments)
     if (zip.MakeZipFile() != 0)
         throw ToolFailure(arguments.out, zip.GetLastMessage());
     for (const QString& spec : zip.UnmatchedFiles())
-        std::fprintf(stderr, "obtool: note: no file matches %s\n", spec.toUtf8().constData());
+        WriteNote(QStringLiteral("no file matches ") + spec);
 }
 
 } // namespace

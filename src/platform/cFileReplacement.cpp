@@ -3,6 +3,7 @@
 #include "platform/cFileReplacement.h"
 
 #include "platform/cRuntimeError.h"
+#include "platform/modNativePath.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -31,31 +32,10 @@ bool IsFull(int error)
     return error == ENOSPC || error == EFBIG;
 }
 
-fs::path NativePath(const QString& path)
-{
-    return fs::path(QDir::toNativeSeparators(path).toStdU16String());
-}
-
 bool MayWrite(const fs::path& path)
 {
     std::filebuf file;
     return file.open(path, std::ios::in | std::ios::out | std::ios::binary) != nullptr;
-}
-
-// Where a link finally leads, so that it stays a link.
-fs::path LinkTarget(fs::path path, const QString& callersPath)
-{
-    constexpr int maximumHops = 40;
-    for (int hop = 0; hop < maximumHops; ++hop) {
-        std::error_code error;
-        if (!fs::is_symlink(fs::symlink_status(path, error)))
-            return path;
-        const fs::path next = fs::read_symlink(path, error);
-        if (error)
-            return path;
-        path = path.parent_path() / next;
-    }
-    Raise(ErrorNumber::PathFileAccess, callersPath);
 }
 
 // A name that nobody has; short, because the target's may be as long as the disk allows.

@@ -5,6 +5,7 @@
 #include "platform/modFilePieces.h"
 
 #include "platform/cRuntimeError.h"
+#include "platform/modNativePath.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,11 +39,6 @@ enum class Opening { InPlace, New, Append };
 // --- What the systems call differently. -----------------------------------------------------------------------------
 
 #ifdef Q_OS_WIN
-fs::path NativePath(const QString& path)
-{
-    return fs::path(QDir::toNativeSeparators(path).toStdWString());
-}
-
 int OpenNative(const fs::path& path, Opening opening)
 {
     int flags = _O_WRONLY | _O_BINARY | _O_NOINHERIT;
@@ -80,11 +76,6 @@ bool MayWrite(const fs::path& path)
 
 void TakeOver(int, const fs::path&) {}
 #else
-fs::path NativePath(const QString& path)
-{
-    return fs::path(QFile::encodeName(path).toStdString());
-}
-
 int OpenNative(const fs::path& path, Opening opening)
 {
     int flags = O_WRONLY | O_CLOEXEC | O_NOCTTY;
@@ -222,23 +213,6 @@ void RequireUsableName(const QString& path)
 {
     if (!IsUsableName(path))
         Raise(ErrorNumber::PathFileAccess, path);
-}
-
-// Where a link finally leads, whether or not something is there; a path that is no link leads to itself.
-fs::path LinkTarget(fs::path path, const QString& callersPath)
-{
-    constexpr int maximumHops = 40;
-    for (int hop = 0; hop < maximumHops; ++hop) {
-        std::error_code error;
-        if (!fs::is_symlink(fs::symlink_status(path, error)))
-            return path;
-        const fs::path target = fs::read_symlink(path, error);
-        if (error)
-            return path;
-        // An absolute target replaces the folder that is put before it.
-        path = path.parent_path() / target;
-    }
-    Raise(ErrorNumber::PathFileAccess, callersPath);
 }
 
 // The error of making a file. Folders that the system makes up say that the file is missing, not that they take none.

@@ -301,7 +301,7 @@ void tst_modPackage::missingFilesAreListedAndPassedOver()
 #endif
     const QStringList told = Told(PlanOf(bench));
     const QStringList expected = {QStringLiteral("named game.exe"),
-                                  QStringLiteral("Orchard Bench could not find these needed files:\r\n%1\r\n%2\r\n")
+                                  QStringLiteral("Orchard Bench could not find these needed files:%1\r\n%2\r\n")
                                       .arg(bench.At("engine/vwfloat.dll"), bench.At("engine/obasic.ini"))};
     QCOMPARE(told, expected);
     QVERIFY(QFileInfo::exists(bench.Packed("vwvm11.dll")));

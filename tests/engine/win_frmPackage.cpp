@@ -340,7 +340,7 @@ void win_frmPackage::anApplicationThatCannotStartIsARuntimeError()
     TestBench bench;
     bench.dialogs.ExpectQuestion(Question(files), BoxAnswer::Yes);
     bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '5':\nInvalid procedure call or argument"));
-    bench.dialogs.ExpectMessage(QStringLiteral("Orchard Bench could not find these needed files:\r\n") +
+    bench.dialogs.ExpectMessage(QStringLiteral("Orchard Bench could not find these needed files:") +
                                 files.At("engine/vwfont.dll") + QStringLiteral("\r\n"));
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
@@ -360,7 +360,7 @@ void win_frmPackage::missingFilesAreToldAtTheEnd()
     QVERIFY(QFile::remove(files.At("engine/vwfont.dll")));
     TestBench bench;
     bench.dialogs.ExpectQuestion(Question(files), BoxAnswer::No);
-    bench.dialogs.ExpectMessage(QStringLiteral("Orchard Bench could not find these needed files:\r\n") +
+    bench.dialogs.ExpectMessage(QStringLiteral("Orchard Bench could not find these needed files:") +
                                 files.At("engine/vwfont.dll") + QStringLiteral("\r\n"));
     bench.Start();
     OBPath = files.At("engine/orchard.exe");

@@ -19,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 
@@ -120,6 +121,7 @@ private Q_SLOTS:
     void showsNameSizeAndFittedPicture();
     void pictureIsNeverEnlarged();
     void windowOfAnotherSizeFitsItAnew();
+    void windowThatGrowsWhileAPictureIsReadShowsItSharp();
     void pictureThatCannotBeShownLeavesTheFormerOne();
     void vanishedFileLeavesTheFormerOne();
     void addTakesTheFileAndGoesToTheNext();
@@ -194,6 +196,27 @@ void win_frmBitmap::windowOfAnotherSizeFitsItAnew()
     QCOMPARE(box->PictureRect().height(), std::min(box->contentsRect().height(), box->contentsRect().width()));
     QTest::qWait(100);
     QCOMPARE(PixelOfPreview(), QColor(Qt::red));
+}
+
+void win_frmBitmap::windowThatGrowsWhileAPictureIsReadShowsItSharp()
+{
+    QImage halves(4000, 4000, QImage::Format_RGB32);
+    halves.fill(Qt::red);
+    QPainter(&halves).fillRect(2000, 0, 2000, 4000, Qt::blue);
+    QVERIFY(halves.save(bench->Path(QStringLiteral("halves.bmp"))));
+    Open();
+    form->resize(form->minimumSizeHint());
+    QApplication::processEvents();
+    Click(QStringLiteral("halves.bmp"));
+    form->resize(2400, 2200);
+    QTRY_COMPARE(Text("lblName"), QStringLiteral("halves.bmp"));
+    QTest::qWait(100);
+    auto* box = Control<frmPreviewBox>("Picture1");
+    const QImage shown = box->grab().toImage();
+    const QRect place = box->PictureRect();
+    const int middle = place.left() + place.width() / 2;
+    QCOMPARE(shown.pixelColor(middle - 3, place.center().y()), QColor(Qt::red));
+    QCOMPARE(shown.pixelColor(middle + 3, place.center().y()), QColor(Qt::blue));
 }
 
 void win_frmBitmap::pictureThatCannotBeShownLeavesTheFormerOne()
