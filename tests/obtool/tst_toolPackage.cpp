@@ -187,7 +187,8 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(bench.Packed("game.zip")));
         const ProgramEnd end = Make(bench, {QStringLiteral("--zip")});
         QCOMPARE(end.status, 1);
-        QVERIFY2(end.error.startsWith("obtool: " + bench.Packed("game.zip").toUtf8() + ": "), end.error.constData());
+        QVERIFY2(end.error.startsWith(EngineNote(bench) + "obtool: " + bench.Packed("game.zip").toUtf8() + ": "),
+                 end.error.constData());
     }
 
     void tokensThatAreNoneFail()
