@@ -147,6 +147,9 @@ int main(int argc, char** argv)
 {
     if (argc == 2 && std::strcmp(argv[1], "--version") == 0)
         return Answer(version);
+    // Standard error holds obtool's own lines alone; what the toolkit remarks on pictures and the desktop is not for
+    // it.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     ob::LetPicturesHaveFonts();
     CLI::App tool("Every tool of the bench, from the command line", "obtool");
     tool.formatter(std::make_shared<UsageFormatter>());
