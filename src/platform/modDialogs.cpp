@@ -20,7 +20,9 @@ class ConsoleDialogs final : public cDialogs {
 public:
     BoxAnswer Message(const MessageSpec& spec) override
     {
-        std::fprintf(stderr, "obtool: note: %s\n", spec.text.toUtf8().constData());
+        QString line = spec.text;
+        line.replace(QLatin1String("\r\n"), QLatin1String(" ")).replace(QLatin1Char('\n'), QLatin1Char(' '));
+        std::fprintf(stderr, "obtool: note: %s\n", line.trimmed().toUtf8().constData());
         switch (spec.buttons) {
         case BoxButtons::Ok:
             return BoxAnswer::Ok;
