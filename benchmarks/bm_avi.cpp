@@ -2,7 +2,7 @@
 // 60 pictures of 1920 x 1080 with 24 bits become an uncompressed video: our writer, and beside it ffmpeg from the same
 // files in the same folder. "ffmpeg" is its time in seconds, "share" ours as a part of it; both are the least of the
 // rounds, which alternate. Without an ffmpeg program both are missing.
-#include "imagetools/modAvi.h"
+#include "imagetools/avi/modAvi.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,7 +2,7 @@
 // Reading, compiling and writing forms of many controls, all kinds in turn, with tool tips.
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
-#include "platform/modAnsi.h"
+#include "platform/language/modAnsi.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Masks of sprites: one large picture in memory, and a folder of small files.
-#include "imagetools/modMask.h"
+#include "imagetools/sprites/modMask.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // ANSI text to UTF-8 and back, in bytes of input a second.
-#include "platform/modAnsi.h"
+#include "platform/language/modAnsi.h"
 
 #include <benchmark/benchmark.h>
 

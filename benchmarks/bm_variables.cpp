@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The variable scan of a program of a million lines, its table, and the table's sort.
-#include "engine/cVariableTable.h"
-#include "engine/modVariables.h"
+#include "engine/run/cVariableTable.h"
+#include "engine/run/modVariables.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Zip archives of large files, beside Info-ZIP's program on the same files. Memory is the process's peak, so the cases
 // run from small to large.
-#include "engine/CGZipFiles.h"
+#include "engine/package/CGZipFiles.h"
 
 #include <QDir>
 #include <QFile>

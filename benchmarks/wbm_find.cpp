@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Replace All of 100,000 matches in 20 MB, from the answer of the question until the text is painted, and the search
 // through a text that holds no match.
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
 #include "editor/frmDocument.h"
 #include "editor/frmReplaceWatch.h"
-#include "editor/modDocument.h"
 #include "editor/modFind.h"
-#include "platform/modDialogs.h"
-#include "platform/modPaths.h"
-#include "platform/modSettings.h"
-#include "shell/Module1.h"
-#include "shell/frmMain.h"
-#include "shell/modStart.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modPaths.h"
+#include "shell/bench/frmMain.h"
+#include "shell/bench/modStart.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modSettings.h"
 
 #include <benchmark/benchmark.h>
 

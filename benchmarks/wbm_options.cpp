@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Opening the preferences, from the menu item to the painted window, with a comments file of usual size.
-#include "editor/modUserTexts.h"
-#include "platform/modPaths.h"
-#include "platform/modSettings.h"
-#include "shell/Module1.h"
-#include "shell/frmOptions.h"
-#include "shell/modOptions.h"
+#include "editor/document/modUserTexts.h"
+#include "platform/files/modPaths.h"
+#include "shell/bench/frmOptions.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modOptions.h"
+#include "shell/state/modSettings.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Printing 10,000 lines: in colour and plain, to a PDF and to a printer's pages. One round is one whole print.
 #include "../tests/scilexer/BasicSource.h"
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modStyling.h"
+#include "editor/document/modSyntaxTable.h"
 #include "editor/modPrint.h"
-#include "editor/modStyling.h"
-#include "editor/modSyntaxTable.h"
-#include "platform/frmPrinter.h"
-#include "platform/modPaths.h"
-#include "platform/modPrinter.h"
-#include "platform/modSettings.h"
+#include "platform/dialogs/frmPrinter.h"
+#include "platform/dialogs/modPrinter.h"
+#include "platform/files/modPaths.h"
 #include "scilexer/SciLexerOB_Api.h"
-#include "shell/Module1.h"
-#include "shell/modOptions.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modOptions.h"
+#include "shell/state/modSettings.h"
 
 #include <QApplication>
 #include <QFileInfo>

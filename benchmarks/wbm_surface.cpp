@@ -3,11 +3,12 @@
 #include "guibuilder/frmSurface.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGuiCommands.h"
-#include "platform/modAnsi.h"
-#include "platform/modPaths.h"
-#include "platform/modSettings.h"
-#include "shell/frmMain.h"
-#include "shell/modStart.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/modAnsi.h"
+#include "shell/bench/frmMain.h"
+#include "shell/bench/modStart.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modSettings.h"
 
 #include <benchmark/benchmark.h>
 

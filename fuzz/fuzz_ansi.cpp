@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes survive the way to UTF-8 and back, and any bytes may be taken for UTF-8.
-#include "platform/modAnsi.h"
+#include "platform/language/modAnsi.h"
 
 #include <cstdlib>
 

@@ -2,8 +2,8 @@
 // Form files of any bytes: what can be read can be written, read and compiled, and settles after its first save.
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes may be taken for an icon file or for a program with icons.
-#include "imagetools/modIconFile.h"
+#include "imagetools/icons/modIconFile.h"
+#include "platform/language/modColorNames.h"
 
 #include <cstdlib>
 

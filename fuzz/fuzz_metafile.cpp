@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes may be taken for a metafile.
-#include "imagetools/modMetafile.h"
+#include "imagetools/metafiles/modMetafile.h"
 
 #include <QGuiApplication>
 

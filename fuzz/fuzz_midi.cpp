@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a MIDI file: the events stay in the file and in the order of time.
-#include "platform/modMidi.h"
+#include "platform/media/modMidi.h"
 
 #include <cstdlib>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // BASIC source of any bytes on its way into a code window and out again: nothing is lost, nothing crashes.
-#include "editor/modDocument.h"
+#include "editor/document/modDocument.h"
 #include "editor/modLabels.h"
-#include "engine/modIncludes.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
+#include "engine/run/modIncludes.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
 
 #include <cstdlib>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The process's entry: the start routine, then the event loop.
-#include "platform/dlgStandard.h"
-#include "shell/Module1.h"
-#include "shell/frmMain.h"
-#include "shell/modStart.h"
+#include "platform/dialogs/dlgStandard.h"
+#include "shell/bench/frmMain.h"
+#include "shell/bench/modStart.h"
+#include "shell/state/Module1.h"
 
 #include <QApplication>
 #include <QIcon>

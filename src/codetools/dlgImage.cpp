@@ -3,8 +3,8 @@
 #include "codetools/dlgImage.h"
 
 #include "codetools/modToolbarStrip.h"
-#include "platform/modDialogs.h"
-#include "shell/Module1.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/Module1.h"
 #include "ui_dlgImage.h"
 
 #include <QShortcut>

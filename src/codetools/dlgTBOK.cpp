@@ -3,7 +3,7 @@
 #include "codetools/dlgTBOK.h"
 
 #include "codetools/modToolbarCode.h"
-#include "platform/modDialogs.h"
+#include "platform/dialogs/modDialogs.h"
 #include "ui_dlgTBOK.h"
 
 namespace ob {

@@ -3,9 +3,9 @@
 #include "codetools/frmArray.h"
 
 #include "codetools/modArray.h"
-#include "platform/modClipboard.h"
-#include "platform/modDialogs.h"
-#include "shell/frmTool.h"
+#include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmArray.h"
 
 namespace ob {

@@ -3,7 +3,7 @@
 #include "codetools/frmKey.h"
 
 #include "codetools/modKeyCodes.h"
-#include "shell/frmTool.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmKey.h"
 
 #include <QFontDatabase>

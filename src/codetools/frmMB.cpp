@@ -3,10 +3,10 @@
 #include "codetools/frmMB.h"
 
 #include "codetools/modMessageBox.h"
-#include "editor/modUserTexts.h"
-#include "platform/frmPlainText.h"
-#include "platform/modClipboard.h"
-#include "shell/frmTool.h"
+#include "editor/document/modUserTexts.h"
+#include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmPlainText.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmMB.h"
 
 #include <QFontDatabase>

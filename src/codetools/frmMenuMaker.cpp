@@ -2,9 +2,9 @@
 // The Menu Maker.
 #include "codetools/frmMenuMaker.h"
 
-#include "platform/modClipboard.h"
-#include "platform/modDialogs.h"
-#include "shell/frmTool.h"
+#include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmMenuMaker.h"
 
 namespace ob {

@@ -4,9 +4,9 @@
 
 #include "codetools/dlgStylebitsHelp.h"
 #include "codetools/modStylebits.h"
-#include "platform/modClipboard.h"
-#include "platform/modDialogs.h"
-#include "shell/frmTool.h"
+#include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmStylebits.h"
 
 #include <QSignalBlocker>

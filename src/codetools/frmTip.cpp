@@ -3,9 +3,9 @@
 #include "codetools/frmTip.h"
 
 #include "codetools/modTips.h"
-#include "platform/modDialogs.h"
-#include "shell/Module1.h"
-#include "shell/frmTool.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmTip.h"
 
 namespace ob {

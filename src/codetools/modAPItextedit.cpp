@@ -2,10 +2,10 @@
 // The text editor sample.
 #include "codetools/modAPItextedit.h"
 
-#include "editor/cDocument.h"
-#include "editor/modDocument.h"
-#include "shell/Module1.h"
-#include "shell/modTexts.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modTexts.h"
 
 namespace ob {
 

@@ -2,8 +2,8 @@
 // Keys as a BASIC program sees them.
 #include "codetools/modKeyCodes.h"
 
-#include "platform/modAnsi.h"
-#include "shell/modTexts.h"
+#include "platform/language/modAnsi.h"
+#include "shell/state/modTexts.h"
 
 #include <QStringList>
 

@@ -3,8 +3,8 @@
 #include "codetools/modMenuCode.h"
 
 #include "guibuilder/modGui.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modRuntime.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modRuntime.h"
 
 #include <limits>
 

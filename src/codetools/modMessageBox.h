@@ -2,7 +2,7 @@
 // The message box maker: the code of a message box with a sound.
 #pragma once
 
-#include "platform/modDialogs.h"
+#include "platform/dialogs/modDialogs.h"
 
 namespace ob {
 

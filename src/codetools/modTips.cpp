@@ -2,10 +2,10 @@
 // The tips of the day.
 #include "codetools/modTips.h"
 
-#include "platform/modRuntime.h"
-#include "platform/modSettings.h"
-#include "shell/Module1.h"
-#include "shell/modTexts.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modSettings.h"
+#include "shell/state/modTexts.h"
 
 #include <QRandomGenerator>
 

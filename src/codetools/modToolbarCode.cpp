@@ -3,8 +3,8 @@
 // button, or each button with a branch block of its own. Words in braces are what is filled in.
 #include "codetools/modToolbarCode.h"
 
-#include "shell/Module1.h"
-#include "shell/modTexts.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modTexts.h"
 
 #include <functional>
 

@@ -2,8 +2,8 @@
 // The pictures of the toolbar maker's buttons.
 #include "codetools/modToolbarStrip.h"
 
-#include "imagetools/modPicture.h"
-#include "platform/modFiles.h"
+#include "imagetools/pictures/modPicture.h"
+#include "platform/files/modFiles.h"
 
 #include <QBuffer>
 #include <QImageReader>

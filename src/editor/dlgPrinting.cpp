@@ -2,8 +2,8 @@
 // How far a long print is, with a way out.
 #include "editor/dlgPrinting.h"
 
-#include "platform/frmPrinter.h"
-#include "shell/frmTool.h"
+#include "platform/dialogs/frmPrinter.h"
+#include "shell/state/frmTool.h"
 
 #include "ui_dlgPrinting.h"
 

@@ -3,10 +3,10 @@
 #include "editor/frmCodeExplorer.h"
 
 #include "editor/modCodeExplorer.h"
-#include "platform/frmFolderBrowser.h"
-#include "platform/modDialogs.h"
-#include "platform/modFiles.h"
-#include "shell/frmTool.h"
+#include "platform/dialogs/frmFolderBrowser.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmCodeExplorer.h"
 
 #include <QFontDatabase>

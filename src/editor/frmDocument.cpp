@@ -2,18 +2,18 @@
 // The code window.
 #include "editor/frmDocument.h"
 
+#include "editor/document/modDocument.h"
+#include "editor/document/modStyling.h"
+#include "editor/files/modClose.h"
 #include "editor/modBookmarks.h"
-#include "editor/modClose.h"
-#include "editor/modDocument.h"
 #include "editor/modEdit.h"
 #include "editor/modLabels.h"
-#include "editor/modStyling.h"
-#include "platform/modDialogs.h"
-#include "platform/modFiles.h"
-#include "platform/modPaths.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
 #include "scilexer/SciLexerOB_Api.h"
-#include "shell/Module1.h"
-#include "shell/frmMain.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 
 #include <QAbstractScrollArea>
 #include <QCheckBox>
@@ -332,7 +332,7 @@ bool frmDocument::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::ShortcutOverride) {
         // The menu's keys come before the control's own bindings.
         const auto* key = static_cast<QKeyEvent*>(event);
-        if (auto* frame = dynamic_cast<frmMain*>(MainForm); frame != nullptr && frame->HasShortcut(*key)) {
+        if (MainForm != nullptr && MainForm->HasShortcut(*key)) {
             event->ignore();
             return true;
         }

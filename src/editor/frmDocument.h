@@ -2,7 +2,7 @@
 // The code window: the edit control under a row of bookmark buttons and branch label lists.
 #pragma once
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 
 #include <QWidget>
 

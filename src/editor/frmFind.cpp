@@ -2,10 +2,11 @@
 // The find and replace dialog.
 #include "editor/frmFind.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
 #include "editor/frmReplaceWatch.h"
-#include "editor/modDocument.h"
-#include "shell/frmTool.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmFind.h"
 
 #include <QAbstractScrollArea>

@@ -2,11 +2,11 @@
 // The editor of the user's own keywords for the colouring.
 #include "editor/frmKeywords.h"
 
-#include "platform/frmPlainText.h"
-#include "editor/modUserTexts.h"
-#include "platform/modDialogs.h"
-#include "platform/modPaths.h"
-#include "shell/frmTool.h"
+#include "editor/document/modUserTexts.h"
+#include "platform/dialogs/frmPlainText.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modPaths.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmKeywords.h"
 
 #include <QKeyEvent>

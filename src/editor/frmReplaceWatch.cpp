@@ -2,7 +2,7 @@
 // What the windows do while a long replacement runs.
 #include "editor/frmReplaceWatch.h"
 
-#include "shell/frmTool.h"
+#include "shell/state/frmTool.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -2,14 +2,14 @@
 // The snippet bench.
 #include "editor/frmSnip.h"
 
-#include "platform/frmPlainText.h"
+#include "editor/document/modUserTexts.h"
 #include "editor/modSnippets.h"
-#include "editor/modUserTexts.h"
-#include "platform/modDialogs.h"
-#include "platform/modFiles.h"
-#include "platform/modPaths.h"
-#include "shell/Module1.h"
-#include "shell/frmTool.h"
+#include "platform/dialogs/frmPlainText.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmSnip.h"
 
 #include <QClipboard>

@@ -2,9 +2,9 @@
 // The Syntax Viewer.
 #include "editor/frmSyntax.h"
 
-#include "editor/modSyntaxTable.h"
+#include "editor/document/modSyntaxTable.h"
 #include "editor/modSyntaxViewer.h"
-#include "shell/frmTool.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmSyntax.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 // Bookmarks: marker 1 on a line of the control.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 #include <vector>
 

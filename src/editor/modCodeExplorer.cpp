@@ -2,11 +2,11 @@
 // Browsing the disk for BASIC source.
 #include "editor/modCodeExplorer.h"
 
-#include "editor/cDocument.h"
-#include "editor/modDocument.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
-#include "shell/Module1.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
+#include "shell/state/Module1.h"
 
 #include <QFile>
 

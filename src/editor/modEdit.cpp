@@ -2,18 +2,18 @@
 // The editing commands that the control does by itself, and the helpers that follow a key in it.
 #include "editor/modEdit.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "editor/document/modSyntaxTable.h"
+#include "editor/document/modUserTexts.h"
 #include "editor/modBookmarks.h"
-#include "editor/modDocument.h"
 #include "editor/modEditText.h"
-#include "editor/modSyntaxTable.h"
-#include "editor/modUserTexts.h"
-#include "platform/modAnsi.h"
-#include "platform/modDialogs.h"
-#include "platform/modPaths.h"
-#include "platform/modRuntime.h"
-#include "shell/Module1.h"
-#include "shell/cMainForm.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/modAnsi.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 
 #include <QByteArray>
 

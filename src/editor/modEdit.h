@@ -2,7 +2,7 @@
 // The commands of the Edit menu on the active code window, and the helpers that follow a key in it.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 namespace ob {
 

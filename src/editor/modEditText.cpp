@@ -2,8 +2,8 @@
 // What the editing commands make of a text.
 #include "editor/modEditText.h"
 
-#include "platform/cLines.h"
-#include "platform/modRuntime.h"
+#include "platform/language/cLines.h"
+#include "platform/language/modRuntime.h"
 
 namespace ob {
 

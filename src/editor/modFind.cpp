@@ -2,11 +2,11 @@
 // Find and replace in the active code window.
 #include "editor/modFind.h"
 
-#include "editor/cDocument.h"
-#include "editor/modDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
 #include "editor/modTextSearch.h"
-#include "platform/modDialogs.h"
-#include "shell/Module1.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/Module1.h"
 
 #include <algorithm>
 #include <cstdlib>

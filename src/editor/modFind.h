@@ -2,7 +2,7 @@
 // Find and replace in the active code window, and the search under them.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 #include <QByteArray>
 #include <QPoint>

@@ -2,8 +2,8 @@
 // The index of a program's branch labels, subs and functions: one pass over the control's memory.
 #include "editor/modLabels.h"
 
-#include "platform/cLines.h"
-#include "platform/modRuntime.h"
+#include "platform/language/cLines.h"
+#include "platform/language/modRuntime.h"
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 // The index of a program's branch labels, subs and functions, and the ways through the text that start from it.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

@@ -2,7 +2,7 @@
 // The control's own page formatter.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 #include <cstdint>
 

@@ -2,7 +2,7 @@
 // Plain text put on pages, line under line.
 #include "editor/modPlainPages.h"
 
-#include "platform/modPrinter.h"
+#include "platform/dialogs/modPrinter.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>

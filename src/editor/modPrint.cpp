@@ -2,14 +2,14 @@
 // Printing the active code window.
 #include "editor/modPrint.h"
 
-#include "editor/cDocument.h"
-#include "editor/modDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
 #include "editor/modPageFormat.h"
 #include "editor/modPlainPages.h"
-#include "platform/modDialogs.h"
-#include "platform/modFiles.h"
-#include "platform/modPrinter.h"
-#include "shell/Module1.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/dialogs/modPrinter.h"
+#include "platform/files/modFiles.h"
+#include "shell/state/Module1.h"
 
 #include <QByteArray>
 #include <QPainter>

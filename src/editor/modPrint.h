@@ -2,7 +2,7 @@
 // Printing the active code window: in colour by the control's own page formatter, or as plain text.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 #include <QString>
 

@@ -2,16 +2,16 @@
 // The user's snippets.
 #include "editor/modSnippets.h"
 
-#include "editor/cDocument.h"
-#include "editor/modDocument.h"
-#include "editor/modUserTexts.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
-#include "platform/modDialogs.h"
-#include "platform/modFiles.h"
-#include "platform/modPaths.h"
-#include "platform/modRuntime.h"
-#include "shell/modTexts.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "editor/document/modUserTexts.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/modTexts.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -2,8 +2,8 @@
 // The catalogue of syntax hints in the order and the words of the Syntax Viewer.
 #include "editor/modSyntaxViewer.h"
 
-#include "editor/modSyntaxTable.h"
-#include "platform/modRuntime.h"
+#include "editor/document/modSyntaxTable.h"
+#include "platform/language/modRuntime.h"
 
 #include <algorithm>
 #include <ranges>

@@ -2,7 +2,7 @@
 // A search beside the control's own.
 #include "editor/modTextSearch.h"
 
-#include "platform/modRuntime.h"
+#include "platform/language/modRuntime.h"
 
 #include <QChar>
 

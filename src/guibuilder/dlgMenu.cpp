@@ -3,8 +3,9 @@
 #include "guibuilder/dlgMenu.h"
 
 #include "guibuilder/modGuiCommands.h"
-#include "platform/modDialogs.h"
-#include "shell/cMainForm.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "ui_dlgMenu.h"
 
 #include <QKeyEvent>

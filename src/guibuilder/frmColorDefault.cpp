@@ -5,10 +5,11 @@
 #include "guibuilder/modGui.h"
 #include "guibuilder/modGuiCommands.h"
 #include "guibuilder/modWindowDefaults.h"
-#include "platform/modDialogs.h"
-#include "platform/modRuntime.h"
-#include "shell/Module1.h"
-#include "shell/frmTool.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmColorDefault.h"
 
 #include <QSignalBlocker>

@@ -3,7 +3,8 @@
 #include "guibuilder/frmColorPicker.h"
 
 #include "guibuilder/modGui.h"
-#include "shell/modColors.h"
+#include "platform/language/modColorNames.h"
+#include "shell/state/modColors.h"
 
 #include <QEvent>
 #include <QPainter>

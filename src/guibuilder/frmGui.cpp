@@ -2,13 +2,13 @@
 // The form under design as a child window.
 #include "guibuilder/frmGui.h"
 
-#include "editor/modDocument.h"
+#include "editor/document/modDocument.h"
 #include "guibuilder/frmSurface.h"
 #include "guibuilder/frmSurfaceStyle.h"
 #include "guibuilder/modGuiCommands.h"
-#include "platform/modDialogs.h"
-#include "shell/Module1.h"
-#include "shell/cMainForm.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

@@ -3,11 +3,12 @@
 #include "guibuilder/frmProp.h"
 
 #include "guibuilder/modBitmap.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modDialogs.h"
-#include "platform/modFiles.h"
-#include "shell/Module1.h"
-#include "shell/frmTool.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/frmTool.h"
 #include "ui_frmProp.h"
 
 #include <QEvent>

@@ -7,9 +7,10 @@
 #include "guibuilder/frmProp.h"
 #include "guibuilder/frmSurfacePaint.h"
 #include "guibuilder/modGuiCommands.h"
-#include "platform/modDialogs.h"
-#include "shell/Module1.h"
-#include "shell/frmTool.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/frmTool.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>

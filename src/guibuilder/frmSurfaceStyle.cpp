@@ -2,7 +2,8 @@
 // What a form's controls look like on the drawing surface.
 #include "guibuilder/frmSurfaceStyle.h"
 
-#include "platform/modRuntime.h"
+#include "platform/language/modColorNames.h"
+#include "platform/language/modRuntime.h"
 
 #include <QFontDatabase>
 #include <QLineF>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "guibuilder/modGui.h"
+#include "platform/language/modColorNames.h"
 
 #include <QColor>
 #include <QFont>

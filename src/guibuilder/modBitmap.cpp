@@ -2,7 +2,7 @@
 // The bitmaps that bmpbuttons show.
 #include "guibuilder/modBitmap.h"
 
-#include "platform/cRuntimeError.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QFileInfo>
 #include <QImageReader>

@@ -2,7 +2,8 @@
 // The arithmetic of the drawing surface.
 #include "guibuilder/modDesigner.h"
 
-#include "platform/modRuntime.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
 
 #include <QSet>
 

@@ -3,10 +3,11 @@
 #include "guibuilder/modFormFile.h"
 
 #include "guibuilder/modBitmap.h"
-#include "platform/cLines.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
-#include "platform/modRuntime.h"
+#include "platform/language/cLines.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
+#include "platform/language/modColorNames.h"
+#include "platform/language/modRuntime.h"
 
 #include <QHash>
 

@@ -3,8 +3,9 @@
 #include "guibuilder/modGenerator.h"
 
 #include "guibuilder/modSupport.h"
-#include "platform/modFiles.h"
-#include "platform/modRuntime.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/modColorNames.h"
+#include "platform/language/modRuntime.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 // The form under design.
 #include "guibuilder/modGui.h"
 
-#include "platform/modRuntime.h"
+#include "platform/language/modRuntime.h"
 
 #include <algorithm>
 

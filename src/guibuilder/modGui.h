@@ -2,7 +2,7 @@
 // The form under design: one window record, eleven lists of controls, a menu table, status bar panels.
 #pragma once
 
-#include "shell/Module1.h"
+#include "platform/language/modColorNames.h"
 
 #include <QImage>
 #include <QString>

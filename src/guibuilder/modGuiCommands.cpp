@@ -2,17 +2,16 @@
 // The form builder's commands.
 #include "guibuilder/modGuiCommands.h"
 
-#include "editor/modDocument.h"
-#include "editor/modUserTexts.h"
-#include "engine/modFileIO.h"
+#include "editor/document/modDocument.h"
+#include "editor/document/modUserTexts.h"
 #include "guibuilder/modFormFile.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
-#include "platform/modDialogs.h"
-#include "platform/modFiles.h"
-#include "platform/modPaths.h"
-#include "shell/Module1.h"
-#include "shell/cMainForm.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 
 #include <QDate>
 #include <QDir>

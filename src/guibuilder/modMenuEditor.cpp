@@ -2,8 +2,8 @@
 // The menu editor's operations and questions.
 #include "guibuilder/modMenuEditor.h"
 
-#include "platform/modDialogs.h"
-#include "platform/modRuntime.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/language/modRuntime.h"
 
 #include <algorithm>
 #include <utility>

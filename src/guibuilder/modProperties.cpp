@@ -3,9 +3,11 @@
 #include "guibuilder/modProperties.h"
 
 #include "guibuilder/modBitmap.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modPaths.h"
-#include "platform/modRuntime.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modColorNames.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
 
 #include <algorithm>
 

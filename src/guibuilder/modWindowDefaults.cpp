@@ -3,7 +3,8 @@
 #include "guibuilder/modWindowDefaults.h"
 
 #include "guibuilder/modProperties.h"
-#include "platform/modRuntime.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "guibuilder/modGui.h"
-#include "platform/modDialogs.h"
+#include "platform/dialogs/modDialogs.h"
 
 #include <QString>
 

@@ -4,7 +4,7 @@
 
 #include "mediaplayer/cFilmQueue.h"
 #include "mediaplayer/cFilmScreen.h"
-#include "platform/cMediaDevice.h"
+#include "platform/media/cMediaDevice.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "mediaplayer/cSoundOutput.h"
-#include "platform/cMediaDevice.h"
-#include "platform/modMidi.h"
+#include "platform/media/cMediaDevice.h"
+#include "platform/media/modMidi.h"
 
 #include <QByteArray>
 #include <QElapsedTimer>

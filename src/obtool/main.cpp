@@ -3,7 +3,7 @@
 #include "obtool/toolGroups.h"
 #include "obtool/toolOutput.h"
 #include "obtool/toolPicture.h"
-#include "platform/cRuntimeError.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QByteArray>
 

@@ -2,9 +2,9 @@
 // obtool avi: videos of bitmap files.
 #include "obtool/toolGroups.h"
 
-#include "imagetools/modAvi.h"
+#include "imagetools/avi/modAvi.h"
 #include "obtool/toolOutput.h"
-#include "platform/cRuntimeError.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <memory>
 

@@ -2,13 +2,13 @@
 // obtool form: forms under design.
 #include "obtool/toolGroups.h"
 
-#include "editor/modUserTexts.h"
+#include "editor/document/modUserTexts.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
 #include "obtool/toolOutput.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
-#include "platform/modFiles.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
 
 #include <QDate>
 #include <QLocale>

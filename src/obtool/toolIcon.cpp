@@ -2,10 +2,10 @@
 // obtool icon: icons in files and programs, and the icon of the runtime engine.
 #include "obtool/toolGroups.h"
 
-#include "imagetools/modIcon.h"
-#include "imagetools/modIconFile.h"
+#include "imagetools/icons/modIcon.h"
+#include "imagetools/icons/modIconFile.h"
 #include "obtool/toolPicture.h"
-#include "platform/cMappedFile.h"
+#include "platform/files/cMappedFile.h"
 
 #include <map>
 #include <memory>

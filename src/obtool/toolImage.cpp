@@ -2,12 +2,12 @@
 // obtool image: pictures and bitmap files.
 #include "obtool/toolGroups.h"
 
-#include "imagetools/modPicture.h"
+#include "imagetools/pictures/modPicture.h"
 #include "imaging/cColourReduceDIB.h"
 #include "imaging/cDIB.h"
 #include "imaging/cDIBSectionSave.h"
 #include "obtool/toolPicture.h"
-#include "platform/modFiles.h"
+#include "platform/files/modFiles.h"
 
 #include <map>
 #include <memory>

@@ -2,10 +2,10 @@
 // Reading and writing for the command line.
 #include "obtool/toolOutput.h"
 
-#include "editor/modDocument.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
-#include "platform/modFiles.h"
+#include "editor/document/modDocument.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
 
 #include <QFile>
 

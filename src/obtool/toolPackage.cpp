@@ -2,11 +2,11 @@
 // obtool package: a token file with the runtime engine and its files.
 #include "obtool/toolGroups.h"
 
-#include "engine/modPackage.h"
+#include "engine/package/modPackage.h"
 #include "obtool/toolOutput.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modFiles.h"
-#include "platform/modPaths.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QDir>
 

@@ -2,10 +2,10 @@
 // What the commands for pictures and palettes share.
 #include "obtool/toolPicture.h"
 
-#include "imagetools/modMetafile.h"
-#include "imagetools/modPicture.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modFilePieces.h"
+#include "imagetools/metafiles/modMetafile.h"
+#include "imagetools/pictures/modPicture.h"
+#include "platform/files/modFilePieces.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QByteArray>
 #include <QGuiApplication>

@@ -2,18 +2,18 @@
 // obtool source: what the code window knows of a program's text.
 #include "obtool/toolGroups.h"
 
-#include "editor/modDocument.h"
+#include "editor/document/modDocument.h"
+#include "editor/document/modSyntaxTable.h"
+#include "editor/document/modUserTexts.h"
 #include "editor/modEditText.h"
 #include "editor/modLabels.h"
-#include "editor/modSyntaxTable.h"
-#include "editor/modUserTexts.h"
-#include "engine/modIncludes.h"
-#include "engine/modVariables.h"
+#include "engine/run/modIncludes.h"
+#include "engine/run/modVariables.h"
 #include "obtool/toolOutput.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modAnsi.h"
-#include "platform/modFiles.h"
-#include "platform/modPaths.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
 #include "scilexer/modLexer.h"
 
 #include <QDir>

@@ -2,11 +2,11 @@
 // obtool sprite: masks for sprites.
 #include "obtool/toolGroups.h"
 
-#include "imagetools/modMask.h"
+#include "imagetools/sprites/modMask.h"
 #include "obtool/toolPicture.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modFiles.h"
-#include "platform/modFolders.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modFolders.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <cstdio>
 #include <memory>

@@ -4,9 +4,9 @@
 
 #include "editor/modSnippets.h"
 #include "obtool/toolOutput.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modFiles.h"
-#include "shell/modTexts.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/modTexts.h"
 
 #include <QDir>
 

@@ -7,7 +7,7 @@
 #include "codetools/modMessageBox.h"
 #include "codetools/modStylebits.h"
 #include "obtool/toolOutput.h"
-#include "platform/modDialogs.h"
+#include "platform/dialogs/modDialogs.h"
 
 #include <memory>
 

@@ -2,11 +2,11 @@
 // obtool write loadbmp: the bitmap previewer's list.
 #include "obtool/toolGroups.h"
 
-#include "imagetools/modLoadBmp.h"
+#include "imagetools/pictures/modLoadBmp.h"
 #include "obtool/toolOutput.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modDialogs.h"
-#include "platform/modPaths.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 // obtool write media: the code that plays a media file.
 #include "obtool/toolGroups.h"
 
-#include "imagetools/modMedia.h"
+#include "imagetools/media/modMedia.h"
 #include "obtool/toolOutput.h"
 
 #include <memory>

@@ -2,9 +2,9 @@
 // obtool zip: archives.
 #include "obtool/toolGroups.h"
 
-#include "engine/CGZipFiles.h"
+#include "engine/package/CGZipFiles.h"
 #include "obtool/toolOutput.h"
-#include "platform/cRuntimeError.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <memory>
 #include <vector>

@@ -3,7 +3,7 @@
 // and each paint; these count from where they last counted to.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 #include "scilexer/modTextOffsets.h"
 
 #include <QAccessible>

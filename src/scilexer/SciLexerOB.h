@@ -2,9 +2,9 @@
 // The edit control: Scintilla, which asks for styles when it needs them and gets them from the language's lexer.
 #pragma once
 
-#include "editor/modSci.h"
 #include "scilexer/QsciBase.h"
 #include "scilexer/modLexer.h"
+#include "scilexer/modSci.h"
 #include "scilexer/modTextOffsets.h"
 
 #include <QString>

@@ -2,7 +2,7 @@
 // What the edit control's plugin gives to the program that loads it.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 class QWidget;
 

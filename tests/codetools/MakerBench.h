@@ -3,7 +3,7 @@
 #pragma once
 
 #include "codetools/MakerFiles.h"
-#include "platform/modClipboard.h"
+#include "platform/desktop/modClipboard.h"
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 

@@ -2,7 +2,7 @@
 // The texts that the makers of code must give, a file each.
 #pragma once
 
-#include "platform/modAnsi.h"
+#include "platform/language/modAnsi.h"
 
 #include <QFile>
 #include <QTest>

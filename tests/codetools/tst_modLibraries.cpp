@@ -2,7 +2,7 @@
 // The API wrapper and printer libraries: their size, order and shape, and every call of the operating system in them.
 #include "codetools/LibraryReader.h"
 #include "scilexer/modLexer.h"
-#include "shell/modTexts.h"
+#include "shell/state/modTexts.h"
 
 #include <QTest>
 

@@ -3,7 +3,7 @@
 #include "codetools/modMenuCode.h"
 
 #include "codetools/MakerFiles.h"
-#include "platform/cRuntimeError.h"
+#include "platform/language/cRuntimeError.h"
 
 using namespace ob;
 

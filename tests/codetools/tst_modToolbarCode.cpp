@@ -4,8 +4,8 @@
 
 #include "codetools/modAPItextedit.h"
 #include "core/CoreBench.h"
-#include "platform/modAnsi.h"
-#include "platform/modFiles.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/modAnsi.h"
 
 using namespace ob;
 

@@ -6,10 +6,10 @@
 #include "codetools/dlgImage.h"
 #include "codetools/dlgToolbar.h"
 #include "codetools/modToolbarStrip.h"
-#include "editor/cDocument.h"
-#include "platform/modAnsi.h"
-#include "platform/modPaths.h"
-#include "shell/Module1.h"
+#include "editor/document/cDocument.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/modAnsi.h"
+#include "shell/state/Module1.h"
 
 #include <QComboBox>
 #include <QDir>

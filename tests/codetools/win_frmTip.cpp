@@ -5,9 +5,9 @@
 
 #include "codetools/frmTip.h"
 #include "codetools/modTips.h"
-#include "platform/modSettings.h"
-#include "shell/Module1.h"
-#include "shell/frmTool.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
+#include "shell/state/modSettings.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "core/FakeMainForm.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modPaths.h"
-#include "platform/modSettings.h"
-#include "shell/Module1.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modSettings.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QDir>

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "core/FakeSci.h"
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 #include "guibuilder/modGuiCommands.h"
-#include "shell/cMainForm.h"
+#include "shell/state/cMainForm.h"
 
 #include <QStringList>
 
@@ -47,6 +47,9 @@ public:
     {
         log.append((enable ? QStringLiteral("enable ") : QStringLiteral("disable ")) + name);
     }
+
+    void ChooseItem(const QString& name) override { log.append(QStringLiteral("choose ") + name); }
+    bool HasShortcut(const QKeyEvent&) const override { return false; }
 
     void SetRecentCaption(int number, const QString& caption) override
     {

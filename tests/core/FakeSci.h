@@ -2,7 +2,7 @@
 // A code window's control without a window: a text, a caret, a save point, and a list of the messages that came.
 #pragma once
 
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 #include <QByteArray>
 #include <QList>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "editor/modPrint.h"
-#include "platform/modPrinter.h"
+#include "platform/dialogs/modPrinter.h"
 
 #include <QImage>
 #include <QPainter>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "editor/modPageFormat.h"
-#include "editor/modSci.h"
+#include "scilexer/modSci.h"
 
 #include <QByteArray>
 #include <QList>

@@ -2,7 +2,7 @@
 // Browsing the disk for BASIC source: names, folders, drives, the preview, and the opening.
 #include "editor/modCodeExplorer.h"
 
-#include "platform/modFolders.h"
+#include "platform/files/modFolders.h"
 
 #include "core/CoreBench.h"
 

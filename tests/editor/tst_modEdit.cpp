@@ -2,9 +2,9 @@
 // The syntax tip and the keyword list, as they are told to the control.
 #include "support/ScriptedDialogs.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modSyntaxTable.h"
 #include "editor/modEdit.h"
-#include "editor/modSyntaxTable.h"
 
 #include <QTest>
 

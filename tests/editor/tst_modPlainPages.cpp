@@ -3,8 +3,8 @@
 #include "editor/PdfPages.h"
 
 #include "editor/modPlainPages.h"
-#include "platform/cRuntimeError.h"
-#include "platform/modPrinter.h"
+#include "platform/dialogs/modPrinter.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 #include "editor/modSnippets.h"
 
 #include "core/CoreBench.h"
-#include "platform/FileTrouble.h"
+#include "platform/files/FileTrouble.h"
 
 #include <QElapsedTimer>
 

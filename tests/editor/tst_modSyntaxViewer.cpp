@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The order and the words of the Syntax Viewer.
-#include "editor/modSyntaxTable.h"
+#include "editor/document/modSyntaxTable.h"
 #include "editor/modSyntaxViewer.h"
 
 #include <QTest>

@@ -3,11 +3,11 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 #include "editor/frmCodeExplorer.h"
 
-#include "platform/modFolders.h"
-#include "shell/Module1.h"
+#include "platform/files/modFolders.h"
+#include "shell/state/Module1.h"
 
 #include <QComboBox>
 #include <QDir>

@@ -3,12 +3,12 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
 #include "editor/frmDocument.h"
-#include "editor/modDocument.h"
-#include "platform/modPaths.h"
-#include "shell/Module1.h"
-#include "shell/modStart.h"
+#include "platform/files/modPaths.h"
+#include "shell/bench/modStart.h"
+#include "shell/state/Module1.h"
 
 #include <QCheckBox>
 #include <QComboBox>

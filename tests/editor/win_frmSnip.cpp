@@ -3,10 +3,10 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 #include "editor/frmDocument.h"
 #include "editor/frmSnip.h"
-#include "shell/Module1.h"
+#include "shell/state/Module1.h"
 
 #include <QClipboard>
 #include <QDir>

@@ -3,13 +3,13 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modSyntaxTable.h"
 #include "editor/frmDocument.h"
 #include "editor/modBookmarks.h"
 #include "editor/modEdit.h"
 #include "editor/modEditText.h"
-#include "editor/modSyntaxTable.h"
-#include "shell/Module1.h"
+#include "shell/state/Module1.h"
 
 #include <QAbstractScrollArea>
 #include <QComboBox>

@@ -3,9 +3,9 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 #include "editor/modFind.h"
-#include "shell/Module1.h"
+#include "shell/state/Module1.h"
 
 #include <QMdiSubWindow>
 

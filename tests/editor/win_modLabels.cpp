@@ -3,11 +3,11 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 #include "editor/frmDocument.h"
 #include "editor/modBookmarks.h"
 #include "editor/modLabels.h"
-#include "shell/Module1.h"
+#include "shell/state/Module1.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>

@@ -5,11 +5,11 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
 #include "editor/dlgPrinting.h"
-#include "editor/modStyling.h"
-#include "platform/frmPrinter.h"
-#include "shell/Module1.h"
+#include "editor/document/cDocument.h"
+#include "editor/document/modStyling.h"
+#include "platform/dialogs/frmPrinter.h"
+#include "shell/state/Module1.h"
 
 #include <QAction>
 #include <QDir>

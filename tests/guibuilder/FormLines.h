@@ -3,7 +3,7 @@
 #pragma once
 
 #include "guibuilder/modFormFile.h"
-#include "platform/modAnsi.h"
+#include "platform/language/modAnsi.h"
 
 #include <QByteArray>
 #include <QByteArrayList>

@@ -3,7 +3,7 @@
 #include "guibuilder/modFormFile.h"
 
 #include "guibuilder/FormLines.h"
-#include "platform/cRuntimeError.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Generated programs around their controls: whole programs, header, colours, window, menus, options, closing lines.
 #include "guibuilder/modGenerator.h"
+#include "shell/state/Module1.h"
 
 #include "guibuilder/ProgramText.h"
 #include "guibuilder/modSupport.h"
-#include "platform/cRuntimeError.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,7 +4,7 @@
 
 #include "guibuilder/FormLines.h"
 #include "guibuilder/GuiCommandBench.h"
-#include "platform/modFiles.h"
+#include "platform/files/modFiles.h"
 
 #include <QDate>
 #include <QLocale>

@@ -4,7 +4,7 @@
 
 #include "guibuilder/FormLines.h"
 #include "guibuilder/GuiCommandBench.h"
-#include "platform/FileTrouble.h"
+#include "platform/files/FileTrouble.h"
 
 using namespace ob;
 

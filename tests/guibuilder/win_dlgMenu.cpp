@@ -5,8 +5,8 @@
 
 #include "guibuilder/dlgMenu.h"
 #include "guibuilder/modGuiCommands.h"
-#include "shell/Module1.h"
-#include "shell/frmTool.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
 
 #include <QLabel>
 #include <QListWidget>

@@ -3,14 +3,14 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 #include "guibuilder/frmGui.h"
 #include "guibuilder/frmSurface.h"
 #include "guibuilder/modGenerator.h"
 #include "guibuilder/modGui.h"
 #include "guibuilder/modGuiCommands.h"
-#include "platform/modFiles.h"
-#include "shell/Module1.h"
+#include "platform/files/modFiles.h"
+#include "shell/state/Module1.h"
 
 #include <QAction>
 #include <QDate>

@@ -3,11 +3,11 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
-#include "imagetools/frmMedia.h"
-#include "platform/FileTrouble.h"
-#include "platform/MidiBytes.h"
-#include "platform/modMci.h"
-#include "platform/modPaths.h"
+#include "imagetools/media/frmMedia.h"
+#include "platform/files/FileTrouble.h"
+#include "platform/files/modPaths.h"
+#include "platform/media/MidiBytes.h"
+#include "platform/media/modMci.h"
 
 #include <QDir>
 #include <QElapsedTimer>

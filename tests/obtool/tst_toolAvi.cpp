@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool avi", as other programs call it.
-#include "imagetools/AviBench.h"
+#include "imagetools/avi/AviBench.h"
 
 #include <QTest>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool icon", as other programs call it.
-#include "imagetools/IconBytes.h"
-#include "platform/FileTrouble.h"
+#include "imagetools/icons/IconBytes.h"
+#include "platform/files/FileTrouble.h"
 
-#include "imagetools/modIcon.h"
-#include "imagetools/modIconFile.h"
-#include "imagetools/modPicture.h"
+#include "imagetools/icons/modIcon.h"
+#include "imagetools/icons/modIconFile.h"
+#include "imagetools/pictures/modPicture.h"
 
 #include <QDir>
 #include <QProcess>

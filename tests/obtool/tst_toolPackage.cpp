@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool package", as other programs call it.
-#include "engine/PackageBench.h"
-#include "platform/FileTrouble.h"
+#include "engine/package/PackageBench.h"
+#include "platform/files/FileTrouble.h"
 
 namespace {
 

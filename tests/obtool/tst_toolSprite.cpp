@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool sprite", as other programs call it.
-#include "imagetools/SpriteFiles.h"
-#include "platform/FileTrouble.h"
+#include "imagetools/sprites/SpriteFiles.h"
+#include "platform/files/FileTrouble.h"
 
 #include <QDir>
 #include <QProcess>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool write loadbmp" and "write library jpeg", as other programs call them, and metafiles given to obtool.
-#include "imagetools/MetafileBytes.h"
+#include "imagetools/metafiles/MetafileBytes.h"
 
 #include <QDir>
 #include <QFile>

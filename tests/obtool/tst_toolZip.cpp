@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool zip", as other programs call it.
-#include "engine/ZipBench.h"
-#include "platform/FileTrouble.h"
+#include "engine/package/ZipBench.h"
+#include "platform/files/FileTrouble.h"
 
 #include <memory>
 

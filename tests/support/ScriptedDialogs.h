@@ -3,7 +3,7 @@
 // scripted box that never came.
 #pragma once
 
-#include "platform/modDialogs.h"
+#include "platform/dialogs/modDialogs.h"
 
 #include <QList>
 

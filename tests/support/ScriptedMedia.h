@@ -2,7 +2,7 @@
 // A media player without sound and pictures: files have the length that the test gives, and time passes when it says.
 #pragma once
 
-#include "platform/modMci.h"
+#include "platform/media/modMci.h"
 
 #include <QMap>
 #include <QStringList>

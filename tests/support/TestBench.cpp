@@ -2,12 +2,12 @@
 // A bench of its own for one test.
 #include "support/TestBench.h"
 
-#include "editor/cDocument.h"
+#include "editor/document/cDocument.h"
 #include "editor/frmDocument.h"
-#include "platform/modPaths.h"
-#include "platform/modSettings.h"
-#include "shell/Module1.h"
-#include "shell/modStart.h"
+#include "platform/files/modPaths.h"
+#include "shell/bench/modStart.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modSettings.h"
 
 #include <QAction>
 #include <QApplication>

@@ -4,8 +4,8 @@
 
 #include "support/ScriptedDialogs.h"
 
-#include "editor/modSci.h"
-#include "shell/frmMain.h"
+#include "scilexer/modSci.h"
+#include "shell/bench/frmMain.h"
 
 #include <QByteArray>
 #include <QStringList>

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One slot for a code window: what outlives the window, and the window's face while there is one.
+#pragma once
+
+#include "scilexer/modSci.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace ob {
+
+// What routines ask of a code window.
+class cDocumentWindow {
+public:
+    cDocumentWindow() = default;
+    cDocumentWindow(const cDocumentWindow&) = delete;
+    cDocumentWindow& operator=(const cDocumentWindow&) = delete;
+
+    virtual void ShowCaption(const QString& caption) = 0;
+
+    // Reads the label lists anew; FillBranchBox then also puts the caret where the selection began.
+    virtual void FillLabelLists() = 0;
+    virtual void FillBranchBox() = 0;
+
+    virtual int WidthInPixels() const = 0;
+
+protected:
+    ~cDocumentWindow() = default;
+};
+
+// Tag is "Open" while the slot is in use, "Closed" once its window was unloaded, empty after a save and at birth.
+// The caption is the only record of the file's name. sci is null while there is no window.
+class cDocument {
+public:
+    explicit cDocument(int slotNumber) : number(slotNumber) {}
+    cDocument(const cDocument&) = delete;
+    cDocument& operator=(const cDocument&) = delete;
+
+    const QString& Caption() const { return caption; }
+
+    void SetCaption(const QString& text)
+    {
+        caption = text;
+        if (window != nullptr)
+            window->ShowCaption(text);
+    }
+
+    const int number; // the slot's number, from 1
+    QString Tag;
+    Sci sci = nullptr;
+    cDocumentWindow* window = nullptr;
+
+private:
+    QString caption;
+};
+
+// The slots, from 1 (slot 0 is never used). They never become fewer.
+inline std::vector<std::unique_ptr<cDocument>> Documents;
+
+inline const QString TagOpen = QStringLiteral("Open");
+inline const QString TagClosed = QStringLiteral("Closed");
+
+} // namespace ob

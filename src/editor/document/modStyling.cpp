@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How a code window's control is set up.
+#include "editor/document/modStyling.h"
+
+#include "editor/document/modSyntaxTable.h"
+#include "editor/modBookmarks.h"
+#include "platform/language/modAnsi.h"
+#include "scilexer/modLexer.h"
+#include "shell/state/Module1.h"
+
+namespace ob {
+
+namespace {
+
+// The styles that belong to the control itself.
+enum ControlStyle : std::uintptr_t {
+    StyleBase = 32,
+    StyleLineNumber = 33,
+    StyleBrace = 34,
+    StyleBadBrace = 35,
+};
+
+constexpr std::uintptr_t LanguageLexer = 8;
+constexpr std::uintptr_t BookmarkMargin = 1;
+
+void SetFore(Sci sci, std::uintptr_t style, ColorRef color)
+{
+    SendSci(sci, SCI_STYLESETFORE, style, static_cast<std::intptr_t>(color));
+}
+
+void SetSyntaxColors(Sci sci)
+{
+    SetFore(sci, StyleKeyword, KeywordColor);
+    SetFore(sci, StyleComment, CommentColor);
+    SendSci(sci, SCI_STYLESETITALIC, StyleComment, -1);
+    SendSci(sci, SCI_STYLESETBACK, StyleComment, static_cast<std::intptr_t>(CommentBackColor));
+    SetFore(sci, StyleString, QuoteColor);
+    SetFore(sci, StyleNumber, NumberColor);
+    SetFore(sci, StyleOperator, NumberColor);
+    SetFore(sci, StyleIdentifier, EditForeColor);
+    SetFore(sci, StyleHandle, HandleColor);
+    SetFore(sci, StyleLabel, BranchColor);
+    SetFore(sci, StyleBrace, KeywordColor);
+    SetFore(sci, StyleBadBrace, BranchColor);
+}
+
+} // namespace
+
+void UpdateKeywords(Sci sci)
+{
+    // The user's words may hold characters beyond ASCII; the control's text is UTF-8.
+    SendSci(sci, SCI_SETKEYWORDS, 0, DecodeAnsi(LexerKeywords).constData());
+}
+
+void SetSciColors(Sci sci)
+{
+    SetFore(sci, StyleBase, EditForeColor);
+    SendSci(sci, SCI_STYLESETBACK, StyleBase, static_cast<std::intptr_t>(EditBackColor));
+    // The first argument only has to be other than zero: the selection is drawn inverted.
+    SendSci(sci, SCI_SETSELBACK, StyleBase, static_cast<std::intptr_t>(EditForeColor));
+    SendSci(sci, SCI_SETSELFORE, StyleBase, static_cast<std::intptr_t>(EditBackColor));
+    SendSci(sci, SCI_STYLESETSIZE, StyleBase, FontHeight);
+    SendSci(sci, SCI_STYLESETFONT, StyleBase, FontName.toUtf8().constData());
+    SendSci(sci, SCI_STYLESETBOLD, StyleBase, FontBold ? 1 : 0);
+    SendSci(sci, SCI_STYLECLEARALL);
+    SendSci(sci, SCI_SETCARETLINEBACK, HighlightColor);
+    SendSci(sci, SCI_SETCARETLINEVISIBLE, HighlightOn ? 1 : 0);
+    SendSci(sci, SCI_SETINDENTATIONGUIDES, IndentGuidesOn ? 1 : 0);
+    // Nothing to do otherwise: the styles have just been reset to the default.
+    if (SyntaxColor > 0)
+        SetSyntaxColors(sci);
+    if (TabSize > 0)
+        SendSci(sci, SCI_SETTABWIDTH, static_cast<std::uintptr_t>(TabSize));
+    const std::intptr_t width = LineNums ? SendSci(sci, SCI_TEXTWIDTH, StyleLineNumber, "_9999") : 0;
+    SendSci(sci, SCI_SETMARGINWIDTHN, 0, width);
+}
+
+void SetUpSci(Sci sci)
+{
+    SendSci(sci, SCI_SETLEXER, LanguageLexer);
+    SendSci(sci, SCI_SETSTYLEBITS, 7);
+    UpdateKeywords(sci);
+    SendSciTexts(sci, SCI_SETPROPERTY, "fold", "1");
+    SetSciColors(sci);
+    SendSci(sci, SCI_SETUSETABS, 0);
+    SendSci(sci, SCI_SETBACKSPACEUNINDENTS, static_cast<std::uintptr_t>(-1));
+    SendSci(sci, SCI_SETMARGINWIDTHN, BookmarkMargin, 10);
+    SendSci(sci, SCI_MARKERDEFINE, BookmarkMarker, 1);
+    SendSci(sci, SCI_MARKERSETBACK, BookmarkMarker, static_cast<std::intptr_t>(Rgb(255, 255, 0)));
+    SetFore(sci, StyleLineNumber, Rgb(92, 92, 92));
+    SendSci(sci, SCI_STYLESETBACK, StyleLineNumber, static_cast<std::intptr_t>(Rgb(234, 234, 234)));
+    SendSci(sci, SCI_SETWORDCHARS, 0, "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789!$?");
+}
+
+} // namespace ob

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How a code window's control is set up: behaviour, margins, colours.
+#pragma once
+
+#include "scilexer/modSci.h"
+
+namespace ob {
+
+// Everything that a new control needs before it is shown: lexer, keywords, colours, indentation, margins, marker.
+void SetUpSci(Sci sci);
+
+// Font, colours, tab width and line numbers as the settings want them; safe to repeat.
+void SetSciColors(Sci sci);
+
+// Hands the control the language's words and the user's.
+void UpdateKeywords(Sci sci);
+
+} // namespace ob

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a code window asks before it closes.
+#include "editor/files/modClose.h"
+
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/modRecent.h"
+
+namespace ob {
+
+namespace {
+
+CloseEnd SaveBeforeClosing(cDocument& document, const QString& path)
+{
+    if (SaveDocumentFile(document, path) == SaveEnd::Declined)
+        return CloseEnd::Stays;
+    AddRecentFile(path);
+    return CloseEnd::Closes;
+}
+
+BoxAnswer Ask(const QString& question)
+{
+    return MsgBox(question, BoxIcon::Question, BoxButtons::YesNo);
+}
+
+} // namespace
+
+CloseEnd QueryUnload(cDocument& document)
+{
+    MainForm->EnableItem(QStringLiteral("mnuEdit"), false);
+    EnableRunCommands(Switch::Off);
+    EnableCodeCommands(Switch::Off);
+    if (!QuitQuery || SendSci(document.sci, SCI_GETMODIFY) == 0)
+        return CloseEnd::Closes;
+
+    const QString caption = document.Caption();
+    if (caption.compare(UntitledName, Qt::CaseInsensitive) != 0) {
+        if (Ask(QStringLiteral("Save ") + caption + QStringLiteral(" before closing?")) == BoxAnswer::No)
+            return CloseEnd::Closes;
+        return SaveBeforeClosing(document, caption);
+    }
+    if (Ask(QStringLiteral("Save before closing?")) == BoxAnswer::No)
+        return CloseEnd::Closes;
+    const QString path = FileBox({FilePurpose::Save,
+                                  QStringLiteral("Save As"),
+                                  {},
+                                  {},
+                                  QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)")});
+    return path.isEmpty() ? CloseEnd::Closes : SaveBeforeClosing(document, path);
+}
+
+} // namespace ob

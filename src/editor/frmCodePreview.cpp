@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A look at the code that a tool would give, coloured as in a code window.
+#include "editor/frmCodePreview.h"
+
+#include "editor/document/modSyntaxTable.h"
+#include "platform/dialogs/frmPlainText.h"
+#include "platform/language/modAnsi.h"
+#include "platform/language/modColorNames.h"
+#include "scilexer/modLexer.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modColors.h"
+
+#include <QEvent>
+#include <QFontDatabase>
+#include <QStyle>
+#include <QSyntaxHighlighter>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+namespace ob {
+
+namespace {
+
+constexpr int MiddleLightness = 128; // of 255
+constexpr double ReadableContrast = 5.5;
+constexpr int FewestLines = 3;
+constexpr int ShownColumns = 60;
+
+bool IsDark(const QColor& color)
+{
+    return color.lightness() < MiddleLightness;
+}
+
+QColor WithLightness(const QColor& color, int lightness)
+{
+    return QColor::fromHsl(color.hslHue(), color.hslSaturation(), lightness);
+}
+
+// From 0, black, to 1, white, as the eye takes it.
+double LuminanceOf(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double ContrastOf(const QColor& first, const QColor& second)
+{
+    const auto [low, high] = std::minmax({LuminanceOf(first), LuminanceOf(second)});
+    return (high + 0.05) / (low + 0.05);
+}
+
+// The color, made lighter or darker as far as it takes to be read on the ground.
+QColor ReadableOn(const QColor& ground, const QColor& color)
+{
+    const int step = IsDark(ground) ? 5 : -5;
+    QColor readable = color;
+    for (int lightness = color.lightness(); ContrastOf(readable, ground) < ReadableContrast; lightness += step) {
+        if (lightness < 0 || lightness > 255)
+            break;
+        readable = WithLightness(color, lightness);
+    }
+    return readable;
+}
+
+std::string_view ViewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+} // namespace
+
+// Colours each line by the lexer. Colours that were chosen for a light window are made readable on a dark ground, and
+// the other way round.
+class frmCodeColors final : public QSyntaxHighlighter {
+public:
+    explicit frmCodeColors(QTextDocument* document) : QSyntaxHighlighter(document) {}
+
+    void TakeSettings(const QPalette& palette)
+    {
+        keywords = KeywordSet(ViewOf(DecodeAnsi(LexerKeywords)));
+        formats = {};
+        isOn = SyntaxColor > 0;
+        if (!isOn)
+            return;
+        const QColor ground = palette.color(QPalette::Base);
+        const auto set = [&](Style style, ColorRef color) {
+            formats[style].setForeground(ReadableOn(ground, ColorOf(color)));
+        };
+        set(StyleKeyword, KeywordColor);
+        set(StyleString, QuoteColor);
+        set(StyleNumber, NumberColor);
+        set(StyleOperator, NumberColor);
+        set(StyleHandle, HandleColor);
+        set(StyleLabel, BranchColor);
+        QColor back = ColorOf(CommentBackColor);
+        if (IsDark(back) != IsDark(ground))
+            back = WithLightness(back, 255 - back.lightness());
+        formats[StyleComment].setBackground(back);
+        formats[StyleComment].setForeground(ReadableOn(back, ColorOf(CommentColor)));
+        formats[StyleComment].setFontItalic(true);
+    }
+
+protected:
+    void highlightBlock(const QString& text) override
+    {
+        if (!isOn)
+            return;
+        QByteArray utf8;
+        std::vector<int> lastBytes; // for each UTF-16 unit
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            const bool isPair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+            utf8 += QStringView(text).mid(i, isPair ? 2 : 1).toUtf8();
+            lastBytes.insert(lastBytes.end(), isPair ? 2 : 1, static_cast<int>(utf8.size()) - 1);
+            i += isPair ? 1 : 0;
+        }
+        utf8 += "\r\n";
+        std::vector<unsigned char> styles(static_cast<std::size_t>(utf8.size()));
+        setCurrentBlockState(LexLine(previousBlockState(), ViewOf(utf8), keywords, styles.data()));
+        for (std::size_t i = 0; i < lastBytes.size(); ++i)
+            setFormat(static_cast<int>(i), 1, formats[styles[static_cast<std::size_t>(lastBytes[i])]]);
+    }
+
+private:
+    KeywordSet keywords;
+    std::array<QTextCharFormat, StyleLabel + 1> formats;
+    bool isOn = false;
+};
+
+frmCodePreview::frmCodePreview(QWidget* parent) : QPlainTextEdit(parent), colors(new frmCodeColors(document()))
+{
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setLineWrapMode(NoWrap);
+    setUndoRedoEnabled(false);
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setAccessibleName(QStringLiteral("Preview of the code"));
+    colors->TakeSettings(palette());
+}
+
+frmCodePreview::~frmCodePreview() = default;
+
+void frmCodePreview::ShowCode(const QString& code)
+{
+    colors->TakeSettings(palette());
+    const QString before = PlainTextOf(*this);
+    if (code == shownCode) {
+        colors->rehighlight();
+        return;
+    }
+    shownCode = code;
+    setPlainText(code);
+    const QString now = PlainTextOf(*this);
+    if (before.isEmpty())
+        return;
+    const auto lastChange = std::mismatch(now.crbegin(), now.crend(), before.crbegin(), before.crend()).first;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(static_cast<int>(now.crend() - lastChange));
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void frmCodePreview::SetShownLines(int lines)
+{
+    shownLines = std::max(1, lines);
+    updateGeometry();
+}
+
+QSize frmCodePreview::sizeHint() const
+{
+    return {ShownColumns * fontMetrics().averageCharWidth(), HeightOf(shownLines)};
+}
+
+QSize frmCodePreview::minimumSizeHint() const
+{
+    return {QPlainTextEdit::minimumSizeHint().width(), HeightOf(std::min(shownLines, FewestLines))};
+}
+
+int frmCodePreview::HeightOf(int lines) const
+{
+    const int around = static_cast<int>(2 * document()->documentMargin()) + 2 * frameWidth();
+    return lines * fontMetrics().lineSpacing() + around + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
+
+void frmCodePreview::changeEvent(QEvent* event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        colors->TakeSettings(palette());
+        colors->rehighlight();
+    }
+}
+
+} // namespace ob

@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The packaging wizard.
+#include "engine/package/frmPackage.h"
+
+#include "engine/run/dlgProcess.h"
+#include "engine/run/modFileIO.h"
+#include "platform/desktop/modLaunch.h"
+#include "platform/dialogs/frmFolderBrowser.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmPackage.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+
+namespace ob {
+
+namespace {
+
+// In milliseconds: how often the event loop gets a turn within one file.
+constexpr qint64 turnEvery = 30;
+
+double Share(double done, double all)
+{
+    return all > 0 ? done / all : 0;
+}
+
+BoxAnswer Show(const MessageSpec& box)
+{
+    return MsgBox(box.text, box.icon, box.buttons, box.title);
+}
+
+class Hourglass {
+public:
+    Hourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass() { QApplication::restoreOverrideCursor(); }
+};
+
+// Files that another program offers.
+QStringList LocalFiles(const QMimeData& data)
+{
+    QStringList files;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile() && FileExists(url.toLocalFile()))
+            files.append(QDir::toNativeSeparators(url.toLocalFile()));
+    return files;
+}
+
+} // namespace
+
+// Shows how far the work is, and its boxes.
+class frmPackage::Watch final : public cPackageWatch {
+public:
+    explicit Watch(frmPackage& owner)
+        : form(owner), focused(owner.focusWidget()), window(MakeWindow(dlgProcess::Leaving::Allowed))
+    {
+        form.working = this;
+        form.ui->body->setEnabled(false);
+        QApplication::processEvents();
+    }
+    ~Watch() override
+    {
+        form.working = nullptr;
+        form.ui->body->setEnabled(true);
+        if (focused != nullptr)
+            focused->setFocus();
+    }
+
+    void Cancel()
+    {
+        if (window != nullptr)
+            window->reject();
+    }
+
+    PackageWish Processing(const PackageProgress& progress) override
+    {
+        const bool isNewFile = progress.name != shownName || progress.done == 0;
+        if (isNewFile || !sinceTurn.isValid() || sinceTurn.elapsed() >= turnEvery) {
+            shownName = progress.name;
+            window->ShowState(QStringLiteral("Processing ") + progress.name,
+                              Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
+            QApplication::processEvents();
+            sinceTurn.restart();
+        }
+        return window->IsCancelled() ? PackageWish::Stop : PackageWish::GoOn;
+    }
+
+    void Tell(const MessageSpec& box) override { Show(box); }
+
+    void EngineIsNamed(const PackagedEngine& engine) override
+    {
+        if (Show(TestQuestion(form.plan, engine)) == BoxAnswer::Yes)
+            RunCommand([&] { Launch(u'"' + engine.path + u'"', WindowMode::Minimized); });
+    }
+
+    void FilesAreDone() override { window.reset(); }
+
+    void ZipBegins() override
+    {
+        window = MakeWindow(dlgProcess::Leaving::NotAllowed);
+        window->ShowState(ZipText, 0);
+        hourglass.emplace();
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+
+    ZipWish Zipping(const ZipProgress& progress) override
+    {
+        if (sinceTurn.elapsed() >= turnEvery) {
+            window->ShowState(ZipText, Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
+            QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+            sinceTurn.restart();
+        }
+        return ZipWish::GoOn;
+    }
+
+    void ZipEnds() override
+    {
+        window.reset();
+        hourglass.reset();
+    }
+
+    void ZipIsMade(const QString& base) override { Show(ZipMadeBox(base)); }
+
+private:
+    static inline const QString ZipText = QStringLiteral("Creating Zip File");
+
+    std::unique_ptr<dlgProcess> MakeWindow(dlgProcess::Leaving leaving)
+    {
+        auto made = std::make_unique<dlgProcess>(leaving, &form);
+        made->show();
+        return made;
+    }
+
+    frmPackage& form;
+    QWidget* focused; // a control that is disabled loses the focus
+    std::unique_ptr<dlgProcess> window;
+    std::optional<Hourglass> hourglass;
+    QString shownName;
+    QElapsedTimer sinceTurn;
+};
+
+frmPackage::frmPackage(const QString& token, QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmPackage>()), plan(PlanPackage(token, GetOrchardPath()))
+{
+    ui->setupUi(this);
+    ui->FileList->viewport()->installEventFilter(this);
+    ui->FileList->installEventFilter(this);
+    ui->TEMPList->viewport()->installEventFilter(this);
+    ui->TEMPList->installEventFilter(this);
+    setAcceptDrops(true);
+    browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->FileList}, {QStringLiteral("*.*")}, this);
+    const auto enable = [this] {
+        ui->cmdAdd->setEnabled(ui->FileList->selectionModel()->hasSelection());
+        ui->cmdRemove->setEnabled(ui->TEMPList->selectionModel()->hasSelection());
+    };
+    connect(browser, &FolderBrowser::ChoiceChanged, this, enable);
+    connect(browser, &FolderBrowser::FolderChanged, this, enable);
+    connect(ui->TEMPList, &QListWidget::itemSelectionChanged, this, enable);
+    connect(ui->FileList, &QListView::doubleClicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
+    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
+    connect(ui->cmdRemove, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdRemove_Click(); }); });
+    connect(ui->cmdOkay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOkay_Click(); }); });
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    browser->Start();
+    enable();
+    Load();
+}
+
+frmPackage::~frmPackage() = default;
+
+QString frmPackage::GetOrchardPath()
+{
+    if (EqualsIgnoreCase(OBPath, NoPath))
+        FindOrchard();
+    return FolderOf(OBPath);
+}
+
+void frmPackage::Load()
+{
+    FillTEMPList();
+    ui->FileList->setFocus();
+    if (plan.version == InstalledEngine::None)
+        Show(NoEngineBox());
+}
+
+void frmPackage::FillTEMPList()
+{
+    ui->TEMPList->clear();
+    const QIcon missing = style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    const QIcon there = style()->standardIcon(QStyle::SP_FileIcon);
+    qsizetype missingCount = 0;
+    for (const QString& file : plan.files) {
+        const bool isThere = FileOnDisk(file).has_value();
+        missingCount += isThere ? 0 : 1;
+        auto* item = new QListWidgetItem(isThere ? there : missing, NameOf(file), ui->TEMPList);
+        item->setToolTip(isThere ? file : QStringLiteral("Not found: ") + file);
+    }
+    ui->lblState->setText(missingCount == 0
+                              ? QStringLiteral("Files: %1").arg(plan.files.size())
+                              : QStringLiteral("Files: %1, not found: %2").arg(plan.files.size()).arg(missingCount));
+}
+
+void frmPackage::AddFiles(const QStringList& paths)
+{
+    if (paths.isEmpty())
+        return;
+    plan.files += paths;
+    FillTEMPList();
+    ui->TEMPList->scrollToBottom();
+}
+
+void frmPackage::cmdAdd_Click()
+{
+    QStringList paths;
+    QModelIndexList chosen = ui->FileList->selectionModel()->selectedIndexes();
+    std::sort(chosen.begin(), chosen.end());
+    for (const QModelIndex& file : std::as_const(chosen))
+        paths.append(QDir::toNativeSeparators(PathIn(browser->Folder(), file.data().toString())));
+    AddFiles(paths);
+}
+
+void frmPackage::cmdRemove_Click()
+{
+    QList<int> places;
+    for (const QModelIndex& line : ui->TEMPList->selectionModel()->selectedIndexes())
+        places.append(line.row());
+    if (places.isEmpty())
+        return;
+    std::sort(places.begin(), places.end(), std::greater<>());
+    for (const int place : std::as_const(places))
+        plan.files.removeAt(place);
+    FillTEMPList();
+    // The next line is at hand for the next key.
+    ui->TEMPList->setCurrentRow(std::min(places.last(), ui->TEMPList->count() - 1));
+}
+
+void frmPackage::TEMPList_DragDrop(const QDropEvent& drop)
+{
+    if (drop.source() == ui->FileList)
+        cmdAdd_Click();
+    else
+        AddFiles(LocalFiles(*drop.mimeData()));
+}
+
+void frmPackage::FileList_DragDrop()
+{
+    cmdRemove_Click();
+}
+
+void frmPackage::cmdOkay_Click()
+{
+    Watch watch(*this);
+    const PackageZip zip = ui->chkZip->isChecked() ? PackageZip::Yes : PackageZip::No;
+    const PackageOutcome outcome = MakePackage(plan, zip, watch);
+    if (outcome.end == PackageEnd::ZipFailed)
+        MsgBox(outcome.reason);
+    if (outcome.end != PackageEnd::Aborted)
+        accept();
+}
+
+void frmPackage::reject()
+{
+    if (working != nullptr)
+        working->Cancel();
+    else
+        QDialog::reject();
+}
+
+bool frmPackage::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isFileList = watched == ui->FileList->viewport();
+    const bool isTempList = watched == ui->TEMPList->viewport();
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (watched == ui->FileList && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+            RunCommand([this] { cmdAdd_Click(); });
+            return true;
+        }
+        if (watched == ui->TEMPList && key == Qt::Key_Delete) {
+            RunCommand([this] { cmdRemove_Click(); });
+            return true;
+        }
+        break;
+    }
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop: {
+        auto& drop = *static_cast<QDropEvent*>(event);
+        const bool adds = isTempList && (drop.source() == ui->FileList || !LocalFiles(*drop.mimeData()).isEmpty());
+        const bool removes = isFileList && drop.source() == ui->TEMPList;
+        if (!adds && !removes) {
+            // Lines of a list do not change their places by a drop into it.
+            event->ignore();
+            return isFileList || isTempList;
+        }
+        drop.setDropAction(Qt::CopyAction);
+        drop.accept();
+        if (event->type() == QEvent::Drop)
+            RunCommand([&] { adds ? TEMPList_DragDrop(drop) : FileList_DragDrop(); });
+        return true;
+    }
+    default:
+        break;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+// Anywhere beside the package's list is out of the package.
+void frmPackage::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QPoint place = ui->TEMPList->mapFrom(this, event->position().toPoint());
+    if (event->source() == ui->TEMPList && !ui->TEMPList->rect().contains(place))
+        event->acceptProposedAction();
+}
+
+void frmPackage::dropEvent(QDropEvent* event)
+{
+    if (event->source() != ui->TEMPList)
+        return;
+    event->acceptProposedAction();
+    RunCommand([this] { FileList_DragDrop(); });
+}
+
+void mnuPackage_Click()
+{
+    const QString chosen = FileBox({FilePurpose::Open,
+                                    QStringLiteral("Choose TKN"),
+                                    QDir::currentPath(),
+                                    {},
+                                    QStringLiteral("Orchard BASIC TKN (*.tkn)|*.tkn")});
+    if (!IsTokenName(chosen))
+        return;
+    frmPackage tool(chosen, ToolOwner());
+    BindManualPage(tool, frmPackage::ManualPage);
+    tool.exec();
+}
+
+} // namespace ob

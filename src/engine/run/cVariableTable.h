@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The variables of a text as a table that any view can show.
+#pragma once
+
+#include "engine/run/modVariables.h"
+
+#include <QAbstractTableModel>
+#include <QByteArray>
+
+#include <cstdint>
+#include <vector>
+
+namespace ob {
+
+// Columns: name, line from 0 as text. Rows in scan order until they are sorted.
+class cVariableTable final : public QAbstractTableModel {
+public:
+    static constexpr int NameColumn = 0;
+    static constexpr int LineColumn = 1;
+
+    // Keeps a copy of the text (UTF-8), so that the names outlive a change in the control.
+    explicit cVariableTable(QByteArrayView source, QObject* parent = nullptr);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+    // Sorts a column as text, ignoring the case of ASCII letters; "10" stands before "9". Equal ones stay in their
+    // order.
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+    const VariableEntry& Entry(int row) const { return entries[rows[static_cast<std::size_t>(row)]]; }
+
+private:
+    using Rows = std::vector<std::uint32_t>;
+
+    Rows SortedRows(int column, Qt::SortOrder order) const;
+    void MoveIndexes(const Rows& before);
+
+    QByteArray text;
+    std::vector<VariableEntry> entries;
+    Rows rows; // for each row, its entry
+};
+
+} // namespace ob

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The list of a program's variables.
+#include "engine/run/dlgShowVar.h"
+
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "engine/run/cVariableTable.h"
+#include "engine/run/modVariables.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/frmTool.h"
+#include "ui_dlgShowVar.h"
+
+#include <QHeaderView>
+
+namespace ob {
+
+dlgShowVar::dlgShowVar(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::dlgShowVar>()), document(ActiveDocument())
+{
+    ui->setupUi(this);
+    table = new cVariableTable(QByteArrayView(SciText(document == nullptr ? nullptr : document->sci)), this);
+    ui->lvVar->setModel(table);
+    ui->lvVar->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    QHeaderView* header = ui->lvVar->horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::Stretch);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(header, &QHeaderView::sectionClicked, this,
+            [this](int column) { RunCommand([this, column] { lvVar_ColumnClick(column); }); });
+    connect(ui->lvVar, &QTableView::doubleClicked, this, [this] { RunCommand([this] { cmdGoto_Click(); }); });
+    connect(ui->cmdGoto, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdGoto_Click(); }); });
+    connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+dlgShowVar::~dlgShowVar() = default;
+
+void dlgShowVar::lvVar_ColumnClick(int column)
+{
+    order = order == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
+    ui->lvVar->horizontalHeader()->setSortIndicatorShown(true);
+    ui->lvVar->horizontalHeader()->setSortIndicator(column, order);
+    table->sort(column, order);
+}
+
+void dlgShowVar::cmdGoto_Click()
+{
+    const QModelIndexList chosen = ui->lvVar->selectionModel()->selectedRows();
+    if (chosen.isEmpty()) {
+        MsgBox(QStringLiteral("No variable is selected."), BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
+        return;
+    }
+    GotoVariableLine(document->sci, table->Entry(chosen.first().row()).line);
+}
+
+void mnuToolShowVar_Click()
+{
+    if (NeedDocument() != nullptr)
+        ShowToolModally<dlgShowVar>();
+}
+
+} // namespace ob

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The commands that hand code to the engine.
+#include "engine/run/modRun.h"
+
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "engine/run/modFileIO.h"
+#include "engine/run/modIncludes.h"
+#include "guibuilder/modGuiCommands.h"
+#include "platform/desktop/modLaunch.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+
+#include <QDir>
+
+namespace ob {
+
+namespace {
+
+const QString RunSwitches = QStringLiteral(" -R -A ");
+const QString TokenSwitches = QStringLiteral(" -A -T ");
+const QString DebugSwitches = QStringLiteral(" -A -D ");
+const QString FreeformSwitches = QStringLiteral(" -R -A  ");
+
+enum class Found { No, Yes };
+
+Found NeedEngine()
+{
+    if (!IsUsablePath(OBPath))
+        FindOrchard();
+    return IsUsablePath(OBPath) ? Found::Yes : Found::No;
+}
+
+enum class CopyEnd { Written, Failed, Declined };
+
+// A copy of an earlier run must not be taken for this one's, so the write's own result counts.
+CopyEnd WriteCopy(const QString& path)
+{
+    try {
+        return SaveDocumentFile(path) == SaveEnd::Written ? CopyEnd::Written : CopyEnd::Declined;
+    } catch (const RuntimeError&) {
+        return CopyEnd::Failed;
+    }
+}
+
+void HandToEngine(const QString& switches)
+{
+    if (MainForm->ActiveKind() == ActiveChild::None)
+        return;
+    if (MainForm->ActiveKind() == ActiveChild::Gui)
+        Compile();
+    cDocument* document = NeedDocument();
+    if (document == nullptr || NeedEngine() == Found::No)
+        return;
+
+    const CopyPlace copy = PlaceOfCopy(document->Caption(), ProgramFolder());
+    if (copy.caption != document->Caption())
+        document->SetCaption(copy.caption);
+    const CopyEnd end = WriteCopy(copy.path);
+    if (end == CopyEnd::Declined)
+        return;
+    if (end == CopyEnd::Failed || !FileExists(copy.path)) {
+        MsgBox(QStringLiteral("Error creating file to run."), BoxIcon::Critical);
+        return;
+    }
+    const QByteArray included = CheckIncludes(FolderOf(copy.path));
+    if (!included.isEmpty())
+        AppendToFile(copy.path, included);
+    Launch(EngineCommand(OBPath, switches, copy.path), WindowMode::Normal);
+    MainForm->SendToBack();
+}
+
+} // namespace
+
+CopyPlace PlaceOfCopy(const QString& caption, const QString& programFolder)
+{
+    if (FileExists(caption)) {
+        if (caption.size() < 3)
+            throw RuntimeErrorOf(ErrorNumber::InvalidCall);
+        return {caption.chopped(3) + QStringLiteral("BAK"), caption};
+    }
+    if (caption.compare(UntitledName, Qt::CaseInsensitive) == 0) {
+        const QString copy = programFolder + QDir::separator() + QStringLiteral("untitled.bak");
+        return {copy, copy};
+    }
+    return {caption, caption};
+}
+
+QString EngineCommand(const QString& engine, const QString& switches, const QString& copy)
+{
+    return engine + QLatin1Char(' ') + switches + copy;
+}
+
+void mnuRun_Click()
+{
+    HandToEngine(RunSwitches);
+}
+
+void mnuTKN_Click()
+{
+    HandToEngine(TokenSwitches);
+}
+
+void mnuDebug_Click()
+{
+    HandToEngine(DebugSwitches);
+}
+
+void RunTokenFile(const QString& path)
+{
+    if (!IsUsablePath(OBRuntimePath))
+        FindRuntime();
+    if (!IsUsablePath(OBRuntimePath))
+        return;
+    Launch(OBRuntimePath + QLatin1Char(' ') + path, WindowMode::Normal);
+    MainForm->SendToBack();
+}
+
+void mnuRunTKN_Click()
+{
+    const QString chosen = FileBox(
+        {FilePurpose::Open, QStringLiteral("Open"), QDir::currentPath(), {}, QStringLiteral("OB Token (*.tkn)|*.tkn")});
+    if (chosen.isEmpty())
+        return;
+    if (!FileExists(chosen)) {
+        MsgBox(QStringLiteral("Error running TKN."), BoxIcon::Critical);
+        return;
+    }
+    RunTokenFile(chosen);
+}
+
+void mnuRunOB_Click()
+{
+    if (NeedEngine() == Found::No)
+        return;
+    Launch(OBPath, WindowMode::Normal);
+    MainForm->SendToBack();
+}
+
+// The bare existence of a file counts here, for both paths.
+static Found NeedFreeform()
+{
+    if (!FileExists(OBFreeformPath))
+        FindFreeform();
+    if (!FileExists(OBFreeformPath))
+        return Found::No;
+    if (!FileExists(OBPath))
+        FindOrchard();
+    return FileExists(OBPath) ? Found::Yes : Found::No;
+}
+
+void mnuToolFreeform_Click()
+{
+    if (NeedFreeform() == Found::No)
+        return;
+    const QString ending = OBFreeformPath.right(3).toLower();
+    if (ending == QLatin1String("bas")) {
+        Launch(EngineCommand(OBPath, FreeformSwitches, OBFreeformPath), WindowMode::Minimized);
+    } else if (ending == QLatin1String("tkn")) {
+        RunTokenFile(OBFreeformPath);
+    } else {
+        MsgBox(QStringLiteral("Orchard FreeForm must be in *.bas or *.tkn form!"), BoxIcon::Critical);
+        return;
+    }
+    cDocument* document = NewDocument();
+    if (document == nullptr)
+        return;
+    document->SetCaption(UntitledName);
+    // The text goes in with the NUL behind it, one character more than its length.
+    static constexpr char hint[] = "Paste FreeForm output here!";
+    SendSci(document->sci, SCI_ADDTEXT, sizeof hint, hint);
+}
+
+} // namespace ob

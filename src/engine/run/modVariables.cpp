@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The scan for assignments: one pass over the control's memory, nothing copied.
+#include "engine/run/modVariables.h"
+
+#include "platform/language/cLines.h"
+#include "platform/language/modRuntime.h"
+
+namespace ob {
+
+namespace {
+
+// What is left of an assignment's left side without words and statements before the name.
+QByteArrayView NameIn(QByteArrayView left)
+{
+    QByteArrayView name = TrimBlanks(left);
+    name = name.sliced(name.lastIndexOf(' ') + 1);
+    return name.sliced(name.indexOf(':') + 1);
+}
+
+void ScanLine(QByteArrayView line, int number, std::vector<VariableEntry>& entries)
+{
+    QByteArrayView rest = TrimBlanks(line);
+    for (qsizetype sign = rest.indexOf('='); sign >= 2; sign = rest.indexOf('=')) {
+        const char before = rest[sign - 1];
+        const QByteArrayView name = NameIn(rest.first(before == '<' || before == '>' ? sign - 1 : sign));
+        if (!name.contains('"') && !name.contains(')'))
+            entries.push_back({name, number});
+        rest = LTrimBlanks(rest.sliced(sign + 1));
+        if (rest.startsWith(':'))
+            rest = rest.sliced(1);
+        rest = TrimBlanks(rest);
+    }
+}
+
+} // namespace
+
+std::vector<VariableEntry> ScanVariables(QByteArrayView text)
+{
+    std::vector<VariableEntry> entries;
+    for (cLines lines(text); lines.Next();)
+        ScanLine(lines.ScannedLine(), lines.Number(), entries);
+    return entries;
+}
+
+void GotoVariableLine(Sci sci, int line)
+{
+    SendSci(sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(line));
+    const auto first = SendSci(sci, SCI_GETFIRSTVISIBLELINE);
+    SendSci(sci, SCI_LINESCROLL, 0, line - first - 1);
+    SendSci(sci, SCI_GRABFOCUS);
+}
+
+} // namespace ob

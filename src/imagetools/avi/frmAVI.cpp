@@ -1,0 +1,296 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Makes a silent video from a list of bitmap files.
+#include "imagetools/avi/frmAVI.h"
+
+#include "imagetools/avi/dlgAviOptions.h"
+#include "imagetools/pictures/cFileDlg.h"
+#include "imagetools/pictures/modPicture.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmAVI.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace ob {
+
+namespace {
+
+// The preview may take this part of the time that writing takes.
+constexpr int PreviewShare = 8;
+
+QStringList FilesIn(const QMimeData& dropped)
+{
+    QStringList files;
+    for (const QUrl& url : dropped.urls())
+        if (url.isLocalFile())
+            files.append(QDir::toNativeSeparators(url.toLocalFile()));
+    return files;
+}
+
+} // namespace
+
+frmAVI::frmAVI(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmAVI>())
+{
+    ui->setupUi(this);
+    setAcceptDrops(true);
+    const auto onClick = [this](QPushButton* button, void (frmAVI::*handler)()) {
+        connect(button, &QPushButton::clicked, this,
+                [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); });
+    };
+    onClick(ui->cmdFileOpen, &frmAVI::cmdFileOpen_Click);
+    onClick(ui->cmdClearList, &frmAVI::cmdClearList_Click);
+    onClick(ui->cmdWriteAVI, &frmAVI::cmdWriteAVI_Click);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmAVI::reject);
+    connect(ui->lstDIBList, &QListWidget::currentRowChanged, this,
+            [this](int row) { RunCommand([this, row] { lstDIBList_Click(row); }); });
+    auto* remove = new QShortcut(QKeySequence::Delete, ui->lstDIBList, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, [this] { RunCommand([this] { lstDIBList_Delete(); }); });
+    cmdClearList_Click();
+}
+
+frmAVI::~frmAVI() = default;
+
+void frmAVI::reject()
+{
+    if (!thread) {
+        QDialog::reject();
+        return;
+    }
+    thread->Stop();
+    ui->lblStatus->setText(QStringLiteral("Stopping..."));
+}
+
+void frmAVI::closeEvent(QCloseEvent* event)
+{
+    if (!thread) {
+        QDialog::closeEvent(event);
+        return;
+    }
+    closesAtEnd = true;
+    reject();
+    event->ignore();
+}
+
+void frmAVI::cmdFileOpen_Click()
+{
+    cFileDlg dialog;
+    dialog.OwnerHwnd = winId();
+    dialog.FileMustExist = true;
+    dialog.HideReadOnly = true;
+    dialog.DlgTitle = QStringLiteral("Choose BMP file to add to video stream");
+    dialog.Filter = QStringLiteral("BMP Files|*.bmp:DIB Files|*.dib");
+    dialog.InitDirectory = FolderOf(lastFile);
+    QString file;
+    if (dialog.VBGetOpenFileName(file))
+        AddFile(file);
+}
+
+frmAVI::Adding frmAVI::AddFile(const QString& file)
+{
+    lastFile = file;
+    const std::optional<AviFormat> format = FormatForList(list, file, NoticeBoxes());
+    if (!format)
+        return Adding::Refused;
+    ShowFile(file);
+    AddToList(list, file, *format);
+    const QSignalBlocker isShown(ui->lstDIBList);
+    ui->lstDIBList->addItem(file);
+    ui->lstDIBList->setCurrentRow(ui->lstDIBList->count() - 1);
+    EnableControls();
+    return Adding::Added;
+}
+
+void frmAVI::ShowFile(const QString& file)
+{
+    ui->imgPreview->SetPicture(ImageOf(LoadPicture(file)));
+}
+
+void frmAVI::cmdClearList_Click()
+{
+    list = {};
+    const QSignalBlocker isShown(ui->lstDIBList);
+    ui->lstDIBList->clear();
+    ui->imgPreview->SetPicture({});
+    EnableControls();
+}
+
+void frmAVI::lstDIBList_Click(int row)
+{
+    if (row >= 0)
+        ShowFile(list.files[row]);
+}
+
+void frmAVI::lstDIBList_Delete()
+{
+    const int row = ui->lstDIBList->currentRow();
+    if (row < 0 || writing)
+        return;
+    list.files.removeAt(row);
+    if (list.files.isEmpty()) {
+        cmdClearList_Click();
+        return;
+    }
+    {
+        // On the way the list names a row that is about to change its number.
+        const QSignalBlocker isMoving(ui->lstDIBList);
+        delete ui->lstDIBList->takeItem(row);
+    }
+    lstDIBList_Click(ui->lstDIBList->currentRow());
+}
+
+void frmAVI::cmdWriteAVI_Click()
+{
+    cFileDlg dialog;
+    dialog.OwnerHwnd = winId();
+    dialog.DefaultExt = QStringLiteral("avi");
+    dialog.DlgTitle = QStringLiteral("Choose a filename to save AVI to...");
+    dialog.Filter = QStringLiteral("AVI Files|*.avi");
+    QString path = QStringLiteral("MyAVI.avi");
+    if (!dialog.VBGetSaveFileName(path))
+        return;
+    AviState state = AviState::Dismissed;
+    const CommandEnd end = RunCommand([&] { state = BeginWriting(path); });
+    if (end == CommandEnd::Failed || state != AviState::Writing)
+        writing.reset();
+    else
+        StartThread();
+}
+
+AviState frmAVI::BeginWriting(const QString& path)
+{
+    writing = std::make_unique<AviWriting>(path, list, ui->txtFPS->text(), NoticesHere());
+    const AviState state = writing->Begin([this](const AviFormat& first) -> std::optional<AviOptions> {
+        dlgAviOptions dialog(first, this);
+        BindManualPage(dialog, dlgAviOptions::ManualPage);
+        return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Options()) : std::nullopt;
+    });
+    if (state == AviState::Failed) {
+        ui->lblStatus->setText(writing->Reason());
+        MsgBox(writing->Message(), BoxIcon::Information);
+    }
+    return state;
+}
+
+// Notices come from either thread; their boxes are shown here, one behind the other.
+NoticeSink frmAVI::NoticesHere()
+{
+    return [this](const std::string& text, NoticeIcon icon) {
+        QMetaObject::invokeMethod(this, [this, text, icon] {
+            notices.append({text, icon});
+            ShowNotices();
+        });
+    };
+}
+
+void frmAVI::ShowNotices()
+{
+    if (isShowingNotice)
+        return;
+    isShowingNotice = true;
+    while (!notices.isEmpty()) {
+        const auto [text, icon] = notices.takeFirst();
+        NoticeBoxes()(text, icon);
+    }
+    isShowingNotice = false;
+}
+
+void frmAVI::StartThread()
+{
+    ui->pgbFrames->setMaximum(static_cast<int>(writing->FrameCount()));
+    ui->pgbFrames->setValue(0);
+    ui->pgbFrames->setVisible(true);
+    ui->lblStatus->clear();
+    sincePreview.invalidate();
+    closesAtEnd = false;
+    EnableControls();
+    thread = std::make_unique<cAviThread>(
+        *writing, [this](qsizetype frame) { QMetaObject::invokeMethod(this, [this, frame] { ShowFrame(frame); }); },
+        [this](const AviEnd& end) { QMetaObject::invokeMethod(this, [this, end] { WritingEnded(end); }); });
+}
+
+void frmAVI::ShowFrame(qsizetype frame)
+{
+    ui->lblStatus->setText(QStringLiteral("Frame number %1 saved").arg(frame));
+    ui->pgbFrames->setValue(static_cast<int>(frame + 1));
+    const bool isLast = frame + 1 == list.files.size();
+    if (!isLast && sincePreview.isValid() && sincePreview.elapsed() < PreviewShare * previewCost)
+        return;
+    QElapsedTimer clock;
+    clock.start();
+    const QSignalBlocker isShown(ui->lstDIBList);
+    ui->lstDIBList->setCurrentRow(static_cast<int>(frame));
+    try {
+        ShowFile(list.files[frame]);
+    } catch (const RuntimeError&) {
+        // A file that is gone has been told; the picture before stays, as its frame does.
+    }
+    ui->imgPreview->repaint();
+    previewCost = std::max<qint64>(clock.elapsed(), 5);
+    sincePreview.start();
+}
+
+void frmAVI::WritingEnded(const AviEnd& end)
+{
+    thread.reset();
+    const std::unique_ptr<AviWriting> done = std::move(writing);
+    ui->pgbFrames->setVisible(false);
+    EnableControls();
+    if (end.state == AviState::Finished)
+        ui->lblStatus->setText(QStringLiteral("Finished!"));
+    else if (end.state == AviState::Writing)
+        ui->lblStatus->setText(QStringLiteral("Stopped. No file was written."));
+    else
+        ui->lblStatus->setText(done->Reason());
+    if (end.error)
+        RunCommand([&] { std::rethrow_exception(end.error); });
+    else if (end.state == AviState::Failed)
+        MsgBox(done->Message(), BoxIcon::Information);
+    if (closesAtEnd)
+        close();
+}
+
+void frmAVI::EnableControls()
+{
+    const bool isIdle = writing == nullptr;
+    const bool hasFiles = !list.files.isEmpty();
+    // The pressed button goes grey; its focus may not fall on Cancel, where one more key would end the writing.
+    if (!isIdle)
+        ui->lstDIBList->setFocus();
+    ui->cmdFileOpen->setEnabled(isIdle);
+    ui->cmdClearList->setEnabled(isIdle && hasFiles);
+    ui->cmdWriteAVI->setEnabled(isIdle && hasFiles);
+    ui->txtFPS->setEnabled(isIdle);
+}
+
+void frmAVI::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!writing && !FilesIn(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void frmAVI::dropEvent(QDropEvent* event)
+{
+    if (writing)
+        return;
+    const QStringList files = FilesIn(*event->mimeData());
+    event->acceptProposedAction();
+    // One box for a batch that does not fit, not one for each file.
+    RunCommand([&] {
+        (void)std::any_of(files.begin(), files.end(),
+                          [&](const QString& file) { return AddFile(file) == Adding::Refused; });
+    });
+}
+
+void mnuToolAVI_Click()
+{
+    ShowToolModally<frmAVI>();
+}
+
+} // namespace ob

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Makes a silent video from a list of bitmap files.
+#pragma once
+
+#include "imagetools/avi/cAviThread.h"
+#include "imagetools/avi/modAvi.h"
+
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QList>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace Ui {
+class frmAVI;
+}
+
+namespace ob {
+
+// Frames are written on a thread of their own, so that the window stays alive meanwhile. Cancel and Escape end the
+// writing first and close the window only then; the close button does both.
+class frmAVI final : public QDialog {
+    Q_OBJECT
+
+public:
+    static constexpr char ManualPage[] = "avi-maker";
+
+    explicit frmAVI(QWidget* parent = nullptr);
+    ~frmAVI() override;
+
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    enum class Adding { Added, Refused };
+
+    void cmdFileOpen_Click();
+    void cmdClearList_Click();
+    void cmdWriteAVI_Click();
+    void lstDIBList_Click(int row);
+    void lstDIBList_Delete();
+
+    Adding AddFile(const QString& file);
+    void ShowFile(const QString& file);
+    AviState BeginWriting(const QString& path);
+    NoticeSink NoticesHere();
+    void ShowNotices();
+    void StartThread();
+    void ShowFrame(qsizetype frame);
+    void WritingEnded(const AviEnd& end);
+    void EnableControls();
+
+    std::unique_ptr<Ui::frmAVI> ui;
+    AviList list;
+    QString lastFile;
+    std::unique_ptr<AviWriting> writing;
+    std::unique_ptr<cAviThread> thread; // at its end before what it works on
+    bool closesAtEnd = false;
+    QList<std::pair<std::string, NoticeIcon>> notices; // that wait for the one being shown
+    bool isShowingNotice = false;
+    QElapsedTimer sincePreview;
+    qint64 previewCost = 0; // milliseconds
+};
+
+void mnuToolAVI_Click();
+
+} // namespace ob

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Mixes a colour with three sliders and tells its numbers.
+#include "imagetools/colors/frmColor.h"
+
+#include "imagetools/colors/modPreviews.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmColorSample.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmColor.h"
+
+namespace ob {
+
+frmColor::frmColor(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmColor>())
+{
+    ui->setupUi(this);
+    for (const QSlider* slider : {ui->Slider1_0, ui->Slider1_1, ui->Slider1_2})
+        connect(slider, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
+    connect(ui->Command1, &QPushButton::clicked, this, [this] { RunCommand([this] { Command1_Click(); }); });
+    Slider1_Change();
+}
+
+frmColor::~frmColor() = default;
+
+ColorRef frmColor::Mixed() const
+{
+    const auto part = [](const QSlider* slider) { return static_cast<unsigned>(slider->value()); };
+    return Rgb(part(ui->Slider1_0), part(ui->Slider1_1), part(ui->Slider1_2));
+}
+
+void frmColor::Slider1_Change()
+{
+    SetLabelColors(*ui->Colbox, Mixed(), Mixed());
+    ui->Label1->setText(QStringLiteral("Red - %1").arg(ui->Slider1_0->value()));
+    ui->Label2->setText(QStringLiteral("Green - %1").arg(ui->Slider1_1->value()));
+    ui->Label3->setText(QStringLiteral("Blue - %1").arg(ui->Slider1_2->value()));
+}
+
+void frmColor::Command1_Click()
+{
+    SetStatusText(ColorStatus(Mixed(), NumberForm::Plain));
+    accept();
+}
+
+void mnuToolRGB_Click()
+{
+    ShowTool<frmColor>();
+}
+
+} // namespace ob

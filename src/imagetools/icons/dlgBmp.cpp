@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How an icon is made from a part of a picture, in words.
+#include "imagetools/icons/dlgBmp.h"
+
+#include "ui_dlgBmp.h"
+
+namespace ob {
+
+dlgBmp::dlgBmp(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgBmp>())
+{
+    ui->setupUi(this);
+    // All of the text, whatever the font.
+    resize(width(), layout()->heightForWidth(width()));
+    ui->OKButton->setFocus();
+    connect(ui->chkAgain, &QCheckBox::toggled, this, [](bool on) { isWanted = !on; });
+    connect(ui->OKButton, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+dlgBmp::~dlgBmp() = default;
+
+} // namespace ob

@@ -1,0 +1,509 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The icon bench.
+#include "imagetools/icons/frmIcon.h"
+
+#include "imagetools/icons/dlgBmp.h"
+#include "imagetools/icons/frmIconMenu.h"
+#include "imagetools/icons/modIconFile.h"
+#include "imagetools/pictures/modPicture.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
+#include "shell/state/modColors.h"
+#include "ui_frmIcon.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QEvent>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace ob {
+
+namespace {
+
+constexpr int RuntimeButton = 16;     // the number of the toolbar's button, from 1
+constexpr int TransparentSwatch = 16; // behind the sixteen
+
+QString ColorText(ColorRef color)
+{
+    return color == TransparentColor ? QStringLiteral("Transparent") : NameFromColor(QString::number(color));
+}
+
+QPixmap PixmapOf(const Icon& icon)
+{
+    return QPixmap::fromImage(ImageOf(PictureOf(icon)));
+}
+
+} // namespace
+
+frmIcon::frmIcon(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmIcon>())
+{
+    ui->setupUi(this);
+    auto* menus = new QMenuBar(this);
+    menus->setNativeMenuBar(false);
+    layout()->setMenuBar(menus);
+    items = BuildIconMenu(*menus);
+    buttons = BuildIconToolbar(*ui->Toolbar1, items);
+    MakeSwatches();
+    ConnectItems();
+    ConnectControls();
+    ui->fraBmp->hide();
+    ui->fraChoose->hide();
+    ShowOriginal({}, {});
+    Picture2_Click(0);
+    SetTool(IconTool::Paint);
+    mnuNew_Click();
+    ui->Picture3->setFocus();
+    if (parent != nullptr)
+        parent->installEventFilter(this);
+}
+
+frmIcon::~frmIcon()
+{
+    RemoveTempIcon();
+}
+
+void frmIcon::MakeSwatches()
+{
+    swatches = new QButtonGroup(this);
+    for (int index = 0; index < static_cast<int>(SwatchColor.size()); ++index) {
+        auto* swatch = findChild<frmIconSwatch*>(QStringLiteral("Picture2_%1").arg(index));
+        swatch->SetColor(SwatchColor[static_cast<std::size_t>(index)]);
+        swatch->setToolTip(ColorText(swatch->Color()));
+        swatch->setAccessibleName(ColorText(swatch->Color()));
+        swatches->addButton(swatch, index);
+    }
+    ui->Picture4->SetColor(TransparentColor);
+    swatches->addButton(ui->Picture4, TransparentSwatch);
+}
+
+void frmIcon::ConnectItems()
+{
+    static constexpr std::pair<const char*, Handler> handlers[] = {
+        {"mnuNew", &frmIcon::mnuNew_Click},
+        {"op", &frmIcon::op_Click},
+        {"openBitmap", &frmIcon::openBitmap_Click},
+        {"sva", &frmIcon::sva_Click},
+        {"runtimeicon", &frmIcon::runtimeicon_Click},
+        {"mnuExit", &frmIcon::reject},
+        {"und", &frmIcon::und_Click},
+        {"mnuPaint", &frmIcon::mnuPaint_Click},
+        {"chCol", &frmIcon::chCol_Click},
+        {"flHor", &frmIcon::flHor_Click},
+        {"flVer", &frmIcon::flVer_Click},
+        {"Rotat", &frmIcon::Rotat_Click},
+        {"mnuUp", &frmIcon::mnuUp_Click},
+        {"mnuDown", &frmIcon::mnuDown_Click},
+        {"mnuLeft", &frmIcon::mnuLeft_Click},
+        {"mnuRight", &frmIcon::mnuRight_Click},
+        {"hlp", &frmIcon::hlp_Click},
+        {"abo", &frmIcon::abo_Click},
+    };
+    for (const auto& [name, handler] : handlers) {
+        connect(items.value(QString::fromLatin1(name)), &QAction::triggered, this,
+                [this, click = handler] { RunCommand([this, click] { (this->*click)(); }); });
+    }
+}
+
+void frmIcon::ConnectControls()
+{
+    connect(ui->Picture3, &frmPixelGrid::MouseDown, this, &frmIcon::Picture3_MouseDown);
+    connect(ui->Picture3, &frmPixelGrid::MouseMove, this, &frmIcon::Picture3_MouseMove);
+    connect(ui->Picture3, &frmPixelGrid::MouseUp, this, &frmIcon::Picture3_MouseUp);
+    connect(ui->Picture3, &frmPixelGrid::MouseLeft, this, &frmIcon::ShowHint);
+    connect(swatches, &QButtonGroup::idClicked, this, [this](int index) {
+        if (index == TransparentSwatch)
+            Picture4_Click();
+        else
+            Picture2_Click(index);
+    });
+    connect(ui->cmdIcon0, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdIcon_Click(0); }); });
+    connect(ui->cmdIcon1, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdIcon_Click(1); }); });
+    connect(ui->cmdChoose, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdChoose_Click(); }); });
+    connect(ui->picBmp, &frmPictureArea::Selected, this,
+            [this](const IconRegion& region) { RunCommand([&] { picBmp_Selected(region); }); });
+    connect(ui->picBmp, &frmPictureArea::Ended, this, &frmIcon::HidePicture);
+    connect(ui->picBmp, &frmPictureArea::Followed, this,
+            [this](QPoint place) { ui->scrBmp->ensureVisible(place.x(), place.y(), 8, 8); });
+}
+
+// --- What is shown. -------------------------------------------------------------------------------------------------
+
+void frmIcon::ShowSheet(const QString& news)
+{
+    ui->Picture1->setPixmap(PixmapOf(sheet.icon));
+    ui->Picture3->ShowIcon(sheet.icon);
+    items.value(QStringLiteral("und"))->setEnabled(sheet.canUndo);
+    buttons[RuntimeButton - 1]->setEnabled(!sheet.isEmpty);
+    if (news.isEmpty())
+        ShowHint();
+    else
+        ui->lblState->setText(news);
+}
+
+void frmIcon::ShowHint()
+{
+    ui->lblState->setText(tool == IconTool::Paint
+                              ? QStringLiteral("Left button: paint. Right button: take the color of a pixel.")
+                              : QStringLiteral("Left button: change every pixel of that color. Right button: take the "
+                                               "color of a pixel."));
+}
+
+void frmIcon::ShowPlace(IconPoint place)
+{
+    const std::optional<IconPoint> cell = CellAt(place);
+    if (cell)
+        ui->lblState->setText(
+            QStringLiteral("%1, %2   %3").arg(cell->x).arg(cell->y).arg(ColorText(sheet.icon.At(cell->x, cell->y))));
+    else
+        ShowHint();
+}
+
+void frmIcon::ShowOriginal(const Icon& icon, const QString& words)
+{
+    ui->picOrig->setPixmap(PixmapOf(icon));
+    ui->lblOrig->setText(words);
+    ui->picOrig->setVisible(!words.isEmpty());
+    ui->lblOrig->setVisible(!words.isEmpty());
+}
+
+void frmIcon::SetTool(IconTool newTool)
+{
+    tool = newTool;
+    const bool paints = tool == IconTool::Paint;
+    items.value(paints ? QStringLiteral("mnuPaint") : QStringLiteral("chCol"))->setChecked(true);
+    ui->Picture3->setCursor(paints ? Qt::CrossCursor : Qt::UpArrowCursor);
+    ShowHint();
+}
+
+// --- Drawing. -------------------------------------------------------------------------------------------------------
+
+void frmIcon::Picture2_Click(int index)
+{
+    auto* swatch = static_cast<frmIconSwatch*>(swatches->button(index));
+    swatch->setChecked(true);
+    currentColor = swatch->Color();
+    QPixmap sample(IconSide, IconSide);
+    sample.fill(ColorOf(currentColor));
+    ui->Picture5->setPixmap(sample);
+    ui->lblCurrent->setText(ColorText(currentColor));
+}
+
+void frmIcon::Picture4_Click()
+{
+    Picture2_Click(TransparentSwatch);
+}
+
+void frmIcon::PaintCells(const std::vector<IconPoint>& cells)
+{
+    for (const IconPoint cell : cells)
+        sheet.icon.At(cell.x, cell.y) = currentColor;
+}
+
+void frmIcon::Picture3_MouseDown(IconPoint place, Qt::MouseButton button)
+{
+    if (IsOnGridLine(place))
+        return;
+    const IconPoint cell = *CellAt(place);
+    const ColorRef color = sheet.icon.At(cell.x, cell.y);
+    if (button == Qt::RightButton) {
+        if (const std::optional<int> swatch = SwatchOf(color))
+            Picture2_Click(*swatch);
+    } else if (button == Qt::LeftButton) {
+        SaveUndo(sheet);
+        painting = tool == IconTool::Paint;
+        lastPlace = place;
+        if (painting)
+            PaintCells({cell});
+        else
+            sheet.icon = ChangeAll(sheet.icon, color, currentColor);
+        ShowSheet();
+        ShowPlace(place);
+    }
+}
+
+void frmIcon::Picture3_MouseMove(IconPoint place)
+{
+    if (painting) {
+        PaintCells(CellsBetween(lastPlace, place));
+        lastPlace = place;
+        ShowSheet();
+    }
+    ShowPlace(place);
+}
+
+void frmIcon::Picture3_MouseUp()
+{
+    painting = false;
+}
+
+void frmIcon::Transform(Icon (*operation)(const Icon&))
+{
+    Edit(sheet, operation(sheet.icon));
+    ShowSheet();
+}
+
+void frmIcon::und_Click()
+{
+    painting = false;
+    Undo(sheet);
+    ShowSheet();
+}
+
+void frmIcon::mnuNew_Click()
+{
+    painting = false;
+    NewIcon(sheet);
+    ShowSheet();
+}
+
+void frmIcon::mnuPaint_Click()
+{
+    SetTool(IconTool::Paint);
+}
+
+void frmIcon::chCol_Click()
+{
+    SetTool(IconTool::ChangeAll);
+}
+
+void frmIcon::flHor_Click()
+{
+    Transform(Mirror);
+}
+
+void frmIcon::flVer_Click()
+{
+    Transform(Flip);
+}
+
+void frmIcon::Rotat_Click()
+{
+    Transform(Rotate);
+}
+
+void frmIcon::mnuUp_Click()
+{
+    Transform(ShiftUp);
+}
+
+void frmIcon::mnuDown_Click()
+{
+    Transform(ShiftDown);
+}
+
+void frmIcon::mnuLeft_Click()
+{
+    Transform(ShiftLeft);
+}
+
+void frmIcon::mnuRight_Click()
+{
+    Transform(ShiftRight);
+}
+
+// --- Icons from files. ----------------------------------------------------------------------------------------------
+
+void frmIcon::op_Click()
+{
+    const QString path = FileBox({FilePurpose::Open,
+                                  QStringLiteral("Open or Extract Icon"),
+                                  {},
+                                  {},
+                                  QStringLiteral("Icons (*.ico)(*.icl)(*.exe)(*.dll)|*.ICO;*.ICL;*.EXE;*.DLL")});
+    if (path.isEmpty())
+        return;
+    heldIcon.reset();
+    ui->fraChoose->hide();
+    ShowOriginal({}, {});
+    iconCount = IconCount(path);
+    if (iconCount == 0) {
+        ui->lblState->setText(QStringLiteral("There is no icon in %1.").arg(NameOf(path)));
+        return;
+    }
+    iconPath = path;
+    iconIndex = 0;
+    HidePicture();
+    ui->fraChoose->show();
+    ShowHeldIcon();
+    ui->cmdChoose->setFocus();
+}
+
+void frmIcon::ShowHeldIcon()
+{
+    heldIcon = ExtractIcon(iconPath, iconIndex);
+    Icon original;
+    if (heldIcon)
+        DrawIcon(original, *heldIcon);
+    const QString count = iconCount > 1 ? QStringLiteral("%1 of %2").arg(iconIndex + 1).arg(iconCount) : QString();
+    ShowOriginal(original, NameOf(iconPath) + (count.isEmpty() ? QString() : u'\n' + count));
+    ui->cmdChoose->setEnabled(heldIcon.has_value());
+    ui->cmdIcon0->setVisible(iconCount > 1);
+    ui->cmdIcon1->setVisible(iconCount > 1);
+    ui->cmdIcon0->setEnabled(iconIndex < iconCount - 1);
+    ui->cmdIcon1->setEnabled(iconIndex > 0);
+    if (heldIcon)
+        ShowHint();
+    else
+        ui->lblState->setText(QStringLiteral("This icon cannot be read."));
+}
+
+void frmIcon::cmdIcon_Click(int index)
+{
+    iconIndex = std::clamp(iconIndex + (index == 0 ? 1 : -1), 0, iconCount - 1);
+    ShowHeldIcon();
+}
+
+void frmIcon::cmdChoose_Click()
+{
+    Icon drawn;
+    DrawIcon(drawn, *heldIcon);
+    TakeIcon(sheet, WriteTempIcon(drawn));
+    ShowSheet();
+    ui->Picture3->setFocus();
+}
+
+// --- Icons from pictures. -------------------------------------------------------------------------------------------
+
+void frmIcon::openBitmap_Click()
+{
+    const QString path = FileBox({FilePurpose::Open,
+                                  QStringLiteral("Open Bitmap"),
+                                  {},
+                                  {},
+                                  QStringLiteral("Images (*.bmp)|*.BMP;*.JPG;*.WMF;")});
+    if (path.isEmpty())
+        return;
+    bitmap = LoadPicture(path);
+    heldIcon.reset();
+    ui->fraChoose->hide();
+    ShowOriginal({}, {});
+    ui->picBmp->ShowPicture(ImageOf(bitmap));
+    ShowPicture();
+    ui->picBmp->setFocus();
+    if (dlgBmp::isWanted) {
+        dlgBmp instructions(this);
+        BindManualPage(instructions, dlgBmp::ManualPage);
+        instructions.exec();
+    }
+}
+
+void frmIcon::ShowPicture()
+{
+    if (ui->fraBmp->isVisible())
+        return;
+    widthBefore = width();
+    ui->fraBmp->show();
+    // Room for a picture of middle size; of a larger one the bars show the rest.
+    constexpr int most = 480;
+    resize(widthBefore + std::clamp(bitmap.Width(), ui->scrBmp->minimumWidth(), most) + 24, height());
+}
+
+void frmIcon::HidePicture()
+{
+    if (!ui->fraBmp->isVisible())
+        return;
+    ui->fraBmp->hide();
+    layout()->activate();
+    resize(widthBefore, height());
+    ui->Picture3->setFocus();
+}
+
+void frmIcon::picBmp_Selected(const IconRegion& region)
+{
+    const Icon drawn = IconFromPicture(bitmap, region);
+    ShowOriginal(drawn, QStringLiteral("Part of the picture"));
+    Edit(sheet, WriteTempIcon(drawn));
+    SetTool(IconTool::Paint);
+    ShowSheet();
+}
+
+// --- Icons to files. ------------------------------------------------------------------------------------------------
+
+void frmIcon::sva_Click()
+{
+    int filter = 0;
+    FileSpec box;
+    box.purpose = FilePurpose::Save;
+    box.title = QStringLiteral("Save As");
+    box.filter = QStringLiteral("Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp");
+    box.filterIndex = &filter;
+    const QString path = FileBox(box);
+    if (path.isEmpty())
+        return;
+    ReplaceFile(path, filter == 1 ? BitmapFileOf(sheet.icon) : IconFileOf(sheet.icon));
+    MarkSaved(sheet);
+    ShowSheet(QStringLiteral("Saved as %1.").arg(NameOf(path)));
+}
+
+void frmIcon::runtimeicon_Click()
+{
+    const BoxAnswer answer = MsgBox(QStringLiteral("Is this program written in Orchard BASIC v4.x?"), BoxIcon::Question,
+                                    BoxButtons::YesNo, QStringLiteral("Orchard BASIC Version?"));
+    const QString path =
+        FileBox({FilePurpose::Open, QStringLiteral("Runtime Icon"), {}, {}, QStringLiteral("Runtime engine|*.exe")});
+    if (path.isEmpty())
+        return;
+    try {
+        InstallIcon(path, sheet.icon, answer == BoxAnswer::Yes ? EngineVersion::Four : EngineVersion::Three);
+    } catch (const RuntimeError& error) {
+        // No box tells of it.
+        ShowSheet(QStringLiteral("The icon was not put into %1: %2.").arg(NameOf(path), error.description));
+        return;
+    }
+    sheet.icon = ReducedIcon(sheet.icon);
+    ShowSheet();
+    MsgBox(QStringLiteral("Current Icon has been included in copy of runtime engine named ") + path);
+}
+
+void frmIcon::hlp_Click()
+{
+    OpenManual(QString::fromLatin1(ManualPage));
+}
+
+void frmIcon::abo_Click()
+{
+    ChooseMenuItem(QStringLiteral("mnuHelpAbout"));
+}
+
+// --- The end. -------------------------------------------------------------------------------------------------------
+
+frmIcon::Leaving frmIcon::QueryUnload()
+{
+    if (!sheet.isChanged)
+        return Leaving::Closes;
+    const BoxAnswer answer = MsgBox(QStringLiteral("Save icon?"), BoxIcon::Question, BoxButtons::YesNoCancel);
+    if (answer == BoxAnswer::Yes)
+        RunCommand([this] { sva_Click(); });
+    // What was to be saved and is not keeps the window open.
+    return answer == BoxAnswer::No || !sheet.isChanged ? Leaving::Closes : Leaving::Stays;
+}
+
+void frmIcon::reject()
+{
+    // A main window that is gone has asked before it went; its end closes the tools too.
+    const bool hasAsked = parentWidget() != nullptr && !parentWidget()->isVisible();
+    if (hasAsked || QueryUnload() == Leaving::Closes)
+        QDialog::reject();
+}
+
+// The bench goes down with its main window, and must not take an unsaved icon with it.
+bool frmIcon::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parent() && event->type() == QEvent::Close && isVisible() && QueryUnload() == Leaving::Stays) {
+        event->ignore();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void mnuToolIcon_Click()
+{
+    ShowTool<frmIcon>();
+}
+
+} // namespace ob

@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One image of an icon: a bitmap without file header whose height counts the mask too, or a PNG file.
+#include "imagetools/icons/modIconImage.h"
+
+#include "imaging/modBitmapFile.h"
+#include "imaging/modBitmapHeaders.h"
+
+#include <QImage>
+
+#include <algorithm>
+#include <array>
+#include <variant>
+
+namespace ob {
+
+namespace {
+
+// The first chunk with its length, which a PNG file always begins with.
+constexpr std::array<std::uint8_t, 16> PngStart = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
+                                                   0,    0,   0,   13,  'I',  'H',  'D',  'R'};
+constexpr std::size_t PngHeaderEnd = 29;
+
+// Where the parts of a bitmap lie, from its first byte.
+struct BitmapParts {
+    IconImageSize size;
+    std::size_t colors = 0;
+    std::size_t colorLine = 0;
+    std::size_t mask = 0;
+    std::size_t maskLine = 0;
+};
+
+bool IsSide(std::int64_t side)
+{
+    return side >= 1 && side <= MostIconSide;
+}
+
+std::size_t LineBytes(int width, int bits)
+{
+    return static_cast<std::size_t>((width * bits + 31) / 32 * 4);
+}
+
+std::optional<BitmapParts> BitmapPartsOf(ByteView bytes)
+{
+    constexpr std::uint32_t largestHeader = 4096;
+    if (bytes.size() < InfoHeaderSize)
+        return {};
+    const BitmapInfoHeader header = ReadInfoHeader(bytes);
+    const auto headerSize = static_cast<std::uint32_t>(header.biSize);
+    if (headerSize < InfoHeaderSize || headerSize > largestHeader || header.biCompression != 0)
+        return {};
+    constexpr std::array<int, 6> depths = {1, 4, 8, 16, 24, 32};
+    const int bits = header.biBitCount;
+    if (!IsSide(header.biWidth) || !IsSide(header.biHeight / 2) || std::ranges::count(depths, bits) == 0)
+        return {};
+    const auto colorsUsed = static_cast<std::uint32_t>(header.biClrUsed);
+    const std::uint32_t most = bits <= 8 ? 1U << bits : 256;
+    if (colorsUsed > most)
+        return {};
+
+    BitmapParts parts;
+    parts.size = {header.biWidth, header.biHeight / 2, bits};
+    const auto height = static_cast<std::size_t>(parts.size.height);
+    const std::uint32_t tableEntries = colorsUsed == 0 && bits <= 8 ? most : colorsUsed;
+    parts.colors = headerSize + std::size_t{tableEntries} * 4;
+    parts.colorLine = LineBytes(parts.size.width, bits);
+    parts.mask = parts.colors + parts.colorLine * height;
+    parts.maskLine = LineBytes(parts.size.width, 1);
+    if (parts.mask + parts.maskLine * height > bytes.size())
+        return {};
+    return parts;
+}
+
+bool IsPng(ByteView bytes)
+{
+    return bytes.size() >= PngStart.size() && std::equal(PngStart.begin(), PngStart.end(), bytes.begin());
+}
+
+std::uint32_t BigEndianLong(ByteView bytes, std::size_t offset)
+{
+    return std::uint32_t{bytes[offset]} << 24 | std::uint32_t{bytes[offset + 1]} << 16 |
+           std::uint32_t{bytes[offset + 2]} << 8 | bytes[offset + 3];
+}
+
+std::optional<IconImageSize> PngSize(ByteView bytes)
+{
+    constexpr std::size_t widthAt = 16;
+    constexpr std::size_t heightAt = 20;
+    constexpr std::size_t depthAt = 24;
+    constexpr std::size_t kindAt = 25;
+    constexpr std::array<int, 7> channelsOfKind = {1, 0, 3, 1, 2, 0, 4};
+    if (bytes.size() < PngHeaderEnd)
+        return {};
+    const std::uint32_t width = BigEndianLong(bytes, widthAt);
+    const std::uint32_t height = BigEndianLong(bytes, heightAt);
+    const std::uint8_t kind = bytes[kindAt];
+    const std::uint8_t depth = std::min<std::uint8_t>(bytes[depthAt], 16);
+    const int bits = kind < channelsOfKind.size() ? depth * channelsOfKind[kind] : 0;
+    if (!IsSide(width) || !IsSide(height) || bits == 0)
+        return {};
+    return IconImageSize{static_cast<int>(width), static_cast<int>(height), bits};
+}
+
+IconImage EmptyImage(const IconImageSize& size)
+{
+    IconImage image{size.width, size.height, size.bits, {}, {}, {}};
+    const auto count = static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
+    image.colors.resize(count);
+    image.mask.resize(count);
+    return image;
+}
+
+std::optional<IconImage> ReadPng(ByteView bytes, const IconImageSize& size)
+{
+    const QByteArrayView view(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+    const QImage decoded = QImage::fromData(view, "PNG").convertToFormat(QImage::Format_ARGB32);
+    if (decoded.width() != size.width || decoded.height() != size.height)
+        return {};
+    IconImage image = EmptyImage(size);
+    image.alpha.resize(image.colors.size());
+    std::size_t place = 0;
+    for (int y = 0; y < size.height; ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(decoded.constScanLine(y));
+        for (int x = 0; x < size.width; ++x, ++place) {
+            image.colors[place] = Rgb(static_cast<unsigned>(qRed(line[x])), static_cast<unsigned>(qGreen(line[x])),
+                                      static_cast<unsigned>(qBlue(line[x])));
+            image.alpha[place] = static_cast<std::uint8_t>(qAlpha(line[x]));
+        }
+    }
+    return image;
+}
+
+// The colours as a bitmap file of their own, which the imaging library reads.
+std::optional<cDIBSection> ReadColors(ByteView bytes, const BitmapParts& parts)
+{
+    BitmapFileHeader fileHeader;
+    fileHeader.bfType = BitmapFileType;
+    fileHeader.bfOffBits = static_cast<std::int32_t>(FileHeaderSize + parts.colors);
+    BitmapInfoHeader header = ReadInfoHeader(bytes);
+    header.biHeight = parts.size.height;
+    const auto fileHeaderBytes = BytesOf(fileHeader);
+    const auto headerBytes = BytesOf(header);
+    std::vector<std::uint8_t> file(fileHeaderBytes.begin(), fileHeaderBytes.end());
+    file.insert(file.end(), headerBytes.begin(), headerBytes.end());
+    const ByteView rest = bytes.subspan(InfoHeaderSize, parts.mask - InfoHeaderSize);
+    file.insert(file.end(), rest.begin(), rest.end());
+    auto read = ReadBitmap(file);
+    auto* picture = std::get_if<cDIBSection>(&read);
+    return picture == nullptr ? std::nullopt : std::optional(std::move(*picture));
+}
+
+void TakeAlpha(IconImage& image, ByteView bytes, const BitmapParts& parts)
+{
+    constexpr std::size_t alphaInPixel = 3;
+    image.alpha.resize(image.colors.size());
+    std::size_t place = 0;
+    for (int y = image.height - 1; y >= 0; --y) {
+        const std::size_t line = parts.colors + parts.colorLine * static_cast<std::size_t>(y);
+        for (int x = 0; x < image.width; ++x, ++place)
+            image.alpha[place] = bytes[line + static_cast<std::size_t>(x) * 4 + alphaInPixel];
+    }
+    if (std::ranges::count(image.alpha, 0) == std::ssize(image.alpha))
+        image.alpha.clear();
+}
+
+std::optional<IconImage> ReadIconBitmap(ByteView bytes, const BitmapParts& parts)
+{
+    const std::optional<cDIBSection> picture = ReadColors(bytes, parts);
+    if (!picture)
+        return {};
+    IconImage image = EmptyImage(parts.size);
+    std::size_t place = 0;
+    for (int y = image.height - 1; y >= 0; --y) {
+        const std::uint8_t* pixel = picture->Line(y);
+        const ByteView maskLine = bytes.subspan(parts.mask + parts.maskLine * static_cast<std::size_t>(y));
+        for (int x = 0; x < image.width; ++x, ++place, pixel += 3) {
+            image.colors[place] = Rgb(pixel[2], pixel[1], pixel[0]);
+            image.mask[place] = maskLine[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1;
+        }
+    }
+    if (parts.size.bits == 32)
+        TakeAlpha(image, bytes, parts);
+    return image;
+}
+
+ColorRef Blend(ColorRef background, ColorRef color, unsigned alpha)
+{
+    ColorRef blended = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const unsigned over = color >> shift & 255;
+        const unsigned under = background >> shift & 255;
+        blended |= (over * alpha + under * (255 - alpha) + 127) / 255 << shift;
+    }
+    return blended;
+}
+
+} // namespace
+
+std::optional<IconImageSize> ReadIconImageSize(ByteView bytes)
+{
+    if (IsPng(bytes))
+        return PngSize(bytes);
+    const std::optional<BitmapParts> parts = BitmapPartsOf(bytes);
+    return parts ? std::optional(parts->size) : std::nullopt;
+}
+
+std::optional<IconImage> ReadIconImage(ByteView bytes)
+{
+    if (IsPng(bytes)) {
+        const std::optional<IconImageSize> size = PngSize(bytes);
+        return size ? ReadPng(bytes, *size) : std::nullopt;
+    }
+    const std::optional<BitmapParts> parts = BitmapPartsOf(bytes);
+    return parts ? ReadIconBitmap(bytes, *parts) : std::nullopt;
+}
+
+void DrawIcon(Icon& target, const IconImage& image)
+{
+    if (image.width < 1 || image.height < 1)
+        return;
+    for (int y = 0; y < IconSide; ++y) {
+        for (int x = 0; x < IconSide; ++x) {
+            const auto place =
+                static_cast<std::size_t>(y * image.height / IconSide * image.width + x * image.width / IconSide);
+            ColorRef& pixel = target.At(x, y);
+            const ColorRef color = image.colors[place];
+            if (!image.alpha.empty())
+                pixel = Blend(pixel, color, image.alpha[place]);
+            else
+                pixel = (image.mask[place] != 0 ? pixel : 0) ^ color;
+        }
+    }
+}
+
+} // namespace ob

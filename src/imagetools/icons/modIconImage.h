@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One image of an icon, as icon files and programs hold it, and its drawing.
+#pragma once
+
+#include "imagetools/icons/modIcon.h"
+#include "imaging/modFileAccess.h"
+#include "platform/language/modColorNames.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace ob {
+
+// Sides beyond this are refused; the directories of icon files end at 256, PNG images may go beyond that.
+constexpr int MostIconSide = 1024;
+
+struct IconImageSize {
+    int width = 0;
+    int height = 0;
+    int bits = 0; // a pixel, all channels together
+    bool operator==(const IconImageSize&) const = default;
+};
+
+// Pixels in rows from the top, each from the left.
+struct IconImage {
+    int width = 0;
+    int height = 0;
+    int bits = 0;
+    std::vector<ColorRef> colors;
+    std::vector<std::uint8_t> mask;  // 1 where the background stays and the colour is laid over it by exclusive or
+    std::vector<std::uint8_t> alpha; // empty when the mask counts; then 255 covers the background, 0 leaves it
+};
+
+// What the header of an image says; nothing unless the bytes hold all that a bitmap of that size needs (1, 4, 8, 16,
+// 24 or 32 bits a pixel, not compressed), or are a PNG file with a header.
+std::optional<IconImageSize> ReadIconImageSize(ByteView bytes);
+
+// The image. Nothing where ReadIconImageSize gives nothing, and for a damaged PNG file.
+//
+// An image of 32 bits whose fourth channel is 0 everywhere has no alpha: it is drawn by its mask, as the system does.
+std::optional<IconImage> ReadIconImage(ByteView bytes);
+
+// Draws the image over the icon; one of another size is stretched, a pixel of the icon taking the image's at
+// x * width \ 32.
+void DrawIcon(Icon& target, const IconImage& image);
+
+} // namespace ob

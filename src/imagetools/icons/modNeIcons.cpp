@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The icons in programs and libraries of the NE format: one table, a block a type, a row a resource.
+#include "imagetools/icons/modNeIcons.h"
+
+#include "imaging/modBitmapHeaders.h"
+
+namespace ob {
+
+namespace {
+
+constexpr std::size_t HeaderBytes = 64;
+constexpr std::size_t BlockBytes = 8;
+constexpr std::size_t RowBytes = 12;
+constexpr std::uint16_t NumberBit = 0x8000; // of a type or a resource that has a number and no text
+// Places and lengths are counted in units of a power of two; the highest that a linker makes is far below.
+constexpr unsigned MostShift = 16;
+// The table's texts are found by offsets of 16 bits from its start.
+constexpr std::size_t MostTableBytes = 1 << 16;
+
+// Lengths are rounded up to whole units, so the last resource may seem to reach beyond the end.
+ByteView ResourceAt(ByteView file, const cByteReader& row, unsigned shift)
+{
+    const std::uint64_t offset = std::uint64_t{row.Word(0)} << shift;
+    if (offset >= file.size())
+        return {};
+    const std::uint64_t length = std::uint64_t{row.Word(2)} << shift;
+    return BytesAt(file, offset, std::min(length, file.size() - offset));
+}
+
+} // namespace
+
+IconTable ReadNeIcons(ByteView file, std::size_t header)
+{
+    const ByteView headerBytes = BytesAt(file, header, HeaderBytes);
+    if (headerBytes.empty())
+        return {};
+    const cByteReader fields(headerBytes);
+    constexpr std::uint16_t signature = 'N' | 'E' << 8;
+    const std::size_t tableOffset = fields.Word(36);
+    const std::size_t namesOffset = fields.Word(38);
+    // A program without resources has its names where the table would be.
+    if (fields.Word(0) != signature || tableOffset == 0 || tableOffset == namesOffset)
+        return {};
+    const std::size_t start = std::min(header + tableOffset, file.size());
+    const ByteView rows = file.subspan(start, std::min(MostTableBytes, file.size() - start));
+    const cByteReader reader(rows);
+    const unsigned shift = reader.Word(0);
+    if (shift > MostShift)
+        return {};
+
+    IconTable table;
+    std::size_t place = 2;
+    while (!BytesAt(rows, place, BlockBytes).empty() && reader.Word(place) != 0) {
+        const auto type = static_cast<std::uint16_t>(reader.Word(place) ^ NumberBit);
+        const std::size_t count = reader.Word(place + 2);
+        place += BlockBytes;
+        if (BytesAt(rows, place, count * RowBytes).empty() && count != 0)
+            break;
+        for (std::size_t index = 0; index < count; ++index, place += RowBytes) {
+            const cByteReader row(rows.subspan(place, RowBytes));
+            const std::uint16_t name = row.Word(6);
+            if (type == GroupResource)
+                table.groups.push_back(ResourceAt(file, row, shift));
+            else if (type == ImageResource && (name & NumberBit) != 0)
+                table.images.emplace_back(static_cast<std::uint16_t>(name ^ NumberBit), ResourceAt(file, row, shift));
+        }
+    }
+    table.SortImages();
+    return table;
+}
+
+} // namespace ob

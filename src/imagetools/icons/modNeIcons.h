@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The icons in programs and libraries of the older, 16-bit NE format, as icon libraries (.icl) mostly are.
+#pragma once
+
+#include "imagetools/icons/modIconTable.h"
+
+#include <cstddef>
+
+namespace ob {
+
+// The table of a program whose NE header starts there; empty for anything else.
+IconTable ReadNeIcons(ByteView file, std::size_t header);
+
+} // namespace ob

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plays media files and writes the code that plays them.
+#include "imagetools/media/frmMedia.h"
+
+#include "imagetools/media/modMedia.h"
+#include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmMedia.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QPointer>
+#include <QSignalBlocker>
+#include <QTimer>
+
+namespace ob {
+
+namespace {
+
+constexpr int TickLength = 100; // milliseconds
+
+QString WithLineFeeds(QString text)
+{
+    return text.remove(QLatin1Char('\r'));
+}
+
+} // namespace
+
+frmMedia::frmMedia(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMedia>()), tmrPlay(new QTimer(this))
+{
+    ui->setupUi(this);
+    tmrPlay->setObjectName(QStringLiteral("tmrPlay"));
+    tmrPlay->setInterval(TickLength);
+    connect(tmrPlay, &QTimer::timeout, this, [this] { RunCommand([this] { tmrPlay_Timer(); }); });
+    connect(ui->cmdOpen, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOpen_Click(); }); });
+    connect(ui->cmdPlay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdPlay_Click(); }); });
+    connect(ui->cmdStop, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdStop_Click(); }); });
+    connect(ui->cmdCode, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCode_Click(); }); });
+    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
+    connect(ui->cmdAVI, &QPushButton::clicked, this, [] { ChooseMenuItem(QStringLiteral("mnuToolAVI")); });
+    connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui->chkPath, &QCheckBox::clicked, this, [this] { RunCommand([this] { WriteCodeMedia(); }); });
+    connect(ui->txtCode, &QPlainTextEdit::textChanged, this, [this] { RunCommand([this] { WriteCodeMedia(); }); });
+    ui->cmdOpen->setFocus();
+}
+
+frmMedia::~frmMedia()
+{
+    tmrPlay->stop();
+    StopMedia();
+}
+
+void frmMedia::WriteCodeMedia()
+{
+    if (file.isEmpty())
+        return;
+    const MediaPath path = ui->chkPath->isChecked() ? MediaPath::Whole : MediaPath::NameOnly;
+    const QString code = WithLineFeeds(MediaCode(file, path));
+    // To colour the text changes it too.
+    const QSignalBlocker quiet(ui->txtCode);
+    ui->txtCode->ShowCode(code);
+    // What was put there in its place has to go, even if the code is the one that was shown last.
+    if (ui->txtCode->toPlainText() != code)
+        ui->txtCode->setPlainText(code);
+}
+
+void frmMedia::cmdOpen_Click()
+{
+    file = OpenFileDialog(QStringLiteral("Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"), QDir::currentPath());
+    ui->lblFile->setText(file.isEmpty() ? QStringLiteral("No File") : file);
+    WriteCodeMedia();
+    if (!file.isEmpty())
+        ui->cmdPlay->setFocus();
+}
+
+void frmMedia::cmdPlay_Click()
+{
+    if (!FileExists(file))
+        return;
+    // Events run while a file is opened, and one of them may close this window.
+    const QPointer<frmMedia> self(this);
+    QCoreApplication::processEvents();
+    if (self.isNull())
+        return;
+    if (!PlayMedia(file)) {
+        MsgBox(QStringLiteral("File does not appear to be a valid media file."), BoxIcon::Critical);
+        return;
+    }
+    if (self.isNull()) {
+        StopMedia();
+        return;
+    }
+    tmrPlay->start();
+    ShowTime(0);
+    ui->lblSilent->setVisible(IsMediaSilent());
+    if (const QString missing = MissingMediaText(); !missing.isEmpty())
+        MsgBox(missing, BoxIcon::Exclamation);
+}
+
+void frmMedia::cmdStop_Click()
+{
+    tmrPlay->stop();
+    ShowTime(0);
+    StopMedia();
+}
+
+void frmMedia::cmdCode_Click()
+{
+    if (CopyText(ui->txtCode->toPlainText().replace(QLatin1Char('\n'), QStringLiteral("\r\n"))))
+        MsgBox(QStringLiteral("Code has been copied to the clipboard.  Please paste into your program."));
+}
+
+void frmMedia::cmdCopy_Click()
+{
+    if (file.isEmpty()) {
+        MsgBox(QStringLiteral("No file to save!"));
+        return;
+    }
+    const QString target =
+        FileBox({FilePurpose::Save, QStringLiteral("Save As..."), QDir::currentPath(), {}, MediaCopyFilter(file)});
+    if (target.isEmpty())
+        return;
+    if (CopyMedia(file, target))
+        MsgBox(QStringLiteral("File has been saved as ") + target);
+    else
+        MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);
+}
+
+void frmMedia::tmrPlay_Timer()
+{
+    const QPointer<frmMedia> self(this);
+    const MediaProgress progress = PollMedia();
+    if (self.isNull())
+        return;
+    if (progress.hasEnded)
+        tmrPlay->stop();
+    ShowTime(progress.hasEnded ? 0 : progress.position);
+}
+
+void frmMedia::ShowTime(float position)
+{
+    ui->lblNow->setText(MediaTimeText(position, MediaLength));
+    const float part = MediaLength > 0 ? position / MediaLength : 0;
+    ui->prgNow->setValue(static_cast<int>(part * static_cast<float>(ui->prgNow->maximum())));
+}
+
+void mnuToolMedia_Click()
+{
+    ShowTool<frmMedia>();
+}
+
+} // namespace ob

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Browses the disk for WAV files and plays them.
+#include "imagetools/media/frmWav.h"
+
+#include "imagetools/media/modMedia.h"
+#include "platform/dialogs/frmFolderBrowser.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/media/modMci.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmWav.h"
+
+#include <QDir>
+
+namespace ob {
+
+frmWav::frmWav(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmWav>())
+{
+    ui->setupUi(this);
+    browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->Fil}, {QStringLiteral("*.wav")}, this);
+    connect(browser, &FolderBrowser::FolderChanged, this, [this] {
+        Fil_Click();
+        ui->lblState->setText(QStringLiteral("Reading the folder..."));
+    });
+    connect(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
+    connect(browser, &FolderBrowser::ChoiceChanged, this, [this] { Fil_Click(); });
+    connect(ui->Fil, &QListView::doubleClicked, this, [this] { RunCommand([this] { cmdPlay_Click(); }); });
+    connect(ui->cmdPlay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdPlay_Click(); }); });
+    connect(ui->cmdStop, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdStop_Click(); }); });
+    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
+    connect(ui->cmdExit, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdExit_Click(); }); });
+    browser->Start();
+    ui->Fil->setFocus();
+}
+
+frmWav::~frmWav()
+{
+    cmdStop_Click();
+}
+
+void frmWav::ShowCount()
+{
+    const qsizetype count = browser->Files().size();
+    ui->lblState->setText(count == 0 ? QStringLiteral("No WAV files in this folder")
+                                     : QStringLiteral("WAV files: %1").arg(count));
+}
+
+void frmWav::Fil_Click()
+{
+    ui->Text1->setText(browser->ChosenName());
+}
+
+void frmWav::cmdPlay_Click()
+{
+    if (browser->ChosenName().isEmpty()) {
+        MsgBox(QStringLiteral("Please choose a wav from the file box!"), BoxIcon::Exclamation);
+        return;
+    }
+    const bool isPlaying = sndPlaySoundA(browser->ChosenPath(), SND_ASYNC | SND_NODEFAULT);
+    if (const QString missing = MissingMediaText(); !missing.isEmpty())
+        MsgBox(missing, BoxIcon::Exclamation);
+    else if (!isPlaying)
+        ui->lblState->setText(QStringLiteral("This file cannot be played."));
+    else if (IsMediaSilent())
+        ui->lblState->setText(QStringLiteral("There is no sound device to play it on."));
+    else
+        ShowCount();
+}
+
+void frmWav::cmdStop_Click()
+{
+    // The name of no sound: what it does is to end the one in progress.
+    sndPlaySoundA(QStringLiteral("1"), SND_SYNC);
+}
+
+void frmWav::cmdCopy_Click()
+{
+    if (browser->ChosenName().isEmpty()) {
+        MsgBox(QStringLiteral("No wav is chosen!"));
+        return;
+    }
+    const QString target = FileBox({FilePurpose::Save,
+                                    QStringLiteral("Save As..."),
+                                    QDir::currentPath(),
+                                    {},
+                                    QStringLiteral("Wav sound file (*.wav)|*.wav")});
+    if (!target.isEmpty() && !CopyMedia(browser->ChosenPath(), target))
+        MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);
+}
+
+void frmWav::cmdExit_Click()
+{
+    cmdStop_Click();
+    reject();
+}
+
+void mnuToolWav_Click()
+{
+    ShowToolModally<frmWav>();
+}
+
+} // namespace ob

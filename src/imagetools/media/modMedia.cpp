@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Media files: playing them, and the code that plays them.
+#include "imagetools/media/modMedia.h"
+
+#include "platform/files/cFileReplacement.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modRuntime.h"
+#include "platform/media/modMci.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+#include <vector>
+
+namespace ob {
+
+namespace {
+
+constexpr int BufferSize = 128;
+
+// The answer to a question about the file that plays: the number at its start.
+float Ask(const QString& command)
+{
+    QByteArray buffer(BufferSize, ' ');
+    mciSendStringA(command, &buffer, BufferSize, 0);
+    const qsizetype end = buffer.indexOf('\0');
+    return static_cast<float>(Val(QByteArrayView(buffer).first(end < 0 ? buffer.size() : end)));
+}
+
+void PlayOn(const QString& device, const QString& file)
+{
+    StopMedia();
+    QByteArray buffer(BufferSize, ' ');
+    mciSendStringA(QStringLiteral("open ") + device + u'!' + file + QStringLiteral(" alias PlayFile "), &buffer,
+                   BufferSize, 0);
+    MediaLength = Ask(QStringLiteral("status PlayFile length"));
+    mciSendStringA(QStringLiteral("play PlayFile"), nullptr, 0, 0);
+}
+
+QString TypeClause(MediaType type)
+{
+    switch (type) {
+    case MediaType::Midi:
+        return QStringLiteral(" type sequencer alias PlayFile");
+    case MediaType::Avi:
+        return QStringLiteral(" type avivideo alias PlayFile");
+    case MediaType::Mpeg:
+        return QStringLiteral(" type mpegvideo alias PlayFile");
+    case MediaType::Unknown:
+        break;
+    }
+    return {};
+}
+
+// Paths in programs have the separator of the programs' own system.
+QString WithoutFolders(const QString& file)
+{
+    return file.sliced(std::max(file.lastIndexOf(u'/'), file.lastIndexOf(u'\\')) + 1);
+}
+
+QString ClockText(float milliseconds)
+{
+    // A damaged file can claim any length.
+    constexpr float longest = 1e12F;
+    const auto seconds = std::llround(std::floor(std::clamp(milliseconds, 0.0F, longest) / 1000));
+    const auto twoDigits = [](long long number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
+    const QString rest = twoDigits(seconds % 60);
+    const auto minutes = seconds / 60;
+    if (minutes < 60)
+        return QStringLiteral("%1:%2").arg(minutes).arg(rest);
+    return QStringLiteral("%1:%2:%3").arg(minutes / 60).arg(twoDigits(minutes % 60), rest);
+}
+
+} // namespace
+
+void PlayAVI(const QString& file)
+{
+    PlayOn(QStringLiteral("AVIvideo"), file);
+}
+
+void PlayMIDI(const QString& file)
+{
+    PlayOn(QStringLiteral("sequencer"), file);
+}
+
+void PlayMPEG(const QString& file)
+{
+    PlayOn(QStringLiteral("MPEGvideo"), file);
+}
+
+void StopMedia()
+{
+    mciSendStringA(QStringLiteral("close all"), nullptr, 0, 0);
+}
+
+MediaProgress PollMedia()
+{
+    const float position = Ask(QStringLiteral("status PlayFile position"));
+    if (position < MediaLength)
+        return {position, false};
+    StopMedia();
+    return {position, true};
+}
+
+QString MediaExtension(const QString& file)
+{
+    const qsizetype dot = file.indexOf(u'.');
+    return dot < 0 ? QString() : file.sliced(dot + 1);
+}
+
+MediaType MediaTypeOf(const QString& file)
+{
+    const QString extension = LowerAscii(MediaExtension(file));
+    if (extension == QLatin1String("avi"))
+        return MediaType::Avi;
+    if (extension == QLatin1String("mid"))
+        return MediaType::Midi;
+    for (const QLatin1String mpeg : {QLatin1String("mpg"), QLatin1String("mpeg"), QLatin1String("mp3")})
+        if (extension == mpeg)
+            return MediaType::Mpeg;
+    return MediaType::Unknown;
+}
+
+bool PlayMedia(const QString& file)
+{
+    switch (MediaTypeOf(file)) {
+    case MediaType::Avi:
+        PlayAVI(file);
+        return true;
+    case MediaType::Midi:
+        PlayMIDI(file);
+        return true;
+    case MediaType::Mpeg:
+        PlayMPEG(file);
+        return true;
+    case MediaType::Unknown:
+        break;
+    }
+    return false;
+}
+
+QString MediaCode(const QString& file, MediaPath path)
+{
+    const QString name = path == MediaPath::Whole ? file : WithoutFolders(file);
+    const QString call = QStringLiteral("calldll #winmm, \"mciSendStringA\", a$ as ptr, 0 as long, 0 as long, "
+                                        "0 as long, r as long\r\n");
+    return QStringLiteral("a$ = \"open ") + name + TypeClause(MediaTypeOf(file)) + QStringLiteral("\"\r\n") + call +
+           QStringLiteral("a$ = \"play PlayFile wait\"\r\n") + call + QStringLiteral("a$ = \"close PlayFile\"\r\n") +
+           call;
+}
+
+QString MediaCopyFilter(const QString& file)
+{
+    switch (MediaTypeOf(file)) {
+    case MediaType::Midi:
+        return QStringLiteral("MIDI Files (*.mid)| *.mid");
+    case MediaType::Avi:
+        return QStringLiteral("AVI Files (*.avi)| *.avi");
+    case MediaType::Mpeg:
+        return EqualsIgnoreCase(MediaExtension(file), QLatin1String("mp3"))
+                   ? QStringLiteral("Music Files (*.mp3)| *.mp3")
+                   : QStringLiteral("Movie Files (*.mpg)| *.mpg");
+    case MediaType::Unknown:
+        break;
+    }
+    return {};
+}
+
+bool CopyMedia(const QString& from, const QString& to)
+{
+    // A film may be larger than memory, so it goes over piece by piece.
+    constexpr qint64 step = qint64{1} << 20;
+    QFile source(from);
+    if (!QFileInfo(from).isFile() || !source.open(QIODevice::ReadOnly))
+        return false;
+    try {
+        cFileReplacement target(to);
+        std::vector<std::uint8_t> piece(step);
+        for (;;) {
+            const qint64 count = source.read(reinterpret_cast<char*>(piece.data()), step);
+            if (count < 0)
+                return false;
+            if (count == 0)
+                break;
+            target.Write(std::span(piece).first(static_cast<std::size_t>(count)));
+        }
+        target.Finish();
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+QString MediaTimeText(float position, float length)
+{
+    return ClockText(std::min(position, length)) + QStringLiteral(" / ") + ClockText(length);
+}
+
+QString MissingMediaText()
+{
+    switch (LastMediaTrouble()) {
+    case MediaTrouble::NoPlayer:
+        return QStringLiteral("The library MediaPlayerOB, which plays media files, cannot be loaded.  Please reinstall "
+                              "Orchard Bench.");
+    case MediaTrouble::NoSoundFont:
+        return QStringLiteral("MIDI files need a sound font, and none was found.  Please install one, for example the "
+                              "package timgm6mb-soundfont.");
+    case MediaTrouble::None:
+    case MediaTrouble::NoSoundDevice:
+        break;
+    }
+    return {};
+}
+
+bool IsMediaSilent()
+{
+    return LastMediaTrouble() == MediaTrouble::NoSoundDevice;
+}
+
+} // namespace ob

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Metafiles of 32-bit records (.emf).
+#pragma once
+
+#include "imagetools/metafiles/modMetafile.h"
+
+namespace ob {
+
+// Whether the bytes begin with the header of such a file.
+bool IsEmf(QByteArrayView bytes);
+
+// As PlayMetafile. The size is that of the header's frame, or, when that is empty, of its bounds. Records of the later
+// kind within comments are skipped as all comments are; files with both kinds are drawn by the others.
+std::variant<QImage, MetafileError> PlayEmf(QByteArrayView bytes);
+
+} // namespace ob

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Browses pictures. They are read away from the window's thread, so that a large one holds nothing up.
+#include "imagetools/pictures/frmBitmap.h"
+
+#include "imagetools/pictures/modImageFiles.h"
+#include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmFolderBrowser.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmBitmap.h"
+
+#include <QTimer>
+
+namespace ob {
+
+using namespace std::chrono_literals;
+
+static constexpr auto pollEvery = 15ms;
+
+frmBitmap::frmBitmap(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmBitmap>()), timer(new QTimer(this))
+{
+    ui->setupUi(this);
+    ui->splitter->setSizes({width() / 2, width() / 2});
+    browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns(ImageLibrary::Unused), this);
+    Connect();
+    ShowListCount();
+    browser->Start();
+    ui->File1->setFocus();
+}
+
+frmBitmap::~frmBitmap() = default;
+
+void frmBitmap::Connect()
+{
+    connect(timer, &QTimer::timeout, this, [this] { RunCommand([this] { TakePreview(); }); });
+    connect(browser, &FolderBrowser::FolderChanged, this, [this] {
+        ui->lblState->setText(QStringLiteral("Reading the folder..."));
+        File1_Click();
+    });
+    connect(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
+    connect(browser, &FolderBrowser::ChoiceChanged, this, [this] { File1_Click(); });
+    connect(ui->Picture1, &frmPreviewBox::BoxChanged, this, [this] {
+        // A picture that is being read is read for a box of another size.
+        const QString path = loader.IsBusy() ? asked : picture2.path;
+        if (!path.isEmpty())
+            AskFor(path);
+    });
+    connect(ui->chkDLL, &QCheckBox::clicked, this, [this] { RunCommand([this] { chkDLL_Click(); }); });
+    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
+    connect(ui->cmdCreate, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCreate_Click(); }); });
+    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
+    connect(ui->cmdJpg, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdJpg_Click(); }); });
+    connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+// --- Showing. -------------------------------------------------------------------------------------------------------
+
+void frmBitmap::ShowCount()
+{
+    const qsizetype count = browser->Files().size();
+    ui->lblState->setText(count == 0 ? QStringLiteral("No pictures in this folder")
+                                     : QStringLiteral("Pictures: %1").arg(count));
+}
+
+void frmBitmap::ShowListCount()
+{
+    ui->lblList->setText(
+        QStringLiteral("In the LoadBmp list: %1 of %2").arg(list.Paths().size()).arg(cLoadBmpList::Most));
+}
+
+void frmBitmap::AskFor(const QString& path)
+{
+    asked = path;
+    loader.Ask(ui->Picture1->RequestFor(path));
+    timer->start(pollEvery);
+}
+
+void frmBitmap::TakePreview()
+{
+    if (const auto preview = loader.Take())
+        ShowPreview(*preview);
+    if (!loader.IsBusy())
+        timer->stop();
+}
+
+void frmBitmap::ShowPreview(const Preview& preview)
+{
+    if (preview.IsEmpty()) {
+        ui->lblProblem->setText(CannotBeShownText(preview.path));
+        return;
+    }
+    picture2 = preview;
+    ui->Picture1->ShowPreview(preview);
+    ui->lblName->setText(NameOf(preview.path));
+    ui->Label1->setText(QStringLiteral("Dimensions: %1 x %2").arg(preview.size.width()).arg(preview.size.height()));
+}
+
+void frmBitmap::File1_Click()
+{
+    const QString name = browser->ChosenName();
+    ui->cmdAdd->setEnabled(!name.isEmpty());
+    ui->Text1->setText(name.isEmpty() ? QString() : browser->ChosenPath());
+    if (name.isEmpty())
+        return;
+    ui->lblProblem->clear();
+    AskFor(browser->ChosenPath());
+}
+
+void frmBitmap::chkDLL_Click()
+{
+    browser->SetPatterns(BitmapPatterns(ui->chkDLL->isChecked() ? ImageLibrary::Used : ImageLibrary::Unused));
+}
+
+// --- The list. ------------------------------------------------------------------------------------------------------
+
+void frmBitmap::cmdAdd_Click()
+{
+    const qsizetype place = browser->ChosenPlace();
+    if (list.Add(browser->ChosenPath()) == cLoadBmpList::Answer::Full)
+        MsgBox(BmpListFullText);
+    else
+        browser->Choose(place + 1);
+    ShowListCount();
+}
+
+void frmBitmap::cmdCreate_Click()
+{
+    if (list.Count() < 1) {
+        const BoxAnswer answer = MsgBox(QStringLiteral("No bitmaps are selected. Do you want to add bitmaps?"),
+                                        BoxIcon::Question, BoxButtons::YesNo, QStringLiteral("Error!"));
+        if (answer == BoxAnswer::No)
+            reject();
+        return;
+    }
+    const auto library = ui->chkDLL->isChecked() ? ImageLibrary::Used : ImageLibrary::Unused;
+    const auto information = ui->chkPath->isChecked() ? PathInformation::Full : PathInformation::Left;
+    if (!CopyText(LoadBmpText(list.Paths(), library, information)))
+        return;
+    MsgBox(QStringLiteral("Bitmap list has been copied to the clipboard.  Please paste it into your program."),
+           BoxIcon::Information);
+    accept();
+}
+
+// --- Files. ---------------------------------------------------------------------------------------------------------
+
+void frmBitmap::cmdCopy_Click()
+{
+    constexpr auto patience = 5s;
+    // What was chosen last is meant, also when it is still being read.
+    if (const auto preview = loader.Wait(patience))
+        ShowPreview(*preview);
+    if (picture2.IsEmpty()) {
+        MsgBox(QStringLiteral("No bitmap to save!"), BoxIcon::Exclamation);
+        return;
+    }
+    const QString path = FileBox({FilePurpose::Save, QStringLiteral("Save As..."), browser->Folder(), QString(),
+                                  QStringLiteral("Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;")});
+    if (!path.isEmpty())
+        SaveImageFile(picture2.path, path, ui->chk256->isChecked() ? ImageColors::Reduced256 : ImageColors::AsTheyAre);
+}
+
+void frmBitmap::cmdJpg_Click()
+{
+    if (!CarriesImageLibrary()) {
+        MsgBox(NoImageLibraryText, BoxIcon::Exclamation);
+        return;
+    }
+    const QString folder = FolderBox(QStringLiteral("Save Image DLL to Disk"), browser->Folder());
+    if (!folder.isEmpty())
+        MsgBox(QStringLiteral("Image DLL saved as ") + WriteImageLibrary(folder));
+}
+
+void mnuToolBitmap_Click()
+{
+    ShowTool<frmBitmap>();
+}
+
+} // namespace ob

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Browses pictures, saves them, and writes the lines that load a list of them into a program.
+#pragma once
+
+#include "imagetools/pictures/cPreviewLoader.h"
+#include "imagetools/pictures/modLoadBmp.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class QTimer;
+
+namespace Ui {
+class frmBitmap;
+}
+
+namespace ob {
+
+class FolderBrowser;
+
+class frmBitmap final : public QDialog {
+    Q_OBJECT
+
+public:
+    static constexpr char ManualPage[] = "bitmap-preview";
+
+    explicit frmBitmap(QWidget* parent = nullptr);
+    ~frmBitmap() override;
+
+private:
+    void Connect();
+    void ShowCount();
+    void AskFor(const QString& path);
+    void TakePreview();
+    void ShowPreview(const Preview& preview);
+    void ShowListCount();
+
+    void File1_Click();
+    void chkDLL_Click();
+    void cmdAdd_Click();
+    void cmdCreate_Click();
+    void cmdCopy_Click();
+    void cmdJpg_Click();
+
+    std::unique_ptr<Ui::frmBitmap> ui;
+    FolderBrowser* browser = nullptr; // owned by this window
+    QTimer* timer;                    // runs while a preview is to come
+    cPreviewLoader loader;
+    QString asked;    // the picture that the loader was asked for last
+    Preview picture2; // the picture on the screen
+    cLoadBmpList list;
+};
+
+void mnuToolBitmap_Click();
+
+} // namespace ob

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the bitmap previewer does to files: which it lists, saving a picture, writing out the image library.
+#pragma once
+
+#include "imagetools/pictures/modLoadBmp.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace ob {
+
+// The patterns of the file list. With the image library the last one holds a comma, and so fits next to nothing.
+QStringList BitmapPatterns(ImageLibrary library);
+
+// "rose.bmp cannot be shown."
+QString CannotBeShownText(const QString& path);
+
+enum class ImageColors { AsTheyAre, Reduced256 };
+
+// Copies the picture's file, in whatever format it is, or writes the picture as a bitmap of 256 colours, and tells the
+// user which, or that it failed. After a failure an older file of that name is as it was.
+void SaveImageFile(const QString& source, const QString& target, ImageColors colors);
+
+inline const QString NoImageLibraryText =
+    QStringLiteral("This Orchard Bench was built without the image library jpeg.dll, so there is none to save.");
+
+bool CarriesImageLibrary();
+
+// Writes jpeg.dll and its demonstration program into the folder; the library's path. Raises what ReplaceFile of
+// modFiles.h raises.
+QString WriteImageLibrary(const QString& folder);
+
+} // namespace ob

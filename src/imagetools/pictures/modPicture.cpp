@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The imaging library's way to the toolkit and to the disk.
+#include "imagetools/pictures/modPicture.h"
+
+#include "imagetools/metafiles/modMetafile.h"
+#include "imaging/modBitmapFile.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFilePieces.h"
+#include "platform/files/modFiles.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImageReader>
+
+#include <cerrno>
+#include <vector>
+
+namespace ob {
+
+namespace {
+
+ByteView ViewOf(QByteArrayView bytes)
+{
+    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())};
+}
+
+cDIBSection PictureOfToolkit(QByteArrayView bytes)
+{
+    QImageReader::setAllocationLimit(MostPictureMegabytes);
+    QByteArray content = QByteArray::fromRawData(bytes.data(), bytes.size());
+    QBuffer buffer(&content);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    // Drawings of this format may hold text, and the toolkit ends a process that draws text without fonts.
+    if (reader.format().startsWith("svg") && !CanDrawText())
+        throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
+    cDIBSection picture = CreateFromPicture(reader.read());
+    if (picture.hDib() == 0)
+        throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
+    return picture;
+}
+
+cDIBSection PictureOfMetafile(QByteArrayView bytes)
+{
+    const auto played = PlayMetafile(bytes);
+    const auto* image = std::get_if<QImage>(&played);
+    cDIBSection picture = image == nullptr ? cDIBSection() : CreateFromPicture(*image);
+    if (picture.hDib() == 0)
+        throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
+    return picture;
+}
+
+std::vector<QByteArrayView> ViewsOf(std::span<const ByteView> pieces)
+{
+    std::vector<QByteArrayView> views;
+    for (const ByteView piece : pieces)
+        views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
+    return views;
+}
+
+WriteResult ResultOf(const RuntimeError& error)
+{
+    switch (static_cast<ErrorNumber>(error.number)) {
+    case ErrorNumber::PathNotFound:
+        return {FileOutcome::NotOpened, ENOENT};
+    case ErrorNumber::PathFileAccess:
+        return {FileOutcome::NotOpened, EACCES};
+    case ErrorNumber::PermissionDenied:
+        return {FileOutcome::NotOpened, EBUSY};
+    default:
+        return {FileOutcome::Failed, EIO};
+    }
+}
+
+template <class Write>
+FileWriter WriterOf(Write write)
+{
+    return [write](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
+        try {
+            write(QString::fromStdString(fileName), FilePieces(ViewsOf(pieces)));
+            return {};
+        } catch (const RuntimeError& error) {
+            return ResultOf(error);
+        }
+    };
+}
+
+} // namespace
+
+cDIBSection PictureOfBytes(QByteArrayView bytes)
+{
+    if (!bytes.startsWith("BM"))
+        return IsMetafile(bytes) ? PictureOfMetafile(bytes) : PictureOfToolkit(bytes);
+    auto read = ReadBitmap(ViewOf(bytes));
+    if (auto* picture = std::get_if<cDIBSection>(&read))
+        return std::move(*picture);
+    throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
+}
+
+cDIBSection LoadPicture(const QString& path)
+{
+    return PictureOfBytes(ReadWhole(path));
+}
+
+bool CopyToClipboard(const cDIBSection& picture, ClipboardForm form)
+{
+    if (form == ClipboardForm::Dib) {
+        MsgBox(QStringLiteral("I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"));
+        return false;
+    }
+    if (picture.hDib() == 0 || !qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return false;
+    QGuiApplication::clipboard()->setImage(ImageOf(picture));
+    return true;
+}
+
+FileReader DiskReader()
+{
+    return [](const std::string& fileName) -> FileContent {
+        const QString path = QString::fromStdString(fileName);
+        if (!FileExists(path))
+            return {};
+        try {
+            const QByteArray bytes = ReadWhole(path);
+            return {FileOutcome::Done, {bytes.begin(), bytes.end()}, {}};
+        } catch (const RuntimeError& error) {
+            // A file that is there and may not be read is as closed to us as one that is in use.
+            const bool isLocked =
+                error.number == static_cast<int>(ErrorNumber::PermissionDenied) ||
+                (error.number == static_cast<int>(ErrorNumber::PathFileAccess) && QFileInfo(path).isFile());
+            return {isLocked ? FileOutcome::Locked : FileOutcome::NotOpened, {}, error.description.toStdString()};
+        }
+    };
+}
+
+FileWriter DiskWriter()
+{
+    return WriterOf([](const QString& path, FilePieces pieces) { ReplaceFile(path, pieces); });
+}
+
+FileWriter DiskWriterKeepingTail()
+{
+    return WriterOf([](const QString& path, FilePieces pieces) { WriteKeepingTail(path, pieces); });
+}
+
+NoticeSink NoticeBoxes()
+{
+    return [](const std::string& text, NoticeIcon icon) {
+        MsgBox(QString::fromStdString(text), icon == NoticeIcon::Stop ? BoxIcon::Critical : BoxIcon::Information);
+    };
+}
+
+RuntimeError RuntimeErrorOf(const ImagingError& error)
+{
+    return {error.number, QString::fromStdString(error.source), QString::fromStdString(error.description)};
+}
+
+} // namespace ob

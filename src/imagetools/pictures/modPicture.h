@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The imaging library's way to the toolkit and to the disk: pictures from files, images, the clipboard.
+#pragma once
+
+#include "imagetools/images/modImage.h"
+#include "imaging/cImagingError.h"
+#include "imaging/modFileAccess.h"
+#include "platform/language/cRuntimeError.h"
+
+#include <QByteArrayView>
+#include <QImage>
+#include <QString>
+
+namespace ob {
+
+// Room for pictures of about a hundred million points; the toolkit refuses larger ones before it makes them.
+constexpr int MostPictureMegabytes = 512;
+
+// The picture in the bytes of a file: a bitmap, a metafile, or any format that the toolkit reads. Transparent parts
+// lie on white. Raises InvalidPicture.
+cDIBSection PictureOfBytes(QByteArrayView bytes);
+
+// The picture of a file. Raises FileNotFound, PathFileAccess, DeviceIoError, InvalidPicture.
+cDIBSection LoadPicture(const QString& path);
+
+// Puts the picture on the clipboard. False when there is no picture or no clipboard, and, after a message, for the
+// device-independent form.
+enum class ClipboardForm { Bitmap, Dib };
+bool CopyToClipboard(const cDIBSection& picture, ClipboardForm form);
+
+// Files on disk for the imaging library; names are UTF-8. The writer replaces a file whole or leaves the old one; the
+// other writes at the start of a file and leaves what a longer one holds behind it.
+FileReader DiskReader();
+FileWriter DiskWriter();
+FileWriter DiskWriterKeepingTail();
+
+// The library's messages as boxes.
+NoticeSink NoticeBoxes();
+
+// The library's error as the one that the program shows.
+RuntimeError RuntimeErrorOf(const ImagingError& error);
+
+} // namespace ob

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Makes the mask of a sprite and shows both.
+#include "imagetools/sprites/frmMask.h"
+
+#include "imagetools/pictures/modPicture.h"
+#include "imagetools/sprites/frmBatch.h"
+#include "imagetools/sprites/modMask.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmMask.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QGuiApplication>
+
+namespace ob {
+
+namespace {
+
+// The pointer tells for as long as this lives that the program is at work.
+class Hourglass {
+public:
+    Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
+cDIBSection CopyOf(const cDIBSection& picture)
+{
+    cDIBSection copy;
+    copy.Create(picture.Width(), picture.Height());
+    copy.LoadPictureBlt(picture);
+    return copy;
+}
+
+} // namespace
+
+frmMask::frmMask(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMask>())
+{
+    ui->setupUi(this);
+    ui->picMask->hide();
+    connect(ui->cmdOpen, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOpen_Click(); }); });
+    connect(ui->cmdSave, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdSave_Click(); }); });
+    connect(ui->cmdBatch, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdBatch_Click(); }); });
+    connect(ui->cmdHelp, &QPushButton::clicked, this, [] { RunCommand([] { cmdHelp_Click(); }); });
+    connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmMask::~frmMask() = default;
+
+void frmMask::ShowPicture(const QString& fileName, cDIBSection picture)
+{
+    mask = std::move(picture);
+    ui->lblWork->hide();
+    ui->picMask->SetPicture(mask);
+    ui->picMask->show();
+    setWindowTitle(QDir::toNativeSeparators(fileName));
+}
+
+void frmMask::DoMask(const QString& fileName)
+{
+    constexpr int columnsPerStep = 10;
+    ShowPicture(fileName, SpriteTwice(LoadPicture(fileName)));
+    const Hourglass pointer;
+    // The picture must have its place before parts of it are painted.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    ui->picMask->repaint();
+    for (int x = 0; x < mask.Width(); x += columnsPerStep) {
+        MaskColumns(mask, x, columnsPerStep);
+        ui->picMask->ShowColumns(mask, x, columnsPerStep);
+    }
+}
+
+void frmMask::cmdOpen_Click()
+{
+    const QString path = OpenFileDialog(QStringLiteral("Sprite Image (*.bmp)|*.BMP"), QDir::currentPath());
+    if (!path.isEmpty())
+        DoMask(path);
+}
+
+void frmMask::cmdSave_Click()
+{
+    FileSpec spec;
+    spec.purpose = FilePurpose::Save;
+    spec.title = QStringLiteral("Save As");
+    spec.filter = QStringLiteral("Bitmap |*.bmp");
+    spec.extension = QStringLiteral("bmp");
+    QString path;
+    try {
+        path = FileBox(spec);
+    } catch (const RuntimeError&) {
+        MsgBox(QStringLiteral("Sprite/mask was not saved."), BoxIcon::Critical);
+        return;
+    }
+    if (path.isEmpty())
+        return;
+    try {
+        SaveMask(path, mask);
+    } catch (const RuntimeError&) {
+        MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);
+        return;
+    }
+    setWindowTitle(path);
+}
+
+void frmMask::cmdBatch_Click()
+{
+    frmBatch batch(this);
+    BindManualPage(batch, frmBatch::ManualPage);
+    connect(&batch, &frmBatch::Masked, this,
+            [this](const QString& path, const cDIBSection& picture) { ShowPicture(path, CopyOf(picture)); });
+    batch.exec();
+}
+
+void frmMask::cmdHelp_Click()
+{
+    MsgBox(QStringLiteral("Click the *Batch* button to open a batch processing dialog.  It will allow you to process "
+                          "all bitmaps in a chosen directory to include masks.  Bitmap files will be overwritten with "
+                          "the masked versions.\n\n"
+                          "Open a sprite image bitmap.  A proper sprite is a figure surrounded by a black background.  "
+                          "The mask maker will automatically place a black and white mask of the image above the "
+                          "sprite, making a proper sprite for use with Orchard BASIC sprite functions.  If the "
+                          "resulting image looks correct, be sure to save it.  It will not be saved automatically.  "
+                          "Images that do not fit within the viewing area will still be masked properly."),
+           BoxIcon::Information);
+}
+
+void mnuToolMask_Click()
+{
+    ShowTool<frmMask>();
+}
+
+} // namespace ob

@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// File association: the registry on Windows; elsewhere the freedesktop.org files of this user ("Shared MIME-info
+// Database" 0.21, "Desktop Entry" 1.5, "Association between MIME types and applications" 1.0.1).
+#include "platform/desktop/modAssociation.h"
+
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStandardPaths>
+
+#include <array>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+
+#include <string>
+#endif
+
+namespace ob {
+
+namespace {
+
+// The folder that a variable names; a relative one does not count.
+QString FolderFromEnvironment(const char* variable, const QString& otherwise)
+{
+    const QString folder = qEnvironmentVariable(variable);
+    return QDir::isAbsolutePath(folder) ? QDir::cleanPath(folder) : QDir::homePath() + otherwise;
+}
+
+} // namespace
+
+AssociationPlaces UsersPlaces(const QString& iconFolder)
+{
+    return {QCoreApplication::applicationFilePath(),
+            FolderFromEnvironment("XDG_DATA_HOME", QStringLiteral("/.local/share")),
+            FolderFromEnvironment("XDG_CONFIG_HOME", QStringLiteral("/.config")), iconFolder};
+}
+
+QByteArray ExecutableInEntry(const QString& executable)
+{
+    static constexpr QByteArrayView reserved = " \t\n\"'\\><~|&;$*?#()`";
+    QByteArray argument = executable.toUtf8();
+    bool quoted = false;
+    for (const char sign : reserved)
+        quoted = quoted || argument.contains(sign);
+    if (quoted) {
+        for (const char* sign : {"\\", "\"", "`", "$"})
+            argument.replace(sign, QByteArray("\\") + sign);
+        argument = '"' + argument + '"';
+    }
+    // A percent sign begins a place for files; and the value as a whole is escaped once more, as any text there.
+    argument.replace("%", "%%").replace("\\", "\\\\");
+    return argument.replace("\n", "\\n").replace("\t", "\\t").replace("\r", "\\r");
+}
+
+namespace {
+
+constexpr std::array<const char*, 2> fileTypes = {"application/x-orchard-basic", "application/x-orchard-form"};
+
+enum class EntryPlace { First, Nowhere };
+
+// The list of programs of a line "type=a.desktop;b.desktop;", with the entry moved to its place.
+QByteArray LineWithEntry(const QByteArray& line, const QByteArray& entry, EntryPlace place)
+{
+    const qsizetype sign = line.indexOf('=');
+    QByteArrayList programs;
+    for (const QByteArray& program : line.mid(sign + 1).split(';'))
+        if (!program.trimmed().isEmpty())
+            programs.append(program.trimmed());
+    if (place == EntryPlace::First && !programs.isEmpty() && programs.first() == entry)
+        return line;
+    if (place == EntryPlace::Nowhere && !programs.contains(entry))
+        return line;
+    programs.removeAll(entry);
+    if (place == EntryPlace::First)
+        programs.prepend(entry);
+    const QByteArray joined = programs.isEmpty() ? QByteArray() : programs.join(';') + ';';
+    return line.left(sign + 1) + joined + (line.endsWith('\r') ? "\r" : "");
+}
+
+// Where a line goes that is put at the end of the group: behind its last line that is not empty.
+qsizetype EndOfGroup(const QByteArrayList& lines, qsizetype header)
+{
+    qsizetype end = header + 1;
+    for (qsizetype i = end; i < lines.size() && !lines[i].trimmed().startsWith('['); ++i)
+        if (!lines[i].trimmed().isEmpty())
+            end = i + 1;
+    return end;
+}
+
+void PutEntry(QByteArrayList& lines, const QByteArray& group, const QByteArray& type, const QByteArray& entry,
+              EntryPlace place)
+{
+    bool inside = false;
+    bool found = false;
+    qsizetype header = -1;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QByteArray line = lines[i].trimmed();
+        if (line.startsWith('[')) {
+            inside = line == '[' + group + ']';
+            if (inside && header < 0)
+                header = i;
+        } else if (inside && line.contains('=') && line.left(line.indexOf('=')).trimmed() == type) {
+            lines[i] = LineWithEntry(lines[i], entry, place);
+            found = true;
+        }
+    }
+    if (found || place == EntryPlace::Nowhere)
+        return;
+    if (header < 0) {
+        while (!lines.isEmpty() && lines.last().isEmpty())
+            lines.removeLast();
+        if (!lines.isEmpty())
+            lines.append(QByteArray());
+        header = lines.size();
+        lines.append({'[' + group + ']', QByteArray()});
+    }
+    lines.insert(EndOfGroup(lines, header), type + '=' + entry + ';');
+}
+
+} // namespace
+
+QByteArray WithProgramFirst(const QByteArray& list, const QByteArray& entry)
+{
+    QByteArrayList lines = list.split('\n');
+    for (const char* type : fileTypes) {
+        PutEntry(lines, "Default Applications", type, entry, EntryPlace::First);
+        PutEntry(lines, "Added Associations", type, entry, EntryPlace::First);
+        PutEntry(lines, "Removed Associations", type, entry, EntryPlace::Nowhere);
+    }
+    return lines.join('\n');
+}
+
+#ifdef Q_OS_WIN
+
+namespace {
+
+// Makes or opens the key and sets the default value of that key below it, the empty name being the key itself.
+void SetDefaultValue(HKEY root, const std::wstring& name, const std::wstring& below, const std::wstring& value)
+{
+    HKEY key = nullptr;
+    if (RegCreateKeyW(root, name.c_str(), &key) != ERROR_SUCCESS)
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess);
+    const auto size = static_cast<DWORD>(value.size() * sizeof(wchar_t));
+    const auto end = RegSetValueW(key, below.c_str(), REG_SZ, value.c_str(), size);
+    RegCloseKey(key);
+    if (end != ERROR_SUCCESS)
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess);
+}
+
+// What the file manager remembers of the user's own choice gives way to the association.
+void DropTheUsersChoice(const std::wstring& command)
+{
+    HKEY key = nullptr;
+    const wchar_t name[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\.bas";
+    if (RegCreateKeyW(HKEY_CURRENT_USER, name, &key) != ERROR_SUCCESS)
+        return;
+    const auto size = static_cast<DWORD>(command.size() * sizeof(wchar_t));
+    for (const wchar_t* value : {L"Application", L"Progid"}) {
+        RegDeleteValueW(key, value);
+        RegSetValueW(key, value, REG_SZ, command.c_str(), size);
+    }
+    RegCloseKey(key);
+}
+
+} // namespace
+
+void AssociateFileTypes(const AssociationPlaces& places)
+{
+    const std::wstring program = QDir::toNativeSeparators(places.executable).toStdWString();
+    const std::wstring name = QFileInfo(places.executable).fileName().toStdWString();
+    const std::wstring kind = L"OB Bench";
+    SetDefaultValue(HKEY_CLASSES_ROOT, kind, L"", L"BAS");
+    SetDefaultValue(HKEY_CLASSES_ROOT, kind, L"shell\\open\\command", program + L" %1");
+    SetDefaultValue(HKEY_CLASSES_ROOT, kind, L"DefaultIcon", program);
+    SetDefaultValue(HKEY_CLASSES_ROOT, L".bas", L"", kind);
+    DropTheUsersChoice(name + L" %1");
+    SetDefaultValue(HKEY_CLASSES_ROOT, L".obf", L"", kind);
+}
+
+#else
+
+namespace {
+
+const QString ProgramName = QStringLiteral("orchard-bench");
+
+void WriteInto(const QString& folder, const QString& name, const QByteArray& bytes)
+{
+    if (!QDir().mkpath(folder))
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess);
+    ReplaceFile(folder + QLatin1Char('/') + name, bytes);
+}
+
+QByteArray CarriedFile(const QString& name)
+{
+    return ReadWhole(QStringLiteral(":/texts/") + name);
+}
+
+QByteArray DesktopEntry(const QString& executable)
+{
+    QByteArrayList lines = CarriedFile(ProgramName + QStringLiteral(".desktop")).split('\n');
+    for (QByteArray& line : lines)
+        if (line.startsWith("Exec="))
+            line = "Exec=" + ExecutableInEntry(executable) + " %f";
+    return lines.join('\n');
+}
+
+// app-48.png goes to hicolor/48x48/apps, app.svg to hicolor/scalable/apps.
+void WriteIcons(const AssociationPlaces& places)
+{
+    const QString theme = places.dataFolder + QStringLiteral("/icons/hicolor");
+    const QDir icons(places.iconFolder);
+    for (const QString& name : icons.entryList({QStringLiteral("app-*.png")}, QDir::Files)) {
+        const QString side = name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0);
+        WriteInto(QStringLiteral("%1/%2x%2/apps").arg(theme, side), ProgramName + QStringLiteral(".png"),
+                  ReadWhole(icons.filePath(name)));
+    }
+    WriteInto(theme + QStringLiteral("/scalable/apps"), ProgramName + QStringLiteral(".svg"),
+              ReadWhole(icons.filePath(QStringLiteral("app.svg"))));
+}
+
+enum class ToolEnd { Done, Failed, Missing };
+
+// Runs one of the desktop's tools on the user's folders.
+ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStringList& arguments)
+{
+    constexpr int patience = 30'000; // milliseconds
+    const QString tool = QStandardPaths::findExecutable(name);
+    if (tool.isEmpty())
+        return ToolEnd::Missing;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), places.dataFolder);
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), places.configFolder);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(tool, arguments);
+    const bool ended = process.waitForFinished(patience);
+    return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 ? ToolEnd::Done
+                                                                                            : ToolEnd::Failed;
+}
+
+// What the tool has written, or failed to write, is brought to what the two types need; mostly nothing is left to do.
+void MakeDefault(const AssociationPlaces& places, const QString& entry)
+{
+    const QString name = QStringLiteral("mimeapps.list");
+    const QString path = places.configFolder + QLatin1Char('/') + name;
+    QStringList arguments = {QStringLiteral("default"), entry};
+    for (const char* type : fileTypes)
+        arguments.append(QString::fromLatin1(type));
+    // The tool would put a file in the place of a link.
+    if (!QFileInfo(path).isSymLink())
+        RunTool(places, QStringLiteral("xdg-mime"), arguments);
+
+    const QByteArray list = FileExists(path) ? ReadWhole(path) : QByteArray();
+    const QByteArray wanted = WithProgramFirst(list, entry.toUtf8());
+    if (wanted != list)
+        WriteInto(places.configFolder, name, wanted);
+}
+
+} // namespace
+
+void AssociateFileTypes(const AssociationPlaces& places)
+{
+    const QString entry = ProgramName + QStringLiteral(".desktop");
+    const QString typeName = ProgramName + QStringLiteral(".xml");
+    const QString types = places.dataFolder + QStringLiteral("/mime");
+    const QString applications = places.dataFolder + QStringLiteral("/applications");
+    WriteIcons(places);
+    WriteInto(types + QStringLiteral("/packages"), typeName, CarriedFile(typeName));
+    WriteInto(applications, entry, DesktopEntry(places.executable));
+    // Without its tool the desktop has no list of types that had to be brought up to date.
+    if (RunTool(places, QStringLiteral("update-mime-database"), {types}) == ToolEnd::Failed)
+        throw RuntimeErrorOf(ErrorNumber::DeviceIoError);
+    // This one only makes the desktop quicker.
+    RunTool(places, QStringLiteral("update-desktop-database"), {applications});
+    MakeDefault(places, entry);
+}
+
+#endif
+
+} // namespace ob

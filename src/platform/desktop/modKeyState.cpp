@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The keyboard's lock keys: by the system on Windows, by the X server or the keyboard's lamps elsewhere.
+#include "platform/desktop/modKeyState.h"
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#else
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLibrary>
+#endif
+
+namespace ob {
+
+#ifdef Q_OS_WIN
+
+bool IsLockOn(LockKey key)
+{
+    return (GetKeyState(key == LockKey::NumLock ? VK_NUMLOCK : VK_CAPITAL) & 1) != 0;
+}
+
+#else
+
+namespace {
+
+// Indicator bits of XkbGetIndicatorState, X Keyboard Extension.
+unsigned IndicatorState(void* display)
+{
+    using GetState = int (*)(void*, unsigned, unsigned*);
+    static const auto getState =
+        reinterpret_cast<GetState>(QLibrary::resolve(QStringLiteral("X11"), 6, "XkbGetIndicatorState"));
+    constexpr unsigned CoreKeyboard = 0x100;
+    unsigned state = 0;
+    return getState != nullptr && getState(display, CoreKeyboard, &state) == 0 ? state : 0;
+}
+
+bool IsLampOn(const QString& lamp)
+{
+    const QDir lamps(QStringLiteral("/sys/class/leds"));
+    for (const QString& name : lamps.entryList({QStringLiteral("*::") + lamp}, QDir::Dirs | QDir::System)) {
+        QFile brightness(lamps.filePath(name + QStringLiteral("/brightness")));
+        if (brightness.open(QIODevice::ReadOnly) && brightness.readAll().trimmed().toInt() > 0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+bool IsLockOn(LockKey key)
+{
+    // Without a server behind it the interface is there and its display is not.
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 != nullptr && x11->display() != nullptr)
+        return (IndicatorState(x11->display()) & (key == LockKey::CapsLock ? 1u : 2u)) != 0;
+    return IsLampOn(key == LockKey::CapsLock ? QStringLiteral("capslock") : QStringLiteral("numlock"));
+}
+
+#endif
+
+} // namespace ob

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Lets a window browse the disk with three of its controls: drives, folders, and files that match patterns.
+#pragma once
+
+#include "platform/files/modFolders.h"
+
+#include <QObject>
+
+#include <future>
+
+class QComboBox;
+class QListView;
+class QModelIndex;
+class QStandardItem;
+class QStandardItemModel;
+class QStringListModel;
+class QTimer;
+class QTreeView;
+
+namespace ob {
+
+// Fills the three controls and keeps them in step. Disks are read on threads of their own, so that the window never
+// hangs on one: the folders above show at once, what the folder holds comes when it has been read.
+//
+// In the folders Enter and a double click go into one, Backspace goes out of it.
+class FolderBrowser final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Controls {
+        QComboBox* drives;
+        QTreeView* folders;
+        QListView* files;
+    };
+
+    // Shows the current folder. Connect to the signals, then call Start.
+    FolderBrowser(const Controls& controls, const QStringList& patterns, QObject* parent);
+    void Start();
+
+    void ShowFolder(const QString& path);
+    void SetPatterns(const QStringList& patterns); // the folder is read anew
+
+    const QString& Folder() const { return folder; }
+    bool IsReading() const { return folderContents.valid(); }
+
+    // The names in the list, and the one that is chosen ("" when none is).
+    QStringList Files() const;
+    QString ChosenName() const;
+    QString ChosenPath() const;    // ends in a separator when no name is chosen
+    void Choose(qsizetype place);  // from 0; nothing happens outside the list
+    qsizetype ChosenPlace() const; // -1 when none is
+
+Q_SIGNALS:
+    void FolderChanged(); // the list is empty from here until FilesListed
+    void FilesListed();
+    void ChoiceChanged();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void FillDrives(const QList<Drive>& found);
+    void ShowContents(const FolderContents& contents);
+    void TakeResults();
+    void GoInto(const QModelIndex& chosen);
+    QStandardItem* FolderItem(const QString& path, const QString& name, bool open) const;
+
+    Controls controls;
+    QStandardItemModel* folders;
+    QStringListModel* files;
+    QTimer* timer; // runs while a result is to come
+    QList<Drive> drives;
+    QStringList patterns;
+    QString folder;
+    std::future<QList<Drive>> mountedDrives;
+    std::future<FolderContents> folderContents;
+};
+
+} // namespace ob

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The seam of the modal boxes and the one place that shows an uncaught runtime error.
+#include "platform/dialogs/modDialogs.h"
+
+#include "platform/language/cRuntimeError.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStringList>
+
+#include <cstdio>
+#include <new>
+
+namespace ob {
+
+namespace {
+
+// Without windows a box is a line on standard error and answers as its closing would.
+class ConsoleDialogs final : public cDialogs {
+public:
+    BoxAnswer Message(const MessageSpec& spec) override
+    {
+        QString line = spec.text;
+        line.replace(QLatin1String("\r\n"), QLatin1String(" ")).replace(QLatin1Char('\n'), QLatin1Char(' '));
+        std::fprintf(stderr, "obtool: note: %s\n", line.trimmed().toUtf8().constData());
+        switch (spec.buttons) {
+        case BoxButtons::Ok:
+            return BoxAnswer::Ok;
+        case BoxButtons::OkCancel:
+            return BoxAnswer::Cancel;
+        case BoxButtons::YesNo:
+            return BoxAnswer::No;
+        case BoxButtons::YesNoCancel:
+        case BoxButtons::RetryCancel:
+            return BoxAnswer::Cancel;
+        case BoxButtons::AbortRetryIgnore:
+            return BoxAnswer::Abort;
+        }
+        return BoxAnswer::Cancel;
+    }
+
+    std::optional<QString> Input(const InputSpec&) override { return std::nullopt; }
+    QString File(const FileSpec&) override { return {}; }
+    QString Folder(const FolderSpec&) override { return {}; }
+    std::optional<std::uint32_t> Color(const ColorSpec&) override { return std::nullopt; }
+    std::optional<FontSpec> Font(const FontSpec&) override { return std::nullopt; }
+};
+
+cDialogs*& Current()
+{
+    static ConsoleDialogs console;
+    static cDialogs* current = &console;
+    return current;
+}
+
+} // namespace
+
+cDialogs* SetDialogs(cDialogs* dialogs)
+{
+    cDialogs* before = Current();
+    Current() = dialogs;
+    return before;
+}
+
+BoxAnswer MsgBox(const QString& text, BoxIcon icon, BoxButtons buttons, const QString& title)
+{
+    return Current()->Message({text, icon, buttons, title});
+}
+
+std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial)
+{
+    return Current()->Input({prompt, title, initial});
+}
+
+QString FileBox(const FileSpec& spec)
+{
+    const QString chosen = Current()->File(spec);
+    // As on the boxes' first system, the folder of the choice is where the next box starts.
+    if (!chosen.isEmpty())
+        QDir::setCurrent(QFileInfo(chosen).absolutePath());
+    return chosen;
+}
+
+QString OpenFileDialog(const QString& filter, const QString& folder)
+{
+    return FileBox({FilePurpose::Open, QStringLiteral("Open File..."), folder, {}, filter});
+}
+
+QString FolderBox(const QString& title, const QString& start)
+{
+    return Current()->Folder({title, start});
+}
+
+std::optional<std::uint32_t> ColorBox(const QString& title, std::uint32_t start)
+{
+    return Current()->Color({title, start});
+}
+
+std::optional<FontSpec> FontBox(const FontSpec& start)
+{
+    return Current()->Font(start);
+}
+
+QList<FileFilter> FileFiltersOf(const QString& filter)
+{
+    QList<FileFilter> filters;
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        FileFilter pair{parts[i].trimmed(), {}};
+        const QStringList patterns = parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts);
+        for (QString pattern : patterns) {
+            pattern.remove(QLatin1Char('(')).remove(QLatin1Char(')'));
+            pattern = pattern.trimmed();
+            // Elsewhere than on its first system a name without a dot must match "every file" too.
+            pair.patterns.append(pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern);
+        }
+        filters.append(pair);
+    }
+    return filters;
+}
+
+void ShowRuntimeError(const RuntimeError& error)
+{
+    MsgBox(QStringLiteral("Run-time error '%1':\n%2").arg(error.number).arg(error.description), BoxIcon::Critical);
+}
+
+CommandEnd RunCommand(const std::function<void()>& command)
+{
+    try {
+        command();
+        return CommandEnd::Finished;
+    } catch (const RuntimeError& error) {
+        ShowRuntimeError(error);
+    } catch (const std::bad_alloc&) {
+        ShowRuntimeError(RuntimeError(7, {}, QStringLiteral("Out of memory")));
+    }
+    return CommandEnd::Failed;
+}
+
+} // namespace ob

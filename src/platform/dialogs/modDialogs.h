@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every modal box of the program: message, input and file boxes, behind a seam that tests and obtool replace.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+namespace ob {
+
+class RuntimeError;
+
+enum class BoxIcon { None, Critical, Question, Exclamation, Information };
+enum class BoxButtons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
+enum class BoxAnswer { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
+enum class FilePurpose { Open, Save };
+
+struct MessageSpec {
+    QString text;
+    BoxIcon icon = BoxIcon::None;
+    BoxButtons buttons = BoxButtons::Ok;
+    QString title; // empty: the program's name
+};
+
+struct InputSpec {
+    QString prompt;
+    QString title;
+    QString initial;
+};
+
+struct FileSpec {
+    FilePurpose purpose = FilePurpose::Open;
+    QString title;
+    QString folder; // where the dialog starts; empty: the current directory
+    QString name;   // the name that stands in the field at first
+    QString filter; // "Words|*.bas;*.bak|Other words|*.*": pairs of text and patterns
+
+    QString extension = {}; // "bmp": what a name without one gets when it is saved
+
+    // Where it is not null: the place of the filter that is shown first and, afterwards, of the one chosen, from 0.
+    int* filterIndex = nullptr;
+};
+
+struct ColorSpec {
+    QString title;
+    std::uint32_t start = 0; // red in the low byte, as the answer
+};
+
+// A font as the font box takes and gives it; the size is in points.
+struct FontSpec {
+    QString name;
+    int size = 10;
+    bool bold = false;
+    bool italic = false;
+};
+
+struct FolderSpec {
+    QString title;
+    QString start;
+};
+
+// The boxes themselves. The file and folder boxes give an empty string when nothing was chosen.
+class cDialogs {
+public:
+    cDialogs() = default;
+    cDialogs(const cDialogs&) = delete;
+    cDialogs& operator=(const cDialogs&) = delete;
+    virtual ~cDialogs() = default;
+
+    virtual BoxAnswer Message(const MessageSpec& spec) = 0;
+    virtual std::optional<QString> Input(const InputSpec& spec) = 0;
+    virtual QString File(const FileSpec& spec) = 0;
+    virtual QString Folder(const FolderSpec& spec) = 0;
+    virtual std::optional<std::uint32_t> Color(const ColorSpec& spec) = 0;
+    virtual std::optional<FontSpec> Font(const FontSpec& start) = 0;
+};
+
+// Puts the boxes of this process in place; the owner keeps them alive. Gives back those that stood before.
+cDialogs* SetDialogs(cDialogs* dialogs);
+
+BoxAnswer MsgBox(const QString& text, BoxIcon icon = BoxIcon::None, BoxButtons buttons = BoxButtons::Ok,
+                 const QString& title = {});
+std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial);
+QString FileBox(const FileSpec& spec);
+
+// A file box titled "Open File..." for files that exist. Empty: nothing chosen.
+QString OpenFileDialog(const QString& filter, const QString& folder);
+
+QString FolderBox(const QString& title, const QString& start);
+std::optional<std::uint32_t> ColorBox(const QString& title, std::uint32_t start);
+std::optional<FontSpec> FontBox(const FontSpec& start);
+
+// "Words|*.bas;*.bak|More|*.*" taken apart: a text and its patterns for each pair; "*.*" becomes "*".
+struct FileFilter {
+    QString label;
+    QStringList patterns;
+};
+QList<FileFilter> FileFiltersOf(const QString& filter);
+
+// "Run-time error 'N':", a line break and the description, with the stop icon.
+void ShowRuntimeError(const RuntimeError& error);
+
+enum class CommandEnd { Finished, Failed };
+
+// Runs a command to its end. A runtime error that nobody caught ends the command and is shown; the program goes on.
+CommandEnd RunCommand(const std::function<void()>& command);
+
+} // namespace ob

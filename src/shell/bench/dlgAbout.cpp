@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Name, version and licence of the program.
+#include "shell/bench/dlgAbout.h"
+
+#include "shell/state/frmTool.h"
+#include "ui_dlgAbout.h"
+
+#include <QIcon>
+#include <QPushButton>
+
+namespace ob {
+
+namespace {
+
+// The system's about box takes the title and the first line as one text, parted by a sign.
+const QString ApplicationText = QStringLiteral("About OB Bench#     OB Bench  v " OB_VERSION);
+const QString OtherText = QStringLiteral("A bench for Orchard BASIC") + QStringLiteral("    ") +
+                          QStringLiteral("Free software, GPL-3.0-or-later");
+
+} // namespace
+
+dlgAbout::dlgAbout(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgAbout>())
+{
+    ui->setupUi(this);
+    setWindowTitle(ApplicationText.section(QLatin1Char('#'), 0, 0));
+    ui->picIcon->setPixmap(QIcon(QStringLiteral(":/icons/app.svg")).pixmap(64, 64));
+    QFont large = font();
+    large.setBold(true);
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    ui->lblName->setFont(large);
+    ui->lblName->setText(ApplicationText.section(QLatin1Char('#'), 1).trimmed());
+    ui->lblText->setText(OtherText);
+    ui->buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    connect(ui->buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+}
+
+dlgAbout::~dlgAbout() = default;
+
+void mnuHelpAbout_Click()
+{
+    ShowToolModally<dlgAbout>();
+}
+
+void mnuCredits_Click()
+{
+    MsgBox(QStringLiteral("Thanks to all who try Orchard Bench, report what goes wrong and tell what they miss,\n"
+                          "and to the people behind Qt, Scintilla and QScintilla, on whose work it stands."),
+           BoxIcon::None, BoxButtons::Ok, QStringLiteral("Credits"));
+}
+
+} // namespace ob

@@ -1,0 +1,382 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window.
+#include "shell/bench/frmMain.h"
+
+#include "codetools/frmTip.h"
+#include "editor/frmDocument.h"
+#include "guibuilder/frmGui.h"
+#include "guibuilder/frmPalette.h"
+#include "guibuilder/frmSurface.h"
+#include "guibuilder/modGuiCommands.h"
+#include "platform/dialogs/modDialogs.h"
+#include "shell/bench/frmMainMenu.h"
+#include "shell/bench/frmMainWindows.h"
+#include "shell/bench/frmStatusBar.h"
+#include "shell/bench/modArrange.h"
+#include "shell/bench/modStart.h"
+#include "shell/help/frmHelp.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
+#include "shell/state/modOptions.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTimer>
+#include <QToolBar>
+#include <QUrl>
+
+#include <memory>
+
+namespace ob {
+
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+
+float ToTwips(int pixels, int perPixel)
+{
+    return static_cast<float>(pixels * perPixel);
+}
+
+} // namespace
+
+static frmMain* instance = nullptr;
+
+frmMain* frmMain::Instance()
+{
+    return instance;
+}
+
+frmMain::frmMain()
+{
+    instance = this;
+    SetToolOwner(this);
+    SetManualViewer(ShowManual);
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(ProgramTitle);
+    setAcceptDrops(true);
+    // The toolkit's own menu of toolbars would hide ours behind the back of its menu item.
+    setContextMenuPolicy(Qt::NoContextMenu);
+    TwipsPerPixelX = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchX()));
+    TwipsPerPixelY = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchY()));
+
+    items = BuildMenu(*menuBar());
+    MakeCentre();
+    MakeToolbar();
+    KeepWindowList(*this);
+    sbStatusBar = new frmStatusBar(this);
+    setStatusBar(sbStatusBar);
+}
+
+frmMain::~frmMain()
+{
+    // The children must not find a half-gone frame.
+    disconnect(mdi, nullptr, this, nullptr);
+    delete mdi;
+    if (MainForm == this)
+        MainForm = nullptr;
+    if (instance == this)
+        instance = nullptr;
+}
+
+void frmMain::MakeCentre()
+{
+    auto* centre = new QWidget(this);
+    picGui = new frmPalette(centre);
+    picGui->hide();
+    ConnectPalette();
+    mdi = new QMdiArea(centre);
+    mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    connect(mdi, &QMdiArea::subWindowActivated, this, &frmMain::SubWindowActivated);
+    auto* row = new QHBoxLayout(centre);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(picGui);
+    row->addWidget(mdi, 1);
+    setCentralWidget(centre);
+}
+
+void frmMain::MakeToolbar()
+{
+    tbToolBar = addToolBar(QStringLiteral("Bench Toolbar"));
+    tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
+    tbToolBar->setMovable(false);
+    tbToolBar->setIconSize(QSize(20, 20));
+    tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    tbToolBar->installEventFilter(this);
+    toolbar = BuildToolbar(*tbToolBar, items);
+    items[QStringLiteral("mnuOptionsToolbar")]->setChecked(true);
+}
+
+void frmMain::RefreshUserButtonMenu()
+{
+    ShowUserApplicationItems(toolbar.userItems);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event)
+{
+    // A button that is off passes its clicks on to the toolbar; only the free area counts.
+    if (watched == tbToolBar && event->type() == QEvent::MouseButtonDblClick) {
+        const QAction* under = tbToolBar->actionAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+        if (under == nullptr || under->isSeparator())
+            RunCommand([this] { AskToHideToolbar(); });
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::AskToHideToolbar()
+{
+    if (MsgBox(QStringLiteral("Would you like to hide this toolbar? (Options menu will allow you to display it "
+                              "again.)"),
+               BoxIcon::Question, BoxButtons::YesNo, QStringLiteral("Hide Toolbar?")) == BoxAnswer::Yes)
+        ShowToolbar(false);
+}
+
+void frmMain::Load()
+{
+    LoadState();
+    PlaceWindow();
+    RefreshUserButtonMenu();
+    OpenAtLoad();
+    show();
+    setWindowTitle(MainCaption());
+    // The files of the command line need not wait for the tip to be read.
+    if (ShowTips)
+        QTimer::singleShot(0, this, [] { RunCommand(OpenToolModally<frmTip>); });
+}
+
+void frmMain::PlaceWindow()
+{
+    const WindowPlace twips = ReadWindowPlace();
+    const auto pixels = [](float value, int perPixel) { return static_cast<double>(value) / perPixel; };
+    QList<QRect> screens;
+    for (const QScreen* each : QApplication::screens())
+        screens.append(each->geometry());
+    const QRect place = ReachablePlace({pixels(twips.left, TwipsPerPixelX), pixels(twips.top, TwipsPerPixelY),
+                                        pixels(twips.width, TwipsPerPixelX), pixels(twips.height, TwipsPerPixelY)},
+                                       screens);
+    move(place.topLeft());
+    resize(place.size());
+}
+
+ActiveChild frmMain::ActiveKind() const
+{
+    if (activeChild == nullptr)
+        return ActiveChild::None;
+    return DocumentOf(activeChild) != nullptr ? ActiveChild::Code : ActiveChild::Gui;
+}
+
+cDocument* frmMain::ActiveDocument() const
+{
+    return DocumentOf(activeChild);
+}
+
+QMdiSubWindow* frmMain::SubWindowOf(const QWidget* child) const
+{
+    for (QMdiSubWindow* window : mdi->subWindowList())
+        if (window->widget() == child)
+            return window;
+    return nullptr;
+}
+
+frmDocument* frmMain::AddWindow(cDocument& document)
+{
+    auto child = std::make_unique<frmDocument>(document);
+    if (child->LoadControl() == frmDocument::Birth::LibraryMissing)
+        return nullptr;
+    connect(child.get(), &frmDocument::Unloaded, this, [this](frmDocument* gone) {
+        if (activeChild == gone)
+            activeChild = nullptr;
+    });
+    const QMdiSubWindow* current = mdi->currentSubWindow();
+    const bool maximized = current == nullptr || current->isMaximized();
+    QMdiSubWindow* window = AddChild(*child);
+    if (maximized)
+        window->showMaximized();
+    else
+        window->show();
+    return child.release();
+}
+
+QMdiSubWindow* frmMain::AddChild(QWidget& child)
+{
+    QMdiSubWindow* window = mdi->addSubWindow(&child);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    // Its own keys for closing and the like would stand in the way of the menu's.
+    for (QAction* action : window->actions() + window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>());
+    return window;
+}
+
+void frmMain::ShowDocument(cDocument& document)
+{
+    auto* child = static_cast<frmDocument*>(document.window);
+    const bool born = child == nullptr;
+    if (born)
+        child = AddWindow(document);
+    if (child == nullptr)
+        return;
+    QMdiSubWindow* window = SubWindowOf(child);
+    if (window->isMinimized())
+        window->showNormal();
+    mdi->setActiveSubWindow(window);
+    ActivateChild(child);
+    if (born)
+        child->EndLoad();
+}
+
+void frmMain::UnloadDocument(cDocument& document)
+{
+    if (QMdiSubWindow* window = SubWindowOf(static_cast<frmDocument*>(document.window)))
+        window->close();
+}
+
+void frmMain::SubWindowActivated(QMdiSubWindow* window)
+{
+    // The area tells of no window while another window of the desktop is in front; the active child stays active.
+    if (window == nullptr && !mdi->subWindowList().isEmpty())
+        return;
+    ActivateChild(window == nullptr ? nullptr : window->widget());
+}
+
+void frmMain::ActivateChild(QWidget* child)
+{
+    if (child == activeChild)
+        return;
+    if (auto* before = qobject_cast<frmDocument*>(activeChild))
+        before->Deactivate();
+    activeChild = child;
+    if (auto* after = qobject_cast<frmDocument*>(activeChild))
+        after->Activate();
+    else if (activeChild != nullptr)
+        gui->Activate();
+}
+
+void frmMain::SetStatusPanel(const QString& text)
+{
+    sbStatusBar->SetText(text);
+}
+
+void frmMain::EnableItem(const QString& name, bool enable)
+{
+    if (QAction* item = Item(name))
+        item->setEnabled(enable);
+}
+
+void frmMain::ChooseItem(const QString& name)
+{
+    if (QAction* item = Item(name))
+        item->trigger();
+}
+
+void frmMain::EnableButton(int place, bool enable)
+{
+    if (QAction* button = toolbar.buttons.value(place - 1))
+        button->setEnabled(enable);
+}
+
+void frmMain::SetRecentCaption(int number, const QString& caption)
+{
+    QString text = caption;
+    Item(QStringLiteral("mnuFileMRU%1").arg(number))->setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+void frmMain::ShowRecentItem(int number)
+{
+    Item(QStringLiteral("mnuFileMRU%1").arg(number))->setVisible(true);
+}
+
+void frmMain::SendToBack()
+{
+    lower();
+}
+
+void frmMain::Unload()
+{
+    close();
+}
+
+bool frmMain::HasShortcut(const QKeyEvent& key) const
+{
+    const QKeySequence pressed(key.keyCombination());
+    for (const QAction* item : items) {
+        if (!item->isEnabled() || !item->isVisible() || !item->shortcuts().contains(pressed))
+            continue;
+        const auto* menu = qobject_cast<const QMenu*>(item->associatedObjects().value(0));
+        if (menu == nullptr || menu->isEnabled())
+            return true;
+    }
+    return false;
+}
+
+void frmMain::ShowToolbar(bool show)
+{
+    tbToolBar->setVisible(show);
+    Item(QStringLiteral("mnuOptionsToolbar"))->setChecked(show);
+}
+
+void frmMain::ShowPalette(bool show)
+{
+    picGui->setVisible(show);
+    Item(QStringLiteral("mnuViewGuiBar"))->setChecked(show);
+}
+
+void mnuOptionsToolbar_Click()
+{
+    frmMain* frame = frmMain::Instance();
+    frame->ShowToolbar(frame->Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
+}
+
+void mnuViewGuiBar_Click()
+{
+    frmMain* frame = frmMain::Instance();
+    frame->ShowPalette(frame->Item(QStringLiteral("mnuViewGuiBar"))->isChecked());
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    // The one active last goes first; a child that stays keeps the frame open.
+    QList<QMdiSubWindow*> open = mdi->subWindowList(QMdiArea::ActivationHistoryOrder);
+    while (!open.isEmpty()) {
+        if (!open.takeLast()->close()) {
+            event->ignore();
+            return;
+        }
+    }
+    if (!isMinimized()) {
+        SaveWindowPlace({ToTwips(x(), TwipsPerPixelX), ToTwips(y(), TwipsPerPixelY), ToTwips(width(), TwipsPerPixelX),
+                         ToTwips(height(), TwipsPerPixelY)});
+    }
+    SaveAllSettings();
+    event->accept();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event)
+{
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.append(QDir::toNativeSeparators(url.toLocalFile()));
+    event->acceptProposedAction();
+    OpenFiles(paths, FileSource::Drop);
+}
+
+} // namespace ob

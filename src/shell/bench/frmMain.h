@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window: menu, toolbar, status bar, and the area of the code windows.
+#pragma once
+
+#include "shell/bench/frmMainToolbar.h"
+#include "shell/state/cMainForm.h"
+
+#include <QHash>
+#include <QMainWindow>
+
+class QKeyEvent;
+class QMdiArea;
+class QMdiSubWindow;
+class QToolBar;
+
+namespace ob {
+
+class frmDocument;
+class frmGui;
+class frmPalette;
+class frmStatusBar;
+
+class frmMain final : public QMainWindow, public cMainForm {
+    Q_OBJECT
+
+public:
+    frmMain();
+    ~frmMain() override;
+
+    // The one main window; null while there is none.
+    static frmMain* Instance();
+
+    // Everything between the window's making and its showing: settings, recent files, the first code window.
+    void Load();
+
+    ActiveChild ActiveKind() const override;
+    cDocument* ActiveDocument() const override;
+    void ShowDocument(cDocument& document) override;
+    void UnloadDocument(cDocument& document) override;
+    void SetStatusPanel(const QString& text) override;
+    void EnableItem(const QString& name, bool enable) override;
+    void ChooseItem(const QString& name) override;
+    bool HasShortcut(const QKeyEvent& key) const override;
+    void SetRecentCaption(int number, const QString& caption) override;
+    void ShowRecentItem(int number) override;
+    void EnableButton(int place, bool enable) override;
+    bool UnloadGui() override;
+    void ShowGui() override;
+    void RefreshGui() override;
+    void SettleGui(GuiSteps steps) override;
+    void ShowGuiDefaults() override;
+    void EnableGuiTool(int place, bool enable) override;
+    void SendToBack() override;
+    void Unload() override;
+
+    // A menu item by its name; null for an unknown one.
+    QAction* Item(const QString& name) const { return items.value(name); }
+
+    QMdiArea& Area() { return *mdi; }
+
+    void ShowToolbar(bool show);
+    void ShowPalette(bool show);
+
+    // The items of the toolbar's "User" button show the user applications.
+    void RefreshUserButtonMenu();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void MakeToolbar();
+    void MakeCentre();
+    void AskToHideToolbar();
+    void PlaceWindow();
+    frmDocument* AddWindow(cDocument& document);
+    QMdiSubWindow* AddChild(QWidget& child);
+    void ConnectPalette();
+    void UseGuiTool(int place);
+    void SubWindowActivated(QMdiSubWindow* window);
+    void ActivateChild(QWidget* child);
+    QMdiSubWindow* SubWindowOf(const QWidget* child) const;
+
+    QMdiArea* mdi = nullptr;
+    QToolBar* tbToolBar = nullptr;
+    frmPalette* picGui = nullptr;
+    frmGui* gui = nullptr; // the form window, while there is one
+    frmStatusBar* sbStatusBar = nullptr;
+    QHash<QString, QAction*> items;
+    ToolbarParts toolbar;
+    QWidget* activeChild = nullptr;
+};
+
+void mnuOptionsToolbar_Click();
+void mnuViewGuiBar_Click();
+
+} // namespace ob

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The list of the ten user applications.
+#include "shell/bench/frmUser.h"
+
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "shell/bench/frmMain.h"
+#include "shell/bench/modUserApplications.h"
+#include "shell/state/Module1.h"
+#include "shell/state/frmTool.h"
+#include "ui_frmUser.h"
+
+#include <QDir>
+
+namespace ob {
+
+frmUser::frmUser(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmUser>())
+{
+    ui->setupUi(this);
+    ui->lstApps->addItems(FilledApplications(UserApplications));
+    SetButtons();
+    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
+    connect(ui->cmdRemove, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdRemove_Click(); }); });
+    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmUser::~frmUser() = default;
+
+void frmUser::SetButtons()
+{
+    ui->cmdAdd->setEnabled(ui->lstApps->count() < UserApplicationCount);
+    ui->cmdRemove->setEnabled(ui->lstApps->count() > 0);
+}
+
+void frmUser::cmdAdd_Click()
+{
+    const QString path = OpenFileDialog(QStringLiteral("Executables (*.exe)|*.EXE"), QDir::currentPath());
+    if (path.isEmpty() || !FileExists(path))
+        return;
+    ui->lstApps->addItem(path);
+    SetButtons();
+}
+
+void frmUser::cmdRemove_Click()
+{
+    if (ui->lstApps->selectedItems().isEmpty()) {
+        MsgBox(QStringLiteral("No item is selected."), BoxIcon::Critical, BoxButtons::Ok,
+               QStringLiteral("Cannot Remove Item"));
+        return;
+    }
+    delete ui->lstApps->takeItem(ui->lstApps->currentRow());
+    SetButtons();
+}
+
+void frmUser::OKButton_Click()
+{
+    QStringList lines;
+    for (int row = 0; row < ui->lstApps->count(); ++row)
+        lines.append(ui->lstApps->item(row)->text());
+    StoreApplications(lines, UserApplications);
+    if (auto* frame = frmMain::Instance())
+        frame->RefreshUserButtonMenu();
+    accept();
+}
+
+void ShowUserApplications()
+{
+    ShowToolModally<frmUser>();
+}
+
+} // namespace ob

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The preferences as one table, and the order in which they are put into force.
+#include "shell/bench/modPreferences.h"
+
+#include "editor/document/cDocument.h"
+#include "editor/document/modStyling.h"
+#include "editor/document/modUserTexts.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
+#include "platform/language/modRuntime.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modOptions.h"
+
+#include <algorithm>
+
+namespace ob {
+
+namespace {
+
+using Copies = Preferences;
+using Text = Field<QString>;
+using Choice = Field<bool>;
+using Number = Field<int>;
+using Color = Field<ColorRef>;
+
+constexpr int LargestTabSize = 12;
+
+constexpr PreferenceRow Path(const char* control, Text field, const char* browse, OutsideFile file)
+{
+    return {control, field, browse, file};
+}
+
+constexpr PreferenceRow Sample(const char* control, Color field, Ground ground = Ground::Text)
+{
+    return {control, field, nullptr, {}, ground};
+}
+
+const PreferenceRow rows[] = {
+    {"txtFontName", Text{&Copies::fontName, &FontName}},
+    {"txtFontSize", Number{&Copies::fontSize, &FontHeight}},
+    {"chkBold", Choice{&Copies::fontBold, &FontBold}},
+    {"optColorOn", Number{&Copies::syntaxColor, &SyntaxColor}},
+    {"txtTabSize", Number{&Copies::tabSize, &TabSize}},
+    Path("txtOptionalHelp", {&Copies::optionalHelpPath, &OptionalHelpPath}, "cmdOptionalHelp",
+         OutsideFile::OptionalHelp),
+    Path("txtOBexe", {&Copies::orchardPath, &OBPath}, "cmdOBexe", OutsideFile::Orchard),
+    Path("txtOBHelp", {&Copies::helpPath, &OBHelpPath}, "cmdOBHelp", OutsideFile::Help),
+    Path("txtOBFreeForm", {&Copies::freeformPath, &OBFreeformPath}, "cmdOBFreeForm", OutsideFile::Freeform),
+    Path("txtOBRuntime", {&Copies::runtimePath, &OBRuntimePath}, "cmdOBRuntime", OutsideFile::Runtime),
+    {"chkQuery", Choice{&Copies::quitQuery, &QuitQuery}},
+    {"chkIndent", Choice{&Copies::autoIndent, &AutoIndent}},
+    {"chkLinenums", Choice{&Copies::lineNums, &LineNums}},
+    {"chkHighlight", Choice{&Copies::highlightOn, &HighlightOn}},
+    {"chkIndentGuides", Choice{&Copies::indentGuidesOn, &IndentGuidesOn}},
+    {"chkFile", Choice{&Copies::openFileOn, &OpenFileOn}},
+    Sample("lblComments", {&Copies::commentColor, &CommentColor}),
+    Sample("lblBranch", {&Copies::branchColor, &BranchColor}),
+    Sample("lblKeywords", {&Copies::keywordColor, &KeywordColor}),
+    Sample("lblQuote", {&Copies::quoteColor, &QuoteColor}),
+    Sample("lblHighlight", {&Copies::highlightColor, &HighlightColor}, Ground::Back),
+    Sample("lblNumber", {&Copies::numberColor, &NumberColor}),
+    Sample("lblHandle", {&Copies::handleColor, &HandleColor}),
+    Sample("lblCommentback", {&Copies::commentBackColor, &CommentBackColor}, Ground::Back),
+    {"chkComments", Choice{&Copies::addComments, &AddComments}, nullptr, {}, {}, Turn::BehindWindows},
+};
+
+// A failure of one step must not keep the ones behind it from being done.
+template <class Step>
+void PassingErrorsOver(Step step)
+{
+    try {
+        step();
+    } catch (const RuntimeError&) {
+        // The user is told nothing, as of every other failure here.
+    }
+}
+
+void WriteFields(const Preferences& values, Turn turn)
+{
+    for (const PreferenceRow& row : rows)
+        if (row.turn == turn)
+            std::visit([&](const auto& field) { *field.setting = values.*field.copy; }, row.field);
+}
+
+void StyleOpenWindows()
+{
+    for (const auto& document : Documents)
+        if (document != nullptr && document->sci != nullptr)
+            PassingErrorsOver([&] { SetSciColors(document->sci); });
+}
+
+} // namespace
+
+std::span<const PreferenceRow> PreferenceRows()
+{
+    return rows;
+}
+
+Preferences LoadPreferences(const QString& folder)
+{
+    Preferences values;
+    for (const PreferenceRow& row : rows)
+        std::visit([&](const auto& field) { values.*field.copy = *field.setting; }, row.field);
+    values.syntaxColor = SyntaxColor > 0 ? 1 : 0;
+    values.comments = TextFromAnsi(LoadCommentFile(folder));
+    return values;
+}
+
+int TypedTabSize(const QString& text)
+{
+    // What stays when the number is beyond a double.
+    double number = text.trimmed().startsWith(QLatin1Char('-')) ? -LargestTabSize : LargestTabSize;
+    PassingErrorsOver([&] { number = Val(text); });
+    const int size = ToInt32(std::clamp(number, -100.0, 100.0));
+    if (size < -1)
+        return 1;
+    return std::min(size, LargestTabSize);
+}
+
+void ApplyPreferences(Preferences& values, const QString& folder)
+{
+    values.tabSize = std::clamp(values.tabSize, 1, LargestTabSize);
+    WriteFields(values, Turn::BeforeWindows);
+    StyleOpenWindows();
+    WriteFields(values, Turn::BehindWindows);
+    if (!values.comments.isEmpty())
+        PassingErrorsOver([&] { SaveCommentFile(folder, values.comments); });
+    PassingErrorsOver(SaveAllSettings);
+}
+
+void TakeDefaultColors(Preferences& values)
+{
+    RestoreDefaultColors();
+    for (const PreferenceRow& row : rows)
+        if (const auto* color = std::get_if<Color>(&row.field))
+            values.*color->copy = *color->setting;
+}
+
+void AssociateFiles(const AssociationPlaces& places)
+{
+    if (MsgBox(QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), BoxIcon::None,
+               BoxButtons::YesNo, QStringLiteral("Confirm!")) == BoxAnswer::No)
+        return;
+    try {
+        AssociateFileTypes(places);
+    } catch (const RuntimeError&) {
+        MsgBox(QStringLiteral("The operation to associate file types with Orchard Bench failed."), BoxIcon::Critical,
+               BoxButtons::Ok, QStringLiteral("Error!"));
+        return;
+    }
+    MsgBox(QStringLiteral("Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
+                          "double-clicked in Windows Explorer or My Computer."),
+           BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("Success!"));
+}
+
+} // namespace ob

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The state's first values and the small routines that every tool shares.
+#include "shell/state/Module1.h"
+
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/modTexts.h"
+
+#include <QFileInfo>
+
+namespace ob {
+
+void ResetState()
+{
+    MainForm = nullptr;
+    LastFind.clear();
+    FindFlags = 0;
+    FoundPos = -1;
+    FindFromStart = false;
+    RecentFiles.fill(QStringLiteral("untitled"));
+    RecentCount = 0;
+    ToolImageIndex = 1;
+    QuitQuery = true;
+    OpenFileOn = false;
+    ShowTips = true;
+    AddComments = false;
+    OBPath = OBHelpPath = OptionalHelpPath = OBFreeformPath = OBRuntimePath = NoPath;
+    FontHeight = 12;
+    FontName = QStringLiteral("Courier New");
+    FontBold = false;
+    TabSize = 4;
+    SyntaxColor = 1;
+    LineNums = HighlightOn = IndentGuidesOn = AutoIndent = true;
+    UserApplications.fill(QStringLiteral("none"));
+    LastDir = QStringLiteral("app.path");
+}
+
+void ExtractResource(int id, const QString& type, const QString& path)
+{
+    const auto text = CarriedText(id, type);
+    if (!text)
+        return;
+    try {
+        WriteKeepingTail(path, QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size())));
+    } catch (const RuntimeError&) {
+        // A folder that cannot take the library costs the user the library only, not the start.
+    }
+}
+
+void SetStatusText(const QString& text)
+{
+    if (MainForm != nullptr)
+        MainForm->SetStatusPanel(text);
+}
+
+void ChooseMenuItem(const QString& name)
+{
+    if (MainForm != nullptr)
+        MainForm->ChooseItem(name);
+}
+
+bool IsUsablePath(const QString& path)
+{
+    return !path.isEmpty() && path.compare(NoPath, Qt::CaseInsensitive) != 0 && FileExists(path);
+}
+
+} // namespace ob

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How tool windows come and go.
+#include "shell/state/frmTool.h"
+
+#include <QShortcut>
+
+namespace ob {
+
+namespace {
+
+QPointer<QWidget> toolOwner;
+ManualViewer manualViewer = nullptr;
+
+} // namespace
+
+QWidget* ToolOwner()
+{
+    return toolOwner;
+}
+
+void SetToolOwner(QWidget* owner)
+{
+    toolOwner = owner;
+}
+
+void SetManualViewer(ManualViewer viewer)
+{
+    manualViewer = viewer;
+}
+
+void OpenManual(const QString& page)
+{
+    if (manualViewer != nullptr)
+        manualViewer(page);
+}
+
+void BindManualPage(QWidget& tool, const char* page)
+{
+    auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &tool);
+    QObject::connect(key, &QShortcut::activated, &tool,
+                     [page] { RunCommand([page] { OpenManual(QString::fromLatin1(page)); }); });
+}
+
+} // namespace ob

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How tool windows come and go: made on first use, at most one of each, gone once closed.
+#pragma once
+
+#include "platform/dialogs/modDialogs.h"
+#include "shell/state/cMainForm.h"
+
+#include <QDialog>
+#include <QPointer>
+
+namespace ob {
+
+// The main window as a parent of tools; null while there is none.
+QWidget* ToolOwner();
+void SetToolOwner(QWidget* owner);
+
+// What opens the manual at a page, "preferences" for docs/manual/preferences.md. Whoever shows the manual puts it in place.
+using ManualViewer = void (*)(const QString& page);
+void SetManualViewer(ManualViewer viewer);
+
+// Opens the manual at the page; without a viewer nothing happens.
+void OpenManual(const QString& page);
+
+// Makes F1 in the window open that page of the manual.
+void BindManualPage(QWidget& tool, const char* page);
+
+// Shows the one window of this kind beside the main window, or brings it to the front when it is open. A tool is a
+// QDialog whose constructor does what happens when it is loaded, and whose ManualPage names its page.
+template <class Tool>
+Tool* ShowTool()
+{
+    static QPointer<Tool> open;
+    if (open.isNull()) {
+        open = new Tool(ToolOwner());
+        open->setAttribute(Qt::WA_DeleteOnClose);
+        BindManualPage(*open, Tool::ManualPage);
+    }
+    open->show();
+    open->raise();
+    open->activateWindow();
+    return open;
+}
+
+// Shows it over the main window and comes back when it is closed.
+template <class Tool>
+void ShowToolModally()
+{
+    Tool tool(ToolOwner());
+    BindManualPage(tool, Tool::ManualPage);
+    tool.exec();
+}
+
+// Shows it over the main window and goes on: for a tool that comes by itself while others still have work to do.
+template <class Tool>
+void OpenToolModally()
+{
+    auto* tool = new Tool(ToolOwner());
+    tool->setAttribute(Qt::WA_DeleteOnClose);
+    BindManualPage(*tool, Tool::ManualPage);
+    tool->open();
+}
+
+} // namespace ob

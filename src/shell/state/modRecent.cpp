@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The list of recent files.
+#include "shell/state/modRecent.h"
+
+#include "platform/files/modFiles.h"
+#include "platform/files/modPaths.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/modSettings.h"
+
+#include <algorithm>
+
+namespace ob {
+
+static QString KeyOf(int number)
+{
+    return QStringLiteral("MRU%1").arg(number);
+}
+
+void FillRecentFiles()
+{
+    for (int number = 1; number <= RecentFileSlots; ++number) {
+        const QString stored = ReadSetting(KeyOf(number), QStringLiteral("untitled"));
+        RecentFiles[static_cast<std::size_t>(number - 1)] = LongPathOf(stored);
+    }
+    // One pass only: the entry that moves onto a place already passed is not looked at again, and the last stays.
+    for (auto entry = RecentFiles.begin(); entry != RecentFiles.end(); ++entry)
+        if (!FileExists(*entry))
+            std::copy(entry + 1, RecentFiles.end(), entry);
+}
+
+RecentMenu ShowRecentFiles()
+{
+    RecentCount = 0;
+    for (int number = 1; number <= RecentFileSlots; ++number) {
+        if (RecentFiles[0].compare(QLatin1String("untitled"), Qt::CaseInsensitive) == 0) {
+            MainForm->SetRecentCaption(1, QStringLiteral("no files"));
+            return RecentMenu::WantsNewWindow;
+        }
+        const QString& path = RecentFiles[static_cast<std::size_t>(number - 1)];
+        if (FileExists(path)) {
+            MainForm->SetRecentCaption(number, path);
+            MainForm->ShowRecentItem(number);
+            ++RecentCount;
+        }
+    }
+    return RecentMenu::Filled;
+}
+
+void AddRecentFile(const QString& path)
+{
+    auto place = std::find(RecentFiles.begin(), RecentFiles.end(), path);
+    if (place == RecentFiles.end()) {
+        --place;
+        ++RecentCount;
+    }
+    std::move_backward(RecentFiles.begin(), place, place + 1);
+    RecentFiles[0] = path;
+
+    for (int number = 1; number <= RecentFileSlots; ++number)
+        MainForm->SetRecentCaption(number, RecentFiles[static_cast<std::size_t>(number - 1)]);
+    // Past nine the items and the store wait for the end of the program.
+    if (RecentCount > 9)
+        return;
+    for (int number = 1; number <= std::min(RecentCount, RecentFileSlots); ++number)
+        MainForm->ShowRecentItem(number);
+    SaveRecentFiles();
+}
+
+void SaveRecentFiles()
+{
+    for (int number = 1; number <= RecentFileSlots; ++number)
+        WriteSetting(KeyOf(number), RecentFiles[static_cast<std::size_t>(number - 1)]);
+    SyncSettings();
+}
+
+} // namespace ob

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Finds the texts that are compiled in.
+#include "shell/state/modTexts.h"
+
+#include <QResource>
+
+namespace ob {
+
+std::optional<std::string_view> CarriedText(int id, const QString& type)
+{
+    if (type != QLatin1String("CUSTOM"))
+        return std::nullopt;
+    switch (id) {
+    case 101:
+        return CarriedText(QStringLiteral("wrapper32.bas"));
+    case 102:
+        return CarriedText(QStringLiteral("printer32.bas"));
+    case 103:
+        return CarriedText(QStringLiteral("jpeg.bas"));
+    case 104:
+        return CarriedText(QStringLiteral("jpeg.dll"));
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<std::string_view> CarriedText(const QString& name)
+{
+    const QResource resource(QStringLiteral(":/texts/") + name);
+    if (!resource.isValid() || resource.data() == nullptr)
+        return std::nullopt;
+    return std::string_view(reinterpret_cast<const char*>(resource.data()), static_cast<std::size_t>(resource.size()));
+}
+
+} // namespace ob

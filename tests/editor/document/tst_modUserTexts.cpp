@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Tests of the programmer's comments and of the custom keywords.
+#include "editor/document/modUserTexts.h"
+
+#include "core/CoreBench.h"
+#include "editor/document/modSyntaxTable.h"
+#include "platform/files/FileTrouble.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace ob;
+
+namespace {
+
+bool WriteBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+// A code window's control that keeps the keywords it was given.
+class KeywordSci final : public cSciControl {
+public:
+    std::intptr_t Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override
+    {
+        if (message == SCI_SETKEYWORDS && wParam == 0)
+            words = reinterpret_cast<const char*>(lParam);
+        return 0;
+    }
+
+    QByteArray words;
+};
+
+} // namespace
+
+class tst_modUserTexts : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir temporary;
+    QString folder;
+    int folderCount = 0;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(temporary.isValid());
+    }
+
+    void init()
+    {
+        folder = temporary.filePath(QString::number(++folderCount));
+        QVERIFY(QDir().mkdir(folder));
+        BuildSyntaxTable();
+    }
+
+    void filesHaveTheirNamesInTheFolder()
+    {
+        QCOMPARE(CommentsPath(QStringLiteral("/a b")), QStringLiteral("/a b/comments.txt"));
+        QCOMPARE(KeywordsPath(QStringLiteral("/a b")), QStringLiteral("/a b/keywords.txt"));
+    }
+
+    void commentsLoseTheirLastTwoBytes_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QByteArray>("comments");
+        QTest::newRow("line end") << QByteArray("'by me\r\n") << QByteArray("'by me");
+        QTest::newRow("inner line ends stay") << QByteArray("'a\r\n\r\n'b\r\n\r\n") << QByteArray("'a\r\n\r\n'b\r\n");
+        QTest::newRow("no line end") << QByteArray("'by me") << QByteArray("'by ");
+        QTest::newRow("line end alone") << QByteArray("\r\n") << QByteArray("");
+        QTest::newRow("one byte") << QByteArray("'") << QByteArray("");
+        QTest::newRow("bytes outside ASCII") << QByteArray("'\xE9\x80\xFF\r\n") << QByteArray("'\xE9\x80\xFF");
+        QTest::newRow("zero byte") << QByteArray("a\0b\r\n", 5) << QByteArray("a\0b", 3);
+    }
+
+    void commentsLoseTheirLastTwoBytes()
+    {
+        QFETCH(QByteArray, content);
+        QVERIFY(WriteBytes(folder + QStringLiteral("/comments.txt"), content));
+        QTEST(ReadComments(folder), "comments");
+        QTEST(CommentText(content), "comments");
+    }
+
+    void missingCommentsGiveTheSentence()
+    {
+        QCOMPARE(ReadComments(folder), QByteArray("'no programmer's comments on file"));
+        QCOMPARE(ReadComments(folder + QStringLiteral("/none")), QByteArray("'no programmer's comments on file"));
+    }
+
+    void emptyCommentsGiveTheSentence()
+    {
+        QVERIFY(WriteBytes(folder + QStringLiteral("/comments.txt"), ""));
+        QCOMPARE(ReadComments(folder), QByteArray("'no programmer's comments on file"));
+    }
+
+    void commentsThatCannotBeReadGiveTheSentence()
+    {
+        QVERIFY(QDir(folder).mkdir(QStringLiteral("comments.txt")));
+        QCOMPARE(ReadComments(folder), QByteArray("'no programmer's comments on file"));
+    }
+
+    void customKeywordsStandInFrontInLowerCaseWithTheirLineEnd()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "Pear$ APPLE( \r\n"));
+        LoadCustomKeywords(folder);
+        QCOMPARE(LexerKeywords, "pear$ apple( \r\n" + builtIn);
+    }
+
+    void bytesOutsideAsciiStayInCustomKeywords()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), QByteArray("\xC9T\xE9\0X", 5)));
+        LoadCustomKeywords(folder);
+        QCOMPARE(LexerKeywords, QByteArray("\xE9t\xE9 x") + builtIn);
+    }
+
+    void missingEmptyOrUnreadableKeywordsChangeNothing()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        LoadCustomKeywords(folder);
+        QCOMPARE(LexerKeywords, builtIn);
+        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), ""));
+        LoadCustomKeywords(folder);
+        QCOMPARE(LexerKeywords, builtIn);
+        QVERIFY(QFile::remove(folder + QStringLiteral("/keywords.txt")));
+        QVERIFY(QDir(folder).mkdir(QStringLiteral("keywords.txt")));
+        LoadCustomKeywords(folder);
+        QCOMPARE(LexerKeywords, builtIn);
+    }
+
+    void customKeywordsStayOutOfTheListOfKeywordsAndTheCatalogue()
+    {
+        const QByteArray list = KeywordList;
+        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "pear\r\n"));
+        LoadCustomKeywords(folder);
+        QCOMPARE(KeywordList, list);
+        QVERIFY(!FindSyntaxRow("pear"));
+    }
+
+    void buildingTheTableAgainDeletesCustomKeywords()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "pear\r\n"));
+        LoadCustomKeywords(folder);
+        QVERIFY(LexerKeywords != builtIn);
+        BuildSyntaxTable();
+        QCOMPARE(LexerKeywords, builtIn);
+    }
+
+    // --- The keyword editor's work. ---
+
+    void theEditorShowsTheWholeFileOrTheSentence()
+    {
+        QCOMPARE(CustomKeywordText(folder), QStringLiteral("no custom keywords found"));
+        QVERIFY(WriteBytes(KeywordsPath(folder), "pear \xE9\r\n\r\n"));
+        QCOMPARE(CustomKeywordText(folder), QString::fromUtf8("pear \u00e9\r\n\r\n"));
+        QVERIFY(WriteBytes(KeywordsPath(folder), ""));
+        QCOMPARE(CustomKeywordText(folder), QString());
+    }
+
+    void addedKeywordsGoToTheFileAndBehindTheList_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("file");
+        QTest::newRow("words") << QStringLiteral("Pear APPLE") << QByteArray("pear apple\r\n");
+        QTest::newRow("beyond ASCII") << QString::fromUtf8("\u00C9T\u00c9") << QByteArray("\xE9t\xE9\r\n");
+        QTest::newRow("shown again") << QStringLiteral("pear\n") << QByteArray("pear\r\n\r\n");
+        QTest::newRow("nothing") << QString() << QByteArray("\r\n");
+        QTest::newRow("more than the sentence") << QStringLiteral("no custom keywords found ")
+                                                << QByteArray("no custom keywords found \r\n");
+    }
+
+    void addedKeywordsGoToTheFileAndBehindTheList()
+    {
+        QFETCH(QString, text);
+        QFETCH(QByteArray, file);
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(AddCustomKeywords(folder, text) == KeywordSave::Written);
+        QCOMPARE(CoreBench::Get(KeywordsPath(folder)), file);
+        QCOMPARE(LexerKeywords, builtIn + file.chopped(2));
+        BuildSyntaxTable();
+        LoadCustomKeywords(folder);
+        QCOMPARE(LexerKeywords, file + builtIn);
+    }
+
+    void aSecondAdditionJoinsTheFirst()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(AddCustomKeywords(folder, QStringLiteral("pear")) == KeywordSave::Written);
+        QVERIFY(AddCustomKeywords(folder, QStringLiteral("fig")) == KeywordSave::Written);
+        QCOMPARE(LexerKeywords, builtIn + "pearfig");
+        QCOMPARE(CoreBench::Get(KeywordsPath(folder)), QByteArray("fig\r\n"));
+    }
+
+    void theSentenceIsNothingToAdd()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(AddCustomKeywords(folder, QStringLiteral("No Custom KEYWORDS found")) == KeywordSave::NothingToAdd);
+        QVERIFY(!QFile::exists(KeywordsPath(folder)));
+        QCOMPARE(LexerKeywords, builtIn);
+    }
+
+    void aKeywordThatCannotBeStoredIsAskedFor()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        const QString question = QStringLiteral("Line 1 of the keywords holds a character that BASIC source files "
+                                                "cannot store.\n"
+                                                "Save with a question mark in place of each such character?");
+        ScriptedDialogs dialogs;
+        dialogs.ExpectQuestion(question, BoxAnswer::No);
+        QVERIFY(AddCustomKeywords(folder, QString::fromUtf8("a\u2192")) == KeywordSave::Declined);
+        QVERIFY(!QFile::exists(KeywordsPath(folder)));
+        QCOMPARE(LexerKeywords, builtIn);
+        dialogs.ExpectQuestion(question, BoxAnswer::Yes);
+        QVERIFY(AddCustomKeywords(folder, QString::fromUtf8("a\u2192")) == KeywordSave::Written);
+        QCOMPARE(CoreBench::Get(KeywordsPath(folder)), QByteArray("a?\r\n"));
+    }
+
+    void aFailedSaveChangesNothing()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(QDir(folder).mkdir(QStringLiteral("keywords.txt")));
+        QCOMPARE(RaisedBy([this] { AddCustomKeywords(folder, QStringLiteral("pear")); }), 75);
+        QCOMPARE(LexerKeywords, builtIn);
+#ifdef Q_OS_UNIX
+        QVERIFY(QDir(folder).rmdir(QStringLiteral("keywords.txt")));
+        QVERIFY(WriteBytes(KeywordsPath(folder), "old\r\n"));
+        const FileSizeLimit limit(400);
+        QCOMPARE(RaisedBy([this] { AddCustomKeywords(folder, QString(1000, QLatin1Char('x'))); }), 61);
+        QCOMPARE(CoreBench::Get(KeywordsPath(folder)), QByteArray("old\r\n"));
+        QCOMPARE(LexerKeywords, builtIn);
+#endif
+    }
+
+    void deletedKeywordsAreGoneFromFileAndList()
+    {
+        const QByteArray builtIn = LexerKeywords;
+        QVERIFY(AddCustomKeywords(folder, QStringLiteral("pear")) == KeywordSave::Written);
+        DeleteCustomKeywords(folder);
+        QVERIFY(!QFile::exists(KeywordsPath(folder)));
+        QCOMPARE(LexerKeywords, builtIn);
+        DeleteCustomKeywords(folder);
+        QCOMPARE(LexerKeywords, builtIn);
+    }
+
+    void everyOpenWindowGetsTheKeywords()
+    {
+        ResetState();
+        KeywordSci first;
+        KeywordSci third;
+        Documents.push_back(nullptr);
+        for (Sci sci : {Sci(&first), Sci(), Sci(&third)}) {
+            Documents.push_back(std::make_unique<cDocument>(static_cast<int>(Documents.size())));
+            Documents.back()->sci = sci;
+        }
+        LexerKeywords = "pear \xE9";
+        UpdateKeywordsOfWindows();
+        ResetState();
+        QCOMPARE(first.words, QByteArray("pear \xC3\xA9"));
+        QCOMPARE(third.words, QByteArray("pear \xC3\xA9"));
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_modUserTexts)
+#include "tst_modUserTexts.moc"

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// New, Close, Exit and the recent items, with the slots that they take.
+#include "editor/files/modFileCommands.h"
+
+#include "core/CoreBench.h"
+#include "editor/document/modDocument.h"
+
+using namespace ob;
+
+class tst_modFileCommands : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        bench = std::make_unique<CoreBench>();
+        Documents.push_back(nullptr);
+        Documents.push_back(std::make_unique<cDocument>(1));
+    }
+    void cleanup() { bench.reset(); }
+
+    void TheThirdEmptyDocumentReusesTheWindowOfTheSecond()
+    {
+        mnuFileNew_Click();
+        QCOMPARE(Documents.size(), std::size_t{2});
+        QCOMPARE(Documents[1]->Tag, TagOpen);
+        QCOMPARE(Documents[1]->Caption(), QStringLiteral("untitled.bas"));
+        mnuFileNew_Click();
+        QCOMPARE(Documents.size(), std::size_t{3});
+        QCOMPARE(Documents[2]->Tag, QString());
+        FakeSci& control = bench->form.ActiveControl();
+        control.Type("typed");
+        mnuFileNew_Click();
+        QCOMPARE(Documents.size(), std::size_t{3});
+        QCOMPARE(Documents[2]->Tag, TagOpen);
+        QVERIFY(&bench->form.ActiveControl() == &control);
+        QCOMPARE(control.text, QByteArray());
+        mnuFileNew_Click();
+        QCOMPARE(Documents.size(), std::size_t{4});
+        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show 1"), QStringLiteral("show 2"),
+                                               QStringLiteral("show 2"), QStringLiteral("show 3")}));
+    }
+
+    void ANewWindowHoldsTheProgrammersCommentsWhenThatIsWanted()
+    {
+        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), "'by J\xFCrgen\r\n'2024\r\n");
+        AddComments = true;
+        mnuFileNew_Click();
+        QCOMPARE(bench->form.ActiveControl().text, QByteArray("'by J\xC3\xBCrgen\r\n'2024"));
+        QCOMPARE(bench->form.ActiveControl().caret, qsizetype{0});
+        QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
+    }
+
+    void WithoutCommentsOnFileASentenceStandsForThem()
+    {
+        AddComments = true;
+        mnuFileNew_Click();
+        QCOMPARE(bench->form.ActiveControl().text, QByteArray("'no programmer's comments on file"));
+    }
+
+    void ACommentsFileOfOneByteIsAnEmptyText()
+    {
+        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), "'");
+        AddComments = true;
+        mnuFileNew_Click();
+        QCOMPARE(bench->form.ActiveControl().text, QByteArray());
+    }
+
+    void WithoutTheEditLibraryNoTextIsTouched()
+    {
+        bench->form.hasEditLibrary = false;
+        AddComments = true;
+        mnuFileNew_Click();
+        QVERIFY(Documents[1]->sci == nullptr);
+        QCOMPARE(Documents[1]->Caption(), QStringLiteral("Document 1"));
+    }
+
+    void CloseUnloadsTheActiveWindowAndItsNumberComesBack()
+    {
+        mnuFileNew_Click();
+        Documents[1]->Tag = TagOpen;
+        mnuFileClose_Click();
+        QCOMPARE(Documents[1]->Tag, TagClosed);
+        QVERIFY(NewDocument() != nullptr);
+        QCOMPARE(bench->form.active->Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show 1"), QStringLiteral("unload 1"),
+                                               QStringLiteral("show 1")}));
+    }
+
+    void CloseNeedsACodeWindow_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("none") << static_cast<int>(ActiveChild::None);
+        QTest::newRow("form") << static_cast<int>(ActiveChild::Gui);
+    }
+
+    void CloseNeedsACodeWindow()
+    {
+        QFETCH(int, kind);
+        bench->form.kind = static_cast<ActiveChild>(kind);
+        bench->dialogs.ExpectMessage(QStringLiteral("No code window is active!"));
+        mnuFileClose_Click();
+        QVERIFY(bench->dialogs.Finished());
+        QVERIFY(bench->form.log.isEmpty());
+    }
+
+    void ExitUnloadsTheFrame()
+    {
+        mnuFileExit_Click();
+        QCOMPARE(bench->form.log, QStringList{QStringLiteral("unload frame")});
+    }
+
+    void ARecentItemOpensItsFileAndMovesItToTheFront()
+    {
+        const QString first = bench->Put(QStringLiteral("a.bas"), "a\r\n");
+        const QString second = bench->Put(QStringLiteral("b.bas"), "second\r\n");
+        RecentFiles[0] = first;
+        RecentFiles[1] = second;
+        RecentCount = 2;
+        mnuFileMRU_Click(2);
+        QCOMPARE(bench->form.active->Caption(), second);
+        QCOMPARE(bench->form.active->Tag, TagOpen);
+        QCOMPARE(bench->form.ActiveControl().text, QByteArray("second"));
+        QVERIFY(bench->form.status.startsWith(QStringLiteral("b.bas  Size: 8 KB   Last Modified: ")));
+        QCOMPARE(RecentFiles[0], second);
+        QCOMPARE(RecentFiles[1], first);
+        QCOMPARE(RecentCount, 2);
+    }
+
+    void ARecentItemWhoseFileIsGoneSaysSo()
+    {
+        RecentFiles[2] = bench->Path(QStringLiteral("gone.bas"));
+        bench->dialogs.ExpectMessage(QStringLiteral("Cannot find ") + RecentFiles[2], BoxAnswer::Ok, BoxIcon::None);
+        mnuFileMRU_Click(3);
+        QVERIFY(bench->dialogs.Finished());
+        QVERIFY(bench->form.log.isEmpty());
+        QCOMPARE(RecentFiles[2], bench->Path(QStringLiteral("gone.bas")));
+    }
+
+    void ASavedWindowIsTakenByTheNextFile()
+    {
+        const QString file = bench->Put(QStringLiteral("b.bas"), "second\r\n");
+        cDocument& document = bench->Open(bench->Path(QStringLiteral("a.bas")), "first");
+        Documents[1]->Tag = TagOpen;
+        document.Tag.clear();
+        OpenRecentFile(file);
+        QCOMPARE(document.Caption(), file);
+        QCOMPARE(bench->form.ActiveControl().text, QByteArray("second"));
+        QCOMPARE(Documents.size(), std::size_t{3});
+        QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
+    }
+
+private:
+    std::unique_ptr<CoreBench> bench;
+};
+
+OB_CORE_TEST(tst_modFileCommands)
+#include "tst_modFileCommands.moc"

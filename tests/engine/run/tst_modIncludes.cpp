@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Include lines at the top of a program, and the bytes that they bring behind its copy.
+#include "engine/run/modIncludes.h"
+
+#include "core/CoreBench.h"
+#include "editor/document/modDocument.h"
+#include "engine/run/modRun.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/modAnsi.h"
+
+#include <QDir>
+
+using namespace ob;
+
+namespace {
+
+const QString Cases = QStringLiteral(OB_TEST_DATA "/runcopy/");
+
+QByteArray Heading(const QByteArray& name)
+{
+    return "'*******************************\r\n'" + name + " begins here:\r\n\r\n";
+}
+
+} // namespace
+
+// Each folder of the cases holds program.bas, the files that it may include, and the expected bytes of the run copy.
+class tst_modIncludes : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup() { bench.reset(); }
+
+    void TheRunCopyHoldsTheTextAndItsIncludes_data()
+    {
+        QTest::addColumn<QString>("folder");
+        const QStringList names = QDir(Cases).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        QVERIFY(names.size() > 20);
+        for (const QString& name : names)
+            QTest::newRow(qPrintable(name)) << Cases + name + QLatin1Char('/');
+    }
+
+    void TheRunCopyHoldsTheTextAndItsIncludes()
+    {
+        QFETCH(QString, folder);
+        const QByteArray program = LoadedBytes(CoreBench::Get(folder + QStringLiteral("program.bas")));
+        const QByteArray expected = CoreBench::Get(folder + QStringLiteral("expected.copy"));
+
+        QByteArray copy = program + " \r\n";
+        const QByteArray included = IncludedText(program, TextEncoding::Ansi, folder);
+        if (!included.isEmpty())
+            copy += included + "\r\n";
+        QCOMPARE(copy, expected);
+        QCOMPARE(IncludedText(program, TextEncoding::Ansi, folder.chopped(1)), included);
+
+        // The same from a code window, the way that the run commands and Save Project take.
+        bench->Open(QStringLiteral("x.bas"), DecodeAnsi(program));
+        const QString path = bench->Path(QStringLiteral("x.BAK"));
+        QVERIFY(SaveDocumentFile(path) == SaveEnd::Written);
+        const QByteArray fromWindow = CheckIncludes(folder);
+        if (!fromWindow.isEmpty())
+            AppendToFile(path, fromWindow);
+        QCOMPARE(CoreBench::Get(path), expected);
+    }
+
+    void TheCurrentFolderDoesNotMatter()
+    {
+        bench->Put(QStringLiteral("a.bas"), "'in the current folder\r\n");
+        QDir().mkdir(QStringLiteral("sub"));
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))), QByteArray());
+        bench->Put(QStringLiteral("sub/a.bas"), "'beside the program\r\n");
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))),
+                 Heading("a.bas") + "'beside the program\r\n");
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, QStringLiteral("sub/")),
+                 Heading("a.bas") + "'beside the program\r\n");
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, {}),
+                 Heading("a.bas") + "'in the current folder\r\n");
+    }
+
+    void AFolderAboveCanBeNamed()
+    {
+        QDir().mkdir(QStringLiteral("sub"));
+        bench->Put(QStringLiteral("a.bas"), "'a\r\n");
+        QCOMPARE(IncludedText("'include ..\\a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))),
+                 Heading("a.bas") + "'a\r\n");
+    }
+
+    void ANameInTheCodePageFindsItsFile()
+    {
+        bench->Put(QStringLiteral("\u00DCber.bas"), "'u\r\n");
+        const QString folder = bench->Path({});
+        QCOMPARE(IncludedText("'include \xDC" "ber.bas\r\n", TextEncoding::Ansi, folder),
+                 Heading("\xDC" "ber.bas") + "'u\r\n");
+        QCOMPARE(IncludedText("'include \xC3\x9C" "ber.bas\r\n", TextEncoding::Utf8, folder),
+                 Heading("\xDC" "ber.bas") + "'u\r\n");
+        QCOMPARE(IncludedText("'include \xC3\xBC" "BER.bas\r\n", TextEncoding::Utf8, folder),
+                 Heading("\xDC" "ber.bas") + "'u\r\n");
+    }
+
+    void ANameThatTheCodePageLacksFindsNothing()
+    {
+        bench->Put(QStringLiteral("\u03B1.bas"), "'alpha\r\n");
+        QCOMPARE(IncludedText("'include \xCE\xB1.bas\r\n", TextEncoding::Utf8, bench->Path({})), QByteArray());
+    }
+
+    void TheExactNameWinsOverOneInAnotherCase()
+    {
+        bench->Put(QStringLiteral("a.bas"), "'lower\r\n");
+        bench->Put(QStringLiteral("A.BAS"), "'upper\r\n");
+        if (CoreBench::Get(bench->Path(QStringLiteral("a.bas"))) == "'upper\r\n")
+            QSKIP("the disk ignores case");
+        QCOMPARE(IncludedText("'include A.BAS\r\n'include a.bas\r\n", TextEncoding::Ansi, bench->Path({})),
+                 Heading("A.BAS") + "'upper\r\n" + Heading("a.bas") + "'lower\r\n");
+    }
+
+    void AFileThatCannotBeReadIsAnError()
+    {
+#ifdef Q_OS_LINUX
+        QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), bench->Path(QStringLiteral("a.bas"))));
+        QVERIFY(RaisedBy([&] { IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path({})); }) != 0);
+#else
+        QSKIP("has no such file");
+#endif
+    }
+
+    void ALinkLeadsToItsFile()
+    {
+        QDir().mkdir(QStringLiteral("other"));
+        bench->Put(QStringLiteral("other/a.bas"), "'a\r\n");
+        QVERIFY(QFile::link(bench->Path(QStringLiteral("other/a.bas")), bench->Path(QStringLiteral("b.bas"))));
+        QCOMPARE(IncludedText("'include b.bas\r\n", TextEncoding::Ansi, bench->Path({})), Heading("b.bas") + "'a\r\n");
+    }
+
+    void ANulInANameFindsNothing()
+    {
+        bench->Put(QStringLiteral("a.bas"), "'a\r\n");
+        QCOMPARE(IncludedText(QByteArray("'include a.bas\0\r\n'include a.bas", 31), TextEncoding::Ansi, bench->Path({})),
+                 Heading("a.bas") + "'a\r\n");
+    }
+
+    void WithoutACodeWindowThereIsNothingToInclude()
+    {
+        QCOMPARE(CheckIncludes(bench->Path({})), QByteArray());
+        bench->form.kind = ActiveChild::Gui;
+        QCOMPARE(CheckIncludes(bench->Path({})), QByteArray());
+    }
+
+private:
+    std::unique_ptr<CoreBench> bench;
+};
+
+OB_CORE_TEST(tst_modIncludes)
+#include "tst_modIncludes.moc"

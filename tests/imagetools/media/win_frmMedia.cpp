@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The media window, by its controls, over a scripted player.
+#include "support/BenchTest.h"
+#include "support/ScriptedMedia.h"
+#include "support/TestBench.h"
+
+#include "imagetools/media/frmMedia.h"
+#include "imagetools/media/modMedia.h"
+#include "platform/desktop/modClipboard.h"
+#include "shell/state/frmTool.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+
+using namespace ob;
+
+namespace {
+
+const QString OpenTitle = QStringLiteral("Open File...");
+const QString OpenFilter = QStringLiteral("Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3");
+
+} // namespace
+
+class win_frmMedia : public QObject {
+    Q_OBJECT
+
+private:
+    template <class Control>
+    Control* Find(const char* name) const
+    {
+        return window->findChild<Control*>(QString::fromLatin1(name));
+    }
+    void Click(const char* button) const { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
+    QString Now() const { return Find<QLabel>("lblNow")->text(); }
+    bool IsTicking() const { return Find<QTimer>("tmrPlay")->isActive(); }
+    QString Code() const { return Find<QPlainTextEdit>("txtCode")->toPlainText(); }
+
+    // Opens a file of that name, which the bench makes.
+    QString OpenFile(const char* name)
+    {
+        // No dot in a folder's name, as the first one decides.
+        const QString path = folder->filePath(QString::fromLatin1(name));
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(name) < 0)
+            qFatal("cannot write");
+        file.close();
+        bench->dialogs.ExpectFile(FilePurpose::Open, OpenTitle, OpenFilter, path);
+        Click("cmdOpen");
+        return path;
+    }
+
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<TestBench> bench;
+    std::unique_ptr<ScriptedMedia> media;
+    std::unique_ptr<frmMedia> window;
+
+private Q_SLOTS:
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/obmediaXXXXXX"));
+        bench = std::make_unique<TestBench>();
+        media = std::make_unique<ScriptedMedia>();
+        media->length = 90'000;
+        window = std::make_unique<frmMedia>();
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+    void cleanup()
+    {
+        window.reset();
+        media.reset();
+        const bool isFinished = bench->dialogs.Finished();
+        bench.reset();
+        folder.reset();
+        QVERIFY(isFinished);
+    }
+
+    void itStartsWithoutAFile()
+    {
+        QCOMPARE(Find<QLineEdit>("lblFile")->text(), QStringLiteral("No File"));
+        QCOMPARE(Code(), QString());
+        QVERIFY(!IsTicking());
+        Click("cmdPlay");
+        Find<QCheckBox>("chkPath")->click();
+        QCOMPARE(Code(), QString());
+        QVERIFY(media->log.isEmpty());
+        bench->dialogs.ExpectMessage(QStringLiteral("No file to save!"), BoxAnswer::Ok, BoxIcon::None);
+        Click("cmdCopy");
+    }
+
+    void anOpenedFileIsShownWithItsCode()
+    {
+        const QString path = OpenFile("song.mid");
+        QCOMPARE(Find<QLineEdit>("lblFile")->text(), path);
+        QCOMPARE(Code(), MediaCode(path, MediaPath::NameOnly).remove(u'\r'));
+        QVERIFY(Code().startsWith(QLatin1String("a$ = \"open song.mid type sequencer alias PlayFile\"\n")));
+        Find<QCheckBox>("chkPath")->click();
+        QCOMPARE(Code(), MediaCode(path, MediaPath::Whole).remove(u'\r'));
+        QVERIFY(media->log.isEmpty());
+    }
+
+    void theCodeStaysAsItIsWritten()
+    {
+        OpenFile("song.mid");
+        const QString code = Code();
+        auto* field = Find<QPlainTextEdit>("txtCode");
+        QVERIFY(field->isReadOnly());
+        field->setPlainText(QStringLiteral("something else"));
+        QCOMPARE(Code(), code);
+    }
+
+    void openingNothingForgetsTheFile()
+    {
+        OpenFile("song.mid");
+        const QString code = Code();
+        bench->dialogs.ExpectFile(FilePurpose::Open, OpenTitle, OpenFilter, QString());
+        Click("cmdOpen");
+        QCOMPARE(Find<QLineEdit>("lblFile")->text(), QStringLiteral("No File"));
+        QCOMPARE(Code(), code);
+        Click("cmdPlay");
+        QVERIFY(media->log.isEmpty());
+    }
+
+    void playingShowsPositionAndLengthToItsEnd()
+    {
+        const QString path = OpenFile("film.avi");
+        Click("cmdPlay");
+        QCOMPARE(media->log, (QStringList{QStringLiteral("open video ") + path, QStringLiteral("play")}));
+        QCOMPARE(Now(), QStringLiteral("0:00 / 1:30"));
+        QVERIFY(IsTicking());
+        media->position = 45'000;
+        QTRY_COMPARE(Now(), QStringLiteral("0:45 / 1:30"));
+        QCOMPARE(Find<QProgressBar>("prgNow")->value(), 500);
+        media->position = 90'000;
+        QTRY_VERIFY(!IsTicking());
+        QCOMPARE(media->openCount, 0);
+        QCOMPARE(Now(), QStringLiteral("0:00 / 1:30"));
+        QCOMPARE(Find<QProgressBar>("prgNow")->value(), 0);
+    }
+
+    void enterPlaysAnOpenedFileAndStopEndsIt()
+    {
+        OpenFile("SONG.MP3");
+        QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+        QCOMPARE(media->openCount, 1);
+        Click("cmdStop");
+        QCOMPARE(media->openCount, 0);
+        QVERIFY(!IsTicking());
+    }
+
+    void aFileThatCannotBeOpenedStopsAtTheFirstTick()
+    {
+        OpenFile("film.mpg");
+        media->length = -1;
+        Click("cmdPlay");
+        QVERIFY(IsTicking());
+        QTRY_VERIFY(!IsTicking());
+        QCOMPARE(Now(), QStringLiteral("0:00 / 0:00"));
+    }
+
+    void whatIsNoMediaFileIsRefused()
+    {
+        OpenFile("two.parts.mid");
+        bench->dialogs.ExpectMessage(QStringLiteral("File does not appear to be a valid media file."));
+        Click("cmdPlay");
+        QVERIFY(media->log.isEmpty() && !IsTicking());
+    }
+
+    void aFileThatVanishedPlaysNothing()
+    {
+        QVERIFY(QFile::remove(OpenFile("song.mid")));
+        Click("cmdPlay");
+        QVERIFY(media->log.isEmpty());
+        const QString target = folder->filePath(QStringLiteral("copy.mid"));
+        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
+                                  QStringLiteral("MIDI Files (*.mid)| *.mid"), target);
+        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        Click("cmdCopy");
+        QVERIFY(!QFile::exists(target));
+    }
+
+    void aMissingSoundFontIsTold()
+    {
+        OpenFile("song.mid");
+        media->length = -1;
+        media->trouble = MediaTrouble::NoSoundFont;
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("MIDI files need a sound font, and none was found.  Please install one, for example the "
+                           "package timgm6mb-soundfont."),
+            BoxAnswer::Ok, BoxIcon::Exclamation);
+        Click("cmdPlay");
+    }
+
+    void aMissingSoundDeviceIsShown()
+    {
+        QVERIFY(!Find<QLabel>("lblSilent")->isVisible());
+        OpenFile("song.mid");
+        media->trouble = MediaTrouble::NoSoundDevice;
+        Click("cmdPlay");
+        QVERIFY(Find<QLabel>("lblSilent")->isVisible());
+        QVERIFY(IsTicking());
+        media->trouble = MediaTrouble::None;
+        Click("cmdPlay");
+        QVERIFY(!Find<QLabel>("lblSilent")->isVisible());
+    }
+
+    void theCodeIsCopiedAsProgramText()
+    {
+        const QString path = OpenFile("song.mid");
+        QString copied;
+        SetClipboardWriter([&](const QString& text) {
+            copied = text;
+            return true;
+        });
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("Code has been copied to the clipboard.  Please paste into your program."), BoxAnswer::Ok,
+            BoxIcon::None);
+        Click("cmdCode");
+        SetClipboardWriter({});
+        QCOMPARE(copied, MediaCode(path, MediaPath::NameOnly));
+    }
+
+    void theFileIsCopiedUnderAnotherName()
+    {
+        OpenFile("film.AVI");
+        const QString target = folder->filePath(QStringLiteral("copy.avi"));
+        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
+                                  QStringLiteral("AVI Files (*.avi)| *.avi"), target);
+        bench->dialogs.ExpectMessage(QStringLiteral("File has been saved as ") + target, BoxAnswer::Ok, BoxIcon::None);
+        Click("cmdCopy");
+        QCOMPARE(TestBench::Read(target), QByteArray("film.AVI"));
+        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
+                                  QStringLiteral("AVI Files (*.avi)| *.avi"), QString());
+        Click("cmdCopy");
+    }
+
+    void aSecondFilePlaysInPlaceOfTheFirst()
+    {
+        OpenFile("song.mid");
+        Click("cmdPlay");
+        OpenFile("film.avi");
+        QCOMPARE(media->openCount, 1);
+        Click("cmdPlay");
+        QCOMPARE(media->openCount, 1);
+        QCOMPARE(media->log.count(QStringLiteral("close")), 1);
+    }
+
+    void leavingStopsThePlaying_data()
+    {
+        QTest::addColumn<bool>("byEscape");
+        QTest::newRow("exit") << false;
+        QTest::newRow("escape") << true;
+    }
+
+    void leavingStopsThePlaying()
+    {
+        QFETCH(bool, byEscape);
+        OpenFile("song.mid");
+        Click("cmdPlay");
+        if (byEscape)
+            QTest::keyClick(window.get(), Qt::Key_Escape);
+        else
+            Click("cmdExit");
+        QVERIFY(!window->isVisible());
+        window.reset();
+        QCOMPARE(media->openCount, 0);
+    }
+
+    void tabRunsThroughAllControls()
+    {
+        QStringList names;
+        QWidget* const first = Find<QLineEdit>("lblFile");
+        first->setFocus();
+        do {
+            names.append(window->focusWidget()->objectName());
+            QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+        } while (window->focusWidget() != first && names.size() < 20);
+        QCOMPARE(names.join(u' '),
+                 QStringLiteral("lblFile cmdOpen cmdPlay cmdStop cmdCopy cmdAVI txtCode chkPath cmdCode cmdExit"));
+    }
+
+    void theAviMakerIsOneClickAway()
+    {
+        bench->ExpectModal(QStringLiteral("frmAVI"), [](QDialog& dialog) { dialog.reject(); });
+        Click("cmdAVI");
+    }
+
+    void theMenuItemShowsOneWindowBesideTheBench()
+    {
+        bench->Start();
+        mnuToolMedia_Click();
+        mnuToolMedia_Click();
+        const auto shown = bench->Frame().findChildren<frmMedia*>();
+        QCOMPARE(shown.size(), 1);
+        QVERIFY(!shown.first()->isModal() && shown.first()->isVisible());
+    }
+};
+
+OB_BENCH_TEST(win_frmMedia)
+#include "win_frmMedia.moc"

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The WAV window, by its controls, over real folders and a scripted player.
+#include "support/BenchTest.h"
+#include "support/ScriptedMedia.h"
+#include "support/TestBench.h"
+
+#include "imagetools/media/frmWav.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QTreeView>
+
+using namespace ob;
+
+class win_frmWav : public QObject {
+    Q_OBJECT
+
+private:
+    template <class Control>
+    Control* Find(const char* name) const
+    {
+        return window->findChild<Control*>(QString::fromLatin1(name));
+    }
+    void Click(const char* button) const { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
+    QString State() const { return Find<QLabel>("lblState")->text(); }
+
+    QModelIndex Row(int row) const { return Find<QListView>("Fil")->model()->index(row, 0); }
+    QPoint PlaceOf(int row) const { return Find<QListView>("Fil")->visualRect(Row(row)).center(); }
+    void ChooseFile(int row) const
+    {
+        QTest::mouseClick(Find<QListView>("Fil")->viewport(), Qt::LeftButton, {}, PlaceOf(row));
+    }
+
+    std::unique_ptr<TestBench> bench;
+    std::unique_ptr<ScriptedMedia> media;
+    std::unique_ptr<frmWav> window;
+
+private Q_SLOTS:
+    void init()
+    {
+        bench = std::make_unique<TestBench>();
+        bench->Write(QStringLiteral("Beep.WAV"), "beep");
+        bench->Write(QStringLiteral("horn.wav"), "horn");
+        bench->Write(QStringLiteral("horn.mid"), "no wav");
+        QDir().mkdir(bench->Path(QStringLiteral("more")));
+        bench->Write(QStringLiteral("more/deep.wav"), "deep");
+        media = std::make_unique<ScriptedMedia>();
+        media->length = 2'000;
+        window = std::make_unique<frmWav>();
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QTRY_COMPARE(State(), QStringLiteral("WAV files: 2"));
+    }
+    void cleanup()
+    {
+        window.reset();
+        media.reset();
+        const bool isFinished = bench->dialogs.Finished();
+        bench.reset();
+        QVERIFY(isFinished);
+    }
+
+    void theFolderShowsItsWavFiles()
+    {
+        QCOMPARE(Row(0).data().toString(), QStringLiteral("Beep.WAV"));
+        QCOMPARE(Row(1).data().toString(), QStringLiteral("horn.wav"));
+        QCOMPARE(Find<QLineEdit>("Text1")->text(), QString());
+        ChooseFile(1);
+        QCOMPARE(Find<QLineEdit>("Text1")->text(), QStringLiteral("horn.wav"));
+    }
+
+    void anotherFolderForgetsTheFile()
+    {
+        ChooseFile(1);
+        auto* folders = Find<QTreeView>("Dir1");
+        // The folder shown is the current one, the one in it stands below.
+        const QModelIndex below = folders->indexBelow(folders->currentIndex());
+        QCOMPARE(below.data().toString(), QStringLiteral("more"));
+        folders->setFocus();
+        folders->setCurrentIndex(below);
+        QTest::keyClick(folders, Qt::Key_Return);
+        QTRY_COMPARE(State(), QStringLiteral("WAV files: 1"));
+        QCOMPARE(Find<QLineEdit>("Text1")->text(), QString());
+        ChooseFile(0);
+        Click("cmdPlay");
+        QCOMPARE(media->log.first(), QStringLiteral("open sound ") + bench->Path(QStringLiteral("more/deep.wav")));
+    }
+
+    void playNeedsAChosenFile()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("Please choose a wav from the file box!"), BoxAnswer::Ok,
+                                     BoxIcon::Exclamation);
+        Click("cmdPlay");
+        QVERIFY(media->log.isEmpty());
+    }
+
+    void playAndStop()
+    {
+        ChooseFile(0);
+        Click("cmdPlay");
+        const QString path = bench->Path(QStringLiteral("Beep.WAV"));
+        QCOMPARE(media->log, (QStringList{QStringLiteral("open sound ") + path, QStringLiteral("play")}));
+        Click("cmdStop");
+        QCOMPARE(media->openCount, 0);
+    }
+
+    void enterAndADoubleClickPlay()
+    {
+        ChooseFile(0);
+        QTest::keyClick(Find<QListView>("Fil"), Qt::Key_Return);
+        QCOMPARE(media->log.count(QStringLiteral("play")), 1);
+        auto* list = Find<QListView>("Fil");
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(1));
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(1));
+        QCOMPARE(media->log.count(QStringLiteral("play")), 2);
+        QCOMPARE(media->openCount, 1);
+    }
+
+    void aFileThatCannotBePlayedIsToldBesideTheList()
+    {
+        media->length = -1;
+        ChooseFile(0);
+        Click("cmdPlay");
+        QCOMPARE(State(), QStringLiteral("This file cannot be played."));
+    }
+
+    void aFileThatVanishedIsToldBesideTheList()
+    {
+        ChooseFile(0);
+        QVERIFY(QFile::remove(bench->Path(QStringLiteral("Beep.WAV"))));
+        Click("cmdPlay");
+        QVERIFY(media->log.isEmpty());
+        QCOMPARE(State(), QStringLiteral("This file cannot be played."));
+        const QString target = bench->Path(QStringLiteral("copy.wav"));
+        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
+                                  QStringLiteral("Wav sound file (*.wav)|*.wav"), target);
+        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        Click("cmdCopy");
+        QVERIFY(!QFile::exists(target));
+    }
+
+    void aMissingSoundDeviceIsToldBesideTheList()
+    {
+        media->trouble = MediaTrouble::NoSoundDevice;
+        ChooseFile(0);
+        Click("cmdPlay");
+        QCOMPARE(State(), QStringLiteral("There is no sound device to play it on."));
+        media->trouble = MediaTrouble::None;
+        Click("cmdPlay");
+        QCOMPARE(State(), QStringLiteral("WAV files: 2"));
+    }
+
+    void theFileIsCopied()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("No wav is chosen!"), BoxAnswer::Ok, BoxIcon::None);
+        Click("cmdCopy");
+        ChooseFile(1);
+        const QString target = bench->Path(QStringLiteral("copy.wav"));
+        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
+                                  QStringLiteral("Wav sound file (*.wav)|*.wav"), target);
+        Click("cmdCopy");
+        QCOMPARE(TestBench::Read(target), QByteArray("horn"));
+    }
+
+    void leavingEndsTheSound_data()
+    {
+        QTest::addColumn<bool>("byEscape");
+        QTest::newRow("exit") << false;
+        QTest::newRow("escape") << true;
+    }
+
+    void leavingEndsTheSound()
+    {
+        QFETCH(bool, byEscape);
+        ChooseFile(0);
+        Click("cmdPlay");
+        if (byEscape)
+            QTest::keyClick(window.get(), Qt::Key_Escape);
+        else
+            Click("cmdExit");
+        QVERIFY(!window->isVisible());
+        window.reset();
+        QCOMPARE(media->openCount, 0);
+    }
+
+    void theMenuItemShowsItModally()
+    {
+        bench->ExpectModal(QStringLiteral("frmWav"), [](QDialog& dialog) { dialog.reject(); });
+        mnuToolWav_Click();
+    }
+};
+
+OB_BENCH_TEST(win_frmWav)
+#include "win_frmWav.moc"

@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Metafiles have their size, errors and limits; every reader of pictures takes them.
+#include "imagetools/metafiles/PlayedMetafile.h"
+
+#include "imagetools/pictures/modPicture.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <limits>
+
+using namespace ob;
+
+class tst_modMetafile : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void headerGivesTheSizeAt96DotsAnInch_data();
+    void headerGivesTheSizeAt96DotsAnInch();
+    void fileWithoutTheHeaderTakesItsWindowForPixels();
+    void fileWithoutAnySizeTakesTheRoomOfItsDrawing();
+    void frameGivesTheSizeOf32BitFiles();
+    void hugePictureIsDrawnSmaller();
+    void windowTurnedOverIsDrawnTurnedOver();
+    void worldTransformTurns();
+    void unitsOfTheMapModes();
+    void unknownAndShortRecordsAreSkipped();
+    void damagedFilesAreErrors_data();
+    void damagedFilesAreErrors();
+    void hostileFilesEnd_data();
+    void hostileFilesEnd();
+    void everyPictureReaderTakesThem();
+};
+
+void tst_modMetafile::headerGivesTheSizeAt96DotsAnInch_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QSize>("size");
+    const WmfBytes nothing;
+    QTest::newRow("one unit a pixel") << nothing.Placeable(0, 0, 100, 50, 96) << QSize(100, 50);
+    QTest::newRow("twips") << nothing.Placeable(0, 0, 1440, 2880, 1440) << QSize(96, 192);
+    QTest::newRow("origin elsewhere") << nothing.Placeable(-500, 200, 500, 700, 960) << QSize(100, 50);
+    QTest::newRow("corners swapped") << nothing.Placeable(100, 50, 0, 0, 96) << QSize(100, 50);
+    QTest::newRow("less than a pixel") << nothing.Placeable(0, 0, 1, 1, 1440) << QSize(1, 1);
+}
+
+void tst_modMetafile::headerGivesTheSizeAt96DotsAnInch()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QSize, size);
+    const QImage image = Played(file);
+    QCOMPARE(image.size(), size);
+    QCOMPARE(CountOf(image, White), size.width() * size.height());
+}
+
+void tst_modMetafile::fileWithoutTheHeaderTakesItsWindowForPixels()
+{
+    WmfBytes file = Drawing();
+    file.Add(0x103, Word(8)).Add(0x20B, Words({0, 10})).Add(0x20C, Words({60, 80}));
+    file.Add(RectangleRecord, Words({60, 50, 0, 10}));
+    const QImage image = Played(file.Plain());
+    QCOMPARE(image.size(), QSize(80, 60));
+    QCOMPARE(image.pixel(20, 30), Green);
+    QCOMPARE(image.pixel(60, 30), White);
+
+    WmfBytes large;
+    large.Add(0x20C, Words({2048, 8192}));
+    QCOMPARE(Played(large.Plain()).size(), QSize(1024, 256));
+}
+
+void tst_modMetafile::fileWithoutAnySizeTakesTheRoomOfItsDrawing()
+{
+    WmfBytes file = Drawing();
+    file.Add(RectangleRecord, Words({250, 340, 200, 300}));
+    const QImage image = Played(file.Plain());
+    QCOMPARE(image.size(), QSize(40, 50));
+    QCOMPARE(image.pixel(0, 0), Red);
+    QCOMPARE(image.pixel(20, 25), Green);
+}
+
+void tst_modMetafile::frameGivesTheSizeOf32BitFiles()
+{
+    QCOMPARE(Played(EmfBytes().File(200, 120)).size(), QSize(200, 120));
+}
+
+void tst_modMetafile::hugePictureIsDrawnSmaller()
+{
+    const QImage image = Played(WmfBytes().Placeable(-32768, -32768, 32767, -16384, 1));
+    QVERIFY(!image.isNull());
+    QVERIFY(qint64{image.width()} * image.height() <= 16'000'000);
+    QVERIFY(qAbs(image.width() / double(image.height()) - 4) < 0.01);
+}
+
+void tst_modMetafile::windowTurnedOverIsDrawnTurnedOver()
+{
+    WmfBytes file = Drawing();
+    file.Add(0x20B, Words({100, 0})).Add(0x20C, Words({-100, 100}));
+    file.Add(RectangleRecord, Words({0, 100, 30, 0}));
+    const QImage image = Drawn(file);
+    QCOMPARE(image.pixel(50, 85), Green);
+    QCOMPARE(image.pixel(50, 50), White);
+}
+
+void tst_modMetafile::worldTransformTurns()
+{
+    EmfBytes file = Drawing32();
+    // A quarter turn with the clock about the middle.
+    file.Add(35, Single(0) + Single(1) + Single(-1) + Single(0) + Single(100) + Single(0));
+    file.Add(43, Box32(10, 40, 50, 60));
+    const QImage image = Drawn(file);
+    QCOMPARE(image.pixel(50, 30), Green);
+    QCOMPARE(image.pixel(30, 50), White);
+    file.Add(36, QByteArray(24, '\0') + Long(1)).Add(43, Box32(10, 70, 50, 90));
+    QCOMPARE(Drawn(file).pixel(30, 80), Green);
+}
+
+void tst_modMetafile::unitsOfTheMapModes()
+{
+    // 10 mm are about 38 pixels, and up is up.
+    WmfBytes file = Drawing();
+    file.Add(0x103, Word(2)).Add(0x20D, Words({100, 0}));
+    file.Add(RectangleRecord, Words({0, 100, 100, 0}));
+    const QImage image = Drawn(file);
+    QCOMPARE(image.pixel(30, 70), Green);
+    QCOMPARE(image.pixel(30, 55), White);
+    QCOMPARE(image.pixel(45, 70), White);
+}
+
+void tst_modMetafile::unknownAndShortRecordsAreSkipped()
+{
+    WmfBytes file = Drawing();
+    file.Add(0x626, Words({15, 4, 1, 2})).Add(0xFFFF, Words({1, 2, 3})).Add(RectangleRecord, Words({1, 2, 3}));
+    file.Add(0x324, Word(1000) + Words({1, 2, 3, 4})).Add(SelectObject, Word(999)).Add(0x127, Word(-7));
+    file.Add(RectangleRecord, Words({60, 50, 20, 10}));
+    QCOMPARE(Drawn(file), Drawn(Drawing().Add(RectangleRecord, Words({60, 50, 20, 10}))));
+
+    EmfBytes file32 = Drawing32();
+    file32.Add(70, "EMF+ and more").Add(9999, Longs({1})).Add(43, Longs({1, 2})).Add(86, Points16({1, 2}).left(20));
+    file32.Add(43, Box32(10, 20, 49, 59));
+    QCOMPARE(Drawn(file32), Drawn(Drawing32().Add(43, Box32(10, 20, 49, 59))));
+}
+
+void tst_modMetafile::damagedFilesAreErrors_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<MetafileError>("error");
+    const QByteArray whole = Drawing().Placeable(0, 0, 100, 100, 96);
+    const QByteArray whole32 = Drawing32().File(100, 100);
+    QTest::newRow("empty") << QByteArray() << MetafileError::NotAMetafile;
+    QTest::newRow("a bitmap") << QByteArray("BM") + QByteArray(100, '\0') << MetafileError::NotAMetafile;
+    QTest::newRow("only the size") << whole.first(22) << MetafileError::NotAMetafile;
+    QTest::newRow("no header behind the size") << whole.first(22) + QByteArray(40, '\7') << MetafileError::NotAMetafile;
+    QTest::newRow("cut in a record") << whole.first(22 + 18 + 8) << MetafileError::Damaged;
+    QTest::newRow("record without a size")
+        << Drawing().Raw(Long(0) + Word(0x213)).Placeable(0, 0, 9, 9, 96) << MetafileError::Damaged;
+    QTest::newRow("record beyond the end")
+        << Drawing().Raw(Long(0x7FFFFFFF) + Word(0x213)).Placeable(0, 0, 9, 9, 96) << MetafileError::Damaged;
+    QTest::newRow("nothing and no size") << WmfBytes().Plain() << MetafileError::Damaged;
+    QTest::newRow("32 bits, cut in the header") << whole32.first(60) << MetafileError::NotAMetafile;
+    QTest::newRow("32 bits, cut in a record") << whole32.first(88 + 20) << MetafileError::Damaged;
+    QTest::newRow("32 bits, no size") << QByteArray(whole32).replace(8, 32, QByteArray(32, '\0'))
+                                      << MetafileError::Damaged;
+}
+
+void tst_modMetafile::damagedFilesAreErrors()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(MetafileError, error);
+    const auto played = PlayMetafile(file);
+    QVERIFY(std::holds_alternative<MetafileError>(played));
+    QCOMPARE(std::get<MetafileError>(played), error);
+}
+
+void tst_modMetafile::hostileFilesEnd_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    const auto many = [](int count, const std::function<void(WmfBytes&)>& add) {
+        WmfBytes file = Drawing();
+        for (int i = 0; i < count; ++i)
+            add(file);
+        return file.Placeable(0, 0, 3000, 3000, 96);
+    };
+    QTest::newRow("many large ellipses") << many(20'000, [](WmfBytes& file) {
+        file.Add(0x418, Words({3000, 3000, 0, 0}));
+    });
+    QTest::newRow("many large patterns") << many(20'000, [](WmfBytes& file) {
+        file.Add(0x61D, Long(0x005A0049) + Words({3000, 3000, 0, 0}));
+    });
+    QTest::newRow("many saved states") << many(100'000, [](WmfBytes& file) { file.Add(0x01E); });
+    QTest::newRow("many clips") << many(20'000, [i = 0](WmfBytes& file) mutable {
+        ++i;
+        file.Add(0x415, Words({i % 3000 + 1, i * 7 % 3000 + 1, i % 3000, i * 7 % 3000}));
+    });
+    WmfBytes zigzag = Drawing();
+    QByteArray points;
+    for (int i = 0; i < 30'000; ++i)
+        points += Words({i * 7919 % 3000, i % 2 == 0 ? 0 : 3000});
+    zigzag.Add(0x104, Word(6));
+    for (int i = 0; i < 50; ++i)
+        zigzag.Add(0x324, Word(30'000) + points);
+    QTest::newRow("large zigzags") << zigzag.Placeable(0, 0, 3000, 3000, 96);
+    WmfBytes wide;
+    wide.Add(PenRecord, Words({2, 30'000, 0}) + Long(0)).Add(SelectObject, Word(0));
+    for (int i = 0; i < 2000; ++i)
+        wide.Add(0x325, Word(3) + Words({0, 0, 3000, i, 0, 3000}));
+    QTest::newRow("wide pens") << wide.Placeable(0, 0, 3000, 3000, 96);
+    QTest::newRow("bitmap of gigabytes") << many(5'000, [](WmfBytes& file) {
+        const QByteArray dib = Longs({40, 30'000, 30'000}) + Words({1, 1}) + Longs({0, 0, 0, 0, 0, 0, 0, 0});
+        file.Add(0xF43, Long(0x00CC0020) + Words({0, 30'000, 30'000, 0, 0, 3000, 3000, 0, 0}) + dib);
+    });
+    EmfBytes text;
+    text.Add(82, Longs({1, -100'000, 0, 0, 0, 400}) + QByteArray(72, '\0')).Add(37, Longs({1}));
+    for (int i = 0; i < 5'000; ++i)
+        text.Add(84, Box32(0, 0, -1, -1) + Longs({1}) + Single(1) + Single(1) + Longs({0, 0, 8, 76, 0, 0, 0, 0, 0, 0}) +
+                         QByteArray(16, 'W'));
+    QTest::newRow("large letters") << text.File(3000, 3000);
+    EmfBytes fonts;
+    for (int i = 0; i < 20'000; ++i) {
+        const QByteArray name = Word('a' + i % 26) + Word('a' + i / 26 % 26) + Word('a' + i / 676);
+        fonts.Add(82, Longs({1, -i % 100, 0, 0, 0, 400}) + QByteArray(8, '\0') + name + QByteArray(58, '\0'));
+        fonts.Add(37, Longs({1}));
+        fonts.Add(84, Box32(0, 0, -1, -1) + Longs({1}) + Single(1) + Single(1) +
+                          Longs({0, 0, 1, 76, 0, 0, 0, 0, 0, 0}) + Word('x'));
+    }
+    QTest::newRow("many fonts") << fonts.File(100, 100);
+    EmfBytes numbers = Drawing32();
+    const float beyond[] = {1e38F, -1e38F, std::numeric_limits<float>::infinity(),
+                            std::numeric_limits<float>::quiet_NaN(), 1e-38F};
+    for (const float number : beyond) {
+        QByteArray world;
+        for (int i = 0; i < 6; ++i)
+            world += Single(number);
+        numbers.Add(35, world).Add(43, Box32(-2'000'000'000, -2'000'000'000, 2'000'000'000, 2'000'000'000));
+        numbers.Add(36, world + Long(2)).Add(42, Box32(-2'000'000'000, 0, 2'000'000'000, 7)).Add(58, Single(number));
+        numbers.Add(41, Longs({0, 0, 2'000'000'000}) + Single(number) + Single(number));
+        numbers.Add(9, Longs({0x7FFFFFFF, 1})).Add(11, Longs({1, -0x7FFFFFFF})).Add(17, Longs({8}));
+        numbers.Add(86, Points16({-32768, 32767, 32767, -32768, 0, 0}));
+    }
+    QTest::newRow("numbers beyond numbers") << numbers.File(100, 100);
+}
+
+void tst_modMetafile::hostileFilesEnd()
+{
+    QFETCH(QByteArray, file);
+    QElapsedTimer timer;
+    timer.start();
+    const auto played = PlayMetafile(file);
+    QVERIFY(std::holds_alternative<QImage>(played) || std::get<MetafileError>(played) == MetafileError::TooMuchWork);
+    // Slow machines and sanitizers need their time; a hang would need far more.
+    QVERIFY2(timer.elapsed() < 60'000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void tst_modMetafile::everyPictureReaderTakesThem()
+{
+    const QTemporaryDir folder;
+    const auto write = [&](const char* name, const QByteArray& bytes) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    };
+    const QByteArray rectangle = Words({60, 50, 20, 10});
+    QVERIFY(write("a.wmf", Drawing().Add(RectangleRecord, rectangle).Placeable(0, 0, 100, 80, 96)));
+    QVERIFY(write("a.emf", Drawing32().Add(43, Box32(10, 20, 49, 59)).File(100, 80)));
+    QVERIFY(write("bad.wmf", Drawing().Placeable(0, 0, 100, 80, 96).first(66)));
+    for (const char* name : {"a.wmf", "a.emf"}) {
+        const cDIBSection picture = LoadPicture(folder.filePath(QString::fromLatin1(name)));
+        QCOMPARE(picture.Width(), 100);
+        QCOMPARE(picture.Height(), 80);
+        const QImage image = ImageOf(picture);
+        QCOMPARE(image.pixel(30, 40), Green);
+        QCOMPARE(image.pixel(10, 40), Red);
+        QCOMPARE(image.pixel(80, 40), White);
+    }
+    QVERIFY_EXCEPTION_THROWN(LoadPicture(folder.filePath(QStringLiteral("bad.wmf"))), RuntimeError);
+}
+
+QTEST_MAIN(tst_modMetafile)
+#include "tst_modMetafile.moc"

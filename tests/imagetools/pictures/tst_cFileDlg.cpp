@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The file boxes as a record: what the box is shown with, and what comes back.
+#include "imagetools/pictures/cFileDlg.h"
+
+#include "support/ScriptedDialogs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace ob;
+
+class tst_cFileDlg : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<ScriptedDialogs> boxes;
+
+    QString Made(const char* name) const
+    {
+        const QString path = folder->filePath(QString::fromLatin1(name));
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) ? path : QString();
+    }
+    QString At(const char* name) const { return folder->filePath(QString::fromLatin1(name)); }
+
+private Q_SLOTS:
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        boxes = std::make_unique<ScriptedDialogs>();
+    }
+    void cleanup()
+    {
+        QVERIFY(boxes->Finished());
+        boxes.reset();
+        QDir::setCurrent(QDir::rootPath());
+        folder.reset();
+    }
+
+    void theMembersAreTheFlags()
+    {
+        cFileDlg dialog;
+        QCOMPARE(dialog.AllFlags(), 0U);
+        dialog.Flags = 0x80000;
+        dialog.ReadOnly = true;
+        QCOMPARE(dialog.AllFlags(), 0x80001U);
+        dialog.OverwritePrompt = dialog.HideReadOnly = dialog.MultiSelect = dialog.FileMustExist = true;
+        QCOMPARE(dialog.AllFlags(), 0x81207U);
+    }
+
+    void bothSeparatorsPartTheFilter_data()
+    {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("shown");
+        const QString all = QStringLiteral("B|*.bmp|D|*.dib|A|*.*");
+        QTest::newRow("colons") << QStringLiteral("B:*.bmp:D:*.dib:A:*.*") << 1 << all;
+        QTest::newRow("lines") << all << 0 << all;
+        QTest::newRow("both") << QStringLiteral("B|*.bmp:D|*.dib:A|*.*") << 1 << all;
+        QTest::newRow("the second first") << all << 2 << QStringLiteral("D|*.dib|B|*.bmp|A|*.*");
+        QTest::newRow("the last first") << all << 3 << QStringLiteral("A|*.*|B|*.bmp|D|*.dib");
+        QTest::newRow("one that is not there") << all << 4 << all;
+    }
+    void bothSeparatorsPartTheFilter()
+    {
+        QFETCH(QString, filter);
+        QFETCH(int, index);
+        QFETCH(QString, shown);
+        cFileDlg dialog;
+        dialog.DlgTitle = QStringLiteral("Choose");
+        dialog.Filter = filter;
+        dialog.FilterIndex = index;
+        const QString path = Made("a.bmp");
+        boxes->ExpectFile(FilePurpose::Open, QStringLiteral("Choose"), shown, path);
+        QString name;
+        QVERIFY(dialog.VBGetOpenFileName(name));
+        QCOMPARE(name, path);
+    }
+
+    void cancelLeavesTheName()
+    {
+        cFileDlg dialog;
+        boxes->ExpectFile(FilePurpose::Open, {}, {}, {});
+        boxes->ExpectFile(FilePurpose::Open, {}, {}, {});
+        boxes->ExpectFile(FilePurpose::Save, {}, {}, {});
+        QString name = QStringLiteral("before");
+        QVERIFY(!dialog.VBGetOpenFileName(name));
+        QVERIFY(!dialog.VBGetOpenFileNamePreview(name));
+        QVERIFY(!dialog.VBGetSaveFileName(name));
+        QCOMPARE(name, QStringLiteral("before"));
+    }
+
+    void aMissingFileIsRefusedOnlyWhereItMustExist()
+    {
+        cFileDlg dialog;
+        QString name;
+        boxes->ExpectFile(FilePurpose::Open, {}, {}, At("gone.bmp"));
+        QVERIFY(dialog.VBGetOpenFileName(name));
+        dialog.FileMustExist = true;
+        boxes->ExpectFile(FilePurpose::Open, {}, {}, At("gone.bmp"));
+        QVERIFY(!dialog.VBGetOpenFileName(name));
+    }
+
+    void aNameThatIsTooLongForTheRecordCountsAsCancel()
+    {
+        cFileDlg dialog;
+        QString name;
+        const QString longest = u'/' + QString(1022, u'a');
+        boxes->ExpectFile(FilePurpose::Save, {}, {}, longest);
+        QVERIFY(dialog.VBGetSaveFileName(name));
+        QCOMPARE(name, longest);
+        boxes->ExpectFile(FilePurpose::Save, {}, {}, longest + u'a');
+        QVERIFY(!dialog.VBGetSaveFileName(name));
+    }
+
+    void theEndingIsAddedToANameWithoutOne()
+    {
+        cFileDlg dialog;
+        dialog.DefaultExt = QStringLiteral("avi");
+        QString name;
+        boxes->ExpectFile(FilePurpose::Save, {}, {}, At("film"));
+        QVERIFY(dialog.VBGetSaveFileName(name));
+        QCOMPARE(name, At("film.avi"));
+        boxes->ExpectFile(FilePurpose::Save, {}, {}, At("film.mov"));
+        QVERIFY(dialog.VBGetSaveFileName(name));
+        QCOMPARE(name, At("film.mov"));
+    }
+
+    void anOldFileUnderTheNameWithItsEndingIsAskedFor()
+    {
+        cFileDlg dialog;
+        dialog.DefaultExt = QStringLiteral("avi");
+        const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(Made("film.avi"));
+        for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
+            QString name = QStringLiteral("before");
+            boxes->ExpectFile(FilePurpose::Save, {}, {}, At("film"));
+            boxes->ExpectMessage(question, answer, BoxIcon::Question, BoxButtons::YesNo);
+            QCOMPARE(dialog.VBGetSaveFileName(name), answer == BoxAnswer::Yes);
+            QCOMPARE(name, answer == BoxAnswer::Yes ? At("film.avi") : QStringLiteral("before"));
+        }
+    }
+
+    void filesAreFoundAndNamed()
+    {
+        QVERIFY(cFileDlg::ExistFile(Made("a.bmp")));
+        QVERIFY(!cFileDlg::ExistFile(At("gone.bmp")));
+        QVERIFY(!cFileDlg::ExistFile(folder->path()));
+        QCOMPARE(cFileDlg::VBGetFileTitle(At("a.bmp")), QStringLiteral("a.bmp"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_cFileDlg)
+#include "tst_cFileDlg.moc"

@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The mask maker, by its controls.
+#include "SpriteFiles.h"
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "imagetools/pictures/frmPictureView.h"
+#include "imagetools/sprites/frmMask.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/Module1.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QPainter>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollArea>
+
+#include <sys/stat.h>
+
+using namespace ob;
+
+namespace {
+
+const QString OpenFilter = QStringLiteral("Sprite Image (*.bmp)|*.BMP");
+const QString SaveFilter = QStringLiteral("Bitmap |*.bmp");
+
+// A save box that fails.
+class BrokenFileBox final : public cDialogs {
+public:
+    BrokenFileBox() : others(SetDialogs(this)) {}
+    ~BrokenFileBox() override { SetDialogs(others); }
+
+    BoxAnswer Message(const MessageSpec& spec) override { return others->Message(spec); }
+    std::optional<QString> Input(const InputSpec& spec) override { return others->Input(spec); }
+    QString File(const FileSpec&) override { throw RuntimeErrorOf(ErrorNumber::InvalidCall); }
+    QString Folder(const FolderSpec& spec) override { return others->Folder(spec); }
+    std::optional<std::uint32_t> Color(const ColorSpec& spec) override { return others->Color(spec); }
+    std::optional<FontSpec> Font(const FontSpec& start) override { return others->Font(start); }
+
+private:
+    cDialogs* others;
+};
+
+} // namespace
+
+class win_frmMask : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestBench> bench;
+    QPointer<frmMask> form;
+
+    void Press(const char* name) const
+    {
+        QTest::mouseClick(form->findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
+    }
+    frmPictureView* View() const { return form->findChild<frmPictureView*>(QStringLiteral("picMask")); }
+    QImage Shown() const { return View()->Picture().convertToFormat(QImage::Format_RGB32); }
+
+    void Open(const QString& path) const
+    {
+        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, path);
+        Press("cmdOpen");
+    }
+    void SaveTo(const QString& path) const
+    {
+        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveFilter, path);
+        Press("cmdSave");
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        ResetState();
+        QuitQuery = false;
+        bench = std::make_unique<TestBench>();
+        bench->Start();
+        bench->Choose(QStringLiteral("mnuToolMask"));
+        form = bench->Frame().findChild<frmMask*>();
+        QVERIFY(form);
+    }
+    void cleanup()
+    {
+        if (form)
+            form->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        bench.reset();
+    }
+
+    void captionsAreAsTold()
+    {
+        QCOMPARE(form->windowTitle(), QStringLiteral("Make a Mask"));
+        const std::pair<const char*, const char*> buttons[] = {{"cmdOpen", "Open..."},
+                                                               {"cmdSave", "Save As..."},
+                                                               {"cmdBatch", "Batch..."},
+                                                               {"cmdHelp", "Help"},
+                                                               {"cmdExit", "Exit"}};
+        for (const auto& [name, text] : buttons)
+            QCOMPARE(form->findChild<QPushButton*>(QLatin1String(name))->text(), QLatin1String(text));
+        const auto* label = form->findChild<QLabel*>(QStringLiteral("lblWork"));
+        QCOMPARE(label->text(), QStringLiteral("Sprite and Mask will appear here."));
+        QVERIFY(label->isVisible());
+        QVERIFY(!View()->isVisible());
+    }
+
+    void helpIsAsTold()
+    {
+        bench->dialogs.ExpectMessage(
+            QStringLiteral(
+                "Click the *Batch* button to open a batch processing dialog.  It will allow you to process all bitmaps "
+                "in a chosen directory to include masks.  Bitmap files will be overwritten with the masked versions."
+                "\n\nOpen a sprite image bitmap.  A proper sprite is a figure surrounded by a black background.  The "
+                "mask maker will automatically place a black and white mask of the image above the sprite, making a "
+                "proper sprite for use with Orchard BASIC sprite functions.  If the resulting image looks correct, be "
+                "sure to save it.  It will not be saved automatically.  Images that do not fit within the viewing area "
+                "will still be masked properly."),
+            BoxAnswer::Ok, BoxIcon::Information);
+        Press("cmdHelp");
+    }
+
+    void aSpriteIsMaskedShownAndSaved()
+    {
+        const QImage sprite = SpriteImage(37, 23);
+        const QString path = bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite));
+        Open(path);
+        QCOMPARE(Shown(), MaskedImage(sprite));
+        QCOMPARE(form->windowTitle(), path);
+        QVERIFY(View()->isVisible());
+        QVERIFY(!form->findChild<QLabel*>(QStringLiteral("lblWork"))->isVisible());
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+        // Nothing is saved by itself.
+        QCOMPARE(TestBench::Read(path), BitmapBytesOf(sprite));
+        const QString target = bench->Path(QStringLiteral("masked.bmp"));
+        SaveTo(target);
+        QCOMPARE(ImageAt(target), MaskedImage(sprite));
+        QCOMPARE(TestBench::Read(target).size(), 54 + 112 * 46); // 24 bits a pixel
+        QCOMPARE(form->windowTitle(), target);
+    }
+
+    void theScreenShowsEachPixel()
+    {
+        const QImage sprite = SpriteImage(40, 30);
+        Open(bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite)));
+        const QImage grabbed = View()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QCOMPARE(grabbed.size(), QSize(40, 60));
+        for (int y = 0; y < 60; ++y) {
+            for (int x = 0; x < 40; ++x)
+                QCOMPARE(grabbed.pixel(x, y), MaskedImage(sprite).pixel(x, y));
+        }
+    }
+
+    void aSpriteBeyondTheWindowIsMaskedWhole()
+    {
+        const QImage sprite = SpriteImage(1500, 900);
+        Open(bench->Write(QStringLiteral("large.bmp"), BitmapBytesOf(sprite)));
+        QCOMPARE(Shown(), MaskedImage(sprite));
+        const auto* area = form->findChild<QScrollArea*>(QStringLiteral("scrWork"));
+        QVERIFY(area->viewport()->width() < 1500);
+        QCOMPARE(View()->size(), QSize(1500, 1800));
+    }
+
+    void nothingChosenChangesNothing()
+    {
+        Open({});
+        QCOMPARE(form->windowTitle(), QStringLiteral("Make a Mask"));
+        SaveTo({});
+        QCOMPARE(form->windowTitle(), QStringLiteral("Make a Mask"));
+    }
+
+    void aFileThatCannotBeReadKeepsWhatWasShown()
+    {
+        const QImage sprite = SpriteImage(10, 10);
+        const QString path = bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite));
+        Open(path);
+        const QString bad = bench->Write(QStringLiteral("bad.bmp"), "BM nothing");
+        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, bad);
+        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '481':\nInvalid picture"));
+        Press("cmdOpen");
+        QCOMPARE(Shown(), MaskedImage(sprite));
+        QCOMPARE(form->windowTitle(), path);
+    }
+
+    void aSaveBeforeAnyOpenSavesAnEmptyPicture()
+    {
+        const QString target = bench->Path(QStringLiteral("empty.bmp"));
+        SaveTo(target);
+        QImage white = ImageAt(target);
+        QVERIFY(!white.isNull());
+        white.fill(Qt::white);
+        QCOMPARE(ImageAt(target), white);
+    }
+
+    void aFailedSaveIsTold()
+    {
+        const QImage sprite = SpriteImage(10, 10);
+        const QString path = bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite));
+        Open(path);
+        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveFilter,
+                                  bench->Path(QStringLiteral("no/such/folder.bmp")));
+        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        Press("cmdSave");
+        QCOMPARE(form->windowTitle(), path);
+        bench->dialogs.ExpectMessage(QStringLiteral("Sprite/mask was not saved."));
+        const BrokenFileBox box;
+        Press("cmdSave");
+        QCOMPARE(form->windowTitle(), path);
+    }
+
+    void keysWork()
+    {
+        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, QString());
+        QTest::keyClick(form, Qt::Key_Return);
+        QVERIFY(bench->dialogs.Finished());
+        QTest::keyClick(form, Qt::Key_Escape);
+        QVERIFY(!form || !form->isVisible());
+    }
+
+    void exitCloses()
+    {
+        Press("cmdExit");
+        QVERIFY(!form || !form->isVisible());
+    }
+};
+
+OB_BENCH_TEST(win_frmMask)
+#include "win_frmMask.moc"

@@ -1,0 +1,404 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// File association for this user: what is written where, what other programs then make of the files, and what is left
+// alone. The desktop is a folder of the test's own; those who ask about it are processes of their own.
+#include "platform/desktop/modAssociation.h"
+
+#include "platform/language/cRuntimeError.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+
+using namespace ob;
+
+namespace {
+
+const QString BasicType = QStringLiteral("application/x-orchard-basic");
+const QString FormType = QStringLiteral("application/x-orchard-form");
+
+QByteArray Get(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
+}
+
+void Put(const QString& path, const QByteArray& bytes)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        QTest::qFail("the test's own file cannot be written", __FILE__, __LINE__);
+}
+
+void PutProgram(const QString& path, const QByteArray& script)
+{
+    Put(path, "#!/bin/sh\n" + script);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+// The number of the runtime error that associating raises; 0 for none.
+int RaisedBy(const AssociationPlaces& places)
+{
+    try {
+        AssociateFileTypes(places);
+    } catch (const RuntimeError& error) {
+        return error.number;
+    }
+    return 0;
+}
+
+} // namespace
+
+class tst_modAssociation : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("the registry of this user is no place for a test");
+#endif
+        folder = std::make_unique<QTemporaryDir>();
+        places = {folder->filePath(QStringLiteral("orchard-bench")), folder->filePath(QStringLiteral("data")),
+                  folder->filePath(QStringLiteral("config")), QStringLiteral(OB_TEST_DATA "/../../resources/icons")};
+        PutProgram(places.executable,
+                   "printf '%s\\n' \"$@\" > \"$0.called.new\"\nmv \"$0.called.new\" \"$0.called\"\n");
+        qputenv("PATH", usualPath);
+    }
+
+    void cleanup()
+    {
+        qputenv("PATH", usualPath);
+        folder.reset();
+    }
+
+    void TheUsersFoldersComeFromTheEnvironment()
+    {
+        qputenv("XDG_DATA_HOME", "/a/data/");
+        qputenv("XDG_CONFIG_HOME", "/a/config");
+        const AssociationPlaces set = UsersPlaces(QStringLiteral(":/icons"));
+        QCOMPARE(set.executable, QCoreApplication::applicationFilePath());
+        QCOMPARE(set.dataFolder, QStringLiteral("/a/data"));
+        QCOMPARE(set.configFolder, QStringLiteral("/a/config"));
+        QCOMPARE(set.iconFolder, QStringLiteral(":/icons"));
+        qputenv("XDG_DATA_HOME", "not/a/full/path");
+        qunsetenv("XDG_CONFIG_HOME");
+        const AssociationPlaces usual = UsersPlaces({});
+        QCOMPARE(usual.dataFolder, QDir::homePath() + QStringLiteral("/.local/share"));
+        QCOMPARE(usual.configFolder, QDir::homePath() + QStringLiteral("/.config"));
+        qunsetenv("XDG_DATA_HOME");
+    }
+
+    void AProgramsNameIsQuotedWhereItHasToBe_data()
+    {
+        QTest::addColumn<QString>("executable");
+        QTest::addColumn<QByteArray>("entry");
+        QTest::newRow("plain") << QStringLiteral("/usr/bin/orchard-bench") << QByteArray("/usr/bin/orchard-bench");
+        QTest::newRow("blank") << QStringLiteral("/a b/bench") << QByteArray("\"/a b/bench\"");
+        QTest::newRow("percent") << QStringLiteral("/100%/bench") << QByteArray("/100%%/bench");
+        QTest::newRow("quote") << QStringLiteral("/a\"b/bench") << QByteArray("\"/a\\\\\"b/bench\"");
+        QTest::newRow("dollar") << QStringLiteral("/$a/bench") << QByteArray("\"/\\\\$a/bench\"");
+        QTest::newRow("backslash") << QStringLiteral("/a\\b/bench") << QByteArray("\"/a\\\\\\\\b/bench\"");
+        QTest::newRow("apostrophe") << QStringLiteral("/a'b/bench") << QByteArray("\"/a'b/bench\"");
+        QTest::newRow("line feed") << QStringLiteral("/a\nb/bench") << QByteArray("\"/a\\nb/bench\"");
+        QTest::newRow("letters") << QStringLiteral("/\u00E4/bench") << QByteArray("/\xC3\xA4/bench");
+    }
+
+    void AProgramsNameIsQuotedWhereItHasToBe()
+    {
+        QFETCH(QString, executable);
+        QTEST(ExecutableInEntry(executable), "entry");
+    }
+
+    void TheListOfDefaultsKeepsItsOtherLines_data()
+    {
+        QTest::addColumn<QByteArray>("list");
+        QTest::addColumn<QByteArray>("changed");
+        const QByteArray ours = "application/x-orchard-basic=o.desktop;\napplication/x-orchard-form=o.desktop;\n";
+        QTest::newRow("no list") << QByteArray()
+                                 << "[Default Applications]\n" + ours + "\n[Added Associations]\n" + ours;
+        QTest::newRow("other groups and comments")
+            << QByteArray("# mine\n[Removed Associations]\na/b=x.desktop\n\n[Default Applications]\n"
+                          "text/plain=edit.desktop\n\n[Added Associations]\ntext/plain=edit.desktop;vim.desktop;\n")
+            << "# mine\n[Removed Associations]\na/b=x.desktop\n\n[Default Applications]\ntext/plain=edit.desktop\n" +
+                   ours + "\n[Added Associations]\ntext/plain=edit.desktop;vim.desktop;\n" + ours;
+        QTest::newRow("the other programs of the type stay behind it")
+            << QByteArray("[Default Applications]\napplication/x-orchard-form=o.desktop;\n"
+                          "application/x-orchard-basic=vim.desktop;o.desktop;\n"
+                          "[Added Associations]\n" +
+                          ours)
+            << QByteArray("[Default Applications]\napplication/x-orchard-form=o.desktop;\n"
+                          "application/x-orchard-basic=o.desktop;vim.desktop;\n"
+                          "[Added Associations]\n" +
+                          ours);
+        QTest::newRow("removed by hand once")
+            << "[Default Applications]\n" + ours + "[Added Associations]\n" + ours +
+                   "[Removed Associations]\napplication/x-orchard-basic=a.desktop;o.desktop;\na/b=o.desktop;\n"
+            << "[Default Applications]\n" + ours + "[Added Associations]\n" + ours +
+                   "[Removed Associations]\napplication/x-orchard-basic=a.desktop;\na/b=o.desktop;\n";
+        QTest::newRow("no line end at the end, blanks around the sign")
+            << QByteArray("[Default Applications]\napplication/x-orchard-basic = b.desktop\r\n"
+                          "application/x-orchard-form=o.desktop\n[Added Associations]\n" +
+                          ours + "[X]\ny=1")
+            << QByteArray("[Default Applications]\napplication/x-orchard-basic =o.desktop;b.desktop;\r\n"
+                          "application/x-orchard-form=o.desktop\n[Added Associations]\n" +
+                          ours + "[X]\ny=1");
+    }
+
+    void TheListOfDefaultsKeepsItsOtherLines()
+    {
+        QFETCH(QByteArray, list);
+        QFETCH(QByteArray, changed);
+        QCOMPARE(WithProgramFirst(list, "o.desktop"), changed);
+        QCOMPARE(WithProgramFirst(changed, "o.desktop"), changed);
+    }
+
+    void TheFilesStandWhereTheDesktopLooks()
+    {
+        AssociateFileTypes(places);
+        QVERIFY(Get(Data(QStringLiteral("mime/packages/orchard-bench.xml"))).contains("\"*.oba\""));
+        const QByteArray entry = Get(Data(QStringLiteral("applications/orchard-bench.desktop")));
+        QVERIFY(entry.contains("\nExec=" + places.executable.toUtf8() + " %f\n"));
+        QVERIFY(entry.contains("\nMimeType=application/x-orchard-basic;application/x-orchard-form;\n"));
+        for (const char* size : {"16", "32", "48", "64", "128", "256"}) {
+            const QString side = QString::fromLatin1(size);
+            QCOMPARE(Get(Data(QStringLiteral("icons/hicolor/%1x%1/apps/orchard-bench.png").arg(side))),
+                     Get(places.iconFolder + QStringLiteral("/app-%1.png").arg(side)));
+        }
+        QCOMPARE(Get(Data(QStringLiteral("icons/hicolor/scalable/apps/orchard-bench.svg"))),
+                 Get(places.iconFolder + QStringLiteral("/app.svg")));
+    }
+
+    void FilesHaveTheProgramsTypes_data()
+    {
+        QTest::addColumn<bool>("withTools");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("type");
+        for (const bool withTools : {true, false}) {
+            const char* how = withTools ? "with" : "without";
+            QTest::addRow("bas, %s the desktop's tools", how) << withTools << QStringLiteral("a.bas") << BasicType;
+            QTest::addRow("BAS, %s the desktop's tools", how) << withTools << QStringLiteral("A.BAS") << BasicType;
+            QTest::addRow("oba, %s the desktop's tools", how) << withTools << QStringLiteral("a b.oba") << BasicType;
+            QTest::addRow("obf, %s the desktop's tools", how) << withTools << QStringLiteral("a.obf") << FormType;
+        }
+    }
+
+    void FilesHaveTheProgramsTypes()
+    {
+        QFETCH(bool, withTools);
+        QFETCH(QString, file);
+        if (!withTools)
+            qputenv("PATH", "/nowhere");
+        AssociateFileTypes(places);
+        qputenv("PATH", usualPath);
+        QCOMPARE(QFile::exists(Data(QStringLiteral("mime/mime.cache"))),
+                 withTools && !QStandardPaths::findExecutable(QStringLiteral("update-mime-database")).isEmpty());
+        QTEST(TypeOf(file), "type");
+    }
+
+    void TheRunCopysEndingIsLeftAlone()
+    {
+        const QString before = TypeOf(QStringLiteral("a.bak"));
+        AssociateFileTypes(places);
+        QCOMPARE(TypeOf(QStringLiteral("a.bak")), before);
+        QVERIFY(before != BasicType);
+        QDirIterator written(folder->path(), QDir::Files, QDirIterator::Subdirectories);
+        while (written.hasNext())
+            QVERIFY2(!Get(written.next()).contains(".bak"), qPrintable(written.filePath()));
+    }
+
+    void AProgramIsPlainTextToo()
+    {
+        AssociateFileTypes(places);
+        QCOMPARE(Ask(QCoreApplication::applicationFilePath(), {QStringLiteral("--parent-of"), BasicType}).trimmed(),
+                 QByteArray("text/plain"));
+    }
+
+    void TheDesktopNamesTheProgramForBothTypes()
+    {
+        const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+        QVERIFY2(!gio.isEmpty(), "gio is not installed; ./test installs it");
+        AssociateFileTypes(places);
+        for (const QString& type : {BasicType, FormType}) {
+            const QByteArrayList lines = Ask(gio, {QStringLiteral("mime"), type}).split('\n');
+            QVERIFY2(lines.first().endsWith(": orchard-bench.desktop"), lines.first().constData());
+        }
+    }
+
+    void ADoubleClickStartsTheProgramOnTheFile_data()
+    {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<bool>("withTools");
+        QTest::newRow("plain name") << QStringLiteral("orchard-bench") << true;
+        QTest::newRow("plain name, no tools") << QStringLiteral("orchard-bench") << false;
+        QTest::newRow("name with signs") << QStringLiteral("my $1 \"own\" \\ `bench`") << true;
+    }
+
+    void ADoubleClickStartsTheProgramOnTheFile()
+    {
+        QFETCH(QString, program);
+        QFETCH(bool, withTools);
+        const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+        QVERIFY2(!gio.isEmpty(), "gio is not installed; ./test installs it");
+        QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("update-mime-database")).isEmpty(),
+                 "update-mime-database is not installed; ./test installs it");
+        if (program != QLatin1String("orchard-bench")) {
+            QVERIFY(QFile::rename(places.executable, folder->filePath(program)));
+            places.executable = folder->filePath(program);
+        }
+        AssociateFileTypes(places);
+        if (!withTools) {
+            // The types stay known; the choice of the program is what is written without a tool.
+            QFile::remove(Config());
+            qputenv("PATH", "/nowhere");
+            AssociateFileTypes(places);
+            qputenv("PATH", usualPath);
+        }
+        const QString file = folder->filePath(QStringLiteral("my program.bas"));
+        Put(file, "print 1\r\n");
+        Ask(gio, {QStringLiteral("open"), file});
+        const QString called = places.executable + QStringLiteral(".called");
+        QVERIFY(QTest::qWaitFor([&] { return QFile::exists(called); }, 20'000));
+        QCOMPARE(Get(called), file.toUtf8() + '\n');
+    }
+
+    void TheDesktopsToolIsAskedFirst()
+    {
+        const QString tools = folder->filePath(QStringLiteral("tools"));
+        PutProgram(tools + QStringLiteral("/xdg-mime"),
+                   "echo \"$XDG_CONFIG_HOME $XDG_DATA_HOME $@\" > \"$XDG_CONFIG_HOME.asked\"\n");
+        qputenv("PATH", tools.toUtf8());
+        AssociateFileTypes(places);
+        const QByteArray asked = places.configFolder.toUtf8() + ' ' + places.dataFolder.toUtf8() +
+                                 " default orchard-bench.desktop " + BasicType.toUtf8() + ' ' + FormType.toUtf8() +
+                                 '\n';
+        QCOMPARE(Get(places.configFolder + QStringLiteral(".asked")), asked);
+        // A tool that wrote nothing does not keep the choice from being written.
+        QVERIFY(Get(Config()).contains("application/x-orchard-form=orchard-bench.desktop;\n"));
+    }
+
+    void AssociatingTwiceIsHarmless()
+    {
+        Put(Config(), "[Default Applications]\ntext/plain=edit.desktop\n");
+        AssociateFileTypes(places);
+        const QMap<QString, QByteArray> once = Everything();
+        AssociateFileTypes(places);
+        QCOMPARE(Everything(), once);
+        QVERIFY(Get(Config()).startsWith("[Default Applications]\ntext/plain=edit.desktop\n"));
+    }
+
+    void AListThatIsALinkStaysOne()
+    {
+        const QString target = folder->filePath(QStringLiteral("dots/mimeapps.list"));
+        Put(target, "[Default Applications]\ntext/plain=edit.desktop\n");
+        QDir().mkpath(places.configFolder);
+        QVERIFY(QFile::link(target, Config()));
+        AssociateFileTypes(places);
+        QVERIFY(QFileInfo(Config()).isSymLink());
+        QVERIFY(Get(target).contains("text/plain=edit.desktop\napplication/x-orchard-basic=orchard-bench.desktop;\n"));
+    }
+
+    void AFolderThatCannotBeMadeIsAFailure()
+    {
+        Put(places.dataFolder, "a file in the way");
+        QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::PathFileAccess));
+        QCOMPARE(Get(places.dataFolder), QByteArray("a file in the way"));
+        QVERIFY(!QFile::exists(Config()));
+    }
+
+    void AListThatCannotBeWrittenIsAFailure()
+    {
+        QVERIFY(QDir().mkpath(Config() + QStringLiteral("/a folder in the way")));
+        QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::PathFileAccess));
+    }
+
+    void ATypeDatabaseThatCannotBeBuiltIsAFailure()
+    {
+        const QString tools = folder->filePath(QStringLiteral("tools"));
+        PutProgram(tools + QStringLiteral("/update-mime-database"), "exit 1\n");
+        qputenv("PATH", tools.toUtf8());
+        QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::DeviceIoError));
+    }
+
+    void MissingIconsAreAFailure()
+    {
+        places.iconFolder = folder->filePath(QStringLiteral("none"));
+        QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::FileNotFound));
+    }
+
+private:
+    QString Data(const QString& name) const
+    {
+        return places.dataFolder + QLatin1Char('/') + name;
+    }
+    QString Config() const
+    {
+        return places.configFolder + QStringLiteral("/mimeapps.list");
+    }
+
+    // Runs a program that sees the test's desktop, and gives what it prints.
+    QByteArray Ask(const QString& program, const QStringList& arguments) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), places.dataFolder);
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), places.configFolder);
+        environment.remove(QStringLiteral("XDG_CURRENT_DESKTOP"));
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(program, arguments);
+        if (!process.waitForFinished() || process.exitCode() != 0)
+            QTest::qFail(qPrintable(QStringLiteral("%1 failed: ").arg(program) +
+                                    QString::fromLocal8Bit(process.readAllStandardError())),
+                         __FILE__, __LINE__);
+        return process.readAllStandardOutput();
+    }
+
+    QString TypeOf(const QString& name) const
+    {
+        const QString file = folder->filePath(name);
+        Put(file, "x");
+        return QString::fromUtf8(
+            Ask(QCoreApplication::applicationFilePath(), {QStringLiteral("--type-of"), file}).trimmed());
+    }
+
+    QMap<QString, QByteArray> Everything() const
+    {
+        QMap<QString, QByteArray> files;
+        QDirIterator found(folder->path(), QDir::Files, QDirIterator::Subdirectories);
+        while (found.hasNext()) {
+            const QString path = found.next();
+            files.insert(path, Get(path));
+        }
+        return files;
+    }
+
+    const QByteArray usualPath = qgetenv("PATH");
+    std::unique_ptr<QTemporaryDir> folder;
+    AssociationPlaces places;
+};
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    // The toolkit reads the types once, so each question about them is a process of its own.
+    if (arguments.size() == 3 && arguments[1] == QLatin1String("--type-of")) {
+        std::puts(qPrintable(QMimeDatabase().mimeTypeForFile(arguments[2]).name()));
+        return 0;
+    }
+    if (arguments.size() == 3 && arguments[1] == QLatin1String("--parent-of")) {
+        std::puts(qPrintable(QMimeDatabase().mimeTypeForName(arguments[2]).parentMimeTypes().join(QLatin1Char(' '))));
+        return 0;
+    }
+    tst_modAssociation test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_modAssociation.moc"

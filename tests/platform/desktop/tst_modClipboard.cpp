@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The clipboard where there is none.
+#include "platform/desktop/modClipboard.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QTest>
+
+using namespace ob;
+
+class tst_modClipboard : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutWindowsNothingIsCopiedAndThatIsTold()
+    {
+        ScriptedDialogs dialogs;
+        dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
+        QVERIFY(!CopyText(QStringLiteral("mine")));
+        QVERIFY(dialogs.Finished());
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_modClipboard)
+#include "tst_modClipboard.moc"

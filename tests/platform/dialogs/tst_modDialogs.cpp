@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The boxes' seam: filters taken apart, the folder of a choice, and the one place that shows a runtime error.
+#include "platform/dialogs/modDialogs.h"
+
+#include "core/CoreBench.h"
+#include "engine/run/modFileIO.h"
+
+#include <new>
+
+using namespace ob;
+
+namespace {
+
+QStringList Described(const QString& filter)
+{
+    QStringList lines;
+    for (const FileFilter& pair : FileFiltersOf(filter))
+        lines.append(pair.label + QLatin1Char('=') + pair.patterns.join(QLatin1Char(' ')));
+    return lines;
+}
+
+} // namespace
+
+class tst_modDialogs : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup() { bench.reset(); }
+
+    void AFilterIsPairsOfWordsAndPatterns_data()
+    {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QStringList>("pairs");
+        QTest::newRow("one pair") << QStringLiteral("OB Token (*.tkn)|*.tkn")
+                                  << QStringList{QStringLiteral("OB Token (*.tkn)=*.tkn")};
+        QTest::newRow("two patterns") << QStringLiteral("BASIC code (*.bas)(*.bak)|*.bas;*.bak")
+                                      << QStringList{QStringLiteral("BASIC code (*.bas)(*.bak)=*.bas *.bak")};
+        QTest::newRow("two pairs, a blank before the pattern")
+            << QStringLiteral("BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*")
+            << QStringList{QStringLiteral("BASIC code (*.bas),(*.bak)=*.bas *.bak"),
+                           QStringLiteral("All Files (*.*)=*")};
+        QTest::newRow("a pattern in parentheses") << QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)")
+                                                  << QStringList{QStringLiteral("BASIC Code (*.bas)(*.bak)=*.bas *.bak")};
+        QTest::newRow("semicolon at the end") << QStringLiteral("Orchard BASIC |orchard.exe;*.exe;")
+                                              << QStringList{QStringLiteral("Orchard BASIC=orchard.exe *.exe")};
+        QTest::newRow("name pattern") << QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak")
+                                      << QStringList{QStringLiteral("FreeForm=*ff*.bas *.bas *.bak")};
+        QTest::newRow("words without patterns") << QStringLiteral("Words") << QStringList{};
+        QTest::newRow("empty") << QString() << QStringList{};
+        QTest::newRow("bar at the end") << QStringLiteral("A|*.a|") << QStringList{QStringLiteral("A=*.a")};
+    }
+
+    void AFilterIsPairsOfWordsAndPatterns()
+    {
+        QFETCH(QString, filter);
+        QTEST(Described(filter), "pairs");
+    }
+
+    void ACommandThatEndsShowsNothing()
+    {
+        bool ran = false;
+        QVERIFY(RunCommand([&] { ran = true; }) == CommandEnd::Finished);
+        QVERIFY(ran);
+    }
+
+    void AnUncaughtErrorIsShownOnce()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '53':\nFile not found"));
+        QVERIFY(RunCommand([] { throw RuntimeErrorOf(ErrorNumber::FileNotFound); }) == CommandEnd::Failed);
+        QVERIFY(bench->dialogs.Finished());
+    }
+
+    void AnErrorOfItsOwnKeepsItsNumberAndWords()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '17':\nCan't write"));
+        QVERIFY(RunCommand([] { throw RuntimeError(17, QStringLiteral("x"), QStringLiteral("Can't write")); }) ==
+                CommandEnd::Failed);
+        QVERIFY(bench->dialogs.Finished());
+    }
+
+    void WantOfMemoryIsAnErrorLikeOthers()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '7':\nOut of memory"));
+        QVERIFY(RunCommand([] { throw std::bad_alloc(); }) == CommandEnd::Failed);
+        QVERIFY(bench->dialogs.Finished());
+    }
+
+    void ACommandInsideACommandShowsItsErrorOnce()
+    {
+        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '5':\nInvalid procedure call or argument"));
+        bool wentOn = false;
+        const CommandEnd outer = RunCommand([&] {
+            (void)RunCommand([] { throw RuntimeErrorOf(ErrorNumber::InvalidCall); });
+            wentOn = true;
+        });
+        QVERIFY(outer == CommandEnd::Finished && wentOn);
+        QVERIFY(bench->dialogs.Finished());
+    }
+
+    void TheFolderOfAChoiceBecomesTheCurrentOne()
+    {
+        QDir().mkdir(QStringLiteral("other"));
+        const QString file = bench->Put(QStringLiteral("other/a.bas"), "a");
+        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), QStringLiteral("A|*.a"), file);
+        QCOMPARE(OpenFileDialog(QStringLiteral("A|*.a"), QDir::currentPath()), file);
+        QCOMPARE(QFileInfo(QDir::currentPath()).canonicalFilePath(),
+                 QFileInfo(bench->Path(QStringLiteral("other"))).canonicalFilePath());
+    }
+
+    void NoChoiceLeavesTheCurrentFolder()
+    {
+        const QString before = QDir::currentPath();
+        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), QStringLiteral("A|*.a"), {});
+        QCOMPARE(OpenFileDialog(QStringLiteral("A|*.a"), before), QString());
+        QCOMPARE(QDir::currentPath(), before);
+    }
+
+private:
+    std::unique_ptr<CoreBench> bench;
+};
+
+OB_CORE_TEST(tst_modDialogs)
+#include "tst_modDialogs.moc"

@@ -1,0 +1,411 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The preferences without their window: copies of the settings, clamping, what Apply does and in which order.
+#include "shell/bench/modPreferences.h"
+
+#include "core/CoreBench.h"
+#include "editor/document/modUserTexts.h"
+#include "shell/state/modOptions.h"
+
+#include <QSet>
+
+using namespace ob;
+
+namespace {
+
+// A control that writes down what the settings were when it was styled, and can fail.
+class StyledSci final : public cSciControl {
+public:
+    std::intptr_t Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override
+    {
+        if (fails)
+            throw RuntimeErrorOf(ErrorNumber::InvalidCall);
+        if (message == SCI_STYLECLEARALL)
+            ++times;
+        if (message == SCI_SETTABWIDTH)
+            tabWidth = wParam;
+        if (message == SCI_STYLESETFORE && wParam == 8)
+            labelColor = static_cast<ColorRef>(lParam);
+        commentsWereAdded = AddComments;
+        return 0;
+    }
+
+    bool fails = false;
+    int times = 0;
+    std::uintptr_t tabWidth = 0;
+    ColorRef labelColor = 0;
+    bool commentsWereAdded = false;
+};
+
+cDocument& AddDocument(Sci sci)
+{
+    if (Documents.empty())
+        Documents.push_back(nullptr);
+    Documents.push_back(std::make_unique<cDocument>(static_cast<int>(Documents.size())));
+    Documents.back()->sci = sci;
+    return *Documents.back();
+}
+
+// Values that differ from every default, each from the other.
+Preferences Changed()
+{
+    Preferences values;
+    int number = 0;
+    for (const PreferenceRow& row : PreferenceRows()) {
+        ++number;
+        if (const auto* text = std::get_if<Field<QString>>(&row.field))
+            values.*text->copy = QStringLiteral("text %1").arg(number);
+        else if (const auto* color = std::get_if<Field<ColorRef>>(&row.field))
+            values.*color->copy = static_cast<ColorRef>(0x010203 * number);
+        else if (const auto* choice = std::get_if<Field<bool>>(&row.field))
+            values.*choice->copy = !*choice->setting;
+    }
+    values.fontSize = 33;
+    values.tabSize = 7;
+    values.syntaxColor = 0;
+    return values;
+}
+
+QString Stored(const char* key)
+{
+    return ReadSetting(QString::fromLatin1(key), QStringLiteral("(none)"));
+}
+
+} // namespace
+
+class tst_modPreferences : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        bench = std::make_unique<CoreBench>();
+        ReadAllSettings();
+        folder = QFileInfo(bench->ProgramPath(QStringLiteral("x"))).path();
+    }
+
+    void cleanup()
+    {
+        QVERIFY(bench->dialogs.Finished());
+        bench.reset();
+    }
+
+    void EveryFieldHasAControlOfItsOwn()
+    {
+        QSet<QString> names;
+        for (const PreferenceRow& row : PreferenceRows()) {
+            names.insert(QString::fromLatin1(row.control));
+            if (row.browse != nullptr)
+                names.insert(QString::fromLatin1(row.browse));
+        }
+        QCOMPARE(PreferenceRows().size(), 25u);
+        QCOMPARE(names.size(), 30);
+    }
+
+    void CopiesHoldWhatTheSettingsHold()
+    {
+        OBPath = QStringLiteral("/e/orchard.exe");
+        FontHeight = 0;
+        TabSize = 70000;
+        SyntaxColor = 1;
+        HandleColor = 0x12345678;
+        AddComments = true;
+        const Preferences values = LoadPreferences(folder);
+        QCOMPARE(values.orchardPath, QStringLiteral("/e/orchard.exe"));
+        QCOMPARE(values.helpPath, QStringLiteral("no path"));
+        QCOMPARE(values.fontName, QStringLiteral("Courier New"));
+        QCOMPARE(values.fontSize, 0);
+        QCOMPARE(values.tabSize, 70000);
+        QCOMPARE(values.syntaxColor, 1);
+        QCOMPARE(values.handleColor, ColorRef{0x12345678});
+        QVERIFY(values.addComments && values.quitQuery && values.lineNums && !values.openFileOn);
+    }
+
+    void AnyColoringAboveNoneIsOn()
+    {
+        SyntaxColor = 0;
+        QCOMPARE(LoadPreferences(folder).syntaxColor, 0);
+        SyntaxColor = -3;
+        QCOMPARE(LoadPreferences(folder).syntaxColor, 0);
+    }
+
+    void EveryCopyIsAppliedToItsSetting()
+    {
+        Preferences values = Changed();
+        ApplyPreferences(values, folder);
+        for (const PreferenceRow& row : PreferenceRows())
+            std::visit([&](const auto& field) { QCOMPARE(*field.setting, values.*field.copy); }, row.field);
+        QCOMPARE(FontHeight, 33);
+        QCOMPARE(TabSize, 7);
+        QCOMPARE(SyntaxColor, 0);
+        QCOMPARE(OBRuntimePath, values.runtimePath);
+        QCOMPARE(CommentBackColor, values.commentBackColor);
+        QCOMPARE(BranchColor, values.branchColor);
+        QVERIFY(AddComments && OpenFileOn && !QuitQuery && !AutoIndent);
+    }
+
+    void CopiesAloneChangeNothing()
+    {
+        const Preferences values = Changed();
+        QCOMPARE(TabSize, 4);
+        QCOMPARE(FontName, QStringLiteral("Courier New"));
+        QVERIFY(values.fontName != FontName);
+    }
+
+    void ATypedTabSizeIsClampedAtItsEnds_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("size");
+        QTest::newRow("99") << QStringLiteral("99") << 12;
+        QTest::newRow("13") << QStringLiteral("13") << 12;
+        QTest::newRow("12") << QStringLiteral("12") << 12;
+        QTest::newRow("1") << QStringLiteral("1") << 1;
+        QTest::newRow("0 stands") << QStringLiteral("0") << 0;
+        QTest::newRow("-1 stands") << QStringLiteral("-1") << -1;
+        QTest::newRow("-2") << QStringLiteral("-2") << 1;
+        QTest::newRow("letters") << QStringLiteral("wide") << 0;
+        QTest::newRow("minus alone") << QStringLiteral("-") << 0;
+        QTest::newRow("number and letters") << QStringLiteral("8x") << 8;
+        QTest::newRow("half to even") << QStringLiteral("2.5") << 2;
+        QTest::newRow("beyond 32 bits") << QStringLiteral("99999999999") << 12;
+        QTest::newRow("beyond 32 bits below") << QStringLiteral("-99999999999") << 1;
+        QTest::newRow("beyond a double") << QStringLiteral("1e999") << 12;
+        QTest::newRow("beyond a double below") << QStringLiteral("-1e999") << 1;
+        QTest::newRow("hexadecimal") << QStringLiteral("&HA") << 10;
+    }
+
+    void ATypedTabSizeIsClampedAtItsEnds()
+    {
+        QFETCH(QString, typed);
+        QTEST(TypedTabSize(typed), "size");
+    }
+
+    void AnAppliedTabSizeIsOneToTwelve_data()
+    {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<int>("applied");
+        QTest::newRow("0") << 0 << 1;
+        QTest::newRow("-1") << -1 << 1;
+        QTest::newRow("1") << 1 << 1;
+        QTest::newRow("12") << 12 << 12;
+        QTest::newRow("70000") << 70000 << 12;
+    }
+
+    void AnAppliedTabSizeIsOneToTwelve()
+    {
+        QFETCH(int, size);
+        Preferences values = LoadPreferences(folder);
+        values.tabSize = size;
+        ApplyPreferences(values, folder);
+        QTEST(TabSize, "applied");
+        QTEST(values.tabSize, "applied");
+    }
+
+    void OpenWindowsAreStyledOnceWithTheNewSettings()
+    {
+        StyledSci first;
+        StyledSci last;
+        AddDocument(&first);
+        AddDocument(nullptr).Tag = TagClosed;
+        AddDocument(&last);
+        Preferences values = Changed();
+        values.syntaxColor = 1;
+        ApplyPreferences(values, folder);
+        for (const StyledSci* sci : {&first, &last}) {
+            QCOMPARE(sci->times, 1);
+            QCOMPARE(sci->tabWidth, std::uintptr_t{7});
+            QCOMPARE(sci->labelColor, values.branchColor);
+            // The switch for comments has its turn only afterwards.
+            QCOMPARE(sci->commentsWereAdded, false);
+        }
+        QCOMPARE(AddComments, true);
+    }
+
+    void NothingChangedStylesTheWindowsAsWell()
+    {
+        StyledSci sci;
+        AddDocument(&sci);
+        Preferences values = LoadPreferences(folder);
+        ApplyPreferences(values, folder);
+        QCOMPARE(sci.times, 1);
+    }
+
+    void AWindowThatFailsStopsNothing()
+    {
+        StyledSci broken;
+        StyledSci sound;
+        broken.fails = true;
+        AddDocument(&broken);
+        AddDocument(&sound);
+        Preferences values = Changed();
+        values.comments = QStringLiteral("'me");
+        ApplyPreferences(values, folder);
+        QCOMPARE(sound.times, 1);
+        QCOMPARE(AddComments, true);
+        QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'me\r\n"));
+        QCOMPARE(Stored("TabSize"), QStringLiteral("7"));
+    }
+
+    void ApplyStoresEverything()
+    {
+        Preferences values = Changed();
+        ApplyPreferences(values, folder);
+        QCOMPARE(Stored("OBPath"), values.orchardPath);
+        QCOMPARE(Stored("FontHeight"), QStringLiteral("33"));
+        QCOMPARE(Stored("QuitQuery"), QStringLiteral("False"));
+        QCOMPARE(Stored("AddComments"), QStringLiteral("True"));
+        QCOMPARE(Stored("HandleColor"), QString::number(values.handleColor));
+        QVERIFY(CoreBench::Get(bench->StorePath()).contains("TabSize=7"));
+    }
+
+    void AStoreThatCannotBeWrittenStopsNothing()
+    {
+        const QString inTheWay = bench->Put(QStringLiteral("file"), "x");
+        SetSettingsFile(inTheWay + QStringLiteral("/store.ini"));
+        Preferences values = Changed();
+        ApplyPreferences(values, folder);
+        QCOMPARE(TabSize, 7);
+        QCOMPARE(CoreBench::Get(inTheWay), QByteArray("x"));
+    }
+
+    void CommentsAreTheFilesRawText()
+    {
+        QCOMPARE(LoadPreferences(folder).comments, QString());
+        CoreBench::PutFile(CommentsPath(folder), "");
+        QCOMPARE(LoadPreferences(folder).comments, QString());
+        CoreBench::PutFile(CommentsPath(folder), "'by \xE9\r\n'me\r\n");
+        QCOMPARE(LoadPreferences(folder).comments, QStringLiteral("'by \u00E9\r\n'me\r\n"));
+    }
+
+    void CommentsAreWrittenWithALineEndBehindThem()
+    {
+        Preferences values = LoadPreferences(folder);
+        values.comments = QStringLiteral("'by \u00E9\n'me");
+        ApplyPreferences(values, folder);
+        QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'by \xE9\r\n'me\r\n"));
+        // The same text again is the same file again.
+        ApplyPreferences(values, folder);
+        QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'by \xE9\r\n'me\r\n"));
+        QCOMPARE(ReadComments(folder), QByteArray("'by \xE9\r\n'me"));
+    }
+
+    void EveryByteOfTheCommentsComesBack()
+    {
+        QByteArray bytes;
+        for (int byte = 0; byte < 256; ++byte)
+            if (byte != '\n' && byte != '\r')
+                bytes.append(static_cast<char>(byte));
+        CoreBench::PutFile(CommentsPath(folder), bytes);
+        Preferences values = LoadPreferences(folder);
+        ApplyPreferences(values, folder);
+        QCOMPARE(CoreBench::Get(CommentsPath(folder)), bytes + "\r\n");
+    }
+
+    void NoCommentsLeaveTheFile()
+    {
+        CoreBench::PutFile(CommentsPath(folder), "'old\r\n");
+        Preferences values = LoadPreferences(folder);
+        values.comments.clear();
+        ApplyPreferences(values, folder);
+        QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'old\r\n"));
+    }
+
+    void ACharacterThatCannotBeStoredIsAskedAbout_data()
+    {
+        QTest::addColumn<BoxAnswer>("answer");
+        QTest::addColumn<QByteArray>("file");
+        QTest::newRow("yes") << BoxAnswer::Yes << QByteArray("'a\r\n'?\r\n");
+        QTest::newRow("no") << BoxAnswer::No << QByteArray("'old\r\n");
+    }
+
+    void ACharacterThatCannotBeStoredIsAskedAbout()
+    {
+        QFETCH(BoxAnswer, answer);
+        CoreBench::PutFile(CommentsPath(folder), "'old\r\n");
+        Preferences values = LoadPreferences(folder);
+        values.comments = QStringLiteral("'a\n'\u4E2D");
+        bench->dialogs.ExpectQuestion(
+            QStringLiteral("Line 2 of the comments holds a character that BASIC source files cannot store.\n"
+                           "Save with a question mark in place of each such character?"),
+            answer);
+        ApplyPreferences(values, folder);
+        QTEST(CoreBench::Get(CommentsPath(folder)), "file");
+    }
+
+    void CommentsThatCannotBeWrittenStopNothing()
+    {
+        QVERIFY(QDir().mkpath(CommentsPath(folder)));
+        Preferences values = Changed();
+        values.comments = QStringLiteral("'me");
+        ApplyPreferences(values, folder);
+        QCOMPARE(Stored("TabSize"), QStringLiteral("7"));
+    }
+
+    void DefaultColorsAreInForceAtOnce()
+    {
+        Preferences values = Changed();
+        const QString font = values.fontName;
+        NumberColor = CommentBackColor = 0x777777;
+        TakeDefaultColors(values);
+        QCOMPARE(NumberColor, Rgb(100, 100, 0));
+        QCOMPARE(CommentBackColor, Rgb(240, 240, 240));
+        QCOMPARE(HighlightColor, Rgb(255, 240, 200));
+        QCOMPARE(values.numberColor, NumberColor);
+        QCOMPARE(values.commentColor, Rgb(0, 100, 0));
+        QCOMPARE(values.commentBackColor, CommentBackColor);
+        QCOMPARE(values.fontName, font);
+        QCOMPARE(TabSize, 4);
+    }
+
+    void AssociatingAsksFirst()
+    {
+        ExpectAssociationQuestion(BoxAnswer::No);
+        AssociateFiles(Places());
+        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("data"))));
+    }
+
+    void AssociatingSaysThatItWorked()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("the registry of this user is no place for a test");
+#endif
+        ExpectAssociationQuestion(BoxAnswer::Yes);
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
+                           "double-clicked in Windows Explorer or My Computer."),
+            BoxAnswer::Ok, BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("Success!"));
+        AssociateFiles(Places());
+        QVERIFY(QFile::exists(bench->Path(QStringLiteral("config/mimeapps.list"))));
+    }
+
+    void AssociatingSaysThatItFailed()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("the registry of this user is no place for a test");
+#endif
+        bench->Put(QStringLiteral("data"), "a file in the way");
+        ExpectAssociationQuestion(BoxAnswer::Yes);
+        bench->dialogs.ExpectMessage(QStringLiteral("The operation to associate file types with Orchard Bench failed."),
+                                     BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error!"));
+        AssociateFiles(Places());
+    }
+
+private:
+    AssociationPlaces Places() const
+    {
+        return {QCoreApplication::applicationFilePath(), bench->Path(QStringLiteral("data")),
+                bench->Path(QStringLiteral("config")), QStringLiteral(OB_TEST_DATA "/../../resources/icons")};
+    }
+
+    void ExpectAssociationQuestion(BoxAnswer answer)
+    {
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), answer,
+            BoxIcon::None, BoxButtons::YesNo, QStringLiteral("Confirm!"));
+    }
+
+    std::unique_ptr<CoreBench> bench;
+    QString folder;
+};
+
+OB_CORE_TEST(tst_modPreferences)
+#include "tst_modPreferences.moc"

@@ -1,0 +1,346 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window: start, settings, recent files, menu and toolbar, dropped files, the end.
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "editor/document/cDocument.h"
+#include "shell/bench/frmMainMenu.h"
+#include "shell/state/Module1.h"
+#include "shell/state/modOptions.h"
+#include "shell/state/modSettings.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QDir>
+#include <QDropEvent>
+#include <QFile>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMimeData>
+#include <QScreen>
+#include <QToolBar>
+#include <QUrl>
+
+using namespace ob;
+
+namespace {
+
+void Drop(TestBench& bench, const QStringList& paths)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls.append(QUrl::fromLocalFile(path));
+    data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&bench.Frame(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&bench.Frame(), &drop);
+}
+
+QAction* Recent(TestBench& bench, int number)
+{
+    return bench.Frame().Item(QStringLiteral("mnuFileMRU%1").arg(number));
+}
+
+} // namespace
+
+class win_frmMain : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void firstStartHasNoWindowAndNoRecentFile();
+    void firstStartShowsATip();
+    void titleHoldsTheVersion();
+    void programFolderGetsItsFolderForPrograms();
+    void storedUntitledThatExistsOpensAnEmptyWindow();
+    void newestRecentFileIsOpenedWhenWanted();
+    void newestRecentFileThatCannotBeReadIsPassedOver();
+    void commandLineOpensFilesAndSkipsMissingOnes();
+    void lastDirectoryBecomesTheCurrentOne();
+    void closingStoresPlaceAndSettings();
+    void storedPlaceIsTaken();
+    void garbageInTheStoreStillGivesAWindow();
+    void recentItemOpensItsFile();
+    void recentItemOfAMissingFileSaysSo();
+    void openedFileMovesToTheTopOfTheList();
+    void droppedFilesOpen();
+    void menuTreeStandsInItsOrder();
+    void toolbarHasItsButtonsAndSeparators();
+    void toolbarCanBeHidden();
+    void controlF4Ends();
+    void closingAFrameWithSeveralWindowsAsksForEach();
+};
+
+void win_frmMain::firstStartHasNoWindowAndNoRecentFile()
+{
+    TestBench bench;
+    bench.Start();
+    QVERIFY(bench.Active() == nullptr);
+    QVERIFY(bench.Frame().isVisible());
+    QCOMPARE(OBPath, QStringLiteral("no path"));
+    for (int number = 1; number <= RecentFileSlots; ++number) {
+        QVERIFY(!Recent(bench, number)->isVisible());
+        QCOMPARE(RecentFiles[static_cast<std::size_t>(number - 1)], QStringLiteral("error"));
+    }
+}
+
+void win_frmMain::firstStartShowsATip()
+{
+    TestBench bench(TestBench::Store::Bare);
+    bench.ExpectModal(QStringLiteral("frmTip"), [](QDialog& dialog) { dialog.reject(); });
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    QVERIFY(bench.Active() != nullptr);
+    QApplication::processEvents();
+}
+
+void win_frmMain::titleHoldsTheVersion()
+{
+    TestBench bench;
+    bench.Start();
+    QCOMPARE(bench.Frame().windowTitle(), QStringLiteral("Orchard Bench  v" OB_VERSION));
+}
+
+void win_frmMain::programFolderGetsItsFolderForPrograms()
+{
+    TestBench bench;
+    bench.Start();
+    QVERIFY(QDir(bench.ProgramPath(QStringLiteral("OBprogs"))).exists());
+}
+
+void win_frmMain::storedUntitledThatExistsOpensAnEmptyWindow()
+{
+    TestBench bench;
+    bench.Write(QStringLiteral("untitled"), "x\r\n");
+    WriteSetting(QStringLiteral("MRU1"), QStringLiteral("untitled"));
+    bench.Start();
+    QCOMPARE(Recent(bench, 1)->text(), QStringLiteral("no files"));
+    QVERIFY(bench.Active() != nullptr);
+    QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+}
+
+void win_frmMain::newestRecentFileIsOpenedWhenWanted()
+{
+    TestBench bench;
+    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    WriteSetting(QStringLiteral("MRU1"), path);
+    WriteSetting(QStringLiteral("OpenFileOn"), QStringLiteral("True"));
+    bench.Start();
+    QCOMPARE(bench.Active()->Caption(), path);
+    QCOMPARE(bench.Active()->Tag, QStringLiteral("Open"));
+    QVERIFY(Recent(bench, 1)->isVisible());
+    QCOMPARE(RecentCount, 1);
+}
+
+void win_frmMain::newestRecentFileThatCannotBeReadIsPassedOver()
+{
+    TestBench bench;
+    WriteSetting(QStringLiteral("MRU1"), bench.Write(QStringLiteral("a.bas"), "x"));
+    WriteSetting(QStringLiteral("OpenFileOn"), QStringLiteral("True"));
+    bench.Start();
+    QVERIFY(bench.Frame().isVisible());
+    QCOMPARE(TestBench::Text(bench.Active()), QByteArray());
+}
+
+void win_frmMain::commandLineOpensFilesAndSkipsMissingOnes()
+{
+    TestBench bench;
+    const QString blank = bench.Write(QStringLiteral("a file with blanks"), "end\r\n");
+    const QString shortName = bench.Write(QStringLiteral("ab"), "beep\r\n");
+    bench.Start({QStringLiteral("gone.bas"), QStringLiteral("a file with blanks"), shortName});
+    QCOMPARE(Documents.size(), 3u);
+    QCOMPARE(Documents[1]->Caption(), blank);
+    QCOMPARE(Documents[2]->Caption(), shortName);
+    QCOMPARE(bench.Active(), Documents[2].get());
+}
+
+void win_frmMain::lastDirectoryBecomesTheCurrentOne()
+{
+    TestBench bench;
+    QDir().mkdir(bench.Path(QStringLiteral("sub")));
+    WriteSetting(QStringLiteral("LastDir"), bench.Path(QStringLiteral("sub")));
+    bench.Start();
+    QCOMPARE(QDir::currentPath(), QDir(bench.Path(QStringLiteral("sub"))).canonicalPath());
+}
+
+void win_frmMain::closingStoresPlaceAndSettings()
+{
+    TestBench bench;
+    bench.Start();
+    bench.Frame().move(30, 40);
+    bench.Frame().resize(600, 500);
+    TabSize = 7;
+    QVERIFY(bench.Close());
+    const auto stored = [](const char* key) { return ReadSetting(QString::fromLatin1(key), QStringLiteral("(none)")); };
+    QCOMPARE(stored("MainLeft"), QStringLiteral("450"));
+    QCOMPARE(stored("MainTop"), QStringLiteral("600"));
+    QCOMPARE(stored("MainWidth"), QStringLiteral("9000"));
+    QCOMPARE(stored("MainHeight"), QStringLiteral("7500"));
+    QCOMPARE(stored("TabSize"), QStringLiteral("7"));
+    QCOMPARE(stored("QuitQuery"), QStringLiteral("True"));
+    QCOMPARE(stored("MRU8"), QStringLiteral("error"));
+}
+
+void win_frmMain::storedPlaceIsTaken()
+{
+    TestBench bench;
+    SaveWindowPlace({150, 300, 7500, 6000});
+    bench.Start();
+    QCOMPARE(bench.Frame().pos(), QPoint(10, 20));
+    QCOMPARE(bench.Frame().size(), QSize(500, 400));
+}
+
+void win_frmMain::garbageInTheStoreStillGivesAWindow()
+{
+    for (const char* garbage : {"", "garbage", "-99999999999999999999", "1e308", "&HFFFFFFFF", "\xff\xfe", "0"}) {
+        TestBench bench;
+        for (const char* key :
+             {"MainLeft", "MainTop", "MainWidth", "MainHeight", "FontHeight", "FontName", "FontBold", "SyntaxColor",
+              "HotKey", "User2", "QuitQuery", "LastDir", "TabSize", "AutoIndent", "LineNums", "HighlightOn",
+              "IndentGuidesOn", "OpenFileOn", "AddComments", "CommentColor", "KeywordColor", "OBPath", "MRU1"})
+            WriteSetting(QString::fromLatin1(key), QString::fromLatin1(garbage));
+        bench.Start();
+        bench.Choose(QStringLiteral("mnuFileNew"));
+        QVERIFY(bench.Active() != nullptr);
+        const QRect screen = bench.Frame().screen()->geometry();
+        QVERIFY2(screen.intersects(QRect(bench.Frame().pos(), QSize(bench.Frame().width(), 20))), garbage);
+        bench.Frame().grab();
+        QuitQuery = false;
+        QVERIFY(bench.Close());
+    }
+}
+
+void win_frmMain::recentItemOpensItsFile()
+{
+    TestBench bench;
+    const QString path = bench.Write(QStringLiteral("R&D.bas"), "end\r\n");
+    WriteSetting(QStringLiteral("MRU1"), path);
+    bench.Start();
+    QCOMPARE(Recent(bench, 1)->text(), QString(path).replace(QLatin1Char('&'), QLatin1String("&&")));
+    bench.Choose(QStringLiteral("mnuFileMRU1"));
+    QCOMPARE(bench.Active()->Caption(), path);
+    QCOMPARE(TestBench::Text(bench.Active()), QByteArray("end"));
+}
+
+void win_frmMain::recentItemOfAMissingFileSaysSo()
+{
+    TestBench bench;
+    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    WriteSetting(QStringLiteral("MRU1"), path);
+    bench.Start();
+    QFile::remove(path);
+    bench.dialogs.ExpectMessage(QStringLiteral("Cannot find ") + path, BoxAnswer::Ok, BoxIcon::None);
+    bench.Choose(QStringLiteral("mnuFileMRU1"));
+    QVERIFY(bench.Active() == nullptr);
+}
+
+void win_frmMain::openedFileMovesToTheTopOfTheList()
+{
+    TestBench bench;
+    QStringList paths;
+    for (int i = 0; i < 3; ++i)
+        paths.append(bench.Write(QStringLiteral("f%1.bas").arg(i), "end\r\n"));
+    bench.Start(paths + QStringList{paths[0]});
+    QCOMPARE(RecentCount, 3);
+    QCOMPARE(Recent(bench, 1)->text(), paths[0]);
+    QCOMPARE(Recent(bench, 2)->text(), paths[2]);
+    QCOMPARE(Recent(bench, 3)->text(), paths[1]);
+    QVERIFY(Recent(bench, 3)->isVisible());
+    QVERIFY(!Recent(bench, 4)->isVisible());
+    QCOMPARE(ReadSetting(QStringLiteral("MRU1"), QString()), paths[0]);
+}
+
+void win_frmMain::droppedFilesOpen()
+{
+    TestBench bench;
+    bench.Start();
+    const QString first = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    const QString form = bench.Write(QStringLiteral("b.OBF"), "\r\n");
+    const QString last = bench.Write(QStringLiteral("c.bas"), "end\r\n");
+    Drop(bench, {bench.Path(QStringLiteral("gone.bas")), first, form, last});
+    // The form is the last one that opens.
+    QCOMPARE(bench.Frame().ActiveKind(), ActiveChild::Gui);
+    QCOMPARE(Documents[1]->Caption(), first);
+    QCOMPARE(RecentFiles[0], first);
+}
+
+void win_frmMain::menuTreeStandsInItsOrder()
+{
+    TestBench bench;
+    bench.Start();
+    QStringList bar;
+    for (const MenuRow& row : MenuTree()) {
+        const QString name = QString::fromLatin1(row.name);
+        if (row.kind == ItemKind::Recent)
+            continue;
+        QVERIFY2(bench.Frame().Item(name) != nullptr, row.name);
+        if (row.kind != ItemKind::Bar)
+            QCOMPARE(bench.Frame().Item(name)->text(), QString::fromLatin1(row.caption));
+        QCOMPARE(bench.Frame().Item(name)->shortcut(), QKeySequence(QString::fromLatin1(row.key)));
+        if (row.depth == 0)
+            bar.append(name);
+    }
+    QCOMPARE(bar, (QStringList{QStringLiteral("mnuFile"), QStringLiteral("mnuEdit"), QStringLiteral("mnuViewOptions"),
+                               QStringLiteral("mnuOrchard"), QStringLiteral("mnuToolS"), QStringLiteral("mnuWindow"),
+                               QStringLiteral("mnuHelp")}));
+    QCOMPARE(bench.Frame().Item(QStringLiteral("mnuFileOpenCode"))->shortcut(), QKeySequence(QStringLiteral("Ctrl+O")));
+    const auto* recent = bench.Frame().findChild<QMenu*>(QStringLiteral("mnuRecentList"));
+    QCOMPARE(recent->actions().size(), 8);
+}
+
+void win_frmMain::toolbarHasItsButtonsAndSeparators()
+{
+    TestBench bench;
+    bench.Start();
+    QStringList shown;
+    for (const QAction* action : bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"))->actions()) {
+        shown.append(action->isSeparator() ? QStringLiteral("-") : action->objectName());
+        if (!action->isSeparator())
+            QVERIFY2(!action->icon().pixmap(24, 24).isNull(), qPrintable(action->objectName()));
+    }
+    QCOMPARE(shown.join(QLatin1Char(' ')),
+             QStringLiteral("New Open Save Print - Cut Copy Paste Find - Run Debug Options "
+                            "User Construct View Help"));
+}
+
+void win_frmMain::toolbarCanBeHidden()
+{
+    TestBench bench;
+    bench.Start();
+    auto* bar = bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"));
+    QVERIFY(bar->isVisible());
+    bench.Choose(QStringLiteral("mnuOptionsToolbar"));
+    QVERIFY(!bar->isVisible());
+    QVERIFY(!bench.Frame().Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
+    bench.Choose(QStringLiteral("mnuOptionsToolbar"));
+    QVERIFY(bar->isVisible());
+}
+
+void win_frmMain::controlF4Ends()
+{
+    TestBench bench;
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    QTest::keyClick(&bench.Frame(), Qt::Key_F4, Qt::ControlModifier);
+    QVERIFY(!bench.Frame().isVisible());
+}
+
+void win_frmMain::closingAFrameWithSeveralWindowsAsksForEach()
+{
+    TestBench bench;
+    const QString a = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    const QString b = bench.Write(QStringLiteral("b.bas"), "end\r\n");
+    bench.Start({a, b});
+    TestBench::Type(Documents[1].get(), "x");
+    TestBench::Type(Documents[2].get(), "y");
+    bench.dialogs.ExpectQuestion(QStringLiteral("Save ") + b + QStringLiteral(" before closing?"), BoxAnswer::Yes);
+    bench.dialogs.ExpectQuestion(QStringLiteral("Save ") + a + QStringLiteral(" before closing?"), BoxAnswer::No);
+    QVERIFY(bench.Close());
+    QCOMPARE(TestBench::Read(a), QByteArray("end\r\n"));
+    QCOMPARE(TestBench::Read(b), QByteArray("yend \r\n"));
+    QCOMPARE(RecentFiles[0], b);
+}
+
+OB_BENCH_TEST(win_frmMain)
+#include "win_frmMain.moc"

@@ -1,0 +1,518 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The preferences by their controls: what they show, and what Apply, OK and Cancel do.
+#include "shell/bench/OptionsBench.h"
+#include "support/BenchTest.h"
+
+#include "editor/document/modUserTexts.h"
+#include "platform/files/modPaths.h"
+
+#include <QFile>
+#include <QPlainTextEdit>
+#include <QTabBar>
+
+using namespace ob;
+
+class win_frmOptions : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void fourTabsHaveTheirCaptionsAndTips();
+    void captionsStandAsTheyAreTold_data();
+    void captionsStandAsTheyAreTold();
+    void controlsShowTheSettings();
+    void controlTabGoesRoundTheTabs();
+    void thereIsOneWindowAtATime();
+    void tabSizeIsClampedAsItIsTyped_data();
+    void tabSizeIsClampedAsItIsTyped();
+    void emptyTabSizeBecomesOne();
+    void storedTabSizeOutOfBoundsIsShownClamped();
+    void fontBoxSetsTheFont();
+    void cancelledFontBoxChangesNothing();
+    void fontThatIsNotInstalledKeepsItsName();
+    void strangeFontSizesDoNoHarm();
+    void browseFillsItsBox_data();
+    void browseFillsItsBox();
+    void browseWithoutAChoiceKeepsTheBox();
+    void typedPathIsApplied();
+    void switchesReachTheOpenWindow();
+    void okAppliesAndCloses();
+    void escapeClosesWithoutApplying();
+    void commentsAreShownRawAndWritten();
+    void clearedCommentsLeaveTheFile();
+    void newWindowGetsTheNewComments();
+    void storeThatCannotBeWrittenLetsTheRunGoOn();
+    void userApplicationsAreShownModally();
+    void associationGoesToTheUsersDesktop();
+    void associationCanBeDeclined();
+    void everyControlWithoutACaptionHasAName();
+};
+
+void win_frmOptions::fourTabsHaveTheirCaptionsAndTips()
+{
+    OptionsBench options;
+    QCOMPARE(options.form->windowTitle(), QStringLiteral("Options"));
+    const auto* tabs = options.Find<QTabWidget>("tbsOptions");
+    const QStringList captions = {QStringLiteral("Editor"), QStringLiteral("Paths"), QStringLiteral("Syntax Coloring"),
+                                  QStringLiteral("Customize")};
+    const QStringList tips = {QStringLiteral("Choose font for edit windows"),
+                              QStringLiteral("Set Paths for Orchard BASIC"), QStringLiteral("Syntax Color Options"),
+                              QStringLiteral("Customize Options")};
+    QCOMPARE(tabs->count(), 4);
+    QCOMPARE(tabs->currentIndex(), 0);
+    for (int page = 0; page < 4; ++page) {
+        QCOMPARE(tabs->tabText(page), captions[page]);
+        QCOMPARE(tabs->tabToolTip(page), tips[page]);
+        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(page).center());
+        for (int other = 0; other < 4; ++other)
+            QCOMPARE(options.Find<QWidget>(qPrintable(QStringLiteral("picOptions%1").arg(other)))->isVisible(),
+                     other == page);
+    }
+}
+
+void win_frmOptions::captionsStandAsTheyAreTold_data()
+{
+    QTest::addColumn<QString>("caption");
+    const auto row = [](const char* name, const char* caption) { QTest::newRow(name) << QString::fromLatin1(caption); };
+    row("cmdFont", "Change");
+    row("chkIndent", "Auto Indent");
+    row("chkLinenums", "Show Line Numbers");
+    row("chkHighlight", "Highlight Current Line");
+    row("chkIndentGuides", "Indentation Guides On");
+    row("chkFile", "Open Last File at Startup");
+    row("optColorOn", "Syntax Color On");
+    row("optColorOff", "Syntax Color Off");
+    row("chkDefaultColors", "Restore Default Colors");
+    row("cmdAssoc", "Associate");
+    row("cmdUser", "Add/Remove");
+    row("cmdApply", "Apply");
+    row("cmdOK", "OK");
+    row("cmdCancel", "Cancel");
+    row("chkQuery", "Query programmer to save unsaved work when closing Gui Builder, Edit Windows, or when exiting "
+                    "OB Bench?");
+    row("chkComments", "Automatically add programmer's comments to all new code windows?");
+    row("lblComments", "' Comment Color");
+    row("lblCommentback", "Comment Back Color");
+    row("lblBranch", "[Branch Label Color]");
+    row("lblKeywords", "Key Word Color");
+    row("lblQuote", "\"Quote Color\"");
+    row("lblHighlight", "Current Line Back Color");
+    row("lblNumber", "Number Color");
+    row("lblHandle", "# Handle Color");
+    row("lblNoColor", "No syntax coloring.  All Text is system default color.");
+    row("lblOBexe", "Orchard BASIC Path:");
+    row("lblOBHelp", "Orchard BASIC Help Path:");
+    row("lblOBFreeForm", "FreeForm Path:");
+    row("lblOBRuntime", "Runtime Engine Path:");
+    row("lblOptionalHelp", "Optional Helpfile Path:");
+    row("lblProgrammer", "Programmer's Comments:");
+    row("lblAssoc", "Associate *.OBF and *.BAS file extensions with OB Bench?");
+    row("lblUser", "Change User-Defined Applications for Hot Button?");
+}
+
+void win_frmOptions::captionsStandAsTheyAreTold()
+{
+    QFETCH(QString, caption);
+    OptionsBench options;
+    QCOMPARE(options.Find<QWidget>(QTest::currentDataTag())->property("text").toString(), caption);
+}
+
+void win_frmOptions::controlsShowTheSettings()
+{
+    OptionsBench options;
+    QCOMPARE(options.Text("txtFontName"), QStringLiteral("Courier New"));
+    QCOMPARE(options.Text("txtFontSize"), QStringLiteral("12"));
+    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("4"));
+    for (const char* path : {"txtOBexe", "txtOBHelp", "txtOBFreeForm", "txtOBRuntime", "txtOptionalHelp"})
+        QCOMPARE(options.Text(path), QStringLiteral("no path"));
+    for (const char* on : {"chkIndent", "chkLinenums", "chkHighlight", "chkIndentGuides", "chkQuery", "optColorOn"})
+        QVERIFY2(options.On(on), on);
+    for (const char* off : {"chkBold", "chkFile", "chkComments", "chkDefaultColors", "optColorOff"})
+        QVERIFY2(!options.On(off), off);
+    QCOMPARE(options.Find<QPlainTextEdit>("txtComments")->toPlainText(), QString());
+    QCOMPARE(options.Fore("lblBranch"), Shown(BranchColor));
+    QCOMPARE(options.Back("lblHighlight"), Shown(HighlightColor));
+    QCOMPARE(options.Find<QLabel>("lblSample")->text().count(QLatin1Char('\n')), 1);
+    QCOMPARE(options.Find<QLabel>("lblSample")->font().pointSize(), 12);
+}
+
+void win_frmOptions::controlTabGoesRoundTheTabs()
+{
+    OptionsBench options;
+    const auto* tabs = options.Find<QTabWidget>("tbsOptions");
+    for (const int page : {1, 2, 3, 0, 1}) {
+        QTest::keyClick(options.form, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(tabs->currentIndex(), page);
+    }
+    // From inside a box, too.
+    QTest::keyClick(options.Find<QLineEdit>("txtOBHelp"), Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(tabs->currentIndex(), 2);
+}
+
+void win_frmOptions::thereIsOneWindowAtATime()
+{
+    OptionsBench options;
+    const frmOptions* first = options.form;
+    QVERIFY(!options.form->isModal());
+    options.Type("txtTabSize", QStringLiteral("9"));
+    options.Open();
+    QCOMPARE(options.form.data(), first);
+    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("9"));
+    options.Click("cmdCancel");
+    options.Settle();
+    QVERIFY(options.form.isNull());
+    options.Open();
+    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("4"));
+}
+
+void win_frmOptions::tabSizeIsClampedAsItIsTyped_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<int>("applied");
+    QTest::newRow("99") << QStringLiteral("99") << QStringLiteral("12") << 12;
+    QTest::newRow("12") << QStringLiteral("12") << QStringLiteral("12") << 12;
+    QTest::newRow("0") << QStringLiteral("0") << QStringLiteral("0") << 1;
+    QTest::newRow("7") << QStringLiteral("7") << QStringLiteral("7") << 7;
+    QTest::newRow("a letter") << QStringLiteral("x") << QStringLiteral("0") << 1;
+}
+
+void win_frmOptions::tabSizeIsClampedAsItIsTyped()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, applied);
+    OptionsBench options;
+    options.Type("txtTabSize", typed);
+    QTEST(options.Text("txtTabSize"), "shown");
+    QCOMPARE(TabSize, 4);
+    options.Click("cmdApply");
+    QCOMPARE(TabSize, applied);
+    QCOMPARE(options.Text("txtTabSize"), QString::number(applied));
+    QCOMPARE(Stored("TabSize"), QString::number(applied));
+    QVERIFY(options.form->isVisible());
+}
+
+void win_frmOptions::emptyTabSizeBecomesOne()
+{
+    OptionsBench options;
+    options.Type("txtTabSize", {});
+    QCOMPARE(options.Text("txtTabSize"), QString());
+    options.Click("cmdApply");
+    QCOMPARE(TabSize, 1);
+    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("1"));
+    // A pasted -1 stands until it is applied; what is below does not.
+    options.Find<QLineEdit>("txtTabSize")->setText(QStringLiteral("-1"));
+    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("-1"));
+    options.Find<QLineEdit>("txtTabSize")->setText(QStringLiteral("-2"));
+    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("1"));
+}
+
+void win_frmOptions::storedTabSizeOutOfBoundsIsShownClamped()
+{
+    OptionsBench options;
+    options.Click("cmdCancel");
+    options.Settle();
+    TabSize = 70000;
+    options.Open();
+    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("12"));
+    QCOMPARE(TabSize, 70000);
+}
+
+void win_frmOptions::fontBoxSetsTheFont()
+{
+    OptionsBench options;
+    options.bench.dialogs.ExpectFont({QStringLiteral("Courier New"), 12, false, false},
+                                     FontSpec{QStringLiteral("DejaVu Sans Mono"), 17, true, true});
+    options.Click("cmdFont");
+    QCOMPARE(options.Text("txtFontName"), QStringLiteral("DejaVu Sans Mono"));
+    QCOMPARE(options.Text("txtFontSize"), QStringLiteral("17"));
+    QVERIFY(options.On("chkBold"));
+    const QFont sample = options.Find<QLabel>("lblSample")->font();
+    QCOMPARE(sample.families(), QStringList{QStringLiteral("DejaVu Sans Mono")});
+    QCOMPARE(sample.pointSize(), 17);
+    QVERIFY(sample.bold());
+    QCOMPARE(FontName, QStringLiteral("Courier New"));
+    options.Click("chkBold");
+    QVERIFY(!options.Find<QLabel>("lblSample")->font().bold());
+    options.Click("cmdApply");
+    QCOMPARE(FontName, QStringLiteral("DejaVu Sans Mono"));
+    QCOMPARE(FontHeight, 17);
+    QCOMPARE(FontBold, false);
+    QVERIFY(options.bench.dialogs.Finished());
+}
+
+void win_frmOptions::cancelledFontBoxChangesNothing()
+{
+    OptionsBench options;
+    options.bench.dialogs.ExpectFont({QStringLiteral("Courier New"), 12, false, false}, std::nullopt);
+    options.Click("cmdFont");
+    QCOMPARE(options.Text("txtFontName"), QStringLiteral("Courier New"));
+    options.Click("cmdApply");
+    QCOMPARE(FontHeight, 12);
+}
+
+void win_frmOptions::fontThatIsNotInstalledKeepsItsName()
+{
+    OptionsBench options;
+    options.Click("cmdCancel");
+    options.Settle();
+    FontName = QStringLiteral("No Such, Font");
+    options.Open();
+    QCOMPARE(options.Text("txtFontName"), QStringLiteral("No Such, Font"));
+    options.Click("cmdApply");
+    QCOMPARE(FontName, QStringLiteral("No Such, Font"));
+    QCOMPARE(Stored("FontName"), QStringLiteral("No Such, Font"));
+    options.bench.dialogs.ExpectFont({QStringLiteral("No Such, Font"), 12, false, false}, std::nullopt);
+    options.Click("cmdFont");
+}
+
+void win_frmOptions::strangeFontSizesDoNoHarm()
+{
+    OptionsBench options;
+    for (const int size : {0, -5, 32767}) {
+        options.Click("cmdCancel");
+        options.Settle();
+        FontHeight = size;
+        options.Open();
+        QCOMPARE(options.Text("txtFontSize"), QString::number(size));
+        QVERIFY(options.form->width() < 2000 && options.form->height() < 2000);
+        options.bench.dialogs.ExpectFont({QStringLiteral("Courier New"), size, false, false},
+                                         FontSpec{QStringLiteral("Courier New"), -1, false, false});
+        options.Click("cmdFont");
+        options.Click("cmdApply");
+        QCOMPARE(FontHeight, size);
+    }
+}
+
+void win_frmOptions::browseFillsItsBox_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QString*>("setting");
+    const auto row = [](const char* button, const char* box, const char* filter, QString* setting) {
+        QTest::newRow(button) << QString::fromLatin1(box) << QString::fromLatin1(filter) << setting;
+    };
+    row("cmdOBexe", "txtOBexe", "Orchard BASIC |orchard.exe;*.exe;", &OBPath);
+    row("cmdOBHelp", "txtOBHelp", "Orchard BASIC Help|orchard.hlp;*.hlp;", &OBHelpPath);
+    row("cmdOBFreeForm", "txtOBFreeForm", "FreeForm |*ff*.bas;*.bas;*.bak", &OBFreeformPath);
+    row("cmdOBRuntime", "txtOBRuntime", "Runtime Engine (run.exe))|*.EXE;RUN.EXE", &OBRuntimePath);
+    row("cmdOptionalHelp", "txtOptionalHelp", "Programming Help|*.hlp;", &OptionalHelpPath);
+}
+
+void win_frmOptions::browseFillsItsBox()
+{
+    QFETCH(QString, box);
+    QFETCH(QString, filter);
+    QFETCH(QString*, setting);
+    OptionsBench options;
+    const QString file = options.bench.Write(QStringLiteral("a file"), "x");
+    options.bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), filter, file);
+    options.Click(QTest::currentDataTag());
+    QCOMPARE(options.Text(qPrintable(box)), file);
+    QCOMPARE(*setting, QStringLiteral("no path"));
+    options.Click("cmdApply");
+    QCOMPARE(*setting, file);
+    QVERIFY(options.bench.dialogs.Finished());
+}
+
+void win_frmOptions::browseWithoutAChoiceKeepsTheBox()
+{
+    OptionsBench options;
+    const QString advice = QStringLiteral(" was not found.  Be sure to specify the path to Orchard BASIC in Options!");
+    const auto nothingChosen = [&](const char* button, const char* filter, const QString& message, BoxIcon icon) {
+        options.bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), QString::fromLatin1(filter), {});
+        options.bench.dialogs.ExpectMessage(message, BoxAnswer::Ok, icon);
+        options.Click(button);
+        QVERIFY(options.bench.dialogs.Finished());
+    };
+    options.Type("txtOBexe", QStringLiteral("/e/orchard.exe"));
+    nothingChosen("cmdOBexe", "Orchard BASIC |orchard.exe;*.exe;", QStringLiteral("Orchard BASIC") + advice,
+                  BoxIcon::None);
+    QCOMPARE(options.Text("txtOBexe"), QStringLiteral("/e/orchard.exe"));
+    nothingChosen("cmdOBRuntime", "Runtime Engine (run.exe))|*.EXE;RUN.EXE",
+                  QStringLiteral("Orchard BASIC Runtime Engine") + advice, BoxIcon::None);
+    nothingChosen("cmdOBFreeForm", "FreeForm |*ff*.bas;*.bas;*.bak", QStringLiteral("FreeForm") + advice,
+                  BoxIcon::None);
+    nothingChosen("cmdOBHelp", "Orchard BASIC Help|orchard.hlp;*.hlp;", QStringLiteral("Orchard BASIC help") + advice,
+                  BoxIcon::None);
+    nothingChosen("cmdOptionalHelp", "Programming Help|*.hlp;", QStringLiteral("The chosen Helpfile was not found."),
+                  BoxIcon::Critical);
+    QCOMPARE(options.Text("txtOptionalHelp"), QStringLiteral("no path"));
+}
+
+void win_frmOptions::typedPathIsApplied()
+{
+    OptionsBench options;
+    options.Type("txtOBRuntime", QStringLiteral("/e/run.exe"));
+    options.Type("txtOBHelp", {});
+    options.Click("cmdApply");
+    QCOMPARE(OBRuntimePath, QStringLiteral("/e/run.exe"));
+    QCOMPARE(OBHelpPath, QString());
+    QCOMPARE(Stored("OBRuntimePath"), QStringLiteral("/e/run.exe"));
+    QCOMPARE(OBPath, QStringLiteral("no path"));
+}
+
+void win_frmOptions::switchesReachTheOpenWindow()
+{
+    OptionsBench options;
+    options.bench.Choose(QStringLiteral("mnuFileNew"));
+    const std::size_t slot = Documents.size() - 1;
+    QVERIFY(options.Sci(slot, 2243 /* SCI_GETMARGINWIDTHN */) > 0);
+    for (const char* box : {"chkIndent", "chkLinenums", "chkHighlight", "chkIndentGuides", "chkFile", "chkQuery"})
+        options.Click(box);
+    QVERIFY(AutoIndent && LineNums && HighlightOn && IndentGuidesOn && !OpenFileOn && QuitQuery);
+    options.Type("txtTabSize", QStringLiteral("3"));
+    options.Click("cmdApply");
+    QVERIFY(!AutoIndent && !LineNums && !HighlightOn && !IndentGuidesOn && OpenFileOn && !QuitQuery);
+    QCOMPARE(options.Sci(slot, 2243), std::intptr_t{0});
+    QCOMPARE(options.Sci(slot, 2121 /* SCI_GETTABWIDTH */), std::intptr_t{3});
+    QCOMPARE(Stored("OpenFileOn"), QStringLiteral("True"));
+    QCOMPARE(Stored("AutoIndent"), QStringLiteral("False"));
+}
+
+void win_frmOptions::okAppliesAndCloses()
+{
+    OptionsBench options;
+    options.Type("txtTabSize", QStringLiteral("6"));
+    QTest::keyClick(options.Find<QLineEdit>("txtTabSize"), Qt::Key_Return);
+    options.Settle();
+    QVERIFY(options.form.isNull());
+    QCOMPARE(TabSize, 6);
+    QCOMPARE(Stored("TabSize"), QStringLiteral("6"));
+}
+
+void win_frmOptions::escapeClosesWithoutApplying()
+{
+    OptionsBench options;
+    options.Type("txtTabSize", QStringLiteral("6"));
+    QTest::keyClick(options.form, Qt::Key_Escape);
+    options.Settle();
+    QVERIFY(options.form.isNull());
+    QCOMPARE(TabSize, 4);
+    QCOMPARE(Stored("TabSize"), QStringLiteral("(none)"));
+}
+
+void win_frmOptions::commentsAreShownRawAndWritten()
+{
+    OptionsBench options;
+    options.Click("cmdCancel");
+    options.Settle();
+    QFile file(CommentsPath(ProgramFolder()));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("'by \xE9\xA0x\r\n");
+    file.close();
+    options.Open();
+    auto* box = options.Find<QPlainTextEdit>("txtComments");
+    QCOMPARE(box->document()->blockCount(), 2);
+    options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(3);
+    box->moveCursor(QTextCursor::End);
+    QTest::keyClicks(box, QStringLiteral("'2"));
+    QTest::keyClick(box, Qt::Key_Return);
+    QTest::keyClicks(box, QStringLiteral("'3"));
+    options.Click("cmdApply");
+    // The hard blank is still one.
+    QCOMPARE(TestBench::Read(CommentsPath(ProgramFolder())), QByteArray("'by \xE9\xA0x\r\n'2\r\n'3\r\n"));
+}
+
+void win_frmOptions::clearedCommentsLeaveTheFile()
+{
+    OptionsBench options;
+    auto* box = options.Find<QPlainTextEdit>("txtComments");
+    box->setPlainText(QStringLiteral("'me"));
+    options.Click("cmdApply");
+    box->clear();
+    options.Click("cmdApply");
+    QCOMPARE(TestBench::Read(CommentsPath(ProgramFolder())), QByteArray("'me\r\n"));
+}
+
+void win_frmOptions::newWindowGetsTheNewComments()
+{
+    OptionsBench options;
+    options.Find<QPlainTextEdit>("txtComments")->setPlainText(QStringLiteral("'me\n'too"));
+    options.Click("chkComments");
+    options.Click("cmdOK");
+    options.bench.Choose(QStringLiteral("mnuFileNew"));
+    QCOMPARE(TestBench::Text(options.bench.Active()), QByteArray("'me\r\n'too"));
+}
+
+void win_frmOptions::storeThatCannotBeWrittenLetsTheRunGoOn()
+{
+    OptionsBench options;
+    SetSettingsFile(options.bench.Write(QStringLiteral("file"), "x") + QStringLiteral("/store.ini"));
+    options.Type("txtTabSize", QStringLiteral("6"));
+    options.Click("cmdOK");
+    options.Settle();
+    QCOMPARE(TabSize, 6);
+    QVERIFY(options.bench.Close());
+}
+
+void win_frmOptions::userApplicationsAreShownModally()
+{
+    OptionsBench options;
+    bool shown = false;
+    options.bench.ExpectModal(QStringLiteral("frmUser"), [&](QDialog& user) {
+        shown = true;
+        user.reject();
+    });
+    options.Click("cmdUser");
+    QVERIFY(shown);
+}
+
+void win_frmOptions::associationGoesToTheUsersDesktop()
+{
+#ifdef Q_OS_WIN
+    QSKIP("the registry of this user is no place for a test");
+#endif
+    OptionsBench options;
+    const QString data = options.bench.Path(QStringLiteral("data"));
+    qputenv("XDG_DATA_HOME", data.toUtf8());
+    qputenv("XDG_CONFIG_HOME", options.bench.Path(QStringLiteral("config")).toUtf8());
+    for (int round = 0; round < 2; ++round) {
+        options.bench.dialogs.ExpectMessage(
+            QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), BoxAnswer::Yes,
+            BoxIcon::None, BoxButtons::YesNo, QStringLiteral("Confirm!"));
+        options.bench.dialogs.ExpectMessage(
+            QStringLiteral("Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
+                           "double-clicked in Windows Explorer or My Computer."),
+            BoxAnswer::Ok, BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("Success!"));
+        options.Click("cmdAssoc");
+        QVERIFY(options.bench.dialogs.Finished());
+    }
+    qunsetenv("XDG_DATA_HOME");
+    qunsetenv("XDG_CONFIG_HOME");
+    QVERIFY(TestBench::Read(data + QStringLiteral("/applications/orchard-bench.desktop"))
+                .contains("\nExec=" + QCoreApplication::applicationFilePath().toUtf8() + " %f\n"));
+    QVERIFY(QFile::exists(data + QStringLiteral("/icons/hicolor/48x48/apps/orchard-bench.png")));
+    QVERIFY(QFile::exists(data + QStringLiteral("/icons/hicolor/scalable/apps/orchard-bench.svg")));
+}
+
+void win_frmOptions::associationCanBeDeclined()
+{
+    OptionsBench options;
+    const QString data = options.bench.Path(QStringLiteral("data"));
+    qputenv("XDG_DATA_HOME", data.toUtf8());
+    options.bench.dialogs.ExpectMessage(
+        QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), BoxAnswer::No,
+        BoxIcon::None, BoxButtons::YesNo, QStringLiteral("Confirm!"));
+    options.Click("cmdAssoc");
+    qunsetenv("XDG_DATA_HOME");
+    QVERIFY(!QFile::exists(data));
+}
+
+void win_frmOptions::everyControlWithoutACaptionHasAName()
+{
+    OptionsBench options;
+    QList<QWidget*> bare;
+    for (QLineEdit* box : options.form->findChildren<QLineEdit*>())
+        bare.append(box);
+    bare.append(options.Find<QPlainTextEdit>("txtComments"));
+    QCOMPARE(bare.size(), 9);
+    for (const QWidget* control : bare) {
+        bool named = !control->accessibleName().isEmpty();
+        for (const QLabel* label : options.form->findChildren<QLabel*>())
+            named = named || (label->buddy() == control && !label->text().isEmpty());
+        QVERIFY2(named, qPrintable(control->objectName()));
+    }
+}
+
+OB_BENCH_TEST(win_frmOptions)
+#include "win_frmOptions.moc"

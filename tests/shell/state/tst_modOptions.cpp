@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The settings: what an empty store gives, how stored texts are read, what the store holds afterwards.
+#include "shell/state/modOptions.h"
+
+#include "core/CoreBench.h"
+#include "shell/state/modRecent.h"
+
+using namespace ob;
+
+namespace {
+
+// Puts every setting to something that no default is, so that a variable that is not read stands out.
+void SpoilSettings()
+{
+    for (QString* path : {&OBPath, &OBHelpPath, &OptionalHelpPath, &OBFreeformPath, &OBRuntimePath, &FontName, &LastDir})
+        *path = QStringLiteral("spoilt");
+    UserApplications.fill(QStringLiteral("spoilt"));
+    FontHeight = SyntaxColor = TabSize = 77;
+    FontBold = OpenFileOn = AddComments = true;
+    QuitQuery = ShowTips = AutoIndent = LineNums = HighlightOn = IndentGuidesOn = false;
+    for (ColorRef* color : {&CommentColor, &BranchColor, &KeywordColor, &QuoteColor, &HighlightColor, &NumberColor,
+                            &HandleColor, &CommentBackColor})
+        *color = 0xABCDEF;
+}
+
+void Store(const char* key, const QString& text)
+{
+    WriteSetting(QLatin1String(key), text);
+}
+
+// The store's lines on the disk, sorted: the file keeps no order of its own.
+QStringList StoredLines(const QString& path)
+{
+    QStringList lines =
+        QString::fromUtf8(CoreBench::Get(path).replace("\r\n", "\n")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    lines.sort();
+    return lines;
+}
+
+} // namespace
+
+class tst_modOptions : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup() { bench.reset(); }
+
+    void AnEmptyStoreGivesEveryDefault()
+    {
+        SpoilSettings();
+        ReadAllSettings();
+        for (const QString& path : {OBPath, OBHelpPath, OptionalHelpPath, OBFreeformPath, OBRuntimePath})
+            QCOMPARE(path, QStringLiteral("no path"));
+        QCOMPARE(FontHeight, 12);
+        QCOMPARE(FontName, QStringLiteral("Courier New"));
+        QCOMPARE(FontBold, false);
+        QCOMPARE(SyntaxColor, 1);
+        for (const QString& application : UserApplications)
+            QCOMPARE(application, QStringLiteral("none"));
+        QCOMPARE(HotKey, QStringLiteral("none"));
+        QCOMPARE(QuitQuery, true);
+        QCOMPARE(LastDir, QStringLiteral("app.path"));
+        QCOMPARE(TabSize, 4);
+        QCOMPARE(ShowTips, true);
+        QCOMPARE(AutoIndent, true);
+        QCOMPARE(LineNums, true);
+        QCOMPARE(HighlightOn, true);
+        QCOMPARE(IndentGuidesOn, true);
+        QCOMPARE(OpenFileOn, false);
+        QCOMPARE(AddComments, false);
+    }
+
+    void AnEmptyStoreGivesEveryColor_data()
+    {
+        QTest::addColumn<ColorRef*>("color");
+        QTest::addColumn<ColorRef>("value");
+        QTest::newRow("CommentColor") << &CommentColor << ColorRef{0x006400};
+        QTest::newRow("BranchColor") << &BranchColor << ColorRef{0x0000C8};
+        QTest::newRow("KeywordColor") << &KeywordColor << ColorRef{0xC80000};
+        QTest::newRow("QuoteColor") << &QuoteColor << ColorRef{0x640064};
+        QTest::newRow("HighlightColor") << &HighlightColor << ColorRef{0xC8F0FF};
+        QTest::newRow("NumberColor") << &NumberColor << ColorRef{0x006464};
+        QTest::newRow("HandleColor") << &HandleColor << ColorRef{0x646400};
+        QTest::newRow("CommentBackColor") << &CommentBackColor << ColorRef{0xF0F0F0};
+    }
+
+    void AnEmptyStoreGivesEveryColor()
+    {
+        QFETCH(ColorRef*, color);
+        SpoilSettings();
+        ReadAllSettings();
+        QTEST(*color, "value");
+    }
+
+    void AnEmptyStoreGivesTheWindowItsFirstPlace()
+    {
+        const WindowPlace place = ReadWindowPlace();
+        QCOMPARE(place.left, 1000.0f);
+        QCOMPARE(place.top, 1000.0f);
+        QCOMPARE(place.width, 6500.0f);
+        QCOMPARE(place.height, 6500.0f);
+    }
+
+    void ReadingWritesNothing()
+    {
+        ReadAllSettings();
+        (void)ReadWindowPlace();
+        SyncSettings();
+        QVERIFY(!QFile::exists(bench->StorePath()));
+    }
+
+    void SyntaxColoringIsOffOrOn_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<int>("read");
+        QTest::newRow("off") << QStringLiteral("0") << 0;
+        QTest::newRow("on") << QStringLiteral("1") << 1;
+        QTest::newRow("two") << QStringLiteral("2") << 1;
+        QTest::newRow("five") << QStringLiteral("5") << 1;
+        QTest::newRow("a half is even") << QStringLiteral("1.5") << 1;
+        QTest::newRow("text") << QStringLiteral("on") << 0;
+    }
+
+    void SyntaxColoringIsOffOrOn()
+    {
+        QFETCH(QString, stored);
+        Store("SyntaxColor", stored);
+        ReadAllSettings();
+        QTEST(SyntaxColor, "read");
+    }
+
+    void AFontHeightWithAFractionIsRoundedHalvesToEven_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<int>("read");
+        QTest::newRow("below") << QStringLiteral("12.4") << 12;
+        QTest::newRow("half down") << QStringLiteral("12.5") << 12;
+        QTest::newRow("half up") << QStringLiteral("13.5") << 14;
+        QTest::newRow("above") << QStringLiteral("12.51") << 13;
+        QTest::newRow("negative half") << QStringLiteral("-2.5") << -2;
+        QTest::newRow("blanks around") << QStringLiteral(" 9 ") << 9;
+        QTest::newRow("text") << QStringLiteral("large") << 0;
+        QTest::newRow("empty") << QString() << 0;
+        QTest::newRow("largest") << QStringLiteral("32767") << 32767;
+        QTest::newRow("too large stays as it was") << QStringLiteral("32768") << 77;
+    }
+
+    void AFontHeightWithAFractionIsRoundedHalvesToEven()
+    {
+        QFETCH(QString, stored);
+        SpoilSettings();
+        Store("FontHeight", stored);
+        ReadAllSettings();
+        QTEST(FontHeight, "read");
+    }
+
+    void ATabSizeIsANumberOf32Bits_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<int>("read");
+        QTest::newRow("text") << QStringLiteral("wide") << 0;
+        QTest::newRow("number with more") << QStringLiteral("8x") << 0;
+        QTest::newRow("not clamped") << QStringLiteral("70000") << 70000;
+        QTest::newRow("negative") << QStringLiteral("-1") << -1;
+        QTest::newRow("too large stays as it was") << QStringLiteral("2147483648") << 77;
+    }
+
+    void ATabSizeIsANumberOf32Bits()
+    {
+        QFETCH(QString, stored);
+        SpoilSettings();
+        Store("TabSize", stored);
+        ReadAllSettings();
+        QTEST(TabSize, "read");
+    }
+
+    void ABooleanIsAWordInAnyCaseOrANumber_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<bool>("before");
+        QTest::addColumn<bool>("read");
+        for (const bool before : {false, true}) {
+            const char* suffix = before ? "true before" : "false before";
+            QTest::addRow("True, %s", suffix) << QStringLiteral("True") << before << true;
+            QTest::addRow("true, %s", suffix) << QStringLiteral("true") << before << true;
+            QTest::addRow("tRUE, %s", suffix) << QStringLiteral("tRUE") << before << true;
+            QTest::addRow("False, %s", suffix) << QStringLiteral("False") << before << false;
+            QTest::addRow("false, %s", suffix) << QStringLiteral("false") << before << false;
+            QTest::addRow("0, %s", suffix) << QStringLiteral("0") << before << false;
+            QTest::addRow("0.0, %s", suffix) << QStringLiteral("0.0") << before << false;
+            QTest::addRow("1, %s", suffix) << QStringLiteral("1") << before << true;
+            QTest::addRow("-1, %s", suffix) << QStringLiteral("-1") << before << true;
+            QTest::addRow("0.1, %s", suffix) << QStringLiteral("0.1") << before << true;
+            QTest::addRow("yes, %s", suffix) << QStringLiteral("yes") << before << before;
+            QTest::addRow("empty, %s", suffix) << QString() << before << before;
+            QTest::addRow("True with more, %s", suffix) << QStringLiteral("Trues") << before << before;
+        }
+    }
+
+    void ABooleanIsAWordInAnyCaseOrANumber()
+    {
+        QFETCH(QString, stored);
+        QFETCH(bool, before);
+        for (const char* key : {"FontBold", "QuitQuery", "ShowTips", "AutoIndent", "LineNums", "HighlightOn",
+                                "IndentGuidesOn", "OpenFileOn", "AddComments"})
+            Store(key, stored);
+        FontBold = QuitQuery = ShowTips = AutoIndent = LineNums = HighlightOn = IndentGuidesOn = OpenFileOn =
+            AddComments = before;
+        ReadAllSettings();
+        QTEST(FontBold, "read");
+        QTEST(QuitQuery, "read");
+        QTEST(ShowTips, "read");
+        QTEST(AutoIndent, "read");
+        QTEST(LineNums, "read");
+        QTEST(HighlightOn, "read");
+        QTEST(IndentGuidesOn, "read");
+        QTEST(OpenFileOn, "read");
+        QTEST(AddComments, "read");
+    }
+
+    void AnErrorInOneSettingDoesNotStopTheOthers()
+    {
+        Store("FontHeight", QStringLiteral("99999"));
+        Store("FontBold", QStringLiteral("perhaps"));
+        Store("TabSize", QStringLiteral("3"));
+        Store("CommentColor", QStringLiteral("99999999999"));
+        Store("CommentBackColor", QStringLiteral("1"));
+        ReadAllSettings();
+        QCOMPARE(FontHeight, 12);
+        QCOMPARE(FontBold, false);
+        QCOMPARE(TabSize, 3);
+        QCOMPARE(CommentColor, Rgb(0, 100, 0));
+        QCOMPARE(CommentBackColor, ColorRef{1});
+    }
+
+    void AColorIsReadAsADecimalNumber_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<ColorRef>("color");
+        QTest::newRow("red") << QStringLiteral("255") << ColorRef{0x0000FF};
+        QTest::newRow("white") << QStringLiteral("16777215") << ColorRef{0xFFFFFF};
+        QTest::newRow("the system's button face") << QStringLiteral("-2147483633") << ColorRef{0x8000000F};
+        QTest::newRow("text is black") << QStringLiteral("green") << ColorRef{0};
+        QTest::newRow("empty is black") << QString() << ColorRef{0};
+    }
+
+    void AColorIsReadAsADecimalNumber()
+    {
+        QFETCH(QString, stored);
+        Store("QuoteColor", stored);
+        ReadAllSettings();
+        QTEST(QuoteColor, "color");
+    }
+
+    void TextsAreReadAsTheyStand()
+    {
+        Store("OBPath", QStringLiteral("NO PATH"));
+        Store("OBHelpPath", QStringLiteral("c:\\help files\\orchard.hlp"));
+        Store("FontName", QString());
+        Store("HotKey", QStringLiteral(" /bin/true "));
+        Store("User10", QStringLiteral("None"));
+        ReadAllSettings();
+        QCOMPARE(OBPath, QStringLiteral("NO PATH"));
+        QCOMPARE(OBHelpPath, QStringLiteral("c:\\help files\\orchard.hlp"));
+        QCOMPARE(FontName, QString());
+        QCOMPARE(HotKey, QStringLiteral(" /bin/true "));
+        QCOMPARE(UserApplications[9], QStringLiteral("None"));
+    }
+
+    void TheWholeStoreIsWritten()
+    {
+        for (std::size_t i = 0; i < RecentFiles.size(); ++i)
+            RecentFiles[i] = QStringLiteral("/b/%1.bas").arg(i);
+        ReadAllSettings();
+        OBPath = QStringLiteral("/e/orchard.exe");
+        OBRuntimePath = QStringLiteral("/e/run.exe");
+        UserApplications[1] = QStringLiteral("/bin/two");
+        FontBold = true;
+        TabSize = 8;
+        KeywordColor = 0x8000000F;
+        SaveAllSettings();
+
+        QStringList expected = {QStringLiteral("[Settings]")};
+        for (int number = 1; number <= 8; ++number)
+            expected.append(QStringLiteral("MRU%1=/b/%2.bas").arg(number).arg(number - 1));
+        const char* const lines[] = {
+            "OBPath=/e/orchard.exe", "OBHelpPath=no path", "OptionalHelpPath=no path", "OBFreeformPath=no path",
+            "OBRuntimePath=/e/run.exe", "FontHeight=12", "SyntaxColor=1", "FontName=Courier New", "FontBold=True",
+            "HotKey=none", "User2=/bin/two", "User3=none", "User4=none", "User5=none", "User6=none", "User7=none",
+            "User8=none", "User9=none", "User10=none", "QuitQuery=True", "LastDir=app.path", "CommentColor=25600",
+            "BranchColor=200", "KeywordColor=-2147483633", "QuoteColor=6553700", "HighlightColor=13168895",
+            "NumberColor=25700", "HandleColor=6579200", "CommentBackColor=15790320", "LineNums=True", "TabSize=8",
+            "ShowTips=True", "AutoIndent=True", "HighlightOn=True", "IndentGuidesOn=True", "OpenFileOn=False",
+            "AddComments=False"};
+        for (const char* line : lines)
+            expected.append(QLatin1String(line));
+        expected.sort();
+        QCOMPARE(StoredLines(bench->StorePath()), expected);
+    }
+
+    void WhatWasSavedIsReadBack()
+    {
+        SpoilSettings();
+        SyntaxColor = 0;
+        FontHeight = -3;
+        SaveAllSettings();
+        ResetState();
+        ReadAllSettings();
+        QCOMPARE(OBFreeformPath, QStringLiteral("spoilt"));
+        QCOMPARE(UserApplications[5], QStringLiteral("spoilt"));
+        QCOMPARE(LastDir, QStringLiteral("spoilt"));
+        QCOMPARE(FontHeight, -3);
+        QCOMPARE(TabSize, 77);
+        QCOMPARE(SyntaxColor, 0);
+        QVERIFY(FontBold && OpenFileOn && AddComments);
+        QVERIFY(!QuitQuery && !ShowTips && !AutoIndent && !LineNums && !HighlightOn && !IndentGuidesOn);
+        QCOMPARE(HighlightColor, ColorRef{0xABCDEF});
+    }
+
+    void TheWindowsPlaceIsWrittenAloneAndReadBack()
+    {
+        SaveWindowPlace({-120, 0, 15375.5f, 9000});
+        SyncSettings();
+        QCOMPARE(StoredLines(bench->StorePath()),
+                 (QStringList{QStringLiteral("MainHeight=9000"), QStringLiteral("MainLeft=-120"),
+                              QStringLiteral("MainTop=0"), QStringLiteral("MainWidth=15375.5"),
+                              QStringLiteral("[Settings]")}));
+        const WindowPlace place = ReadWindowPlace();
+        QCOMPARE(place.left, -120.0f);
+        QCOMPARE(place.top, 0.0f);
+        QCOMPARE(place.width, 15375.5f);
+        QCOMPARE(place.height, 9000.0f);
+    }
+
+    void APlaceThatIsNoNumberCountsAsNought()
+    {
+        Store("MainLeft", QStringLiteral("left"));
+        Store("MainWidth", QString());
+        const WindowPlace place = ReadWindowPlace();
+        QCOMPARE(place.left, 0.0f);
+        QCOMPARE(place.top, 1000.0f);
+        QCOMPARE(place.width, 0.0f);
+    }
+
+private:
+    std::unique_ptr<CoreBench> bench;
+};
+
+
+OB_CORE_TEST(tst_modOptions)
+#include "tst_modOptions.moc"

@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The list of recent files: read with its one cleaning pass, shown, moved, stored.
+#include "shell/state/modRecent.h"
+
+#include "core/CoreBench.h"
+
+using namespace ob;
+
+class tst_modRecent : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { bench = std::make_unique<CoreBench>(); }
+    void cleanup() { bench.reset(); }
+
+    void AnEmptyStoreGivesErrors()
+    {
+        FillRecentFiles();
+        QCOMPARE(Recent(), QStringList(8, QStringLiteral("error")));
+        QVERIFY(ShowRecentFiles() == RecentMenu::Filled);
+        QCOMPARE(RecentCount, 0);
+        QVERIFY(bench->form.ShownItems().isEmpty());
+        for (const QString& caption : bench->form.captions)
+            QCOMPARE(caption, QString());
+    }
+
+    void AFileNamedUntitledInTheCurrentFolderMakesTheListEmpty_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("as the default") << QStringLiteral("untitled");
+        QTest::newRow("in another case") << QStringLiteral("UnTitled");
+    }
+
+    void AFileNamedUntitledInTheCurrentFolderMakesTheListEmpty()
+    {
+        QFETCH(QString, name);
+        bench->Put(name, "x");
+        bench->Put(QStringLiteral("b.bas"), "b");
+        WriteSetting(QStringLiteral("MRU1"), name);
+        WriteSetting(QStringLiteral("MRU2"), bench->Path(QStringLiteral("b.bas")));
+        RecentCount = 5;
+        FillRecentFiles();
+        QCOMPARE(RecentFiles[0], name);
+        QVERIFY(ShowRecentFiles() == RecentMenu::WantsNewWindow);
+        QCOMPARE(RecentCount, 0);
+        QCOMPARE(bench->form.captions[0], QStringLiteral("no files"));
+        QCOMPARE(bench->form.captions[1], QString());
+        QVERIFY(bench->form.ShownItems().isEmpty());
+    }
+
+    void UntitledBehindTheFirstEntryIsAFileLikeOthers()
+    {
+        bench->Put(QStringLiteral("untitled"), "x");
+        const QString first = bench->Put(QStringLiteral("a.bas"), "a");
+        WriteSetting(QStringLiteral("MRU1"), first);
+        FillRecentFiles();
+        QCOMPARE(Recent(), QStringList{first} + QStringList(7, QStringLiteral("untitled")));
+        QVERIFY(ShowRecentFiles() == RecentMenu::Filled);
+        QCOMPARE(RecentCount, 8);
+        QCOMPARE(bench->form.captions[7], QStringLiteral("untitled"));
+    }
+
+    // One digit a stored entry, 0 for a file that is gone; the second text the list that is read, "e" for "error".
+    void MissingEntriesAreTakenOutInOnePass_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QByteArray>("read");
+        QTest::addColumn<QList<int>>("shown");
+        const QList<int> all = {1, 2, 3, 4, 5, 6, 7, 8};
+        QTest::newRow("none missing") << QByteArray("12345678") << QByteArray("12345678") << all;
+        QTest::newRow("the last stands twice") << QByteArray("10345678") << QByteArray("13456788") << all;
+        QTest::newRow("the first missing") << QByteArray("02345678") << QByteArray("23456788") << all;
+        QTest::newRow("the last missing stays") << QByteArray("12345670") << QByteArray("1234567e")
+                                                << QList<int>{1, 2, 3, 4, 5, 6, 7};
+        QTest::newRow("of two in a row the second is not looked at")
+            << QByteArray("12005678") << QByteArray("12e56788") << QList<int>{1, 2, 4, 5, 6, 7, 8};
+        QTest::newRow("two apart go, the last stands three times")
+            << QByteArray("10305678") << QByteArray("13567888") << all;
+        QTest::newRow("a missing last is doubled too") << QByteArray("10345670") << QByteArray("134567ee")
+                                                       << QList<int>{1, 2, 3, 4, 5, 6};
+        QTest::newRow("all missing") << QByteArray("00000000") << QByteArray("eeeeeeee") << QList<int>{};
+    }
+
+    void MissingEntriesAreTakenOutInOnePass()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QByteArray, read);
+        QFETCH(QList<int>, shown);
+        for (char digit = '1'; digit <= '8'; ++digit)
+            bench->Put(QString(QLatin1Char(digit)), "x");
+        for (int i = 0; i < 8; ++i)
+            WriteSetting(QStringLiteral("MRU%1").arg(i + 1), bench->Path(QString(QLatin1Char(stored[i]))));
+        FillRecentFiles();
+        QStringList expected;
+        for (const char letter : read)
+            expected.append(letter == 'e' ? QStringLiteral("error") : bench->Path(QString(QLatin1Char(letter))));
+        QCOMPARE(Recent(), expected);
+
+        QVERIFY(ShowRecentFiles() == RecentMenu::Filled);
+        QCOMPARE(bench->form.ShownItems(), shown);
+        QCOMPARE(RecentCount, static_cast<int>(shown.size()));
+        for (const int number : shown)
+            QCOMPARE(bench->form.captions[static_cast<std::size_t>(number - 1)], expected[number - 1]);
+    }
+
+    void AnEntryThatIsAFolderIsNoFile()
+    {
+        QDir().mkdir(QStringLiteral("folder"));
+        WriteSetting(QStringLiteral("MRU1"), bench->Path(QStringLiteral("folder")));
+        const QString second = bench->Put(QStringLiteral("b.bas"), "b");
+        WriteSetting(QStringLiteral("MRU2"), second);
+        FillRecentFiles();
+        QCOMPARE(RecentFiles[0], second);
+    }
+
+    void ReadingTheListWritesNothing()
+    {
+        FillRecentFiles();
+        ShowRecentFiles();
+        SyncSettings();
+        QVERIFY(!QFile::exists(bench->StorePath()));
+    }
+
+    void ANewNameGoesToTheFrontAndTheLastFallsOut()
+    {
+        Letters("abcdefgh");
+        RecentCount = 8;
+        AddRecentFile(QStringLiteral("x"));
+        QCOMPARE(Recent(), Split("xabcdefg"));
+        QCOMPARE(Captions(), Split("xabcdefg"));
+        QCOMPARE(Stored(), Split("xabcdefg"));
+    }
+
+    void AKnownNameMovesToTheFront_data()
+    {
+        QTest::addColumn<char>("name");
+        QTest::addColumn<QByteArray>("list");
+        QTest::newRow("first") << 'a' << QByteArray("abcdefgh");
+        QTest::newRow("second") << 'b' << QByteArray("bacdefgh");
+        QTest::newRow("middle") << 'e' << QByteArray("eabcdfgh");
+        QTest::newRow("last") << 'h' << QByteArray("habcdefg");
+    }
+
+    void AKnownNameMovesToTheFront()
+    {
+        QFETCH(char, name);
+        QFETCH(QByteArray, list);
+        Letters("abcdefgh");
+        RecentCount = 3;
+        AddRecentFile(QString(QLatin1Char(name)));
+        QCOMPARE(Recent(), Split(list));
+        QCOMPARE(RecentCount, 3);
+        QCOMPARE(bench->form.ShownItems(), (QList<int>{1, 2, 3}));
+        QCOMPARE(Captions(), Split(list));
+        QCOMPARE(Stored(), Split(list));
+    }
+
+    void ANameInAnotherCaseIsANewName()
+    {
+        Letters("abcdefgh");
+        RecentCount = 2;
+        AddRecentFile(QStringLiteral("C"));
+        QCOMPARE(Recent(), Split("Cabcdefg"));
+        QCOMPARE(RecentCount, 3);
+    }
+
+    void TheFirstOfTwoEqualEntriesMoves()
+    {
+        Letters("abcdegg!");
+        AddRecentFile(QStringLiteral("g"));
+        QCOMPARE(Recent(), Split("gabcdeg!"));
+    }
+
+    void ItemsAreShownUpToTheCount()
+    {
+        FillRecentFiles();
+        ShowRecentFiles();
+        AddRecentFile(QStringLiteral("a"));
+        QCOMPARE(RecentCount, 1);
+        QCOMPARE(bench->form.ShownItems(), QList<int>{1});
+        AddRecentFile(QStringLiteral("b"));
+        QCOMPARE(bench->form.ShownItems(), (QList<int>{1, 2}));
+        QCOMPARE(bench->form.captions[0], QStringLiteral("b"));
+        QCOMPARE(bench->form.captions[2], QStringLiteral("error"));
+    }
+
+    void TheCountGrowsPastTheListAndPastNineNothingIsStored()
+    {
+        Letters("abcdefgh");
+        SaveRecentFiles();
+        RecentCount = 7;
+        AddRecentFile(QStringLiteral("1"));
+        QCOMPARE(RecentCount, 8);
+        QCOMPARE(Stored(), Split("1abcdefg"));
+        AddRecentFile(QStringLiteral("2"));
+        QCOMPARE(RecentCount, 9);
+        QCOMPARE(bench->form.ShownItems(), (QList<int>{1, 2, 3, 4, 5, 6, 7, 8}));
+        QCOMPARE(Stored(), Split("21abcdef"));
+        AddRecentFile(QStringLiteral("1"));
+        QCOMPARE(RecentCount, 9);
+        QCOMPARE(Stored(), Split("12abcdef"));
+
+        AddRecentFile(QStringLiteral("3"));
+        QCOMPARE(RecentCount, 10);
+        QCOMPARE(Recent(), Split("312abcde"));
+        QCOMPARE(Captions(), Split("312abcde"));
+        QCOMPARE(Stored(), Split("12abcdef"));
+        AddRecentFile(QStringLiteral("2"));
+        QCOMPARE(RecentCount, 10);
+        QCOMPARE(Recent(), Split("231abcde"));
+        QCOMPARE(Stored(), Split("12abcdef"));
+
+        SaveRecentFiles();
+        QCOMPARE(Stored(), Split("231abcde"));
+    }
+
+    void PastNineNoFurtherItemIsShown()
+    {
+        Letters("abcdefgh");
+        RecentCount = 9;
+        AddRecentFile(QStringLiteral("x"));
+        QVERIFY(bench->form.ShownItems().isEmpty());
+    }
+
+    void AStoredListIsOnTheDiskAtOnce()
+    {
+        Letters("abcdefgh");
+        AddRecentFile(QStringLiteral("x"));
+        const QByteArray store = CoreBench::Get(bench->StorePath());
+        QVERIFY(store.contains("MRU1=x"));
+        QVERIFY(store.contains("MRU8=g"));
+    }
+
+private:
+    static QStringList Split(const QByteArray& letters)
+    {
+        QStringList list;
+        for (const char letter : letters)
+            list.append(QString(QLatin1Char(letter)));
+        return list;
+    }
+
+    static void Letters(const QByteArray& letters)
+    {
+        const QStringList list = Split(letters);
+        std::copy(list.begin(), list.end(), RecentFiles.begin());
+    }
+
+    static QStringList Recent() { return {RecentFiles.begin(), RecentFiles.end()}; }
+    QStringList Captions() const { return {bench->form.captions.begin(), bench->form.captions.end()}; }
+
+    static QStringList Stored()
+    {
+        QStringList list;
+        for (int number = 1; number <= 8; ++number)
+            list.append(ReadSetting(QStringLiteral("MRU%1").arg(number), QStringLiteral("(none)")));
+        return list;
+    }
+
+    std::unique_ptr<CoreBench> bench;
+};
+
+OB_CORE_TEST(tst_modRecent)
+#include "tst_modRecent.moc"
