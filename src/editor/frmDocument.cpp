@@ -2,10 +2,10 @@
 // The code window.
 #include "editor/frmDocument.h"
 
+#include "editor/document/modBookmarks.h"
 #include "editor/document/modDocument.h"
 #include "editor/document/modStyling.h"
 #include "editor/files/modClose.h"
-#include "editor/modBookmarks.h"
 #include "editor/modEdit.h"
 #include "editor/modLabels.h"
 #include "platform/dialogs/modDialogs.h"

@@ -3,10 +3,10 @@
 #include "editor/modEdit.h"
 
 #include "editor/document/cDocument.h"
+#include "editor/document/modBookmarks.h"
 #include "editor/document/modDocument.h"
 #include "editor/document/modSyntaxTable.h"
 #include "editor/document/modUserTexts.h"
-#include "editor/modBookmarks.h"
 #include "editor/modEditText.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modPaths.h"

@@ -4,9 +4,9 @@
 #include "support/TestBench.h"
 
 #include "editor/document/cDocument.h"
+#include "editor/document/modBookmarks.h"
 #include "editor/document/modSyntaxTable.h"
 #include "editor/frmDocument.h"
-#include "editor/modBookmarks.h"
 #include "editor/modEdit.h"
 #include "editor/modEditText.h"
 #include "shell/state/Module1.h"

@@ -4,8 +4,8 @@
 #include "support/TestBench.h"
 
 #include "editor/document/cDocument.h"
+#include "editor/document/modBookmarks.h"
 #include "editor/frmDocument.h"
-#include "editor/modBookmarks.h"
 #include "editor/modLabels.h"
 #include "shell/state/Module1.h"
 

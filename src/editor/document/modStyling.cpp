@@ -2,8 +2,8 @@
 // How a code window's control is set up.
 #include "editor/document/modStyling.h"
 
+#include "editor/document/modBookmarks.h"
 #include "editor/document/modSyntaxTable.h"
-#include "editor/modBookmarks.h"
 #include "platform/language/modAnsi.h"
 #include "scilexer/modLexer.h"
 #include "shell/state/Module1.h"

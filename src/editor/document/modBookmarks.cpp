@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Bookmarks.
-#include "editor/modBookmarks.h"
+#include "editor/document/modBookmarks.h"
 
 namespace ob {
 
