@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Icons out of programs. The time that counts is that of a wait: from a path to the icon's pixels.
-#include "../tests/imagetools/IconBytes.h"
+#include "../tests/imagetools/icons/IconBytes.h"
 #include "imagetools/icons/modIconFile.h"
 
 #include <benchmark/benchmark.h>

@@ -4,8 +4,8 @@
 
 #include "imagetools/pictures/modPicture.h"
 
-#include "../imaging/BitmapBytes.h"
-#include "../platform/FileTrouble.h"
+#include "imaging/BitmapBytes.h"
+#include "platform/files/FileTrouble.h"
 
 #include <QDir>
 #include <QProcess>
