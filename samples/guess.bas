@@ -1,4 +1,4 @@
-'Guess the number: a small game for the console window.
+'Guess the number: a small game in a window of its own.
 'Shows loops, branch labels, a sub and a function.
 
 nomainwin
@@ -17,7 +17,7 @@ open "Guess the number" for window as #game
 [newNumber]
 secret = pickNumber(100)
 tries = 0
-call tell "Type a number and press Guess."
+call report "Type a number and press Guess."
 wait
 
 [guess]
@@ -25,9 +25,9 @@ wait
 number = val(text$)
 tries = tries + 1
 if number = secret then
-    call tell "Right! It took you " + str$(tries) + " tries."
+    call report "Right! It took you " + str$(tries) + " tries."
 else
-    if number < secret then call tell "Too small." else call tell "Too large."
+    if number < secret then call report "Too small." else call report "Too large."
 end if
 wait
 
@@ -35,7 +35,7 @@ wait
 close #game
 end
 
-sub tell message$
+sub report message$
     #game.answer message$
 end sub
 
