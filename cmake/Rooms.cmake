@@ -4,6 +4,12 @@ set_property(GLOBAL PROPERTY OB_ROOMS "")
 set_property(GLOBAL PROPERTY OB_CORE_PARTS "")
 set_property(GLOBAL PROPERTY OB_WINDOW_PARTS "")
 
+# What a system does in its own way is in files of its own: X_unix.cpp and X_windows.cpp.
+set(OB_OTHER_SYSTEM "_windows\\.cpp$")
+if(WIN32)
+  set(OB_OTHER_SYSTEM "_unix\\.cpp$")
+endif()
+
 # ob_room_target(VARIABLE FOLDER): the name of the room's core library, "ob_platform_files" for platform/files. Its windows
 # are in the library of that name with "_windows" after it.
 function(ob_room_target variable folder)
@@ -60,6 +66,7 @@ function(ob_room folder)
   set_property(GLOBAL APPEND PROPERTY OB_ROOM_NAMES ${folder})
 
   file(GLOB all CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.ui)
+  list(FILTER all EXCLUDE REGEX ${OB_OTHER_SYSTEM})
   set(core_files ${all})
   list(FILTER core_files INCLUDE REGEX "/(c[A-Z]|C[A-Z]|mod|Module)[^/]*$")
   set(window_files ${all})

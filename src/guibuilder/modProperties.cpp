@@ -7,6 +7,7 @@
 #include "platform/language/cRuntimeError.h"
 #include "platform/language/modColorNames.h"
 #include "platform/language/modRuntime.h"
+#include "platform/language/modSystem.h"
 #include "shell/state/Module1.h"
 
 #include <algorithm>
@@ -166,11 +167,9 @@ PropertiesEnd ApplyProperties(ControlRecord& control, ControlKind kind, const Pr
 
 QString BitmapPathOf(const QString& path)
 {
-#ifdef Q_OS_WIN
-    return ShortPathOf(path).toLower();
-#else
-    return ShortPathOf(path);
-#endif
+    const QString shortPath = ShortPathOf(path);
+    // In lower case only where a file's name has no case.
+    return ThisSystem == System::Windows ? shortPath.toLower() : shortPath;
 }
 
 } // namespace ob

@@ -6,7 +6,7 @@ namespace ob {
 
 enum class LockKey { NumLock, CapsLock };
 
-// Whether the lock is on, as far as the system tells; off where it does not.
+// Whether the lock is on; off where the system does not report it.
 bool IsLockOn(LockKey key);
 
 } // namespace ob

@@ -2,6 +2,8 @@
 // The toolkit's own message, input and file boxes.
 #include "platform/dialogs/dlgStandard.h"
 
+#include "platform/language/modSystem.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
@@ -135,17 +137,15 @@ BoxAnswer AnswerOf(int button)
     }
 }
 
-// One line a pair, the patterns behind the words; the boxes show the words alone.
+// One line a pair, the patterns after the words; the boxes show the words alone.
 QString ToolkitFilters(const FileSpec& spec)
 {
     QStringList lines;
     for (const FileFilter& filter : FileFiltersOf(spec.filter))
         lines.append(QStringLiteral("%1 (%2)").arg(filter.label, filter.patterns.join(QLatin1Char(' '))));
-#ifndef Q_OS_WIN
-    // Programs and files need no ending here, so a choice must not be shut out by its name.
-    if (spec.purpose == FilePurpose::Open)
+    // Programs and files need no ending on Unix, so no name may keep a file from being chosen.
+    if (ThisSystem == System::Unix && spec.purpose == FilePurpose::Open)
         lines.append(QStringLiteral("All Files (*)"));
-#endif
     return lines.join(QStringLiteral(";;"));
 }
 

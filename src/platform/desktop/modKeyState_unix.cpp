@@ -1,26 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The keyboard's lock keys: by the system on Windows, by the X server or the keyboard's lamps elsewhere.
+// The keyboard's lock keys, by the X server or by the keyboard's lamps.
 #include "platform/desktop/modKeyState.h"
 
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#else
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLibrary>
-#endif
 
 namespace ob {
-
-#ifdef Q_OS_WIN
-
-bool IsLockOn(LockKey key)
-{
-    return (GetKeyState(key == LockKey::NumLock ? VK_NUMLOCK : VK_CAPITAL) & 1) != 0;
-}
-
-#else
 
 namespace {
 
@@ -50,13 +37,11 @@ bool IsLampOn(const QString& lamp)
 
 bool IsLockOn(LockKey key)
 {
-    // Without a server behind it the interface is there and its display is not.
+    // Where no server is running the interface exists and its display does not.
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 != nullptr && x11->display() != nullptr)
         return (IndicatorState(x11->display()) & (key == LockKey::CapsLock ? 1u : 2u)) != 0;
     return IsLampOn(key == LockKey::CapsLock ? QStringLiteral("capslock") : QStringLiteral("numlock"));
 }
-
-#endif
 
 } // namespace ob
