@@ -3,7 +3,6 @@
 #include "obtool/toolGroups.h"
 #include "obtool/toolOutput.h"
 #include "obtool/toolPicture.h"
-#include "platform/language/cRuntimeError.h"
 
 #include <QByteArray>
 
@@ -11,7 +10,6 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
-#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,27 +38,13 @@ int WrongUsage(const CLI::App& tool, const std::string& reason)
     return 2;
 }
 
-int Failed(const std::string& file, const QString& reason)
+void Answer(std::string_view text)
 {
-    // One line, whatever the reason holds.
-    QString line = reason;
-    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    std::fprintf(stderr, "obtool: %s: %s\n", file.c_str(), line.toUtf8().constData());
-    return 1;
-}
-
-int Answer(std::string_view text)
-{
-    try {
-        ob::WriteOutput({}, QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
-        return 0;
-    } catch (const ob::ToolFailure& failure) {
-        return Failed(failure.file, failure.reason);
-    }
+    ob::WriteOutput({}, QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 // The arguments, last one first, as the parser takes them. It would take the next argument for the empty value of
-// "--title=", so such an option and its value are parted here.
+// "--title=", so such an option and its value are separated here.
 std::vector<std::string> ArgumentsOf(int argc, char** argv)
 {
     std::vector<std::string> arguments;
@@ -78,31 +62,7 @@ std::vector<std::string> ArgumentsOf(int argc, char** argv)
     return arguments;
 }
 
-int Run(CLI::App& tool, int argc, char** argv)
-{
-    try {
-        tool.parse(ArgumentsOf(argc, argv));
-        return 0;
-    } catch (const CLI::CallForHelp&) {
-        return Answer(Innermost(tool)->help());
-    } catch (const CLI::CallForVersion&) {
-        return Answer(version);
-    } catch (const CLI::ParseError& error) {
-        return WrongUsage(tool, std::string("obtool: ") + error.what());
-    } catch (const ob::ToolFailure& failure) {
-        return Failed(failure.file, failure.reason);
-    } catch (const std::bad_alloc&) {
-        return Failed(Innermost(tool)->get_name(), QStringLiteral("Out of memory"));
-    } catch (const ob::RuntimeError& error) {
-        return Failed(Innermost(tool)->get_name(), error.description);
-    }
-}
-
-} // namespace
-
-namespace {
-
-// A command's help opens with its usage line as it stands in the manual.
+// A command's help opens with its usage line as it is in the manual.
 class UsageFormatter final : public CLI::Formatter {
 public:
     std::string make_usage(const CLI::App* command, std::string) const override { return UsageOf(*command) + "\n"; }
@@ -143,18 +103,10 @@ std::string NotEmpty(const std::string& text)
 
 } // namespace ob
 
-int main(int argc, char** argv)
+namespace {
+
+void AddGroups(CLI::App& tool)
 {
-    if (argc == 2 && std::strcmp(argv[1], "--version") == 0)
-        return Answer(version);
-    // Standard error holds obtool's own lines alone; what the toolkit remarks on pictures and the desktop is not for
-    // it.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    ob::LetPicturesHaveFonts();
-    CLI::App tool("Every tool of the bench, from the command line", "obtool");
-    tool.formatter(std::make_shared<UsageFormatter>());
-    tool.require_subcommand(1);
-    tool.set_version_flag("--version", "obtool " OB_VERSION, "print the version");
     ob::AddFormGroup(tool);
     ob::AddSourceGroup(tool);
     ob::AddWriteGroup(tool);
@@ -169,5 +121,51 @@ int main(int argc, char** argv)
         group->require_subcommand(1);
         group->footer("usage: obtool " + group->get_name() + " VERB [OPTIONS] ARGUMENTS");
     }
+}
+
+int Run(CLI::App& tool, int argc, char** argv)
+{
+    try {
+        tool.parse(ArgumentsOf(argc, argv));
+    } catch (const CLI::CallForHelp&) {
+        Answer(Innermost(tool)->help());
+    } catch (const CLI::CallForVersion&) {
+        Answer(version);
+    } catch (const CLI::ParseError& error) {
+        return WrongUsage(tool, std::string("obtool: ") + error.what());
+    } catch (...) {
+        // Where no file is to blame, the line has the verb in its place.
+        ob::ThrowAsFailureOf(Innermost(tool)->get_name());
+    }
+    return 0;
+}
+
+// Runs the command line and returns the exit status. Throws ToolFailure.
+int Execute(int argc, char** argv)
+{
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+        Answer(version);
+        return 0;
+    }
+    // Standard error holds obtool's own lines alone; the toolkit's remarks on pictures and the desktop are no part of
+    // them.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    ob::LetPicturesHaveFonts();
+    CLI::App tool("Every tool of the bench, from the command line", "obtool");
+    tool.formatter(std::make_shared<UsageFormatter>());
+    tool.require_subcommand(1);
+    tool.set_version_flag("--version", "obtool " OB_VERSION, "print the version");
+    AddGroups(tool);
     return Run(tool, argc, argv);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Execute(argc, argv);
+    } catch (const ob::ToolFailure& failure) {
+        return ob::Report(failure);
+    }
 }

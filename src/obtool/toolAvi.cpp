@@ -47,18 +47,16 @@ void Write(const AviArguments& arguments)
     if (list.files.isEmpty())
         throw ToolFailure(arguments.out, QStringLiteral("There is no bitmap to make a video of."));
     AviWriting writing(PathOf(arguments.out), list, QString::fromStdString(arguments.framesPerSecond), Notes());
-    AviState state = AviState::Failed;
-    try {
-        state = writing.Begin([&](const AviFormat&) {
+    const AviState state = OnFile(arguments.out, [&] {
+        AviState now = writing.Begin([&](const AviFormat&) {
             AviOptions options;
             options.codec = arguments.codec;
             return options;
         });
-        while (state == AviState::Writing)
-            state = writing.WriteFrame();
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(arguments.out, error.description);
-    }
+        while (now == AviState::Writing)
+            now = writing.WriteFrame();
+        return now;
+    });
     if (state == AviState::Failed)
         throw ToolFailure(arguments.out, (writing.Message() + u' ' + writing.Reason()).trimmed());
 }

@@ -7,7 +7,6 @@
 #include "guibuilder/modGenerator.h"
 #include "obtool/toolOutput.h"
 #include "platform/files/modFiles.h"
-#include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
 
 #include <QDate>
@@ -76,12 +75,7 @@ void CompileForm(const FormArguments& arguments, bool hasDate, bool hasComments)
 void SaveForm(const FormArguments& arguments)
 {
     GuiForm form = ReadFormArgument(arguments.form);
-    QString text;
-    try {
-        text = WriteForm(form);
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(arguments.form, error.description);
-    }
+    const QString text = OnFile(arguments.form, [&] { return WriteForm(form); });
     WriteOutput(arguments.out, AnsiFromText(text).bytes);
 }
 

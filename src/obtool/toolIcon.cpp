@@ -22,19 +22,17 @@ struct IconArguments {
     int index = 0;
 };
 
-// Runs work on the icons of a file; what it raises, and a file without an icon, is that file's failure.
+// Runs work on the icons of a file; a file without an icon is a failure.
 template <class Work>
 void WithIcons(const std::string& file, Work work)
 {
-    try {
+    OnFile(file, [&] {
         const cMappedFile mapped(PathOf(file));
         const IconIndex icons(mapped.Bytes());
         if (icons.Count() == 0)
             throw ToolFailure(file, QStringLiteral("There is no icon in the file."));
         work(icons);
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(file, error.description);
-    }
+    });
 }
 
 Icon IconOf(const std::string& file, int index)
@@ -51,7 +49,7 @@ Icon IconOf(const std::string& file, int index)
     return icon;
 }
 
-// Icons that cannot be read are left out, and named once the others stand.
+// Icons that cannot be read are left out, and named once the others are reported.
 void List(const std::string& file)
 {
     WithIcons(file, [&](const IconIndex& icons) {
@@ -83,7 +81,7 @@ void Extract(const IconArguments& arguments)
 void Make(const IconArguments& arguments)
 {
     const cDIBSection picture = ReadPictureArgument(arguments.file);
-    RunOnFile(arguments.file, [&] { WriteOutput(arguments.out, IconFileOf(IconFromPicture(picture))); });
+    OnFile(arguments.file, [&] { WriteOutput(arguments.out, IconFileOf(IconFromPicture(picture))); });
 }
 
 void Install(const IconArguments& arguments)
@@ -93,11 +91,7 @@ void Install(const IconArguments& arguments)
     struct TempIcon {
         ~TempIcon() { RemoveTempIcon(); }
     } const temporary;
-    try {
-        InstallIcon(PathOf(arguments.out), icon, version);
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(arguments.out, error.description);
-    }
+    OnFile(arguments.out, [&] { InstallIcon(PathOf(arguments.out), icon, version); });
 }
 
 } // namespace

@@ -42,7 +42,7 @@ FileReader ArgumentReader()
 void Info(const std::string& file)
 {
     cDIB dib;
-    RunOnFile(file, [&] {
+    OnFile(file, [&] {
         dib.CreateFromFile(file, ArgumentReader(), [&](const std::string& text, NoticeIcon) {
             QString reason = QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
             throw ToolFailure(file, reason.replace(QLatin1String("\r\n"), QLatin1String(" ")));
@@ -86,7 +86,7 @@ void Save(const ImageArguments& arguments)
         isWritten = true;
         return ToolWriter()(file, pieces);
     };
-    RunOnFile(arguments.in, [&] {
+    OnFile(arguments.in, [&] {
         cDIBSectionSave().Save(arguments.out, picture, palette, depths.at(arguments.depth), modes.at(arguments.reduce),
                                write);
     });
@@ -98,7 +98,7 @@ void Save(const ImageArguments& arguments)
 void Resample(const ImageArguments& arguments)
 {
     const cDIBSection picture = ReadPictureArgument(arguments.in);
-    RunOnFile(arguments.in, [&] {
+    OnFile(arguments.in, [&] {
         const std::optional<cDIBSection> scaled = picture.Resample(arguments.height, arguments.width);
         if (!scaled)
             throw ToolFailure(arguments.in, QStringLiteral("A picture of that size cannot be made."));
@@ -109,7 +109,7 @@ void Resample(const ImageArguments& arguments)
 void Gray(const ImageArguments& arguments)
 {
     cDIBSection picture = ReadPictureArgument(arguments.in);
-    RunOnFile(arguments.in, [&] {
+    OnFile(arguments.in, [&] {
         cColourReduceDIB().GrayScale(picture);
         picture.SavePicture(arguments.out, ToolWriter());
     });
@@ -118,7 +118,7 @@ void Gray(const ImageArguments& arguments)
 void Mono(const ImageArguments& arguments)
 {
     cDIBSection picture = ReadPictureArgument(arguments.in);
-    RunOnFile(arguments.in, [&] {
+    OnFile(arguments.in, [&] {
         cColourReduceDIB().BlackAndWhite(picture, picture);
         picture.SavePicture(arguments.out, ToolWriter());
     });
@@ -128,7 +128,7 @@ void Remap(const ImageArguments& arguments)
 {
     cDIBSection picture = ReadPictureArgument(arguments.in);
     const cPalette palette = ReadPaletteArgument(arguments.palette, PaletteFormat::Text);
-    RunOnFile(arguments.in, [&] {
+    OnFile(arguments.in, [&] {
         cColourReduceDIB().ApplyPalette(picture, picture, palette, arguments.dither ? Dither::On : Dither::Off);
         picture.SavePicture(arguments.out, ToolWriter());
     });

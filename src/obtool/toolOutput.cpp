@@ -4,13 +4,11 @@
 
 #include "editor/document/modDocument.h"
 #include "platform/files/modFiles.h"
-#include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
 
 #include <QFile>
 
 #include <cstdio>
-#include <new>
 
 namespace ob {
 
@@ -37,39 +35,23 @@ static QByteArray ReadBytes(const std::string& file)
     }
     if (!FileExists(PathOf(file)) && !FolderExists(PathOf(file)))
         throw ToolFailure(file, MissingFileText);
-    try {
-        return ReadWhole(PathOf(file));
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(file, error.description);
-    }
+    return ReadWhole(PathOf(file));
 }
 
 QByteArray ReadInput(const std::string& file)
 {
-    try {
-        return ReadBytes(file);
-    } catch (const std::bad_alloc&) {
-        throw ToolFailure(file, QStringLiteral("Out of memory"));
-    }
+    return OnFile(file, [&] { return ReadBytes(file); });
 }
 
 QByteArray ReadSource(const std::string& file)
 {
-    try {
-        return LoadedBytes(ReadInput(file));
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(file, error.description);
-    }
+    return OnFile(file, [&] { return LoadedBytes(ReadInput(file)); });
 }
 
 void WriteOutput(const std::string& out, QByteArrayView bytes)
 {
     if (!out.empty()) {
-        try {
-            ReplaceFile(PathOf(out), bytes);
-        } catch (const RuntimeError& error) {
-            throw ToolFailure(out, error.description);
-        }
+        OnFile(out, [&] { ReplaceFile(PathOf(out), bytes); });
         return;
     }
     // Without bytes there may be no pointer either.

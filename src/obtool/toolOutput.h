@@ -1,28 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What every verb needs: reading FILE or standard input, writing OUT or standard output, failing with a reason.
+// What every verb needs: reading FILE or standard input, writing OUT or standard output, notes.
 #pragma once
+
+#include "obtool/toolFailure.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 
-#include <exception>
 #include <string>
 
 namespace ob {
-
-// Work that failed: one line "obtool: FILE: reason" on standard error, exit status 1.
-class ToolFailure : public std::exception {
-public:
-    ToolFailure(std::string failedFile, QString failedReason)
-        : file(std::move(failedFile)), reason(std::move(failedReason))
-    {
-    }
-    const char* what() const noexcept override { return file.c_str(); }
-
-    std::string file;
-    QString reason;
-};
 
 // The whole file, or standard input for "-". Throws ToolFailure.
 QByteArray ReadInput(const std::string& file);
@@ -37,7 +25,7 @@ void WriteOutput(const std::string& out, QByteArrayView bytes);
 QString TextOf(const std::string& argument);
 QString PathOf(const std::string& argument);
 
-// Tells on standard error what a window would show in a box and go on: one line, whatever the text holds.
+// Reports on standard error what a window would show in a box before it goes on: one line, whatever the text holds.
 void WriteNote(QString text);
 
 // Writes program text to standard output, with a note when it holds characters that the code page lacks. Throws

@@ -6,7 +6,6 @@
 #include "obtool/toolOutput.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
-#include "platform/language/cRuntimeError.h"
 
 #include <QDir>
 
@@ -25,7 +24,7 @@ struct PackageArguments {
     bool zip = false;
 };
 
-// Nobody is there to stop the work; the question whether to test the program is told and not answered.
+// Nobody is there to stop the work; the question whether to test the program is a note without an answer.
 class ToolWatch final : public cPackageWatch {
 public:
     explicit ToolWatch(const PackagePlan& madePlan) : plan(madePlan) {}
@@ -74,13 +73,11 @@ void Make(const PackageArguments& arguments)
     if (plan.version == InstalledEngine::None)
         WriteNote(NoEngineBox().text);
     ToolWatch watch(plan);
-    try {
-        const PackageOutcome outcome = MakePackage(plan, arguments.zip ? PackageZip::Yes : PackageZip::No, watch);
-        if (outcome.end == PackageEnd::ZipFailed)
-            throw ToolFailure((PackageZipBase(plan) + QStringLiteral(".zip")).toStdString(), outcome.reason);
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(PackageFolder(plan).toStdString(), error.description);
-    }
+    const PackageOutcome outcome = OnFile(PackageFolder(plan).toStdString(), [&] {
+        return MakePackage(plan, arguments.zip ? PackageZip::Yes : PackageZip::No, watch);
+    });
+    if (outcome.end == PackageEnd::ZipFailed)
+        throw ToolFailure((PackageZipBase(plan) + QStringLiteral(".zip")).toStdString(), outcome.reason);
 }
 
 } // namespace

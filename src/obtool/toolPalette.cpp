@@ -32,7 +32,7 @@ void MakeOptimal(const PaletteArguments& arguments, cPalette& palette)
     const cDIBSection picture = ReadPictureArgument(arguments.from);
     cPalette::OptimalEvents events;
     events.reducingFailed = [](std::int64_t) { WriteNote(QStringLiteral("Error in reducing nodes")); };
-    RunOnFile(arguments.from, [&] {
+    OnFile(arguments.from, [&] {
         palette.CreateOptimal(picture, arguments.colors, static_cast<std::uint8_t>(arguments.level), events);
     });
     palette.EraseNodes();

@@ -5,12 +5,10 @@
 #include "imagetools/metafiles/modMetafile.h"
 #include "imagetools/pictures/modPicture.h"
 #include "platform/files/modFilePieces.h"
-#include "platform/language/cRuntimeError.h"
 
 #include <QByteArray>
 #include <QGuiApplication>
 
-#include <new>
 #include <vector>
 
 namespace ob {
@@ -29,11 +27,7 @@ FileReader ReaderOf(const QByteArray& bytes)
 cDIBSection ReadPictureArgument(const std::string& file)
 {
     const QByteArray bytes = ReadInput(file);
-    try {
-        return PictureOfBytes(bytes);
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(file, error.description);
-    }
+    return OnFile(file, [&] { return PictureOfBytes(bytes); });
 }
 
 cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format)
@@ -54,11 +48,7 @@ FileWriter ToolWriter()
         std::vector<QByteArrayView> views;
         for (const ByteView piece : pieces)
             views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
-        try {
-            ReplaceFile(PathOf(fileName), FilePieces(views));
-        } catch (const RuntimeError& error) {
-            throw ToolFailure(fileName, error.description);
-        }
+        OnFile(fileName, [&] { ReplaceFile(PathOf(fileName), FilePieces(views)); });
         return {};
     };
 }
@@ -73,17 +63,6 @@ void LetPicturesHaveFonts()
         static int count = 3;
         static const QGuiApplication application(count, arguments);
     });
-}
-
-void RunOnFile(const std::string& file, const std::function<void()>& work)
-{
-    try {
-        work();
-    } catch (const ImagingError& error) {
-        throw ToolFailure(file, QString::fromStdString(error.description));
-    } catch (const std::bad_alloc&) {
-        throw ToolFailure(file, QStringLiteral("Out of memory"));
-    }
 }
 
 } // namespace ob

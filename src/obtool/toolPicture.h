@@ -7,7 +7,6 @@
 #include "imaging/modFileAccess.h"
 #include "obtool/toolOutput.h"
 
-#include <functional>
 #include <string>
 
 namespace ob {
@@ -24,8 +23,5 @@ FileWriter ToolWriter();
 // Lets pictures that hold text have fonts: the first such text makes an application object without a display, which
 // costs the commands without text nothing.
 void LetPicturesHaveFonts();
-
-// Runs work of the imaging library; its errors become failures of the file.
-void RunOnFile(const std::string& file, const std::function<void()>& work);
 
 } // namespace ob

@@ -87,13 +87,9 @@ void RunCopy(const SourceArguments& arguments)
     if (!arguments.folder.empty() && !FolderExists(folder))
         throw ToolFailure(arguments.folder, RuntimeErrorOf(ErrorNumber::PathNotFound).description);
     QByteArray copy = text + " \r\n";
-    try {
-        const QByteArray included = IncludedText(text, TextEncoding::Ansi, folder);
-        if (!included.isEmpty())
-            copy += included + "\r\n";
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(arguments.file, error.description);
-    }
+    const QByteArray included = OnFile(arguments.file, [&] { return IncludedText(text, TextEncoding::Ansi, folder); });
+    if (!included.isEmpty())
+        copy += included + "\r\n";
     WriteOutput(arguments.out, copy);
 }
 

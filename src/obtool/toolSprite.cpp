@@ -24,11 +24,7 @@ struct SpriteArguments {
 void Mask(const SpriteArguments& arguments)
 {
     const cDIBSection sprite = ReadPictureArgument(arguments.in);
-    try {
-        SpriteWithMask(sprite).SavePicture(arguments.out, ToolWriter());
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(arguments.in, error.description);
-    }
+    SpriteWithMask(sprite).SavePicture(arguments.out, ToolWriter());
 }
 
 void MaskFolder(const std::string& argument)
@@ -45,11 +41,7 @@ void MaskFolder(const std::string& argument)
                                   std::fprintf(stderr, "%s\n", current.c_str());
                                   return BatchStep::GoOn;
                               }};
-    try {
-        MaskFiles(folder, names, watch);
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(current, error.description);
-    }
+    OnFile(current, [&] { MaskFiles(folder, names, watch); });
 }
 
 } // namespace
@@ -78,7 +70,7 @@ void AddSpriteGroup(CLI::App& tool)
             if (needed->count() == 0)
                 throw CLI::RequiredError(needed->get_name());
         }
-        RunOnFile(arguments->in, [&] { Mask(*arguments); });
+        OnFile(arguments->in, [&] { Mask(*arguments); });
     });
 }
 

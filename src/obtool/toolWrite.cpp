@@ -5,7 +5,6 @@
 #include "editor/modSnippets.h"
 #include "obtool/toolOutput.h"
 #include "platform/files/modFiles.h"
-#include "platform/language/cRuntimeError.h"
 #include "shell/state/modTexts.h"
 
 #include <QDir>
@@ -29,11 +28,7 @@ void Snippets(const std::string& folder)
     const QString path = PathOf(folder);
     if (!FolderExists(path) && !QDir().mkdir(path))
         throw ToolFailure(folder, QStringLiteral("the folder cannot be made"));
-    try {
-        WriteDefaultSnippets(path);
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(error.source.isEmpty() ? folder : error.source.toStdString(), error.description);
-    }
+    InFolder(folder, [&] { WriteDefaultSnippets(path); });
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "obtool/toolOutput.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modPaths.h"
-#include "platform/language/cRuntimeError.h"
 
 #include <memory>
 
@@ -38,12 +37,8 @@ void WriteLoadBmp(const LoadBmpArguments& arguments)
             MsgBox(BmpListFullText);
             continue;
         }
-        // A name that is too short is told with its file.
-        try {
-            (void)LoadBmpText({path}, library, information);
-        } catch (const RuntimeError& error) {
-            throw ToolFailure(file, error.description);
-        }
+        // A name that is too short is that file's failure.
+        OnFile(file, [&] { (void)LoadBmpText({path}, library, information); });
     }
     WriteProgramText(LoadBmpText(list.Paths(), library, information));
 }

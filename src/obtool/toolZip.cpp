@@ -4,7 +4,6 @@
 
 #include "engine/package/CGZipFiles.h"
 #include "obtool/toolOutput.h"
-#include "platform/language/cRuntimeError.h"
 
 #include <memory>
 #include <vector>
@@ -28,11 +27,7 @@ void MakeArchive(const ZipArguments& arguments)
     for (const std::string& spec : arguments.specs) {
         if (spec.empty())
             throw CLI::ValidationError("SPEC", NotEmpty(spec));
-        try {
-            zip.AddFile(PathOf(spec));
-        } catch (const RuntimeError& error) {
-            throw ToolFailure(spec, error.description);
-        }
+        OnFile(spec, [&] { zip.AddFile(PathOf(spec)); });
     }
     if (zip.MakeZipFile() != 0)
         throw ToolFailure(arguments.out, zip.GetLastMessage());

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Turns what the libraries throw into failures, and failures into lines.
+#include "obtool/toolFailure.h"
+
+#include "imaging/cImagingError.h"
+#include "platform/language/cRuntimeError.h"
+
+#include <cstdio>
+#include <new>
+
+namespace ob {
+
+void ThrowAsFailureOf(const std::string& file)
+{
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        throw ToolFailure(file, error.description);
+    } catch (const ImagingError& error) {
+        throw ToolFailure(file, QString::fromStdString(error.description));
+    } catch (const std::bad_alloc&) {
+        throw ToolFailure(file, QStringLiteral("Out of memory"));
+    }
+}
+
+void ThrowAsFailureIn(const std::string& folder)
+{
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        ThrowAsFailureOf(error.source.isEmpty() ? folder : error.source.toStdString());
+    } catch (...) {
+        ThrowAsFailureOf(folder);
+    }
+}
+
+int Report(const ToolFailure& failure)
+{
+    // One line, whatever the reason holds.
+    QString line = failure.reason;
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    std::fprintf(stderr, "obtool: %s: %s\n", failure.file.c_str(), line.toUtf8().constData());
+    return 1;
+}
+
+} // namespace ob
