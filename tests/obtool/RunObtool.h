@@ -4,9 +4,12 @@
 
 #include <QByteArray>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringList>
 
 namespace ob {
+
+inline const QString Obtool = QStringLiteral(OB_BIN "/obtool");
 
 struct Outcome {
     int status = -1; // of a run that did not end by itself
@@ -14,18 +17,48 @@ struct Outcome {
     QByteArray error;
 };
 
-// Runs obtool with the arguments, the input on its standard input, in the folder (the test's own when it is empty).
-inline Outcome RunObtool(const QStringList& arguments, const QByteArray& input = {}, const QString& folder = {})
+// The surroundings of a run.
+struct Surroundings {
+    QByteArray input; // on standard input
+    QString folder;   // the test's own when it is empty
+    QString program = Obtool;
+    const char* setup = nullptr; // commands of a shell that then becomes obtool
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+};
+
+// The words of a line, split at spaces.
+inline QStringList WordsOf(const char* line)
+{
+    return QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+inline Outcome RunObtool(const QStringList& arguments, const Surroundings& surroundings)
 {
     QProcess obtool;
-    if (!folder.isEmpty())
-        obtool.setWorkingDirectory(folder);
-    obtool.start(QStringLiteral(OB_BIN "/obtool"), arguments);
-    obtool.write(input);
+    obtool.setProcessEnvironment(surroundings.environment);
+    if (!surroundings.folder.isEmpty())
+        obtool.setWorkingDirectory(surroundings.folder);
+    if (surroundings.setup == nullptr)
+        obtool.start(surroundings.program, arguments);
+    else
+        obtool.start(QStringLiteral("/bin/sh"),
+                     QStringList{QStringLiteral("-c"),
+                                 QLatin1String(surroundings.setup) + QStringLiteral("; exec \"$@\""),
+                                 QStringLiteral("sh"), surroundings.program} +
+                         arguments);
+    obtool.write(surroundings.input);
     obtool.closeWriteChannel();
-    if (!obtool.waitForFinished(120'000) || obtool.exitStatus() != QProcess::NormalExit)
+    if (!obtool.waitForFinished(200'000) || obtool.exitStatus() != QProcess::NormalExit)
         return {};
     return {obtool.exitCode(), obtool.readAllStandardOutput(), obtool.readAllStandardError()};
+}
+
+inline Outcome RunObtool(const QStringList& arguments, const QByteArray& input = {}, const QString& folder = {})
+{
+    Surroundings surroundings;
+    surroundings.input = input;
+    surroundings.folder = folder;
+    return RunObtool(arguments, surroundings);
 }
 
 } // namespace ob

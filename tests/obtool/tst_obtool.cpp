@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // obtool as other programs call it: what it writes where, and its exit status.
+#include "obtool/RunObtool.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -11,9 +12,10 @@
 #include <filesystem>
 #include <memory>
 
+using namespace ob;
+
 namespace {
 
-const QString Tool = QStringLiteral(OB_BIN "/obtool");
 const QString Data = QStringLiteral(OB_TEST_DATA "/obtool/");
 const QString RunCopyCases = QStringLiteral(OB_TEST_DATA "/runcopy/");
 
@@ -23,38 +25,20 @@ constexpr char SyntaxUsage[] = "usage: obtool source syntax [TERM]";
 constexpr char KeywordsUsage[] = "usage: obtool source keywords [--lexer]";
 constexpr char LibraryUsage[] = "usage: obtool write library wrapper32|printer32|jpeg|snippets";
 
-struct Result {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result Finish(QProcess& process, const QByteArray& input)
+Outcome Run(const QStringList& arguments, const QByteArray& input = {}, const QString& program = Obtool)
 {
-    if (!process.waitForStarted()) {
-        QTest::qFail("the tool cannot be started", __FILE__, __LINE__);
-        return {};
-    }
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
-        QTest::qFail("the tool did not come to its end", __FILE__, __LINE__);
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    Surroundings surroundings;
+    surroundings.input = input;
+    surroundings.program = program;
+    return RunObtool(arguments, surroundings);
 }
 
-Result Run(const QStringList& arguments, const QByteArray& input = {}, const QString& tool = Tool)
+// Runs obtool by way of a shell that first does the setup.
+Outcome RunAfter(const char* setup, const char* line)
 {
-    QProcess process;
-    process.start(tool, arguments);
-    return Finish(process, input);
-}
-
-// The words of a line, parted at blanks.
-QStringList Words(const char* line)
-{
-    return QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    Surroundings surroundings;
+    surroundings.setup = setup;
+    return RunObtool(WordsOf(line), surroundings);
 }
 
 QByteArray Get(const QString& path)
@@ -82,16 +66,16 @@ private Q_SLOTS:
 
     // --- Help and version. ---
 
-    void TheVersionIsOneLine()
+    void theVersionIsOneLine()
     {
-        const Result result = Run({QStringLiteral("--version")});
+        const Outcome result = Run({QStringLiteral("--version")});
         QCOMPARE(result.status, 0);
         const QRegularExpression line(QStringLiteral("^obtool [0-9]+\\.[0-9]+\\.[0-9]+\n$"));
         QVERIFY2(line.match(QString::fromUtf8(result.out)).hasMatch(), result.out.constData());
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
     }
 
-    void HelpAnswersAtEveryLevel_data()
+    void helpAnswersAtEveryLevel_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QByteArray>("holds");
@@ -105,20 +89,20 @@ private Q_SLOTS:
         QTest::newRow("syntax") << QByteArray("source syntax --help") << QByteArray(SyntaxUsage);
         QTest::newRow("keywords") << QByteArray("source keywords --help") << QByteArray(KeywordsUsage);
         QTest::newRow("library") << QByteArray("write library --help") << QByteArray(LibraryUsage);
-        QTest::newRow("behind arguments") << QByteArray("source runcopy gone.bas --help") << QByteArray(RunCopyUsage);
+        QTest::newRow("after arguments") << QByteArray("source runcopy gone.bas --help") << QByteArray(RunCopyUsage);
     }
 
-    void HelpAnswersAtEveryLevel()
+    void helpAnswersAtEveryLevel()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, holds);
-        const Result result = Run(Words(arguments.constData()));
+        const Outcome result = Run(WordsOf(arguments.constData()));
         QCOMPARE(result.status, 0);
         QVERIFY2(result.out.split('\n').contains(holds), result.out.constData());
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
     }
 
-    void TheHelpOfAGroupNamesItsVerbs()
+    void theHelpOfAGroupNamesItsVerbs()
     {
         const QByteArray help = Run({QStringLiteral("source"), QStringLiteral("--help")}).out;
         for (const char* verb : {"styles", "runcopy", "syntax", "keywords"})
@@ -127,7 +111,7 @@ private Q_SLOTS:
 
     // --- Wrong usage. ---
 
-    void WrongUsageIsStatus2WithTheUsageLine_data()
+    void wrongUsageIsStatus2WithTheUsageLine_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QByteArray>("usage");
@@ -164,36 +148,36 @@ private Q_SLOTS:
         row("write library snippets jpeg", LibraryUsage);
     }
 
-    void WrongUsageIsStatus2WithTheUsageLine()
+    void wrongUsageIsStatus2WithTheUsageLine()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, usage);
         Put("x.bas", "print 1\r\n");
-        const Result result = Run(Words(arguments.constData()));
+        const Outcome result = Run(WordsOf(arguments.constData()));
         QCOMPARE(result.status, 2);
         QCOMPARE(result.out, QByteArray());
-        QVERIFY2(result.err.endsWith("\n" + usage + "\n"), result.err.constData());
+        QVERIFY2(result.error.endsWith("\n" + usage + "\n"), result.error.constData());
         QCOMPARE(Entries(), QStringList{QStringLiteral("x.bas")});
     }
 
-    void AnEmptyNameIsWrongUsage()
+    void anEmptyNameIsWrongUsage()
     {
         Put("x.bas", "print 1\r\n");
         for (const char* option : {"-o", "--folder"}) {
-            const Result result = Run({QStringLiteral("source"),
-                                       QStringLiteral("runcopy"),
-                                       QStringLiteral("x.bas"),
-                                       QLatin1String(option),
-                                       {}});
+            const Outcome result = Run({QStringLiteral("source"),
+                                        QStringLiteral("runcopy"),
+                                        QStringLiteral("x.bas"),
+                                        QLatin1String(option),
+                                        {}});
             QCOMPARE(result.status, 2);
             QCOMPARE(result.out, QByteArray());
-            QVERIFY2(result.err.endsWith(QByteArray("\n") + RunCopyUsage + "\n"), result.err.constData());
+            QVERIFY2(result.error.endsWith(QByteArray("\n") + RunCopyUsage + "\n"), result.error.constData());
         }
     }
 
     // --- Failures. ---
 
-    void FailedWorkIsStatus1WithOneLine_data()
+    void failedWorkIsStatus1WithOneLine_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QByteArray>("line");
@@ -214,7 +198,7 @@ private Q_SLOTS:
                                          << QByteArray("folder: Path/File access error");
     }
 
-    void FailedWorkIsStatus1WithOneLine()
+    void failedWorkIsStatus1WithOneLine()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, line);
@@ -223,14 +207,14 @@ private Q_SLOTS:
         Put("empty.bas", "");
         Put("one.bas", "x");
         const QStringList before = Entries();
-        const Result result = Run(Words(arguments.constData()));
+        const Outcome result = Run(WordsOf(arguments.constData()));
         QCOMPARE(result.status, 1);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, "obtool: " + line + "\n");
+        QCOMPARE(result.error, "obtool: " + line + "\n");
         QCOMPARE(Entries(), before);
     }
 
-    void AnOlderOutIsKeptWhenTheWorkFails_data()
+    void anOlderOutIsKeptWhenTheWorkFails_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::newRow("missing file") << QByteArray("source runcopy gone.bas -o out.bak");
@@ -239,20 +223,20 @@ private Q_SLOTS:
         QTest::newRow("wrong usage") << QByteArray("source runcopy x.bas --bogus -o out.bak");
     }
 
-    void AnOlderOutIsKeptWhenTheWorkFails()
+    void anOlderOutIsKeptWhenTheWorkFails()
     {
         QFETCH(QByteArray, arguments);
         Put("x.bas", "print 1\r\n");
         Put("one.bas", "x");
         Put("out.bak", "older");
         const QStringList before = Entries();
-        QVERIFY(Run(Words(arguments.constData())).status != 0);
+        QVERIFY(Run(WordsOf(arguments.constData())).status != 0);
         QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("older"));
         QCOMPARE(Entries(), before);
     }
 
 #ifdef Q_OS_LINUX
-    void AFullStandardOutputIsAFailure_data()
+    void aFullStandardOutputIsAFailure_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         for (const char* arguments :
@@ -262,120 +246,108 @@ private Q_SLOTS:
             QTest::newRow(arguments) << QByteArray(arguments);
     }
 
-    void AFullStandardOutputIsAFailure()
+    void aFullStandardOutputIsAFailure()
     {
         QFETCH(QByteArray, arguments);
         Put("x.bas", "print 1\r\n");
-        QProcess process;
-        process.setStandardOutputFile(QStringLiteral("/dev/full"));
-        process.start(Tool, Words(arguments.constData()));
-        const Result result = Finish(process, {});
+        const Outcome result = RunAfter("exec >/dev/full", arguments.constData());
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("obtool: standard output: cannot be written\n"));
+        QCOMPARE(result.error, QByteArray("obtool: standard output: cannot be written\n"));
     }
 
-    void AFullOutIsAFailure()
+    void aFullOutIsAFailure()
     {
         Put("x.bas", "print 1\r\n");
-        const Result result = Run(Words("source runcopy x.bas -o /dev/full"));
+        const Outcome result = Run(WordsOf("source runcopy x.bas -o /dev/full"));
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("obtool: /dev/full: Disk full\n"));
+        QCOMPARE(result.error, QByteArray("obtool: /dev/full: Disk full\n"));
     }
 
-    void AFullDiskKeepsAnOlderOut()
+    void aFullDiskKeepsAnOlderOut()
     {
         Put("x.bas", QByteArray(100'000, 'x') + "\r\n");
         Put("out.bak", "older");
         const QStringList before = Entries();
-        QProcess process;
-        process.start(QStringLiteral("/bin/sh"),
-                      {QStringLiteral("-c"), QStringLiteral("trap '' XFSZ; ulimit -f 8; exec \"$@\""),
-                       QStringLiteral("sh"), Tool, QStringLiteral("source"), QStringLiteral("runcopy"),
-                       QStringLiteral("x.bas"), QStringLiteral("-o"), QStringLiteral("out.bak")});
-        const Result result = Finish(process, {});
+        const Outcome result = RunAfter("trap '' XFSZ; ulimit -f 8", "source runcopy x.bas -o out.bak");
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("obtool: out.bak: Disk full\n"));
+        QCOMPARE(result.error, QByteArray("obtool: out.bak: Disk full\n"));
         QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("older"));
         QCOMPARE(Entries(), before);
     }
 
-    void AStandardInputThatCannotBeReadIsAFailure()
+    void aStandardInputThatCannotBeReadIsAFailure()
     {
-        QProcess process;
-        process.start(QStringLiteral("/bin/sh"),
-                      {QStringLiteral("-c"), QStringLiteral("exec \"$@\" <&-"), QStringLiteral("sh"), Tool,
-                       QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("-")});
-        const Result result = Finish(process, {});
+        const Outcome result = RunAfter("exec <&-", "source runcopy -");
         QCOMPARE(result.status, 1);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, QByteArray("obtool: -: Bad file descriptor\n"));
+        QCOMPARE(result.error, QByteArray("obtool: -: Bad file descriptor\n"));
     }
 #endif
 
     // --- Files. ---
 
-    void OutIsReplacedByANewFile()
+    void outIsReplacedByANewFile()
     {
         Put("x.bas", "print 1\r\n");
         Put("out.bak", "a much longer older text");
         std::error_code error;
         std::filesystem::create_hard_link("out.bak", "second name", error);
         QVERIFY2(!error, error.message().c_str());
-        const Result result = Run(Words("source runcopy x.bas -o out.bak"));
+        const Outcome result = Run(WordsOf("source runcopy x.bas -o out.bak"));
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("print 1 \r\n"));
         QCOMPARE(Get(QStringLiteral("second name")), QByteArray("a much longer older text"));
         QCOMPARE(Entries(),
                  (QStringList{QStringLiteral("out.bak"), QStringLiteral("second name"), QStringLiteral("x.bas")}));
     }
 
-    void OutMayBeTheFileItself()
+    void outMayBeTheFileItself()
     {
         Put("x.bas", "print 1\r\n");
-        QCOMPARE(Run(Words("source runcopy -o x.bas x.bas")).status, 0);
+        QCOMPARE(Run(WordsOf("source runcopy -o x.bas x.bas")).status, 0);
         QCOMPARE(Get(QStringLiteral("x.bas")), QByteArray("print 1 \r\n"));
     }
 
-    void ADashIsStandardInput()
+    void aDashIsStandardInput()
     {
         Put("lib.bas", "'lib\r\n");
         const QByteArray program = "'include lib.bas\r\nend\r\n";
         const QByteArray copy = "'include lib.bas\r\nend \r\n'*******************************\r\n"
                                 "'lib.bas begins here:\r\n\r\n'lib\r\n\r\n";
-        Result result = Run(Words("source runcopy -"), program);
+        Outcome result = Run(WordsOf("source runcopy -"), program);
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, copy);
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
 
         QDir::setCurrent(QDir::rootPath());
-        QCOMPARE(Run(Words("source runcopy -"), program).out, QByteArray("'include lib.bas\r\nend \r\n"));
+        QCOMPARE(Run(WordsOf("source runcopy -"), program).out, QByteArray("'include lib.bas\r\nend \r\n"));
         result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("--folder"), folder->path(),
                       QStringLiteral("-")},
                      program);
         QCOMPARE(result.out, copy);
-        QCOMPARE(Run(Words("source styles -"), "end\r\n").out, QByteArray("0\t3\t3\n"));
+        QCOMPARE(Run(WordsOf("source styles -"), "end\r\n").out, QByteArray("0\t3\t3\n"));
     }
 
-    void TwoDashesEndTheOptions()
+    void twoDashesEndTheOptions()
     {
         Put("-x.bas", "end\r\n");
         Put("--help", "end\r\n");
-        QCOMPARE(Run(Words("source styles -- -x.bas")).out, QByteArray("0\t3\t3\n"));
-        QCOMPARE(Run(Words("source styles -- --help")).out, QByteArray("0\t3\t3\n"));
-        QCOMPARE(Run(Words("source runcopy -o out.bak -- -x.bas")).status, 0);
+        QCOMPARE(Run(WordsOf("source styles -- -x.bas")).out, QByteArray("0\t3\t3\n"));
+        QCOMPARE(Run(WordsOf("source styles -- --help")).out, QByteArray("0\t3\t3\n"));
+        QCOMPARE(Run(WordsOf("source runcopy -o out.bak -- -x.bas")).status, 0);
         QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("end \r\n"));
-        QCOMPARE(Run(Words("source syntax -- --beep")).out, QByteArray("No syntax help available for that term."));
-        const Result result = Run(Words("source runcopy -- -x.bas -o out.bak"));
+        QCOMPARE(Run(WordsOf("source syntax -- --beep")).out, QByteArray("No syntax help available for that term."));
+        const Outcome result = Run(WordsOf("source runcopy -- -x.bas -o out.bak"));
         QCOMPARE(result.status, 2);
     }
 
-    void NamesMayHoldAnyCharacter_data()
+    void namesMayHoldAnyCharacter_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("blanks") << QStringLiteral(" my program .bas");
-        QTest::newRow("letters beyond ASCII") << QStringLiteral("\u00DCb\u4E2D.bas");
+        QTest::newRow("spaces") << QStringLiteral(" my program .bas");
+        QTest::newRow("characters beyond ASCII") << QStringLiteral("\u00DCb\u4E2D.bas");
         QTest::newRow("brackets and commas") << QStringLiteral("[a,b].bas");
         QTest::newRow("quotes") << QStringLiteral("'a\".bas");
         QTest::newRow("equals") << QStringLiteral("a=b.bas");
@@ -383,12 +355,12 @@ private Q_SLOTS:
         QTest::newRow("a group") << QStringLiteral("source");
     }
 
-    void NamesMayHoldAnyCharacter()
+    void namesMayHoldAnyCharacter()
     {
         QFETCH(QString, name);
         Put(name, "end\r\n");
-        const Result result = Run({QStringLiteral("source"), QStringLiteral("styles"), name});
-        QCOMPARE(result.err, QByteArray());
+        const Outcome result = Run({QStringLiteral("source"), QStringLiteral("styles"), name});
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(result.out, QByteArray("0\t3\t3\n"));
         QCOMPARE(Run({QStringLiteral("source"), QStringLiteral("runcopy"), name, QStringLiteral("-o"), name}).status,
                  0);
@@ -397,24 +369,24 @@ private Q_SLOTS:
 
     // --- source. ---
 
-    void StylesAreRunsOfBytes()
+    void stylesAreRunsOfBytes()
     {
-        const Result result =
+        const Outcome result =
             Run({QStringLiteral("source"), QStringLiteral("styles"), Data + QStringLiteral("styles.bas")});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, Get(Data + QStringLiteral("styles.txt")));
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
     }
 
-    void AnEmptyTextHasNoStyles()
+    void anEmptyTextHasNoStyles()
     {
         Put("x.bas", "\r\n");
-        const Result result = Run(Words("source styles x.bas"));
+        const Outcome result = Run(WordsOf("source styles x.bas"));
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
     }
 
-    void RunCopiesAreWholeFiles_data()
+    void runCopiesAreWholeFiles_data()
     {
         QTest::addColumn<QString>("path");
         const QStringList names = QDir(RunCopyCases).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
@@ -423,15 +395,15 @@ private Q_SLOTS:
             QTest::newRow(qPrintable(name)) << RunCopyCases + name;
     }
 
-    void RunCopiesAreWholeFiles()
+    void runCopiesAreWholeFiles()
     {
         QFETCH(QString, path);
         const QByteArray expected = Get(path + QStringLiteral("/expected.copy"));
-        Result result =
+        Outcome result =
             Run({QStringLiteral("source"), QStringLiteral("runcopy"), path + QStringLiteral("/program.bas")});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, expected);
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
         result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("-"),
                       QStringLiteral("--folder"), path, QStringLiteral("-o"), QStringLiteral("out.bak")},
                      Get(path + QStringLiteral("/program.bas")));
@@ -439,10 +411,10 @@ private Q_SLOTS:
         QCOMPARE(result.out, QByteArray());
         QCOMPARE(Get(QStringLiteral("out.bak")), expected);
         QDir::setCurrent(path);
-        QCOMPARE(Run(Words("source runcopy program.bas")).out, expected);
+        QCOMPARE(Run(WordsOf("source runcopy program.bas")).out, expected);
     }
 
-    void ATermGivesItsTip_data()
+    void aTermGivesItsTip_data()
     {
         QTest::addColumn<QString>("term");
         QTest::addColumn<QByteArray>("tip");
@@ -460,23 +432,23 @@ private Q_SLOTS:
                                        << QByteArray("!contents varname$ (or) !contents #handle\n'replace text in "
                                                      "texteditor with string or with contents of open file");
         const QByteArray none = "No syntax help available for that term.";
-        QTest::newRow("row without a blank") << QStringLiteral("txcount(#handle)") << none;
+        QTest::newRow("row without a space") << QStringLiteral("txcount(#handle)") << none;
         QTest::newRow("no such term") << QStringLiteral("banana") << none;
         QTest::newRow("empty") << QString() << none;
         QTest::newRow("a verb") << QStringLiteral("keywords") << none;
     }
 
-    void ATermGivesItsTip()
+    void aTermGivesItsTip()
     {
         QFETCH(QString, term);
         QFETCH(QByteArray, tip);
-        const Result result = Run({QStringLiteral("source"), QStringLiteral("syntax"), term});
+        const Outcome result = Run({QStringLiteral("source"), QStringLiteral("syntax"), term});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, tip);
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
     }
 
-    void FixedListsAreWrittenWhole_data()
+    void fixedListsAreWrittenWhole_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QString>("file");
@@ -487,27 +459,27 @@ private Q_SLOTS:
         QTest::newRow("snippets") << QByteArray("write library snippets") << QStringLiteral("snippets.bas");
     }
 
-    void FixedListsAreWrittenWhole()
+    void fixedListsAreWrittenWhole()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QString, file);
-        const Result result = Run(Words(arguments.constData()));
+        const Outcome result = Run(WordsOf(arguments.constData()));
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, Get(Data + file));
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
     }
 
-    void KeywordsOfTheUserLieBesideTheTool()
+    void keywordsOfTheUserAreBesideTheTool()
     {
         const QString copy = folder->filePath(QStringLiteral("obtool"));
-        QVERIFY(QFile::copy(Tool, copy));
+        QVERIFY(QFile::copy(Obtool, copy));
         Put("keywords.txt", "PEAR apple\r\n");
         Put("x.bas", "pear print\r\n");
-        QCOMPARE(Run(Words("source styles x.bas"), {}, copy).out, QByteArray("0\t4\t3\n4\t1\t0\n5\t5\t3\n"));
-        QCOMPARE(Run(Words("source styles x.bas")).out, QByteArray("0\t4\t7\n4\t1\t0\n5\t5\t3\n"));
-        QCOMPARE(Run(Words("source keywords --lexer"), {}, copy).out,
+        QCOMPARE(Run(WordsOf("source styles x.bas"), {}, copy).out, QByteArray("0\t4\t3\n4\t1\t0\n5\t5\t3\n"));
+        QCOMPARE(Run(WordsOf("source styles x.bas")).out, QByteArray("0\t4\t7\n4\t1\t0\n5\t5\t3\n"));
+        QCOMPARE(Run(WordsOf("source keywords --lexer"), {}, copy).out,
                  "pear apple\r\n" + Get(Data + QStringLiteral("keywords-lexer.txt")));
-        QCOMPARE(Run(Words("source keywords"), {}, copy).out, Get(Data + QStringLiteral("keywords.txt")));
+        QCOMPARE(Run(WordsOf("source keywords"), {}, copy).out, Get(Data + QStringLiteral("keywords.txt")));
     }
 
 private:

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool form", as other programs call it: programs and forms written, failures and notes told.
+// "obtool form", as other programs call it: programs and forms written, failures and notes reported.
+#include "obtool/RunObtool.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -11,6 +12,8 @@
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #endif
+
+using namespace ob;
 
 namespace {
 
@@ -24,35 +27,14 @@ constexpr char BitmapNote[] = "obtool: note: Code contains at least one bmpbutto
                               "associated.  Please correct this in the code generated.\n";
 constexpr char OneButton[] = "Window|T|1|2|3|4|h|0|f *8\r\nbutton|B|0|0|150|150||\r\n";
 
-struct Result {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result Run(const QStringList& arguments, const QByteArray& input = {})
+Outcome Run(const QStringList& arguments, const QByteArray& input = {})
 {
-    QProcess process;
-    process.start(QStringLiteral(OB_BIN "/obtool"), QStringList{QStringLiteral("form")} + arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(30'000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    return RunObtool(QStringList{QStringLiteral("form")} + arguments, input);
 }
 
-// The words of a line, parted at blanks.
-QStringList Words(const char* line)
+Outcome RunLine(const char* line, const QByteArray& input = {})
 {
-    return QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-Result RunLine(const char* line, const QByteArray& input = {})
-{
-    return Run(Words(line), input);
+    return Run(WordsOf(line), input);
 }
 
 QByteArray Get(const QString& path)
@@ -92,7 +74,7 @@ private Q_SLOTS:
 
     // --- Compile. ---
 
-    void SamplesGiveTheirPrograms_data()
+    void samplesGiveTheirPrograms_data()
     {
         QTest::addColumn<QString>("sample");
         QTest::addColumn<QByteArray>("note");
@@ -101,38 +83,38 @@ private Q_SLOTS:
         QTest::newRow("every-control") << QStringLiteral("every-control") << QByteArray(BitmapNote);
     }
 
-    void SamplesGiveTheirPrograms()
+    void samplesGiveTheirPrograms()
     {
         QFETCH(QString, sample);
         QFETCH(QByteArray, note);
         const QString form = Samples + sample + QStringLiteral(".obf");
         const QStringList arguments{QStringLiteral("compile"), form, QStringLiteral("--date"),
                                     QStringLiteral("2026-11-21")};
-        const Result outline = Run(arguments);
+        const Outcome outline = Run(arguments);
         QCOMPARE(outline.status, 0);
         QCOMPARE(outline.out, Get(Programs + sample + QStringLiteral(".bas")));
-        QCOMPARE(outline.err, note);
+        QCOMPARE(outline.error, note);
 
-        const Result simple = Run(arguments + Words("--simple -o program.bas"));
+        const Outcome simple = Run(arguments + WordsOf("--simple -o program.bas"));
         QCOMPARE(simple.status, 0);
         QCOMPARE(simple.out, QByteArray());
-        QCOMPARE(simple.err, note);
+        QCOMPARE(simple.error, note);
         QCOMPARE(Get("program.bas"), Get(Programs + sample + QStringLiteral("-simple.bas")));
 
         QCOMPARE(RunLine("compile - --date 2026-11-21", Get(form)).out, outline.out);
     }
 
-    void TheDateStandsAsGiven()
+    void theDateIsWrittenAsGiven()
     {
         const QByteArray start = "'** Created by Orchard Bench - ";
         QVERIFY(Run({QStringLiteral("compile"), QStringLiteral("-"), QStringLiteral("--date"), {}})
                     .out.startsWith(start + "\r\n'** Window Title\r\n"));
-        const Result result = Run({QStringLiteral("compile"), QStringLiteral("-"), QStringLiteral("--date"),
-                                   QStringLiteral("1. M\u00E4rz \u20AC")});
+        const Outcome result = Run({QStringLiteral("compile"), QStringLiteral("-"), QStringLiteral("--date"),
+                                    QStringLiteral("1. M\u00E4rz \u20AC")});
         QVERIFY2(result.out.startsWith(start + "1. M\xE4rz \x80\r\n"), result.out.constData());
     }
 
-    void WithoutADateTodaysStands()
+    void withoutADateItIsTodays()
     {
         const QByteArray line = RunLine("compile -").out.split('\r').first();
         const QDate today = QDate::currentDate();
@@ -140,7 +122,7 @@ private Q_SLOTS:
         QVERIFY2(line.contains(QByteArray::number(today.day())), line.constData());
     }
 
-    void CommentsStandInFront_data()
+    void commentsComeFirst_data()
     {
         QTest::addColumn<QByteArray>("file"); // "-": none
         QTest::addColumn<QByteArray>("start");
@@ -151,60 +133,60 @@ private Q_SLOTS:
         QTest::newRow("one byte") << QByteArray("'") << QByteArray("\r\n\r\n\r\n'** C");
     }
 
-    void CommentsStandInFront()
+    void commentsComeFirst()
     {
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, start);
         if (file != "-")
             Put("my.txt", file);
         Put("a.obf", OneButton);
-        const Result result = RunLine("compile a.obf --comments my.txt");
+        const Outcome result = RunLine("compile a.obf --comments my.txt");
         QCOMPARE(result.status, 0);
         QVERIFY2(result.out.startsWith(start), result.out.constData());
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
         if (file != "-")
             QVERIFY(RunLine("compile a.obf --comments -", file).out.startsWith(start));
     }
 
-    void AFormWithoutAFileIsNoProgram()
+    void aFormWithoutAFileIsNoProgram()
     {
         Put("out.bas", "old");
-        const Result result = RunLine("compile gone.obf -o out.bas");
+        const Outcome result = RunLine("compile gone.obf -o out.bas");
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("obtool: gone.obf: Error loading form.\n"));
+        QCOMPARE(result.error, QByteArray("obtool: gone.obf: Error loading form.\n"));
         QCOMPARE(Get("out.bas"), QByteArray("old"));
     }
 
-    void ABitmapThatIsThereIsNotTold()
+    void aBitmapThatIsThereGivesNoNote()
     {
         Put("b.bmp", QByteArray::fromHex("424d3a0000000000000036000000280000000100000001000000010018000000000004000000"
                                          "00000000000000000000000000000000ff000000"));
         Put("a.obf", "bmpbutton|b.bmp|0|0|0|0|n|b\r\n");
-        const Result result = RunLine("compile a.obf");
+        const Outcome result = RunLine("compile a.obf");
         QCOMPARE(result.status, 0);
         QVERIFY(result.out.contains("bmpbutton   #main.n, \"b.bmp\",[b],UL, 0, 0\r\n"));
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
     }
 
     // --- Save. ---
 
-    void ASampleSavedIsTheSame_data()
+    void aSampleSavedIsTheSame_data()
     {
         QTest::addColumn<QString>("sample");
         for (const QString& name : QDir(Samples).entryList({QStringLiteral("*.obf")}))
             QTest::newRow(qPrintable(name)) << name;
     }
 
-    void ASampleSavedIsTheSame()
+    void aSampleSavedIsTheSame()
     {
         QFETCH(QString, sample);
-        const Result result = Run({QStringLiteral("save"), Samples + sample, QStringLiteral("out.obf")});
+        const Outcome result = Run({QStringLiteral("save"), Samples + sample, QStringLiteral("out.obf")});
         QCOMPARE(result.status, 0);
-        QCOMPARE(result.out + result.err, QByteArray());
+        QCOMPARE(result.out + result.error, QByteArray());
         QCOMPARE(Get("out.obf"), Get(Samples + sample));
     }
 
-    void ASaveFillsInWhatIsMissing()
+    void aSaveFillsInWhatIsMissing()
     {
         Put("a.obf", OneButton);
         QCOMPARE(RunLine("save a.obf a.obf").status, 0);
@@ -217,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
     }
 
-    void BytesAbove127ComeThrough()
+    void bytesAbove127ComeThrough()
     {
         Put("a.obf", "checkbox|\x80\x81\xE4\xFF|1|2|3|4|n|b\r\n");
         QCOMPARE(RunLine("save a.obf b.obf").status, 0);
@@ -225,30 +207,30 @@ private Q_SLOTS:
         QVERIFY(RunLine("compile a.obf").out.contains("\"\x80\x81\xE4\xFF\",[b],"));
     }
 
-    void ElevenPanelsAreNotSaved()
+    void elevenPanelsAreNotSaved()
     {
         Put("a.obf", "defaults|A|B|C|D|E|F|0|1\r\nstatusbar|11|a|b|c|d|e|f|g|h|i|j|k\r\n");
         Put("b.obf", "old");
-        const Result result = RunLine("save a.obf b.obf");
+        const Outcome result = RunLine("save a.obf b.obf");
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("obtool: a.obf: Subscript out of range\n"));
+        QCOMPARE(result.error, QByteArray("obtool: a.obf: Subscript out of range\n"));
         QCOMPARE(Get("b.obf"), QByteArray("old"));
         QVERIFY(RunLine("compile a.obf").out.contains("    Call ChangeStatusText hBar, 10, \"k\"\r\n"));
     }
 
     // --- Check, and files that are no forms. ---
 
-    void AGoodFormChecksWithoutAWord()
+    void aGoodFormChecksWithoutAWord()
     {
         for (const QString& name : QDir(Samples).entryList({QStringLiteral("*.obf")})) {
-            const Result result = Run({QStringLiteral("check"), Samples + name});
+            const Outcome result = Run({QStringLiteral("check"), Samples + name});
             QCOMPARE(result.status, 0);
-            QCOMPARE(result.out + result.err, QByteArray());
+            QCOMPARE(result.out + result.error, QByteArray());
         }
         QCOMPARE(RunLine("check -").status, 0);
     }
 
-    void ABadFormIsToldByEachVerb_data()
+    void eachVerbReportsABadForm_data()
     {
         QTest::addColumn<QByteArray>("form");
         QTest::addColumn<QByteArray>("reason");
@@ -264,23 +246,23 @@ private Q_SLOTS:
         QTest::newRow("a bitmap that is none") << QByteArray("bmpbutton|a.obf|1|2|3|4|n|b\r\n") << failed;
     }
 
-    void ABadFormIsToldByEachVerb()
+    void eachVerbReportsABadForm()
     {
         QFETCH(QByteArray, form);
         QFETCH(QByteArray, reason);
         Put("a.obf", form);
         Put("out", "old");
         for (const char* line : {"check a.obf", "save a.obf out", "compile a.obf -o out", "compile a.obf --simple"}) {
-            const Result result = RunLine(line);
+            const Outcome result = RunLine(line);
             QCOMPARE(result.status, 1);
             QCOMPARE(result.out, QByteArray());
-            QCOMPARE(result.err, "obtool: a.obf: " + reason + '\n');
+            QCOMPARE(result.error, "obtool: a.obf: " + reason + '\n');
         }
         QCOMPARE(Get("out"), QByteArray("old"));
-        QCOMPARE(RunLine("check -", form).err, "obtool: -: " + reason + '\n');
+        QCOMPARE(RunLine("check -", form).error, "obtool: -: " + reason + '\n');
     }
 
-    void WhatCannotBeReadOrWrittenIsTold_data()
+    void whatCannotBeReadOrWrittenIsReported_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QByteArray>("error");
@@ -301,7 +283,7 @@ private Q_SLOTS:
 #endif
     }
 
-    void WhatCannotBeReadOrWrittenIsTold()
+    void whatCannotBeReadOrWrittenIsReported()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, error);
@@ -309,15 +291,15 @@ private Q_SLOTS:
 #ifdef Q_OS_UNIX
         QCOMPARE(mkfifo("pipe", 0600), 0);
 #endif
-        const Result result = RunLine(arguments.constData());
-        QCOMPARE(result.err, "obtool: " + error + '\n');
+        const Outcome result = RunLine(arguments.constData());
+        QCOMPARE(result.error, "obtool: " + error + '\n');
         QCOMPARE(result.status, 1);
         QCOMPARE(result.out, QByteArray());
     }
 
     // --- Usage. ---
 
-    void WrongUsageIsStatus2WithTheUsageLine_data()
+    void wrongUsageIsStatus2WithTheUsageLine_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QByteArray>("usage");
@@ -343,19 +325,19 @@ private Q_SLOTS:
         row("check a.obf -o x", CheckUsage);
     }
 
-    void WrongUsageIsStatus2WithTheUsageLine()
+    void wrongUsageIsStatus2WithTheUsageLine()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, usage);
         Put("a.obf", OneButton);
-        const Result result = RunLine(arguments.constData());
+        const Outcome result = RunLine(arguments.constData());
         QCOMPARE(result.status, 2);
         QCOMPARE(result.out, QByteArray());
-        QVERIFY2(result.err.endsWith("\n" + usage + "\n"), result.err.constData());
+        QVERIFY2(result.error.endsWith("\n" + usage + "\n"), result.error.constData());
         QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{QStringLiteral("a.obf")});
     }
 
-    void AnEmptyNameIsWrongUsage()
+    void anEmptyNameIsWrongUsage()
     {
         Put("a.obf", OneButton);
         const QString form = QStringLiteral("a.obf");
@@ -366,7 +348,7 @@ private Q_SLOTS:
             QCOMPARE(Run(arguments).status, 2);
     }
 
-    void HelpNamesTheUsage_data()
+    void helpNamesTheUsage_data()
     {
         QTest::addColumn<QByteArray>("usage");
         QTest::newRow("compile") << QByteArray(CompileUsage);
@@ -374,17 +356,17 @@ private Q_SLOTS:
         QTest::newRow("check") << QByteArray(CheckUsage);
     }
 
-    void HelpNamesTheUsage()
+    void helpNamesTheUsage()
     {
         QFETCH(QByteArray, usage);
         const QString verb = QString::fromLatin1(QTest::currentDataTag());
-        const Result result = Run({verb, QStringLiteral("--help")});
+        const Outcome result = Run({verb, QStringLiteral("--help")});
         QCOMPARE(result.status, 0);
         QVERIFY2(result.out.split('\n').contains(usage), result.out.constData());
         QVERIFY(Run({QStringLiteral("--help")}).out.contains(verb.toLatin1()));
     }
 
-    void OptionsEndBehindTwoDashes()
+    void optionsEndAfterTwoDashes()
     {
         Put("-a.obf", OneButton);
         QCOMPARE(RunLine("check -- -a.obf").status, 0);

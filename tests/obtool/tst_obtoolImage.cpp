@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool image" and "obtool palette", as other programs call them.
+#include "obtool/RunObtool.h"
+
 #include "imaging/BitmapBytes.h"
 #include "imaging/MemoryFiles.h"
 #include "imaging/PlainImaging.h"
@@ -9,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,25 +25,9 @@ constexpr char SaveUsage[] =
 constexpr char MakeUsage[] =
     "usage: obtool palette make web|halftone|mono|16|optimal OUT [--from IN --colours N --level L] [--binary]";
 
-struct Result {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result Run(const char* line, const QByteArray& input = {})
+Outcome Run(const char* line, const QByteArray& input = {})
 {
-    QProcess process;
-    process.start(QStringLiteral(OB_BIN "/obtool"),
-                  QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    return RunObtool(WordsOf(line), input);
 }
 
 QByteArray Get(const char* path)
@@ -116,20 +101,20 @@ private Q_SLOTS:
         folder.reset();
     }
 
-    void InfoReportsWhatTheReaderHolds()
+    void infoReportsWhatTheReaderHolds()
     {
         BitmapBytes file;
         file.FileHeader(54, 62).InfoHeader(2, -1, 24, 0, 8).Put(0, 8);
         Put("x.bmp", BytesOf(file.bytes));
-        const Result result = Run("image info x.bmp");
+        const Outcome result = Run("image info x.bmp");
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray("FileType\t19778\nSizeFileHeader\t62\nBitOffset\t54\nSizeInfoHeader\t40\n"
                                         "Width\t2\nHeight\t-1\nPlanes\t1\nBitCount\t24\nCompression\t0\nSizeImage\t8\n"
                                         "XPPM\t2835\nYPPM\t2836\nClrUsed\t0\nClrImportant\t7\nSizeBitmapInfo\t41\n"));
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
     }
 
-    void EveryDepthAndReductionIsSaved_data()
+    void everyDepthAndReductionIsSaved_data()
     {
         QTest::addColumn<QByteArray>("options");
         QTest::addColumn<int>("depth");
@@ -151,44 +136,44 @@ private Q_SLOTS:
         QTest::newRow("24 without a palette") << QByteArray("--depth 24 --reduce palette") << 3 << 1 << false;
     }
 
-    void EveryDepthAndReductionIsSaved()
+    void everyDepthAndReductionIsSaved()
     {
         QFETCH(QByteArray, options);
         QFETCH(int, depth);
         QFETCH(int, mode);
         QFETCH(bool, palette);
-        const Result result = Run("image save in.bmp out.bmp " + options);
+        const Outcome result = Run("image save in.bmp out.bmp " + options);
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(Get("out.bmp"), FileOf(Sample(), static_cast<SaveBitDepth>(depth), static_cast<SaveReduceMode>(mode),
                                         palette ? std::optional(FewColors()) : std::nullopt));
     }
 
-    void PicturesAreScaledGreyedAndMapped()
+    void picturesAreScaledGreyedAndMapped()
     {
         QCOMPARE(Run("image resample in.bmp out.bmp 20 9").status, 0);
         QCOMPARE(Get("out.bmp"), File24(*Sample().Resample(9, 20)));
         const cColourReduceDIB reducer;
-        cDIBSection told = Sample();
-        reducer.GrayScale(told);
+        cDIBSection expected = Sample();
+        reducer.GrayScale(expected);
         QCOMPARE(Run("image gray in.bmp out.bmp").status, 0);
-        QCOMPARE(Get("out.bmp"), File24(told));
-        told = Sample();
-        reducer.BlackAndWhite(told, told);
+        QCOMPARE(Get("out.bmp"), File24(expected));
+        expected = Sample();
+        reducer.BlackAndWhite(expected, expected);
         QCOMPARE(Run("image mono in.bmp out.bmp").status, 0);
-        QCOMPARE(Get("out.bmp"), File24(told));
-        told = Sample();
-        reducer.ApplyPalette(told, told, FewColors(), Dither::Off);
+        QCOMPARE(Get("out.bmp"), File24(expected));
+        expected = Sample();
+        reducer.ApplyPalette(expected, expected, FewColors(), Dither::Off);
         QCOMPARE(Run("image remap in.bmp out.bmp --palette few.pal").status, 0);
-        QCOMPARE(Get("out.bmp"), File24(told));
-        told = Sample();
-        reducer.ApplyPalette(told, told, FewColors(), Dither::On);
+        QCOMPARE(Get("out.bmp"), File24(expected));
+        expected = Sample();
+        reducer.ApplyPalette(expected, expected, FewColors(), Dither::On);
         QCOMPARE(Run("image remap in.bmp out.bmp --palette few.pal --dither").status, 0);
-        QCOMPARE(Get("out.bmp"), File24(told));
+        QCOMPARE(Get("out.bmp"), File24(expected));
     }
 
-    void OtherFormatsAreOpenedToo()
+    void otherFormatsAreOpenedToo()
     {
         QImage image(3, 2, QImage::Format_RGB32);
         image.fill(QColor(1, 2, 3));
@@ -200,7 +185,7 @@ private Q_SLOTS:
         }
     }
 
-    void PalettesAreMadeAndShown()
+    void palettesAreMadeAndShown()
     {
         QCOMPARE(Run("palette make mono out.pal").status, 0);
         QCOMPARE(Get("out.pal"), QByteArray("JASC\r\n0100\r\n2\r\n0 0 0\r\n255 255 255"));
@@ -216,27 +201,27 @@ private Q_SLOTS:
         }
     }
 
-    void TheBestPaletteOfAPicture()
+    void theBestPaletteOfAPicture()
     {
-        cPalette told;
-        told.CreateOptimal(Sample(), 20, 5);
+        cPalette expected;
+        expected.CreateOptimal(Sample(), 20, 5);
         MemoryFiles disk;
-        told.SaveToJASCFile("x", disk.Writer());
-        const Result result = Run("palette make optimal out.pal --from in.bmp --colours 20 --level 5");
+        expected.SaveToJASCFile("x", disk.Writer());
+        const Outcome result = Run("palette make optimal out.pal --from in.bmp --colours 20 --level 5");
         QCOMPARE(result.status, 0);
-        QCOMPARE(result.err, QByteArray());
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(Get("out.pal"), BytesOf(disk.files["x"]));
     }
 
-    void ReducingThatFailsIsNotedOnce()
+    void reducingThatFailsIsNotedOnce()
     {
-        const Result result = Run("palette make optimal out.pal --from in.bmp --colours 1 --level 6");
+        const Outcome result = Run("palette make optimal out.pal --from in.bmp --colours 1 --level 6");
         QCOMPARE(result.status, 0);
-        QCOMPARE(result.err, QByteArray("obtool: note: Error in reducing nodes\n"));
+        QCOMPARE(result.error, QByteArray("obtool: note: Error in reducing nodes\n"));
         QVERIFY(Get("out.pal").startsWith("JASC\r\n"));
     }
 
-    void TheNearestEntryOrNone()
+    void theNearestEntryOrNone()
     {
         QCOMPARE(Run("palette closest few.pal 120 120 90").out, QByteArray("3\n"));
         QCOMPARE(Run("palette closest few.pal -5 300 90").out, QByteArray("1\n"));
@@ -244,7 +229,7 @@ private Q_SLOTS:
         QCOMPARE(Run("palette closest - 0 0 0", "255 255 255").out, QByteArray("0\n"));
     }
 
-    void WrongUsageIsStatus2WithTheUsageLine_data()
+    void wrongUsageIsStatus2WithTheUsageLine_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<QByteArray>("usage");
@@ -270,18 +255,18 @@ private Q_SLOTS:
         row("palette closest few.pal 1 2", "usage: obtool palette closest FILE RED GREEN BLUE [--binary]");
     }
 
-    void WrongUsageIsStatus2WithTheUsageLine()
+    void wrongUsageIsStatus2WithTheUsageLine()
     {
         QFETCH(QByteArray, line);
         QFETCH(QByteArray, usage);
-        const Result result = Run(line.constData());
+        const Outcome result = Run(line.constData());
         QCOMPARE(result.status, 2);
         QCOMPARE(result.out, QByteArray());
-        QVERIFY2(result.err.endsWith("\n" + usage + "\n"), result.err.constData());
+        QVERIFY2(result.error.endsWith("\n" + usage + "\n"), result.error.constData());
         QCOMPARE(Get("out.bmp"), QByteArray("(no such file)"));
     }
 
-    void FailedWorkIsStatus1AndLeavesAnOlderFile_data()
+    void failedWorkIsStatus1AndLeavesAnOlderFile_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<QByteArray>("error");
@@ -311,7 +296,7 @@ private Q_SLOTS:
         row("palette show few.pal --binary", "few.pal: The palette cannot be read.");
     }
 
-    void FailedWorkIsStatus1AndLeavesAnOlderFile()
+    void failedWorkIsStatus1AndLeavesAnOlderFile()
     {
         QFETCH(QByteArray, line);
         QFETCH(QByteArray, error);
@@ -326,10 +311,10 @@ private Q_SLOTS:
         Put("huge.bmp", BytesOf(huge.bytes));
         Put("out.bmp", "older");
         const QStringList before = QDir().entryList(QDir::Files | QDir::Hidden);
-        const Result result = Run(line.constData());
+        const Outcome result = Run(line.constData());
         QCOMPARE(result.status, 1);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, "obtool: " + error + "\n");
+        QCOMPARE(result.error, "obtool: " + error + "\n");
         QCOMPARE(Get("out.bmp"), QByteArray("older"));
         QCOMPARE(QDir().entryList(QDir::Files | QDir::Hidden), before);
     }

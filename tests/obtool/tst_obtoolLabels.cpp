@@ -11,11 +11,10 @@ using namespace ob;
 
 namespace {
 
-// The arguments behind "obtool source", parted at blanks.
+// The arguments after "obtool source", split at spaces.
 Outcome Run(const char* arguments, const QByteArray& input = {})
 {
-    return RunObtool(QStringList(QStringLiteral("source")) + QString::fromUtf8(arguments).split(QLatin1Char(' ')),
-                     input);
+    return RunObtool(QStringList{QStringLiteral("source")} + WordsOf(arguments), input);
 }
 
 QByteArray Get(const QString& path)
@@ -99,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(Run("comment - 1 1", "\r\n").out, QByteArray());
     }
 
-    void theEmptyLineBehindTheLastLineEndCounts()
+    void theEmptyLineAfterTheLastLineEndCounts()
     {
         QCOMPARE(Run("comment - 1 2", "a\r\n\r\n").out, QByteArray("'a\r\n"));
         QCOMPARE(Run("comment - 2 2", "a\r\n\r\n").out, QByteArray("a\r\n"));
@@ -189,7 +188,7 @@ private Q_SLOTS:
         QCOMPARE(Run(QByteArray(arguments).replace("/nowhere/a.bas", "-").constData(), "x").status, 1);
     }
 
-    void wrongUsageIsTold_data()
+    void wrongUsageIsReported_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QByteArray>("usage");
@@ -209,7 +208,7 @@ private Q_SLOTS:
         row("indent - 1 --tab 32768", "usage: obtool source indent FILE LINE --tab N [-o OUT]");
     }
 
-    void wrongUsageIsTold()
+    void wrongUsageIsReported()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, usage);

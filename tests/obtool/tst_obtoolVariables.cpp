@@ -49,7 +49,7 @@ private Q_SLOTS:
                             "e\t0\n\xE2\x82\xACuro\t1\n"));
     }
 
-    void aTabAndAnEmptyNameStandAsTheyAre()
+    void aTabAndAnEmptyNameStayAsTheyAre()
     {
         QCOMPARE(Report("a\tb = 1\r\nab: = 2\r\nend\r\n").out, QByteArray("a\tb\t0\n\t1\n"));
     }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool avi", as other programs call it.
+#include "obtool/RunObtool.h"
+
 #include "imagetools/avi/AviBench.h"
 
 #include <QTest>
@@ -11,39 +13,12 @@ using namespace ob;
 namespace {
 
 constexpr char WriteUsage[] = "usage: obtool avi write OUT [--fps N] [--codec NAME] FILE...";
-const QString Tool = QStringLiteral(OB_BIN "/obtool");
 
-struct Result {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result Run(const QString& program, const QStringList& arguments, const char* limit = nullptr)
+Outcome Run(const char* line)
 {
-    QProcess process;
-    if (limit == nullptr)
-        process.start(program, arguments);
-    else
-        // A write beyond the limit is an error only where the signal is ignored.
-        process.start(QStringLiteral("bash"),
-                      QStringList{QStringLiteral("-c"),
-                                  QStringLiteral("trap '' XFSZ; ulimit -f %1; exec \"$@\"").arg(QLatin1String(limit)),
-                                  QStringLiteral("bash"), program} +
-                          arguments);
-    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-Result Run(const char* line)
-{
-    QStringList arguments = QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QStringList arguments = WordsOf(line);
     arguments.replaceInStrings(QStringLiteral("''"), QString());
-    return Run(Tool, arguments);
+    return RunObtool(arguments);
 }
 
 QByteArray Data(const char* name)
@@ -104,8 +79,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, expected);
         Put(Name("out.avi"), "old");
-        const Result result = Run("avi write out.avi " + arguments);
-        QCOMPARE(result.err, QByteArray());
+        const Outcome result = Run("avi write out.avi " + arguments);
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(result.out, QByteArray());
         QCOMPARE(result.status, 0);
         QCOMPARE(Get(Name("out.avi")).toHex(), Data(expected.constData()).toHex());
@@ -117,37 +92,37 @@ private Q_SLOTS:
         Put(Name("text.bmp"), "text");
         Put(Name("[a,b].bmp"), Data("color3.bmp"));
         Put(Name("noSize.bmp"), Data("color1.bmp").replace(34, 4, QByteArray(4, '\0')));
-        const Result result = Run("avi write out.avi --fps 12 gone.bmp color1.bmp table.bmp text.bmp color2.bmp "
-                                  "noSize.bmp [a,b].bmp");
-        QCOMPARE(result.err, QByteArray("obtool: note: File does not exist: gone.bmp\n"
-                                        "obtool: note: Chosen bitmap file is a different format!\n"
-                                        "obtool: note: File is not a supported bitmap format: text.bmp\n"
-                                        "obtool: note: noSize.bmp: Subscript out of range\n"));
+        const Outcome result = Run("avi write out.avi --fps 12 gone.bmp color1.bmp table.bmp text.bmp color2.bmp "
+                                   "noSize.bmp [a,b].bmp");
+        QCOMPARE(result.error, QByteArray("obtool: note: File does not exist: gone.bmp\n"
+                                          "obtool: note: Chosen bitmap file is a different format!\n"
+                                          "obtool: note: File is not a supported bitmap format: text.bmp\n"
+                                          "obtool: note: noSize.bmp: Subscript out of range\n"));
         QCOMPARE(result.status, 0);
         QVERIFY(Get(Name("out.avi")) == Data("color.avi"));
     }
 
     void withNoneLeftItIsAFailure()
     {
-        const Result result = Run("avi write out.avi gone.bmp");
-        QCOMPARE(result.err, QByteArray("obtool: note: File does not exist: gone.bmp\n"
-                                        "obtool: out.avi: There is no bitmap to make a video of.\n"));
+        const Outcome result = Run("avi write out.avi gone.bmp");
+        QCOMPARE(result.error, QByteArray("obtool: note: File does not exist: gone.bmp\n"
+                                          "obtool: out.avi: There is no bitmap to make a video of.\n"));
         QCOMPARE(result.status, 1);
         QCOMPARE(Entries("*.avi"), QStringList());
     }
 
-    void wrongUsageIsTold()
+    void wrongUsageIsReported()
     {
         for (const char* line : {"avi write", "avi write out.avi", "avi write out.avi --fps",
                                  "avi write out.avi "
                                  "--speed 3 table.bmp"}) {
-            const Result result = Run(line);
+            const Outcome result = Run(line);
             QCOMPARE(result.status, 2);
-            QVERIFY2(result.err.endsWith(QByteArray("\n") + WriteUsage + '\n'), result.err.constData());
+            QVERIFY2(result.error.endsWith(QByteArray("\n") + WriteUsage + '\n'), result.error.constData());
         }
         QCOMPARE(Run("avi codecs extra").status, 2);
         QCOMPARE(Run("avi").status, 2);
-        const Result help = Run("avi write --help");
+        const Outcome help = Run("avi write --help");
         QCOMPARE(help.status, 0);
         QVERIFY(help.out.contains(WriteUsage));
         QCOMPARE(Entries("*.avi"), QStringList());
@@ -155,8 +130,9 @@ private Q_SLOTS:
 
     void placesThatCannotBeWrittenAreFailures()
     {
-        const Result result = Run("avi write gone/out.avi table.bmp");
-        QCOMPARE(result.err, QByteArray("obtool: gone/out.avi: There was an error writing the file. Path not found\n"));
+        const Outcome result = Run("avi write gone/out.avi table.bmp");
+        QCOMPARE(result.error,
+                 QByteArray("obtool: gone/out.avi: There was an error writing the file. Path not found\n"));
         QCOMPARE(result.status, 1);
         QCOMPARE(Run("avi write . table.bmp").status, 1);
     }
@@ -166,25 +142,31 @@ private Q_SLOTS:
     {
         for (int frame = 0; frame < 4; ++frame)
             Put(Name("%1.bmp").arg(frame), NoiseBitmap({.height = 20, .width = 100}, 1));
-        const QStringList arguments = {Name("avi"),   Name("write"), Name("out.avi"), Name("0.bmp"),
-                                       Name("1.bmp"), Name("2.bmp"), Name("3.bmp")};
-        const Result result = Run(Tool, arguments, "16");
-        QCOMPARE(result.err, QByteArray("obtool: out.avi: There was an error writing the file. Disk full\n"));
+        // A write beyond the limit is an error only where the signal is ignored.
+        const auto runWithin = [](const char* setup) {
+            Surroundings surroundings;
+            surroundings.setup = setup;
+            return RunObtool(WordsOf("avi write out.avi 0.bmp 1.bmp 2.bmp 3.bmp"), surroundings);
+        };
+        constexpr char small[] = "trap '' XFSZ; ulimit -f 32"; // in blocks of 512 bytes
+        constexpr char large[] = "trap '' XFSZ; ulimit -f 128";
+        const Outcome result = runWithin(small);
+        QCOMPARE(result.error, QByteArray("obtool: out.avi: There was an error writing the file. Disk full\n"));
         QCOMPARE(result.status, 1);
         QCOMPARE(Entries("*.avi") + Entries("*.tmp"), QStringList());
         Put(Name("out.avi"), "old");
-        QCOMPARE(Run(Tool, arguments, "16").status, 1);
+        QCOMPARE(runWithin(small).status, 1);
         QCOMPARE(Get(Name("out.avi")), QByteArray("old"));
-        QCOMPARE(Run(Tool, arguments, "64").status, 0);
+        QCOMPARE(runWithin(large).status, 0);
         QCOMPARE(Run("avi write /dev/full 0.bmp").status, 1);
     }
 #endif
 
     void compressorsAreListedAndUsed()
     {
-        const Result list = Run("avi codecs");
+        const Outcome list = Run("avi codecs");
         QCOMPARE(list.status, 0);
-        QCOMPARE(list.err, QByteArray());
+        QCOMPARE(list.error, QByteArray());
         const QByteArrayList lines = list.out.chopped(1).split('\n');
         QVERIFY(lines.first().startsWith("none\tUncompressed"));
         for (const QByteArray& line : lines) {
@@ -192,8 +174,8 @@ private Q_SLOTS:
             const QByteArray name = line.split('\t').first();
             for (int frame = 0; frame < 3; ++frame)
                 Put(Name("%1.bmp").arg(frame), NoiseBitmap({.height = 32, .width = 48}, static_cast<unsigned>(frame)));
-            const Result result = Run("avi write out.avi --codec " + name + " 0.bmp 1.bmp 2.bmp");
-            QCOMPARE(result.err, QByteArray());
+            const Outcome result = Run("avi write out.avi --codec " + name + " 0.bmp 1.bmp 2.bmp");
+            QCOMPARE(result.error, QByteArray());
             QCOMPARE(result.status, 0);
             QCOMPARE(Probed(Name("out.avi"), "stream=codec_name,nb_frames"),
                      (name == "none" ? QByteArray("rawvideo") : name) + ",3");
@@ -202,31 +184,32 @@ private Q_SLOTS:
 
     void codecsThatCannotBeUsedAreFailures()
     {
-        Result result = Run("avi write out.avi --codec nosuch table.bmp");
-        QCOMPARE(result.err, QByteArray("obtool: out.avi: There is no codec \"nosuch\" here.\n"));
+        Outcome result = Run("avi write out.avi --codec nosuch table.bmp");
+        QCOMPARE(result.error, QByteArray("obtool: out.avi: There is no codec \"nosuch\" here.\n"));
         QCOMPARE(result.status, 1);
         result = Run("avi write out.avi --codec cinepak table.bmp");
-        QCOMPARE(result.err, QByteArray("obtool: out.avi: Cinepak needs a width and a height that are multiples of 4. "
-                                        "These pictures have 5 x 2 pixels.\n"));
+        QCOMPARE(result.error,
+                 QByteArray("obtool: out.avi: Cinepak needs a width and a height that are multiples of 4. "
+                            "These pictures have 5 x 2 pixels.\n"));
         QCOMPARE(result.status, 1);
         QCOMPARE(Entries("*.avi"), QStringList());
     }
 
     void withoutThePluginUncompressedVideosStillWork()
     {
-        QVERIFY(QFile::copy(Tool, Name("obtool")));
-        const QString tool = folder->filePath(Name("obtool"));
-        Result result = Run(tool, {Name("avi"), Name("write"), Name("out.avi"), Name("table.bmp")});
-        QCOMPARE(result.err, QByteArray());
+        QVERIFY(QFile::copy(Obtool, Name("obtool")));
+        Surroundings alone;
+        alone.program = folder->filePath(Name("obtool"));
+        Outcome result = RunObtool(WordsOf("avi write out.avi table.bmp"), alone);
+        QCOMPARE(result.error, QByteArray());
         QVERIFY(Get(Name("out.avi")) == Data("table.avi"));
-        result = Run(tool, {Name("avi"), Name("codecs")});
+        result = RunObtool(WordsOf("avi codecs"), alone);
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out.count('\n'), 1);
-        QVERIFY(result.err.startsWith("obtool: note: The compressors are missing: "));
-        result =
-            Run(tool, {Name("avi"), Name("write"), Name("x.avi"), Name("--codec"), Name("png"), Name("table.bmp")});
+        QVERIFY(result.error.startsWith("obtool: note: The compressors are missing: "));
+        result = RunObtool(WordsOf("avi write x.avi --codec png table.bmp"), alone);
         QCOMPARE(result.status, 1);
-        QVERIFY(result.err.startsWith("obtool: x.avi: The compressors are missing: "));
+        QVERIFY(result.error.startsWith("obtool: x.avi: The compressors are missing: "));
         QCOMPARE(Entries("x.avi"), QStringList());
     }
 };

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool icon", as other programs call it.
+#include "obtool/RunObtool.h"
+
 #include "imagetools/icons/IconBytes.h"
 #include "platform/files/FileTrouble.h"
 
@@ -8,7 +10,6 @@
 #include "imagetools/pictures/modPicture.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -18,25 +19,9 @@ using namespace ob;
 
 namespace {
 
-struct Result {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result Run(const char* line)
+Outcome Run(const char* line)
 {
-    QProcess process;
-    process.start(QStringLiteral(OB_BIN "/obtool"),
-                  QStringList(QStringLiteral("icon")) +
-                      QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
-    process.closeWriteChannel();
-    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    return RunObtool(QStringList{QStringLiteral("icon")} + WordsOf(line));
 }
 
 QString Name(const char* name)
@@ -85,60 +70,60 @@ private Q_SLOTS:
         folder.reset();
     }
 
-    void IconsAreListed()
+    void iconsAreListed()
     {
         for (const char* program : {"pe32.dll", "pe64.dll", "ne.icl"}) {
-            const Result result = Run((QByteArray("list ") + program).constData());
-            QCOMPARE(result.err, QByteArray());
+            const Outcome result = Run((QByteArray("list ") + program).constData());
+            QCOMPARE(result.error, QByteArray());
             QCOMPARE(result.status, 0);
             QCOMPARE(result.out, QByteArray("0\t32\t32\t8\n1\t48\t48\t32\n2\t32\t32\t1\n"));
         }
         QCOMPARE(Run("list one.ico").out, QByteArray("0\t32\t32\t8\n"));
     }
 
-    void FilesWithoutIconsAreFailures()
+    void filesWithoutIconsAreFailures()
     {
         Put(Name("text.ico"), "no icon here");
         Put(Name("bare.dll"), icons::PeFile({}, icons::PeKind::Bits32));
         for (const char* file : {"text.ico", "bare.dll"}) {
-            const Result result = Run((QByteArray("list ") + file).constData());
+            const Outcome result = Run((QByteArray("list ") + file).constData());
             QCOMPARE(result.status, 1);
             QCOMPARE(result.out, QByteArray());
-            QCOMPARE(result.err, QByteArray("obtool: ") + file + ": There is no icon in the file.\n");
+            QCOMPARE(result.error, QByteArray("obtool: ") + file + ": There is no icon in the file.\n");
         }
-        QCOMPARE(Run("list none.ico").err, QByteArray("obtool: none.ico: File not found\n"));
+        QCOMPARE(Run("list none.ico").error, QByteArray("obtool: none.ico: File not found\n"));
         QDir().mkdir(Name("sub"));
         QCOMPARE(Run("list sub").status, 1);
     }
 
-    void AnIconThatCannotBeReadIsNamedBehindTheOthers()
+    void anIconThatCannotBeReadIsNamedAfterTheOthers()
     {
         auto icons = Icons();
         icons::Overwrite(icons[1][0].bytes, 16, 1, 4);
         Put(Name("part.dll"), icons::PeFile(icons::ResourcesOf(icons), icons::PeKind::Bits32));
-        const Result list = Run("list part.dll");
+        const Outcome list = Run("list part.dll");
         QCOMPARE(list.status, 1);
         QCOMPARE(list.out, QByteArray("0\t32\t32\t8\n2\t32\t32\t1\n"));
-        QCOMPARE(list.err, QByteArray("obtool: part.dll: Icon 1 cannot be read.\n"));
+        QCOMPARE(list.error, QByteArray("obtool: part.dll: Icon 1 cannot be read.\n"));
         QCOMPARE(Run("extract part.dll 1 x.ico").status, 1);
         QVERIFY(!QFile::exists(Name("x.ico")));
         QCOMPARE(Run("extract part.dll 2 x.ico").status, 0);
     }
 
-    void IconsAreExtracted_data()
+    void iconsAreExtracted_data()
     {
         QTest::addColumn<QByteArray>("program");
         for (const char* program : {"pe32.dll", "pe64.dll", "ne.icl"})
             QTest::newRow(program) << QByteArray(program);
     }
-    void IconsAreExtracted()
+    void iconsAreExtracted()
     {
         QFETCH(QByteArray, program);
         for (int index = 0; index < 3; ++index) {
             const QByteArray number = QByteArray::number(index);
             const Icon icon = Drawn(index == 0 ? Icons()[0][1] : Icons()[index][0]);
-            const Result result = Run(("extract " + program + ' ' + number + " out.ico").constData());
-            QCOMPARE(result.err, QByteArray());
+            const Outcome result = Run(("extract " + program + ' ' + number + " out.ico").constData());
+            QCOMPARE(result.error, QByteArray());
             QCOMPARE(result.status, 0);
             QCOMPARE(Get(Name("out.ico")).size(), 766);
             QCOMPARE(Get(Name("out.ico")), IconFileOf(icon));
@@ -148,18 +133,18 @@ private Q_SLOTS:
         }
     }
 
-    void AnIconBeyondTheLastIsAFailure()
+    void anIconBeyondTheLastIsAFailure()
     {
         Put(Name("out.ico"), "old");
-        const Result result = Run("extract pe32.dll 3 out.ico");
+        const Outcome result = Run("extract pe32.dll 3 out.ico");
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("obtool: pe32.dll: There is no icon 3 in the file.\n"));
+        QCOMPARE(result.error, QByteArray("obtool: pe32.dll: There is no icon 3 in the file.\n"));
         QCOMPARE(Run("extract one.ico 1 out.ico").status, 1);
         QCOMPARE(Run("extract one.ico -1 out.ico").status, 1);
         QCOMPARE(Get(Name("out.ico")), QByteArray("old"));
     }
 
-    void PicturesBecomeIcons()
+    void picturesBecomeIcons()
     {
         QImage image(50, 20, QImage::Format_RGB32);
         for (int y = 0; y < 20; ++y) {
@@ -167,31 +152,31 @@ private Q_SLOTS:
                 image.setPixel(x, y, qRgb(x * 5, y * 12, 100));
         }
         QVERIFY(image.save(Name("in.png")));
-        const Result result = Run("make in.png out.ico");
-        QCOMPARE(result.err, QByteArray());
+        const Outcome result = Run("make in.png out.ico");
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(result.status, 0);
         QCOMPARE(Get(Name("out.ico")), IconFileOf(IconFromPicture(CreateFromPicture(image))));
         Put(Name("bad.bmp"), "BM nothing");
-        QCOMPARE(Run("make bad.bmp out.ico").err, QByteArray("obtool: bad.bmp: Invalid picture\n"));
+        QCOMPARE(Run("make bad.bmp out.ico").error, QByteArray("obtool: bad.bmp: Invalid picture\n"));
         QCOMPARE(Get(Name("out.ico")).size(), 766);
     }
 
-    void TheEngineReceivesItsBytesAndNoOthers_data()
+    void theEngineReceivesItsBytesAndNoOthers_data()
     {
         QTest::addColumn<int>("version");
         QTest::addColumn<int>("offset");
         QTest::newRow("version 3") << 3 << 21663;
         QTest::newRow("version 4") << 4 << 21735;
     }
-    void TheEngineReceivesItsBytesAndNoOthers()
+    void theEngineReceivesItsBytesAndNoOthers()
     {
         QFETCH(int, version);
         QFETCH(int, offset);
         const QByteArray engine = icons::Noise(40'000, 9);
         Put(Name("run.exe"), engine);
         const QByteArray line = "install one.ico run.exe --engine " + QByteArray::number(version);
-        const Result result = Run(line.constData());
-        QCOMPARE(result.err, QByteArray());
+        const Outcome result = Run(line.constData());
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(result.status, 0);
         QByteArray expected = engine;
         expected.replace(offset, 745, IconFileOf(Drawn(Icons()[0][1])).sliced(21, 745));
@@ -199,18 +184,18 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(QStringLiteral(OB_BIN "/temp.ico")));
     }
 
-    void AMissingEngineIsAFailure()
+    void aMissingEngineIsAFailure()
     {
-        const Result result = Run("install one.ico none.exe --engine 4");
+        const Outcome result = Run("install one.ico none.exe --engine 4");
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("obtool: none.exe: File not found\n"));
+        QCOMPARE(result.error, QByteArray("obtool: none.exe: File not found\n"));
         QVERIFY(!QFile::exists(Name("none.exe")));
         Put(Name("run.exe"), "engine");
-        QCOMPARE(Run("install none.ico run.exe --engine 4").err, QByteArray("obtool: none.ico: File not found\n"));
+        QCOMPARE(Run("install none.ico run.exe --engine 4").error, QByteArray("obtool: none.ico: File not found\n"));
         QCOMPARE(Get(Name("run.exe")), QByteArray("engine"));
     }
 
-    void WrongUsageIsTold_data()
+    void wrongUsageIsReported_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<QByteArray>("usage");
@@ -226,13 +211,13 @@ private Q_SLOTS:
         row("install a b --engine 5", "obtool icon install ICON ENGINE --engine 3|4");
         row("", "obtool icon VERB [OPTIONS] ARGUMENTS");
     }
-    void WrongUsageIsTold()
+    void wrongUsageIsReported()
     {
         QFETCH(QByteArray, line);
         QFETCH(QByteArray, usage);
-        const Result result = Run(line.constData());
+        const Outcome result = Run(line.constData());
         QCOMPARE(result.status, 2);
-        QVERIFY2(result.err.endsWith("usage: " + usage + '\n'), result.err.constData());
+        QVERIFY2(result.error.endsWith("usage: " + usage + '\n'), result.error.constData());
     }
 };
 

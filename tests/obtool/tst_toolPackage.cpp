@@ -1,17 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool package", as other programs call it.
+#include "obtool/RunObtool.h"
+
 #include "engine/package/PackageBench.h"
 #include "platform/files/FileTrouble.h"
 
+using namespace ob;
+
 namespace {
 
-ProgramEnd Run(const QStringList& arguments)
+Outcome Run(const QStringList& arguments)
 {
-    return RunProgram(QStringLiteral(OB_BIN "/obtool"), QStringList{QStringLiteral("package")} + arguments);
+    return RunObtool(QStringList{QStringLiteral("package")} + arguments);
 }
 
 // A package of the bench's token with its engine's folder, and more arguments.
-ProgramEnd Make(const PackageBench& bench, const QStringList& more = {})
+Outcome Make(const PackageBench& bench, const QStringList& more = {})
 {
     return Run(QStringList{QStringLiteral("make"), bench.Token(), QStringLiteral("--engine"), bench.engine} + more);
 }
@@ -35,19 +39,19 @@ class tst_toolPackage : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void wholePackagesTellTheNameOfTheEngine_data()
+    void wholePackagesReportTheNameOfTheEngine_data()
     {
         QTest::addColumn<int>("version");
         for (int version = 1; version <= 3; ++version)
             QTest::addRow("version %d", version) << version;
     }
 
-    void wholePackagesTellTheNameOfTheEngine()
+    void wholePackagesReportTheNameOfTheEngine()
     {
         QFETCH(int, version);
         const PackageBench bench(version);
         for (int round = 0; round < 2; ++round) {
-            const ProgramEnd end = Make(bench);
+            const Outcome end = Make(bench);
             QCOMPARE(end.status, 0);
             QCOMPARE(end.out, QByteArray());
             QCOMPARE(end.error, EngineNote(bench));
@@ -63,8 +67,8 @@ private Q_SLOTS:
         for (const char* engine : {"engine/orchard.exe", "engine/", "engine", "./engine/gone.exe"}) {
             QDir::setCurrent(QFileInfo(bench.engine).path());
             QDir(bench.Package()).removeRecursively();
-            const ProgramEnd end = Run({QStringLiteral("make"), QStringLiteral("work/game.tkn"),
-                                        QStringLiteral("--engine"), QString::fromLatin1(engine)});
+            const Outcome end = Run({QStringLiteral("make"), QStringLiteral("work/game.tkn"),
+                                     QStringLiteral("--engine"), QString::fromLatin1(engine)});
             QCOMPARE(end.error, EngineNote(bench));
             QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
         }
@@ -80,7 +84,7 @@ private Q_SLOTS:
     void withoutAnEngineThereIsANote()
     {
         const PackageBench bench(0);
-        const ProgramEnd end = Make(bench);
+        const Outcome end = Make(bench);
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error,
                  QByteArray("obtool: note: Orchard Bench cannot find your copy of Orchard BASIC.  Please set "
@@ -94,7 +98,7 @@ private Q_SLOTS:
         const PackageBench bench(2);
         QVERIFY(QFile::remove(bench.At("engine/vwhelp.dll")));
         QVERIFY(QFile::remove(bench.At("engine/vwicons.dll")));
-        const ProgramEnd end = Make(bench);
+        const Outcome end = Make(bench);
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, EngineNote(bench) + "obtool: note: Orchard Bench could not find these needed files:" +
                                 bench.At("engine/vwhelp.dll").toUtf8() + ' ' + bench.At("engine/vwicons.dll").toUtf8() +
@@ -106,7 +110,7 @@ private Q_SLOTS:
         const PackageBench bench(3);
         PutFile(bench.At("work/[a,b].txt"), "one");
         PutFile(bench.At("work/two.txt"), "two");
-        const ProgramEnd end =
+        const Outcome end =
             Run({QStringLiteral("make"), QStringLiteral("--add"), bench.At("work/[a,b].txt"), QStringLiteral("--add"),
                  bench.At("work/two.txt"), QStringLiteral("--remove"), QStringLiteral("VTHK31W.dll"),
                  QStringLiteral("--engine"), bench.engine, bench.Token()});
@@ -134,7 +138,7 @@ private Q_SLOTS:
     void aNameThatIsNotThereIsAFailureBeforeAnyCopy()
     {
         const PackageBench bench(1);
-        const ProgramEnd end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("gone.dll")});
+        const Outcome end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("gone.dll")});
         QCOMPARE(end.status, 1);
         QVERIFY2(end.error.startsWith("obtool: gone.dll: "), end.error.constData());
         QCOMPARE(end.error.count('\n'), 1);
@@ -144,7 +148,7 @@ private Q_SLOTS:
     void withoutRunExeThereIsANote()
     {
         const PackageBench bench(1);
-        const ProgramEnd end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("run.exe")});
+        const Outcome end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("run.exe")});
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, QByteArray("obtool: note: Error renaming runtime engine!\n"));
     }
@@ -153,7 +157,7 @@ private Q_SLOTS:
     {
 #ifdef Q_OS_UNIX
         const PackageBench bench(1);
-        const ProgramEnd end = Make(bench, {QStringLiteral("--add"), QStringLiteral("/proc/self/mem")});
+        const Outcome end = Make(bench, {QStringLiteral("--add"), QStringLiteral("/proc/self/mem")});
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, "obtool: note: Error occurred!\n" + EngineNote(bench));
         QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
@@ -165,7 +169,7 @@ private Q_SLOTS:
     void anAddedFileThatIsNotThereIsMissing()
     {
         const PackageBench bench(1);
-        const ProgramEnd end = Make(bench, {QStringLiteral("--add"), bench.At("work/gone.txt")});
+        const Outcome end = Make(bench, {QStringLiteral("--add"), bench.At("work/gone.txt")});
         QCOMPARE(end.status, 0);
         QVERIFY(
             end.error.startsWith(EngineNote(bench) + "obtool: note: Orchard Bench could not find these needed files:"));
@@ -175,7 +179,7 @@ private Q_SLOTS:
     void thePackageIsZipped()
     {
         const PackageBench bench(2);
-        const ProgramEnd end = Make(bench, {QStringLiteral("--zip")});
+        const Outcome end = Make(bench, {QStringLiteral("--zip")});
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, EngineNote(bench));
         QCOMPARE(Sorted(NamesInZip(bench.Packed("game.zip"))), PackageBench::WholePackage(2));
@@ -185,7 +189,7 @@ private Q_SLOTS:
     {
         const PackageBench bench(2);
         QVERIFY(QDir().mkpath(bench.Packed("game.zip")));
-        const ProgramEnd end = Make(bench, {QStringLiteral("--zip")});
+        const Outcome end = Make(bench, {QStringLiteral("--zip")});
         QCOMPARE(end.status, 1);
         QVERIFY2(end.error.startsWith(EngineNote(bench) + "obtool: " + bench.Packed("game.zip").toUtf8() + ": "),
                  end.error.constData());
@@ -197,7 +201,7 @@ private Q_SLOTS:
         PutFile(bench.At("work/game.bas"), "x");
         QVERIFY(QDir().mkdir(bench.At("work/folder.tkn")));
         for (const char* token : {"work/game.bas", "work/gone.tkn", "work/folder.tkn"}) {
-            const ProgramEnd end =
+            const Outcome end =
                 Run({QStringLiteral("make"), bench.At(token), QStringLiteral("--engine"), bench.engine});
             QCOMPARE(end.status, 1);
             QVERIFY2(end.error.startsWith("obtool: " + bench.At(token).toUtf8() + ": "), end.error.constData());
@@ -210,7 +214,7 @@ private Q_SLOTS:
     {
         const PackageBench bench(1);
         PutFile(bench.Package(), "a file");
-        const ProgramEnd end = Make(bench);
+        const Outcome end = Make(bench);
         QCOMPARE(end.status, 1);
         QCOMPARE(end.error, "obtool: " + bench.Package().toUtf8() + ": Path/File access error\n");
     }
@@ -222,7 +226,7 @@ private Q_SLOTS:
         QCOMPARE(Run({QStringLiteral("make"), QStringLiteral("--engine"), bench.engine}).status, 2);
         QCOMPARE(Make(bench, {QStringLiteral("--add")}).status, 2);
         QCOMPARE(Make(bench, {QStringLiteral("--remove"), QString()}).status, 2);
-        const ProgramEnd end = Make(bench, {QStringLiteral("second.tkn")});
+        const Outcome end = Make(bench, {QStringLiteral("second.tkn")});
         QCOMPARE(end.status, 2);
         QVERIFY(
             end.error.contains("usage: obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... "

@@ -1,42 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool sprite", as other programs call it.
+#include "obtool/RunObtool.h"
+
 #include "imagetools/sprites/SpriteFiles.h"
 #include "platform/files/FileTrouble.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
 
+using namespace ob;
+
 namespace {
 
 constexpr char Usage[] = "usage: obtool sprite mask IN OUT | obtool sprite mask --folder DIR\n";
 
-struct Result {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result Run(const QStringList& arguments, const QByteArray& input = {})
+Outcome Run(const QStringList& arguments, const QByteArray& input = {})
 {
-    QProcess process;
-    process.start(QStringLiteral(OB_BIN "/obtool"), QStringList(QStringLiteral("sprite")) + arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    return RunObtool(QStringList{QStringLiteral("sprite")} + arguments, input);
 }
 
-Result RunWords(const char* line, const QByteArray& input = {})
+Outcome RunWords(const char* line, const QByteArray& input = {})
 {
-    return Run(QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts), input);
+    return Run(WordsOf(line), input);
 }
 
 } // namespace
@@ -58,12 +46,12 @@ private Q_SLOTS:
         folder.reset();
     }
 
-    void AMaskStandsAboveTheSprite()
+    void theMaskIsAboveTheSprite()
     {
         const QImage sprite = SpriteImage(21, 17);
         Put(QStringLiteral("in.bmp"), BitmapBytesOf(sprite));
-        const Result result = RunWords("mask in.bmp out.bmp");
-        QCOMPARE(result.err, QByteArray());
+        const Outcome result = RunWords("mask in.bmp out.bmp");
+        QCOMPARE(result.error, QByteArray());
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
         QCOMPARE(ImageAt(QStringLiteral("out.bmp")), MaskedImage(sprite));
@@ -73,7 +61,7 @@ private Q_SLOTS:
         QCOMPARE(Get(QStringLiteral("in.bmp")), BitmapBytesOf(sprite));
     }
 
-    void AnyPictureAndStandardInputAreRead()
+    void anyPictureAndStandardInputAreRead()
     {
         const QImage sprite = SpriteImage(5, 6);
         QBuffer png;
@@ -83,90 +71,90 @@ private Q_SLOTS:
         QCOMPARE(ImageAt(QStringLiteral("out.bmp")), MaskedImage(sprite));
     }
 
-    void WhatCannotBeReadLeavesTheOlderFile()
+    void whatCannotBeReadLeavesTheOlderFile()
     {
         Put(QStringLiteral("bad.bmp"), "BM nothing");
         Put(QStringLiteral("out.bmp"), "old");
-        const Result bad = RunWords("mask bad.bmp out.bmp");
+        const Outcome bad = RunWords("mask bad.bmp out.bmp");
         QCOMPARE(bad.status, 1);
-        QCOMPARE(bad.err, QByteArray("obtool: bad.bmp: Invalid picture\n"));
-        const Result missing = RunWords("mask none.bmp out.bmp");
+        QCOMPARE(bad.error, QByteArray("obtool: bad.bmp: Invalid picture\n"));
+        const Outcome missing = RunWords("mask none.bmp out.bmp");
         QCOMPARE(missing.status, 1);
-        QCOMPARE(missing.err, QByteArray("obtool: none.bmp: File does not exist or is corrupt.\n"));
+        QCOMPARE(missing.error, QByteArray("obtool: none.bmp: File does not exist or is corrupt.\n"));
         QCOMPARE(Get(QStringLiteral("out.bmp")), QByteArray("old"));
         Put(QStringLiteral("in.bmp"), BitmapBytesOf(SpriteImage(4, 4)));
-        const Result closed = RunWords("mask in.bmp no/such/out.bmp");
+        const Outcome closed = RunWords("mask in.bmp no/such/out.bmp");
         QCOMPARE(closed.status, 1);
-        QCOMPARE(closed.err, QByteArray("obtool: no/such/out.bmp: Path not found\n"));
+        QCOMPARE(closed.error, QByteArray("obtool: no/such/out.bmp: Path not found\n"));
     }
 
-    void AFolderIsMaskedInPlaceALineAFile()
+    void aFolderIsMaskedInPlaceALineAFile()
     {
         QDir().mkdir(QStringLiteral("art"));
         const QImage sprite = SpriteImage(9, 8);
         for (const char* name : {"art/b.BMP", "art/a.bmp", "art/C.bmp"})
             Put(QString::fromLatin1(name), BitmapBytesOf(sprite));
         Put(QStringLiteral("art/note.txt"), "text");
-        const Result result = RunWords("mask --folder art");
+        const Outcome result = RunWords("mask --folder art");
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, QByteArray("art/a.bmp\nart/b.BMP\nart/C.bmp\n"));
+        QCOMPARE(result.error, QByteArray("art/a.bmp\nart/b.BMP\nart/C.bmp\n"));
         for (const char* name : {"art/b.BMP", "art/a.bmp", "art/C.bmp"})
             QCOMPARE(ImageAt(QString::fromLatin1(name)), MaskedImage(sprite));
         QCOMPARE(Get(QStringLiteral("art/note.txt")), QByteArray("text"));
     }
 
-    void ABadBitmapEndsTheFolder()
+    void aBadBitmapEndsTheFolder()
     {
         const QImage sprite = SpriteImage(9, 8);
         Put(QStringLiteral("a.bmp"), BitmapBytesOf(sprite));
         Put(QStringLiteral("b.bmp"), "BM nothing");
         Put(QStringLiteral("c.bmp"), BitmapBytesOf(sprite));
-        const Result result = RunWords("mask --folder .");
+        const Outcome result = RunWords("mask --folder .");
         QCOMPARE(result.status, 1);
-        QCOMPARE(result.err, QByteArray("./a.bmp\nobtool: ./b.bmp: Invalid picture\n"));
+        QCOMPARE(result.error, QByteArray("./a.bmp\nobtool: ./b.bmp: Invalid picture\n"));
         QCOMPARE(ImageAt(QStringLiteral("a.bmp")), MaskedImage(sprite));
         QCOMPARE(Get(QStringLiteral("b.bmp")), QByteArray("BM nothing"));
         QCOMPARE(ImageAt(QStringLiteral("c.bmp")), sprite);
     }
 
-    void AFolderWithoutBitmapsIsAFailure()
+    void aFolderWithoutBitmapsIsAFailure()
     {
         QDir().mkdir(QStringLiteral("empty"));
-        const Result empty = RunWords("mask --folder empty");
+        const Outcome empty = RunWords("mask --folder empty");
         QCOMPARE(empty.status, 1);
-        QCOMPARE(empty.err,
+        QCOMPARE(empty.error,
                  QByteArray("obtool: empty: There are no bitmaps in empty!  Please choose another directory.\n"));
-        const Result missing = RunWords("mask --folder none");
+        const Outcome missing = RunWords("mask --folder none");
         QCOMPARE(missing.status, 1);
-        QCOMPARE(missing.err, QByteArray("obtool: none: Path not found\n"));
+        QCOMPARE(missing.error, QByteArray("obtool: none: Path not found\n"));
     }
 
-    void WrongUsageIsTold_data()
+    void wrongUsageIsReported_data()
     {
         QTest::addColumn<QByteArray>("line");
         for (const char* line : {"mask", "mask in.bmp", "mask a b c", "mask --folder", "mask in.bmp --folder .",
                                  "mask in.bmp out.bmp --folder .", "mask in.bmp out.bmp --wide"})
             QTest::newRow(line) << QByteArray(line);
     }
-    void WrongUsageIsTold()
+    void wrongUsageIsReported()
     {
         QFETCH(QByteArray, line);
-        const Result result = RunWords(line.constData());
+        const Outcome result = RunWords(line.constData());
         QCOMPARE(result.status, 2);
-        QVERIFY2(result.err.endsWith(Usage), result.err.constData());
+        QVERIFY2(result.error.endsWith(Usage), result.error.constData());
         QVERIFY(QDir().entryList(QDir::Files).isEmpty());
     }
 
-    void EmptyNamesAreWrongUsage()
+    void emptyNamesAreWrongUsage()
     {
         QCOMPARE(Run({QStringLiteral("mask"), QString(), QStringLiteral("out.bmp")}).status, 2);
         QCOMPARE(Run({QStringLiteral("mask"), QStringLiteral("--folder"), QString()}).status, 2);
     }
 
-    void HelpIsGiven()
+    void helpIsGiven()
     {
-        const Result help = RunWords("mask --help");
+        const Outcome help = RunWords("mask --help");
         QCOMPARE(help.status, 0);
         QVERIFY(help.out.contains(Usage));
         QCOMPARE(RunWords("--help").status, 0);

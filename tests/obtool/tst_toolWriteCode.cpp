@@ -50,11 +50,11 @@ private Q_SLOTS:
     void theTextIsThatOfTheWindow_data();
     void theTextIsThatOfTheWindow();
     void eachListIsThatOfTheWindow();
-    void workThatFailsTellsWhyOnOneLine_data();
-    void workThatFailsTellsWhyOnOneLine();
+    void workThatFailsReportsWhyOnOneLine_data();
+    void workThatFailsReportsWhyOnOneLine();
     void wrongUsageIsStatus2_data();
     void wrongUsageIsStatus2();
-    void whatTheCodePageLacksIsTold();
+    void whatTheCodePageLacksIsReported();
     void helpOpensWithTheUsage();
 };
 
@@ -119,7 +119,7 @@ void tst_toolWriteCode::eachListIsThatOfTheWindow()
     }
 }
 
-void tst_toolWriteCode::workThatFailsTellsWhyOnOneLine_data()
+void tst_toolWriteCode::workThatFailsReportsWhyOnOneLine_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("error");
@@ -137,7 +137,7 @@ void tst_toolWriteCode::workThatFailsTellsWhyOnOneLine_data()
                                          << QByteArray("SS_CENTER: the list of StaticText lacks it");
 }
 
-void tst_toolWriteCode::workThatFailsTellsWhyOnOneLine()
+void tst_toolWriteCode::workThatFailsReportsWhyOnOneLine()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, error);
@@ -177,7 +177,7 @@ void tst_toolWriteCode::wrongUsageIsStatus2()
     QVERIFY2(outcome.error.contains(usage), outcome.error.constData());
 }
 
-void tst_toolWriteCode::whatTheCodePageLacksIsTold()
+void tst_toolWriteCode::whatTheCodePageLacksIsReported()
 {
     const Outcome outcome = Run(Words({"menu", "--popup", "日=x"}));
     QCOMPARE(outcome.status, 0);

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool write loadbmp" and "write library jpeg", as other programs call them, and metafiles given to obtool.
+#include "obtool/RunObtool.h"
+
 #include "imagetools/metafiles/MetafileBytes.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -13,32 +14,17 @@ using namespace ob;
 
 namespace {
 
-struct Result {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result Run(const QStringList& arguments, const QString& folder = {})
+// As on a machine without a display, whatever this test runs on.
+Outcome Run(const QStringList& arguments, const QString& folder = {})
 {
-    QProcess process;
-    if (!folder.isEmpty())
-        process.setWorkingDirectory(folder);
-    // As on a machine without a display, and without what this test was told of one.
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-    environment.remove(QStringLiteral("DISPLAY"));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(OB_BIN "/obtool"), arguments);
-    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    Surroundings surroundings;
+    surroundings.folder = folder;
+    surroundings.environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    surroundings.environment.remove(QStringLiteral("DISPLAY"));
+    return RunObtool(arguments, surroundings);
 }
 
-Result LoadBmp(const QStringList& arguments, const QString& folder = {})
+Outcome LoadBmp(const QStringList& arguments, const QString& folder = {})
 {
     return Run(QStringList{QStringLiteral("write"), QStringLiteral("loadbmp")} + arguments, folder);
 }
@@ -62,7 +48,7 @@ private Q_SLOTS:
     void textsAreThoseOfTheWindow();
     void relativeNameGetsItsFolder();
     void namesAreAnsi();
-    void first150AreTakenAndEachFurtherOneIsTold();
+    void first150AreTakenAndEachFurtherOneIsANote();
     void shortNameIsAFailure();
     void wrongUsage_data();
     void wrongUsage();
@@ -87,11 +73,11 @@ void tst_toolWriteLoadBmp::textsAreThoseOfTheWindow()
 {
     QFETCH(QStringList, options);
     QFETCH(QByteArray, file);
-    const Result result = LoadBmp(options + QStringList{Rose, Tulip});
-    QCOMPARE(result.err, QByteArray());
+    const Outcome result = LoadBmp(options + QStringList{Rose, Tulip});
+    QCOMPARE(result.error, QByteArray());
     QCOMPARE(result.status, 0);
     QCOMPARE(result.out, Expected(file.constData()));
-    // Options may stand behind the files as well.
+    // Options may also come after the files.
     QCOMPARE(LoadBmp(QStringList{Rose, Tulip} + options).out, result.out);
 }
 
@@ -99,28 +85,28 @@ void tst_toolWriteLoadBmp::relativeNameGetsItsFolder()
 {
     const QTemporaryDir folder;
     const QString path = QDir(folder.path()).canonicalPath();
-    const Result result = LoadBmp({QStringLiteral("--path"), QStringLiteral("sub/a.bmp")}, path);
+    const Outcome result = LoadBmp({QStringLiteral("--path"), QStringLiteral("sub/a.bmp")}, path);
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.contains("    loadbmp \"a\", \"" + path.toLocal8Bit() + "/sub/a.bmp\"\r\n"));
 }
 
 void tst_toolWriteLoadBmp::namesAreAnsi()
 {
-    const Result result = LoadBmp({QStringLiteral("/pics/\u00E9t\u00E9.bmp")});
+    const Outcome result = LoadBmp({QStringLiteral("/pics/\u00E9t\u00E9.bmp")});
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.contains("    unloadbmp \"\xE9t\xE9\"\r\n"));
 }
 
-void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsTold()
+void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsANote()
 {
     QStringList files;
     for (int i = 1; i <= 153; ++i)
         files.append(QStringLiteral("p%1.bmp").arg(i, 3, 10, QLatin1Char('0')));
-    const Result all = LoadBmp(files.first(150));
-    QCOMPARE(all.err, QByteArray());
-    const Result more = LoadBmp(files);
+    const Outcome all = LoadBmp(files.first(150));
+    QCOMPARE(all.error, QByteArray());
+    const Outcome more = LoadBmp(files);
     QCOMPARE(more.status, 0);
-    QCOMPARE(more.err, QByteArray("obtool: note: The bmplist is limited to 150 bitmaps\n").repeated(3));
+    QCOMPARE(more.error, QByteArray("obtool: note: The bmplist is limited to 150 bitmaps\n").repeated(3));
     QCOMPARE(more.out, all.out);
     QCOMPARE(more.out.count("    loadbmp "), 150);
     QVERIFY(more.out.contains("    unloadbmp \"p150\"\r\n    RETURN\r\n"));
@@ -128,10 +114,10 @@ void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsTold()
 
 void tst_toolWriteLoadBmp::shortNameIsAFailure()
 {
-    const Result result = LoadBmp({Rose, QStringLiteral("/pics/abc")});
+    const Outcome result = LoadBmp({Rose, QStringLiteral("/pics/abc")});
     QCOMPARE(result.status, 1);
     QCOMPARE(result.out, QByteArray());
-    QCOMPARE(result.err, QByteArray("obtool: /pics/abc: Invalid procedure call or argument\n"));
+    QCOMPARE(result.error, QByteArray("obtool: /pics/abc: Invalid procedure call or argument\n"));
 }
 
 void tst_toolWriteLoadBmp::wrongUsage_data()
@@ -146,15 +132,15 @@ void tst_toolWriteLoadBmp::wrongUsage_data()
 void tst_toolWriteLoadBmp::wrongUsage()
 {
     QFETCH(QStringList, arguments);
-    const Result result = LoadBmp(arguments);
+    const Outcome result = LoadBmp(arguments);
     QCOMPARE(result.status, 2);
     QCOMPARE(result.out, QByteArray());
-    QVERIFY(result.err.endsWith("usage: obtool write loadbmp [--dll] [--path] FILE...\n"));
+    QVERIFY(result.error.endsWith("usage: obtool write loadbmp [--dll] [--path] FILE...\n"));
 }
 
 void tst_toolWriteLoadBmp::demonstrationOfTheLibrary()
 {
-    const Result result = Run({QStringLiteral("write"), QStringLiteral("library"), QStringLiteral("jpeg")});
+    const Outcome result = Run({QStringLiteral("write"), QStringLiteral("library"), QStringLiteral("jpeg")});
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.startsWith("'jpeg.bas: "));
     QVERIFY(result.out.endsWith("    End Function\r\n"));
@@ -173,9 +159,9 @@ void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
     QVERIFY(writer.open(QIODevice::WriteOnly));
     writer.write(file.Placeable(0, 0, 100, 60, 96));
     writer.close();
-    const Result result = Run(
+    const Outcome result = Run(
         {QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"), QStringLiteral("24")});
-    QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.error, QByteArray());
     QCOMPARE(result.status, 0);
     const QImage image(out);
     QCOMPARE(image.size(), QSize(100, 60));
@@ -197,11 +183,11 @@ void tst_toolWriteLoadBmp::drawingWithTextIsAPicture()
     writer.write("<svg xmlns='http://www.w3.org/2000/svg' width='80' height='40'>"
                  "<text x='10' y='30' font-size='24'>HH</text></svg>");
     writer.close();
-    const Result result = Run(
+    const Outcome result = Run(
         {QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"), QStringLiteral("24")});
-    if (result.err.contains("Invalid picture"))
+    if (result.error.contains("Invalid picture"))
         QSKIP("the toolkit here has no reader of such drawings");
-    QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.error, QByteArray());
     QCOMPARE(result.status, 0);
     QCOMPARE(QImage(out).size(), QSize(80, 40));
 }

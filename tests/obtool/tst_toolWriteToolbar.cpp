@@ -36,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(done.out, Golden("toolbar-new.bas"));
     }
 
-    void textsGoInAsTheyStand()
+    void textsGoInAsTheyAre()
     {
         const Outcome done =
             Toolbar({QStringLiteral("--bitmap"), QStringLiteral("c:\\pictures\\bar.bmp"), QStringLiteral("--program"),
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QVERIFY(done.out.contains("Button #main.hide2, \"\", [], UL"));
     }
 
-    void charactersThatTheCodePageLacksAreTold()
+    void charactersThatTheCodePageLacksAreReported()
     {
         const Outcome done = Toolbar({QStringLiteral("--bitmap"), QStringLiteral("b"), QStringLiteral("a=\u0436")});
         QCOMPARE(done.status, 0);
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QVERIFY(done.error.contains("usage: obtool write toolbar --bitmap FILE"));
     }
 
-    void theTextEditorIsTheCarriedText()
+    void theTextEditorIsTheEmbeddedText()
     {
         const Outcome done = RunObtool({QStringLiteral("write"), QStringLiteral("texteditor")});
         QCOMPARE(done.status, 0);

@@ -1,21 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "obtool zip", as other programs call it.
+#include "obtool/RunObtool.h"
+
 #include "engine/package/ZipBench.h"
 #include "platform/files/FileTrouble.h"
 
 #include <memory>
 
+using namespace ob;
+
 namespace {
 
-ProgramEnd Run(const QStringList& arguments)
+Outcome Run(const QStringList& arguments)
 {
-    return RunProgram(QStringLiteral(OB_BIN "/obtool"), QStringList{QStringLiteral("zip")} + arguments);
+    return RunObtool(QStringList{QStringLiteral("zip")} + arguments);
 }
 
-// The arguments parted at blanks.
-ProgramEnd Run(const char* arguments)
+Outcome Run(const char* arguments)
 {
-    return Run(QString::fromUtf8(arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    return Run(WordsOf(arguments));
 }
 
 } // namespace
@@ -41,7 +44,7 @@ private Q_SLOTS:
 
     void filesAreZippedUnderPlainNames()
     {
-        const ProgramEnd end = Run("make out.zip a.txt sub/c.txt");
+        const Outcome end = Run("make out.zip a.txt sub/c.txt");
         QCOMPARE(end.status, 0);
         QCOMPARE(end.out, QByteArray());
         QCOMPARE(end.error, QByteArray());
@@ -70,7 +73,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(QStringLiteral("out.pkg")));
     }
 
-    void bracketsAndDashesAreLetters()
+    void bracketsAndDashesAreCharacters()
     {
         PutFile(QStringLiteral("[a,b]"), "x");
         PutFile(QStringLiteral("-n.txt"), "x");
@@ -81,12 +84,12 @@ private Q_SLOTS:
 
     void unmatchedSpecsAreNotes()
     {
-        const ProgramEnd end = Run("make out.zip a.txt *.exe");
+        const Outcome end = Run("make out.zip a.txt *.exe");
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, QByteArray("obtool: note: no file matches *.exe\n"));
     }
 
-    void failuresTellTheirReasonAndLeaveTheOldArchive_data()
+    void failuresReportTheirReasonAndLeaveTheOldArchive_data()
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QByteArray>("error");
@@ -101,14 +104,14 @@ private Q_SLOTS:
         row("make out.zip out.zip", "obtool: out.zip: ");
     }
 
-    void failuresTellTheirReasonAndLeaveTheOldArchive()
+    void failuresReportTheirReasonAndLeaveTheOldArchive()
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, error);
         QVERIFY(QDir().mkdir(QStringLiteral("twin")));
         PutFile(QStringLiteral("twin/a.txt"), "other");
         PutFile(QStringLiteral("out.zip"), "old");
-        const ProgramEnd end = Run(arguments.constData());
+        const Outcome end = Run(arguments.constData());
         QCOMPARE(end.status, 1);
         QCOMPARE(end.out, QByteArray());
         QVERIFY2(end.error.startsWith(error), end.error.constData());
@@ -125,7 +128,7 @@ private Q_SLOTS:
             PutFile(specs.last(), "x");
         }
         const QStringList start = {QStringLiteral("make"), QStringLiteral("out.zip")};
-        const ProgramEnd tooMany = Run(start + specs);
+        const Outcome tooMany = Run(start + specs);
         QCOMPARE(tooMany.status, 1);
         QVERIFY(tooMany.error.startsWith("obtool: out.zip: "));
         QVERIFY(!QFile::exists(QStringLiteral("out.zip")));
@@ -138,7 +141,7 @@ private Q_SLOTS:
 #ifdef Q_OS_UNIX
         PutFile(QStringLiteral("noise.bin"), NoiseBytes(400'000));
         PutFile(QStringLiteral("out.zip"), "old");
-        ProgramEnd end;
+        Outcome end;
         {
             const FileSizeLimit limit(100'000);
             end = Run("make out.zip noise.bin");
@@ -166,16 +169,16 @@ private Q_SLOTS:
     void wrongUsageIsStatusTwo()
     {
         QFETCH(QStringList, arguments);
-        const ProgramEnd end = Run(arguments);
+        const Outcome end = Run(arguments);
         QCOMPARE(end.status, 2);
         QCOMPARE(end.out, QByteArray());
         QVERIFY2(end.error.contains("usage: obtool zip "), end.error.constData());
         QVERIFY(!QFile::exists(QStringLiteral("out.zip")));
     }
 
-    void helpTellsTheUsage()
+    void helpShowsTheUsage()
     {
-        const ProgramEnd end = Run("make --help");
+        const Outcome end = Run("make --help");
         QCOMPARE(end.status, 0);
         QVERIFY(end.out.contains("obtool zip make OUT SPEC..."));
     }
