@@ -75,10 +75,10 @@ void ReplaceAll(benchmark::State& state, int flags, bool fromStart, const char* 
     const QByteArray text = Program(word);
     const ob::cDocument* document = Load(text);
     ob::SendSci(document->sci, ob::SCI_SETWRAPMODE, wrap == Wrap::On ? 1 : 0);
-    ob::FindFlags = flags;
-    ob::FindFromStart = fromStart;
+    ob::Finding().FindFlags = flags;
+    ob::Finding().FindFromStart = fromStart;
     for (auto _ : state) {
-        ob::ReplaceAllText(QString::fromUtf8(word), QString::fromLatin1(replacement),
+        ob::ReplaceAllText(*document, QString::fromUtf8(word), QString::fromLatin1(replacement),
                            [&] { return std::make_unique<ob::frmReplaceWatch>(Edit(*document)); });
         qobject_cast<QAbstractScrollArea*>(Edit(*document))->viewport()->repaint();
         state.PauseTiming();
@@ -110,11 +110,11 @@ OB_REPLACE_ALL(wrapped_lines, 0, false, "total", Wrap::On);
 void FindNothing(benchmark::State& state, int flags, const char* text)
 {
     const ob::cDocument* document = Load(Program("total"));
-    ob::FindFlags = flags;
-    ob::FindFromStart = true;
+    ob::Finding().FindFlags = flags;
+    ob::Finding().FindFromStart = true;
     for (auto _ : state)
-        ob::FindText(QString::fromUtf8(text));
-    if (ob::FoundPos != -1)
+        ob::FindText(*document, QString::fromUtf8(text));
+    if (ob::Finding().FoundPos != -1)
         state.SkipWithError("found");
     state.SetBytesProcessed(state.iterations() * ob::SendSci(document->sci, ob::SCI_GETLENGTH));
 }

@@ -3,6 +3,7 @@
 #include "editor/document/modUserTexts.h"
 #include "platform/files/modPaths.h"
 #include "shell/bench/frmOptions.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 #include "shell/state/modOptions.h"
 #include "shell/state/modSettings.h"
@@ -46,7 +47,7 @@ int main(int argc, char** argv)
     const QTemporaryDir folder;
     ob::SetProgramFolder(folder.path());
     ob::SetSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
-    ob::ResetState();
+    ob::ResetBench();
     ob::ReadAllSettings();
     QFile comments(ob::CommentsPath(folder.path()));
     if (!comments.open(QIODevice::WriteOnly) || comments.write(QByteArray("'made with care\r\n").repeated(40)) < 0)

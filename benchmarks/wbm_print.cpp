@@ -9,6 +9,7 @@
 #include "platform/dialogs/modPrinter.h"
 #include "platform/files/modPaths.h"
 #include "scilexer/SciLexerOB_Api.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 #include "shell/state/modOptions.h"
 #include "shell/state/modSettings.h"
@@ -67,7 +68,7 @@ void Print(benchmark::State& state, Way way, Target target)
     frame.show();
     ob::cDocument document(1);
     document.sci = made.sci;
-    ob::SetUpSci(document.sci);
+    ob::SetUpSci(document.sci, ob::Editor);
     const std::string text = ob::BasicSource(1).Lines(LineCount);
     ob::SendSci(document.sci, ob::SCI_ADDTEXT, text.size(), text.data());
     Events events;
@@ -101,7 +102,7 @@ int main(int argc, char** argv)
     const QTemporaryDir folder;
     ob::SetProgramFolder(folder.path());
     ob::SetSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
-    ob::ResetState();
+    ob::ResetBench();
     ob::ReadAllSettings();
     ob::BuildSyntaxTable();
     ob::EditBackColor = ob::Rgb(255, 255, 255);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // BASIC source of any bytes on its way into a code window and out again: nothing is lost, nothing crashes.
-#include "editor/document/modDocument.h"
+#include "editor/files/modDocumentFile.h"
 #include "editor/modLabels.h"
 #include "engine/run/modIncludes.h"
 #include "platform/language/cRuntimeError.h"

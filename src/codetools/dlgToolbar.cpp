@@ -166,7 +166,7 @@ void dlgToolbar::OKButton_Click()
     cDocument* document = NewDocument();
     if (document == nullptr)
         return;
-    SendTextToDocument(ToolbarCode(spec), UntitledName);
+    SendTextToDocument(*document, ToolbarCode(spec), UntitledName);
     document->Tag = TagOpen; // the next new window is another one
 }
 

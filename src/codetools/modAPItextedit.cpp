@@ -21,7 +21,7 @@ void mnuToolTE_Click()
     cDocument* document = NewDocument();
     if (document == nullptr)
         return;
-    SendToDocument(TextEditorCode(), UntitledName);
+    SendToDocument(*document, TextEditorCode(), UntitledName);
     document->Tag = TagOpen; // the next new window is another one
 }
 

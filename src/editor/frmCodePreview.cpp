@@ -82,28 +82,28 @@ class frmCodeColors final : public QSyntaxHighlighter {
 public:
     explicit frmCodeColors(QTextDocument* document) : QSyntaxHighlighter(document) {}
 
-    void TakeSettings(const QPalette& palette)
+    void TakeSettings(const EditorSettings& settings, const QPalette& palette)
     {
         keywords = KeywordSet(ViewOf(DecodeAnsi(LexerKeywords)));
         formats = {};
-        isOn = SyntaxColor > 0;
+        isOn = settings.SyntaxColor > 0;
         if (!isOn)
             return;
         const QColor ground = palette.color(QPalette::Base);
         const auto set = [&](Style style, ColorRef color) {
             formats[style].setForeground(ReadableOn(ground, ColorOf(color)));
         };
-        set(StyleKeyword, KeywordColor);
-        set(StyleString, QuoteColor);
-        set(StyleNumber, NumberColor);
-        set(StyleOperator, NumberColor);
-        set(StyleHandle, HandleColor);
-        set(StyleLabel, BranchColor);
-        QColor back = ColorOf(CommentBackColor);
+        set(StyleKeyword, settings.KeywordColor);
+        set(StyleString, settings.QuoteColor);
+        set(StyleNumber, settings.NumberColor);
+        set(StyleOperator, settings.NumberColor);
+        set(StyleHandle, settings.HandleColor);
+        set(StyleLabel, settings.BranchColor);
+        QColor back = ColorOf(settings.CommentBackColor);
         if (IsDark(back) != IsDark(ground))
             back = WithLightness(back, 255 - back.lightness());
         formats[StyleComment].setBackground(back);
-        formats[StyleComment].setForeground(ReadableOn(back, ColorOf(CommentColor)));
+        formats[StyleComment].setForeground(ReadableOn(back, ColorOf(settings.CommentColor)));
         formats[StyleComment].setFontItalic(true);
     }
 
@@ -142,14 +142,14 @@ frmCodePreview::frmCodePreview(QWidget* parent) : QPlainTextEdit(parent), colors
     setUndoRedoEnabled(false);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setAccessibleName(QStringLiteral("Preview of the code"));
-    colors->TakeSettings(palette());
+    colors->TakeSettings(Editor, palette());
 }
 
 frmCodePreview::~frmCodePreview() = default;
 
 void frmCodePreview::ShowCode(const QString& code)
 {
-    colors->TakeSettings(palette());
+    colors->TakeSettings(Editor, palette());
     const QString before = PlainTextOf(*this);
     if (code == shownCode) {
         colors->rehighlight();
@@ -193,7 +193,7 @@ void frmCodePreview::changeEvent(QEvent* event)
 {
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        colors->TakeSettings(palette());
+        colors->TakeSettings(Editor, palette());
         colors->rehighlight();
     }
 }

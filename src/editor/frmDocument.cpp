@@ -191,7 +191,7 @@ frmDocument::Birth frmDocument::LoadControl()
     edit->setObjectName(QStringLiteral("sci"));
     edit->setAccessibleName(QStringLiteral("Program text"));
     document.sci = made.sci;
-    SetUpSci(document.sci);
+    SetUpSci(document.sci, Editor);
     setFocusProxy(edit);
     return Birth::Done;
 }

@@ -65,9 +65,9 @@ QRect SelectionPlace(const cDocument* document)
 frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmFind>())
 {
     ui->setupUi(this);
-    ui->Check1->setChecked((FindFlags & FindMatchCase) != 0);
-    ui->Check2->setChecked((FindFlags & FindWholeWord) != 0);
-    (FindFromStart ? ui->optStart0 : ui->optStart1)->setChecked(true);
+    ui->Check1->setChecked((Finding().FindFlags & FindMatchCase) != 0);
+    ui->Check2->setChecked((Finding().FindFlags & FindWholeWord) != 0);
+    (Finding().FindFromStart ? ui->optStart0 : ui->optStart1)->setChecked(true);
     ui->Text1->setFocus();
     if (!lastGeometry.isEmpty())
         restoreGeometry(lastGeometry);
@@ -113,22 +113,23 @@ void frmFind::FocusMoved(const QWindow* to)
 void frmFind::Form_Activate()
 {
     wasLeft = false;
-    ui->Text1->setText(TakeFindText());
+    const cDocument* document = ActiveDocument();
+    ui->Text1->setText(TakeFindText(document));
     ui->Text1->selectAll();
     ui->Text1->setFocus();
-    UncoverHit();
+    UncoverHit(document);
 }
 
 void frmFind::ReadOptions()
 {
-    FindFlags = ui->Check1->isChecked() ? FindMatchCase : 0;
+    Finding().FindFlags = ui->Check1->isChecked() ? FindMatchCase : 0;
     if (ui->Check2->isChecked())
-        FindFlags |= FindWholeWord;
+        Finding().FindFlags |= FindWholeWord;
 }
 
-void frmFind::UncoverHit()
+void frmFind::UncoverHit(const cDocument* document)
 {
-    const QRect place = SelectionPlace(ActiveDocument());
+    const QRect place = SelectionPlace(document);
     if (!place.isEmpty())
         move(PlaceBeside(frameGeometry(), place.adjusted(-clearance, -clearance, clearance, clearance),
                          screen()->availableGeometry()));
@@ -140,9 +141,11 @@ void frmFind::OKButton_Click()
     if (CheckFindField(text) == Fields::Empty)
         return;
     ReadOptions();
-    FindFromStart = ui->optStart0->isChecked();
-    FindText(text);
-    UncoverHit();
+    Finding().FindFromStart = ui->optStart0->isChecked();
+    if (const cDocument* document = NeedDocument()) {
+        FindText(*document, text);
+        UncoverHit(document);
+    }
 }
 
 void frmFind::cmdReplace_Click()
@@ -154,7 +157,8 @@ void frmFind::cmdReplace_Click()
     if (fields == Fields::Empty)
         return;
     close();
-    ReplaceText(find, replace);
+    if (const cDocument* document = NeedDocument())
+        ReplaceText(*document, find, replace);
 }
 
 void frmFind::cmdReplaceAll_Click()
@@ -166,8 +170,11 @@ void frmFind::cmdReplaceAll_Click()
     if (fields == Fields::Empty)
         return;
     close();
-    GoBeforeSelection();
-    ReplaceAllText(find, replace, [] { return std::make_unique<frmReplaceWatch>(EditOf(ActiveDocument())); });
+    const cDocument* document = NeedDocument();
+    if (document == nullptr)
+        return;
+    GoBeforeSelection(*document);
+    ReplaceAllText(*document, find, replace, [=] { return std::make_unique<frmReplaceWatch>(EditOf(document)); });
 }
 
 void mnuEditFind_Click()

@@ -34,7 +34,7 @@ private:
     void FocusMoved(const QWindow* to);
     void Form_Activate();
     void ReadOptions();
-    void UncoverHit();
+    void UncoverHit(const cDocument* document);
 
     void OKButton_Click();
     void cmdReplace_Click();

@@ -120,7 +120,7 @@ void frmSnip::TypeTab()
 {
     QTextCursor cursor = ui->txtSnipDisplay->textCursor();
     const QTextBlock line = ui->txtSnipDisplay->document()->findBlock(cursor.selectionStart());
-    const int size = qMax(1, TabSize);
+    const int size = qMax(1, Editor.TabSize);
     const int column = cursor.selectionStart() - line.position();
     cursor.insertText(QString(size - column % size, QLatin1Char(' ')));
     ui->txtSnipDisplay->setTextCursor(cursor);

@@ -2,11 +2,9 @@
 // Browsing the disk for BASIC source.
 #include "editor/modCodeExplorer.h"
 
-#include "editor/document/cDocument.h"
-#include "editor/document/modDocument.h"
+#include "editor/files/modDocumentFile.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
-#include "shell/state/Module1.h"
 
 #include <QFile>
 
@@ -24,12 +22,7 @@ QString CodePreview(const QString& path)
 
 void OpenExploredFile(const QString& path)
 {
-    cDocument* document = NewDocument();
-    if (document == nullptr)
-        return;
-    LoadDocumentFile(path);
-    document->SetCaption(path);
-    SetStatusText(OpenedFileStatus(path));
+    OpenInNewWindow(path, static_cast<OpenChoices>(OpenChoice::Status));
 }
 
 } // namespace ob

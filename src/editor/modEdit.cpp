@@ -205,10 +205,10 @@ void AddTab(cDocument& document)
     if (MayHoldLabel(before) && document.window != nullptr)
         document.window->FillBranchBox();
 
-    if (AutoIndent) {
+    if (Editor.AutoIndent) {
         std::intptr_t indent = line > 0 ? SendSci(sci, SCI_GETLINEINDENTATION, Unsigned(line - 1)) : 0;
         if (isBlock)
-            indent += std::max<std::intptr_t>(TabSize, 0);
+            indent += std::max<std::intptr_t>(Editor.TabSize, 0);
         SendSci(sci, SCI_SETLINEINDENTATION, Unsigned(line), indent);
         column += indent;
     }

@@ -15,6 +15,12 @@
 
 namespace ob {
 
+FindState& Finding()
+{
+    static FindState state;
+    return state;
+}
+
 namespace {
 
 using Position = std::intptr_t; // bytes
@@ -103,7 +109,7 @@ void ReplaceSelection(Sci sci, const QByteArray& text)
 
 Search SearchOf(const QString& text)
 {
-    return {text.toUtf8(), FindFlags, FindFromStart ? SearchStart::Text : SearchStart::Caret};
+    return {text.toUtf8(), Finding().FindFlags, Finding().FindFromStart ? SearchStart::Text : SearchStart::Caret};
 }
 
 Position StartOf(Sci sci, const Search& search)
@@ -284,7 +290,7 @@ void ReplaceAllIn(const cDocument& document, const QString& find, const QString&
 {
     const bool asks = MsgBox(QStringLiteral("Confirm each replacement?"), BoxIcon::Question, BoxButtons::YesNo,
                              QStringLiteral("Confirm?")) == BoxAnswer::Yes;
-    LastFind = find;
+    Finding().LastFind = find;
     ReplaceResult result;
     if (asks) {
         result = ReplaceAsking(document, SearchOf(find), replace.toUtf8());
@@ -292,7 +298,7 @@ void ReplaceAllIn(const cDocument& document, const QString& find, const QString&
         const auto watch = makeWatch ? makeWatch() : nullptr;
         result = ReplaceUnasked(document.sci, SearchOf(find), replace.toUtf8(), watch.get());
     }
-    FoundPos = result.lastMatch;
+    Finding().FoundPos = result.lastMatch;
     if (result.end == ReplaceEnd::Cancelled)
         return;
     TellNoMore(find);
@@ -331,16 +337,13 @@ ReplaceResult ReplaceUnasked(Sci sci, const Search& search, const QByteArray& re
     return result;
 }
 
-void FindText(const QString& text)
+void FindText(const cDocument& document, const QString& text)
 {
-    const cDocument* document = NeedDocument();
-    if (document == nullptr)
-        return;
-    const Sci sci = document->sci;
-    LastFind = text;
+    const Sci sci = document.sci;
+    Finding().LastFind = text;
     const Search search = SearchOf(text);
     const auto match = SearchFrom(sci, search, StartOf(sci, search));
-    FoundPos = PositionOf(match);
+    Finding().FoundPos = PositionOf(match);
     if (match) {
         SelectWithSurroundings(sci, match->start, match->end);
         return;
@@ -350,16 +353,13 @@ void FindText(const QString& text)
     TellNoMore(text);
 }
 
-void FindAgain(const QString& text)
+void FindAgain(const cDocument& document, const QString& text)
 {
-    const cDocument* document = NeedDocument();
-    if (document == nullptr)
-        return;
-    const Sci sci = document->sci;
+    const Sci sci = document.sci;
     Search search = SearchOf(text);
     search.start = SearchStart::Caret;
     const auto match = SearchFrom(sci, search, StartOf(sci, search));
-    FoundPos = PositionOf(match);
+    Finding().FoundPos = PositionOf(match);
     if (match) {
         SelectWithSurroundings(sci, match->end, match->start);
         return;
@@ -368,21 +368,18 @@ void FindAgain(const QString& text)
     MsgBox(QStringLiteral("<") + Shown(text) + QStringLiteral(">  not found."));
 }
 
-void ReplaceText(const QString& find, const QString& replace)
+void ReplaceText(const cDocument& document, const QString& find, const QString& replace)
 {
-    const cDocument* document = NeedDocument();
-    if (document == nullptr)
-        return;
     const Search search = SearchOf(find);
     const QByteArray replacement = replace.toUtf8();
-    if (HasSelection(document->sci))
-        ReplaceSelection(document->sci, replacement);
+    if (HasSelection(document.sci))
+        ReplaceSelection(document.sci, replacement);
     for (;;) {
         // Asked for anew, as a question stood between.
-        const Sci sci = document->sci;
+        const Sci sci = document.sci;
         const Position caret = Caret(sci);
         const auto match = SearchFrom(sci, search, caret > 0 ? Next(sci, caret) : 0);
-        FoundPos = PositionOf(match);
+        Finding().FoundPos = PositionOf(match);
         if (!match) {
             SelectFirstCharacter(sci);
             MsgBox(QStringLiteral("Text not found."));
@@ -393,48 +390,43 @@ void ReplaceText(const QString& find, const QString& replace)
         if (answer == BoxAnswer::Cancel)
             return;
         if (answer == BoxAnswer::Yes)
-            ReplaceSelection(document->sci, replacement);
-        const Position behind = Next(document->sci, match->start);
-        Select(document->sci, behind, behind);
+            ReplaceSelection(document.sci, replacement);
+        const Position behind = Next(document.sci, match->start);
+        Select(document.sci, behind, behind);
     }
 }
 
-void ReplaceAllText(const QString& find, const QString& replace, const MakeReplaceWatch& makeWatch)
+void ReplaceAllText(const cDocument& document, const QString& find, const QString& replace,
+                    const MakeReplaceWatch& makeWatch)
 {
-    const cDocument* document = NeedDocument();
-    if (document == nullptr)
-        return;
     try {
-        ReplaceAllIn(*document, find, replace, makeWatch);
+        ReplaceAllIn(document, find, replace, makeWatch);
     } catch (const std::exception&) {
         MsgBox(QStringLiteral("Error Replacing Text!"));
     }
 }
 
-void GoBeforeSelection()
+void GoBeforeSelection(const cDocument& document)
 {
-    const cDocument* document = ActiveDocument();
-    if (document == nullptr)
-        return;
-    const Position start = SendSci(document->sci, SCI_GETSELECTIONSTART);
-    const QByteArrayView before(SciText(document->sci).substr(0, static_cast<std::size_t>(start)));
+    const Position start = SendSci(document.sci, SCI_GETSELECTIONSTART);
+    const QByteArrayView before(SciText(document.sci).substr(0, static_cast<std::size_t>(start)));
     constexpr Position enough = 3;
-    if (HasSelection(document->sci) && CharacterCount(before.first(std::min(start, enough * MostBytesOfCharacter))) > 2)
-        SendSci(document->sci, SCI_GOTOPOS, Unsigned(CharacterStart(document->sci, start - 1)));
+    if (HasSelection(document.sci) && CharacterCount(before.first(std::min(start, enough * MostBytesOfCharacter))) > 2)
+        SendSci(document.sci, SCI_GOTOPOS, Unsigned(CharacterStart(document.sci, start - 1)));
 }
 
-QString TakeFindText()
+QString TakeFindText(const cDocument* document)
 {
-    const cDocument* document = ActiveDocument();
+    QString& last = Finding().LastFind;
     if (document == nullptr || !HasSelection(document->sci))
-        return LastFind;
+        return last;
     QByteArray selected(SendSci(document->sci, SCI_GETSELTEXT), '\0');
     SendSci(document->sci, SCI_GETSELTEXT, 0, selected.data());
     // The control counts and writes an end of its own.
     selected.chop(1);
     if (!selected.isEmpty())
-        LastFind = QString::fromUtf8(selected);
-    return LastFind;
+        last = QString::fromUtf8(selected);
+    return last;
 }
 
 Fields CheckFindField(const QString& find)
@@ -477,8 +469,9 @@ QPoint PlaceBeside(const QRect& frame, const QRect& place, const QRect& screen)
 
 void mnuEditFindAgain_Click()
 {
-    if (NeedDocument() != nullptr && !LastFind.isEmpty())
-        FindAgain(LastFind);
+    const cDocument* document = NeedDocument();
+    if (document != nullptr && !Finding().LastFind.isEmpty())
+        FindAgain(*document, Finding().LastFind);
 }
 
 } // namespace ob

@@ -16,6 +16,8 @@
 
 namespace ob {
 
+class cDocument;
+
 // The bits of FindFlags, by the control's numbers.
 enum FindFlag : int { FindWholeWord = 2, FindMatchCase = 4 };
 
@@ -65,27 +67,37 @@ struct ReplaceResult {
 // cannot hold more.
 ReplaceResult ReplaceUnasked(Sci sci, const Search& search, const QByteArray& replacement, cReplaceWatch* watch);
 
-// The four routines work on the active document, with LastFind, FindFlags and FindFromStart; FoundPos is their
-// result. They tell the user when there is no code window and when nothing is found. Texts must not be empty.
+// The last search, for the whole bench: its text, its flags and place, and where it found something (-1: nowhere).
+struct FindState {
+    QString LastFind;
+    int FindFlags = 0;
+    std::intptr_t FoundPos = -1;
+    bool FindFromStart = false; // from the start of the text, not from the caret
+};
+FindState& Finding();
 
-// The next match is selected, the caret behind it. LastFind is the text. After a failure the caret stands one
-// character less than the text is long behind the start.
-void FindText(const QString& text);
+// The four routines search with the state's flags and place, and leave their result there. They show a message when
+// nothing is found. Texts must not be empty.
 
-// The next match behind the caret is selected, the caret before it; after a failure the first character.
-void FindAgain(const QString& text);
+// The next match is selected, the caret after it; the text becomes the last one. After a failure the caret is at the
+// character whose number is one less than the text's length.
+void FindText(const cDocument& document, const QString& text);
 
-// Replaces the selection, and then asks at every match behind it.
-void ReplaceText(const QString& find, const QString& replace);
+// The next match after the caret is selected, the caret before it; after a failure the first character.
+void FindAgain(const cDocument& document, const QString& text);
 
-// Asks whether to ask at every match, replaces, and tells how many. One step that can be undone.
-void ReplaceAllText(const QString& find, const QString& replace, const MakeReplaceWatch& makeWatch = {});
+// Replaces the selection, and then asks at every match after it.
+void ReplaceText(const cDocument& document, const QString& find, const QString& replace);
+
+// Asks whether to ask at every match, replaces, and shows how many. One step that can be undone.
+void ReplaceAllText(const cDocument& document, const QString& find, const QString& replace,
+                    const MakeReplaceWatch& makeWatch = {});
 
 // So that "replace all" begins with the selected text: the caret goes before it, unless it starts in the first bytes.
-void GoBeforeSelection();
+void GoBeforeSelection(const cDocument& document);
 
-// The selection of the active document, or else the last text; it becomes the last text.
-QString TakeFindText();
+// The document's selection, or else the last text; it becomes the last text. The document may be null.
+QString TakeFindText(const cDocument* document);
 
 enum class Fields { Filled, Empty };
 

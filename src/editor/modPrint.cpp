@@ -188,7 +188,7 @@ void PrintActiveDocument(cPrinting& printing, cPrintWatch& watch)
     if (answer == BoxAnswer::Yes)
         PrintInColor(*document, range, *job, watch);
     else
-        PrintPlain(*document, range, TabSize, *job, watch);
+        PrintPlain(*document, range, Editor.TabSize, *job, watch);
 }
 
 } // namespace ob

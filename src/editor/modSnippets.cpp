@@ -5,6 +5,7 @@
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
 #include "editor/document/modUserTexts.h"
+#include "editor/files/modDocumentFile.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
@@ -170,12 +171,7 @@ void mnuToolSnippet_Click()
         MsgBox(QStringLiteral("Snippets.bas not found!"), BoxIcon::Critical);
         return;
     }
-    cDocument* document = NewDocument();
-    if (document == nullptr)
-        return;
-    LoadDocumentFile(path);
-    document->SetCaption(QDir::toNativeSeparators(path));
-    document->Tag = TagOpen;
+    OpenInNewWindow(QDir::toNativeSeparators(path), static_cast<OpenChoices>(OpenChoice::Tag));
 }
 
 } // namespace ob

@@ -54,8 +54,8 @@ void OpenGeneratedCode(ProgramKind kind)
     MainForm->SettleGui(cMainForm::GuiSteps::Keep);
     if (program.bitmapMissing)
         MsgBox(BitmapMissingText);
-    if (NewDocument() != nullptr)
-        SendTextToDocument(program.text, UntitledName);
+    if (cDocument* document = NewDocument())
+        SendTextToDocument(*document, program.text, UntitledName);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 // Reading and writing for the command line.
 #include "obtool/toolOutput.h"
 
-#include "editor/document/modDocument.h"
+#include "editor/files/modDocumentFile.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/modAnsi.h"
 

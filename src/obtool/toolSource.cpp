@@ -2,9 +2,9 @@
 // obtool source: what the code window knows of a program's text.
 #include "obtool/toolGroups.h"
 
-#include "editor/document/modDocument.h"
 #include "editor/document/modSyntaxTable.h"
 #include "editor/document/modUserTexts.h"
+#include "editor/files/modDocumentFile.h"
 #include "editor/modEditText.h"
 #include "editor/modLabels.h"
 #include "engine/run/modIncludes.h"

@@ -5,6 +5,7 @@
 
 #include "codetools/frmTip.h"
 #include "codetools/modTips.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
 #include "shell/state/modSettings.h"
@@ -52,7 +53,7 @@ class win_frmTip : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { ResetState(); }
+    void init() { ResetBench(); }
     void cleanup() { SetRandomSource({}); }
 
     void captionsAreAsTold()

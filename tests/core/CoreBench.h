@@ -5,6 +5,7 @@
 #include "core/FakeMainForm.h"
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 #include "shell/state/modSettings.h"
 #include "support/ScriptedDialogs.h"
@@ -26,13 +27,13 @@ public:
         SetProgramFolder(top.filePath(QStringLiteral("program")));
         SetSettingsFile(StorePath());
         QDir::setCurrent(top.filePath(QStringLiteral("work")));
-        ResetState();
+        ResetBench();
         MainForm = &form;
     }
 
     ~CoreBench()
     {
-        ResetState();
+        ResetBench();
         SetSettingsFile(folder.filePath(QStringLiteral("last.ini")));
         SetProgramFolder({});
         QDir::setCurrent(folderBefore);

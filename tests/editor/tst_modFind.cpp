@@ -192,7 +192,7 @@ private Q_SLOTS:
         bench.dialogs.ExpectMessage(QStringLiteral("Confirm each replacement?"), BoxAnswer::No, BoxIcon::Question,
                                     BoxButtons::YesNo, QStringLiteral("Confirm?"));
         bench.dialogs.ExpectMessage(QStringLiteral("Error Replacing Text!"), BoxAnswer::Ok, BoxIcon::None);
-        ReplaceAllText(QStringLiteral("foo"), QStringLiteral("bar"));
+        ReplaceAllText(document, QStringLiteral("foo"), QStringLiteral("bar"));
         QCOMPARE(full.messages.count(SCI_BEGINUNDOACTION), 1);
         QCOMPARE(full.messages.count(SCI_ENDUNDOACTION), 1);
         QCOMPARE(full.messages.count(SCI_REPLACETARGET), 1);

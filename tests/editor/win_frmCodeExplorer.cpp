@@ -7,6 +7,7 @@
 #include "editor/frmCodeExplorer.h"
 
 #include "platform/files/modFolders.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 
 #include <QComboBox>
@@ -123,7 +124,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init() { ResetState(); }
+    void init() { ResetBench(); }
 
     void captionsAreAsTold()
     {

@@ -4,6 +4,7 @@
 
 #include "editor/document/modSyntaxTable.h"
 #include "editor/frmCodePreview.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 #include "shell/state/modOptions.h"
 
@@ -73,21 +74,21 @@ class win_frmCodePreview : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { ResetState(); }
+    void init() { ResetBench(); }
 
     void eachPieceHasTheColorOfItsKind()
     {
         PreviewBench b;
         b.preview.ShowCode(Sample);
         QCOMPARE(b.preview.toPlainText(), WithLineFeeds(Sample));
-        QCOMPARE(InkAt(b.preview, 0, 0), ColorOf(BranchColor));
-        QCOMPARE(InkAt(b.preview, 0, 8), ColorOf(CommentColor));
-        QCOMPARE(FormatAt(b.preview, 0, 8).background().color(), ColorOf(CommentBackColor));
+        QCOMPARE(InkAt(b.preview, 0, 0), ColorOf(Editor.BranchColor));
+        QCOMPARE(InkAt(b.preview, 0, 8), ColorOf(Editor.CommentColor));
+        QCOMPARE(FormatAt(b.preview, 0, 8).background().color(), ColorOf(Editor.CommentBackColor));
         QVERIFY(FormatAt(b.preview, 0, 8).fontItalic());
-        QCOMPARE(InkAt(b.preview, 1, 0), ColorOf(KeywordColor));
-        QCOMPARE(InkAt(b.preview, 1, 6), ColorOf(HandleColor));
-        QCOMPARE(InkAt(b.preview, 1, 13), ColorOf(QuoteColor));
-        QCOMPARE(InkAt(b.preview, 1, 22), ColorOf(NumberColor));
+        QCOMPARE(InkAt(b.preview, 1, 0), ColorOf(Editor.KeywordColor));
+        QCOMPARE(InkAt(b.preview, 1, 6), ColorOf(Editor.HandleColor));
+        QCOMPARE(InkAt(b.preview, 1, 13), ColorOf(Editor.QuoteColor));
+        QCOMPARE(InkAt(b.preview, 1, 22), ColorOf(Editor.NumberColor));
         QCOMPARE(FormatAt(b.preview, 2, 0).foreground().style(), Qt::NoBrush);
     }
 
@@ -96,19 +97,19 @@ private Q_SLOTS:
         PreviewBench b;
         b.preview.ShowCode(QString::fromUtf8("\"Grüße 😀\" print"));
         const int word = static_cast<int>(b.preview.toPlainText().indexOf(QLatin1String("print")));
-        QCOMPARE(InkAt(b.preview, 0, word - 2), ColorOf(QuoteColor));
-        QCOMPARE(InkAt(b.preview, 0, word), ColorOf(KeywordColor));
-        QCOMPARE(InkAt(b.preview, 0, word + 4), ColorOf(KeywordColor));
+        QCOMPARE(InkAt(b.preview, 0, word - 2), ColorOf(Editor.QuoteColor));
+        QCOMPARE(InkAt(b.preview, 0, word), ColorOf(Editor.KeywordColor));
+        QCOMPARE(InkAt(b.preview, 0, word + 4), ColorOf(Editor.KeywordColor));
     }
 
     void theSettingsOfNowCount()
     {
         PreviewBench b;
         b.preview.ShowCode(Sample);
-        KeywordColor = Rgb(1, 2, 3);
+        Editor.KeywordColor = Rgb(1, 2, 3);
         b.preview.ShowCode(Sample);
         QCOMPARE(InkAt(b.preview, 1, 0), QColor(1, 2, 3));
-        SyntaxColor = 0;
+        Editor.SyntaxColor = 0;
         b.preview.ShowCode(Sample);
         QCOMPARE(FormatAt(b.preview, 1, 0).foreground().style(), Qt::NoBrush);
         QCOMPARE(FormatAt(b.preview, 0, 8).background().style(), Qt::NoBrush);
@@ -119,7 +120,7 @@ private Q_SLOTS:
         PreviewBench b;
         LexerKeywords.prepend("nothing ");
         b.preview.ShowCode(Sample);
-        QCOMPARE(InkAt(b.preview, 2, 0), ColorOf(KeywordColor));
+        QCOMPARE(InkAt(b.preview, 2, 0), ColorOf(Editor.KeywordColor));
     }
 
     void onADarkGroundAllColorsCanBeRead()
@@ -133,7 +134,7 @@ private Q_SLOTS:
             QVERIFY2(Luminance(InkAt(b.preview, line, column)) > 0.15,
                      qPrintable(QStringLiteral("line %1 column %2").arg(line).arg(column)));
         // A colour that was chosen for a dark window stays.
-        KeywordColor = Rgb(255, 255, 128);
+        Editor.KeywordColor = Rgb(255, 255, 128);
         b.preview.ShowCode(Sample);
         QCOMPARE(InkAt(b.preview, 1, 0), QColor(255, 255, 128));
     }
@@ -141,7 +142,7 @@ private Q_SLOTS:
     void onALightGroundPaleColorsCanBeRead()
     {
         PreviewBench b;
-        KeywordColor = Rgb(255, 255, 128);
+        Editor.KeywordColor = Rgb(255, 255, 128);
         b.preview.ShowCode(Sample);
         QVERIFY(InkAt(b.preview, 1, 0).lightness() < 128);
     }

@@ -114,9 +114,9 @@ private:
     cDocument* Open(const QByteArray& text)
     {
         bench = std::make_unique<TestBench>();
-        FindFlags = 0;
-        FindFromStart = false;
-        LastFind.clear();
+        Finding().FindFlags = 0;
+        Finding().FindFromStart = false;
+        Finding().LastFind.clear();
         bench->Start();
         QuitQuery = false;
         bench->Choose(QStringLiteral("mnuFileNew"));
@@ -142,7 +142,7 @@ private:
         OpenDialog();
         Text1()->setText(QStringLiteral("o"));
         Text2()->setText(QStringLiteral("(o)"));
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         ExpectConfirm(BoxAnswer::No);
         QTimer::singleShot(0, bench.get(), meanwhile);
         Press("cmdReplaceAll");
@@ -225,8 +225,8 @@ private Q_SLOTS:
         Press("CancelButton");
         QVERIFY(Dialog() == nullptr);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        FindFlags = FindMatchCase | FindWholeWord;
-        FindFromStart = true;
+        Finding().FindFlags = FindMatchCase | FindWholeWord;
+        Finding().FindFromStart = true;
         OpenDialog();
         QVERIFY(Get<QCheckBox>("Check1")->isChecked());
         QVERIFY(Get<QCheckBox>("Check2")->isChecked());
@@ -241,13 +241,13 @@ private Q_SLOTS:
         QCOMPARE(Text1()->text(), QStringLiteral("two"));
         QCOMPARE(Text1()->selectedText(), QStringLiteral("two"));
         QVERIFY(Text1()->hasFocus());
-        QCOMPARE(LastFind, QStringLiteral("two"));
+        QCOMPARE(Finding().LastFind, QStringLiteral("two"));
     }
 
     void withoutASelectionTheLastTextIsThere()
     {
         Open("one two");
-        LastFind = QStringLiteral("before");
+        Finding().LastFind = QStringLiteral("before");
         OpenDialog();
         QCOMPARE(Text1()->text(), QStringLiteral("before"));
         QVERIFY(Text1()->hasFocus());
@@ -290,8 +290,8 @@ private Q_SLOTS:
         PressKey(Qt::Key_H);
         PressKey(Qt::Key_T);
         PressKey(Qt::Key_F);
-        QCOMPARE(FindFlags, FindMatchCase | FindWholeWord);
-        QVERIFY(FindFromStart);
+        QCOMPARE(Finding().FindFlags, FindMatchCase | FindWholeWord);
+        QVERIFY(Finding().FindFromStart);
         QCOMPARE(SelectionStart(document), 13);
     }
 
@@ -305,8 +305,8 @@ private Q_SLOTS:
         Text2()->setText(QStringLiteral("x"));
         bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
         Press("cmdReplace");
-        QVERIFY(!FindFromStart);
-        QCOMPARE(FindFlags, int(FindWholeWord));
+        QVERIFY(!Finding().FindFromStart);
+        QCOMPARE(Finding().FindFlags, int(FindWholeWord));
     }
 
     void emptyFieldsAreToldAndTheDialogStays()
@@ -360,7 +360,7 @@ private Q_SLOTS:
         const cDocument* document = Open(QByteArray("abc\r\n").repeated(100'000));
         SendSci(document->sci, SCI_SELECTALL);
         OpenDialog();
-        QCOMPARE(LastFind.size(), 500'000);
+        QCOMPARE(Finding().LastFind.size(), 500'000);
         bench->dialogs.ExpectMessage(
             QStringLiteral("<%1...>  not found.").arg(QStringLiteral("abc\r\n").repeated(12).chopped(1)), BoxAnswer::Ok,
             BoxIcon::None);

@@ -372,7 +372,7 @@ private Q_SLOTS:
     void tabTypesBlanksUpToTheNextColumn()
     {
         Open();
-        TabSize = 4;
+        Editor.TabSize = 4;
         Text()->setFocus();
         QTest::keyClicks(Text(), QStringLiteral("a"));
         QTest::keyClick(Text(), Qt::Key_Tab);

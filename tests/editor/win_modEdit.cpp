@@ -138,7 +138,7 @@ void win_modEdit::returnIndentsAsTheTextFunctionSays()
     QFETCH(QByteArray, line);
     for (const int tabSize : {1, 3, 4, 8}) {
         EditBench b("a");
-        TabSize = tabSize;
+        Editor.TabSize = tabSize;
         SendSci(b.sci(), SCI_SETTABWIDTH, static_cast<std::uintptr_t>(tabSize));
         SendSci(b.sci(), SCI_CLEARALL);
         const QByteArray text = "x\r\n" + line + "\r\ny";
@@ -171,7 +171,7 @@ void win_modEdit::returnAtTheStartOfTheSecondLineWorks()
 void win_modEdit::returnDoesNotIndentWithTheSettingOff()
 {
     const EditBench b("  if x then");
-    AutoIndent = false;
+    Editor.AutoIndent = false;
     b.GoTo(11);
     b.Key(Qt::Key_Return);
     QCOMPARE(b.Marked(), QByteArray("  if x then\r\n|"));

@@ -4,6 +4,7 @@
 #include "support/TestBench.h"
 
 #include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
 #include "editor/modFind.h"
 #include "shell/state/Module1.h"
 
@@ -63,10 +64,10 @@ private:
     {
         bench.reset();
         bench = std::make_unique<TestBench>();
-        FindFlags = 0;
-        FindFromStart = false;
-        LastFind.clear();
-        FoundPos = -1;
+        Finding().FindFlags = 0;
+        Finding().FindFromStart = false;
+        Finding().LastFind.clear();
+        Finding().FoundPos = -1;
         bench->Start();
         QuitQuery = false;
         bench->Choose(QStringLiteral("mnuFileNew"));
@@ -112,15 +113,25 @@ private:
                                      BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
     }
 
-    static void Find(const char* text) { FindText(QString::fromUtf8(text)); }
-    static void Again(const char* text) { FindAgain(QString::fromUtf8(text)); }
+    static void Find(const char* text)
+    {
+        if (const cDocument* document = NeedDocument())
+            FindText(*document, QString::fromUtf8(text));
+    }
+    static void Again(const char* text)
+    {
+        if (const cDocument* document = NeedDocument())
+            FindAgain(*document, QString::fromUtf8(text));
+    }
     static void Replace(const char* find, const char* replace)
     {
-        ReplaceText(QString::fromUtf8(find), QString::fromUtf8(replace));
+        if (const cDocument* document = NeedDocument())
+            ReplaceText(*document, QString::fromUtf8(find), QString::fromUtf8(replace));
     }
     static void All(const char* find, const char* replace, const MakeReplaceWatch& makeWatch = {})
     {
-        ReplaceAllText(QString::fromUtf8(find), QString::fromUtf8(replace), makeWatch);
+        if (const cDocument* document = NeedDocument())
+            ReplaceAllText(*document, QString::fromUtf8(find), QString::fromUtf8(replace), makeWatch);
     }
 
     std::unique_ptr<TestBench> bench;
@@ -133,11 +144,11 @@ private Q_SLOTS:
         const cDocument* document = Open("one two\r\none two\r\n");
         Find("TWO");
         QCOMPARE(State(document), QByteArray("one [two|]\r\none two\r\n"));
-        QCOMPARE(FoundPos, 4);
-        QCOMPARE(LastFind, QStringLiteral("TWO"));
+        QCOMPARE(Finding().FoundPos, 4);
+        QCOMPARE(Finding().LastFind, QStringLiteral("TWO"));
         Find("two");
         QCOMPARE(State(document), QByteArray("one two\r\none [two|]\r\n"));
-        QCOMPARE(FoundPos, 13);
+        QCOMPARE(Finding().FoundPos, 13);
     }
 
     void findFromTheCaretPassesTheCharacterAtIt()
@@ -150,7 +161,7 @@ private Q_SLOTS:
     void findFromTheStartStaysOnTheFirstMatch()
     {
         const cDocument* document = Open("foo foo");
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         for (int turn = 0; turn < 2; ++turn) {
             Find("foo");
             QCOMPARE(State(document), QByteArray("[foo|] foo"));
@@ -166,8 +177,8 @@ private Q_SLOTS:
         ExpectNoMore("four");
         Find("four");
         QCOMPARE(State(document), QByteArray("one| two three"));
-        QCOMPARE(FoundPos, -1);
-        QCOMPARE(LastFind, QStringLiteral("four"));
+        QCOMPARE(Finding().FoundPos, -1);
+        QCOMPARE(Finding().LastFind, QStringLiteral("four"));
     }
 
     void failedFindLeavesNoCaretInsideACharacter()
@@ -213,15 +224,15 @@ private Q_SLOTS:
     void caseAndWholeWordCountWhenAsked()
     {
         const cDocument* document = Open("# Total total$ totals total\r\n");
-        FindFlags = FindMatchCase;
+        Finding().FindFlags = FindMatchCase;
         Find("total");
-        QCOMPARE(FoundPos, 8);
+        QCOMPARE(Finding().FoundPos, 8);
         Select(document, 0, 0);
-        FindFlags = FindWholeWord;
+        Finding().FindFlags = FindWholeWord;
         Find("total");
-        QCOMPARE(FoundPos, 2);
+        QCOMPARE(Finding().FoundPos, 2);
         Find("total");
-        QCOMPARE(FoundPos, 22);
+        QCOMPARE(Finding().FoundPos, 22);
     }
 
     void lettersOfEveryScriptMatchTheirCapitals_data()
@@ -266,7 +277,7 @@ private Q_SLOTS:
         QFETCH(int, flags);
         QFETCH(QByteArray, found);
         const cDocument* document = Open(text);
-        FindFlags = flags;
+        Finding().FindFlags = flags;
         Find(find.constData());
         QCOMPARE(State(document), found);
     }
@@ -284,16 +295,16 @@ private Q_SLOTS:
     void findAgainLeavesTheCaretBeforeTheMatchAndMovesOn()
     {
         const cDocument* document = Open("foofoo foo");
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         Again("foo");
         QCOMPARE(State(document), QByteArray("foo[|foo] foo"));
         Again("foo");
         QCOMPARE(State(document), QByteArray("foofoo [|foo]"));
-        QCOMPARE(FoundPos, 7);
+        QCOMPARE(Finding().FoundPos, 7);
         ExpectNotFoundAgain("foo");
         Again("foo");
         QCOMPARE(State(document), QByteArray("[f|]oofoo foo"));
-        QCOMPARE(FoundPos, -1);
+        QCOMPARE(Finding().FoundPos, -1);
     }
 
     void missedFindAgainSelectsAWholeFirstCharacter()
@@ -336,7 +347,7 @@ private Q_SLOTS:
         bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
         Replace("foo", "x");
         QCOMPARE(State(document), QByteArray("[x|] bar x"));
-        QCOMPARE(FoundPos, -1);
+        QCOMPARE(Finding().FoundPos, -1);
     }
 
     void everyReplacementIsAnUndoStepOfItsOwn()
@@ -358,8 +369,8 @@ private Q_SLOTS:
         ExpectCount(3);
         All("foo", "quux");
         QCOMPARE(State(document), QByteArray("|quux bar quux\r\nquux"));
-        QCOMPARE(FoundPos, -1);
-        QCOMPARE(LastFind, QStringLiteral("foo"));
+        QCOMPARE(Finding().FoundPos, -1);
+        QCOMPARE(Finding().LastFind, QStringLiteral("foo"));
     }
 
     void replaceAllIsOneUndoStep()
@@ -413,7 +424,7 @@ private Q_SLOTS:
     {
         const cDocument* document = Open("aaaa xaya\r\na");
         Select(document, 6, 6);
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         ExpectConfirm(BoxAnswer::No);
         ExpectNoMore("a");
         ExpectCount(7);
@@ -424,7 +435,7 @@ private Q_SLOTS:
     void replaceAllFromTheStartFindsWhatAReplacementMakes()
     {
         const cDocument* document = Open("x aaaaabccccc abc");
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         ExpectConfirm(BoxAnswer::No);
         ExpectNoMore("abc");
         ExpectCount(6);
@@ -435,7 +446,7 @@ private Q_SLOTS:
     void replaceAllTakesTheBlankForText()
     {
         const cDocument* document = Open("a b");
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         ExpectConfirm(BoxAnswer::No);
         ExpectNoMore(" ");
         ExpectCount(2);
@@ -467,13 +478,13 @@ private Q_SLOTS:
         ExpectThis(BoxAnswer::Cancel);
         All("foo", "x");
         QCOMPARE(State(document), QByteArray("|x foo foo"));
-        QCOMPARE(FoundPos, 3);
+        QCOMPARE(Finding().FoundPos, 3);
     }
 
     void askedReplaceAllFromTheStartMeetsARefusedMatchAgain()
     {
         const cDocument* document = Open("foo foo");
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         ExpectConfirm(BoxAnswer::Yes);
         for (int turn = 0; turn < 3; ++turn)
             ExpectThis(BoxAnswer::No);
@@ -486,7 +497,7 @@ private Q_SLOTS:
     void askedReplaceAllWhoseReplacementHoldsTheTextIsLeftByCancel()
     {
         const cDocument* document = Open("foo");
-        FindFromStart = true;
+        Finding().FindFromStart = true;
         ExpectConfirm(BoxAnswer::Yes);
         ExpectThis(BoxAnswer::Yes);
         ExpectThis(BoxAnswer::Yes);
@@ -508,7 +519,7 @@ private Q_SLOTS:
         QFETCH(bool, fromStart);
         QFETCH(QByteArray, after);
         const cDocument* document = Open("o");
-        FindFromStart = fromStart;
+        Finding().FindFromStart = fromStart;
         ExpectConfirm(BoxAnswer::No);
         if (!fromStart) {
             ExpectNoMore("o");
@@ -537,25 +548,25 @@ private Q_SLOTS:
         const cDocument* document = Open("ab \xc3\xa4"
                                          "foo foo");
         Select(document, 5, 8);
-        GoBeforeSelection();
+        GoBeforeSelection(*document);
         QCOMPARE(State(document), QByteArray("ab |\xc3\xa4"
                                              "foo foo"));
         Select(document, 2, 5);
-        GoBeforeSelection();
+        GoBeforeSelection(*document);
         QCOMPARE(State(document), QByteArray("ab[ \xc3\xa4|]foo foo"));
         Select(document, 5, 5);
-        GoBeforeSelection();
+        GoBeforeSelection(*document);
         QCOMPARE(State(document), QByteArray("ab \xc3\xa4|foo foo"));
     }
 
     void selectionIsTheNextTextToFind()
     {
         const cDocument* document = Open("one \xc3\xa4\r\ntwo");
-        LastFind = QStringLiteral("before");
-        QCOMPARE(TakeFindText(), QStringLiteral("before"));
+        Finding().LastFind = QStringLiteral("before");
+        QCOMPARE(TakeFindText(ActiveDocument()), QStringLiteral("before"));
         Select(document, 4, 8);
-        QCOMPARE(TakeFindText(), QString::fromUtf8("\xc3\xa4\r\n"));
-        QCOMPARE(LastFind, QString::fromUtf8("\xc3\xa4\r\n"));
+        QCOMPARE(TakeFindText(ActiveDocument()), QString::fromUtf8("\xc3\xa4\r\n"));
+        QCOMPARE(Finding().LastFind, QString::fromUtf8("\xc3\xa4\r\n"));
     }
 
     void textWithALineEndIsFound()
@@ -569,7 +580,7 @@ private Q_SLOTS:
     {
         bench = std::make_unique<TestBench>();
         bench->Start();
-        LastFind = QStringLiteral("foo");
+        Finding().LastFind = QStringLiteral("foo");
         for (int turn = 0; turn < 5; ++turn)
             bench->dialogs.ExpectMessage(NoCodeWindowText);
         Find("foo");
@@ -577,7 +588,7 @@ private Q_SLOTS:
         Replace("foo", "x");
         All("foo", "x");
         mnuEditFindAgain_Click();
-        QCOMPARE(TakeFindText(), QStringLiteral("foo"));
+        QCOMPARE(TakeFindText(ActiveDocument()), QStringLiteral("foo"));
     }
 
     void findAgainDoesNothingBeforeAFirstSearch()
@@ -585,7 +596,7 @@ private Q_SLOTS:
         const cDocument* document = Open("foo foo");
         mnuEditFindAgain_Click();
         QCOMPARE(State(document), QByteArray("|foo foo"));
-        LastFind = QStringLiteral("foo");
+        Finding().LastFind = QStringLiteral("foo");
         mnuEditFindAgain_Click();
         QCOMPARE(State(document), QByteArray("foo [|foo]"));
     }

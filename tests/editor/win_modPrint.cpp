@@ -238,9 +238,9 @@ void win_modPrint::colorsAreOnThePage()
     print.Print(BoxAnswer::Yes);
     const QImage page = FirstPage(print.Pdf());
     QVERIFY(!page.isNull());
-    QVERIFY(CountColor(page, ToColor(KeywordColor)) > 100);
-    QVERIFY(CountColor(page, ToColor(QuoteColor)) > 100);
-    QVERIFY(CountColor(page, ToColor(CommentColor)) > 100);
+    QVERIFY(CountColor(page, ToColor(Editor.KeywordColor)) > 100);
+    QVERIFY(CountColor(page, ToColor(Editor.QuoteColor)) > 100);
+    QVERIFY(CountColor(page, ToColor(Editor.CommentColor)) > 100);
     // White paper with letters on it.
     QVERIFY(CountColor(page, Qt::white) > page.width() * page.height() * 3 / 4);
 }
@@ -258,18 +258,18 @@ void win_modPrint::plainTextIsBlack()
 void win_modPrint::darkWindowPrintsReadably()
 {
     PrintBench print("game = title\r\n" + QByteArray("game = title\r\n").repeated(20));
-    EditForeColor = Rgb(230, 230, 230);
-    EditBackColor = Rgb(20, 20, 20);
-    NumberColor = Rgb(255, 255, 128);
-    SetSciColors(print.Text());
+    Editor.EditForeColor = Rgb(230, 230, 230);
+    Editor.EditBackColor = Rgb(20, 20, 20);
+    Editor.NumberColor = Rgb(255, 255, 128);
+    SetSciColors(print.Text(), Editor);
     print.Print(BoxAnswer::Yes);
     const QImage page = FirstPage(print.Pdf());
     QVERIFY(!page.isNull());
     QVERIFY(CountColor(page, QColor(25, 25, 25)) > 500);
     QVERIFY(CountColor(page, Qt::white) > page.width() * page.height() * 3 / 4);
     // The window keeps its own.
-    QCOMPARE(SendSci(print.Text(), SCI_STYLEGETFORE, 7), static_cast<std::intptr_t>(EditForeColor));
-    QCOMPARE(SendSci(print.Text(), SCI_STYLEGETFORE, 6), static_cast<std::intptr_t>(NumberColor));
+    QCOMPARE(SendSci(print.Text(), SCI_STYLEGETFORE, 7), static_cast<std::intptr_t>(Editor.EditForeColor));
+    QCOMPARE(SendSci(print.Text(), SCI_STYLEGETFORE, 6), static_cast<std::intptr_t>(Editor.NumberColor));
 }
 
 void win_modPrint::screenIsAsBefore()
@@ -359,7 +359,7 @@ void win_modPrint::printerGetsTheSamePages()
     QVERIFY(PagesOf(print.Pdf()).first().size() < 80);
     const QImage page = FirstPage(print.Pdf());
     QCOMPARE(page.allGray(), way == BoxAnswer::No);
-    QVERIFY(CountColor(page, way == BoxAnswer::No ? QColor(Qt::black) : ToColor(KeywordColor)) > 100);
+    QVERIFY(CountColor(page, way == BoxAnswer::No ? QColor(Qt::black) : ToColor(Editor.KeywordColor)) > 100);
 }
 
 void win_modPrint::toolbarButtonPrints()

@@ -40,7 +40,7 @@ TestBench::~TestBench()
         QTest::qFail(qPrintable(QStringLiteral("never shown: ") + step.objectName), __FILE__, __LINE__);
     qApp->removeEventFilter(this);
     frame.reset();
-    ResetState();
+    ResetBench();
     SetSettingsFile({});
     SetProgramFolder({});
     SetLibraryFolder({});

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Code windows as slots: birth, text in, text out.
+// Code windows as slots.
 #include "editor/document/modDocument.h"
 
 #include "editor/document/cDocument.h"
 #include "platform/dialogs/modDialogs.h"
-#include "platform/files/modFiles.h"
-#include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
-#include "shell/state/modRecent.h"
 
 namespace ob {
 
@@ -51,102 +48,21 @@ cDocument* NewDocument()
     return document.sci == nullptr ? nullptr : &document;
 }
 
-QByteArray LoadedBytes(QByteArray bytes)
+static void PutText(cDocument& document, const QByteArray& utf8, const QString& title)
 {
-    if (bytes.size() < 2)
-        throw RuntimeErrorOf(ErrorNumber::InvalidCall);
-    bytes.chop(2);
-    return bytes;
+    document.SetCaption(title);
+    SendSci(document.sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(utf8.size()), utf8.data());
+    SendSci(document.sci, SCI_GOTOPOS, 0);
 }
 
-void LoadDocumentFile(const QString& path)
+void SendToDocument(cDocument& document, const QByteArray& text, const QString& title)
 {
-    cDocument* document = ActiveDocument();
-    if (!FileExists(path)) {
-        MsgBox(MissingFileText, BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
-        return;
-    }
-    if (document == nullptr)
-        return;
-    const auto text = DecodeAnsi(LoadedBytes(ReadWhole(path)));
-    SendSci(document->sci, SCI_EMPTYUNDOBUFFER);
-    SendSci(document->sci, SCI_CLEARALL);
-    SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(text.size()), text.data());
-    SendSci(document->sci, SCI_GOTOPOS, 0);
-    MainForm->ShowDocument(*document);
-    SendSci(document->sci, SCI_SETSAVEPOINT);
-    if (document->window != nullptr)
-        document->window->FillLabelLists();
+    PutText(document, DecodeAnsi(text), title);
 }
 
-QString OpenedFileStatus(const QString& path)
+void SendTextToDocument(cDocument& document, const QString& text, const QString& title)
 {
-    return NameOf(path) + QStringLiteral("  Size: ") + QString::number(SizeOf(path)) +
-           QStringLiteral(" KB   Last Modified: ") + FileDateText(path);
-}
-
-void AfterFileOpen(const QString& path)
-{
-    cDocument* document = ActiveDocument();
-    if (document == nullptr)
-        return;
-    document->SetCaption(path);
-    AddRecentFile(path);
-    SetStatusText(OpenedFileStatus(path));
-    document->Tag = TagOpen;
-}
-
-SavedText SavedBytes(QByteArrayView text)
-{
-    auto encoded = EncodeAnsi(text);
-    SavedText saved;
-    saved.bytes = std::move(encoded.bytes);
-    saved.bytes.append(" \r\n");
-    if (encoded.lostCount > 0)
-        saved.lostLine = encoded.firstLostLine;
-    return saved;
-}
-
-SaveEnd SaveDocumentFile(const QString& path)
-{
-    cDocument* document = ActiveDocument();
-    return document == nullptr ? SaveEnd::Declined : SaveDocumentFile(*document, path);
-}
-
-SaveEnd SaveDocumentFile(cDocument& document, const QString& path)
-{
-    const SavedText saved = SavedBytes(QByteArrayView(SciText(document.sci)));
-    if (saved.lostLine != 0) {
-        const QString question = QStringLiteral("Line %1 holds a character that BASIC source files cannot store.\n"
-                                                "Save with a question mark in place of each such character?");
-        if (MsgBox(question.arg(saved.lostLine), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::No)
-            return SaveEnd::Declined;
-    }
-    ReplaceFile(path, saved.bytes);
-    // Only a save that succeeded leaves its two blanks in the text.
-    SendSci(document.sci, SCI_APPENDTEXT, 2, "  ");
-    SendSci(document.sci, SCI_SETSAVEPOINT);
-    return SaveEnd::Written;
-}
-
-static void PutText(const QByteArray& utf8, const QString& title)
-{
-    cDocument* document = ActiveDocument();
-    if (document == nullptr)
-        return;
-    document->SetCaption(title);
-    SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(utf8.size()), utf8.data());
-    SendSci(document->sci, SCI_GOTOPOS, 0);
-}
-
-void SendToDocument(const QByteArray& text, const QString& title)
-{
-    PutText(DecodeAnsi(text), title);
-}
-
-void SendTextToDocument(const QString& text, const QString& title)
-{
-    PutText(text.toUtf8(), title);
+    PutText(document, text.toUtf8(), title);
 }
 
 static void EnablePlaces(std::initializer_list<int> buttons, std::initializer_list<const char*> items, Switch enable)

@@ -6,7 +6,6 @@
 #include "editor/document/modSyntaxTable.h"
 #include "platform/language/modAnsi.h"
 #include "scilexer/modLexer.h"
-#include "shell/state/Module1.h"
 
 namespace ob {
 
@@ -28,20 +27,20 @@ void SetFore(Sci sci, std::uintptr_t style, ColorRef color)
     SendSci(sci, SCI_STYLESETFORE, style, static_cast<std::intptr_t>(color));
 }
 
-void SetSyntaxColors(Sci sci)
+void SetSyntaxColors(Sci sci, const EditorSettings& settings)
 {
-    SetFore(sci, StyleKeyword, KeywordColor);
-    SetFore(sci, StyleComment, CommentColor);
+    SetFore(sci, StyleKeyword, settings.KeywordColor);
+    SetFore(sci, StyleComment, settings.CommentColor);
     SendSci(sci, SCI_STYLESETITALIC, StyleComment, -1);
-    SendSci(sci, SCI_STYLESETBACK, StyleComment, static_cast<std::intptr_t>(CommentBackColor));
-    SetFore(sci, StyleString, QuoteColor);
-    SetFore(sci, StyleNumber, NumberColor);
-    SetFore(sci, StyleOperator, NumberColor);
-    SetFore(sci, StyleIdentifier, EditForeColor);
-    SetFore(sci, StyleHandle, HandleColor);
-    SetFore(sci, StyleLabel, BranchColor);
-    SetFore(sci, StyleBrace, KeywordColor);
-    SetFore(sci, StyleBadBrace, BranchColor);
+    SendSci(sci, SCI_STYLESETBACK, StyleComment, static_cast<std::intptr_t>(settings.CommentBackColor));
+    SetFore(sci, StyleString, settings.QuoteColor);
+    SetFore(sci, StyleNumber, settings.NumberColor);
+    SetFore(sci, StyleOperator, settings.NumberColor);
+    SetFore(sci, StyleIdentifier, settings.EditForeColor);
+    SetFore(sci, StyleHandle, settings.HandleColor);
+    SetFore(sci, StyleLabel, settings.BranchColor);
+    SetFore(sci, StyleBrace, settings.KeywordColor);
+    SetFore(sci, StyleBadBrace, settings.BranchColor);
 }
 
 } // namespace
@@ -52,36 +51,36 @@ void UpdateKeywords(Sci sci)
     SendSci(sci, SCI_SETKEYWORDS, 0, DecodeAnsi(LexerKeywords).constData());
 }
 
-void SetSciColors(Sci sci)
+void SetSciColors(Sci sci, const EditorSettings& settings)
 {
-    SetFore(sci, StyleBase, EditForeColor);
-    SendSci(sci, SCI_STYLESETBACK, StyleBase, static_cast<std::intptr_t>(EditBackColor));
+    SetFore(sci, StyleBase, settings.EditForeColor);
+    SendSci(sci, SCI_STYLESETBACK, StyleBase, static_cast<std::intptr_t>(settings.EditBackColor));
     // The first argument only has to be other than zero: the selection is drawn inverted.
-    SendSci(sci, SCI_SETSELBACK, StyleBase, static_cast<std::intptr_t>(EditForeColor));
-    SendSci(sci, SCI_SETSELFORE, StyleBase, static_cast<std::intptr_t>(EditBackColor));
-    SendSci(sci, SCI_STYLESETSIZE, StyleBase, FontHeight);
-    SendSci(sci, SCI_STYLESETFONT, StyleBase, FontName.toUtf8().constData());
-    SendSci(sci, SCI_STYLESETBOLD, StyleBase, FontBold ? 1 : 0);
+    SendSci(sci, SCI_SETSELBACK, StyleBase, static_cast<std::intptr_t>(settings.EditForeColor));
+    SendSci(sci, SCI_SETSELFORE, StyleBase, static_cast<std::intptr_t>(settings.EditBackColor));
+    SendSci(sci, SCI_STYLESETSIZE, StyleBase, settings.FontHeight);
+    SendSci(sci, SCI_STYLESETFONT, StyleBase, settings.FontName.toUtf8().constData());
+    SendSci(sci, SCI_STYLESETBOLD, StyleBase, settings.FontBold ? 1 : 0);
     SendSci(sci, SCI_STYLECLEARALL);
-    SendSci(sci, SCI_SETCARETLINEBACK, HighlightColor);
-    SendSci(sci, SCI_SETCARETLINEVISIBLE, HighlightOn ? 1 : 0);
-    SendSci(sci, SCI_SETINDENTATIONGUIDES, IndentGuidesOn ? 1 : 0);
+    SendSci(sci, SCI_SETCARETLINEBACK, settings.HighlightColor);
+    SendSci(sci, SCI_SETCARETLINEVISIBLE, settings.HighlightOn ? 1 : 0);
+    SendSci(sci, SCI_SETINDENTATIONGUIDES, settings.IndentGuidesOn ? 1 : 0);
     // Nothing to do otherwise: the styles have just been reset to the default.
-    if (SyntaxColor > 0)
-        SetSyntaxColors(sci);
-    if (TabSize > 0)
-        SendSci(sci, SCI_SETTABWIDTH, static_cast<std::uintptr_t>(TabSize));
-    const std::intptr_t width = LineNums ? SendSci(sci, SCI_TEXTWIDTH, StyleLineNumber, "_9999") : 0;
+    if (settings.SyntaxColor > 0)
+        SetSyntaxColors(sci, settings);
+    if (settings.TabSize > 0)
+        SendSci(sci, SCI_SETTABWIDTH, static_cast<std::uintptr_t>(settings.TabSize));
+    const std::intptr_t width = settings.LineNums ? SendSci(sci, SCI_TEXTWIDTH, StyleLineNumber, "_9999") : 0;
     SendSci(sci, SCI_SETMARGINWIDTHN, 0, width);
 }
 
-void SetUpSci(Sci sci)
+void SetUpSci(Sci sci, const EditorSettings& settings)
 {
     SendSci(sci, SCI_SETLEXER, LanguageLexer);
     SendSci(sci, SCI_SETSTYLEBITS, 7);
     UpdateKeywords(sci);
     SendSciTexts(sci, SCI_SETPROPERTY, "fold", "1");
-    SetSciColors(sci);
+    SetSciColors(sci, settings);
     SendSci(sci, SCI_SETUSETABS, 0);
     SendSci(sci, SCI_SETBACKSPACEUNINDENTS, static_cast<std::uintptr_t>(-1));
     SendSci(sci, SCI_SETMARGINWIDTHN, BookmarkMargin, 10);

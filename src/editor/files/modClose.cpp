@@ -4,6 +4,7 @@
 
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
+#include "editor/files/modDocumentFile.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"

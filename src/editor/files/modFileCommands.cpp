@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands that open and close code windows.
+// The commands that make, open, fill and close code windows.
 #include "editor/files/modFileCommands.h"
 
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
 #include "editor/document/modUserTexts.h"
+#include "editor/files/modDocumentFile.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
+#include "platform/language/cLines.h"
+#include "platform/language/modAnsi.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
 #include "shell/state/modRecent.h"
+
+#include <QDir>
 
 namespace ob {
 
@@ -20,8 +25,45 @@ void mnuFileNew_Click()
     if (document == nullptr)
         return;
     if (AddComments)
-        SendToDocument(ReadComments(ProgramFolder()), UntitledName);
+        SendToDocument(*document, ReadComments(ProgramFolder()), UntitledName);
     document->SetCaption(UntitledName);
+}
+
+void mnuFileOpenCode_Click()
+{
+    const QString path =
+        OpenFileDialog(QStringLiteral("BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"), QDir::currentPath());
+    if (path.isEmpty() || !FileExists(path))
+        return;
+    OpenInNewWindow(path, OpenChoice::LastFolder | OpenChoice::Recent | OpenChoice::Status);
+}
+
+// The file's lines, each followed by CR LF whatever ended it; the last one too.
+static QByteArray LinesOf(const QByteArray& bytes)
+{
+    QByteArray lines;
+    lines.reserve(bytes.size() + 2);
+    for (cLines source(bytes); source.Next();)
+        lines.append(source.Line()).append("\r\n");
+    return lines;
+}
+
+void mnuFileInsert_Click()
+{
+    cDocument* document = ActiveDocument();
+    if (document == nullptr)
+        return;
+    const QString path = FileBox({FilePurpose::Open,
+                                  QStringLiteral("Open"),
+                                  QDir::currentPath(),
+                                  {},
+                                  QStringLiteral("BASIC code |*.bas;*.bak;*.rtf;")});
+    if (path.isEmpty())
+        return;
+    const auto text = DecodeAnsi(LinesOf(ReadWhole(path)));
+    SendSci(document->sci, SCI_BEGINUNDOACTION);
+    SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(text.size()), text.data());
+    SendSci(document->sci, SCI_ENDUNDOACTION);
 }
 
 void mnuFileClose_Click()
@@ -37,13 +79,7 @@ void mnuFileExit_Click()
 
 void OpenRecentFile(const QString& path)
 {
-    cDocument* document = NewDocument();
-    if (document == nullptr)
-        return;
-    LoadDocumentFile(path);
-    document->Tag = TagOpen;
-    document->SetCaption(path);
-    SetStatusText(OpenedFileStatus(path));
+    OpenInNewWindow(path, OpenChoice::Tag | OpenChoice::Status);
 }
 
 void mnuFileMRU_Click(int number)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands that open and close code windows.
+// The commands that make, open, fill and close code windows.
 #pragma once
 
 #include <QString>
@@ -7,10 +7,12 @@
 namespace ob {
 
 void mnuFileNew_Click();
+void mnuFileOpenCode_Click();
+void mnuFileInsert_Click();
 void mnuFileClose_Click();
 void mnuFileExit_Click();
 
-// A click on a recent item, from 1 to 8: opens its file, or tells that it cannot be found.
+// A click on a recent item, from 1 to 8: opens its file, or says that it cannot be found.
 void mnuFileMRU_Click(int number);
 
 // Opens a file into a new code window without a look at the recent list.

@@ -3,7 +3,6 @@
 #include "engine/run/modIncludes.h"
 
 #include "editor/document/cDocument.h"
-#include "editor/document/modDocument.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cLines.h"
 #include "platform/language/modAnsi.h"
@@ -80,11 +79,9 @@ QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QSt
     return result;
 }
 
-QByteArray CheckIncludes(const QString& folder)
+QByteArray CheckIncludes(const cDocument& document, const QString& folder)
 {
-    const cDocument* document = ActiveDocument();
-    return document == nullptr ? QByteArray()
-                               : IncludedText(QByteArrayView(SciText(document->sci)), TextEncoding::Utf8, folder);
+    return IncludedText(QByteArrayView(SciText(document.sci)), TextEncoding::Utf8, folder);
 }
 
 } // namespace ob

@@ -8,6 +8,8 @@
 
 namespace ob {
 
+class cDocument;
+
 enum class TextEncoding { Utf8, Ansi };
 
 // The text that the include lines at the top of a program ask for: for each file found in the folder a heading and
@@ -15,7 +17,7 @@ enum class TextEncoding { Utf8, Ansi };
 // over. Throws RuntimeError when a file that is there cannot be read.
 QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QString& folder);
 
-// The same for the active code window; the folder ends in a separator.
-QByteArray CheckIncludes(const QString& folder);
+// The same for a code window; the folder ends in a separator.
+QByteArray CheckIncludes(const cDocument& document, const QString& folder);
 
 } // namespace ob

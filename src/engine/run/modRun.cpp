@@ -4,6 +4,7 @@
 
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
+#include "editor/files/modDocumentFile.h"
 #include "engine/run/modFileIO.h"
 #include "engine/run/modIncludes.h"
 #include "guibuilder/modGuiCommands.h"
@@ -38,10 +39,10 @@ Found NeedEngine()
 enum class CopyEnd { Written, Failed, Declined };
 
 // A copy of an earlier run must not be taken for this one's, so the write's own result counts.
-CopyEnd WriteCopy(const QString& path)
+CopyEnd WriteCopy(cDocument& document, const QString& path)
 {
     try {
-        return SaveDocumentFile(path) == SaveEnd::Written ? CopyEnd::Written : CopyEnd::Declined;
+        return SaveDocumentFile(document, path) == SaveEnd::Written ? CopyEnd::Written : CopyEnd::Declined;
     } catch (const RuntimeError&) {
         return CopyEnd::Failed;
     }
@@ -60,14 +61,14 @@ void HandToEngine(const QString& switches)
     const CopyPlace copy = PlaceOfCopy(document->Caption(), ProgramFolder());
     if (copy.caption != document->Caption())
         document->SetCaption(copy.caption);
-    const CopyEnd end = WriteCopy(copy.path);
+    const CopyEnd end = WriteCopy(*document, copy.path);
     if (end == CopyEnd::Declined)
         return;
     if (end == CopyEnd::Failed || !FileExists(copy.path)) {
         MsgBox(QStringLiteral("Error creating file to run."), BoxIcon::Critical);
         return;
     }
-    const QByteArray included = CheckIncludes(FolderOf(copy.path));
+    const QByteArray included = CheckIncludes(*document, FolderOf(copy.path));
     if (!included.isEmpty())
         AppendToFile(copy.path, included);
     Launch(EngineCommand(OBPath, switches, copy.path), WindowMode::Normal);

@@ -12,6 +12,7 @@
 #include "codetools/modAPItextedit.h"
 #include "editor/dlgPrinting.h"
 #include "editor/files/modFileCommands.h"
+#include "editor/files/modSave.h"
 #include "editor/frmCodeExplorer.h"
 #include "editor/frmFind.h"
 #include "editor/frmKeywords.h"

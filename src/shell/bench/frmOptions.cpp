@@ -104,13 +104,13 @@ void frmOptions::ShowSamples()
             continue;
         const ColorRef shown = values.*color->copy;
         auto& sample = static_cast<frmColorSample&>(Control(row.control));
-        SetLabelColors(sample, row.ground == Ground::Text ? shown : EditForeColor,
-                       row.ground == Ground::Back ? shown : EditBackColor);
+        SetLabelColors(sample, row.ground == Ground::Text ? shown : Editor.EditForeColor,
+                       row.ground == Ground::Back ? shown : Editor.EditBackColor);
     }
     // Comments are the one text with a ground of its own.
     for (frmColorSample* sample : {ui->lblComments, ui->lblCommentback})
         SetLabelColors(*sample, values.commentColor, values.commentBackColor);
-    SetLabelColors(*ui->lblSample, EditForeColor, EditBackColor);
+    SetLabelColors(*ui->lblSample, Editor.EditForeColor, Editor.EditBackColor);
 }
 
 void frmOptions::ShowSampleFonts()

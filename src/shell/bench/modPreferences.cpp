@@ -37,11 +37,11 @@ constexpr PreferenceRow Sample(const char* control, Color field, Ground ground =
 }
 
 const PreferenceRow rows[] = {
-    {"txtFontName", Text{&Copies::fontName, &FontName}},
-    {"txtFontSize", Number{&Copies::fontSize, &FontHeight}},
-    {"chkBold", Choice{&Copies::fontBold, &FontBold}},
-    {"optColorOn", Number{&Copies::syntaxColor, &SyntaxColor}},
-    {"txtTabSize", Number{&Copies::tabSize, &TabSize}},
+    {"txtFontName", Text{&Copies::fontName, &Editor.FontName}},
+    {"txtFontSize", Number{&Copies::fontSize, &Editor.FontHeight}},
+    {"chkBold", Choice{&Copies::fontBold, &Editor.FontBold}},
+    {"optColorOn", Number{&Copies::syntaxColor, &Editor.SyntaxColor}},
+    {"txtTabSize", Number{&Copies::tabSize, &Editor.TabSize}},
     Path("txtOptionalHelp", {&Copies::optionalHelpPath, &OptionalHelpPath}, "cmdOptionalHelp",
          OutsideFile::OptionalHelp),
     Path("txtOBexe", {&Copies::orchardPath, &OBPath}, "cmdOBexe", OutsideFile::Orchard),
@@ -49,19 +49,19 @@ const PreferenceRow rows[] = {
     Path("txtOBFreeForm", {&Copies::freeformPath, &OBFreeformPath}, "cmdOBFreeForm", OutsideFile::Freeform),
     Path("txtOBRuntime", {&Copies::runtimePath, &OBRuntimePath}, "cmdOBRuntime", OutsideFile::Runtime),
     {"chkQuery", Choice{&Copies::quitQuery, &QuitQuery}},
-    {"chkIndent", Choice{&Copies::autoIndent, &AutoIndent}},
-    {"chkLinenums", Choice{&Copies::lineNums, &LineNums}},
-    {"chkHighlight", Choice{&Copies::highlightOn, &HighlightOn}},
-    {"chkIndentGuides", Choice{&Copies::indentGuidesOn, &IndentGuidesOn}},
+    {"chkIndent", Choice{&Copies::autoIndent, &Editor.AutoIndent}},
+    {"chkLinenums", Choice{&Copies::lineNums, &Editor.LineNums}},
+    {"chkHighlight", Choice{&Copies::highlightOn, &Editor.HighlightOn}},
+    {"chkIndentGuides", Choice{&Copies::indentGuidesOn, &Editor.IndentGuidesOn}},
     {"chkFile", Choice{&Copies::openFileOn, &OpenFileOn}},
-    Sample("lblComments", {&Copies::commentColor, &CommentColor}),
-    Sample("lblBranch", {&Copies::branchColor, &BranchColor}),
-    Sample("lblKeywords", {&Copies::keywordColor, &KeywordColor}),
-    Sample("lblQuote", {&Copies::quoteColor, &QuoteColor}),
-    Sample("lblHighlight", {&Copies::highlightColor, &HighlightColor}, Ground::Back),
-    Sample("lblNumber", {&Copies::numberColor, &NumberColor}),
-    Sample("lblHandle", {&Copies::handleColor, &HandleColor}),
-    Sample("lblCommentback", {&Copies::commentBackColor, &CommentBackColor}, Ground::Back),
+    Sample("lblComments", {&Copies::commentColor, &Editor.CommentColor}),
+    Sample("lblBranch", {&Copies::branchColor, &Editor.BranchColor}),
+    Sample("lblKeywords", {&Copies::keywordColor, &Editor.KeywordColor}),
+    Sample("lblQuote", {&Copies::quoteColor, &Editor.QuoteColor}),
+    Sample("lblHighlight", {&Copies::highlightColor, &Editor.HighlightColor}, Ground::Back),
+    Sample("lblNumber", {&Copies::numberColor, &Editor.NumberColor}),
+    Sample("lblHandle", {&Copies::handleColor, &Editor.HandleColor}),
+    Sample("lblCommentback", {&Copies::commentBackColor, &Editor.CommentBackColor}, Ground::Back),
     {"chkComments", Choice{&Copies::addComments, &AddComments}, nullptr, {}, {}, Turn::BehindWindows},
 };
 
@@ -87,7 +87,7 @@ void StyleOpenWindows()
 {
     for (const auto& document : Documents)
         if (document != nullptr && document->sci != nullptr)
-            PassingErrorsOver([&] { SetSciColors(document->sci); });
+            PassingErrorsOver([&] { SetSciColors(document->sci, Editor); });
 }
 
 } // namespace
@@ -102,7 +102,7 @@ Preferences LoadPreferences(const QString& folder)
     Preferences values;
     for (const PreferenceRow& row : rows)
         std::visit([&](const auto& field) { values.*field.copy = *field.setting; }, row.field);
-    values.syntaxColor = SyntaxColor > 0 ? 1 : 0;
+    values.syntaxColor = Editor.SyntaxColor > 0 ? 1 : 0;
     values.comments = TextFromAnsi(LoadCommentFile(folder));
     return values;
 }

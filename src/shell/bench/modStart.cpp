@@ -6,7 +6,9 @@
 #include "editor/document/modDocument.h"
 #include "editor/document/modSyntaxTable.h"
 #include "editor/document/modUserTexts.h"
+#include "editor/files/modDocumentFile.h"
 #include "editor/files/modFileCommands.h"
+#include "editor/modFind.h"
 #include "guibuilder/modGui.h"
 #include "guibuilder/modGuiCommands.h"
 #include "platform/desktop/modSystemColors.h"
@@ -30,19 +32,25 @@ static void DropMissingPaths()
             *path = NoPath;
 }
 
+void ResetBench()
+{
+    ResetState();
+    Documents.clear();
+    Finding() = {};
+    ResetGui();
+}
+
 void StartRoutine(const std::function<cMainForm*()>& create)
 {
     ExtractResource(101, QStringLiteral("CUSTOM"), ProgramFile(QStringLiteral("wrapper32.bas")));
     ExtractResource(102, QStringLiteral("CUSTOM"), ProgramFile(QStringLiteral("printer32.bas")));
 
-    ResetState();
-    Documents.clear();
-    ResetGui();
+    ResetBench();
     MainForm = create();
     BuildSyntaxTable();
     LoadCustomKeywords(ProgramFolder());
-    EditForeColor = GetSysColor(SystemColor::WindowText);
-    EditBackColor = GetSysColor(SystemColor::Window);
+    Editor.EditForeColor = GetSysColor(SystemColor::WindowText);
+    Editor.EditBackColor = GetSysColor(SystemColor::Window);
     QDir().mkdir(ProgramFile(QStringLiteral("OBprogs")));
     DropMissingPaths();
 }
@@ -74,7 +82,7 @@ static void OpenNewestFile(const QString& path)
     cDocument* document = NewDocument();
     if (document == nullptr)
         return;
-    PassErrorsOver([&] { LoadDocumentFile(path); });
+    PassErrorsOver([&] { LoadDocumentFile(*document, path); });
     document->Tag = TagOpen;
     document->SetCaption(path);
     PassErrorsOver([&] { SetStatusText(OpenedFileStatus(path)); });
@@ -86,14 +94,6 @@ void OpenAtLoad()
         PassErrorsOver(mnuFileNew_Click);
     if (OpenFileOn && FileExists(RecentFiles[0]))
         OpenNewestFile(RecentFiles[0]);
-}
-
-static void OpenCodeFile(const QString& path)
-{
-    if (NewDocument() == nullptr)
-        return;
-    LoadDocumentFile(path);
-    AfterFileOpen(path);
 }
 
 void OpenFiles(const QStringList& paths, FileSource source)
@@ -108,7 +108,7 @@ void OpenFiles(const QStringList& paths, FileSource source)
             if (source == FileSource::Drop)
                 return;
         } else {
-            RunCommand([&] { OpenCodeFile(path); });
+            RunCommand([&] { OpenInNewWindow(path, OpenChoice::Recent | OpenChoice::Status | OpenChoice::Tag); });
         }
     }
 }

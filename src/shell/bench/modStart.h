@@ -11,6 +11,9 @@ namespace ob {
 
 class cMainForm;
 
+// Puts the whole state, whoever owns it, to what it is before anything has been read: no window, no document, no form.
+void ResetBench();
+
 // Writes the two libraries beside the program and sets the state's defaults; create makes the main window, not shown.
 void StartRoutine(const std::function<cMainForm*()>& create);
 

@@ -14,10 +14,6 @@ namespace ob {
 void ResetState()
 {
     MainForm = nullptr;
-    LastFind.clear();
-    FindFlags = 0;
-    FoundPos = -1;
-    FindFromStart = false;
     RecentFiles.fill(QStringLiteral("untitled"));
     RecentCount = 0;
     ToolImageIndex = 1;
@@ -26,12 +22,7 @@ void ResetState()
     ShowTips = true;
     AddComments = false;
     OBPath = OBHelpPath = OptionalHelpPath = OBFreeformPath = OBRuntimePath = NoPath;
-    FontHeight = 12;
-    FontName = QStringLiteral("Courier New");
-    FontBold = false;
-    TabSize = 4;
-    SyntaxColor = 1;
-    LineNums = HighlightOn = IndentGuidesOn = AutoIndent = true;
+    Editor = {};
     UserApplications.fill(QStringLiteral("none"));
     LastDir = QStringLiteral("app.path");
 }

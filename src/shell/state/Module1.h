@@ -2,7 +2,7 @@
 // The application's state: flat, public, one set for the process; and the small routines that every tool shares.
 #pragma once
 
-#include "platform/language/modColorNames.h"
+#include "shell/state/modEditorSettings.h"
 
 #include <QString>
 
@@ -22,12 +22,6 @@ inline const QString NoCodeWindowText = QStringLiteral("No code window is active
 inline cMainForm* MainForm = nullptr;
 inline int TwipsPerPixelX = 15;
 inline int TwipsPerPixelY = 15;
-
-// The last search: text, flags, place of the hit (-1 for none), and whether it began at the start of the text.
-inline QString LastFind;
-inline int FindFlags = 0;
-inline std::intptr_t FoundPos = -1;
-inline bool FindFromStart = false;
 
 // Recent files, newest first, and how many of their menu items are visible.
 inline constexpr int RecentFileSlots = 8;
@@ -50,28 +44,8 @@ inline QString OptionalHelpPath;
 inline QString OBFreeformPath;
 inline QString OBRuntimePath;
 
-// Code windows: font size in points, tab width in columns, colouring on (1) or off (0), switches and colours.
-inline int FontHeight = 12;
-inline QString FontName;
-inline bool FontBold = false;
-inline int TabSize = 4;
-inline int SyntaxColor = 1;
-inline bool LineNums = true;
-inline bool HighlightOn = true;
-inline bool IndentGuidesOn = true;
-inline bool AutoIndent = true;
-inline ColorRef CommentColor = 0;
-inline ColorRef BranchColor = 0;
-inline ColorRef KeywordColor = 0;
-inline ColorRef QuoteColor = 0;
-inline ColorRef HighlightColor = 0;
-inline ColorRef NumberColor = 0;
-inline ColorRef HandleColor = 0;
-inline ColorRef CommentBackColor = 0;
-
-// The system's window text and window colours, read once at the start.
-inline ColorRef EditForeColor = 0;
-inline ColorRef EditBackColor = 0;
+// How code windows look and behave.
+inline EditorSettings Editor;
 
 // The ten user applications: HotKey is the first, User2 the second and so on; "none" for an empty place.
 inline constexpr int UserApplicationCount = 10;
@@ -85,7 +59,8 @@ inline QString LastDir;
 void ResetState();
 
 // Writes the program's resource of that number and type (101 wrapper32.bas, 102 printer32.bas, 103 jpeg.bas,
-// 104 jpeg.dll; type "CUSTOM") at the start of the file; a longer file keeps its tail. Any error ends it without a word.
+// 104 jpeg.dll; type "CUSTOM") at the start of the file; a longer file keeps its tail. Any error ends it without a
+// word.
 void ExtractResource(int id, const QString& type, const QString& path);
 
 // The first panel of the status bar.

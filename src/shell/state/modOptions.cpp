@@ -40,10 +40,10 @@ const Setting readOrder[] = {
     {"OBHelpPath", &OBHelpPath, "no path"},
     {"OBFreeformPath", &OBFreeformPath, "no path"},
     {"OBRuntimePath", &OBRuntimePath, "no path"},
-    {"FontHeight", SmallNumber{&FontHeight}, "12"},
-    {"FontName", &FontName, "Courier New"},
-    {"FontBold", &FontBold, "false"},
-    {"SyntaxColor", SmallNumber{&SyntaxColor}, "1"},
+    {"FontHeight", SmallNumber{&Editor.FontHeight}, "12"},
+    {"FontName", &Editor.FontName, "Courier New"},
+    {"FontBold", &Editor.FontBold, "false"},
+    {"SyntaxColor", SmallNumber{&Editor.SyntaxColor}, "1"},
     {"HotKey", &UserApplications[0], "none"},
     {"User2", &UserApplications[1], "none"},
     {"User3", &UserApplications[2], "none"},
@@ -56,25 +56,25 @@ const Setting readOrder[] = {
     {"User10", &UserApplications[9], "none"},
     {"QuitQuery", &QuitQuery, "true"},
     {"LastDir", &LastDir, "app.path"},
-    {"TabSize", &TabSize, "4"},
+    {"TabSize", &Editor.TabSize, "4"},
     {"ShowTips", &ShowTips, "true"},
-    {"AutoIndent", &AutoIndent, "true"},
-    {"LineNums", &LineNums, "true"},
-    {"HighlightOn", &HighlightOn, "true"},
-    {"IndentGuidesOn", &IndentGuidesOn, "true"},
+    {"AutoIndent", &Editor.AutoIndent, "true"},
+    {"LineNums", &Editor.LineNums, "true"},
+    {"HighlightOn", &Editor.HighlightOn, "true"},
+    {"IndentGuidesOn", &Editor.IndentGuidesOn, "true"},
     {"OpenFileOn", &OpenFileOn, "false"},
     {"AddComments", &AddComments, "false"},
 };
 
 const ColorSetting colorOrder[] = {
-    {"CommentColor", &CommentColor, Rgb(0, 100, 0)},
-    {"BranchColor", &BranchColor, Rgb(200, 0, 0)},
-    {"KeywordColor", &KeywordColor, Rgb(0, 0, 200)},
-    {"QuoteColor", &QuoteColor, Rgb(100, 0, 100)},
-    {"HighlightColor", &HighlightColor, Rgb(255, 240, 200)},
-    {"NumberColor", &NumberColor, Rgb(100, 100, 0)},
-    {"HandleColor", &HandleColor, Rgb(0, 100, 100)},
-    {"CommentBackColor", &CommentBackColor, Rgb(240, 240, 240)},
+    {"CommentColor", &Editor.CommentColor, Rgb(0, 100, 0)},
+    {"BranchColor", &Editor.BranchColor, Rgb(200, 0, 0)},
+    {"KeywordColor", &Editor.KeywordColor, Rgb(0, 0, 200)},
+    {"QuoteColor", &Editor.QuoteColor, Rgb(100, 0, 100)},
+    {"HighlightColor", &Editor.HighlightColor, Rgb(255, 240, 200)},
+    {"NumberColor", &Editor.NumberColor, Rgb(100, 100, 0)},
+    {"HandleColor", &Editor.HandleColor, Rgb(0, 100, 100)},
+    {"CommentBackColor", &Editor.CommentBackColor, Rgb(240, 240, 240)},
 };
 
 void Read(const Setting& setting)
@@ -133,8 +133,8 @@ void ReadAllSettings()
 {
     for (const Setting& setting : readOrder)
         PassingErrorsOver([&] { Read(setting); });
-    if (SyntaxColor >= 2)
-        SyntaxColor = 1;
+    if (Editor.SyntaxColor >= 2)
+        Editor.SyntaxColor = 1;
     RestoreDefaultColors();
     for (const ColorSetting& color : colorOrder)
         PassingErrorsOver([&] { *color.variable = ReadColor(color); });

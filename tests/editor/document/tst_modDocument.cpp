@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Code windows as slots: which one is taken, what is read into it, what is written out of it.
 #include "editor/document/modDocument.h"
+#include "editor/files/modDocumentFile.h"
 
 #include "core/CoreBench.h"
 #include "platform/files/modFiles.h"
@@ -87,7 +88,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, loaded);
         QCOMPARE(LoadedBytes(file), loaded);
         bench->Open(QStringLiteral("Document 1"), "old");
-        LoadDocumentFile(bench->Put(QStringLiteral("a.bas"), file));
+        LoadDocumentFile(*ActiveDocument(), bench->Put(QStringLiteral("a.bas"), file));
         QCOMPARE(bench->form.ActiveControl().text, loaded);
     }
 
@@ -104,7 +105,7 @@ private Q_SLOTS:
         QCOMPARE(RaisedBy([&] { LoadedBytes(file); }), 5);
         bench->Open(QStringLiteral("Document 1"), "old");
         const QString path = bench->Put(QStringLiteral("a.bas"), file);
-        QCOMPARE(RaisedBy([&] { LoadDocumentFile(path); }), 5);
+        QCOMPARE(RaisedBy([&] { LoadDocumentFile(*ActiveDocument(), path); }), 5);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("old"));
         QVERIFY(bench->form.ActiveControl().messages.isEmpty());
     }
@@ -114,7 +115,7 @@ private Q_SLOTS:
         bench->Open(QStringLiteral("Document 1"), "old");
         bench->dialogs.ExpectMessage(QStringLiteral("File does not exist or is corrupt."), BoxAnswer::Ok,
                                      BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
-        LoadDocumentFile(bench->Path(QStringLiteral("gone.bas")));
+        LoadDocumentFile(*ActiveDocument(), bench->Path(QStringLiteral("gone.bas")));
         QVERIFY(bench->dialogs.Finished());
         QVERIFY(bench->form.ActiveControl().messages.isEmpty());
         QVERIFY(bench->form.log.isEmpty());
@@ -124,10 +125,10 @@ private Q_SLOTS:
     {
         bench->Open(QStringLiteral("Document 1"), "old");
         bench->form.ActiveControl().Type("more");
-        LoadDocumentFile(bench->Put(QStringLiteral("a.bas"), "new\r\n"));
+        LoadDocumentFile(*ActiveDocument(), bench->Put(QStringLiteral("a.bas"), "new\r\n"));
         const FakeSci& control = bench->form.ActiveControl();
-        QCOMPARE(control.messages, (QList<unsigned>{SCI_EMPTYUNDOBUFFER, SCI_CLEARALL, SCI_ADDTEXT, SCI_GOTOPOS,
-                                                    SCI_SETSAVEPOINT}));
+        QCOMPARE(control.messages,
+                 (QList<unsigned>{SCI_EMPTYUNDOBUFFER, SCI_CLEARALL, SCI_ADDTEXT, SCI_GOTOPOS, SCI_SETSAVEPOINT}));
         QCOMPARE(control.text, QByteArray("new"));
         QCOMPARE(control.caret, qsizetype{0});
         QVERIFY(!control.modified);
@@ -137,7 +138,7 @@ private Q_SLOTS:
     void AFileOfTheCodePageIsReadAsText()
     {
         bench->Open(QStringLiteral("Document 1"));
-        LoadDocumentFile(bench->Put(QStringLiteral("a.bas"), "'\x80 \xE4\x81\r\n"));
+        LoadDocumentFile(*ActiveDocument(), bench->Put(QStringLiteral("a.bas"), "'\x80 \xE4\x81\r\n"));
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("'\xE2\x82\xAC \xC3\xA4\xC2\x81"));
     }
 
@@ -146,18 +147,17 @@ private Q_SLOTS:
         const QString path = bench->Put(QStringLiteral("a.bas"), QByteArray(2048, 'x'));
         cDocument& document = bench->Open(QStringLiteral("Document 1"));
         document.Tag.clear();
-        AfterFileOpen(path);
+        AfterFileOpen(*ActiveDocument(), path);
         QCOMPARE(document.Caption(), path);
         QCOMPARE(document.Tag, TagOpen);
         QCOMPARE(RecentFiles[0], path);
-        QCOMPARE(bench->form.status,
-                 QStringLiteral("a.bas  Size: 2048 KB   Last Modified: ") + FileDateText(path));
+        QCOMPARE(bench->form.status, QStringLiteral("a.bas  Size: 2048 KB   Last Modified: ") + FileDateText(path));
     }
 
     void TextSentToAWindowStandsBeforeTheCaretsPlace()
     {
         cDocument& document = bench->Open(QStringLiteral("Document 1"), "'end");
-        SendToDocument("print \"\xE4\"\r\n", QStringLiteral("untitled.bas"));
+        SendToDocument(*ActiveDocument(), "print \"\xE4\"\r\n", QStringLiteral("untitled.bas"));
         QCOMPARE(document.Caption(), QStringLiteral("untitled.bas"));
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print \"\xC3\xA4\"\r\n'end"));
         QCOMPARE(bench->form.ActiveControl().caret, qsizetype{0});
@@ -185,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(SavedBytes(text).bytes, file);
         QCOMPARE(SavedBytes(text).lostLine, 0);
         bench->Open(QStringLiteral("a.bas"), text);
-        QVERIFY(SaveDocumentFile(bench->Path(QStringLiteral("a.bas"))) == SaveEnd::Written);
+        QVERIFY(SaveDocumentFile(*ActiveDocument(), bench->Path(QStringLiteral("a.bas"))) == SaveEnd::Written);
         QCOMPARE(CoreBench::Get(bench->Path(QStringLiteral("a.bas"))), file);
         QCOMPARE(bench->form.ActiveControl().text, text + "  ");
     }
@@ -196,7 +196,7 @@ private Q_SLOTS:
         FakeSci& control = bench->form.ActiveControl();
         control.Type("print 1");
         control.caret = 3;
-        QVERIFY(SaveDocumentFile(bench->Path(QStringLiteral("a.bas"))) == SaveEnd::Written);
+        QVERIFY(SaveDocumentFile(*ActiveDocument(), bench->Path(QStringLiteral("a.bas"))) == SaveEnd::Written);
         QVERIFY(!control.modified);
         QCOMPARE(control.caret, qsizetype{3});
     }
@@ -205,15 +205,15 @@ private Q_SLOTS:
     {
         const QString path = bench->Put(QStringLiteral("a.bas"), "print 1\r\n");
         bench->Open(path);
-        LoadDocumentFile(path);
-        SaveDocumentFile(path);
+        LoadDocumentFile(*ActiveDocument(), path);
+        SaveDocumentFile(*ActiveDocument(), path);
         QCOMPARE(CoreBench::Get(path), QByteArray("print 1 \r\n"));
-        SaveDocumentFile(path);
+        SaveDocumentFile(*ActiveDocument(), path);
         QCOMPARE(CoreBench::Get(path), QByteArray("print 1   \r\n"));
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print 1    "));
-        LoadDocumentFile(path);
+        LoadDocumentFile(*ActiveDocument(), path);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print 1   "));
-        SaveDocumentFile(path);
+        SaveDocumentFile(*ActiveDocument(), path);
         QCOMPARE(CoreBench::Get(path), QByteArray("print 1    \r\n"));
     }
 
@@ -223,11 +223,12 @@ private Q_SLOTS:
         QTest::addColumn<int>("line");
         QTest::addColumn<QByteArray>("file");
         QTest::newRow("first line") << QByteArray("\xCE\xB1") << 1 << QByteArray("? \r\n");
-        QTest::newRow("CR LF") << QByteArray("a\r\nb\r\nc\xE4\xB8\xAD\r\nd") << 3 << QByteArray("a\r\nb\r\nc?\r\nd \r\n");
+        QTest::newRow("CR LF") << QByteArray("a\r\nb\r\nc\xE4\xB8\xAD\r\nd") << 3
+                               << QByteArray("a\r\nb\r\nc?\r\nd \r\n");
         QTest::newRow("LF") << QByteArray("a\n\n\xCE\xB1") << 3 << QByteArray("a\n\n? \r\n");
         QTest::newRow("CR") << QByteArray("a\r\xCE\xB1") << 2 << QByteArray("a\r? \r\n");
-        QTest::newRow("the first of several") << QByteArray("a\r\n\xCE\xB1\r\n\xCE\xB2") << 2
-                                              << QByteArray("a\r\n?\r\n? \r\n");
+        QTest::newRow("the first of several")
+            << QByteArray("a\r\n\xCE\xB1\r\n\xCE\xB2") << 2 << QByteArray("a\r\n?\r\n? \r\n");
         QTest::newRow("one mark for four bytes") << QByteArray("\xF0\x9F\x98\x80!") << 1 << QByteArray("?! \r\n");
     }
 
@@ -243,14 +244,14 @@ private Q_SLOTS:
         control.Type(text);
 
         bench->dialogs.ExpectQuestion(Question(line), BoxAnswer::No);
-        QVERIFY(SaveDocumentFile(path) == SaveEnd::Declined);
+        QVERIFY(SaveDocumentFile(*ActiveDocument(), path) == SaveEnd::Declined);
         QVERIFY(bench->dialogs.Finished());
         QCOMPARE(CoreBench::Get(path), QByteArray("old\r\n"));
         QCOMPARE(control.text, text);
         QVERIFY(control.modified);
 
         bench->dialogs.ExpectQuestion(Question(line), BoxAnswer::Yes);
-        QVERIFY(SaveDocumentFile(path) == SaveEnd::Written);
+        QVERIFY(SaveDocumentFile(*ActiveDocument(), path) == SaveEnd::Written);
         QVERIFY(bench->dialogs.Finished());
         QCOMPARE(CoreBench::Get(path), file);
         QCOMPARE(control.text, text + "  ");
@@ -274,7 +275,7 @@ private Q_SLOTS:
         bench->Open(QStringLiteral("a.bas"));
         FakeSci& control = bench->form.ActiveControl();
         control.Type("print 1");
-        QCOMPARE(RaisedBy([&] { SaveDocumentFile(bench->Path(name)); }), error);
+        QCOMPARE(RaisedBy([&] { SaveDocumentFile(*ActiveDocument(), bench->Path(name)); }), error);
         QCOMPARE(control.text, QByteArray("print 1"));
         QVERIFY(control.modified);
         QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), before);
@@ -291,25 +292,18 @@ private Q_SLOTS:
 
     // --- Without a code window. ---
 
-    void WithoutACodeWindowNothingIsReadOrWritten_data()
+    void WithoutACodeWindowCommandsSaySo_data()
     {
         QTest::addColumn<int>("kind");
         QTest::newRow("none") << static_cast<int>(ActiveChild::None);
         QTest::newRow("form") << static_cast<int>(ActiveChild::Gui);
     }
 
-    void WithoutACodeWindowNothingIsReadOrWritten()
+    void WithoutACodeWindowCommandsSaySo()
     {
         QFETCH(int, kind);
         bench->form.kind = static_cast<ActiveChild>(kind);
-        const QString path = bench->Put(QStringLiteral("a.bas"), "old\r\n");
         QVERIFY(ActiveDocument() == nullptr);
-        QVERIFY(SaveDocumentFile(path) == SaveEnd::Declined);
-        QCOMPARE(CoreBench::Get(path), QByteArray("old\r\n"));
-        LoadDocumentFile(path);
-        AfterFileOpen(path);
-        SendToDocument("x", QStringLiteral("x"));
-        QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
         QVERIFY(bench->form.log.isEmpty());
         bench->dialogs.ExpectMessage(QStringLiteral("No code window is active!"));
         QVERIFY(NeedDocument() == nullptr);
@@ -321,10 +315,11 @@ private Q_SLOTS:
     void CodeCommandsAreSixButtonsAndSevenItems()
     {
         EnableCodeCommands(Switch::On);
-        QCOMPARE(bench->form.log.join(QLatin1Char(',')),
-                 QStringLiteral("enable button 3,enable button 4,enable button 6,enable button 7,enable button 8,"
-                                "enable button 9,enable mnuFileClose,enable mnuFileSave,enable mnuFileSaveAs,"
-                                "enable mnuFileInsert,enable mnuFilePrint,enable mnuFileProject,enable mnuToolShowVar"));
+        QCOMPARE(
+            bench->form.log.join(QLatin1Char(',')),
+            QStringLiteral("enable button 3,enable button 4,enable button 6,enable button 7,enable button 8,"
+                           "enable button 9,enable mnuFileClose,enable mnuFileSave,enable mnuFileSaveAs,"
+                           "enable mnuFileInsert,enable mnuFilePrint,enable mnuFileProject,enable mnuToolShowVar"));
         bench->form.log.clear();
         EnableCodeCommands(Switch::Off);
         QCOMPARE(bench->form.log.size(), 13);

@@ -5,6 +5,7 @@
 #include "core/CoreBench.h"
 #include "editor/document/modSyntaxTable.h"
 #include "platform/files/FileTrouble.h"
+#include "shell/bench/modStart.h"
 
 #include <QDir>
 #include <QFile>
@@ -44,10 +45,7 @@ class tst_modUserTexts : public QObject {
     int folderCount = 0;
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(temporary.isValid());
-    }
+    void initTestCase() { QVERIFY(temporary.isValid()); }
 
     void init()
     {
@@ -169,8 +167,8 @@ private Q_SLOTS:
         QTest::newRow("beyond ASCII") << QString::fromUtf8("\u00C9T\u00c9") << QByteArray("\xE9t\xE9\r\n");
         QTest::newRow("shown again") << QStringLiteral("pear\n") << QByteArray("pear\r\n\r\n");
         QTest::newRow("nothing") << QString() << QByteArray("\r\n");
-        QTest::newRow("more than the sentence") << QStringLiteral("no custom keywords found ")
-                                                << QByteArray("no custom keywords found \r\n");
+        QTest::newRow("more than the sentence")
+            << QStringLiteral("no custom keywords found ") << QByteArray("no custom keywords found \r\n");
     }
 
     void addedKeywordsGoToTheFileAndBehindTheList()
@@ -248,7 +246,7 @@ private Q_SLOTS:
 
     void everyOpenWindowGetsTheKeywords()
     {
-        ResetState();
+        ResetBench();
         KeywordSci first;
         KeywordSci third;
         Documents.push_back(nullptr);
@@ -258,7 +256,7 @@ private Q_SLOTS:
         }
         LexerKeywords = "pear \xE9";
         UpdateKeywordsOfWindows();
-        ResetState();
+        ResetBench();
         QCOMPARE(first.words, QByteArray("pear \xC3\xA9"));
         QCOMPARE(third.words, QByteArray("pear \xC3\xA9"));
     }

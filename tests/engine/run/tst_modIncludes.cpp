@@ -4,6 +4,7 @@
 
 #include "core/CoreBench.h"
 #include "editor/document/modDocument.h"
+#include "editor/files/modDocumentFile.h"
 #include "engine/run/modRun.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/modAnsi.h"
@@ -56,8 +57,8 @@ private Q_SLOTS:
         // The same from a code window, the way that the run commands and Save Project take.
         bench->Open(QStringLiteral("x.bas"), DecodeAnsi(program));
         const QString path = bench->Path(QStringLiteral("x.BAK"));
-        QVERIFY(SaveDocumentFile(path) == SaveEnd::Written);
-        const QByteArray fromWindow = CheckIncludes(folder);
+        QVERIFY(SaveDocumentFile(*ActiveDocument(), path) == SaveEnd::Written);
+        const QByteArray fromWindow = CheckIncludes(*ActiveDocument(), folder);
         if (!fromWindow.isEmpty())
             AppendToFile(path, fromWindow);
         QCOMPARE(CoreBench::Get(path), expected);
@@ -67,7 +68,8 @@ private Q_SLOTS:
     {
         bench->Put(QStringLiteral("a.bas"), "'in the current folder\r\n");
         QDir().mkdir(QStringLiteral("sub"));
-        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))), QByteArray());
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))),
+                 QByteArray());
         bench->Put(QStringLiteral("sub/a.bas"), "'beside the program\r\n");
         QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))),
                  Heading("a.bas") + "'beside the program\r\n");
@@ -89,12 +91,24 @@ private Q_SLOTS:
     {
         bench->Put(QStringLiteral("\u00DCber.bas"), "'u\r\n");
         const QString folder = bench->Path({});
-        QCOMPARE(IncludedText("'include \xDC" "ber.bas\r\n", TextEncoding::Ansi, folder),
-                 Heading("\xDC" "ber.bas") + "'u\r\n");
-        QCOMPARE(IncludedText("'include \xC3\x9C" "ber.bas\r\n", TextEncoding::Utf8, folder),
-                 Heading("\xDC" "ber.bas") + "'u\r\n");
-        QCOMPARE(IncludedText("'include \xC3\xBC" "BER.bas\r\n", TextEncoding::Utf8, folder),
-                 Heading("\xDC" "ber.bas") + "'u\r\n");
+        QCOMPARE(IncludedText("'include \xDC"
+                              "ber.bas\r\n",
+                              TextEncoding::Ansi, folder),
+                 Heading("\xDC"
+                         "ber.bas") +
+                     "'u\r\n");
+        QCOMPARE(IncludedText("'include \xC3\x9C"
+                              "ber.bas\r\n",
+                              TextEncoding::Utf8, folder),
+                 Heading("\xDC"
+                         "ber.bas") +
+                     "'u\r\n");
+        QCOMPARE(IncludedText("'include \xC3\xBC"
+                              "BER.bas\r\n",
+                              TextEncoding::Utf8, folder),
+                 Heading("\xDC"
+                         "ber.bas") +
+                     "'u\r\n");
     }
 
     void ANameThatTheCodePageLacksFindsNothing()
@@ -134,15 +148,9 @@ private Q_SLOTS:
     void ANulInANameFindsNothing()
     {
         bench->Put(QStringLiteral("a.bas"), "'a\r\n");
-        QCOMPARE(IncludedText(QByteArray("'include a.bas\0\r\n'include a.bas", 31), TextEncoding::Ansi, bench->Path({})),
-                 Heading("a.bas") + "'a\r\n");
-    }
-
-    void WithoutACodeWindowThereIsNothingToInclude()
-    {
-        QCOMPARE(CheckIncludes(bench->Path({})), QByteArray());
-        bench->form.kind = ActiveChild::Gui;
-        QCOMPARE(CheckIncludes(bench->Path({})), QByteArray());
+        QCOMPARE(
+            IncludedText(QByteArray("'include a.bas\0\r\n'include a.bas", 31), TextEncoding::Ansi, bench->Path({})),
+            Heading("a.bas") + "'a\r\n");
     }
 
 private:

@@ -3,6 +3,8 @@
 #include "engine/run/modProject.h"
 
 #include "core/CoreBench.h"
+#include "editor/files/modFileCommands.h"
+#include "editor/files/modSave.h"
 #include "platform/files/modFiles.h"
 
 #include <QDir>
@@ -204,10 +206,9 @@ private Q_SLOTS:
     void ADeclinedSaveLeavesTheWindowAsItWas()
     {
         cDocument& document = bench->Open(bench->Path(QStringLiteral("a.bas")), "new\xCE\xB1");
-        bench->dialogs.ExpectQuestion(
-            QStringLiteral("Line 1 holds a character that BASIC source files cannot store.\n"
-                           "Save with a question mark in place of each such character?"),
-            BoxAnswer::No);
+        bench->dialogs.ExpectQuestion(QStringLiteral("Line 1 holds a character that BASIC source files cannot store.\n"
+                                                     "Save with a question mark in place of each such character?"),
+                                      BoxAnswer::No);
         mnuFileSave_Click();
         QCOMPARE(document.Tag, TagOpen);
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("a.bas"))));

@@ -5,6 +5,7 @@
 
 #include "editor/document/cDocument.h"
 #include "engine/run/dlgShowVar.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 
 #include <QElapsedTimer>
@@ -85,7 +86,7 @@ private:
 private Q_SLOTS:
     void init()
     {
-        ResetState();
+        ResetBench();
         ShowTips = false;
         QuitQuery = false;
     }

@@ -6,6 +6,7 @@
 
 #include "imagetools/pictures/frmPictureView.h"
 #include "imagetools/sprites/frmMask.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 
 #include <QComboBox>
@@ -83,7 +84,7 @@ class win_frmBatch : public QObject {
 private Q_SLOTS:
     void init()
     {
-        ResetState();
+        ResetBench();
         QuitQuery = false;
         bench = std::make_unique<TestBench>();
         bench->Start();

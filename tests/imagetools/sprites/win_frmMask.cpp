@@ -7,6 +7,7 @@
 #include "imagetools/pictures/frmPictureView.h"
 #include "imagetools/sprites/frmMask.h"
 #include "platform/language/cRuntimeError.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 
 #include <QFile>
@@ -71,7 +72,7 @@ class win_frmMask : public QObject {
 private Q_SLOTS:
     void init()
     {
-        ResetState();
+        ResetBench();
         QuitQuery = false;
         bench = std::make_unique<TestBench>();
         bench->Start();

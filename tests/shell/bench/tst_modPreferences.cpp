@@ -104,10 +104,10 @@ private Q_SLOTS:
     void CopiesHoldWhatTheSettingsHold()
     {
         OBPath = QStringLiteral("/e/orchard.exe");
-        FontHeight = 0;
-        TabSize = 70000;
-        SyntaxColor = 1;
-        HandleColor = 0x12345678;
+        Editor.FontHeight = 0;
+        Editor.TabSize = 70000;
+        Editor.SyntaxColor = 1;
+        Editor.HandleColor = 0x12345678;
         AddComments = true;
         const Preferences values = LoadPreferences(folder);
         QCOMPARE(values.orchardPath, QStringLiteral("/e/orchard.exe"));
@@ -122,9 +122,9 @@ private Q_SLOTS:
 
     void AnyColoringAboveNoneIsOn()
     {
-        SyntaxColor = 0;
+        Editor.SyntaxColor = 0;
         QCOMPARE(LoadPreferences(folder).syntaxColor, 0);
-        SyntaxColor = -3;
+        Editor.SyntaxColor = -3;
         QCOMPARE(LoadPreferences(folder).syntaxColor, 0);
     }
 
@@ -134,21 +134,21 @@ private Q_SLOTS:
         ApplyPreferences(values, folder);
         for (const PreferenceRow& row : PreferenceRows())
             std::visit([&](const auto& field) { QCOMPARE(*field.setting, values.*field.copy); }, row.field);
-        QCOMPARE(FontHeight, 33);
-        QCOMPARE(TabSize, 7);
-        QCOMPARE(SyntaxColor, 0);
+        QCOMPARE(Editor.FontHeight, 33);
+        QCOMPARE(Editor.TabSize, 7);
+        QCOMPARE(Editor.SyntaxColor, 0);
         QCOMPARE(OBRuntimePath, values.runtimePath);
-        QCOMPARE(CommentBackColor, values.commentBackColor);
-        QCOMPARE(BranchColor, values.branchColor);
-        QVERIFY(AddComments && OpenFileOn && !QuitQuery && !AutoIndent);
+        QCOMPARE(Editor.CommentBackColor, values.commentBackColor);
+        QCOMPARE(Editor.BranchColor, values.branchColor);
+        QVERIFY(AddComments && OpenFileOn && !QuitQuery && !Editor.AutoIndent);
     }
 
     void CopiesAloneChangeNothing()
     {
         const Preferences values = Changed();
-        QCOMPARE(TabSize, 4);
-        QCOMPARE(FontName, QStringLiteral("Courier New"));
-        QVERIFY(values.fontName != FontName);
+        QCOMPARE(Editor.TabSize, 4);
+        QCOMPARE(Editor.FontName, QStringLiteral("Courier New"));
+        QVERIFY(values.fontName != Editor.FontName);
     }
 
     void ATypedTabSizeIsClampedAtItsEnds_data()
@@ -196,7 +196,7 @@ private Q_SLOTS:
         Preferences values = LoadPreferences(folder);
         values.tabSize = size;
         ApplyPreferences(values, folder);
-        QTEST(TabSize, "applied");
+        QTEST(Editor.TabSize, "applied");
         QTEST(values.tabSize, "applied");
     }
 
@@ -263,7 +263,7 @@ private Q_SLOTS:
         SetSettingsFile(inTheWay + QStringLiteral("/store.ini"));
         Preferences values = Changed();
         ApplyPreferences(values, folder);
-        QCOMPARE(TabSize, 7);
+        QCOMPARE(Editor.TabSize, 7);
         QCOMPARE(CoreBench::Get(inTheWay), QByteArray("x"));
     }
 
@@ -344,16 +344,16 @@ private Q_SLOTS:
     {
         Preferences values = Changed();
         const QString font = values.fontName;
-        NumberColor = CommentBackColor = 0x777777;
+        Editor.NumberColor = Editor.CommentBackColor = 0x777777;
         TakeDefaultColors(values);
-        QCOMPARE(NumberColor, Rgb(100, 100, 0));
-        QCOMPARE(CommentBackColor, Rgb(240, 240, 240));
-        QCOMPARE(HighlightColor, Rgb(255, 240, 200));
-        QCOMPARE(values.numberColor, NumberColor);
+        QCOMPARE(Editor.NumberColor, Rgb(100, 100, 0));
+        QCOMPARE(Editor.CommentBackColor, Rgb(240, 240, 240));
+        QCOMPARE(Editor.HighlightColor, Rgb(255, 240, 200));
+        QCOMPARE(values.numberColor, Editor.NumberColor);
         QCOMPARE(values.commentColor, Rgb(0, 100, 0));
-        QCOMPARE(values.commentBackColor, CommentBackColor);
+        QCOMPARE(values.commentBackColor, Editor.CommentBackColor);
         QCOMPARE(values.fontName, font);
-        QCOMPARE(TabSize, 4);
+        QCOMPARE(Editor.TabSize, 4);
     }
 
     void AssociatingAsksFirst()

@@ -25,12 +25,12 @@ private Q_SLOTS:
 
     void TheStartRoutineMakesTheStateAndTheFolders()
     {
-        FontHeight = 77;
+        Editor.FontHeight = 77;
         OBPath = QStringLiteral("gone");
         CoreBench::PutFile(bench->ProgramPath(QStringLiteral("keywords.txt")), "PEAR Apple\r\n");
         bool wasReset = false;
         StartRoutine([&] {
-            wasReset = MainForm == nullptr && FontHeight == 12;
+            wasReset = MainForm == nullptr && Editor.FontHeight == 12;
             return &bench->form;
         });
         QVERIFY(wasReset);

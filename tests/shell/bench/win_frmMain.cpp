@@ -171,7 +171,7 @@ void win_frmMain::closingStoresPlaceAndSettings()
     bench.Start();
     bench.Frame().move(30, 40);
     bench.Frame().resize(600, 500);
-    TabSize = 7;
+    Editor.TabSize = 7;
     QVERIFY(bench.Close());
     const auto stored = [](const char* key) { return ReadSetting(QString::fromLatin1(key), QStringLiteral("(none)")); };
     QCOMPARE(stored("MainLeft"), QStringLiteral("450"));
@@ -196,10 +196,11 @@ void win_frmMain::garbageInTheStoreStillGivesAWindow()
 {
     for (const char* garbage : {"", "garbage", "-99999999999999999999", "1e308", "&HFFFFFFFF", "\xff\xfe", "0"}) {
         TestBench bench;
-        for (const char* key :
-             {"MainLeft", "MainTop", "MainWidth", "MainHeight", "FontHeight", "FontName", "FontBold", "SyntaxColor",
-              "HotKey", "User2", "QuitQuery", "LastDir", "TabSize", "AutoIndent", "LineNums", "HighlightOn",
-              "IndentGuidesOn", "OpenFileOn", "AddComments", "CommentColor", "KeywordColor", "OBPath", "MRU1"})
+        for (const char* key : {"MainLeft",     "MainTop",        "MainWidth",   "MainHeight",  "FontHeight",
+                                "FontName",     "FontBold",       "SyntaxColor", "HotKey",      "User2",
+                                "QuitQuery",    "LastDir",        "TabSize",     "AutoIndent",  "LineNums",
+                                "HighlightOn",  "IndentGuidesOn", "OpenFileOn",  "AddComments", "CommentColor",
+                                "KeywordColor", "OBPath",         "MRU1"})
             WriteSetting(QString::fromLatin1(key), QString::fromLatin1(garbage));
         bench.Start();
         bench.Choose(QStringLiteral("mnuFileNew"));

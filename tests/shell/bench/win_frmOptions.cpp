@@ -129,8 +129,8 @@ void win_frmOptions::controlsShowTheSettings()
     for (const char* off : {"chkBold", "chkFile", "chkComments", "chkDefaultColors", "optColorOff"})
         QVERIFY2(!options.On(off), off);
     QCOMPARE(options.Find<QPlainTextEdit>("txtComments")->toPlainText(), QString());
-    QCOMPARE(options.Fore("lblBranch"), Shown(BranchColor));
-    QCOMPARE(options.Back("lblHighlight"), Shown(HighlightColor));
+    QCOMPARE(options.Fore("lblBranch"), Shown(Editor.BranchColor));
+    QCOMPARE(options.Back("lblHighlight"), Shown(Editor.HighlightColor));
     QCOMPARE(options.Find<QLabel>("lblSample")->text().count(QLatin1Char('\n')), 1);
     QCOMPARE(options.Find<QLabel>("lblSample")->font().pointSize(), 12);
 }
@@ -183,9 +183,9 @@ void win_frmOptions::tabSizeIsClampedAsItIsTyped()
     OptionsBench options;
     options.Type("txtTabSize", typed);
     QTEST(options.Text("txtTabSize"), "shown");
-    QCOMPARE(TabSize, 4);
+    QCOMPARE(Editor.TabSize, 4);
     options.Click("cmdApply");
-    QCOMPARE(TabSize, applied);
+    QCOMPARE(Editor.TabSize, applied);
     QCOMPARE(options.Text("txtTabSize"), QString::number(applied));
     QCOMPARE(Stored("TabSize"), QString::number(applied));
     QVERIFY(options.form->isVisible());
@@ -197,7 +197,7 @@ void win_frmOptions::emptyTabSizeBecomesOne()
     options.Type("txtTabSize", {});
     QCOMPARE(options.Text("txtTabSize"), QString());
     options.Click("cmdApply");
-    QCOMPARE(TabSize, 1);
+    QCOMPARE(Editor.TabSize, 1);
     QCOMPARE(options.Text("txtTabSize"), QStringLiteral("1"));
     // A pasted -1 stands until it is applied; what is below does not.
     options.Find<QLineEdit>("txtTabSize")->setText(QStringLiteral("-1"));
@@ -211,10 +211,10 @@ void win_frmOptions::storedTabSizeOutOfBoundsIsShownClamped()
     OptionsBench options;
     options.Click("cmdCancel");
     options.Settle();
-    TabSize = 70000;
+    Editor.TabSize = 70000;
     options.Open();
     QCOMPARE(options.Text("txtTabSize"), QStringLiteral("12"));
-    QCOMPARE(TabSize, 70000);
+    QCOMPARE(Editor.TabSize, 70000);
 }
 
 void win_frmOptions::fontBoxSetsTheFont()
@@ -230,13 +230,13 @@ void win_frmOptions::fontBoxSetsTheFont()
     QCOMPARE(sample.families(), QStringList{QStringLiteral("DejaVu Sans Mono")});
     QCOMPARE(sample.pointSize(), 17);
     QVERIFY(sample.bold());
-    QCOMPARE(FontName, QStringLiteral("Courier New"));
+    QCOMPARE(Editor.FontName, QStringLiteral("Courier New"));
     options.Click("chkBold");
     QVERIFY(!options.Find<QLabel>("lblSample")->font().bold());
     options.Click("cmdApply");
-    QCOMPARE(FontName, QStringLiteral("DejaVu Sans Mono"));
-    QCOMPARE(FontHeight, 17);
-    QCOMPARE(FontBold, false);
+    QCOMPARE(Editor.FontName, QStringLiteral("DejaVu Sans Mono"));
+    QCOMPARE(Editor.FontHeight, 17);
+    QCOMPARE(Editor.FontBold, false);
     QVERIFY(options.bench.dialogs.Finished());
 }
 
@@ -247,7 +247,7 @@ void win_frmOptions::cancelledFontBoxChangesNothing()
     options.Click("cmdFont");
     QCOMPARE(options.Text("txtFontName"), QStringLiteral("Courier New"));
     options.Click("cmdApply");
-    QCOMPARE(FontHeight, 12);
+    QCOMPARE(Editor.FontHeight, 12);
 }
 
 void win_frmOptions::fontThatIsNotInstalledKeepsItsName()
@@ -255,11 +255,11 @@ void win_frmOptions::fontThatIsNotInstalledKeepsItsName()
     OptionsBench options;
     options.Click("cmdCancel");
     options.Settle();
-    FontName = QStringLiteral("No Such, Font");
+    Editor.FontName = QStringLiteral("No Such, Font");
     options.Open();
     QCOMPARE(options.Text("txtFontName"), QStringLiteral("No Such, Font"));
     options.Click("cmdApply");
-    QCOMPARE(FontName, QStringLiteral("No Such, Font"));
+    QCOMPARE(Editor.FontName, QStringLiteral("No Such, Font"));
     QCOMPARE(Stored("FontName"), QStringLiteral("No Such, Font"));
     options.bench.dialogs.ExpectFont({QStringLiteral("No Such, Font"), 12, false, false}, std::nullopt);
     options.Click("cmdFont");
@@ -271,7 +271,7 @@ void win_frmOptions::strangeFontSizesDoNoHarm()
     for (const int size : {0, -5, 32767}) {
         options.Click("cmdCancel");
         options.Settle();
-        FontHeight = size;
+        Editor.FontHeight = size;
         options.Open();
         QCOMPARE(options.Text("txtFontSize"), QString::number(size));
         QVERIFY(options.form->width() < 2000 && options.form->height() < 2000);
@@ -279,7 +279,7 @@ void win_frmOptions::strangeFontSizesDoNoHarm()
                                          FontSpec{QStringLiteral("Courier New"), -1, false, false});
         options.Click("cmdFont");
         options.Click("cmdApply");
-        QCOMPARE(FontHeight, size);
+        QCOMPARE(Editor.FontHeight, size);
     }
 }
 
@@ -359,10 +359,12 @@ void win_frmOptions::switchesReachTheOpenWindow()
     QVERIFY(options.Sci(slot, 2243 /* SCI_GETMARGINWIDTHN */) > 0);
     for (const char* box : {"chkIndent", "chkLinenums", "chkHighlight", "chkIndentGuides", "chkFile", "chkQuery"})
         options.Click(box);
-    QVERIFY(AutoIndent && LineNums && HighlightOn && IndentGuidesOn && !OpenFileOn && QuitQuery);
+    QVERIFY(Editor.AutoIndent && Editor.LineNums && Editor.HighlightOn && Editor.IndentGuidesOn && !OpenFileOn &&
+            QuitQuery);
     options.Type("txtTabSize", QStringLiteral("3"));
     options.Click("cmdApply");
-    QVERIFY(!AutoIndent && !LineNums && !HighlightOn && !IndentGuidesOn && OpenFileOn && !QuitQuery);
+    QVERIFY(!Editor.AutoIndent && !Editor.LineNums && !Editor.HighlightOn && !Editor.IndentGuidesOn && OpenFileOn &&
+            !QuitQuery);
     QCOMPARE(options.Sci(slot, 2243), std::intptr_t{0});
     QCOMPARE(options.Sci(slot, 2121 /* SCI_GETTABWIDTH */), std::intptr_t{3});
     QCOMPARE(Stored("OpenFileOn"), QStringLiteral("True"));
@@ -376,7 +378,7 @@ void win_frmOptions::okAppliesAndCloses()
     QTest::keyClick(options.Find<QLineEdit>("txtTabSize"), Qt::Key_Return);
     options.Settle();
     QVERIFY(options.form.isNull());
-    QCOMPARE(TabSize, 6);
+    QCOMPARE(Editor.TabSize, 6);
     QCOMPARE(Stored("TabSize"), QStringLiteral("6"));
 }
 
@@ -387,7 +389,7 @@ void win_frmOptions::escapeClosesWithoutApplying()
     QTest::keyClick(options.form, Qt::Key_Escape);
     options.Settle();
     QVERIFY(options.form.isNull());
-    QCOMPARE(TabSize, 4);
+    QCOMPARE(Editor.TabSize, 4);
     QCOMPARE(Stored("TabSize"), QStringLiteral("(none)"));
 }
 
@@ -441,7 +443,7 @@ void win_frmOptions::storeThatCannotBeWrittenLetsTheRunGoOn()
     options.Type("txtTabSize", QStringLiteral("6"));
     options.Click("cmdOK");
     options.Settle();
-    QCOMPARE(TabSize, 6);
+    QCOMPARE(Editor.TabSize, 6);
     QVERIFY(options.bench.Close());
 }
 

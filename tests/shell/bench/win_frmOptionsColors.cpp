@@ -30,14 +30,14 @@ void win_frmOptionsColors::sampleAsksForAColor_data()
 {
     QTest::addColumn<ColorRef*>("setting");
     QTest::addColumn<bool>("back");
-    QTest::newRow("lblComments") << &CommentColor << false;
-    QTest::newRow("lblCommentback") << &CommentBackColor << true;
-    QTest::newRow("lblBranch") << &BranchColor << false;
-    QTest::newRow("lblKeywords") << &KeywordColor << false;
-    QTest::newRow("lblQuote") << &QuoteColor << false;
-    QTest::newRow("lblHighlight") << &HighlightColor << true;
-    QTest::newRow("lblNumber") << &NumberColor << false;
-    QTest::newRow("lblHandle") << &HandleColor << false;
+    QTest::newRow("lblComments") << &Editor.CommentColor << false;
+    QTest::newRow("lblCommentback") << &Editor.CommentBackColor << true;
+    QTest::newRow("lblBranch") << &Editor.BranchColor << false;
+    QTest::newRow("lblKeywords") << &Editor.KeywordColor << false;
+    QTest::newRow("lblQuote") << &Editor.QuoteColor << false;
+    QTest::newRow("lblHighlight") << &Editor.HighlightColor << true;
+    QTest::newRow("lblNumber") << &Editor.NumberColor << false;
+    QTest::newRow("lblHandle") << &Editor.HandleColor << false;
 }
 
 void win_frmOptionsColors::sampleAsksForAColor()
@@ -54,16 +54,16 @@ void win_frmOptionsColors::sampleAsksForAColor()
     QCOMPARE(*setting, before);
     options.Click("cmdApply");
     QCOMPARE(*setting, chosen);
-    QCOMPARE(Stored("HandleColor"), QString::number(HandleColor));
+    QCOMPARE(Stored("HandleColor"), QString::number(Editor.HandleColor));
     QVERIFY(options.bench.dialogs.Finished());
 }
 
 void win_frmOptionsColors::commentSamplesShowThePair()
 {
     OptionsBench options;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), CommentColor, 0x0000FF);
+    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.CommentColor, 0x0000FF);
     options.ClickSample("lblComments");
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), CommentBackColor, 0x00FF00);
+    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.CommentBackColor, 0x00FF00);
     options.ClickSample("lblCommentback");
     for (const char* sample : {"lblComments", "lblCommentback"}) {
         QCOMPARE(options.Fore(sample), QColor(255, 0, 0));
@@ -77,19 +77,19 @@ void win_frmOptionsColors::cancelledColorBoxChangesNothing()
     // What the store held stays, even if it is no colour that can be shown.
     options.Click("cmdCancel");
     options.Settle();
-    QuoteColor = 0xFFFFFFFF;
+    Editor.QuoteColor = 0xFFFFFFFF;
     options.Open();
     options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), 0xFFFFFFFF, std::nullopt);
     options.ClickSample("lblQuote");
     options.Click("cmdApply");
-    QCOMPARE(QuoteColor, ColorRef{0xFFFFFFFF});
+    QCOMPARE(Editor.QuoteColor, ColorRef{0xFFFFFFFF});
 }
 
 void win_frmOptionsColors::spaceOnASampleAsksForAColor()
 {
     OptionsBench options;
     options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(2);
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), NumberColor, 0x0000FF);
+    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.NumberColor, 0x0000FF);
     QTest::keyClick(options.Find<QLabel>("lblNumber"), Qt::Key_Space);
     QCOMPARE(options.Fore("lblNumber"), QColor(255, 0, 0));
     // The right button and a release elsewhere ask for nothing.
@@ -106,7 +106,7 @@ void win_frmOptionsColors::colorAloneStylesAllOpenWindows()
     options.bench.Choose(QStringLiteral("mnuFileNew"));
     const std::size_t last = Documents.size() - 1;
     QVERIFY(last >= 2 && Documents[last - 1]->sci != nullptr && Documents[last]->sci != nullptr);
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), BranchColor, 0x123456);
+    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.BranchColor, 0x123456);
     options.ClickSample("lblBranch");
     for (const std::size_t slot : {last - 1, last})
         QVERIFY(options.Sci(slot, 2481 /* SCI_STYLEGETFORE */, LabelStyle) != 0x123456);
@@ -118,12 +118,12 @@ void win_frmOptionsColors::colorAloneStylesAllOpenWindows()
 void win_frmOptionsColors::colorAndThenCancelKeepsTheOldColor()
 {
     OptionsBench options;
-    const ColorRef before = KeywordColor;
+    const ColorRef before = Editor.KeywordColor;
     options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), before, 0x123456);
     options.ClickSample("lblKeywords");
     options.Click("cmdCancel");
     options.Settle();
-    QCOMPARE(KeywordColor, before);
+    QCOMPARE(Editor.KeywordColor, before);
     options.Open();
     QCOMPARE(options.Fore("lblKeywords"), Shown(before));
 }
@@ -133,19 +133,19 @@ void win_frmOptionsColors::defaultColorsStayAfterCancel()
     OptionsBench options;
     options.bench.Choose(QStringLiteral("mnuFileNew"));
     const std::size_t slot = Documents.size() - 1;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), BranchColor, 0x123456);
+    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.BranchColor, 0x123456);
     options.ClickSample("lblBranch");
     options.Click("cmdApply");
-    QCOMPARE(BranchColor, ColorRef{0x123456});
+    QCOMPARE(Editor.BranchColor, ColorRef{0x123456});
     options.Click("chkDefaultColors");
     QVERIFY(!options.On("chkDefaultColors"));
-    QCOMPARE(BranchColor, Rgb(200, 0, 0));
+    QCOMPARE(Editor.BranchColor, Rgb(200, 0, 0));
     QCOMPARE(options.Fore("lblBranch"), QColor(200, 0, 0));
     // Open windows follow at the next Apply only.
     QCOMPARE(options.Sci(slot, 2481, LabelStyle), std::intptr_t{0x123456});
     options.Click("cmdCancel");
     options.Settle();
-    QCOMPARE(BranchColor, Rgb(200, 0, 0));
+    QCOMPARE(Editor.BranchColor, Rgb(200, 0, 0));
     QCOMPARE(Stored("BranchColor"), QString::number(0x123456));
     QVERIFY(options.bench.Close());
     QCOMPARE(Stored("BranchColor"), QString::number(Rgb(200, 0, 0)));
@@ -160,17 +160,17 @@ void win_frmOptionsColors::noColoringHidesTheSamples()
     options.Click("optColorOff");
     QVERIFY(!options.Find<QLabel>("lblBranch")->isVisible());
     QVERIFY(options.Find<QLabel>("lblNoColor")->isVisible());
-    QCOMPARE(SyntaxColor, 1);
+    QCOMPARE(Editor.SyntaxColor, 1);
     options.Click("cmdOK");
     options.Settle();
-    QCOMPARE(SyntaxColor, 0);
+    QCOMPARE(Editor.SyntaxColor, 0);
     options.Open();
     options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(2);
     QVERIFY(options.On("optColorOff") && !options.On("optColorOn"));
     QVERIFY(options.Find<QLabel>("lblNoColor")->isVisible());
     options.Click("optColorOn");
     options.Click("cmdApply");
-    QCOMPARE(SyntaxColor, 1);
+    QCOMPARE(Editor.SyntaxColor, 1);
 }
 
 OB_BENCH_TEST(win_frmOptionsColors)

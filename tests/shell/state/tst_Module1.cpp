@@ -3,6 +3,8 @@
 #include "shell/state/Module1.h"
 
 #include "core/CoreBench.h"
+#include "editor/modFind.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/modTexts.h"
 
 using namespace ob;
@@ -151,16 +153,14 @@ private Q_SLOTS:
 
     void TheStateStartsWithItsDefaults()
     {
-        GuiDesign.GuiHandleName = LastFind = QStringLiteral("x");
-        RecentCount = FindFlags = 3;
+        GuiDesign.GuiHandleName = QStringLiteral("x");
+        RecentCount = 3;
         ToolImageIndex = 0;
         bench->Open(QStringLiteral("a.bas"));
-        ResetState();
+        ResetBench();
         QVERIFY(MainForm == nullptr);
         QVERIFY(Documents.empty());
-        QCOMPARE(LastFind, QString());
-        QCOMPARE(FindFlags, 0);
-        QCOMPARE(FoundPos, std::intptr_t{-1});
+        QCOMPARE(Finding().FoundPos, std::intptr_t{-1});
         QCOMPARE(RecentCount, 0);
         QCOMPARE(ToolImageIndex, 1);
         QCOMPARE(GuiDesign.GuiHandleName, QStringLiteral("main"));

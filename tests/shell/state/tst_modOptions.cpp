@@ -3,6 +3,7 @@
 #include "shell/state/modOptions.h"
 
 #include "core/CoreBench.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/modRecent.h"
 
 using namespace ob;
@@ -12,14 +13,15 @@ namespace {
 // Puts every setting to something that no default is, so that a variable that is not read stands out.
 void SpoilSettings()
 {
-    for (QString* path : {&OBPath, &OBHelpPath, &OptionalHelpPath, &OBFreeformPath, &OBRuntimePath, &FontName, &LastDir})
+    for (QString* path :
+         {&OBPath, &OBHelpPath, &OptionalHelpPath, &OBFreeformPath, &OBRuntimePath, &Editor.FontName, &LastDir})
         *path = QStringLiteral("spoilt");
     UserApplications.fill(QStringLiteral("spoilt"));
-    FontHeight = SyntaxColor = TabSize = 77;
-    FontBold = OpenFileOn = AddComments = true;
-    QuitQuery = ShowTips = AutoIndent = LineNums = HighlightOn = IndentGuidesOn = false;
-    for (ColorRef* color : {&CommentColor, &BranchColor, &KeywordColor, &QuoteColor, &HighlightColor, &NumberColor,
-                            &HandleColor, &CommentBackColor})
+    Editor.FontHeight = Editor.SyntaxColor = Editor.TabSize = 77;
+    Editor.FontBold = OpenFileOn = AddComments = true;
+    QuitQuery = ShowTips = Editor.AutoIndent = Editor.LineNums = Editor.HighlightOn = Editor.IndentGuidesOn = false;
+    for (ColorRef* color : {&Editor.CommentColor, &Editor.BranchColor, &Editor.KeywordColor, &Editor.QuoteColor,
+                            &Editor.HighlightColor, &Editor.NumberColor, &Editor.HandleColor, &Editor.CommentBackColor})
         *color = 0xABCDEF;
 }
 
@@ -52,21 +54,21 @@ private Q_SLOTS:
         ReadAllSettings();
         for (const QString& path : {OBPath, OBHelpPath, OptionalHelpPath, OBFreeformPath, OBRuntimePath})
             QCOMPARE(path, QStringLiteral("no path"));
-        QCOMPARE(FontHeight, 12);
-        QCOMPARE(FontName, QStringLiteral("Courier New"));
-        QCOMPARE(FontBold, false);
-        QCOMPARE(SyntaxColor, 1);
+        QCOMPARE(Editor.FontHeight, 12);
+        QCOMPARE(Editor.FontName, QStringLiteral("Courier New"));
+        QCOMPARE(Editor.FontBold, false);
+        QCOMPARE(Editor.SyntaxColor, 1);
         for (const QString& application : UserApplications)
             QCOMPARE(application, QStringLiteral("none"));
         QCOMPARE(HotKey, QStringLiteral("none"));
         QCOMPARE(QuitQuery, true);
         QCOMPARE(LastDir, QStringLiteral("app.path"));
-        QCOMPARE(TabSize, 4);
+        QCOMPARE(Editor.TabSize, 4);
         QCOMPARE(ShowTips, true);
-        QCOMPARE(AutoIndent, true);
-        QCOMPARE(LineNums, true);
-        QCOMPARE(HighlightOn, true);
-        QCOMPARE(IndentGuidesOn, true);
+        QCOMPARE(Editor.AutoIndent, true);
+        QCOMPARE(Editor.LineNums, true);
+        QCOMPARE(Editor.HighlightOn, true);
+        QCOMPARE(Editor.IndentGuidesOn, true);
         QCOMPARE(OpenFileOn, false);
         QCOMPARE(AddComments, false);
     }
@@ -75,14 +77,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<ColorRef*>("color");
         QTest::addColumn<ColorRef>("value");
-        QTest::newRow("CommentColor") << &CommentColor << ColorRef{0x006400};
-        QTest::newRow("BranchColor") << &BranchColor << ColorRef{0x0000C8};
-        QTest::newRow("KeywordColor") << &KeywordColor << ColorRef{0xC80000};
-        QTest::newRow("QuoteColor") << &QuoteColor << ColorRef{0x640064};
-        QTest::newRow("HighlightColor") << &HighlightColor << ColorRef{0xC8F0FF};
-        QTest::newRow("NumberColor") << &NumberColor << ColorRef{0x006464};
-        QTest::newRow("HandleColor") << &HandleColor << ColorRef{0x646400};
-        QTest::newRow("CommentBackColor") << &CommentBackColor << ColorRef{0xF0F0F0};
+        QTest::newRow("CommentColor") << &Editor.CommentColor << ColorRef{0x006400};
+        QTest::newRow("BranchColor") << &Editor.BranchColor << ColorRef{0x0000C8};
+        QTest::newRow("KeywordColor") << &Editor.KeywordColor << ColorRef{0xC80000};
+        QTest::newRow("QuoteColor") << &Editor.QuoteColor << ColorRef{0x640064};
+        QTest::newRow("HighlightColor") << &Editor.HighlightColor << ColorRef{0xC8F0FF};
+        QTest::newRow("NumberColor") << &Editor.NumberColor << ColorRef{0x006464};
+        QTest::newRow("HandleColor") << &Editor.HandleColor << ColorRef{0x646400};
+        QTest::newRow("CommentBackColor") << &Editor.CommentBackColor << ColorRef{0xF0F0F0};
     }
 
     void AnEmptyStoreGivesEveryColor()
@@ -127,7 +129,7 @@ private Q_SLOTS:
         QFETCH(QString, stored);
         Store("SyntaxColor", stored);
         ReadAllSettings();
-        QTEST(SyntaxColor, "read");
+        QTEST(Editor.SyntaxColor, "read");
     }
 
     void AFontHeightWithAFractionIsRoundedHalvesToEven_data()
@@ -152,7 +154,7 @@ private Q_SLOTS:
         SpoilSettings();
         Store("FontHeight", stored);
         ReadAllSettings();
-        QTEST(FontHeight, "read");
+        QTEST(Editor.FontHeight, "read");
     }
 
     void ATabSizeIsANumberOf32Bits_data()
@@ -172,7 +174,7 @@ private Q_SLOTS:
         SpoilSettings();
         Store("TabSize", stored);
         ReadAllSettings();
-        QTEST(TabSize, "read");
+        QTEST(Editor.TabSize, "read");
     }
 
     void ABooleanIsAWordInAnyCaseOrANumber_data()
@@ -205,16 +207,16 @@ private Q_SLOTS:
         for (const char* key : {"FontBold", "QuitQuery", "ShowTips", "AutoIndent", "LineNums", "HighlightOn",
                                 "IndentGuidesOn", "OpenFileOn", "AddComments"})
             Store(key, stored);
-        FontBold = QuitQuery = ShowTips = AutoIndent = LineNums = HighlightOn = IndentGuidesOn = OpenFileOn =
-            AddComments = before;
+        Editor.FontBold = QuitQuery = ShowTips = Editor.AutoIndent = Editor.LineNums = Editor.HighlightOn =
+            Editor.IndentGuidesOn = OpenFileOn = AddComments = before;
         ReadAllSettings();
-        QTEST(FontBold, "read");
+        QTEST(Editor.FontBold, "read");
         QTEST(QuitQuery, "read");
         QTEST(ShowTips, "read");
-        QTEST(AutoIndent, "read");
-        QTEST(LineNums, "read");
-        QTEST(HighlightOn, "read");
-        QTEST(IndentGuidesOn, "read");
+        QTEST(Editor.AutoIndent, "read");
+        QTEST(Editor.LineNums, "read");
+        QTEST(Editor.HighlightOn, "read");
+        QTEST(Editor.IndentGuidesOn, "read");
         QTEST(OpenFileOn, "read");
         QTEST(AddComments, "read");
     }
@@ -227,11 +229,11 @@ private Q_SLOTS:
         Store("CommentColor", QStringLiteral("99999999999"));
         Store("CommentBackColor", QStringLiteral("1"));
         ReadAllSettings();
-        QCOMPARE(FontHeight, 12);
-        QCOMPARE(FontBold, false);
-        QCOMPARE(TabSize, 3);
-        QCOMPARE(CommentColor, Rgb(0, 100, 0));
-        QCOMPARE(CommentBackColor, ColorRef{1});
+        QCOMPARE(Editor.FontHeight, 12);
+        QCOMPARE(Editor.FontBold, false);
+        QCOMPARE(Editor.TabSize, 3);
+        QCOMPARE(Editor.CommentColor, Rgb(0, 100, 0));
+        QCOMPARE(Editor.CommentBackColor, ColorRef{1});
     }
 
     void AColorIsReadAsADecimalNumber_data()
@@ -250,7 +252,7 @@ private Q_SLOTS:
         QFETCH(QString, stored);
         Store("QuoteColor", stored);
         ReadAllSettings();
-        QTEST(QuoteColor, "color");
+        QTEST(Editor.QuoteColor, "color");
     }
 
     void TextsAreReadAsTheyStand()
@@ -263,7 +265,7 @@ private Q_SLOTS:
         ReadAllSettings();
         QCOMPARE(OBPath, QStringLiteral("NO PATH"));
         QCOMPARE(OBHelpPath, QStringLiteral("c:\\help files\\orchard.hlp"));
-        QCOMPARE(FontName, QString());
+        QCOMPARE(Editor.FontName, QString());
         QCOMPARE(HotKey, QStringLiteral(" /bin/true "));
         QCOMPARE(UserApplications[9], QStringLiteral("None"));
     }
@@ -276,23 +278,51 @@ private Q_SLOTS:
         OBPath = QStringLiteral("/e/orchard.exe");
         OBRuntimePath = QStringLiteral("/e/run.exe");
         UserApplications[1] = QStringLiteral("/bin/two");
-        FontBold = true;
-        TabSize = 8;
-        KeywordColor = 0x8000000F;
+        Editor.FontBold = true;
+        Editor.TabSize = 8;
+        Editor.KeywordColor = 0x8000000F;
         SaveAllSettings();
 
         QStringList expected = {QStringLiteral("[Settings]")};
         for (int number = 1; number <= 8; ++number)
             expected.append(QStringLiteral("MRU%1=/b/%2.bas").arg(number).arg(number - 1));
-        const char* const lines[] = {
-            "OBPath=/e/orchard.exe", "OBHelpPath=no path", "OptionalHelpPath=no path", "OBFreeformPath=no path",
-            "OBRuntimePath=/e/run.exe", "FontHeight=12", "SyntaxColor=1", "FontName=Courier New", "FontBold=True",
-            "HotKey=none", "User2=/bin/two", "User3=none", "User4=none", "User5=none", "User6=none", "User7=none",
-            "User8=none", "User9=none", "User10=none", "QuitQuery=True", "LastDir=app.path", "CommentColor=25600",
-            "BranchColor=200", "KeywordColor=-2147483633", "QuoteColor=6553700", "HighlightColor=13168895",
-            "NumberColor=25700", "HandleColor=6579200", "CommentBackColor=15790320", "LineNums=True", "TabSize=8",
-            "ShowTips=True", "AutoIndent=True", "HighlightOn=True", "IndentGuidesOn=True", "OpenFileOn=False",
-            "AddComments=False"};
+        const char* const lines[] = {"OBPath=/e/orchard.exe",
+                                     "OBHelpPath=no path",
+                                     "OptionalHelpPath=no path",
+                                     "OBFreeformPath=no path",
+                                     "OBRuntimePath=/e/run.exe",
+                                     "FontHeight=12",
+                                     "SyntaxColor=1",
+                                     "FontName=Courier New",
+                                     "FontBold=True",
+                                     "HotKey=none",
+                                     "User2=/bin/two",
+                                     "User3=none",
+                                     "User4=none",
+                                     "User5=none",
+                                     "User6=none",
+                                     "User7=none",
+                                     "User8=none",
+                                     "User9=none",
+                                     "User10=none",
+                                     "QuitQuery=True",
+                                     "LastDir=app.path",
+                                     "CommentColor=25600",
+                                     "BranchColor=200",
+                                     "KeywordColor=-2147483633",
+                                     "QuoteColor=6553700",
+                                     "HighlightColor=13168895",
+                                     "NumberColor=25700",
+                                     "HandleColor=6579200",
+                                     "CommentBackColor=15790320",
+                                     "LineNums=True",
+                                     "TabSize=8",
+                                     "ShowTips=True",
+                                     "AutoIndent=True",
+                                     "HighlightOn=True",
+                                     "IndentGuidesOn=True",
+                                     "OpenFileOn=False",
+                                     "AddComments=False"};
         for (const char* line : lines)
             expected.append(QLatin1String(line));
         expected.sort();
@@ -302,20 +332,21 @@ private Q_SLOTS:
     void WhatWasSavedIsReadBack()
     {
         SpoilSettings();
-        SyntaxColor = 0;
-        FontHeight = -3;
+        Editor.SyntaxColor = 0;
+        Editor.FontHeight = -3;
         SaveAllSettings();
-        ResetState();
+        ResetBench();
         ReadAllSettings();
         QCOMPARE(OBFreeformPath, QStringLiteral("spoilt"));
         QCOMPARE(UserApplications[5], QStringLiteral("spoilt"));
         QCOMPARE(LastDir, QStringLiteral("spoilt"));
-        QCOMPARE(FontHeight, -3);
-        QCOMPARE(TabSize, 77);
-        QCOMPARE(SyntaxColor, 0);
-        QVERIFY(FontBold && OpenFileOn && AddComments);
-        QVERIFY(!QuitQuery && !ShowTips && !AutoIndent && !LineNums && !HighlightOn && !IndentGuidesOn);
-        QCOMPARE(HighlightColor, ColorRef{0xABCDEF});
+        QCOMPARE(Editor.FontHeight, -3);
+        QCOMPARE(Editor.TabSize, 77);
+        QCOMPARE(Editor.SyntaxColor, 0);
+        QVERIFY(Editor.FontBold && OpenFileOn && AddComments);
+        QVERIFY(!QuitQuery && !ShowTips && !Editor.AutoIndent && !Editor.LineNums && !Editor.HighlightOn &&
+                !Editor.IndentGuidesOn);
+        QCOMPARE(Editor.HighlightColor, ColorRef{0xABCDEF});
     }
 
     void TheWindowsPlaceIsWrittenAloneAndReadBack()
@@ -346,7 +377,6 @@ private Q_SLOTS:
 private:
     std::unique_ptr<CoreBench> bench;
 };
-
 
 OB_CORE_TEST(tst_modOptions)
 #include "tst_modOptions.moc"

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files in and out of code windows.
+#include "editor/files/modDocumentFile.h"
+
+#include "editor/document/cDocument.h"
+#include "editor/document/modDocument.h"
+#include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
+#include "platform/language/modAnsi.h"
+#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/modRecent.h"
+
+namespace ob {
+
+QByteArray LoadedBytes(QByteArray bytes)
+{
+    if (bytes.size() < 2)
+        throw RuntimeErrorOf(ErrorNumber::InvalidCall);
+    bytes.chop(2);
+    return bytes;
+}
+
+void LoadDocumentFile(cDocument& document, const QString& path)
+{
+    if (!FileExists(path)) {
+        MsgBox(MissingFileText, BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
+        return;
+    }
+    const auto text = DecodeAnsi(LoadedBytes(ReadWhole(path)));
+    SendSci(document.sci, SCI_EMPTYUNDOBUFFER);
+    SendSci(document.sci, SCI_CLEARALL);
+    SendSci(document.sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(text.size()), text.data());
+    SendSci(document.sci, SCI_GOTOPOS, 0);
+    MainForm->ShowDocument(document);
+    SendSci(document.sci, SCI_SETSAVEPOINT);
+    if (document.window != nullptr)
+        document.window->FillLabelLists();
+}
+
+QString OpenedFileStatus(const QString& path)
+{
+    return NameOf(path) + QStringLiteral("  Size: ") + QString::number(SizeOf(path)) +
+           QStringLiteral(" KB   Last Modified: ") + FileDateText(path);
+}
+
+void AfterFileOpen(cDocument& document, const QString& path)
+{
+    document.SetCaption(path);
+    AddRecentFile(path);
+    SetStatusText(OpenedFileStatus(path));
+    document.Tag = TagOpen;
+}
+
+cDocument* OpenInNewWindow(const QString& path, OpenChoices choices)
+{
+    const auto has = [choices](OpenChoice choice) { return (choices & static_cast<unsigned>(choice)) != 0; };
+    cDocument* document = NewDocument();
+    if (document == nullptr)
+        return nullptr;
+    LoadDocumentFile(*document, path);
+    if (has(OpenChoice::Tag))
+        document->Tag = TagOpen;
+    document->SetCaption(path);
+    if (has(OpenChoice::LastFolder))
+        LastDir = FolderOf(path);
+    if (has(OpenChoice::Recent))
+        AddRecentFile(path);
+    if (has(OpenChoice::Status))
+        SetStatusText(OpenedFileStatus(path));
+    return document;
+}
+
+SavedText SavedBytes(QByteArrayView text)
+{
+    auto encoded = EncodeAnsi(text);
+    SavedText saved;
+    saved.bytes = std::move(encoded.bytes);
+    saved.bytes.append(" \r\n");
+    if (encoded.lostCount > 0)
+        saved.lostLine = encoded.firstLostLine;
+    return saved;
+}
+
+SaveEnd SaveDocumentFile(cDocument& document, const QString& path)
+{
+    const SavedText saved = SavedBytes(QByteArrayView(SciText(document.sci)));
+    if (saved.lostLine != 0) {
+        const QString question = QStringLiteral("Line %1 holds a character that BASIC source files cannot store.\n"
+                                                "Save with a question mark in place of each such character?");
+        if (MsgBox(question.arg(saved.lostLine), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::No)
+            return SaveEnd::Declined;
+    }
+    ReplaceFile(path, saved.bytes);
+    // Only a save that succeeded leaves its two blanks in the text.
+    SendSci(document.sci, SCI_APPENDTEXT, 2, "  ");
+    SendSci(document.sci, SCI_SETSAVEPOINT);
+    return SaveEnd::Written;
+}
+
+} // namespace ob
