@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The desktop's own programs: which one opens a file, the file manager, the calculator.
+// The desktop's own programs: which one opens a file, the file manager, the calculator. Each system has its own way:
+// modDesktop_unix.cpp, modDesktop_windows.cpp.
 #pragma once
 
-#include <QString>
+#include "platform/desktop/modLaunchSystem.h"
 
 #include <optional>
 
 namespace ob {
 
-// The command line, without a file, of the program that the desktop opens this file with. The file must exist. By the
-// file's MIME type and the user's and the system's defaults; on Windows by the system. Nothing when there is none.
-std::optional<QString> FindExecutable(const QString& path);
+// The program that the desktop opens this file with, to be started without a file. The file must exist. By the file's
+// MIME type and the user's and the system's defaults; on Windows by the system. Nothing when there is none.
+std::optional<ProgramCall> FindExecutable(const std::u16string& path);
 
-// The command lines of the desktop's file manager and of its calculator; nothing when there is none.
-std::optional<QString> FileManagerCommand();
-std::optional<QString> CalculatorCommand();
+// The desktop's file manager and its calculator; nothing when there is none.
+std::optional<ProgramCall> FileManager();
+std::optional<ProgramCall> Calculator();
 
 } // namespace ob

@@ -1,18 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Command lines taken apart and started.
+// Command lines: resolved, split into arguments, started.
 #include "platform/desktop/modLaunch.h"
 
-#include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
-
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
-
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#endif
 
 #include <algorithm>
 #include <utility>
@@ -21,14 +11,14 @@ namespace ob {
 
 namespace {
 
-bool IsBlank(QChar letter)
+bool IsSpace(QChar character)
 {
-    return letter == u' ' || letter == u'\t';
+    return character == u' ' || character == u'\t';
 }
 
-QStringView WithoutLeadingBlanks(QStringView text)
+QStringView WithoutLeadingSpaces(QStringView text)
 {
-    while (!text.isEmpty() && IsBlank(text.front()))
+    while (!text.isEmpty() && IsSpace(text.front()))
         text = text.sliced(1);
     return text;
 }
@@ -39,7 +29,7 @@ bool HasEnding(QStringView name)
     return name.lastIndexOf(u'.') > separator;
 }
 
-// The file that a front part names; empty when there is none.
+// The file that a first part names; empty when there is none.
 QString FileNamed(QStringView part, const std::function<bool(const QString&)>& fileExists)
 {
     QString asWritten = part.toString();
@@ -51,8 +41,8 @@ QString FileNamed(QStringView part, const std::function<bool(const QString&)>& f
 
 ResolvedCommand CommandOf(const QString& program, QStringView rest)
 {
-    const QStringView argumentText = WithoutLeadingBlanks(rest);
-    return {program, argumentText.toString(), PartArguments(argumentText)};
+    const QStringView argumentText = WithoutLeadingSpaces(rest);
+    return {program, argumentText.toString(), SplitArguments(argumentText)};
 }
 
 std::optional<ResolvedCommand> ResolveQuoted(QStringView line, const std::function<bool(const QString&)>& fileExists)
@@ -66,83 +56,23 @@ std::optional<ResolvedCommand> ResolveQuoted(QStringView line, const std::functi
     return CommandOf(program, line.sliced(std::min(end + 1, line.size())));
 }
 
-#ifdef Q_OS_WIN
-
-void StartNative(const QString& commandLine, WindowMode mode)
+void RaiseUnlessStarted(StartEnd end)
 {
-    // The call resolves the program as ResolveCommand does, and needs the line in memory that it may write to.
-    std::wstring line = commandLine.toStdWString();
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESHOWWINDOW;
-    startup.wShowWindow = mode == WindowMode::Normal ? SW_SHOWNORMAL : SW_SHOWMINIMIZED;
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
-        const DWORD error = GetLastError();
-        throw RuntimeErrorOf(error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? ErrorNumber::FileNotFound
-                                                                                            : ErrorNumber::InvalidCall);
-    }
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    if (end != StartEnd::Started)
+        throw RuntimeErrorOf(end == StartEnd::NotFound ? ErrorNumber::FileNotFound : ErrorNumber::InvalidCall);
 }
-
-#else
-
-// A program for the system that the engine comes from; a script or a native program may bear the same ending.
-bool NeedsWine(const QString& program)
-{
-    if (!program.endsWith(QLatin1String(".exe"), Qt::CaseInsensitive))
-        return false;
-    QFile file(program);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray start = file.read(4);
-    return !start.startsWith("\177ELF") && !start.startsWith("#!");
-}
-
-// The program as the search path of the system knows it, when it is named without a folder.
-std::optional<ResolvedCommand> ResolveBySearch(QStringView commandLine)
-{
-    const auto onSearchPath = [](const QString& name) {
-        return !name.contains(u'/') && !QStandardPaths::findExecutable(name).isEmpty();
-    };
-    std::optional<ResolvedCommand> command = ResolveCommand(commandLine, onSearchPath);
-    if (command)
-        command->program = QStandardPaths::findExecutable(command->program);
-    return command;
-}
-
-void StartNative(const QString& commandLine, WindowMode)
-{
-    std::optional<ResolvedCommand> command = ResolveCommand(commandLine, FileExists);
-    if (!command)
-        command = ResolveBySearch(commandLine);
-    if (!command)
-        throw RuntimeErrorOf(ErrorNumber::FileNotFound);
-    // A bare name would be looked for on the search path and not in the current directory.
-    QString program = QDir::current().absoluteFilePath(command->program);
-    QStringList arguments = command->arguments;
-    if (NeedsWine(program)) {
-        arguments.prepend(program);
-        program = QStandardPaths::findExecutable(QStringLiteral("wine"));
-    }
-    if (program.isEmpty() || !QProcess::startDetached(program, arguments, QDir::currentPath()))
-        throw RuntimeErrorOf(ErrorNumber::InvalidCall);
-}
-
-#endif
 
 } // namespace
 
 std::optional<ResolvedCommand> ResolveCommand(QStringView commandLine,
                                               const std::function<bool(const QString&)>& fileExists)
 {
-    const QStringView line = WithoutLeadingBlanks(commandLine);
+    const QStringView line = WithoutLeadingSpaces(commandLine);
     if (line.startsWith(u'"'))
         return ResolveQuoted(line, fileExists);
     for (qsizetype end = 1; end <= line.size(); ++end) {
-        const bool isCut = end == line.size() || IsBlank(line[end]);
-        if (!isCut || IsBlank(line[end - 1]))
+        const bool isCut = end == line.size() || IsSpace(line[end]);
+        if (!isCut || IsSpace(line[end - 1]))
             continue;
         const QString program = FileNamed(line.first(end), fileExists);
         if (!program.isEmpty())
@@ -151,23 +81,23 @@ std::optional<ResolvedCommand> ResolveCommand(QStringView commandLine,
     return std::nullopt;
 }
 
-QStringList PartArguments(QStringView argumentText)
+QStringList SplitArguments(QStringView argumentText)
 {
     QStringList arguments;
     QString argument;
     bool isInside = false;
     bool isQuoted = false;
-    for (const QChar letter : argumentText) {
-        if (letter == u'"') {
+    for (const QChar character : argumentText) {
+        if (character == u'"') {
             isQuoted = !isQuoted;
             isInside = true;
-        } else if (IsBlank(letter) && !isQuoted) {
+        } else if (IsSpace(character) && !isQuoted) {
             if (isInside)
                 arguments += argument;
             argument.clear();
             isInside = false;
         } else {
-            argument += letter;
+            argument += character;
             isInside = true;
         }
     }
@@ -178,7 +108,12 @@ QStringList PartArguments(QStringView argumentText)
 
 void Launch(const QString& commandLine, WindowMode mode)
 {
-    StartNative(commandLine, mode);
+    RaiseUnlessStarted(StartCommandLine(commandLine.toStdU16String(), mode));
+}
+
+void Launch(const ProgramCall& call)
+{
+    RaiseUnlessStarted(StartProgram(call));
 }
 
 } // namespace ob

@@ -2,6 +2,8 @@
 // Starting a command line: finding the program in it, and running it on its own.
 #pragma once
 
+#include "platform/desktop/modLaunchSystem.h"
+
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -11,29 +13,29 @@
 
 namespace ob {
 
-enum class WindowMode { Normal, Minimized };
-
-// A command line taken apart. The argument text is what stands behind the program, without the blanks between.
+// A command line with its program found. The argument text is what follows the program, without the spaces between.
 struct ResolvedCommand {
     QString program;
     QString argumentText;
     QStringList arguments;
 };
 
-// Finds the program in a command line whose paths are not quoted: the line is cut at each blank in turn, and the
-// shortest front part that names a file is the program, as written or with ".exe" added when it has no ending of its
-// own. A front part in double quotes is the program as a whole. Nothing when no front part names a file.
+// Finds the program in a command line whose paths are not quoted: the line is cut at each space in turn, and the
+// shortest first part that names a file is the program, as written or with ".exe" added when it has no ending of its
+// own. A first part in double quotes is the program as a whole. Nothing when no first part names a file.
 std::optional<ResolvedCommand> ResolveCommand(QStringView commandLine,
                                               const std::function<bool(const QString&)>& fileExists);
 
-// Parts a text into arguments at runs of blanks and tabs. Double quotes hold a part together and are dropped; ""
+// Splits a text into arguments at runs of spaces and tabs. Double quotes hold an argument together and are dropped; ""
 // makes an empty argument.
-QStringList PartArguments(QStringView argumentText);
+QStringList SplitArguments(QStringView argumentText);
 
-// Starts a command line in the current directory and forgets it. A program named without a folder is also looked for
-// as the system does. On a system other than Windows, an ".exe" that is no native program runs through wine, and the
-// window mode is a wish that goes unheard. Raises FileNotFound when the line names no program, InvalidCall when the
-// program cannot be started.
+// Starts a command line in the current directory and does not wait for it. A program named without a folder is also
+// looked for as the system does. On Unix, an ".exe" that is no native program runs through wine, and the window mode
+// has no effect. Raises FileNotFound when the line names no program, InvalidCall when the program cannot be started.
 void Launch(const QString& commandLine, WindowMode mode = WindowMode::Normal);
+
+// The same for a program that is known with its arguments.
+void Launch(const ProgramCall& call);
 
 } // namespace ob

@@ -27,19 +27,19 @@ void SayStopped(const QString& text)
 }
 
 // Launchers pass errors over: a program that does not start is silent.
-void StartSilently(const QString& command)
+void StartSilently(const ProgramCall& call)
 {
     try {
-        Launch(command, WindowMode::Normal);
+        Launch(call);
     } catch (const RuntimeError&) {
-        // As told by the program that is not there.
+        // Nothing is shown.
     }
 }
 
-void StartOr(const std::optional<QString>& command, const QString& message)
+void StartOr(const std::optional<ProgramCall>& call, const QString& message)
 {
-    if (command)
-        StartSilently(*command);
+    if (call)
+        StartSilently(*call);
     else
         SayStopped(message);
 }
@@ -48,15 +48,15 @@ void StartOr(const std::optional<QString>& command, const QString& message)
 void StartProgramFor(const QString& testFile, const QString& message)
 {
     const QString path = ProgramFile(testFile);
-    std::optional<QString> command;
+    std::optional<ProgramCall> call;
     try {
         ReplaceFile(path, "test\r\n");
-        command = FindExecutable(path);
+        call = FindExecutable(path.toStdU16String());
     } catch (const RuntimeError&) {
         // Without the test file there is nothing to ask with.
     }
     QFile::remove(path);
-    StartOr(command, message);
+    StartOr(call, message);
 }
 
 void OpenLink(const QString& item)
@@ -99,7 +99,7 @@ QString PageAddress(const QString& item)
 
 void mnuExplorer_Click()
 {
-    StartOr(FileManagerCommand(), QStringLiteral("Explorer not found."));
+    StartOr(FileManager(), QStringLiteral("Explorer not found."));
 }
 
 void mnuNotepad_Click()
@@ -124,7 +124,7 @@ void mnuSoundRec_Click()
 
 void mnuCalculator_Click()
 {
-    StartOr(CalculatorCommand(), QStringLiteral("Calculator not found."));
+    StartOr(Calculator(), QStringLiteral("Calculator not found."));
 }
 
 void mnuOBHome_Click()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Command lines taken apart, and real processes that write down how they were called.
+// Command lines resolved and split, and real processes that write down how they were called.
 #include "platform/desktop/modLaunch.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -37,23 +37,24 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void TheShortestFrontPartThatIsAFileIsTheProgram_data();
-    void TheShortestFrontPartThatIsAFileIsTheProgram();
+    void TheShortestFirstPartThatIsAFileIsTheProgram_data();
+    void TheShortestFirstPartThatIsAFileIsTheProgram();
     void NoFileMeansNoCommand_data();
     void NoFileMeansNoCommand();
-    void ArgumentsArePartedAtBlanks_data();
-    void ArgumentsArePartedAtBlanks();
+    void ArgumentsAreSplitAtSpaces_data();
+    void ArgumentsAreSplitAtSpaces();
 
     void AProgramIsStartedWithItsArguments();
-    void AProgramWithBlanksInItsPathIsStarted();
+    void AProgramWithSpacesInItsPathIsStarted();
+    void AKnownProgramGetsItsArgumentsUnchanged();
     void AnEndingIsAddedToAProgramOnDisk();
     void ARelativeProgramIsTakenFromTheCurrentDirectory();
     void ABareNameIsLookedForOnTheSearchPath();
-    void AProgramOfTheOtherSystemRunsThroughWine();
+    void AProgramForWindowsRunsThroughWine();
     void WithoutWineTheStartFails();
     void AScriptOfThatEndingRunsByItself();
-    void AProgramThatIsNotThereIsTold();
-    void AProgramThatIsNotExecutableIsTold();
+    void AProgramThatIsNotThereIsReported();
+    void AProgramThatIsNotExecutableIsReported();
 
 private:
     QString At(const QString& name) const { return folder->filePath(name); }
@@ -108,7 +109,7 @@ QStringList tst_modLaunch::WaitForLog() const
     return lines;
 }
 
-void tst_modLaunch::TheShortestFrontPartThatIsAFileIsTheProgram_data()
+void tst_modLaunch::TheShortestFirstPartThatIsAFileIsTheProgram_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QStringList>("files");
@@ -120,17 +121,17 @@ void tst_modLaunch::TheShortestFrontPartThatIsAFileIsTheProgram_data()
     };
     row("alone", "/p/orchard.exe", "/p/orchard.exe", "/p/orchard.exe", "");
     row("run line", "/p/orchard.exe  -R -A /t/x.bak", "/p/orchard.exe", "/p/orchard.exe", "-R -A /t/x.bak");
-    row("blank in path", "/my p/orchard.exe  -R -A x", "/my p/orchard.exe", "/my p/orchard.exe", "-R -A x");
+    row("space in path", "/my p/orchard.exe  -R -A x", "/my p/orchard.exe", "/my p/orchard.exe", "-R -A x");
     row("shorter file wins", "/my p/orchard.exe x", "/my|/my p/orchard.exe", "/my", "p/orchard.exe x");
     row("shorter with ending wins", "/my p/orchard.exe x", "/my.exe|/my p/orchard.exe", "/my.exe", "p/orchard.exe x");
     row("as written before ending", "/p/run x", "/p/run|/p/run.exe", "/p/run", "x");
     row("ending added", "/p/run x", "/p/run.exe", "/p/run.exe", "x");
     row("dot in a folder is no ending", "/p.d/run x", "/p.d/run.exe", "/p.d/run.exe", "x");
-    row("double blank in path", "/my  p/run.exe x", "/my  p/run.exe", "/my  p/run.exe", "x");
-    row("no file ends in a blank", "/my  p/run.exe x", "/my |/my  p/run.exe", "/my  p/run.exe", "x");
+    row("two spaces in path", "/my  p/run.exe x", "/my  p/run.exe", "/my  p/run.exe", "x");
+    row("no file ends in a space", "/my  p/run.exe x", "/my |/my  p/run.exe", "/my  p/run.exe", "x");
     row("tab", "/p/run.exe\tx", "/p/run.exe", "/p/run.exe", "x");
-    row("blanks before", "   /p/run.exe x", "/p/run.exe", "/p/run.exe", "x");
-    row("blanks behind stay", "/p/run.exe x  ", "/p/run.exe", "/p/run.exe", "x  ");
+    row("spaces before", "   /p/run.exe x", "/p/run.exe", "/p/run.exe", "x");
+    row("spaces at the end stay", "/p/run.exe x  ", "/p/run.exe", "/p/run.exe", "x  ");
     row("backslashes", "c:\\my p\\run x", "c:\\my p\\run.exe", "c:\\my p\\run.exe", "x");
     row("quoted", "\"/my p/run.exe\" x y", "/my|/my p/run.exe", "/my p/run.exe", "x y");
     row("quoted, ending added", "\"/my p/run\"  x", "/my p/run.exe", "/my p/run.exe", "x");
@@ -139,7 +140,7 @@ void tst_modLaunch::TheShortestFrontPartThatIsAFileIsTheProgram_data()
     row("bare name", "notepad a.txt", "notepad.exe", "notepad.exe", "a.txt");
 }
 
-void tst_modLaunch::TheShortestFrontPartThatIsAFileIsTheProgram()
+void tst_modLaunch::TheShortestFirstPartThatIsAFileIsTheProgram()
 {
     QFETCH(QString, line);
     QFETCH(QStringList, files);
@@ -149,14 +150,14 @@ void tst_modLaunch::TheShortestFrontPartThatIsAFileIsTheProgram()
     QVERIFY(command.has_value());
     QCOMPARE(command->program, program);
     QCOMPARE(command->argumentText, argumentText);
-    QCOMPARE(command->arguments, ob::PartArguments(argumentText));
+    QCOMPARE(command->arguments, ob::SplitArguments(argumentText));
 }
 
 void tst_modLaunch::NoFileMeansNoCommand_data()
 {
     QTest::addColumn<QString>("line");
     QTest::newRow("empty") << QString();
-    QTest::newRow("blanks") << QStringLiteral("   ");
+    QTest::newRow("spaces") << QStringLiteral("   ");
     QTest::newRow("missing") << QStringLiteral("/p/gone.exe x");
     QTest::newRow("ending is not added twice") << QStringLiteral("/p/run.com");
     QTest::newRow("quoted, missing") << QStringLiteral("\"/p/gone\" /p/run.exe");
@@ -172,7 +173,7 @@ void tst_modLaunch::NoFileMeansNoCommand()
     QVERIFY(!ob::ResolveCommand(line, [&](const QString& path) { return files.contains(path); }));
 }
 
-void tst_modLaunch::ArgumentsArePartedAtBlanks_data()
+void tst_modLaunch::ArgumentsAreSplitAtSpaces_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("arguments");
@@ -192,11 +193,11 @@ void tst_modLaunch::ArgumentsArePartedAtBlanks_data()
     row("\"c:\\my p\\\" x", {L("c:\\my p\\"), L("x")});
 }
 
-void tst_modLaunch::ArgumentsArePartedAtBlanks()
+void tst_modLaunch::ArgumentsAreSplitAtSpaces()
 {
     QFETCH(QString, text);
     QFETCH(QStringList, arguments);
-    QCOMPARE(ob::PartArguments(text), arguments);
+    QCOMPARE(ob::SplitArguments(text), arguments);
 }
 
 void tst_modLaunch::AProgramIsStartedWithItsArguments()
@@ -206,12 +207,19 @@ void tst_modLaunch::AProgramIsStartedWithItsArguments()
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("engine [-R] [-A] [/tmp/a] [b c]"));
 }
 
-void tst_modLaunch::AProgramWithBlanksInItsPathIsStarted()
+void tst_modLaunch::AProgramWithSpacesInItsPathIsStarted()
 {
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("my programs")));
     MakeProgram(QStringLiteral("my programs/the engine"));
     ob::Launch(At(QStringLiteral("my programs/the engine")) + QStringLiteral("  -R x"), ob::WindowMode::Minimized);
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("my programs/the engine [-R] [x]"));
+}
+
+void tst_modLaunch::AKnownProgramGetsItsArgumentsUnchanged()
+{
+    MakeProgram(QStringLiteral("my engine"));
+    ob::Launch(ob::ProgramCall{At(QStringLiteral("my engine")).toStdU16String(), {u"a b", u"\"c\"", u"", u"d\\"}});
+    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("my engine [a b] [\"c\"] [] [d\\]"));
 }
 
 void tst_modLaunch::AnEndingIsAddedToAProgramOnDisk()
@@ -237,7 +245,7 @@ void tst_modLaunch::ABareNameIsLookedForOnTheSearchPath()
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("tools/viewer [a.txt]"));
 }
 
-void tst_modLaunch::AProgramOfTheOtherSystemRunsThroughWine()
+void tst_modLaunch::AProgramForWindowsRunsThroughWine()
 {
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("tools")));
     MakeProgram(QStringLiteral("tools/wine"));
@@ -268,7 +276,7 @@ void tst_modLaunch::AScriptOfThatEndingRunsByItself()
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("orchard.exe"));
 }
 
-void tst_modLaunch::AProgramThatIsNotThereIsTold()
+void tst_modLaunch::AProgramThatIsNotThereIsReported()
 {
     QCOMPARE(LaunchError(At(QStringLiteral("gone.exe")) + QStringLiteral(" x")), fileNotFound);
     QCOMPARE(LaunchError(QStringLiteral("surely-no-program-has-this-name x")), fileNotFound);
@@ -277,7 +285,7 @@ void tst_modLaunch::AProgramThatIsNotThereIsTold()
     QCOMPARE(LaunchError(QStringLiteral("no path  -R -A x")), fileNotFound);
 }
 
-void tst_modLaunch::AProgramThatIsNotExecutableIsTold()
+void tst_modLaunch::AProgramThatIsNotExecutableIsReported()
 {
     MakeProgram(QStringLiteral("engine"));
     QVERIFY(QFile::setPermissions(At(QStringLiteral("engine")), QFile::Permissions(0x6644)));

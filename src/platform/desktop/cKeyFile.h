@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A file of groups with lines "key=value", as desktop entries and lists of default programs are ("Desktop Entry
+// Specification" 1.5, sections 3 to 5).
+#pragma once
+
+#include <QByteArrayView>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+namespace ob {
+
+class cKeyFile {
+public:
+    // UTF-8 text. Lines that are no group, key or comment are passed over; of a key written twice the first counts.
+    explicit cKeyFile(QByteArrayView text);
+    // A file that cannot be read has no groups.
+    static cKeyFile Read(const QString& path);
+
+    // The value with its escapes \s \n \t \r \\ undone, another backslash being itself; empty where the key is missing.
+    QString Text(const QString& group, const QString& key) const;
+    // The same in the best translation for a locale "lang_COUNTRY.ENCODING@MODIFIER".
+    QString Text(const QString& group, const QString& key, const QString& locale) const;
+    // The parts of a value that semicolons separate, "\;" being a semicolon in a part. No part is empty.
+    QStringList List(const QString& group, const QString& key) const;
+    bool IsTrue(const QString& group, const QString& key) const;
+
+private:
+    QString Raw(const QString& group, const QString& key) const;
+
+    QHash<QString, QHash<QString, QString>> groups;
+};
+
+} // namespace ob

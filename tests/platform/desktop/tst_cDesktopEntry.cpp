@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Desktop entries, a row for each rule of how they name a program and its arguments.
+#include "platform/desktop/cDesktopEntry.h"
+
+#include "platform/desktop/modAssociation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using ob::cDesktopEntry;
+
+class tst_cDesktopEntry : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase() { qputenv("PATH", usualPath); }
+
+    void ExecIsSplitIntoArguments_data();
+    void ExecIsSplitIntoArguments();
+    void AnOpenQuoteIsMalformed();
+    void EscapesAreUndoneBeforeQuotes_data();
+    void EscapesAreUndoneBeforeQuotes();
+    void CodesAreExpanded_data();
+    void CodesAreExpanded();
+    void ProgramsThatCannotStartHaveNoCommand_data();
+    void ProgramsThatCannotStartHaveNoCommand();
+    void ProgramsThatCanStartHaveACommand_data();
+    void ProgramsThatCanStartHaveACommand();
+    void MenusShowWhatTheirDesktopMay_data();
+    void MenusShowWhatTheirDesktopMay();
+    void TypesAndCategoriesAreClaimed();
+    void WhatAssociatingWritesIsReadBack_data();
+    void WhatAssociatingWritesIsReadBack();
+
+private:
+    QString At(const QString& name) const { return folder.filePath(name); }
+    void PutProgram(const QString& name, QFile::Permissions permissions) const;
+    // The entry of a program "Test" that has these lines too.
+    cDesktopEntry Entry(const QByteArray& lines, const QString& locale = {}) const;
+
+    const QByteArray usualPath = qgetenv("PATH");
+    QTemporaryDir folder;
+};
+
+void tst_cDesktopEntry::PutProgram(const QString& name, QFile::Permissions permissions) const
+{
+    QFile file(At(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.setPermissions(permissions));
+}
+
+void tst_cDesktopEntry::initTestCase()
+{
+    qputenv("PATH", QFile::encodeName(folder.path()));
+    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("folder")));
+    PutProgram(QStringLiteral("editor"), QFile::ReadOwner | QFile::ExeOwner);
+    PutProgram(QStringLiteral("my editor"), QFile::ReadOwner | QFile::ExeOwner);
+    PutProgram(QStringLiteral("a=b"), QFile::ReadOwner | QFile::ExeOwner);
+    PutProgram(QStringLiteral("text"), QFile::ReadOwner);
+}
+
+cDesktopEntry tst_cDesktopEntry::Entry(const QByteArray& lines, const QString& locale) const
+{
+    QFile file(At(QStringLiteral("test.desktop")));
+    if (!file.open(QIODevice::WriteOnly) || file.write("[Desktop Entry]\nName=Test\n" + lines + '\n') < 0)
+        QTest::qFail("the desktop file cannot be written", __FILE__, __LINE__);
+    file.close();
+    return cDesktopEntry(file.fileName(), locale);
+}
+
+void tst_cDesktopEntry::ExecIsSplitIntoArguments_data()
+{
+    QTest::addColumn<QString>("exec");
+    QTest::addColumn<QString>("arguments"); // each in brackets
+    const auto row = [](const char* name, const char* exec, const char* arguments) {
+        QTest::newRow(name) << QString::fromUtf8(exec) << QString::fromUtf8(arguments);
+    };
+    row("nothing", "", "");
+    row("program", "editor", "[editor]");
+    row("spaces between", "editor -a   b ", "[editor][-a][b]");
+    row("quoted program", R"("/my p/editor" -a)", "[/my p/editor][-a]");
+    row("quoted argument", R"(editor "a b")", "[editor][a b]");
+    row("empty argument", R"(editor "" b)", "[editor][][b]");
+    row("double quote", R"(editor "a\"b")", R"([editor][a"b])");
+    row("backtick", R"(editor "a\`b")", "[editor][a`b]");
+    row("dollar sign", R"(editor "a\$b")", "[editor][a$b]");
+    row("backslash", R"(editor "a\\b")", R"([editor][a\b])");
+    row("backslash at the end", R"(editor "a\\" b)", R"([editor][a\][b])");
+    row("no escape", R"(editor "a\nb")", R"([editor][a\nb])");
+    row("reserved characters", R"-(editor "'><~|&;*?#()")-", "[editor]['><~|&;*?#()]");
+    row("tab and line feed", "editor \"a\tb\nc\"", "[editor][a\tb\nc]");
+    row("a quote that begins inside", R"(editor a" b"c)", "[editor][a bc]");
+    row("an apostrophe is no quote", "editor it's", "[editor][it's]");
+}
+
+void tst_cDesktopEntry::ExecIsSplitIntoArguments()
+{
+    QFETCH(QString, exec);
+    const auto arguments = ob::SplitExec(exec);
+    QVERIFY(arguments.has_value());
+    QString shown;
+    for (const QString& argument : *arguments)
+        shown += u'[' + argument + u']';
+    QTEST(shown, "arguments");
+}
+
+void tst_cDesktopEntry::AnOpenQuoteIsMalformed()
+{
+    QVERIFY(!ob::SplitExec(u"editor \"a b"));
+    QVERIFY(!ob::SplitExec(u"editor \"a\\\""));
+    QVERIFY(!Entry("Type=Application\nExec=editor \"a b").Command());
+}
+
+void tst_cDesktopEntry::EscapesAreUndoneBeforeQuotes_data()
+{
+    QTest::addColumn<QByteArray>("exec");
+    QTest::addColumn<QString>("argument");
+    QTest::newRow("double quote") << QByteArray(R"(editor "a\\"b")") << QStringLiteral("a\"b");
+    QTest::newRow("dollar sign") << QByteArray(R"(editor "\\$a")") << QStringLiteral("$a");
+    QTest::newRow("backslash") << QByteArray(R"(editor "a\\\\b")") << QStringLiteral("a\\b");
+    QTest::newRow("space") << QByteArray(R"(editor "a\sb")") << QStringLiteral("a b");
+    QTest::newRow("line feed") << QByteArray(R"(editor "a\nb")") << QStringLiteral("a\nb");
+    QTest::newRow("space between arguments") << QByteArray(R"(editor\sa)") << QStringLiteral("a");
+}
+
+void tst_cDesktopEntry::EscapesAreUndoneBeforeQuotes()
+{
+    QFETCH(QByteArray, exec);
+    QFETCH(QString, argument);
+    QCOMPARE(Entry("Type=Application\nExec=" + exec).Command().value(),
+             QStringList({At(QStringLiteral("editor")), argument}));
+}
+
+void tst_cDesktopEntry::CodesAreExpanded_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<QString>("expanded"); // each in brackets; "malformed" for no command
+    const auto row = [](const char* arguments, const char* expanded) {
+        QTest::newRow(arguments) << QByteArray(arguments) << QString::fromUtf8(expanded);
+    };
+    for (const char* code : {"%f", "%F", "%u", "%U", "%d", "%D", "%n", "%N", "%v", "%m"}) {
+        row(code, "");
+        QTest::addRow("-a %s -b", code) << QByteArray("-a ") + code + " -b" << QStringLiteral("[-a][-b]");
+    }
+    row("--file=%f", "[--file=]");
+    row("\"%f\"", "");
+    row("\"\"", "[]");
+    row("100%%", "[100%]");
+    row("%%f", "[%f]");
+    row("%%%%", "[%%]");
+    row("\"%% %%\"", "[% %]");
+    row("%i", "[--icon][an icon]");
+    row("%i %f -b", "[--icon][an icon][-b]");
+    row("%c", "[Pr\xC3\xBC"
+              "fung 1]");
+    row("-t%c.", "[-tPr\xC3\xBC"
+                 "fung 1.]");
+    row("%k", "[FOLDER/test.desktop]");
+    row("-k=%k", "[-k=FOLDER/test.desktop]");
+    row("%x", "malformed");
+    row("-a %1", "malformed");
+    row("a%", "malformed");
+}
+
+void tst_cDesktopEntry::CodesAreExpanded()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(QString, expanded);
+    const auto command = Entry("Type=Application\nName[de]=Pr\xC3\xBC"
+                               "fung 1\nIcon=an icon\nExec=editor " +
+                                   arguments,
+                               QStringLiteral("de_DE.UTF-8"))
+                             .Command();
+    QString shown = command ? QString() : QStringLiteral("malformed");
+    for (const QString& argument : command.value_or(QStringList()).mid(1))
+        shown += u'[' + argument + u']';
+    QCOMPARE(shown.replace(folder.path(), QStringLiteral("FOLDER")), expanded);
+}
+
+void tst_cDesktopEntry::ProgramsThatCannotStartHaveNoCommand_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    const auto row = [](const char* name, const QByteArray& lines) { QTest::newRow(name) << lines; };
+    row("hidden", "Type=Application\nExec=editor\nHidden=true");
+    row("in a terminal", "Type=Application\nExec=editor\nTerminal=true");
+    row("a link", "Type=Link\nExec=editor");
+    row("of no type", "Exec=editor");
+    row("without Exec", "Type=Application");
+    row("with an empty Exec", "Type=Application\nExec=");
+    row("with codes only", "Type=Application\nExec=%f");
+    row("not on the search path", "Type=Application\nExec=surely-no-program-has-this-name");
+    row("not at the full path", "Type=Application\nExec=/nowhere/editor");
+    row("not executable", "Type=Application\nExec=text");
+    row("not executable at the full path", "Type=Application\nExec=" + At(QStringLiteral("text")).toUtf8());
+    row("a folder", "Type=Application\nExec=" + At(QStringLiteral("folder")).toUtf8());
+    row("neither a name nor a full path", "Type=Application\nExec=./editor");
+    row("an equals sign in the program", "Type=Application\nExec=a=b");
+    row("TryExec not on the search path", "Type=Application\nExec=editor\nTryExec=surely-no-program-has-this-name");
+    row("TryExec not at the full path", "Type=Application\nExec=editor\nTryExec=/nowhere/editor");
+    row("TryExec not executable", "Type=Application\nExec=editor\nTryExec=text");
+    row("Exec of another group", "Type=Application\n[Desktop Action New]\nExec=editor");
+}
+
+void tst_cDesktopEntry::ProgramsThatCannotStartHaveNoCommand()
+{
+    QFETCH(QByteArray, lines);
+    QVERIFY(!Entry(lines).Command());
+}
+
+void tst_cDesktopEntry::ProgramsThatCanStartHaveACommand_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<QString>("program");
+    const QByteArray path = At(QStringLiteral("my editor")).toUtf8();
+    QTest::newRow("name") << QByteArray("Exec=editor") << QStringLiteral("editor");
+    QTest::newRow("quoted name") << QByteArray("Exec=\"my editor\"") << QStringLiteral("my editor");
+    QTest::newRow("full path") << "Exec=\"" + path + '"' << QStringLiteral("my editor");
+    QTest::newRow("TryExec by name") << QByteArray("Exec=editor\nTryExec=editor") << QStringLiteral("editor");
+    QTest::newRow("TryExec by path") << "Exec=editor\nTryExec=" + path << QStringLiteral("editor");
+    QTest::newRow("not in menus") << QByteArray("Exec=editor\nNoDisplay=true") << QStringLiteral("editor");
+    QTest::newRow("not hidden, no terminal")
+        << QByteArray("Exec=editor\nHidden=false\nTerminal=false") << QStringLiteral("editor");
+}
+
+void tst_cDesktopEntry::ProgramsThatCanStartHaveACommand()
+{
+    QFETCH(QByteArray, lines);
+    QFETCH(QString, program);
+    QCOMPARE(Entry("Type=Application\n" + lines).Command().value(), QStringList(At(program)));
+}
+
+void tst_cDesktopEntry::MenusShowWhatTheirDesktopMay_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<QString>("desktops");
+    QTest::addColumn<bool>("isShown");
+    const auto row = [](const char* lines, const char* desktops, bool isShown) {
+        QTest::addRow("%s on %s", lines, desktops) << QByteArray(lines) << QString::fromLatin1(desktops) << isShown;
+    };
+    row("", "", true);
+    row("", "A", true);
+    row("NoDisplay=true", "A", false);
+    row("NoDisplay=true\nOnlyShowIn=A;", "A", false);
+    row("OnlyShowIn=A;B;", "B", true);
+    row("OnlyShowIn=A;B;", "C", false);
+    row("OnlyShowIn=A;B;", "", false);
+    row("OnlyShowIn=A;", "a", false);
+    row("NotShowIn=A;B;", "B", false);
+    row("NotShowIn=A;B;", "C", true);
+    row("NotShowIn=A;B;", "", true);
+    row("OnlyShowIn=A;\nNotShowIn=B;", "A:B", true);
+    row("OnlyShowIn=A;\nNotShowIn=B;", "B:A", false);
+    row("OnlyShowIn=A;\nNotShowIn=B;", "C:A", true);
+}
+
+void tst_cDesktopEntry::MenusShowWhatTheirDesktopMay()
+{
+    QFETCH(QByteArray, lines);
+    QFETCH(QString, desktops);
+    QTEST(Entry(lines).IsShownIn(desktops.split(u':', Qt::SkipEmptyParts)), "isShown");
+}
+
+void tst_cDesktopEntry::TypesAndCategoriesAreClaimed()
+{
+    const cDesktopEntry entry = Entry("MimeType=text/plain;a/b\nCategories=Utility;Calculator;");
+    QVERIFY(entry.ClaimsType(QStringLiteral("text/plain")));
+    QVERIFY(entry.ClaimsType(QStringLiteral("a/b")));
+    QVERIFY(!entry.ClaimsType(QStringLiteral("text")));
+    QVERIFY(!entry.ClaimsType(QString()));
+    QVERIFY(entry.HasCategory(QStringLiteral("Calculator")));
+    QVERIFY(!entry.HasCategory(QStringLiteral("calculator")));
+}
+
+void tst_cDesktopEntry::WhatAssociatingWritesIsReadBack_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"bench", "my bench", "100% bench", "%f", "a\"b", "a`b", "$a", "a\\b", "a\\\\", "it's",
+                             "a\nb", "a\tb", "(a;b)*?#&|<>~", "\xC3\xA4"})
+        QTest::newRow(name) << QString::fromUtf8(name);
+}
+
+void tst_cDesktopEntry::WhatAssociatingWritesIsReadBack()
+{
+    QFETCH(QString, name);
+    PutProgram(name, QFile::ReadOwner | QFile::ExeOwner);
+    const cDesktopEntry entry = Entry("Type=Application\nExec=" + ob::ExecutableInEntry(At(name)) + " %f");
+    QCOMPARE(entry.Command().value(), QStringList(At(name)));
+}
+
+QTEST_GUILESS_MAIN(tst_cDesktopEntry)
+#include "tst_cDesktopEntry.moc"

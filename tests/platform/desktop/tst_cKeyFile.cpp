@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files of groups with lines "key=value": the format, its escapes, lists and translations.
+#include "platform/desktop/cKeyFile.h"
+
+#include <QTest>
+
+using ob::cKeyFile;
+
+class tst_cKeyFile : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void LinesAreGroupsKeysOrComments_data();
+    void LinesAreGroupsKeysOrComments();
+    void EscapesAreUndone_data();
+    void EscapesAreUndone();
+    void ListsAreSplitAtSemicolons_data();
+    void ListsAreSplitAtSemicolons();
+    void TheBestTranslationIsTaken_data();
+    void TheBestTranslationIsTaken();
+    void OnlyTheWordTrueIsTrue();
+    void AFileThatIsNotThereHasNoGroups();
+};
+
+void tst_cKeyFile::LinesAreGroupsKeysOrComments_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("value");
+    const auto row = [](const char* name, const char* text, const char* value) {
+        QTest::newRow(name) << QByteArray(text) << QString::fromUtf8(value);
+    };
+    row("plain", "[G]\nk=v\n", "v");
+    row("no line end at the end", "[G]\nk=v", "v");
+    row("lines that end in CR LF", "[G]\r\nk=v\r\n", "v");
+    row("spaces around the sign", "[G]\nk = v w \n", "v w");
+    row("a sign in the value", "[G]\nk=a=b\n", "a=b");
+    row("the case of a key counts", "[G]\nK=v\n", "");
+    row("the case of a group counts", "[g]\nk=v\n", "");
+    row("comments and empty lines", "# k=1\n\n[G]\n# k=2\n#k=3\n\nk=v\n", "v");
+    row("a comment sign in a value", "[G]\nk=v # w\n", "v # w");
+    row("before the first group", "k=v\n[G]\n", "");
+    row("in another group", "[F]\nk=v\n[G]\nj=w\n", "");
+    row("after another group", "[F]\nk=w\n[G]\nk=v\n[H]\nk=x\n", "v");
+    row("of two the first", "[G]\nk=v\nk=w\n", "v");
+    row("a line that is nothing", "[G]\nk\n=w\nk=v\n", "v");
+    row("UTF-8", "[G]\nk=\xC3\xA4\xE2\x82\xAC\n", "\xC3\xA4\xE2\x82\xAC");
+    row("empty", "", "");
+}
+
+void tst_cKeyFile::LinesAreGroupsKeysOrComments()
+{
+    QFETCH(QByteArray, text);
+    QTEST(cKeyFile(text).Text(QStringLiteral("G"), QStringLiteral("k")), "value");
+}
+
+void tst_cKeyFile::EscapesAreUndone_data()
+{
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("space") << QByteArray(R"(\sa\s)") << QStringLiteral(" a ");
+    QTest::newRow("line feed") << QByteArray(R"(a\nb)") << QStringLiteral("a\nb");
+    QTest::newRow("tab") << QByteArray(R"(a\tb)") << QStringLiteral("a\tb");
+    QTest::newRow("return") << QByteArray(R"(a\rb)") << QStringLiteral("a\rb");
+    QTest::newRow("backslash") << QByteArray(R"(a\\nb)") << QStringLiteral("a\\nb");
+    QTest::newRow("four backslashes") << QByteArray(R"(a\\\\b)") << QStringLiteral("a\\\\b");
+    QTest::newRow("no escape") << QByteArray(R"(a\"b)") << QStringLiteral("a\\\"b");
+    QTest::newRow("backslash at the end") << QByteArray("a\\") << QStringLiteral("a\\");
+    QTest::newRow("semicolons") << QByteArray("a;b;") << QStringLiteral("a;b;");
+}
+
+void tst_cKeyFile::EscapesAreUndone()
+{
+    QFETCH(QByteArray, written);
+    QTEST(cKeyFile("[G]\nk=" + written + '\n').Text(QStringLiteral("G"), QStringLiteral("k")), "value");
+}
+
+void tst_cKeyFile::ListsAreSplitAtSemicolons_data()
+{
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<QStringList>("parts");
+    const auto row = [](const char* name, const char* written, const QStringList& parts) {
+        QTest::newRow(name) << QByteArray(written) << parts;
+    };
+    const QString a = QStringLiteral("a");
+    const QString b = QStringLiteral("b");
+    row("ended", "a;b;", {a, b});
+    row("not ended", "a;b", {a, b});
+    row("one", "a", {a});
+    row("none", "", {});
+    row("empty parts", ";a;;b;", {a, b});
+    row("a semicolon in a part", R"(a\;b;b)", {QStringLiteral("a;b"), b});
+    row("a backslash before the end", R"(a\\;b)", {QStringLiteral("a\\"), b});
+    row("a space in a part", R"(a\sb;b)", {QStringLiteral("a b"), b});
+}
+
+void tst_cKeyFile::ListsAreSplitAtSemicolons()
+{
+    QFETCH(QByteArray, written);
+    QTEST(cKeyFile("[G]\nk=" + written + '\n').List(QStringLiteral("G"), QStringLiteral("k")), "parts");
+}
+
+void tst_cKeyFile::TheBestTranslationIsTaken_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QByteArray>("keys");
+    QTest::addColumn<QString>("value");
+    const auto row = [](const char* locale, const char* keys, const char* value) {
+        QTest::addRow("%s of %s", locale, keys)
+            << QString::fromLatin1(locale) << QByteArray(keys) << QString::fromLatin1(value);
+    };
+    const char* all = "k=0\nk[sr]=1\nk[sr@Latn]=2\nk[sr_YU]=3\nk[sr_YU@Latn]=4\n";
+    row("sr_YU.UTF-8@Latn", all, "4");
+    row("sr_YU@Latn", "k=0\nk[sr]=1\nk[sr@Latn]=2\nk[sr_YU]=3\n", "3");
+    row("sr_YU@Latn", "k=0\nk[sr]=1\nk[sr@Latn]=2\n", "2");
+    row("sr_YU@Latn", "k=0\nk[sr]=1\n", "1");
+    row("sr_YU@Latn", "k=0\nk[de]=1\n", "0");
+    row("sr_YU", all, "3");
+    row("sr@Latn", all, "2");
+    row("sr", all, "1");
+    row("C.UTF-8", all, "0");
+    row("", all, "0");
+}
+
+void tst_cKeyFile::TheBestTranslationIsTaken()
+{
+    QFETCH(QString, locale);
+    QFETCH(QByteArray, keys);
+    QTEST(cKeyFile("[G]\n" + keys).Text(QStringLiteral("G"), QStringLiteral("k"), locale), "value");
+}
+
+void tst_cKeyFile::OnlyTheWordTrueIsTrue()
+{
+    const cKeyFile file("[G]\na=true\nb=false\nc=True\nd=1\n");
+    QVERIFY(file.IsTrue(QStringLiteral("G"), QStringLiteral("a")));
+    for (const char* key : {"b", "c", "d", "e"})
+        QVERIFY2(!file.IsTrue(QStringLiteral("G"), QString::fromLatin1(key)), key);
+}
+
+void tst_cKeyFile::AFileThatIsNotThereHasNoGroups()
+{
+    const cKeyFile file = cKeyFile::Read(QStringLiteral("/nowhere/at/all"));
+    QCOMPARE(file.Text(QStringLiteral("G"), QStringLiteral("k")), QString());
+    QCOMPARE(file.List(QStringLiteral("G"), QStringLiteral("k")), QStringList());
+}
+
+QTEST_GUILESS_MAIN(tst_cKeyFile)
+#include "tst_cKeyFile.moc"
