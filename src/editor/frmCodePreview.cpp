@@ -84,7 +84,7 @@ public:
 
     void TakeSettings(const EditorSettings& settings, const QPalette& palette)
     {
-        keywords = KeywordSet(ViewOf(DecodeAnsi(LexerKeywords)));
+        keywords = KeywordSet(ViewOf(DecodeAnsi(Words().LexerKeywords)));
         formats = {};
         isOn = settings.SyntaxColor > 0;
         if (!isOn)

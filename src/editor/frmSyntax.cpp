@@ -24,7 +24,7 @@ constexpr int MillisecondsToRead = 1000;
 frmSyntax::frmSyntax(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmSyntax>())
 {
     ui->setupUi(this);
-    rows = SortedSyntaxRows(SyntaxTable);
+    rows = SortedSyntaxRows(Words().SyntaxTable);
     ui->cmbList->addItems(SyntaxKeys(rows));
     ui->cmbList->setCurrentIndex(-1);
     ui->cmbList->lineEdit()->setPlaceholderText(QStringLiteral("Keyword List"));

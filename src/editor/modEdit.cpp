@@ -24,8 +24,6 @@
 
 namespace ob {
 
-bool SyntaxTipShown = false;
-
 namespace {
 
 constexpr unsigned StyleBase = 32;
@@ -108,7 +106,7 @@ void ShowTip(cDocument& document)
     }
     SendSci(sci, SCI_CALLTIPSHOW, Unsigned(wordStart), tip.constData());
     SendSci(sci, SCI_CALLTIPSETHLT, 0, std::max<qsizetype>(lineFeed, 0));
-    SyntaxTipShown = true;
+    document.SyntaxTipShown = true;
     SendSci(sci, SCI_SETSEL, Unsigned(pos), pos);
 }
 
@@ -229,7 +227,7 @@ void InsertKeyword(Sci sci)
     if (pos > start)
         SendSci(sci, SCI_AUTOCSETAUTOHIDE, 0);
     // Behind its last blank the list would show an empty word.
-    SendSci(sci, SCI_AUTOCSHOW, Unsigned(pos - start), KeywordList.trimmed().constData());
+    SendSci(sci, SCI_AUTOCSHOW, Unsigned(pos - start), Words().KeywordList.trimmed().constData());
 }
 
 void ShowSyntax(cDocument& document)
@@ -246,7 +244,7 @@ void HideSyntax(cDocument& document)
     if (MainForm->ActiveKind() == ActiveChild::Gui)
         return;
     SendSci(document.sci, SCI_CALLTIPCANCEL);
-    SyntaxTipShown = false;
+    document.SyntaxTipShown = false;
 }
 
 void CommentSelection(Sci sci)

@@ -8,9 +8,6 @@ namespace ob {
 
 class cDocument;
 
-// Set while a syntax tip was shown last and no scroll has hidden it since.
-extern bool SyntaxTipShown;
-
 void mnuEditUndo_Click();
 void mnuEditRedo_Click();
 void mnuEditCut_Click();

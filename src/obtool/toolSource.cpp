@@ -63,7 +63,7 @@ void Styles(const SourceArguments& arguments)
     const QByteArray text = ReadSource(arguments.file);
     BuildLists();
     const KeywordSet keywords(
-        std::string_view(LexerKeywords.constData(), static_cast<std::size_t>(LexerKeywords.size())));
+        std::string_view(Words().LexerKeywords.constData(), static_cast<std::size_t>(Words().LexerKeywords.size())));
     const auto length = static_cast<std::size_t>(text.size());
     std::vector<unsigned char> styles(length);
     LexText(std::string_view(text.constData(), length), keywords, styles.data());
@@ -156,8 +156,8 @@ void Syntax(const SourceArguments& arguments, bool hasTerm)
         const std::string_view tip = SyntaxTip(arguments.term);
         text = QByteArray(tip.data(), static_cast<qsizetype>(tip.size()));
     } else {
-        for (std::size_t row = 0; row < SyntaxTable.size(); ++row) {
-            const std::string_view key = ReportedKey(SyntaxTable[row]);
+        for (std::size_t row = 0; row < Words().SyntaxTable.size(); ++row) {
+            const std::string_view key = ReportedKey(Words().SyntaxTable[row]);
             text += QByteArray::number(static_cast<qulonglong>(row)) + '\t';
             text.append(key.data(), static_cast<qsizetype>(key.size())).append('\n');
         }
@@ -168,7 +168,7 @@ void Syntax(const SourceArguments& arguments, bool hasTerm)
 void Keywords(const SourceArguments& arguments)
 {
     BuildLists();
-    WriteOutput({}, arguments.lexer ? LexerKeywords : KeywordList);
+    WriteOutput({}, arguments.lexer ? Words().LexerKeywords : Words().KeywordList);
 }
 
 using SharedArguments = std::shared_ptr<SourceArguments>;

@@ -115,7 +115,8 @@ private:
 };
 
 // The control after F4 with the caret there, in a window of that width.
-void Show(ToldControl& control, qsizetype anchor, qsizetype caret, int width = 10'000)
+// Whether a tip is shown afterwards.
+bool Show(ToldControl& control, qsizetype anchor, qsizetype caret, int width = 10'000)
 {
     WideWindow window(width);
     cDocument document(1);
@@ -124,6 +125,7 @@ void Show(ToldControl& control, qsizetype anchor, qsizetype caret, int width = 1
     control.anchor = anchor;
     control.caret = caret;
     ShowSyntax(document);
+    return document.SyntaxTipShown;
 }
 
 } // namespace
@@ -170,8 +172,7 @@ private Q_SLOTS:
         QFETCH(int, caret);
         QFETCH(QByteArray, tip);
         ToldControl control(text);
-        SyntaxTipShown = false;
-        Show(control, anchor, caret);
+        const bool isShown = Show(control, anchor, caret);
         QCOMPARE(control.tip, tip);
         QTEST(static_cast<int>(control.tipPosition), "position");
         const qsizetype lineFeed = tip.indexOf('\n');
@@ -180,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(control.caret, caret);
         QCOMPARE(control.anchor, caret);
         QCOMPARE(control.text, text);
-        QVERIFY(SyntaxTipShown);
+        QVERIFY(isShown);
         QCOMPARE(control.told,
                  (QList<unsigned>{SCI_AUTOCCANCEL, SCI_CALLTIPCANCEL, SCI_CALLTIPSHOW, SCI_CALLTIPSETHLT}));
     }
@@ -212,9 +213,7 @@ private Q_SLOTS:
         dialogs.ExpectMessage(QStringLiteral("Error in Syntax Helper, no help available."), BoxAnswer::Ok,
                               BoxIcon::None);
         BrokenControl control("beep");
-        SyntaxTipShown = false;
-        Show(control, 4, 4);
-        QVERIFY(!SyntaxTipShown);
+        QVERIFY(!Show(control, 4, 4));
     }
 
     void theKeywordListIsShownWithTheWordsBeginning()
@@ -222,7 +221,7 @@ private Q_SLOTS:
         ToldControl control("x = le");
         control.caret = control.anchor = 6;
         InsertKeyword(&control);
-        QCOMPARE(control.list + ' ', KeywordList);
+        QCOMPARE(control.list + ' ', Words().KeywordList);
         QCOMPARE(control.entered, qsizetype{2});
         QVERIFY(control.ignoresCase);
         QCOMPARE(control.autoHide, qsizetype{0});

@@ -23,7 +23,7 @@ private Q_SLOTS:
     // The list of keys is sorted by itself in the window; the two orders must be one.
     void TheOrderOfRowsIsTheOrderOfKeys()
     {
-        const QStringList keys = SyntaxKeys(SortedSyntaxRows(SyntaxTable));
+        const QStringList keys = SyntaxKeys(SortedSyntaxRows(Words().SyntaxTable));
         QCOMPARE(keys.size(), qsizetype{231});
         for (qsizetype i = 1; i < keys.size(); ++i)
             QVERIFY2(keys[i - 1].toLower() <= keys[i].toLower(), qPrintable(keys[i]));
@@ -34,7 +34,7 @@ private Q_SLOTS:
 
     void AKeyWithoutABlankRunsOnIntoTheComment()
     {
-        const QStringList keys = SyntaxKeys(SortedSyntaxRows(SyntaxTable));
+        const QStringList keys = SyntaxKeys(SortedSyntaxRows(Words().SyntaxTable));
         QVERIFY(keys.contains(QStringLiteral("txcount(#handle)\n'return")));
     }
 

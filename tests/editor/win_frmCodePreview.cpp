@@ -118,7 +118,7 @@ private Q_SLOTS:
     void customKeywordsAreColored()
     {
         PreviewBench b;
-        LexerKeywords.prepend("nothing ");
+        Words().LexerKeywords.prepend("nothing ");
         b.preview.ShowCode(Sample);
         QCOMPARE(InkAt(b.preview, 2, 0), ColorOf(Editor.KeywordColor));
     }

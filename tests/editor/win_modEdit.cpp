@@ -257,7 +257,7 @@ void win_modEdit::theKeywordListShowsEveryWordInItsOrder()
     EditBench b("");
     b.bench.Choose(QStringLiteral("mnuEditInsert"));
     QVERIFY(b.Ask(SCI_AUTOCACTIVE) != 0);
-    QCOMPARE(ShownList(b).join(QLatin1Char(' ')) + QLatin1Char(' '), QString::fromLatin1(KeywordList));
+    QCOMPARE(ShownList(b).join(QLatin1Char(' ')) + QLatin1Char(' '), QString::fromLatin1(Words().KeywordList));
     b.Key(Qt::Key_Escape);
     QCOMPARE(b.Ask(SCI_AUTOCACTIVE), 0);
     QCOMPARE(b.Text(), QByteArray());
@@ -278,7 +278,7 @@ void win_modEdit::aWordsBeginningChoosesFromTheList()
 void win_modEdit::everyWordOfTheListIsFoundByItsBeginning()
 {
     EditBench b("");
-    for (const QByteArray& word : KeywordList.trimmed().split(' ')) {
+    for (const QByteArray& word : Words().KeywordList.trimmed().split(' ')) {
         SendSci(b.sci(), SCI_CLEARALL);
         // The parenthesis is no part of the word before the caret.
         const QByteArray letters = QByteArray(word).replace('(', QByteArray()).toLower();
@@ -338,7 +338,7 @@ void win_modEdit::theTipShowsAtTheWord()
     QCOMPARE(TipOffset(b, 4), QPoint(0, 1));
     QCOMPARE(b.Ask(SCI_GETSELECTIONSTART), 9);
     QCOMPARE(b.Ask(SCI_GETSELECTIONEND), 9);
-    QVERIFY(SyntaxTipShown);
+    QVERIFY(b.bench.Active()->SyntaxTipShown);
     QCOMPARE(b.Ask(SCI_GETMODIFY), 0);
 }
 
@@ -361,7 +361,7 @@ void win_modEdit::theTipGoesOnAScroll()
     QVERIFY(b.Ask(SCI_CALLTIPACTIVE) != 0);
     qobject_cast<QAbstractScrollArea*>(b.Edit())->verticalScrollBar()->triggerAction(QScrollBar::SliderSingleStepAdd);
     QCOMPARE(b.Ask(SCI_CALLTIPACTIVE), 0);
-    QVERIFY(!SyntaxTipShown);
+    QVERIFY(!b.bench.Active()->SyntaxTipShown);
 }
 
 void win_modEdit::theListAndTheTipTakeEachOthersPlace()

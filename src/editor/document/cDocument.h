@@ -51,6 +51,7 @@ public:
     QString Tag;
     Sci sci = nullptr;
     cDocumentWindow* window = nullptr;
+    bool SyntaxTipShown = false; // and no scroll has hidden it since
 
 private:
     QString caption;

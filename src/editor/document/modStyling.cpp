@@ -48,7 +48,7 @@ void SetSyntaxColors(Sci sci, const EditorSettings& settings)
 void UpdateKeywords(Sci sci)
 {
     // The user's words may hold characters beyond ASCII; the control's text is UTF-8.
-    SendSci(sci, SCI_SETKEYWORDS, 0, DecodeAnsi(LexerKeywords).constData());
+    SendSci(sci, SCI_SETKEYWORDS, 0, DecodeAnsi(Words().LexerKeywords).constData());
 }
 
 void SetSciColors(Sci sci, const EditorSettings& settings)

@@ -11,10 +11,11 @@
 
 namespace ob {
 
-std::vector<std::string_view> SyntaxTable;
-std::int16_t SyntaxTableLast = -1;
-QByteArray KeywordList;
-QByteArray LexerKeywords;
+LanguageWords& Words()
+{
+    static LanguageWords words;
+    return words;
+}
 
 namespace {
 
@@ -64,10 +65,10 @@ void SplitRows(std::string_view text, std::vector<std::string_view>& rows)
 
 void BuildSyntaxTable()
 {
-    SplitRows(CatalogueText(), SyntaxTable);
-    SyntaxTableLast = static_cast<std::int16_t>(static_cast<int>(SyntaxTable.size()) - 1);
-    KeywordList = QByteArray::fromRawData(KeywordText, sizeof(KeywordText) - 1);
-    LexerKeywords = KeywordList.toLower();
+    SplitRows(CatalogueText(), Words().SyntaxTable);
+    Words().SyntaxTableLast = static_cast<std::int16_t>(static_cast<int>(Words().SyntaxTable.size()) - 1);
+    Words().KeywordList = QByteArray::fromRawData(KeywordText, sizeof(KeywordText) - 1);
+    Words().LexerKeywords = Words().KeywordList.toLower();
 }
 
 std::string_view KeyOfRow(std::string_view row)
@@ -83,17 +84,18 @@ std::string_view ReportedKey(std::string_view row)
 
 std::optional<int> FindSyntaxRow(std::string_view term)
 {
-    const auto found = std::ranges::find_if(
-        SyntaxTable, [term](std::string_view row) { return EqualsIgnoreCase(QByteArrayView(KeyOfRow(row)), QByteArrayView(term)); });
-    if (found == SyntaxTable.end())
+    const auto found = std::ranges::find_if(Words().SyntaxTable, [term](std::string_view row) {
+        return EqualsIgnoreCase(QByteArrayView(KeyOfRow(row)), QByteArrayView(term));
+    });
+    if (found == Words().SyntaxTable.end())
         return std::nullopt;
-    return static_cast<int>(found - SyntaxTable.begin());
+    return static_cast<int>(found - Words().SyntaxTable.begin());
 }
 
 std::string_view SyntaxTip(std::string_view term)
 {
     const std::optional<int> row = FindSyntaxRow(term);
-    return row ? SyntaxTable[static_cast<std::size_t>(*row)] : NoSyntaxHelp;
+    return row ? Words().SyntaxTable[static_cast<std::size_t>(*row)] : NoSyntaxHelp;
 }
 
 } // namespace ob

@@ -14,21 +14,25 @@ namespace ob {
 // What F4 shows for a term that the catalogue lacks.
 inline constexpr std::string_view NoSyntaxHelp = "No syntax help available for that term.";
 
-// The catalogue, set by BuildSyntaxTable. A row is one or more lines of syntax, a line feed, and one or more
-// comment lines that each begin with an apostrophe; all of it ASCII. The rows lie in the program's own memory, stay
-// valid until it ends, and have no NUL behind them.
-extern std::vector<std::string_view> SyntaxTable;
+// What the editor knows of the language; set by BuildSyntaxTable.
+struct LanguageWords {
+    // A row is one or more lines of syntax, a line feed, and one or more comment lines that each begin with an
+    // apostrophe; all of it ASCII. The rows are in the program's own memory, stay valid until it ends, and no NUL
+    // follows them.
+    std::vector<std::string_view> SyntaxTable;
 
-// The highest index of SyntaxTable.
-extern std::int16_t SyntaxTableLast;
+    // The highest index of SyntaxTable.
+    std::int16_t SyntaxTableLast = -1;
 
-// Words in mixed case, each with a blank behind it, functions with an opening parenthesis: the list of F2.
-extern QByteArray KeywordList;
+    // Words in mixed case, each followed by a space, functions with an opening parenthesis: the list of F2.
+    QByteArray KeywordList;
 
-// KeywordList in lower case; the user's custom keywords join it, so that they are coloured but not offered by F2.
-extern QByteArray LexerKeywords;
+    // KeywordList in lower case; the user's custom keywords join it, so that they are colored but not offered by F2.
+    QByteArray LexerKeywords;
+};
+LanguageWords& Words();
 
-// Sets all four of the above anew, so that custom keywords are gone from LexerKeywords afterwards.
+// Sets all of Words() anew, so that custom keywords are gone from LexerKeywords afterwards.
 void BuildSyntaxTable();
 
 // The part of a row before its first blank. A row whose syntax has no blank gives more than a word: its key runs over

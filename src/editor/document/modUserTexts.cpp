@@ -92,7 +92,7 @@ void SaveCommentFile(const QString& folder, const QString& text)
 void LoadCustomKeywords(const QString& folder)
 {
     const QString words = TextFromAnsi(BytesOfFile(KeywordsPath(folder))).toLower();
-    LexerKeywords.prepend(WordsOf(AnsiFromText(words).bytes));
+    Words().LexerKeywords.prepend(WordsOf(AnsiFromText(words).bytes));
 }
 
 QString CustomKeywordText(const QString& folder)
@@ -111,7 +111,7 @@ KeywordSave AddCustomKeywords(const QString& folder, const QString& text)
         return KeywordSave::Declined;
     ReplaceFile(KeywordsPath(folder), *bytes);
     constexpr qsizetype lineEndLength = 2;
-    LexerKeywords.append(WordsOf(bytes->chopped(lineEndLength)));
+    Words().LexerKeywords.append(WordsOf(bytes->chopped(lineEndLength)));
     return KeywordSave::Written;
 }
 

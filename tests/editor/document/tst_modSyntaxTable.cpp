@@ -80,21 +80,18 @@ class tst_modSyntaxTable : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        BuildSyntaxTable();
-    }
+    void init() { BuildSyntaxTable(); }
 
     void tableHoldsRowsZeroTo230()
     {
-        QCOMPARE(SyntaxTable.size(), std::size_t{231});
-        QCOMPARE(SyntaxTableLast, std::int16_t{230});
+        QCOMPARE(Words().SyntaxTable.size(), std::size_t{231});
+        QCOMPARE(Words().SyntaxTableLast, std::int16_t{230});
     }
 
     void keysStandInTheirOrderAndSpelling()
     {
         QList<QByteArray> keys;
-        for (const std::string_view row : SyntaxTable)
+        for (const std::string_view row : Words().SyntaxTable)
             keys.append(Bytes(ReportedKey(row)));
         QCOMPARE(keys, LinesOfData("keys.txt"));
     }
@@ -110,12 +107,12 @@ private Q_SLOTS:
     void toldRowReadsToTheCharacter()
     {
         QFETCH(int, row);
-        QTEST(Bytes(SyntaxTable.at(static_cast<std::size_t>(row))), "text");
+        QTEST(Bytes(Words().SyntaxTable.at(static_cast<std::size_t>(row))), "text");
     }
 
     void everyRowIsSyntaxThenComments()
     {
-        for (const std::string_view row : SyntaxTable) {
+        for (const std::string_view row : Words().SyntaxTable) {
             const QList<QByteArray> lines = Bytes(row).split('\n');
             QVERIFY2(lines.size() >= 2, lines.first().constData());
             QVERIFY2(!lines.first().startsWith('\''), lines.first().constData());
@@ -131,8 +128,8 @@ private Q_SLOTS:
     void onlySixRowsHaveASecondLineOfSyntax()
     {
         std::set<int> found;
-        for (std::size_t i = 0; i < SyntaxTable.size(); ++i)
-            if (SyntaxTable[i].at(SyntaxTable[i].find('\n') + 1) != '\'')
+        for (std::size_t i = 0; i < Words().SyntaxTable.size(); ++i)
+            if (Words().SyntaxTable[i].at(Words().SyntaxTable[i].find('\n') + 1) != '\'')
                 found.insert(static_cast<int>(i));
         QCOMPARE(found, (std::set<int>{56, 97, 100, 106, 154, 184}));
     }
@@ -140,8 +137,8 @@ private Q_SLOTS:
     void noLineEndsInABlankSaveOneWordRowsAndFourTold()
     {
         std::set<int> found;
-        for (std::size_t i = 0; i < SyntaxTable.size(); ++i) {
-            const QByteArray row = Bytes(SyntaxTable[i]);
+        for (std::size_t i = 0; i < Words().SyntaxTable.size(); ++i) {
+            const QByteArray row = Bytes(Words().SyntaxTable[i]);
             const bool oneWord = row.indexOf(" \n") == row.indexOf(' ');
             QVERIFY2(!row.endsWith(' ') && !row.contains("  \n"), row.constData());
             if (row.contains(" \n") && !oneWord)
@@ -152,17 +149,17 @@ private Q_SLOTS:
 
     void rowsArePrintableAsciiWithoutTheRowEnd()
     {
-        for (const std::string_view row : SyntaxTable)
-            QVERIFY2(std::ranges::all_of(row, [](char c) { return c == '\n' || (c >= ' ' && c < '|') || c == '}'
-                                                                  || c == '~'; }),
+        for (const std::string_view row : Words().SyntaxTable)
+            QVERIFY2(std::ranges::all_of(
+                         row, [](char c) { return c == '\n' || (c >= ' ' && c < '|') || c == '}' || c == '~'; }),
                      Bytes(row).constData());
     }
 
     void everyRowSaveTheOneWithoutABlankHasAOneWordKey()
     {
         std::set<int> found;
-        for (std::size_t i = 0; i < SyntaxTable.size(); ++i)
-            if (KeyOfRow(SyntaxTable[i]) != ReportedKey(SyntaxTable[i]))
+        for (std::size_t i = 0; i < Words().SyntaxTable.size(); ++i)
+            if (KeyOfRow(Words().SyntaxTable[i]) != ReportedKey(Words().SyntaxTable[i]))
                 found.insert(static_cast<int>(i));
         QCOMPARE(found, std::set<int>{193});
     }
@@ -231,34 +228,34 @@ private Q_SLOTS:
     {
         const QByteArray expected = LinesOfData("keywords.txt").join();
         QVERIFY(expected.startsWith("Abs( "));
-        QCOMPARE(KeywordList, expected);
-        QVERIFY(KeywordList.endsWith(' '));
+        QCOMPARE(Words().KeywordList, expected);
+        QVERIFY(Words().KeywordList.endsWith(' '));
     }
 
     void endStandsTwiceInTheKeywordList()
     {
-        const QList<QByteArray> words = KeywordList.split(' ');
+        const QList<QByteArray> words = Words().KeywordList.split(' ');
         QCOMPARE(words.count("End"), qsizetype{2});
         QCOMPARE(words.count(""), qsizetype{1});
     }
 
     void lexerKeywordsAreTheKeywordListInLowerCase()
     {
-        QCOMPARE(LexerKeywords, LinesOfData("keywords.txt").join().toLower());
+        QCOMPARE(Words().LexerKeywords, LinesOfData("keywords.txt").join().toLower());
     }
 
     void buildingAgainOverwritesEverything()
     {
-        const std::vector<std::string_view> rows = SyntaxTable;
-        SyntaxTable = {"altered row"};
-        SyntaxTableLast = 0;
-        KeywordList = "altered ";
-        LexerKeywords.prepend("pear apple\r\n");
+        const std::vector<std::string_view> rows = Words().SyntaxTable;
+        Words().SyntaxTable = {"altered row"};
+        Words().SyntaxTableLast = 0;
+        Words().KeywordList = "altered ";
+        Words().LexerKeywords.prepend("pear apple\r\n");
         BuildSyntaxTable();
-        QCOMPARE(SyntaxTable, rows);
-        QCOMPARE(SyntaxTableLast, std::int16_t{230});
-        QCOMPARE(KeywordList, LinesOfData("keywords.txt").join());
-        QCOMPARE(LexerKeywords, KeywordList.toLower());
+        QCOMPARE(Words().SyntaxTable, rows);
+        QCOMPARE(Words().SyntaxTableLast, std::int16_t{230});
+        QCOMPARE(Words().KeywordList, LinesOfData("keywords.txt").join());
+        QCOMPARE(Words().LexerKeywords, Words().KeywordList.toLower());
     }
 };
 

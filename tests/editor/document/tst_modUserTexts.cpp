@@ -101,51 +101,51 @@ private Q_SLOTS:
 
     void customKeywordsStandInFrontInLowerCaseWithTheirLineEnd()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "Pear$ APPLE( \r\n"));
         LoadCustomKeywords(folder);
-        QCOMPARE(LexerKeywords, "pear$ apple( \r\n" + builtIn);
+        QCOMPARE(Words().LexerKeywords, "pear$ apple( \r\n" + builtIn);
     }
 
     void bytesOutsideAsciiStayInCustomKeywords()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), QByteArray("\xC9T\xE9\0X", 5)));
         LoadCustomKeywords(folder);
-        QCOMPARE(LexerKeywords, QByteArray("\xE9t\xE9 x") + builtIn);
+        QCOMPARE(Words().LexerKeywords, QByteArray("\xE9t\xE9 x") + builtIn);
     }
 
     void missingEmptyOrUnreadableKeywordsChangeNothing()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         LoadCustomKeywords(folder);
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
         QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), ""));
         LoadCustomKeywords(folder);
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
         QVERIFY(QFile::remove(folder + QStringLiteral("/keywords.txt")));
         QVERIFY(QDir(folder).mkdir(QStringLiteral("keywords.txt")));
         LoadCustomKeywords(folder);
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
     }
 
     void customKeywordsStayOutOfTheListOfKeywordsAndTheCatalogue()
     {
-        const QByteArray list = KeywordList;
+        const QByteArray list = Words().KeywordList;
         QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "pear\r\n"));
         LoadCustomKeywords(folder);
-        QCOMPARE(KeywordList, list);
+        QCOMPARE(Words().KeywordList, list);
         QVERIFY(!FindSyntaxRow("pear"));
     }
 
     void buildingTheTableAgainDeletesCustomKeywords()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "pear\r\n"));
         LoadCustomKeywords(folder);
-        QVERIFY(LexerKeywords != builtIn);
+        QVERIFY(Words().LexerKeywords != builtIn);
         BuildSyntaxTable();
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
     }
 
     // --- The keyword editor's work. ---
@@ -175,35 +175,35 @@ private Q_SLOTS:
     {
         QFETCH(QString, text);
         QFETCH(QByteArray, file);
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(AddCustomKeywords(folder, text) == KeywordSave::Written);
         QCOMPARE(CoreBench::Get(KeywordsPath(folder)), file);
-        QCOMPARE(LexerKeywords, builtIn + file.chopped(2));
+        QCOMPARE(Words().LexerKeywords, builtIn + file.chopped(2));
         BuildSyntaxTable();
         LoadCustomKeywords(folder);
-        QCOMPARE(LexerKeywords, file + builtIn);
+        QCOMPARE(Words().LexerKeywords, file + builtIn);
     }
 
     void aSecondAdditionJoinsTheFirst()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(AddCustomKeywords(folder, QStringLiteral("pear")) == KeywordSave::Written);
         QVERIFY(AddCustomKeywords(folder, QStringLiteral("fig")) == KeywordSave::Written);
-        QCOMPARE(LexerKeywords, builtIn + "pearfig");
+        QCOMPARE(Words().LexerKeywords, builtIn + "pearfig");
         QCOMPARE(CoreBench::Get(KeywordsPath(folder)), QByteArray("fig\r\n"));
     }
 
     void theSentenceIsNothingToAdd()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(AddCustomKeywords(folder, QStringLiteral("No Custom KEYWORDS found")) == KeywordSave::NothingToAdd);
         QVERIFY(!QFile::exists(KeywordsPath(folder)));
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
     }
 
     void aKeywordThatCannotBeStoredIsAskedFor()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         const QString question = QStringLiteral("Line 1 of the keywords holds a character that BASIC source files "
                                                 "cannot store.\n"
                                                 "Save with a question mark in place of each such character?");
@@ -211,7 +211,7 @@ private Q_SLOTS:
         dialogs.ExpectQuestion(question, BoxAnswer::No);
         QVERIFY(AddCustomKeywords(folder, QString::fromUtf8("a\u2192")) == KeywordSave::Declined);
         QVERIFY(!QFile::exists(KeywordsPath(folder)));
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
         dialogs.ExpectQuestion(question, BoxAnswer::Yes);
         QVERIFY(AddCustomKeywords(folder, QString::fromUtf8("a\u2192")) == KeywordSave::Written);
         QCOMPARE(CoreBench::Get(KeywordsPath(folder)), QByteArray("a?\r\n"));
@@ -219,29 +219,29 @@ private Q_SLOTS:
 
     void aFailedSaveChangesNothing()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(QDir(folder).mkdir(QStringLiteral("keywords.txt")));
         QCOMPARE(RaisedBy([this] { AddCustomKeywords(folder, QStringLiteral("pear")); }), 75);
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
 #ifdef Q_OS_UNIX
         QVERIFY(QDir(folder).rmdir(QStringLiteral("keywords.txt")));
         QVERIFY(WriteBytes(KeywordsPath(folder), "old\r\n"));
         const FileSizeLimit limit(400);
         QCOMPARE(RaisedBy([this] { AddCustomKeywords(folder, QString(1000, QLatin1Char('x'))); }), 61);
         QCOMPARE(CoreBench::Get(KeywordsPath(folder)), QByteArray("old\r\n"));
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
 #endif
     }
 
     void deletedKeywordsAreGoneFromFileAndList()
     {
-        const QByteArray builtIn = LexerKeywords;
+        const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(AddCustomKeywords(folder, QStringLiteral("pear")) == KeywordSave::Written);
         DeleteCustomKeywords(folder);
         QVERIFY(!QFile::exists(KeywordsPath(folder)));
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
         DeleteCustomKeywords(folder);
-        QCOMPARE(LexerKeywords, builtIn);
+        QCOMPARE(Words().LexerKeywords, builtIn);
     }
 
     void everyOpenWindowGetsTheKeywords()
@@ -254,7 +254,7 @@ private Q_SLOTS:
             Documents.push_back(std::make_unique<cDocument>(static_cast<int>(Documents.size())));
             Documents.back()->sci = sci;
         }
-        LexerKeywords = "pear \xE9";
+        Words().LexerKeywords = "pear \xE9";
         UpdateKeywordsOfWindows();
         ResetBench();
         QCOMPARE(first.words, QByteArray("pear \xC3\xA9"));

@@ -38,8 +38,8 @@ private Q_SLOTS:
         QVERIFY(QDir(bench->ProgramPath(QStringLiteral("OBprogs"))).exists());
         for (const QString& path : {OBPath, OBHelpPath, OptionalHelpPath, OBFreeformPath, OBRuntimePath})
             QCOMPARE(path, QStringLiteral("no path"));
-        QVERIFY(SyntaxTable.size() == 231);
-        QVERIFY(LexerKeywords.startsWith("pear apple\r\nabs( "));
+        QVERIFY(Words().SyntaxTable.size() == 231);
+        QVERIFY(Words().LexerKeywords.startsWith("pear apple\r\nabs( "));
         QVERIFY(bench->form.log.isEmpty());
     }
 
