@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The machine's ANSI code page at the file's edge: text on disk is ANSI, text in the program is UTF-8.
+// The machine's ANSI code page where files are read and written: text on disk is ANSI, text in the program is UTF-8.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +11,7 @@
 
 namespace ob {
 
-// ANSI bytes made from Unicode text. A character that the code page lacks stands as '?', and so does each byte of
+// ANSI bytes made from Unicode text. A character that the code page lacks becomes '?', and so does each byte of
 // malformed UTF-8; both count as lost.
 struct AnsiText {
     QByteArray bytes;
@@ -21,7 +21,7 @@ struct AnsiText {
 };
 
 // The UTF-8 text of ANSI bytes. Every byte sequence is valid; a NUL is a character like any other. The code page is
-// the system's own on Windows and windows-1252 elsewhere, where the five bytes without a character (81 8D 8F 90 9D)
+// the system's own on Windows and windows-1252 on Unix, where the five bytes without a character (81 8D 8F 90 9D)
 // give the control of the same number, so that EncodeAnsi(DecodeAnsi(x)).bytes == x.
 QByteArray DecodeAnsi(QByteArrayView ansi);
 // The same; a text without bytes above 7F is shared and not copied.
@@ -31,7 +31,7 @@ inline QByteArray DecodeAnsi(const char* ansi)
     return DecodeAnsi(QByteArrayView(ansi));
 }
 
-// The ANSI bytes of UTF-8 text, with what was lost on the way.
+// The ANSI bytes of UTF-8 text, and what was lost.
 AnsiText EncodeAnsi(QByteArrayView utf8);
 // The same; a text without bytes above 7F is shared and not copied.
 AnsiText EncodeAnsi(const QByteArray& utf8);
