@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// File association: the registry on Windows; elsewhere the freedesktop.org files of this user ("Shared MIME-info
-// Database" 0.21, "Desktop Entry" 1.5, "Association between MIME types and applications" 1.0.1).
+// File association: in the registry where there is one; otherwise in the freedesktop.org files of this user ("Shared
+// MIME-info Database" 0.21, "Desktop Entry" 1.5, "Association between MIME types and applications" 1.0.1).
 #include "platform/desktop/modAssociation.h"
 
+#include "platform/desktop/modAssociationSystem.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
 
@@ -14,12 +15,6 @@
 #include <QStandardPaths>
 
 #include <array>
-
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-
-#include <string>
-#endif
 
 namespace ob {
 
@@ -46,14 +41,14 @@ QByteArray ExecutableInEntry(const QString& executable)
     static constexpr QByteArrayView reserved = " \t\n\"'\\><~|&;$*?#()`";
     QByteArray argument = executable.toUtf8();
     bool quoted = false;
-    for (const char sign : reserved)
-        quoted = quoted || argument.contains(sign);
+    for (const char character : reserved)
+        quoted = quoted || argument.contains(character);
     if (quoted) {
-        for (const char* sign : {"\\", "\"", "`", "$"})
-            argument.replace(sign, QByteArray("\\") + sign);
+        for (const char* character : {"\\", "\"", "`", "$"})
+            argument.replace(character, QByteArray("\\") + character);
         argument = '"' + argument + '"';
     }
-    // A percent sign begins a place for files; and the value as a whole is escaped once more, as any text there.
+    // A percent sign begins a code; and the value as a whole is escaped once more, as any text there.
     argument.replace("%", "%%").replace("\\", "\\\\");
     return argument.replace("\n", "\\n").replace("\t", "\\t").replace("\r", "\\r");
 }
@@ -83,7 +78,7 @@ QByteArray LineWithEntry(const QByteArray& line, const QByteArray& entry, EntryP
     return line.left(sign + 1) + joined + (line.endsWith('\r') ? "\r" : "");
 }
 
-// Where a line goes that is put at the end of the group: behind its last line that is not empty.
+// Where a line goes that is put at the end of the group: after its last line that is not empty.
 qsizetype EndOfGroup(const QByteArrayList& lines, qsizetype header)
 {
     qsizetype end = header + 1;
@@ -136,55 +131,6 @@ QByteArray WithProgramFirst(const QByteArray& list, const QByteArray& entry)
     return lines.join('\n');
 }
 
-#ifdef Q_OS_WIN
-
-namespace {
-
-// Makes or opens the key and sets the default value of that key below it, the empty name being the key itself.
-void SetDefaultValue(HKEY root, const std::wstring& name, const std::wstring& below, const std::wstring& value)
-{
-    HKEY key = nullptr;
-    if (RegCreateKeyW(root, name.c_str(), &key) != ERROR_SUCCESS)
-        throw RuntimeErrorOf(ErrorNumber::PathFileAccess);
-    const auto size = static_cast<DWORD>(value.size() * sizeof(wchar_t));
-    const auto end = RegSetValueW(key, below.c_str(), REG_SZ, value.c_str(), size);
-    RegCloseKey(key);
-    if (end != ERROR_SUCCESS)
-        throw RuntimeErrorOf(ErrorNumber::PathFileAccess);
-}
-
-// What the file manager remembers of the user's own choice gives way to the association.
-void DropTheUsersChoice(const std::wstring& command)
-{
-    HKEY key = nullptr;
-    const wchar_t name[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\.bas";
-    if (RegCreateKeyW(HKEY_CURRENT_USER, name, &key) != ERROR_SUCCESS)
-        return;
-    const auto size = static_cast<DWORD>(command.size() * sizeof(wchar_t));
-    for (const wchar_t* value : {L"Application", L"Progid"}) {
-        RegDeleteValueW(key, value);
-        RegSetValueW(key, value, REG_SZ, command.c_str(), size);
-    }
-    RegCloseKey(key);
-}
-
-} // namespace
-
-void AssociateFileTypes(const AssociationPlaces& places)
-{
-    const std::wstring program = QDir::toNativeSeparators(places.executable).toStdWString();
-    const std::wstring name = QFileInfo(places.executable).fileName().toStdWString();
-    const std::wstring kind = L"OB Bench";
-    SetDefaultValue(HKEY_CLASSES_ROOT, kind, L"", L"BAS");
-    SetDefaultValue(HKEY_CLASSES_ROOT, kind, L"shell\\open\\command", program + L" %1");
-    SetDefaultValue(HKEY_CLASSES_ROOT, kind, L"DefaultIcon", program);
-    SetDefaultValue(HKEY_CLASSES_ROOT, L".bas", L"", kind);
-    DropTheUsersChoice(name + L" %1");
-    SetDefaultValue(HKEY_CLASSES_ROOT, L".obf", L"", kind);
-}
-
-#else
-
 namespace {
 
 const QString ProgramName = QStringLiteral("orchard-bench");
@@ -196,14 +142,14 @@ void WriteInto(const QString& folder, const QString& name, const QByteArray& byt
     ReplaceFile(folder + QLatin1Char('/') + name, bytes);
 }
 
-QByteArray CarriedFile(const QString& name)
+QByteArray EmbeddedFile(const QString& name)
 {
     return ReadWhole(QStringLiteral(":/texts/") + name);
 }
 
 QByteArray DesktopEntry(const QString& executable)
 {
-    QByteArrayList lines = CarriedFile(ProgramName + QStringLiteral(".desktop")).split('\n');
+    QByteArrayList lines = EmbeddedFile(ProgramName + QStringLiteral(".desktop")).split('\n');
     for (QByteArray& line : lines)
         if (line.startsWith("Exec="))
             line = "Exec=" + ExecutableInEntry(executable) + " %f";
@@ -229,7 +175,7 @@ enum class ToolEnd { Done, Failed, Missing };
 // Runs one of the desktop's tools on the user's folders.
 ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStringList& arguments)
 {
-    constexpr int patience = 30'000; // milliseconds
+    constexpr int timeout = 30'000; // milliseconds
     const QString tool = QStandardPaths::findExecutable(name);
     if (tool.isEmpty())
         return ToolEnd::Missing;
@@ -242,7 +188,7 @@ ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStr
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(tool, arguments);
-    const bool ended = process.waitForFinished(patience);
+    const bool ended = process.waitForFinished(timeout);
     return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 ? ToolEnd::Done
                                                                                             : ToolEnd::Failed;
 }
@@ -265,16 +211,14 @@ void MakeDefault(const AssociationPlaces& places, const QString& entry)
         WriteInto(places.configFolder, name, wanted);
 }
 
-} // namespace
-
-void AssociateFileTypes(const AssociationPlaces& places)
+void AssociateInFolders(const AssociationPlaces& places)
 {
     const QString entry = ProgramName + QStringLiteral(".desktop");
     const QString typeName = ProgramName + QStringLiteral(".xml");
     const QString types = places.dataFolder + QStringLiteral("/mime");
     const QString applications = places.dataFolder + QStringLiteral("/applications");
     WriteIcons(places);
-    WriteInto(types + QStringLiteral("/packages"), typeName, CarriedFile(typeName));
+    WriteInto(types + QStringLiteral("/packages"), typeName, EmbeddedFile(typeName));
     WriteInto(applications, entry, DesktopEntry(places.executable));
     // Without its tool the desktop has no list of types that had to be brought up to date.
     if (RunTool(places, QStringLiteral("update-mime-database"), {types}) == ToolEnd::Failed)
@@ -284,6 +228,18 @@ void AssociateFileTypes(const AssociationPlaces& places)
     MakeDefault(places, entry);
 }
 
-#endif
+} // namespace
+
+void AssociateFileTypes(const AssociationPlaces& places)
+{
+    switch (AssociateInRegistry(places.executable.toStdU16String())) {
+    case RegistryEnd::Written:
+        return;
+    case RegistryEnd::Refused:
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess);
+    case RegistryEnd::NoRegistry:
+        AssociateInFolders(places);
+    }
+}
 
 } // namespace ob
