@@ -11,11 +11,11 @@ namespace ob {
 inline const QString ClipboardTakenText =
     QStringLiteral("Another program is using the clipboard, so nothing could be copied. Please try again.");
 
-// The clipboard loses what it held and takes the text. When another program does not let go of it, or when there is
-// none, the user is told and the answer is false.
+// Replaces what the clipboard holds by the text. When another program does not release it, or when there is none, a box
+// says so and the result is false.
 bool CopyText(const QString& text);
 
-// For tests: what puts a text on the clipboard and tells whether it stands there. An empty one brings the usual back.
+// For tests: what puts a text on the clipboard and reports whether it is there. An empty one restores the usual one.
 void SetClipboardWriter(std::function<bool(const QString&)> writer);
 
 } // namespace ob

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#undef FindExecutable // a macro for one of the system's two routines
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// File association for this user: what is written where, what other programs then make of the files, and what is left
+// File association for this user: what is written where, how other programs then treat the files, and what is left
 // alone. The desktop is a folder of the test's own; those who ask about it are processes of their own.
 #include "platform/desktop/modAssociation.h"
 
@@ -102,14 +102,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("executable");
         QTest::addColumn<QByteArray>("entry");
         QTest::newRow("plain") << QStringLiteral("/usr/bin/orchard-bench") << QByteArray("/usr/bin/orchard-bench");
-        QTest::newRow("blank") << QStringLiteral("/a b/bench") << QByteArray("\"/a b/bench\"");
+        QTest::newRow("space") << QStringLiteral("/a b/bench") << QByteArray("\"/a b/bench\"");
         QTest::newRow("percent") << QStringLiteral("/100%/bench") << QByteArray("/100%%/bench");
         QTest::newRow("quote") << QStringLiteral("/a\"b/bench") << QByteArray("\"/a\\\\\"b/bench\"");
         QTest::newRow("dollar") << QStringLiteral("/$a/bench") << QByteArray("\"/\\\\$a/bench\"");
         QTest::newRow("backslash") << QStringLiteral("/a\\b/bench") << QByteArray("\"/a\\\\\\\\b/bench\"");
         QTest::newRow("apostrophe") << QStringLiteral("/a'b/bench") << QByteArray("\"/a'b/bench\"");
         QTest::newRow("line feed") << QStringLiteral("/a\nb/bench") << QByteArray("\"/a\\nb/bench\"");
-        QTest::newRow("letters") << QStringLiteral("/\u00E4/bench") << QByteArray("/\xC3\xA4/bench");
+        QTest::newRow("beyond ASCII") << QStringLiteral("/\u00E4/bench") << QByteArray("/\xC3\xA4/bench");
     }
 
     void AProgramsNameIsQuotedWhereItHasToBe()
@@ -130,7 +130,7 @@ private Q_SLOTS:
                           "text/plain=edit.desktop\n\n[Added Associations]\ntext/plain=edit.desktop;vim.desktop;\n")
             << "# mine\n[Removed Associations]\na/b=x.desktop\n\n[Default Applications]\ntext/plain=edit.desktop\n" +
                    ours + "\n[Added Associations]\ntext/plain=edit.desktop;vim.desktop;\n" + ours;
-        QTest::newRow("the other programs of the type stay behind it")
+        QTest::newRow("the other programs of the type stay after it")
             << QByteArray("[Default Applications]\napplication/x-orchard-form=o.desktop;\n"
                           "application/x-orchard-basic=vim.desktop;o.desktop;\n"
                           "[Added Associations]\n" +
@@ -144,7 +144,7 @@ private Q_SLOTS:
                    "[Removed Associations]\napplication/x-orchard-basic=a.desktop;o.desktop;\na/b=o.desktop;\n"
             << "[Default Applications]\n" + ours + "[Added Associations]\n" + ours +
                    "[Removed Associations]\napplication/x-orchard-basic=a.desktop;\na/b=o.desktop;\n";
-        QTest::newRow("no line end at the end, blanks around the sign")
+        QTest::newRow("no line end at the end, spaces around the sign")
             << QByteArray("[Default Applications]\napplication/x-orchard-basic = b.desktop\r\n"
                           "application/x-orchard-form=o.desktop\n[Added Associations]\n" +
                           ours + "[X]\ny=1")
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QCOMPARE(WithProgramFirst(changed, "o.desktop"), changed);
     }
 
-    void TheFilesStandWhereTheDesktopLooks()
+    void TheFilesAreWhereTheDesktopLooks()
     {
         AssociateFileTypes(places);
         QVERIFY(Get(Data(QStringLiteral("mime/packages/orchard-bench.xml"))).contains("\"*.oba\""));

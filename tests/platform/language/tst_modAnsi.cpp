@@ -138,7 +138,7 @@ void tst_modAnsi::MalformedUtf8CountsByteByByte_data()
     QTest::newRow("beyond the last character") << QByteArray("\xF4\x90\x80\x80") << QByteArray("????") << 4;
     QTest::newRow("bytes that UTF-8 never holds") << QByteArray("\xFE\xFF\xF5") << QByteArray("???") << 3;
     QTest::newRow("last character, well-formed") << QByteArray("\xF4\x8F\xBF\xBF") << QByteArray("?") << 1;
-    QTest::newRow("well-formed behind malformed") << QByteArray("\xE2\xC3\xA4") << QByteArray("?\xE4") << 1;
+    QTest::newRow("well-formed after malformed") << QByteArray("\xE2\xC3\xA4") << QByteArray("?\xE4") << 1;
 }
 
 void tst_modAnsi::MalformedUtf8CountsByteByByte()
