@@ -254,7 +254,7 @@ void PaintButton(const Canvas& canvas, const SurfaceStyle& style, const ControlR
 void PaintBmpbutton(const Canvas& canvas, const SurfaceStyle& style, const ControlRecord& control, QRect rect)
 {
     const QRect inside = RaisedFace(canvas, rect);
-    if (control.picture.isNull()) {
+    if (control.picture.IsNull()) {
         // A picture that was not found: its file's name says more than its folder.
         const QString name =
             control.caption.mid(1 + std::max(control.caption.lastIndexOf(u'\\'), control.caption.lastIndexOf(u'/')));
@@ -262,12 +262,12 @@ void PaintBmpbutton(const Canvas& canvas, const SurfaceStyle& style, const Contr
         return;
     }
     // As large as the button, the picture covers its edges, as it does in the program.
-    const QSize full(canvas.Across(control.picture.width()), canvas.Down(control.picture.height()));
+    const QSize full(canvas.Across(control.picture.Image().width()), canvas.Down(control.picture.Image().height()));
     const QPoint place(rect.x() + std::max(0, (rect.width() - full.width()) / 2),
                        rect.y() + std::max(0, (rect.height() - full.height()) / 2));
     const QSize seen = full.boundedTo(rect.size());
     const QRectF source(0, 0, seen.width() / canvas.scaleX, seen.height() / canvas.scaleY);
-    canvas.painter.drawImage(QRectF(place, QSizeF(seen)), control.picture, source);
+    canvas.painter.drawImage(QRectF(place, QSizeF(seen)), control.picture.Image(), source);
 }
 
 void PaintStatictext(const Canvas& canvas, const SurfaceStyle& style, const ControlRecord& control, QRect rect,

@@ -2,7 +2,6 @@
 // The form file.
 #include "guibuilder/modFormFile.h"
 
-#include "guibuilder/modBitmap.h"
 #include "platform/language/cLines.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
@@ -109,7 +108,7 @@ bool Is(QByteArrayView field, std::string_view word)
 
 class FormReader {
 public:
-    explicit FormReader(GuiForm& target) : form(target) { ClearForm(form); }
+    FormReader(GuiForm& target, const BitmapLoader& loader) : form(target), loadBitmap(loader) { ClearForm(form); }
 
     // False for a line of no known kind.
     bool Take(QByteArrayView line)
@@ -220,11 +219,11 @@ private:
     }
 
     // Buttons of one look share their picture.
-    QImage Bitmap(const QString& path)
+    cButtonPicture Bitmap(const QString& path)
     {
-        QImage& bitmap = bitmaps[path];
-        if (bitmap.isNull())
-            bitmap = LoadBitmap(path);
+        cButtonPicture& bitmap = bitmaps[path];
+        if (bitmap.IsNull())
+            bitmap = loadBitmap(path);
         return bitmap;
     }
 
@@ -237,7 +236,8 @@ private:
     }
 
     GuiForm& form;
-    QHash<QString, QImage> bitmaps;
+    const BitmapLoader& loadBitmap;
+    QHash<QString, cButtonPicture> bitmaps;
     bool menuFlag = true;
 };
 
@@ -340,10 +340,10 @@ private:
 
 } // namespace
 
-FormLoad ReadForm(QByteArrayView bytes, GuiForm& form)
+FormLoad ReadForm(QByteArrayView bytes, GuiForm& form, const BitmapLoader& loadBitmap)
 {
     try {
-        FormReader reader(form);
+        FormReader reader(form, loadBitmap);
         cLines lines(bytes);
         while (lines.Next())
             if (!lines.Line().isEmpty() && !reader.Take(lines.Line()))

@@ -12,13 +12,19 @@
 // Rectangles are in twips. Nothing guards a "|" in a text.
 #pragma once
 
+#include "guibuilder/modBitmap.h"
 #include "guibuilder/modGui.h"
 
 #include <QByteArrayView>
 
+#include <functional>
+
 namespace ob {
 
 enum class FormLoad { Loaded, Corrupt, Failed };
+
+// Gives the picture in a bitmap file, or raises a RuntimeError.
+using BitmapLoader = std::function<cButtonPicture(const QString& path)>;
 
 inline const QString CorruptFormText = QStringLiteral("OBF file is corrupt.");
 inline const QString FailedFormText = QStringLiteral("Error loading form.");
@@ -26,7 +32,12 @@ inline const QString FailedFormText = QStringLiteral("Error loading form.");
 // Clears the form and fills it from a form file's bytes. Corrupt: a line with an unknown first field. Failed: a field
 // is missing, a number is none, a menu has too many items, a bitmap cannot be loaded. What stood in front of the
 // place is then in the form; a control whose line broke off stays hidden.
-FormLoad ReadForm(QByteArrayView bytes, GuiForm& form);
+FormLoad ReadForm(QByteArrayView bytes, GuiForm& form, const BitmapLoader& loadBitmap);
+
+inline FormLoad ReadForm(QByteArrayView bytes, GuiForm& form)
+{
+    return ReadForm(bytes, form, LoadBitmap);
+}
 
 // The text of the form's file. Empty names and branches are filled in the form too; an empty handle becomes "main".
 // Raises SubscriptOutOfRange for a status bar of more than ten panels.

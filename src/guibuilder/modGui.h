@@ -2,9 +2,9 @@
 // The form under design: one window record, eleven lists of controls, a menu table, status bar panels.
 #pragma once
 
+#include "guibuilder/cButtonPicture.h"
 #include "platform/language/modColorNames.h"
 
-#include <QImage>
 #include <QString>
 
 #include <array>
@@ -99,7 +99,7 @@ struct ControlRecord {
     QString tag;     // name and tool tip: the name, or name, " *", tool tip
     QString branch;
     ColorRef backColor = Rgb(255, 255, 255); // graphicbox only: its fill
-    QImage picture;                          // bmpbutton only
+    cButtonPicture picture;                  // bmpbutton only
 
     bool operator==(const ControlRecord&) const = default;
 };

@@ -97,8 +97,8 @@ void ApplyBitmap(ControlRecord& control, const QString& path)
     } catch (const RuntimeError&) {
         return;
     }
-    control.width = static_cast<float>(control.picture.width() * TwipsPerPixelX);
-    control.height = static_cast<float>(control.picture.height() * TwipsPerPixelY);
+    control.width = static_cast<float>(control.picture.Image().width() * TwipsPerPixelX);
+    control.height = static_cast<float>(control.picture.Image().height() * TwipsPerPixelY);
 }
 
 } // namespace

@@ -186,7 +186,7 @@ private Q_SLOTS:
         QVERIFY(image.save(folder.filePath(QStringLiteral("red.bmp")), "BMP"));
         const QString before = QDir::currentPath();
         const auto pictureOf = [](const QByteArray& path) {
-            return FormOf("bmpbutton|" + path + "|0|0|0|0|n|b").At({ControlKind::Bmpbutton, 1}).picture;
+            return FormOf("bmpbutton|" + path + "|0|0|0|0|n|b").At({ControlKind::Bmpbutton, 1}).picture.Image();
         };
         QDir::setCurrent(folder.path());
         const QImage relative = pictureOf("red.bmp");
@@ -195,8 +195,8 @@ private Q_SLOTS:
         QCOMPARE(relative.size(), QSize(3, 2));
         QCOMPARE(relative.pixel(2, 1), 0xFFFF0000U);
         QCOMPARE(pictureOf(QFile::encodeName(folder.filePath(QStringLiteral("red.bmp")))), relative);
-        QCOMPARE(two.At({ControlKind::Bmpbutton, 1}).picture, relative);
-        QCOMPARE(two.At({ControlKind::Bmpbutton, 2}).picture, relative);
+        QCOMPARE(two.At({ControlKind::Bmpbutton, 1}).picture.Image(), relative);
+        QCOMPARE(two.At({ControlKind::Bmpbutton, 2}).picture.Image(), relative);
         QVERIFY(pictureOf("").isNull());
         QVERIFY(pictureOf("bmpbttn").isNull());
     }

@@ -453,7 +453,7 @@ private Q_SLOTS:
         QCOMPARE(ReadForm("menu|&File|\r\nbmpbutton|" + path + "|1|2|3|4|n|b\r\nmenu|&Edit|", form), Failed);
         const ControlRecord& control = form.At({ControlKind::Bmpbutton, 1});
         QVERIFY(!control.visible);
-        QVERIFY(control.picture.isNull());
+        QVERIFY(control.picture.IsNull());
         QCOMPARE(control.branch, QStringLiteral("b"));
         QCOMPARE(FileOf(form), Fresh({"menu|&File||none|none|none|none|none|none|False|-1|True"}));
     }

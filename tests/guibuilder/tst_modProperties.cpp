@@ -408,7 +408,7 @@ void tst_modProperties::bitmapGivesPictureCaptionAndSize()
     TwipsPerPixelX = 12;
     QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept), PropertiesEnd::Applied);
     QCOMPARE(control.caption, path);
-    QCOMPARE(control.picture.size(), QSize(40, 24));
+    QCOMPARE(control.picture.Image().size(), QSize(40, 24));
     QCOMPARE(control.width, 480.0f);
     QCOMPARE(control.height, 360.0f);
 }
@@ -430,7 +430,7 @@ void tst_modProperties::unreadableBitmapLeavesPictureAndSize()
     bench->Put(QStringLiteral("short.bmp"), Bitmap(40, 24).left(30));
     ControlRecord control = Sample();
     control.picture = QImage(8, 9, QImage::Format_RGB32);
-    const QImage before = control.picture;
+    const cButtonPicture before = control.picture;
     PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
     texts.name = QStringLiteral("key");
     texts.bitmap = path;
@@ -494,7 +494,7 @@ void tst_modProperties::deletedBmpbuttonStillTakesItsBitmap()
     control.caption = bench->Put(QStringLiteral("key.bmp"), Bitmap(5, 6));
     const PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
     QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted), PropertiesEnd::Applied);
-    QCOMPARE(control.picture.size(), QSize(5, 6));
+    QCOMPARE(control.picture.Image().size(), QSize(5, 6));
 }
 
 void tst_modProperties::bitmapPathKeepsItsCaseWhereItCounts()

@@ -302,7 +302,7 @@ private Q_SLOTS:
             Field("txtWidth")->setText(Text("7"));
             Press("OKButton");
         });
-        QCOMPARE(Control().picture.size(), QSize(300, 24));
+        QCOMPARE(Control().picture.Image().size(), QSize(300, 24));
         QCOMPARE(Control().width, 4500.0f);
         QCOMPARE(Control().height, 360.0f);
     }
@@ -333,7 +333,7 @@ private Q_SLOTS:
             Press("OKButton");
         });
         QCOMPARE(Control().caption, Text("text.bmp"));
-        QVERIFY(Control().picture.isNull());
+        QVERIFY(Control().picture.IsNull());
     }
 
     void missingBitmapMayBeLeftOut()
@@ -354,11 +354,11 @@ private Q_SLOTS:
                       [this] {
                           Press("OKButton");
                           QVERIFY(dialog->isVisible());
-                          QVERIFY(Control().picture.isNull());
+                          QVERIFY(Control().picture.IsNull());
                           Press("OKButton");
                       }),
                  PropEnd::Confirmed);
-        QCOMPARE(Control().picture.size(), QSize(5, 6));
+        QCOMPARE(Control().picture.Image().size(), QSize(5, 6));
     }
 
     void cancellingTheBitmapQuestionLeavesTheDialogOpen()
