@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // obtool: every tool of the bench from the command line.
 #include "obtool/toolGroups.h"
+#include "obtool/toolModules.h"
 #include "obtool/toolOutput.h"
-#include "obtool/toolPicture.h"
 
 #include <QByteArray>
 
@@ -69,57 +69,33 @@ public:
     std::string make_footer(const CLI::App*) const override { return {}; }
 };
 
-} // namespace
+struct Group {
+    const char* name;
+    const char* description;
+    void (*addVerbs)(CLI::App& group);
+};
 
-namespace ob {
+constexpr Group groups[] = {
+    {"form", "forms under design", ob::AddFormVerbs},
+    {"source", "BASIC source files", ob::AddSourceVerbs},
+    {"write", "the code-writing tools", ob::AddWriteVerbs},
+    {"image", "pictures and bitmap files", ob::AddVerbsForPictures},
+    {"palette", "palette files", ob::AddVerbsForPictures},
+    {"sprite", "masks for sprites", ob::AddVerbsForPictures},
+    {"icon", "icons in files and programs", ob::AddVerbsForPictures},
+    {"avi", "videos of bitmap files", ob::AddVerbsForPictures},
+    {"package", "finished programs", ob::AddVerbsForArchives},
+    {"zip", "zip archives", ob::AddVerbsForArchives},
+};
 
-CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& usage, const std::string& description)
-{
-    CLI::App* verb = group.add_subcommand(name, description);
-    verb->footer("usage: " + usage);
-    return verb;
-}
-
-CLI::Option* AddTexts(CLI::App& verb, const std::string& name, std::vector<std::string>& texts,
-                      const std::string& description)
-{
-    // An option that expects so many takes all that come, and only one that may take more than it expects reads lists.
-    constexpr int AsManyAsCome = 1 << 24;
-    const auto keep = [&texts](const CLI::results_t& results) {
-        texts = results;
-        return true;
-    };
-    return verb.add_option(name, keep, description)
-        ->expected(AsManyAsCome)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->allow_extra_args(false)
-        ->option_text("...");
-}
-
-std::string NotEmpty(const std::string& text)
-{
-    return text.empty() ? "a name may not be empty" : std::string();
-}
-
-} // namespace ob
-
-namespace {
-
+// The line goes into one group, so the others are their names alone.
 void AddGroups(CLI::App& tool)
 {
-    ob::AddFormGroup(tool);
-    ob::AddSourceGroup(tool);
-    ob::AddWriteGroup(tool);
-    ob::AddImageGroup(tool);
-    ob::AddPaletteGroup(tool);
-    ob::AddSpriteGroup(tool);
-    ob::AddIconGroup(tool);
-    ob::AddAviGroup(tool);
-    ob::AddPackageGroup(tool);
-    ob::AddZipGroup(tool);
-    for (CLI::App* group : tool.get_subcommands([](CLI::App*) { return true; })) {
-        group->require_subcommand(1);
-        group->footer("usage: obtool " + group->get_name() + " VERB [OPTIONS] ARGUMENTS");
+    for (const Group& group : groups) {
+        CLI::App* app = tool.add_subcommand(group.name, group.description);
+        app->require_subcommand(1);
+        app->footer(std::string("usage: obtool ") + group.name + " VERB [OPTIONS] ARGUMENTS");
+        app->preparse_callback([app, addVerbs = group.addVerbs](std::size_t) { addVerbs(*app); });
     }
 }
 
@@ -150,7 +126,6 @@ int Execute(int argc, char** argv)
     // Standard error holds obtool's own lines alone; the toolkit's remarks on pictures and the desktop are no part of
     // them.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    ob::LetPicturesHaveFonts();
     CLI::App tool("Every tool of the bench, from the command line", "obtool");
     tool.formatter(std::make_shared<UsageFormatter>());
     tool.require_subcommand(1);

@@ -5,6 +5,7 @@
 #include "editor/document/modUserTexts.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
+#include "obtool/toolModules.h"
 #include "obtool/toolOutput.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/modAnsi.h"
@@ -28,19 +29,19 @@ struct FormArguments {
 };
 
 // A file that cannot be read is a load that failed, as it is in the bench.
-FormLoad ReadFormBytes(const std::string& file, GuiForm& form)
+QByteArray ReadFormBytes(const std::string& file)
 {
     try {
-        return ReadForm(ReadInput(file), form);
+        return ReadInput(file);
     } catch (const ToolFailure&) {
-        return FormLoad::Failed;
+        throw ToolFailure(file, FailedFormText);
     }
 }
 
 GuiForm ReadFormArgument(const std::string& file)
 {
     GuiForm form;
-    switch (ReadFormBytes(file, form)) {
+    switch (ReadForm(ReadFormBytes(file), form, LoadBitmapByModule)) {
     case FormLoad::Loaded:
         return form;
     case FormLoad::Corrupt:
@@ -81,16 +82,15 @@ void SaveForm(const FormArguments& arguments)
 
 } // namespace
 
-void AddFormGroup(CLI::App& tool)
+void AddFormVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("form", "forms under design");
     const auto arguments = std::make_shared<FormArguments>();
     const auto addForm = [&](CLI::App* verb) {
         verb->add_option("FORM", arguments->form, "a form file, or - for standard input")->required();
     };
 
     CLI::App* compile =
-        AddVerb(*group, "compile", "obtool form compile FORM [--simple] [--date TEXT] [--comments FILE] [-o OUT]",
+        AddVerb(group, "compile", "obtool form compile FORM [--simple] [--date TEXT] [--comments FILE] [-o OUT]",
                 "the form's BASIC source with outline, or its window statements alone");
     addForm(compile);
     compile->add_flag("--simple", arguments->simple, "the window statements alone");
@@ -104,12 +104,12 @@ void AddFormGroup(CLI::App& tool)
         ->check(NotEmpty);
     compile->callback([=] { CompileForm(*arguments, date->count() > 0, comments->count() > 0); });
 
-    CLI::App* save = AddVerb(*group, "save", "obtool form save FORM OUT", "reads FORM and writes it again to OUT");
+    CLI::App* save = AddVerb(group, "save", "obtool form save FORM OUT", "reads FORM and writes it again to OUT");
     addForm(save);
     save->add_option("OUT", arguments->out, "the form file to write")->required()->check(NotEmpty);
     save->callback([arguments] { SaveForm(*arguments); });
 
-    CLI::App* check = AddVerb(*group, "check", "obtool form check FORM", "nothing when the form can be read");
+    CLI::App* check = AddVerb(group, "check", "obtool form check FORM", "nothing when the form can be read");
     addForm(check);
     check->callback([arguments] { ReadFormArgument(arguments->form); });
 }

@@ -231,33 +231,32 @@ void AddRunCopy(CLI::App& group, const SharedArguments& arguments)
 
 } // namespace
 
-void AddSourceGroup(CLI::App& tool)
+void AddSourceVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("source", "BASIC source files");
     const auto arguments = std::make_shared<SourceArguments>();
-    AddLabels(*group, arguments);
+    AddLabels(group, arguments);
 
-    CLI::App* variables = AddVerb(*group, "variables", "obtool source variables FILE",
+    CLI::App* variables = AddVerb(group, "variables", "obtool source variables FILE",
                                   "report: name and line number, from 0, of each assignment");
     AddFileArgument(*variables, arguments);
     variables->callback([arguments] { Variables(*arguments); });
 
-    AddRunCopy(*group, arguments);
+    AddRunCopy(group, arguments);
 
-    CLI::App* styles = AddVerb(*group, "styles", "obtool source styles FILE",
+    CLI::App* styles = AddVerb(group, "styles", "obtool source styles FILE",
                                "report: first byte, length, style number of each run of equal style");
     AddFileArgument(*styles, arguments);
     styles->callback([arguments] { Styles(*arguments); });
 
-    AddComment(*group, arguments);
-    AddIndent(*group, arguments);
+    AddComment(group, arguments);
+    AddIndent(group, arguments);
 
-    CLI::App* syntax = AddVerb(*group, "syntax", "obtool source syntax [TERM]",
+    CLI::App* syntax = AddVerb(group, "syntax", "obtool source syntax [TERM]",
                                "the syntax tip of TERM; without it, a report of row number and key");
     CLI::Option* term = syntax->add_option("TERM", arguments->term, "a word of the language");
     syntax->callback([arguments, term] { Syntax(*arguments, term->count() > 0); });
 
-    CLI::App* keywords = AddVerb(*group, "keywords", "obtool source keywords [--lexer]", "the keyword list");
+    CLI::App* keywords = AddVerb(group, "keywords", "obtool source keywords [--lexer]", "the keyword list");
     keywords->add_flag("--lexer", arguments->lexer, "the list of the colouring");
     keywords->callback([arguments] { Keywords(*arguments); });
 }

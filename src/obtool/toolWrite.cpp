@@ -33,11 +33,10 @@ void Snippets(const std::string& folder)
 
 } // namespace
 
-void AddWriteGroup(CLI::App& tool)
+void AddWriteVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("write", "the code-writing tools");
     const auto name = std::make_shared<std::string>();
-    CLI::App* library = AddVerb(*group, "library", "obtool write library wrapper32|printer32|jpeg|snippets",
+    CLI::App* library = AddVerb(group, "library", "obtool write library wrapper32|printer32|jpeg|snippets",
                                 "a text that the program carries");
     library->add_option("NAME", *name, "the library")
         ->required()
@@ -45,14 +44,14 @@ void AddWriteGroup(CLI::App& tool)
     library->callback([name] { Library(*name); });
 
     const auto folder = std::make_shared<std::string>();
-    CLI::App* snippets = AddVerb(*group, "snippets", "obtool write snippets DIR", "the default snippets, a file each");
+    CLI::App* snippets = AddVerb(group, "snippets", "obtool write snippets DIR", "the default snippets, a file each");
     snippets->add_option("DIR", *folder, "the folder, which is made when it is missing")->required()->check(NotEmpty);
     snippets->callback([folder] { Snippets(*folder); });
 
-    AddWriteCodeVerbs(*group);
-    AddWriteToolbarVerbs(*group);
-    AddWriteLoadBmpVerb(*group);
-    AddWriteMediaVerb(*group);
+    AddWriteCodeVerbs(group);
+    AddWriteToolbarVerbs(group);
+    AddWriteLoadBmpVerb(group);
+    AddWriteMediaVerb(group);
 }
 
 } // namespace ob

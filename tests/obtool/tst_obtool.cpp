@@ -109,6 +109,35 @@ private Q_SLOTS:
             QVERIFY2(help.contains(verb), verb);
     }
 
+#ifdef Q_OS_LINUX
+    // Most of a start is the loading of libraries, so those of pictures and archives wait until they are needed.
+    void textIsReadWithoutTheLibrariesOfPicturesAndArchives()
+    {
+        Surroundings traced;
+        traced.environment.insert(QStringLiteral("LD_TRACE_LOADED_OBJECTS"), QStringLiteral("1"));
+        const Outcome libraries = RunObtool({}, traced);
+        QVERIFY2(libraries.out.contains("libQt6Core"), libraries.out.constData());
+        for (const char* library : {"libQt6Gui", "libzip", "libcrypto"})
+            QVERIFY2(!libraries.out.contains(library), library);
+    }
+#endif
+
+    void aMissingModuleIsAFailureOfItsGroupsAlone()
+    {
+        QVERIFY(QFile::copy(Obtool, QStringLiteral("obtool")));
+        const QString alone = folder->filePath(QStringLiteral("obtool"));
+        Put("x.bas", "print 1\r\n");
+        QCOMPARE(Run(WordsOf("source runcopy x.bas"), {}, alone).status, 0);
+        QCOMPARE(Run(WordsOf("--help"), {}, alone).out, Run(WordsOf("--help")).out);
+        for (const char* line : {"image info x.bmp", "zip make x.zip x.bas"}) {
+            const Outcome result = Run(WordsOf(line), {}, alone);
+            QCOMPARE(result.status, 1);
+            QCOMPARE(result.out, QByteArray());
+            QVERIFY2(result.error.startsWith("obtool: Tool"), result.error.constData());
+            QCOMPARE(result.error.count('\n'), 1);
+        }
+    }
+
     // --- Wrong usage. ---
 
     void wrongUsageIsStatus2WithTheUsageLine_data()

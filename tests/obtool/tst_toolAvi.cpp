@@ -198,6 +198,7 @@ private Q_SLOTS:
     void withoutThePluginUncompressedVideosStillWork()
     {
         QVERIFY(QFile::copy(Obtool, Name("obtool")));
+        QVERIFY(QFile::copy(QStringLiteral(OB_BIN "/ToolPicturesOB.so"), Name("ToolPicturesOB.so")));
         Surroundings alone;
         alone.program = folder->filePath(Name("obtool"));
         Outcome result = RunObtool(WordsOf("avi write out.avi table.bmp"), alone);

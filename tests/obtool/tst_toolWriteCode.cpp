@@ -38,13 +38,13 @@ class tst_toolWriteCode : public QObject {
 private Q_SLOTS:
     void anOptionMayBeEmpty()
     {
-        const Outcome parted = Run({QStringLiteral("messagebox"), QStringLiteral("--title"), QString(),
-                                    QStringLiteral("--message"), QStringLiteral("x")});
+        const Outcome separate = Run({QStringLiteral("messagebox"), QStringLiteral("--title"), QString(),
+                                      QStringLiteral("--message"), QStringLiteral("x")});
         const Outcome joined =
             Run({QStringLiteral("messagebox"), QStringLiteral("--title="), QStringLiteral("--message=x")});
         QCOMPARE(joined.status, 0);
         QVERIFY(joined.out.contains("\"Information\" as ptr"));
-        QCOMPARE(joined.out, parted.out);
+        QCOMPARE(joined.out, separate.out);
     }
 
     void theTextIsThatOfTheWindow_data();

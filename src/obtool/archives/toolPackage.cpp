@@ -82,12 +82,11 @@ void Make(const PackageArguments& arguments)
 
 } // namespace
 
-void AddPackageGroup(CLI::App& tool)
+void AddPackageVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("package", "finished programs");
     const auto arguments = std::make_shared<PackageArguments>();
     CLI::App* make =
-        AddVerb(*group, "make", "obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... [--zip]",
+        AddVerb(group, "make", "obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... [--zip]",
                 "the Package folder beside TOKEN: the program, the runtime engine under its name, the engine's files");
     make->add_option("TOKEN", arguments->token, "a token file")->required()->check(NotEmpty);
     make->add_option("--engine", arguments->engine, "the engine, or its folder")

@@ -74,12 +74,11 @@ void Codecs()
 
 } // namespace
 
-void AddAviGroup(CLI::App& tool)
+void AddAviVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("avi", "videos of bitmap files");
     const auto arguments = std::make_shared<AviArguments>();
 
-    CLI::App* write = AddVerb(*group, "write", "obtool avi write OUT [--fps N] [--codec NAME] FILE...",
+    CLI::App* write = AddVerb(group, "write", "obtool avi write OUT [--fps N] [--codec NAME] FILE...",
                               "a silent video, a frame for each bitmap file");
     write->add_option("OUT", arguments->out, "the video to write")->required()->check(NotEmpty);
     AddTexts(*write, "FILE", arguments->files, "bitmap files of one size and format");
@@ -89,7 +88,7 @@ void AddAviGroup(CLI::App& tool)
         ->check(NotEmpty);
     write->callback([arguments] { Write(*arguments); });
 
-    CLI::App* codecs = AddVerb(*group, "codecs", "obtool avi codecs", "the compressors: name, description");
+    CLI::App* codecs = AddVerb(group, "codecs", "obtool avi codecs", "the compressors: name, description");
     codecs->callback([] { Codecs(); });
 }
 

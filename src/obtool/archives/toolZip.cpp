@@ -37,11 +37,10 @@ void MakeArchive(const ZipArguments& arguments)
 
 } // namespace
 
-void AddZipGroup(CLI::App& tool)
+void AddZipVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("zip", "zip archives");
     const auto arguments = std::make_shared<ZipArguments>();
-    CLI::App* make = AddVerb(*group, "make", "obtool zip make OUT SPEC...",
+    CLI::App* make = AddVerb(group, "make", "obtool zip make OUT SPEC...",
                              "an archive of the files, stored under their names without folders");
     make->add_option("OUT", arguments->out, "the archive; .zip is added to a name without an ending")
         ->required()

@@ -6,7 +6,7 @@
 #include "imaging/cColourReduceDIB.h"
 #include "imaging/cDIB.h"
 #include "imaging/cDIBSectionSave.h"
-#include "obtool/toolPicture.h"
+#include "obtool/pictures/toolPicture.h"
 #include "platform/files/modFiles.h"
 
 #include <map>
@@ -162,26 +162,25 @@ void AddSave(CLI::App& group, const std::shared_ptr<ImageArguments>& arguments)
 
 } // namespace
 
-void AddImageGroup(CLI::App& tool)
+void AddImageVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("image", "pictures and bitmap files");
     const auto arguments = std::make_shared<ImageArguments>();
 
-    CLI::App* info = AddVerb(*group, "info", "obtool image info FILE", "what a bitmap file's headers say");
+    CLI::App* info = AddVerb(group, "info", "obtool image info FILE", "what a bitmap file's headers say");
     info->add_option("FILE", arguments->in, "a bitmap file")->required()->check(NotEmpty);
     info->callback([arguments] { Info(arguments->in); });
 
-    AddSave(*group, arguments);
+    AddSave(group, arguments);
 
     CLI::App* resample =
-        AddPictureVerb(*group, arguments, "resample", " WIDTH HEIGHT", "a picture in another size", Resample);
+        AddPictureVerb(group, arguments, "resample", " WIDTH HEIGHT", "a picture in another size", Resample);
     resample->add_option("WIDTH", arguments->width, "in pixels")->required();
     resample->add_option("HEIGHT", arguments->height, "in pixels")->required();
 
-    AddPictureVerb(*group, arguments, "gray", "", "a picture in grey", Gray);
-    AddPictureVerb(*group, arguments, "mono", "", "a picture in black and white, with error diffusion", Mono);
+    AddPictureVerb(group, arguments, "gray", "", "a picture in grey", Gray);
+    AddPictureVerb(group, arguments, "mono", "", "a picture in black and white, with error diffusion", Mono);
 
-    CLI::App* remap = AddPictureVerb(*group, arguments, "remap", " --palette FILE [--dither]",
+    CLI::App* remap = AddPictureVerb(group, arguments, "remap", " --palette FILE [--dither]",
                                      "a picture in the colours of a palette", Remap);
     remap->add_option("--palette", arguments->palette, "a text palette")
         ->required()

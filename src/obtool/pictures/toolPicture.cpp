@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the commands for pictures and palettes share.
-#include "obtool/toolPicture.h"
+#include "obtool/pictures/toolPicture.h"
 
 #include "imagetools/metafiles/modMetafile.h"
 #include "imagetools/pictures/modPicture.h"

@@ -4,7 +4,7 @@
 
 #include "imagetools/icons/modIcon.h"
 #include "imagetools/icons/modIconFile.h"
-#include "obtool/toolPicture.h"
+#include "obtool/pictures/toolPicture.h"
 #include "platform/files/cMappedFile.h"
 
 #include <map>
@@ -96,9 +96,8 @@ void Install(const IconArguments& arguments)
 
 } // namespace
 
-void AddIconGroup(CLI::App& tool)
+void AddIconVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("icon", "icons in files and programs");
     const auto arguments = std::make_shared<IconArguments>();
     const auto addFile = [&arguments](CLI::App& verb, const char* name, const char* description) {
         verb.add_option(name, arguments->file, description)->required()->check(NotEmpty);
@@ -108,23 +107,23 @@ void AddIconGroup(CLI::App& tool)
     };
     constexpr char anyFile[] = "an icon file, a program or a library";
 
-    CLI::App* list = AddVerb(*group, "list", "obtool icon list FILE", "the icons of a file");
+    CLI::App* list = AddVerb(group, "list", "obtool icon list FILE", "the icons of a file");
     addFile(*list, "FILE", anyFile);
     list->callback([arguments] { List(arguments->file); });
 
-    CLI::App* extract = AddVerb(*group, "extract", "obtool icon extract FILE INDEX OUT",
+    CLI::App* extract = AddVerb(group, "extract", "obtool icon extract FILE INDEX OUT",
                                 "an icon as an icon file of 16 colours, or as a bitmap");
     addFile(*extract, "FILE", anyFile);
     extract->add_option("INDEX", arguments->index, "from 0")->required();
     addOut(*extract, "OUT", "the file to write; .bmp makes it a bitmap");
     extract->callback([arguments] { Extract(*arguments); });
 
-    CLI::App* make = AddVerb(*group, "make", "obtool icon make IN OUT", "a picture as an icon file of 16 colours");
+    CLI::App* make = AddVerb(group, "make", "obtool icon make IN OUT", "a picture as an icon file of 16 colours");
     addFile(*make, "IN", "a picture");
     addOut(*make, "OUT", "the icon file to write");
     make->callback([arguments] { Make(*arguments); });
 
-    CLI::App* install = AddVerb(*group, "install", "obtool icon install ICON ENGINE --engine 3|4",
+    CLI::App* install = AddVerb(group, "install", "obtool icon install ICON ENGINE --engine 3|4",
                                 "puts an icon into a copy of the runtime engine");
     addFile(*install, "ICON", anyFile);
     addOut(*install, "ENGINE", "the copy, which is changed in place");

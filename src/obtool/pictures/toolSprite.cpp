@@ -3,7 +3,7 @@
 #include "obtool/toolGroups.h"
 
 #include "imagetools/sprites/modMask.h"
-#include "obtool/toolPicture.h"
+#include "obtool/pictures/toolPicture.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modFolders.h"
 #include "platform/language/cRuntimeError.h"
@@ -46,11 +46,10 @@ void MaskFolder(const std::string& argument)
 
 } // namespace
 
-void AddSpriteGroup(CLI::App& tool)
+void AddSpriteVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("sprite", "masks for sprites");
     const auto arguments = std::make_shared<SpriteArguments>();
-    CLI::App* mask = AddVerb(*group, "mask", "obtool sprite mask IN OUT | obtool sprite mask --folder DIR",
+    CLI::App* mask = AddVerb(group, "mask", "obtool sprite mask IN OUT | obtool sprite mask --folder DIR",
                              "a bitmap of twice the height, a mask above the sprite");
     const CLI::Option* in =
         mask->add_option("IN", arguments->in, "a picture, black around the figure")->check(NotEmpty);

@@ -3,8 +3,8 @@
 #include "obtool/toolGroups.h"
 
 #include "imaging/cPalette.h"
+#include "obtool/pictures/toolPicture.h"
 #include "obtool/toolOutput.h"
-#include "obtool/toolPicture.h"
 
 #include <memory>
 
@@ -121,17 +121,16 @@ void AddMake(CLI::App& group, const Arguments& arguments)
 
 } // namespace
 
-void AddPaletteGroup(CLI::App& tool)
+void AddPaletteVerbs(CLI::App& group)
 {
-    CLI::App* group = tool.add_subcommand("palette", "palette files");
     const auto arguments = std::make_shared<PaletteArguments>();
-    AddMake(*group, arguments);
+    AddMake(group, arguments);
 
-    CLI::App* show = AddVerb(*group, "show", "obtool palette show FILE [--binary]", "the entries of a palette file");
+    CLI::App* show = AddVerb(group, "show", "obtool palette show FILE [--binary]", "the entries of a palette file");
     AddFile(*show, arguments);
     show->callback([arguments] { Show(*arguments); });
 
-    CLI::App* closest = AddVerb(*group, "closest", "obtool palette closest FILE RED GREEN BLUE [--binary]",
+    CLI::App* closest = AddVerb(group, "closest", "obtool palette closest FILE RED GREEN BLUE [--binary]",
                                 "the index of the nearest entry, 0 for none");
     AddFile(*closest, arguments);
     closest->add_option("RED", arguments->red, "any whole number")->required();
