@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The edit control for assistive tools. QScintilla's own answers count characters from the text's start at each key
-// and each paint; these count from where they last counted to.
+// Accessibility of the edit control. QScintilla's own interface counts characters from the start of the text at each
+// key and each paint; this one counts from the last position requested.
 #pragma once
 
 #include "scilexer/modSci.h"
@@ -16,7 +16,7 @@
 
 namespace ob {
 
-// Speaks of characters as UTF-16 units, as Qt's interfaces do; the control counts bytes.
+// Offsets are UTF-16 units, as Qt's interfaces expect; the control counts bytes.
 class SciAccessible final : public QAccessibleWidget,
                             public QAccessibleTextInterface,
                             public QAccessibleEditableTextInterface {
@@ -148,7 +148,7 @@ private:
     TextOffsets& offsets;
 };
 
-// Words and sentences are looked for within one line, so that the answer does not wait for the whole text.
+// Words and sentences are searched within one line only, so that the answer does not depend on the size of the text.
 inline QString SciAccessible::textAtOffset(int offset, QAccessible::TextBoundaryType type, int* start, int* end) const
 {
     const std::uintptr_t position = PositionOf(std::max(offset, 0));

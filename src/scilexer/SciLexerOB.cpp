@@ -15,7 +15,7 @@ namespace ob {
 
 namespace {
 
-// Holds back a widget's wish to be painted. Unlike QWidget's own switch it does not end with a wish of its own.
+// Suspends a widget's paint requests. Unlike QWidget::setUpdatesEnabled, it requests no paint of its own at the end.
 class UpdatePause {
 public:
     explicit UpdatePause(QWidget* pausedWidget)
@@ -32,19 +32,19 @@ private:
     bool wasPaused;
 };
 
-// The number that the program knows the language's lexer by.
+// The lexer number under which the program knows the language.
 constexpr std::uintptr_t LanguageLexerNumber = 8;
 
 // Styles go to Scintilla in pieces of about this many bytes: far more than a call costs, and still in the cache.
 constexpr std::intptr_t BlockBytes = 64 * 1024;
 
-// How far behind the place that is needed the lexer looks for a line whose state is as it was.
+// How far beyond the required position the lexer looks for a line whose state is unchanged.
 constexpr std::intptr_t BytesAhead = 4 * 1024;
 
 constexpr std::intptr_t NoPosition = -1;
 
-// No assistive tool wants more bytes than this read out as one change.
-constexpr std::intptr_t MostToldBytes = 4 * 1024;
+// Assistive tools have no use for longer changes than this.
+constexpr std::intptr_t MostReportedBytes = 4 * 1024;
 
 std::uintptr_t Unsigned(std::intptr_t value)
 {
@@ -80,9 +80,9 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
     Direct(SCI_SETLEXER, SCLEX_CONTAINER);
     // A jump over millions of bytes shows the text at once, and its colours as soon as they are known.
     Direct(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
-    // The announcements alone: QScintilla answers each told change by counting the characters of the whole text.
+    // Only the announcements: for each change it is notified of, QScintilla counts the characters of the whole text.
     Direct(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
-    // Behind QScintilla's own, so that it is asked first.
+    // Installed after QScintilla's own factory, this one is asked first.
     QAccessible::installFactory(MakeAccessible);
 
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int position) { StyleTo(position); });
@@ -96,7 +96,7 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
         if ((updated & (SC_UPDATE_CONTENT | SC_UPDATE_SELECTION)) == 0)
             return;
         ShowBraces();
-        TellAssistants();
+        ReportToAssistants();
     });
 }
 
@@ -126,7 +126,7 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
         Forget(0);
         break;
     case SCI_GRABFOCUS:
-        // The toolkit's library passes this message over.
+        // QScintilla ignores this message.
         setFocus(Qt::OtherFocusReason);
         return 0;
     case SCI_FORMATRANGE:
@@ -139,7 +139,7 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
     return Direct(message, wParam, lParam);
 }
 
-// The page's look must not be seen on the screen.
+// The look of the printed page must not appear on the screen.
 std::intptr_t cSciLexerOB::FormatPage(std::uintptr_t draw, std::intptr_t record)
 {
     const UpdatePause pause(viewport());
@@ -159,7 +159,7 @@ cSciLexerOB::Position cSciLexerOB::StartOf(std::intptr_t line) const
     return Direct(SCI_POSITIONFROMLINE, Unsigned(line));
 }
 
-// The text lies in one piece on either side of Scintilla's gap; a range across the gap moves it to the range's start.
+// The text is contiguous on either side of Scintilla's gap; a range across the gap moves the gap to its start.
 std::string_view cSciLexerOB::Bytes(Position from, Position to) const
 {
     const std::intptr_t address = Direct(SCI_GETRANGEPOINTER, Unsigned(from), to - from);
@@ -190,19 +190,19 @@ void cSciLexerOB::Restyle()
     Direct(SCI_COLOURISE, 0, 0);
 }
 
-// What lies behind `from` counts as never styled.
+// Everything after `from` counts as never styled.
 void cSciLexerOB::Forget(Position from)
 {
     styledEnd = std::min(styledEnd, std::max<Position>(from, 0));
     brokenAt = std::min(brokenAt, styledEnd);
 }
 
-// Goes by the announcement of a change: by the time that Scintilla tells of it, it may have scrolled and asked for
-// styles already.
+// Runs at the announcement of a change: by the time that Scintilla reports the change itself, it may have scrolled and
+// requested styles already.
 void cSciLexerOB::NoteChange(Change change, Position position, Position length)
 {
     NoteForAssistants(change, position, length);
-    // What lies behind the styled end has no styles that a change could spoil.
+    // After the styled end there are no styles that a change could invalidate.
     if (position > styledEnd)
         return;
     const Position growth = change == Change::Insertion ? length : -length;
@@ -219,12 +219,13 @@ void cSciLexerOB::StyleTo(Position needed)
     const Position length = Direct(SCI_GETLENGTH);
     needed = std::min(needed, length);
     Forget(length);
-    // A second turn is due when what was found to stand ends before the place that is needed.
+    // A second turn is needed when the lines found unchanged end before the required position.
     while (Direct(SCI_GETENDSTYLED) < needed && StyleFromEnd(needed) == Agreement::Yes) {
     }
 }
 
-// Styles whole lines from the styled end on, until `needed` is reached or the rest up to `styledEnd` is known to stand.
+// Styles whole lines from the styled end on, until `needed` is reached or the rest up to `styledEnd` is known to be
+// valid.
 cSciLexerOB::Agreement cSciLexerOB::StyleFromEnd(Position needed)
 {
     Place place;
@@ -237,7 +238,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleFromEnd(Position needed)
     Agreement agreement = Agreement::No;
     while (place.position < needed && agreement == Agreement::No)
         agreement = StyleBlock(place, BlockEnd(place, needed));
-    // After a keystroke the next lines most often tell that all behind them may stay.
+    // After a keystroke, the next lines usually show that everything after them may stay.
     Position limit = needed + BytesAhead;
     if (brokenAt < limit + BytesAhead)
         limit = std::max(limit, brokenAt + 1);
@@ -249,7 +250,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleFromEnd(Position needed)
     return agreement;
 }
 
-// Keeps what is known of the lines behind a place where the lexer stopped with another state than before.
+// Records what is known of the lines after a place where the lexer stopped with a state other than before.
 void cSciLexerOB::NoteStop(Position position)
 {
     if (position >= styledEnd) {
@@ -265,8 +266,8 @@ void cSciLexerOB::NoteStop(Position position)
     }
 }
 
-// The end of the next lines that lie in memory in one piece. Only a line that the gap itself lies in makes the gap
-// move, and then no further than to that line's start.
+// The end of the next lines that are contiguous in memory. The gap moves only for a line that it splits, and then no
+// further than to that line's start.
 cSciLexerOB::Position cSciLexerOB::BlockEnd(const Place& from, Position needed) const
 {
     const Position wanted = std::min(needed, from.position + BlockBytes);
@@ -286,7 +287,8 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
     Agreement agreement = Agreement::No;
     Position goodEnd = 0;
     std::size_t at = 0;
-    // No margin shows levels, yet Scintilla would paint for each new state and level. New styles it must paint.
+    // No margin shows levels, yet Scintilla would request a paint for each new state and level. Only new styles need
+    // one.
     std::optional<UpdatePause> pause(viewport());
     while (at < block.size() && agreement == Agreement::No) {
         const LexedLine line = LexFirstLine(place.state, block.substr(at), keywords, styles.data() + at);
@@ -294,7 +296,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
         if (folding == Folding::On)
             Direct(SCI_SETFOLDLEVEL, Unsigned(place.line),
                    FoldLevel(place.state, line.state, block.substr(at, line.length)));
-        // A changed line's old state tells nothing: Scintilla may have given it another line's.
+        // A changed line's old state means nothing: Scintilla may have copied it from another line.
         if (before == line.state && IsUnchanged(place.position)) {
             agreement = Agreement::Yes;
             goodEnd = place.position < brokenAt ? brokenAt : styledEnd;
@@ -316,7 +318,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
     return agreement;
 }
 
-// Marks the brace before the caret or else the one behind it, with its partner.
+// Highlights the brace before the caret, or else the one after it, with its partner.
 void cSciLexerOB::ShowBraces()
 {
     const Position caret = Direct(SCI_GETCURRENTPOS);
@@ -333,12 +335,12 @@ bool cSciLexerOB::ShowBraceAt(Position position)
     const std::intptr_t lineNumber = LineAt(position);
     const Position start = StartOf(lineNumber);
     const std::string_view line = Bytes(start, StartOf(lineNumber + 1));
-    // The control may not have asked for this line's styles yet.
+    // The control may not have requested this line's styles yet.
     std::vector<unsigned char> lineStyles(line.size());
     LexLine(0, line, keywords, lineStyles.data());
     const auto column = static_cast<std::size_t>(position - start);
     const std::optional<std::size_t> partner = MatchBrace(line, lineStyles.data(), column);
-    // A lone brace is a mistake in code, not in prose.
+    // In a comment or a string, an unmatched brace is no mistake.
     if (!partner && (lineStyles[column] == StyleComment || lineStyles[column] == StyleString))
         return false;
     if (partner)
@@ -351,47 +353,49 @@ bool cSciLexerOB::ShowBraceAt(Position position)
 void cSciLexerOB::NoteForAssistants(Change change, Position position, Position length)
 {
     offsets.NoteChange(position);
-    untold.reset();
-    if (length > MostToldBytes || !QAccessible::isActive())
+    pending.reset();
+    if (length > MostReportedBytes || !QAccessible::isActive())
         return;
-    untold = Untold{change, position, length, {}};
+    pending = PendingChange{change, position, length, {}};
     if (change == Change::Deletion)
-        untold->removed = QString::fromUtf8(Bytes(position, position + length));
+        pending->removed = QString::fromUtf8(Bytes(position, position + length));
 }
 
-void cSciLexerOB::TellAssistants()
+void cSciLexerOB::ReportToAssistants()
 {
     if (!QAccessible::isActive())
         return;
-    if (untold) {
-        const auto offset = static_cast<int>(offsets.OffsetOf(untold->position));
-        if (untold->change == Change::Insertion) {
-            const Position end = std::min(untold->position + untold->length, Direct(SCI_GETLENGTH));
-            QAccessibleTextInsertEvent event(this, offset, QString::fromUtf8(Bytes(untold->position, end)));
+    if (pending) {
+        const auto offset = static_cast<int>(offsets.OffsetOf(pending->position));
+        if (pending->change == Change::Insertion) {
+            const Position end = std::min(pending->position + pending->length, Direct(SCI_GETLENGTH));
+            QAccessibleTextInsertEvent event(this, offset, QString::fromUtf8(Bytes(pending->position, end)));
             QAccessible::updateAccessibility(&event);
         } else {
-            QAccessibleTextRemoveEvent event(this, offset, untold->removed);
+            QAccessibleTextRemoveEvent event(this, offset, pending->removed);
             QAccessible::updateAccessibility(&event);
         }
-        untold.reset();
+        pending.reset();
     }
-    const Told now{static_cast<int>(offsets.OffsetOf(Direct(SCI_GETCURRENTPOS))),
-                   static_cast<int>(offsets.OffsetOf(Direct(SCI_GETSELECTIONSTART))),
-                   static_cast<int>(offsets.OffsetOf(Direct(SCI_GETSELECTIONEND)))};
-    const bool isSelectionNew = now.selectionStart != told.selectionStart || now.selectionEnd != told.selectionEnd;
-    const bool hasSelection = now.selectionStart != now.selectionEnd || told.selectionStart != told.selectionEnd;
+    const Reported now{static_cast<int>(offsets.OffsetOf(Direct(SCI_GETCURRENTPOS))),
+                       static_cast<int>(offsets.OffsetOf(Direct(SCI_GETSELECTIONSTART))),
+                       static_cast<int>(offsets.OffsetOf(Direct(SCI_GETSELECTIONEND)))};
+    const bool isSelectionNew =
+        now.selectionStart != reported.selectionStart || now.selectionEnd != reported.selectionEnd;
+    const bool hasSelection =
+        now.selectionStart != now.selectionEnd || reported.selectionStart != reported.selectionEnd;
     if (isSelectionNew && hasSelection) {
         QAccessibleTextSelectionEvent event(this, now.selectionStart, now.selectionEnd);
         event.setCursorPosition(now.caret);
         QAccessible::updateAccessibility(&event);
-    } else if (now.caret != told.caret) {
+    } else if (now.caret != reported.caret) {
         QAccessibleTextCursorEvent event(this, now.caret);
         QAccessible::updateAccessibility(&event);
     }
-    told = now;
+    reported = now;
 }
 
-// A file that is dropped belongs to the window around the control, which opens it.
+// A dropped file belongs to the window around the control, which opens it.
 void cSciLexerOB::dragEnterEvent(QDragEnterEvent* event)
 {
     if (event->mimeData()->hasUrls())

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The edit control: Scintilla, which asks for styles when it needs them and gets them from the language's lexer.
+// The edit control: Scintilla, which requests styles when it needs them and gets them from the language's lexer.
 #pragma once
 
 #include "scilexer/QsciBase.h"
@@ -38,7 +38,7 @@ private:
     enum class Agreement { No, Yes };
     enum class Change { Insertion, Deletion };
 
-    // Where the lexer stands: all before `position` is done.
+    // The lexer's position: everything before `position` is done.
     struct Place {
         Position position = 0;
         std::intptr_t line = 0;
@@ -72,7 +72,7 @@ private:
     bool ShowBraceAt(Position position);
 
     void NoteForAssistants(Change change, Position position, Position length);
-    void TellAssistants();
+    void ReportToAssistants();
 
     DirectFunction directFunction = nullptr;
     std::intptr_t directPointer = 0;
@@ -83,31 +83,31 @@ private:
     std::vector<unsigned char> styles;
     std::intptr_t lexedLines = 0;
 
-    // Scintilla's own mark of the styled end falls back to each change. What was styled behind it is still good from
-    // the first line on that begins behind `changedEnd` and whose state comes out as it was: up to `brokenAt`, where
-    // lines begin that were styled for another state than the line before now leaves, or for a line that begins
-    // there or later, up to `styledEnd`.
+    // Scintilla resets its own mark of the styled end at each change. The styles beyond it are still valid from the
+    // first line that begins after `changedEnd` and whose state comes out unchanged: up to `brokenAt`, where lines
+    // begin that were styled for a state other than the one the previous line now leaves; or, for a line at or after
+    // `brokenAt`, up to `styledEnd`.
     Position changedEnd = -1;
     Position brokenAt = 0;
     Position styledEnd = 0;
 
     bool hasBraces = false;
 
-    // For assistive tools: the last change that they have not been told of, and what they have been told.
-    struct Untold {
+    // For assistive tools: the last change, while it has not been reported, and the caret and selection reported last.
+    struct PendingChange {
         Change change = Change::Insertion;
         Position position = 0;
         Position length = 0;
         QString removed;
     };
-    struct Told {
+    struct Reported {
         int caret = 0;
         int selectionStart = 0;
         int selectionEnd = 0;
     };
     TextOffsets offsets;
-    std::optional<Untold> untold;
-    Told told;
+    std::optional<PendingChange> pending;
+    Reported reported;
 };
 
 } // namespace ob

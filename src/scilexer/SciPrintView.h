@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The edit control's look while a page of it is formatted for printing.
+// The edit control's look while a page is formatted for printing.
 #pragma once
 
 #include "scilexer/QsciBase.h"
@@ -13,8 +13,8 @@
 
 namespace ob {
 
-// While it lives there are no line numbers, which the formatter would print, and colours that were chosen for a dark
-// window can be read on white paper. At its end all is as it was.
+// While it exists, there are no line numbers, which the formatter would print, and colours chosen for a dark window are
+// darkened for white paper. Its destructor restores everything.
 class SciPrintView {
 public:
     using Control = std::function<std::intptr_t(unsigned message, std::uintptr_t wParam, std::intptr_t lParam)>;
@@ -54,7 +54,7 @@ private:
         control(message, what, now);
     }
 
-    // Its width would stay in the line measures that the control keeps, its kind does not.
+    // The margin's width is part of the line measures that the control caches; its type is not.
     void HideLineNumbers()
     {
         for (std::uintptr_t margin = 0; margin < MarginCount; ++margin) {

@@ -31,7 +31,7 @@ std::vector<std::string> SplitWords(std::string_view list)
         std::string word(list.substr(begin, end - begin));
         if (word.back() == '(')
             word.pop_back();
-        // A NUL could not be told from the padding of a key, and no word of a text holds one.
+        // A NUL would look like the padding of a key, and no word of a text contains one.
         if (!word.empty() && word.find('\0') == std::string::npos)
             words.push_back(std::move(word));
         begin = list.find_first_not_of(separators, end);
@@ -44,7 +44,7 @@ std::vector<std::string> SplitWords(std::string_view list)
 KeywordSet::KeywordSet(std::string_view list)
 {
     const std::vector<std::string> words = SplitWords(list);
-    // At most a quarter full, so that a word that is not in the set most often meets an empty slot at once.
+    // At most a quarter full, so that looking up a word that is not in the set usually meets an empty slot at once.
     const std::size_t size = std::bit_ceil(std::max<std::size_t>(64, 4 * (words.size() + std::size(StructureWords))));
     slots.resize(size);
     shift = 64 - std::countr_zero(size);

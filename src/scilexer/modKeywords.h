@@ -21,7 +21,7 @@ enum class WordRole : unsigned char {
     End,
     Select,
     Case,
-    Routine, // sub, function: opens a block, and closes it behind `end`
+    Routine, // sub, function: opens a block, and closes it after `end`
     Opener,  // for, while, do
     Closer,  // next, wend, loop
     Rem,
@@ -32,15 +32,13 @@ struct WordInfo {
     bool isKeyword = false;
 };
 
-// A set of words that is asked once for every word of a text. Letters A to Z count as a to z; all other bytes count
-// as they are.
+// A set of words, looked up once for every word of a text. A to Z equal a to z; all other bytes are compared exactly.
 class KeywordSet {
 public:
-    // `list` holds words parted by blanks, tabs or line ends. One "(" at a word's end is dropped.
+    // `list` holds words separated by spaces, tabs or line ends. One "(" at a word's end is dropped.
     explicit KeywordSet(std::string_view list = {});
 
-    // `word` are `length` > 0 bytes of the lexer's word characters; `readable` >= length tells how many bytes may be
-    // read from there.
+    // `word` points to `length` > 0 bytes of word characters, of which `readable` >= length may be read.
     WordInfo Find(const char* word, std::size_t length, std::size_t readable) const;
 
     bool Contains(std::string_view word) const
@@ -51,8 +49,8 @@ public:
 private:
     static constexpr std::size_t ShortLength = 16;
 
-    // A word of up to 16 bytes as two numbers, padded with zeros. All word characters keep apart when bit 0x20 is
-    // set, but for the case of a letter; bytes from 0x80 on would not, so words with such bytes are long words.
+    // A word of up to 16 bytes as two numbers, padded with zeros. With bit 0x20 set, word characters stay distinct but
+    // for the case of A to Z; bytes from 0x80 on would not, so words with such bytes are long words.
     struct Key {
         std::uint64_t low = 0;
         std::uint64_t high = 0;

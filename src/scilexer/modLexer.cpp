@@ -16,7 +16,7 @@ enum CharClass : unsigned char {
     ClassLetter,
     ClassDigit,
     ClassSuffix,
-    ClassBlank,
+    ClassSpace,
     ClassLineEnd,
     ClassQuote,
     ClassApostrophe,
@@ -30,8 +30,8 @@ constexpr std::array<unsigned char, 256> Classes = [] {
     for (unsigned c = 0; c < 256; ++c) {
         const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c >= 0x80;
         const bool isDigit = c >= '0' && c <= '9';
-        const bool isBlank = c <= ' ' || c == 0x7F;
-        table[c] = isLetter ? ClassLetter : isDigit ? ClassDigit : isBlank ? ClassBlank : ClassOperator;
+        const bool isSpace = c <= ' ' || c == 0x7F;
+        table[c] = isLetter ? ClassLetter : isDigit ? ClassDigit : isSpace ? ClassSpace : ClassOperator;
     }
     table['$'] = table['!'] = table['?'] = ClassSuffix;
     table['\r'] = table['\n'] = ClassLineEnd;
@@ -57,7 +57,7 @@ bool IsLineEnd(char c)
     return c == '\n' || c == '\r';
 }
 
-// What the token before tells about the next word.
+// What the previous token implies for the next word.
 enum class Expect : unsigned char { Nothing, Statement, StatementAfterThen, AfterEnd, AfterSelect };
 
 class LineLexer {
@@ -90,16 +90,16 @@ private:
     const KeywordSet& keywords;
     unsigned char* styles;
     std::size_t at = 0;
-    std::size_t nextClose = 0; // the first "]" behind the last "[" that was looked at, or size when there is none
+    std::size_t nextClose = 0; // the first "]" after the last "[" seen, or size when there is none
     int depth;
     Expect expect = Expect::Statement;
     bool hasIf = false;
 };
 
-// Styles from the present place up to `end` and goes there.
+// Styles everything from the current position up to `end` and moves there.
 inline void LineLexer::Fill(std::size_t end, Style style)
 {
-    // Most tokens are short: one store of fixed size beats a call. What it writes too much is overwritten later.
+    // Most tokens are short: one store of fixed size beats a call. Excess bytes are overwritten later.
     constexpr std::size_t block = 16;
     if (end - at <= block && size - at >= block)
         std::memset(styles + at, style, block);
@@ -165,7 +165,7 @@ inline void LineLexer::Operator()
 
 inline void LineLexer::Bracket()
 {
-    // Remembering the answer keeps a line of many "[" from being searched to its end for each of them.
+    // The cached answer keeps a line of many "[" from being searched to its end for each of them.
     if (nextClose <= at) {
         nextClose = at + 1;
         while (nextClose < size && text[nextClose] != ']' && !IsLineEnd(text[nextClose]))
@@ -173,8 +173,8 @@ inline void LineLexer::Bracket()
         if (nextClose < size && text[nextClose] != ']')
             nextClose = size;
     }
-    const bool isLabel = nextClose < size && nextClose > at + 1 && ClassOf(text[at + 1]) != ClassBlank &&
-                         ClassOf(text[nextClose - 1]) != ClassBlank;
+    const bool isLabel = nextClose < size && nextClose > at + 1 && ClassOf(text[at + 1]) != ClassSpace &&
+                         ClassOf(text[nextClose - 1]) != ClassSpace;
     if (isLabel) {
         Fill(nextClose + 1, StyleLabel);
         expect = Expect::Nothing;
@@ -188,13 +188,13 @@ inline void LineLexer::OpenIf(bool condition)
     depth += condition && depth < std::numeric_limits<int>::max();
 }
 
-// A closer with nothing to close is passed over.
+// A closer with nothing to close is ignored.
 inline void LineLexer::CloseIf(bool condition)
 {
     depth -= condition && depth > 0;
 }
 
-// Counts blocks. Gives true when the word starts a comment.
+// Counts blocks. Returns true when the word starts a comment.
 inline bool LineLexer::NoteRole(WordRole role)
 {
     const Expect before = expect;
@@ -252,7 +252,7 @@ inline void LineLexer::Word()
         Fill(end, info.isKeyword ? StyleKeyword : StyleIdentifier);
 }
 
-// Styles the line's end and gives the length of the line.
+// Styles the line end and returns the length of the line.
 inline std::size_t LineLexer::FinishLine()
 {
     OpenIf(hasIf && expect == Expect::StatementAfterThen);
@@ -268,13 +268,13 @@ inline std::size_t LineLexer::FinishLine()
 std::size_t LineLexer::Run()
 {
     while (at < size) {
-        // Tokens are most often one blank apart: taking it here spares a turn of the switch.
+        // Most tokens are one space apart: handling it here saves a turn of the switch.
         if (text[at] == ' ') {
             styles[at++] = StyleDefault;
             continue;
         }
         switch (ClassOf(text[at])) {
-        case ClassBlank:
+        case ClassSpace:
             styles[at++] = StyleDefault;
             break;
         case ClassLetter:
@@ -326,7 +326,7 @@ int LexText(std::string_view text, const KeywordSet& keywords, unsigned char* st
 int FoldLevel(int stateBefore, int stateAfter, std::string_view line)
 {
     const bool isBlank = std::all_of(line.begin(), line.end(),
-                                     [](char c) { return ClassOf(c) == ClassBlank || ClassOf(c) == ClassLineEnd; });
+                                     [](char c) { return ClassOf(c) == ClassSpace || ClassOf(c) == ClassLineEnd; });
     const int depth = std::clamp(stateBefore, 0, FoldNumberMask - FoldBase);
     return FoldBase + depth + (stateAfter > stateBefore ? FoldHeader : 0) + (isBlank ? FoldWhite : 0);
 }
@@ -339,7 +339,7 @@ std::optional<std::size_t> MatchBrace(std::string_view line, const unsigned char
     const bool isForward = own == '(' || own == '[';
     const char partner = own == '(' ? ')' : own == ')' ? '(' : own == '[' ? ']' : '[';
     std::size_t depth = 1;
-    // Going back wraps round below 0, which ends the loop as going past the end does.
+    // Going back wraps around below 0, which ends the loop just as going past the end does.
     for (std::size_t i = isForward ? column + 1 : column - 1; i < line.size(); isForward ? ++i : --i) {
         if (styles[i] != styles[column])
             continue;

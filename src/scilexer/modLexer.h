@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The language's lexer: bytes in, one style a byte out, with all that passes between lines in one number.
+// The language's lexer: bytes in, one style per byte out; a single number passes from line to line.
 #pragma once
 
 #include "scilexer/modKeywords.h"
@@ -22,23 +22,23 @@ enum Style : unsigned char {
     StyleLabel = 8,
 };
 
-// A line state is the number of blocks that are open behind a line; 0 stands before the first line.
+// A line state is the number of blocks open at the end of a line; it is 0 before the first line.
 struct LexedLine {
-    std::size_t length = 0; // bytes, with the line's end
-    int state = 0;          // behind the line
+    std::size_t length = 0; // bytes, with the line end
+    int state = 0;          // at the end of the line
 };
 
-// Styles the first line of `text`, up to and with its end (CR LF, LF or CR) or to the end of the text. `styles` has
-// room for text.size() bytes; those behind the line may be overwritten with anything.
+// Styles the first line of `text`, up to and including its end (CR LF, LF or CR) or to the end of the text. `styles`
+// has room for text.size() bytes; those after the line may be overwritten with anything.
 LexedLine LexFirstLine(int lineState, std::string_view text, const KeywordSet& keywords, unsigned char* styles);
 
-// Styles one line, given with its end if it has one, and gives the state behind it. A negative state counts as 0.
+// Styles one line, given with its end if it has one, and returns the state after it. A negative state counts as 0.
 inline int LexLine(int lineState, std::string_view line, const KeywordSet& keywords, unsigned char* styles)
 {
     return LexFirstLine(lineState, line, keywords, styles).state;
 }
 
-// Styles a whole text from its first line on and gives the state at its end.
+// Styles a whole text from its first line on and returns the state at its end.
 int LexText(std::string_view text, const KeywordSet& keywords, unsigned char* styles);
 
 enum FoldFlag : int {
@@ -52,14 +52,14 @@ enum FoldFlag : int {
 // FoldHeader when the line opens more blocks than it closes, FoldWhite when it is blank.
 int FoldLevel(int stateBefore, int stateAfter, std::string_view line);
 
-// Whether a byte is one of the four that MatchBrace knows: ( ) [ ]
+// Whether a byte is one of the four that MatchBrace handles: ( ) [ ]
 inline bool IsBrace(char c)
 {
     return c == '(' || c == ')' || c == '[' || c == ']';
 }
 
-// The column (bytes) of the brace that belongs to the one in `column`, looking only at braces of its own style within
-// the line. Nothing when it has no partner or when there is no brace.
+// The column (bytes) of the partner of the brace in `column`, considering only braces of the same style within the
+// line. Nothing when it has no partner or when there is no brace.
 std::optional<std::size_t> MatchBrace(std::string_view line, const unsigned char* styles, std::size_t column);
 
 } // namespace ob

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The one door to the edit control: an opaque handle and messages, with the published names and numbers.
+// The only interface to the edit control: an opaque handle and messages, with the published names and numbers.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace ob {
 
-// What the plugin gives for one edit window. The handle is null while a window has no control.
+// What the plugin returns for one edit window. The handle is null while a window has no control.
 class cSciControl {
 public:
     cSciControl(const cSciControl&) = delete;
@@ -158,7 +158,7 @@ enum SciMessage : unsigned {
     SCI_SETKEYWORDS = 4005,
 };
 
-// Sends one message; a null handle answers 0, as a window that is gone does.
+// Sends one message; a null handle returns 0, like a window that no longer exists.
 inline std::intptr_t SendSci(Sci sci, unsigned message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0)
 {
     return sci == nullptr ? 0 : sci->Send(message, wParam, lParam);
@@ -169,7 +169,7 @@ inline std::intptr_t SendSci(Sci sci, unsigned message, std::uintptr_t wParam, c
     return SendSci(sci, message, wParam, reinterpret_cast<std::intptr_t>(text));
 }
 
-// For the messages whose both arguments are texts.
+// For messages whose arguments are both texts.
 inline std::intptr_t SendSciTexts(Sci sci, unsigned message, const char* name, const char* text)
 {
     return SendSci(sci, message, reinterpret_cast<std::uintptr_t>(name), reinterpret_cast<std::intptr_t>(text));

@@ -8,7 +8,7 @@ namespace ob {
 
 namespace {
 
-// How many bytes are counted at once before the count is looked at.
+// How many bytes are counted before the result is examined.
 constexpr std::intptr_t StepBytes = 4096;
 
 bool IsContinuation(char c)
@@ -16,7 +16,7 @@ bool IsContinuation(char c)
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
-// The units that begin at this byte: two for a character beyond the first plane.
+// The units that begin at this byte: two for a character beyond the basic plane.
 int Units(char c)
 {
     return (IsContinuation(c) ? 0 : 1) + (static_cast<unsigned char>(c) >= 0xF0 ? 1 : 0);
@@ -31,7 +31,7 @@ std::intptr_t TextOffsets::Count(std::intptr_t from, std::intptr_t to) const
         const std::string_view piece = read(from, to);
         if (piece.empty())
             break;
-        // Counted in an int, the loop runs on many bytes at a time.
+        // With an int as counter, the compiler vectorises the loop.
         for (std::size_t at = 0; at < piece.size(); at += StepBytes) {
             int stepUnits = 0;
             for (const char c : piece.substr(at, StepBytes))
@@ -46,7 +46,7 @@ std::intptr_t TextOffsets::Count(std::intptr_t from, std::intptr_t to) const
 std::intptr_t TextOffsets::OffsetOf(std::intptr_t position)
 {
     position = std::clamp<std::intptr_t>(position, 0, length());
-    // Counting from the text's start is shorter when the last place is far behind.
+    // When the last position is far ahead, counting from the start of the text is shorter.
     if (position < knownPosition / 2)
         knownPosition = knownOffset = 0;
     knownOffset += position >= knownPosition ? Count(knownPosition, position) : -Count(position, knownPosition);
@@ -59,7 +59,7 @@ std::intptr_t TextOffsets::PositionOf(std::intptr_t offset)
     const std::intptr_t end = length();
     if (offset < knownOffset / 2)
         knownPosition = knownOffset = 0;
-    // Steps back to a place that is surely not behind the offset, then steps forward over whole pieces.
+    // Steps back to a place that cannot be after the offset, then forward over whole pieces.
     while (offset < knownOffset && knownPosition > 0)
         OffsetOf(std::max<std::intptr_t>(0, knownPosition - StepBytes));
     while (knownPosition < end) {
