@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How far a long print is, with a way out.
+// The progress of a long print, with a Cancel button.
 #include "editor/dlgPrinting.h"
 
 #include "platform/dialogs/frmPrinter.h"

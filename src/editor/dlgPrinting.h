@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How far a long print is, with a way out.
+// The progress of a long print, with a Cancel button.
 #pragma once
 
 #include "editor/modPrint.h"
@@ -16,14 +16,14 @@ class dlgPrinting;
 
 namespace ob {
 
-// Comes up by itself when the print takes longer than Patience. Until then no key and no click gets through, so that
-// nothing happens to the text; then only those for this window.
+// Appears by itself when the print takes longer than Patience. Until then no key and no click gets through, so that the
+// text cannot change; after that, only those for this window.
 class dlgPrinting final : public QDialog, public cPrintWatch {
     Q_OBJECT
 
 public:
     static constexpr char ManualPage[] = "printing";
-    static inline std::chrono::milliseconds Patience{1000}; // only tests change it
+    static inline std::chrono::milliseconds Patience{1000}; // changed only by tests
 
     explicit dlgPrinting(QWidget* parent = nullptr);
     ~dlgPrinting() override;
@@ -34,7 +34,7 @@ private:
     void Show(const PrintPlace& place);
 
     std::unique_ptr<Ui::dlgPrinting> ui;
-    QElapsedTimer clock; // runs from the end of the first page on
+    QElapsedTimer clock; // started at the end of the first page
 };
 
 void mnuFilePrint_Click();

@@ -45,7 +45,7 @@ void frmCodeExplorer::Fil_Click()
 {
     ui->Text1->setText(browser->ChosenName());
     ui->txtDisplay->clear();
-    // Without a name the question would go to the folder, whose disk may not answer.
+    // Without a name, the file test would be made on the folder, whose disk may not answer.
     if (!browser->ChosenName().isEmpty() && FileExists(browser->ChosenPath()))
         ui->txtDisplay->setPlainText(CodePreview(browser->ChosenPath()));
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Browses the disk for BASIC source and shows the start of a file.
+// Browses the disk for BASIC source and previews the start of a file.
 #pragma once
 
 #include <QDialog>

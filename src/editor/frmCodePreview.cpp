@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A look at the code that a tool would give, coloured as in a code window.
+// A preview of the code that a tool would generate, coloured as in a code window.
 #include "editor/frmCodePreview.h"
 
 #include "editor/document/modSyntaxTable.h"
@@ -41,7 +41,7 @@ QColor WithLightness(const QColor& color, int lightness)
     return QColor::fromHsl(color.hslHue(), color.hslSaturation(), lightness);
 }
 
-// From 0, black, to 1, white, as the eye takes it.
+// Relative luminance from 0, black, to 1, white.
 double LuminanceOf(const QColor& color)
 {
     const auto linear = [](double part) {
@@ -56,7 +56,7 @@ double ContrastOf(const QColor& first, const QColor& second)
     return (high + 0.05) / (low + 0.05);
 }
 
-// The color, made lighter or darker as far as it takes to be read on the ground.
+// The color, made lighter or darker until it is readable on the background.
 QColor ReadableOn(const QColor& ground, const QColor& color)
 {
     const int step = IsDark(ground) ? 5 : -5;
@@ -76,8 +76,8 @@ std::string_view ViewOf(const QByteArray& bytes)
 
 } // namespace
 
-// Colours each line by the lexer. Colours that were chosen for a light window are made readable on a dark ground, and
-// the other way round.
+// Colours each line by the lexer. Colours chosen for a light window are made readable on a dark background, and vice
+// versa.
 class frmCodeColors final : public QSyntaxHighlighter {
 public:
     explicit frmCodeColors(QTextDocument* document) : QSyntaxHighlighter(document) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A look at the code that a tool would give, coloured as in a code window.
+// A preview of the code that a tool would generate, coloured as in a code window.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -8,19 +8,19 @@ namespace ob {
 
 class frmCodeColors;
 
-// Read-only; its text can be selected and copied, Tab leaves it. In a Designer file it is a QPlainTextEdit promoted to
-// ob::frmCodePreview, header codetools/frmCodePreview.h.
+// Read-only; its text can be selected and copied, and Tab leaves it. In a Designer file it is a QPlainTextEdit promoted
+// to ob::frmCodePreview, header editor/frmCodePreview.h.
 class frmCodePreview final : public QPlainTextEdit {
     Q_OBJECT
-    // The height that it asks for; it can become lower and higher.
+    // The preferred height; the widget can shrink and grow.
     Q_PROPERTY(int shownLines READ ShownLines WRITE SetShownLines)
 
 public:
     explicit frmCodePreview(QWidget* parent = nullptr);
     ~frmCodePreview() override;
 
-    // Shows the code, in the colours that the settings have now. What differs from the code before is scrolled into
-    // view. Lines end at CR LF, LF or CR.
+    // Shows the code in the current colours of the settings. The part that differs from the previous code is scrolled
+    // into view. Lines end with CR LF, LF or CR.
     void ShowCode(const QString& code);
 
     int ShownLines() const { return shownLines; }

@@ -45,7 +45,7 @@ int ToPixels(int twips)
 
 SciLexerOB_CreateFunction* FindCreate(const QString& path)
 {
-    // Loaded once and kept for the life of the process, as the control's code must outlast every window.
+    // Loaded once and kept for the life of the process, as the control's code must outlive every window.
     return reinterpret_cast<SciLexerOB_CreateFunction*>(QLibrary::resolve(path, SciLexerOB_CreateName));
 }
 
@@ -263,7 +263,7 @@ void frmDocument::FillLabelLists()
 
 void frmDocument::FillBranchBox()
 {
-    const std::intptr_t start = SelectionStartBehindFirst(document.sci);
+    const std::intptr_t start = SelectionStartAfterFirst(document.sci);
     FillLabelLists();
     SendSci(document.sci, SCI_GOTOPOS, static_cast<std::uintptr_t>(start));
 }
@@ -271,7 +271,7 @@ void frmDocument::FillBranchBox()
 void frmDocument::GoToLabelOf(const QComboBox& list)
 {
     const QString target = list.currentText();
-    // What the list shows next goes by this field, whichever list is in sight.
+    // This field decides what the list shows next, whichever list is visible.
     cboLabels->setEditText(target);
     GoToLabel(document.sci, target.toUtf8());
 }
@@ -319,7 +319,7 @@ void frmDocument::FilterKey(const QKeyEvent& key)
     if (key.type() == QEvent::KeyPress) {
         returnPressed = true;
     } else if (returnPressed && !key.isAutoRepeat()) {
-        // A Return that was pressed in a box and is let go here has broken no line.
+        // A Return that was pressed in a box and is released here has broken no line.
         returnPressed = false;
         RunCommand([this] { AddTab(document); });
     }
@@ -330,7 +330,7 @@ bool frmDocument::eventFilter(QObject* watched, QEvent* event)
     if (watched != edit)
         return event->type() == QEvent::Wheel || QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::ShortcutOverride) {
-        // The menu's keys come before the control's own bindings.
+        // The menu's keys take precedence over the control's own bindings.
         const auto* key = static_cast<QKeyEvent*>(event);
         if (MainForm != nullptr && MainForm->HasShortcut(*key)) {
             event->ignore();

@@ -21,16 +21,16 @@ public:
     explicit frmDocument(cDocument& slot, QWidget* parent = nullptr);
     ~frmDocument() override;
 
-    // Makes the edit control and sets it up. False when the library is missing; the user has been told.
+    // Creates the edit control and sets it up. LibraryMissing after a message to the user.
     enum class Birth { Done, LibraryMissing };
     Birth LoadControl();
 
-    // The last step of the birth, once the window is shown: caret at the start, nothing to save, focus.
+    // The last step of creation, once the window is shown: caret at the start, nothing to save, focus.
     void EndLoad();
 
     cDocument& Document() const { return document; }
 
-    // The main window tells which child is active; the hook on the control's keys follows.
+    // Called by the main window when the active child changes; the filter on the control's keys follows.
     void Activate();
     void Deactivate();
 

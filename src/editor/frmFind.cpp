@@ -20,13 +20,13 @@ namespace ob {
 
 namespace {
 
-// Where the dialog was last, as long as the program runs.
+// The dialog's last position, for as long as the program runs.
 QByteArray lastGeometry;
 
-// A match and the dialog stay this many pixels apart.
+// The distance in pixels between a match and the dialog.
 constexpr int clearance = 6;
 
-// Where the dialog comes up for the first time: in the upper right of the main window, as code stands on the left.
+// Where the dialog first appears: in the upper right of the main window, as code is on the left.
 constexpr QPoint fromUpperRight(40, 110);
 
 QWidget* EditOf(const cDocument* document)
@@ -35,7 +35,7 @@ QWidget* EditOf(const cDocument* document)
     return window == nullptr ? nullptr : window->findChild<QWidget*>(QStringLiteral("sci"));
 }
 
-// The lines of the selection as they lie on the screen; empty when there is none to see.
+// The lines of the selection in screen coordinates; empty when none is visible.
 QRect SelectionPlace(const cDocument* document)
 {
     const auto* edit = qobject_cast<QAbstractScrollArea*>(EditOf(document));
@@ -103,7 +103,7 @@ void frmFind::hideEvent(QHideEvent* event)
     QDialog::hideEvent(event);
 }
 
-// What stands in the fields outlives a message box, and a look at another program.
+// The contents of the fields survive a message box and a switch to another program.
 void frmFind::FocusMoved(const QWindow* to)
 {
     if (to != nullptr && to != windowHandle() && to->modality() == Qt::NonModal && to->type() != Qt::Popup)

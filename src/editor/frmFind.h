@@ -41,7 +41,7 @@ private:
     void cmdReplaceAll_Click();
 
     std::unique_ptr<Ui::frmFind> ui;
-    bool wasLeft = false; // for another window of the program that is no message box
+    bool wasLeft = false; // for another window of the program other than a message box
 };
 
 void mnuEditFind_Click();

@@ -23,7 +23,7 @@ frmKeywords::frmKeywords(QWidget* parent) : QDialog(parent), ui(std::make_unique
 
     const QString text = CustomKeywordText(ProgramFolder());
     ui->txtDisplay->setPlainText(text);
-    // The sentence is typed over; words are added behind those that are there.
+    // Typing replaces the sentence; words are added after those that exist.
     if (text == QLatin1String(NoCustomKeywords))
         ui->txtDisplay->selectAll();
     else
@@ -33,7 +33,7 @@ frmKeywords::frmKeywords(QWidget* parent) : QDialog(parent), ui(std::make_unique
 
 frmKeywords::~frmKeywords() = default;
 
-// The words make one line, however long: Enter ends it, as in a field of one line.
+// The words form a single line, however long: Enter ends the input, as in a line edit.
 bool frmKeywords::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {

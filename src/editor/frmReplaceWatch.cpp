@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the windows do while a long replacement runs.
+// The windows during a long replacement.
 #include "editor/frmReplaceWatch.h"
 
 #include "shell/state/frmTool.h"
@@ -14,7 +14,7 @@ namespace ob {
 
 namespace {
 
-// In milliseconds: how often the event loop gets a turn, and when the box comes.
+// In milliseconds: how often the event loop runs, and when the box appears.
 constexpr qint64 turnEvery = 50;
 constexpr qint64 boxAfter = 1000;
 
@@ -100,7 +100,7 @@ bool frmReplaceWatch::eventFilter(QObject* watched, QEvent* event)
 {
     if (!IsInput(event->type()))
         return false;
-    // The box has a shortcut of its own for Escape, which takes the key before it becomes a press.
+    // The box has its own shortcut for Escape, which takes the key before it becomes a press.
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         isStopped = true;
@@ -110,7 +110,7 @@ bool frmReplaceWatch::eventFilter(QObject* watched, QEvent* event)
     }
     if (IsOfBox(watched))
         return false;
-    // An event that only windows get has to be refused, or it counts as done.
+    // A close event has to be ignored explicitly, or it counts as accepted.
     if (event->type() == QEvent::Close)
         event->ignore();
     return true;

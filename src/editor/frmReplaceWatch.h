@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the windows do while a long replacement runs: Escape ends it, a box with Cancel comes after a second, and the
-// text is painted once.
+// The windows during a long replacement: Escape stops it, a box with Cancel appears after a second, and the text is
+// painted only once.
 #pragma once
 
 #include "editor/modFind.h"
@@ -18,14 +18,14 @@ class frmReplaceWatch final : public QObject, public cReplaceWatch {
     Q_OBJECT
 
 public:
-    // `text` is the window that shows the text; it stays still until the watch goes.
+    // `text` is the window that shows the text; it is not painted during the lifetime of the watch.
     explicit frmReplaceWatch(QWidget* text);
     ~frmReplaceWatch() override;
 
     RoundEnd Round(std::int64_t replacements) override;
 
 protected:
-    // Only Escape, and what the box gets, comes through: the text must not change under the replacement.
+    // Only Escape and input for the box pass: the text must not change during the replacement.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -68,12 +68,12 @@ void frmSnip::ConnectControls()
         pressLoaded = true;
         click();
     });
-    // A click on the chosen snippet shows it again as it is on disk.
+    // A click on the selected snippet reloads it from disk.
     connect(ui->lstSnip, &QListView::clicked, this, [this, click] {
         if (!std::exchange(pressLoaded, true))
             click();
     });
-    // What it tells is of the text as it was.
+    // The message is about the text before the change.
     connect(ui->txtSnipDisplay, &QPlainTextEdit::textChanged, ui->lblState, &QLabel::clear);
     connect(ui->lstSnip, &QListView::doubleClicked, this, run(&frmSnip::lstSnip_DblClick));
     connect(ui->cmdNew, &QPushButton::clicked, this, run(&frmSnip::cmdNew_Click));
@@ -101,7 +101,7 @@ bool frmSnip::eventFilter(QObject* watched, QEvent* event)
     return QDialog::eventFilter(watched, event);
 }
 
-// Enter does what a double click does and does not press the default button.
+// Enter acts like a double click and does not press the default button.
 bool frmSnip::IsListKey(const QKeyEvent& press)
 {
     if (ChosenName().isEmpty() || press.modifiers() & ~Qt::KeypadModifier)
@@ -115,7 +115,7 @@ bool frmSnip::IsListKey(const QKeyEvent& press)
     return true;
 }
 
-// Blanks up to the next column of the tab size, as in a code window.
+// Spaces up to the next tab column, as in a code window.
 void frmSnip::TypeTab()
 {
     QTextCursor cursor = ui->txtSnipDisplay->textCursor();
@@ -126,7 +126,7 @@ void frmSnip::TypeTab()
     ui->txtSnipDisplay->setTextCursor(cursor);
 }
 
-// Reads the folder again and marks a snippet, if it is there, without showing it anew.
+// Reads the folder again and selects a snippet, if it exists, without reloading it.
 void frmSnip::Refresh(const QString& chosen)
 {
     const QScopedValueRollback<bool> quiet(refreshing, true);
@@ -148,7 +148,7 @@ QString frmSnip::ChosenPath() const
     return QDir::toNativeSeparators(folder + QLatin1Char('/') + ChosenName());
 }
 
-// What the user has typed and not saved can be brought back by Undo.
+// Unsaved typing can be brought back with Undo.
 void frmSnip::ShowText(const QString& text)
 {
     if (ui->txtSnipDisplay->document()->isModified()) {
@@ -174,7 +174,7 @@ void frmSnip::lstSnip_Click()
 void frmSnip::lstSnip_DblClick()
 {
     if (InsertSnippet(PlainTextOf(*ui->txtSnipDisplay)) == SnippetInsert::Done)
-        ui->lblState->setText(QStringLiteral("Put into the active code window."));
+        ui->lblState->setText(QStringLiteral("Inserted into the active code window."));
 }
 
 void frmSnip::cmdNew_Click()

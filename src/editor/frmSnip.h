@@ -48,7 +48,7 @@ private:
     std::unique_ptr<Ui::frmSnip> ui;
     QString folder; // of the snippets
     QStringListModel* names = nullptr;
-    bool pressLoaded = false; // this press of the mouse has shown its snippet already
+    bool pressLoaded = false; // whether this press of the mouse has already shown its snippet
     bool refreshing = false;
 };
 

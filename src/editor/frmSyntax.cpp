@@ -42,7 +42,7 @@ bool frmSyntax::event(QEvent* event)
         startsAfresh = false;
         Form_Activate();
     } else if (event->type() == QEvent::WindowDeactivate) {
-        // Coming back from another program keeps what is shown.
+        // What is shown stays after a switch to another program and back.
         QTimer::singleShot(0, this, [this] {
             const QWidget* active = QApplication::activeWindow();
             startsAfresh = startsAfresh || (active != nullptr && active != this);
@@ -53,7 +53,7 @@ bool frmSyntax::event(QEvent* event)
 
 void frmSyntax::keyPressEvent(QKeyEvent* event)
 {
-    // Enter behind a typed word chooses it and does not press the button.
+    // Enter after a typed word selects it and does not press the button.
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isEnter || !ui->cmbList->hasFocus())
         QDialog::keyPressEvent(event);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The Syntax Viewer: every word of the catalogue, and the syntax of the chosen one.
+// The Syntax Viewer: every word of the catalogue, and the syntax of the selected one.
 #pragma once
 
 #include <QDialog>
@@ -14,7 +14,7 @@ class frmSyntax;
 
 namespace ob {
 
-// Starts afresh each time that it becomes active from another window of the program.
+// Resets itself each time it becomes active after another window of the program.
 class frmSyntax final : public QDialog {
     Q_OBJECT
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The editing commands that the control does by itself, and the helpers that follow a key in it.
+// The editing commands that the control implements, and the actions that follow a key in it.
 #include "editor/modEdit.h"
 
 #include "editor/document/cDocument.h"
@@ -30,7 +30,7 @@ constexpr unsigned StyleBase = 32;
 constexpr int RoomAtTheRight = 12; // pixels
 constexpr std::uintptr_t OrderCustom = 2;
 
-// With no child at all nothing happens; with another child than a code window the user is told.
+// Without a child nothing happens; when the active child is not a code window, a message says so.
 cDocument* EditedDocument()
 {
     return MainForm->ActiveKind() == ActiveChild::None ? nullptr : NeedDocument();
@@ -56,7 +56,7 @@ QByteArrayView Range(Sci sci, std::intptr_t from, std::intptr_t to)
     return {start, start == nullptr ? 0 : to - from};
 }
 
-// With its line end.
+// Includes its line end.
 QByteArrayView Line(Sci sci, std::intptr_t line)
 {
     if (line < 0)
@@ -65,8 +65,9 @@ QByteArrayView Line(Sci sci, std::intptr_t line)
     return Range(sci, start, start + SendSci(sci, SCI_LINELENGTH, Unsigned(line)));
 }
 
-// That many characters behind the start of the line, but not behind the text's end nor inside a line end.
-std::intptr_t CharactersBehind(Sci sci, std::intptr_t lineStart, std::intptr_t count)
+// The position so many characters after the start of the line, but neither after the end of the text nor inside a line
+// end.
+std::intptr_t CharactersAfter(Sci sci, std::intptr_t lineStart, std::intptr_t count)
 {
     if (count == 0)
         return lineStart;
@@ -86,7 +87,7 @@ void ShowTip(cDocument& document)
     const std::intptr_t pos = SendSci(sci, SCI_GETCURRENTPOS);
     std::intptr_t from = SendSci(sci, SCI_GETSELECTIONSTART);
     std::intptr_t to = SendSci(sci, SCI_GETSELECTIONEND);
-    // A selected term has its tip at the start of the text.
+    // The tip for a selected term is shown at the start of the text.
     std::intptr_t wordStart = 0;
     if (from == to) {
         wordStart = from = SendSci(sci, SCI_WORDSTARTPOSITION, Unsigned(pos), -1);
@@ -210,7 +211,7 @@ void AddTab(cDocument& document)
         SendSci(sci, SCI_SETLINEINDENTATION, Unsigned(line), indent);
         column += indent;
     }
-    SendSci(sci, SCI_GOTOPOS, Unsigned(CharactersBehind(sci, lineStart, column)));
+    SendSci(sci, SCI_GOTOPOS, Unsigned(CharactersAfter(sci, lineStart, column)));
     SendSci(sci, SCI_LINESCROLL, 0, first - SendSci(sci, SCI_GETFIRSTVISIBLELINE));
     SendSci(sci, SCI_GRABFOCUS);
 }
@@ -220,13 +221,13 @@ void InsertKeyword(Sci sci)
     SendSci(sci, SCI_CALLTIPCANCEL);
     SendSci(sci, SCI_AUTOCCANCEL);
     SendSci(sci, SCI_AUTOCSETIGNORECASE, static_cast<std::uintptr_t>(-1));
-    // The list is not wholly sorted; told so, the control finds every word in it.
+    // The list is not fully sorted; in this mode the control finds every word in it.
     SendSci(sci, SCI_AUTOCSETORDER, OrderCustom);
     const std::intptr_t pos = SendSci(sci, SCI_GETCURRENTPOS);
     const std::intptr_t start = SendSci(sci, SCI_WORDSTARTPOSITION, Unsigned(pos), -1);
     if (pos > start)
         SendSci(sci, SCI_AUTOCSETAUTOHIDE, 0);
-    // Behind its last blank the list would show an empty word.
+    // After its last space the list would show an empty word.
     SendSci(sci, SCI_AUTOCSHOW, Unsigned(pos - start), Words().KeywordList.trimmed().constData());
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the editing commands make of a text.
+// What the editing commands do to a text.
 #include "editor/modEditText.h"
 
 #include "platform/language/cLines.h"
@@ -18,23 +18,23 @@ bool IsLineEnd(char character)
     return character == '\r' || character == '\n';
 }
 
-// The start of the line that position is in; between CR and LF that is the line which they end.
+// The start of the line that contains position; between CR and LF that is the line they end.
 qsizetype LineStart(QByteArrayView text, qsizetype position)
 {
-    const auto isBehindLineEnd = [&](qsizetype at) {
+    const auto isAfterLineEnd = [&](qsizetype at) {
         return text[at - 1] == '\n' || (text[at - 1] == '\r' && (at == text.size() || text[at] != '\n'));
     };
-    while (position > 0 && !isBehindLineEnd(position))
+    while (position > 0 && !isAfterLineEnd(position))
         --position;
     return position;
 }
 
-qsizetype BehindLineEnd(QByteArrayView text, qsizetype end)
+qsizetype AfterLineEnd(QByteArrayView text, qsizetype end)
 {
     return end + (text.sliced(end).startsWith("\r\n") ? 2 : 1);
 }
 
-// The position of the character before; 0 at the start.
+// The position of the previous character; 0 at the start.
 qsizetype CharacterBefore(QByteArrayView text, qsizetype position)
 {
     if (position > 0)
@@ -49,7 +49,7 @@ QByteArrayView WithoutLastCharacter(QByteArrayView text)
     return text.first(CharacterBefore(text, text.size()));
 }
 
-// The first line decides for all. Without a line end that could be cut, its last character goes.
+// The first line decides for all. When there is no line end to remove, its last character is removed instead.
 CommentMode ModeFor(QByteArrayView line, bool hasLineEnd)
 {
     const QByteArrayView text = LTrimBlanks(hasLineEnd ? line : WithoutLastCharacter(line));
@@ -105,7 +105,7 @@ std::optional<TextChange> BlockComment(QByteArrayView text, qsizetype selectionS
     for (qsizetype start = first; start <= last;) {
         const qsizetype end = EndOfLine(text, start);
         QByteArrayView line = text.sliced(start, end - start);
-        // The cut that takes off a line end takes a character where there is none, but never the only one.
+        // Cutting off the line end removes a character where there is no line end, but never the only one.
         if (const QByteArrayView cut = WithoutLastCharacter(line); end == text.size() && !cut.isEmpty())
             line = cut;
         if (mode == CommentMode::Uncomment)
@@ -114,11 +114,11 @@ std::optional<TextChange> BlockComment(QByteArrayView text, qsizetype selectionS
             change.replacement.append(Quote).append(line);
         if (start == last)
             break;
-        const qsizetype next = BehindLineEnd(text, end);
+        const qsizetype next = AfterLineEnd(text, end);
         change.replacement.append(text.sliced(end, next - end));
         start = next;
     }
-    // The same once more, for the rest of the line end behind all lines.
+    // The same once more, for the rest of the line end after all lines.
     if (change.to == text.size())
         change.replacement.truncate(WithoutLastCharacter(change.replacement).size());
     return change;
@@ -127,11 +127,11 @@ std::optional<TextChange> BlockComment(QByteArrayView text, qsizetype selectionS
 bool OpensBlock(QByteArrayView line)
 {
     const QByteArrayView text = LTrimBlanks(line);
-    const qsizetype blank = text.indexOf(' ');
-    if (blank < 0)
+    const qsizetype space = text.indexOf(' ');
+    if (space < 0)
         return false;
     for (const char* opener : {"if", "do", "while", "for"})
-        if (EqualsIgnoreCase(text.first(blank), QByteArrayView(opener)))
+        if (EqualsIgnoreCase(text.first(space), QByteArrayView(opener)))
             return true;
     return false;
 }
@@ -156,7 +156,7 @@ int IndentationOf(QByteArrayView line, int tabSize)
     return column;
 }
 
-TextChange ReturnBehind(QByteArrayView text, qsizetype start, int tabSize)
+TextChange ReturnAtEnd(QByteArrayView text, qsizetype start, int tabSize)
 {
     const qsizetype end = EndOfLine(text, start);
     const QByteArrayView line = text.sliced(start, end - start);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the editing commands make of a text, without a control: block comment and auto-indent. Texts are UTF-8, and a
-// position is a byte of them; where the commands count characters, a letter of several bytes is one.
+// What the editing commands do to a text, independent of the control: block comment and auto-indent. Texts are UTF-8
+// and positions count bytes; where the commands count characters, a character of several bytes is one.
 #pragma once
 
 #include <QByteArray>
@@ -10,36 +10,35 @@
 
 namespace ob {
 
-// The bytes [from, to) of a text, and what comes in their place.
+// The bytes [from, to) of a text, and their replacement.
 struct TextChange {
     qsizetype from = 0;
     qsizetype to = 0;
     QByteArray replacement;
 };
 
-// Where line number, from 0, begins; nothing when the text has no such line. Behind a last line end stands an empty
-// line.
+// The start of line number (from 0); nothing when the text has no such line. An empty line follows a final line end.
 std::optional<qsizetype> StartOfLine(QByteArrayView text, qsizetype number);
 
-// The end of the line that begins at start, before its line end.
+// The end of the line that begins at start, without its line end.
 qsizetype EndOfLine(QByteArrayView text, qsizetype start);
 
-// Puts a quote character in front of each line that the selection touches, or takes it away when the first line begins
-// with one or with "rem"; "rem " at the very start of a line goes too. The line of the selection's last two characters
-// is the last one; nothing when it comes before the first. A last line without a line end loses two characters.
+// Puts a quote character before each line that the selection touches, or removes it when the first line begins with one
+// or with "rem"; "rem " at the very start of a line is removed too. The last line is the one of the selection's last
+// two characters; nothing when it comes before the first. A last line without a line end loses two characters.
 std::optional<TextChange> BlockComment(QByteArrayView text, qsizetype selectionStart, qsizetype selectionEnd);
 
-// Whether the line behind this one goes a step further in: its first word, left-trimmed and ended by a blank, is "if",
+// Whether the following line is indented one step more: the first word, left-trimmed and followed by a space, is "if",
 // "do", "while" or "for".
 bool OpensBlock(QByteArrayView line);
 
-// Whether the line may hold what the label lists show.
+// Whether the line may contain an entry of the label lists.
 bool MayHoldLabel(QByteArrayView line);
 
-// Columns of the blanks and tabs that the line begins with. tabSize is above 0.
+// The width in columns of the spaces and tabs at the start of the line. tabSize is above 0.
 int IndentationOf(QByteArrayView line, int tabSize);
 
-// The Return key at the end of the line that begins at start, with auto-indent.
-TextChange ReturnBehind(QByteArrayView text, qsizetype start, int tabSize);
+// The change that the Return key makes at the end of the line that begins at start, with auto-indent.
+TextChange ReturnAtEnd(QByteArrayView text, qsizetype start, int tabSize);
 
 } // namespace ob

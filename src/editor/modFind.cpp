@@ -35,7 +35,7 @@ Position CharacterCount(QByteArrayView text)
     return std::count_if(text.begin(), text.end(), BeginsCharacter);
 }
 
-// Behind that many characters, or the end of a shorter text.
+// The position after that many characters, or the end of a shorter text.
 Position PositionOfCharacter(std::string_view text, Position number)
 {
     std::size_t position = 0;
@@ -44,7 +44,7 @@ Position PositionOfCharacter(std::string_view text, Position number)
     return static_cast<Position>(position);
 }
 
-// Statuses of the control from here on are warnings.
+// Status values of the control from here on are warnings.
 constexpr std::intptr_t FirstWarning = 1000;
 
 constexpr int MostBytesOfCharacter = 4;
@@ -64,7 +64,7 @@ bool IsInsideCharacter(Sci sci, Position position)
     return (SendSci(sci, SCI_GETCHARAT, Unsigned(position)) & 0xC0) == 0x80;
 }
 
-// One character further, at most to the end of the text. CR and LF are two.
+// The next character, at most the end of the text. CR and LF count as two.
 Position Next(Sci sci, Position position)
 {
     const Position length = SendSci(sci, SCI_GETLENGTH);
@@ -74,7 +74,7 @@ Position Next(Sci sci, Position position)
     return std::min(position, length);
 }
 
-// The start of the character that the position lies in.
+// The start of the character that contains the position.
 Position CharacterStart(Sci sci, Position position)
 {
     while (position > 0 && IsInsideCharacter(sci, position))
@@ -117,15 +117,15 @@ Position StartOf(Sci sci, const Search& search)
     return search.start == SearchStart::Text ? 0 : Next(sci, Caret(sci));
 }
 
-// Whether the control's own search gives what the user expects, in the time that he expects.
-bool IsForControl(const Search& search)
+// Whether the control's own search gives the expected result in acceptable time.
+bool SuitsControl(const Search& search)
 {
     const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
     return search.text.size() <= LongestForControl &&
            ((search.flags & FindMatchCase) != 0 || std::all_of(search.text.begin(), search.text.end(), isAscii));
 }
 
-std::optional<TextRange> SearchBeside(Sci sci, const Search& search, Position from)
+std::optional<TextRange> SearchOurselves(Sci sci, const Search& search, Position from)
 {
     const Position length = SendSci(sci, SCI_GETLENGTH);
     const auto* bytes = reinterpret_cast<const char*>(SendSci(sci, SCI_GETRANGEPOINTER, Unsigned(from), length - from));
@@ -147,13 +147,13 @@ Position VisibleLine(Sci sci, Position position)
     return SendSci(sci, SCI_VISIBLEFROMDOCLINE, Unsigned(line));
 }
 
-// `above` is how many lines stay above the one of the position.
+// `above` is the number of lines to show above the line of the position.
 void ScrollTo(Sci sci, Position position, Position above)
 {
     SendSci(sci, SCI_SETFIRSTVISIBLELINE, Unsigned(std::max<Position>(VisibleLine(sci, position) - above, 0)));
 }
 
-// A jump out of view leaves the caret at the view's edge; a match is read with what stands around it.
+// A jump out of view leaves the caret at the view's edge; a match is better read with its surroundings.
 void SelectWithSurroundings(Sci sci, Position anchor, Position caret)
 {
     const auto firstBefore = SendSci(sci, SCI_GETFIRSTVISIBLELINE);
@@ -162,7 +162,7 @@ void SelectWithSurroundings(Sci sci, Position anchor, Position caret)
         ScrollTo(sci, caret, SendSci(sci, SCI_LINESONSCREEN) / 3);
 }
 
-// Questions stand in the middle of the window; the match goes above them.
+// Question boxes appear in the middle of the window; the match goes above them.
 void SelectAboveQuestion(Sci sci, Position anchor, Position caret)
 {
     Select(sci, anchor, caret);
@@ -176,23 +176,23 @@ Position PositionOf(const std::optional<TextRange>& match)
     return match ? match->start : -1;
 }
 
-// The text was a selection, perhaps; a box that shows all of a whole program could not be read, nor be reached.
+// The text may come from a selection; a box with a whole program could be neither read nor closed.
 QString Shown(const QString& text)
 {
     const QString start = text.section(QLatin1Char('\n'), 0, MostShownLines - 1).left(MostShownCharacters);
     return start.size() == text.size() ? text : start + QStringLiteral("...");
 }
 
-void TellNoMore(const QString& text)
+void ReportNoMore(const QString& text)
 {
     MsgBox(QStringLiteral("No more instances of <") + Shown(text) + QStringLiteral(">  found."));
 }
 
-// "Replace all" begins with a blank at the start of the text, so that a search that starts one behind the caret
-// reaches the first character, and ends without it.
+// "Replace all" inserts a space at the start of the text, so that a search that starts one character after the caret
+// reaches the first character, and removes it at the end.
 class ReplaceAllStep {
 public:
-    // The handle is looked at each time, as the window may go while a question stands.
+    // The handle is read each time, as the window may close while a question is open.
     explicit ReplaceAllStep(const Sci& control) : sci(control)
     {
         SendSci(sci, SCI_SETSTATUS, 0);
@@ -233,8 +233,8 @@ void ThrowIfFull(Sci sci)
 
 ReplaceResult ReplaceRounds(Sci sci, const Search& search, const QByteArray& replacement, cReplaceWatch* watch)
 {
-    // Nothing before a first match can become one by its replacement, but for what reaches up to it. So a search from
-    // the start of the text need not begin there again.
+    // A replacement cannot create a match before the first one, except where the text reaches up to it. So a search
+    // from the start of the text need not begin there again.
     const Position reach = MostBytesOfCharacter * (search.text.size() + 1);
     ReplaceResult result;
     auto match = SearchFrom(sci, search, StartOf(sci, search));
@@ -257,7 +257,7 @@ ReplaceResult ReplaceRounds(Sci sci, const Search& search, const QByteArray& rep
     return result;
 }
 
-// Asks at each match. An answer No changes nothing, so a search from the start of the text meets the match again.
+// Asks at each match. The answer No changes nothing, so a search from the start of the text meets the match again.
 ReplaceResult ReplaceAsking(const cDocument& document, const Search& search, const QByteArray& replacement)
 {
     ReplaceAllStep step(document.sci);
@@ -276,8 +276,8 @@ ReplaceResult ReplaceAsking(const cDocument& document, const Search& search, con
         ++result.count;
         ReplaceSelection(document.sci, replacement);
         ThrowIfFull(document.sci);
-        const Position behind = Next(document.sci, match->start);
-        Select(document.sci, behind, behind);
+        const Position after = Next(document.sci, match->start);
+        Select(document.sci, after, after);
     }
     if (result.end == ReplaceEnd::NoMoreMatches)
         result.lastMatch = -1;
@@ -301,12 +301,12 @@ void ReplaceAllIn(const cDocument& document, const QString& find, const QString&
     Finding().FoundPos = result.lastMatch;
     if (result.end == ReplaceEnd::Cancelled)
         return;
-    TellNoMore(find);
+    ReportNoMore(find);
     MsgBox(QStringLiteral("Number of replacements made: %1").arg(result.count), BoxIcon::Information, BoxButtons::Ok,
            QStringLiteral("Finished"));
 }
 
-void TellEmpty(const QString& message)
+void ReportEmpty(const QString& message)
 {
     MsgBox(message, BoxIcon::Exclamation);
 }
@@ -319,8 +319,8 @@ std::optional<TextRange> SearchFrom(Sci sci, const Search& search, std::intptr_t
     from = std::min(from, length);
     if (sci == nullptr || search.text.isEmpty())
         return std::nullopt;
-    if (!IsForControl(search))
-        return SearchBeside(sci, search, from);
+    if (!SuitsControl(search))
+        return SearchOurselves(sci, search, from);
     SendSci(sci, SCI_SETSEARCHFLAGS, Unsigned(search.flags));
     SendSci(sci, SCI_SETTARGETRANGE, Unsigned(from), length);
     const auto start = SendSci(sci, SCI_SEARCHINTARGET, Unsigned(search.text.size()), search.text.constData());
@@ -350,7 +350,7 @@ void FindText(const cDocument& document, const QString& text)
     }
     const Position caret = PositionOfCharacter(SciText(sci), CharacterCount(search.text) - 1);
     SelectWithSurroundings(sci, CharacterStart(sci, caret), CharacterStart(sci, caret));
-    TellNoMore(text);
+    ReportNoMore(text);
 }
 
 void FindAgain(const cDocument& document, const QString& text)
@@ -375,7 +375,7 @@ void ReplaceText(const cDocument& document, const QString& find, const QString& 
     if (HasSelection(document.sci))
         ReplaceSelection(document.sci, replacement);
     for (;;) {
-        // Asked for anew, as a question stood between.
+        // Read again, as a question was open in between.
         const Sci sci = document.sci;
         const Position caret = Caret(sci);
         const auto match = SearchFrom(sci, search, caret > 0 ? Next(sci, caret) : 0);
@@ -391,8 +391,8 @@ void ReplaceText(const cDocument& document, const QString& find, const QString& 
             return;
         if (answer == BoxAnswer::Yes)
             ReplaceSelection(document.sci, replacement);
-        const Position behind = Next(document.sci, match->start);
-        Select(document.sci, behind, behind);
+        const Position after = Next(document.sci, match->start);
+        Select(document.sci, after, after);
     }
 }
 
@@ -422,7 +422,7 @@ QString TakeFindText(const cDocument* document)
         return last;
     QByteArray selected(SendSci(document->sci, SCI_GETSELTEXT), '\0');
     SendSci(document->sci, SCI_GETSELTEXT, 0, selected.data());
-    // The control counts and writes an end of its own.
+    // The control counts and writes a terminating NUL.
     selected.chop(1);
     if (!selected.isEmpty())
         last = QString::fromUtf8(selected);
@@ -433,7 +433,7 @@ Fields CheckFindField(const QString& find)
 {
     if (!find.isEmpty())
         return Fields::Filled;
-    TellEmpty(QStringLiteral("No text specified!"));
+    ReportEmpty(QStringLiteral("No text specified!"));
     return Fields::Empty;
 }
 
@@ -442,7 +442,7 @@ Fields CheckReplaceFields(const QString& find, const QString& replace)
     const Fields first = CheckFindField(find);
     if (!replace.isEmpty())
         return first;
-    TellEmpty(QStringLiteral("No replacement text specified!"));
+    ReportEmpty(QStringLiteral("No replacement text specified!"));
     return Fields::Empty;
 }
 

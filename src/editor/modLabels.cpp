@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The index of a program's branch labels, subs and functions: one pass over the control's memory.
+// The index of a program's branch labels, subs and functions: a single pass over the control's memory.
 #include "editor/modLabels.h"
 
 #include "platform/language/cLines.h"
@@ -29,13 +29,13 @@ bool IsAscii(QByteArrayView text)
     return std::ranges::all_of(text, [](char character) { return static_cast<unsigned char>(character) < 0x80; });
 }
 
-// UTF-8 sorts byte by byte as its characters' codes do.
+// Comparing UTF-8 byte by byte gives the order of the character codes.
 QByteArray SortKey(const QByteArray& text)
 {
     return IsAscii(text) ? LowerAscii(QByteArrayView(text)) : QString::fromUtf8(text).toLower().toUtf8();
 }
 
-// A label as the search compares it: most lines are told apart by bytes, without a look at what letters they are.
+// A label for comparison: most lines differ in ASCII bytes, without decoding their characters.
 class LabelTarget {
 public:
     explicit LabelTarget(QByteArrayView target)
@@ -104,30 +104,30 @@ void GoToLabel(Sci sci, QByteArrayView target)
     if (const std::optional<int> found = FindLabel(QByteArrayView(text), target)) {
         const auto line = static_cast<std::uintptr_t>(*found);
         SendSci(sci, SCI_GOTOLINE, line);
-        // With wrapped lines the view counts in rows.
+        // With wrapped lines, the view counts rows.
         const std::intptr_t row = SendSci(sci, SCI_VISIBLEFROMDOCLINE, line);
         SendSci(sci, SCI_LINESCROLL, 0, row - SendSci(sci, SCI_GETFIRSTVISIBLELINE));
     }
     SendSci(sci, SCI_GRABFOCUS);
 }
 
-std::intptr_t SelectionStartBehindFirst(Sci sci)
+std::intptr_t SelectionStartAfterFirst(Sci sci)
 {
     const std::intptr_t start = SendSci(sci, SCI_GETSELECTIONSTART);
     if (start > 0)
         return start;
-    // Neither a character of several bytes nor a line end may have the caret inside it.
+    // The caret must not be inside a character of several bytes or a line end.
     const bool isFirstLineEmpty = SendSci(sci, SCI_GETLINEENDPOSITION, 0) == 0;
     return isFirstLineEmpty ? 0 : SendSci(sci, SCI_POSITIONAFTER, 0);
 }
 
 void FollowSortToggle(Sci sci)
 {
-    const auto saved = static_cast<std::uintptr_t>(SelectionStartBehindFirst(sci));
+    const auto saved = static_cast<std::uintptr_t>(SelectionStartAfterFirst(sci));
     const std::intptr_t first = SendSci(sci, SCI_GETFIRSTVISIBLELINE);
     const std::intptr_t savedLine = SendSci(sci, SCI_LINEFROMPOSITION, saved);
     SendSci(sci, SCI_GOTOPOS, saved);
-    // With wrapped lines the view counts in rows.
+    // With wrapped lines, the view counts rows.
     const std::intptr_t firstLine = SendSci(sci, SCI_DOCLINEFROMVISIBLE, static_cast<std::uintptr_t>(first));
     const std::intptr_t savedRow = SendSci(sci, SCI_VISIBLEFROMDOCLINE, static_cast<std::uintptr_t>(savedLine));
     SendSci(sci, SCI_GOTOLINE, static_cast<std::uintptr_t>(firstLine));

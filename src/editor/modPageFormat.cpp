@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The control's own page formatter. Measured from a line's start it is exact, and a page's end is found that way when
-// the page begins further down in the line.
+// The control's own page formatter. It is exact when it measures from the start of a line, which is how the end of a
+// page is found when the page begins further along in the line.
 #include "editor/modPageFormat.h"
 
 #include <functional>
@@ -27,7 +27,7 @@ std::intptr_t StartOf(Sci sci, std::intptr_t line)
     return SendSci(sci, SCI_POSITIONFROMLINE, static_cast<std::uintptr_t>(line));
 }
 
-// The lowest number from 1 on that is enough; every higher one is, too.
+// The lowest number from 1 on for which the test holds, given that it holds for every higher one too.
 int LowestThat(const std::function<bool(int)>& isEnough)
 {
     int tooLow = 0;
@@ -55,7 +55,7 @@ std::intptr_t cPageFormatter::DrawPage(void* device)
     return reached;
 }
 
-// The page's end, when the page begins within a line that goes on behind it; else the end that was reached.
+// The end of the page when the page begins within a line that continues beyond it; otherwise the end that was reached.
 std::intptr_t cPageFormatter::EndOfBrokenLine(std::intptr_t reached)
 {
     const std::intptr_t line = LineOf(sci, record.chrg.cpMin);
@@ -84,7 +84,7 @@ void cPageFormatter::MeasureDrawn(std::intptr_t lineStart)
     drawn = {lineStart, (rows - 1) * rowHeight};
 }
 
-// The position up to which the rows of a line have room in that height.
+// The position up to which the rows of a line fit into that height.
 std::intptr_t cPageFormatter::EndIn(int height, std::intptr_t lineStart) const
 {
     Sci_RangeToFormat measured = record;

@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// What SCI_FORMATRANGE takes, laid out as the control knows it. A device is a QPainter that draws on the page.
+// The argument of SCI_FORMATRANGE, laid out as the control expects. A device is a QPainter that draws on the page.
 struct Sci_Rectangle {
     int left = 0;
     int top = 0;
@@ -27,22 +27,22 @@ struct Sci_RangeToFormat {
     Sci_CharacterRange chrg;   // what to draw
 };
 
-// Draws a range page by page. It is exact about a page's end also where the control's formatter is not: that one counts
-// the rows of a broken line that an earlier page has drawn as drawn on this page too.
+// Draws a range page by page. The end of a page is exact even where the control's formatter is wrong: it counts the
+// rows of a broken line that were drawn on an earlier page as drawn on this page too.
 class cPageFormatter {
 public:
-    // The record holds what to draw and the room on every page.
+    // The record contains the range and the area available on every page.
     cPageFormatter(Sci control, const Sci_RangeToFormat& firstPage) : sci(control), record(firstPage) {}
 
-    // Draws the next page: the lines that the rest of the range touches, as far as there is room. Gives the position at
-    // which the page after it begins; the one at which this page begins when not even a row has room.
+    // Draws the next page: the lines that the rest of the range touches, as far as there is room. Returns the position
+    // where the following page begins; the position where this page begins when not even a row fits.
     std::intptr_t DrawPage(void* device);
 
     // Where the next page begins.
     std::intptr_t Position() const { return record.chrg.cpMin; }
 
 private:
-    // The rows of a line that earlier pages have drawn, as the height that they take.
+    // The height of the rows of a line that earlier pages have drawn.
     struct Drawn {
         std::intptr_t lineStart = -1;
         int height = 0;
@@ -55,7 +55,7 @@ private:
 
     Sci sci;
     Sci_RangeToFormat record;
-    int rowHeight = 0; // 0 until it has been needed
+    int rowHeight = 0; // 0 until it is needed
     Drawn drawn;
 };
 

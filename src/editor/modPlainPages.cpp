@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plain text put on pages, line under line.
+// Plain text laid out on pages, line by line.
 #include "editor/modPlainPages.h"
 
 #include "platform/dialogs/modPrinter.h"
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int PointSize = 10;
 
-// A line is laid out in pieces of this many characters at most: laying out takes longer the longer the piece is, and
+// A line is laid out in pieces of this many characters at most: the time for a piece grows faster than its length, and
 // no page is as wide.
 constexpr qsizetype LongestPiece = 4096;
 
@@ -61,7 +61,7 @@ cPlainPages::cPlainPages(const QString& printedText, cPrintJob& printJob, int ta
 
 PageEnd cPlainPages::FillPage()
 {
-    // Even the lowest paper takes a line.
+    // Even the shortest paper gets one line.
     const qreal bottom = std::max<qreal>(job.ScaleSize().height(), y + lineHeight);
     while (position < textEnd) {
         if (y + lineHeight > bottom) {
@@ -96,7 +96,7 @@ void cPlainPages::PrintLine(qreal bottom)
         QTextLine row = layout.createLine();
         row.setLineWidth(job.ScaleSize().width());
         laidOut += row.textLength();
-        // The last row of a piece may have more room than text: the next piece begins with it.
+        // The last row of a piece may have more room than text: the next piece begins with that row.
         if (!isWhole && rows > 0 && laidOut == length)
             break;
         position += row.textLength();

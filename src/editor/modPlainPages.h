@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plain text put on pages, line under line.
+// Plain text laid out on pages, line by line.
 #pragma once
 
 #include <QFont>
@@ -11,32 +11,33 @@ class cPrintJob;
 
 enum class PageEnd { MoreToCome, AllPrinted };
 
-// Prints an empty line and then the text, in the system's font of even widths. Lines end with CR LF, LF or CR; one that
-// is wider than the page goes on below itself.
+// Prints an empty line and then the text, in the system's fixed-width font. Lines end with CR LF, LF or CR; a line that
+// is wider than the page is wrapped.
 class cPlainPages {
 public:
-    // The job must outlive this. A tab reaches the next column that is a multiple of `tabSize`.
+    // The job must outlive this object. A tab advances to the next column that is a multiple of `tabSize`.
     cPlainPages(const QString& printedText, cPrintJob& printJob, int tabSize);
 
-    // Fills the job's page that is open. Empty lines at the end of the text need no page of their own.
+    // Fills the current page of the job. Empty lines at the end of the text need no page of their own.
     PageEnd FillPage();
 
-    // How much has been printed of how much, in characters.
+    // Progress in characters: how many have been printed, out of how many.
     qsizetype Position() const { return position; }
     qsizetype Length() const { return text.size(); }
 
 private:
-    // Both go on from the position: to the line's end, as far as there is room above `bottom`, and over it.
+    // Both start at the position: one prints up to the end of the line, as far as there is room above `bottom`; the
+    // other skips the line end.
     void PrintLine(qreal bottom);
     void SkipLineEnd();
 
-    QString text; // with blanks for tabs
+    QString text; // with spaces for tabs
     cPrintJob& job;
     QFont font;
     qreal lineHeight = 0; // device pixels
     qreal y = 0;          // device pixels
     qsizetype position = 0;
-    qsizetype textEnd = 0; // behind the last character that is no line end
+    qsizetype textEnd = 0; // after the last character that is not part of a line end
 };
 
 } // namespace ob

@@ -24,7 +24,7 @@ namespace {
 // Colour on white, the screen's default background left out.
 constexpr std::uintptr_t ColorOnWhite = 4;
 
-// A rest of so few bytes is taken for line ends, which need no page of their own.
+// A rest of so few bytes is assumed to be line ends, which need no page of their own.
 constexpr std::intptr_t RestWithoutPage = 10;
 
 std::uintptr_t Unsigned(std::intptr_t position)
@@ -32,8 +32,8 @@ std::uintptr_t Unsigned(std::intptr_t position)
     return static_cast<std::uintptr_t>(position);
 }
 
-// The formatter draws every line that the range touches, so a range up to a line's start is drawn to the end of the
-// line before.
+// The formatter draws every line that the range touches, so a range up to the start of a line is drawn to the end of
+// the line before.
 std::intptr_t LastToDraw(Sci sci, const PrintRange& range)
 {
     const std::intptr_t line = SendSci(sci, SCI_LINEFROMPOSITION, Unsigned(range.end));
@@ -56,7 +56,7 @@ PrintEnd EndJob(cPrintJob& job, cPrintWatch& watch)
 {
     SendingWish wish = SendingWish::GoOn;
     const PrinterState state = job.End([&](const SendingPlace& place) {
-        // Asked once: a window that has been closed is not to come up again.
+        // Asked only until the answer is to stop: a window that has been closed must not open again.
         if (wish == SendingWish::GoOn &&
             watch.NextPage({PrintWork::Sending, place.page, place.page, place.pages}) == PrintWish::Stop)
             wish = SendingWish::TakeBack;
@@ -73,7 +73,7 @@ PrintEnd EndJob(cPrintJob& job, cPrintWatch& watch)
     return PrintEnd::Failed;
 }
 
-// The next page, and the events that have come in. Nothing when all is well.
+// Starts the next page and processes events. Nothing on success.
 std::optional<PrintEnd> TurnPage(const cDocument& document, cPrintJob& job, cPrintWatch& watch, const PrintPlace& place)
 {
     const Sci sci = document.sci;
@@ -124,14 +124,14 @@ PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrint
     const Sci sci = document.sci;
     SendSci(sci, SCI_SETPRINTCOLOURMODE, ColorOnWhite);
     cPageFormatter formatter(sci, FirstPage(sci, range, job));
-    // The formatter would draw the line that the caret stands at the end of.
+    // The formatter would draw the line at whose end the caret is.
     const bool isEmpty = range.start >= SendSci(sci, SCI_GETLENGTH);
     PrintPlace place{PrintWork::Drawing, 1, 0, range.end - range.start};
     std::intptr_t reached = 0;
     while (!isEmpty && reached < range.end - RestWithoutPage) {
         const std::intptr_t begin = formatter.Position();
         reached = formatter.DrawPage(&job.Painter());
-        // On paper that is lower than a row nothing is ever reached.
+        // On paper shorter than a row, no progress is ever made.
         if (reached >= range.end || reached <= begin)
             break;
         ++place.page;

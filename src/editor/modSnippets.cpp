@@ -32,7 +32,7 @@ QString InFolder(const QString& folder, const QString& name)
     return folder + QLatin1Char('/') + name;
 }
 
-void WriteCarried(const QString& name, const QString& path)
+void WriteEmbedded(const QString& name, const QString& path)
 {
     const auto text = CarriedText(name);
     if (!text)
@@ -65,7 +65,7 @@ void EnsureSnippetFile(const QString& folder)
 {
     const QString path = SnippetLibraryPath(folder);
     if (!FileExists(path))
-        WriteCarried(QStringLiteral("snippets.bas"), path);
+        WriteEmbedded(QStringLiteral("snippets.bas"), path);
 }
 
 void EnsureSnippetFolder(const QString& folder)
@@ -92,7 +92,7 @@ QStringList DefaultSnippetNames()
 void WriteDefaultSnippets(const QString& folder)
 {
     for (const QString& name : DefaultSnippetNames())
-        WriteCarried(name, InFolder(folder, name));
+        WriteEmbedded(name, InFolder(folder, name));
 }
 
 QStringList SnippetNames(const QString& folder)
@@ -103,7 +103,7 @@ QStringList SnippetNames(const QString& folder)
         entries.next();
         const QString name = entries.fileName();
         if (name.size() >= Ending.size() && EqualsIgnoreCase(QStringView(name).last(Ending.size()), Ending) &&
-            entries.fileInfo().isFile()) // no link to a pipe
+            entries.fileInfo().isFile()) // excludes a link to a pipe
             names.append(name);
     }
     std::sort(names.begin(), names.end(), [](const QString& left, const QString& right) {
@@ -150,7 +150,7 @@ SnippetInsert InsertSnippet(const QString& text)
     if (document == nullptr)
         return SnippetInsert::NoWindow;
     const QByteArray utf8 = WithLineEnds(text).toUtf8();
-    // The text may hold a NUL, which ends what the control's own replacing takes.
+    // The text may contain a NUL, which would end the argument of SCI_REPLACESEL.
     SendSci(document->sci, SCI_BEGINUNDOACTION);
     SendSci(document->sci, SCI_REPLACESEL, 0, "");
     SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(utf8.size()), utf8.constData());
@@ -165,7 +165,7 @@ void mnuToolSnippet_Click()
     try {
         EnsureSnippetFile(ProgramFolder());
     } catch (const RuntimeError&) {
-        // The message below tells it.
+        // The message below reports it.
     }
     if (!FileExists(path)) {
         MsgBox(QStringLiteral("Snippets.bas not found!"), BoxIcon::Critical);

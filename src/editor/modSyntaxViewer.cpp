@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The catalogue of syntax hints in the order and the words of the Syntax Viewer.
+// The catalogue of syntax hints in the order and the form of the Syntax Viewer.
 #include "editor/modSyntaxViewer.h"
 
 #include "editor/document/modSyntaxTable.h"
@@ -15,8 +15,8 @@ std::vector<std::string_view> SortedSyntaxRows(std::span<const std::string_view>
     std::vector<std::string_view> sorted(rows.begin(), rows.end());
     std::ranges::stable_sort(sorted, [](std::string_view left, std::string_view right) {
         return std::ranges::lexicographical_compare(
-            left, right, {}, [](char letter) { return LowerAscii(letter); },
-            [](char letter) { return LowerAscii(letter); });
+            left, right, {}, [](char character) { return LowerAscii(character); },
+            [](char character) { return LowerAscii(character); });
     });
     return sorted;
 }

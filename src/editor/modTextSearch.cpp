@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A search beside the control's own.
+// A search of our own.
 #include "editor/modTextSearch.h"
 
 #include "platform/language/modRuntime.h"
@@ -83,12 +83,12 @@ std::optional<ByteRange> TextPattern::FindIn(QByteArrayView text, qsizetype from
     if (characters.empty())
         return std::nullopt;
     const char32_t first = characters.front();
-    // Where the last characters begin, as many as the pattern has.
+    // The starts of the last characters, as many as the pattern has.
     std::vector<qsizetype> starts(characters.size());
     std::size_t matched = 0;
     std::size_t count = 0;
     for (qsizetype at = std::max<qsizetype>(from, 0); at < text.size();) {
-        // Most of a program is ASCII, and most of it is no start of a match.
+        // Most of a program is ASCII, and most of that starts no match.
         while (matched == 0 && at < text.size() && static_cast<unsigned char>(text[at]) < FirstBeyondAscii &&
                AsciiBy(caseRule, text[at]) != first)
             ++at;

@@ -136,7 +136,7 @@ void Comment(const SourceArguments& arguments)
 void Indent(const SourceArguments& arguments)
 {
     const QByteArray text = DecodeAnsi(ReadSource(arguments.file));
-    WriteChanged(arguments, text, ReturnBehind(text, LineOf(arguments, text, arguments.line), arguments.tabSize));
+    WriteChanged(arguments, text, ReturnAtEnd(text, LineOf(arguments, text, arguments.line), arguments.tabSize));
 }
 
 void Variables(const SourceArguments& arguments)

@@ -31,7 +31,7 @@ QByteArray Commented(QByteArray marked)
 QByteArray Returned(const QByteArray& text, int line, int tabSize = 4)
 {
     const std::optional<qsizetype> start = StartOfLine(text, line);
-    return start ? Applied(text, ReturnBehind(text, *start, tabSize)) : QByteArray(Unchanged);
+    return start ? Applied(text, ReturnAtEnd(text, *start, tabSize)) : QByteArray(Unchanged);
 }
 
 } // namespace

@@ -405,7 +405,7 @@ private Q_SLOTS:
             DoubleClick(QStringLiteral("a.snip"));
         }
         QCOMPARE(TestBench::Text(bench->Active()), QByteArray("rem print 1\r\nend"));
-        QCOMPARE(State(), QStringLiteral("Put into the active code window."));
+        QCOMPARE(State(), QStringLiteral("Inserted into the active code window."));
         SendSci(bench->Active()->sci, SCI_UNDO);
         QCOMPARE(TestBench::Text(bench->Active()), QByteArray("rem x"));
         QVERIFY(window->isVisible());

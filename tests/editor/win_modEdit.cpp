@@ -145,7 +145,7 @@ void win_modEdit::returnIndentsAsTheTextFunctionSays()
         TestBench::Type(b.bench.Active(), text);
         b.GoTo(3 + line.size());
         b.Key(Qt::Key_Return);
-        const TextChange change = ReturnBehind(text, 3, tabSize);
+        const TextChange change = ReturnAtEnd(text, 3, tabSize);
         QCOMPARE(b.Text(), QByteArray(text).replace(change.from, change.to - change.from, change.replacement));
         QCOMPARE(b.Caret(), change.from + change.replacement.size());
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One slot for a code window: what outlives the window, and the window's face while there is one.
+// The slot of a code window: what outlives the window, and the window's interface while there is one.
 #pragma once
 
 #include "scilexer/modSci.h"
@@ -11,7 +11,7 @@
 
 namespace ob {
 
-// What routines ask of a code window.
+// What other routines require of a code window.
 class cDocumentWindow {
 public:
     cDocumentWindow() = default;
@@ -20,7 +20,7 @@ public:
 
     virtual void ShowCaption(const QString& caption) = 0;
 
-    // Reads the label lists anew; FillBranchBox then also puts the caret where the selection began.
+    // Rebuilds the label lists; FillBranchBox also moves the caret to the start of the selection.
     virtual void FillLabelLists() = 0;
     virtual void FillBranchBox() = 0;
 
@@ -30,8 +30,8 @@ protected:
     ~cDocumentWindow() = default;
 };
 
-// Tag is "Open" while the slot is in use, "Closed" once its window was unloaded, empty after a save and at birth.
-// The caption is the only record of the file's name. sci is null while there is no window.
+// Tag is "Open" while the slot is in use, "Closed" once its window has been unloaded, empty in a new slot and after a
+// save. The caption is the only record of the file's name. sci is null while there is no window.
 class cDocument {
 public:
     explicit cDocument(int slotNumber) : number(slotNumber) {}
@@ -57,7 +57,7 @@ private:
     QString caption;
 };
 
-// The slots, from 1 (slot 0 is never used). They never become fewer.
+// The slots, from 1 (slot 0 is never used). The list never shrinks.
 inline std::vector<std::unique_ptr<cDocument>> Documents;
 
 inline const QString TagOpen = QStringLiteral("Open");

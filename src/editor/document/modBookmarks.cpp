@@ -11,7 +11,7 @@ std::intptr_t CaretLine(Sci sci)
     return SendSci(sci, SCI_LINEFROMPOSITION, static_cast<std::uintptr_t>(SendSci(sci, SCI_GETCURRENTPOS)));
 }
 
-// A line number lives in 16 bits here, with a sign.
+// Line numbers are signed 16-bit numbers here.
 std::int16_t FindMark(Sci sci, unsigned message, std::intptr_t from)
 {
     return static_cast<std::int16_t>(SendSci(sci, message, static_cast<std::uintptr_t>(from), -1));
@@ -38,7 +38,7 @@ void NextBookmark(Sci sci)
     const std::int16_t line = FindMark(sci, SCI_MARKERNEXT, CaretLine(sci) + 1);
     if (line == -1)
         return;
-    // From far below, so that the view comes to the line from there and the line lands at the top.
+    // Coming from far below, the view scrolls up to the line, which then is at the top.
     GoToLine(sci, 65000);
     GoToLine(sci, line);
 }

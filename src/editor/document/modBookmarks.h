@@ -10,10 +10,10 @@ namespace ob {
 
 inline constexpr std::uintptr_t BookmarkMarker = 1;
 
-// Sets or takes away the bookmark of the caret's line.
+// Sets or removes the bookmark of the caret's line.
 void ToggleBookmark(Sci sci);
 
-// Goes to the next bookmark behind the caret's line; the line lands at the top of the view. No wrap-around.
+// Goes to the next bookmark after the caret's line, which moves to the top of the view. No wrap-around.
 void NextBookmark(Sci sci);
 
 // Goes to the bookmark before the caret's line. No wrap-around.
@@ -21,8 +21,8 @@ void PreviousBookmark(Sci sci);
 
 void ClearBookmarks(Sci sci);
 
-// The bookmarked lines from first to last, and the way to give the bookmarks back to these lines when their text has
-// been replaced as a whole, which moves all of them to one line.
+// The bookmarked lines from first to last, and their restoration after the text has been replaced as a whole, which
+// moves all bookmarks to one line.
 std::vector<std::intptr_t> BookmarkedLines(Sci sci, std::intptr_t first, std::intptr_t last);
 void SetBookmarks(Sci sci, std::intptr_t first, std::intptr_t last, const std::vector<std::intptr_t>& lines);
 

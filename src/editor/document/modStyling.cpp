@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a code window's control is set up.
+// The setup of a code window's control.
 #include "editor/document/modStyling.h"
 
 #include "editor/document/modBookmarks.h"
@@ -47,7 +47,7 @@ void SetSyntaxColors(Sci sci, const EditorSettings& settings)
 
 void UpdateKeywords(Sci sci)
 {
-    // The user's words may hold characters beyond ASCII; the control's text is UTF-8.
+    // The user's words may contain characters beyond ASCII; the control's text is UTF-8.
     SendSci(sci, SCI_SETKEYWORDS, 0, DecodeAnsi(Words().LexerKeywords).constData());
 }
 
@@ -55,7 +55,7 @@ void SetSciColors(Sci sci, const EditorSettings& settings)
 {
     SetFore(sci, StyleBase, settings.EditForeColor);
     SendSci(sci, SCI_STYLESETBACK, StyleBase, static_cast<std::intptr_t>(settings.EditBackColor));
-    // The first argument only has to be other than zero: the selection is drawn inverted.
+    // The first argument only has to be non-zero: the selection is drawn inverted.
     SendSci(sci, SCI_SETSELBACK, StyleBase, static_cast<std::intptr_t>(settings.EditForeColor));
     SendSci(sci, SCI_SETSELFORE, StyleBase, static_cast<std::intptr_t>(settings.EditBackColor));
     SendSci(sci, SCI_STYLESETSIZE, StyleBase, settings.FontHeight);
@@ -65,7 +65,7 @@ void SetSciColors(Sci sci, const EditorSettings& settings)
     SendSci(sci, SCI_SETCARETLINEBACK, settings.HighlightColor);
     SendSci(sci, SCI_SETCARETLINEVISIBLE, settings.HighlightOn ? 1 : 0);
     SendSci(sci, SCI_SETINDENTATIONGUIDES, settings.IndentGuidesOn ? 1 : 0);
-    // Nothing to do otherwise: the styles have just been reset to the default.
+    // Otherwise there is nothing to do: the styles have just been reset to the default.
     if (settings.SyntaxColor > 0)
         SetSyntaxColors(sci, settings);
     if (settings.TabSize > 0)

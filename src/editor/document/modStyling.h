@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a code window's control is set up: behaviour, margins, colours.
+// The setup of a code window's control: behaviour, margins, colours.
 #pragma once
 
 #include "scilexer/modSci.h"
@@ -7,13 +7,13 @@
 
 namespace ob {
 
-// Everything that a new control needs before it is shown: lexer, keywords, colours, indentation, margins, marker.
+// Everything a new control needs before it is shown: lexer, keywords, colours, indentation, margins, marker.
 void SetUpSci(Sci sci, const EditorSettings& settings);
 
-// Font, colours, tab width and line numbers as the settings want them; safe to repeat.
+// Font, colours, tab width and line numbers from the settings; may be called again at any time.
 void SetSciColors(Sci sci, const EditorSettings& settings);
 
-// Hands the control the language's words and the user's.
+// Passes the language's words and the user's to the control.
 void UpdateKeywords(Sci sci);
 
 } // namespace ob

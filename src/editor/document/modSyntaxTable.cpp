@@ -22,7 +22,7 @@ namespace {
 constexpr std::size_t ExpectedRows = 231;
 constexpr char RowEnd = '|';
 
-// In order by hand, with a word that stands twice; F2 shows the list as it stands here.
+// Ordered by hand, with one word listed twice; F2 shows the list exactly like this.
 constexpr char KeywordText[] =
     "Abs( Acs( Append As Asc( Asn( Atn( BackgroundColor$ Beep Binary BmpButton BmpSave Boolean Button Call CallBack "
     "CallDLL Case Checkbox Chr$( Close Cls Colordialog Combobox ComboboxColor$ CommandLine$ Confirm Cos( Cursor Data "
@@ -40,15 +40,15 @@ constexpr char KeywordText[] =
     "UnloadBmp Until Upper$( UpperLeftX UpperLeftY UR Ushort Using( Val( Version$ Void Wait Wend While Window "
     "WindowHeight WindowWidth Window_nf Winstring( Word Word$( ";
 
-// The catalogue's text; for a resource that is stored as it is, this is the resource's memory and no copy.
+// The catalogue's text; for an uncompressed resource this is the resource's memory, not a copy.
 std::string_view CatalogueText()
 {
     static const QByteArray text = QResource(QStringLiteral(":/texts/syntax.txt")).uncompressedData();
     return {text.constData(), static_cast<std::size_t>(text.size())};
 }
 
-// The rows of the text in their order. The line feed behind a row's end only keeps the file readable and belongs to no
-// row; what stands behind the last row's end is no row.
+// The rows of the text in their order. The line feed after a row's end only keeps the file readable and belongs to no
+// row; what follows the last row's end is not a row.
 void SplitRows(std::string_view text, std::vector<std::string_view>& rows)
 {
     rows.clear();

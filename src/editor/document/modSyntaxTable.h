@@ -11,14 +11,14 @@
 
 namespace ob {
 
-// What F4 shows for a term that the catalogue lacks.
+// What F4 shows for a term that is not in the catalogue.
 inline constexpr std::string_view NoSyntaxHelp = "No syntax help available for that term.";
 
-// What the editor knows of the language; set by BuildSyntaxTable.
+// The editor's words of the language; set by BuildSyntaxTable.
 struct LanguageWords {
     // A row is one or more lines of syntax, a line feed, and one or more comment lines that each begin with an
-    // apostrophe; all of it ASCII. The rows are in the program's own memory, stay valid until it ends, and no NUL
-    // follows them.
+    // apostrophe; all of it ASCII. The rows are in the program's own memory, stay valid until it ends, and are not
+    // terminated by NUL.
     std::vector<std::string_view> SyntaxTable;
 
     // The highest index of SyntaxTable.
@@ -27,23 +27,23 @@ struct LanguageWords {
     // Words in mixed case, each followed by a space, functions with an opening parenthesis: the list of F2.
     QByteArray KeywordList;
 
-    // KeywordList in lower case; the user's custom keywords join it, so that they are colored but not offered by F2.
+    // KeywordList in lower case; the user's custom keywords are added, so that they are colored but not offered by F2.
     QByteArray LexerKeywords;
 };
 LanguageWords& Words();
 
-// Sets all of Words() anew, so that custom keywords are gone from LexerKeywords afterwards.
+// Rebuilds all of Words(), so that LexerKeywords no longer has custom keywords.
 void BuildSyntaxTable();
 
-// The part of a row before its first blank. A row whose syntax has no blank gives more than a word: its key runs over
-// the line feed into the comment, so no term finds it.
+// The part of a row before its first space. Where the syntax has no space, the key extends past the line feed into the
+// comment, so that no term finds it.
 std::string_view KeyOfRow(std::string_view row);
 
-// The key as a list of the catalogue shows it: KeyOfRow, ended by a line feed as well.
+// The key as shown in a list of the catalogue: KeyOfRow up to its first line feed.
 std::string_view ReportedKey(std::string_view row);
 
-// The index of the first row of SyntaxTable whose key is term, ignoring the case of ASCII letters; nothing when no
-// key is. Blanks around the term count.
+// The index of the first row of SyntaxTable whose key is term, ignoring the case of ASCII letters; nothing when there
+// is none. Spaces around the term are significant.
 std::optional<int> FindSyntaxRow(std::string_view term);
 
 // What F4 shows for term: its whole row, or NoSyntaxHelp.

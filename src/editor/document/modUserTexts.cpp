@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The user's own texts beside the program: the programmer's comments and the custom keywords.
+// The user's own texts next to the program: the programmer's comments and the custom keywords.
 #include "editor/document/modUserTexts.h"
 
 #include "editor/document/cDocument.h"
@@ -26,7 +26,7 @@ QByteArray BytesOfFile(const QString& path)
     }
 }
 
-// The list travels as a text that ends at a NUL; the words behind one must not be lost.
+// The list is passed as a NUL-terminated text; words after a NUL must not be lost.
 QByteArray WordsOf(const QByteArray& bytes)
 {
     QByteArray words = bytes;

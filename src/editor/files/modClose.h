@@ -8,8 +8,8 @@ class cDocument;
 
 enum class CloseEnd { Closes, Stays };
 
-// Switches the code commands off, asks whether to save unsaved work, and saves. The window stays only when a save
-// that was asked for did not come about. Throws RuntimeError when the file cannot be written.
+// Disables the code commands, asks whether to save unsaved work, and saves. The window stays open only when a requested
+// save was not made. Throws RuntimeError when the file cannot be written.
 CloseEnd QueryUnload(cDocument& document);
 
 } // namespace ob

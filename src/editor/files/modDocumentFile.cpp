@@ -93,7 +93,7 @@ SaveEnd SaveDocumentFile(cDocument& document, const QString& path)
             return SaveEnd::Declined;
     }
     ReplaceFile(path, saved.bytes);
-    // Only a save that succeeded leaves its two blanks in the text.
+    // Only a successful save leaves its two spaces in the text.
     SendSci(document.sci, SCI_APPENDTEXT, 2, "  ");
     SendSci(document.sci, SCI_SETSAVEPOINT);
     return SaveEnd::Written;

@@ -12,24 +12,25 @@ class cDocument;
 
 inline const QString MissingFileText = QStringLiteral("File does not exist or is corrupt.");
 
-// A file's bytes as the code window loads them: all but the last two, which the program's own save has put there.
-// Fewer than two bytes raise InvalidCall.
+// A file's bytes as the code window loads them: all but the last two, which the program's own save appends. Fewer than
+// two bytes raise InvalidCall.
 QByteArray LoadedBytes(QByteArray bytes);
 
 // Reads a file into the document; the load itself can be undone. A missing file shows a box.
 // Throws RuntimeError for a file that cannot be read or has fewer than two bytes.
 void LoadDocumentFile(cDocument& document, const QString& path);
 
-// The caption, the recent list, the status text and the Tag of the window into which a file has just gone.
+// Updates the caption, the recent list, the status text and the Tag of the window into which a file has just been
+// loaded.
 void AfterFileOpen(cDocument& document, const QString& path);
 
 // "game.bas  Size: 2048 KB   Last Modified: ..." (the number is bytes).
 QString OpenedFileStatus(const QString& path);
 
-// In what the ways to open a file differ.
+// The choices in which the ways to open a file differ.
 enum class OpenChoice : unsigned {
     Recent = 1,     // the file goes to the top of the recent list
-    LastFolder = 2, // its folder is the one that file boxes start in
+    LastFolder = 2, // its folder becomes the initial folder of file boxes
     Status = 4,     // the status bar shows its size and date
     Tag = 8,        // the slot stays taken until the window is saved or closed
 };
@@ -43,8 +44,8 @@ constexpr OpenChoices operator|(OpenChoices a, OpenChoice b)
     return a | static_cast<unsigned>(b);
 }
 
-// Opens a file in a new code window, whose caption is its path; null when no window could be made. Throws as
-// LoadDocumentFile does; the window is then there, empty.
+// Opens a file in a new code window, whose caption is its path; null when no window could be created. Throws as
+// LoadDocumentFile does; the window then exists, empty.
 cDocument* OpenInNewWindow(const QString& path, OpenChoices choices);
 
 // The bytes of a saved text (UTF-8): in the code page, followed by a space and a line end. lostLine is the first line,
@@ -58,7 +59,7 @@ SavedText SavedBytes(QByteArrayView text);
 enum class SaveEnd { Written, Declined };
 
 // Writes the document, which gains two spaces, and sets its save point. When a character cannot be stored the user is
-// asked first. Throws RuntimeError when the file cannot be written; the document is then as it was.
+// asked first. Throws RuntimeError when the file cannot be written; the document is then unchanged.
 SaveEnd SaveDocumentFile(cDocument& document, const QString& path);
 
 } // namespace ob

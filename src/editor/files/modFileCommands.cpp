@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands that make, open, fill and close code windows.
+// The commands that create, open, fill and close code windows.
 #include "editor/files/modFileCommands.h"
 
 #include "editor/document/cDocument.h"
@@ -38,7 +38,7 @@ void mnuFileOpenCode_Click()
     OpenInNewWindow(path, OpenChoice::LastFolder | OpenChoice::Recent | OpenChoice::Status);
 }
 
-// The file's lines, each followed by CR LF whatever ended it; the last one too.
+// The file's lines, each followed by CR LF whatever its line end was; the last one too.
 static QByteArray LinesOf(const QByteArray& bytes)
 {
     QByteArray lines;

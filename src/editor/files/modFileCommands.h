@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands that make, open, fill and close code windows.
+// The commands that create, open, fill and close code windows.
 #pragma once
 
 #include <QString>
@@ -12,10 +12,10 @@ void mnuFileInsert_Click();
 void mnuFileClose_Click();
 void mnuFileExit_Click();
 
-// A click on a recent item, from 1 to 8: opens its file, or says that it cannot be found.
+// A click on a recent item, from 1 to 8: opens its file, or reports that it cannot be found.
 void mnuFileMRU_Click(int number);
 
-// Opens a file into a new code window without a look at the recent list.
+// Opens a file in a new code window without changing the recent list.
 void OpenRecentFile(const QString& path);
 
 } // namespace ob

@@ -29,7 +29,7 @@ void AfterFileSave(cDocument& document)
     AddRecentFile(document.Caption());
 }
 
-// The caption follows the write, so that a save that failed leaves the window under its old name.
+// The caption changes after the write, so that a failed save leaves the window under its old name.
 static void SaveUnder(cDocument& document, const QString& path)
 {
     if (path.isEmpty()) {

@@ -8,10 +8,10 @@ namespace ob {
 
 class cDocument;
 
-// The box "Save As". Empty: nothing chosen.
+// The box "Save As". Empty: nothing was chosen.
 QString AskSaveAs();
 
-// The window has become the file's: Tag, status text and recent list after a save.
+// Updates the Tag, the status text and the recent list after a save: the window now belongs to the file.
 void AfterFileSave(cDocument& document);
 
 void mnuFileSave_Click();
