@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Steps through the standard pictures for toolbar buttons.
+// Browses the standard pictures for toolbar buttons.
 #include "codetools/dlgImage.h"
 
 #include "codetools/modToolbarStrip.h"
@@ -13,7 +13,7 @@ namespace ob {
 
 namespace {
 
-// Enough to see each point, and the same on every screen.
+// Large enough to see each pixel, and the same on every screen.
 constexpr int Enlargement = 6;
 
 const QImage& Strip()
@@ -50,7 +50,7 @@ dlgImage::dlgImage(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::d
     onKey(Qt::Key_Right, Step::Next);
     connect(ui->OKButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
-    // It opens on the picture that was taken last; after a Cancel on the first.
+    // Opens on the picture chosen last; after a Cancel, on the first.
     if (ToolImageIndex < 1)
         ToolImageIndex = 1;
     ShowImage();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Steps through the standard pictures for toolbar buttons. The number of the one that was chosen, or 0, is left in the
+// Browses the standard pictures for toolbar buttons. The number of the chosen picture, or 0, is stored in the
 // application's state.
 #pragma once
 

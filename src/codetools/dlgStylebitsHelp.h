@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How the Stylebits Wizard is used.
+// How to use the Stylebits Wizard.
 #pragma once
 
 #include <QDialog>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Asks what the toolbar code is for.
+// Asks for the purpose of the toolbar code.
 #include "codetools/dlgTBOK.h"
 
 #include "codetools/modToolbarCode.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Asks what the toolbar code is for: a new window, or one that is there.
+// Asks for the purpose of the toolbar code: a new window, or an existing one.
 #pragma once
 
 #include <QDialog>
@@ -23,7 +23,7 @@ public:
     explicit dlgTBOK(QWidget* parent = nullptr);
     ~dlgTBOK() override;
 
-    // Once it was accepted: the handle of the window that is there; nothing for a new one.
+    // After accept(): the handle of the existing window; nothing for a new one.
     std::optional<QString> Handle() const { return handle; }
 
 private:

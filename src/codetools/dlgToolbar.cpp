@@ -25,13 +25,13 @@ namespace ob {
 
 namespace {
 
-// Where the pictures go, and how the listing names that place.
+// The file of the pictures, and the name that the listing uses for it.
 struct BitmapPlace {
     QString path;
     QString text;
 };
 
-// Nothing when no name was given; a toolbar for a window that is there has a place for that.
+// Nothing when no name was given; a toolbar for an existing window then uses a default.
 std::optional<BitmapPlace> AskForBitmap(const ToolbarSpec& spec)
 {
     FileSpec box{FilePurpose::Save, QStringLiteral("Save Bitmap"), {}, {}, QStringLiteral("Bitmap (*.bmp)|*.bmp")};
@@ -43,7 +43,7 @@ std::optional<BitmapPlace> AskForBitmap(const ToolbarSpec& spec)
         MsgBox(QStringLiteral("You must choose a name for the toolbar bitmap."), BoxIcon::Exclamation);
         return std::nullopt;
     }
-    // The text has two backslashes; the system takes them for one.
+    // The text has two backslashes; the system reads them as one.
     const QString name = QStringLiteral("toolbar.bmp");
     return BitmapPlace{PathIn(ProgramFolder(), name),
                        QDir::toNativeSeparators(ProgramFolder()) + QStringLiteral("\\\\") + name};
@@ -107,7 +107,7 @@ void dlgToolbar::ShowButtons()
     ui->txtPreview->ShowCode(isEmpty ? QString() : ToolbarCode(spec));
 }
 
-// The button is there once both questions have been asked; Cancel is an empty answer.
+// The button is added after both questions; Cancel counts as an empty answer.
 void dlgToolbar::AddButton(const QImage& picture)
 {
     const qsizetype number = pictures.size() + 1;
@@ -167,7 +167,7 @@ void dlgToolbar::OKButton_Click()
     if (document == nullptr)
         return;
     SendTextToDocument(*document, ToolbarCode(spec), UntitledName);
-    document->Tag = TagOpen; // the next new window is another one
+    document->Tag = TagOpen; // keeps the slot from being reused by the next new window
 }
 
 void mnuToolbar_Click()

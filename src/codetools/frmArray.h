@@ -31,7 +31,7 @@ private:
     void OKButton_Click();
 
     std::unique_ptr<Ui::frmArray> ui;
-    QString items; // each with a "|" in front of it
+    QString items; // each preceded by "|"
 };
 
 void mnuToolArray_Click();

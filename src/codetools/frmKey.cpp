@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The codes of the keys that are pressed in it.
+// Shows the codes of the keys pressed in it.
 #include "codetools/frmKey.h"
 
 #include "codetools/modKeyCodes.h"
@@ -14,7 +14,7 @@ namespace ob {
 
 namespace {
 
-// What leads out of the key field, as every other key stays in it.
+// The keys that leave the key field; it keeps every other key.
 bool IsWayOut(const QKeyEvent& event)
 {
     return event.modifiers().testFlag(Qt::AltModifier) && !event.modifiers().testFlag(Qt::ControlModifier);
@@ -44,7 +44,7 @@ bool frmKey::eventFilter(QObject* watched, QEvent* event)
     const bool inField = watched == ui->txtAscii;
     if (event->type() == QEvent::ShortcutOverride) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
-        // A shortcut takes its key away before it would be pressed here.
+        // A shortcut would take its key before the press arrives here.
         Form_KeyDown(key);
         if (inField && !IsWayOut(key)) {
             event->accept();
@@ -66,7 +66,7 @@ void frmKey::Form_KeyDown(const QKeyEvent& event)
     if (text.isEmpty())
         return;
     ui->lblKey->setText(text);
-    // The table follows, as long as the user does not read it.
+    // The table scrolls along, unless the user is reading it.
     const int line = KeyCodeLine(VirtualKeyOf(event.key(), event.modifiers()));
     if (line < 0 || ui->txtCodes->hasFocus())
         return;

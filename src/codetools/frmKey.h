@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The codes of the keys that are pressed in it, over the table of all.
+// Shows the codes of the keys pressed in it, with the table of all codes.
 #pragma once
 
 #include <QDialog>
@@ -14,8 +14,8 @@ class frmKey;
 
 namespace ob {
 
-// Every key pressed anywhere in the window is shown. In txtAscii, which has the focus at first, a key does nothing
-// else: Tab, Enter, Escape and F1 stay there as keys. Alt with a letter, and the mouse, lead out of it.
+// Every key pressed anywhere in the window is shown. In txtAscii, which has the focus at first, a key has no other
+// effect: Tab, Enter, Escape and F1 are only shown. Only the mouse and Alt with a letter leave the field.
 class frmKey final : public QDialog {
     Q_OBJECT
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The MessageBox Maker: the code of a message box, tried out here first.
+// The MessageBox Maker: the code of a message box, which can be previewed here.
 #pragma once
 
 #include <QDialog>

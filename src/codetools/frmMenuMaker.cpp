@@ -36,7 +36,7 @@ void frmMenuMaker::ShowPreview()
     ui->codePreview->ShowCode(MenuCode(Spec()));
 }
 
-// A popup menu takes no handle.
+// A popup menu has no handle.
 void frmMenuMaker::optType_Click()
 {
     ui->Text4->setEnabled(ui->optType0->isChecked());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The Menu Maker: items, added one by one, become a menu statement, on the clipboard.
+// The Menu Maker: items, added one by one, become a menu statement on the clipboard.
 #pragma once
 
 #include "codetools/modMenuCode.h"

@@ -48,10 +48,10 @@ void frmStylebits::ShowPreview()
     ui->codePreview->ShowCode(StylebitsCode(Spec()).value_or(QString()));
 }
 
-// Fills the list afresh, with nothing ticked.
+// Refills the list, with nothing checked.
 void frmStylebits::cboObject_Click()
 {
-    const QSignalBlocker untilAllStand(ui->lstBits);
+    const QSignalBlocker untilAllAreAdded(ui->lstBits);
     ui->lstBits->clear();
     for (const QString& entry : StylebitEntries(ui->cboObject->currentText(), Spec().kind)) {
         auto* row = new QListWidgetItem(entry, ui->lstBits);

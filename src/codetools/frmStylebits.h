@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The Stylebits Wizard: ticked style bits become a stylebits statement, on the clipboard.
+// The Stylebits Wizard: checked style bits become a stylebits statement on the clipboard.
 #pragma once
 
 #include <QDialog>

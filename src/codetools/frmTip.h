@@ -22,7 +22,7 @@ public:
     explicit frmTip(QWidget* parent = nullptr);
     ~frmTip() override;
 
-    // However the window closes, the switch is stored.
+    // The check box is stored however the window closes.
     void done(int result) override;
 
 private:

@@ -22,7 +22,7 @@ void mnuToolTE_Click()
     if (document == nullptr)
         return;
     SendToDocument(*document, TextEditorCode(), UntitledName);
-    document->Tag = TagOpen; // the next new window is another one
+    document->Tag = TagOpen; // keeps the slot from being reused by the next new window
 }
 
 } // namespace ob

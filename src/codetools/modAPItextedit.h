@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The sample program that is a text editor made of API calls.
+// The sample program: a text editor built with API calls.
 #pragma once
 
 #include <QByteArray>
 
 namespace ob {
 
-// The program text, lines ending in CR LF.
+// The program text, with lines ending in CR LF.
 QByteArray TextEditorCode();
 
-// Puts it into a new code window.
+// Opens it in a new code window.
 void mnuToolTE_Click();
 
 } // namespace ob

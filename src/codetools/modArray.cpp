@@ -19,7 +19,7 @@ QString WithArrayItem(const QString& items, const QString& item)
 
 qsizetype ArrayBound(const QString& items)
 {
-    // The mark in front of each item parts it from the one before, so there are as many items as marks.
+    // A "|" precedes each item, so there are as many items as marks.
     return items.isEmpty() ? -1 : items.count(ItemMark);
 }
 

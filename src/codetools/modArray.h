@@ -11,7 +11,7 @@ enum class ArrayType { Numeric, String };
 struct ArraySpec {
     QString name; // empty: DefaultArrayName
     ArrayType type = ArrayType::String;
-    QString items; // each item with a "|" in front of it
+    QString items; // each item preceded by "|"
 };
 
 inline const QString DefaultArrayName = QStringLiteral("Array$");
@@ -19,18 +19,18 @@ inline const QString NoArrayItemsText = QStringLiteral("No items contained in ar
 inline const QString ArrayCopiedText =
     QStringLiteral("Code for array has been copied to the clipboard.  Please paste it into your program.");
 
-// The items with one more. A "|" within it makes two of it.
+// The items with one more. A "|" within it makes it two.
 QString WithArrayItem(const QString& items, const QString& item);
 
 // The number of the last item; -1 when there is none.
 qsizetype ArrayBound(const QString& items);
 
-// The name as it stands before a number in parentheses: "days" is "days$(" for a String array. What a user wrote
-// behind a "$" or "(" of the other type stays.
+// The name as it is written before a number in parentheses: "days" is "days$(" for a String array. Whatever the user
+// wrote after a "$" or "(" of the other type stays.
 QString ReadyArrayName(const QString& name, ArrayType type);
 
-// The code, lines ending in CR LF, with two empty lines behind it. Elements count from 1. Texts are put in as they
-// stand.
+// The code, with lines ending in CR LF and two empty lines at the end. Elements count from 1. Texts are inserted
+// unchanged.
 QString ArrayCode(const ArraySpec& spec);
 
 } // namespace ob

@@ -33,7 +33,7 @@ constexpr KeyRow keyRows[] = {
     {Qt::Key_Up, 38}, {Qt::Key_Right, 39}, {Qt::Key_Down, 40}, {Qt::Key_Select, 41}, {Qt::Key_Printer, 42},
     {Qt::Key_Execute, 43}, {Qt::Key_Print, 44}, {Qt::Key_SysReq, 44}, {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46},
     {Qt::Key_Help, 47},
-    // The signs above the digits, and those of the keys around the letters.
+    // The symbols above the digits, and those of the keys around the letters.
     {Qt::Key_ParenRight, 48}, {Qt::Key_Exclam, 49}, {Qt::Key_At, 50}, {Qt::Key_NumberSign, 51},
     {Qt::Key_Dollar, 52}, {Qt::Key_Percent, 53}, {Qt::Key_AsciiCircum, 54}, {Qt::Key_Ampersand, 55},
     {Qt::Key_Asterisk, 56}, {Qt::Key_ParenLeft, 57},
@@ -43,7 +43,7 @@ constexpr KeyRow keyRows[] = {
     {Qt::Key_QuoteLeft, 192}, {Qt::Key_AsciiTilde, 192}, {Qt::Key_BracketLeft, 219}, {Qt::Key_BraceLeft, 219},
     {Qt::Key_Backslash, 220}, {Qt::Key_Bar, 220}, {Qt::Key_BracketRight, 221}, {Qt::Key_BraceRight, 221},
     {Qt::Key_Apostrophe, 222}, {Qt::Key_QuoteDbl, 222},
-    // Keys of later keyboards.
+    // Keys of more recent keyboards.
     {Qt::Key_Meta, 91}, {Qt::Key_Super_L, 91}, {Qt::Key_Super_R, 92}, {Qt::Key_Menu, 93}, {Qt::Key_Sleep, 95},
     {Qt::Key_NumLock, 144}, {Qt::Key_ScrollLock, 145}, {Qt::Key_Back, 166}, {Qt::Key_Forward, 167},
     {Qt::Key_Refresh, 168}, {Qt::Key_Stop, 169}, {Qt::Key_Search, 170}, {Qt::Key_Favorites, 171},
@@ -61,8 +61,7 @@ int CodeIn(const KeyRow (&rows)[Count], int key)
     return row == std::end(rows) ? 0 : row->code;
 }
 
-// Whether a press may mean a character at all: Alt alone makes menu keys, Alt with Ctrl is the key beside the blank bar
-// that types the third signs.
+// Whether a press can produce a character at all: Alt alone is for menus; Alt with Ctrl is AltGr.
 bool IsMenuKey(Qt::KeyboardModifiers modifiers)
 {
     return modifiers.testFlag(Qt::AltModifier) && !modifiers.testFlag(Qt::ControlModifier);
@@ -73,7 +72,7 @@ bool IsControlKey(Qt::KeyboardModifiers modifiers)
     return modifiers.testFlag(Qt::ControlModifier) && !modifiers.testFlag(Qt::AltModifier);
 }
 
-// The keys that type the same on every system, whatever the toolkit says of them.
+// Keys that produce the same character on every system, whatever the toolkit reports.
 std::optional<int> FixedCode(int key, Qt::KeyboardModifiers modifiers)
 {
     const bool control = IsControlKey(modifiers);
@@ -163,7 +162,7 @@ std::optional<int> KeyPressCode(int key, Qt::KeyboardModifiers modifiers, QStrin
         return std::nullopt;
     if (const auto code = FixedCode(key, modifiers))
         return code;
-    // With Ctrl no other key types, and Delete never does, though some systems give it a character.
+    // With Ctrl no other key produces a character, and Delete never does, though some systems report one for it.
     if (IsControlKey(modifiers) || key == Qt::Key_Delete || text.isEmpty())
         return std::nullopt;
     return static_cast<unsigned char>(AnsiFromText(text).bytes.front());

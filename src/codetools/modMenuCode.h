@@ -10,7 +10,7 @@ namespace ob {
 
 enum class MenuType { Regular, Popup };
 
-// The items so far, as they stand behind the menu's name, and how many there were.
+// The items so far, as written after the name of the menu, and their number.
 struct MenuTail {
     QString list;
     std::int16_t count = 0;
@@ -26,18 +26,18 @@ struct MenuSpec {
 inline const QString MenuCopiedText =
     QStringLiteral("Menu information has been copied to the clipboard.  Please paste it into your code.");
 
-// Puts one item more at the end. An empty text or branch gets a name with the item's number; "|" is a separator, which
-// has no branch. Raises Overflow behind item 32767; nothing is changed then.
+// Appends an item. An empty text or branch gets a default name with the item's number; "|" is a separator, which has no
+// branch. Raises Overflow after item 32767; nothing is changed then.
 void AddMenuItem(MenuTail& tail, const QString& text, const QString& branch);
 
-// The text with another character in place of each blank.
+// The text with another character in place of each space.
 QString WithoutBlanks(QString text, QChar replacement);
 
-// The branch in brackets and without blanks: "my item" is "[my.item]". One that has both brackets, wherever, and no
-// blank stays.
+// The branch in brackets and without spaces: "my item" is "[my.item]". One that contains both brackets, wherever, and
+// no space is unchanged.
 QString ReadyMenuLabel(const QString& branch);
 
-// The statement, without a line end. Blanks around the name and the handle do not count.
+// The statement, without a line end. Spaces around the name and the handle are ignored.
 QString MenuCode(const MenuSpec& spec);
 
 } // namespace ob

@@ -6,7 +6,7 @@ namespace ob {
 
 namespace {
 
-// The blanks at the ends are part of the words.
+// The spaces at the ends belong to the words.
 QString IconWord(BoxIcon icon)
 {
     switch (icon) {

@@ -16,10 +16,10 @@ struct MessageBoxSpec {
 inline const QString MessageBoxCopiedText = QStringLiteral(
     "MessageBox code has been copied to the clipboard.  Please choose 'Paste' to paste it into your code.");
 
-// The same with words in place of an empty title and an empty message.
+// The same with default words for an empty title and an empty message.
 MessageBoxSpec WithDefaultTexts(MessageBoxSpec spec);
 
-// The code, lines ending in CR LF. Title and message are put in as they stand.
+// The code, with lines ending in CR LF. Title and message are inserted unchanged.
 QString MessageBoxCode(const MessageBoxSpec& spec);
 
 } // namespace ob

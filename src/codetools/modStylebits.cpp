@@ -142,7 +142,7 @@ struct ObjectBits {
     std::span<const char* const> bits;
 };
 
-// "StaticText" of the box and "Statictext" here are two, so a static text shows the bits of all objects only.
+// "StaticText" of the box and "Statictext" here differ, so a static text shows only the bits of all objects.
 constexpr ObjectBits ownBits[] = {
     {"Window", windowBits},      {"Graphicbox", windowBits}, {"Groupbox", windowBits}, {"Button", buttonBits},
     {"Radiobutton", buttonBits}, {"Checkbox", buttonBits},   {"Listbox", listboxBits}, {"Combobox", comboboxBits},
@@ -199,7 +199,7 @@ std::optional<QString> StylebitsCode(const StylebitsSpec& spec)
         names.append(u'_' + StylebitName(entry));
     const QString bits = names.join(QStringLiteral(" OR "));
     const bool adds = spec.change == StyleChange::Add;
-    QString places; // the four arguments behind the handle
+    QString places; // the four arguments after the handle
     if (spec.kind == StyleKind::Regular)
         places = adds ? bits + QStringLiteral(", 0, 0, 0") : QStringLiteral("0, ") + bits + QStringLiteral(", 0, 0");
     else

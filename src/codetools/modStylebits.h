@@ -15,7 +15,7 @@ enum class StyleChange { Add, Remove };
 struct StylebitsSpec {
     StyleKind kind = StyleKind::Regular;
     StyleChange change = StyleChange::Add;
-    QStringList entries; // those that are wanted, of the list, in its order
+    QStringList entries; // the selected entries, in the order of the list
 };
 
 inline const QString NoStylebitsText = QStringLiteral("No stylebits are selected.");
@@ -25,17 +25,17 @@ inline const QString StylebitsCopiedText =
 inline const QString StylebitsSyntax =
     QStringLiteral("stylebits #handle, AddBits, RemoveBits, AddExBits, RemoveExBits");
 
-// The kinds of control and window that can be chosen.
+// The kinds of control and window to choose from.
 QStringList StylebitObjects();
 
-// The entries for an object, "NAME = what it does". The object's name is case-sensitive; an unknown one has the entries
-// that all objects have.
+// The entries for an object, "NAME = what it does". The object's name is case-sensitive; an unknown one has only the
+// entries that all objects have.
 QStringList StylebitEntries(const QString& object, StyleKind kind);
 
-// What stands before an entry's first blank.
+// The text of an entry before its first space.
 QString StylebitName(const QString& entry);
 
-// The statement, without a line end; nothing without entries.
+// The statement, without a line end; empty without entries.
 std::optional<QString> StylebitsCode(const StylebitsSpec& spec);
 
 // How to use the maker: paragraphs with an empty line between them.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Fills the toolbar template. A line "@name" says for whom the lines behind it are: both listings, one of them, each
-// button, or each button with a branch block of its own. Words in braces are what is filled in.
+// Fills the toolbar template. A line "@name" says what the following lines are for: both listings, one of them, each
+// button, or each button with a branch block of its own. Words in braces are placeholders.
 #include "codetools/modToolbarCode.h"
 
 #include "shell/state/Module1.h"
@@ -12,7 +12,7 @@ namespace ob {
 
 namespace {
 
-// The block of this label stands in the new window's part of the template.
+// The block of this label is in the new window's part of the template.
 const QString quitBranch = QStringLiteral("[quit]");
 
 QString StylesOf(const ToolbarSpec& spec)
@@ -27,7 +27,7 @@ QString StylesOf(const ToolbarSpec& spec)
     return styles;
 }
 
-// The text for a word of the template that does not depend on a button.
+// The text for a placeholder that does not depend on a button.
 QString CommonText(QStringView word, const ToolbarSpec& spec)
 {
     if (word == QLatin1String("program"))
@@ -53,7 +53,7 @@ QString ButtonText(QStringView word, const ToolbarSpec& spec, qsizetype place)
     return CommonText(word, spec);
 }
 
-// What is filled in is not looked at again: a tip may hold braces.
+// Inserted text is not scanned again: a tip may contain braces.
 QString Filled(QStringView line, const std::function<QString(QStringView)>& textOf)
 {
     QString filled;
@@ -92,10 +92,10 @@ QString BlockFor(const QString& whom, const QStringList& lines, const ToolbarSpe
 
 QString ToolbarCode(const ToolbarSpec& spec)
 {
-    const auto carried = CarriedText(QStringLiteral("toolbar.tpl"));
-    Q_ASSERT(carried);
+    const auto text = CarriedText(QStringLiteral("toolbar.tpl"));
+    Q_ASSERT(text);
     QStringList lines =
-        QString::fromLatin1(carried->data(), static_cast<qsizetype>(carried->size())).split(QLatin1Char('\n'));
+        QString::fromLatin1(text->data(), static_cast<qsizetype>(text->size())).split(QLatin1Char('\n'));
     lines.removeLast(); // the text ends in a line feed
     QString code;
     QString whom;

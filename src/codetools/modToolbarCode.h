@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The toolbar maker's listing: a program, or code for one that is there, that makes a toolbar with tool tips.
+// The toolbar maker's listing: a program, or code for an existing one, that creates a toolbar with tool tips.
 #pragma once
 
 #include <QList>
@@ -21,16 +21,16 @@ struct ToolbarSpec {
     QList<ToolbarButton> buttons;
     ToolbarStyle style = ToolbarStyle::Flat;
     ToolbarBorder border = ToolbarBorder::None;
-    QString program;               // the file that the listing is saved as; empty: untitled.bas
+    QString program;               // the file name of the listing; empty: untitled.bas
     QString bitmap;                // the file of the buttons' pictures
-    std::optional<QString> handle; // "#main" of the window that is there; nothing for a new window
+    std::optional<QString> handle; // "#main" of the existing window; nothing for a new window
 };
 
-// The listing, lines ending in CR LF. Names, labels and tips go in as they stand.
+// The listing, with lines ending in CR LF. Names, labels and tips are inserted unchanged.
 QString ToolbarCode(const ToolbarSpec& spec);
 
-// What the two questions about button `number` (from 1) make of their answers: a label in brackets, "[branch1]" for an
-// empty one, and a tip, "branch1 tooltip" for an empty one.
+// What the answers to the two questions about button `number` (from 1) become: a label in brackets, "[branch1]" when
+// empty, and a tip, "branch1 tooltip" when empty.
 QString ToolbarBranchOf(const QString& answer, qsizetype number);
 QString ToolbarTipOf(const QString& answer, qsizetype number);
 

@@ -10,8 +10,8 @@ namespace ob {
 
 constexpr int ToolbarPictureSide = 16;
 
-// A picture file brought to the size of a button. Transparent parts of an icon take the grey of a button, which the
-// toolbar makes transparent; of an icon with several images the nearest in size is taken. Raises FileNotFound,
+// A picture file scaled to the size of a button. Transparent parts of an icon become the grey of a button, which the
+// toolbar makes transparent; of an icon with several images, the nearest in size is used. Raises FileNotFound,
 // PathFileAccess, DeviceIoError, InvalidPicture.
 QImage ToolbarPicture(const QString& path);
 
