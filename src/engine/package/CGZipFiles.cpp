@@ -12,7 +12,7 @@ namespace ob {
 
 namespace {
 
-// In the list from its making on, and counted with the names; it stands for no file.
+// In the list from the start, and counted with the names; it represents no file.
 const QString Placeholder = QStringLiteral("querty");
 
 constexpr std::size_t maximumNames = 100; // with the placeholder
@@ -26,7 +26,7 @@ RuntimeError ListError(unsigned number, const char* source, const char* descript
     return RuntimeError(static_cast<int>(number), QString::fromLatin1(source), QString::fromLatin1(description));
 }
 
-// The names as the library takes them. Raises the subscript error when there are more than it takes.
+// The names in the library's form. Raises the subscript error when there are more than the library accepts.
 QStringList NamesForLibrary(const QStringList& files)
 {
     if (static_cast<std::size_t>(files.size()) > maximumNames)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A list of file patterns, and the zip archive that one call makes of it.
+// A list of file patterns, and the zip archive that one call creates from it.
 #pragma once
 
 #include "engine/package/modZip.h"
@@ -23,16 +23,16 @@ public:
     QString RootDirectory = QStringLiteral("\\"); // where relative names start; "\" is the root of the disk
     bool UpdatingZip = false;
 
-    // Patterns are compared without regard to case; one may hold wildcards in its last part. Each raises an error
-    // with its source: AddFile for a pattern that is in the list, RemoveFile for one that is not. "querty" is in
-    // the list from the start, and does not count in ZipFileCount.
+    // Patterns are compared case-insensitively; one may contain wildcards in its last part. Each raises an error with
+    // its source: AddFile for a pattern that is already in the list, RemoveFile for one that is not. "querty" is in the
+    // list from the start, and is not counted in ZipFileCount.
     void AddFile(const QString& spec);
     void RemoveFile(const QString& spec);
 
     // 0 for success, the library's number (modZip.h), or -99 after a runtime error: for more than 99 patterns.
     int MakeZipFile(const ZipWatch& watch = {});
 
-    // Of the last MakeZipFile: why it failed, and the patterns that no file fits.
+    // For the last MakeZipFile: why it failed, and the patterns that matched no file.
     QString GetLastMessage() const { return lastMessage; }
     QStringList UnmatchedFiles() const { return unmatched; }
 

@@ -49,7 +49,7 @@ public:
     ~Hourglass() { QApplication::restoreOverrideCursor(); }
 };
 
-// Files that another program offers.
+// Files dragged from another program.
 QStringList LocalFiles(const QMimeData& data)
 {
     QStringList files;
@@ -61,7 +61,7 @@ QStringList LocalFiles(const QMimeData& data)
 
 } // namespace
 
-// Shows how far the work is, and its boxes.
+// Shows the progress of the work, and its boxes.
 class frmPackage::Watch final : public cPackageWatch {
 public:
     explicit Watch(frmPackage& owner)
@@ -145,7 +145,7 @@ private:
     }
 
     frmPackage& form;
-    QWidget* focused; // a control that is disabled loses the focus
+    QWidget* focused; // a control loses the focus when it is disabled
     std::unique_ptr<dlgProcess> window;
     std::optional<Hourglass> hourglass;
     QString shownName;
@@ -243,7 +243,7 @@ void frmPackage::cmdRemove_Click()
     for (const int place : std::as_const(places))
         plan.files.removeAt(place);
     FillTEMPList();
-    // The next line is at hand for the next key.
+    // Selects the next line, ready for the next key.
     ui->TEMPList->setCurrentRow(std::min(places.last(), ui->TEMPList->count() - 1));
 }
 
@@ -303,7 +303,7 @@ bool frmPackage::eventFilter(QObject* watched, QEvent* event)
         const bool adds = isTempList && (drop.source() == ui->FileList || !LocalFiles(*drop.mimeData()).isEmpty());
         const bool removes = isFileList && drop.source() == ui->TEMPList;
         if (!adds && !removes) {
-            // Lines of a list do not change their places by a drop into it.
+            // Lines of a list keep their order when they are dropped into it.
             event->ignore();
             return isFileList || isTempList;
         }
@@ -319,7 +319,7 @@ bool frmPackage::eventFilter(QObject* watched, QEvent* event)
     return QDialog::eventFilter(watched, event);
 }
 
-// Anywhere beside the package's list is out of the package.
+// Anywhere but on the package's list means out of the package.
 void frmPackage::dragEnterEvent(QDragEnterEvent* event)
 {
     const QPoint place = ui->TEMPList->mapFrom(this, event->position().toPoint());

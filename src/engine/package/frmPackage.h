@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The packaging wizard: which files go with a token, and the making of the package.
+// The packaging wizard: selects the files that accompany a token, and makes the package.
 #pragma once
 
 #include "engine/package/modPackage.h"
@@ -25,10 +25,10 @@ public:
     explicit frmPackage(const QString& token, QWidget* parent = nullptr);
     ~frmPackage() override;
 
-    // The engine's folder with a separator at its end, after a search when no path was ever set; "" when there is none.
+    // The engine's folder, with a trailing separator, after a search when no path was ever set; "" when there is none.
     static QString GetOrchardPath();
 
-    void reject() override; // while files are copied, only the copying ends
+    void reject() override; // while files are copied, only stops the copying
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copying by way of a temporary file and a rename.
+// Copying through a temporary file and a rename.
 #include "engine/package/modFileCopy.h"
 
 #include "platform/files/modFiles.h"
@@ -98,7 +98,7 @@ CopyEnd CopyWholeFile(const QString& from, const QString& to, const CopyWatch& w
     if (end != CopyEnd::Copied)
         return end;
     copy.file.close();
-    // A share or a quota may tell a lost write no earlier than here.
+    // A share or a quota may report a lost write only here.
     if (copy.file.error() != QFileDevice::NoError)
         return CopyEnd::Failed;
     if (Settle(NativePath(from), NativePath(copy.file.fileName()), NativePath(to)) == CopyEnd::Failed)

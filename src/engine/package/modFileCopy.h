@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copies a file piece by piece, so that a long copy can be watched and called off.
+// Copies a file in pieces, so that a long copy can show its progress and be cancelled.
 #pragma once
 
 #include <QString>
@@ -11,11 +11,11 @@ namespace ob {
 enum class CopyEnd { Copied, Failed, Stopped };
 enum class CopyWish { GoOn, Stop };
 
-// Called behind each piece with the bytes copied so far.
+// Called after each piece with the bytes copied so far.
 using CopyWatch = std::function<CopyWish(qint64 copied)>;
 
-// Makes `to` a copy of the regular file `from`, with its time and permissions as far as the disk takes them. The copy
-// is written beside and takes the place of an older file when it is whole; otherwise the older one stays as it was.
+// Makes `to` a copy of the regular file `from`, with its time and permissions as far as the disk supports them. The
+// copy replaces an older file only when it is complete; otherwise the older one stays unchanged.
 CopyEnd CopyWholeFile(const QString& from, const QString& to, const CopyWatch& watch);
 
 } // namespace ob

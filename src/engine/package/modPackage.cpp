@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which files make a package, and its making.
+// The files of a package, and how it is made.
 #include "engine/package/modPackage.h"
 
 #include "engine/package/CGZipFiles.h"
@@ -37,7 +37,7 @@ struct EngineRow {
     RuntimeBy runtime;
 };
 
-// The first row's marker and the file of nearly its name are two different files.
+// The first row's marker and the file of nearly the same name are two different files.
 constexpr std::string_view versionOneFiles[] = {"vwabort.dll", "vwbas11.dll",  "vwdlgs.dll",   "vwfloat.dll",
                                                 "vwfont.dll",  "vwsignon.dll", "vwsignon.bmp", "vwvm11.dll"};
 constexpr std::string_view versionTwoFiles[] = {"vwabort.dll",  "vwbas20.dll",  "vwdlgs20.dll",
@@ -56,7 +56,7 @@ QString TextOf(std::string_view name)
     return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
 }
 
-// The first file of a folder that looks like a runtime engine, in the order of names without case; "" for none.
+// The first file of a folder that looks like a runtime engine, in case-insensitive order of names; "" for none.
 QString FirstRuntime(const QString& folder)
 {
     QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::NoSort);
@@ -84,7 +84,7 @@ void AddRuntimeFiles(const EngineRow& row, PackagePlan& plan)
         plan.files.append(plan.engineFolder + TextOf(file));
     if (row.runtime == RuntimeBy::Pattern) {
         const QString runtime = FirstRuntime(plan.engineFolder);
-        // The pattern stands for an engine that is not there, and is told as missing later.
+        // The pattern represents the missing engine, and is reported as missing later.
         plan.files.append(plan.engineFolder + (runtime.isEmpty() ? RuntimePattern : runtime));
         return;
     }
@@ -95,7 +95,7 @@ void AddRuntimeFiles(const EngineRow& row, PackagePlan& plan)
 
 // --- Copying. -------------------------------------------------------------------------------------------------------
 
-// Other spellings of a name in a folder, on a disk that minds case.
+// Other spellings of a name in a folder, on a case-sensitive disk.
 QStringList OtherSpellings(const QString& folder, const QString& name)
 {
     QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::NoSort);
@@ -148,12 +148,12 @@ public:
     QStringList missing;
 
 private:
-    // The copy takes the place of a file of its name, however that is spelled.
+    // The copy replaces a file of its name, however that is spelled.
     void RemoveOtherSpellings()
     {
         const QString front = folder + QDir::separator();
         for (const QString& name : OtherSpellings(folder, progress.name))
-            // A disk that does not mind case may have kept the old spelling for the copy itself.
+            // A case-insensitive disk may have kept the old spelling for the copy itself.
             if (!AreOneFile(front + name, front + progress.name))
                 QFile::remove(front + name);
     }
@@ -173,7 +173,7 @@ void NeedFolder(const QString& folder)
 
 enum class Renaming { Done, Failed };
 
-// A file of the new name is deleted first, unless that is the file itself.
+// A file that has the new name is deleted first, unless it is the same file.
 Renaming Rename(const QString& folder, const QString& from, const QString& to)
 {
     const QString front = folder + QDir::separator();
@@ -190,7 +190,7 @@ Renaming Rename(const QString& folder, const QString& from, const QString& to)
     return error ? Renaming::Failed : Renaming::Done;
 }
 
-// Whatever runtime engine lies in the folder becomes run.exe, and that gets the program's name.
+// Any runtime engine in the folder becomes run.exe, which then gets the program's name.
 std::optional<PackagedEngine> NameEngine(const PackagePlan& plan)
 {
     const QString folder = PackageFolder(plan);
@@ -221,7 +221,7 @@ PackageOutcome ZipPackage(const PackagePlan& plan, cPackageWatch& watch)
     if (FileExists(base))
         QFile::remove(base);
     CGZipFiles zip;
-    // The ending stands here, as a base name with a dot in it would get none.
+    // The extension is given explicitly, as a base name with a dot in it would get none.
     zip.ZipFileName = base + QStringLiteral(".zip");
     zip.UpdatingZip = false;
     zip.AddFile(PackageFolder(plan) + QDir::separator() + QStringLiteral("*.*"));
@@ -246,7 +246,7 @@ std::optional<QString> FileOnDisk(const QString& path)
         return path;
     const QString folder = FolderOf(path);
     QStringList others = OtherSpellings(folder, NameOf(path));
-    others.removeIf([&](const QString& each) { return !FileExists(folder + each); }); // a link to nowhere
+    others.removeIf([&](const QString& each) { return !FileExists(folder + each); }); // a dangling link
     return others.isEmpty() ? std::nullopt : std::optional(folder + *std::min_element(others.begin(), others.end()));
 }
 

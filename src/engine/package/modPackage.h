@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Packages: a token file gathered with the runtime engine and its files, ready to be given away.
+// Packages: a token file with the runtime engine and its files, ready for distribution.
 #pragma once
 
 #include "engine/package/modZip.h"
@@ -12,38 +12,39 @@
 
 namespace ob {
 
-// The version of the language whose runtime files an engine's folder holds.
+// The version of the language whose runtime files are in an engine's folder.
 enum class InstalledEngine { None, One, Two, Three };
 
-// What goes into a package. Nothing is copied before MakePackage.
+// The contents of a package. Nothing is copied before MakePackage.
 struct PackagePlan {
-    QString token;        // absolute
-    QString engineFolder; // with a separator at its end; "" when there is no engine
+    QString token;        // absolute path
+    QString engineFolder; // with a trailing separator; "" when there is no engine
     InstalledEngine version = InstalledEngine::None;
-    QStringList files; // full paths in the order of copying; in the package each has its plain name
+    QStringList files; // full paths in the order of copying; the package has them under their plain names
 };
 
 // Whether a name ends in "tkn", in any case.
 bool IsTokenName(const QString& path);
 
-// The engine's runtime files by the table of its version, then the token. Files are looked up on disk without regard to
-// case, here and in MakePackage; a copy is spelled as in the plan. The version is None for a folder without a marker.
+// The engine's runtime files by the table of its version, then the token. Files are looked up on disk
+// case-insensitively, here and in MakePackage; a copy is spelled as in the plan. The version is None for a folder
+// without a marker.
 PackagePlan PlanPackage(const QString& token, const QString& engineFolder);
 
-// What the user is told when the version is None.
+// The message when the version is None.
 MessageSpec NoEngineBox();
 
-// The place of the first file of that plain name in the plan, without regard to case; -1 when there is none.
+// The position of the first file of that plain name in the plan, case-insensitively; -1 when there is none.
 qsizetype PlaceInPackage(const PackagePlan& plan, const QString& name);
 
-// A planned file as it is on disk, in whatever case; nothing when it is missing or no file.
+// A planned file as spelled on disk, case-insensitively; nothing when it is missing or not a file.
 std::optional<QString> FileOnDisk(const QString& path);
 
-// The folder that the package goes to, beside the token; and the archive without its ".zip".
+// The folder of the package, next to the token; and the archive without its ".zip".
 QString PackageFolder(const PackagePlan& plan);
 QString PackageZipBase(const PackagePlan& plan);
 
-// How far the copying is: in bytes, over all files, and the plain name of the file at hand.
+// The progress of the copying: in bytes, over all files, and the plain name of the current file.
 struct PackageProgress {
     QString name;
     qint64 done = 0;
@@ -54,11 +55,11 @@ enum class PackageWish { GoOn, Stop };
 
 // The runtime engine under the program's name.
 struct PackagedEngine {
-    QString name; // as it is told
-    QString path; // as it is on disk
+    QString name; // as shown
+    QString path; // as spelled on disk
 };
 
-// Who follows the making of a package.
+// Observes the making of a package.
 class cPackageWatch {
 public:
     cPackageWatch() = default;
@@ -66,13 +67,13 @@ public:
     cPackageWatch& operator=(const cPackageWatch&) = delete;
     virtual ~cPackageWatch() = default;
 
-    // Before and behind each file, and within a large one.
+    // Before and after each file, and during a large one.
     virtual PackageWish Processing(const PackageProgress& progress) = 0;
-    // A box on the way; the work goes on behind it.
+    // A message to show; the work continues after it.
     virtual void Tell(const MessageSpec& box) = 0;
-    // The engine has the program's name now and could be tested.
+    // The engine has the program's name now and can be tested.
     virtual void EngineIsNamed(const PackagedEngine& engine) = 0;
-    // No file is copied or renamed from here on.
+    // No file is copied or renamed after this.
     virtual void FilesAreDone() = 0;
     // Around the making of the archive.
     virtual void ZipBegins() = 0;
@@ -81,7 +82,7 @@ public:
     virtual void ZipIsMade(const QString& base) = 0;
 };
 
-// The question that goes with EngineIsNamed, and the box that goes with ZipIsMade.
+// The question for EngineIsNamed, and the message for ZipIsMade.
 MessageSpec TestQuestion(const PackagePlan& plan, const PackagedEngine& engine);
 MessageSpec ZipMadeBox(const QString& base);
 
@@ -94,10 +95,10 @@ struct PackageOutcome {
     QString reason; // of a failed zip
 };
 
-// Copies the plan's files into the package folder, gives the runtime engine the program's name, and zips the folder on
-// request. Older files in the folder stay or are overwritten. Files that are missing or cannot be copied are told and
-// passed over. Stop leaves what is copied so far and ends the work. Raises PathFileAccess when the folder cannot be
-// made.
+// Copies the plan's files into the package folder, renames the runtime engine after the program, and zips the folder on
+// request. Older files in the folder stay or are overwritten. Files that are missing or cannot be copied are reported
+// and skipped. Stop ends the work and leaves the files copied so far. Raises PathFileAccess when the folder cannot be
+// created.
 PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatch& watch);
 
 } // namespace ob

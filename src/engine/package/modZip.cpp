@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The archive library, fed file by file.
+// The archive library, supplied file by file.
 #include "engine/package/modZip.h"
 
 #include "engine/package/modZipFiles.h"
@@ -30,7 +30,7 @@ namespace fs = std::filesystem;
 static_assert(ZipNoFiles == ZIP_ER_NOENT && ZipTwoOfOneName == ZIP_ER_EXISTS && ZipCannotOpen == ZIP_ER_OPEN &&
               ZipStopped == ZIP_ER_CANCELLED);
 
-// The level that zip programs use when none is asked for.
+// The default level of zip programs.
 constexpr zip_uint32_t usualLevel = 6;
 
 QString SystemText(int error)
@@ -48,7 +48,7 @@ std::time_t ModifiedTime(const fs::path& path)
     return system_clock::to_time_t(floor<seconds>(file_clock::to_sys(time)));
 }
 
-// The time of an entry: the format has no years before 1980 and behind 2107.
+// The time of an entry: the format has no years before 1980 or after 2107.
 std::time_t EntryTime(const fs::path& path)
 {
     static const auto timeOf = [](int year, int month, int day) {
@@ -61,14 +61,14 @@ std::time_t EntryTime(const fs::path& path)
 
 // --- What the library reads. ----------------------------------------------------------------------------------------
 
-// What all files of one archive share.
+// State shared by all files of one archive.
 struct Feed {
     const ZipWatch& watch;
     ZipProgress progress;
     QString failure; // of the first file that could not be read
 };
 
-// One file as the library reads it. Its calls come between the opening and the end of the archive's writing.
+// One file as the library reads it. The library calls it while it writes the archive.
 class FileFeed {
 public:
     FileFeed(const ZipEntry& fileEntry, Feed& sharedFeed) : entry(fileEntry), feed(sharedFeed)
@@ -163,8 +163,8 @@ private:
     zip_error_t error = {};
 };
 
-// Whether compressing brings nothing, by samples from all over the file: pictures, sounds and archives are packed
-// already, and trying again takes ten times as long as storing them. A small file is sampled whole.
+// Whether compression is pointless, judged by samples from all over the file: pictures, sounds and archives are
+// compressed already, and trying again takes ten times as long as storing them. A small file is sampled whole.
 bool IsPackedAlready(const ZipEntry& entry)
 {
     if (entry.size == 0)
@@ -183,9 +183,9 @@ bool IsPackedAlready(const ZipEntry& entry)
             if (file.pubseekpos(static_cast<std::streamoff>(place), std::ios::in) == std::streampos(-1) ||
                 file.sgetn(sample.data(), sample.size()) != sample.size())
                 return false;
-            // The fast level finds nearly all that the usual one finds.
+            // The fast level finds nearly everything that the default one finds.
             constexpr int fastLevel = 1;
-            constexpr qsizetype frame = 10; // what an entry of an archive does not have
+            constexpr qsizetype frame = 10; // which an entry of an archive does not have
             if (qCompress(sample, fastLevel).size() - frame < sample.size() - sample.size() / 100)
                 return false;
         }
@@ -217,12 +217,12 @@ ZipAnswer FailureOf(const Archive& archive)
     return FailureOf(zip_get_error(archive.get()));
 }
 
-// The exact time beside the one in steps of two seconds that every entry has.
+// The exact time, in addition to the time in steps of two seconds that every entry has.
 void SetExactTime(zip_t* archive, zip_uint64_t place, std::time_t time)
 {
     constexpr zip_uint16_t timestampField = 0x5455;
     constexpr zip_uint8_t hasModified = 1;
-    // The field is a signed number of 32 bits.
+    // The field is a signed 32-bit number.
     if (time < 0 || time > std::numeric_limits<std::int32_t>::max())
         return;
     const auto part = [&](int shift) { return static_cast<zip_uint8_t>(time >> shift); };
@@ -231,7 +231,7 @@ void SetExactTime(zip_t* archive, zip_uint64_t place, std::time_t time)
                              ZIP_FL_LOCAL | ZIP_FL_CENTRAL);
 }
 
-// The DOS attributes in the low byte, and the permissions where systems that have them look for them.
+// The DOS attributes in the low byte, and the permissions where systems that have them expect them.
 zip_uint32_t AttributesOf(const ZipEntry& entry)
 {
     constexpr zip_uint32_t dosReadOnly = 0x01;
@@ -246,13 +246,13 @@ zip_uint32_t AttributesOf(const ZipEntry& entry)
     return (regularFile | mode) << 16 | dosArchive | (isReadOnly ? dosReadOnly : 0) | (isHidden ? dosHidden : 0);
 }
 
-// Whether the archive holds the file already, and not an older one.
+// Whether the archive already contains the file in a version that is not older.
 bool IsUpToDate(zip_t* archive, const ZipEntry& entry)
 {
     zip_stat_t status = {};
     if (zip_stat(archive, entry.name.constData(), ZIP_FL_NOCASE | ZIP_FL_ENC_UTF_8, &status) != 0)
         return false;
-    // Its times come in steps of two seconds.
+    // The archive's times have steps of two seconds.
     return (status.valid & ZIP_STAT_MTIME) != 0 && EntryTime(entry.path) <= status.mtime + 1;
 }
 
@@ -276,7 +276,7 @@ Adding Add(zip_t* archive, const ZipEntry& entry, FileFeed& feed, const ZipOptio
         return Adding::Failed;
     }
     const auto place = static_cast<zip_uint64_t>(added);
-    // The library's own choice of a method forgets the level.
+    // When the library chooses the method itself, it ignores the level.
     const zip_int32_t method = IsPackedAlready(entry) ? ZIP_CM_STORE : ZIP_CM_DEFLATE;
     const bool isSet = zip_set_file_compression(archive, place, method, usualLevel) == 0 &&
                        zip_file_set_external_attributes(archive, place, 0, ZIP_OPSYS_UNIX, AttributesOf(entry)) == 0;
@@ -284,14 +284,14 @@ Adding Add(zip_t* archive, const ZipEntry& entry, FileFeed& feed, const ZipOptio
     return isSet ? Adding::Done : Adding::Failed;
 }
 
-// What stands in the archive's place must be a file that may be replaced, or nothing.
+// The archive's path must lead to nothing or to a file that may be replaced.
 QString ObstacleAt(const QString& archive)
 {
     const QFileInfo info(archive);
     if (!info.exists())
         return {};
     if (!info.isFile())
-        return QStringLiteral("%1 is no file").arg(archive);
+        return QStringLiteral("%1 is not a file").arg(archive);
     return info.isWritable() ? QString() : QStringLiteral("%1 is write-protected").arg(archive);
 }
 
@@ -299,7 +299,7 @@ ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const
                 const ZipWatch& watch)
 {
     Feed feed{watch, {}, {}};
-    std::deque<FileFeed> files; // the archive points to them, so they outlive it
+    std::deque<FileFeed> files; // referenced by the archive, so they must outlive it
     int code = 0;
     Archive archive(zip_open(path.toUtf8().constData(), ZIP_CREATE | (options.updatingZip ? 0 : ZIP_TRUNCATE), &code));
     if (!archive) {
@@ -317,7 +317,7 @@ ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const
         if (Add(archive.get(), entry, files.emplace_back(entry, feed), options) == Adding::Failed)
             return FailureOf(archive);
     if (zip_close(archive.get()) == 0) {
-        (void)archive.release(); // it is freed with its closing
+        (void)archive.release(); // freed by its closing
         return {};
     }
     ZipAnswer answer = FailureOf(archive);
@@ -339,7 +339,7 @@ ZipAnswer MakeZip(const QString& archive, const QStringList& specs, const ZipOpt
     const QString obstacle = ObstacleAt(path);
     if (!obstacle.isEmpty())
         return Failure(ZipCannotOpen, obstacle);
-    // A link stays one, and what it leads to is replaced.
+    // A link remains a link, and its target is replaced.
     if (QFileInfo::exists(path))
         path = QFileInfo(path).canonicalFilePath();
     ZipFileList list =

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The zip module: one call of the archive library, with its answer as a number and in words.
+// The zip module: one call of the archive library, with its result as a number and in words.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +11,7 @@
 
 namespace ob {
 
-// How far an archive is: bytes read of all that are to be read, and the plain name of the file that is read now.
+// The progress of an archive: bytes read out of all bytes to read, and the plain name of the current file.
 struct ZipProgress {
     QString name;
     std::uint64_t done = 0;
@@ -23,11 +23,11 @@ using ZipWatch = std::function<ZipWish(const ZipProgress&)>; // called every few
 
 struct ZipOptions {
     bool recurseFolders = false;
-    bool updatingZip = false; // what the archive holds stays; of a name that it holds the newer file wins
+    bool updatingZip = false; // existing entries stay; of two files of one name the newer wins
     QString rootDirectory;    // where relative paths start; "\" is the root of the disk
 };
 
-// The library's numbers that are answered here as well; 0 is success.
+// The library's numbers that are returned here as well; 0 is success.
 inline constexpr int ZipNoFiles = 9;
 inline constexpr int ZipTwoOfOneName = 10;
 inline constexpr int ZipCannotOpen = 11;
@@ -36,16 +36,16 @@ inline constexpr int ZipStopped = 32;
 struct ZipAnswer {
     int code = 0;
     QString message;       // why it failed; empty after success
-    QStringList unmatched; // the patterns that mean no file
+    QStringList unmatched; // the patterns that match no file
 };
 
-// Writes the archive from the files that the patterns mean (modZipFiles.h), under plain names, with their times
-// and attributes. ".zip" is added to a name that has no ending. The archive is written beside an older one and takes
-// its place when it is whole; after a failure the older one is as it was. Files that do not get smaller are stored.
+// Writes the archive from the files that match the patterns (modZipFiles.h), under plain names, with their times and
+// attributes. ".zip" is added to a name without an extension. An older archive is replaced only when the new one is
+// complete; after a failure it is unchanged. Files that do not get smaller are stored.
 ZipAnswer MakeZip(const QString& archive, const QStringList& specs, const ZipOptions& options,
                   const ZipWatch& watch = {});
 
-// The archive's name with the ending that it gets.
+// The archive's name with its extension added where it has none.
 QString ZipNameOf(const QString& archive);
 
 } // namespace ob

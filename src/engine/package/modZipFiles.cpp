@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// File patterns looked up on disk.
+// Lookup of file patterns on disk.
 #include "engine/package/modZipFiles.h"
 
 #include "platform/files/modFiles.h"
@@ -26,7 +26,7 @@ fs::path NativePath(const QString& path)
     return QFileInfo(path).filesystemFilePath();
 }
 
-// A name on disk need not be text that the program can write; such a one counts as ANSI.
+// A name on disk need not be valid UTF-8; such a name is read as ANSI.
 QString TextOfName(const fs::path& name)
 {
     const std::u8string bytes = name.u8string();
@@ -40,7 +40,7 @@ bool IsRegular(const fs::path& path)
     return fs::is_regular_file(path, ignored);
 }
 
-// A folder that is no link: a walk through links might never end.
+// Links to folders are excluded: following them might never end.
 bool IsFolder(const fs::path& path)
 {
     std::error_code ignored;
@@ -52,7 +52,7 @@ struct Found {
     QString name;
 };
 
-// What a folder holds, by name without regard to case. A folder that cannot be read holds nothing.
+// The contents of a folder, by name, case-insensitively. Empty for a folder that cannot be read.
 std::vector<Found> EntriesOf(const fs::path& folder)
 {
     std::vector<std::pair<QString, Found>> entries;
@@ -89,7 +89,7 @@ void AddFitting(const Found& entry, ZipFolders folders, std::vector<Found>& file
         AddBelow(entry.path, files);
 }
 
-// The path as it is on disk, in whatever case; as given when there is no such thing.
+// The path as spelled on disk, looked up case-insensitively; unchanged when it does not exist.
 QString OnDisk(const QString& path)
 {
     if (path.isEmpty() || QFileInfo::exists(path))
@@ -115,7 +115,7 @@ std::vector<Found> FilesOf(const QString& spec, ZipFolders folders)
     return files;
 }
 
-// One name for a file however it was reached; empty when there is no such file.
+// The same name for a file however it was reached; empty when there is no such file.
 fs::path TruePath(const fs::path& path)
 {
     std::error_code error;
@@ -157,13 +157,13 @@ public:
 
 private:
     fs::path archivePath;
-    QHash<QString, std::size_t> places; // of the entries, by their names without case
+    QHash<QString, std::size_t> places; // of the entries, by their names in lower case
 };
 
 std::vector<Found> FilesFromRoot(QString spec, const QString& root, ZipFolders folders)
 {
     std::vector<Found> files = FilesOf(PathFromRoot(spec, root), folders);
-    // It may be written as on the system that the engine comes from.
+    // It may be written with the separators of the other system.
     if (files.empty() && spec.contains(u'\\'))
         files = FilesOf(PathFromRoot(spec.replace(u'\\', u'/'), root), folders);
     return files;

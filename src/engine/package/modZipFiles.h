@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which files a list of file patterns means, and under what names they go into an archive.
+// The files that match a list of file patterns, and their names in an archive.
 #pragma once
 
 #include <QByteArray>
@@ -22,19 +22,18 @@ struct ZipEntry {
 };
 
 struct ZipFileList {
-    std::vector<ZipEntry> entries; // in the order of the patterns; within one by name without regard to case
-    QStringList unmatched;         // the patterns that mean no file
-    QString clash;                 // the first two files of one plain name, told in words; empty when there are none
+    std::vector<ZipEntry> entries; // in the order of the patterns; within a pattern by name, case-insensitively
+    QStringList unmatched;         // the patterns that match no file
+    QString clash;                 // the first two files of one plain name, in words; empty when there are none
 };
 
-// Looks the patterns up on disk. The last part of each may hold "*" and "?", and "*.*" means every file, hidden
-// ones too; names count without regard to case. Only regular files are taken, links followed; with Enter a folder that
-// fits means all files below it. A relative pattern starts in the root folder; "\" is the disk's own root. The
-// archive itself is never in the list, and a file that is meant twice is in it once. Names are equal without regard to
-// case.
+// Looks the patterns up on disk. The last part of each may contain "*" and "?", and "*.*" means every file, including
+// hidden ones; names are compared case-insensitively. Only regular files are taken, following links; with Enter, a
+// folder that matches means all files below it. A relative pattern starts in the root folder; "\" is the disk's own
+// root. The archive itself is never in the list, and a file that matches twice is in it once.
 ZipFileList FindZipFiles(const QStringList& specs, const QString& root, const QString& archive, ZipFolders folders);
 
-// A relative path as seen from the root folder of an archive.
+// A path relative to the root folder of an archive.
 QString PathFromRoot(const QString& path, const QString& root);
 
 } // namespace ob

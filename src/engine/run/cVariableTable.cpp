@@ -11,13 +11,13 @@ namespace ob {
 
 namespace {
 
-// Sorting by a number that holds the start of the text spares nearly all looks at the text itself.
+// Sorting by a number made of the start of the text avoids nearly all accesses to the text itself.
 struct SortKey {
     std::uint64_t start = 0;
     std::uint32_t entry = 0;
 };
 
-// The first eight bytes, the first one highest.
+// The first eight bytes, the first one most significant.
 std::uint64_t StartOf(QByteArrayView name)
 {
     std::uint64_t start = 0;
@@ -26,7 +26,7 @@ std::uint64_t StartOf(QByteArrayView name)
     return start;
 }
 
-// The whole order of decimal texts: digits from the left, then the shorter before the longer.
+// The order of decimal texts: digits from the left, then the shorter before the longer.
 std::uint64_t StartOf(int line)
 {
     std::uint64_t length = 1;
@@ -100,7 +100,7 @@ cVariableTable::Rows cVariableTable::SortedRows(int column, Qt::SortOrder order)
     return sorted;
 }
 
-// A selected entry stays selected wherever it goes.
+// A selected entry stays selected wherever it moves.
 void cVariableTable::MoveIndexes(const Rows& before)
 {
     const QModelIndexList old = persistentIndexList();

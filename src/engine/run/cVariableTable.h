@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The variables of a text as a table that any view can show.
+// The variables of a text as a table model.
 #pragma once
 
 #include "engine/run/modVariables.h"
@@ -12,13 +12,13 @@
 
 namespace ob {
 
-// Columns: name, line from 0 as text. Rows in scan order until they are sorted.
+// Columns: name, and line (from 0) as text. Rows are in scan order until they are sorted.
 class cVariableTable final : public QAbstractTableModel {
 public:
     static constexpr int NameColumn = 0;
     static constexpr int LineColumn = 1;
 
-    // Keeps a copy of the text (UTF-8), so that the names outlive a change in the control.
+    // Copies the text (UTF-8), so that the names survive changes in the control.
     explicit cVariableTable(QByteArrayView source, QObject* parent = nullptr);
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -26,8 +26,7 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
-    // Sorts a column as text, ignoring the case of ASCII letters; "10" stands before "9". Equal ones stay in their
-    // order.
+    // Sorts a column as text, ignoring the case of ASCII letters; "10" comes before "9". The sort is stable.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
     const VariableEntry& Entry(int row) const { return entries[rows[static_cast<std::size_t>(row)]]; }
@@ -40,7 +39,7 @@ private:
 
     QByteArray text;
     std::vector<VariableEntry> entries;
-    Rows rows; // for each row, its entry
+    Rows rows; // the entry of each row
 };
 
 } // namespace ob

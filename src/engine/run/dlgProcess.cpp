@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How far the making of a package is, with a way out.
+// The progress of making a package, with a Cancel button.
 #include "engine/run/dlgProcess.h"
 
 #include "ui_dlgProcess.h"
@@ -21,7 +21,7 @@ dlgProcess::~dlgProcess() = default;
 
 void dlgProcess::ShowState(const QString& text, double share)
 {
-    // A long name must not make the window wider.
+    // A long name must not widen the window.
     const int width = ui->lblProcess->width();
     ui->lblProcess->setText(ui->lblProcess->fontMetrics().elidedText(text, Qt::ElideMiddle, width));
     ui->lblProcess->setAccessibleName(text);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How far the making of a package is, with a way out.
+// The progress of making a package, with a Cancel button.
 #pragma once
 
 #include <QDialog>
@@ -12,17 +12,17 @@ class dlgProcess;
 
 namespace ob {
 
-// Closes on Cancel and on Escape; whoever works looks at IsCancelled.
+// Closes on Cancel and on Escape; the working routine checks IsCancelled.
 class dlgProcess final : public QDialog {
     Q_OBJECT
 
 public:
-    enum class Leaving { Allowed, NotAllowed }; // without Cancel it stays until it is deleted
+    enum class Leaving { Allowed, NotAllowed }; // NotAllowed: without Cancel it stays until it is deleted
 
     explicit dlgProcess(Leaving leaving, QWidget* parent = nullptr);
     ~dlgProcess() override;
 
-    void ShowState(const QString& text, double share); // of the whole, from 0 to 1
+    void ShowState(const QString& text, double share); // share: done of the whole, from 0 to 1
     bool IsCancelled() const { return isCancelled; }
 
     void reject() override;

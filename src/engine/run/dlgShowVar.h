@@ -31,10 +31,10 @@ private:
     std::unique_ptr<Ui::dlgShowVar> ui;
     cDocument* document = nullptr;
     cVariableTable* table = nullptr;
-    Qt::SortOrder order = Qt::DescendingOrder; // the first click turns it to ascending
+    Qt::SortOrder order = Qt::DescendingOrder; // the first click changes it to ascending
 };
 
-// Tells when there is no code window.
+// Shows a message when there is no code window.
 void mnuToolShowVar_Click();
 
 } // namespace ob

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The searches for the files outside of the program.
+// The searches for files outside the program.
 #include "engine/run/modFileIO.h"
 
 #include "platform/dialogs/modDialogs.h"
@@ -11,7 +11,7 @@ namespace ob {
 
 namespace {
 
-// What a search shows: the box's filter, and the message with its icon when nothing was chosen.
+// The box's filter, and the message with its icon for when nothing was chosen.
 struct Search {
     QString filter;
     QString missing;
@@ -43,7 +43,7 @@ Search SearchOf(OutsideFile file)
             NotFoundText(QStringLiteral("Orchard BASIC Runtime Engine"))};
 }
 
-QString Told(const QString& chosen, const Search& search)
+QString ReportedIfMissing(const QString& chosen, const Search& search)
 {
     if (chosen.isEmpty())
         MsgBox(search.missing, search.icon);
@@ -53,7 +53,7 @@ QString Told(const QString& chosen, const Search& search)
 QString AskForFile(const QString& title, OutsideFile file)
 {
     const Search search = SearchOf(file);
-    return Told(FileBox({FilePurpose::Open, title, {}, {}, search.filter}), search);
+    return ReportedIfMissing(FileBox({FilePurpose::Open, title, {}, {}, search.filter}), search);
 }
 
 } // namespace
@@ -93,7 +93,7 @@ void FindRuntime()
         BoxAnswer::Cancel)
         return;
     const Search search = SearchOf(OutsideFile::Runtime);
-    const QString chosen = Told(OpenFileDialog(search.filter, QDir::currentPath()), search);
+    const QString chosen = ReportedIfMissing(OpenFileDialog(search.filter, QDir::currentPath()), search);
     if (!chosen.isEmpty())
         OBRuntimePath = chosen;
 }

@@ -6,13 +6,13 @@
 
 namespace ob {
 
-// The files outside of the program that it works with.
+// The files outside the program that it works with.
 enum class OutsideFile { Orchard, Freeform, Help, OptionalHelp, Runtime };
 
-// A box titled "Open" with the filter of that file's search. Empty: nothing chosen, and the user has been told.
+// A box titled "Open" with the filter of that file's search. Empty: nothing was chosen, and a message was shown.
 QString BrowseFor(OutsideFile file);
 
-// Each asks for a file and puts it into the path of that name in the state; with none chosen it says so.
+// Each asks for a file and stores it in the path of that name in the state; when none is chosen, it shows a message.
 void FindOrchard();
 void FindFreeform();
 void FindHelp();

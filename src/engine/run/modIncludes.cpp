@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Include lines: found at the top of a program, merged behind its copy.
+// Include lines: found at the top of a program, their files appended to its copy.
 #include "engine/run/modIncludes.h"
 
 #include "editor/document/cDocument.h"
@@ -19,7 +19,7 @@ namespace {
 
 constexpr QByteArrayView IncludeWord = "'include";
 
-// Where the word stands in the line, in any case; -1 when it does not.
+// The position of the word in the line, case-insensitively; -1 when it is not there.
 qsizetype FindIncludeWord(QByteArrayView line)
 {
     for (qsizetype at = line.indexOf('\''); at >= 0; at = line.indexOf('\'', at + 1))
@@ -36,19 +36,19 @@ std::optional<QByteArrayView> IncludeName(QByteArrayView line)
     const qsizetype word = FindIncludeWord(line);
     if (word < 0)
         return std::nullopt;
-    // The character behind the word is skipped, whatever it is.
+    // The character after the word is skipped, whatever it is.
     const QByteArrayView name = line.sliced(std::min(line.size(), word + IncludeWord.size() + 1));
     return TrimBlanks(name);
 }
 
-// The name on disk is the one that the code page can say.
+// The name on disk, limited to the characters of the code page.
 QString DecodedName(QByteArrayView name, TextEncoding encoding)
 {
     return TextFromAnsi(encoding == TextEncoding::Ansi ? name : QByteArrayView(EncodeAnsi(name).bytes));
 }
 
-// The folder may end in a separator or not. The empty one is the current folder, which must be put in front too: the
-// name may begin with a separator.
+// The folder may end with a separator or not. The empty one is the current folder and must be prepended too: the name
+// may begin with a separator.
 QString InFolder(const QString& folder, const QString& name)
 {
     return (folder.isEmpty() ? QStringLiteral(".") : folder) + QDir::separator() + name;

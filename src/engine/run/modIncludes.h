@@ -12,12 +12,12 @@ class cDocument;
 
 enum class TextEncoding { Utf8, Ansi };
 
-// The text that the include lines at the top of a program ask for: for each file found in the folder a heading and
-// the file's bytes; empty when there is none. Names are relative to the folder; files that are missing are passed
-// over. Throws RuntimeError when a file that is there cannot be read.
+// The text for the include lines at the top of a program: for each file found in the folder a heading and the file's
+// bytes; empty when there is none. Names are relative to the folder; missing files are skipped. Throws RuntimeError
+// when an existing file cannot be read.
 QByteArray IncludedText(QByteArrayView program, TextEncoding encoding, const QString& folder);
 
-// The same for a code window; the folder ends in a separator.
+// The same for a code window; the folder ends with a separator.
 QByteArray CheckIncludes(const cDocument& document, const QString& folder);
 
 } // namespace ob

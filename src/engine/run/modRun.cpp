@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands that hand code to the engine.
+// The commands that pass code to the engine.
 #include "engine/run/modRun.h"
 
 #include "editor/document/cDocument.h"
@@ -38,7 +38,7 @@ Found NeedEngine()
 
 enum class CopyEnd { Written, Failed, Declined };
 
-// A copy of an earlier run must not be taken for this one's, so the write's own result counts.
+// The copy of an earlier run must not pass for this one's, so the result of the write counts.
 CopyEnd WriteCopy(cDocument& document, const QString& path)
 {
     try {
@@ -142,7 +142,7 @@ void mnuRunOB_Click()
     MainForm->SendToBack();
 }
 
-// The bare existence of a file counts here, for both paths.
+// Here it is enough that a file exists, for both paths.
 static Found NeedFreeform()
 {
     if (!FileExists(OBFreeformPath))
@@ -171,7 +171,7 @@ void mnuToolFreeform_Click()
     if (document == nullptr)
         return;
     document->SetCaption(UntitledName);
-    // The text goes in with the NUL behind it, one character more than its length.
+    // The text includes its terminating NUL, one character more than its length.
     static constexpr char hint[] = "Paste FreeForm output here!";
     SendSci(document->sci, SCI_ADDTEXT, sizeof hint, hint);
 }

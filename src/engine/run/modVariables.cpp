@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The scan for assignments: one pass over the control's memory, nothing copied.
+// The scan for assignments: a single pass over the control's memory, without copies.
 #include "engine/run/modVariables.h"
 
 #include "platform/language/cLines.h"
@@ -9,7 +9,7 @@ namespace ob {
 
 namespace {
 
-// What is left of an assignment's left side without words and statements before the name.
+// The left side of an assignment without the words and statements before the name.
 QByteArrayView NameIn(QByteArrayView left)
 {
     QByteArrayView name = TrimBlanks(left);
