@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Compressed frames by libavcodec. The file around them is the program's own.
+// Compressed frames by libavcodec. The program itself writes the file around them.
 #include "avicodecs/AviCodecsOB_Api.h"
 
 #include <QtGlobal>
@@ -20,7 +20,7 @@ namespace {
 
 struct Recipe {
     AviCodec codec;
-    AVPixelFormat pixels; // what the encoder gets; for the lossless ones a form that keeps all three channels
+    AVPixelFormat pixels; // the encoder's input; for lossless ones a format that preserves all three channels
 };
 
 constexpr Recipe recipes[] = {
@@ -35,7 +35,7 @@ constexpr Recipe recipes[] = {
      AV_PIX_FMT_RGB24},
 };
 
-constexpr int WorstScale = 31; // the coarsest step of the encoders with a quality
+constexpr int WorstScale = 31; // the coarsest step of encoders with a quality setting
 constexpr int InfoHeaderBytes = 40;
 
 template <auto Free>
@@ -83,7 +83,7 @@ void SetUp(AVCodecContext& context, const Recipe& recipe, const AviEncoderSpec& 
     context.gop_size = 1;
     context.keyint_min = 1;
     context.max_b_frames = 0;
-    // The number of threads shows in the bytes of some encoders.
+    // With some encoders the bytes depend on the number of threads.
     context.thread_count = 1;
     if (recipe.codec.quality == AviQuality::Adjustable) {
         context.flags |= AV_CODEC_FLAG_QSCALE;
@@ -92,7 +92,7 @@ void SetUp(AVCodecContext& context, const Recipe& recipe, const AviEncoderSpec& 
         context.global_quality = FF_QP2LAMBDA * ScaleOf(spec.quality);
     }
     if (context.codec_id == AV_CODEC_ID_FFV1) {
-        // Told slices give the same bytes with any number of threads.
+        // A fixed number of slices gives the same bytes with any number of threads.
         constexpr int leastSide = 64;
         context.level = 3;
         context.slices = std::min(spec.width, spec.height) < leastSide ? 1 : 4;
@@ -101,7 +101,7 @@ void SetUp(AVCodecContext& context, const Recipe& recipe, const AviEncoderSpec& 
     }
     if (context.codec_id == AV_CODEC_ID_PNG)
         av_opt_set(context.priv_data, "pred", "paeth", 0);
-    // More of them cost time and gain nothing.
+    // Further iterations cost time and gain nothing.
     if (context.codec_id == AV_CODEC_ID_CINEPAK)
         av_opt_set_int(context.priv_data, "max_extra_cb_iterations", 0, 0);
 }
@@ -115,7 +115,7 @@ std::string ErrorText(int error)
 
 class Encoder final : public cAviEncoder {
 public:
-    // Gives the reason when it cannot be used, else an empty text.
+    // Returns the reason for a failure, or an empty text.
     std::string Open(const Recipe& recipe, const AviEncoderSpec& spec)
     {
         const AVCodec* codec = EncoderOf(recipe.codec.name);
@@ -200,7 +200,7 @@ class InstalledCodecs final : public cAviCodecs {
 public:
     InstalledCodecs()
     {
-        // What goes wrong is told by the program.
+        // The program itself reports errors.
         av_log_set_level(AV_LOG_QUIET);
         for (const Recipe& recipe : recipes)
             if (EncoderOf(recipe.codec.name) != nullptr)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The image library that is written out for BASIC programs: reads a picture file into a 24-bit bitmap in memory.
+// The image library written out for BASIC programs: reads a picture file into a 24-bit bitmap in memory.
 //
-// It is a 32-bit library for the system that such programs run on, without a C runtime of its own. Names of files come
-// in the system's ANSI code page.
+// It is a 32-bit library for Windows, without a C runtime of its own. File names are in the system's ANSI code page.
 #include <windows.h>
 
 #include <gdiplus.h>
@@ -20,7 +19,7 @@ struct Size {
     INT height;
 };
 
-// A drawing has no pixels of its own; it gets as many as it covers on a usual screen.
+// A drawing has no pixels of its own; it gets as many as it would cover at 96 dots per inch.
 Size SizeOf(Gdiplus::GpImage* image)
 {
     UINT width = 0;
@@ -68,7 +67,7 @@ HBITMAP BitmapOf(Gdiplus::GpImage* image, HWND window)
     info.bmiHeader.biBitCount = 24;
     info.bmiHeader.biCompression = BI_RGB;
 
-    // A handle that is no window must not keep the picture from a program.
+    // An invalid window handle must not make the call fail.
     HWND owner = IsWindow(window) ? window : nullptr;
     HDC display = GetDC(owner);
     HDC memory = CreateCompatibleDC(display);
@@ -106,7 +105,7 @@ HBITMAP BitmapOfFile(const WCHAR* name, HWND window)
     return bitmap;
 }
 
-// The width and height of a bitmap, or of nothing.
+// The width and height of a bitmap; zero for an invalid handle.
 Size SizeOf(HBITMAP handle)
 {
     BITMAP bitmap = {};
@@ -119,7 +118,7 @@ Size SizeOf(HBITMAP handle)
 
 extern "C" {
 
-// A 24-bit bitmap in memory with the picture of the file; 0 when it cannot be read. Its owner lets go of it with
+// A 24-bit bitmap in memory with the picture of the file; 0 when it cannot be read. The caller releases it with
 // DeleteObject or, once it has been loaded, with unloadbmp.
 ULONG WINAPI LoadImageFile(HWND window, const char* fileName)
 {

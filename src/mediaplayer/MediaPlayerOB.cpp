@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The library's one function.
+// The plugin's only function.
 #include "mediaplayer/cFilmDevice.h"
 #include "mediaplayer/cMidiDevice.h"
 

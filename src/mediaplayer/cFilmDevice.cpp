@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plays a film or a sound. Time is that of the clock, with or without a sound device.
+// Plays a film or a sound by the clock, with or without a sound device.
 #include "mediaplayer/cFilmDevice.h"
 
 #include <QFileInfo>
@@ -14,9 +14,9 @@ namespace ob {
 
 namespace {
 
-constexpr int TickLength = 10;                     // milliseconds between two looks for a due picture
-constexpr qint64 LatestSound = 200;                // milliseconds; sound that is later than this is skipped
-constexpr qint64 Aftermath = 300;                  // milliseconds behind the end, for the sound device's last piece
+constexpr int TickLength = 10;                     // milliseconds between two checks for a due picture
+constexpr qint64 LatestSound = 200;                // milliseconds; sound later than this is skipped
+constexpr qint64 Aftermath = 300;                  // milliseconds after the end, for the sound device's last piece
 constexpr std::chrono::milliseconds Patience(200); // for the first picture and sound
 constexpr std::chrono::milliseconds Farewell(500);
 
@@ -34,7 +34,7 @@ struct cFilmDevice::Reading {
             while (queue->WaitForRoom() && file->Step(*queue) == FilmStep::More) {
             }
         } catch (const std::bad_alloc&) {
-            // A film that is too large for this machine ends here.
+            // A film too large for the available memory ends here.
         }
         queue->SetEnd(file->EndOfRead());
         done.set_value();
@@ -89,13 +89,13 @@ bool cFilmDevice::OpenFile(MediaKind kind)
 
 void cFilmDevice::StartReading()
 {
-    // With nothing to show or to be heard there is only the time to be kept.
+    // With neither pictures nor audible sound, only the time has to be kept.
     if (!content.hasPictures && !content.hasSound)
         return;
     try {
         thread = std::thread([shared = reading] { shared->Run(); });
     } catch (const std::system_error&) {
-        // So there is where no thread can be had.
+        // Without a thread, the device only keeps the time.
     }
 }
 
@@ -104,7 +104,7 @@ qint64 cFilmDevice::Length() const
     return length;
 }
 
-// What is heard and seen at this moment, in milliseconds from the start.
+// The time of the current sound and picture, in milliseconds from the start.
 qint64 cFilmDevice::Now() const
 {
     if (!clock.isValid())

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plays a film or a sound: one thread decodes, the event loop shows, the sound device fetches.
+// Plays a film or a sound: one thread decodes, the event loop shows, the sound device reads.
 #pragma once
 
 #include "mediaplayer/cFilmQueue.h"
@@ -24,7 +24,7 @@ public:
     void Play() override;
 
 private:
-    // What the decoding thread works on. It owns this too, because it may hang on a disk that does not answer.
+    // The state of the decoding thread, which shares its ownership because it may hang on a disk that does not answer.
     struct Reading;
 
     cFilmDevice(const QString& path, std::unique_ptr<cSoundOutput> output);
@@ -36,16 +36,16 @@ private:
     const QString path;
     std::unique_ptr<cSoundOutput> sound; // null without a sound device
     std::shared_ptr<Reading> reading;
-    // Of the file, which belongs to the thread once that runs.
+    // Read from the file, which belongs to the thread once that runs.
     qint64 length = 0; // milliseconds
     QSize shownSize;
-    bool isSilent = false; // has sound, and there is no device
+    bool isSilent = false; // the file has sound, but there is no device
     cFilmQueue::Content content;
     std::thread thread;
     QElapsedTimer clock;
     QTimer timer;
     std::unique_ptr<cFilmScreen> screen; // null for a file without pictures
-    bool isClosed = false;               // the window, by the user
+    bool isClosed = false;               // the user has closed the window
 };
 
 } // namespace ob

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reading and decoding of films. What a file claims is not believed: sizes and rates have bounds.
+// Reading and decoding of films. The file's own claims are not trusted: sizes and rates have bounds.
 #include "mediaplayer/cFilmFile.h"
 
 extern "C" {
@@ -24,8 +24,8 @@ constexpr int LowestRate = 1'000;
 constexpr int HighestRate = 768'000;
 constexpr AVRational Microseconds{1, 1'000'000};
 
-// The containers that media files come in. Lists that name other files, and those that lead into the network, are not
-// among them.
+// The container formats of media files. Playlists that name other files, and formats that access the network, are
+// excluded.
 constexpr char Containers[] = "avi,mpeg,mpegvideo,mpegts,mp3,mp2,aac,ac3,wav,w64,aiff,au,ogg,flac,mov,matroska,asf,m4v";
 
 struct Release {
@@ -62,7 +62,7 @@ Owned<AVFormatContext> OpenContainer(const QString& path, const std::atomic<bool
     return avformat_find_stream_info(context, nullptr) < 0 ? nullptr : std::move(container);
 }
 
-// A picture whose lines and end have room behind them, as the library's fast paths write in large steps.
+// A picture with padding after its lines and its end, as the library's fast paths write in large steps.
 QImage RoomyPicture(int width, int height)
 {
     constexpr qsizetype alignment = 64;
@@ -71,7 +71,7 @@ QImage RoomyPicture(int width, int height)
     return bytes == nullptr ? QImage() : QImage(bytes, width, height, stride, QImage::Format_RGB32, av_free, bytes);
 }
 
-// One stream of the file with its decoder; empty where the file has none that can be decoded.
+// One stream of the file with its decoder; empty when the file has none that can be decoded.
 struct Stream {
     AVStream* stream = nullptr;
     Owned<AVCodecContext> decoder;
@@ -84,7 +84,7 @@ bool IsPlayable(const AVStream& stream)
     const AVCodecParameters& codec = *stream.codecpar;
     if (codec.codec_type == AVMEDIA_TYPE_AUDIO)
         return codec.sample_rate >= LowestRate && codec.sample_rate <= HighestRate && codec.ch_layout.nb_channels > 0;
-    // A cover that a song brings along is no film.
+    // The cover of a song is not a film.
     return codec.width > 0 && codec.height > 0 && (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) == 0 &&
            qint64{codec.width} * codec.height <= MaximumPixels;
 }
@@ -101,7 +101,7 @@ Stream OpenStream(AVFormatContext& container, AVMediaType type)
         return {};
     decoder->pkt_timebase = opened.stream->time_base;
     decoder->max_pixels = MaximumPixels;
-    decoder->thread_count = 0; // as many as the machine has
+    decoder->thread_count = 0; // one per processor
     if (avcodec_open2(decoder, codec, nullptr) < 0)
         return {};
     return opened;
@@ -113,12 +113,12 @@ struct cFilmFile::Parts {
     Owned<AVFormatContext> container;
     Stream pictures;
     Stream sound;
-    FilmWish wish;
+    FilmRequest request;
     Owned<AVPacket> packet{av_packet_alloc()};
     Owned<AVFrame> frame{av_frame_alloc()};
     Owned<SwsContext> scaler;
     Owned<SwrContext> resampler;
-    int resampledRate = 0; // what the resampler was made for
+    int resampledRate = 0; // the resampler's current input
     int resampledFormat = -1;
     AVChannelLayout resampledLayout = {};
     std::vector<float> stereo;
@@ -162,7 +162,7 @@ void cFilmFile::Parts::GivePicture(cFilmTaker& taker)
     taker.TakePicture(std::move(picture), stamp == AV_NOPTS_VALUE ? end : TimeOf(stamp, *pictures.stream));
 }
 
-// A stream may change its form on the way.
+// A stream may change its format midway.
 bool cFilmFile::Parts::MakeResampler()
 {
     if (resampler != nullptr && resampledRate == frame->sample_rate && resampledFormat == frame->format &&
@@ -173,7 +173,7 @@ bool cFilmFile::Parts::MakeResampler()
         return false;
     AVChannelLayout stereoLayout = AV_CHANNEL_LAYOUT_STEREO;
     SwrContext* made = nullptr;
-    swr_alloc_set_opts2(&made, &stereoLayout, AV_SAMPLE_FMT_FLT, wish.soundRate, &frame->ch_layout,
+    swr_alloc_set_opts2(&made, &stereoLayout, AV_SAMPLE_FMT_FLT, request.soundRate, &frame->ch_layout,
                         static_cast<AVSampleFormat>(frame->format), frame->sample_rate, 0, nullptr);
     resampler.reset(made);
     if (made == nullptr || swr_init(made) < 0) {
@@ -204,7 +204,7 @@ void cFilmFile::Parts::GiveSound(cFilmTaker& taker)
                     stamp == AV_NOPTS_VALUE ? end : TimeOf(stamp, *sound.stream));
 }
 
-// Without a packet the decoder gives what it still holds.
+// Without a packet, the decoder is drained.
 void cFilmFile::Parts::Decode(const Stream& stream, const AVPacket* from, cFilmTaker& taker)
 {
     if (avcodec_send_packet(stream.decoder.get(), from) < 0 && from != nullptr)
@@ -222,17 +222,18 @@ cFilmFile::cFilmFile() : parts(std::make_unique<Parts>()) {}
 
 cFilmFile::~cFilmFile() = default;
 
-std::unique_ptr<cFilmFile> cFilmFile::Open(const QString& path, const FilmWish& wish, const std::atomic<bool>& stop)
+std::unique_ptr<cFilmFile> cFilmFile::Open(const QString& path, const FilmRequest& request,
+                                           const std::atomic<bool>& stop)
 {
     av_log_set_level(AV_LOG_QUIET);
     auto film = std::make_unique<cFilmFile>();
     Parts& parts = *film->parts;
-    parts.wish = wish;
+    parts.request = request;
     parts.container = OpenContainer(path, stop);
     if (parts.container == nullptr || parts.packet == nullptr || parts.frame == nullptr)
         return nullptr;
     parts.sound = OpenStream(*parts.container, AVMEDIA_TYPE_AUDIO);
-    if (wish.pictures)
+    if (request.pictures)
         parts.pictures = OpenStream(*parts.container, AVMEDIA_TYPE_VIDEO);
     if (!parts.sound && !parts.pictures)
         return nullptr;
@@ -256,7 +257,7 @@ bool cFilmFile::GivesPictures() const
 
 bool cFilmFile::GivesSound() const
 {
-    return parts->sound && parts->wish.soundRate > 0;
+    return parts->sound && parts->request.soundRate > 0;
 }
 
 bool cFilmFile::HasSound() const
@@ -271,7 +272,7 @@ QSize cFilmFile::ShownSize() const
     const AVCodecParameters& codec = *parts->pictures.stream->codecpar;
     const AVRational pixel = av_guess_sample_aspect_ratio(parts->container.get(), parts->pictures.stream, nullptr);
     const double ratio = pixel.num > 0 && pixel.den > 0 ? av_q2d(pixel) : 1;
-    // Nothing real is drawn out further than this.
+    // No real film has a more extreme ratio.
     constexpr double widest = 8;
     const double width = codec.width * std::clamp(ratio, 1 / widest, widest);
     return {std::max(1, static_cast<int>(std::lround(width))), codec.height};

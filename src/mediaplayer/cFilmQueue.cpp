@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What has been decoded and is not yet due.
+// Decoded pictures and sound that are not yet due.
 #include "mediaplayer/cFilmQueue.h"
 
 #include <algorithm>
@@ -11,11 +11,11 @@ namespace {
 
 constexpr qint64 Second = 1'000'000; // microseconds
 
-// Enough to play on while the disk has a rest.
+// Enough to play on while the disk pauses.
 constexpr std::size_t EnoughPictures = 4;
 constexpr double EnoughSound = 0.5; // seconds
 
-// A file may give one of them long before the other; beyond this it has to wait all the same.
+// A file may contain one kind long before the other; beyond this limit the decoder has to wait all the same.
 constexpr qint64 MostPictureBytes = qint64{256} << 20;
 constexpr std::size_t MostPictures = 100;
 constexpr double MostSound = 30; // seconds
@@ -24,7 +24,7 @@ constexpr qint64 LongestLead = 10 * Second; // of silence before the sound begin
 
 } // namespace
 
-cFilmQueue::cFilmQueue(const Content& whatComes) : content(whatComes) {}
+cFilmQueue::cFilmQueue(const Content& expected) : content(expected) {}
 
 void cFilmQueue::TakePicture(QImage picture, qint64 time)
 {
@@ -92,7 +92,7 @@ std::optional<QImage> cFilmQueue::PictureAt(qint64 time)
 void cFilmQueue::DropSound(std::size_t samples)
 {
     soundPlace += std::min(samples, sound.size() - soundPlace);
-    // What has been heard is thrown away now and then, so that each sample is moved about once.
+    // Played sound is erased only now and then, so that each sample is moved about once.
     if (soundPlace > sound.size() / 2) {
         sound.erase(sound.begin(), sound.begin() + static_cast<std::ptrdiff_t>(soundPlace));
         soundPlace = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where a film is seen, as the player knows it.
+// The interface through which the player shows a film.
 #pragma once
 
 #include <QImage>
@@ -21,8 +21,8 @@ public:
     virtual void ShowPicture(const QImage& next) = 0;
 };
 
-// Opens one as large as the film, or as much of the screen as a film may take, beside the window that asked for it.
-// When the user closes it, `closed` is called; it stays until it is let go.
+// Opens a screen as large as the film, or as much of the display as a film may take, next to the window that requested
+// it. When the user closes it, `closed` is called; the object stays until it is released.
 std::unique_ptr<cFilmScreen> OpenFilmScreen(const QString& title, QSize filmSize, std::function<void()> closed);
 
 } // namespace ob

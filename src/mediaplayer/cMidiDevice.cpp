@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plays a song of a MIDI file. The times are our reader's; FluidSynth gets each message when it is due.
+// Plays a song of a MIDI file. Our reader supplies the times; FluidSynth gets each message when it is due.
 #include "mediaplayer/cMidiDevice.h"
 
 #include <QDir>
@@ -16,7 +16,7 @@ namespace ob {
 
 namespace {
 
-constexpr double Gain = 0.6; // a song with many voices still stays below the loudest
+constexpr double Gain = 0.6; // keeps a song with many voices from clipping
 
 struct Release {
     void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
@@ -87,7 +87,7 @@ public:
     }
 
 private:
-    // Sends what is due and tells how far it is to what comes next.
+    // Sends the events that are due and returns the distance to the next one.
     qsizetype FramesToNextEvent()
     {
         for (; next < song.events.size(); ++next) {
@@ -134,9 +134,9 @@ private:
 
     const QByteArray bytes;
     const MidiSong song;
-    const int rate; // frames a second
+    const int rate; // frames per second
     std::unique_ptr<fluid_settings_t, Release> settings;
-    std::unique_ptr<fluid_synth_t, Release> synth; // goes before its settings
+    std::unique_ptr<fluid_synth_t, Release> synth; // destroyed before its settings
     std::mutex mutex;
     std::size_t next = 0;
     qsizetype framesDone = 0;
@@ -147,7 +147,7 @@ OpenedMedia cMidiDevice::Open(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    // One byte more than is allowed, so that a larger file is refused and not cut.
+    // One byte beyond the limit, so that a larger file is rejected instead of truncated.
     const QByteArray bytes = file.read(MaximumMidiSize + 1);
     std::optional<MidiSong> song = ReadMidi(bytes);
     if (!song)

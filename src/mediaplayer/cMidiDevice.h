@@ -28,12 +28,12 @@ private:
 
     const qint64 length;                 // milliseconds
     std::unique_ptr<cMidiSynth> synth;   // null without a sound device
-    std::unique_ptr<cSoundOutput> sound; // goes before the synthesizer that it fetches from
+    std::unique_ptr<cSoundOutput> sound; // destroyed before the synthesizer that it reads from
     QElapsedTimer clock;
 };
 
-// The system's sound font: one of the usual names in the usual folders for data, or else the first one there; empty
-// when there is none.
+// The system's sound font: one of the usual names in the standard data folders, or else the first one found there;
+// empty when there is none.
 QString FindSoundFont();
 
 } // namespace ob

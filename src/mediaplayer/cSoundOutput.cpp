@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The sound device, by Qt Multimedia.
+// The sound device, through Qt Multimedia.
 #include "mediaplayer/cSoundOutput.h"
 
 #include <QAudioDevice>
@@ -21,15 +21,15 @@ namespace {
 
 constexpr int Channels = 2;
 
-// Since a sink was closed last.
+// Running since the last sink was closed.
 QElapsedTimer& SinceClosing()
 {
     static QElapsedTimer timer;
     return timer;
 }
 
-// Closing a sink asks the sound server for something, and the toolkit's end crashes now and then when it overtakes the
-// server's answer.
+// Closing a sink sends a request to the sound server; Qt's shutdown occasionally crashes when it overtakes the server's
+// reply.
 void WaitForTheServer()
 {
     constexpr qint64 needed = 150; // milliseconds
@@ -74,7 +74,7 @@ cSoundOutput::cSoundOutput(const QAudioDevice& device, const QAudioFormat& outpu
 
 cSoundOutput::~cSoundOutput()
 {
-    // A sink that goes while it plays can still be asked for sound.
+    // A sink that is destroyed while playing can still request sound.
     sink->stop();
     sink.reset();
     SinceClosing().start();
@@ -122,7 +122,7 @@ qint64 cSoundOutput::writeData(const char*, qint64)
     return -1;
 }
 
-// There is always more: silence, when nothing else.
+// There is always more: silence, if nothing else.
 qint64 cSoundOutput::bytesAvailable() const
 {
     return format.bytesForDuration(1'000'000);

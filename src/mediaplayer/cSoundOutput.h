@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The sound device: it fetches what it plays from a source.
+// The sound device: it reads what it plays from a source.
 #pragma once
 
 #include <QAudioFormat>
@@ -20,21 +20,21 @@ public:
     cSoundSource& operator=(const cSoundSource&) = delete;
     virtual ~cSoundSource() = default;
 
-    // Fills pairs of left and right, each from -1 to 1; silence where there is nothing. Called from any thread.
+    // Fills pairs of left and right samples, each from -1 to 1; silence where there is nothing. Called from any thread.
     virtual void Render(float* stereo, qsizetype frames) = 0;
 };
 
 class cSoundOutput final : private QIODevice {
 public:
-    // Null when the system has no sound device, or none that takes what we give.
+    // Null when the system has no sound device, or none with a format we support.
     static std::unique_ptr<cSoundOutput> Make();
 
     cSoundOutput(const QAudioDevice& device, const QAudioFormat& format);
     ~cSoundOutput() override;
 
-    int Rate() const; // frames a second
+    int Rate() const; // frames per second
 
-    // How much later it is heard than it is fetched, in milliseconds.
+    // The delay between reading a sample and hearing it, in milliseconds.
     static constexpr int Delay = 100;
 
     // The source must outlive this object.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window in which a film is seen: black, with the picture in its right shape.
+// The window that shows a film: black, with the picture in its proper aspect ratio.
 #include "mediaplayer/frmVideo.h"
 
 #include <QApplication>
@@ -12,7 +12,7 @@ namespace ob {
 
 namespace {
 
-constexpr double LargestPart = 0.75; // of the screen
+constexpr double LargestPart = 0.75; // of the display
 constexpr QSize SmallestWindow(160, 120);
 
 } // namespace
@@ -24,7 +24,7 @@ frmVideo::frmVideo(const QString& title, QSize size, std::function<void()> whenC
     setWindowTitle(title);
     setAccessibleName(title);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    // Neither does it take the keys from the window with the buttons, nor does it keep the program alive.
+    // The window must not take the keyboard from the window with the buttons, nor keep the program alive.
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setMinimumSize(SmallestWindow / 2);

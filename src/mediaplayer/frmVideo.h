@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window in which a film is seen.
+// The window that shows a film.
 #pragma once
 
 #include "mediaplayer/cFilmScreen.h"
