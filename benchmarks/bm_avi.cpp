@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// 60 pictures of 1920 x 1080 with 24 bits become an uncompressed video: our writer, and beside it ffmpeg from the same
-// files in the same folder. "ffmpeg" is its time in seconds, "share" ours as a part of it; both are the least of the
+// 60 pictures of 1920 x 1080 with 24 bits become an uncompressed video, written by us and by ffmpeg from the same files
+// in the same folder. "ffmpeg" is its time in seconds, "share" ours as a fraction of it; both are the minima of the
 // rounds, which alternate. Without an ffmpeg program both are missing.
 #include "imagetools/avi/modAvi.h"
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-// A form file of that many controls, named and with tool tips as a user's are.
+// A form file with that many controls, each with a name and a tool tip, as users write them.
 QByteArray FormFile(int64_t controlCount)
 {
     QByteArray file = "defaults|Black|Lightgray|White|White|White|White|True|True|True|1|True\r\n"

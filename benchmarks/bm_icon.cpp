@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Icons out of programs. The time that counts is that of a wait: from a path to the icon's pixels.
+// Extraction of icons from programs. The measured time is the user's wait: from a path to the icon's pixels.
 #include "../tests/imagetools/icons/IconBytes.h"
 #include "imagetools/icons/modIconFile.h"
 
@@ -21,7 +21,7 @@ QList<QList<icons::Entry>> Icons(int count)
     return result;
 }
 
-// A program of that size; its icons stand in front of what else it holds.
+// A program of that size; its icons precede everything else in it.
 QString ProgramOf(const QTemporaryDir& folder, int iconCount, qsizetype size)
 {
     QFile file(folder.filePath(QStringLiteral("program.exe")));

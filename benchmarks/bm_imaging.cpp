@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The imaging library on pictures of 1920 x 1080, each operation beside the plain loops of the tests in the same run:
-// "plain" is their time in milliseconds, "times" how often ours fits into it. The last ones grow to 100 megapixels.
+// The imaging library on pictures of 1920 x 1080, each operation next to the tests' plain loops in the same run:
+// "plain" is their time in milliseconds, "times" the speed-up. The last cases grow to 100 megapixels.
 #include "../tests/imaging/PlainImaging.h"
 #include "imaging/cColourReduceDIB.h"
 #include "imaging/cDIBSectionSave.h"
@@ -26,7 +26,7 @@ const plain::Picture& Start(plain::Kind kind)
     return picture;
 }
 
-// Of the processor: everything here runs on one thread, and other programs may be running.
+// Processor time: everything here runs on one thread, and other programs may be running.
 double SecondsOf(const std::function<void()>& work)
 {
     const std::clock_t start = std::clock();
@@ -42,10 +42,10 @@ ob::cDIBSection Copy(const ob::cDIBSection& section)
     return copy;
 }
 
-// Times work on fresh copies of a picture, and the plain loops once.
+// Measures on fresh copies of a picture, and the plain loops once.
 void Measure(benchmark::State& state, const plain::Picture& start,
              const std::function<void(ob::cDIBSection& source, ob::cDIBSection& target)>& ours,
-             const std::function<void(plain::Picture& source, plain::Picture& target)>& told)
+             const std::function<void(plain::Picture& source, plain::Picture& target)>& plainLoops)
 {
     const ob::cDIBSection original = plain::SectionOf(start);
     ob::cDIBSection target = Copy(original);
@@ -58,11 +58,11 @@ void Measure(benchmark::State& state, const plain::Picture& start,
         state.SetIterationTime(seconds);
         benchmark::DoNotOptimize(target.DIBSectionBitsPtr());
     }
-    if (!told)
+    if (!plainLoops)
         return;
     plain::Picture source = start;
-    plain::Picture toldTarget(start.width, start.height);
-    const double plainSeconds = SecondsOf([&] { told(source, toldTarget); });
+    plain::Picture plainTarget(start.width, start.height);
+    const double plainSeconds = SecondsOf([&] { plainLoops(source, plainTarget); });
     state.counters["plain"] = plainSeconds * 1000;
     state.counters["times"] = plainSeconds / least;
 }
@@ -145,7 +145,7 @@ void Resample(benchmark::State& state, int newHeight, int newWidth)
         });
 }
 
-// A disk that costs one copy of the bytes.
+// A disk whose cost is one copy of the bytes.
 ob::FileWriter CopyingWriter(std::vector<std::uint8_t>& file)
 {
     return [&file](const std::string&, std::span<const ob::ByteView> pieces) -> ob::WriteResult {
@@ -169,7 +169,7 @@ void Save(benchmark::State& state, plain::Kind kind, ob::SaveBitDepth depth, ob:
             {});
 }
 
-// What a plain copy of the same bytes costs.
+// The cost of a plain copy of the same bytes.
 void MemoryCopy(benchmark::State& state)
 {
     const plain::Picture& start = Start(plain::Kind::Photograph);
@@ -198,7 +198,7 @@ void Open(benchmark::State& state, ob::SaveBitDepth depth)
     }
 }
 
-// Everything that an 8-bit save with its own palette does, on pictures of that many megapixels.
+// All the work of an 8-bit save with its own palette, on pictures of that many megapixels.
 void AutomaticSaveOfMegapixels(benchmark::State& state)
 {
     const auto side = static_cast<std::int32_t>(std::sqrt(static_cast<double>(state.range(0)) * 1e6));

@@ -14,7 +14,7 @@ QByteArray Program()
     static const QByteArray text = [] {
         QByteArray lines;
         for (int line = 0; line < lineCount; ++line) {
-            // Labels in an order of their own, as in a program that has grown.
+            // The labels are out of alphabetical order, as in a program that has grown.
             const QByteArray name = QByteArray::number((line * 7919LL) % lineCount);
             if (line % linesOfOneLabel != 0)
                 lines += "    total = total + price(index) * 2 'line " + name + "\r\n";

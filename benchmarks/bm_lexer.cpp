@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Measures the lexer over made-up programs, and at the line shapes that could be slow.
+// The lexer on synthetic programs, and on the line shapes that could be slow.
 #include "../tests/scilexer/BasicSource.h"
 #include "scilexer/modLexer.h"
 

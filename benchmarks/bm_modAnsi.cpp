@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// ANSI text to UTF-8 and back, in bytes of input a second.
+// ANSI text to UTF-8 and back, in bytes of input per second.
 #include "platform/language/modAnsi.h"
 
 #include <benchmark/benchmark.h>
@@ -24,7 +24,7 @@ QByteArray AsciiText(qsizetype size)
     return Repeated("for index = 1 to 100: print \"line \"; index, index * 2 + 1: next index ' a remark\r\n", size);
 }
 
-// About one character in ten beyond ASCII, as in remarks of a western language.
+// About one character in ten is beyond ASCII, as in remarks of a western language.
 QByteArray MixedText(qsizetype size)
 {
     return Repeated("print \"gr\xFC\xDF"
@@ -36,7 +36,7 @@ QByteArray MixedText(qsizetype size)
                     size);
 }
 
-// Every byte above 7F.
+// Every byte is above 7F.
 QByteArray HighText(qsizetype size)
 {
     QByteArray bytes;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Zip archives of large files, beside Info-ZIP's program on the same files. Memory is the process's peak, so the cases
-// run from small to large.
+// Zip archives of large files, next to Info-ZIP's program on the same files. Memory is the peak of the process, so the
+// cases run from small to large.
 #include "engine/package/CGZipFiles.h"
 
 #include <QDir>
@@ -26,7 +26,7 @@ const QString& Folder()
     return path;
 }
 
-// A file of that many megabytes in the folder; made on its first use.
+// A file of that many megabytes in the folder; created on first use.
 QString NoiseFile(qint64 megabytes)
 {
     const QString path = Folder() + QStringLiteral("/noise%1.bin").arg(megabytes);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Measures the edit control on a program of a million lines, beside Scintilla without a lexer.
+// The edit control on a program of a million lines, next to Scintilla without a lexer.
 #include "../tests/scilexer/BasicSource.h"
 #include "scilexer/QsciBase.h"
 #include "scilexer/SciLexerOB_Api.h"
@@ -23,7 +23,7 @@ const std::string& Program()
     return text;
 }
 
-// QScintilla's control as it comes, behind the same door as ours.
+// QScintilla's control, unmodified, behind the same interface as ours.
 class BareControl final : public QsciScintillaBase, public ob::cSciControl {
 public:
     using QsciScintillaBase::QsciScintillaBase;
@@ -53,7 +53,7 @@ ob::SciLexerOB_Window MakeOwn(QWidget* parent)
     return made;
 }
 
-// A shown control, painted once while it is empty.
+// A control that is shown and painted once while it is empty.
 struct Window {
     explicit Window(ob::SciLexerOB_CreateFunction* make)
     {
@@ -63,7 +63,7 @@ struct Window {
         frame.resize(900, 700);
         control->setGeometry(0, 0, 900, 700);
         frame.show();
-        // Before the window system has shown it, nothing is painted.
+        // Nothing is painted before the window system has exposed it.
         QApplication::processEvents();
         Paint();
     }
@@ -101,8 +101,8 @@ BENCHMARK_CAPTURE(LoadAndFirstPaint, own, MakeOwn)->Unit(benchmark::kMillisecond
 
 enum class Styled { AsSeen, Whole };
 
-// One letter in the midst of the program, until it is on the screen; every second time it is taken back.
-// `start` is typed before, unmeasured.
+// One character typed in the middle of the program, until it is painted; every second time it is undone. `start` is
+// typed first, unmeasured.
 void TypeInTheMiddle(benchmark::State& state, ob::SciLexerOB_CreateFunction* make, Styled styled, const char* start)
 {
     Window window(make);
@@ -112,7 +112,7 @@ void TypeInTheMiddle(benchmark::State& state, ob::SciLexerOB_CreateFunction* mak
     ob::SendSci(window.sci, ob::SCI_GOTOLINE, LineCount / 2);
     ob::SendSci(window.sci, ob::SCI_REPLACESEL, 0, start);
     window.Paint();
-    // The background work of the jump to the middle is not the key's.
+    // The background work after the jump to the middle is not part of the key's cost.
     for (int turn = 0; turn < 1000; ++turn)
         QApplication::processEvents();
     bool isBack = false;
@@ -141,7 +141,7 @@ void StyleTheWholeText(benchmark::State& state)
 }
 BENCHMARK(StyleTheWholeText)->Unit(benchmark::kMillisecond);
 
-// From the first screen to the last line, which no look has been at before; its colours may come later.
+// From the first screen to the last line, which has not been shown before; its colours may come later.
 void GoToTheEnd(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -163,7 +163,7 @@ BENCHMARK(GoToTheEnd)->Unit(benchmark::kMillisecond)->Iterations(3);
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
-    // Measured without a screen unless one is asked for.
+    // Measured without a display unless one is requested.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);

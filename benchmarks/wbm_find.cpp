@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Replace All of 100,000 matches in 20 MB, from the answer of the question until the text is painted, and the search
-// through a text that holds no match.
+// Replace All of 100,000 matches in 20 MB, from the answer to the question until the text is painted, and the search
+// through a text without a match.
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
 #include "editor/frmDocument.h"
@@ -24,7 +24,7 @@ namespace {
 constexpr int LineCount = 100'000;
 constexpr int LineBytes = 200;
 
-// Says no to every question.
+// Answers every question with No.
 class NoDialogs final : public ob::cDialogs {
 public:
     ob::BoxAnswer Message(const ob::MessageSpec& spec) override
@@ -38,7 +38,7 @@ public:
     std::optional<ob::FontSpec> Font(const ob::FontSpec&) override { return std::nullopt; }
 };
 
-// Lines of a program, each with the word in its midst.
+// Lines of a program, each with the word in the middle.
 QByteArray Program(const QByteArray& word)
 {
     const QByteArray code = "    print \"row \"; row; \" of \"; rows : " + word + "(row) = price(row) * (1 + tax) ";
@@ -129,7 +129,7 @@ BENCHMARK_CAPTURE(FindNothing, beyond_ascii, 0, "tomätchen")->UseRealTime()->Un
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
-    // Measured without a screen unless one is asked for.
+    // Measured without a display unless one is requested.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Opening the preferences, from the menu item to the painted window, with a comments file of usual size.
+// Opening the preferences, from the menu item to the painted window, with a comments file of typical size.
 #include "editor/document/modUserTexts.h"
 #include "platform/files/modPaths.h"
 #include "shell/bench/frmOptions.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Printing 10,000 lines: in colour and plain, to a PDF and to a printer's pages. One round is one whole print.
+// Printing 10,000 lines: in colour and plain, to a PDF and to a printer's pages. One round is one complete print.
 #include "../tests/scilexer/BasicSource.h"
 #include "editor/document/cDocument.h"
 #include "editor/document/modStyling.h"
@@ -42,7 +42,7 @@ public:
     int pages = 1;
 };
 
-// The printer's pages end in a file, as there need not be a printer.
+// The printer's pages go to a file, as there need not be a printer.
 std::unique_ptr<ob::cPrintJob> StartJob(Target target, const QString& path)
 {
     if (target == Target::Pdf)

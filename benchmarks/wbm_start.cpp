@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From process start to the painted main window, empty store: the program itself, run with --grab, which ends after
-// the first paint. The picture's encoding is part of the time, so the figure is an upper bound.
+// From process start to the painted main window with an empty store: the program itself, run with --grab, which ends
+// after the first paint. The time includes encoding the picture, so the figure is an upper bound.
 #include <benchmark/benchmark.h>
 
 #include <QByteArray>

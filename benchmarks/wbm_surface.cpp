@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A form of 2,000 controls in the bench: opening it from its file, and one step of dragging a control, painted.
+// A form of 2,000 controls in the program: opening it from its file, and one step of dragging a control, with painting.
 #include "guibuilder/frmSurface.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGuiCommands.h"
@@ -22,7 +22,7 @@ namespace {
 constexpr int controlCount = 2000;
 QString formPath;
 
-// Kinds in turn, in rows over a window of 1,000 by 800 pixels, so that they overlap as little as they can.
+// All kinds in turn, in rows over a window of 1,000 by 800 pixels, so that they overlap as little as possible.
 QByteArray LargeForm()
 {
     ob::GuiForm form;
@@ -57,7 +57,7 @@ void Send(QWidget& surface, QEvent::Type type, QPoint at, Qt::MouseButton button
     QApplication::sendEvent(&surface, &event);
 }
 
-// The pointer goes to and fro by one snap; each step moves the control and paints what that uncovers.
+// The pointer moves to and fro by one snap; each step moves the control and paints what that uncovers.
 void DragStep(benchmark::State& state)
 {
     ob::LoadGuiForm(formPath);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Measures what painting a form of 2,000 controls costs: whole, one step of a drag, and each kind by itself.
+// The cost of painting a form of 2,000 controls: as a whole, for one step of a drag, and for each kind alone.
 #include "guibuilder/frmSurfacePaint.h"
 #include "guibuilder/modDesigner.h"
 
@@ -16,7 +16,7 @@ constexpr int SurfaceWidth = 1000;
 constexpr int SurfaceHeight = 800;
 constexpr int Columns = 50;
 constexpr int TwipsPerPixel = 15;
-constexpr int Hundred = 100; // a screen's scale is told in hundredths
+constexpr int Hundred = 100; // a screen's scale is in hundredths
 
 ob::ControlRef Put(ob::GuiForm& form, ob::ControlKind kind, QRect place)
 {
@@ -31,7 +31,7 @@ ob::ControlRef Put(ob::GuiForm& form, ob::ControlKind kind, QRect place)
     return ref;
 }
 
-// Controls of their usual sizes, of all kinds in turn, lying over one another as 2,000 must on that surface.
+// Controls of typical sizes, of all kinds in turn, overlapping as 2,000 must on that surface.
 ob::GuiForm CrowdedForm()
 {
     ob::GuiForm form;
@@ -73,7 +73,7 @@ void PaintWholeForm(benchmark::State& state)
 }
 BENCHMARK(PaintWholeForm)->Arg(100)->Arg(150)->Arg(200)->Unit(benchmark::kMillisecond);
 
-// The first time after fonts or colours have changed: every text is laid out.
+// The first time after a change of fonts or colours: every text is laid out.
 void PaintWholeFormAnew(benchmark::State& state)
 {
     const ob::GuiForm form = CrowdedForm();
@@ -85,7 +85,7 @@ void PaintWholeFormAnew(benchmark::State& state)
 }
 BENCHMARK(PaintWholeFormAnew)->Unit(benchmark::kMillisecond);
 
-// A text editor in the midst of the crowd goes one snap to the right: where it was and where it is are painted.
+// A text editor in the middle of the crowd moves one snap to the right: its old and its new place are painted.
 void DragStep(benchmark::State& state)
 {
     ob::GuiForm form = CrowdedForm();
@@ -128,7 +128,7 @@ void PaintGridWhole(benchmark::State& state)
 }
 BENCHMARK(PaintGridWhole)->Arg(100)->Arg(200)->Unit(benchmark::kMicrosecond);
 
-// What a caption costs without the style's memory, beside DrawRememberedText.
+// The cost of a caption without the style's cache, next to DrawRememberedText.
 void DrawPlainText(benchmark::State& state)
 {
     const ob::SurfaceStyle style(ob::GuiForm(), TwipsPerPixel, TwipsPerPixel);

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Settings that every target shares, and the libraries that the project asks for.
+# Settings shared by every target, and the libraries that the project requires.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -23,7 +23,7 @@ endif()
 
 add_compile_options(-Wall -Wextra -Wconversion -Wshadow)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # GCC 12 warns of overlaps in every std::string sum.
+  # GCC 12 warns of overlaps in every std::string concatenation.
   add_compile_options(-Wno-restrict)
 endif()
 if(OB_STRICT)
@@ -37,13 +37,13 @@ if(OB_LTO)
   set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
 endif()
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
-  # A library that a program does not call is not loaded when it starts.
+  # A library from which a program calls nothing is not loaded when it starts.
   add_link_options(-Wl,--as-needed -Wl,-O1)
 endif()
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
                         QT_NO_URL_CAST_FROM_STRING OB_VERSION="${PROJECT_VERSION}")
 
-# Asks for parts of Qt 6 and names the Debian package when one is missing. A macro, so that what it finds is known in
+# Finds parts of Qt 6 and names the Debian package when one is missing. A macro, so that its results are visible in
 # every folder.
 macro(ob_need_qt package)
   find_package(Qt6 6.4 QUIET COMPONENTS ${ARGN})
@@ -61,7 +61,7 @@ macro(ob_need_header variable header package)
   endif()
 endmacro()
 
-# Asks pkg-config for a library, as the target PkgConfig::VARIABLE.
+# Finds a library with pkg-config, as the target PkgConfig::VARIABLE.
 macro(ob_need_library variable library package)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(${variable} IMPORTED_TARGET QUIET ${library})

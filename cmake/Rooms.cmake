@@ -4,7 +4,7 @@ set_property(GLOBAL PROPERTY OB_ROOMS "")
 set_property(GLOBAL PROPERTY OB_CORE_PARTS "")
 set_property(GLOBAL PROPERTY OB_WINDOW_PARTS "")
 
-# What a system does in its own way is in files of its own: X_unix.cpp and X_windows.cpp.
+# Code that differs by system is in files of its own: X_unix.cpp and X_windows.cpp.
 set(OB_OTHER_SYSTEM "_windows\\.cpp$")
 if(WIN32)
   set(OB_OTHER_SYSTEM "_unix\\.cpp$")
@@ -17,8 +17,8 @@ function(ob_room_target variable folder)
   set(${variable} ob_${name} PARENT_SCOPE)
 endfunction()
 
-# The linker's word for it that a part of a room needs nothing beyond what its line names: all of the part, linked as a
-# library of its own that may leave nothing open.
+# The linker's proof that a part of a room needs nothing beyond what its line names: all of the part, linked as a shared
+# library without undefined symbols.
 function(ob_check_links part)
   if(NOT OB_TESTS OR OB_SANITIZE OR NOT CMAKE_SYSTEM_NAME STREQUAL "Linux")
     return()
@@ -103,7 +103,7 @@ function(ob_room folder)
   endif()
 endfunction()
 
-# ob_embed(PART NAME PREFIX FOLDER OPTIONS PATTERN...): files compiled into a part, below PREFIX, where there are some.
+# ob_embed(PART NAME PREFIX FOLDER OPTIONS PATTERN...): files compiled into a part under PREFIX, where there are any.
 function(ob_embed part name prefix folder options)
   set(files "")
   foreach(pattern IN LISTS ARGN)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes survive the way to UTF-8 and back, and any bytes may be taken for UTF-8.
+// Any bytes survive the conversion to UTF-8 and back, and any bytes may be given as UTF-8.
 #include "platform/language/modAnsi.h"
 
 #include <cstdlib>

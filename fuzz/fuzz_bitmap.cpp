@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes may be taken for a bitmap file or for a bitmap in memory.
+// Any bytes may be given as a bitmap file or as a bitmap in memory.
 #include "imaging/cDIB.h"
 #include "imaging/cImagingError.h"
 #include "imaging/modBitmapFile.h"
@@ -13,7 +13,7 @@ static void Require(bool holds)
         std::abort();
 }
 
-// Bytes that cannot be told from used ones would hide a read beyond the end.
+// If these bytes looked like used ones, a read beyond the end would go unnoticed.
 static unsigned SumOf(ob::ByteView bytes)
 {
     unsigned sum = 0;
@@ -24,7 +24,7 @@ static unsigned SumOf(ob::ByteView bytes)
 
 static void LookAt(const ob::cDIB& dib)
 {
-    // Sizes that only the header promises would cost the fuzzer its memory.
+    // Sizes that exist only in the header would exhaust the fuzzer's memory.
     constexpr std::int32_t most = 1 << 16;
     Require(dib.SizeImage() >= 1 && dib.SizeBitmapInfo() >= 1);
     unsigned sum = 0;
@@ -53,7 +53,7 @@ static void LookAtPicture(ob::ByteView input)
     Require(layout->width > 0 && layout->height > 0);
     Require(pictureBytes <= static_cast<std::int64_t>(ob::UncheckedPictureBytes) ||
             pictureBytes <= static_cast<std::int64_t>(input.size()) * 400);
-    // Large pictures run through the same lines, only longer.
+    // Large pictures run through the same code, only longer.
     if (pictureBytes > 1 << 17)
         return;
     const auto decoded = ob::ReadBitmap(input);

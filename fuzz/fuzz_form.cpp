@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Form files of any bytes: what can be read can be written, read and compiled, and settles after its first save.
+// Form files of any bytes: what can be read can be written, read and compiled, and is stable after its first save.
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
 #include "platform/language/cRuntimeError.h"
@@ -10,13 +10,13 @@
 
 namespace {
 
-// A menu that is full is written with one piece more than the reader takes.
+// A full menu is written with one piece more than the reader accepts.
 bool HasFullMenu(const ob::GuiForm& form)
 {
     return std::ranges::any_of(form.GuiMenuItems, [](const auto& items) { return !items.back().isEmpty(); });
 }
 
-// The file of a form that was read; every character came from the code page and so goes back to it.
+// The file of a form that was read; every character came from the code page and so can be written back.
 QByteArray Written(ob::GuiForm form)
 {
     const ob::AnsiText text = ob::AnsiFromText(ob::WriteForm(form));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes may be taken for an icon file or for a program with icons.
+// Any bytes may be given as an icon file or as a program with icons.
 #include "imagetools/icons/modIconFile.h"
 #include "platform/language/modColorNames.h"
 
@@ -36,9 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     Require(index.Count() >= 0 && static_cast<std::size_t>(index.Count()) <= size);
     Require(!index.Size(index.Count()) && !index.Extract(-1));
     for (int icon = 0; icon < index.Count() && icon < 8; ++icon) {
-        const auto told = index.Size(icon);
+        const auto stated = index.Size(icon);
         const auto image = index.Extract(icon);
-        Require(!image || *told == ob::IconImageSize{image->width, image->height, image->bits});
+        Require(!image || *stated == ob::IconImageSize{image->width, image->height, image->bits});
     }
     return 0;
 }

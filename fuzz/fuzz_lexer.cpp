@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The lexer on any bytes: a text styled line by line has the styles of the text styled whole.
+// The lexer on any bytes: a text styled line by line has the same styles as the text styled as a whole.
 #include "scilexer/modLexer.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t at = 0; at < size;) {
         std::vector<unsigned char> rest(size - at);
         const std::size_t length = ob::LexFirstLine(state, text.substr(at), keywords, rest.data()).length;
-        // Copies of just one line's size show a step over its end.
+        // Copies of exactly one line's size reveal an access past its end.
         const std::vector<char> line(data + at, data + at + length);
         std::vector<unsigned char> styles(length);
         const std::string_view lineText(line.data(), length);

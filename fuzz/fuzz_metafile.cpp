@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes may be taken for a metafile.
+// Any bytes may be given as a metafile.
 #include "imagetools/metafiles/modMetafile.h"
 
 #include <QGuiApplication>
 
 #include <cstdlib>
 
-// Fonts of made-up names fill the system's own lists, which it never empties.
+// Fonts of invented names fill the system's own lists, which it never empties.
 extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libfontconfig\n";
@@ -18,7 +18,7 @@ static void Require(bool holds)
         std::abort();
 }
 
-// Text is a part of what is played.
+// Text is part of what is played.
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     static int count = 3;

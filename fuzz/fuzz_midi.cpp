@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes as a MIDI file: the events stay in the file and in the order of time.
+// Any bytes as a MIDI file: the events stay within the file and in chronological order.
 #include "platform/media/modMidi.h"
 
 #include <cstdlib>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes may be taken for a palette file, text or binary; what was read comes back from what is written.
+// Any bytes may be given as a palette file, text or binary; what was read survives being written and read again.
 #include "imaging/cPalette.h"
 #include "imaging/modPaletteBinary.h"
 #include "imaging/modPaletteText.h"
@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         return {ob::FileOutcome::Done, {input.begin(), input.end()}, {}};
     };
     ob::cPalette palette;
-    // The first bytes as a place in the file.
+    // The first bytes serve as a position in the file.
     std::int32_t position = size < 2 ? -1 : data[0] | data[1] << 8;
     const std::int32_t start = position;
     if (palette.Load("x", position, read))

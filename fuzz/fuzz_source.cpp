@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// BASIC source of any bytes on its way into a code window and out again: nothing is lost, nothing crashes.
+// BASIC source of any bytes, loaded into a code window and saved: nothing is lost, nothing crashes.
 #include "editor/files/modDocumentFile.h"
 #include "editor/modLabels.h"
 #include "engine/run/modIncludes.h"

@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Takes over the lexer's new golden files (*.styled.new, *.folded.new), which the lexer's test left at a difference.
+# Accepts the lexer's new golden files (*.styled.new, *.folded.new), which the lexer's test writes when they differ.
 set -eu
 folder=$(CDPATH='' cd -- "$(dirname -- "$0")/../tests/data/lexer" && pwd)
 count=0

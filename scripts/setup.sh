@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Sourced by ./run and ./test: sees to it that everything the build needs is installed.
+# Sourced by ./run and ./test: installs everything that the build needs.
 
 run_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev qt6-multimedia-dev libgl-dev
               libqscintilla2-qt6-dev libcli11-dev libzip-dev libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
@@ -7,7 +7,7 @@ run_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev q
 test_packages=(libbenchmark-dev xvfb xdotool poppler-utils libglib2.0-bin shared-mime-info desktop-file-utils
                binutils-mingw-w64-x86-64 icoutils ffmpeg zip unzip)
 
-# need_packages NAME...: installs those that are missing, or says which and stops.
+# need_packages NAME...: installs those that are missing, or names them and stops.
 need_packages() {
   local missing=() name
   if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
