@@ -39,6 +39,8 @@ for source in "${sources[@]}"; do
   "$compiler" -std=c++20 -O1 -Wall -Wextra -Wconversion -Wshadow -Werror -I. -c "$source" -o "$object" || exit 1
   objects+=("$object")
 done
+printf '#include "platform/language/modSystem.h"\nstatic_assert(ob::ThisSystem == ob::System::Windows);\n' |
+  "$compiler" -std=c++20 -Wall -Wextra -Werror -I. -fsyntax-only -x c++ - || failed=1
 # All that the halves call is the system's, or theirs.
 "$compiler" -shared -static -o "$work/windows.dll" "${objects[@]}" -ladvapi32 -lshell32 -luser32 || failed=1
 
