@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reading, compiling and writing forms of many controls, all kinds in turn, with tool tips.
+#include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
 #include "platform/language/modAnsi.h"
@@ -51,6 +52,7 @@ void Compile(benchmark::State& state, ob::ProgramKind kind)
     ob::GuiForm form = Form(state.range(0));
     for (auto step : state) {
         Q_UNUSED(step);
+        form = ob::Completed(std::move(form), ob::CompletedFor::Program);
         benchmark::DoNotOptimize(ob::AnsiFromText(ob::GenerateProgram(form, kind, {}).text).bytes.size());
     }
     state.SetComplexityN(state.range(0));
@@ -61,6 +63,7 @@ void Write(benchmark::State& state)
     ob::GuiForm form = Form(state.range(0));
     for (auto step : state) {
         Q_UNUSED(step);
+        form = ob::Completed(std::move(form), ob::CompletedFor::File);
         benchmark::DoNotOptimize(ob::AnsiFromText(ob::WriteForm(form)).bytes.size());
     }
     state.SetComplexityN(state.range(0));

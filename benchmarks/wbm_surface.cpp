@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A form of 2,000 controls in the program: opening it from its file, and one step of dragging a control, with painting.
 #include "guibuilder/frmSurface.h"
+#include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGuiCommands.h"
 #include "platform/files/modPaths.h"
@@ -36,7 +37,7 @@ QByteArray LargeForm()
         control.caption = kind == ob::ControlKind::Bmpbutton ? ob::NoBitmap : QStringLiteral("C%1").arg(number);
         control.visible = true;
     }
-    return ob::AnsiFromText(ob::WriteForm(form)).bytes;
+    return ob::AnsiFromText(ob::WriteForm(ob::Completed(std::move(form), ob::CompletedFor::File))).bytes;
 }
 
 void OpenForm(benchmark::State& state)
@@ -67,14 +68,14 @@ void DragStep(benchmark::State& state)
     const QPoint start(205, 195);
     Send(*surface, QEvent::MouseButtonPress, start, Qt::LeftButton);
     const ob::ControlRef pressed = surface->Designer().Selection().front();
-    const float left = ob::GuiDesign.At(pressed).left;
+    const float left = ob::GuiDesign().form.At(pressed).left;
     int step = 0;
     for (auto _ : state) {
         step = step == 5 ? 0 : 5;
         Send(*surface, QEvent::MouseMove, start + QPoint(step, 0), Qt::NoButton);
         QApplication::processEvents();
     }
-    if (step != 0 && ob::GuiDesign.At(pressed).left == left)
+    if (step != 0 && ob::GuiDesign().form.At(pressed).left == left)
         state.SkipWithError("the control did not move");
     Send(*surface, QEvent::MouseButtonRelease, start, Qt::LeftButton);
 }

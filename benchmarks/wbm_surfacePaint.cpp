@@ -16,6 +16,7 @@ constexpr int SurfaceWidth = 1000;
 constexpr int SurfaceHeight = 800;
 constexpr int Columns = 50;
 constexpr int TwipsPerPixel = 15;
+constexpr ob::SurfaceScale Scale = {TwipsPerPixel, TwipsPerPixel};
 constexpr int Hundred = 100; // a screen's scale is in hundredths
 
 ob::ControlRef Put(ob::GuiForm& form, ob::ControlKind kind, QRect place)
@@ -57,16 +58,16 @@ void PaintPart(QImage& image, const QRegion& region, const ob::SurfaceStyle& sty
     QPainter painter(&image);
     painter.setClipRegion(region);
     painter.fillRect(region.boundingRect(), style.surface);
-    ob::PaintGrid(painter, region.boundingRect(), form, TwipsPerPixel, TwipsPerPixel);
+    ob::PaintGrid(painter, region.boundingRect(), form, Scale);
     for (const ob::ControlRef ref : form.order)
-        if (region.intersects(ob::PaintedRect(form, ref, TwipsPerPixel, TwipsPerPixel)))
+        if (region.intersects(ob::PaintedRect(form, ref, Scale)))
             ob::PaintControl(painter, style, form, ref);
 }
 
 void PaintWholeForm(benchmark::State& state)
 {
     const ob::GuiForm form = CrowdedForm();
-    const ob::SurfaceStyle style(form, TwipsPerPixel, TwipsPerPixel);
+    const ob::SurfaceStyle style(form, Scale);
     QImage image = Surface(static_cast<double>(state.range(0)) / Hundred);
     for (auto _ : state)
         PaintPart(image, QRect(0, 0, SurfaceWidth, SurfaceHeight), style, form);
@@ -79,7 +80,7 @@ void PaintWholeFormAnew(benchmark::State& state)
     const ob::GuiForm form = CrowdedForm();
     QImage image = Surface(1);
     for (auto _ : state) {
-        const ob::SurfaceStyle style(form, TwipsPerPixel, TwipsPerPixel);
+        const ob::SurfaceStyle style(form, Scale);
         PaintPart(image, QRect(0, 0, SurfaceWidth, SurfaceHeight), style, form);
     }
 }
@@ -89,10 +90,10 @@ BENCHMARK(PaintWholeFormAnew)->Unit(benchmark::kMillisecond);
 void DragStep(benchmark::State& state)
 {
     ob::GuiForm form = CrowdedForm();
-    const ob::SurfaceStyle style(form, TwipsPerPixel, TwipsPerPixel);
+    const ob::SurfaceStyle style(form, Scale);
     QImage image = Surface(static_cast<double>(state.range(0)) / Hundred);
     const ob::ControlRef dragged = Put(form, ob::ControlKind::Texteditor, {400, 300, 80, 80});
-    const auto place = [&] { return ob::PaintedRect(form, dragged, TwipsPerPixel, TwipsPerPixel); };
+    const auto place = [&] { return ob::PaintedRect(form, dragged, Scale); };
     int steps = 0;
     for (auto _ : state) {
         const QRect before = place();
@@ -107,7 +108,7 @@ void PaintOneControl(benchmark::State& state)
     ob::GuiForm form;
     const ob::KindTraits& traits = ob::KindTable[static_cast<std::size_t>(state.range(0))];
     const ob::ControlRef ref = Put(form, traits.kind, {10, 10, traits.width, traits.height});
-    const ob::SurfaceStyle style(form, TwipsPerPixel, TwipsPerPixel);
+    const ob::SurfaceStyle style(form, Scale);
     QImage image = Surface(static_cast<double>(state.range(1)) / Hundred);
     QPainter painter(&image);
     for (auto _ : state)
@@ -124,14 +125,14 @@ void PaintGridWhole(benchmark::State& state)
     QImage image = Surface(static_cast<double>(state.range(0)) / Hundred);
     QPainter painter(&image);
     for (auto _ : state)
-        ob::PaintGrid(painter, {0, 0, SurfaceWidth, SurfaceHeight}, form, TwipsPerPixel, TwipsPerPixel);
+        ob::PaintGrid(painter, {0, 0, SurfaceWidth, SurfaceHeight}, form, Scale);
 }
 BENCHMARK(PaintGridWhole)->Arg(100)->Arg(200)->Unit(benchmark::kMicrosecond);
 
 // The cost of a caption without the style's cache, next to DrawRememberedText.
 void DrawPlainText(benchmark::State& state)
 {
-    const ob::SurfaceStyle style(ob::GuiForm(), TwipsPerPixel, TwipsPerPixel);
+    const ob::SurfaceStyle style(ob::GuiForm(), Scale);
     QImage image = Surface(1);
     QPainter painter(&image);
     painter.setFont(style.font);
@@ -142,7 +143,7 @@ BENCHMARK(DrawPlainText)->Unit(benchmark::kMicrosecond);
 
 void DrawRememberedText(benchmark::State& state)
 {
-    const ob::SurfaceStyle style(ob::GuiForm(), TwipsPerPixel, TwipsPerPixel);
+    const ob::SurfaceStyle style(ob::GuiForm(), Scale);
     QImage image = Surface(1);
     QPainter painter(&image);
     for (auto _ : state)

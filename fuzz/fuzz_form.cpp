@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Form files of any bytes: what can be read can be written, read and compiled, and is stable after its first save.
+#include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
 #include "platform/language/cRuntimeError.h"
@@ -17,9 +18,9 @@ bool HasFullMenu(const ob::GuiForm& form)
 }
 
 // The file of a form that was read; every character came from the code page and so can be written back.
-QByteArray Written(ob::GuiForm form)
+QByteArray Written(const ob::GuiForm& form)
 {
-    const ob::AnsiText text = ob::AnsiFromText(ob::WriteForm(form));
+    const ob::AnsiText text = ob::AnsiFromText(ob::WriteForm(ob::Completed(form, ob::CompletedFor::File)));
     if (text.lostCount != 0)
         std::abort();
     return text.bytes;
@@ -44,7 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         ob::ReadForm(Written(saved), again) != ob::FormLoad::Loaded || !(again == saved))
         std::abort();
     for (const ob::ProgramKind kind : {ob::ProgramKind::Outline, ob::ProgramKind::Simple})
-        if (!ob::GenerateProgram(saved, kind, {}).text.endsWith(QLatin1String("\r\n\r\n")))
+        if (!ob::GenerateProgram(ob::Completed(saved, ob::CompletedFor::Program), kind, {})
+                 .text.endsWith(QLatin1String("\r\n\r\n")))
             std::abort();
     return 0;
 }

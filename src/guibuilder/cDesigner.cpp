@@ -30,18 +30,36 @@ SurfacePoint Difference(SurfacePoint one, SurfacePoint other)
 
 } // namespace
 
-cDesigner::cDesigner(GuiForm& target) : form(target)
+cDesigner::cDesigner(FormDesign& target, SurfaceScale screen) : design(target), form(target.form), scale(screen)
 {
     Restart();
 }
 
-void cDesigner::Restart()
+void cDesigner::FormLoaded()
+{
+    GuiPlacing = GuiLocked = GuiDragged = false;
+    Restart();
+}
+
+void cDesigner::FormUnloaded()
+{
+    GuiPlacing = false;
+    Forget();
+    history.Restart({});
+}
+
+void cDesigner::Forget()
 {
     selection.clear();
     handles.reset();
     action = Action::None;
-    history.Restart(form);
     damage = {true, {}};
+}
+
+void cDesigner::Restart()
+{
+    Forget();
+    history.Restart(form);
 }
 
 void cDesigner::ArmTool(const QString& toolName)
@@ -82,7 +100,7 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
         // The properties come up at once; the control is in front when they have gone.
         ClearSelection();
         if (MarksWhenPressed(control->kind))
-            GuiFormModified = true;
+            design.GuiFormModified = true;
         taken = true;
         return {Request::Kind::Properties, *control};
     }
@@ -111,7 +129,7 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
 void cDesigner::PressControl(ControlRef ref, SurfacePoint point, PressMode mode)
 {
     if (MarksWhenPressed(ref.kind))
-        GuiFormModified = true;
+        design.GuiFormModified = true;
     pressed = ref;
     narrows = mode == PressMode::Plain;
     grip = Difference(point, {form.At(ref).left, form.At(ref).top});
@@ -140,7 +158,7 @@ void cDesigner::Drag(SurfacePoint point)
     case Action::None:
         return;
     case Action::Placing:
-        GuiDragged = GuiDragged || LeftAnchor(anchor, point);
+        GuiDragged = GuiDragged || LeftAnchor(anchor, point, scale);
         [[fallthrough]];
     case Action::Selecting:
         Spoil(RectBetween(anchor, end));
@@ -162,9 +180,9 @@ void cDesigner::Drag(SurfacePoint point)
 
 void cDesigner::DragControls(SurfacePoint point)
 {
-    const SurfacePoint place = MovedTo(point, grip);
+    const SurfacePoint place = MovedTo(point, grip, scale);
     const SurfacePoint step = Difference(place, {form.At(pressed).left, form.At(pressed).top});
-    SetStatusText(PlaceText({place.x, place.y, 0, 0}));
+    SetStatusText(PlaceText({place.x, place.y, 0, 0}, scale));
     if (step == SurfacePoint{})
         return;
     narrows = false;
@@ -180,13 +198,13 @@ void cDesigner::DragHandle(Handle handle, SurfacePoint point)
 {
     if (GuiLocked || !handles || selection.size() != 1)
         return;
-    GuiFormModified = true;
+    design.GuiFormModified = true;
     ControlRecord& control = form.At(selection.front());
     SpoilSelection();
     (handle == Handle::Lower ? handles->lower : handles->upper) = Difference(point, grip);
-    if (const auto rect = ResizedBy(handle, *handles, selection.front().kind, RectOf(control))) {
+    if (const auto rect = ResizedBy(handle, *handles, selection.front().kind, RectOf(control), scale)) {
         SetRect(control, *rect);
-        SetStatusText(SizeText(*rect));
+        SetStatusText(SizeText(*rect, scale));
     }
     SpoilSelection();
 }
@@ -202,7 +220,7 @@ cDesigner::Request cDesigner::Release(SurfacePoint point, MouseButton button)
     case Action::Selecting: {
         const SurfaceRect band = RectBetween(anchor, end);
         Spoil(band);
-        if (LeftAnchor(anchor, end))
+        if (LeftAnchor(anchor, end, scale))
             for (const ControlRef ref : ControlsIn(form, band))
                 if (!IsSelected(ref))
                     selection.push_back(ref);
@@ -258,7 +276,8 @@ void cDesigner::FinishPlacing(SurfacePoint point)
     ClearSelection();
     Spoil(RectBetween(anchor, end));
     if (const auto kind = KindOfTool(GuiToolName)) {
-        const ControlRef ref = PlaceControl(form, *kind, anchor, point, GuiDragged ? Drawn::Dragged : Drawn::Clicked);
+        const ControlRef ref =
+            PlaceControl(form, *kind, anchor, point, GuiDragged ? Drawn::Dragged : Drawn::Clicked, scale);
         selection = {ref};
         SpoilSelection();
         history.Commit(form);
@@ -302,7 +321,7 @@ void cDesigner::Changed(KeyPress press)
 void cDesigner::MarkAsPress()
 {
     if (std::ranges::any_of(selection, MarksWhenPressed, &ControlRef::kind))
-        GuiFormModified = true;
+        design.GuiFormModified = true;
 }
 
 void cDesigner::Nudge(float x, float y, KeyPress press)
@@ -311,7 +330,7 @@ void cDesigner::Nudge(float x, float y, KeyPress press)
         return;
     MarkAsPress();
     MoveControls(form, selection, x, y);
-    SetStatusText(PlaceText(RectOf(form.At(selection.front()))));
+    SetStatusText(PlaceText(RectOf(form.At(selection.front())), scale));
     Changed(press);
 }
 
@@ -319,9 +338,9 @@ void cDesigner::Grow(float width, float height, KeyPress press)
 {
     if (GuiLocked || selection.empty())
         return;
-    GuiFormModified = true;
-    GrowControls(form, selection, width, height);
-    SetStatusText(SizeText(RectOf(form.At(selection.front()))));
+    design.GuiFormModified = true;
+    GrowControls(form, selection, width, height, scale);
+    SetStatusText(SizeText(RectOf(form.At(selection.front())), scale));
     Changed(press);
 }
 
@@ -338,7 +357,7 @@ void cDesigner::Align(Alignment alignment)
     if (GuiLocked)
         return;
     if (alignment == Alignment::SameWidth || alignment == Alignment::SameHeight)
-        GuiFormModified = true;
+        design.GuiFormModified = true;
     MarkAsPress();
     AlignControls(form, selection, alignment);
     Changed();
@@ -354,8 +373,8 @@ void cDesigner::Paste()
 {
     if (GuiCopies.empty())
         return;
-    GuiFormModified = true;
-    selection = PasteControls(form, GuiCopies);
+    design.GuiFormModified = true;
+    selection = PasteControls(form, GuiCopies, scale);
     // A second paste goes on from the first one's place.
     GuiCopies = CopyControls(form, selection);
     Changed();
@@ -415,7 +434,7 @@ void cDesigner::Take(const std::optional<GuiForm>& step)
     });
     ShowHandles();
     action = Action::None;
-    GuiFormModified = true;
+    design.GuiFormModified = true;
     damage.everything = true;
 }
 
@@ -428,7 +447,7 @@ void cDesigner::Commit(cFormHistory::WindowRect rect)
 
 std::optional<SurfaceRect> cDesigner::RubberBand() const
 {
-    if ((action == Action::Placing && end != anchor) || (action == Action::Selecting && LeftAnchor(anchor, end)))
+    if ((action == Action::Placing && end != anchor) || (action == Action::Selecting && LeftAnchor(anchor, end, scale)))
         return RectBetween(anchor, end);
     return std::nullopt;
 }

@@ -13,7 +13,13 @@ namespace ob {
 
 class cDesigner {
 public:
-    explicit cDesigner(GuiForm& target);
+    // Lives as long as the main window: locks, copies and the tool chosen last outlive the form that they come from.
+    cDesigner(FormDesign& target, SurfaceScale screen);
+
+    // The form window has been made: nothing is armed, locked or selected, and there is no step to undo.
+    void FormLoaded();
+    // The form window has gone, and the armed tool and all steps with it.
+    void FormUnloaded();
 
     enum class MouseButton { Left, Right, Other };
     // Adding: the press adds to the selection or takes from it.
@@ -27,6 +33,13 @@ public:
 
     // Arms a control tool by its word (KindTraits::toolName); the next press on the surface places.
     void ArmTool(const QString& toolName);
+    bool IsArmed() const { return GuiPlacing; }
+    bool IsArmed(const QString& toolName) const { return GuiPlacing && GuiToolName == toolName; }
+
+    // Locked controls neither move nor change their size.
+    void Lock() { GuiLocked = true; }
+    void Unlock() { GuiLocked = false; }
+    bool IsLocked() const { return GuiLocked; }
 
     Request Press(SurfacePoint point, MouseButton button, PressMode mode);
     void Drag(SurfacePoint point); // with the left button down
@@ -67,6 +80,10 @@ public:
     const std::optional<HandlePlaces>& Handles() const { return handles; }
     std::optional<SurfaceRect> RubberBand() const;
 
+    FormDesign& Design() { return design; }
+    const GuiForm& Form() const { return form; }
+    SurfaceScale Scale() const { return scale; }
+
     // What changed on the surface since the last call. Nothing means all of it.
     struct Damage {
         bool everything = false;
@@ -77,6 +94,7 @@ public:
 private:
     enum class Action { None, Placing, Selecting, Moving, ResizingLower, ResizingUpper };
 
+    void Forget();
     bool IsSelected(ControlRef ref) const;
     std::optional<Handle> HandleAt(SurfacePoint point) const;
     void PressControl(ControlRef ref, SurfacePoint point, PressMode mode);
@@ -91,11 +109,23 @@ private:
     void MarkAsPress(); // the form is modified by the kinds that mark it when they are pressed
     void Take(const std::optional<GuiForm>& step);
 
-    GuiForm& form;
+    FormDesign& design;
+    GuiForm& form; // of the design
+    SurfaceScale scale;
     cFormHistory history;
     std::vector<ControlRef> selection; // the first is the one that others are aligned with
     std::optional<HandlePlaces> handles;
 
+    // The tool and the lock.
+    bool GuiPlacing = false; // a control tool is armed
+    bool GuiDragged = false; // the pointer has left the anchor's neighbourhood
+    bool GuiLocked = false;
+    QString GuiToolName; // of the tool armed last: KindTraits::toolName
+
+    // What Copy took.
+    std::vector<CopiedControl> GuiCopies;
+
+    // The press that is under way.
     Action action = Action::None;
     SurfacePoint anchor; // where the button went down
     SurfacePoint end;    // where the pointer is

@@ -56,7 +56,7 @@ dlgMenu::~dlgMenu() = default;
 void dlgMenu::done(int result)
 {
     RunCommand([] {
-        GuiDesign.menuLabel = EditedMenuLabel(GuiDesign);
+        GuiDesign().form.menuLabel = EditedMenuLabel(GuiDesign().form);
         // The main window may be going, and this one with it.
         if (MainForm != nullptr)
             MainForm->RefreshGui();
@@ -171,7 +171,7 @@ void dlgMenu::cmdAddMenu_Click()
     const int last = ui->lstNames->count() - 1;
     ui->lstNames->setCurrentRow(last);
     EnableNameButtons(Buttons::On);
-    SetMenuName(GuiDesign, last, name);
+    SetMenuName(GuiDesign().form, last, name);
     ui->lstItems0->clear();
     ui->lstItems1->clear();
     EnableItemButtons(Buttons::Off);
@@ -184,7 +184,7 @@ void dlgMenu::cmdEditMenu_Click()
         return;
     const int menu = ChosenRow(*ui->lstNames);
     ui->lstNames->item(menu)->setText(name);
-    SetMenuName(GuiDesign, menu, name);
+    SetMenuName(GuiDesign().form, menu, name);
 }
 
 void dlgMenu::cmdRemoveMenu_Click()
@@ -192,13 +192,13 @@ void dlgMenu::cmdRemoveMenu_Click()
     if (!MayRemoveMenu(ChosenMenu()))
         return;
     const int menu = ChosenRow(*ui->lstNames);
-    RemoveMenu(GuiDesign, menu);
+    RemoveMenu(GuiDesign().form, menu);
     ReloadNameList(menu);
 }
 
 void dlgMenu::MoveMenuBy(MoveDirection direction)
 {
-    if (const auto moved = MoveMenu(GuiDesign, ChosenRow(*ui->lstNames), direction))
+    if (const auto moved = MoveMenu(GuiDesign().form, ChosenRow(*ui->lstNames), direction))
         ReloadNameList(*moved);
 }
 
@@ -212,7 +212,7 @@ void dlgMenu::cmdAddItem_Click()
     const int last = ui->lstItems0->count() - 1;
     SelectItem(last);
     EnableItemButtons(Buttons::On);
-    SetMenuItem(GuiDesign, currentMenu, last, *parts);
+    SetMenuItem(GuiDesign().form, currentMenu, last, *parts);
 }
 
 void dlgMenu::cmdEditItem_Click()
@@ -223,7 +223,7 @@ void dlgMenu::cmdEditItem_Click()
     const int item = ChosenRow(*ui->lstItems0);
     ui->lstItems0->item(item)->setText(parts->caption);
     ui->lstItems1->item(item)->setText(parts->branch);
-    SetMenuItem(GuiDesign, currentMenu, item, *parts);
+    SetMenuItem(GuiDesign().form, currentMenu, item, *parts);
 }
 
 void dlgMenu::cmdRemoveItem_Click()
@@ -233,7 +233,7 @@ void dlgMenu::cmdRemoveItem_Click()
     const int item = ChosenRow(*ui->lstItems0);
     delete ui->lstItems0->takeItem(item);
     delete ui->lstItems1->takeItem(item);
-    RemoveMenuItem(GuiDesign, currentMenu, item);
+    RemoveMenuItem(GuiDesign().form, currentMenu, item);
     const int count = ui->lstItems0->count();
     EnableItemButtons(count > 0 ? Buttons::On : Buttons::Off);
     SelectItem(std::min(item, count - 1));
@@ -241,7 +241,7 @@ void dlgMenu::cmdRemoveItem_Click()
 
 void dlgMenu::MoveItemBy(MoveDirection direction)
 {
-    const auto moved = MoveMenuItem(GuiDesign, currentMenu, ChosenRow(*ui->lstItems0), direction);
+    const auto moved = MoveMenuItem(GuiDesign().form, currentMenu, ChosenRow(*ui->lstItems0), direction);
     if (!moved)
         return;
     ReloadItemLists();
@@ -252,7 +252,7 @@ void dlgMenu::MoveItemBy(MoveDirection direction)
 void dlgMenu::ReloadNameList(int selected)
 {
     ui->lstNames->clear();
-    for (const QString& name : MenuNames(GuiDesign))
+    for (const QString& name : MenuNames(GuiDesign().form))
         AddLine(*ui->lstNames, name);
     const int count = ui->lstNames->count();
     EnableNameButtons(count > 0 ? Buttons::On : Buttons::Off);
@@ -268,7 +268,7 @@ void dlgMenu::ReloadItemLists()
     ui->lstItems1->clear();
     QList<MenuItemParts> items;
     if (ui->lstNames->count() > 0)
-        items = MenuItems(GuiDesign, currentMenu);
+        items = MenuItems(GuiDesign().form, currentMenu);
     for (const MenuItemParts& parts : items) {
         AddLine(*ui->lstItems0, parts.caption);
         AddLine(*ui->lstItems1, parts.branch);

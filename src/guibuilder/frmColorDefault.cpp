@@ -21,7 +21,7 @@ frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::mak
     ui->setupUi(this);
     for (const std::string_view type : WindowTypes)
         ui->Combo1->addItem(LatinText(type));
-    ShowValues(DefaultsOf(GuiDesign));
+    ShowValues(DefaultsOf(GuiDesign().form, ScreenScale()));
     StatusActive();
     ShowNote();
     // Of a long text the beginning tells more.
@@ -112,7 +112,7 @@ void frmColorDefault::Combo1_Click()
         ui->chkMenu->setChecked(false);
     }
     ui->chkMenu->setEnabled(hasMenu);
-    GuiShowMenu(hasMenu && GuiDesign.GuiMenuOn ? MenuBar::Shown : MenuBar::Hidden);
+    GuiShowMenu(hasMenu && GuiDesign().form.GuiMenuOn ? MenuBar::Shown : MenuBar::Hidden);
     EnableMenuEditor(type);
     ShowNote();
 }
@@ -134,7 +134,7 @@ void frmColorDefault::cmdFont_Click()
 
 void frmColorDefault::OKButton_Click()
 {
-    ApplyDefaults(GuiDesign, Values());
+    ApplyDefaults(GuiDesign().form, Values(), ScreenScale());
     accept();
 }
 

@@ -39,12 +39,6 @@ int Pixels(float twips, int twipsPerPixel)
     return static_cast<int>(std::clamp(std::round(static_cast<double>(twips) / twipsPerPixel), -limit, limit));
 }
 
-QRect WindowRect()
-{
-    return {Pixels(GuiDesign.left, TwipsPerPixelX), Pixels(GuiDesign.top, TwipsPerPixelY),
-            Pixels(GuiDesign.width, TwipsPerPixelX), Pixels(GuiDesign.height, TwipsPerPixelY)};
-}
-
 // The menu bar of the designed window: "&" underlines, as it will there.
 class MenuBarLabel final : public QLabel {
 public:
@@ -69,10 +63,11 @@ void TakeChange(float& twips, int before, int change, int twipsPerPixel)
 
 } // namespace
 
-frmGui::frmGui(QWidget* parent) : QWidget(parent)
+frmGui::frmGui(cDesigner& target, QWidget* parent) : QWidget(parent), designer(target), design(target.Design())
 {
     setObjectName(QStringLiteral("frmGui"));
     GuiFormLoaded();
+    designer.FormLoaded();
     setWindowIcon(QIcon(QStringLiteral(":/icons/form.svg")));
 
     lblMenu = new MenuBarLabel(this);
@@ -82,7 +77,7 @@ frmGui::frmGui(QWidget* parent) : QWidget(parent)
     lblMenu->setMinimumWidth(0);
     lblMenu->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     lblMenu->installEventFilter(this);
-    picBase = new frmSurface(this);
+    picBase = new frmSurface(designer, this);
     MakeStatusBar();
 
     auto* column = new QVBoxLayout(this);
@@ -129,9 +124,17 @@ void frmGui::Join(QMdiSubWindow& window)
     Refresh();
 }
 
+// Where the form wants its window, in pixels.
+QRect frmGui::FormRect() const
+{
+    const SurfaceScale scale = designer.Scale();
+    return {Pixels(design.form.left, scale.x), Pixels(design.form.top, scale.y), Pixels(design.form.width, scale.x),
+            Pixels(design.form.height, scale.y)};
+}
+
 void frmGui::PlaceWindow()
 {
-    const QRect wanted = WindowRect();
+    const QRect wanted = FormRect();
     if (frame == nullptr || wanted == wantedRect || frame->isMinimized())
         return;
     wantedRect = wanted;
@@ -160,13 +163,14 @@ void frmGui::TakeWindowRect()
     // The area that scrolls moves the frame, not the form.
     const QPoint scroll = ScrollPlace();
     const QPoint moved = now.topLeft() - shownRect.topLeft() + (scroll - shownScroll);
-    TakeChange(GuiDesign.left, wantedRect.x(), moved.x(), TwipsPerPixelX);
-    TakeChange(GuiDesign.top, wantedRect.y(), moved.y(), TwipsPerPixelY);
-    TakeChange(GuiDesign.width, shownRect.width(), now.width() - shownRect.width(), TwipsPerPixelX);
-    TakeChange(GuiDesign.height, shownRect.height(), now.height() - shownRect.height(), TwipsPerPixelY);
+    const SurfaceScale screen = designer.Scale();
+    TakeChange(design.form.left, wantedRect.x(), moved.x(), screen.x);
+    TakeChange(design.form.top, wantedRect.y(), moved.y(), screen.y);
+    TakeChange(design.form.width, shownRect.width(), now.width() - shownRect.width(), screen.x);
+    TakeChange(design.form.height, shownRect.height(), now.height() - shownRect.height(), screen.y);
     shownRect = now;
     shownScroll = scroll;
-    wantedRect = WindowRect();
+    wantedRect = FormRect();
 }
 
 // A maximized form is no form: its size is part of it. What was set while it was an icon shows when it comes back.
@@ -182,7 +186,7 @@ void frmGui::TakeWindowState()
 
 void frmGui::ShowPanels()
 {
-    const std::vector<QString>& texts = GuiDesign.panels;
+    const std::vector<QString>& texts = design.form.panels;
     while (panelLabels.size() > texts.size()) {
         delete panelLabels.back();
         panelLabels.pop_back();
@@ -198,17 +202,17 @@ void frmGui::ShowPanels()
     }
     for (std::size_t panel = 0; panel < texts.size(); ++panel)
         panelLabels[panel]->setText(texts[panel]);
-    sBar->setVisible(GuiDesign.GuiStatusbarOn);
+    sBar->setVisible(design.form.GuiStatusbarOn);
 }
 
 void frmGui::Refresh()
 {
-    setWindowTitle(GuiDesign.caption);
-    lblMenu->setFixedHeight(GuiDesign.GuiMenuOn ? MenuHeight : 0);
-    lblMenu->setVisible(GuiDesign.GuiMenuOn);
-    lblMenu->setText(GuiDesign.menuLabel);
+    setWindowTitle(design.form.caption);
+    lblMenu->setFixedHeight(design.form.GuiMenuOn ? MenuHeight : 0);
+    lblMenu->setVisible(design.form.GuiMenuOn);
+    lblMenu->setText(design.form.menuLabel);
     ShowPanels();
-    lblStatusbar->setVisible(GuiStatusNoteOn);
+    lblStatusbar->setVisible(design.GuiStatusNoteOn);
     picBase->Refresh();
     TakeColors();
     PlaceWindow();
@@ -235,11 +239,23 @@ void frmGui::Activate()
     picBase->setFocus();
 }
 
+void frmGui::BringUp()
+{
+    if (frame != nullptr && frame->mdiArea() != nullptr)
+        frame->mdiArea()->setActiveSubWindow(frame);
+}
+
+void frmGui::ArmTool(const QString& toolName)
+{
+    BringUp();
+    picBase->ArmTool(toolName);
+}
+
 void frmGui::closeEvent(QCloseEvent* event)
 {
     // The question is about this form, and saving asks for the active child.
-    if (frame != nullptr && frame->mdiArea() != nullptr && GuiFormModified)
-        frame->mdiArea()->setActiveSubWindow(frame);
+    if (design.GuiFormModified)
+        BringUp();
     UnloadAnswer answer = UnloadAnswer::Stay;
     RunCommand([&] { answer = QueryGuiUnload(); });
     if (answer == UnloadAnswer::Stay) {
@@ -248,6 +264,7 @@ void frmGui::closeEvent(QCloseEvent* event)
     }
     frame = nullptr;
     GuiFormUnloaded();
+    designer.FormUnloaded();
     EnableRunCommands(Switch::Off);
     event->accept();
     Q_EMIT Unloaded(this);
@@ -255,7 +272,7 @@ void frmGui::closeEvent(QCloseEvent* event)
 
 void frmGui::mouseReleaseEvent(QMouseEvent* event)
 {
-    picBase->Designer().ClearSelection();
+    designer.ClearSelection();
     picBase->update();
     if (event->button() == Qt::RightButton)
         RunCommand([this] { picBase->ShowWindowDefaults(); });
@@ -288,7 +305,7 @@ void frmGui::lblMenu_Click(Qt::MouseButton button)
     if (button != Qt::LeftButton && MsgBox(QStringLiteral("Do you want to remove the menu?"), BoxIcon::Question,
                                            BoxButtons::YesNo, QStringLiteral("MenuBar")) == BoxAnswer::Yes) {
         GuiShowMenu(MenuBar::Hidden);
-        picBase->Designer().Commit();
+        designer.Commit();
         return;
     }
     picBase->ShowMenuEditor();
@@ -303,14 +320,14 @@ void frmGui::sBar_Click()
         const auto text = InputBox(QStringLiteral("Panel Caption?"), {}, {});
         if (!text)
             return;
-        GuiDesign.panels.push_back(*text);
-    } else if (answer == BoxAnswer::No && GuiDesign.panels.size() > 1) {
-        GuiDesign.panels.pop_back();
+        design.form.panels.push_back(*text);
+    } else if (answer == BoxAnswer::No && design.form.panels.size() > 1) {
+        design.form.panels.pop_back();
     } else if (answer == BoxAnswer::No) {
         MsgBox(QStringLiteral("You cannot remove the first panel."), BoxIcon::Critical);
         return;
     }
-    picBase->Designer().Commit();
+    designer.Commit();
     Refresh();
 }
 

@@ -13,14 +13,16 @@ class QMdiSubWindow;
 
 namespace ob {
 
+class cDesigner;
 class frmSurface;
+struct FormDesign;
 
 class frmGui final : public QWidget {
     Q_OBJECT
 
 public:
     // Loads the form window: the form under design is empty from here on.
-    explicit frmGui(QWidget* parent = nullptr);
+    explicit frmGui(cDesigner& target, QWidget* parent = nullptr);
 
     // The window in the area that holds this one, once it has been made.
     void Join(QMdiSubWindow& window);
@@ -30,6 +32,9 @@ public:
 
     // The form window has become the active child.
     void Activate();
+
+    // Arms a control tool, and makes this window the active child for it.
+    void ArmTool(const QString& toolName);
 
     frmSurface& Surface() { return *picBase; }
 
@@ -44,6 +49,8 @@ protected:
 private:
     void MakeStatusBar();
     void ShowPanels();
+    void BringUp();
+    QRect FormRect() const;
     void PlaceWindow();
     QPoint ScrollPlace() const;
     void TakeWindowRect();
@@ -52,6 +59,8 @@ private:
     void lblMenu_Click(Qt::MouseButton button);
     void sBar_Click();
 
+    cDesigner& designer;
+    FormDesign& design; // the designer's
     QLabel* lblMenu = nullptr;
     frmSurface* picBase = nullptr;
     QWidget* sBar = nullptr;

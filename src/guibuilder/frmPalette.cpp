@@ -2,7 +2,11 @@
 // The form builder's palette.
 #include "guibuilder/frmPalette.h"
 
-#include "guibuilder/modGui.h"
+#include "guibuilder/cDesigner.h"
+#include "guibuilder/frmGui.h"
+#include "guibuilder/frmSurface.h"
+#include "guibuilder/modGuiCommands.h"
+#include "platform/dialogs/modDialogs.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -17,40 +21,45 @@ namespace {
 enum class Needs { Nothing, Form };
 
 struct ToolRow {
-    const char* tip;
+    const char* name; // also its tip
     const char* icon;
-    const char* arms; // KindTraits::toolName; null for a command
+    int place; // in its group as shown, two a row: form and program first, then the controls
     Needs needs;
+    void (*use)(frmGui* gui); // null for a tool that arms; the form window is there when the tool needs it
+    const char* arms;         // KindTraits::toolName; null for a command
 };
 
-// By their places, from 0.
+constexpr ToolRow Arming(const char* name, const char* icon, int place, const char* toolName)
+{
+    return {name, icon, place, Needs::Form, nullptr, toolName};
+}
+
+// In the order of their numbers, from 0.
 constexpr ToolRow tools[] = {
-    {"New Gui Form", "tool-new-form", nullptr, Needs::Nothing},
-    {"Compile to BAS Code with Outline", "tool-compile-outline", nullptr, Needs::Form},
-    {"Load Gui Form", "tool-load-form", nullptr, Needs::Nothing},
-    {"Save Gui Form", "tool-save-form", nullptr, Needs::Nothing},
-    {"Command Button", "tool-button", "Button", Needs::Form},
-    {"BmpButton", "tool-bmpbutton", "Bmpbutton", Needs::Form},
-    {"StaticText", "tool-statictext", "Statictext", Needs::Form},
-    {"GroupBox", "tool-groupbox", "Groupbox", Needs::Form},
-    {"TextBox", "tool-textbox", "Textbox", Needs::Form},
-    {"TextEditor", "tool-texteditor", "Texteditor", Needs::Form},
-    {"CheckBox", "tool-checkbox", "Checkbox", Needs::Form},
-    {"RadioButton", "tool-radiobutton", "Radiobutton", Needs::Form},
-    {"ListBox", "tool-listbox", "Listbox", Needs::Form},
-    {"ComboBox", "tool-combobox", "Combobox", Needs::Form},
-    {"GraphicBox", "tool-graphicbox", "Graphicbox", Needs::Form},
-    {"Window Defaults", "tool-window-defaults", nullptr, Needs::Form},
-    {"Open Menu Editor", "tool-menu-editor", nullptr, Needs::Form},
-    {"Compile GUI Code", "tool-compile-simple", nullptr, Needs::Form},
+    {"New Gui Form", "tool-new-form", 0, Needs::Nothing, [](frmGui*) { NewGuiForm(); }, nullptr},
+    {"Compile to BAS Code with Outline", "tool-compile-outline", 4, Needs::Form, [](frmGui*) { Compile(); }, nullptr},
+    {"Load Gui Form", "tool-load-form", 1, Needs::Nothing, [](frmGui*) { mnuFileLoadGui_Click(); }, nullptr},
+    {"Save Gui Form", "tool-save-form", 2, Needs::Nothing, [](frmGui*) { guiSave(); }, nullptr},
+    Arming("Command Button", "tool-button", 0, "Button"),
+    Arming("BmpButton", "tool-bmpbutton", 1, "Bmpbutton"),
+    Arming("StaticText", "tool-statictext", 2, "Statictext"),
+    Arming("GroupBox", "tool-groupbox", 3, "Groupbox"),
+    Arming("TextBox", "tool-textbox", 4, "Textbox"),
+    Arming("TextEditor", "tool-texteditor", 5, "Texteditor"),
+    Arming("CheckBox", "tool-checkbox", 6, "Checkbox"),
+    Arming("RadioButton", "tool-radiobutton", 7, "Radiobutton"),
+    Arming("ListBox", "tool-listbox", 8, "Listbox"),
+    Arming("ComboBox", "tool-combobox", 9, "Combobox"),
+    Arming("GraphicBox", "tool-graphicbox", 10, "Graphicbox"),
+    {"Window Defaults", "tool-window-defaults", 3, Needs::Form,
+     [](frmGui* gui) { gui->Surface().ShowWindowDefaults(); }, nullptr},
+    {MenuEditorTool, "tool-menu-editor", 6, Needs::Form, [](frmGui* gui) { gui->Surface().ShowMenuEditor(); }, nullptr},
+    {"Compile GUI Code", "tool-compile-simple", 5, Needs::Form, [](frmGui*) { CompileSimple(); }, nullptr},
 };
-
-// The places in the order shown, two a row: form and program first, then the controls. -1 parts the groups.
-constexpr int shown[] = {0, 2, 3, 15, 1, 17, 16, -1, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, -1};
 
 } // namespace
 
-frmPalette::frmPalette(QWidget* parent) : QFrame(parent)
+frmPalette::frmPalette(cDesigner& target, QWidget* parent) : QFrame(parent), designer(target)
 {
     setObjectName(QStringLiteral("picGui"));
     setFrameShape(QFrame::StyledPanel);
@@ -65,12 +74,12 @@ frmPalette::frmPalette(QWidget* parent) : QFrame(parent)
     for (QToolButton* button : {chkGrid, chkLock})
         button->setCheckable(true);
     connect(chkGrid, &QToolButton::toggled, this, [this](bool down) {
-        GuiGridOn = !down;
-        Q_EMIT GridSwitched();
+        designer.Design().GuiGridOn = !down;
+        RepaintSurface();
     });
     connect(chkLock, &QToolButton::toggled, this, [this](bool down) {
-        GuiLocked = down;
-        Q_EMIT LockSwitched();
+        down ? designer.Lock() : designer.Unlock();
+        RepaintSurface();
     });
 
     auto* top = new QHBoxLayout;
@@ -102,61 +111,81 @@ QToolButton* frmPalette::MakeButton(const char* name, const char* icon, const QS
     return button;
 }
 
+QGridLayout* frmPalette::AddGroup(QVBoxLayout& column)
+{
+    auto* grid = new QGridLayout;
+    grid->setSpacing(2);
+    grid->setColumnStretch(2, 1);
+    column.addLayout(grid);
+    auto* line = new QFrame(this);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    column.addWidget(line);
+    return grid;
+}
+
 void frmPalette::MakeTools(QVBoxLayout& column)
 {
-    for (std::size_t place = 0; place < std::size(tools); ++place) {
-        QToolButton* button = MakeButton("", tools[place].icon, QString::fromLatin1(tools[place].tip));
-        button->setObjectName(QStringLiteral("cmdTools%1").arg(place));
-        button->setCheckable(tools[place].arms != nullptr);
-        connect(button, &QToolButton::clicked, this, [this, place] { Q_EMIT ToolPressed(static_cast<int>(place)); });
+    QGridLayout* commands = AddGroup(column);
+    QGridLayout* controls = AddGroup(column);
+    for (std::size_t number = 0; number < std::size(tools); ++number) {
+        const ToolRow& row = tools[number];
+        QToolButton* button = MakeButton("", row.icon, QString::fromLatin1(row.name));
+        button->setObjectName(QStringLiteral("cmdTools%1").arg(number));
+        button->setCheckable(row.arms != nullptr);
+        connect(button, &QToolButton::clicked, this, [this, number] { Use(number); });
+        (row.arms == nullptr ? commands : controls)->addWidget(button, row.place / 2, row.place % 2);
         cmdTools.push_back(button);
     }
     usable.assign(cmdTools.size(), true);
+}
 
-    QGridLayout* grid = nullptr;
-    int next = 0;
-    for (const int place : shown) {
-        if (place < 0) {
-            auto* line = new QFrame(this);
-            line->setFrameShape(QFrame::HLine);
-            line->setFrameShadow(QFrame::Sunken);
-            column.addWidget(line);
-            grid = nullptr;
-            continue;
-        }
-        if (grid == nullptr) {
-            grid = new QGridLayout;
-            grid->setSpacing(2);
-            grid->setColumnStretch(2, 1);
-            column.addLayout(grid);
-            next = 0;
-        }
-        grid->addWidget(cmdTools[static_cast<std::size_t>(place)], next / 2, next % 2);
-        ++next;
-    }
+void frmPalette::Use(std::size_t number)
+{
+    const ToolRow& row = tools[number];
+    RunCommand([&] {
+        designer.Design().GuiFormModified = true;
+        if (row.needs == Needs::Form && gui == nullptr)
+            return;
+        if (row.arms != nullptr)
+            gui->ArmTool(QString::fromLatin1(row.arms));
+        else
+            row.use(gui);
+    });
+    Refresh();
+}
+
+void frmPalette::Follow(frmGui* window)
+{
+    gui = window;
+    Refresh();
 }
 
 void frmPalette::Refresh()
 {
-    for (std::size_t place = 0; place < std::size(tools); ++place) {
-        const ToolRow& row = tools[place];
-        cmdTools[place]->setEnabled(row.needs == Needs::Nothing || (GuiFormOpen && usable[place]));
+    const FormDesign& design = designer.Design();
+    for (std::size_t number = 0; number < std::size(tools); ++number) {
+        const ToolRow& row = tools[number];
+        cmdTools[number]->setEnabled(row.needs == Needs::Nothing || (design.GuiFormOpen && usable[number]));
         if (row.arms != nullptr)
-            cmdTools[place]->setChecked(GuiPlacing && GuiToolName == QLatin1String(row.arms));
+            cmdTools[number]->setChecked(designer.IsArmed(QString::fromLatin1(row.arms)));
     }
-    chkGrid->setChecked(!GuiGridOn);
-    chkLock->setChecked(GuiLocked);
+    chkGrid->setChecked(!design.GuiGridOn);
+    chkLock->setChecked(designer.IsLocked());
 }
 
-void frmPalette::EnableTool(int place, bool enable)
+void frmPalette::RepaintSurface()
 {
-    usable[static_cast<std::size_t>(place)] = enable;
+    if (gui != nullptr)
+        gui->Surface().update();
+}
+
+void frmPalette::EnableTool(const QString& name, bool enable)
+{
+    for (std::size_t number = 0; number < std::size(tools); ++number)
+        if (name == QLatin1String(tools[number].name))
+            usable[number] = enable;
     Refresh();
-}
-
-QString frmPalette::ArmedBy(int place)
-{
-    return QString::fromLatin1(tools[place].arms);
 }
 
 } // namespace ob

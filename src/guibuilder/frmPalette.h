@@ -6,34 +6,42 @@
 
 #include <vector>
 
+class QGridLayout;
 class QToolButton;
 class QVBoxLayout;
 
 namespace ob {
 
+class cDesigner;
+class frmGui;
+
 class frmPalette final : public QFrame {
     Q_OBJECT
 
 public:
-    explicit frmPalette(QWidget* parent = nullptr);
+    explicit frmPalette(cDesigner& target, QWidget* parent = nullptr);
 
-    // The tools follow the form window: which can be used, which one is armed, grid and lock.
+    // The form window that the tools work on; null while there is none.
+    void Follow(frmGui* window);
+
+    // The tools show how the form is: which can be used, which one is armed, grid and lock.
     void Refresh();
-    void EnableTool(int place, bool enable);
 
-    // The word of the control that the tool at that place arms; empty for a command.
-    static QString ArmedBy(int place);
+    // By the tool's name, which is its tip; a name that is not there is passed over.
+    void EnableTool(const QString& name, bool enable);
 
 Q_SIGNALS:
     void CloseWanted();
-    void ToolPressed(int place); // from 0
-    void GridSwitched();
-    void LockSwitched();
 
 private:
     QToolButton* MakeButton(const char* name, const char* icon, const QString& tip);
+    QGridLayout* AddGroup(QVBoxLayout& column);
     void MakeTools(QVBoxLayout& column);
+    void Use(std::size_t number);
+    void RepaintSurface();
 
+    cDesigner& designer;
+    frmGui* gui = nullptr;
     QToolButton* cmdGuiX = nullptr;
     QToolButton* chkGrid = nullptr;
     QToolButton* chkLock = nullptr;

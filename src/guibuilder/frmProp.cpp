@@ -3,6 +3,7 @@
 #include "guibuilder/frmProp.h"
 
 #include "guibuilder/modBitmap.h"
+#include "guibuilder/modGuiCommands.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
@@ -58,7 +59,7 @@ frmProp::frmProp(ControlRef edited, const QString& kindWord, QWidget* parent)
 {
     ui->setupUi(this);
     setWindowTitle(kindWord + QStringLiteral(" Properties"));
-    ShowFields(PropertiesOf(GuiDesign.At(control), control.kind));
+    ShowFields(PropertiesOf(GuiDesign().form.At(control), control.kind, ScreenScale()));
     const bool hasBitmap = control.kind == ControlKind::Bmpbutton;
     ui->picPreview->setVisible(hasBitmap);
     ui->lblPreview->setVisible(hasBitmap);
@@ -172,7 +173,8 @@ void frmProp::OKButton_Click()
 void frmProp::Apply(ControlFate fate)
 {
     end = fate == ControlFate::Deleted ? PropEnd::Deleted : PropEnd::Confirmed;
-    if (ApplyProperties(GuiDesign.At(control), control.kind, Texts(), fate) == PropertiesEnd::LacksBitmap) {
+    if (ApplyProperties(GuiDesign().form.At(control), control.kind, Texts(), fate, ScreenScale()) ==
+        PropertiesEnd::LacksBitmap) {
         const BoxAnswer answer = MsgBox(NoBitmapText, BoxIcon::Question, BoxButtons::YesNoCancel);
         if (answer == BoxAnswer::Yes)
             cmdBitmap_Click();
@@ -184,7 +186,7 @@ void frmProp::Apply(ControlFate fate)
 
 PropEnd ShowProp(ControlRef control, const QString& kindWord)
 {
-    if (GuiFormLoading)
+    if (GuiDesign().GuiFormLoading)
         return PropEnd::Cancelled;
     frmProp dialog(control, kindWord, ToolOwner());
     BindManualPage(dialog, frmProp::ManualPage);

@@ -68,7 +68,7 @@ bool IsSurfaceKey(const QKeyEvent& key)
 
 } // namespace
 
-frmSurface::frmSurface(QWidget* parent) : QWidget(parent), designer(GuiDesign)
+frmSurface::frmSurface(cDesigner& target, QWidget* parent) : QWidget(parent), designer(target)
 {
     setObjectName(QStringLiteral("picBase"));
     setAccessibleName(QStringLiteral("Drawing surface"));
@@ -82,7 +82,7 @@ frmSurface::~frmSurface() = default;
 
 void frmSurface::Refresh()
 {
-    style = std::make_unique<SurfaceStyle>(GuiDesign, TwipsPerPixelX, TwipsPerPixelY);
+    style = std::make_unique<SurfaceStyle>(designer.Form(), designer.Scale());
     update();
 }
 
@@ -101,34 +101,34 @@ void frmSurface::ArmTool(const QString& toolName)
 
 SurfacePoint frmSurface::PointAt(QPointF pixel) const
 {
-    return {static_cast<float>(pixel.x() * TwipsPerPixelX), static_cast<float>(pixel.y() * TwipsPerPixelY)};
+    return {static_cast<float>(pixel.x() * designer.Scale().x), static_cast<float>(pixel.y() * designer.Scale().y)};
 }
 
 QRect frmSurface::PixelsOf(const SurfaceRect& rect) const
 {
     ControlRecord record;
     SetRect(record, rect);
-    return PixelRect(record, TwipsPerPixelX, TwipsPerPixelY);
+    return PixelRect(record, designer.Scale());
 }
 
 void frmSurface::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     painter.fillRect(event->rect(), style->surface);
-    if (GuiGridOn)
-        PaintGrid(painter, event->rect(), GuiDesign, TwipsPerPixelX, TwipsPerPixelY);
+    const GuiForm& form = designer.Form();
+    if (designer.Design().GuiGridOn)
+        PaintGrid(painter, event->rect(), form, designer.Scale());
     const QRegion& region = event->region();
-    paintOrder = PaintOrder(GuiDesign);
-    for (const ControlRef ref : paintOrder)
-        if (region.intersects(PaintedRect(GuiDesign, ref, TwipsPerPixelX, TwipsPerPixelY)))
-            PaintControl(painter, *style, GuiDesign, ref);
+    for (const ControlRef ref : PaintOrder(form))
+        if (region.intersects(PaintedRect(form, ref, designer.Scale())))
+            PaintControl(painter, *style, form, ref);
     const auto& selection = designer.Selection();
     if (const auto& handles = designer.Handles())
         PaintHandles(painter, PixelsOf(HandleRect(handles->lower)), PixelsOf(HandleRect(handles->upper)),
-                     GuiLocked ? HandleState::Locked : HandleState::Free);
+                     designer.IsLocked() ? HandleState::Locked : HandleState::Free);
     else
         for (const ControlRef ref : selection)
-            PaintSelectionFrame(painter, PixelsOf(RectOf(GuiDesign.At(ref))));
+            PaintSelectionFrame(painter, PixelsOf(RectOf(form.At(ref))));
     if (const auto band = designer.RubberBand())
         PaintRubberBand(painter, PixelsOf(*band));
 }
@@ -191,7 +191,7 @@ void frmSurface::mouseDoubleClickEvent(QMouseEvent* event)
 void frmSurface::ShowProperties(ControlRef control)
 {
     ShowProp(control, LatinText(TraitsOf(control.kind).propWord));
-    BringToFront(GuiDesign, control);
+    BringToFront(designer.Design().form, control);
     designer.Commit();
     UpdateDamage();
 }
@@ -242,8 +242,8 @@ bool frmSurface::TakeArrow(const QKeyEvent& event)
         return false;
     }
     const int pixels = event.modifiers().testFlag(Qt::ControlModifier) ? 1 : SnapPixels;
-    const auto stepX = static_cast<float>(x * pixels * TwipsPerPixelX);
-    const auto stepY = static_cast<float>(y * pixels * TwipsPerPixelY);
+    const auto stepX = static_cast<float>(x * pixels * designer.Scale().x);
+    const auto stepY = static_cast<float>(y * pixels * designer.Scale().y);
     const auto press = event.isAutoRepeat() ? cDesigner::KeyPress::Repeated : cDesigner::KeyPress::First;
     if (event.modifiers().testFlag(Qt::ShiftModifier))
         designer.Grow(stepX, stepY, press);
@@ -257,7 +257,7 @@ void frmSurface::TakeStep(void (cDesigner::*step)())
 {
     (designer.*step)();
     MainForm->RefreshGui();
-    EnableMenuEditor(GuiDesign.GuiWindowType);
+    EnableMenuEditor(designer.Form().GuiWindowType);
 }
 
 bool frmSurface::TakeKey(const QKeyEvent& event)
@@ -309,8 +309,8 @@ bool frmSurface::focusNextPrevChild(bool next)
 
 QString frmSurface::BranchUnder(QPointF pixel) const
 {
-    const auto control = ControlAt(GuiDesign, PointAt(pixel));
-    return control ? GuiDesign.At(*control).branch : QString();
+    const auto control = ControlAt(designer.Form(), PointAt(pixel));
+    return control ? designer.Form().At(*control).branch : QString();
 }
 
 bool frmSurface::event(QEvent* event)
@@ -363,7 +363,7 @@ void frmSurface::ShowMenu(QPoint place)
     };
     const bool any = !designer.Selection().empty();
     QMenu* format = menu.addMenu(QStringLiteral("&Format"));
-    format->setEnabled(designer.Selection().size() > 1 && !GuiLocked);
+    format->setEnabled(designer.Selection().size() > 1 && !designer.IsLocked());
     for (const Entry& entry : entries)
         add(*format, entry.name, entry.caption, true, [this, entry] { designer.Align(entry.alignment); });
     menu.addSeparator();
@@ -374,7 +374,7 @@ void frmSurface::ShowMenu(QPoint place)
     add(menu, "mnuSurfaceProperties", "P&roperties...", any, [this] { ShowProperties(designer.Selection().front()); });
     add(menu, "mnuSurfaceDefaults", "&Window Defaults...", true, [this] { ShowWindowDefaults(); });
     if (any)
-        place = mapToGlobal(PixelsOf(RectOf(GuiDesign.At(designer.Selection().front()))).center());
+        place = mapToGlobal(PixelsOf(RectOf(designer.Form().At(designer.Selection().front()))).center());
     menu.exec(place);
 }
 

@@ -16,7 +16,7 @@ class frmSurface final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit frmSurface(QWidget* parent = nullptr);
+    explicit frmSurface(cDesigner& target, QWidget* parent = nullptr);
     ~frmSurface() override;
 
     // The form has been changed by others than the surface: fonts, colours and all controls are shown anew.
@@ -61,9 +61,8 @@ private:
     void UpdatePointer(QPointF pixel);
     QString BranchUnder(QPointF pixel) const;
 
-    cDesigner designer;
+    cDesigner& designer;
     std::unique_ptr<SurfaceStyle> style;
-    std::vector<ControlRef> paintOrder;
 };
 
 } // namespace ob

@@ -380,32 +380,31 @@ int DotFrom(int place, int firstDot)
 
 } // namespace
 
-QRect PixelRect(const ControlRecord& control, int twipsPerPixelX, int twipsPerPixelY)
+QRect PixelRect(const ControlRecord& control, SurfaceScale scale)
 {
-    return {PixelsDown(control.left, twipsPerPixelX), PixelsDown(control.top, twipsPerPixelY),
-            std::max(0, PixelsDown(control.width, twipsPerPixelX)),
-            std::max(0, PixelsDown(control.height, twipsPerPixelY))};
+    return {PixelsDown(control.left, scale.x), PixelsDown(control.top, scale.y),
+            std::max(0, PixelsDown(control.width, scale.x)), std::max(0, PixelsDown(control.height, scale.y))};
 }
 
-QRect PaintedRect(const GuiForm& form, ControlRef ref, int twipsPerPixelX, int twipsPerPixelY)
+QRect PaintedRect(const GuiForm& form, ControlRef ref, SurfaceScale scale)
 {
     const ControlRecord& control = form.At(ref);
     if (!control.visible)
         return {};
-    const QRect rect = PixelRect(control, twipsPerPixelX, twipsPerPixelY);
+    const QRect rect = PixelRect(control, scale);
     // At a scale of 1.5 an edge may lie half a device's pixel further out.
     return rect.isEmpty() ? QRect() : rect.adjusted(-1, -1, 1, 1);
 }
 
 void PaintControl(QPainter& painter, const SurfaceStyle& style, const GuiForm& form, ControlRef ref)
 {
-    const QRect painted = PaintedRect(form, ref, style.twipsPerPixelX, style.twipsPerPixelY);
+    const QRect painted = PaintedRect(form, ref, style.scale);
     if (painted.isEmpty())
         return;
     if (painter.hasClipping() && !painter.clipBoundingRect().intersects(QRectF(painted)))
         return;
     const ControlRecord& control = form.At(ref);
-    const QRect pixels = PixelRect(control, style.twipsPerPixelX, style.twipsPerPixelY);
+    const QRect pixels = PixelRect(control, style.scale);
     const Canvas canvas(painter);
     const QRect rect = canvas.Rect(pixels);
     switch (ref.kind) {
@@ -433,14 +432,14 @@ void PaintControl(QPainter& painter, const SurfaceStyle& style, const GuiForm& f
     }
 }
 
-void PaintGrid(QPainter& painter, QRect exposed, const GuiForm& form, int twipsPerPixelX, int twipsPerPixelY)
+void PaintGrid(QPainter& painter, QRect exposed, const GuiForm& form, SurfaceScale scale)
 {
     const QRect within = exposed & painter.worldTransform().inverted().mapRect(painter.window());
     if (within.isEmpty())
         return;
     const Canvas canvas(painter);
-    const int left = DotFrom(within.left(), FirstDotTwips / std::max(twipsPerPixelX, 1));
-    const int top = DotFrom(within.top(), FirstDotTwips / std::max(twipsPerPixelY, 1));
+    const int left = DotFrom(within.left(), FirstDotTwips / std::max(scale.x, 1));
+    const int top = DotFrom(within.top(), FirstDotTwips / std::max(scale.y, 1));
     std::vector<QRect> dots;
     dots.reserve(static_cast<std::size_t>((within.width() / GridStep + 2) * (within.height() / GridStep + 2)));
     for (int y = top; y <= within.bottom(); y += GridStep)

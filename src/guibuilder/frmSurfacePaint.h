@@ -13,16 +13,16 @@ namespace ob {
 
 // A control's place in pixels of the surface: each measure cut down to a whole one, and kept within some 30,000; no
 // width or height is below 0, and what is no number is 0.
-QRect PixelRect(const ControlRecord& control, int twipsPerPixelX, int twipsPerPixelY);
+QRect PixelRect(const ControlRecord& control, SurfaceScale scale);
 
 // All that painting the control touches, at any scale of the screen; empty for one that is not seen.
-QRect PaintedRect(const GuiForm& form, ControlRef ref, int twipsPerPixelX, int twipsPerPixelY);
+QRect PaintedRect(const GuiForm& form, ControlRef ref, SurfaceScale scale);
 
 // Paints a control, if it is visible and meets the painter's clip. The painter's pen and brush do not stay.
 void PaintControl(QPainter& painter, const SurfaceStyle& style, const GuiForm& form, ControlRef ref);
 
 // A dot every 10 pixels, in a colour that the form's background colour lets be seen; only those in exposed.
-void PaintGrid(QPainter& painter, QRect exposed, const GuiForm& form, int twipsPerPixelX, int twipsPerPixelY);
+void PaintGrid(QPainter& painter, QRect exposed, const GuiForm& form, SurfaceScale scale);
 
 // The two handles of the selected control. All rectangles from here on are in pixels.
 enum class HandleState { Free, Locked };

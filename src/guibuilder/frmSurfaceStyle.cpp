@@ -169,13 +169,13 @@ QFont SurfaceFont(const QString& name, const QString& points, int twipsPerPixelY
     return font;
 }
 
-SurfaceStyle::SurfaceStyle(const GuiForm& form, int pixelTwipsX, int pixelTwipsY)
-    : twipsPerPixelX(std::max(pixelTwipsX, 1)), twipsPerPixelY(std::max(pixelTwipsY, 1)),
-      font(SurfaceFont(form.GuiFontName, form.GuiFontSize, twipsPerPixelY)), metrics(font),
+SurfaceStyle::SurfaceStyle(const GuiForm& form, SurfaceScale screen)
+    : scale{std::max(screen.x, 1), std::max(screen.y, 1)},
+      font(SurfaceFont(form.GuiFontName, form.GuiFontSize, scale.y)), metrics(font),
       fore(NamedColor(form.GuiForegroundColor, "Black")), surface(NamedColor(form.GuiBackgroundColor, "Buttonface")),
       listbox(NamedColor(form.GuiListboxColor, "White")), combobox(NamedColor(form.GuiComboboxColor, "White")),
       textbox(NamedColor(form.GuiTextboxColor, "White")), texteditor(NamedColor(form.GuiTexteditorColor, "White")),
-      smallFont(SurfaceFont({}, {}, twipsPerPixelY))
+      smallFont(SurfaceFont({}, {}, scale.y))
 {
     smallFont.setPixelSize(SmallPixels);
 }

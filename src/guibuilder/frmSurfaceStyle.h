@@ -40,10 +40,9 @@ struct SurfaceText {
 // them costs most.
 class SurfaceStyle {
 public:
-    SurfaceStyle(const GuiForm& form, int pixelTwipsX, int pixelTwipsY);
+    SurfaceStyle(const GuiForm& form, SurfaceScale screen);
 
-    int twipsPerPixelX;
-    int twipsPerPixelY;
+    SurfaceScale scale;
     QFont font;
     QFontMetrics metrics;
     QColor fore;

@@ -61,10 +61,10 @@ float SnapDown(float twips, int twipsPerPixel)
     return static_cast<float>(std::floor(static_cast<double>(twips) / step) * step);
 }
 
-bool LeftAnchor(SurfacePoint anchor, SurfacePoint point)
+bool LeftAnchor(SurfacePoint anchor, SurfacePoint point, SurfaceScale scale)
 {
-    return std::abs(point.x - anchor.x) >= Twips(DragPixels, TwipsPerPixelX) ||
-           std::abs(point.y - anchor.y) >= Twips(DragPixels, TwipsPerPixelY);
+    return std::abs(point.x - anchor.x) >= Twips(DragPixels, scale.x) ||
+           std::abs(point.y - anchor.y) >= Twips(DragPixels, scale.y);
 }
 
 QString NewCaption(ControlKind kind, int index)
@@ -78,15 +78,16 @@ QString NewCaption(ControlKind kind, int index)
     return LatinText(traits.newCaption) + Str(index);
 }
 
-ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, SurfacePoint point, Drawn drawn)
+ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, SurfacePoint point, Drawn drawn,
+                        SurfaceScale scale)
 {
     const KindTraits& traits = TraitsOf(kind);
     const ControlRef ref = AddControl(form, kind);
     ControlRecord& control = form.At(ref);
     SurfaceRect rect = RectBetween(anchor, point);
     if (drawn == Drawn::Clicked) {
-        rect.width = std::max(rect.width, Twips(traits.width, TwipsPerPixelX));
-        rect.height = std::max(rect.height, Twips(traits.height, TwipsPerPixelY));
+        rect.width = std::max(rect.width, Twips(traits.width, scale.x));
+        rect.height = std::max(rect.height, Twips(traits.height, scale.y));
     }
     if (kind == ControlKind::Combobox)
         rect.height = control.height;
@@ -98,9 +99,9 @@ ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, Su
     return ref;
 }
 
-SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip)
+SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip, SurfaceScale scale)
 {
-    return {SnapDown(pointer.x - grip.x, TwipsPerPixelX), SnapDown(pointer.y - grip.y, TwipsPerPixelX)};
+    return {SnapDown(pointer.x - grip.x, scale.x), SnapDown(pointer.y - grip.y, scale.x)};
 }
 
 HandlePlaces HandlesOf(const SurfaceRect& control)
@@ -114,17 +115,17 @@ SurfaceRect HandleRect(SurfacePoint place)
 }
 
 std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, ControlKind kind,
-                                     const SurfaceRect& control)
+                                     const SurfaceRect& control, SurfaceScale scale)
 {
     if (handles.lower.x <= handles.upper.x - HandleTwips || handles.lower.y <= handles.upper.y - HandleTwips)
         return std::nullopt;
     SurfaceRect rect = control;
     if (moved == Handle::Lower) {
-        rect.width = HandleSide(handles.lower.x - control.left, TwipsPerPixelX);
-        rect.height = HandleSide(handles.lower.y - control.top, TwipsPerPixelY);
+        rect.width = HandleSide(handles.lower.x - control.left, scale.x);
+        rect.height = HandleSide(handles.lower.y - control.top, scale.y);
     } else {
-        rect.width = HandleSide(control.Right() - (handles.upper.x + HandleTwips), TwipsPerPixelX);
-        rect.height = HandleSide(control.Bottom() - (handles.upper.y + HandleTwips), TwipsPerPixelY);
+        rect.width = HandleSide(control.Right() - (handles.upper.x + HandleTwips), scale.x);
+        rect.height = HandleSide(control.Bottom() - (handles.upper.y + HandleTwips), scale.y);
     }
     if (kind == ControlKind::Combobox)
         rect.height = control.height;
@@ -135,16 +136,16 @@ std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, 
     return rect;
 }
 
-QString PlaceText(const SurfaceRect& control)
+QString PlaceText(const SurfaceRect& control, SurfaceScale scale)
 {
-    return QStringLiteral("X - ") + PixelText(control.left, TwipsPerPixelX) + QStringLiteral("    Y - ") +
-           PixelText(control.top, TwipsPerPixelY);
+    return QStringLiteral("X - ") + PixelText(control.left, scale.x) + QStringLiteral("    Y - ") +
+           PixelText(control.top, scale.y);
 }
 
-QString SizeText(const SurfaceRect& control)
+QString SizeText(const SurfaceRect& control, SurfaceScale scale)
 {
-    return QStringLiteral("Width:  ") + PixelText(control.width, TwipsPerPixelX) + QStringLiteral("        Height:  ") +
-           PixelText(control.height, TwipsPerPixelY);
+    return QStringLiteral("Width:  ") + PixelText(control.width, scale.x) + QStringLiteral("        Height:  ") +
+           PixelText(control.height, scale.y);
 }
 
 std::vector<ControlRef> PaintOrder(const GuiForm& form)
@@ -218,7 +219,7 @@ void MoveControls(GuiForm& form, const std::vector<ControlRef>& controls, float 
     }
 }
 
-void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float width, float height)
+void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float width, float height, SurfaceScale scale)
 {
     const auto grow = [](float& side, float by, int twipsPerPixel) {
         // What is smaller already is not made larger by a step down.
@@ -226,9 +227,9 @@ void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float 
             side += by;
     };
     for (const ControlRef ref : controls) {
-        grow(form.At(ref).width, width, TwipsPerPixelX);
+        grow(form.At(ref).width, width, scale.x);
         if (ref.kind != ControlKind::Combobox)
-            grow(form.At(ref).height, height, TwipsPerPixelY);
+            grow(form.At(ref).height, height, scale.y);
     }
 }
 
@@ -247,7 +248,7 @@ std::vector<CopiedControl> CopyControls(const GuiForm& form, const std::vector<C
     return copies;
 }
 
-std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedControl>& copies)
+std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedControl>& copies, SurfaceScale scale)
 {
     QSet<QString> taken;
     for (const ControlRef ref : form.order) {
@@ -262,8 +263,8 @@ std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedCon
         const ControlRef ref = AddControl(form, copy.kind);
         ControlRecord& control = form.At(ref);
         control = copy.record;
-        control.left += Twips(2 * SnapPixels, TwipsPerPixelX);
-        control.top += Twips(2 * SnapPixels, TwipsPerPixelY);
+        control.left += Twips(2 * SnapPixels, scale.x);
+        control.top += Twips(2 * SnapPixels, scale.y);
         const auto nameOf = [&](int number) { return LatinText(traits.keyword) + QString::number(number); };
         const auto branchOf = [&](int number) { return nameOf(number) + QStringLiteral(".click"); };
         int number = ref.index;

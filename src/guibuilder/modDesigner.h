@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The arithmetic of the drawing surface: placing, moving, snapping, handles, hit-testing. All measures are twips on the
-// surface unless a name says pixels.
+// surface unless a name says pixels; scale is that of the surface's screen.
 #pragma once
 
 #include "guibuilder/modGui.h"
@@ -49,19 +49,20 @@ SurfaceRect RectBetween(SurfacePoint one, SurfacePoint other);
 float SnapDown(float twips, int twipsPerPixel);
 
 // Whether the pointer has gone 5 pixels or more from the anchor in either direction.
-bool LeftAnchor(SurfacePoint anchor, SurfacePoint point);
+bool LeftAnchor(SurfacePoint anchor, SurfacePoint point, SurfaceScale scale);
 
 // A new control of the kind between anchor and point, shown, in front, with the kind's caption; the list's count is its
 // index. One that was not drawn but clicked gets the kind's size at least. A combobox has its own height.
 enum class Drawn { Clicked, Dragged };
-ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, SurfacePoint point, Drawn drawn);
+ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, SurfacePoint point, Drawn drawn,
+                        SurfaceScale scale);
 
 // The caption of a new control: the kind's word and the number with its leading blank; empty for some kinds.
 QString NewCaption(ControlKind kind, int index);
 
 // Where a control goes whose grip, a place in it measured from its upper left corner, follows the pointer. The X factor
 // serves both axes.
-SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip);
+SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip, SurfaceScale scale);
 
 // The handles of a control: the lower right corner's and the upper left corner's.
 struct HandlePlaces {
@@ -75,11 +76,11 @@ SurfaceRect HandleRect(SurfacePoint place);
 // The control's rectangle once a handle stands where handles says; nothing when the handles have passed each other.
 // The corner at the other handle stays; a combobox keeps its height.
 std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, ControlKind kind,
-                                     const SurfaceRect& control);
+                                     const SurfaceRect& control, SurfaceScale scale);
 
 // "X -  40    Y -  20", and "Width:   80        Height:   30": pixels.
-QString PlaceText(const SurfaceRect& control);
-QString SizeText(const SurfaceRect& control);
+QString PlaceText(const SurfaceRect& control, SurfaceScale scale);
+QString SizeText(const SurfaceRect& control, SurfaceScale scale);
 
 // All visible controls as they are painted, the hindmost first: groupboxes lie behind the others, which stand in them.
 std::vector<ControlRef> PaintOrder(const GuiForm& form);
@@ -95,7 +96,8 @@ void AlignControls(GuiForm& form, const std::vector<ControlRef>& controls, Align
 // Moves all controls, and grows or shrinks them from their upper left corner (a combobox in width only) down to one
 // snap.
 void MoveControls(GuiForm& form, const std::vector<ControlRef>& controls, float x, float y);
-void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float width, float height);
+void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float width, float height,
+                  SurfaceScale scale);
 
 void DeleteControls(GuiForm& form, const std::vector<ControlRef>& controls);
 
@@ -105,8 +107,7 @@ struct CopiedControl {
     ControlKind kind;
     ControlRecord record;
 };
-inline std::vector<CopiedControl> GuiCopies; // they outlive the form that they come from
 std::vector<CopiedControl> CopyControls(const GuiForm& form, const std::vector<ControlRef>& controls);
-std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedControl>& copies);
+std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedControl>& copies, SurfaceScale scale);
 
 } // namespace ob

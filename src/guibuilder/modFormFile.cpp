@@ -250,7 +250,7 @@ constexpr std::size_t PanelFields = FieldCount - 2;
 // Fills the array of fields anew for each line. Nothing clears it: what a line does not set stays from the one before.
 class FormWriter {
 public:
-    explicit FormWriter(GuiForm& source) : form(source) {}
+    explicit FormWriter(const GuiForm& source) : form(source) {}
 
     QString Write()
     {
@@ -301,19 +301,11 @@ private:
         const QString keyword = LatinText(traits.keyword);
         const auto number = row.numbers == NumberForm::Plain ? [](float side) { return NumberText(side); }
                                                              : [](float side) { return Str(side); };
-        std::vector<ControlRecord>& list = form.List(row.kind);
+        const std::vector<ControlRecord>& list = form.List(row.kind);
         for (std::size_t index = 1; index < list.size(); ++index) {
-            ControlRecord& control = list[index];
+            const ControlRecord& control = list[index];
             if (!control.visible)
                 continue;
-            const QString name = keyword + QString::number(index);
-            if (control.tag.isEmpty())
-                control.tag = name;
-            if (traits.branch == BranchUse::Label) {
-                if (control.branch.isEmpty())
-                    control.branch = name + QStringLiteral(".click");
-                control.branch = TrimBlanks(control.branch);
-            }
             Set({keyword, row.caption == InFile::Yes ? control.caption : none, number(control.left),
                  number(control.top), number(control.width), number(control.height), control.tag,
                  traits.branch == BranchUse::None ? none : control.branch,
@@ -332,7 +324,7 @@ private:
         Set({QStringLiteral("statusbar"), QString::number(form.panels.size())});
     }
 
-    GuiForm& form;
+    const GuiForm& form;
     std::array<QString, FieldCount> fields;
     QString text;
     const QString none = QStringLiteral("none");
@@ -355,11 +347,9 @@ FormLoad ReadForm(QByteArrayView bytes, GuiForm& form, const BitmapLoader& loadB
     }
 }
 
-QString WriteForm(GuiForm& form)
+QString WriteForm(const GuiForm& completed)
 {
-    if (form.GuiHandleName.isEmpty())
-        form.GuiHandleName = QStringLiteral("main");
-    return FormWriter(form).Write();
+    return FormWriter(completed).Write();
 }
 
 } // namespace ob

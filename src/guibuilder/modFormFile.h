@@ -39,8 +39,8 @@ inline FormLoad ReadForm(QByteArrayView bytes, GuiForm& form)
     return ReadForm(bytes, form, LoadBitmap);
 }
 
-// The text of the form's file. Empty names and branches are filled in the form too; an empty handle becomes "main".
-// Raises SubscriptOutOfRange for a status bar of more than ten panels.
-QString WriteForm(GuiForm& form);
+// The text of the file of a form that has been completed for it (modCompleted.h): what is empty is written so. Raises
+// SubscriptOutOfRange for a status bar of more than ten panels.
+QString WriteForm(const GuiForm& completed);
 
 } // namespace ob

@@ -123,13 +123,9 @@ QString FontSpec(const GuiForm& form)
 
 class Generator {
 public:
-    Generator(GuiForm& source, ProgramKind programKind)
-        : form(source), kind(programKind), inGraphics(IsGraphicsType(source.GuiWindowType))
+    Generator(const GuiForm& source, ProgramKind programKind)
+        : form(source), kind(programKind), inGraphics(IsGraphicsType(source.GuiWindowType)), font(FontSpec(source))
     {
-        if (form.GuiHandleName.isEmpty())
-            form.GuiHandleName = QStringLiteral("main");
-        form.GuiHandleName = TrimBlanks(form.GuiHandleName);
-        font = FontSpec(form);
         ClearValues();
     }
 
@@ -226,18 +222,16 @@ private:
 
     void AddKind(const KindStatements& statements)
     {
-        std::vector<ControlRecord>& list = form.List(statements.kind);
+        const std::vector<ControlRecord>& list = form.List(statements.kind);
         for (std::size_t i = 1; i < list.size(); ++i)
             if (list[i].visible)
                 AddControl(statements, list[i], i);
     }
 
-    void AddControl(const KindStatements& statements, ControlRecord& control, std::size_t number)
+    void AddControl(const KindStatements& statements, const ControlRecord& control, std::size_t number)
     {
         const KindTraits& traits = TraitsOf(statements.kind);
         index = QString::number(number);
-        if (statements.kind == ControlKind::Groupbox && control.tag.isEmpty())
-            control.tag = LatinText(traits.nameStem) + index;
         const TagParts tag = SplitTag(control.tag);
         name = tag.name;
         // A groupbox that has a tool tip but no name is named as a text; programs out there rely on it.
@@ -246,11 +240,6 @@ private:
                 LatinText(TraitsOf(statements.kind == ControlKind::Groupbox ? ControlKind::Statictext : statements.kind)
                               .nameStem) +
                 index;
-        if (traits.branch == BranchUse::Label) {
-            if (control.branch.isEmpty())
-                control.branch = LatinText(traits.branchStem) + index + QStringLiteral(".click");
-            control.branch = BracketedBranch(control.branch);
-        }
         current = &control;
 
         AddStatements(statements);
@@ -361,7 +350,7 @@ private:
 
     void ClearValues()
     {
-        static ControlRecord nothing;
+        static const ControlRecord nothing;
         current = &nothing;
         index.clear();
         name.clear();
@@ -422,7 +411,7 @@ private:
         }
     }
 
-    GuiForm& form;
+    const GuiForm& form;
     ProgramKind kind;
     bool inGraphics;
     QString font;
@@ -444,9 +433,9 @@ private:
 
 } // namespace
 
-GeneratedProgram GenerateProgram(GuiForm& form, ProgramKind kind, const ProgramHeader& header)
+GeneratedProgram GenerateProgram(const GuiForm& completed, ProgramKind kind, const ProgramHeader& header)
 {
-    return Generator(form, kind).Run(header);
+    return Generator(completed, kind).Run(header);
 }
 
 } // namespace ob

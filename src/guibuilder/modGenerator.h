@@ -28,9 +28,8 @@ inline const QString BitmapMissingText =
     QStringLiteral("Code contains at least one bmpbutton that has no valid bitmap file associated.  Please correct "
                    "this in the code generated.");
 
-// The program of a form. What the generation fills in is kept in the form: an empty handle becomes "main" and is
-// trimmed, branches get their brackets, an unnamed groupbox gets its name. Raises Overflow for a font size that is no
-// number of the language.
-GeneratedProgram GenerateProgram(GuiForm& form, ProgramKind kind, const ProgramHeader& header);
+// The program of a form that has been completed for it (modCompleted.h); controls without a name get one in the program
+// alone. Raises Overflow for a font size that is no number of the language.
+GeneratedProgram GenerateProgram(const GuiForm& completed, ProgramKind kind, const ProgramHeader& header);
 
 } // namespace ob

@@ -38,13 +38,15 @@ GuiForm::GuiForm()
     ClearForm(*this);
 }
 
+FormDesign& GuiDesign()
+{
+    static FormDesign design;
+    return design;
+}
+
 void ResetGui()
 {
-    GuiDesign = GuiForm();
-    GuiFormOpen = GuiFormModified = GuiFormLoading = false;
-    GuiPlacing = GuiDragged = GuiLocked = false;
-    GuiGridOn = GuiStatusNoteOn = true;
-    GuiToolName.clear();
+    GuiDesign() = FormDesign();
 }
 
 void ClearForm(GuiForm& form)

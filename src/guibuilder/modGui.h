@@ -88,6 +88,14 @@ inline const QString SeparatorCaption = QStringLiteral("--bar--");
 // Twips to the pixel that generated programs count in, whatever this screen has: a form gives one program everywhere.
 inline constexpr int ProgramTwipsPerPixel = 15;
 
+// Twips to the pixel of the screen that a form is drawn on.
+struct SurfaceScale {
+    int x = ProgramTwipsPerPixel;
+    int y = ProgramTwipsPerPixel;
+
+    bool operator==(const SurfaceScale&) const = default;
+};
+
 // A control. Its rectangle is in twips on the drawing surface.
 struct ControlRecord {
     bool visible = false; // false also for a deleted one, whose index stays taken
@@ -156,19 +164,24 @@ struct GuiForm {
     bool operator==(const GuiForm&) const = default;
 };
 
-// The form under design, and what is going on with it.
-inline GuiForm GuiDesign;
-inline bool GuiFormOpen = false;     // the form window is there
-inline bool GuiFormModified = false; // something of the form was changed since it was saved or loaded
-inline bool GuiFormLoading = false;  // a form file is being read; a load that failed leaves it set
-inline bool GuiPlacing = false;      // a control tool is armed
-inline bool GuiDragged = false;      // the pointer has left the anchor's neighbourhood
-inline bool GuiLocked = false;       // controls neither move nor change their size
-inline bool GuiGridOn = true;
-inline bool GuiStatusNoteOn = true; // the status bar's note is shown
-inline QString GuiToolName;         // of the armed tool: KindTraits::toolName
+// The form under design: its value, and what is known of it.
+struct FormDesign {
+    GuiForm form;
 
-// All of the above as at the program's start.
+    // Its way from opening to closing.
+    bool GuiFormOpen = false;     // the form window is there
+    bool GuiFormModified = false; // something of the form was changed since it was saved or loaded
+    bool GuiFormLoading = false;  // a form file is being read; a load that failed leaves it set
+
+    // What its window shows besides the form itself.
+    bool GuiGridOn = true;
+    bool GuiStatusNoteOn = true; // the status bar's note
+};
+
+// The form under design of this run: there is exactly one.
+FormDesign& GuiDesign();
+
+// The form under design as at the program's start.
 void ResetGui();
 
 // What a form window that has just been made holds: no controls, no menus but a menu bar, one panel. The window record

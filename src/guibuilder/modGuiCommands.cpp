@@ -4,6 +4,7 @@
 
 #include "editor/document/modDocument.h"
 #include "editor/document/modUserTexts.h"
+#include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
@@ -44,13 +45,16 @@ bool MayLose(const AnsiText& encoded)
 
 void OpenGeneratedCode(ProgramKind kind)
 {
-    if (!GuiFormOpen)
+    FormDesign& design = GuiDesign();
+    if (!design.GuiFormOpen)
         return;
     ProgramHeader header;
     header.date = ShortDateText(QDate::currentDate(), QLocale::system());
     if (AddComments)
         header.comments = TextFromAnsi(ReadComments(ProgramFolder()));
-    const GeneratedProgram program = GenerateProgram(GuiDesign, kind, header);
+    GuiForm completed = Completed(design.form, CompletedFor::Program);
+    const GeneratedProgram program = GenerateProgram(completed, kind, header);
+    design.form = std::move(completed);
     MainForm->SettleGui(cMainForm::GuiSteps::Keep);
     if (program.bitmapMissing)
         MsgBox(BitmapMissingText);
@@ -60,33 +64,39 @@ void OpenGeneratedCode(ProgramKind kind)
 
 } // namespace
 
+SurfaceScale ScreenScale()
+{
+    return {TwipsPerPixelX, TwipsPerPixelY};
+}
+
 void GuiFormLoaded()
 {
-    ClearForm(GuiDesign);
-    GuiPlacing = GuiLocked = GuiDragged = false;
-    GuiGridOn = GuiStatusNoteOn = true;
-    GuiFormModified = false;
-    GuiFormOpen = true;
+    FormDesign& design = GuiDesign();
+    ClearForm(design.form);
+    design.GuiGridOn = design.GuiStatusNoteOn = true;
+    design.GuiFormModified = false;
+    design.GuiFormOpen = true;
     SetStatusText(GuiHintText);
     MainForm->EnableItem(SaveItem, true);
 }
 
 void GuiFormUnloaded()
 {
-    GuiFormOpen = GuiPlacing = false;
-    GuiDesign.windowTag = QStringLiteral("closed");
+    GuiDesign().GuiFormOpen = false;
+    GuiDesign().form.windowTag = QStringLiteral("closed");
     if (MainForm != nullptr)
         MainForm->EnableItem(SaveItem, false);
 }
 
 UnloadAnswer QueryGuiUnload()
 {
-    if (!GuiFormModified || !QuitQuery)
+    const FormDesign& design = GuiDesign();
+    if (!design.GuiFormModified || !QuitQuery)
         return UnloadAnswer::Unload;
     switch (MsgBox(QStringLiteral("Save gui form before closing?"), BoxIcon::Question, BoxButtons::YesNoCancel)) {
     case BoxAnswer::Yes:
         guiSave();
-        return GuiFormModified ? UnloadAnswer::Stay : UnloadAnswer::Unload;
+        return design.GuiFormModified ? UnloadAnswer::Stay : UnloadAnswer::Unload;
     case BoxAnswer::No:
         return UnloadAnswer::Unload;
     default:
@@ -96,10 +106,12 @@ UnloadAnswer QueryGuiUnload()
 
 void SaveGuiForm(const QString& path)
 {
-    const bool wasModified = GuiFormModified;
-    GuiFormModified = false;
+    FormDesign& design = GuiDesign();
+    const bool wasModified = design.GuiFormModified;
+    design.GuiFormModified = false;
     try {
-        const AnsiText encoded = AnsiFromText(WriteForm(GuiDesign));
+        design.form = Completed(std::move(design.form), CompletedFor::File);
+        const AnsiText encoded = AnsiFromText(WriteForm(design.form));
         MainForm->SettleGui(cMainForm::GuiSteps::Keep);
         if (MayLose(encoded)) {
             ReplaceFile(path, encoded.bytes);
@@ -107,42 +119,43 @@ void SaveGuiForm(const QString& path)
             return;
         }
     } catch (const RuntimeError&) {
-        GuiFormModified = wasModified;
+        design.GuiFormModified = wasModified;
         throw;
     }
-    GuiFormModified = wasModified;
+    design.GuiFormModified = wasModified;
 }
 
 void LoadGuiForm(const QString& path)
 {
-    const bool wasLoading = GuiFormLoading;
-    GuiFormLoading = true;
+    FormDesign& design = GuiDesign();
+    const bool wasLoading = design.GuiFormLoading;
+    design.GuiFormLoading = true;
     if (!MainForm->UnloadGui()) {
-        GuiFormLoading = wasLoading;
+        design.GuiFormLoading = wasLoading;
         return;
     }
     MainForm->ShowGui();
-    const FormLoad end = ReadFormFile(path, GuiDesign);
+    const FormLoad end = ReadFormFile(path, design.form);
     if (end == FormLoad::Corrupt) {
-        GuiFormLoading = GuiFormModified = false;
+        design.GuiFormLoading = design.GuiFormModified = false;
         MainForm->UnloadGui();
         MsgBox(CorruptFormText, BoxIcon::Critical);
         return;
     }
-    GuiFormModified = false;
-    ShowStatusNote(GuiDesign.GuiStatusbarOn);
+    design.GuiFormModified = false;
+    ShowStatusNote(design.form.GuiStatusbarOn);
     MainForm->SettleGui(cMainForm::GuiSteps::Forget);
-    EnableMenuEditor(GuiDesign.GuiWindowType);
+    EnableMenuEditor(design.form.GuiWindowType);
     if (end == FormLoad::Failed) {
         MsgBox(FailedFormText, BoxIcon::Critical);
         return;
     }
-    GuiFormLoading = false;
+    design.GuiFormLoading = false;
 }
 
 void guiSave()
 {
-    if (!GuiFormOpen) {
+    if (!GuiDesign().GuiFormOpen) {
         MsgBox(QStringLiteral("No gui form to save!"), BoxIcon::Critical);
         return;
     }
@@ -176,26 +189,26 @@ void NewGuiForm()
     if (!MainForm->UnloadGui())
         return;
     MainForm->ShowGui();
-    GuiDesign.windowTag = QStringLiteral("open");
+    GuiDesign().form.windowTag = QStringLiteral("open");
     MainForm->ShowGuiDefaults();
     MainForm->SettleGui(cMainForm::GuiSteps::Forget);
 }
 
 void GuiShowMenu(MenuBar bar)
 {
-    GuiDesign.GuiMenuOn = bar == MenuBar::Shown;
+    GuiDesign().form.GuiMenuOn = bar == MenuBar::Shown;
     MainForm->RefreshGui();
 }
 
 void ShowStatusNote(bool show)
 {
-    GuiStatusNoteOn = show;
+    GuiDesign().GuiStatusNoteOn = show;
     MainForm->RefreshGui();
 }
 
 void EnableMenuEditor(const QString& windowType)
 {
-    MainForm->EnableGuiTool(MenuEditorTool, !IsDialogType(windowType));
+    MainForm->EnableGuiTool(QString::fromLatin1(MenuEditorTool), !IsDialogType(windowType));
 }
 
 void Compile()

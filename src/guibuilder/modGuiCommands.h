@@ -11,6 +11,9 @@ namespace ob {
 
 inline const QString GuiHintText = QStringLiteral("Right click the window or controls for a properties dialog!");
 
+// The scale of the screen that the main window is on.
+SurfaceScale ScreenScale();
+
 // The form window has been made, or has gone: the form's and the main window's state.
 void GuiFormLoaded();
 void GuiFormUnloaded();
@@ -43,7 +46,7 @@ void GuiShowMenu(MenuBar bar);
 void ShowStatusNote(bool show);
 
 // The palette's button for the menu editor follows the window type: dialogs have no menu.
-inline constexpr int MenuEditorTool = 16;
+inline constexpr char MenuEditorTool[] = "Open Menu Editor";
 void EnableMenuEditor(const QString& windowType);
 
 // The form's program in a new code window; with its outline, or the window's statements alone.

@@ -81,15 +81,15 @@ double PixelsOf(const QString& trimmed)
     }
 }
 
-void ApplyRect(ControlRecord& control, const PropertyTexts& texts)
+void ApplyRect(ControlRecord& control, const PropertyTexts& texts, SurfaceScale scale)
 {
-    control.left = TwipsOf(texts.left, TwipsPerPixelX, control.left);
-    control.top = TwipsOf(texts.top, TwipsPerPixelY, control.top);
-    control.width = std::max(TwipsOf(texts.width, TwipsPerPixelX, control.width), LeastControlTwips);
-    control.height = std::max(TwipsOf(texts.height, TwipsPerPixelY, control.height), LeastControlTwips);
+    control.left = TwipsOf(texts.left, scale.x, control.left);
+    control.top = TwipsOf(texts.top, scale.y, control.top);
+    control.width = std::max(TwipsOf(texts.width, scale.x, control.width), LeastControlTwips);
+    control.height = std::max(TwipsOf(texts.height, scale.y, control.height), LeastControlTwips);
 }
 
-void ApplyBitmap(ControlRecord& control, const QString& path)
+void ApplyBitmap(ControlRecord& control, const QString& path, SurfaceScale scale)
 {
     control.caption = path;
     try {
@@ -97,8 +97,8 @@ void ApplyBitmap(ControlRecord& control, const QString& path)
     } catch (const RuntimeError&) {
         return;
     }
-    control.width = static_cast<float>(control.picture.Image().width() * TwipsPerPixelX);
-    control.height = static_cast<float>(control.picture.Image().height() * TwipsPerPixelY);
+    control.width = static_cast<float>(control.picture.Image().width() * scale.x);
+    control.height = static_cast<float>(control.picture.Image().height() * scale.y);
 }
 
 } // namespace
@@ -117,7 +117,7 @@ float TwipsOf(const QString& pixels, int twipsPerPixel, float before)
     return static_cast<float>(std::clamp(PixelsOf(trimmed) * twipsPerPixel, -MostTwips, MostTwips) + 0.0);
 }
 
-PropertyFields PropertiesOf(const ControlRecord& control, ControlKind kind)
+PropertyFields PropertiesOf(const ControlRecord& control, ControlKind kind, SurfaceScale scale)
 {
     const KindFields& uses = FieldsOf(kind);
     // Blanks around the name are shown as they are, so that OK gives them back.
@@ -129,10 +129,10 @@ PropertyFields PropertiesOf(const ControlRecord& control, ControlKind kind)
     fields.texts.branch = ShownText(uses.branch, control.branch);
     fields.texts.tooltip = ShownText(uses.tooltip, tooltip);
     fields.texts.bitmap = ShownText(uses.bitmap, control.caption);
-    fields.texts.left = PixelText(control.left, TwipsPerPixelX);
-    fields.texts.top = PixelText(control.top, TwipsPerPixelY);
-    fields.texts.width = PixelText(control.width, TwipsPerPixelX);
-    fields.texts.height = PixelText(control.height, TwipsPerPixelY);
+    fields.texts.left = PixelText(control.left, scale.x);
+    fields.texts.top = PixelText(control.top, scale.y);
+    fields.texts.width = PixelText(control.width, scale.x);
+    fields.texts.height = PixelText(control.height, scale.y);
     fields.captionEnabled = uses.caption == Edited;
     fields.branchEnabled = uses.branch == Edited;
     fields.tooltipEnabled = uses.tooltip == Edited;
@@ -143,11 +143,12 @@ PropertyFields PropertiesOf(const ControlRecord& control, ControlKind kind)
     return fields;
 }
 
-PropertiesEnd ApplyProperties(ControlRecord& control, ControlKind kind, const PropertyTexts& texts, ControlFate fate)
+PropertiesEnd ApplyProperties(ControlRecord& control, ControlKind kind, const PropertyTexts& texts, ControlFate fate,
+                              SurfaceScale scale)
 {
     if (fate == ControlFate::Deleted)
         control.visible = false;
-    ApplyRect(control, texts);
+    ApplyRect(control, texts, scale);
     control.tag = texts.name;
     if (FieldsOf(kind).tooltip == Edited)
         control.tag += TooltipMark + texts.tooltip;
@@ -159,7 +160,7 @@ PropertiesEnd ApplyProperties(ControlRecord& control, ControlKind kind, const Pr
     if (kind != ControlKind::Bmpbutton)
         return PropertiesEnd::Applied;
     if (!texts.bitmap.isEmpty() && texts.bitmap != NoBitmap)
-        ApplyBitmap(control, texts.bitmap);
+        ApplyBitmap(control, texts.bitmap, scale);
     else if (control.visible)
         return PropertiesEnd::LacksBitmap;
     return PropertiesEnd::Applied;

@@ -48,14 +48,15 @@ struct PropertyFields {
     bool bitmapEnabled = false;
     bool colorEnabled = false;
 };
-PropertyFields PropertiesOf(const ControlRecord& control, ControlKind kind);
+PropertyFields PropertiesOf(const ControlRecord& control, ControlKind kind, SurfaceScale scale);
 
 // Puts the fields into the control, after hiding a deleted one. A bitmap that cannot be read is passed over: its path
 // stays in the caption, picture and size as they were before. LacksBitmap: all is done, but a visible bmpbutton has no
 // bitmap in its field, and the user is to be asked.
 enum class ControlFate { Kept, Deleted };
 enum class PropertiesEnd { Applied, LacksBitmap };
-PropertiesEnd ApplyProperties(ControlRecord& control, ControlKind kind, const PropertyTexts& texts, ControlFate fate);
+PropertiesEnd ApplyProperties(ControlRecord& control, ControlKind kind, const PropertyTexts& texts, ControlFate fate,
+                              SurfaceScale scale);
 
 // A bitmap's path as it is kept: in the system's short form, and in lower case where the disk does not mind.
 QString BitmapPathOf(const QString& path);

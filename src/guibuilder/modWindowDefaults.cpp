@@ -39,7 +39,7 @@ auto& ColorOf(Form& form, FormColor color)
 
 } // namespace
 
-WindowDefaults DefaultsOf(const GuiForm& form)
+WindowDefaults DefaultsOf(const GuiForm& form, SurfaceScale scale)
 {
     WindowDefaults values;
     values.caption = form.caption;
@@ -47,8 +47,8 @@ WindowDefaults DefaultsOf(const GuiForm& form)
     values.windowType = form.GuiWindowType;
     values.fontName = form.GuiFontName;
     values.fontSize = form.GuiFontSize;
-    values.width = PixelText(form.width, TwipsPerPixelX);
-    values.height = PixelText(form.height, TwipsPerPixelY);
+    values.width = PixelText(form.width, scale.x);
+    values.height = PixelText(form.height, scale.y);
     for (std::size_t color = 0; color < FormColorCount; ++color)
         values.colors[color] = ColorOf(form, static_cast<FormColor>(color));
     values.tooltips = form.GuiTooltipsOn;
@@ -60,7 +60,7 @@ WindowDefaults DefaultsOf(const GuiForm& form)
     return values;
 }
 
-void ApplyDefaults(GuiForm& form, const WindowDefaults& values)
+void ApplyDefaults(GuiForm& form, const WindowDefaults& values, SurfaceScale scale)
 {
     if (form.GuiDefaultsState == -1)
         form.GuiDefaultsState = 1;
@@ -77,8 +77,8 @@ void ApplyDefaults(GuiForm& form, const WindowDefaults& values)
     form.GuiWindowType = form.windowTag = values.windowType;
     form.caption = values.caption;
     form.GuiHandleName = values.handle;
-    form.width = std::max(TwipsOf(values.width, TwipsPerPixelX, form.width), 0.0f);
-    form.height = std::max(TwipsOf(values.height, TwipsPerPixelY, form.height), 0.0f);
+    form.width = std::max(TwipsOf(values.width, scale.x, form.width), 0.0f);
+    form.height = std::max(TwipsOf(values.height, scale.y, form.height), 0.0f);
     SetColorByName(form.backColor, form.GuiBackgroundColor);
     if (!values.statusbar)
         return;

@@ -34,11 +34,11 @@ struct WindowDefaults {
     bool operator==(const WindowDefaults&) const = default;
 };
 
-WindowDefaults DefaultsOf(const GuiForm& form);
+WindowDefaults DefaultsOf(const GuiForm& form, SurfaceScale scale);
 
 // Puts the dialog's values into the form. Width and height are never less than 0. An empty text for the status bar
 // becomes FirstPanelText; without a status bar its first panel stays as it was.
-void ApplyDefaults(GuiForm& form, const WindowDefaults& values);
+void ApplyDefaults(GuiForm& form, const WindowDefaults& values, SurfaceScale scale);
 
 // The form's font as the font box starts with it: a size that is no usable number counts as 10 points.
 FontSpec FontOf(const WindowDefaults& values);

@@ -3,6 +3,7 @@
 #include "obtool/toolGroups.h"
 
 #include "editor/document/modUserTexts.h"
+#include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
 #include "guibuilder/modGenerator.h"
 #include "obtool/toolModules.h"
@@ -60,7 +61,7 @@ QString CommentsOf(const std::string& file)
 
 void CompileForm(const FormArguments& arguments, bool hasDate, bool hasComments)
 {
-    GuiForm form = ReadFormArgument(arguments.form);
+    const GuiForm form = Completed(ReadFormArgument(arguments.form), CompletedFor::Program);
     ProgramHeader header;
     header.date = hasDate ? QString::fromLocal8Bit(arguments.date.data(), static_cast<qsizetype>(arguments.date.size()))
                           : ShortDateText(QDate::currentDate(), QLocale::system());
@@ -75,7 +76,7 @@ void CompileForm(const FormArguments& arguments, bool hasDate, bool hasComments)
 
 void SaveForm(const FormArguments& arguments)
 {
-    GuiForm form = ReadFormArgument(arguments.form);
+    const GuiForm form = Completed(ReadFormArgument(arguments.form), CompletedFor::File);
     const QString text = OnFile(arguments.form, [&] { return WriteForm(form); });
     WriteOutput(arguments.out, AnsiFromText(text).bytes);
 }

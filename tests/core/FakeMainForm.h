@@ -11,7 +11,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace ob {
@@ -65,7 +64,7 @@ public:
 
     bool UnloadGui() override
     {
-        if (!GuiFormOpen)
+        if (!GuiDesign().GuiFormOpen)
             return true;
         if (QueryGuiUnload() == UnloadAnswer::Stay)
             return false;
@@ -83,12 +82,12 @@ public:
     }
 
     void RefreshGui() override { log.append(QStringLiteral("refresh gui")); }
-    void SettleGui(GuiSteps steps) override { settled = steps; }
+    void SettleGui(GuiSteps) override {}
     void ShowGuiDefaults() override { log.append(QStringLiteral("gui defaults")); }
 
-    void EnableGuiTool(int place, bool enable) override
+    void EnableGuiTool(const QString& name, bool enable) override
     {
-        log.append((enable ? QStringLiteral("enable tool %1") : QStringLiteral("disable tool %1")).arg(place));
+        log.append((enable ? QStringLiteral("enable tool ") : QStringLiteral("disable tool ")) + name);
     }
     void SendToBack() override { log.append(QStringLiteral("back")); }
     void Unload() override { log.append(QStringLiteral("unload frame")); }
@@ -110,7 +109,6 @@ public:
     ActiveChild kind = ActiveChild::None;
     cDocument* active = nullptr;
     bool hasEditLibrary = true;
-    std::optional<GuiSteps> settled;
     QString status;
     QStringList log;
     std::array<QString, 8> captions;

@@ -2,6 +2,7 @@
 // What the tests of forms share: forms from lines, lines from forms.
 #pragma once
 
+#include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
 #include "platform/language/modAnsi.h"
 
@@ -47,10 +48,17 @@ inline GuiForm FormWith(ControlKind kind, int count = 1)
     return form;
 }
 
+// The text of a form's file. What the save fills in stays in the form, as it does in the bench.
+inline QString SavedText(GuiForm& form)
+{
+    form = Completed(std::move(form), CompletedFor::File);
+    return WriteForm(form);
+}
+
 // The file that a form would be saved as; the form itself is not touched.
 inline QByteArray FileOf(GuiForm form)
 {
-    return AnsiFromText(WriteForm(form)).bytes;
+    return AnsiFromText(SavedText(form)).bytes;
 }
 
 } // namespace ob

@@ -19,8 +19,8 @@ inline QStringList Log(std::initializer_list<const char*> lines)
 inline void OpenModifiedForm(CoreBench& bench)
 {
     bench.form.ShowGui();
-    GuiDesign.caption = QStringLiteral("Drawn");
-    GuiFormModified = true;
+    GuiDesign().form.caption = QStringLiteral("Drawn");
+    GuiDesign().GuiFormModified = true;
     bench.form.log.clear();
 }
 

@@ -16,9 +16,16 @@ struct ProgramParts {
     QByteArray stubs;    // behind the closing lines, up to the routines
 };
 
+// The program of a form. What the compilation fills in stays in the form, as it does in the bench.
+inline GeneratedProgram Compiled(GuiForm& form, ProgramKind kind, const ProgramHeader& header)
+{
+    form = Completed(std::move(form), CompletedFor::Program);
+    return GenerateProgram(form, kind, header);
+}
+
 inline QByteArray ProgramOf(GuiForm& form, ProgramKind kind)
 {
-    return AnsiFromText(GenerateProgram(form, kind, {QStringLiteral("DATE"), std::nullopt}).text).bytes;
+    return AnsiFromText(Compiled(form, kind, {QStringLiteral("DATE"), std::nullopt}).text).bytes;
 }
 
 // The parts of a program without the routines for tool tips and status bar.

@@ -12,7 +12,8 @@
 namespace ob {
 
 inline constexpr int SurfaceTwips = 15; // to the pixel
-inline const QColor Blank(1, 2, 3);     // a colour that nothing is painted in
+inline constexpr SurfaceScale PictureScale = {SurfaceTwips, SurfaceTwips};
+inline const QColor Blank(1, 2, 3); // a colour that nothing is painted in
 
 struct SurfacePicture {
     explicit SurfacePicture(double scaleWanted = 1, QSize size = {200, 150})
@@ -68,7 +69,7 @@ inline SurfacePicture Painted(const GuiForm& form, ControlRef ref, double scale 
 {
     SurfacePicture picture(scale);
     QPainter painter(&picture.image);
-    PaintControl(painter, SurfaceStyle(form, SurfaceTwips, SurfaceTwips), form, ref);
+    PaintControl(painter, SurfaceStyle(form, PictureScale), form, ref);
     return picture;
 }
 

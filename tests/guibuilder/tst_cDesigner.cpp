@@ -34,9 +34,9 @@ class tst_cDesigner : public QObject {
 
     ControlRef Put(ControlKind kind, const SurfaceRect& rect)
     {
-        const ControlRef ref = AddControl(GuiDesign, kind);
-        SetRect(GuiDesign.At(ref), rect);
-        GuiDesign.At(ref).visible = true;
+        const ControlRef ref = AddControl(GuiDesign().form, kind);
+        SetRect(GuiDesign().form.At(ref), rect);
+        GuiDesign().form.At(ref).visible = true;
         designer->Restart();
         return ref;
     }
@@ -55,14 +55,13 @@ class tst_cDesigner : public QObject {
         designer->Release(point, Button::Left);
     }
 
-    SurfaceRect Rect(ControlRef ref) const { return RectOf(GuiDesign.At(ref)); }
+    SurfaceRect Rect(ControlRef ref) const { return RectOf(GuiDesign().form.At(ref)); }
 
 private Q_SLOTS:
     void init()
     {
         bench = std::make_unique<CoreBench>();
-        GuiCopies.clear();
-        designer = std::make_unique<cDesigner>(GuiDesign);
+        designer = std::make_unique<cDesigner>(GuiDesign(), SurfaceScale());
     }
 
     void cleanup()
@@ -75,14 +74,13 @@ private Q_SLOTS:
     void AnArmedToolPlacesOnce()
     {
         designer->ArmTool(QStringLiteral("Button"));
-        QVERIFY(GuiPlacing);
+        QVERIFY(designer->IsArmed());
         QCOMPARE(designer->PointerAt(At(5, 5)), cDesigner::Pointer::Cross);
         Pull(At(10, 10), At(110, 60));
-        QVERIFY(!GuiPlacing);
-        QVERIFY(!GuiDragged);
+        QVERIFY(!designer->IsArmed());
         QCOMPARE(Rect({ControlKind::Button, 1}), Px(10, 10, 100, 50));
         Pull(At(200, 200), At(300, 300));
-        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{2});
+        QCOMPARE(GuiDesign().form.List(ControlKind::Button).size(), std::size_t{2});
         QVERIFY(!designer->Handles());
     }
 
@@ -127,8 +125,8 @@ private Q_SLOTS:
         designer->ArmTool(QStringLiteral("Button"));
         Pull(At(10, 10), At(30, 30));
         QCOMPARE(Rect(list), Px(20, 20, 100, 100));
-        QVERIFY(GuiPlacing);
-        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{1});
+        QVERIFY(designer->IsArmed());
+        QCOMPARE(GuiDesign().form.List(ControlKind::Button).size(), std::size_t{1});
     }
 
     void AControlMovesOnTheSnapAndTellsWhere()
@@ -141,7 +139,7 @@ private Q_SLOTS:
         designer->Release(At(53, 38), Button::Left);
         QVERIFY(designer->Handles().has_value());
         QCOMPARE(designer->Handles()->lower, At(120, 55));
-        QVERIFY(!GuiFormModified);
+        QVERIFY(!GuiDesign().GuiFormModified);
     }
 
     void OnlyGroupboxesAndTextsMarkTheFormByAPress()
@@ -149,10 +147,10 @@ private Q_SLOTS:
         int row = 0;
         for (const KindTraits& traits : KindTable) {
             Put(traits.kind, Px(0, row * 50, 40, 40));
-            GuiFormModified = false;
+            GuiDesign().GuiFormModified = false;
             Pull(At(5, row * 50 + 5), At(15, row * 50 + 5));
             const bool marks = traits.kind == ControlKind::Groupbox || traits.kind == ControlKind::Statictext;
-            QVERIFY2(GuiFormModified == marks, traits.keyword.data());
+            QVERIFY2(GuiDesign().GuiFormModified == marks, traits.keyword.data());
             ++row;
         }
     }
@@ -172,7 +170,7 @@ private Q_SLOTS:
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
-        GuiLocked = true;
+        designer->Lock();
         QCOMPARE(designer->PointerAt(At(30, 30)), cDesigner::Pointer::NoDrop);
         QCOMPARE(designer->PointerAt(At(102, 52)), cDesigner::Pointer::NoDrop);
         Pull(At(102, 52), At(150, 90));
@@ -180,7 +178,7 @@ private Q_SLOTS:
         designer->Nudge(75, 75);
         designer->Grow(75, 75);
         QCOMPARE(Rect(button), Px(20, 20, 80, 30));
-        QVERIFY(!GuiFormModified);
+        QVERIFY(!GuiDesign().GuiFormModified);
         QCOMPARE(designer->Press(At(30, 30), Button::Right, Mode::Plain).kind, Kind::Properties);
     }
 
@@ -203,7 +201,7 @@ private Q_SLOTS:
         QCOMPARE(Rect(button), Px(20, 20, 110, 55));
         QCOMPARE(bench->form.status, QStringLiteral("Width:   110        Height:   55"));
         QCOMPARE(designer->Handles()->lower, At(133, 77));
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
         designer->Release(At(135, 79), Button::Left);
         QVERIFY(!designer->Handles());
         QVERIFY(designer->Selection().empty());
@@ -223,9 +221,9 @@ private Q_SLOTS:
         const auto request = designer->Press(At(30, 30), Button::Right, Mode::Plain);
         QCOMPARE(request.kind, Kind::Properties);
         QCOMPARE(request.control, box);
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
         // The dialog may have deleted it: its release is not one on the empty surface.
-        DeleteControls(GuiDesign, {box});
+        DeleteControls(GuiDesign().form, {box});
         QCOMPARE(designer->Release(At(30, 30), Button::Right).kind, Kind::None);
     }
 
@@ -279,7 +277,7 @@ private Q_SLOTS:
         QVERIFY(!designer->CanUndo());
         designer->ArmTool(QStringLiteral("Button"));
         designer->Cancel();
-        QVERIFY(!GuiPlacing);
+        QVERIFY(!designer->IsArmed());
     }
 
     void EachFinishedActionIsOneStepToUndo()
@@ -295,7 +293,7 @@ private Q_SLOTS:
         designer->Undo();
         QCOMPARE(Rect(button), Px(10, 10, 100, 50));
         designer->Undo();
-        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{1});
+        QCOMPARE(GuiDesign().form.List(ControlKind::Button).size(), std::size_t{1});
         QVERIFY(!designer->CanUndo());
         designer->Redo();
         designer->Redo();
@@ -317,33 +315,33 @@ private Q_SLOTS:
     {
         designer->ArmTool(QStringLiteral("Button"));
         Pull(At(10, 10), At(110, 60));
-        GuiDesign.left = 4500;
+        GuiDesign().form.left = 4500;
         designer->Undo();
-        QCOMPARE(GuiDesign.left, 4500.0F);
-        GuiDesign.width = 3000;
+        QCOMPARE(GuiDesign().form.left, 4500.0F);
+        GuiDesign().form.width = 3000;
         designer->Commit(cFormHistory::WindowRect::Set);
-        const float width = GuiDesign.width;
+        const float width = GuiDesign().form.width;
         designer->Undo();
-        QVERIFY(GuiDesign.width != width);
-        QCOMPARE(GuiDesign.left, 4500.0F);
+        QVERIFY(GuiDesign().form.width != width);
+        QCOMPARE(GuiDesign().form.left, 4500.0F);
     }
 
     void UndoNeverTakesAConfirmedTypeOrItsMarkBack()
     {
-        GuiDesign.windowTag = QStringLiteral("open");
+        GuiDesign().form.windowTag = QStringLiteral("open");
         designer->Restart();
-        GuiDesign.windowTag = GuiDesign.GuiWindowType = QStringLiteral("Graphics_nsb");
-        GuiDesign.GuiDefaultsState = 1;
+        GuiDesign().form.windowTag = GuiDesign().form.GuiWindowType = QStringLiteral("Graphics_nsb");
+        GuiDesign().form.GuiDefaultsState = 1;
         designer->Commit(cFormHistory::WindowRect::Set);
         designer->ArmTool(QStringLiteral("Button"));
         Pull(At(10, 10), At(110, 60));
         designer->Undo();
         designer->Undo();
-        QCOMPARE(GuiDesign.GuiWindowType, QStringLiteral("Window"));
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Window"));
-        QCOMPARE(GuiDesign.GuiDefaultsState, std::int16_t{1});
+        QCOMPARE(GuiDesign().form.GuiWindowType, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign().form.GuiDefaultsState, std::int16_t{1});
         designer->Redo();
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Graphics_nsb"));
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Graphics_nsb"));
     }
 
     void ASaveIsNoStepAndItsNamesStay()
@@ -351,17 +349,17 @@ private Q_SLOTS:
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         Pull(At(30, 30), At(60, 60));
         designer->Undo();
-        GuiDesign.At(button).tag = QStringLiteral("button1");
-        GuiDesign.At(button).branch = QStringLiteral("button1.click");
+        GuiDesign().form.At(button).tag = QStringLiteral("button1");
+        GuiDesign().form.At(button).branch = QStringLiteral("button1.click");
         designer->Adopt();
         Click(At(30, 30));
         QVERIFY(designer->CanRedo());
         QVERIFY(!designer->CanUndo());
         designer->Redo();
-        QCOMPARE(GuiDesign.At(button).left, 750.0F);
-        QCOMPARE(GuiDesign.At(button).tag, QStringLiteral("button1"));
+        QCOMPARE(GuiDesign().form.At(button).left, 750.0F);
+        QCOMPARE(GuiDesign().form.At(button).tag, QStringLiteral("button1"));
         designer->Undo();
-        QCOMPARE(GuiDesign.At(button).branch, QStringLiteral("button1.click"));
+        QCOMPARE(GuiDesign().form.At(button).branch, QStringLiteral("button1.click"));
     }
 
     void AKeyThatIsHeldDownIsOneStep()
@@ -371,9 +369,9 @@ private Q_SLOTS:
         designer->Nudge(75, 0);
         for (int repeat = 0; repeat < 300; ++repeat)
             designer->Nudge(75, 0, cDesigner::KeyPress::Repeated);
-        QCOMPARE(GuiDesign.At(button).left, 300 + 301 * 75.0F);
+        QCOMPARE(GuiDesign().form.At(button).left, 300 + 301 * 75.0F);
         designer->Undo();
-        QCOMPARE(GuiDesign.At(button).left, 300.0F);
+        QCOMPARE(GuiDesign().form.At(button).left, 300.0F);
         QVERIFY(!designer->CanUndo());
         QCOMPARE(designer->Selection(), std::vector{button});
     }
@@ -384,13 +382,13 @@ private Q_SLOTS:
         Put(ControlKind::Statictext, Px(20, 60, 80, 30));
         Click(At(30, 30));
         designer->Nudge(75, 0);
-        QVERIFY(!GuiFormModified);
+        QVERIFY(!GuiDesign().GuiFormModified);
         designer->Grow(75, 0);
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
         Click(At(30, 70));
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
         designer->Nudge(75, 0);
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
     }
 
     void ARightPressOnAHandleOnlyHidesTheHandles()
@@ -425,7 +423,27 @@ private Q_SLOTS:
         designer->Paste();
         QCOMPARE(Rect({ControlKind::Button, 3}), Px(40, 40, 80, 30));
         QCOMPARE(designer->Selection(), (std::vector<ControlRef>{{ControlKind::Button, 3}}));
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
+    }
+
+    void ANewFormStartsUnlockedWithTheCopiesOfTheOldOne()
+    {
+        Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        designer->Copy();
+        designer->Nudge(15, 0);
+        designer->Lock();
+        designer->ArmTool(QStringLiteral("Listbox"));
+        designer->FormUnloaded();
+        QVERIFY(!designer->IsArmed());
+        QVERIFY(!designer->CanUndo());
+        QVERIFY(designer->Selection().empty());
+        QVERIFY(designer->IsLocked());
+        ClearForm(GuiDesign().form);
+        designer->FormLoaded();
+        QVERIFY(!designer->IsLocked());
+        designer->Paste();
+        QCOMPARE(Rect({ControlKind::Button, 1}), Px(30, 30, 80, 30));
     }
 
     void TabGoesThroughTheControls()

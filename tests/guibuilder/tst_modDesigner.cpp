@@ -10,6 +10,8 @@ Q_DECLARE_METATYPE(ob::ControlKind)
 
 namespace {
 
+constexpr SurfaceScale Scale;
+
 // Pixels of a 96 dots an inch screen.
 SurfaceRect Px(int left, int top, int width, int height)
 {
@@ -56,9 +58,9 @@ private Q_SLOTS:
 
     void APullOfFivePixelsInEitherDirectionIsADrag()
     {
-        QVERIFY(!LeftAnchor(At(10, 10), At(14, 6)));
-        QVERIFY(LeftAnchor(At(10, 10), At(15, 10)));
-        QVERIFY(LeftAnchor(At(10, 10), At(10, 5)));
+        QVERIFY(!LeftAnchor(At(10, 10), At(14, 6), Scale));
+        QVERIFY(LeftAnchor(At(10, 10), At(15, 10), Scale));
+        QVERIFY(LeftAnchor(At(10, 10), At(10, 5), Scale));
     }
 
     void AClickPlacesTheKindsSize_data()
@@ -92,7 +94,7 @@ private Q_SLOTS:
         QFETCH(int, width);
         QFETCH(int, height);
         GuiForm form;
-        const ControlRef ref = PlaceControl(form, kind, At(20, 30), At(23, 28), Drawn::Clicked);
+        const ControlRef ref = PlaceControl(form, kind, At(20, 30), At(23, 28), Drawn::Clicked, Scale);
         QCOMPARE(ref.index, 1);
         const ControlRecord& control = form.At(ref);
         QVERIFY(control.visible);
@@ -106,31 +108,32 @@ private Q_SLOTS:
     void ADrawnControlHasItsDrawnSizeHoweverSmall()
     {
         GuiForm form;
-        const ControlRef ref = PlaceControl(form, ControlKind::Graphicbox, At(50, 60), At(44, 58), Drawn::Dragged);
+        const ControlRef ref =
+            PlaceControl(form, ControlKind::Graphicbox, At(50, 60), At(44, 58), Drawn::Dragged, Scale);
         QCOMPARE(RectOf(form.At(ref)), Px(44, 58, 6, 2));
     }
 
     void ADrawnComboboxKeepsItsHeight()
     {
         GuiForm form;
-        const ControlRef ref = PlaceControl(form, ControlKind::Combobox, At(0, 0), At(120, 200), Drawn::Dragged);
+        const ControlRef ref = PlaceControl(form, ControlKind::Combobox, At(0, 0), At(120, 200), Drawn::Dragged, Scale);
         QCOMPARE(RectOf(form.At(ref)), Px(0, 0, 120, 30));
     }
 
     void TheNumberInACaptionIsTheIndexWhateverWasDeleted()
     {
         GuiForm form;
-        const ControlRef first = PlaceControl(form, ControlKind::Button, At(0, 0), At(0, 0), Drawn::Clicked);
+        const ControlRef first = PlaceControl(form, ControlKind::Button, At(0, 0), At(0, 0), Drawn::Clicked, Scale);
         DeleteControls(form, {first});
-        const ControlRef second = PlaceControl(form, ControlKind::Button, At(0, 0), At(0, 0), Drawn::Clicked);
+        const ControlRef second = PlaceControl(form, ControlKind::Button, At(0, 0), At(0, 0), Drawn::Clicked, Scale);
         QCOMPARE(second.index, 2);
         QCOMPARE(form.At(second).caption, QStringLiteral("Button  2"));
     }
 
     void AMoveKeepsTheGripUnderThePointerAndSnaps()
     {
-        QCOMPARE(MovedTo(At(63, 47), At(10, 10)), At(50, 35));
-        QCOMPARE(MovedTo(At(3, 4), At(5, 5)), At(-5, -5));
+        QCOMPARE(MovedTo(At(63, 47), At(10, 10), Scale), At(50, 35));
+        QCOMPARE(MovedTo(At(3, 4), At(5, 5), Scale), At(-5, -5));
     }
 
     void TheHandlesStandOutsideTheCorners()
@@ -146,8 +149,8 @@ private Q_SLOTS:
         const SurfaceRect control = Px(20, 30, 80, 40);
         HandlePlaces handles = HandlesOf(control);
         handles.lower = At(148, 117);
-        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control), Px(20, 30, 125, 85));
-        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Combobox, control), Px(20, 30, 125, 40));
+        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control, Scale), Px(20, 30, 125, 85));
+        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Combobox, control, Scale), Px(20, 30, 125, 40));
     }
 
     void TheUpperHandleKeepsTheLowerRightCorner()
@@ -157,8 +160,8 @@ private Q_SLOTS:
         handles.upper.x -= 12 * 15;
         handles.upper.y += 7 * 15;
         // 92 and 33 pixels are left, down to the snap.
-        QCOMPARE(ResizedBy(Handle::Upper, handles, ControlKind::Button, control), Px(10, 40, 90, 30));
-        QCOMPARE(ResizedBy(Handle::Upper, handles, ControlKind::Combobox, control), Px(10, 30, 90, 40));
+        QCOMPARE(ResizedBy(Handle::Upper, handles, ControlKind::Button, control, Scale), Px(10, 40, 90, 30));
+        QCOMPARE(ResizedBy(Handle::Upper, handles, ControlKind::Combobox, control, Scale), Px(10, 30, 90, 40));
     }
 
     void ASideUnderAHandleIsNinePixelsAtLeastBeforeTheSnap()
@@ -166,7 +169,7 @@ private Q_SLOTS:
         const SurfaceRect control = Px(20, 30, 80, 40);
         HandlePlaces handles = HandlesOf(control);
         handles.lower = At(21, 31);
-        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control), Px(20, 30, 5, 5));
+        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control, Scale), Px(20, 30, 5, 5));
     }
 
     void HandlesThatPassedEachOtherResizeNothing()
@@ -174,17 +177,17 @@ private Q_SLOTS:
         const SurfaceRect control = Px(20, 30, 80, 40);
         HandlePlaces handles = HandlesOf(control);
         handles.lower.x = handles.upper.x - 135;
-        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control), std::nullopt);
+        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control, Scale), std::nullopt);
         handles.lower.x += 1;
-        QVERIFY(ResizedBy(Handle::Lower, handles, ControlKind::Button, control).has_value());
+        QVERIFY(ResizedBy(Handle::Lower, handles, ControlKind::Button, control, Scale).has_value());
         handles.lower.y = handles.upper.y - 135;
-        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control), std::nullopt);
+        QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control, Scale), std::nullopt);
     }
 
     void TheStatusTextsCountPixelsWithTheirLeadingBlank()
     {
-        QCOMPARE(PlaceText(Px(40, -5, 0, 0)), QStringLiteral("X -  40    Y - -5"));
-        QCOMPARE(SizeText(Px(0, 0, 80, 30)), QStringLiteral("Width:   80        Height:   30"));
+        QCOMPARE(PlaceText(Px(40, -5, 0, 0), Scale), QStringLiteral("X -  40    Y - -5"));
+        QCOMPARE(SizeText(Px(0, 0, 80, 30), Scale), QStringLiteral("Width:   80        Height:   30"));
     }
 
     void TheFrontControlTakesThePress()
@@ -259,7 +262,7 @@ private Q_SLOTS:
         const ControlRef model = Put(form, ControlKind::Listbox, Px(0, 0, 80, 80));
         const ControlRef combobox = Put(form, ControlKind::Combobox, Px(0, 100, 80, 30));
         AlignControls(form, {model, combobox}, Alignment::SameHeight);
-        GrowControls(form, {combobox}, 75, 75);
+        GrowControls(form, {combobox}, 75, 75, Scale);
         QCOMPARE(RectOf(form.At(combobox)), Px(0, 100, 85, 30));
     }
 
@@ -267,9 +270,9 @@ private Q_SLOTS:
     {
         GuiForm form;
         const ControlRef button = Put(form, ControlKind::Button, Px(0, 0, 10, 30));
-        GrowControls(form, {button}, -75, 0);
+        GrowControls(form, {button}, -75, 0, Scale);
         QCOMPARE(RectOf(form.At(button)), Px(0, 0, 5, 30));
-        GrowControls(form, {button}, -75, -75);
+        GrowControls(form, {button}, -75, -75, Scale);
         QCOMPARE(RectOf(form.At(button)), Px(0, 0, 5, 25));
     }
 
@@ -283,7 +286,7 @@ private Q_SLOTS:
         // The name that a second button would get is taken by another control.
         const ControlRef label = Put(form, ControlKind::Statictext, Px(0, 0, 80, 30));
         form.At(label).tag = QStringLiteral("button2");
-        const auto pasted = PasteControls(form, CopyControls(form, {button, label}));
+        const auto pasted = PasteControls(form, CopyControls(form, {button, label}), Scale);
         QCOMPARE(pasted, (std::vector<ControlRef>{{ControlKind::Button, 2}, {ControlKind::Statictext, 2}}));
         const ControlRecord& copy = form.At(pasted[0]);
         QCOMPARE(copy.tag, QStringLiteral("button3 *Starts it"));
@@ -300,7 +303,7 @@ private Q_SLOTS:
         const ControlRef box = Put(form, ControlKind::Graphicbox, Px(0, 0, 80, 30));
         form.At(box).backColor = Rgb(255, 0, 0);
         form.At(box).branch = QStringLiteral("N/A");
-        const auto pasted = PasteControls(form, CopyControls(form, {box}));
+        const auto pasted = PasteControls(form, CopyControls(form, {box}), Scale);
         QCOMPARE(form.At(pasted[0]).backColor, Rgb(255, 0, 0));
         QCOMPARE(form.At(pasted[0]).branch, QStringLiteral("N/A"));
     }

@@ -40,7 +40,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, file);
         GuiForm form = FormOf(file);
-        QCOMPARE(AnsiFromText(WriteForm(form)).bytes, file);
+        QCOMPARE(AnsiFromText(SavedText(form)).bytes, file);
         QVERIFY(FormOf(file) == form);
     }
 
@@ -272,10 +272,10 @@ private Q_SLOTS:
     {
         GuiForm form;
         form.GuiHandleName.clear();
-        QCOMPARE(WriteForm(form).toLatin1(), Fresh({}));
+        QCOMPARE(SavedText(form).toLatin1(), Fresh({}));
         QCOMPARE(form.GuiHandleName, QStringLiteral("main"));
         form.GuiHandleName = QStringLiteral(" ");
-        QVERIFY(WriteForm(form).contains(QStringLiteral("| |-2147483633|")));
+        QVERIFY(SavedText(form).contains(QStringLiteral("| |-2147483633|")));
     }
 
     void WithoutAWindowLineTheWindowIsAFreshOne()

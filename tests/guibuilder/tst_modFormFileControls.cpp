@@ -120,11 +120,11 @@ private Q_SLOTS:
         const ControlRef ref{static_cast<ControlKind>(kind), 2};
         GuiForm form = FormWith(ref.kind, 2);
         form.List(ref.kind)[1].visible = false;
-        const QString first = WriteForm(form);
+        const QString first = SavedText(form);
         QCOMPARE(form.At(ref).tag, LatinText(TraitsOf(ref.kind).keyword) + u'2');
         QCOMPARE(form.At(ref).branch.toLatin1(), branch);
         QCOMPARE(form.List(ref.kind)[1].tag, QString());
-        QCOMPARE(WriteForm(form), first);
+        QCOMPARE(SavedText(form), first);
     }
 
     void ABranchIsTrimmedButNotThatOfAGraphicbox()
@@ -133,15 +133,15 @@ private Q_SLOTS:
                                        ControlKind::Combobox, ControlKind::Radiobutton, ControlKind::Checkbox}) {
             GuiForm form = FormWith(kind);
             form.At({kind, 1}).branch = QStringLiteral("  go ");
-            QVERIFY(WriteForm(form).contains(QStringLiteral("1|go|none|False")));
+            QVERIFY(SavedText(form).contains(QStringLiteral("1|go|none|False")));
             QCOMPARE(form.At({kind, 1}).branch, QStringLiteral("go"));
             form.At({kind, 1}).branch = QStringLiteral("  ");
-            QVERIFY(WriteForm(form).contains(QStringLiteral("1||none|False")));
+            QVERIFY(SavedText(form).contains(QStringLiteral("1||none|False")));
         }
         GuiForm form = FormWith(ControlKind::Graphicbox);
         for (const QString& branch : {QStringLiteral(" N/A "), QString()}) {
             form.At({ControlKind::Graphicbox, 1}).branch = branch;
-            QVERIFY(WriteForm(form).contains(QStringLiteral("|graphicbox1|%1|16777215|").arg(branch)));
+            QVERIFY(SavedText(form).contains(QStringLiteral("|graphicbox1|%1|16777215|").arg(branch)));
         }
     }
 
@@ -150,7 +150,7 @@ private Q_SLOTS:
         GuiForm form = FormWith(ControlKind::Button);
         for (const QString& tag : {QStringLiteral(" ok  * tip "), QStringLiteral(" "), QStringLiteral(" *tip")}) {
             form.At({ControlKind::Button, 1}).tag = tag;
-            QVERIFY(WriteForm(form).contains(QStringLiteral("| 450|%1|button1.click|").arg(tag)));
+            QVERIFY(SavedText(form).contains(QStringLiteral("| 450|%1|button1.click|").arg(tag)));
         }
     }
 
@@ -239,7 +239,7 @@ private Q_SLOTS:
         form.GuiStatusbarOn = true;
         bool isRaised = false;
         try {
-            WriteForm(form);
+            SavedText(form);
         } catch (const RuntimeError& error) {
             isRaised = true;
             QCOMPARE(error.number, 9);

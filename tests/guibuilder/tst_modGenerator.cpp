@@ -57,7 +57,7 @@ private Q_SLOTS:
         GuiForm form = FormOf(Read(QStringLiteral(OB_TEST_DATA "/../../samples/%1.obf").arg(sample)));
         const GuiForm asRead = form;
         const GeneratedProgram program =
-            GenerateProgram(form, isSimple ? Simple : Outline, {QStringLiteral("2026-11-21"), std::nullopt});
+            Compiled(form, isSimple ? Simple : Outline, {QStringLiteral("2026-11-21"), std::nullopt});
         const QString ending = isSimple ? QStringLiteral("-simple.bas") : QStringLiteral(".bas");
         QCOMPARE(program.text.toLatin1(), Read(QStringLiteral(OB_TEST_DATA "/forms/") + sample + ending));
         QTEST(program.bitmapMissing, "bitmapMissing");
@@ -109,11 +109,11 @@ private Q_SLOTS:
     {
         GuiForm form;
         for (const ProgramKind kind : BothKinds) {
-            const QString plain = GenerateProgram(form, kind, {QStringLiteral("D"), std::nullopt}).text;
+            const QString plain = Compiled(form, kind, {QStringLiteral("D"), std::nullopt}).text;
             const ProgramHeader two{QStringLiteral("D"), QStringLiteral("'mine\r\n'all")};
-            QCOMPARE(GenerateProgram(form, kind, two).text, QStringLiteral("'mine\r\n'all\r\n\r\n\r\n") + plain);
+            QCOMPARE(Compiled(form, kind, two).text, QStringLiteral("'mine\r\n'all\r\n\r\n\r\n") + plain);
             const ProgramHeader none{QStringLiteral("D"), QString()};
-            QCOMPARE(GenerateProgram(form, kind, none).text, QStringLiteral("\r\n\r\n\r\n") + plain);
+            QCOMPARE(Compiled(form, kind, none).text, QStringLiteral("\r\n\r\n\r\n") + plain);
         }
     }
 
@@ -122,7 +122,7 @@ private Q_SLOTS:
         GuiForm form;
         form.caption = QStringLiteral("A \"B\" \u20AC");
         const ProgramHeader header{QStringLiteral("1.2.2026"), std::nullopt};
-        QVERIFY(GenerateProgram(form, Simple, header)
+        QVERIFY(Compiled(form, Simple, header)
                     .text.startsWith(
                         QStringLiteral("'** Created by Orchard Bench - 1.2.2026\r\n'** A \"B\" \u20AC\r\n\r\n")));
     }

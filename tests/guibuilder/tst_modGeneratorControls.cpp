@@ -398,12 +398,12 @@ private Q_SLOTS:
         const ControlRef ref{ControlKind::Radiobutton, 1};
         GuiForm generatedFirst = FormWith(ref.kind);
         ProgramOf(generatedFirst, Outline);
-        WriteForm(generatedFirst);
+        SavedText(generatedFirst);
         QCOMPARE(generatedFirst.At(ref).branch, QStringLiteral("[radio1.click]"));
         QCOMPARE(generatedFirst.At(ref).tag, QStringLiteral("radiobutton1"));
 
         GuiForm savedFirst = FormWith(ref.kind);
-        WriteForm(savedFirst);
+        SavedText(savedFirst);
         QCOMPARE(savedFirst.At(ref).branch, QStringLiteral("radiobutton1.click"));
         QVERIFY(ProgramOf(savedFirst, Outline).contains("#main.radiobutton1, \"\",[radiobutton1.click],[loop],"));
         QCOMPARE(savedFirst.At(ref).branch, QStringLiteral("[radiobutton1.click]"));
@@ -453,7 +453,7 @@ private Q_SLOTS:
             control.visible = captions[place] != QLatin1String("-");
         }
         for (const ProgramKind kind : BothKinds)
-            QTEST(GenerateProgram(form, kind, {}).bitmapMissing, "isMissing");
+            QTEST(Compiled(form, kind, {}).bitmapMissing, "isMissing");
         QDir::setCurrent(before);
     }
 };

@@ -180,14 +180,14 @@ private Q_SLOTS:
 
     void TheProgramsStartResetsEverything()
     {
-        GuiDesign.caption = GuiToolName = QStringLiteral("x");
-        GuiFormOpen = GuiFormModified = GuiFormLoading = GuiPlacing = GuiDragged = GuiLocked = true;
-        GuiGridOn = false;
+        FormDesign& design = GuiDesign();
+        design.form.caption = QStringLiteral("x");
+        design.GuiFormOpen = design.GuiFormModified = design.GuiFormLoading = true;
+        design.GuiGridOn = design.GuiStatusNoteOn = false;
         ResetGui();
-        QVERIFY(GuiDesign == GuiForm());
-        QVERIFY(!(GuiFormOpen || GuiFormModified || GuiFormLoading || GuiPlacing || GuiDragged || GuiLocked));
-        QVERIFY(GuiGridOn);
-        QCOMPARE(GuiToolName, QString());
+        QVERIFY(design.form == GuiForm());
+        QVERIFY(!(design.GuiFormOpen || design.GuiFormModified || design.GuiFormLoading));
+        QVERIFY(design.GuiGridOn && design.GuiStatusNoteOn);
     }
 
     // --- Window types. ---

@@ -37,18 +37,18 @@ private Q_SLOTS:
 
     void ANewWindowSetsTheFlagsAndClearsTheForm()
     {
-        GuiPlacing = GuiLocked = GuiFormModified = true;
-        GuiGridOn = GuiDesign.GuiMenuOn = false;
-        GuiDesign.caption = QStringLiteral("Kept");
-        GuiDesign.windowTag = QStringLiteral("closed");
-        GuiDesign.GuiMenuNames[0] = GuiDesign.GuiMenuItems[0][0] = QStringLiteral("x");
-        AddControl(GuiDesign, ControlKind::Button);
+        GuiDesign().GuiFormModified = true;
+        GuiDesign().GuiGridOn = GuiDesign().form.GuiMenuOn = false;
+        GuiDesign().form.caption = QStringLiteral("Kept");
+        GuiDesign().form.windowTag = QStringLiteral("closed");
+        GuiDesign().form.GuiMenuNames[0] = GuiDesign().form.GuiMenuItems[0][0] = QStringLiteral("x");
+        AddControl(GuiDesign().form, ControlKind::Button);
         GuiFormLoaded();
         GuiForm expected;
         expected.caption = QStringLiteral("Kept");
-        QVERIFY(GuiDesign == expected);
-        QVERIFY(GuiFormOpen && GuiGridOn);
-        QVERIFY(!(GuiFormModified || GuiPlacing || GuiLocked));
+        QVERIFY(GuiDesign().form == expected);
+        QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiGridOn);
+        QVERIFY(!GuiDesign().GuiFormModified);
         QCOMPARE(bench->form.status, QStringLiteral("Right click the window or controls for a properties dialog!"));
         QCOMPARE(bench->form.log, Log({"enable mnuFileSaveGui"}));
     }
@@ -58,8 +58,8 @@ private Q_SLOTS:
         GuiFormLoaded();
         bench->form.log.clear();
         GuiFormUnloaded();
-        QVERIFY(!GuiFormOpen);
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("closed"));
+        QVERIFY(!GuiDesign().GuiFormOpen);
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("closed"));
         QCOMPARE(bench->form.log, Log({"disable mnuFileSaveGui"}));
     }
 
@@ -68,32 +68,33 @@ private Q_SLOTS:
     void ALoadedFormIsTheFormUnderDesign()
     {
         OpenModifiedForm(*bench);
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
         LoadGuiForm(bench->Put(QStringLiteral("a.obf"), "Window|Read|1|2|3|4|h|0|f *8\r\nmenu|&File|\r\n"));
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Window"));
-        QCOMPARE(GuiDesign.menuLabel, QStringLiteral("&File    "));
-        QVERIFY(GuiFormOpen && !GuiFormModified && !GuiFormLoading);
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign().form.menuLabel, QStringLiteral("&File    "));
+        QVERIFY(GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
         QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui",
-                                       "refresh gui", "enable tool 16"}));
+                                       "refresh gui", "enable tool Open Menu Editor"}));
     }
 
     void WithoutAFormWindowALoadMakesOne()
     {
         LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm));
-        QVERIFY(GuiFormOpen && !GuiFormModified && !GuiFormLoading);
-        QVERIFY(!GuiDesign.GuiMenuOn);
-        QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool 16"}));
+        QVERIFY(GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
+        QVERIFY(!GuiDesign().form.GuiMenuOn);
+        QCOMPARE(bench->form.log,
+                 Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool Open Menu Editor"}));
     }
 
     void ACorruptFileClosesTheWindow()
     {
         OpenModifiedForm(*bench);
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
         bench->dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
         LoadGuiForm(bench->Put(QStringLiteral("a.obf"), "open|Window Title| 0| 0| 0| 0|main|0|f *8|False|-1|True\r\n"));
-        QVERIFY(!GuiFormOpen && !GuiFormModified && !GuiFormLoading);
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("closed"));
+        QVERIFY(!GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("closed"));
         QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui",
                                        "unload gui", "disable mnuFileSaveGui"}));
     }
@@ -114,15 +115,16 @@ private Q_SLOTS:
         bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
         LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm + QByteArray("checkbox|C|0|0|0|0|n|b\r\n") + line +
                                                             "\r\ntextbox|x|0|0|0|0|n"));
-        QVERIFY(GuiFormOpen && GuiFormLoading && !GuiFormModified);
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
-        QVERIFY(GuiDesign.At({ControlKind::Checkbox, 1}).visible);
-        QCOMPARE(GuiDesign.List(ControlKind::Textbox).size(), std::size_t{1});
-        QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool 16"}));
+        QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiFormLoading && !GuiDesign().GuiFormModified);
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
+        QVERIFY(GuiDesign().form.At({ControlKind::Checkbox, 1}).visible);
+        QCOMPARE(GuiDesign().form.List(ControlKind::Textbox).size(), std::size_t{1});
+        QCOMPARE(bench->form.log,
+                 Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool Open Menu Editor"}));
 
         // The next good load ends it.
         LoadGuiForm(bench->Put(QStringLiteral("b.obf"), DialogForm));
-        QVERIFY(!GuiFormLoading);
+        QVERIFY(!GuiDesign().GuiFormLoading);
     }
 
     void AFileThatCannotBeReadIsAFailedLoad_data()
@@ -144,8 +146,8 @@ private Q_SLOTS:
 #endif
         bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
         LoadGuiForm(name);
-        QVERIFY(GuiFormOpen && GuiFormLoading);
-        QCOMPARE(FileOf(GuiDesign), Fresh({}));
+        QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiFormLoading);
+        QCOMPARE(FileOf(GuiDesign().form), Fresh({}));
     }
 
     void ALoadAsksAboutAModifiedForm()
@@ -154,36 +156,36 @@ private Q_SLOTS:
         const QString path = bench->Put(QStringLiteral("a.obf"), DialogForm);
         ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
         LoadGuiForm(path);
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
-        QVERIFY(GuiFormOpen && GuiFormModified && !GuiFormLoading);
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
+        QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
         QVERIFY(bench->form.log.isEmpty());
 
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
         ExpectSaveBox(*bench, {});
         LoadGuiForm(path);
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
-        QVERIFY(!GuiFormLoading);
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
+        QVERIFY(!GuiDesign().GuiFormLoading);
 
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
         ExpectSaveBox(*bench, bench->Path(QStringLiteral("drawn.obf")));
         LoadGuiForm(path);
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
         QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("drawn.obf"))).contains("|Drawn|"));
 
-        GuiFormModified = true;
+        GuiDesign().GuiFormModified = true;
         ExpectCloseQuestion(*bench, BoxAnswer::No);
         LoadGuiForm(bench->Path(QStringLiteral("drawn.obf")));
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
     }
 
     void ARefusedLoadBehindAFailedOneLeavesItsMark()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
         LoadGuiForm(QStringLiteral("gone.obf"));
-        GuiFormModified = true;
+        GuiDesign().GuiFormModified = true;
         ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
         LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm));
-        QVERIFY(GuiFormLoading);
+        QVERIFY(GuiDesign().GuiFormLoading);
     }
 
     void TheLoadCommandTakesFormFilesOnly()
@@ -191,15 +193,15 @@ private Q_SLOTS:
         ExpectLoadBox({});
         OpenModifiedForm(*bench);
         mnuFileLoadGui_Click();
-        QVERIFY(GuiFormOpen && bench->form.log.isEmpty());
+        QVERIFY(GuiDesign().GuiFormOpen && bench->form.log.isEmpty());
 
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
         for (const char* name : {"a.obf", "B.Obf", "obfuscated.txt"}) {
             const QString path = bench->Put(QString::fromLatin1(name), DialogForm);
             ExpectLoadBox(QDir(QString::fromLatin1(".")).filePath(QString::fromLatin1(name)));
-            GuiDesign.caption.clear();
+            GuiDesign().form.caption.clear();
             mnuFileLoadGui_Click();
-            QCOMPARE(GuiDesign.caption, QStringLiteral("Read"));
+            QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
         }
 
         bench->form.log.clear();
@@ -207,7 +209,7 @@ private Q_SLOTS:
         bench->Put(QStringLiteral("sub/a.bas"), DialogForm);
         ExpectLoadBox(QStringLiteral("sub/a.bas"));
         mnuFileLoadGui_Click();
-        QVERIFY(!GuiFormOpen && !GuiFormLoading);
+        QVERIFY(!GuiDesign().GuiFormOpen && !GuiDesign().GuiFormLoading);
         QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui"}));
     }
 
@@ -216,24 +218,24 @@ private Q_SLOTS:
     void ANewFormAsksForItsDefaults()
     {
         NewGuiForm();
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("open"));
-        QVERIFY(GuiFormOpen && !GuiFormModified);
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("open"));
+        QVERIFY(GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified);
         QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "gui defaults"}));
     }
 
     void ANewFormAsksAboutTheOldOneAndKeepsItsWindow()
     {
         OpenModifiedForm(*bench);
-        GuiDesign.At(AddControl(GuiDesign, ControlKind::Button)).visible = true;
+        GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Button)).visible = true;
         ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
         NewGuiForm();
-        QCOMPARE(GuiDesign.windowTag, QString());
+        QCOMPARE(GuiDesign().form.windowTag, QString());
         QVERIFY(bench->form.log.isEmpty());
 
         ExpectCloseQuestion(*bench, BoxAnswer::No);
         NewGuiForm();
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Drawn"));
-        QCOMPARE(GuiDesign.List(ControlKind::Button).size(), std::size_t{1});
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
+        QCOMPARE(GuiDesign().form.List(ControlKind::Button).size(), std::size_t{1});
         QCOMPARE(bench->form.log,
                  Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui", "gui defaults"}));
     }
@@ -246,16 +248,16 @@ private Q_SLOTS:
         QVERIFY(CoreBench::Get(path).contains("\r\nopen|Window Title| 1200|"));
         bench->dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
         LoadGuiForm(path);
-        QVERIFY(!GuiFormOpen);
+        QVERIFY(!GuiDesign().GuiFormOpen);
     }
 
     void TheMenuBarIsShownOrNot()
     {
         OpenModifiedForm(*bench);
         GuiShowMenu(MenuBar::Hidden);
-        QVERIFY(!GuiDesign.GuiMenuOn);
+        QVERIFY(!GuiDesign().form.GuiMenuOn);
         GuiShowMenu(MenuBar::Shown);
-        QVERIFY(GuiDesign.GuiMenuOn);
+        QVERIFY(GuiDesign().form.GuiMenuOn);
         QCOMPARE(bench->form.log, Log({"refresh gui", "refresh gui"}));
     }
 
@@ -263,8 +265,9 @@ private Q_SLOTS:
     {
         for (const std::string_view type : WindowTypes)
             EnableMenuEditor(LatinText(type));
-        QCOMPARE(bench->form.log, Log({"enable tool 16", "enable tool 16", "enable tool 16", "enable tool 16",
-                                       "disable tool 16", "disable tool 16"}));
+        QCOMPARE(bench->form.log, Log({"enable tool Open Menu Editor", "enable tool Open Menu Editor",
+                                       "enable tool Open Menu Editor", "enable tool Open Menu Editor",
+                                       "disable tool Open Menu Editor", "disable tool Open Menu Editor"}));
     }
 
     // --- Compile. ---
@@ -280,28 +283,28 @@ private Q_SLOTS:
     {
         QFETCH(bool, isSimple);
         OpenModifiedForm(*bench);
-        GuiDesign.caption = QStringLiteral("\u00C4\u20AC");
+        GuiDesign().form.caption = QStringLiteral("\u00C4\u20AC");
         isSimple ? CompileSimple() : Compile();
         QCOMPARE(bench->form.log, Log({"show 1"}));
         QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
         QCOMPARE(bench->form.ActiveControl().caret, qsizetype{0});
         const QString date = ShortDateText(QDate::currentDate(), QLocale::system());
-        GuiForm form = GuiDesign;
+        const GuiForm form = Completed(GuiDesign().form, CompletedFor::Program);
         QCOMPARE(bench->form.ActiveControl().text,
                  GenerateProgram(form, isSimple ? ProgramKind::Simple : ProgramKind::Outline, {date, std::nullopt})
                      .text.toUtf8());
         QVERIFY(bench->form.ActiveControl().text.contains("\r\n'** \xC3\x84\xE2\x82\xAC\r\n"));
         QCOMPARE(bench->form.ActiveControl().text.contains("True = 1"), !isSimple);
         // It saves nothing.
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
     }
 
     void WhatTheGeneratorFillsInStaysInTheForm()
     {
         OpenModifiedForm(*bench);
-        GuiDesign.At(AddControl(GuiDesign, ControlKind::Radiobutton)).visible = true;
+        GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Radiobutton)).visible = true;
         CompileSimple();
-        QCOMPARE(GuiDesign.At({ControlKind::Radiobutton, 1}).branch, QStringLiteral("[radio1.click]"));
+        QCOMPARE(GuiDesign().form.At({ControlKind::Radiobutton, 1}).branch, QStringLiteral("[radio1.click]"));
     }
 
     void CommentsStandInFrontWhenTheyAreOn_data()
@@ -334,7 +337,7 @@ private Q_SLOTS:
     void AMissingBitmapIsToldInFrontOfTheCode()
     {
         OpenModifiedForm(*bench);
-        GuiDesign.At(AddControl(GuiDesign, ControlKind::Bmpbutton)).visible = true;
+        GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Bmpbutton)).visible = true;
         bench->dialogs.ExpectMessage(
             QStringLiteral("Code contains at least one bmpbutton that has no valid bitmap file associated.  Please "
                            "correct this in the code generated."),

@@ -42,7 +42,7 @@ private Q_SLOTS:
         QFETCH(bool, isModified);
         QFETCH(bool, isAsked);
         OpenModifiedForm(*bench);
-        GuiFormModified = isModified;
+        GuiDesign().GuiFormModified = isModified;
         QuitQuery = isAsked;
         QCOMPARE(QueryGuiUnload(), UnloadAnswer::Unload);
     }
@@ -62,7 +62,7 @@ private Q_SLOTS:
         OpenModifiedForm(*bench);
         ExpectCloseQuestion(*bench, static_cast<BoxAnswer>(answer));
         QCOMPARE(QueryGuiUnload() == UnloadAnswer::Unload, unloads);
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
     }
 
     void YesSavesAndCloses()
@@ -71,7 +71,7 @@ private Q_SLOTS:
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
         ExpectSaveBox(*bench, bench->Path(QStringLiteral("drawn.obf")));
         QCOMPARE(QueryGuiUnload(), UnloadAnswer::Unload);
-        QVERIFY(!GuiFormModified);
+        QVERIFY(!GuiDesign().GuiFormModified);
         QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("drawn.obf"))).contains("\r\nWindow|Drawn| 1200|"));
     }
 
@@ -81,7 +81,7 @@ private Q_SLOTS:
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
         ExpectSaveBox(*bench, {});
         QCOMPARE(QueryGuiUnload(), UnloadAnswer::Stay);
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
     }
 
     void YesWithAFailedSaveKeepsTheForm()
@@ -90,7 +90,7 @@ private Q_SLOTS:
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
         ExpectSaveBox(*bench, bench->Path(QStringLiteral("gone/drawn.obf")));
         QCOMPARE(RaisedBy(QueryGuiUnload), 76);
-        QVERIFY(GuiFormModified && GuiFormOpen);
+        QVERIFY(GuiDesign().GuiFormModified && GuiDesign().GuiFormOpen);
     }
 
     // --- Save. ---
@@ -98,17 +98,17 @@ private Q_SLOTS:
     void ASaveWritesTheFormAndTellsItsName()
     {
         OpenModifiedForm(*bench);
-        GuiDesign.caption = QStringLiteral("\u20AC");
-        GuiDesign.GuiHandleName.clear();
-        GuiDesign.At(AddControl(GuiDesign, ControlKind::Button)).visible = true;
+        GuiDesign().form.caption = QStringLiteral("\u20AC");
+        GuiDesign().form.GuiHandleName.clear();
+        GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Button)).visible = true;
         const QString path = bench->Put(QStringLiteral("my form.obf"), QByteArray(10'000, 'o'));
         SaveGuiForm(path);
         QCOMPARE(CoreBench::Get(path), Fresh({"button|| 0| 0| 1200| 450|button1|button1.click|none|False|-1|True"})
                                            .replace("Window Title", "\x80"));
         QCOMPARE(bench->form.status, QStringLiteral("Form saved as my form.obf"));
-        QVERIFY(!GuiFormModified);
-        QCOMPARE(GuiDesign.GuiHandleName, QStringLiteral("main"));
-        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).branch, QStringLiteral("button1.click"));
+        QVERIFY(!GuiDesign().GuiFormModified);
+        QCOMPARE(GuiDesign().form.GuiHandleName, QStringLiteral("main"));
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).branch, QStringLiteral("button1.click"));
         QVERIFY(bench->form.log.isEmpty());
     }
 
@@ -124,27 +124,27 @@ private Q_SLOTS:
         QFETCH(bool, isYes);
         OpenModifiedForm(*bench);
         const QString status = bench->form.status;
-        GuiDesign.caption = QStringLiteral("\u03B1\u03B2");
-        GuiDesign.GuiHandleName = QStringLiteral("\u0100");
+        GuiDesign().form.caption = QStringLiteral("\u03B1\u03B2");
+        GuiDesign().form.GuiHandleName = QStringLiteral("\u0100");
         const QString path = bench->Put(QStringLiteral("a.obf"), "old");
         bench->dialogs.ExpectQuestion(QString::fromLatin1(LostQuestion).arg(2), isYes ? BoxAnswer::Yes : BoxAnswer::No);
         SaveGuiForm(path);
-        QCOMPARE(GuiFormModified, !isYes);
+        QCOMPARE(GuiDesign().GuiFormModified, !isYes);
         QCOMPARE(CoreBench::Get(path),
                  isYes ? Fresh({}).replace("Window Title", "\?\?").replace("|main|", "|?|") : QByteArray("old"));
         QCOMPARE(bench->form.status, isYes ? QStringLiteral("Form saved as a.obf") : status);
         // The form itself keeps its characters.
-        QCOMPARE(GuiDesign.caption, QStringLiteral("\u03B1\u03B2"));
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("\u03B1\u03B2"));
     }
 
     void AnUnmodifiedFormStaysUnmodifiedAfterNo()
     {
         OpenModifiedForm(*bench);
-        GuiFormModified = false;
-        GuiDesign.caption = QStringLiteral("\u03B1");
+        GuiDesign().GuiFormModified = false;
+        GuiDesign().form.caption = QStringLiteral("\u03B1");
         bench->dialogs.ExpectQuestion(QString::fromLatin1(LostQuestion).arg(2), BoxAnswer::No);
         SaveGuiForm(bench->Path(QStringLiteral("a.obf")));
-        QVERIFY(!GuiFormModified);
+        QVERIFY(!GuiDesign().GuiFormModified);
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("a.obf"))));
     }
 
@@ -152,16 +152,16 @@ private Q_SLOTS:
     {
         for (const bool isModified : {true, false}) {
             OpenModifiedForm(*bench);
-            GuiFormModified = isModified;
-            GuiDesign.GuiStatusbarOn = true;
-            GuiDesign.panels.resize(11);
+            GuiDesign().GuiFormModified = isModified;
+            GuiDesign().form.GuiStatusbarOn = true;
+            GuiDesign().form.panels.resize(11);
             const QString path = bench->Put(QStringLiteral("a.obf"), "old");
             bench->form.status.clear();
             QCOMPARE(RaisedBy([&] { SaveGuiForm(path); }), 9);
             QCOMPARE(CoreBench::Get(path), QByteArray("old"));
-            QCOMPARE(GuiFormModified, isModified);
+            QCOMPARE(GuiDesign().GuiFormModified, isModified);
             QCOMPARE(bench->form.status, QString());
-            GuiDesign.panels.resize(10);
+            GuiDesign().form.panels.resize(10);
             SaveGuiForm(path);
             QVERIFY(CoreBench::Get(path).contains("\r\nstatusbar|10|"));
         }
@@ -201,7 +201,7 @@ private Q_SLOTS:
             raised = RaisedBy([&] { SaveGuiForm(path); });
         }
         QCOMPARE(raised, number);
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
         QCOMPARE(bench->form.status, QString());
         QCOMPARE(QDir(bench->Path({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name),
                  Log({"closed", "folder", "full.obf", "protected.obf"}));
@@ -225,7 +225,7 @@ private Q_SLOTS:
         bench->form.ShowDocument(*Documents.back());
         bench->dialogs.ExpectMessage(QStringLiteral("The gui builder is not active; there is no form to save!"));
         guiSave();
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
     }
 
     void TheSaveCommandAsksForTheFile()
@@ -233,10 +233,10 @@ private Q_SLOTS:
         OpenModifiedForm(*bench);
         ExpectSaveBox(*bench, {});
         guiSave();
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
         ExpectSaveBox(*bench, bench->Path(QStringLiteral("a.obf")));
         guiSave();
-        QVERIFY(!GuiFormModified);
+        QVERIFY(!GuiDesign().GuiFormModified);
         QCOMPARE(bench->form.status, QStringLiteral("Form saved as a.obf"));
         QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("a.obf"))).startsWith(FreshDefaults));
     }

@@ -15,6 +15,9 @@ namespace {
 
 using enum ControlKind;
 
+constexpr SurfaceScale Scale;
+constexpr SurfaceScale OtherScale = {12, 10};
+
 ControlRecord Sample()
 {
     ControlRecord control;
@@ -32,12 +35,12 @@ ControlRecord Sample()
 
 // The control after a dialog in which the fields were changed so, confirmed.
 template <class Change>
-ControlRecord Confirmed(ControlKind kind, Change change)
+ControlRecord Confirmed(ControlKind kind, Change change, SurfaceScale scale = Scale)
 {
     ControlRecord control = Sample();
-    PropertyTexts texts = PropertiesOf(control, kind).texts;
+    PropertyTexts texts = PropertiesOf(control, kind, scale).texts;
     change(texts);
-    ApplyProperties(control, kind, texts, ControlFate::Kept);
+    ApplyProperties(control, kind, texts, ControlFate::Kept, scale);
     return control;
 }
 
@@ -57,11 +60,7 @@ class tst_modProperties : public QObject {
 
 private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
-    void cleanup()
-    {
-        bench.reset();
-        TwipsPerPixelX = TwipsPerPixelY = ProgramTwipsPerPixel;
-    }
+    void cleanup() { bench.reset(); }
 
     void eachKindHasItsFields_data();
     void eachKindHasItsFields();
@@ -128,7 +127,7 @@ void tst_modProperties::eachKindHasItsFields_data()
 void tst_modProperties::eachKindHasItsFields()
 {
     QFETCH(ControlKind, kind);
-    const PropertyFields fields = PropertiesOf(Sample(), kind);
+    const PropertyFields fields = PropertiesOf(Sample(), kind, Scale);
     QTEST((QStringList{fields.texts.caption, fields.texts.branch, fields.texts.bitmap, fields.texts.tooltip}), "texts");
     QString enabled;
     enabled += fields.captionEnabled ? QStringLiteral("C") : QString();
@@ -142,7 +141,7 @@ void tst_modProperties::eachKindHasItsFields()
 void tst_modProperties::everyKindShowsNameAndRectangle()
 {
     for (const KindTraits& traits : KindTable) {
-        const PropertyTexts texts = PropertiesOf(Sample(), traits.kind).texts;
+        const PropertyTexts texts = PropertiesOf(Sample(), traits.kind, Scale).texts;
         QCOMPARE(texts.name, QStringLiteral("name"));
         QCOMPARE((QStringList{texts.left, texts.top, texts.width, texts.height}),
                  (QStringList{QStringLiteral("10"), QStringLiteral("20"), QStringLiteral("80"), QStringLiteral("30")}));
@@ -173,11 +172,11 @@ void tst_modProperties::tagIsPartedAtItsFirstMark()
     QFETCH(QString, tag);
     ControlRecord control = Sample();
     control.tag = tag;
-    const PropertyTexts texts = PropertiesOf(control, Button).texts;
+    const PropertyTexts texts = PropertiesOf(control, Button, Scale).texts;
     QTEST(texts.name, "name");
     QTEST(texts.tooltip, "tooltip");
     // A kind without tool tips shows the same name.
-    QTEST(PropertiesOf(control, Groupbox).texts.name, "name");
+    QTEST(PropertiesOf(control, Groupbox, Scale).texts.name, "name");
 }
 
 void tst_modProperties::graphicboxShowsItsColor()
@@ -185,26 +184,24 @@ void tst_modProperties::graphicboxShowsItsColor()
     ControlRecord control = Sample();
     for (int color = 0; color < ColorCount; ++color) {
         control.backColor = ColorValue[static_cast<std::size_t>(color)];
-        QCOMPARE(PropertiesOf(control, Graphicbox).texts.color, color);
+        QCOMPARE(PropertiesOf(control, Graphicbox, Scale).texts.color, color);
     }
     control.backColor = Rgb(1, 2, 3);
-    QCOMPARE(PropertiesOf(control, Graphicbox).texts.color, -1);
+    QCOMPARE(PropertiesOf(control, Graphicbox, Scale).texts.color, -1);
 }
 
 void tst_modProperties::otherKindsShowNoColor()
 {
     for (const KindTraits& traits : KindTable)
         if (traits.kind != Graphicbox)
-            QCOMPARE(PropertiesOf(Sample(), traits.kind).texts.color, -1);
+            QCOMPARE(PropertiesOf(Sample(), traits.kind, Scale).texts.color, -1);
 }
 
 void tst_modProperties::measuresAreDividedByTheScreensFactors()
 {
-    TwipsPerPixelX = 12;
-    TwipsPerPixelY = 10;
     ControlRecord control = Sample();
     control.left = -30;
-    const PropertyTexts texts = PropertiesOf(control, Button).texts;
+    const PropertyTexts texts = PropertiesOf(control, Button, OtherScale).texts;
     QCOMPARE((QStringList{texts.left, texts.top, texts.width, texts.height}),
              (QStringList{QStringLiteral("-2.5"), QStringLiteral("30"), QStringLiteral("100"), QStringLiteral("45")}));
 }
@@ -249,7 +246,7 @@ void tst_modProperties::textsBecomeTwips()
     QVERIFY(!std::signbit(control.left) || control.left < 0);
     // What was taken is shown and taken again as it is.
     ControlRecord again = control;
-    ApplyProperties(again, Button, PropertiesOf(again, Button).texts, ControlFate::Kept);
+    ApplyProperties(again, Button, PropertiesOf(again, Button, Scale).texts, ControlFate::Kept, Scale);
     QTEST(again.left, "left");
 }
 
@@ -261,12 +258,12 @@ void tst_modProperties::untouchedMeasureStaysAsItWas()
     control.width = std::numeric_limits<float>::max();
     control.height = 1234.567f;
     ControlRecord confirmed = control;
-    ApplyProperties(confirmed, Button, PropertiesOf(control, Button).texts, ControlFate::Kept);
+    ApplyProperties(confirmed, Button, PropertiesOf(control, Button, Scale).texts, ControlFate::Kept, Scale);
     QVERIFY(confirmed == control);
     // The same number in other words is a number that was typed.
-    PropertyTexts texts = PropertiesOf(control, Button).texts;
+    PropertyTexts texts = PropertiesOf(control, Button, Scale).texts;
     texts.left = QStringLiteral("6.70");
-    ApplyProperties(confirmed, Button, texts, ControlFate::Kept);
+    ApplyProperties(confirmed, Button, texts, ControlFate::Kept, Scale);
     QCOMPARE(confirmed.left, 100.5f);
 }
 
@@ -296,11 +293,10 @@ void tst_modProperties::sizesAreTenTwipsAtLeast()
 
 void tst_modProperties::sizesComeFromTheScreensFactors()
 {
-    TwipsPerPixelX = 12;
-    TwipsPerPixelY = 10;
-    const ControlRecord control = Confirmed(Button, [](PropertyTexts& texts) {
+    const auto change = [](PropertyTexts& texts) {
         texts.left = texts.top = texts.width = texts.height = QStringLiteral("50");
-    });
+    };
+    const ControlRecord control = Confirmed(Button, change, OtherScale);
     QCOMPARE(control.left, 600.0f);
     QCOMPARE(control.top, 500.0f);
     QCOMPARE(control.width, 600.0f);
@@ -378,7 +374,7 @@ void tst_modProperties::unknownColorStaysWhenNothingWasChosen()
 {
     ControlRecord control = Sample();
     control.backColor = Rgb(1, 2, 3);
-    ApplyProperties(control, Graphicbox, PropertiesOf(control, Graphicbox).texts, ControlFate::Kept);
+    ApplyProperties(control, Graphicbox, PropertiesOf(control, Graphicbox, Scale).texts, ControlFate::Kept, Scale);
     QCOMPARE(control.backColor, Rgb(1, 2, 3));
 }
 
@@ -392,9 +388,10 @@ void tst_modProperties::confirmingUnchangedFieldsTwiceChangesNothing()
     QFETCH(ControlKind, kind);
     ControlRecord once = Sample();
     once.caption = bench->Put(QStringLiteral("two.bmp"), Bitmap(2, 3));
-    QCOMPARE(ApplyProperties(once, kind, PropertiesOf(once, kind).texts, ControlFate::Kept), PropertiesEnd::Applied);
+    QCOMPARE(ApplyProperties(once, kind, PropertiesOf(once, kind, Scale).texts, ControlFate::Kept, Scale),
+             PropertiesEnd::Applied);
     ControlRecord twice = once;
-    ApplyProperties(twice, kind, PropertiesOf(twice, kind).texts, ControlFate::Kept);
+    ApplyProperties(twice, kind, PropertiesOf(twice, kind, Scale).texts, ControlFate::Kept, Scale);
     QVERIFY(twice == once);
 }
 
@@ -402,11 +399,11 @@ void tst_modProperties::bitmapGivesPictureCaptionAndSize()
 {
     const QString path = bench->Put(QStringLiteral("Key.bmp"), Bitmap(40, 24));
     ControlRecord control = Sample();
-    PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
     texts.bitmap = path;
     texts.width = texts.height = QStringLiteral("500");
-    TwipsPerPixelX = 12;
-    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept), PropertiesEnd::Applied);
+    const SurfaceScale scale = {12, ProgramTwipsPerPixel};
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept, scale), PropertiesEnd::Applied);
     QCOMPARE(control.caption, path);
     QCOMPARE(control.picture.Image().size(), QSize(40, 24));
     QCOMPARE(control.width, 480.0f);
@@ -431,11 +428,11 @@ void tst_modProperties::unreadableBitmapLeavesPictureAndSize()
     ControlRecord control = Sample();
     control.picture = QImage(8, 9, QImage::Format_RGB32);
     const cButtonPicture before = control.picture;
-    PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
     texts.name = QStringLiteral("key");
     texts.bitmap = path;
     texts.width = QStringLiteral("64");
-    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept), PropertiesEnd::Applied);
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept, Scale), PropertiesEnd::Applied);
     QCOMPARE(control.caption, path);
     QCOMPARE(control.tag, QStringLiteral("key *tip"));
     QVERIFY(control.picture == before);
@@ -454,25 +451,25 @@ void tst_modProperties::missingBitmapIsAskedFor()
 {
     QFETCH(QString, path);
     ControlRecord control = Sample();
-    PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
+    PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
     texts.bitmap = path;
     texts.branch = QStringLiteral("[new]");
-    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept), PropertiesEnd::LacksBitmap);
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept, Scale), PropertiesEnd::LacksBitmap);
     QCOMPARE(control.branch, QStringLiteral("[new]"));
     QCOMPARE(control.caption, QStringLiteral("Caption"));
     for (const KindTraits& traits : KindTable)
         if (traits.kind != Bmpbutton)
-            QCOMPARE(ApplyProperties(control, traits.kind, texts, ControlFate::Kept), PropertiesEnd::Applied);
+            QCOMPARE(ApplyProperties(control, traits.kind, texts, ControlFate::Kept, Scale), PropertiesEnd::Applied);
 }
 
 void tst_modProperties::deletingHidesAndStillSetsTheFields()
 {
     ControlRecord control = Sample();
-    PropertyTexts texts = PropertiesOf(control, Button).texts;
+    PropertyTexts texts = PropertiesOf(control, Button, Scale).texts;
     texts.name = QStringLiteral("gone");
     texts.left = QStringLiteral("1");
     texts.caption = QStringLiteral("Gone");
-    QCOMPARE(ApplyProperties(control, Button, texts, ControlFate::Deleted), PropertiesEnd::Applied);
+    QCOMPARE(ApplyProperties(control, Button, texts, ControlFate::Deleted, Scale), PropertiesEnd::Applied);
     QVERIFY(!control.visible);
     QCOMPARE(control.tag, QStringLiteral("gone *tip"));
     QCOMPARE(control.left, 15.0f);
@@ -483,8 +480,8 @@ void tst_modProperties::deletedBmpbuttonIsNotAskedForItsBitmap()
 {
     ControlRecord control = Sample();
     control.caption = NoBitmap;
-    const PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
-    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted), PropertiesEnd::Applied);
+    const PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted, Scale), PropertiesEnd::Applied);
     QVERIFY(!control.visible);
 }
 
@@ -492,8 +489,8 @@ void tst_modProperties::deletedBmpbuttonStillTakesItsBitmap()
 {
     ControlRecord control = Sample();
     control.caption = bench->Put(QStringLiteral("key.bmp"), Bitmap(5, 6));
-    const PropertyTexts texts = PropertiesOf(control, Bmpbutton).texts;
-    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted), PropertiesEnd::Applied);
+    const PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
+    QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted, Scale), PropertiesEnd::Applied);
     QCOMPARE(control.picture.Image().size(), QSize(5, 6));
 }
 

@@ -21,6 +21,9 @@ QString& ColorIn(WindowDefaults& values, FormColor color)
 }
 
 // A form each of whose values differs from all others.
+constexpr SurfaceScale Scale;
+constexpr SurfaceScale OtherScale = {12, 10};
+
 GuiForm Sample()
 {
     GuiForm form;
@@ -50,11 +53,7 @@ class tst_modWindowDefaults : public QObject {
 
 private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
-    void cleanup()
-    {
-        bench.reset();
-        TwipsPerPixelX = TwipsPerPixelY = ProgramTwipsPerPixel;
-    }
+    void cleanup() { bench.reset(); }
 
     void showsTheWindowRecord();
     void freshFormShowsItsDefaults();
@@ -82,7 +81,7 @@ private:
 
 void tst_modWindowDefaults::showsTheWindowRecord()
 {
-    const WindowDefaults values = DefaultsOf(Sample());
+    const WindowDefaults values = DefaultsOf(Sample(), Scale);
     QCOMPARE(values.caption, Text("Addresses"));
     QCOMPARE(values.handle, Text("addresses"));
     QCOMPARE(values.windowType, Text("Window_nf"));
@@ -98,7 +97,7 @@ void tst_modWindowDefaults::showsTheWindowRecord()
 
 void tst_modWindowDefaults::freshFormShowsItsDefaults()
 {
-    const WindowDefaults values = DefaultsOf(GuiForm());
+    const WindowDefaults values = DefaultsOf(GuiForm(), Scale);
     QCOMPARE(values.caption, Text("Window Title"));
     QCOMPARE(values.handle, Text("main"));
     QCOMPARE(values.windowType, Text("Window"));
@@ -119,9 +118,9 @@ void tst_modWindowDefaults::eachFlagHasItsValue()
         GuiForm form;
         for (const Flag& flag : flags)
             form.*flag.first = flag == on;
-        const WindowDefaults values = DefaultsOf(form);
+        const WindowDefaults values = DefaultsOf(form, Scale);
         GuiForm other = Sample();
-        ApplyDefaults(other, values);
+        ApplyDefaults(other, values, Scale);
         for (const Flag& flag : flags) {
             QCOMPARE(values.*flag.second, flag == on);
             QCOMPARE(other.*flag.first, flag == on);
@@ -136,7 +135,7 @@ void tst_modWindowDefaults::unchangedValuesChangeOnlyTheTag()
     SetColorByName(form.backColor, form.GuiBackgroundColor);
     GuiForm expected = form;
     expected.windowTag = Text("Window_nf");
-    ApplyDefaults(form, DefaultsOf(form));
+    ApplyDefaults(form, DefaultsOf(form, Scale), Scale);
     QVERIFY(form == expected);
 }
 
@@ -144,7 +143,7 @@ void tst_modWindowDefaults::takesEveryValue()
 {
     GuiForm form;
     form.windowTag = Text("open");
-    ApplyDefaults(form, DefaultsOf(Sample()));
+    ApplyDefaults(form, DefaultsOf(Sample(), Scale), Scale);
     GuiForm expected = Sample();
     expected.windowTag = Text("Window_nf");
     expected.GuiDefaultsState = 1;
@@ -158,7 +157,7 @@ void tst_modWindowDefaults::firstConfirmationIsMarked()
     GuiForm form;
     for (const auto& [before, after] : {std::pair{-1, 1}, {1, 1}, {0, 0}, {7, 7}}) {
         form.GuiDefaultsState = static_cast<std::int16_t>(before);
-        ApplyDefaults(form, DefaultsOf(form));
+        ApplyDefaults(form, DefaultsOf(form, Scale), Scale);
         QCOMPARE(static_cast<int>(form.GuiDefaultsState), after);
     }
 }
@@ -166,10 +165,10 @@ void tst_modWindowDefaults::firstConfirmationIsMarked()
 void tst_modWindowDefaults::backgroundColorsTheWindow()
 {
     GuiForm form;
-    WindowDefaults values = DefaultsOf(form);
+    WindowDefaults values = DefaultsOf(form, Scale);
     ColorIn(values, FormColor::Background) = Text("Darkcyan");
     ColorIn(values, FormColor::Graphics) = Text("Red");
-    ApplyDefaults(form, values);
+    ApplyDefaults(form, values, Scale);
     QCOMPARE(form.GuiBackgroundColor, Text("Darkcyan"));
     QCOMPARE(form.backColor, Rgb(0, 128, 128));
 }
@@ -188,16 +187,16 @@ void tst_modWindowDefaults::graphicsWindowTakesItsOwnColor()
     QFETCH(QString, type);
     QFETCH(QString, background);
     GuiForm form;
-    WindowDefaults values = DefaultsOf(form);
+    WindowDefaults values = DefaultsOf(form, Scale);
     values.windowType = type;
     ColorIn(values, FormColor::Background) = Text("Brown");
     ColorIn(values, FormColor::Graphics) = Text("Green");
-    ApplyDefaults(form, values);
+    ApplyDefaults(form, values, Scale);
     QCOMPARE(form.GuiBackgroundColor, background);
     QCOMPARE(form.backColor, ColorFromName(background));
     QCOMPARE(form.GuiWindowType, type);
     QCOMPARE(form.windowTag, type);
-    const WindowDefaults shown = DefaultsOf(form);
+    const WindowDefaults shown = DefaultsOf(form, Scale);
     QCOMPARE(shown.colors[1], background);
     QCOMPARE(shown.colors[6], background);
 }
@@ -207,7 +206,7 @@ void tst_modWindowDefaults::unknownColorNameIsKeptAndColorsNothing()
     GuiForm form = Sample();
     form.GuiBackgroundColor = Text("Mauve");
     form.backColor = Rgb(1, 2, 3);
-    ApplyDefaults(form, DefaultsOf(form));
+    ApplyDefaults(form, DefaultsOf(form, Scale), Scale);
     QCOMPARE(form.GuiBackgroundColor, Text("Mauve"));
     QCOMPARE(form.backColor, Rgb(1, 2, 3));
 }
@@ -235,23 +234,21 @@ void tst_modWindowDefaults::measuresAreReadAsNumbers()
 {
     QFETCH(QString, text);
     GuiForm form;
-    WindowDefaults values = DefaultsOf(form);
+    WindowDefaults values = DefaultsOf(form, Scale);
     values.width = values.height = text;
-    ApplyDefaults(form, values);
+    ApplyDefaults(form, values, Scale);
     QTEST(form.width, "twips");
     QTEST(form.height, "twips");
 }
 
 void tst_modWindowDefaults::measuresComeFromTheScreensFactors()
 {
-    TwipsPerPixelX = 12;
-    TwipsPerPixelY = 10;
     GuiForm form = Sample();
-    WindowDefaults values = DefaultsOf(form);
+    WindowDefaults values = DefaultsOf(form, OtherScale);
     QCOMPARE(values.width, Text("375"));
     QCOMPARE(values.height, Text("300"));
     values.width = values.height = Text("100");
-    ApplyDefaults(form, values);
+    ApplyDefaults(form, values, OtherScale);
     QCOMPARE(form.width, 1200.0f);
     QCOMPARE(form.height, 1000.0f);
 }
@@ -261,7 +258,7 @@ void tst_modWindowDefaults::untouchedMeasureStaysAsItWas()
     GuiForm form = Sample();
     form.width = 100;
     form.height = std::numeric_limits<float>::max();
-    ApplyDefaults(form, DefaultsOf(form));
+    ApplyDefaults(form, DefaultsOf(form, Scale), Scale);
     QCOMPARE(form.width, 100.0f);
     QCOMPARE(form.height, std::numeric_limits<float>::max());
 }
@@ -269,19 +266,19 @@ void tst_modWindowDefaults::untouchedMeasureStaysAsItWas()
 void tst_modWindowDefaults::emptyStatusTextIsFilled()
 {
     GuiForm form = Sample();
-    WindowDefaults values = DefaultsOf(form);
+    WindowDefaults values = DefaultsOf(form, Scale);
     values.statusText.clear();
-    ApplyDefaults(form, values);
+    ApplyDefaults(form, values, Scale);
     QCOMPARE(form.panels, (std::vector{FirstPanelText, Text("Second")}));
 }
 
 void tst_modWindowDefaults::withoutStatusBarThePanelsStay()
 {
     GuiForm form = Sample();
-    WindowDefaults values = DefaultsOf(form);
+    WindowDefaults values = DefaultsOf(form, Scale);
     values.statusbar = false;
     values.statusText = Text("Other");
-    ApplyDefaults(form, values);
+    ApplyDefaults(form, values, Scale);
     QVERIFY(!form.GuiStatusbarOn);
     QCOMPARE(form.panels, (std::vector{Text("Ready"), Text("Second")}));
 }
@@ -290,10 +287,10 @@ void tst_modWindowDefaults::formWithoutPanelsGetsOne()
 {
     GuiForm form = Sample();
     form.panels.clear();
-    WindowDefaults values = DefaultsOf(form);
+    WindowDefaults values = DefaultsOf(form, Scale);
     QCOMPARE(values.statusText, QString());
     values.statusText = Text("Only");
-    ApplyDefaults(form, values);
+    ApplyDefaults(form, values, Scale);
     QCOMPARE(form.panels, (std::vector{Text("Only")}));
 }
 
@@ -317,7 +314,7 @@ void tst_modWindowDefaults::fontBoxStartsWithTheFormsFont()
     QFETCH(QString, size);
     GuiForm form = Sample();
     form.GuiFontSize = size;
-    const FontSpec font = FontOf(DefaultsOf(form));
+    const FontSpec font = FontOf(DefaultsOf(form, Scale));
     QCOMPARE(font.name, Text("Arial"));
     QTEST(font.size, "points");
 }

@@ -97,10 +97,10 @@ InputSpec Other(const char* prompt, const char* old)
 void SetMenus(const QStringList& names, int items)
 {
     for (int menu = 0; menu < names.size(); ++menu) {
-        SetMenuName(GuiDesign, menu, names[menu]);
+        SetMenuName(GuiDesign().form, menu, names[menu]);
         for (int item = 0; item < items; ++item) {
             const QString caption = names[menu] + QString::number(item);
-            SetMenuItem(GuiDesign, menu, item, {caption, u'[' + caption.toLower() + u']'});
+            SetMenuItem(GuiDesign().form, menu, item, {caption, u'[' + caption.toLower() + u']'});
         }
     }
 }
@@ -133,7 +133,7 @@ private Q_SLOTS:
         bench = std::make_unique<TestBench>();
         bench->Start();
         ResetGui();
-        ClearForm(GuiDesign);
+        ClearForm(GuiDesign().form);
     }
 
     void cleanup()
@@ -175,7 +175,7 @@ private Q_SLOTS:
             QCOMPARE(ButtonsOff(dialog), AllOff());
             QCOMPARE(dialog.focusWidget(), Button(dialog, "cmdAddMenu"));
         });
-        QCOMPARE(GuiDesign.menuLabel, Text("    Click here to edit or remove menus."));
+        QCOMPARE(GuiDesign().form.menuLabel, Text("    Click here to edit or remove menus."));
     }
 
     void itOpensWithTheFirstMenuAndItsItems()
@@ -189,13 +189,13 @@ private Q_SLOTS:
             QCOMPARE(Chosen(dialog, "lstItems0"), -1);
             QCOMPARE(ButtonsOff(dialog), QStringList());
         });
-        QCOMPARE(GuiDesign.menuLabel, Text("File    Edit    "));
+        QCOMPARE(GuiDesign().form.menuLabel, Text("File    Edit    "));
     }
 
     void anotherMenuShowsItsItems()
     {
         SetMenus(Words("File Edit"), 2);
-        SetMenuName(GuiDesign, 2, Text("Bare"));
+        SetMenuName(GuiDesign().form, 2, Text("Bare"));
         Edit([](QDialog& dialog) {
             ClickLine(dialog, "lstNames", 1);
             QCOMPARE(Lines(dialog, "lstItems1"), Words("[edit0] [edit1]"));
@@ -210,16 +210,16 @@ private Q_SLOTS:
         Edit([this](QDialog& dialog) {
             bench->dialogs.ExpectInput(NewMenu, Text("&File"));
             Button(dialog, "cmdAddMenu")->click();
-            QCOMPARE(GuiDesign.GuiMenuNames[0], Text("&File"));
+            QCOMPARE(GuiDesign().form.GuiMenuNames[0], Text("&File"));
             QCOMPARE(ButtonsOff(dialog), ItemButtons);
             bench->dialogs.ExpectInput(NewItem, Text("Open [x]"));
             bench->dialogs.ExpectInput(NewBranch, Text("open"));
             Button(dialog, "cmdAddItem")->click();
-            QCOMPARE(GuiDesign.GuiMenuItems[0][0], Text("Open  [open]"));
+            QCOMPARE(GuiDesign().form.GuiMenuItems[0][0], Text("Open  [open]"));
             QCOMPARE(ButtonsOff(dialog), QStringList());
             bench->dialogs.ExpectInput(NewItem, Text("|"));
             Button(dialog, "cmdAddItem")->click();
-            QCOMPARE(GuiDesign.GuiMenuItems[0][1], Text("--bar--  [none]"));
+            QCOMPARE(GuiDesign().form.GuiMenuItems[0][1], Text("--bar--  [none]"));
             QCOMPARE(Lines(dialog, "lstItems0"), Words("Open --bar--"));
             QCOMPARE(Lines(dialog, "lstItems1"), Words("[open] [none]"));
             QCOMPARE(Chosen(dialog, "lstItems0"), 1);
@@ -231,16 +231,16 @@ private Q_SLOTS:
             bench->dialogs.ExpectInput(NewItem, Text("Cut"));
             bench->dialogs.ExpectInput(NewBranch, Text("cut"));
             Button(dialog, "cmdAddItem")->click();
-            QCOMPARE(GuiDesign.GuiMenuItems[1][0], Text("Cut  [cut]"));
+            QCOMPARE(GuiDesign().form.GuiMenuItems[1][0], Text("Cut  [cut]"));
         });
-        QCOMPARE(GuiDesign.menuLabel, Text("&File    Edit    "));
-        QVERIFY(!GuiFormModified);
+        QCOMPARE(GuiDesign().form.menuLabel, Text("&File    Edit    "));
+        QVERIFY(!GuiDesign().GuiFormModified);
     }
 
     void cancelledBoxesChangeNothing()
     {
         SetMenus(Words("File"), 1);
-        const GuiForm before = GuiDesign;
+        const GuiForm before = GuiDesign().form;
         Edit([&](QDialog& dialog) {
             ClickLine(dialog, "lstItems0", 0);
             bench->dialogs.ExpectInput(NewMenu, std::nullopt);
@@ -258,14 +258,14 @@ private Q_SLOTS:
             Button(dialog, "cmdRemoveItem")->click();
             QCOMPARE(Lines(dialog, "lstNames"), Words("File"));
             QCOMPARE(Lines(dialog, "lstItems0"), Words("File0"));
-            QCOMPARE(GuiDesign, before);
+            QCOMPARE(GuiDesign().form, before);
         });
     }
 
     void aTwentySecondItemIsInTheListOnly()
     {
         SetMenus(Words("File Edit"), 21);
-        const auto before = GuiDesign.GuiMenuItems;
+        const auto before = GuiDesign().form.GuiMenuItems;
         Edit([&](QDialog& dialog) {
             bench->dialogs.ExpectInput(NewItem, Text("More"));
             bench->dialogs.ExpectInput(NewBranch, Text("more"));
@@ -281,7 +281,7 @@ private Q_SLOTS:
             bench->dialogs.ExpectQuestion(Text("Remove menu item named Most ?"), BoxAnswer::Yes);
             Button(dialog, "cmdRemoveItem")->click();
             QCOMPARE(Lines(dialog, "lstItems0").size(), 21);
-            QCOMPARE(GuiDesign.GuiMenuItems, before);
+            QCOMPARE(GuiDesign().form.GuiMenuItems, before);
         });
     }
 
@@ -291,7 +291,7 @@ private Q_SLOTS:
         for (int menu = 0; menu < 21; ++menu)
             names.append(QStringLiteral("M%1").arg(menu));
         SetMenus(names, 1);
-        const GuiForm before = GuiDesign;
+        const GuiForm before = GuiDesign().form;
         Edit([&](QDialog& dialog) {
             bench->dialogs.ExpectInput(NewMenu, Text("More"));
             Button(dialog, "cmdAddMenu")->click();
@@ -302,7 +302,7 @@ private Q_SLOTS:
             QCOMPARE(Lines(dialog, "lstItems0"), Words("Item"));
             Button(dialog, "cmdNameUp")->click();
             QCOMPARE(Lines(dialog, "lstNames").size(), 22);
-            QCOMPARE(GuiDesign, before);
+            QCOMPARE(GuiDesign().form, before);
         });
     }
 
@@ -314,14 +314,14 @@ private Q_SLOTS:
             bench->dialogs.ExpectInput(Other("Please type a new name for ", "Edit"), Text("\"Go\" *|*"));
             Button(dialog, "cmdEditMenu")->click();
             QCOMPARE(Lines(dialog, "lstNames").last(), Text("\"Go\" *|*"));
-            QCOMPARE(GuiDesign.GuiMenuNames[1], Text("\"Go\" *|*"));
+            QCOMPARE(GuiDesign().form.GuiMenuNames[1], Text("\"Go\" *|*"));
             ClickLine(dialog, "lstItems1", 1);
             bench->dialogs.ExpectInput(Other("Please type a new name for ", "Edit1"), Text("Copy"));
             bench->dialogs.ExpectInput(Other("Please type a new name for branch ", "[edit1]"), Text("copy"));
             Button(dialog, "cmdEditItem")->click();
             QCOMPARE(Lines(dialog, "lstItems0"), Words("Edit0 Copy"));
             QCOMPARE(Lines(dialog, "lstItems1"), Words("[edit0] [copy]"));
-            QCOMPARE(GuiDesign.GuiMenuItems[1][1], Text("Copy  [copy]"));
+            QCOMPARE(GuiDesign().form.GuiMenuItems[1][1], Text("Copy  [copy]"));
         });
     }
 
@@ -355,7 +355,7 @@ private Q_SLOTS:
             bench->dialogs.ExpectInput(NewItem, Text("Cut"));
             bench->dialogs.ExpectInput(NewBranch, Text("cut"));
             Button(dialog, "cmdAddItem")->click();
-            QCOMPARE(GuiDesign.GuiMenuItems[1][1], Text("Cut  [cut]"));
+            QCOMPARE(GuiDesign().form.GuiMenuItems[1][1], Text("Cut  [cut]"));
         });
     }
 
@@ -370,8 +370,8 @@ private Q_SLOTS:
             QVERIFY(Lines(dialog, "lstItems1").isEmpty());
             QCOMPARE(ButtonsOff(dialog), AllOff());
         });
-        QVERIFY(GuiDesign.GuiMenuNames[0].isEmpty());
-        QCOMPARE(GuiDesign.menuLabel, Text("    Click here to edit or remove menus."));
+        QVERIFY(GuiDesign().form.GuiMenuNames[0].isEmpty());
+        QCOMPARE(GuiDesign().form.menuLabel, Text("    Click here to edit or remove menus."));
     }
 
     void afterARemovalTheNextEntryIsSelected()
@@ -410,7 +410,7 @@ private Q_SLOTS:
             QCOMPARE(Lines(dialog, "lstNames"), Words("B C A"));
             QCOMPARE(Chosen(dialog, "lstNames"), 2);
             QCOMPARE(Lines(dialog, "lstItems0"), Words("A0 A1 A2"));
-            QCOMPARE(GuiDesign.GuiMenuItems[2][0], Text("A0  [a0]"));
+            QCOMPARE(GuiDesign().form.GuiMenuItems[2][0], Text("A0  [a0]"));
             ClickLine(dialog, "lstItems1", 2);
             Button(dialog, "cmdItemDown")->click();
             Button(dialog, "cmdItemUp")->click();
@@ -522,13 +522,13 @@ private Q_SLOTS:
     void removeMenubarHidesItAndStays()
     {
         SetMenus(Words("A"), 1);
-        QVERIFY(GuiDesign.GuiMenuOn);
+        QVERIFY(GuiDesign().form.GuiMenuOn);
         Edit([](QDialog& dialog) {
             Button(dialog, "cmdNoMenu")->click();
             QVERIFY(dialog.isVisible());
-            QVERIFY(!GuiDesign.GuiMenuOn);
+            QVERIFY(!GuiDesign().form.GuiMenuOn);
         });
-        QCOMPARE(MenuNames(GuiDesign), Words("A"));
+        QCOMPARE(MenuNames(GuiDesign().form), Words("A"));
     }
 
     void everyWayOutUpdatesTheLabel_data()
@@ -557,7 +557,7 @@ private Q_SLOTS:
                 dialog.close();
             QVERIFY(!dialog.isVisible());
         });
-        QCOMPARE(GuiDesign.menuLabel, Text("A    B    "));
+        QCOMPARE(GuiDesign().form.menuLabel, Text("A    B    "));
     }
 };
 

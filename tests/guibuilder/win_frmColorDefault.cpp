@@ -130,25 +130,25 @@ private Q_SLOTS:
 
     void openingTouchesNothing()
     {
-        GuiDesign.GuiWindowType = Text("Dialog");
-        GuiDesign.GuiMenuOn = false;
-        const GuiForm before = GuiDesign;
+        GuiDesign().form.GuiWindowType = Text("Dialog");
+        GuiDesign().form.GuiMenuOn = false;
+        const GuiForm before = GuiDesign().form;
         QCOMPARE(Play([this] {
                      QCOMPARE(Types()->currentText(), Text("Dialog"));
                      QVERIFY(!Box("chkMenu")->isChecked() && Box("chkMenu")->isEnabled());
                      QTest::keyClick(dialog->focusWidget(), Qt::Key_Escape);
                  }),
                  DefaultsEnd::Cancelled);
-        QVERIFY(GuiDesign == before);
+        QVERIFY(GuiDesign().form == before);
         QVERIFY(form->log.isEmpty());
     }
 
     void showsTheWindowRecord()
     {
-        GuiDesign.caption = Text("Addresses");
-        GuiDesign.width = 4500;
-        GuiDesign.GuiListboxColor = Text("Pink");
-        GuiDesign.GuiTimerOn = true;
+        GuiDesign().form.caption = Text("Addresses");
+        GuiDesign().form.width = 4500;
+        GuiDesign().form.GuiListboxColor = Text("Pink");
+        GuiDesign().form.GuiTimerOn = true;
         Play([this] {
             QCOMPARE(dialog->focusWidget(), Field("txtCaption"));
             QCOMPARE(Field("txtCaption")->selectedText(), Text("Addresses"));
@@ -165,7 +165,7 @@ private Q_SLOTS:
 
     void enterConfirmsAndShowsTheFormAnew()
     {
-        GuiDesign.windowTag = Text("open");
+        GuiDesign().form.windowTag = Text("open");
         QCOMPARE(Play([this] {
                      QTest::keyClicks(dialog->focusWidget(), Text("My window"));
                      Picker(1)->SelectName(Text("Darkblue"));
@@ -175,23 +175,23 @@ private Q_SLOTS:
                      QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
                  }),
                  DefaultsEnd::Confirmed);
-        QCOMPARE(GuiDesign.caption, Text("My window"));
-        QCOMPARE(GuiDesign.windowTag, Text("Window"));
-        QCOMPARE(GuiDesign.GuiBackgroundColor, Text("Darkblue"));
-        QCOMPARE(GuiDesign.backColor, Rgb(0, 0, 128));
-        QCOMPARE(GuiDesign.GuiTexteditorColor, Text("Yellow"));
-        QVERIFY(GuiDesign.GuiTooltipsOn);
-        QCOMPARE(GuiDesign.height, 3000.0f);
-        QCOMPARE(static_cast<int>(GuiDesign.GuiDefaultsState), 1);
+        QCOMPARE(GuiDesign().form.caption, Text("My window"));
+        QCOMPARE(GuiDesign().form.windowTag, Text("Window"));
+        QCOMPARE(GuiDesign().form.GuiBackgroundColor, Text("Darkblue"));
+        QCOMPARE(GuiDesign().form.backColor, Rgb(0, 0, 128));
+        QCOMPARE(GuiDesign().form.GuiTexteditorColor, Text("Yellow"));
+        QVERIFY(GuiDesign().form.GuiTooltipsOn);
+        QCOMPARE(GuiDesign().form.height, 3000.0f);
+        QCOMPARE(static_cast<int>(GuiDesign().form.GuiDefaultsState), 1);
         QCOMPARE(form->log, QStringList{Text("refresh gui")});
     }
 
     void cancelLeavesANewFormUnconfirmed()
     {
-        GuiDesign.windowTag = Text("open");
+        GuiDesign().form.windowTag = Text("open");
         Play([this] { Key("CancelButton")->click(); });
-        QCOMPARE(GuiDesign.windowTag, Text("open"));
-        QCOMPARE(static_cast<int>(GuiDesign.GuiDefaultsState), -1);
+        QCOMPARE(GuiDesign().form.windowTag, Text("open"));
+        QCOMPARE(static_cast<int>(GuiDesign().form.GuiDefaultsState), -1);
     }
 
     void dialogTypeTakesTheMenuAwayAtOnce()
@@ -199,13 +199,13 @@ private Q_SLOTS:
         QCOMPARE(Play([this] {
                      Choose("Dialog");
                      QVERIFY(!Box("chkMenu")->isChecked() && !Box("chkMenu")->isEnabled());
-                     QVERIFY(!GuiDesign.GuiMenuOn);
-                     QCOMPARE(form->log, (QStringList{Text("refresh gui"), Text("disable tool 16")}));
+                     QVERIFY(!GuiDesign().form.GuiMenuOn);
+                     QCOMPARE(form->log, (QStringList{Text("refresh gui"), Text("disable tool Open Menu Editor")}));
                      Key("CancelButton")->click();
                  }),
                  DefaultsEnd::Cancelled);
-        QVERIFY(!GuiDesign.GuiMenuOn);
-        QCOMPARE(GuiDesign.GuiWindowType, Text("Window"));
+        QVERIFY(!GuiDesign().form.GuiMenuOn);
+        QCOMPARE(GuiDesign().form.GuiWindowType, Text("Window"));
     }
 
     void windowTypeGivesTheMenuBoxBackButNotTheMenu()
@@ -215,20 +215,20 @@ private Q_SLOTS:
             form->log.clear();
             Choose("Graphics_nsb");
             QVERIFY(Box("chkMenu")->isEnabled() && !Box("chkMenu")->isChecked());
-            QCOMPARE(form->log, (QStringList{Text("refresh gui"), Text("enable tool 16")}));
-            QVERIFY(!GuiDesign.GuiMenuOn);
+            QCOMPARE(form->log, (QStringList{Text("refresh gui"), Text("enable tool Open Menu Editor")}));
+            QVERIFY(!GuiDesign().form.GuiMenuOn);
             Box("chkMenu")->click();
-            QVERIFY(GuiDesign.GuiMenuOn);
+            QVERIFY(GuiDesign().form.GuiMenuOn);
             dialog->reject();
         });
-        QVERIFY(GuiDesign.GuiMenuOn);
+        QVERIFY(GuiDesign().form.GuiMenuOn);
     }
 
     void otherWindowTypesKeepTheMenu()
     {
         Play([this] {
             Choose("Window_nf");
-            QVERIFY(GuiDesign.GuiMenuOn && Box("chkMenu")->isChecked());
+            QVERIFY(GuiDesign().form.GuiMenuOn && Box("chkMenu")->isChecked());
             dialog->reject();
         });
     }
@@ -237,11 +237,11 @@ private Q_SLOTS:
     {
         Play([this] {
             Box("chkMenu")->click();
-            QVERIFY(!GuiDesign.GuiMenuOn);
+            QVERIFY(!GuiDesign().form.GuiMenuOn);
             QCOMPARE(form->log, QStringList{Text("refresh gui")});
             Key("CancelButton")->click();
         });
-        QVERIFY(!GuiDesign.GuiMenuOn);
+        QVERIFY(!GuiDesign().form.GuiMenuOn);
     }
 
     void statusTextFollowsItsBox()
@@ -250,19 +250,19 @@ private Q_SLOTS:
             QVERIFY(!Field("txtStatus")->isEnabled());
             Box("chkStatusbar")->click();
             QVERIFY(Field("txtStatus")->isEnabled());
-            QVERIFY(!GuiDesign.GuiStatusbarOn);
+            QVERIFY(!GuiDesign().form.GuiStatusbarOn);
             Field("txtStatus")->clear();
             Key("OKButton")->click();
         });
-        QVERIFY(GuiDesign.GuiStatusbarOn);
-        QCOMPARE(GuiDesign.panels.front(), FirstPanelText);
+        QVERIFY(GuiDesign().form.GuiStatusbarOn);
+        QCOMPARE(GuiDesign().form.panels.front(), FirstPanelText);
         Play([this] {
             QVERIFY(Field("txtStatus")->isEnabled());
             Box("chkStatusbar")->click();
             QVERIFY(!Field("txtStatus")->isEnabled());
             dialog->reject();
         });
-        QVERIFY(GuiDesign.GuiStatusbarOn);
+        QVERIFY(GuiDesign().form.GuiStatusbarOn);
     }
 
     void fontComesFromTheFontBox()
@@ -276,12 +276,12 @@ private Q_SLOTS:
             Key("cmdFont")->click();
             QCOMPARE(Field("txtFont")->text(), Text("Arial"));
             QCOMPARE(Label("lblFontSize")->text(), Text("14 pt"));
-            QCOMPARE(GuiDesign.GuiFontName, Text("ms sans serif"));
+            QCOMPARE(GuiDesign().form.GuiFontName, Text("ms sans serif"));
             Key("cmdFont")->click();
             Key("OKButton")->click();
         });
-        QCOMPARE(GuiDesign.GuiFontName, Text("Arial"));
-        QCOMPARE(GuiDesign.GuiFontSize, Text("14"));
+        QCOMPARE(GuiDesign().form.GuiFontName, Text("Arial"));
+        QCOMPARE(GuiDesign().form.GuiFontSize, Text("14"));
     }
 
     void graphicsWindowTakesTheLastPicker()
@@ -294,13 +294,13 @@ private Q_SLOTS:
             Picker(6)->SelectName(Text("Cyan"));
             Key("OKButton")->click();
         });
-        QCOMPARE(GuiDesign.GuiBackgroundColor, Text("Cyan"));
-        QCOMPARE(GuiDesign.backColor, Rgb(0, 255, 255));
+        QCOMPARE(GuiDesign().form.GuiBackgroundColor, Text("Cyan"));
+        QCOMPARE(GuiDesign().form.backColor, Rgb(0, 255, 255));
     }
 
     void unknownColorNameIsShownNotChosenAndKept()
     {
-        GuiDesign.GuiTextboxColor = Text("Mauve");
+        GuiDesign().form.GuiTextboxColor = Text("Mauve");
         const auto look = [this] {
             QCOMPARE(Picker(4)->currentIndex(), -1);
             QCOMPARE(Picker(4)->Name(), Text("Mauve"));
@@ -309,13 +309,13 @@ private Q_SLOTS:
             look();
             Key("OKButton")->click();
         });
-        QCOMPARE(GuiDesign.GuiTextboxColor, Text("Mauve"));
+        QCOMPARE(GuiDesign().form.GuiTextboxColor, Text("Mauve"));
         Play([&] {
             look();
             Picker(4)->setCurrentIndex(0);
             Key("OKButton")->click();
         });
-        QCOMPARE(GuiDesign.GuiTextboxColor, Text("Black"));
+        QCOMPARE(GuiDesign().form.GuiTextboxColor, Text("Black"));
     }
 
     void swatchesShowTheirColors()

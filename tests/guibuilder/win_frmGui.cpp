@@ -6,6 +6,7 @@
 #include "editor/document/cDocument.h"
 #include "guibuilder/frmGui.h"
 #include "guibuilder/frmSurface.h"
+#include "guibuilder/modCompleted.h"
 #include "guibuilder/modGenerator.h"
 #include "guibuilder/modGui.h"
 #include "guibuilder/modGuiCommands.h"
@@ -84,8 +85,8 @@ void Pull(QWidget* surface, QPoint from, QPoint to)
 
 QByteArray OwnProgram(ProgramKind kind)
 {
-    GuiForm copy = GuiDesign;
-    return GenerateProgram(copy, kind, {ShortDateText(QDate::currentDate(), QLocale::system()), {}}).text.toLatin1();
+    const GuiForm form = Completed(GuiDesign().form, CompletedFor::Program);
+    return GenerateProgram(form, kind, {ShortDateText(QDate::currentDate(), QLocale::system()), {}}).text.toLatin1();
 }
 
 } // namespace
@@ -116,8 +117,8 @@ private Q_SLOTS:
         QVERIFY(bench.Frame().Item(QStringLiteral("mnuRun"))->isEnabled());
         QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveAs"))->isEnabled());
         QCOMPARE(StatusOf(bench), GuiHintText);
-        QVERIFY(!GuiFormModified);
-        QVERIFY(!GuiFormLoading);
+        QVERIFY(!GuiDesign().GuiFormModified);
+        QVERIFY(!GuiDesign().GuiFormLoading);
         const QMdiSubWindow* frame = bench.Frame().Area().currentSubWindow();
         QCOMPARE(frame->geometry(), QRect(40, 30, 400, 300));
     }
@@ -146,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(TestBench::Text(bench.Active()), outline);
         Tool(bench, 17)->click();
         QCOMPARE(TestBench::Text(bench.Active()), simple);
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
     }
 
     void AMissingBitmapIsToldAndTheProgramComes()
@@ -174,9 +175,9 @@ private Q_SLOTS:
         TestBench bench;
         Load(bench);
         bench.Frame().Area().currentSubWindow()->move(60, 30);
-        QCOMPARE(GuiDesign.left, 900.0F);
-        QCOMPARE(GuiDesign.width, 6000.25F);
-        QCOMPARE(GuiDesign.top, 450.0F);
+        QCOMPARE(GuiDesign().form.left, 900.0F);
+        QCOMPARE(GuiDesign().form.width, 6000.25F);
+        QCOMPARE(GuiDesign().form.top, 450.0F);
     }
 
     void TheWindowRefusesToBeMaximized()
@@ -188,7 +189,7 @@ private Q_SLOTS:
         QApplication::processEvents();
         QVERIFY(!frame->isMaximized());
         QCOMPARE(frame->geometry(), QRect(40, 30, 400, 300));
-        QCOMPARE(GuiDesign.width, 6000.25F);
+        QCOMPARE(GuiDesign().form.width, 6000.25F);
     }
 
     void ScrollingTheAreaMovesNoForm()
@@ -203,7 +204,7 @@ private Q_SLOTS:
         bar->setValue(bar->maximum());
         QApplication::processEvents();
         QVERIFY(bench.Frame().Area().currentSubWindow()->x() < before);
-        QCOMPARE(GuiDesign.left, 600.5F);
+        QCOMPARE(GuiDesign().form.left, 600.5F);
     }
 
     void AFormWithoutASizeCanStillBeGrabbed()
@@ -214,8 +215,8 @@ private Q_SLOTS:
         Load(bench, none);
         QVERIFY(bench.Frame().Area().currentSubWindow()->width() >= 120);
         QVERIFY(bench.Frame().Area().currentSubWindow()->height() >= 60);
-        QCOMPARE(GuiDesign.width, 0.0F);
-        QCOMPARE(GuiDesign.height, -15.0F);
+        QCOMPARE(GuiDesign().form.width, 0.0F);
+        QCOMPARE(GuiDesign().form.height, -15.0F);
     }
 
     void ANewFormHasNothingToUndo()
@@ -233,9 +234,11 @@ private Q_SLOTS:
         TestBench bench;
         Load(bench);
         Tool(bench, 4)->click();
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
+        const cDesigner& designer = Surface(bench)->Designer();
+        QVERIFY(designer.IsArmed());
         QVERIFY(bench.Frame().UnloadGui());
-        QVERIFY(!GuiPlacing);
+        QVERIFY(!designer.IsArmed());
         QVERIFY(!Tool(bench, 4)->isChecked());
     }
 
@@ -247,7 +250,7 @@ private Q_SLOTS:
         bench.dialogs.ExpectMessage(QStringLiteral("The gui builder is not active; there is no form to save!"));
         Tool(bench, 3)->click();
         // The tool's press has marked the form.
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
         QVERIFY(bench.Frame().UnloadGui());
         bench.dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
         Tool(bench, 3)->click();
@@ -260,18 +263,18 @@ private Q_SLOTS:
         Load(bench);
         QDir(bench.Path({})).mkdir(QStringLiteral("there.obf"));
         const QString folder = bench.Path(QStringLiteral("there.obf"));
-        GuiFormModified = true;
+        GuiDesign().GuiFormModified = true;
         bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, folder);
         bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
         bench.Choose(QStringLiteral("mnuFileSaveGui"));
-        QVERIFY(GuiFormModified);
+        QVERIFY(GuiDesign().GuiFormModified);
         // Closing asks still, and a save that fails again keeps the window.
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNoCancel);
         bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, folder);
         bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
         QVERIFY(!bench.Frame().UnloadGui());
         QVERIFY(FormWindow(bench) != nullptr);
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
     }
 
     void ACorruptFileUnloadsTheForm()
@@ -281,8 +284,8 @@ private Q_SLOTS:
         bench.dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
         bench.Start({path});
         QVERIFY(FormWindow(bench) == nullptr);
-        QVERIFY(!GuiFormOpen);
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("closed"));
+        QVERIFY(!GuiDesign().GuiFormOpen);
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("closed"));
     }
 
     void ADamagedFileLeavesWhatWasReadOnTheSurface()
@@ -292,9 +295,9 @@ private Q_SLOTS:
         bench.dialogs.ExpectMessage(QStringLiteral("Error loading form."));
         bench.Start({path});
         QVERIFY(FormWindow(bench) != nullptr);
-        QVERIFY(GuiFormLoading);
-        QVERIFY(GuiDesign.At({ControlKind::Button, 1}).visible);
-        QVERIFY(!GuiDesign.At({ControlKind::Button, 2}).visible);
+        QVERIFY(GuiDesign().GuiFormLoading);
+        QVERIFY(GuiDesign().form.At({ControlKind::Button, 1}).visible);
+        QVERIFY(!GuiDesign().form.At({ControlKind::Button, 2}).visible);
         // While the flag is set the properties stay away.
         QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(30, 30));
     }
@@ -303,17 +306,17 @@ private Q_SLOTS:
     {
         TestBench bench;
         const QString path = Load(bench);
-        GuiFormModified = true;
+        GuiDesign().GuiFormModified = true;
         bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter, path);
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
-        GuiDesign.caption = QStringLiteral("kept");
+        GuiDesign().form.caption = QStringLiteral("kept");
         bench.Choose(QStringLiteral("mnuFileLoadGui"));
-        QCOMPARE(GuiDesign.caption, QStringLiteral("kept"));
-        QVERIFY(!GuiFormLoading);
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("kept"));
+        QVERIFY(!GuiDesign().GuiFormLoading);
         bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter, path);
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
         bench.Choose(QStringLiteral("mnuFileLoadGui"));
-        QCOMPARE(GuiDesign.caption, QStringLiteral("Small"));
+        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Small"));
         QVERIFY(FormWindow(bench) != nullptr);
         QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
     }
@@ -339,17 +342,17 @@ private Q_SLOTS:
         QCOMPARE(surface->cursor().shape(), Qt::CrossCursor);
         Pull(surface, QPoint(240, 100), QPoint(340, 180));
         QVERIFY(!Tool(bench, 12)->isChecked());
-        QCOMPARE(RectOf(GuiDesign.At({ControlKind::Listbox, 1})), (SurfaceRect{3600, 1500, 1500, 1200}));
+        QCOMPARE(RectOf(GuiDesign().form.At({ControlKind::Listbox, 1})), (SurfaceRect{3600, 1500, 1500, 1200}));
         Pull(surface, QPoint(250, 110), QPoint(262, 131));
-        QCOMPARE(RectOf(GuiDesign.At({ControlKind::Listbox, 1})), (SurfaceRect{3750, 1800, 1500, 1200}));
+        QCOMPARE(RectOf(GuiDesign().form.At({ControlKind::Listbox, 1})), (SurfaceRect{3750, 1800, 1500, 1200}));
         QCOMPARE(StatusOf(bench), QStringLiteral("X -  250    Y -  120"));
         QTest::keyClick(surface, Qt::Key_Right, Qt::ControlModifier);
-        QCOMPARE(GuiDesign.At({ControlKind::Listbox, 1}).left, 3765.0F);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Listbox, 1}).left, 3765.0F);
         QTest::keyClick(surface, Qt::Key_Z, Qt::ControlModifier);
         QTest::keyClick(surface, Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(GuiDesign.At({ControlKind::Listbox, 1}).left, 3600.0F);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Listbox, 1}).left, 3600.0F);
         QTest::keyClick(surface, Qt::Key_Y, Qt::ControlModifier);
-        QCOMPARE(GuiDesign.At({ControlKind::Listbox, 1}).left, 3750.0F);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Listbox, 1}).left, 3750.0F);
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
         QVERIFY(bench.Close());
     }
@@ -363,12 +366,12 @@ private Q_SLOTS:
         bench.dialogs.ExpectMessage(QStringLiteral("Delete this control?"), BoxAnswer::No, BoxIcon::Critical,
                                     BoxButtons::YesNo);
         QTest::keyClick(surface, Qt::Key_Delete);
-        QVERIFY(GuiDesign.At({ControlKind::Button, 1}).visible);
+        QVERIFY(GuiDesign().form.At({ControlKind::Button, 1}).visible);
         bench.dialogs.ExpectMessage(QStringLiteral("Delete this control?"), BoxAnswer::Yes, BoxIcon::Critical,
                                     BoxButtons::YesNo);
         QTest::keyClick(surface, Qt::Key_Delete);
-        QVERIFY(!GuiDesign.At({ControlKind::Button, 1}).visible);
-        GuiFormModified = false;
+        QVERIFY(!GuiDesign().form.At({ControlKind::Button, 1}).visible);
+        GuiDesign().GuiFormModified = false;
     }
 
     void ARightClickOpensThePropertiesAndBringsToTheFront()
@@ -381,11 +384,11 @@ private Q_SLOTS:
             dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click();
         });
         QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(30, 45));
-        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).caption, QStringLiteral("Start"));
-        QCOMPARE(GuiDesign.order.back(), (ControlRef{ControlKind::Button, 1}));
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).caption, QStringLiteral("Start"));
+        QCOMPARE(GuiDesign().form.order.back(), (ControlRef{ControlKind::Button, 1}));
         QTest::keyClick(Surface(bench), Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).caption, QStringLiteral("&Go"));
-        GuiFormModified = false;
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).caption, QStringLiteral("&Go"));
+        GuiDesign().GuiFormModified = false;
     }
 
     void ARightClickOnTheSurfaceOpensTheWindowProperties()
@@ -396,7 +399,7 @@ private Q_SLOTS:
         QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(350, 200));
         bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
         Tool(bench, 15)->click();
-        GuiFormModified = false;
+        GuiDesign().GuiFormModified = false;
     }
 
     void ANewFormAsksForItsWindow()
@@ -405,14 +408,14 @@ private Q_SLOTS:
         bench.Start();
         bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
         bench.Choose(QStringLiteral("mnuGui"));
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("open"));
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("open"));
         QVERIFY(FormWindow(bench) != nullptr);
         QVERIFY(bench.Frame().findChild<QWidget*>(QStringLiteral("picGui"))->isVisible());
         // The command again starts anew without a question: nothing was changed.
         bench.ExpectModal(QStringLiteral("frmColorDefault"),
                           [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click(); });
         bench.Choose(QStringLiteral("mnuFileNewGui"));
-        QCOMPARE(GuiDesign.windowTag, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Window"));
         QVERIFY(FormWindow(bench) != nullptr);
         QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
     }
@@ -432,7 +435,7 @@ private Q_SLOTS:
         bench.dialogs.ExpectMessage(question, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNo,
                                     QStringLiteral("MenuBar"));
         QTest::mouseClick(label, Qt::RightButton);
-        QVERIFY(!GuiDesign.GuiMenuOn);
+        QVERIFY(!GuiDesign().form.GuiMenuOn);
         QVERIFY(!label->isVisible());
         QApplication::processEvents();
         QCOMPARE(Surface(bench)->y(), 0);
@@ -451,19 +454,19 @@ private Q_SLOTS:
         ask(BoxAnswer::Yes);
         bench.dialogs.ExpectInput({QStringLiteral("Panel Caption?"), {}, {}}, QStringLiteral("three"));
         QTest::mouseClick(bar, Qt::LeftButton);
-        QCOMPARE(GuiDesign.panels.size(), std::size_t{3});
-        QCOMPARE(GuiDesign.panels[2], QStringLiteral("three"));
+        QCOMPARE(GuiDesign().form.panels.size(), std::size_t{3});
+        QCOMPARE(GuiDesign().form.panels[2], QStringLiteral("three"));
         for (int left = 2; left >= 1; --left) {
             ask(BoxAnswer::No);
             QTest::mouseClick(bar, Qt::LeftButton);
-            QCOMPARE(GuiDesign.panels.size(), static_cast<std::size_t>(left));
+            QCOMPARE(GuiDesign().form.panels.size(), static_cast<std::size_t>(left));
         }
         ask(BoxAnswer::No);
         bench.dialogs.ExpectMessage(QStringLiteral("You cannot remove the first panel."));
         QTest::mouseClick(bar, Qt::LeftButton);
         ask(BoxAnswer::Cancel);
         QTest::mouseClick(bar, Qt::LeftButton);
-        QCOMPARE(GuiDesign.panels.size(), std::size_t{1});
+        QCOMPARE(GuiDesign().form.panels.size(), std::size_t{1});
     }
 
     void GridAndLockFollowTheirButtons()
@@ -471,18 +474,19 @@ private Q_SLOTS:
         TestBench bench;
         Load(bench);
         Switch(bench, "chkGrid")->click();
-        QVERIFY(!GuiGridOn);
+        QVERIFY(!GuiDesign().GuiGridOn);
         Switch(bench, "chkGrid")->click();
-        QVERIFY(GuiGridOn);
+        QVERIFY(GuiDesign().GuiGridOn);
         Switch(bench, "chkLock")->click();
-        QVERIFY(GuiLocked);
+        QVERIFY(Surface(bench)->Designer().IsLocked());
         Pull(Surface(bench), QPoint(30, 30), QPoint(90, 90));
-        QCOMPARE(GuiDesign.At({ControlKind::Button, 1}).left, 300.0F);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).left, 300.0F);
         // A new form starts unlocked, with its grid. A tool's press counts as a change.
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
         bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
         Tool(bench, 0)->click();
-        QVERIFY(!GuiLocked);
+        FormWindow(bench);
+        QVERIFY(!Surface(bench)->Designer().IsLocked());
         QVERIFY(!Switch(bench, "chkLock")->isChecked());
     }
 
@@ -493,7 +497,7 @@ private Q_SLOTS:
         dialog.replace("Window|Small", "Dialog|Small");
         Load(bench, dialog);
         QVERIFY(!Tool(bench, 16)->isEnabled());
-        QVERIFY(!GuiDesign.GuiMenuOn);
+        QVERIFY(!GuiDesign().form.GuiMenuOn);
     }
 
     void ToolsNeedAForm()
@@ -519,16 +523,16 @@ private Q_SLOTS:
             menu->close();
         });
         QTest::keyClick(surface, Qt::Key_F10, Qt::ShiftModifier);
-        QCOMPARE(GuiDesign.At({ControlKind::Textbox, 1}).top, 300.0F);
-        QCOMPARE(GuiDesign.At({ControlKind::Textbox, 1}).left, 4500.0F);
-        GuiFormModified = false;
+        QCOMPARE(GuiDesign().form.At({ControlKind::Textbox, 1}).top, 300.0F);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Textbox, 1}).left, 4500.0F);
+        GuiDesign().GuiFormModified = false;
     }
 
     void ClosingTheBenchAsksForTheForm()
     {
         TestBench bench;
         Load(bench);
-        GuiFormModified = true;
+        GuiDesign().GuiFormModified = true;
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
         QVERIFY(!bench.Close());
         const QString saved = bench.Path(QStringLiteral("saved.obf"));
@@ -542,7 +546,7 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench);
-        GuiFormModified = true;
+        GuiDesign().GuiFormModified = true;
         QuitQuery = false;
         QVERIFY(bench.Close());
     }

@@ -44,14 +44,14 @@ private:
 
     ControlRecord& Place(ControlKind kind)
     {
-        ref = AddControl(GuiDesign, kind);
-        ControlRecord& control = GuiDesign.At(ref);
+        ref = AddControl(GuiDesign().form, kind);
+        ControlRecord& control = GuiDesign().form.At(ref);
         control.visible = true;
         control.left = 150;
         control.top = 300;
         return control;
     }
-    ControlRecord& Control() const { return GuiDesign.At(ref); }
+    ControlRecord& Control() const { return GuiDesign().form.At(ref); }
 
     QLineEdit* Field(const char* name) const { return dialog->findChild<QLineEdit*>(Text(name)); }
     QPushButton* Key(const char* name) const { return dialog->findChild<QPushButton*>(Text(name)); }
@@ -207,7 +207,7 @@ private Q_SLOTS:
     void escapeAndCancelChangeNothing()
     {
         Place(ControlKind::Button);
-        const GuiForm before = GuiDesign;
+        const GuiForm before = GuiDesign().form;
         const auto spoil = [this] { Field("txtExt")->setText(Text("other")); };
         QCOMPARE(Play(ControlKind::Button,
                       [&] {
@@ -221,14 +221,14 @@ private Q_SLOTS:
                           Press("CancelButton");
                       }),
                  PropEnd::Cancelled);
-        QVERIFY(GuiDesign == before);
+        QVERIFY(GuiDesign().form == before);
         QVERIFY(form->log.isEmpty());
     }
 
     void nothingHappensWhileAFormIsLoaded()
     {
         Place(ControlKind::Button);
-        GuiFormLoading = true;
+        GuiDesign().GuiFormLoading = true;
         QCOMPARE(ShowProp(ref, Text("Button")), PropEnd::Cancelled);
         QVERIFY(form->log.isEmpty());
     }

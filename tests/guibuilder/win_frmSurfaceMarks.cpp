@@ -16,7 +16,7 @@ SurfacePicture Grid(const GuiForm& form, double scale, QRect exposed)
 {
     SurfacePicture picture(scale);
     QPainter painter(&picture.image);
-    PaintGrid(painter, exposed, form, SurfaceTwips, SurfaceTwips);
+    PaintGrid(painter, exposed, form, PictureScale);
     return picture;
 }
 
@@ -147,7 +147,7 @@ void win_frmSurfaceMarks::hugeBandsAndGridsArePaintedAtOnce()
     timer.start();
     PaintRubberBand(painter, QRect(QPoint(-30000, -30000), QPoint(30000, 30000)));
     PaintRubberBand(painter, {50, 50, 60000, 60000});
-    PaintGrid(painter, {-far, -far, 2 * far, 2 * far}, GuiForm(), SurfaceTwips, SurfaceTwips);
+    PaintGrid(painter, {-far, -far, 2 * far, 2 * far}, GuiForm(), PictureScale);
     PaintSelectionFrame(painter, {-30000, 20, 60000, 60000});
     QVERIFY(timer.elapsed() < mostMilliseconds);
 }

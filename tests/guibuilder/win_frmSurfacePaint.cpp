@@ -70,8 +70,8 @@ void win_frmSurfacePaint::placesAreCutDownToWholePixels()
     control.top = -1;
     control.width = 1200;
     control.height = 44.5F;
-    QCOMPARE(PixelRect(control, 15, 15), QRect(9, -1, 80, 2));
-    QCOMPARE(PixelRect(control, 10, 20), QRect(14, -1, 120, 2));
+    QCOMPARE(PixelRect(control, {15, 15}), QRect(9, -1, 80, 2));
+    QCOMPARE(PixelRect(control, {10, 20}), QRect(14, -1, 120, 2));
 }
 
 void win_frmSurfacePaint::hugeAndSenselessPlacesAreHeldInBounds()
@@ -81,14 +81,14 @@ void win_frmSurfacePaint::hugeAndSenselessPlacesAreHeldInBounds()
     control.top = std::numeric_limits<float>::infinity();
     control.width = 1e30F;
     control.height = -500;
-    const QRect rect = PixelRect(control, 15, 15);
+    const QRect rect = PixelRect(control, {15, 15});
     QVERIFY(rect.x() <= -20000 && rect.x() >= -32768);
     QVERIFY(rect.y() >= 20000 && rect.y() <= 32767);
     QVERIFY(rect.width() >= 20000 && rect.width() <= 32767);
     QCOMPARE(rect.height(), 0);
     control.left = std::numeric_limits<float>::quiet_NaN();
-    QCOMPARE(PixelRect(control, 15, 15).x(), 0);
-    QCOMPARE(PixelRect(control, 0, -3).x(), 0);
+    QCOMPARE(PixelRect(control, {15, 15}).x(), 0);
+    QCOMPARE(PixelRect(control, {0, -3}).x(), 0);
 }
 
 void win_frmSurfacePaint::controlIsPaintedWhereItStands()
@@ -106,7 +106,7 @@ void win_frmSurfacePaint::hiddenControlPaintsNothing()
     const ControlRef ref = Put(form, KindOfRow(), {20, 30, 60, 40});
     form.At(ref).visible = false;
     QVERIFY(Painted(form, ref).Touched().isEmpty());
-    QVERIFY(PaintedRect(form, ref, SurfaceTwips, SurfaceTwips).isEmpty());
+    QVERIFY(PaintedRect(form, ref, PictureScale).isEmpty());
 }
 
 void win_frmSurfacePaint::nothingIsPaintedOutsideThePaintedRect()
@@ -118,7 +118,7 @@ void win_frmSurfacePaint::nothingIsPaintedOutsideThePaintedRect()
     for (const QRect& place : {QRect(41, 33, 80, 30), QRect(41, 33, 30, 7), QRect(41, 33, 3, 60), QRect(41, 33, 1, 1),
                                QRect(41, 33, 12, 12), QRect(41, 33, 0, 20), QRect(41, 33, 20, 0)}) {
         Place(form.At(ref), place);
-        const QRect painted = PaintedRect(form, ref, SurfaceTwips, SurfaceTwips);
+        const QRect painted = PaintedRect(form, ref, PictureScale);
         for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
             const QRect touched = Painted(form, ref, scale).Touched();
             const QRectF allowed(painted.x() * scale, painted.y() * scale, painted.width() * scale,
@@ -161,7 +161,7 @@ void win_frmSurfacePaint::painterIsGivenBackAsItWas()
         painter.setBrush(Qt::green);
         painter.translate(3, 4);
         const QTransform before = painter.worldTransform();
-        PaintControl(painter, SurfaceStyle(form, SurfaceTwips, SurfaceTwips), form, ref);
+        PaintControl(painter, SurfaceStyle(form, PictureScale), form, ref);
         QCOMPARE(painter.worldTransform(), before);
         QCOMPARE(painter.pen().color(), QColor(Qt::red));
         QCOMPARE(painter.brush().color(), QColor(Qt::green));
@@ -200,7 +200,7 @@ void win_frmSurfacePaint::buttonFaceDoesNotFollowTheBenchsPalette()
     GuiForm form;
     const SurfacePicture picture = Painted(form, Put(form, ControlKind::Button, {10, 10, 120, 80}));
     QApplication::setPalette(before);
-    QCOMPARE(SurfaceStyle(form, SurfaceTwips, SurfaceTwips).surface, QColor(240, 240, 240));
+    QCOMPARE(SurfaceStyle(form, PictureScale).surface, QColor(240, 240, 240));
     QCOMPARE(picture.At(20, 20), QColor(240, 240, 240));
 }
 

@@ -39,7 +39,7 @@ void win_frmSurfaceStyle::unknownColorNamesGiveTheUsualColors()
     for (QString* name : {&form.GuiForegroundColor, &form.GuiBackgroundColor, &form.GuiTextboxColor,
                           &form.GuiTexteditorColor, &form.GuiListboxColor, &form.GuiComboboxColor})
         *name = QStringLiteral("Mauve");
-    const SurfaceStyle style(form, SurfaceTwips, SurfaceTwips);
+    const SurfaceStyle style(form, PictureScale);
     QCOMPARE(style.fore, QColor(Qt::black));
     QCOMPARE(style.surface, QColor(240, 240, 240));
     for (const QColor& field : {style.textbox, style.texteditor, style.listbox, style.combobox})
@@ -48,7 +48,7 @@ void win_frmSurfaceStyle::unknownColorNamesGiveTheUsualColors()
 
 void win_frmSurfaceStyle::ampersandUnderlinesTheNextLetter()
 {
-    const SurfaceStyle style(GuiForm(), SurfaceTwips, SurfaceTwips);
+    const SurfaceStyle style(GuiForm(), PictureScale);
     const SurfaceText plain = style.Line(QStringLiteral("Save"), Ampersands::Mark);
     QVERIFY(!plain.underline);
     const SurfaceText marked = style.Line(QStringLiteral("S&ave"), Ampersands::Mark);
@@ -66,7 +66,7 @@ void win_frmSurfaceStyle::ampersandUnderlinesTheNextLetter()
 
 void win_frmSurfaceStyle::wordsWrapAtTheWidthOfAStatictext()
 {
-    const SurfaceStyle style(GuiForm(), SurfaceTwips, SurfaceTwips);
+    const SurfaceStyle style(GuiForm(), PictureScale);
     const QString words = QStringLiteral("three short words");
     const qreal line = style.Paragraph(words, 500).size.height();
     QCOMPARE(style.Paragraph(words, 1).size.height(), 3 * line);

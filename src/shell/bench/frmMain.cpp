@@ -4,6 +4,7 @@
 
 #include "codetools/frmTip.h"
 #include "editor/frmDocument.h"
+#include "guibuilder/cDesigner.h"
 #include "guibuilder/frmGui.h"
 #include "guibuilder/frmPalette.h"
 #include "guibuilder/frmSurface.h"
@@ -92,9 +93,10 @@ frmMain::~frmMain()
 void frmMain::MakeCentre()
 {
     auto* centre = new QWidget(this);
-    picGui = new frmPalette(centre);
+    designer = std::make_unique<cDesigner>(GuiDesign(), ScreenScale());
+    picGui = new frmPalette(*designer, centre);
     picGui->hide();
-    ConnectPalette();
+    connect(picGui, &frmPalette::CloseWanted, this, [this] { ShowPalette(false); });
     mdi = new QMdiArea(centre);
     mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include <memory>
+
 class QKeyEvent;
 class QMdiArea;
 class QMdiSubWindow;
@@ -15,6 +17,7 @@ class QToolBar;
 
 namespace ob {
 
+class cDesigner;
 class frmDocument;
 class frmGui;
 class frmPalette;
@@ -49,7 +52,7 @@ public:
     void RefreshGui() override;
     void SettleGui(GuiSteps steps) override;
     void ShowGuiDefaults() override;
-    void EnableGuiTool(int place, bool enable) override;
+    void EnableGuiTool(const QString& name, bool enable) override;
     void SendToBack() override;
     void Unload() override;
 
@@ -77,14 +80,13 @@ private:
     void PlaceWindow();
     frmDocument* AddWindow(cDocument& document);
     QMdiSubWindow* AddChild(QWidget& child);
-    void ConnectPalette();
-    void UseGuiTool(int place);
     void SubWindowActivated(QMdiSubWindow* window);
     void ActivateChild(QWidget* child);
     QMdiSubWindow* SubWindowOf(const QWidget* child) const;
 
     QMdiArea* mdi = nullptr;
     QToolBar* tbToolBar = nullptr;
+    std::unique_ptr<cDesigner> designer; // of the form that gui shows
     frmPalette* picGui = nullptr;
     frmGui* gui = nullptr; // the form window, while there is one
     frmStatusBar* sbStatusBar = nullptr;

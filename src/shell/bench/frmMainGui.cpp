@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window's side of the form builder: the one form window, and the palette's commands.
+// The main window's side of the form builder: the one form window.
+#include "guibuilder/cDesigner.h"
 #include "guibuilder/frmGui.h"
 #include "guibuilder/frmPalette.h"
 #include "guibuilder/frmSurface.h"
-#include "guibuilder/modGuiCommands.h"
-#include "platform/dialogs/modDialogs.h"
 #include "shell/bench/frmMain.h"
 
 #include <QMdiArea>
@@ -20,12 +19,12 @@ bool frmMain::UnloadGui()
 void frmMain::ShowGui()
 {
     ShowPalette(true);
-    gui = new frmGui;
+    gui = new frmGui(*designer);
     connect(gui, &frmGui::Unloaded, this, [this](const QWidget* gone) {
         gui = nullptr;
         if (activeChild == gone)
             activeChild = nullptr;
-        picGui->Refresh();
+        picGui->Follow(nullptr);
     });
     connect(&gui->Surface(), &frmSurface::ToolUsed, picGui, &frmPalette::Refresh);
     QMdiSubWindow* window = AddChild(*gui);
@@ -33,7 +32,7 @@ void frmMain::ShowGui()
     window->show();
     mdi->setActiveSubWindow(window);
     ActivateChild(gui);
-    picGui->Refresh();
+    picGui->Follow(gui);
 }
 
 void frmMain::RefreshGui()
@@ -48,7 +47,7 @@ void frmMain::SettleGui(GuiSteps steps)
     if (gui == nullptr)
         return;
     if (steps == GuiSteps::Keep)
-        gui->Surface().Designer().Adopt();
+        designer->Adopt();
     else
         gui->Surface().Restart();
 }
@@ -59,61 +58,9 @@ void frmMain::ShowGuiDefaults()
         gui->Surface().ShowWindowDefaults();
 }
 
-void frmMain::EnableGuiTool(int place, bool enable)
+void frmMain::EnableGuiTool(const QString& name, bool enable)
 {
-    picGui->EnableTool(place, enable);
-}
-
-void frmMain::ConnectPalette()
-{
-    connect(picGui, &frmPalette::CloseWanted, this, [this] { ShowPalette(false); });
-    connect(picGui, &frmPalette::ToolPressed, this, [this](int place) {
-        RunCommand([this, place] { UseGuiTool(place); });
-        picGui->Refresh();
-    });
-    const auto repaint = [this] {
-        if (gui != nullptr)
-            gui->Surface().update();
-    };
-    connect(picGui, &frmPalette::GridSwitched, this, repaint);
-    connect(picGui, &frmPalette::LockSwitched, this, repaint);
-}
-
-void frmMain::UseGuiTool(int place)
-{
-    GuiFormModified = true;
-    const QString arms = frmPalette::ArmedBy(place);
-    if (!arms.isEmpty() && gui != nullptr) {
-        mdi->setActiveSubWindow(SubWindowOf(gui));
-        gui->Surface().ArmTool(arms);
-        return;
-    }
-    switch (place) {
-    case 0:
-        NewGuiForm();
-        break;
-    case 1:
-        Compile();
-        break;
-    case 2:
-        mnuFileLoadGui_Click();
-        break;
-    case 3:
-        guiSave();
-        break;
-    case 15:
-        ShowGuiDefaults();
-        break;
-    case MenuEditorTool:
-        if (gui != nullptr)
-            gui->Surface().ShowMenuEditor();
-        break;
-    case 17:
-        CompileSimple();
-        break;
-    default:
-        break;
-    }
+    picGui->EnableTool(name, enable);
 }
 
 } // namespace ob

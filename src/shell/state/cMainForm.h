@@ -62,8 +62,8 @@ public:
     // The window defaults of the form under design, modally.
     virtual void ShowGuiDefaults() = 0;
 
-    // A button of the form builder's palette by its place, from 0.
-    virtual void EnableGuiTool(int place, bool enable) = 0;
+    // A button of the form builder's palette by its name.
+    virtual void EnableGuiTool(const QString& name, bool enable) = 0;
 
     // Behind all other windows of the desktop.
     virtual void SendToBack() = 0;

@@ -153,7 +153,7 @@ private Q_SLOTS:
     void AFormIsCompiledIntoACodeWindowFirst()
     {
         bench->form.ShowGui();
-        GuiDesign.caption = QStringLiteral("From the form");
+        GuiDesign().form.caption = QStringLiteral("From the form");
         mnuRun_Click();
         QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show gui"), QStringLiteral("enable mnuFileSaveGui"),
                                                QStringLiteral("show 1"), QStringLiteral("back")}));

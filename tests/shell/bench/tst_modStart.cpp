@@ -176,7 +176,8 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log,
                  (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"), QStringLiteral("show gui"),
                               QStringLiteral("enable mnuFileSaveGui"), QStringLiteral("refresh gui"),
-                              QStringLiteral("enable tool 16"), QStringLiteral("show 2"), QStringLiteral("show 2")}));
+                              QStringLiteral("enable tool Open Menu Editor"), QStringLiteral("show 2"),
+                              QStringLiteral("show 2")}));
         QCOMPARE(Documents[1]->Caption(), code);
         QCOMPARE(Documents[1]->Tag, TagOpen);
         QCOMPARE(FakeMainForm::Control(*Documents[1]).text, QByteArray("print 1"));
@@ -209,10 +210,11 @@ private Q_SLOTS:
         const QString form = bench->Put(QStringLiteral("b.obf"), "\r\n");
         const QString last = bench->Put(QStringLiteral("c.bas"), "c\r\n");
         OpenFiles({bench->Path(QStringLiteral("gone.obf")), first, form, last}, FileSource::Drop);
-        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"),
-                                               QStringLiteral("show gui"), QStringLiteral("enable mnuFileSaveGui"),
-                                               QStringLiteral("refresh gui"), QStringLiteral("enable tool 16")}));
-        QVERIFY(GuiFormOpen);
+        QCOMPARE(bench->form.log,
+                 (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"), QStringLiteral("show gui"),
+                              QStringLiteral("enable mnuFileSaveGui"), QStringLiteral("refresh gui"),
+                              QStringLiteral("enable tool Open Menu Editor")}));
+        QVERIFY(GuiDesign().GuiFormOpen);
         QCOMPARE(bench->form.active->Caption(), first);
     }
 

@@ -153,7 +153,7 @@ private Q_SLOTS:
 
     void TheStateStartsWithItsDefaults()
     {
-        GuiDesign.GuiHandleName = QStringLiteral("x");
+        GuiDesign().form.GuiHandleName = QStringLiteral("x");
         RecentCount = 3;
         ToolImageIndex = 0;
         bench->Open(QStringLiteral("a.bas"));
@@ -163,14 +163,14 @@ private Q_SLOTS:
         QCOMPARE(Finding().FoundPos, std::intptr_t{-1});
         QCOMPARE(RecentCount, 0);
         QCOMPARE(ToolImageIndex, 1);
-        QCOMPARE(GuiDesign.GuiHandleName, QStringLiteral("main"));
-        QCOMPARE(GuiDesign.GuiWindowType, QStringLiteral("Window"));
-        QCOMPARE(GuiDesign.GuiFontName, QStringLiteral("ms sans serif"));
-        QCOMPARE(GuiDesign.GuiFontSize, QStringLiteral("10"));
-        QCOMPARE(GuiDesign.GuiForegroundColor, QStringLiteral("Black"));
-        QCOMPARE(GuiDesign.GuiBackgroundColor, QStringLiteral("Buttonface"));
-        for (const QString& color : {GuiDesign.GuiTexteditorColor, GuiDesign.GuiTextboxColor,
-                                     GuiDesign.GuiComboboxColor, GuiDesign.GuiListboxColor})
+        QCOMPARE(GuiDesign().form.GuiHandleName, QStringLiteral("main"));
+        QCOMPARE(GuiDesign().form.GuiWindowType, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign().form.GuiFontName, QStringLiteral("ms sans serif"));
+        QCOMPARE(GuiDesign().form.GuiFontSize, QStringLiteral("10"));
+        QCOMPARE(GuiDesign().form.GuiForegroundColor, QStringLiteral("Black"));
+        QCOMPARE(GuiDesign().form.GuiBackgroundColor, QStringLiteral("Buttonface"));
+        for (const QString& color : {GuiDesign().form.GuiTexteditorColor, GuiDesign().form.GuiTextboxColor,
+                                     GuiDesign().form.GuiComboboxColor, GuiDesign().form.GuiListboxColor})
             QCOMPARE(color, QStringLiteral("White"));
         for (const QString& path : RecentFiles)
             QCOMPARE(path, QStringLiteral("untitled"));
