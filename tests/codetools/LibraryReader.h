@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reads texts of the served language as far as the libraries use it, and tells what is wrong with them.
+// Reads texts of the BASIC language as far as the libraries use it, and reports mistakes in them.
 #pragma once
 
 #include <QMap>
@@ -35,7 +35,7 @@ inline QString WithoutComment(const QString& line)
     return line;
 }
 
-// The pieces between separators that stand outside quotes and parentheses, without blanks around them.
+// The pieces between separators outside quotes and parentheses, without spaces around them.
 inline QStringList Split(const QString& text, QChar separator)
 {
     QStringList pieces = {QString()};
@@ -55,7 +55,7 @@ inline QStringList Split(const QString& text, QChar separator)
     return pieces;
 }
 
-// Name of each routine, with its lines from the heading to the end.
+// The name of each routine, with its lines from the heading to the end.
 inline QMap<QString, QStringList> RoutinesOf(const QByteArray& text)
 {
     QMap<QString, QStringList> routines;
@@ -72,7 +72,7 @@ inline QMap<QString, QStringList> RoutinesOf(const QByteArray& text)
     return routines;
 }
 
-// Reads a text of the language line by line and writes down all that is wrong with it, each with the line's number.
+// Reads a text of the language line by line and records everything wrong with it, each with the line's number.
 class LibraryReader {
 public:
     explicit LibraryReader(const QByteArray& text)
@@ -83,7 +83,7 @@ public:
             const QString code = WithoutComment(line).trimmed();
             CheckShape(line, code);
             if (!pending.isEmpty() && code.isEmpty())
-                Complain("is missing behind a continued line");
+                Complain("is missing after a continued line");
             const bool isContinued = code.endsWith(QLatin1Char('_'));
             if (isContinued && !line.endsWith(QLatin1Char('_')))
                 Complain("is continued, but does not end so");
@@ -107,7 +107,7 @@ private:
     struct Branch {
         bool isAssigned = false; // here, before any Else
         bool hasElse = false;
-        bool wasAssigned = false; // in front of the Else
+        bool wasAssigned = false; // before the Else
     };
 
     void Complain(const char* what)
@@ -120,7 +120,7 @@ private:
         if (line.size() > 100)
             Complain("is too long");
         if (line.endsWith(QLatin1Char(' ')))
-            Complain("ends in a blank");
+            Complain("ends in a space");
         if (line.count(QLatin1Char('"')) % 2 != 0)
             Complain("has an odd number of quotes");
         QString bare = code;

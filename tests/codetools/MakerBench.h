@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A bench for the makers of code: their windows by the menu, their controls by name, and the clipboard.
+// Test support for the code makers: their windows from the menu, their controls by name, and the clipboard.
 #pragma once
 
 #include "codetools/MakerFiles.h"
@@ -24,7 +24,7 @@ Control* Find(const QWidget& window, const char* name)
     return control;
 }
 
-// A press of the mouse on a button, or on the mark of an option or a check box.
+// Clicks a button, or the indicator of an option or a check box.
 inline void Press(const QWidget& window, const char* name)
 {
     auto* button = Find<QAbstractButton>(window, name);
@@ -32,7 +32,7 @@ inline void Press(const QWidget& window, const char* name)
     QTest::mouseClick(button, Qt::LeftButton, {}, button->isCheckable() ? QPoint(half, half) : QPoint());
 }
 
-// Types over what stands in the field.
+// Replaces the contents of the field by typing.
 inline void Fill(const QWidget& window, const char* name, const QString& text)
 {
     auto* field = Find<QLineEdit>(window, name);
@@ -46,7 +46,7 @@ inline QString Previewed(const QWidget& window)
     return Find<QPlainTextEdit>(window, "codePreview")->toPlainText();
 }
 
-// A program text as a text field holds it.
+// A program text as a text field returns it.
 inline QString WithLineFeeds(QString text)
 {
     return text.remove(QLatin1Char('\r'));
@@ -57,7 +57,7 @@ inline QString OnClipboard()
     return QApplication::clipboard()->text();
 }
 
-// While it lives another program holds the clipboard, which keeps what it held.
+// During its lifetime another program owns the clipboard, whose contents stay.
 struct TakenClipboard {
     TakenClipboard()
     {
@@ -68,7 +68,7 @@ struct TakenClipboard {
     TakenClipboard& operator=(const TakenClipboard&) = delete;
 };
 
-// Controls that the Tab key goes through, by name, from the first one on until it comes round.
+// The names of the controls in tab order, from the first one until it wraps around.
 inline QStringList TabOrder(QWidget& window, const char* first)
 {
     QStringList names;

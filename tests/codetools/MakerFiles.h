@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The texts that the makers of code must give, a file each.
+// The expected texts of the code makers, a file each.
 #pragma once
 
 #include "platform/language/modAnsi.h"
@@ -23,7 +23,7 @@ inline QString MakerText(const char* name)
     return TextFromAnsi(MakerBytes(name));
 }
 
-// The text as a program's file holds it.
+// The text as stored in a program's file.
 inline QByteArray BytesOf(const QString& text)
 {
     return AnsiFromText(text).bytes;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The array maker: names made ready, items counted, whole texts.
+// The array maker: names, the number of items, whole texts.
 #include "codetools/modArray.h"
 
 #include "codetools/MakerFiles.h"
@@ -22,7 +22,7 @@ class tst_modArray : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aNameIsMadeReady_data()
+    void aNameIsCompleted_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<ArrayType>("type");
@@ -49,7 +49,7 @@ private Q_SLOTS:
         row("(", ArrayType::Numeric, "(");
     }
 
-    void aNameIsMadeReady()
+    void aNameIsCompleted()
     {
         QFETCH(QString, name);
         QFETCH(ArrayType, type);
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QCOMPARE(ArrayBound(ItemsOf({QStringLiteral("|"), QStringLiteral("||")})), 5);
     }
 
-    void theWholeTextIsAsTold_data()
+    void theWholeTextMatches_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<ArrayType>("type");
@@ -85,12 +85,12 @@ private Q_SLOTS:
         row("array/string-both.bas", "days$(x", ArrayType::String, days);
         row("array/string-only-parenthesis.bas", "(7", ArrayType::String, {QStringLiteral("Mon")});
         row("array/parts.bas", "a$", ArrayType::String, {QStringLiteral("left|right"), QString(), QStringLiteral("|")});
-        row("array/as-they-stand.bas", "[a,b] c", ArrayType::String,
-            {QStringLiteral("say \"hi\""), QStringLiteral("  two  blanks "), QStringLiteral("[open,close]"),
+        row("array/unchanged.bas", "[a,b] c", ArrayType::String,
+            {QStringLiteral("say \"hi\""), QStringLiteral("  two  spaces "), QStringLiteral("[open,close]"),
              QString::fromUtf8("Grüße"), QStringLiteral("{}"), QStringLiteral("a=b")});
     }
 
-    void theWholeTextIsAsTold()
+    void theWholeTextMatches()
     {
         QFETCH(QString, name);
         QFETCH(ArrayType, type);

@@ -20,7 +20,7 @@ QStringList Lines()
     return KeyCodeText().split(QStringLiteral("\r\n"));
 }
 
-// The value that the table gives a name.
+// The value of a name in the table.
 int TableValue(const QString& name)
 {
     for (const QString& line : Lines())
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QCOMPARE(VirtualKeyOf(key, Qt::KeyboardModifiers(modifiers)), TableValue(name));
     }
 
-    void signsCountAsTheirKey()
+    void symbolsCountAsTheirKey()
     {
         const QString shifted = QStringLiteral(")!@#$%^&*(");
         for (int i = 0; i < 10; ++i)
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(KeyDownText(Qt::Key_Dead_Acute, Shift), QString());
     }
 
-    void aKeyGoingDownShowsModifiersAndCode()
+    void aPressedKeyShowsModifiersAndCode()
     {
         QCOMPARE(KeyDownText(Qt::Key_A, None), QStringLiteral("65"));
         QCOMPARE(KeyDownText(Qt::Key_A, Shift), QStringLiteral("Shift  65"));
@@ -188,7 +188,7 @@ private Q_SLOTS:
         row("letter", Qt::Key_A, None, QStringLiteral("a"), 97);
         row("capital", Qt::Key_A, Shift, QStringLiteral("A"), 65);
         row("keypad digit", Qt::Key_7, Keypad, QStringLiteral("7"), 55);
-        row("blank", Qt::Key_Space, None, QStringLiteral(" "), 32);
+        row("space", Qt::Key_Space, None, QStringLiteral(" "), 32);
         row("umlaut", Qt::Key_Adiaeresis, None, QStringLiteral("\u00e4"), 228);
         row("euro with the right Alt", Qt::Key_E, Alt | Control, QStringLiteral("\u20ac"), 128);
         row("not in the code page", Qt::Key_A, None, QStringLiteral("\u0430"), 63);
@@ -215,7 +215,7 @@ private Q_SLOTS:
         QCOMPARE(KeyPressCode(key, Qt::KeyboardModifiers(modifiers), text), std::optional(code));
     }
 
-    void keysThatTypeNothingAreNoKeyPress()
+    void keysWithoutACharacterAreIgnored()
     {
         QCOMPARE(KeyPressCode(Qt::Key_F1, None, {}), std::nullopt);
         QCOMPARE(KeyPressCode(Qt::Key_Left, None, {}), std::nullopt);

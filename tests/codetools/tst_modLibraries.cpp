@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The API wrapper and printer libraries: their size, order and shape, and every call of the operating system in them.
+// The API wrapper and printer libraries: their size, order and shape, and every system call in them.
 #include "codetools/LibraryReader.h"
 #include "scilexer/modLexer.h"
 #include "shell/state/modTexts.h"
@@ -57,7 +57,7 @@ constexpr char PrinterRoutines[] =
     "TextOut SetTextColor SetBkMode SelectObject DeleteObject CreateSolidBrush CreateHatchBrush CreatePen SetPixel "
     "CreateFont GetCurrentPositionX GetCurrentPositionY GetStockObject";
 
-// How many arguments each function of the operating system takes, by its library.
+// The number of arguments of each system function, by its library.
 constexpr Section PublishedFunctions[] = {
     {"winmm", "joyGetPos 2 mciSendStringA 4 sndPlaySoundA 2"},
     {"urlmon", "URLDownloadToFileA 5"},
@@ -113,7 +113,7 @@ QByteArray Printer()
     return BytesOf(QStringLiteral("printer32.bas"));
 }
 
-// The text of one routine between good neighbours, as a library holds it.
+// The text of one routine between valid neighbours, as in a library.
 QByteArray InALibrary(const char* lines)
 {
     return "struct Point,_\nx as long,_\ny as long\n\nFunction GetRed(rgb)\n    GetRed=rgb and 255\nEnd Function\n\n" +
@@ -126,7 +126,7 @@ class tst_modLibraries : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void sizesAreAsTold()
+    void theTextsHaveTheirSizes()
     {
         QCOMPARE(Wrapper().size(), 44370);
         QCOMPARE(Wrapper().count("\r\n"), 1289);
@@ -185,7 +185,7 @@ private Q_SLOTS:
             if (!entry.hasMatch() || !routines.contains(entry.captured(2)))
                 continue;
             index.append(entry.captured(2));
-            // The entry shows how the routine is called.
+            // The entry shows how to call the routine.
             QCOMPARE(entry.captured(1), routines[index.last()].first().section(QLatin1Char(' '), 1));
         }
         QCOMPARE(index, WordsOf(PrinterRoutines));
@@ -255,7 +255,7 @@ private Q_SLOTS:
         }
     }
 
-    void nothingIsWrongWithEitherText()
+    void bothTextsAreValid()
     {
         for (const QByteArray& text : {Wrapper(), Printer()}) {
             const QStringList troubles = LibraryReader(text).troubles;
@@ -272,7 +272,7 @@ private Q_SLOTS:
         }
     }
 
-    void printerMeasuresAskForTheirOwnNumber()
+    void printerMeasuresRequestTheirOwnNumber()
     {
         const std::pair<const char*, int> numbers[] = {
             {"Horzres", 8},         {"Vertres", 10},         {"Logpixelsx", 88},       {"Logpixelsy", 90},
@@ -301,7 +301,7 @@ private Q_SLOTS:
         QVERIFY((LibraryReader(Printer()).published - expected).isEmpty());
     }
 
-    void theReaderFindsWhatIsWrong_data()
+    void theReaderFindsMistakes_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("trouble");
@@ -320,7 +320,7 @@ private Q_SLOTS:
                 "r as void\n    close #o\nEnd Sub\n");
         row("", "Function One(a)\n    if a then\n        One=1\n    else\n        One=2\n    end if\nEnd Function\n");
         row("is too long", ("'" + QByteArray(100, 'x') + "\n").constData());
-        row("ends in a blank", "n=1 \n");
+        row("ends in a space", "n=1 \n");
         row("has an odd number of quotes", "a$=\"x\n");
         row("has parentheses that do not match", "n=int(3\n");
         row("has parentheses that do not match", "n=3)+(4\n");
@@ -335,7 +335,7 @@ private Q_SLOTS:
         row("ends a function without a value",
             "Function A()\n    CallDLL #user32, \"GetDesktopWindow\", B as ulong\nEnd Function\n");
         row("ends a routine inside of an If", "Sub A b\n    if b then\nEnd Sub\n");
-        row("is missing behind a continued line", "CallDLL #user32, \"X\",_\n\nn=1\n");
+        row("is missing after a continued line", "CallDLL #user32, \"X\",_\n\nn=1\n");
         row("is continued at the end", "CallDLL #user32, \"X\",_\n");
         row("is continued, but does not end so", "CallDLL #user32, \"X\",_ 'why\nr as void\n");
         row("calls a library that is not open", "CallDLL #winspool, \"X\", r as void\n");
@@ -360,7 +360,7 @@ private Q_SLOTS:
         row("has a text that is no ptr", "struct Size, x as ptr\n");
     }
 
-    void theReaderFindsWhatIsWrong()
+    void theReaderFindsMistakes()
     {
         QFETCH(QByteArray, text);
         QFETCH(QString, trouble);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The menu maker: labels made ready, items numbered, whole statements.
+// The menu maker: labels, numbered items, whole statements.
 #include "codetools/modMenuCode.h"
 
 #include "codetools/MakerFiles.h"
@@ -22,7 +22,7 @@ class tst_modMenuCode : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aLabelIsMadeReady_data()
+    void aLabelIsCompleted_data()
     {
         QTest::addColumn<QString>("branch");
         QTest::addColumn<QString>("label");
@@ -45,20 +45,20 @@ private Q_SLOTS:
         row(" ", "[.]");
     }
 
-    void aLabelIsMadeReady()
+    void aLabelIsCompleted()
     {
         QFETCH(QString, branch);
         QTEST(ReadyMenuLabel(branch), "label");
     }
 
-    void blanksAreReplacedOneByOne()
+    void spacesAreReplacedOneByOne()
     {
         QCOMPARE(WithoutBlanks(QStringLiteral("  a b  c "), u'_'), QStringLiteral("__a_b__c_"));
         QCOMPARE(WithoutBlanks(QStringLiteral("a\tb\u00A0c"), u'.'), QStringLiteral("a\tb\u00A0c"));
         QCOMPARE(WithoutBlanks({}, u'.'), QString());
     }
 
-    void theWholeStatementIsAsTold_data()
+    void theWholeStatementMatches_data()
     {
         QTest::addColumn<MenuType>("type");
         QTest::addColumn<QString>("name");
@@ -83,7 +83,7 @@ private Q_SLOTS:
         row("menu/handle-mark.txt", MenuType::Regular, "M", "##main", {});
     }
 
-    void theWholeStatementIsAsTold()
+    void theWholeStatementMatches()
     {
         QFETCH(MenuType, type);
         QFETCH(QString, name);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QTEST(BytesOf(MenuCode(spec)), "expected");
     }
 
-    void theItemBehindTheLastNumberOverflows()
+    void theItemAfterTheLastNumberOverflows()
     {
         MenuTail tail;
         for (int i = 1; i < 32'767; ++i)

@@ -10,7 +10,7 @@ class tst_modMessageBox : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theWholeTextIsAsTold_data()
+    void theWholeTextMatches_data()
     {
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("message");
@@ -29,11 +29,11 @@ private Q_SLOTS:
             BoxButtons::YesNoCancel);
         row("messagebox/information-retrycancel.bas", "", "Only a message", BoxIcon::Information,
             BoxButtons::RetryCancel);
-        row("messagebox/none-abortretryignore.bas", "[Grüße | blanks ]", " ", BoxIcon::None,
+        row("messagebox/none-abortretryignore.bas", "[Grüße | spaces ]", " ", BoxIcon::None,
             BoxButtons::AbortRetryIgnore);
     }
 
-    void theWholeTextIsAsTold()
+    void theWholeTextMatches()
     {
         QFETCH(QString, title);
         QFETCH(QString, message);

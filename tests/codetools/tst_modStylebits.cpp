@@ -31,7 +31,7 @@ class tst_modStylebits : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theObjectsStandInTheirOrder()
+    void theObjectsAreInOrder()
     {
         QCOMPARE(StylebitObjects().join(u' '),
                  QStringLiteral("Button Checkbox Combobox Dialog Graphicbox Groupbox Listbox Radiobutton StaticText "
@@ -53,7 +53,7 @@ private Q_SLOTS:
         QCOMPARE(ListBytes(object, StyleKind::Extended), MakerBytes(name + "-extended.list"));
     }
 
-    void theStaticBitsStandUnderAnotherSpelling()
+    void theStaticBitsAreUnderAnotherSpelling()
     {
         QCOMPARE(ListBytes(QStringLiteral("Statictext"), StyleKind::Regular), MakerBytes("stylebits/static.list"));
         QCOMPARE(StylebitEntries(QStringLiteral("StaticText"), StyleKind::Regular).size(), 5);
@@ -61,13 +61,13 @@ private Q_SLOTS:
         QCOMPARE(StylebitEntries(QStringLiteral("dialog"), StyleKind::Extended).size(), 4);
     }
 
-    void aNameEndsAtTheFirstBlank()
+    void aNameEndsAtTheFirstSpace()
     {
         QCOMPARE(StylebitName(QStringLiteral("WS_BORDER = has border")), QStringLiteral("WS_BORDER"));
         QCOMPARE(StylebitName(QStringLiteral("CBS_AUTOHSCROLL  = x")), QStringLiteral("CBS_AUTOHSCROLL"));
     }
 
-    void theWholeStatementIsAsTold_data()
+    void theWholeStatementMatches_data()
     {
         QTest::addColumn<StyleKind>("kind");
         QTest::addColumn<StyleChange>("change");
@@ -81,10 +81,10 @@ private Q_SLOTS:
         row("stylebits/remove.txt", StyleKind::Regular, StyleChange::Remove, "StaticText", {0});
         row("stylebits/add-extended.txt", StyleKind::Extended, StyleChange::Add, "Dialog", {8, 10});
         row("stylebits/remove-extended.txt", StyleKind::Extended, StyleChange::Remove, "Textbox", {1});
-        row("stylebits/double-blank.txt", StyleKind::Regular, StyleChange::Add, "Combobox", {0, 7});
+        row("stylebits/double-space.txt", StyleKind::Regular, StyleChange::Add, "Combobox", {0, 7});
     }
 
-    void theWholeStatementIsAsTold()
+    void theWholeStatementMatches()
     {
         QFETCH(StyleKind, kind);
         QFETCH(StyleChange, change);
@@ -99,7 +99,7 @@ private Q_SLOTS:
                 QVERIFY(!StylebitsCode({kind, change, {}}));
     }
 
-    void theHelpIsAsTold()
+    void theHelpHasItsWording()
     {
         QCOMPARE(BytesOf(StylebitsHelp()), MakerBytes("stylebits/help.txt"));
         QCOMPARE(StylebitsSyntax, QStringLiteral("stylebits #handle, AddBits, RemoveBits, AddExBits, RemoveExBits"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The tips of the day: the table, where a show begins, how it goes on, and the stored switch.
+// The tips of the day: the table, where a display begins, how it continues, and the stored switch.
 #include "codetools/modTips.h"
 
 #include "core/CoreBench.h"
@@ -20,7 +20,7 @@ private Q_SLOTS:
             QVERIFY2(!tip.isEmpty() && tip == tip.trimmed() && !tip.contains(QLatin1Char('"')), qPrintable(tip));
     }
 
-    void tipsAreWordedAsTold_data()
+    void theTipsHaveTheirWording_data()
     {
         QTest::addColumn<int>("number");
         QTest::addColumn<QString>("text");
@@ -37,13 +37,13 @@ private Q_SLOTS:
         tip(55, "Links to popular Orchard BASIC sites can be accessed from the 'Orchard BASIC' menu.");
     }
 
-    void tipsAreWordedAsTold()
+    void theTipsHaveTheirWording()
     {
         QFETCH(int, number);
         QTEST(LoadTips().at(number - 1), "text");
     }
 
-    void theFirstTipIsTheOneBehindTheRandomPick_data()
+    void theFirstTipFollowsTheRandomPick_data()
     {
         QTest::addColumn<double>("random");
         QTest::addColumn<int>("first");
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QTest::newRow("the last goes round") << 0.999999 << 1;
     }
 
-    void theFirstTipIsTheOneBehindTheRandomPick()
+    void theFirstTipFollowsTheRandomPick()
     {
         QFETCH(double, random);
         QTEST(FirstTip(random, 55), "first");
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(NextTip(3, 0), 0);
     }
 
-    void randomNumbersLieBelowOneAndDiffer()
+    void randomNumbersAreBelowOneAndDiffer()
     {
         bool differ = false;
         const double first = RandomNumber();
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(RandomNumber(), 0.25);
     }
 
-    void theSwitchIsStoredAsTheSettingsAre()
+    void theSwitchIsStoredLikeTheSettings()
     {
         const CoreBench bench;
         ShowTips = false;

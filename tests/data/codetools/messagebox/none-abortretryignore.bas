@@ -5,7 +5,7 @@
     calldll #user32, "MessageBoxA", _ 
     0 as long, _
     " " as ptr, _ 
-    "[Grüße | blanks ]" as ptr, _
+    "[Grüße | spaces ]" as ptr, _
     mbflags as long, _
     mbResult as long
 
