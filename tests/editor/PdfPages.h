@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is in a PDF file, as other programs see it: the tools of poppler-utils.
+// The contents of a PDF file as other programs see it: the tools of poppler-utils.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +11,7 @@
 
 namespace ob {
 
-// What a program writes out; a program that is missing or fails, fails the test.
+// The output of a program; the test fails when the program is missing or fails.
 inline QByteArray OutputOf(const QString& program, const QStringList& arguments)
 {
     QProcess process;
@@ -25,7 +25,7 @@ inline QByteArray OutputOf(const QString& program, const QStringList& arguments)
     return process.readAllStandardOutput();
 }
 
-// The lines of each page, blanks in a row as one and none at a line's ends; empty lines are left out.
+// The lines of each page, with runs of spaces reduced to one and none at the ends of a line; without empty lines.
 inline QList<QStringList> PagesOf(const QString& pdf)
 {
     const QByteArray text =
@@ -49,7 +49,7 @@ inline QStringList LinesOf(const QString& pdf)
     return lines;
 }
 
-// A field that pdfinfo knows, such as "Pages" or "Title".
+// A field known to pdfinfo, such as "Pages" or "Title".
 inline QString PdfField(const QString& pdf, const QString& field)
 {
     for (const QByteArray& line : OutputOf(QStringLiteral("pdfinfo"), {pdf}).split('\n'))
@@ -58,7 +58,7 @@ inline QString PdfField(const QString& pdf, const QString& field)
     return {};
 }
 
-// The first page as a picture of 100 dots an inch.
+// The first page as a picture with 100 dots per inch.
 inline QImage FirstPage(const QString& pdf)
 {
     const QString root = pdf + QStringLiteral(".page");

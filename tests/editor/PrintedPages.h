@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A printer that writes down what it is asked, and a watch that lets some pages through.
+// A printer that records its requests, and a watch that allows some pages.
 #pragma once
 
 #include "editor/modPrint.h"

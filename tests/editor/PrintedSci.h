@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A code window's control as printing sees it: a text, a selection, and a page formatter that writes down its orders.
+// A code window's control for printing: a text, a selection, and a page formatter that records its requests.
 #pragma once
 
 #include "editor/modPageFormat.h"
@@ -75,7 +75,7 @@ public:
     QByteArray text;
     qsizetype anchor = 0;
     qsizetype caret = 0;
-    std::intptr_t pageBytes = 100; // what fits on a page
+    std::intptr_t pageBytes = 100; // the capacity of a page
     std::uintptr_t colorMode = 0;
     QList<Order> orders;
     QList<unsigned> messages;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Browsing the disk for BASIC source: names, folders, drives, the preview, and the opening.
+// Browsing the disk for BASIC source: names, folders, drives, the preview, and opening.
 #include "editor/modCodeExplorer.h"
 
 #include "platform/files/modFolders.h"
@@ -21,7 +21,7 @@ class tst_modCodeExplorer : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void codeFilesAreToldByTheirEndingInAnyCase()
+    void codeFilesAreRecognizedByTheirExtensionInAnyCase()
     {
         for (const QString& name : Words("a.bas A.BAS b.bak b.Bak x.y.bAs .bas"))
             QVERIFY2(MatchesAny(name, CodeFilePatterns), qPrintable(name));
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QCOMPARE(RecentCount, 0);
     }
 
-    void aFileThatVanishedIsTold()
+    void aFileThatVanishedIsReported()
     {
         CoreBench bench;
         bench.dialogs.ExpectMessage(QStringLiteral("File does not exist or is corrupt."), BoxAnswer::Ok,

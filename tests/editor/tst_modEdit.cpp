@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The syntax tip and the keyword list, as they are told to the control.
+// The syntax tip and the keyword list, as the control receives them.
 #include "support/ScriptedDialogs.h"
 
 #include "editor/document/cDocument.h"
@@ -14,11 +14,11 @@ using namespace ob;
 
 namespace {
 
-// A control of two lines with letters of ten pixels; it writes down what it is told.
-class ToldControl : public cSciControl {
+// A control of two lines with characters ten pixels wide; it records its requests.
+class RecordingControl : public cSciControl {
 public:
-    explicit ToldControl(QByteArray controlText) : text(std::move(controlText)) {}
-    virtual ~ToldControl() = default;
+    explicit RecordingControl(QByteArray controlText) : text(std::move(controlText)) {}
+    virtual ~RecordingControl() = default;
 
     std::intptr_t Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override
     {
@@ -68,14 +68,14 @@ public:
         default:
             break;
         }
-        told.append(message);
+        requests.append(message);
         return 0;
     }
 
     QByteArray text;
     qsizetype caret = 0;
     qsizetype anchor = 0;
-    QList<unsigned> told;
+    QList<unsigned> requests;
     QByteArray tip;
     QByteArray measured;
     qsizetype tipPosition = -1;
@@ -89,16 +89,18 @@ private:
     qsizetype LineStart(qsizetype position) const { return text.lastIndexOf('\n', position - text.size() - 1) + 1; }
     qsizetype WordStart(qsizetype position) const
     {
-        const auto isWord = [](char letter) { return std::isalnum(letter) != 0 || letter == '$' || letter == '?'; };
+        const auto isWord = [](char character) {
+            return std::isalnum(character) != 0 || character == '$' || character == '?';
+        };
         while (position > 0 && isWord(text[position - 1]))
             --position;
         return position;
     }
 };
 
-class BrokenControl final : public ToldControl {
+class BrokenControl final : public RecordingControl {
 public:
-    using ToldControl::ToldControl;
+    using RecordingControl::RecordingControl;
     std::intptr_t Send(unsigned, std::uintptr_t, std::intptr_t) override { throw std::runtime_error("broken"); }
 };
 
@@ -114,9 +116,9 @@ private:
     int width;
 };
 
-// The control after F4 with the caret there, in a window of that width.
+// Presses F4 with the caret there, in a window of that width.
 // Whether a tip is shown afterwards.
-bool Show(ToldControl& control, qsizetype anchor, qsizetype caret, int width = 10'000)
+bool Show(RecordingControl& control, qsizetype anchor, qsizetype caret, int width = 10'000)
 {
     WideWindow window(width);
     cDocument document(1);
@@ -151,18 +153,18 @@ private Q_SLOTS:
         const auto row = [](const char* name, const char* text, int anchor, int caret, const QByteArray& tip, int at) {
             QTest::newRow(name) << QByteArray(text) << anchor << caret << tip << at;
         };
-        row("behind the word", "x = left$", 9, 9, rowOf("left$"), 4);
+        row("after the word", "x = left$", 9, 9, rowOf("left$"), 4);
         row("in any case", "  PRINT", 7, 7, rowOf("print"), 2);
-        row("in the middle only what stands before counts", "print", 3, 3, none, 0);
+        row("in the middle only what is before counts", "print", 3, 3, none, 0);
         row("which may be a word", "fillet", 4, 4, rowOf("fill"), 0);
         row("two rows of one key: the first", "select", 6, 6, rowOf("select"), 0);
         row("on the second line", "x\r\ncls", 6, 6, rowOf("cls"), 3);
-        row("behind a blank", "print ", 6, 6, none, 6);
+        row("after a space", "print ", 6, 6, none, 6);
         row("a key that no term can be", "txcount", 7, 7, none, 0);
         row("an empty text", "", 0, 0, none, 0);
         row("a selection, at the text's start", "x = left$(a$, 1)", 4, 9, rowOf("left$"), 0);
         row("selected backwards", "x = left$(a$, 1)", 9, 4, rowOf("left$"), 0);
-        row("a selection with a blank", "x = left$ ", 4, 10, none, 0);
+        row("a selection with a space", "x = left$ ", 4, 10, none, 0);
     }
 
     void theTipIsTheRowOfTheWordBeforeTheCaret()
@@ -171,7 +173,7 @@ private Q_SLOTS:
         QFETCH(int, anchor);
         QFETCH(int, caret);
         QFETCH(QByteArray, tip);
-        ToldControl control(text);
+        RecordingControl control(text);
         const bool isShown = Show(control, anchor, caret);
         QCOMPARE(control.tip, tip);
         QTEST(static_cast<int>(control.tipPosition), "position");
@@ -182,13 +184,13 @@ private Q_SLOTS:
         QCOMPARE(control.anchor, caret);
         QCOMPARE(control.text, text);
         QVERIFY(isShown);
-        QCOMPARE(control.told,
+        QCOMPARE(control.requests,
                  (QList<unsigned>{SCI_AUTOCCANCEL, SCI_CALLTIPCANCEL, SCI_CALLTIPSHOW, SCI_CALLTIPSETHLT}));
     }
 
     void aLongSelectionHasNoHelp()
     {
-        ToldControl control("print" + QByteArray(2000, ' '));
+        RecordingControl control("print" + QByteArray(2000, ' '));
         Show(control, 0, 2005);
         QCOMPARE(control.tip.toStdString(), std::string(NoSyntaxHelp));
         QCOMPARE(control.caret, 2005);
@@ -197,7 +199,7 @@ private Q_SLOTS:
     void aTipTooWideForTheWindowStartsAtTheLinesStart()
     {
         const QByteArray before = "x\r\na = a + a: ";
-        ToldControl control(before + "cls");
+        RecordingControl control(before + "cls");
         Show(control, before.size() + 3, before.size() + 3);
         QCOMPARE(control.tipPosition, before.size());
         const int right = static_cast<int>(10 * (before.size() - 3) + 10 * control.measured.size());
@@ -207,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(control.tipPosition, qsizetype{3});
     }
 
-    void anErrorOnTheWayIsTold()
+    void anErrorMidwayIsReported()
     {
         ScriptedDialogs dialogs;
         dialogs.ExpectMessage(QStringLiteral("Error in Syntax Helper, no help available."), BoxAnswer::Ok,
@@ -216,26 +218,26 @@ private Q_SLOTS:
         QVERIFY(!Show(control, 4, 4));
     }
 
-    void theKeywordListIsShownWithTheWordsBeginning()
+    void theKeywordListIsShownWithTheStartOfTheWord()
     {
-        ToldControl control("x = le");
+        RecordingControl control("x = le");
         control.caret = control.anchor = 6;
         InsertKeyword(&control);
         QCOMPARE(control.list + ' ', Words().KeywordList);
         QCOMPARE(control.entered, qsizetype{2});
         QVERIFY(control.ignoresCase);
         QCOMPARE(control.autoHide, qsizetype{0});
-        QCOMPARE(control.told, (QList<unsigned>{SCI_CALLTIPCANCEL, SCI_AUTOCCANCEL, SCI_AUTOCSETIGNORECASE,
-                                                SCI_AUTOCSETORDER, SCI_AUTOCSETAUTOHIDE, SCI_AUTOCSHOW}));
+        QCOMPARE(control.requests, (QList<unsigned>{SCI_CALLTIPCANCEL, SCI_AUTOCCANCEL, SCI_AUTOCSETIGNORECASE,
+                                                    SCI_AUTOCSETORDER, SCI_AUTOCSETAUTOHIDE, SCI_AUTOCSHOW}));
     }
 
-    void withoutABeginningTheListHidesByItself()
+    void withoutAStartTheListHidesByItself()
     {
-        ToldControl control("x = ");
+        RecordingControl control("x = ");
         control.caret = control.anchor = 4;
         InsertKeyword(&control);
         QCOMPARE(control.entered, qsizetype{0});
-        QVERIFY(!control.told.contains(SCI_AUTOCSETAUTOHIDE));
+        QVERIFY(!control.requests.contains(SCI_AUTOCSETAUTOHIDE));
     }
 };
 

@@ -17,7 +17,7 @@ QByteArray Applied(QByteArray text, const std::optional<TextChange>& change)
     return text.replace(change->from, change->to - change->from, change->replacement);
 }
 
-// The text after Block Comment; "<" and ">" in it are where the selection starts and ends, and do not belong to it.
+// The text after Block Comment; "<" and ">" in it are the ends of the selection, and do not belong to it.
 QByteArray Commented(QByteArray marked)
 {
     const qsizetype start = marked.indexOf('<');
@@ -40,7 +40,7 @@ class tst_modEditText : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void LinesBeginWhereTheControlSaysSo()
+    void linesBeginWhereTheControlSaysSo()
     {
         const QByteArray text = "ab\r\n\r\nc\nd\re";
         const QList<qsizetype> starts = {0, 4, 6, 8, 10};
@@ -67,22 +67,21 @@ private Q_SLOTS:
         row("the caret alone", "x\r\nab<>c\r\ny\r\n", "x\r\n'abc\r\ny\r\n");
         row("the caret on line 0, column 0", "<>abc\r\nd\r\n", "'abc\r\nd\r\n");
         row("the caret at a line's start", "x\r\n<>abc\r\ny\r\n", Unchanged);
-        row("the caret behind one character", "x\r\na<>bc\r\ny\r\n", Unchanged);
-        row("and behind one of two bytes", "x\r\n\xC3\xA4<>bc\r\ny\r\n", Unchanged);
-        row("behind two characters of two bytes", "x\r\n\xC3\xA4\xC3\xB6<>\r\ny\r\n",
-            "x\r\n'\xC3\xA4\xC3\xB6\r\ny\r\n");
+        row("the caret after one character", "x\r\na<>bc\r\ny\r\n", Unchanged);
+        row("and after one of two bytes", "x\r\n\xC3\xA4<>bc\r\ny\r\n", Unchanged);
+        row("after two characters of two bytes", "x\r\n\xC3\xA4\xC3\xB6<>\r\ny\r\n", "x\r\n'\xC3\xA4\xC3\xB6\r\ny\r\n");
         row("an end one character into a line leaves it out", "<x\r\ny\r\nz>z\r\n", "'x\r\n'y\r\nzz\r\n");
         row("empty lines are lines", "<a\r\n\r\nb\r\n>", "'a\r\n'\r\n'b\r\n");
         row("quotes go, the indentation stays", "<'a\r\n  'b\r\n    c\r\n>", "a\r\n  b\r\n    c\r\n");
         row("only the first quote goes", "<''a\r\n'b 'c\r\n>", "'a\r\nb 'c\r\n");
-        row("rem at the line's start goes, with its blank", "<rem a\r\nREM b\r\n  rem c\r\nremark\r\n>",
+        row("rem at the line's start goes, with its space", "<rem a\r\nREM b\r\n  rem c\r\nremark\r\n>",
             "a\r\nb\r\n  rem c\r\nremark\r\n");
-        row("rem behind a quote goes with it", "<'rem a\r\n  'rem b\r\n>", "a\r\n  rem b\r\n");
+        row("rem after a quote goes with it", "<'rem a\r\n  'rem b\r\n>", "a\r\n  rem b\r\n");
         row("rem alone stays", "<rem\r\n'a\r\n>", "rem\r\na\r\n");
         row("a first line that begins as rem does decides", "<  remote = 1\r\n'a\r\n>", "  remote = 1\r\na\r\n");
         row("the first line decides for all", "<a\r\n'b\r\nrem c\r\n>", "'a\r\n''b\r\n'rem c\r\n");
-        row("a first line of blanks is no comment", "<  \r\n'b\r\n>", "'  \r\n''b\r\n");
-        row("a tab is no blank", "<\t'a\r\n>", "'\t'a\r\n");
+        row("a first line of spaces is no comment", "<  \r\n'b\r\n>", "'  \r\n''b\r\n");
+        row("a tab is no space", "<\t'a\r\n>", "'\t'a\r\n");
         row("a quote alone", "<'\r\n>", "\r\n");
         row("other line ends stay", "<a\nb\rc\n>d", "'a\n'b\r'c\nd");
         row("between them too", "<'a\n'b\r'c\n>d", "a\nb\rc\nd");
@@ -102,14 +101,14 @@ private Q_SLOTS:
             QTest::newRow(name) << QByteArray(marked) << QByteArray(result);
         };
         row("alone", "<abcd>", "'ab");
-        row("behind others", "<a\r\nbcde>", "'a\r\n'bc");
-        row("the two blanks of a save", "a\r\n<end  >", "a\r\n'end");
-        row("letters of several bytes", "<a\xC3\xA4\xE2\x82\xAC>", "'a");
+        row("after others", "<a\r\nbcde>", "'a\r\n'bc");
+        row("the two spaces of a save", "a\r\n<end  >", "a\r\n'end");
+        row("characters of several bytes", "<a\xC3\xA4\xE2\x82\xAC>", "'a");
         row("uncommented", "<'abcd>", "ab");
         row("of two characters the quote stays", "<ab>", "'");
         row("of one too little", "<a>", "'");
         row("an empty text stays empty", "<>", "");
-        row("of a quote and a letter the line end before goes too", "<'a\r\n'x>", "a\r");
+        row("of a quote and a character the line end before goes too", "<'a\r\n'x>", "a\r");
         row("a quote alone is cut before it is looked at", "<'>", "'");
         row("rem alone is no comment then", "<rem>", "'r");
         row("an empty last line is left out", "<a\r\nb\r\n>", "'a\r\n'b\r\n");
@@ -121,7 +120,7 @@ private Q_SLOTS:
         QTEST(Commented(marked), "result");
     }
 
-    void CommentAndUncommentGiveTheLinesBack()
+    void commentAndUncommentRestoreTheLines()
     {
         const QByteArray text = "for i = 1 to 2\r\n    print i 'twice\r\n\r\nnext i\r\nend\r\n";
         const QByteArray commented = Applied(text, BlockComment(text, 0, text.size()));
@@ -135,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(Applied(text, BlockComment(text, 0, text.size())), QByteArray("'a\0b\r\n'\0\r\n'c\r\n", 14));
     }
 
-    void ReturnTakesTheIndentationAlong_data()
+    void returnKeepsTheIndentation_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<int>("indentation");
@@ -166,13 +165,13 @@ private Q_SLOTS:
         row("else if x then", 0);
     }
 
-    void ReturnTakesTheIndentationAlong()
+    void returnKeepsTheIndentation()
     {
         QFETCH(QByteArray, line);
         QFETCH(int, indentation);
-        const QByteArray blanks(indentation, ' ');
-        QCOMPARE(Returned("a\r\n" + line + "\r\nb", 1), "a\r\n" + line + "\r\n" + blanks + "\r\nb");
-        QCOMPARE(Returned(line, 0), line + "\r\n" + blanks);
+        const QByteArray spaces(indentation, ' ');
+        QCOMPARE(Returned("a\r\n" + line + "\r\nb", 1), "a\r\n" + line + "\r\n" + spaces + "\r\nb");
+        QCOMPARE(Returned(line, 0), line + "\r\n" + spaces);
     }
 
     void TheTabSizeIsTheStep()
@@ -190,7 +189,7 @@ private Q_SLOTS:
         QCOMPARE(Returned({}, 0), QByteArray("\r\n"));
     }
 
-    void LinesThatMayHoldLabelsAreTold()
+    void linesThatMayContainLabelsAreRecognized()
     {
         for (const char* line : {"[a]", "x$ = a$[1]", "goSUB [x]", "a subtle word", "FUNCTION f", "dysfunctional"})
             QVERIFY2(MayHoldLabel(line), line);

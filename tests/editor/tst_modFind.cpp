@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What find and replace need no window for: case in every script, empty fields, the dialog's place, a full control.
+// The parts of find and replace that need no window: case in every script, empty fields, the dialog's position, a full
+// control.
 #include "core/CoreBench.h"
 
 #include "editor/modFind.h"
@@ -13,7 +14,7 @@ using namespace ob;
 
 namespace {
 
-// "start-end" of each match that begins behind the start of the last one.
+// "start-end" of each match that begins after the start of the previous one.
 QByteArray Matches(const QByteArray& text, const QByteArray& find, CaseRule rule = CaseRule::Folded)
 {
     QByteArrayList places;
@@ -23,7 +24,7 @@ QByteArray Matches(const QByteArray& text, const QByteArray& find, CaseRule rule
     return places.join(' ');
 }
 
-// Finds a match at the start each time, and has no room for a replacement.
+// Finds a match at the start each time, but has no room for a replacement.
 class FullSci final : public cSciControl {
 public:
     enum class Refusal { Throws, SetsStatus };
@@ -95,7 +96,7 @@ private Q_SLOTS:
         QTEST(Matches(text, find), "places");
     }
 
-    void exactSearchTellsTheCasesApart()
+    void exactSearchDistinguishesCase()
     {
         QCOMPARE(Matches("Foo foo f\xc3\x96 f\xc3\xb6", "foo", CaseRule::Exact), QByteArray("4-7"));
         QCOMPARE(Matches("Foo foo f\xc3\x96 f\xc3\xb6", "f\xc3\xb6", CaseRule::Exact), QByteArray("12-15"));
@@ -115,7 +116,7 @@ private Q_SLOTS:
                  QByteArray("3-9"));
     }
 
-    // Of a text that repeats itself, looked for in itself; a search that starts over at each place takes minutes.
+    // A repetitive text, searched for in itself; a search that starts over at each position takes minutes.
     void longRepeatingTextTakesNoLonger()
     {
         const QByteArray text = QByteArray("abc\r\n").repeated(200'000);
@@ -125,7 +126,7 @@ private Q_SLOTS:
         QVERIFY2(time.elapsed() < 2'000, qPrintable(QString::number(time.elapsed())));
     }
 
-    void emptyFieldsAreTold_data()
+    void emptyFieldsAreReported_data()
     {
         QTest::addColumn<QString>("find");
         QTest::addColumn<QString>("replace");
@@ -142,7 +143,7 @@ private Q_SLOTS:
                                     << "" << QStringList{noText, noReplacement};
     }
 
-    void emptyFieldsAreTold()
+    void emptyFieldsAreReported()
     {
         QFETCH(QString, find);
         QFETCH(QString, replace);
@@ -175,14 +176,14 @@ private Q_SLOTS:
         QTEST(PlaceBeside(frame, place, QRect(0, 0, 1000, 800)), "corner");
     }
 
-    void fullControlIsToldAndTheUndoStepEnds_data()
+    void fullControlIsReportedAndTheUndoStepEnds_data()
     {
         QTest::addColumn<int>("refusal");
         QTest::newRow("thrown") << int(FullSci::Refusal::Throws);
         QTest::newRow("as a status") << int(FullSci::Refusal::SetsStatus);
     }
 
-    void fullControlIsToldAndTheUndoStepEnds()
+    void fullControlIsReportedAndTheUndoStepEnds()
     {
         QFETCH(int, refusal);
         CoreBench bench;

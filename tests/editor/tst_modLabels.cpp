@@ -47,7 +47,7 @@ private Q_SLOTS:
         listed("[start]", "[start]");
         listed("[quit] close #1:end", "[quit] close #1:end");
         listed("[a] 'with a comment  ", "[a] 'with a comment  ");
-        listed("   [behind blanks]", "[behind blanks]");
+        listed("   [after spaces]", "[after spaces]");
         listed("[", "[");
         listed("[no end", "[no end");
         listed("sub first a, b", "sub first a, b");
@@ -62,7 +62,7 @@ private Q_SLOTS:
         passedOver("subroutine x");
         passedOver("functional x");
         passedOver("sub\tx");
-        passedOver("\t[behind a tab]");
+        passedOver("\t[after a tab]");
         passedOver("'[commented]");
         passedOver("rem [commented]");
         passedOver("goto [start]");
@@ -84,17 +84,17 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<Entries>("entries");
         QTest::newRow("a label") << QByteArray("[start]") << Entries{"0:[star"};
-        QTest::newRow("two blanks of a save") << QByteArray("print\r\n[start]  ") << Entries{"1:[start]"};
+        QTest::newRow("two spaces of a save") << QByteArray("print\r\n[start]  ") << Entries{"1:[start]"};
         QTest::newRow("one character stays") << QByteArray("[") << Entries{"0:["};
         QTest::newRow("of two one stays") << QByteArray("[a") << Entries{"0:["};
         QTest::newRow("of three one stays") << QByteArray("[ab") << Entries{"0:["};
         QTest::newRow("a sub that is no more") << QByteArray("sub x") << Entries{};
         QTest::newRow("a sub that just stays") << QByteArray("sub xy") << Entries{"0:sub "};
-        QTest::newRow("letters of two bytes") << QByteArray("[\xC3\xA4\xC3\xB6\xC3\xBC") << Entries{"0:[\xC3\xA4"};
-        QTest::newRow("letters of four bytes") << QByteArray("[x\xF0\x9F\x98\x80\xE2\x82\xAC") << Entries{"0:[x"};
-        QTest::newRow("one letter of two bytes") << QByteArray("[\xC3\xA4") << Entries{"0:["};
-        QTest::newRow("behind a line end there is nothing") << QByteArray("[start]\r\n") << Entries{"0:[start]"};
-        QTest::newRow("blanks only") << QByteArray("  [") << Entries{};
+        QTest::newRow("characters of two bytes") << QByteArray("[\xC3\xA4\xC3\xB6\xC3\xBC") << Entries{"0:[\xC3\xA4"};
+        QTest::newRow("characters of four bytes") << QByteArray("[x\xF0\x9F\x98\x80\xE2\x82\xAC") << Entries{"0:[x"};
+        QTest::newRow("one character of two bytes") << QByteArray("[\xC3\xA4") << Entries{"0:["};
+        QTest::newRow("after a line end there is nothing") << QByteArray("[start]\r\n") << Entries{"0:[start]"};
+        QTest::newRow("spaces only") << QByteArray("  [") << Entries{};
     }
 
     void TheLastLineLosesItsLastTwoCharacters()
@@ -109,10 +109,7 @@ private Q_SLOTS:
                  (Entries{"0:[a]", "2:[b]", "4:[c]", "6:[d]", "8:[e]"}));
     }
 
-    void EqualLabelsAllStandInTheList()
-    {
-        QCOMPARE(Index("[a]\r\n[a]\r\n[A]\r\n"), (Entries{"0:[a]", "1:[a]", "2:[A]"}));
-    }
+    void equalLabelsAreAllListed() { QCOMPARE(Index("[a]\r\n[a]\r\n[A]\r\n"), (Entries{"0:[a]", "1:[a]", "2:[A]"})); }
 
     void ATextWithoutLabelsHasNone()
     {
@@ -122,24 +119,24 @@ private Q_SLOTS:
         QVERIFY(Index("print 1\r\nend").isEmpty());
     }
 
-    void ANulIsACharacterLikeOthers()
+    void aNulIsAnOrdinaryCharacter()
     {
         QCOMPARE(Index(QByteArray("[a\0b]\r\nx", 8)), Entries{QByteArray("0:[a\0b]", 7)});
     }
 
-    void TheSortedListGoesByLowerCaseLetters()
+    void theSortedListGoesByLowerCaseCharacters()
     {
-        // "_" stands before the small letters and behind the big ones.
+        // "_" comes before the small letters and after the capitals.
         QCOMPARE(Sorted("[b]\r\nSub Z\r\n[_a]\r\n[A]\r\nfunction f\r\nsub a\r\n[a]x\r\n[Ba]\r\n"),
                  (Entries{"2:[_a]", "3:[A]", "6:[a]x", "0:[b]", "7:[Ba]", "4:function f", "5:sub a", "1:Sub Z"}));
     }
 
-    void EqualEntriesStayAsTheyStood()
+    void equalEntriesKeepTheirOrder()
     {
         QCOMPARE(Sorted("[x]\r\n[X]\r\n[a]\r\n[x]\r\n"), (Entries{"2:[a]", "0:[x]", "1:[X]", "3:[x]"}));
     }
 
-    void LettersBeyondAsciiAreSortedWithoutCaseToo()
+    void charactersBeyondAsciiAreSortedWithoutCaseToo()
     {
         QCOMPARE(Sorted("[\xC3\xB6]\r\n[\xC3\x84]\r\n[z]\r\n[\xC3\x96]b\r\n[\xC3\xA4]a\r\n"),
                  (Entries{"2:[z]", "1:[\xC3\x84]", "4:[\xC3\xA4]a", "0:[\xC3\xB6]", "3:[\xC3\x96]b"}));
@@ -154,10 +151,10 @@ private Q_SLOTS:
         const auto row = [](const char* name, const QByteArray& searched, const char* target, int line) {
             QTest::newRow(name) << searched << QByteArray(target) << line;
         };
-        row("behind blanks", text, "[a]", 1);
+        row("after spaces", text, "[a]", 1);
         row("in another case the first equal line wins", text, "[A]", 1);
-        row("the line's own blanks at its end go", text, "sub twice x", 3);
-        row("blanks in the target stay", text, "sub Twice x  ", -1);
+        row("the line's own spaces at its end go", text, "sub twice x", 3);
+        row("spaces in the target stay", text, "sub Twice x  ", -1);
         row("the last line without its last two", text, "[last]", 5);
         row("a last line whose entry is cut", "[start]", "[star", 0);
         row("and not by its whole name", "[start]", "[start]", -1);
@@ -165,9 +162,9 @@ private Q_SLOTS:
         row("nothing is on no empty line", text, "", -1);
         row("a part of a line", text, "sub Twice", -1);
         row("any line will do", text, "PRINT", 0);
-        row("letters beyond ASCII", "[\xC3\xA4]\r\n", "[\xC3\x84]", 0);
+        row("characters beyond ASCII", "[\xC3\xA4]\r\n", "[\xC3\x84]", 0);
         row("in an empty text", "", "[a]", -1);
-        row("behind other line ends", "x\ny\r[a]\n", "[a]", 2);
+        row("after other line ends", "x\ny\r[a]\n", "[a]", 2);
     }
 
     void AnEntryIsFoundAtItsFirstLine()
@@ -177,7 +174,7 @@ private Q_SLOTS:
         QTEST(FindLabel(text, target).value_or(-1), "line");
     }
 
-    void EveryEntryWithoutBlanksBehindItIsFound()
+    void everyEntryWithoutTrailingSpacesIsFound()
     {
         const QByteArray text = "[one]\r\n   sub two a\r\nprint\r\n[three] x\r\nfunction four(\xE2\x82\xAC)\r\n[five]";
         const std::vector<LabelEntry> index = LabelIndex(text);
@@ -186,7 +183,7 @@ private Q_SLOTS:
             QCOMPARE(FindLabel(text, entry.text).value_or(-1), entry.line);
     }
 
-    // A scan that looked at the rest of the text for each line would need minutes for one of the three.
+    // A scan that looked at the rest of the text for each line would take minutes in one of the three cases.
     void EveryKindOfLineEndIsScannedInOnePass_data()
     {
         QTest::addColumn<QByteArray>("lineEnd");

@@ -19,7 +19,7 @@ struct Pdf {
     QTemporaryDir folder;
     QString path = folder.filePath(QStringLiteral("out.pdf"));
 
-    // Gives the number of pages.
+    // Returns the number of pages.
     int Print(const QString& text, int tabSize = 4) const
     {
         const auto job = StartPdf(path, QStringLiteral("game.bas"));
@@ -46,23 +46,23 @@ class tst_modPlainPages : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void allLinesComeOutInOrder_data();
-    void allLinesComeOutInOrder();
+    void allLinesArePrintedInOrder_data();
+    void allLinesArePrintedInOrder();
     void firstLineOfTheFirstPageIsEmpty();
     void emptyLinesAtTheEndNeedNoPage();
     void emptyLinesInTheMiddleAreKept();
-    void longLineGoesOnBelow();
-    void endlessLineComesOutWhole();
+    void longLineIsWrapped();
+    void endlessLineIsPrintedWhole();
     void tabsReachTheirColumns();
-    void lettersOfOtherScriptsComeOut();
+    void otherScriptsArePrinted();
     void emptyTextIsOneEmptyPage();
     void titleIsInTheFile();
     void fontsAreInTheFile();
-    void jobLetGoLeavesTheOldFile();
+    void droppedJobLeavesTheOldFile();
     void fileThatCannotBeWrittenRaises();
 };
 
-void tst_modPlainPages::allLinesComeOutInOrder_data()
+void tst_modPlainPages::allLinesArePrintedInOrder_data()
 {
     QTest::addColumn<QString>("lineEnd");
     QTest::newRow("CR LF") << QStringLiteral("\r\n");
@@ -70,7 +70,7 @@ void tst_modPlainPages::allLinesComeOutInOrder_data()
     QTest::newRow("CR") << QStringLiteral("\r");
 }
 
-void tst_modPlainPages::allLinesComeOutInOrder()
+void tst_modPlainPages::allLinesArePrintedInOrder()
 {
     QFETCH(QString, lineEnd);
     const QStringList lines = NumberedLines(200);
@@ -106,7 +106,7 @@ void tst_modPlainPages::emptyLinesInTheMiddleAreKept()
     QCOMPARE(PagesOf(pdf.path).last(), QStringList{QStringLiteral("end")});
 }
 
-void tst_modPlainPages::longLineGoesOnBelow()
+void tst_modPlainPages::longLineIsWrapped()
 {
     QStringList words;
     for (int i = 1000; i < 1100; ++i)
@@ -119,7 +119,7 @@ void tst_modPlainPages::longLineGoesOnBelow()
     QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + QStringLiteral(" end"));
 }
 
-void tst_modPlainPages::endlessLineComesOutWhole()
+void tst_modPlainPages::endlessLineIsPrintedWhole()
 {
     QString line;
     for (int i = 0; line.size() < 200'000; ++i)
@@ -131,7 +131,7 @@ void tst_modPlainPages::endlessLineComesOutWhole()
     QVERIFY2(clock.elapsed() < 10'000, "the time grows with the square of the line's length");
     const QStringList rows = LinesOf(pdf.path);
     QCOMPARE(rows.join(QString()), line);
-    // Every row but the last is filled to the page's edge, where pieces meet as well.
+    // Every row but the last is filled to the edge of the page, even where pieces meet.
     for (qsizetype i = 0; i < rows.size() - 1; ++i)
         QCOMPARE(rows[i].size(), rows[0].size());
 }
@@ -151,7 +151,7 @@ void tst_modPlainPages::tabsReachTheirColumns()
     QCOMPARE(places[2], places[0]);
 }
 
-void tst_modPlainPages::lettersOfOtherScriptsComeOut()
+void tst_modPlainPages::otherScriptsArePrinted()
 {
     const Pdf pdf;
     const QString text = QString::fromUtf8("print \"Grüße, Привет, Ελλάδα €\"");
@@ -181,13 +181,13 @@ void tst_modPlainPages::fontsAreInTheFile()
     pdf.Print(QStringLiteral("end"));
     const QList<QByteArray> table = OutputOf(QStringLiteral("pdffonts"), {pdf.path}).trimmed().split('\n');
     QVERIFY(table.size() > 2);
-    // The column "emb" says whether a font travels with the file.
+    // The column "emb" shows whether a font is embedded in the file.
     const qsizetype column = table[0].indexOf("emb");
     for (const QByteArray& row : table.sliced(2))
         QCOMPARE(row.mid(column, 3), QByteArray("yes"));
 }
 
-void tst_modPlainPages::jobLetGoLeavesTheOldFile()
+void tst_modPlainPages::droppedJobLeavesTheOldFile()
 {
     const Pdf pdf;
     QFile old(pdf.path);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Printing: what is printed, in which steps, and what happens when it does not work.
+// Printing: what is printed, in which steps, and what happens on failure.
 #include "editor/PrintedPages.h"
 #include "editor/PrintedSci.h"
 
@@ -15,7 +15,7 @@ const QString Question =
     QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
                    "on your system, then select 'No'.");
 
-// A bench with one code window whose control is ours.
+// The core with one code window whose control is simulated.
 struct Bench : CoreBench {
     explicit Bench(const QByteArray& text = {}, const QString& caption = QStringLiteral("/home/me/game.bas"))
         : document(Open(caption))
@@ -59,10 +59,10 @@ class tst_modPrint : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutACodeWindowTheUserIsTold();
+    void withoutACodeWindowAMessageIsShown();
     void cancelPrintsNothing();
     void rangeIsTheSelection();
-    void rangeRunsFromTheCaretToOneBehindTheEnd();
+    void rangeRunsFromTheCaretToOnePastTheEnd();
     void formatterGetsTheWholePageAndBothDevices();
     void colorGoesPageByPage();
     void restOfTenBytesGetsNoPage();
@@ -80,17 +80,17 @@ private Q_SLOTS:
     void emptyTextPrintsAnEmptyPage_data();
     void emptyTextPrintsAnEmptyPage();
     void defaultPrinterGetsTheFilesName();
-    void printerThatTakesNothingIsNotSpokenOf();
-    void printerErrorIsNotSpokenOf_data();
-    void printerErrorIsNotSpokenOf();
-    void stopWhileSendingTakesTheJobBack();
+    void printerThatRejectsJobsIsNotReported();
+    void printerErrorIsNotReported_data();
+    void printerErrorIsNotReported();
+    void stopWhileSendingCancelsTheJob();
     void noPrinterAsksForAPdf();
     void pdfNameCanBeDeclined();
     void namesOfJobAndPdf_data();
     void namesOfJobAndPdf();
 };
 
-void tst_modPrint::withoutACodeWindowTheUserIsTold()
+void tst_modPrint::withoutACodeWindowAMessageIsShown()
 {
     CoreBench bench;
     FakePrinting printing;
@@ -120,7 +120,7 @@ void tst_modPrint::rangeIsTheSelection()
     QVERIFY(range.source == PrintSource::Selection);
 }
 
-void tst_modPrint::rangeRunsFromTheCaretToOneBehindTheEnd()
+void tst_modPrint::rangeRunsFromTheCaretToOnePastTheEnd()
 {
     PrintedSci sci;
     sci.text = "print 1\r\nprint 2\r\n";
@@ -332,7 +332,7 @@ void tst_modPrint::defaultPrinterGetsTheFilesName()
     QCOMPARE(bench.printing.log.last(), QStringLiteral("end"));
 }
 
-void tst_modPrint::printerThatTakesNothingIsNotSpokenOf()
+void tst_modPrint::printerThatRejectsJobsIsNotReported()
 {
     Bench bench("print 1\r\nprint 2\r\n");
     bench.printing.takesJobs = false;
@@ -342,12 +342,12 @@ void tst_modPrint::printerThatTakesNothingIsNotSpokenOf()
     QVERIFY(!bench.sci.messages.contains(SCI_SETSEL));
 }
 
-void tst_modPrint::printerErrorIsNotSpokenOf_data()
+void tst_modPrint::printerErrorIsNotReported_data()
 {
     emptyTextPrintsAnEmptyPage_data();
 }
 
-void tst_modPrint::printerErrorIsNotSpokenOf()
+void tst_modPrint::printerErrorIsNotReported()
 {
     QFETCH(BoxAnswer, answer);
     for (const bool failsAtTheEnd : {false, true}) {
@@ -356,13 +356,13 @@ void tst_modPrint::printerErrorIsNotSpokenOf()
         bench.ExpectQuestion(answer);
         PrintActiveDocument(bench.printing, bench.watch);
         QCOMPARE(bench.printing.log.last(), failsAtTheEnd ? QStringLiteral("end") : QStringLiteral("page"));
-        // The text stays selected: only a print that went well takes the selection off.
+        // The text stays selected: only a successful print clears the selection.
         if (answer == BoxAnswer::No)
             QCOMPARE(bench.sci.caret, bench.sci.text.size());
     }
 }
 
-void tst_modPrint::stopWhileSendingTakesTheJobBack()
+void tst_modPrint::stopWhileSendingCancelsTheJob()
 {
     Bench bench(QByteArray(50, 'x'));
     bench.sci.Select(0, 50);

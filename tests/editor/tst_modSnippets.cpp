@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(RecentFiles, recent);
     }
 
-    void aLibraryThatCannotBeMadeIsTold()
+    void aLibraryThatCannotBeCreatedIsReported()
     {
         QDir().mkdir(bench->ProgramPath(QStringLiteral("snippets.bas")));
         bench->dialogs.ExpectMessage(LibraryMissingText);
@@ -104,7 +104,7 @@ private Q_SLOTS:
                      .split(QLatin1Char(' ')));
     }
 
-    void theDefaultsAreAsTold_data()
+    void theDefaultsHaveTheirContents_data()
     {
         QTest::addColumn<int>("lines");
         QTest::addColumn<int>("number");
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QTest::newRow("custom_cursor.snip") << 37 << 37 << QByteArray("'IDC_WAIT    Hourglass");
     }
 
-    void theDefaultsAreAsTold()
+    void theDefaultsHaveTheirContents()
     {
         QFETCH(int, lines);
         QFETCH(int, number);
@@ -133,14 +133,14 @@ private Q_SLOTS:
         QTEST(parts[number - 1].chopped(1), "line");
     }
 
-    void aFolderThatIsThereGetsNoDefaults()
+    void anExistingFolderGetsNoDefaults()
     {
         QDir().mkdir(SnippetsPath(Folder()));
         EnsureSnippetFolder(Folder());
         QVERIFY(QDir(SnippetsPath(Folder())).isEmpty());
     }
 
-    void aFileInTheFoldersPlaceIsAnError()
+    void aFileInPlaceOfTheFolderIsAnError()
     {
         CoreBench::PutFile(SnippetsPath(Folder()), "x");
         QCOMPARE(RaisedBy([this] { EnsureSnippetFolder(Folder()); }), 75);
@@ -164,7 +164,7 @@ private Q_SLOTS:
     {
         const QString folder = bench->Path({}).chopped(1);
         bench->Put(QStringLiteral("a.snip"), "old\r\n");
-        // Everything above the folder must be open to the plain user.
+        // Everything above the folder must be accessible to the plain user.
         QVERIFY(QFile::setPermissions(QFileInfo(folder).path(), QFile::Permissions(0x7777)));
         QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x5555)));
         {
@@ -179,7 +179,7 @@ private Q_SLOTS:
     }
 #endif
 
-    void theListHoldsSnippetFilesInOrder()
+    void theListHasTheSnippetFilesInOrder()
     {
         for (const char* name : {"b.snip", "A.SNIP", "c.snip.bak", "d", ".snip", "e\\f.Snip", "snip"})
             bench->Put(QString::fromUtf8(name), "x\r\n");
@@ -247,7 +247,7 @@ private Q_SLOTS:
         }
     }
 
-    void aCharacterThatCannotBeStoredIsAskedFor()
+    void aCharacterThatCannotBeStoredRaisesAQuestion()
     {
         const QString question =
             QStringLiteral("Line 2 of the snippet holds a character that BASIC source files cannot "

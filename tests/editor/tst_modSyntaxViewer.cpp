@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The order and the words of the Syntax Viewer.
+// The order and the form of the Syntax Viewer.
 #include "editor/document/modSyntaxTable.h"
 #include "editor/modSyntaxViewer.h"
 
@@ -20,7 +20,7 @@ private Q_SLOTS:
         QCOMPARE(SortedSyntaxRows(rows), sorted);
     }
 
-    // The list of keys is sorted by itself in the window; the two orders must be one.
+    // The window sorts the list of keys itself; the two orders must be the same.
     void TheOrderOfRowsIsTheOrderOfKeys()
     {
         const QStringList keys = SyntaxKeys(SortedSyntaxRows(Words().SyntaxTable));
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(keys.count(QStringLiteral("select")), qsizetype{2});
     }
 
-    void AKeyWithoutABlankRunsOnIntoTheComment()
+    void aKeyWithoutASpaceContinuesIntoTheComment()
     {
         const QStringList keys = SyntaxKeys(SortedSyntaxRows(Words().SyntaxTable));
         QVERIFY(keys.contains(QStringLiteral("txcount(#handle)\n'return")));

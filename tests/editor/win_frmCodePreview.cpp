@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The coloured look at code: its colours, its keys, its place.
+// The coloured preview of code: its colours, its keys, its scrolling.
 #include "codetools/MakerBench.h"
 
 #include "editor/document/modSyntaxTable.h"
@@ -49,7 +49,7 @@ QPalette DarkPalette()
     return dark;
 }
 
-// From 0, black, to 1, white. On the dark ground here text can be read from 0.15 on.
+// From 0, black, to 1, white. On the dark background here text is readable from 0.15 on.
 double Luminance(const QColor& color)
 {
     return 0.2126 * std::pow(color.redF(), 2.2) + 0.7152 * std::pow(color.greenF(), 2.2) +
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(InkAt(b.preview, 0, word + 4), ColorOf(Editor.KeywordColor));
     }
 
-    void theSettingsOfNowCount()
+    void theCurrentSettingsCount()
     {
         PreviewBench b;
         b.preview.ShowCode(Sample);
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(InkAt(b.preview, 2, 0), ColorOf(Editor.KeywordColor));
     }
 
-    void onADarkGroundAllColorsCanBeRead()
+    void allColorsAreReadableOnADarkBackground()
     {
         PreviewBench b;
         b.preview.ShowCode(Sample);
@@ -133,13 +133,13 @@ private Q_SLOTS:
              {std::pair{0, 0}, std::pair{0, 8}, std::pair{1, 0}, std::pair{1, 6}, std::pair{1, 13}, std::pair{1, 22}})
             QVERIFY2(Luminance(InkAt(b.preview, line, column)) > 0.15,
                      qPrintable(QStringLiteral("line %1 column %2").arg(line).arg(column)));
-        // A colour that was chosen for a dark window stays.
+        // A colour chosen for a dark window stays.
         Editor.KeywordColor = Rgb(255, 255, 128);
         b.preview.ShowCode(Sample);
         QCOMPARE(InkAt(b.preview, 1, 0), QColor(255, 255, 128));
     }
 
-    void onALightGroundPaleColorsCanBeRead()
+    void paleColorsAreReadableOnALightBackground()
     {
         PreviewBench b;
         Editor.KeywordColor = Rgb(255, 255, 128);
@@ -188,7 +188,7 @@ private Q_SLOTS:
         QVERIFY(!window.isVisible());
     }
 
-    void whatChangesComesIntoView()
+    void changesAreScrolledIntoView()
     {
         PreviewBench b;
         b.preview.SetShownLines(4);
@@ -213,7 +213,7 @@ private Q_SLOTS:
         QCOMPARE(b.preview.toPlainText(), QString());
     }
 
-    void itAsksForItsLines()
+    void itPrefersTheHeightOfItsLines()
     {
         PreviewBench b;
         const int six = b.preview.sizeHint().height();

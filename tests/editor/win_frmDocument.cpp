@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The code window: birth, files in and out, closing, activation, bookmarks, labels.
+// The code window: creation, files, closing, activation, bookmarks, labels.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -27,7 +27,7 @@ namespace {
 
 constexpr int FileLimit = 4096;
 
-// While it lives, no file of this process grows beyond a few KB: a full disk for the code under test.
+// During its lifetime, no file of this process grows beyond a few KB: a full disk for the code under test.
 class FullDisk {
 public:
     FullDisk()
@@ -64,12 +64,12 @@ private Q_SLOTS:
     void openedFileLosesItsLastTwoBytesAndKeepsTheRest();
     void loadCanBeUndone();
     void everyByteSurvivesLoadAndSave();
-    void saveAddsOneBlankToTheFileAndTwoToTheText();
-    void characterOutsideTheCodePageIsAskedAbout();
+    void saveAddsOneSpaceToTheFileAndTwoToTheText();
+    void characterOutsideTheCodePageRaisesAQuestion();
     void fullDiskLeavesFileTextAndModifiedState();
-    void oddFilesAreToldAboutAndHarmless_data();
-    void oddFilesAreToldAboutAndHarmless();
-    void missingLibraryIsToldAndTheProgramGoesOn();
+    void oddFilesAreReportedAndHarmless_data();
+    void oddFilesAreReportedAndHarmless();
+    void missingLibraryIsReportedAndTheProgramContinues();
     void unchangedWindowClosesWithoutAQuestion();
     void changedWindowAsksByItsName();
     void untitledWindowAsksForAName();
@@ -78,17 +78,17 @@ private Q_SLOTS:
     void failedSaveKeepsTheWindowOpen();
     void savedWindowIsTakenByTheNextNew();
     void thirdEmptyDocumentReusesTheSecond();
-    void headRowHasItsGivenMeasures();
+    void headRowHasItsDimensions();
     void commandsFollowActivation();
     void bookmarksAreSetFoundAndCleared();
     void labelsAreListedAndSorted();
     void wrapFollowsItsBox();
     void returnKeepsTheIndentation();
-    void menuKeysComeBeforeTheControlsOwn();
+    void menuKeysOverrideTheControlsOwn();
     void caretGoesToOneOnActivation();
     void textHasTheKeyboard();
-    void returnOfABoxIsNoLineBreak();
-    void minimizedWindowComesBackWhenItIsTaken();
+    void returnOfABoxBreaksNoLine();
+    void minimizedWindowIsRestoredWhenItIsReused();
     void keywordsOfTheUserAreColoured();
 };
 
@@ -141,7 +141,7 @@ void win_frmDocument::everyByteSurvivesLoadAndSave()
     QCOMPARE(TestBench::Read(path), all + " \r\n");
 }
 
-void win_frmDocument::saveAddsOneBlankToTheFileAndTwoToTheText()
+void win_frmDocument::saveAddsOneSpaceToTheFileAndTwoToTheText()
 {
     TestBench bench;
     const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
@@ -155,7 +155,7 @@ void win_frmDocument::saveAddsOneBlankToTheFileAndTwoToTheText()
     QCOMPARE(TestBench::Read(path), QByteArray("end   \r\n"));
 }
 
-void win_frmDocument::characterOutsideTheCodePageIsAskedAbout()
+void win_frmDocument::characterOutsideTheCodePageRaisesAQuestion()
 {
     TestBench bench;
     const QString path = bench.Write(QStringLiteral("a.bas"), "one\r\ntwo\r\n");
@@ -192,7 +192,7 @@ void win_frmDocument::fullDiskLeavesFileTextAndModifiedState()
     QCOMPARE(QDir(bench.Path(QString())).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.bas")});
 }
 
-void win_frmDocument::oddFilesAreToldAboutAndHarmless_data()
+void win_frmDocument::oddFilesAreReportedAndHarmless_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("message");
@@ -205,7 +205,7 @@ void win_frmDocument::oddFilesAreToldAboutAndHarmless_data()
     QTest::newRow("one long line") << QByteArray(1'000'000, 'a') << QString();
 }
 
-void win_frmDocument::oddFilesAreToldAboutAndHarmless()
+void win_frmDocument::oddFilesAreReportedAndHarmless()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, message);
@@ -220,7 +220,7 @@ void win_frmDocument::oddFilesAreToldAboutAndHarmless()
     QCOMPARE(TestBench::Read(path), bytes);
 }
 
-void win_frmDocument::missingLibraryIsToldAndTheProgramGoesOn()
+void win_frmDocument::missingLibraryIsReportedAndTheProgramContinues()
 {
     TestBench bench;
     bench.Start();
@@ -351,7 +351,7 @@ void win_frmDocument::thirdEmptyDocumentReusesTheSecond()
     QCOMPARE(bench.Active()->number, 3);
 }
 
-void win_frmDocument::headRowHasItsGivenMeasures()
+void win_frmDocument::headRowHasItsDimensions()
 {
     TestBench bench;
     bench.Start();
@@ -470,7 +470,7 @@ void win_frmDocument::returnKeepsTheIndentation()
     QuitQuery = false;
 }
 
-void win_frmDocument::menuKeysComeBeforeTheControlsOwn()
+void win_frmDocument::menuKeysOverrideTheControlsOwn()
 {
     TestBench bench;
     bench.Start({bench.Write(QStringLiteral("a.bas"), "one\r\ntwo\r\n")});
@@ -513,7 +513,7 @@ void win_frmDocument::textHasTheKeyboard()
     QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
 }
 
-void win_frmDocument::returnOfABoxIsNoLineBreak()
+void win_frmDocument::returnOfABoxBreaksNoLine()
 {
     TestBench bench;
     bench.Start({bench.Write(QStringLiteral("a.bas"), "  for i = 1 to 2\r\nx\r\n")});
@@ -523,7 +523,7 @@ void win_frmDocument::returnOfABoxIsNoLineBreak()
     QCOMPARE(Ask(bench.Active(), SCI_GETMODIFY), 0);
 }
 
-void win_frmDocument::minimizedWindowComesBackWhenItIsTaken()
+void win_frmDocument::minimizedWindowIsRestoredWhenItIsReused()
 {
     TestBench bench;
     bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
@@ -541,9 +541,12 @@ void win_frmDocument::keywordsOfTheUserAreColoured()
     TestBench bench;
     QFile words(bench.ProgramPath(QStringLiteral("keywords.txt")));
     QVERIFY(words.open(QIODevice::WriteOnly));
-    words.write(QByteArray("gr\xf6\xdf" "e \0zap\r\n", 13));
+    words.write(QByteArray("gr\xf6\xdf"
+                           "e \0zap\r\n",
+                           13));
     words.close();
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "gr\xf6\xdf" "e zap print x\r\n")});
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "gr\xf6\xdf"
+                                                      "e zap print x\r\n")});
     SendSci(bench.Active()->sci, SCI_COLOURISE, 0, -1);
     QByteArray styles;
     for (const std::uintptr_t position : {0, 8, 12, 18})

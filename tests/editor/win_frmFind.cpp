@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The find and replace dialog, by its controls and keys, over a real code window.
+// The find and replace dialog, its controls and keys, over a real code window.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -12,7 +12,6 @@
 #include <QAbstractScrollArea>
 #include <QAction>
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -67,7 +66,7 @@ void Press(const char* button)
     QTest::mouseClick(Get<QPushButton>(button), Qt::LeftButton);
 }
 
-// The key with Alt; a button that is pressed this way stays down for a moment.
+// The key with Alt; a button pressed this way stays down for a moment.
 void PressKey(Qt::Key key)
 {
     QTest::keyClick(Dialog()->focusWidget(), key, Qt::AltModifier);
@@ -84,7 +83,7 @@ std::intptr_t SelectionStart(const cDocument* document)
     return SendSci(document->sci, SCI_GETSELECTIONSTART);
 }
 
-// How often the text is painted while it lives.
+// Counts how often the text is painted.
 class PaintCounter final : public QObject {
 public:
     explicit PaintCounter(QWidget* edit) : viewport(qobject_cast<QAbstractScrollArea*>(edit)->viewport())
@@ -136,7 +135,7 @@ private:
         bench->dialogs.ExpectMessage(QString::fromLatin1(message), BoxAnswer::Ok, BoxIcon::Exclamation);
     }
 
-    // Replaces "o" by "(o)" from the start, which does not end by itself, with a script for the time in it.
+    // Replaces "o" by "(o)" from the start, which does not end by itself, and runs a script meanwhile.
     void ReplaceForEver(const std::function<void()>& meanwhile) const
     {
         OpenDialog();
@@ -157,39 +156,6 @@ private Q_SLOTS:
             Dialog()->reject();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         bench.reset();
-    }
-
-    void wordsAndTipsAreAsTold()
-    {
-        Open("foo");
-        OpenDialog();
-        QCOMPARE(Dialog()->windowTitle(), QStringLiteral("Find and Replace"));
-        struct Row {
-            const char* name;
-            const char* text;
-            const char* tip;
-        };
-        const Row rows[] = {
-            {"OKButton", "&Find", "Find Now"},
-            {"cmdReplace", "&Replace", "Replace selection."},
-            {"cmdReplaceAll", "Replace &All", "Replace all instances."},
-            {"CancelButton", "&Cancel", "Don't find."},
-        };
-        for (const Row& row : rows) {
-            QCOMPARE(Get<QPushButton>(row.name)->text(), QString::fromLatin1(row.text));
-            QCOMPARE(Get<QPushButton>(row.name)->toolTip(), QString::fromLatin1(row.tip));
-        }
-        const auto plain = [](QString text) { return text.remove(QLatin1Char('&')); };
-        QCOMPARE(plain(Get<QCheckBox>("Check1")->text()), QStringLiteral("Case Sensitive"));
-        QCOMPARE(Get<QCheckBox>("Check1")->toolTip(), QStringLiteral("Search is case sensitive."));
-        QCOMPARE(plain(Get<QCheckBox>("Check2")->text()), QStringLiteral("Whole Word"));
-        QCOMPARE(Get<QCheckBox>("Check2")->toolTip(), QStringLiteral("Search for whole word."));
-        QCOMPARE(plain(Get<QRadioButton>("optStart0")->text()), QStringLiteral("From Start"));
-        QCOMPARE(plain(Get<QRadioButton>("optStart1")->text()), QStringLiteral("From Current"));
-        QCOMPARE(plain(Get<QLabel>("lblFind")->text()), QStringLiteral("Find:"));
-        QCOMPARE(plain(Get<QLabel>("lblReplace")->text()), QStringLiteral("Replace with:"));
-        QCOMPARE(Text1()->toolTip(), QStringLiteral("Type word to find here."));
-        QCOMPARE(Text2()->toolTip(), QStringLiteral("Type replacement text."));
     }
 
     void mnemonicsAreAllDifferent()
@@ -309,7 +275,7 @@ private Q_SLOTS:
         QCOMPARE(Finding().FindFlags, int(FindWholeWord));
     }
 
-    void emptyFieldsAreToldAndTheDialogStays()
+    void emptyFieldsAreReportedAndTheDialogStays()
     {
         const cDocument* document = Open("foo");
         OpenDialog();
@@ -355,7 +321,7 @@ private Q_SLOTS:
         QCOMPARE(TestBench::Text(document), QByteArray("foo quux quux"));
     }
 
-    void aWholeProgramAsTheTextIsToldShortened()
+    void aWholeProgramAsTheTextIsReportedShortened()
     {
         const cDocument* document = Open(QByteArray("abc\r\n").repeated(100'000));
         SendSci(document->sci, SCI_SELECTALL);
@@ -382,7 +348,7 @@ private Q_SLOTS:
         QCOMPARE(SendSci(document->sci, SCI_GETSELECTIONEND), 2005);
     }
 
-    void codeWindowThatWasClosedIsTold()
+    void codeWindowThatWasClosedIsReported()
     {
         Open("foo");
         OpenDialog();
@@ -425,7 +391,7 @@ private Q_SLOTS:
         QVERIFY(!Dialog()->frameGeometry().intersects(needle));
     }
 
-    void textIsPaintedOnceHoweverOftenTheEventLoopTurns()
+    void textIsPaintedOnceHoweverOftenTheEventLoopRuns()
     {
         const cDocument* document = Open("foo");
         QTest::qWait(50);
@@ -463,7 +429,7 @@ private Q_SLOTS:
         QVERIFY(TestBench::Text(document).startsWith("quux and"));
     }
 
-    void escapeEndsAReplaceAllThatDoesNotEnd()
+    void escapeStopsAnEndlessReplaceAll()
     {
         const cDocument* document = Open("o");
         ReplaceForEver([this] { QTest::keyClick(bench->ActiveWindowEdit(), Qt::Key_Escape); });
@@ -474,7 +440,7 @@ private Q_SLOTS:
         QVERIFY(bench->ActiveWindowEdit()->updatesEnabled());
     }
 
-    void cancelOfTheProgressBoxEndsItToo()
+    void cancelOfTheProgressBoxStopsItToo()
     {
         const cDocument* document = Open("o");
         bench->ExpectModal(QStringLiteral("frmReplaceProgress"), [](QDialog& box) {
@@ -486,7 +452,7 @@ private Q_SLOTS:
         QVERIFY(TestBench::Text(document).startsWith("((("));
     }
 
-    void escapeInTheProgressBoxEndsItToo()
+    void escapeInTheProgressBoxStopsItToo()
     {
         const cDocument* document = Open("o");
         bench->ExpectModal(QStringLiteral("frmReplaceProgress"),

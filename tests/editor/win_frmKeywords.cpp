@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The keyword editor, as used: what it shows, what its buttons do to the file and to open code windows.
+// The keyword editor: what it shows, and what its buttons do to the file and to open code windows.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -9,7 +9,6 @@
 #include "shell/state/Module1.h"
 
 #include <QDir>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -49,7 +48,7 @@ class win_frmKeywords : public QObject {
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
 
-    // A code window with the word in it, and the style of its first letter: 3 is a keyword, 7 any other word.
+    // A code window with the word in it, and the style of its first character: 3 is a keyword, 7 any other word.
     void OpenCode()
     {
         bench->Choose(QStringLiteral("mnuFileNew"));
@@ -72,23 +71,6 @@ private Q_SLOTS:
     {
         window.reset();
         bench.reset();
-    }
-
-    void captionsAreAsTold()
-    {
-        Open();
-        QCOMPARE(window->windowTitle(), QStringLiteral("Edit Custom Keywords"));
-        const auto text = [this](const char* name) {
-            return window->findChild<QLabel*>(QString::fromLatin1(name))->text();
-        };
-        QCOMPARE(text("Label1"), QStringLiteral("Custom keywords to add to list for syntax coloring:"));
-        QCOMPARE(text("Label2"), QStringLiteral("Type desired words, separated by spaces."));
-        const auto caption = [this](const char* name) {
-            return window->findChild<QPushButton*>(QString::fromLatin1(name))->text();
-        };
-        QCOMPARE(caption("cmdOkay"), QStringLiteral("Okay"));
-        QCOMPARE(caption("cmdCancel"), QStringLiteral("Cancel"));
-        QCOMPARE(caption("cmdDelete"), QStringLiteral("Delete Custom Keywords"));
     }
 
     void withoutKeywordsTheSentenceIsSelected()
@@ -125,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(StyleOfWord(), 3);
     }
 
-    void deletingTakesTheColourBack()
+    void deletingRemovesTheColour()
     {
         WriteFile("pear\r\n");
         bench->Close();

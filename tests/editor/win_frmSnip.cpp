@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The snippet bench, as used: choosing, writing, saving, deleting, the clipboard, and the way into a code window.
+// The snippet bench: selecting, writing, saving, deleting, the clipboard, and inserting into a code window.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -64,7 +64,7 @@ class win_frmSnip : public QObject {
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
-    // Two snippets, a.snip and b.snip, in place of the defaults.
+    // Two snippets, a.snip and b.snip, instead of the defaults.
     void Open(QWidget* owner = nullptr)
     {
         WriteFile(QStringLiteral("a.snip"), "print 1\r\nend\r\n");
@@ -112,31 +112,6 @@ private Q_SLOTS:
         bench.reset();
     }
 
-    void captionsAndTipsAreAsTold()
-    {
-        Open();
-        QCOMPARE(window->windowTitle(), QStringLiteral("Snippet Bench"));
-        QCOMPARE(Control<QLabel>("Label1")->text(), QStringLiteral("Existing Snippets. Click to select one."));
-        QCOMPARE(Control<QLabel>("Label2")->text(), QStringLiteral("Snippet Name:"));
-        QCOMPARE(Name()->toolTip(), QStringLiteral("Snippet Name"));
-        QCOMPARE(Text()->toolTip(), QStringLiteral("Create and edit snippets here."));
-        struct Row {
-            const char* name;
-            const char* caption;
-            const char* tip;
-        };
-        for (const Row& row :
-             {Row{"cmdNew", "&New", "Save this snippet to disk."},
-              Row{"cmdSave", "&Save", "Save this snippet to disk."},
-              Row{"cmdDelete", "&Delete", "Delete this snippet."},
-              Row{"cmdCopy", "&Copy", "Copy this snippet to the clipboard."},
-              Row{"cmdPaste", "&Insert", "Paste clipboard contents at cursor position."},
-              Row{"cmdPasteNew", "&Paste", "Paste new snippet from clipboard."}, Row{"cmdExit", "E&xit", ""}}) {
-            QCOMPARE(Button(row.name)->text(), QString::fromLatin1(row.caption));
-            QCOMPARE(Button(row.name)->toolTip(), QString::fromLatin1(row.tip));
-        }
-    }
-
     void theFirstOpeningMakesTheDefaults()
     {
         OpenAsItIs();
@@ -148,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(lines.last(), QStringLiteral("[quit] close #main : end"));
     }
 
-    void aFolderThatCannotBeMadeIsToldAndOpensNothing()
+    void aFolderThatCannotBeCreatedIsReportedAndOpensNothing()
     {
         bench->Start();
         QFile file(bench->ProgramPath(QStringLiteral("snippets")));
@@ -200,7 +175,7 @@ private Q_SLOTS:
         QVERIFY(Text()->toPlainText().isEmpty());
     }
 
-    void aSnippetThatVanishedIsToldAndTheTextStays()
+    void aSnippetThatVanishedIsReportedAndTheTextStays()
     {
         Open();
         Click(QStringLiteral("a.snip"));
@@ -211,7 +186,7 @@ private Q_SLOTS:
         QVERIFY(bench->dialogs.Finished());
     }
 
-    void newEmptiesAndUndoBringsTypedTextBack()
+    void newClearsAndUndoRestoresTypedText()
     {
         Open();
         Click(QStringLiteral("a.snip"));
@@ -251,7 +226,7 @@ private Q_SLOTS:
         QCOMPARE(State(), QStringLiteral("Saved. The list shows *.snip files of its own folder only."));
     }
 
-    void aSaveElsewhereMarksNothing()
+    void aSaveElsewhereSelectsNothing()
     {
         Open();
         Click(QStringLiteral("b.snip"));
@@ -312,7 +287,7 @@ private Q_SLOTS:
         QCOMPARE(Names().size(), 1);
     }
 
-    void aVanishedSnippetIsDeletedWithoutAWord()
+    void aVanishedSnippetIsDeletedSilently()
     {
         Open();
         Click(QStringLiteral("b.snip"));
@@ -369,7 +344,7 @@ private Q_SLOTS:
         QCOMPARE(Name()->text(), QStringLiteral("a.snip"));
     }
 
-    void tabTypesBlanksUpToTheNextColumn()
+    void tabInsertsSpacesUpToTheNextColumn()
     {
         Open();
         Editor.TabSize = 4;
@@ -382,14 +357,14 @@ private Q_SLOTS:
         QVERIFY(!Text()->hasFocus());
     }
 
-    void aDoubleClickAndEnterPutTheSnippetIntoTheCode_data()
+    void aDoubleClickAndEnterInsertTheSnippetIntoTheCode_data()
     {
         QTest::addColumn<bool>("byKey");
         QTest::newRow("double click") << false;
         QTest::newRow("Enter") << true;
     }
 
-    void aDoubleClickAndEnterPutTheSnippetIntoTheCode()
+    void aDoubleClickAndEnterInsertTheSnippetIntoTheCode()
     {
         QFETCH(bool, byKey);
         bench->Start();
@@ -411,7 +386,7 @@ private Q_SLOTS:
         QVERIFY(window->isVisible());
     }
 
-    void withoutACodeWindowTheDoubleClickTellsSo()
+    void withoutACodeWindowTheDoubleClickShowsAMessage()
     {
         Open();
         bench->dialogs.ExpectMessage(NoCodeWindowText);

@@ -25,7 +25,7 @@ namespace {
 
 constexpr char NoCodeWindow[] = "No code window is active!";
 
-// A bench with one file in a window.
+// The program with one file in a window.
 struct EditBench {
     explicit EditBench(const QByteArray& text)
     {
@@ -68,7 +68,7 @@ QByteArray Chosen(const EditBench& b)
     return word.constData();
 }
 
-// How far the tip is from the foot of the letter at that position: columns in pixels, lines in whole lines.
+// The distance of the tip from the foot of the character at that position: columns in pixels, lines in whole lines.
 QPoint TipOffset(const EditBench& b, std::intptr_t position)
 {
     const auto tips = b.Edit()->findChildren<QWidget*>();
@@ -97,31 +97,31 @@ private Q_SLOTS:
     void returnInTheMiddleOfALineIndentsItsRest();
     void returnAtTheStartOfTheSecondLineWorks();
     void returnDoesNotIndentWithTheSettingOff();
-    void returnOfACaretOnTheFirstLineTakesItsIndentation();
-    void returnIsTakenBackInTwoSteps();
+    void returnOfACaretOnTheFirstLineKeepsItsIndentation();
+    void returnIsUndoneInTwoSteps();
     void heldReturnIndentsOnceAtItsEnd();
-    void aKeyStruckBeforeReturnIsLetGoIsIndentedToo();
+    void aKeyPressedBeforeReturnIsReleasedIsIndentedToo();
     void returnKeepsTheView();
     void indentationIsCountedInCharacters();
 
     void theKeywordListShowsEveryWordInItsOrder();
-    void aWordsBeginningChoosesFromTheList();
-    void everyWordOfTheListIsFoundByItsBeginning();
+    void aWordsStartSelectsFromTheList();
+    void everyWordOfTheListIsFoundByItsStart();
     void wordsOfTheUserAreNotOffered();
-    void returnThatChoseFromTheListIndentsAllTheSame_data();
-    void returnThatChoseFromTheListIndentsAllTheSame();
+    void returnThatSelectedFromTheListIndentsAllTheSame_data();
+    void returnThatSelectedFromTheListIndentsAllTheSame();
 
     void theTipShowsAtTheWord();
     void theTipOfASelectionShowsAtTheTextsStart();
-    void theTipGoesOnAScroll();
-    void theListAndTheTipTakeEachOthersPlace();
+    void theTipHidesOnAScroll();
+    void theListAndTheTipReplaceEachOther();
 
     void blockCommentIsOneStep();
-    void blockCommentLeavesTheCaretBehindTheBlock();
+    void blockCommentLeavesTheCaretAfterTheBlock();
     void blockCommentOfNothingChangesNothing();
     void blockCommentKeepsBookmarks();
     void blockCommentKeepsNuls();
-    void commentsOfTheProgrammerGoInAtTheCaret();
+    void commentsOfTheProgrammerAreInsertedAtTheCaret();
     void commandsNeedACodeWindow();
 };
 
@@ -156,7 +156,7 @@ void win_modEdit::returnInTheMiddleOfALineIndentsItsRest()
     const EditBench b("  while a: print: wend");
     b.GoTo(10);
     b.Key(Qt::Key_Return);
-    // The rest's own blanks count as its indentation, which is replaced.
+    // The rest's own spaces count as its indentation, which is replaced.
     QCOMPARE(b.Marked(), QByteArray("  while a:\r\n      |print: wend"));
 }
 
@@ -177,7 +177,7 @@ void win_modEdit::returnDoesNotIndentWithTheSettingOff()
     QCOMPARE(b.Marked(), QByteArray("  if x then\r\n|"));
 }
 
-void win_modEdit::returnOfACaretOnTheFirstLineTakesItsIndentation()
+void win_modEdit::returnOfACaretOnTheFirstLineKeepsItsIndentation()
 {
     const EditBench b("   abc");
     b.GoTo(5);
@@ -186,7 +186,7 @@ void win_modEdit::returnOfACaretOnTheFirstLineTakesItsIndentation()
     QCOMPARE(b.Caret(), 3);
 }
 
-void win_modEdit::returnIsTakenBackInTwoSteps()
+void win_modEdit::returnIsUndoneInTwoSteps()
 {
     const EditBench b("  if x then");
     b.GoTo(11);
@@ -218,7 +218,7 @@ void win_modEdit::heldReturnIndentsOnceAtItsEnd()
     QCOMPARE(b.Marked(), QByteArray("  a\r\n\r\n|"));
 }
 
-void win_modEdit::aKeyStruckBeforeReturnIsLetGoIsIndentedToo()
+void win_modEdit::aKeyPressedBeforeReturnIsReleasedIsIndentedToo()
 {
     const EditBench b("  a");
     b.GoTo(3);
@@ -241,13 +241,13 @@ void win_modEdit::returnKeepsTheView()
 
 void win_modEdit::indentationIsCountedInCharacters()
 {
-    // The caret is told past the end of the line; it must not come to rest inside a letter or a line end.
+    // The position is past the end of the line; the caret must not end up inside a character or a line end.
     const EditBench b("   a\r\n   \xE4\xF6\xFC\xE4\r\n\xE4\xF6\xFC");
     b.GoTo(6 + 3 + 4);
     AddTab(*b.bench.Active());
     QCOMPARE(b.Caret(), 6 + 3 + 8);
     AddTab(*b.bench.Active());
-    // Three characters further stand CR, LF and a letter of two bytes.
+    // Three characters further are CR, LF and a character of two bytes.
     QCOMPARE(b.Caret(), 6 + 3 + 8 + 4);
     QCOMPARE(b.Text(), QByteArray("   a\r\n   \xC3\xA4\xC3\xB6\xC3\xBC\xC3\xA4\r\n\xC3\xA4\xC3\xB6\xC3\xBC"));
 }
@@ -263,7 +263,7 @@ void win_modEdit::theKeywordListShowsEveryWordInItsOrder()
     QCOMPARE(b.Text(), QByteArray());
 }
 
-void win_modEdit::aWordsBeginningChoosesFromTheList()
+void win_modEdit::aWordsStartSelectsFromTheList()
 {
     EditBench b("x = LEF(a$, 1)");
     b.GoTo(7);
@@ -275,12 +275,12 @@ void win_modEdit::aWordsBeginningChoosesFromTheList()
     QCOMPARE(b.Text(), QByteArray("x = LEF(a$, 1)"));
 }
 
-void win_modEdit::everyWordOfTheListIsFoundByItsBeginning()
+void win_modEdit::everyWordOfTheListIsFoundByItsStart()
 {
     EditBench b("");
     for (const QByteArray& word : Words().KeywordList.trimmed().split(' ')) {
         SendSci(b.sci(), SCI_CLEARALL);
-        // The parenthesis is no part of the word before the caret.
+        // The parenthesis is not part of the word before the caret.
         const QByteArray letters = QByteArray(word).replace('(', QByteArray()).toLower();
         if (letters.contains('_'))
             continue;
@@ -305,19 +305,19 @@ void win_modEdit::wordsOfTheUserAreNotOffered()
     QCOMPARE(list->findItems(QStringLiteral("zebra"), Qt::MatchContains).size(), 0);
 }
 
-void win_modEdit::returnThatChoseFromTheListIndentsAllTheSame_data()
+void win_modEdit::returnThatSelectedFromTheListIndentsAllTheSame_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("result");
-    // The caret stands behind "pri".
+    // The caret is after "pri".
     QTest::newRow("first line") << QByteArray("pri") << QByteArray("Print|");
     QTest::newRow("first line, indented") << QByteArray("  pri\r\nx") << QByteArray("Print\r\n|x");
-    QTest::newRow("behind an if") << QByteArray(" if x then\r\npri") << QByteArray(" if x then\r\n     Print|");
+    QTest::newRow("after an if") << QByteArray(" if x then\r\npri") << QByteArray(" if x then\r\n     Print|");
     QTest::newRow("below a plain line") << QByteArray("cls\r\n  pri\r\nx") << QByteArray("cls\r\nPrint\r\n|x");
     QTest::newRow("indented alike") << QByteArray("  cls\r\n  pri\r\nx") << QByteArray("  cls\r\n  Print\r\n|x");
 }
 
-void win_modEdit::returnThatChoseFromTheListIndentsAllTheSame()
+void win_modEdit::returnThatSelectedFromTheListIndentsAllTheSame()
 {
     QFETCH(QByteArray, text);
     EditBench b(text);
@@ -353,7 +353,7 @@ void win_modEdit::theTipOfASelectionShowsAtTheTextsStart()
     QCOMPARE(b.Ask(SCI_GETSELECTIONEND), 12);
 }
 
-void win_modEdit::theTipGoesOnAScroll()
+void win_modEdit::theTipHidesOnAScroll()
 {
     EditBench b(QByteArray("cls\r\n").repeated(300));
     b.GoTo(3);
@@ -364,7 +364,7 @@ void win_modEdit::theTipGoesOnAScroll()
     QVERIFY(!b.bench.Active()->SyntaxTipShown);
 }
 
-void win_modEdit::theListAndTheTipTakeEachOthersPlace()
+void win_modEdit::theListAndTheTipReplaceEachOther()
 {
     EditBench b("cls");
     b.GoTo(3);
@@ -394,7 +394,7 @@ void win_modEdit::blockCommentIsOneStep()
     QCOMPARE(b.Ask(SCI_GETMODIFY), 0);
 }
 
-void win_modEdit::blockCommentLeavesTheCaretBehindTheBlock()
+void win_modEdit::blockCommentLeavesTheCaretAfterTheBlock()
 {
     EditBench b("a\r\nb\r\nc\r\nend ");
     b.Select(6, 3);
@@ -438,7 +438,7 @@ void win_modEdit::blockCommentKeepsNuls()
     QCOMPARE(b.Text(), QByteArray("'a\0b\r\n'c\0\r\nend ", 15));
 }
 
-void win_modEdit::commentsOfTheProgrammerGoInAtTheCaret()
+void win_modEdit::commentsOfTheProgrammerAreInsertedAtTheCaret()
 {
     EditBench b("a\r\nend ");
     QFile comments(b.bench.ProgramPath(QStringLiteral("comments.txt")));

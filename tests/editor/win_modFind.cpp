@@ -33,7 +33,7 @@ void Select(const cDocument* document, qsizetype anchor, qsizetype caret)
     SendSci(document->sci, SCI_SETSEL, static_cast<std::uintptr_t>(anchor), static_cast<std::intptr_t>(caret));
 }
 
-// Stops after so many rounds, as Escape does.
+// Stops after that many rounds, as Escape does.
 class StopAfter final : public cReplaceWatch {
 public:
     explicit StopAfter(std::int64_t roundLimit) : limit(roundLimit) {}
@@ -57,7 +57,7 @@ class win_modFind : public QObject {
     Q_OBJECT
 
 private:
-    // A bench with one code window that holds the text, the caret at its start.
+    // The program with one code window that contains the text, with the caret at its start.
     cDocument* Open(const char* text) { return Open(QByteArray(text)); }
 
     cDocument* Open(const QByteArray& text)
@@ -139,7 +139,7 @@ private:
 private Q_SLOTS:
     void cleanup() { bench.reset(); }
 
-    void findSelectsTheMatchWithTheCaretBehindIt()
+    void findSelectsTheMatchWithTheCaretAfterIt()
     {
         const cDocument* document = Open("one two\r\none two\r\n");
         Find("TWO");
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("foo [|foo]"));
     }
 
-    void failedFindIsToldAndPutsTheCaretWhereTheMessageDoes()
+    void failedFindIsReportedAndMovesTheCaret()
     {
         const cDocument* document = Open("one two three");
         Select(document, 4, 7);
@@ -221,7 +221,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("|"));
     }
 
-    void caseAndWholeWordCountWhenAsked()
+    void caseAndWholeWordCountOnRequest()
     {
         const cDocument* document = Open("# Total total$ totals total\r\n");
         Finding().FindFlags = FindMatchCase;
@@ -235,7 +235,7 @@ private Q_SLOTS:
         QCOMPARE(Finding().FoundPos, 22);
     }
 
-    void lettersOfEveryScriptMatchTheirCapitals_data()
+    void charactersOfEveryScriptMatchTheirCapitals_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QByteArray>("find");
@@ -245,7 +245,7 @@ private Q_SLOTS:
                                 << QByteArray("# [GR\xc3\x96SSE|]!");
         QTest::newRow("umlaut, case counts") << QByteArray("# GR\xc3\x96 gr\xc3\xb6!") << QByteArray("gr\xc3\xb6")
                                              << int(FindMatchCase) << QByteArray("# GR\xc3\x96 [gr\xc3\xb6|]!");
-        QTest::newRow("letters behind others")
+        QTest::newRow("characters after others")
             << QByteArray("\xc3\xa4\xc3\xb6\xc3\xbc caf\xc3\x89s") << QByteArray("CAF\xc3\xa9") << 0
             << QByteArray("\xc3\xa4\xc3\xb6\xc3\xbc [caf\xc3\x89|]s");
         QTest::newRow("capital is longer") << QByteArray("# stra\xe1\xba\x9e"
@@ -270,7 +270,7 @@ private Q_SLOTS:
                                     << QByteArray("# [\xf0\x90\x90\x80|]x");
     }
 
-    void lettersOfEveryScriptMatchTheirCapitals()
+    void charactersOfEveryScriptMatchTheirCapitals()
     {
         QFETCH(QByteArray, text);
         QFETCH(QByteArray, find);
@@ -316,7 +316,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("[\xc3\xa4|]bc"));
     }
 
-    void aMatchFarOffIsShownWithWhatStandsAroundIt()
+    void aDistantMatchIsShownWithItsSurroundings()
     {
         const cDocument* document =
             Open(QByteArray("line\r\n").repeated(500) + "needle\r\n" + QByteArray("line\r\n").repeated(500));
@@ -327,7 +327,7 @@ private Q_SLOTS:
         QCOMPARE(500 - top, lines / 3);
     }
 
-    void replaceChangesTheSelectionUnaskedAndThenAsks()
+    void replaceChangesTheSelectionSilentlyAndThenAsks()
     {
         const cDocument* document = Open("foo foo foo foo foo foo");
         Select(document, 0, 3);
@@ -361,7 +361,7 @@ private Q_SLOTS:
         QCOMPARE(TestBench::Text(document), QByteArray("x bar foo"));
     }
 
-    void replaceAllReachesTheFirstCharacterAndLeavesNoBlank()
+    void replaceAllReachesTheFirstCharacterAndLeavesNoSpace()
     {
         const cDocument* document = Open("foo bar foo\r\nfoo");
         ExpectConfirm(BoxAnswer::No);
@@ -398,7 +398,7 @@ private Q_SLOTS:
         QCOMPARE(SendSci(document->sci, SCI_CANUNDO), 0);
     }
 
-    void replaceAllBeginsBehindTheCaret()
+    void replaceAllBeginsAfterTheCaret()
     {
         const cDocument* document = Open("foo foo foo");
         Select(document, 3, 3);
@@ -409,8 +409,8 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("|foo x x"));
     }
 
-    // The next search begins two characters behind the start of the last match.
-    void replaceAllPassesAMatchRightBehindAShortOne()
+    // The next search begins two characters after the start of the last match.
+    void replaceAllSkipsAMatchRightAfterAShortOne()
     {
         const cDocument* document = Open("aaaa");
         ExpectConfirm(BoxAnswer::No);
@@ -432,7 +432,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("|bbbb xbyb\r\nb"));
     }
 
-    void replaceAllFromTheStartFindsWhatAReplacementMakes()
+    void replaceAllFromTheStartFindsMatchesMadeByReplacements()
     {
         const cDocument* document = Open("x aaaaabccccc abc");
         Finding().FindFromStart = true;
@@ -443,7 +443,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("|x b b"));
     }
 
-    void replaceAllTakesTheBlankForText()
+    void replaceAllTreatsTheSpaceAsText()
     {
         const cDocument* document = Open("a b");
         Finding().FindFromStart = true;
@@ -454,7 +454,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("|-a\xc3\xa4-b"));
     }
 
-    void askedReplaceAllGoesByTheAnswers()
+    void confirmedReplaceAllFollowsTheAnswers()
     {
         const cDocument* document = Open("foo foo foo foo");
         ExpectConfirm(BoxAnswer::Yes);
@@ -470,7 +470,7 @@ private Q_SLOTS:
         QCOMPARE(TestBench::Text(document), QByteArray("foo foo foo foo"));
     }
 
-    void askedReplaceAllEndsByCancelWithoutACount()
+    void confirmedReplaceAllEndsOnCancelWithoutACount()
     {
         const cDocument* document = Open("foo foo foo");
         ExpectConfirm(BoxAnswer::Yes);
@@ -481,7 +481,7 @@ private Q_SLOTS:
         QCOMPARE(Finding().FoundPos, 3);
     }
 
-    void askedReplaceAllFromTheStartMeetsARefusedMatchAgain()
+    void confirmedReplaceAllFromTheStartMeetsARejectedMatchAgain()
     {
         const cDocument* document = Open("foo foo");
         Finding().FindFromStart = true;
@@ -494,7 +494,7 @@ private Q_SLOTS:
         QCOMPARE(SendSci(document->sci, SCI_GETMODIFY), 0);
     }
 
-    void askedReplaceAllWhoseReplacementHoldsTheTextIsLeftByCancel()
+    void confirmedReplaceAllWhoseReplacementContainsTheTextEndsOnCancel()
     {
         const cDocument* document = Open("foo");
         Finding().FindFromStart = true;
@@ -506,7 +506,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("|a a foo"));
     }
 
-    void replaceAllWhoseReplacementHoldsTheTextIsStoppedByTheWatch_data()
+    void replaceAllWhoseReplacementContainsTheTextIsStoppedByTheWatch_data()
     {
         QTest::addColumn<bool>("fromStart");
         QTest::addColumn<QByteArray>("after");
@@ -514,7 +514,7 @@ private Q_SLOTS:
         QTest::newRow("from the caret") << false << QByteArray("|(o)");
     }
 
-    void replaceAllWhoseReplacementHoldsTheTextIsStoppedByTheWatch()
+    void replaceAllWhoseReplacementContainsTheTextIsStoppedByTheWatch()
     {
         QFETCH(bool, fromStart);
         QFETCH(QByteArray, after);
@@ -576,7 +576,7 @@ private Q_SLOTS:
         QCOMPARE(State(document), QByteArray("x\r\n[a\r\nb|]\r\n"));
     }
 
-    void withoutACodeWindowTheUserIsTold()
+    void withoutACodeWindowAMessageIsShown()
     {
         bench = std::make_unique<TestBench>();
         bench->Start();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The label lists above the text: what they show, where they lead, and the bookmark buttons beside them.
+// The label lists above the text: their contents, their jumps, and the bookmark buttons next to them.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -21,7 +21,7 @@ using namespace ob;
 
 namespace {
 
-// A bench with one file in a window; what a user sees and does in it.
+// The program with one file in a window; what a user sees and does in it.
 struct LabelBench {
     explicit LabelBench(const QByteArray& file)
     {
@@ -95,20 +95,20 @@ private Q_SLOTS:
     void theLabelChosenInTheSortedListSurvivesToo();
     void aRebuildLeavesTheCaretWhereTheSelectionBegan_data();
     void aRebuildLeavesTheCaretWhereTheSelectionBegan();
-    void aChosenLabelComesToTheTop();
-    void aLabelComesToTheTopOfWrappedText();
+    void aSelectedLabelIsScrolledToTheTop();
+    void aLabelIsScrolledToTheTopOfWrappedText();
     void equalLabelsLeadToTheFirst();
-    void aLabelThatIsGoneLeavesTheCaret();
-    void aLabelWithBlanksBehindItLeavesTheCaret();
+    void aMissingLabelLeavesTheCaret();
+    void aLabelWithTrailingSpacesLeavesTheCaret();
     void theSameLabelCanBeChosenAgain();
-    void aTypedLabelIsGoneToOnReturn();
-    void theWheelChoosesNothing();
+    void returnJumpsToATypedLabel();
+    void theWheelSelectsNothing();
     void sortingSwapsTheLists();
     void sortingMovesCaretAndView();
     void theSortedListLeadsToItsLabels();
     void theLabelsOfTheReturnedLineAreListed();
     void bookmarksStopAtTheEnds();
-    void theNextBookmarkComesToTheTop();
+    void theNextBookmarkIsScrolledToTheTop();
     void bookmarksBeyond32767DoNotWork();
     void manyLabelsAreListedAtOnce();
 };
@@ -177,7 +177,7 @@ void win_modLabels::aRebuildLeavesTheCaretWhereTheSelectionBegan_data()
     QTest::newRow("forwards") << QByteArray("one\r\ntwo") << 2 << 6 << 2;
     QTest::newRow("at the start") << QByteArray("one\r\ntwo") << 0 << 0 << 1;
     QTest::newRow("at one") << QByteArray("one\r\ntwo") << 1 << 1 << 1;
-    QTest::newRow("behind a letter of two bytes") << QByteArray("\xE4n\r\ntwo") << 0 << 0 << 2;
+    QTest::newRow("after a character of two bytes") << QByteArray("\xE4n\r\ntwo") << 0 << 0 << 2;
     QTest::newRow("never inside a line end") << QByteArray("\r\ntwo") << 0 << 0 << 0;
     QTest::newRow("in an empty text") << QByteArray() << 0 << 0 << 0;
 }
@@ -194,7 +194,7 @@ void win_modLabels::aRebuildLeavesTheCaretWhereTheSelectionBegan()
     QCOMPARE(b.Ask(SCI_GETSELECTIONSTART), b.Ask(SCI_GETSELECTIONEND));
 }
 
-void win_modLabels::aChosenLabelComesToTheTop()
+void win_modLabels::aSelectedLabelIsScrolledToTheTop()
 {
     LabelBench b(LongProgram(500));
     for (const int index : {24, 3, 40, 0}) {
@@ -207,7 +207,7 @@ void win_modLabels::aChosenLabelComesToTheTop()
     }
 }
 
-void win_modLabels::aLabelComesToTheTopOfWrappedText()
+void win_modLabels::aLabelIsScrolledToTheTopOfWrappedText()
 {
     QByteArray text;
     for (int line = 0; line < 200; ++line)
@@ -228,7 +228,7 @@ void win_modLabels::equalLabelsLeadToTheFirst()
     QCOMPARE(b.CaretLine(), 1);
 }
 
-void win_modLabels::aLabelThatIsGoneLeavesTheCaret()
+void win_modLabels::aMissingLabelLeavesTheCaret()
 {
     LabelBench b(LongProgram(100));
     SendSci(b.sci(), SCI_GOTOPOS, 20);
@@ -241,7 +241,7 @@ void win_modLabels::aLabelThatIsGoneLeavesTheCaret()
     QCOMPARE(b.bench.Frame().focusWidget(), b.bench.ActiveWindowEdit());
 }
 
-void win_modLabels::aLabelWithBlanksBehindItLeavesTheCaret()
+void win_modLabels::aLabelWithTrailingSpacesLeavesTheCaret()
 {
     LabelBench b("print\r\n[a]  \r\nend \r\n");
     QCOMPARE(b.Items("cboLabels"), QStringList{QStringLiteral("[a]  ")});
@@ -258,7 +258,7 @@ void win_modLabels::theSameLabelCanBeChosenAgain()
     QCOMPARE(b.CaretLine(), 100);
 }
 
-void win_modLabels::aTypedLabelIsGoneToOnReturn()
+void win_modLabels::returnJumpsToATypedLabel()
 {
     LabelBench b(LongProgram(200));
     QLineEdit* field = b.List("cboLabels")->lineEdit();
@@ -272,7 +272,7 @@ void win_modLabels::aTypedLabelIsGoneToOnReturn()
     QCOMPARE(b.List("cboLabels")->count(), 19);
 }
 
-void win_modLabels::theWheelChoosesNothing()
+void win_modLabels::theWheelSelectsNothing()
 {
     LabelBench b(LongProgram(100));
     QComboBox* list = b.List("cboLabels");
@@ -357,7 +357,7 @@ void win_modLabels::bookmarksStopAtTheEnds()
     QCOMPARE(b.bench.Frame().focusWidget(), b.bench.ActiveWindowEdit());
 }
 
-void win_modLabels::theNextBookmarkComesToTheTop()
+void win_modLabels::theNextBookmarkIsScrolledToTheTop()
 {
     LabelBench b(LongProgram(1000));
     SendSci(b.sci(), SCI_GOTOLINE, 500);
@@ -378,7 +378,7 @@ void win_modLabels::bookmarksBeyond32767DoNotWork()
     SendSci(b.sci(), SCI_GOTOLINE, 10);
     b.Press("cmdNext");
     QCOMPARE(b.CaretLine(), 32767);
-    // 65535 is -1 in 16 bits: no mark.
+    // 65535 is -1 in 16 bits: no bookmark.
     b.Press("cmdNext");
     QCOMPARE(b.CaretLine(), 32767);
     SendSci(b.sci(), SCI_GOTOLINE, 40'000);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Printing as used: the real control and the real pages, in a PDF that another program reads.
+// Printing with the real control and real pages, in a PDF that another program reads.
 #include "editor/PdfPages.h"
 #include "editor/PrintedPages.h"
 #include "support/BenchTest.h"
@@ -28,7 +28,7 @@ const QString Question =
     QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
                    "on your system, then select 'No'.");
 
-// A printer whose pages end in a file.
+// A printer whose pages go to a file.
 class FilePrinting final : public cPrinting {
 public:
     explicit FilePrinting(QString file) : path(std::move(file)) {}
@@ -47,12 +47,12 @@ private:
     QString path;
 };
 
-// A bench with a program in its window, and no printer on the system.
+// The program with a text in its window, and no printer on the system.
 struct PrintBench {
     explicit PrintBench(const QByteArray& program)
     {
         SetPrinting(&noPrinter);
-        // However slow the machine is, only a test that waits for it gets the window.
+        // However slow the machine is, the window appears only in a test that waits for it.
         dlgPrinting::Patience = std::chrono::hours(1);
         bench.Start({bench.Write(QStringLiteral("game.bas"), program)});
         SendSci(Text(), SCI_GOTOPOS, 0);
@@ -107,7 +107,7 @@ QStringList LinesOfProgram(const QByteArray& program)
     return lines;
 }
 
-// How many dots of a page come close to a colour; the edges of letters are paler than their middle.
+// The number of dots on a page that are close to a colour; the edges of characters are paler than their middle.
 int CountColor(const QImage& page, const QColor& color)
 {
     int count = 0;
@@ -132,10 +132,10 @@ class win_modPrint : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void programComesOutWhole_data();
-    void programComesOutWhole();
-    void selectedLineComesOutAlone_data();
-    void selectedLineComesOutAlone();
+    void programIsPrintedWhole_data();
+    void programIsPrintedWhole();
+    void selectedLineIsPrintedAlone_data();
+    void selectedLineIsPrintedAlone();
     void caretAtTheEndGivesAnEmptyPage_data();
     void caretAtTheEndGivesAnEmptyPage();
     void printBeginsAtTheCaret();
@@ -144,38 +144,38 @@ private Q_SLOTS:
     void plainTextIsBlack();
     void darkWindowPrintsReadably();
     void screenIsAsBefore();
-    void longLinesGoOnBelow();
-    void lineOverManyPagesComesOutWhole();
-    void lettersOfOtherScriptsComeOut();
+    void longLinesAreWrapped();
+    void lineOverManyPagesIsPrintedWhole();
+    void otherScriptsArePrinted();
     void fontsAreInTheFile();
     void printerGetsTheSamePages_data();
     void printerGetsTheSamePages();
     void toolbarButtonPrints();
-    void fileThatCannotBeWrittenIsTold();
-    void longPrintShowsItsPageAndCanBeCalledOff();
+    void fileThatCannotBeWrittenIsReported();
+    void longPrintShowsItsPageAndCanBeCancelled();
     void shortPrintShowsNoWindow();
     void lineNumberMarginStaysInAWrappedWindow();
 };
 
-void win_modPrint::programComesOutWhole_data()
+void win_modPrint::programIsPrintedWhole_data()
 {
     QTest::addColumn<BoxAnswer>("way");
     QTest::newRow("in color") << BoxAnswer::Yes;
     QTest::newRow("plain") << BoxAnswer::No;
 }
 
-void win_modPrint::programComesOutWhole()
+void win_modPrint::programIsPrintedWhole()
 {
     QFETCH(BoxAnswer, way);
     PrintBench print(Program(300));
     print.Print(way);
-    // The load drops the last two bytes, which are the last line end.
+    // Loading drops the last two bytes, which are the last line end.
     QCOMPARE(LinesOf(print.Pdf()), LinesOfProgram(Program(300)));
     QVERIFY(PdfField(print.Pdf(), QStringLiteral("Pages")).toInt() > 4);
     QCOMPARE(PdfField(print.Pdf(), QStringLiteral("Title")), QStringLiteral("game.bas"));
 }
 
-void win_modPrint::selectedLineComesOutAlone_data()
+void win_modPrint::selectedLineIsPrintedAlone_data()
 {
     QTest::addColumn<BoxAnswer>("way");
     QTest::addColumn<int>("lineEnd");
@@ -185,7 +185,7 @@ void win_modPrint::selectedLineComesOutAlone_data()
     QTest::newRow("plain, with its end") << BoxAnswer::No << 2;
 }
 
-void win_modPrint::selectedLineComesOutAlone()
+void win_modPrint::selectedLineIsPrintedAlone()
 {
     QFETCH(BoxAnswer, way);
     QFETCH(int, lineEnd);
@@ -201,7 +201,7 @@ void win_modPrint::selectedLineComesOutAlone()
 
 void win_modPrint::caretAtTheEndGivesAnEmptyPage_data()
 {
-    programComesOutWhole_data();
+    programIsPrintedWhole_data();
 }
 
 void win_modPrint::caretAtTheEndGivesAnEmptyPage()
@@ -241,7 +241,7 @@ void win_modPrint::colorsAreOnThePage()
     QVERIFY(CountColor(page, ToColor(Editor.KeywordColor)) > 100);
     QVERIFY(CountColor(page, ToColor(Editor.QuoteColor)) > 100);
     QVERIFY(CountColor(page, ToColor(Editor.CommentColor)) > 100);
-    // White paper with letters on it.
+    // White paper with text on it.
     QVERIFY(CountColor(page, Qt::white) > page.width() * page.height() * 3 / 4);
 }
 
@@ -283,7 +283,7 @@ void win_modPrint::screenIsAsBefore()
     QCOMPARE(print.bench.ActiveWindowEdit()->grab().toImage(), before);
 }
 
-void win_modPrint::longLinesGoOnBelow()
+void win_modPrint::longLinesAreWrapped()
 {
     QStringList words;
     for (int i = 1000; i < 1100; ++i)
@@ -295,7 +295,7 @@ void win_modPrint::longLinesGoOnBelow()
     QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + QStringLiteral(" end"));
 }
 
-void win_modPrint::lineOverManyPagesComesOutWhole()
+void win_modPrint::lineOverManyPagesIsPrintedWhole()
 {
     QStringList words;
     for (int i = 10000; i < 11600; ++i)
@@ -306,7 +306,7 @@ void win_modPrint::lineOverManyPagesComesOutWhole()
     const QStringList expected = QStringList{QStringLiteral("cls")} + words + LinesOfProgram(Program(30));
     QCOMPARE(LinesOf(print.Pdf()).join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
 
-    // From the row in which the selection begins.
+    // From the row where the selection begins.
     const std::intptr_t start = TestBench::Text(print.bench.Active()).indexOf("word10200") + 3;
     print.Select(start, SendSci(print.Text(), SCI_GETLENGTH));
     print.Print(BoxAnswer::Yes);
@@ -315,7 +315,7 @@ void win_modPrint::lineOverManyPagesComesOutWhole()
     QVERIFY(expected.join(QLatin1Char(' ')).endsWith(rest));
 }
 
-void win_modPrint::lettersOfOtherScriptsComeOut()
+void win_modPrint::otherScriptsArePrinted()
 {
     PrintBench print("cls\r\n");
     const QString line = QString::fromUtf8("print \"Grüße, Привет, Ελλάδα €\"");
@@ -340,7 +340,7 @@ void win_modPrint::fontsAreInTheFile()
 
 void win_modPrint::printerGetsTheSamePages_data()
 {
-    programComesOutWhole_data();
+    programIsPrintedWhole_data();
 }
 
 void win_modPrint::printerGetsTheSamePages()
@@ -353,7 +353,7 @@ void win_modPrint::printerGetsTheSamePages()
     QCOMPARE(LinesOf(print.Pdf()), LinesOfProgram(Program(300)));
     const int pages = PdfField(print.Pdf(), QStringLiteral("Pages")).toInt();
     QVERIFY(pages > 4);
-    // The lines fill the paper's width and height as they do in a PDF.
+    // The lines fill the width and height of the paper as in a PDF.
     QCOMPARE(PagesOf(print.Pdf()).size(), pages);
     QVERIFY(PagesOf(print.Pdf()).first().size() > 40);
     QVERIFY(PagesOf(print.Pdf()).first().size() < 80);
@@ -372,7 +372,7 @@ void win_modPrint::toolbarButtonPrints()
     QVERIFY(print.bench.dialogs.Finished());
 }
 
-void win_modPrint::fileThatCannotBeWrittenIsTold()
+void win_modPrint::fileThatCannotBeWrittenIsReported()
 {
     PrintBench print(Program(9));
     QVERIFY(QDir().mkdir(print.Pdf()));
@@ -383,7 +383,7 @@ void win_modPrint::fileThatCannotBeWrittenIsTold()
     QVERIFY(QDir(print.Pdf()).isEmpty());
 }
 
-void win_modPrint::longPrintShowsItsPageAndCanBeCalledOff()
+void win_modPrint::longPrintShowsItsPageAndCanBeCancelled()
 {
     PrintBench print(Program(300));
     dlgPrinting::Patience = {};

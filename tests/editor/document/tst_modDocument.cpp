@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Code windows as slots: which one is taken, what is read into it, what is written out of it.
+// Code windows as slots: which one is taken, what is read into it, what is written from it.
 #include "editor/document/modDocument.h"
 #include "editor/files/modDocumentFile.h"
 
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("loaded");
         QTest::newRow("line end") << QByteArray("print 1\r\n") << QByteArray("print 1");
-        QTest::newRow("blank and line end") << QByteArray("print 1 \r\n") << QByteArray("print 1 ");
+        QTest::newRow("space and line end") << QByteArray("print 1 \r\n") << QByteArray("print 1 ");
         QTest::newRow("two line ends") << QByteArray("a\r\n\r\n") << QByteArray("a\r\n");
         QTest::newRow("no line end") << QByteArray("print 1") << QByteArray("print");
         QTest::newRow("LF only") << QByteArray("ab\n") << QByteArray("a");
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.ActiveControl().messages.isEmpty());
     }
 
-    void AFileThatIsMissingIsToldAndChangesNothing()
+    void aMissingFileIsReportedAndChangesNothing()
     {
         bench->Open(QStringLiteral("Document 1"), "old");
         bench->dialogs.ExpectMessage(QStringLiteral("File does not exist or is corrupt."), BoxAnswer::Ok,
@@ -154,7 +154,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.status, QStringLiteral("a.bas  Size: 2048 KB   Last Modified: ") + FileDateText(path));
     }
 
-    void TextSentToAWindowStandsBeforeTheCaretsPlace()
+    void textSentToAWindowIsInsertedBeforeTheCaret()
     {
         cDocument& document = bench->Open(QStringLiteral("Document 1"), "'end");
         SendToDocument(*ActiveDocument(), "print \"\xE4\"\r\n", QStringLiteral("untitled.bas"));
@@ -165,7 +165,7 @@ private Q_SLOTS:
 
     // --- Writing. ---
 
-    void AFileHoldsTheTextOneBlankAndALineEnd_data()
+    void aFileHasTheTextOneSpaceAndALineEnd_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QByteArray>("file");
@@ -173,12 +173,12 @@ private Q_SLOTS:
         QTest::newRow("text") << QByteArray("print 1") << QByteArray("print 1 \r\n");
         QTest::newRow("line end at the end stays") << QByteArray("a\r\n") << QByteArray("a\r\n \r\n");
         QTest::newRow("line ends stay as they are") << QByteArray("a\nb\rc\r\n") << QByteArray("a\nb\rc\r\n \r\n");
-        QTest::newRow("blanks") << QByteArray("  a  ") << QByteArray("  a   \r\n");
+        QTest::newRow("spaces") << QByteArray("  a  ") << QByteArray("  a   \r\n");
         QTest::newRow("NUL") << QByteArray("a\0b", 3) << QByteArray("a\0b \r\n", 6);
         QTest::newRow("code page") << QByteArray("\xE2\x82\xAC\xC3\xA4\xC2\x81") << QByteArray("\x80\xE4\x81 \r\n");
     }
 
-    void AFileHoldsTheTextOneBlankAndALineEnd()
+    void aFileHasTheTextOneSpaceAndALineEnd()
     {
         QFETCH(QByteArray, text);
         QFETCH(QByteArray, file);
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QCOMPARE(control.caret, qsizetype{3});
     }
 
-    void EachSaveAddsTwoBlanksToTheTextAndOneToTheFileOfAReload()
+    void eachSaveAddsTwoSpacesToTheTextAndOneToTheFileOfAReload()
     {
         const QString path = bench->Put(QStringLiteral("a.bas"), "print 1\r\n");
         bench->Open(path);
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(path), QByteArray("print 1    \r\n"));
     }
 
-    void ALostCharacterIsToldByItsLine_data()
+    void aLostCharacterIsReportedWithItsLine_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<int>("line");
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QTest::newRow("one mark for four bytes") << QByteArray("\xF0\x9F\x98\x80!") << 1 << QByteArray("?! \r\n");
     }
 
-    void ALostCharacterIsToldByItsLine()
+    void aLostCharacterIsReportedWithItsLine()
     {
         QFETCH(QByteArray, text);
         QFETCH(int, line);
@@ -292,14 +292,14 @@ private Q_SLOTS:
 
     // --- Without a code window. ---
 
-    void WithoutACodeWindowCommandsSaySo_data()
+    void withoutACodeWindowCommandsShowAMessage_data()
     {
         QTest::addColumn<int>("kind");
         QTest::newRow("none") << static_cast<int>(ActiveChild::None);
         QTest::newRow("form") << static_cast<int>(ActiveChild::Gui);
     }
 
-    void WithoutACodeWindowCommandsSaySo()
+    void withoutACodeWindowCommandsShowAMessage()
     {
         QFETCH(int, kind);
         bench->form.kind = static_cast<ActiveChild>(kind);
@@ -310,7 +310,7 @@ private Q_SLOTS:
         QVERIFY(bench->dialogs.Finished());
     }
 
-    // --- What windows switch on and off. ---
+    // --- What windows enable and disable. ---
 
     void CodeCommandsAreSixButtonsAndSevenItems()
     {

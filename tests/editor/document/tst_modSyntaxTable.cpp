@@ -12,13 +12,13 @@ using namespace ob;
 
 namespace {
 
-struct ToldRow {
+struct FixedRow {
     int row;
     const char* text;
 };
 
 // Rows whose words are fixed to the character.
-constexpr ToldRow ToldRows[] = {
+constexpr FixedRow FixedRows[] = {
     {2, "box x y\n'draw box from current pos to x y"},
     {21, "goto x y   -or-  goto branchlabel\n'draw graphics line from current pos to x,y\n"
          "'or go to specified branch label in code"},
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(Words().SyntaxTableLast, std::int16_t{230});
     }
 
-    void keysStandInTheirOrderAndSpelling()
+    void keysHaveTheirOrderAndSpelling()
     {
         QList<QByteArray> keys;
         for (const std::string_view row : Words().SyntaxTable)
@@ -96,15 +96,15 @@ private Q_SLOTS:
         QCOMPARE(keys, LinesOfData("keys.txt"));
     }
 
-    void toldRowReadsToTheCharacter_data()
+    void fixedRowMatchesToTheCharacter_data()
     {
         QTest::addColumn<int>("row");
         QTest::addColumn<QByteArray>("text");
-        for (const ToldRow& told : ToldRows)
-            QTest::addRow("row %d", told.row) << told.row << QByteArray(told.text);
+        for (const FixedRow& fixed : FixedRows)
+            QTest::addRow("row %d", fixed.row) << fixed.row << QByteArray(fixed.text);
     }
 
-    void toldRowReadsToTheCharacter()
+    void fixedRowMatchesToTheCharacter()
     {
         QFETCH(int, row);
         QTEST(Bytes(Words().SyntaxTable.at(static_cast<std::size_t>(row))), "text");
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(found, (std::set<int>{56, 97, 100, 106, 154, 184}));
     }
 
-    void noLineEndsInABlankSaveOneWordRowsAndFourTold()
+    void noLineEndsInASpaceSaveOneWordRowsAndFourOthers()
     {
         std::set<int> found;
         for (std::size_t i = 0; i < Words().SyntaxTable.size(); ++i) {
@@ -155,7 +155,7 @@ private Q_SLOTS:
                      Bytes(row).constData());
     }
 
-    void everyRowSaveTheOneWithoutABlankHasAOneWordKey()
+    void everyRowSaveTheOneWithoutASpaceHasAOneWordKey()
     {
         std::set<int> found;
         for (std::size_t i = 0; i < Words().SyntaxTable.size(); ++i)
@@ -192,23 +192,23 @@ private Q_SLOTS:
         QCOMPARE(SyntaxTip("Select"), std::string_view("select string$\n'select list item equal to string$"));
     }
 
-    void termsThatAreNoKeyFindNothing_data()
+    void unknownTermsFindNothing_data()
     {
         QTest::addColumn<QByteArray>("term");
         QTest::newRow("empty") << QByteArray("");
         QTest::newRow("unknown") << QByteArray("banana");
         QTest::newRow("start of a key") << QByteArray("backcol");
         QTest::newRow("more than a key") << QByteArray("backcolors");
-        QTest::newRow("blank behind") << QByteArray("beep ");
-        QTest::newRow("blank in front") << QByteArray(" beep");
+        QTest::newRow("space after") << QByteArray("beep ");
+        QTest::newRow("space before") << QByteArray(" beep");
         QTest::newRow("function with its parenthesis") << QByteArray("abs(");
-        QTest::newRow("row without a blank") << QByteArray("txcount(#handle)");
-        QTest::newRow("word of the row without a blank") << QByteArray("txcount");
-        QTest::newRow("letter outside ASCII") << QByteArray("\xC3\x84");
+        QTest::newRow("row without a space") << QByteArray("txcount(#handle)");
+        QTest::newRow("word of the row without a space") << QByteArray("txcount");
+        QTest::newRow("character outside ASCII") << QByteArray("\xC3\x84");
         QTest::newRow("zero byte") << QByteArray("beep\0", 5);
     }
 
-    void termsThatAreNoKeyFindNothing()
+    void unknownTermsFindNothing()
     {
         QFETCH(QByteArray, term);
         QCOMPARE(FindSyntaxRow(std::string_view(term.constData(), static_cast<std::size_t>(term.size()))),
@@ -224,7 +224,7 @@ private Q_SLOTS:
                             "'return date in specified format"));
     }
 
-    void keywordListReadsToTheCharacter()
+    void keywordListMatchesToTheCharacter()
     {
         const QByteArray expected = LinesOfData("keywords.txt").join();
         QVERIFY(expected.startsWith("Abs( "));
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(Words().KeywordList.endsWith(' '));
     }
 
-    void endStandsTwiceInTheKeywordList()
+    void endIsTwiceInTheKeywordList()
     {
         const QList<QByteArray> words = Words().KeywordList.split(' ');
         QCOMPARE(words.count("End"), qsizetype{2});

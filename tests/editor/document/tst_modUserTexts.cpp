@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(ReadComments(folder), QByteArray("'no programmer's comments on file"));
     }
 
-    void customKeywordsStandInFrontInLowerCaseWithTheirLineEnd()
+    void customKeywordsArePrependedInLowerCaseWithTheirLineEnd()
     {
         const QByteArray builtIn = Words().LexerKeywords;
         QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "Pear$ APPLE( \r\n"));
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QCOMPARE(CustomKeywordText(folder), QString());
     }
 
-    void addedKeywordsGoToTheFileAndBehindTheList_data()
+    void addedKeywordsAreAppendedToTheFileAndTheList_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QByteArray>("file");
@@ -171,7 +171,7 @@ private Q_SLOTS:
             << QStringLiteral("no custom keywords found ") << QByteArray("no custom keywords found \r\n");
     }
 
-    void addedKeywordsGoToTheFileAndBehindTheList()
+    void addedKeywordsAreAppendedToTheFileAndTheList()
     {
         QFETCH(QString, text);
         QFETCH(QByteArray, file);
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QCOMPARE(Words().LexerKeywords, builtIn);
     }
 
-    void aKeywordThatCannotBeStoredIsAskedFor()
+    void aKeywordThatCannotBeStoredRaisesAQuestion()
     {
         const QByteArray builtIn = Words().LexerKeywords;
         const QString question = QStringLiteral("Line 1 of the keywords holds a character that BASIC source files "

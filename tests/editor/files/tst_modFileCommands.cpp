@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// New, Close, Exit and the recent items, with the slots that they take.
+// New, Close, Exit and the recent items, with the slots that they use.
 #include "editor/files/modFileCommands.h"
 
 #include "core/CoreBench.h"
@@ -41,7 +41,7 @@ private Q_SLOTS:
                                                QStringLiteral("show 2"), QStringLiteral("show 3")}));
     }
 
-    void ANewWindowHoldsTheProgrammersCommentsWhenThatIsWanted()
+    void aNewWindowHasTheProgrammersCommentsOnRequest()
     {
         CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), "'by J\xFCrgen\r\n'2024\r\n");
         AddComments = true;
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
     }
 
-    void WithoutCommentsOnFileASentenceStandsForThem()
+    void withoutACommentsFileASentenceReplacesThem()
     {
         AddComments = true;
         mnuFileNew_Click();
@@ -83,8 +83,8 @@ private Q_SLOTS:
         QCOMPARE(Documents[1]->Tag, TagClosed);
         QVERIFY(NewDocument() != nullptr);
         QCOMPARE(bench->form.active->Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show 1"), QStringLiteral("unload 1"),
-                                               QStringLiteral("show 1")}));
+        QCOMPARE(bench->form.log,
+                 (QStringList{QStringLiteral("show 1"), QStringLiteral("unload 1"), QStringLiteral("show 1")}));
     }
 
     void CloseNeedsACodeWindow_data()
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(RecentCount, 2);
     }
 
-    void ARecentItemWhoseFileIsGoneSaysSo()
+    void aRecentItemWithoutItsFileShowsAMessage()
     {
         RecentFiles[2] = bench->Path(QStringLiteral("gone.bas"));
         bench->dialogs.ExpectMessage(QStringLiteral("Cannot find ") + RecentFiles[2], BoxAnswer::Ok, BoxIcon::None);
