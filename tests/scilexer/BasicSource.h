@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Made-up BASIC programs of any size for tests and measurements: the same text for the same arguments.
+// Synthetic BASIC programs of any size for tests and benchmarks: the same text for the same arguments.
 #pragma once
 
 #include <array>
@@ -18,12 +18,12 @@ inline constexpr std::string_view basicKeywords =
     "textbox then time$( timer to trim$( until upper$( using( val( wait wend while window windowheight windowwidth "
     "word$( xor";
 
-// Writes statements whose names, numbers and lengths vary from line to line.
+// Generates statements whose names, numbers and lengths vary from line to line.
 class BasicSource {
 public:
     explicit BasicSource(std::uint64_t seed) : state(seed * 2 + 1) {}
 
-    // A program of `lineCount` lines, each ended by CR LF; most lines hold 20 to 80 bytes.
+    // A program of `lineCount` lines, each ended by CR LF; most lines have 20 to 80 bytes.
     std::string Lines(std::size_t lineCount)
     {
         std::string text;
@@ -86,7 +86,7 @@ private:
 
     void AddStatement(std::string& text) { text += Filled(Any(statements)); }
 
-    // A pattern with n for a name, 9 for a number, w for words and t for a term behind each percent sign.
+    // A pattern with n for a name, 9 for a number, w for words and t for a term after each percent sign.
     std::string Filled(std::string_view pattern)
     {
         std::string text;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A shown edit control for tests, set up as a code window sets it up.
+// A visible edit control for tests, set up like that of a code window.
 #pragma once
 
 #include "BasicSource.h"
@@ -16,7 +16,7 @@
 
 namespace ob {
 
-// A document's styles, line states and fold levels, to be compared whole.
+// A document's styles, line states and fold levels, for comparison as a whole.
 struct Look {
     std::vector<int> styles;
     std::vector<int> states;
@@ -32,7 +32,7 @@ inline SciLexerOB_Window MakeControl(QWidget* parent)
     return create == nullptr ? SciLexerOB_Window{} : create(parent);
 }
 
-// Takes what is dropped on it, as the program's frame does.
+// Accepts drops, like the program's main window.
 class DropWindow : public QWidget {
 public:
     int entered = 0;
@@ -47,7 +47,7 @@ protected:
     }
 };
 
-// A shown control in a window of its own.
+// A visible control in a window of its own.
 class SciBench {
 public:
     SciBench()
@@ -85,10 +85,10 @@ public:
         SendSci(sci, SCI_REPLACESEL, 0, text.c_str());
     }
 
-    // Paints at once and so lets the control ask for the styles of what is seen.
+    // Paints at once and so lets the control request the styles of the visible text.
     QImage Paint() { return control->grab().toImage(); }
 
-    // How many lines the lexer goes over until the window is painted.
+    // The number of lines lexed until the window is painted.
     std::intptr_t LinesLexedByPainting()
     {
         const std::intptr_t before = SendSci(sci, SCI_OB_COUNTLEXEDLINES);
@@ -96,7 +96,7 @@ public:
         return SendSci(sci, SCI_OB_COUNTLEXEDLINES) - before;
     }
 
-    // The end of the whole lines before Scintilla's mark of the styled end.
+    // The end of the last whole line before Scintilla's mark of the styled end.
     std::intptr_t StyledLinesEnd() const
     {
         const auto end = static_cast<std::uintptr_t>(SendSci(sci, SCI_GETENDSTYLED));

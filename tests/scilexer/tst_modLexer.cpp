@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests of the lexer: golden files for every rule, and what holds for any text.
+// The lexer: golden files for every rule, and properties of any text.
 #include "BasicSource.h"
 #include "scilexer/modLexer.h"
 
@@ -19,7 +19,7 @@ using Styles = std::vector<unsigned char>;
 
 struct Lexed {
     Styles styles;
-    std::vector<int> states; // behind each line
+    std::vector<int> states; // after each line
 };
 
 std::string ReadBytes(const QString& path)
@@ -40,7 +40,7 @@ std::string WithLineEnds(const std::string& text, std::string_view lineEnd)
     return result;
 }
 
-// Parts a text at CR LF, LF and CR; each line keeps its end.
+// Splits a text at CR LF, LF and CR; each line keeps its end.
 std::vector<std::string_view> SplitLines(std::string_view text)
 {
     std::vector<std::string_view> lines;
@@ -61,7 +61,7 @@ Lexed LexByLines(std::string_view text, const KeywordSet& keywords)
     Lexed result;
     int state = 0;
     for (const std::string_view line : SplitLines(text)) {
-        // A buffer of just the line's size lets the sanitizers see a write or read behind it.
+        // A buffer of exactly the line's size lets the sanitizers detect accesses past it.
         const std::string copy(line);
         Styles styles(line.size(), 0xEE);
         state = LexLine(state, {copy.data(), copy.size()}, keywords, styles.data());
@@ -78,7 +78,7 @@ Styles LexWhole(std::string_view text, const KeywordSet& keywords)
     return styles;
 }
 
-// The text with "{n}" where style n begins, at least once a line; every line end is written as LF.
+// The text with "{n}" where style n begins, at least once per line; every line end is written as LF.
 std::string Styled(std::string_view text, const Styles& styles)
 {
     std::string result;
@@ -97,7 +97,7 @@ std::string Styled(std::string_view text, const Styles& styles)
     return result;
 }
 
-// Each line behind its depth, "+" for a header and "w" for a blank line.
+// Each line after its depth, "+" for a header and "w" for a blank line.
 std::string Folded(std::string_view text, const std::vector<int>& states)
 {
     std::string result;
@@ -126,7 +126,7 @@ KeywordSet TestKeywords()
     return KeywordSet(ReadBytes(DataFolder() + QStringLiteral("keywords.txt")));
 }
 
-// Compares with the golden file; a difference is left beside it for scripts/promote-styled.sh.
+// Compares with the golden file; a differing result is written next to it for scripts/promote-styled.sh.
 bool IsGolden(const QString& goldenPath, const std::string& found)
 {
     if (QFile::exists(goldenPath) && ReadBytes(goldenPath) == found)
@@ -160,13 +160,13 @@ private Q_SLOTS:
     void GoldenFiles();
     void AnsiAndUtf8AgreeCharacterByCharacter();
     void LinesAndWholeTextAgreeOnRandomBytes();
-    void KeywordsCompareWithoutCase();
-    void KeywordsOfAnyLengthAndLetterAreFound();
+    void keywordsIgnoreCase();
+    void keywordsOfAnyLengthAndCharacterAreFound();
     void StructureWordsAreKeywordsOnlyWhenListed();
     void FoldLevelsCountAsScintillaDoes();
-    void StatesThatNoLineGaveAreHarmless();
-    void ALineEndIsTakenWhole();
-    void NulBytesAreBlanks();
+    void impossibleStatesAreHarmless();
+    void aLineEndIsConsumedWhole();
+    void nulBytesAreSpaces();
     void LongLinesTakeLinearTime_data();
     void LongLinesTakeLinearTime();
     void BracesMatchWithinStyleAndLine_data();
@@ -240,7 +240,7 @@ void tst_modLexer::LinesAndWholeTextAgreeOnRandomBytes()
     }
 }
 
-void tst_modLexer::KeywordsCompareWithoutCase()
+void tst_modLexer::keywordsIgnoreCase()
 {
     const KeywordSet keywords("print\tLeft$(\r\n  goto \n");
     for (const char* word : {"print", "PRINT", "pRiNt", "left$", "LEFT$", "GoTo"})
@@ -251,7 +251,7 @@ void tst_modLexer::KeywordsCompareWithoutCase()
     QVERIFY(!KeywordSet().Contains("print"));
 }
 
-void tst_modLexer::KeywordsOfAnyLengthAndLetterAreFound()
+void tst_modLexer::keywordsOfAnyLengthAndCharacterAreFound()
 {
     std::string list;
     std::vector<std::string> words;
@@ -269,7 +269,7 @@ void tst_modLexer::KeywordsOfAnyLengthAndLetterAreFound()
         QVERIFY2(!keywords.Contains(word + "b"), word.c_str());
         QVERIFY2(!keywords.Contains("b" + word), word.c_str());
     }
-    // Two letters outside ASCII that differ only in the bit that parts ASCII's capitals.
+    // Two characters outside ASCII that differ only in the bit that distinguishes ASCII capitals.
     QVERIFY(KeywordSet("caf\xE9").Contains("CAF\xE9"));
     QVERIFY(!KeywordSet("caf\xE9").Contains("caf\xC9"));
 }
@@ -296,7 +296,7 @@ void tst_modLexer::FoldLevelsCountAsScintillaDoes()
     QCOMPARE(FoldLevel(1000000, 1000001, "for"), 0xFFF | 0x2000);
 }
 
-void tst_modLexer::StatesThatNoLineGaveAreHarmless()
+void tst_modLexer::impossibleStatesAreHarmless()
 {
     unsigned char styles[8];
     QCOMPARE(LexLine(-5, "for", KeywordSet(), styles), 1);
@@ -306,7 +306,7 @@ void tst_modLexer::StatesThatNoLineGaveAreHarmless()
     QCOMPARE(LexText("", KeywordSet(), styles), 0);
 }
 
-void tst_modLexer::ALineEndIsTakenWhole()
+void tst_modLexer::aLineEndIsConsumedWhole()
 {
     const auto lengthOf = [](std::string_view text) {
         Styles styles(text.size());
@@ -324,7 +324,7 @@ void tst_modLexer::ALineEndIsTakenWhole()
     QCOMPARE(lengthOf("abc"), std::size_t{3});
 }
 
-void tst_modLexer::NulBytesAreBlanks()
+void tst_modLexer::nulBytesAreSpaces()
 {
     const std::string text("pr\0int \"a\0b\" 'c\0d", 17);
     const Styles styles = LexWhole(text, KeywordSet("pr"));
@@ -338,7 +338,7 @@ void tst_modLexer::LongLinesTakeLinearTime_data()
         QTest::newRow(piece) << QByteArray(piece);
 }
 
-// A search from every "[" to the line's end would take minutes here.
+// Searching from every "[" to the end of the line would take minutes here.
 void tst_modLexer::LongLinesTakeLinearTime()
 {
     QFETCH(QByteArray, piece);
@@ -370,7 +370,7 @@ void tst_modLexer::BracesMatchWithinStyleAndLine_data()
     QTest::newRow("label, back") << QByteArray("goto [a]") << 7 << 5;
     QTest::newRow("brackets and parentheses apart") << QByteArray("( [ ) ]") << 0 << 4;
     QTest::newRow("not a brace") << QByteArray("(a)") << 1 << -1;
-    QTest::newRow("behind the line") << QByteArray("(a)") << 3 << -1;
+    QTest::newRow("after the line") << QByteArray("(a)") << 3 << -1;
 }
 
 void tst_modLexer::BracesMatchWithinStyleAndLine()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests of the way between bytes and UTF-16 units.
+// Conversion between bytes and UTF-16 units.
 #include "BasicSource.h"
 #include "scilexer/modTextOffsets.h"
 
@@ -12,7 +12,7 @@ using namespace ob;
 
 namespace {
 
-// Hands the text out in two pieces, as an edit control does whose text has a gap.
+// Returns the text in two pieces, like an edit control whose text has a gap.
 struct GapText {
     std::string text;
     std::intptr_t gap = 0;
@@ -32,7 +32,7 @@ struct GapText {
     }
 };
 
-std::string Letters(BasicSource& random, std::size_t count)
+std::string Characters(BasicSource& random, std::size_t count)
 {
     static constexpr std::array<std::string_view, 5> letters = {"a", "\r\n", "\xC3\xA4", "\xE2\x82\xAC",
                                                                 "\xF0\x9F\x98\x80"};
@@ -47,7 +47,7 @@ std::intptr_t Utf16Length(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).size();
 }
 
-bool StartsLetter(const std::string& text, std::size_t position)
+bool StartsCharacter(const std::string& text, std::size_t position)
 {
     return position == text.size() || (static_cast<unsigned char>(text[position]) & 0xC0) != 0x80;
 }
@@ -58,24 +58,24 @@ class tst_modTextOffsets : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void EveryPlaceGoesThereAndBack();
-    void AnOffsetWithinACharacterIsItsStart();
-    void PlacesOutsideTheTextAreItsEnds();
+    void everyPositionConvertsBothWays();
+    void anOffsetWithinACharacterIsItsStart();
+    void positionsOutsideTheTextAreClamped();
     void RandomChangesKeepTheCount();
-    void NearbyQuestionsReadLittle();
+    void nearbyRequestsReadLittle();
 };
 
-void tst_modTextOffsets::EveryPlaceGoesThereAndBack()
+void tst_modTextOffsets::everyPositionConvertsBothWays()
 {
     BasicSource random(1);
-    GapText source{Letters(random, 9000), 12345};
+    GapText source{Characters(random, 9000), 12345};
     TextOffsets offsets = source.Offsets();
     std::intptr_t expected = 0;
     for (std::size_t i = 0; i < source.text.size();) {
         QCOMPARE(offsets.OffsetOf(static_cast<std::intptr_t>(i)), expected);
         QCOMPARE(offsets.PositionOf(expected), static_cast<std::intptr_t>(i));
         std::size_t next = i + 1;
-        while (!StartsLetter(source.text, next))
+        while (!StartsCharacter(source.text, next))
             ++next;
         expected += Utf16Length(std::string_view(source.text).substr(i, next - i));
         i = next;
@@ -83,7 +83,7 @@ void tst_modTextOffsets::EveryPlaceGoesThereAndBack()
     QCOMPARE(expected, Utf16Length(source.text));
 }
 
-void tst_modTextOffsets::AnOffsetWithinACharacterIsItsStart()
+void tst_modTextOffsets::anOffsetWithinACharacterIsItsStart()
 {
     GapText source{"a\xF0\x9F\x98\x80z", 3};
     TextOffsets offsets = source.Offsets();
@@ -92,7 +92,7 @@ void tst_modTextOffsets::AnOffsetWithinACharacterIsItsStart()
     QCOMPARE(offsets.PositionOf(3), std::intptr_t{5});
 }
 
-void tst_modTextOffsets::PlacesOutsideTheTextAreItsEnds()
+void tst_modTextOffsets::positionsOutsideTheTextAreClamped()
 {
     GapText source{"\xC3\xA4"
                    "b",
@@ -111,21 +111,21 @@ void tst_modTextOffsets::PlacesOutsideTheTextAreItsEnds()
 void tst_modTextOffsets::RandomChangesKeepTheCount()
 {
     BasicSource random(2);
-    GapText source{Letters(random, 6000), 0};
+    GapText source{Characters(random, 6000), 0};
     TextOffsets offsets = source.Offsets();
     const auto place = [&] {
         std::size_t position = random.Below(source.text.size() + 1);
-        while (!StartsLetter(source.text, position))
+        while (!StartsCharacter(source.text, position))
             --position;
         return position;
     };
     for (int step = 0; step < 3000; ++step) {
         const std::size_t from = place();
         std::size_t to = std::min(source.text.size(), from + random.Below(30));
-        while (!StartsLetter(source.text, to))
+        while (!StartsCharacter(source.text, to))
             ++to;
         offsets.NoteChange(static_cast<std::intptr_t>(from));
-        source.text.replace(from, to - from, Letters(random, random.Below(16)));
+        source.text.replace(from, to - from, Characters(random, random.Below(16)));
         source.gap = static_cast<std::intptr_t>(place());
         const std::size_t asked = place();
         const std::intptr_t expected = Utf16Length(std::string_view(source.text).substr(0, asked));
@@ -136,7 +136,7 @@ void tst_modTextOffsets::RandomChangesKeepTheCount()
     }
 }
 
-void tst_modTextOffsets::NearbyQuestionsReadLittle()
+void tst_modTextOffsets::nearbyRequestsReadLittle()
 {
     GapText source{std::string(20000000, 'a'), 10000000};
     TextOffsets offsets = source.Offsets();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests of what the edit control tells assistive tools.
+// What the edit control reports to assistive tools.
 #include "SciBench.h"
 
 #include <QAccessible>
@@ -13,7 +13,7 @@ class win_SciAccessible : public QObject {
 
 private Q_SLOTS:
     void AssistiveToolsReadTheText();
-    void AnotherControlKeepsItsOwnAssistance();
+    void anotherControlKeepsItsOwnInterface();
 };
 
 void win_SciAccessible::AssistiveToolsReadTheText()
@@ -59,8 +59,8 @@ void win_SciAccessible::AssistiveToolsReadTheText()
     QCOMPARE(reader->text(0, reader->characterCount()), expected);
 }
 
-// The plugin's answers are for its own control alone.
-void win_SciAccessible::AnotherControlKeepsItsOwnAssistance()
+// The plugin's interface is for its own control only.
+void win_SciAccessible::anotherControlKeepsItsOwnInterface()
 {
     SciBench bench("text");
     QLineEdit other(QStringLiteral("words"));

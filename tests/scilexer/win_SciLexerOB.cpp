@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests of the edit control: its styles are the lexer's after any edit, and a keystroke costs no more than its line.
+// The edit control: its styles are the lexer's after any edit, and a keystroke costs no more than its line.
 #include "SciBench.h"
 #include "scilexer/modLexer.h"
 
@@ -22,7 +22,7 @@ constexpr std::intptr_t Everything = -1;
 constexpr QRgb BraceColor = qRgb(0, 0, 255);
 constexpr QRgb BadBraceColor = qRgb(255, 0, 0);
 
-// What the lexer alone says of the first `length` bytes, which end a line or the text.
+// The lexer's own result for the first `length` bytes, which end a line or the text.
 Look LexedLook(std::string_view text, std::size_t length)
 {
     const KeywordSet keywords(basicKeywords);
@@ -88,23 +88,23 @@ private Q_SLOTS:
     void StartsWithUtf8AndCrLf();
     void StylesAreTheLexers();
     void StylesNothingWithoutTheLanguageLexer();
-    void LexesNoFurtherThanIsSeen();
-    void RandomEditsKeepStylesAsLexedAnew_data();
-    void RandomEditsKeepStylesAsLexedAnew();
+    void lexesNoFurtherThanIsVisible();
+    void randomEditsKeepTheStylesOfAFreshLex_data();
+    void randomEditsKeepTheStylesOfAFreshLex();
     void RandomEditsBeforeOnePaintKeepStyles();
     void UndoAndRedoKeepStyles();
     void ANewKeywordListRestyles();
-    void FoldLevelsHangOnTheProperty();
+    void foldLevelsDependOnTheProperty();
     void AJumpOverAMillionLinesColoursInTheBackground();
     void AKeystrokeInAMillionLinesLexesFewLines();
-    void AnOpenedBlockLexesNoFurtherThanIsSeen();
+    void anOpenedBlockLexesNoFurtherThanIsVisible();
     void BlocksOpenedOneBeforeTheOtherKeepStates();
     void ADeletionThatScrollsKeepsStates();
     void StrangeTextIsStyled_data();
     void StrangeTextIsStyled();
-    void BracesAtTheCaretAreMarked_data();
-    void BracesAtTheCaretAreMarked();
-    void DroppedFilesGoToTheWindowAround();
+    void bracesAtTheCaretAreHighlighted_data();
+    void bracesAtTheCaretAreHighlighted();
+    void droppedFilesGoToTheSurroundingWindow();
     void ReturnAddsCrLf();
 };
 
@@ -152,7 +152,7 @@ void win_SciLexerOB::StylesNothingWithoutTheLanguageLexer()
     QCOMPARE(SendSci(made.sci, SCI_GETSTYLEAT, 0), 3);
 }
 
-void win_SciLexerOB::LexesNoFurtherThanIsSeen()
+void win_SciLexerOB::lexesNoFurtherThanIsVisible()
 {
     SciBench bench(BasicSource(4).Lines(20000));
     SendSci(bench.sci, SCI_GOTOPOS, 0);
@@ -162,7 +162,7 @@ void win_SciLexerOB::LexesNoFurtherThanIsSeen()
     QCOMPARE(bench.LinesLexedByPainting(), 0);
 }
 
-void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew_data()
+void win_SciLexerOB::randomEditsKeepTheStylesOfAFreshLex_data()
 {
     QTest::addColumn<int>("seed");
     QTest::addColumn<bool>("isPlain");
@@ -175,9 +175,9 @@ void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew_data()
     }
 }
 
-// Edits with looks at the window or at some part of the text between them. `reach` tells how far before the end of
-// the text the edits lie. In plain lines no block but those of the edits is open, so that they carry far.
-void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew()
+// Edits with paints or style requests for some part of the text in between. `reach` is the distance of the edits from
+// the end of the text. In plain lines only the edits open blocks, so that their effects reach far.
+void win_SciLexerOB::randomEditsKeepTheStylesOfAFreshLex()
 {
     QFETCH(int, seed);
     QFETCH(bool, isPlain);
@@ -204,7 +204,7 @@ void win_SciLexerOB::RandomEditsKeepStylesAsLexedAnew()
             bench.Paint();
             break;
         case 1:
-            // Styles at least up to some other part.
+            // Styles at least up to another place.
             SendSci(bench.sci, SCI_GOTOPOS, random.Below(static_cast<std::size_t>(bench.Length()) + 1));
             bench.Paint();
             break;
@@ -276,7 +276,7 @@ void win_SciLexerOB::ANewKeywordListRestyles()
     QCOMPARE(SendSci(bench.sci, SCI_GETSTYLEAT, 6), 7);
 }
 
-void win_SciLexerOB::FoldLevelsHangOnTheProperty()
+void win_SciLexerOB::foldLevelsDependOnTheProperty()
 {
     SciBench bench("for i = 1 to 2\r\n\r\nprint i\r\nnext i\r\nend\r\n");
     bench.Paint();
@@ -329,9 +329,9 @@ void win_SciLexerOB::AKeystrokeInAMillionLinesLexesFewLines()
     QVERIFY(IsAsLexed(bench));
 }
 
-void win_SciLexerOB::AnOpenedBlockLexesNoFurtherThanIsSeen()
+void win_SciLexerOB::anOpenedBlockLexesNoFurtherThanIsVisible()
 {
-    constexpr std::intptr_t fewLines = 700; // what is seen, and some 8 KB more
+    constexpr std::intptr_t fewLines = 700; // the visible text, and some 8 KB more
     std::string text;
     for (int i = 0; i < 100000; ++i)
         text += "print \"line\"\r\n";
@@ -347,13 +347,13 @@ void win_SciLexerOB::AnOpenedBlockLexesNoFurtherThanIsSeen()
     QVERIFY(typeAndCount("for i = 1 to 2\r\n") < fewLines);
     QVERIFY(SendSci(bench.sci, SCI_GETENDSTYLED) < bench.Length());
     QVERIFY(IsAsLexed(bench));
-    // The text of the block, as long as the block is open.
+    // The text of the block while the block is open.
     for (const char* typed : {"    print i", "\r\n", "    cls\r\n"}) {
         QVERIFY(typeAndCount(typed) < 6);
         QVERIFY(SendSci(bench.sci, SCI_GETENDSTYLED) < bench.Length());
         QVERIFY(IsAsLexed(bench));
     }
-    // Closing it makes the old rest good, with no look at it.
+    // Closing it validates the old rest without lexing it.
     QVERIFY(typeAndCount("next i\r\n") < fewLines);
     QCOMPARE(SendSci(bench.sci, SCI_GETENDSTYLED), bench.Length());
     QVERIFY(IsAsLexed(bench));
@@ -385,7 +385,7 @@ void win_SciLexerOB::BlocksOpenedOneBeforeTheOtherKeepStates()
     QVERIFY(IsAsLexed(bench));
 }
 
-// The shorter text moves the scroll bar, which asks for styles while the deletion still goes on.
+// The shorter text moves the scroll bar, which requests styles while the deletion is still in progress.
 void win_SciLexerOB::ADeletionThatScrollsKeepsStates()
 {
     std::string text;
@@ -424,7 +424,7 @@ void win_SciLexerOB::StrangeTextIsStyled()
     SciBench bench({text.constData(), static_cast<std::size_t>(text.size())});
     bench.Paint();
     QVERIFY(IsAsLexed(bench));
-    // The gap in the midst of the text, and so of a line.
+    // The gap is in the middle of the text, and so of a line.
     bench.Insert(bench.Length() / 2, "(");
     bench.Paint();
     SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
@@ -432,13 +432,13 @@ void win_SciLexerOB::StrangeTextIsStyled()
     QVERIFY(IsAsLexed(bench));
 }
 
-void win_SciLexerOB::BracesAtTheCaretAreMarked_data()
+void win_SciLexerOB::bracesAtTheCaretAreHighlighted_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<int>("caret");
     QTest::addColumn<bool>("good");
     QTest::addColumn<bool>("bad");
-    QTest::newRow("behind the brace") << QByteArray("f(a)") << 4 << true << false;
+    QTest::newRow("after the brace") << QByteArray("f(a)") << 4 << true << false;
     QTest::newRow("before the brace") << QByteArray("f(a)") << 1 << true << false;
     QTest::newRow("no brace near") << QByteArray("(  a  )") << 3 << false << false;
     QTest::newRow("lone") << QByteArray("f(a") << 2 << false << true;
@@ -449,7 +449,7 @@ void win_SciLexerOB::BracesAtTheCaretAreMarked_data()
     QTest::newRow("empty text") << QByteArray() << 0 << false << false;
 }
 
-void win_SciLexerOB::BracesAtTheCaretAreMarked()
+void win_SciLexerOB::bracesAtTheCaretAreHighlighted()
 {
     QFETCH(QByteArray, text);
     QFETCH(int, caret);
@@ -463,14 +463,14 @@ void win_SciLexerOB::BracesAtTheCaretAreMarked()
     QCOMPARE(HasColor(first, BraceColor), good);
     QCOMPARE(HasColor(first, BadBraceColor), bad);
 
-    // Away from every brace the mark goes.
+    // Away from every brace the highlight disappears.
     bench.Insert(bench.Length(), "\r\nprint");
     const QImage second = bench.Paint();
     QVERIFY(!HasColor(second, BraceColor));
     QVERIFY(!HasColor(second, BadBraceColor));
 }
 
-void win_SciLexerOB::DroppedFilesGoToTheWindowAround()
+void win_SciLexerOB::droppedFilesGoToTheSurroundingWindow()
 {
     SciBench bench("text");
     auto* viewport = qobject_cast<QAbstractScrollArea*>(bench.control)->viewport();
