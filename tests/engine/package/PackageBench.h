@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An engine's folder with made-up files, and a token beside it.
+// An engine's folder with invented files, and a token next to it.
 #pragma once
 
 #include "engine/package/ZipBench.h"
 
 #include <QStringList>
 
-// The files of the three versions as they are packed, without engine and ini file, and the marker of each.
+// The files of the three versions in the order of packing, without engine and ini file, and the marker of each.
 struct EngineFiles {
     const char* marker;
     const char* files;
@@ -24,7 +24,7 @@ inline QStringList Words(const char* words)
     return QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-// A folder "engine" with a whole engine and a folder "work" with game.tkn, in a folder that goes with this.
+// A folder "engine" with a complete engine and a folder "work" with game.tkn, in a temporary folder.
 class PackageBench {
 public:
     explicit PackageBench(int version) : engine(At("engine")), work(At("work"))
@@ -50,7 +50,7 @@ public:
     QByteArray Get(const char* name) const { return GetFile(Packed(name)); }
     QStringList PackedNames() const { return NamesIn(Package()); }
 
-    // What a whole package of that version holds: the engine under the program's name, the token, the ini file.
+    // The contents of a complete package of that version: the engine under the program's name, the token, the ini file.
     static QStringList WholePackage(int version)
     {
         QStringList names = Words(engineFiles[version - 1].files) + Words("game.exe game.tkn");
@@ -64,6 +64,6 @@ private:
     QTemporaryDir folder;
 
 public:
-    QString engine; // without a separator at its end
+    QString engine; // without a trailing separator
     QString work;
 };

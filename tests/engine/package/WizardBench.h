@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The packaging wizard opened over a made-up engine's folder, and its controls.
+// The packaging wizard over an invented engine's folder, and its controls.
 #pragma once
 
 #include "engine/package/PackageBench.h"
@@ -44,7 +44,7 @@ inline void ChooseLines(const QDialog& dialog, const QList<int>& rows)
         list->item(row)->setSelected(true);
 }
 
-// Chooses the token in the menu's box, and runs the script in the wizard.
+// Selects the token in the menu's box, and runs the script in the wizard.
 inline void WithWizard(TestBench& bench, const PackageBench& files, const std::function<void(QDialog&)>& script)
 {
     bench.Start();

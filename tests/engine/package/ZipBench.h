@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of archives and packages share: files made, archives read by programs that did not write them.
+// Shared by the tests of archives and packages: creating files, and reading archives with other programs.
 #pragma once
 
 #include <QDir>
@@ -45,7 +45,7 @@ inline void SetTime(const QString& path, const QDateTime& time)
         QTest::qFail(qPrintable(QStringLiteral("has no time: ") + path), __FILE__, __LINE__);
 }
 
-// Bytes that no compression makes smaller, always the same.
+// Bytes that no compression makes smaller; always the same.
 inline QByteArray NoiseBytes(qsizetype size)
 {
     QByteArray bytes(size, Qt::Uninitialized);
@@ -59,7 +59,7 @@ inline QByteArray NoiseBytes(qsizetype size)
     return bytes;
 }
 
-// The names in a folder, hidden ones too, without case the same on every run.
+// The names in a folder, including hidden ones, in a fixed case-insensitive order.
 inline QStringList NamesIn(const QString& folder)
 {
     QStringList names =
@@ -68,13 +68,13 @@ inline QStringList NamesIn(const QString& folder)
     return names;
 }
 
-// The names in an archive, in its order, after the whole of it was checked by two programs that know the format.
+// The names in an archive, in its order, after two other programs have checked all of it.
 inline QStringList NamesInZip(const QString& archive)
 {
     const ProgramEnd checked = RunProgram(QStringLiteral("unzip"), {QStringLiteral("-tq"), archive});
     if (checked.status != 0)
         QTest::qFail(("unzip: " + checked.out + checked.error).constData(), __FILE__, __LINE__);
-    // Not every system that builds has Python with its archive module.
+    // Not every build machine has Python with its archive module.
     const QString python = QStringLiteral("/usr/bin/python3");
     const QString test = QStringLiteral("import sys, zipfile\n"
                                         "sys.exit(zipfile.ZipFile(sys.argv[1]).testzip() is not None)");

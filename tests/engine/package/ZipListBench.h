@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lists of files in a folder of their own.
+// Lists of files in a temporary folder.
 #pragma once
 
 #include "engine/package/ZipBench.h"
@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// Files in a folder of their own, which is the current one.
+// Files in a temporary folder, which is the current one.
 class ZipFolder {
 public:
     ZipFolder() : before(QDir::currentPath()) { QDir::setCurrent(folder.path()); }
@@ -24,7 +24,7 @@ private:
     QString before;
 };
 
-// A list of relative names with the current folder for its root.
+// A list of relative names with the current folder as its root.
 inline CGZipFiles ListOf(const QStringList& specs, const QString& archive = QStringLiteral("out.zip"))
 {
     CGZipFiles zip;

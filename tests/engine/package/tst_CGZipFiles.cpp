@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list of files and the archive made of it, read back by programs that did not write it.
+// The list of files and the archive made from it, read back by other programs.
 #include "engine/package/ZipListBench.h"
 #include "platform/files/FileTrouble.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr int fileIsInList = static_cast<int>(0x800407D1);
 
-// The line that zipinfo shows for an entry, its blanks folded.
+// The line that zipinfo shows for an entry, with runs of spaces reduced to one.
 QString InfoOf(const QString& archive, const QString& name)
 {
     const QByteArray out = RunProgram(QStringLiteral("zipinfo"), {QStringLiteral("-T"), archive, name}).out;
@@ -27,7 +27,7 @@ private Q_SLOTS:
     void aNewListHasItsDefaults();
     void aFileIsListedOnce();
     void onlyListedFilesCanBeRemoved();
-    void thePlaceholderIsTaken();
+    void thePlaceholderIsReserved();
     void ninetyNineNamesAreTheMost_data();
     void ninetyNineNamesAreTheMost();
     void filesAreStoredUnderPlainNames();
@@ -36,13 +36,13 @@ private Q_SLOTS:
     void namesAreFoundInAnyCase();
     void relativeNamesStartInTheRootFolder();
     void subfoldersAreEnteredOnRequest();
-    void unmatchedSpecsArePassedOver();
+    void unmatchedSpecsAreSkipped();
     void noMatchAtAllIsAFailure();
     void twoFilesOfOneNameAreAFailure();
-    void oneFileMeantTwiceIsStoredOnce();
+    void aFileMatchedTwiceIsStoredOnce();
     void theArchiveNeverHoldsItself();
     void anOlderArchiveIsReplaced();
-    void updatingKeepsWhatIsThere();
+    void updatingKeepsExistingEntries();
     void timesAndAttributesAreKept();
     void timesBeyondTheFormatAreKeptWithinIt();
     void namesOutsideAsciiAreFlaggedAsUtf8();
@@ -95,7 +95,7 @@ void tst_CGZipFiles::onlyListedFilesCanBeRemoved()
     QCOMPARE(zip.ZipFileCount(), std::int16_t(0));
 }
 
-void tst_CGZipFiles::thePlaceholderIsTaken()
+void tst_CGZipFiles::thePlaceholderIsReserved()
 {
     const ZipFolder folder;
     folder.Put("querty", "x");
@@ -135,7 +135,7 @@ void tst_CGZipFiles::ninetyNineNamesAreTheMost()
     } else {
         QCOMPARE(zip.GetLastMessage(),
                  QStringLiteral("Run-time error '9': Subscript out of range (CGZipFiles::MakeZipFile)"));
-        // A wildcard is one name, however many files it means.
+        // A wildcard is one name, however many files match it.
         CGZipFiles wildcard = ListOf(Names("*.txt"));
         QCOMPARE(wildcard.MakeZipFile(), 0);
         QCOMPARE(NamesInZip(Out()).size(), count);
@@ -236,7 +236,7 @@ void tst_CGZipFiles::subfoldersAreEnteredOnRequest()
     QCOMPARE(NamesInZip(Out()), Names("a.txt b.txt c.txt"));
 }
 
-void tst_CGZipFiles::unmatchedSpecsArePassedOver()
+void tst_CGZipFiles::unmatchedSpecsAreSkipped()
 {
     const ZipFolder folder;
     folder.Put("a.txt", "a");
@@ -272,7 +272,7 @@ void tst_CGZipFiles::twoFilesOfOneNameAreAFailure()
     QCOMPARE(NamesIn(QStringLiteral(".")), Names("x y"));
 }
 
-void tst_CGZipFiles::oneFileMeantTwiceIsStoredOnce()
+void tst_CGZipFiles::aFileMatchedTwiceIsStoredOnce()
 {
     const ZipFolder folder;
     folder.Put("a.txt", "a");
@@ -307,13 +307,13 @@ void tst_CGZipFiles::anOlderArchiveIsReplaced()
     CGZipFiles one = ListOf(Names("b.txt"));
     QCOMPARE(one.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(Out()), Names("b.txt"));
-    // Also one that is no archive.
+    // Even one that is not an archive.
     folder.Put("out.zip", "not an archive");
     QCOMPARE(both.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(Out()), Names("a.txt b.txt"));
 }
 
-void tst_CGZipFiles::updatingKeepsWhatIsThere()
+void tst_CGZipFiles::updatingKeepsExistingEntries()
 {
     const ZipFolder folder;
     folder.Put("a.txt", "a");
@@ -359,7 +359,7 @@ void tst_CGZipFiles::timesAndAttributesAreKept()
     };
     QCOMPARE(attributes(QStringLiteral("a.txt")), QStringLiteral("20"));
     QCOMPARE(attributes(QStringLiteral("b.txt")), QStringLiteral("21"));
-    // What comes out again is as it went in, to the second.
+    // Extracted files are the same as before, with times exact to the second.
     QVERIFY(QDir().mkdir(QStringLiteral("again")));
     QCOMPARE(
         RunProgram(QStringLiteral("unzip"), {QStringLiteral("-q"), Out(), QStringLiteral("-d"), folder.At("again")})
@@ -431,7 +431,7 @@ void tst_CGZipFiles::noiseIsStoredAndTextIsDeflated()
     QVERIFY(QFileInfo(Out()).size() < 2'000'000 + 1'820'000 + 20'000);
     QCOMPARE(FileInZip(Out(), QStringLiteral("noise.bin")), NoiseBytes(2'000'000));
     NamesInZip(Out());
-    // No size is stored larger than it is.
+    // No stored size exceeds the original.
     for (const qsizetype size : {1, 20, 8191, 8192, 8193, 16'384, 16'385, 100'000, 262'144, 262'145}) {
         folder.Put("noise.bin", NoiseBytes(size));
         CGZipFiles one = ListOf(Names("noise.bin"));

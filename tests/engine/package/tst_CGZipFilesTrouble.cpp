@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Archives of large files, of files that cannot be read, on disks that take none, and called off.
+// Archives of large files, of unreadable files, on disks that reject them, and cancelled ones.
 #include "engine/package/ZipListBench.h"
 #include "platform/files/FileTrouble.h"
 
@@ -8,7 +8,7 @@ using namespace ob;
 namespace {
 
 #ifdef Q_OS_UNIX
-// As PlainUser, also for questions that go by the user who started the process.
+// Like PlainUser, also for checks of the user who started the process.
 class RealPlainUser {
 public:
     RealPlainUser() : changed(getuid() == 0 && setresuid(65534, 65534, 0) == 0) {}
@@ -42,7 +42,7 @@ private Q_SLOTS:
     void unreadableFilesAreAFailureWithTheirName();
     void foldersAndPipesAreNoFiles();
     void aFullDiskLeavesTheOldArchive();
-    void aFolderThatTakesNoFileIsTold();
+    void aFolderThatRejectsFilesIsReported();
     void onlyFilesAreReplaced();
     void stoppingLeavesTheOldArchive();
     void aLinkedArchiveStaysALink();
@@ -77,7 +77,7 @@ void tst_CGZipFilesTrouble::unreadableFilesAreAFailureWithTheirName()
     const ZipFolder folder;
     folder.Put("a.txt", "a");
     folder.Put("out.zip", "old");
-    // A file that opens and then cannot be read.
+    // A file that can be opened but not read.
     CGZipFiles memory = ListOf(Names("a.txt /proc/self/mem"));
     QCOMPARE(memory.MakeZipFile(), 5);
     QVERIFY2(memory.GetLastMessage().startsWith(QStringLiteral("mem cannot be read: ")),
@@ -141,7 +141,7 @@ void tst_CGZipFilesTrouble::aFullDiskLeavesTheOldArchive()
 #endif
 }
 
-void tst_CGZipFilesTrouble::aFolderThatTakesNoFileIsTold()
+void tst_CGZipFilesTrouble::aFolderThatRejectsFilesIsReported()
 {
 #ifdef Q_OS_UNIX
     const ZipFolder folder;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which files go into a package, and its making step by step.
+// The files of a package, and its making step by step.
 #include "engine/package/PackageBench.h"
 #include "platform/files/FileTrouble.h"
 
@@ -13,7 +13,7 @@ const QString CopyError = QStringLiteral("Error occurred!");
 const QString RenameError = QStringLiteral("Error renaming runtime engine!");
 const QString Aborted = QStringLiteral("File copying operation aborted!");
 
-// Writes down what it is told, and stops the work at one call of Processing, from 1.
+// Records what is reported, and stops the work at one call of Processing, from 1.
 class ListeningWatch final : public cPackageWatch {
 public:
     explicit ListeningWatch(int stop = 0) : stopAt(stop) {}
@@ -31,15 +31,18 @@ public:
     }
     void Tell(const MessageSpec& box) override
     {
-        told.append(box.text);
+        reports.append(box.text);
         boxes.append(box);
     }
-    void EngineIsNamed(const PackagedEngine& engine) override { told.append(QStringLiteral("named ") + engine.name); }
+    void EngineIsNamed(const PackagedEngine& engine) override
+    {
+        reports.append(QStringLiteral("named ") + engine.name);
+    }
     void FilesAreDone() override { ++done; }
-    void ZipBegins() override { told.append(QStringLiteral("zip")); }
+    void ZipBegins() override { reports.append(QStringLiteral("zip")); }
     ZipWish Zipping(const ZipProgress&) override { return ZipWish::GoOn; }
-    void ZipEnds() override { told.append(QStringLiteral("zip ends")); }
-    void ZipIsMade(const QString& base) override { told.append(ZipMadeBox(base).text); }
+    void ZipEnds() override { reports.append(QStringLiteral("zip ends")); }
+    void ZipIsMade(const QString& base) override { reports.append(ZipMadeBox(base).text); }
 
     int stopAt;
     int calls = 0;
@@ -47,7 +50,7 @@ public:
     qint64 lastDone = 0;
     qint64 all = 0;
     QStringList names;
-    QStringList told;
+    QStringList reports;
     QList<MessageSpec> boxes;
 };
 
@@ -56,13 +59,13 @@ PackagePlan PlanOf(const PackageBench& bench)
     return PlanPackage(bench.Token(), bench.engine + QDir::separator());
 }
 
-QStringList Told(const PackagePlan& plan, PackageZip zip = PackageZip::No, PackageEnd end = PackageEnd::Made)
+QStringList ReportsOf(const PackagePlan& plan, PackageZip zip = PackageZip::No, PackageEnd end = PackageEnd::Made)
 {
     ListeningWatch watch;
     const PackageOutcome outcome = MakePackage(plan, zip, watch);
     if (outcome.end != end)
         QTest::qFail("another end was expected", __FILE__, __LINE__);
-    return watch.told;
+    return watch.reports;
 }
 
 void Rename(const QString& folder, const char* from, const char* to)
@@ -91,24 +94,24 @@ private Q_SLOTS:
     void wholePackagesOfThreeVersions_data();
     void wholePackagesOfThreeVersions();
     void copiesKeepTimesAndPermissions();
-    void missingFilesAreListedAndPassedOver();
+    void missingFilesAreListedAndSkipped();
     void withoutRunExeTheRenameFails();
     void anotherEngineBecomesRunExeFirst();
     void aTokenNamedRunNeedsNoRename();
     void aPackageMadeTwiceIsOverwritten();
     void aFileOfAnotherCaseIsReplaced();
-    void aFailedRenameIsTold();
-    void filesThatCannotBeReadAreTold();
-    void aFullDiskIsToldAndLeavesTheOldCopy();
+    void aFailedRenameIsReported();
+    void filesThatCannotBeReadAreReported();
+    void aFullDiskIsReportedAndLeavesTheOldCopy();
     void aPackageFolderThatCannotBeMadeIsAnError();
-    void aLockedPackageFolderIsToldFileByFile();
+    void aLockedPackageFolderIsReportedFileByFile();
     void stoppingEndsTheWorkAtEachStep();
     void aLargeFileCanBeStopped();
-    void addedFilesGoBehindTheToken();
+    void addedFilesFollowTheToken();
     void aPackageIsZipped();
     void theFileOfTheArchivesBareNameIsDeleted();
-    void aZipThatFailsIsNoSuccess();
-    void wordsOfTheBoxes();
+    void aFailedZipIsNoSuccess();
+    void wordingOfTheBoxes();
 };
 
 void tst_modPackage::tokensEndInTkn()
@@ -149,7 +152,7 @@ void tst_modPackage::theFirstMarkerCounts()
     QCOMPARE(PlanOf(bench).version, InstalledEngine::Two);
     PutFile(bench.At("engine/VWM11.DLL"), "x");
     QCOMPARE(PlanOf(bench).version, InstalledEngine::One);
-    // The library of nearly the marker's name is no marker.
+    // The library of nearly the marker's name is not a marker.
     const PackageBench other(0);
     PutFile(other.At("engine/vwvm11.dll"), "x");
     QCOMPARE(PlanOf(other).version, InstalledEngine::None);
@@ -162,11 +165,11 @@ void tst_modPackage::withoutAMarkerOnlyTheTokenIsPlanned()
     const QString before = QDir::currentPath();
     QDir::setCurrent(bench.engine);
     PutFile(QStringLiteral("vwm11.dll"), "x");
-    // No engine at all is not the current folder.
+    // A missing engine does not mean the current folder.
     QCOMPARE(PlanPackage(bench.Token(), {}).version, InstalledEngine::None);
     QDir::setCurrent(before);
     QVERIFY(QFile::remove(bench.At("engine/vwm11.dll")));
-    QCOMPARE(Told(PlanOf(bench)), QStringList(RenameError));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(RenameError));
     QCOMPARE(bench.PackedNames(), Words("game.tkn"));
 }
 
@@ -177,7 +180,7 @@ void tst_modPackage::theTokensOwnIniIsTaken()
     const PackagePlan plan = PlanOf(bench);
     QVERIFY(plan.files.contains(bench.At("work/obasic.ini")));
     QVERIFY(!plan.files.contains(bench.At("engine/obasic.ini")));
-    Told(plan);
+    ReportsOf(plan);
     QCOMPARE(bench.Get("obasic.ini"), QByteArray("own ini"));
 }
 
@@ -188,7 +191,7 @@ void tst_modPackage::namesOnDiskAreFoundInAnyCase()
     Rename(bench.engine, "vwfont.dll", "VWFont.Dll");
     Rename(bench.engine, "run.exe", "RUN.EXE");
     Rename(bench.engine, "obasic.ini", "OBASIC.INI");
-    QCOMPARE(Told(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("vwfont.dll"), QByteArray("the vwfont.dll"));
 }
@@ -201,7 +204,7 @@ void tst_modPackage::theFirstEngineOfAPatternIsTaken()
     PutFile(bench.At("engine/Zrun.exe"), "x");
     QVERIFY(QDir().mkdir(bench.At("engine/arun.exe")));
     QVERIFY(PlanOf(bench).files.contains(bench.At("engine/MyRun.EXE")));
-    QCOMPARE(Told(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(3));
     QCOMPARE(bench.Get("game.exe"), QByteArray("the first"));
 }
@@ -210,10 +213,10 @@ void tst_modPackage::aPatternWithoutAnEngineIsMissing()
 {
     const PackageBench bench(3);
     QVERIFY(QFile::remove(bench.At("engine/run.exe")));
-    const QStringList told = Told(PlanOf(bench));
-    QCOMPARE(told.size(), 2);
-    QCOMPARE(told[0], RenameError);
-    QVERIFY(told[1].endsWith(bench.At("engine/*run*.exe") + QStringLiteral("\r\n")));
+    const QStringList reports = ReportsOf(PlanOf(bench));
+    QCOMPARE(reports.size(), 2);
+    QCOMPARE(reports[0], RenameError);
+    QVERIFY(reports[1].endsWith(bench.At("engine/*run*.exe") + QStringLiteral("\r\n")));
 }
 
 void tst_modPackage::aFolderNamedLikeAFileIsMissing()
@@ -221,13 +224,13 @@ void tst_modPackage::aFolderNamedLikeAFileIsMissing()
     const PackageBench bench(1);
     QVERIFY(QFile::remove(bench.At("engine/vwabort.dll")));
     QVERIFY(QDir().mkdir(bench.At("engine/vwabort.dll")));
-    QVERIFY(Told(PlanOf(bench)).last().endsWith(bench.At("engine/vwabort.dll") + QStringLiteral("\r\n")));
+    QVERIFY(ReportsOf(PlanOf(bench)).last().endsWith(bench.At("engine/vwabort.dll") + QStringLiteral("\r\n")));
     QVERIFY(!QFileInfo::exists(bench.Packed("vwabort.dll")));
-    // A file of another case is the one that is meant.
+    // A file in another case matches.
     PutFile(bench.At("engine/VWABORT.dll"), "other");
-    QCOMPARE(Told(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
     QCOMPARE(bench.Get("vwabort.dll"), QByteArray("other"));
-    // A folder that is a marker's namesake chooses nothing.
+    // A folder with a marker's name selects nothing.
     const PackageBench none(0);
     QVERIFY(QDir().mkdir(none.At("engine/vwm11.dll")));
     QCOMPARE(PlanOf(none).version, InstalledEngine::None);
@@ -255,7 +258,7 @@ void tst_modPackage::wholePackagesOfThreeVersions()
     const PackageBench bench(version);
     ListeningWatch watch;
     QCOMPARE(MakePackage(PlanOf(bench), PackageZip::No, watch).end, PackageEnd::Made);
-    QCOMPARE(watch.told, QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(watch.reports, QStringList(QStringLiteral("named game.exe")));
     QCOMPARE(watch.done, 1);
     QCOMPARE(watch.lastDone, watch.all);
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(version));
@@ -263,7 +266,7 @@ void tst_modPackage::wholePackagesOfThreeVersions()
     QCOMPARE(bench.Get("game.tkn"), QByteArray("token"));
     for (const QString& name : Words(engineFiles[version - 1].files))
         QCOMPARE(bench.Get(qPrintable(name)), "the " + name.toUtf8());
-    // Each file is named in the order of the plan, and nothing leaves the engine's folder.
+    // Each file is reported in the order of the plan, and nothing leaves the engine's folder.
     QStringList names;
     for (const QString& file : PlanOf(bench).files)
         names.append(QFileInfo(file).fileName());
@@ -282,7 +285,7 @@ void tst_modPackage::copiesKeepTimesAndPermissions()
     QVERIFY(QFile::setPermissions(bench.At("engine/run.exe"), program));
     QVERIFY(QFile::setPermissions(bench.At("engine/vwhelp.dll"), QFile::ReadOwner));
     for (int round = 0; round < 2; ++round) {
-        QCOMPARE(Told(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+        QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
         QCOMPARE(QFileInfo(bench.Packed("game.exe")).lastModified(), time);
         QCOMPARE(QFileInfo(bench.Packed("vwhelp.dll")).lastModified(), time);
         QVERIFY(QFile::permissions(bench.Packed("game.exe")) & QFile::ExeOwner);
@@ -291,7 +294,7 @@ void tst_modPackage::copiesKeepTimesAndPermissions()
     }
 }
 
-void tst_modPackage::missingFilesAreListedAndPassedOver()
+void tst_modPackage::missingFilesAreListedAndSkipped()
 {
     const PackageBench bench(1);
     QVERIFY(QFile::remove(bench.At("engine/vwfloat.dll")));
@@ -299,11 +302,11 @@ void tst_modPackage::missingFilesAreListedAndPassedOver()
 #ifdef Q_OS_UNIX
     QVERIFY(QFile::link(bench.At("engine/gone"), bench.At("engine/VWFLOAT.DLL")));
 #endif
-    const QStringList told = Told(PlanOf(bench));
+    const QStringList reports = ReportsOf(PlanOf(bench));
     const QStringList expected = {QStringLiteral("named game.exe"),
                                   QStringLiteral("Orchard Bench could not find these needed files:%1\r\n%2\r\n")
                                       .arg(bench.At("engine/vwfloat.dll"), bench.At("engine/obasic.ini"))};
-    QCOMPARE(told, expected);
+    QCOMPARE(reports, expected);
     QVERIFY(QFileInfo::exists(bench.Packed("vwvm11.dll")));
 }
 
@@ -312,7 +315,7 @@ void tst_modPackage::withoutRunExeTheRenameFails()
     const PackageBench bench(1);
     PackagePlan plan = PlanOf(bench);
     plan.files.removeAt(PlaceInPackage(plan, QStringLiteral("run.exe")));
-    QCOMPARE(Told(plan), QStringList(RenameError));
+    QCOMPARE(ReportsOf(plan), QStringList(RenameError));
     QVERIFY(!bench.PackedNames().contains(QStringLiteral("game.exe")));
     QVERIFY(bench.PackedNames().contains(QStringLiteral("game.tkn")));
 }
@@ -324,12 +327,12 @@ void tst_modPackage::anotherEngineBecomesRunExeFirst()
     plan.files.removeAt(PlaceInPackage(plan, QStringLiteral("run.exe")));
     QVERIFY(QDir().mkdir(bench.Package()));
     PutFile(bench.Packed("myrun.exe"), "my engine");
-    QCOMPARE(Told(plan), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(plan), QStringList(QStringLiteral("named game.exe")));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("game.exe"), QByteArray("my engine"));
-    // It also comes before the run.exe that is there, and takes its place.
+    // It also precedes the existing run.exe, and replaces it.
     PutFile(bench.Packed("MYRUN.exe"), "my second engine");
-    QCOMPARE(Told(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("game.exe"), QByteArray("my second engine"));
 }
@@ -340,7 +343,7 @@ void tst_modPackage::aTokenNamedRunNeedsNoRename()
     PutFile(bench.At("work/Run.TKN"), "token");
     const PackagePlan plan = PlanPackage(bench.At("work/Run.TKN"), bench.engine + QDir::separator());
     for (int round = 0; round < 2; ++round) {
-        QCOMPARE(Told(plan), QStringList(QStringLiteral("named Run.exe")));
+        QCOMPARE(ReportsOf(plan), QStringList(QStringLiteral("named Run.exe")));
         QCOMPARE(bench.Get("run.exe"), QByteArray("the engine"));
     }
 }
@@ -348,11 +351,11 @@ void tst_modPackage::aTokenNamedRunNeedsNoRename()
 void tst_modPackage::aPackageMadeTwiceIsOverwritten()
 {
     const PackageBench bench(2);
-    Told(PlanOf(bench));
+    ReportsOf(PlanOf(bench));
     PutFile(bench.At("engine/run.exe"), "the new engine");
     PutFile(bench.At("work/game.tkn"), "new token");
     PutFile(bench.Packed("left.txt"), "from before");
-    QCOMPARE(Told(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
     QStringList expected = PackageBench::WholePackage(2) + Words("left.txt");
     expected.sort(Qt::CaseSensitive);
     QCOMPARE(bench.PackedNames(), expected);
@@ -367,24 +370,24 @@ void tst_modPackage::aFileOfAnotherCaseIsReplaced()
     PutFile(bench.Packed("VWABORT.DLL"), "old");
     PutFile(bench.Packed("GAME.EXE"), "old");
     PutFile(bench.Packed("RUN.EXE"), "old");
-    QCOMPARE(Told(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("game.exe"), QByteArray("the engine"));
 }
 
-void tst_modPackage::aFailedRenameIsTold()
+void tst_modPackage::aFailedRenameIsReported()
 {
     const PackageBench bench(1);
     QVERIFY(QDir().mkpath(bench.Packed("game.exe")));
     QVERIFY(QFile::remove(bench.At("engine/vwfont.dll")));
-    const QStringList told = Told(PlanOf(bench));
-    QCOMPARE(told.size(), 2);
-    QCOMPARE(told[0], RenameError);
-    QVERIFY(told[1].contains(QStringLiteral("vwfont.dll")));
+    const QStringList reports = ReportsOf(PlanOf(bench));
+    QCOMPARE(reports.size(), 2);
+    QCOMPARE(reports[0], RenameError);
+    QVERIFY(reports[1].contains(QStringLiteral("vwfont.dll")));
     QCOMPARE(bench.Get("run.exe"), QByteArray("the engine"));
 }
 
-void tst_modPackage::filesThatCannotBeReadAreTold()
+void tst_modPackage::filesThatCannotBeReadAreReported()
 {
 #ifdef Q_OS_UNIX
     const PackageBench bench(1);
@@ -393,7 +396,7 @@ void tst_modPackage::filesThatCannotBeReadAreTold()
     ListeningWatch watch;
     MakePackage(plan, PackageZip::No, watch);
     const QStringList expected = {CopyError, CopyError, QStringLiteral("named game.exe")};
-    QCOMPARE(watch.told, expected);
+    QCOMPARE(watch.reports, expected);
     QCOMPARE(watch.boxes[0].title, QStringLiteral("SHCOPY"));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
 #else
@@ -401,17 +404,17 @@ void tst_modPackage::filesThatCannotBeReadAreTold()
 #endif
 }
 
-void tst_modPackage::aFullDiskIsToldAndLeavesTheOldCopy()
+void tst_modPackage::aFullDiskIsReportedAndLeavesTheOldCopy()
 {
 #ifdef Q_OS_UNIX
     const PackageBench bench(1);
-    Told(PlanOf(bench));
+    ReportsOf(PlanOf(bench));
     PutFile(bench.At("engine/vwfont.dll"), NoiseBytes(300'000));
     PutFile(bench.At("engine/vwvm11.dll"), "small and new");
     {
         const FileSizeLimit limit(100'000);
         const QStringList expected = {CopyError, QStringLiteral("named game.exe")};
-        QCOMPARE(Told(PlanOf(bench)), expected);
+        QCOMPARE(ReportsOf(PlanOf(bench)), expected);
     }
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("vwfont.dll"), QByteArray("the vwfont.dll"));
@@ -427,7 +430,7 @@ void tst_modPackage::aPackageFolderThatCannotBeMadeIsAnError()
     PutFile(bench.Package(), "a file");
     ListeningWatch watch;
     QCOMPARE(ErrorOf([&] { MakePackage(PlanOf(bench), PackageZip::Yes, watch); }), int(pathFileAccess));
-    QCOMPARE(watch.told, QStringList());
+    QCOMPARE(watch.reports, QStringList());
     QCOMPARE(GetFile(bench.Package()), QByteArray("a file"));
 #ifdef Q_OS_UNIX
     const PackageBench locked(1);
@@ -438,7 +441,7 @@ void tst_modPackage::aPackageFolderThatCannotBeMadeIsAnError()
 #endif
 }
 
-void tst_modPackage::aLockedPackageFolderIsToldFileByFile()
+void tst_modPackage::aLockedPackageFolderIsReportedFileByFile()
 {
 #ifdef Q_OS_UNIX
     const PackageBench bench(3);
@@ -455,7 +458,8 @@ void tst_modPackage::aLockedPackageFolderIsToldFileByFile()
         QStringList expected;
         for (qsizetype count = 0; count < plan.files.size(); ++count)
             expected.append(CopyError);
-        QCOMPARE(watch.told, expected + QStringList({RenameError, QStringLiteral("zip"), QStringLiteral("zip ends")}));
+        QCOMPARE(watch.reports,
+                 expected + QStringList({RenameError, QStringLiteral("zip"), QStringLiteral("zip ends")}));
     }
     QVERIFY(QFile::setPermissions(bench.Package(), QFile::Permissions(0x7777)));
     QCOMPARE(bench.PackedNames(), QStringList());
@@ -475,10 +479,10 @@ void tst_modPackage::stoppingEndsTheWorkAtEachStep()
         ListeningWatch watch(stopAt);
         QCOMPARE(MakePackage(PlanOf(bench), PackageZip::Yes, watch).end, PackageEnd::Aborted);
         QCOMPARE(watch.calls, stopAt);
-        QCOMPARE(watch.told, QStringList(Aborted));
+        QCOMPARE(watch.reports, QStringList(Aborted));
         QCOMPARE(watch.boxes[0].icon, BoxIcon::Critical);
         QCOMPARE(watch.done, 1);
-        // What is copied is whole, nothing is renamed, nothing else is there.
+        // Copied files are complete, nothing is renamed, nothing else exists.
         const QStringList names = bench.PackedNames();
         QVERIFY(names.size() <= watch.names.size());
         for (const QString& name : names) {
@@ -505,7 +509,7 @@ void tst_modPackage::aLargeFileCanBeStopped()
     QVERIFY(watch.lastDone > 0 && watch.lastDone < 100'000'000);
 }
 
-void tst_modPackage::addedFilesGoBehindTheToken()
+void tst_modPackage::addedFilesFollowTheToken()
 {
     const PackageBench bench(1);
     PackagePlan plan = PlanOf(bench);
@@ -528,17 +532,17 @@ void tst_modPackage::aPackageIsZipped()
     for (int round = 0; round < 2; ++round) {
         const QStringList expected = {QStringLiteral("named game.exe"), QStringLiteral("zip"),
                                       QStringLiteral("zip ends"), bench.Packed("game.zip Created Successfully")};
-        QCOMPARE(Told(PlanOf(bench), PackageZip::Yes), expected);
+        QCOMPARE(ReportsOf(PlanOf(bench), PackageZip::Yes), expected);
         QStringList names = NamesInZip(bench.Packed("game.zip"));
         names.sort(Qt::CaseSensitive);
         QCOMPARE(names, PackageBench::WholePackage(3));
         QCOMPARE(FileInZip(bench.Packed("game.zip"), QStringLiteral("game.exe")), QByteArray("the engine"));
     }
-    // A dot in the program's name does not count as an ending; older files and no folders go in.
+    // A dot in the program's name does not begin an extension; older files go in, folders do not.
     PutFile(bench.At("work/my.game.tkn"), "token");
     QVERIFY(QDir().mkdir(bench.Packed("sub")));
     PutFile(bench.Packed("sub/inner.txt"), "x");
-    Told(PlanPackage(bench.At("work/my.game.tkn"), bench.engine + QDir::separator()), PackageZip::Yes);
+    ReportsOf(PlanPackage(bench.At("work/my.game.tkn"), bench.engine + QDir::separator()), PackageZip::Yes);
     QStringList expected = PackageBench::WholePackage(3) + Words("game.zip my.game.exe my.game.tkn");
     expected.sort(Qt::CaseSensitive);
     QStringList names = NamesInZip(bench.Packed("my.game.zip"));
@@ -551,14 +555,14 @@ void tst_modPackage::theFileOfTheArchivesBareNameIsDeleted()
     const PackageBench bench(3);
     QVERIFY(QDir().mkdir(bench.Package()));
     PutFile(bench.Packed("game"), "old");
-    Told(PlanOf(bench), PackageZip::No);
+    ReportsOf(PlanOf(bench), PackageZip::No);
     QVERIFY(QFileInfo::exists(bench.Packed("game")));
-    Told(PlanOf(bench), PackageZip::Yes);
+    ReportsOf(PlanOf(bench), PackageZip::Yes);
     QVERIFY(!QFileInfo::exists(bench.Packed("game")));
     QVERIFY(!NamesInZip(bench.Packed("game.zip")).contains(QStringLiteral("game")));
 }
 
-void tst_modPackage::aZipThatFailsIsNoSuccess()
+void tst_modPackage::aFailedZipIsNoSuccess()
 {
     const PackageBench bench(3);
     QVERIFY(QDir().mkpath(bench.Packed("game.zip")));
@@ -567,10 +571,10 @@ void tst_modPackage::aZipThatFailsIsNoSuccess()
     QCOMPARE(outcome.end, PackageEnd::ZipFailed);
     QVERIFY(outcome.reason.contains(QStringLiteral("game.zip")));
     const QStringList expected = {QStringLiteral("named game.exe"), QStringLiteral("zip"), QStringLiteral("zip ends")};
-    QCOMPARE(watch.told, expected);
+    QCOMPARE(watch.reports, expected);
 }
 
-void tst_modPackage::wordsOfTheBoxes()
+void tst_modPackage::wordingOfTheBoxes()
 {
     const PackageBench bench(1);
     const PackagePlan plan = PlanOf(bench);

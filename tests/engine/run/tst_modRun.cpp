@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Code on its way to the engine: where the copy goes, what it holds, and the command line that is started.
+// Passing code to the engine: the place of the copy, its contents, and the command line that is started.
 #include "engine/run/modRun.h"
 
 #include "core/CoreBench.h"
@@ -29,7 +29,7 @@ private Q_SLOTS:
 
     // --- The copy's place. ---
 
-    void TheCopyStandsBesideAnExistingFile_data()
+    void theCopyIsNextToAnExistingFile_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("copy");
@@ -40,10 +40,10 @@ private Q_SLOTS:
         QTest::newRow("no ending") << QStringLiteral("program") << QStringLiteral("progBAK");
         QTest::newRow("untitled.bas on disk") << QStringLiteral("untitled.bas") << QStringLiteral("untitled.BAK");
         QTest::newRow("untitled.bak on disk") << QStringLiteral("untitled.bak") << QStringLiteral("untitled.BAK");
-        QTest::newRow("letters beyond ASCII") << QStringLiteral("\u00FC.b\u00E4s") << QStringLiteral("\u00FC.BAK");
+        QTest::newRow("characters beyond ASCII") << QStringLiteral("\u00FC.b\u00E4s") << QStringLiteral("\u00FC.BAK");
     }
 
-    void TheCopyStandsBesideAnExistingFile()
+    void theCopyIsNextToAnExistingFile()
     {
         QFETCH(QString, name);
         QFETCH(QString, copy);
@@ -69,7 +69,7 @@ private Q_SLOTS:
         QCOMPARE(place.caption, place.path);
     }
 
-    void AFileThatIsGoneIsWrittenUnderItsOwnName()
+    void aMissingFileIsWrittenUnderItsOwnName()
     {
         const QString path = bench->Path(QStringLiteral("gone.bas"));
         QCOMPARE(PlaceOfCopy(path, QStringLiteral("/p")).path, path);
@@ -94,7 +94,7 @@ private Q_SLOTS:
 
     // --- Run, debug and make token. ---
 
-    void TheSwitchesTellTheCommands_data()
+    void theSwitchesDistinguishTheCommands_data()
     {
         QTest::addColumn<int>("command");
         QTest::addColumn<QStringList>("switches");
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QTest::newRow("debug") << 2 << QStringList{QStringLiteral("-A"), QStringLiteral("-D")};
     }
 
-    void TheSwitchesTellTheCommands()
+    void theSwitchesDistinguishTheCommands()
     {
         QFETCH(int, command);
         QFETCH(QStringList, switches);
@@ -188,7 +188,7 @@ private Q_SLOTS:
         QCOMPARE(Call(engine).last(), bench->Path(QStringLiteral("game.BAK")));
     }
 
-    void ACopyThatCannotBeWrittenIsTold()
+    void aCopyThatCannotBeWrittenIsReported()
     {
         bench->Open(bench->Path(QStringLiteral("gone/game.bas")), "print 1");
         bench->dialogs.ExpectMessage(QStringLiteral("Error creating file to run."));
@@ -207,7 +207,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void ADeclinedCopyEndsTheCommandWithoutAWord()
+    void aDeclinedCopyEndsTheCommandSilently()
     {
         const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
         bench->Open(path, "'\xCE\xB1");
@@ -246,7 +246,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void ATokenFileThatIsGoneIsTold()
+    void aMissingTokenFileIsReported()
     {
         ExpectTokenBox(bench->Path(QStringLiteral("gone.tkn")));
         bench->dialogs.ExpectMessage(QStringLiteral("Error running TKN."));
@@ -297,7 +297,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, (QStringList{QStringLiteral("back"), QStringLiteral("show 1")}));
     }
 
-    void FreeformInAnotherFormIsTold()
+    void freeformInAnotherFormIsReported()
     {
         OBFreeformPath = bench->Put(QStringLiteral("ff15.txt"), "x");
         bench->dialogs.ExpectMessage(QStringLiteral("Orchard FreeForm must be in *.bas or *.tkn form!"));
@@ -323,7 +323,7 @@ private Q_SLOTS:
     }
 
 private:
-    // A program that writes down its arguments, a line each, in a file of its own name and ".call".
+    // A program that records its arguments, one per line, in a file of its own name and ".call".
     QString MakeEngine(const QString& name) const
     {
         const QString path = bench->Put(name, "#!/bin/sh\n"

@@ -35,7 +35,7 @@ QStringList Words(const char* words)
     return QString::fromLatin1(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-// Answers the first visible line and writes down what it is asked to do.
+// Returns the first visible line and records the requests.
 class ScrollSci final : public cSciControl {
 public:
     explicit ScrollSci(std::intptr_t firstVisible) : first(firstVisible) {}
@@ -116,8 +116,8 @@ private Q_SLOTS:
         QCOMPARE(Scan("a$ = \"b=c\": total = 5\r\n"), (Entries{"a$@0", "total@0"}));
     }
 
-    // The cut at a blank drops the quote as it would drop a word.
-    void aQuotedBlankBeforeTheSignHidesTheQuote() { QCOMPARE(Scan("a$ = \"see b=c\"\r\n"), (Entries{"a$@0", "b@0"})); }
+    // The cut at a space drops the quote as it would drop a word.
+    void aQuotedSpaceBeforeTheSignHidesTheQuote() { QCOMPARE(Scan("a$ = \"see b=c\"\r\n"), (Entries{"a$@0", "b@0"})); }
 
     void theLastLineLosesItsLastTwoCharacters_data()
     {
@@ -126,9 +126,9 @@ private Q_SLOTS:
         QTest::newRow("still there") << QByteArray("total = 5") << Entries{"total@0"};
         QTest::newRow("the sign is lost") << QByteArray("total=5") << Entries{};
         QTest::newRow("just left") << QByteArray("total=50") << Entries{"total@0"};
-        QTest::newRow("behind other lines") << QByteArray("ab=1\r\ncd=1") << Entries{"ab@0"};
-        QTest::newRow("letters of two bytes") << QByteArray("ab=\xC3\xA4\xC3\xB6") << Entries{"ab@0"};
-        QTest::newRow("one letter of two bytes") << QByteArray("ab=\xC3\xA4") << Entries{};
+        QTest::newRow("after other lines") << QByteArray("ab=1\r\ncd=1") << Entries{"ab@0"};
+        QTest::newRow("characters of two bytes") << QByteArray("ab=\xC3\xA4\xC3\xB6") << Entries{"ab@0"};
+        QTest::newRow("one character of two bytes") << QByteArray("ab=\xC3\xA4") << Entries{};
         QTest::newRow("one character stays") << QByteArray("=") << Entries{};
     }
 
@@ -144,7 +144,7 @@ private Q_SLOTS:
                  (Entries{"aa@0", "bb@2", "cc@4", "dd@6", "ee@8"}));
     }
 
-    void aNameStandsOnceForEachAssignment()
+    void aNameIsListedOnceForEachAssignment()
     {
         QCOMPARE(Scan("ab=1\r\nab=2: ab = 3\r\n"), (Entries{"ab@0", "ab@1", "ab@1"}));
     }
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(Scan(QByteArray(1'000'000, '=')), Entries{});
     }
 
-    // A scan that started anew for each sign or line would need minutes.
+    // A scan that started over for each sign or line would take minutes.
     void longLinesAndManyLinesAreScannedInOnePass()
     {
         QElapsedTimer timer;

@@ -91,13 +91,10 @@ private Q_SLOTS:
         QuitQuery = false;
     }
 
-    void captionsAreAsTold()
+    void theColumnsHaveTheirHeadings()
     {
         TestBench bench;
         WithText(bench, "total = 1\r\n", [](QDialog& dialog) {
-            QCOMPARE(dialog.windowTitle(), QStringLiteral("Variables"));
-            QCOMPARE(Button(dialog, "cmdGoto")->text(), QStringLiteral("Go To Line"));
-            QCOMPARE(Button(dialog, "cmdExit")->text(), QStringLiteral("Close"));
             const QAbstractItemModel* model = List(dialog)->model();
             QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Variable Name"));
             QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Line #"));
@@ -138,7 +135,7 @@ private Q_SLOTS:
                  });
     }
 
-    void goToLineWithoutAChoiceIsTold()
+    void goToLineWithoutASelectionIsReported()
     {
         TestBench bench;
         bench.dialogs.ExpectMessage(QStringLiteral("No variable is selected."), BoxAnswer::Ok, BoxIcon::Critical,
@@ -202,7 +199,7 @@ private Q_SLOTS:
         });
     }
 
-    void withoutACodeWindowItIsTold()
+    void withoutACodeWindowAMessageIsShown()
     {
         TestBench bench;
         bench.Start();
@@ -212,7 +209,7 @@ private Q_SLOTS:
         mnuToolShowVar_Click();
     }
 
-    // Rows that were made one by one, or measured one by one, would need many times as long.
+    // Rows that were created or measured one by one would take many times as long.
     void aMillionVariablesShowWithoutAWait()
     {
         TestBench bench;

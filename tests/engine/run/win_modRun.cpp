@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Run, debug and token commands with a real process for an engine; open, insert, save and save project.
+// Run, debug and token commands with a real process as the engine; open, insert, save and save project.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -34,21 +34,21 @@ class win_modRun : public QObject {
 private Q_SLOTS:
     void engineGetsTheCopyAndItsSwitches_data();
     void engineGetsTheCopyAndItsSwitches();
-    void includesAreMergedBehindTheCopy();
+    void includesAreAppendedToTheCopy();
     void untitledWindowRunsFromTheProgramFolder();
     void secondRunOfAnUntitledWindow();
     void ranWindowClosesWithoutAQuestion();
     void nothingHappensWithoutAWindow();
-    void engineIsAskedForAndKept();
+    void engineIsRequestedAndKept();
     void engineNotFoundLeavesTheCopyUnwritten();
     void copyThatCannotBeWrittenIsNotRun();
     void engineThatCannotStartIsARuntimeError();
     void bareEngineStartsAlone();
     void tokenRunsOnTheRuntimeEngine();
-    void tokenThatVanishedIsTold();
-    void runtimeSearchCanBeCalledOff();
-    void freeformRunsByItsEnding_data();
-    void freeformRunsByItsEnding();
+    void tokenThatVanishedIsReported();
+    void runtimeSearchCanBeCancelled();
+    void freeformRunsByItsExtension_data();
+    void freeformRunsByItsExtension();
     void freeformHintHasItsNul();
     void openCodeFileRemembersItsFolder();
     void openOfNothingChangesNothing();
@@ -90,7 +90,7 @@ void win_modRun::engineGetsTheCopyAndItsSwitches()
     QCOMPARE(bench.Active()->Caption(), path);
 }
 
-void win_modRun::includesAreMergedBehindTheCopy()
+void win_modRun::includesAreAppendedToTheCopy()
 {
     TestBench bench;
     bench.Write(QStringLiteral("lib.bas"), "sub a\r\nend sub\r\n");
@@ -117,7 +117,7 @@ void win_modRun::untitledWindowRunsFromTheProgramFolder()
     const QString copy = bench.ProgramPath(QStringLiteral("untitled.bak"));
     QCOMPARE(bench.WaitForEngine().arguments.last(), copy);
     QCOMPARE(bench.Active()->Caption(), copy);
-    // A save goes there from now on, without a question.
+    // From now on a save goes there, without a question.
     TestBench::Type(bench.Active(), "x");
     bench.Choose(QStringLiteral("mnuFileSave"));
     QVERIFY(TestBench::Read(copy).startsWith("beep"));
@@ -156,7 +156,7 @@ void win_modRun::nothingHappensWithoutAWindow()
     QVERIFY(bench.dialogs.Finished());
 }
 
-void win_modRun::engineIsAskedForAndKept()
+void win_modRun::engineIsRequestedAndKept()
 {
     TestBench bench;
     bench.Start({bench.Write(QStringLiteral("game.bas"), "print 1\r\n")});
@@ -185,7 +185,7 @@ void win_modRun::copyThatCannotBeWrittenIsNotRun()
     TestBench bench;
     bench.Start({bench.Write(QStringLiteral("game.bas"), "print 1\r\n")});
     OBPath = bench.MakeEngine();
-    // A folder in the copy's place takes no file.
+    // A folder in place of the copy prevents the write.
     QDir().mkdir(bench.Path(QStringLiteral("game.BAK")));
     TestBench::Type(bench.Active(), "x");
     bench.dialogs.ExpectMessage(QStringLiteral("Error creating file to run."));
@@ -230,7 +230,7 @@ void win_modRun::tokenRunsOnTheRuntimeEngine()
     QCOMPARE(call.copy, QByteArray("token"));
 }
 
-void win_modRun::tokenThatVanishedIsTold()
+void win_modRun::tokenThatVanishedIsReported()
 {
     TestBench bench;
     bench.Start();
@@ -240,7 +240,7 @@ void win_modRun::tokenThatVanishedIsTold()
     bench.Choose(QStringLiteral("mnuRunTKN"));
 }
 
-void win_modRun::runtimeSearchCanBeCalledOff()
+void win_modRun::runtimeSearchCanBeCancelled()
 {
     TestBench bench;
     bench.Start();
@@ -259,7 +259,7 @@ void win_modRun::runtimeSearchCanBeCalledOff()
     QCOMPARE(OBRuntimePath, QStringLiteral("no path"));
 }
 
-void win_modRun::freeformRunsByItsEnding_data()
+void win_modRun::freeformRunsByItsExtension_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QStringList>("arguments");
@@ -268,7 +268,7 @@ void win_modRun::freeformRunsByItsEnding_data()
     QTest::newRow("other") << QStringLiteral("ff.txt") << QStringList();
 }
 
-void win_modRun::freeformRunsByItsEnding()
+void win_modRun::freeformRunsByItsExtension()
 {
     QFETCH(QString, name);
     QFETCH(QStringList, arguments);
@@ -366,7 +366,7 @@ void win_modRun::untitledSaveAsksForAName()
     bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save"), filter, QString());
     bench.Choose(QStringLiteral("mnuFileSave"));
     QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
-    // The program adds no ending of its own.
+    // The program adds no extension of its own.
     const QString path = bench.Path(QStringLiteral("plain"));
     bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save"), filter, path);
     bench.Choose(QStringLiteral("mnuFileSave"));
@@ -402,7 +402,7 @@ void win_modRun::saveProjectMergesTheIncludes()
     QCOMPARE(bench.Active()->Caption(), path);
     QCOMPARE(bench.Active()->Tag, QString());
     QCOMPARE(StatusOf(bench), QStringLiteral("File saved as ") + path);
-    // A plain save goes to the same file and holds the code alone.
+    // A plain save goes to the same file and writes only the code.
     bench.Choose(QStringLiteral("mnuFileSave"));
     QCOMPARE(TestBench::Read(path), QByteArray("'include lib.bas\r\ncall a   \r\n"));
 }
