@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The image library that is written out for programs: what it exports, what it needs, and its demonstration program.
+// The image library written out for programs: its exports, its imports, and its demonstration program.
 #include "imagetools/pictures/modImageFiles.h"
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/modTexts.h"
@@ -16,13 +16,13 @@ using namespace ob;
 
 namespace {
 
-QByteArray Carried(int number)
+QByteArray Embedded(int number)
 {
     const auto bytes = CarriedText(number, QStringLiteral("CUSTOM"));
     return bytes ? QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())) : QByteArray();
 }
 
-// Just enough of the file format of 32-bit libraries for the tables of their imports and exports.
+// Just enough of the 32-bit library format for the tables of imports and exports.
 class LibraryFile {
 public:
     explicit LibraryFile(const QByteArray& content) : bytes(content), header(Number(0x3C)) {}
@@ -34,7 +34,7 @@ public:
     quint16 Half(qsizetype place) const { return static_cast<quint16>(Number(place) & 0xFFFF); }
     qsizetype Header() const { return header; }
 
-    // The place in the file of an address, by the table of sections.
+    // The position in the file of an address, by the section table.
     qsizetype Place(quint32 address) const
     {
         const qsizetype sections = header + 24 + Half(header + 20);
@@ -79,14 +79,14 @@ class tst_imageLibrary : public QObject {
 private Q_SLOTS:
     void isALibraryOf32Bits();
     void exportsTheThreeFunctionsUndecorated();
-    void needsTheSystemAlone();
+    void needsOnlyTheSystem();
     void isSmallAndTheSameInEveryBuild();
-    void demonstrationTellsTheThreeFunctions();
+    void demonstrationDeclaresTheThreeFunctions();
     void bothAreWrittenIntoAFolder();
-    void folderThatTakesNothingIsAnError();
+    void folderThatRejectsFilesIsAnError();
 };
 
-// A machine without the cross compiler builds the bench without the library.
+// Without the cross compiler the program is built without the library.
 #define NEED_LIBRARY()                                                                                                 \
     do {                                                                                                               \
         if (!CarriesImageLibrary())                                                                                    \
@@ -96,7 +96,7 @@ private Q_SLOTS:
 void tst_imageLibrary::isALibraryOf32Bits()
 {
     NEED_LIBRARY();
-    const QByteArray bytes = Carried(104);
+    const QByteArray bytes = Embedded(104);
     const LibraryFile library(bytes);
     constexpr quint16 dll = 0x2000;
     constexpr quint16 i386 = 0x14C;
@@ -110,34 +110,34 @@ void tst_imageLibrary::exportsTheThreeFunctionsUndecorated()
 {
     NEED_LIBRARY();
     const QList<QByteArray> expected = {"ImageHeight", "ImageWidth", "LoadImageFile"};
-    QCOMPARE(LibraryFile(Carried(104)).Exports(), expected);
+    QCOMPARE(LibraryFile(Embedded(104)).Exports(), expected);
 }
 
-void tst_imageLibrary::needsTheSystemAlone()
+void tst_imageLibrary::needsOnlyTheSystem()
 {
     NEED_LIBRARY();
     const QList<QByteArray> expected = {"gdi32.dll", "gdiplus.dll", "kernel32.dll", "user32.dll"};
-    QCOMPARE(LibraryFile(Carried(104)).Imports(), expected);
+    QCOMPARE(LibraryFile(Embedded(104)).Imports(), expected);
 }
 
 void tst_imageLibrary::isSmallAndTheSameInEveryBuild()
 {
     NEED_LIBRARY();
-    const QByteArray bytes = Carried(104);
+    const QByteArray bytes = Embedded(104);
     const LibraryFile library(bytes);
     QVERIFY(bytes.size() < 16'384);
-    // No time of the build, neither in the file's header nor in that of its exports, and no path.
+    // No build time, neither in the file's header nor in that of its exports, and no path.
     QCOMPARE(library.Number(library.Header() + 8), 0U);
     QCOMPARE(library.Number(library.Place(library.Number(library.Header() + 24 + 96)) + 4), 0U);
-    // The linker's own choice of a base address depends on the folder of the build.
+    // The linker's default base address depends on the folder of the build.
     QCOMPARE(library.Number(library.Header() + 24 + 28), 0x6A500000U);
     QVERIFY(!bytes.contains(".cpp"));
     QVERIFY(!bytes.contains(QDir::homePath().toLocal8Bit() + '/') || QDir::homePath() == QLatin1String("/"));
 }
 
-void tst_imageLibrary::demonstrationTellsTheThreeFunctions()
+void tst_imageLibrary::demonstrationDeclaresTheThreeFunctions()
 {
-    const QByteArray text = Carried(103);
+    const QByteArray text = Embedded(103);
     QCOMPARE(CarriedText(103, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("jpeg.bas")));
     QCOMPARE(text.count('\n'), text.count("\r\n"));
     QCOMPARE(text.count('\r'), text.count("\r\n"));
@@ -160,11 +160,11 @@ void tst_imageLibrary::bothAreWrittenIntoAFolder()
     QFile library(path);
     QFile program(folder.filePath(QStringLiteral("jpeg.bas")));
     QVERIFY(library.open(QIODevice::ReadOnly) && program.open(QIODevice::ReadOnly));
-    QCOMPARE(library.readAll(), Carried(104));
-    QCOMPARE(program.readAll(), Carried(103));
+    QCOMPARE(library.readAll(), Embedded(104));
+    QCOMPARE(program.readAll(), Embedded(103));
 }
 
-void tst_imageLibrary::folderThatTakesNothingIsAnError()
+void tst_imageLibrary::folderThatRejectsFilesIsAnError()
 {
     const QTemporaryDir folder;
     QVERIFY_EXCEPTION_THROWN(WriteImageLibrary(folder.filePath(QStringLiteral("missing"))), RuntimeError);

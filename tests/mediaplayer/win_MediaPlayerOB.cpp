@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The media player itself, with files made here: their lengths, their time, their pictures, and what is no media file.
+// The media player itself, with generated files: their lengths, timing and pictures, and files that are no media.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -77,7 +77,7 @@ void CloseAll()
     mciSendStringA(QStringLiteral("close all"), nullptr, 0, 0);
 }
 
-// The window of the film that plays; null when there is none.
+// The window of the current film; null when there is none.
 QWidget* FilmWindow()
 {
     for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -94,7 +94,7 @@ QColor PixelOf(QWidget& window, const QPoint& place)
 
 bool IsNear(const QColor& left, const QColor& right)
 {
-    constexpr int tolerance = 24; // of a compressor
+    constexpr int tolerance = 24; // for lossy compression
     return std::abs(left.red() - right.red()) < tolerance && std::abs(left.green() - right.green()) < tolerance &&
            std::abs(left.blue() - right.blue()) < tolerance;
 }
@@ -107,7 +107,7 @@ class win_MediaPlayerOB : public QObject {
 private:
     QString Path(const QString& name) const { return folder.filePath(name); }
 
-    // Has ffmpeg make a file of the test's folder.
+    // Has ffmpeg create a file in the test's folder.
     QString Make(const QString& name, const QString& arguments)
     {
         QProcess ffmpeg;
@@ -188,7 +188,7 @@ private Q_SLOTS:
         QCOMPARE(Position(), length);
     }
 
-    void aFilmIsSeenInItsShape()
+    void aFilmIsShownInItsShape()
     {
         Open(QStringLiteral("AVIvideo"), Path(QStringLiteral("plain.avi")));
         QVERIFY(FilmWindow() == nullptr);
@@ -198,14 +198,14 @@ private Q_SLOTS:
         QCOMPARE(window->windowTitle(), QStringLiteral("plain.avi"));
         QTRY_VERIFY(IsNear(PixelOf(*window, window->rect().center()), Qt::blue));
         window->resize(400, 120);
-        // A picture of 160 by 120 stands in the middle.
+        // A picture of 160 by 120 is in the middle.
         QTRY_VERIFY(IsNear(PixelOf(*window, {122, 60}), Qt::blue));
         QVERIFY(IsNear(PixelOf(*window, {277, 60}), Qt::blue));
         QCOMPARE(PixelOf(*window, {117, 60}), QColor(Qt::black));
         QCOMPARE(PixelOf(*window, {282, 60}), QColor(Qt::black));
     }
 
-    void compressedFilmsAreSeenToo_data()
+    void compressedFilmsAreShownToo_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QColor>("color");
@@ -213,7 +213,7 @@ private Q_SLOTS:
         QTest::newRow("mpg") << QStringLiteral("film.mpg") << QColor(Qt::green);
     }
 
-    void compressedFilmsAreSeenToo()
+    void compressedFilmsAreShownToo()
     {
         QFETCH(QString, name);
         QFETCH(QColor, color);
@@ -233,14 +233,14 @@ private Q_SLOTS:
         QCOMPARE(FilmWindow()->size(), QSize(427, 240));
     }
 
-    void closingTheFilmEndsIt_data()
+    void closingTheFilmStopsIt_data()
     {
         QTest::addColumn<bool>("byEscape");
         QTest::newRow("window closed") << false;
         QTest::newRow("escape") << true;
     }
 
-    void closingTheFilmEndsIt()
+    void closingTheFilmStopsIt()
     {
         QFETCH(bool, byEscape);
         Open(QStringLiteral("AVIvideo"), Path(QStringLiteral("red.avi")));
@@ -274,7 +274,7 @@ private Q_SLOTS:
     void theMediaWindowPlaysAFilm()
     {
         TestBench bench;
-        // No dot in a folder's name, as the first one decides.
+        // No dot in a folder's name, as the first one counts.
         const QTemporaryDir plain(QDir::tempPath() + QStringLiteral("/obmediaXXXXXX"));
         const QString path = plain.filePath(QStringLiteral("red.avi"));
         QVERIFY(QFile::copy(Path(QStringLiteral("red.avi")), path));
@@ -290,7 +290,7 @@ private Q_SLOTS:
         QVERIFY(!window.findChild<QTimer*>(QStringLiteral("tmrPlay"))->isActive());
     }
 
-    void aSoundPlaysToItsEndWhenAsked()
+    void aSoundPlaysToItsEndOnRequest()
     {
         Put(Path(QStringLiteral("short.wav")), WavFile(300));
         QElapsedTimer timer;
@@ -299,19 +299,19 @@ private Q_SLOTS:
         QVERIFY(timer.elapsed() >= 290);
     }
 
-    void aFilmThatBreaksOffEndsThere()
+    void aTruncatedFilmEndsThere()
     {
         const QString path = Make(QStringLiteral("long.avi"),
                                   QStringLiteral("-f lavfi -i testsrc=size=64x48:rate=10:duration=60 -c:v mjpeg"));
         const QByteArray bytes = Get(path);
-        // The head tells of a minute, and there is hardly a second.
+        // The header claims a minute, but there is hardly a second.
         Put(path, bytes.first(bytes.size() / 80));
         QCOMPARE(Open(QStringLiteral("AVIvideo"), path), MciResult::Done);
         Play();
         QTRY_COMPARE_WITH_TIMEOUT(Position(), Length(), 4'000);
     }
 
-    void withoutASoundFontTheTroubleIsTold()
+    void withoutASoundFontTheTroubleIsReported()
     {
         const QByteArray before = qgetenv("XDG_DATA_DIRS");
         qputenv("XDG_DATA_DIRS", folder.path().toUtf8());
@@ -323,7 +323,7 @@ private Q_SLOTS:
         QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("song.mid"))), MciResult::Done);
     }
 
-    void whatIsNoMediaFileIsRefused_data()
+    void otherFilesAreRejected_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty") << QByteArray();
@@ -341,7 +341,7 @@ private Q_SLOTS:
             << QByteArray("#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\n" + film + "\n#EXT-X-ENDLIST\n");
     }
 
-    void whatIsNoMediaFileIsRefused()
+    void otherFilesAreRejected()
     {
         QFETCH(QByteArray, bytes);
         for (const char* device : {"AVIvideo", "MPEGvideo", "sequencer", "waveaudio"}) {
@@ -354,11 +354,11 @@ private Q_SLOTS:
         }
     }
 
-    void foldersAndVanishedFilesAreRefused()
+    void foldersAndVanishedFilesAreRejected()
     {
         QCOMPARE(Open(QStringLiteral("AVIvideo"), folder.path()), MciResult::FileNotFound);
         QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("gone.mid"))), MciResult::FileNotFound);
-        // Gone between opening and playing.
+        // Deleted between opening and playing.
         const QString path = Path(QStringLiteral("soon-gone.wav"));
         Put(path, WavFile(400));
         QCOMPARE(Open(QStringLiteral("waveaudio"), path), MciResult::Done);
@@ -367,7 +367,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(Position(), Length(), 2'000);
     }
 
-    void damagedFilesPlayOrAreRefused()
+    void damagedFilesPlayOrAreRejected()
     {
         QRandomGenerator random(11);
         for (const char* name : {"tone.wav", "red.avi", "plain.avi", "tone.mp3", "film.mpg", "cover.mp3", "song.mid"}) {
