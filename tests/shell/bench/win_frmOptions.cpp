@@ -17,8 +17,6 @@ class win_frmOptions : public QObject {
 
 private Q_SLOTS:
     void fourTabsHaveTheirCaptionsAndTips();
-    void captionsStandAsTheyAreTold_data();
-    void captionsStandAsTheyAreTold();
     void controlsShowTheSettings();
     void controlTabGoesRoundTheTabs();
     void thereIsOneWindowAtATime();
@@ -50,7 +48,6 @@ private Q_SLOTS:
 void win_frmOptions::fourTabsHaveTheirCaptionsAndTips()
 {
     OptionsBench options;
-    QCOMPARE(options.form->windowTitle(), QStringLiteral("Options"));
     const auto* tabs = options.Find<QTabWidget>("tbsOptions");
     const QStringList captions = {QStringLiteral("Editor"), QStringLiteral("Paths"), QStringLiteral("Syntax Coloring"),
                                   QStringLiteral("Customize")};
@@ -67,53 +64,6 @@ void win_frmOptions::fourTabsHaveTheirCaptionsAndTips()
             QCOMPARE(options.Find<QWidget>(qPrintable(QStringLiteral("picOptions%1").arg(other)))->isVisible(),
                      other == page);
     }
-}
-
-void win_frmOptions::captionsStandAsTheyAreTold_data()
-{
-    QTest::addColumn<QString>("caption");
-    const auto row = [](const char* name, const char* caption) { QTest::newRow(name) << QString::fromLatin1(caption); };
-    row("cmdFont", "Change");
-    row("chkIndent", "Auto Indent");
-    row("chkLinenums", "Show Line Numbers");
-    row("chkHighlight", "Highlight Current Line");
-    row("chkIndentGuides", "Indentation Guides On");
-    row("chkFile", "Open Last File at Startup");
-    row("optColorOn", "Syntax Color On");
-    row("optColorOff", "Syntax Color Off");
-    row("chkDefaultColors", "Restore Default Colors");
-    row("cmdAssoc", "Associate");
-    row("cmdUser", "Add/Remove");
-    row("cmdApply", "Apply");
-    row("cmdOK", "OK");
-    row("cmdCancel", "Cancel");
-    row("chkQuery", "Query programmer to save unsaved work when closing Gui Builder, Edit Windows, or when exiting "
-                    "OB Bench?");
-    row("chkComments", "Automatically add programmer's comments to all new code windows?");
-    row("lblComments", "' Comment Color");
-    row("lblCommentback", "Comment Back Color");
-    row("lblBranch", "[Branch Label Color]");
-    row("lblKeywords", "Key Word Color");
-    row("lblQuote", "\"Quote Color\"");
-    row("lblHighlight", "Current Line Back Color");
-    row("lblNumber", "Number Color");
-    row("lblHandle", "# Handle Color");
-    row("lblNoColor", "No syntax coloring.  All Text is system default color.");
-    row("lblOBexe", "Orchard BASIC Path:");
-    row("lblOBHelp", "Orchard BASIC Help Path:");
-    row("lblOBFreeForm", "FreeForm Path:");
-    row("lblOBRuntime", "Runtime Engine Path:");
-    row("lblOptionalHelp", "Optional Helpfile Path:");
-    row("lblProgrammer", "Programmer's Comments:");
-    row("lblAssoc", "Associate *.OBF and *.BAS file extensions with OB Bench?");
-    row("lblUser", "Change User-Defined Applications for Hot Button?");
-}
-
-void win_frmOptions::captionsStandAsTheyAreTold()
-{
-    QFETCH(QString, caption);
-    OptionsBench options;
-    QCOMPARE(options.Find<QWidget>(QTest::currentDataTag())->property("text").toString(), caption);
 }
 
 void win_frmOptions::controlsShowTheSettings()
