@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The program on a real X server, by mouse and keyboard: open a file, click into it, type, save, run it on an
-# engine, end.
+# The program on a real X server, with mouse and keyboard: open a file, click into it, type, save, run it with an
+# engine, exit.
 # usage: desktop.sh BIN_FOLDER
 set -euo pipefail
 bin=$1
@@ -43,7 +43,7 @@ printf 'print 1\r\n' >"$work/game.bas"
 bench=$!
 window=$(timeout 20 xdotool search --sync --onlyvisible --name 'Orchard Bench' | tail -n 1) || fail "no window appeared"
 sleep 0.5
-# Without a window manager nobody else gives the window the focus. The click is on the first line, which Home leads on.
+# Without a window manager nothing else gives the window the focus. The click is on the first line; Home goes to its start.
 xdotool mousemove --window "$window" 150 93 click 1
 sleep 0.5
 xdotool key Home
