@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A bench without windows for one test: fresh state, folders and store, a main window that writes down, scripted boxes.
+// The program without windows for one test: fresh state, folders and store, a recording main window, scripted boxes.
 #pragma once
 
 #include "core/FakeMainForm.h"
@@ -103,7 +103,7 @@ int RaisedBy(Call call)
 
 } // namespace ob
 
-// The main function of a test program without windows that has code windows' commands in it.
+// The main function of a test program without windows that includes the commands of code windows.
 #define OB_CORE_TEST(TestClass)                                                                                        \
     int main(int argc, char** argv)                                                                                    \
     {                                                                                                                  \

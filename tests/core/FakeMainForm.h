@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window without a window: writes down what commands ask of it and gives documents a control.
+// The main window without a window: records the requests of commands and gives documents a control.
 #pragma once
 
 #include "core/FakeSci.h"
@@ -96,7 +96,7 @@ public:
     static FakeSci& Control(const cDocument& document) { return *static_cast<FakeSci*>(document.sci); }
     FakeSci& ActiveControl() const { return Control(*active); }
 
-    // The numbers of the recent items that can be seen.
+    // The numbers of the visible recent items.
     QList<int> ShownItems() const
     {
         QList<int> numbers;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A code window's control without a window: a text, a caret, a save point, and a list of the messages that came.
+// A code window's control without a window: a text, a caret, a save point, and a list of the messages received.
 #pragma once
 
 #include "scilexer/modSci.h"
@@ -52,7 +52,7 @@ public:
         }
     }
 
-    // What a user types at the caret.
+    // Simulates typing at the caret.
     void Type(const QByteArray& typed)
     {
         Change(caret, 0, typed);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Answers the program's boxes from a script. A box that the script does not hold fails the test, and so does a
-// scripted box that never came.
+// Answers the program's boxes from a script. A box that is not in the script fails the test, and so does a scripted box
+// that never came.
 #pragma once
 
 #include "platform/dialogs/modDialogs.h"
@@ -18,7 +18,7 @@ public:
                        BoxButtons buttons = BoxButtons::Ok, const QString& title = {});
     void ExpectQuestion(const QString& text, BoxAnswer answer);
     void ExpectInput(const InputSpec& spec, const std::optional<QString>& answer);
-    // The filter's place goes to a caller that asks for it.
+    // The position of the chosen filter is returned to a caller that requests it.
     void ExpectFile(FilePurpose purpose, const QString& title, const QString& filter, const QString& answer,
                     int filterIndex = 0);
 
@@ -26,7 +26,7 @@ public:
     void ExpectColor(const QString& title, std::uint32_t start, std::optional<std::uint32_t> answer);
     void ExpectFont(const FontSpec& start, const std::optional<FontSpec>& answer);
 
-    // Whether the script has been played to its end; tells in the test's log what is left.
+    // Whether the whole script has been played; writes the rest of it to the test's log.
     bool Finished() const;
 
     BoxAnswer Message(const MessageSpec& spec) override;

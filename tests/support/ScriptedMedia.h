@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A media player without sound and pictures: files have the length that the test gives, and time passes when it says.
+// A media player without sound and pictures: files have the length set by the test, and time passes when it says so.
 #pragma once
 
 #include "platform/media/modMci.h"
@@ -24,10 +24,10 @@ public:
         return {std::make_unique<Device>(*this), trouble};
     }
 
-    qint64 length = 0;   // milliseconds, of the next file; -1 refuses it
-    qint64 position = 0; // of all that are open
+    qint64 length = 0;   // milliseconds, of the next file; -1 rejects it
+    qint64 position = 0; // of all open devices
     MediaTrouble trouble = MediaTrouble::None;
-    int openCount = 0; // devices that are open
+    int openCount = 0; // the number of open devices
     QStringList log;   // "open video /x/y.avi", "play", "close"
 
 private:

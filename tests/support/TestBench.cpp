@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A bench of its own for one test.
+// The whole program for one test.
 #include "support/TestBench.h"
 
 #include "editor/document/cDocument.h"

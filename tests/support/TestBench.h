@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A bench of its own for one test: fresh program folder, fresh settings store, scripted boxes, a fake engine.
+// The whole program for one test: fresh program folder, fresh settings store, scripted boxes, a fake engine.
 #pragma once
 
 #include "support/ScriptedDialogs.h"
@@ -23,17 +23,17 @@ class frmDocument;
 
 struct EngineCall {
     QStringList arguments;
-    QByteArray copy; // the bytes of the file that the last argument named
+    QByteArray copy; // the bytes of the file named by the last argument
 };
 
 class TestBench final : public QObject {
 public:
-    // Quiet: no tip comes at the start. Bare: the store is wholly empty, as for a new user.
+    // Quiet: no tip is shown at the start. Bare: the store is completely empty, as for a new user.
     enum class Store { Quiet, Bare };
     explicit TestBench(Store store = Store::Quiet);
     ~TestBench() override;
 
-    // Runs the start routine, the main window's Load and the command line, as the process's entry does.
+    // Runs the start routine, the main window's Load and the command line, like the program's own entry.
     void Start(const QStringList& pieces = {});
 
     // Asks the frame to close, as the user would. True when it has closed.
@@ -51,15 +51,15 @@ public:
     // A code window and its text. Window(n) is that of slot n.
     cDocument* Active() const;
     frmDocument* ActiveWindow() const;
-    QWidget* ActiveWindowEdit() const; // the edit control itself, which takes the keys
+    QWidget* ActiveWindowEdit() const; // the edit control itself, which receives the keys
     static QByteArray Text(const cDocument* document);
     static void Type(const cDocument* document, const QByteArray& text);
 
-    // Puts the fake engine beside the test's files and gives its path; waits for its next call.
+    // Copies the fake engine next to the test's files and returns its path; waits for its next call.
     QString MakeEngine(const QString& name = QStringLiteral("orchard.exe")) const;
     EngineCall WaitForEngine() const;
 
-    // The next modal tool window: the script gets it once it is shown, and must close it.
+    // The next modal tool window is passed to the script once it is shown; the script must close it.
     void ExpectModal(const QString& objectName, std::function<void(QDialog&)> script);
 
     ScriptedDialogs dialogs;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A stand-in for the language's engine: writes down how it was called and what it was given, beside itself.
+// A stand-in for the language's engine: writes a record of its call and its input next to itself.
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -22,7 +22,7 @@ int main(int argc, char** argv)
         if (copy.open(QIODevice::ReadOnly) && !Write(folder.filePath(QStringLiteral("engine.copy")), copy.readAll()))
             return 1;
     }
-    // The call appears last and whole, so that a reader who sees it finds all the rest.
+    // The record appears last and complete, so that a reader who sees it finds everything else.
     const QString call = folder.filePath(QStringLiteral("engine.call"));
     if (!Write(call + QStringLiteral(".new"), arguments.join(QLatin1Char('\n')).toLocal8Bit()))
         return 1;
