@@ -22,7 +22,7 @@ QString FullPathOf(const QString& program)
     return program.isEmpty() || program.contains(u'/') ? QString() : QStandardPaths::findExecutable(program);
 }
 
-// Codes that a file would take the place of, and those that older entries still have: all of them are dropped.
+// Codes that a file would replace, and obsolete ones of older entries: all of them are dropped.
 bool IsDroppedCode(QChar code)
 {
     return QStringView(u"fFuUdDnNvm").contains(code);

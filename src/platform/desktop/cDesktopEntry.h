@@ -8,24 +8,24 @@
 
 namespace ob {
 
-// Splits the value of an Exec key, its escapes undone, into arguments: at spaces, double quotes holding an argument
-// together, in which a backslash takes '"', '`', '$' and '\' for themselves. Nothing when a quote is left open.
+// Splits the unescaped value of an Exec key into arguments at spaces. Double quotes hold an argument together; inside
+// them a backslash escapes '"', '`', '$' and '\'. Nothing when a quote is not closed.
 std::optional<QStringList> SplitExec(QStringView exec);
 
 class cDesktopEntry {
 public:
-    // The locale, as LC_MESSAGES has it, is the one of the program's name and icon.
+    // The locale, in the form of LC_MESSAGES, selects the program's name and icon.
     cDesktopEntry(const QString& path, const QString& locale);
 
     bool ClaimsType(const QString& type) const;
     bool HasCategory(const QString& category) const;
-    // Whether menus show it (NoDisplay, OnlyShowIn, NotShowIn) on a desktop of these names, the first one that decides
-    // counting.
+    // Whether menus show it (NoDisplay, OnlyShowIn, NotShowIn) on a desktop with these names; the first name that
+    // decides counts.
     bool IsShownIn(const QStringList& desktops) const;
 
     // The program as a full path and its arguments, to be started without a file: the codes for files are dropped.
-    // Nothing for what is no program, hidden, not installed (TryExec, Exec) or malformed, nor for a program that needs
-    // a terminal, since it would run unseen. The key Path has no effect.
+    // Nothing for entries that are not programs, hidden, not installed (TryExec, Exec) or malformed, and for programs
+    // that need a terminal, since they would run invisibly. The key Path has no effect.
     std::optional<QStringList> Command() const;
 
 private:

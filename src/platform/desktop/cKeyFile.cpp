@@ -28,7 +28,7 @@ QChar Unescaped(QChar mark)
     }
 }
 
-// Undoes the escapes of a value, and splits it at the separator, which a backslash before it takes for a character.
+// Unescapes a value and splits it at the separator; a separator after a backslash is an ordinary character.
 QStringList Parts(const QString& raw, QChar separator)
 {
     QStringList parts = {QString()};
@@ -46,7 +46,7 @@ QStringList Parts(const QString& raw, QChar separator)
     return parts;
 }
 
-// "lang_COUNTRY.ENCODING@MODIFIER" to the endings that a translated key may have, the best one first.
+// "lang_COUNTRY.ENCODING@MODIFIER" to the suffixes of a translated key, the best one first.
 QStringList LocaleMarks(const QString& locale)
 {
     const QString modifier = locale.contains(u'@') ? u'@' + locale.section(u'@', 1) : QString();

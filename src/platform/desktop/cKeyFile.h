@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A file of groups with lines "key=value", as desktop entries and lists of default programs are ("Desktop Entry
+// A file of groups with lines "key=value", such as desktop entries and lists of default programs ("Desktop Entry
 // Specification" 1.5, sections 3 to 5).
 #pragma once
 
@@ -12,16 +12,16 @@ namespace ob {
 
 class cKeyFile {
 public:
-    // UTF-8 text. Lines that are no group, key or comment are passed over; of a key written twice the first counts.
+    // UTF-8 text. Lines that are neither a group, a key nor a comment are skipped; of a duplicate key the first counts.
     explicit cKeyFile(QByteArrayView text);
     // A file that cannot be read has no groups.
     static cKeyFile Read(const QString& path);
 
-    // The value with its escapes \s \n \t \r \\ undone, another backslash being itself; empty where the key is missing.
+    // The value with \s \n \t \r \\ unescaped, any other backslash being literal; empty where the key is missing.
     QString Text(const QString& group, const QString& key) const;
-    // The same in the best translation for a locale "lang_COUNTRY.ENCODING@MODIFIER".
+    // The same, in the best translation for a locale "lang_COUNTRY.ENCODING@MODIFIER".
     QString Text(const QString& group, const QString& key, const QString& locale) const;
-    // The parts of a value that semicolons separate, "\;" being a semicolon in a part. No part is empty.
+    // The parts of a value between its semicolons; "\;" is a semicolon within a part. No part is empty.
     QStringList List(const QString& group, const QString& key) const;
     bool IsTrue(const QString& group, const QString& key) const;
 

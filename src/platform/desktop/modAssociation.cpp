@@ -20,7 +20,7 @@ namespace ob {
 
 namespace {
 
-// The folder that a variable names; a relative one does not count.
+// The folder named by an environment variable; a relative one is ignored.
 QString FolderFromEnvironment(const char* variable, const QString& otherwise)
 {
     const QString folder = qEnvironmentVariable(variable);
@@ -48,7 +48,7 @@ QByteArray ExecutableInEntry(const QString& executable)
             argument.replace(character, QByteArray("\\") + character);
         argument = '"' + argument + '"';
     }
-    // A percent sign begins a code; and the value as a whole is escaped once more, as any text there.
+    // A percent sign starts a code; in addition the whole value is escaped like any text in the file.
     argument.replace("%", "%%").replace("\\", "\\\\");
     return argument.replace("\n", "\\n").replace("\t", "\\t").replace("\r", "\\r");
 }
@@ -59,7 +59,7 @@ constexpr std::array<const char*, 2> fileTypes = {"application/x-orchard-basic",
 
 enum class EntryPlace { First, Nowhere };
 
-// The list of programs of a line "type=a.desktop;b.desktop;", with the entry moved to its place.
+// The list of programs of a line "type=a.desktop;b.desktop;", with the entry moved to its position.
 QByteArray LineWithEntry(const QByteArray& line, const QByteArray& entry, EntryPlace place)
 {
     const qsizetype sign = line.indexOf('=');
@@ -78,7 +78,7 @@ QByteArray LineWithEntry(const QByteArray& line, const QByteArray& entry, EntryP
     return line.left(sign + 1) + joined + (line.endsWith('\r') ? "\r" : "");
 }
 
-// Where a line goes that is put at the end of the group: after its last line that is not empty.
+// The position for a line appended to the group: after its last non-empty line.
 qsizetype EndOfGroup(const QByteArrayList& lines, qsizetype header)
 {
     qsizetype end = header + 1;
@@ -193,7 +193,7 @@ ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStr
                                                                                             : ToolEnd::Failed;
 }
 
-// What the tool has written, or failed to write, is brought to what the two types need; mostly nothing is left to do.
+// Completes what the tool has written, or failed to write, for the two types; usually there is nothing left to do.
 void MakeDefault(const AssociationPlaces& places, const QString& entry)
 {
     const QString name = QStringLiteral("mimeapps.list");
@@ -201,7 +201,7 @@ void MakeDefault(const AssociationPlaces& places, const QString& entry)
     QStringList arguments = {QStringLiteral("default"), entry};
     for (const char* type : fileTypes)
         arguments.append(QString::fromLatin1(type));
-    // The tool would put a file in the place of a link.
+    // The tool would replace a link by a file.
     if (!QFileInfo(path).isSymLink())
         RunTool(places, QStringLiteral("xdg-mime"), arguments);
 
@@ -220,10 +220,10 @@ void AssociateInFolders(const AssociationPlaces& places)
     WriteIcons(places);
     WriteInto(types + QStringLiteral("/packages"), typeName, EmbeddedFile(typeName));
     WriteInto(applications, entry, DesktopEntry(places.executable));
-    // Without its tool the desktop has no list of types that had to be brought up to date.
+    // Without its tool the desktop has no list of types to update.
     if (RunTool(places, QStringLiteral("update-mime-database"), {types}) == ToolEnd::Failed)
         throw RuntimeErrorOf(ErrorNumber::DeviceIoError);
-    // This one only makes the desktop quicker.
+    // This one only makes the desktop faster.
     RunTool(places, QStringLiteral("update-desktop-database"), {applications});
     MakeDefault(places, entry);
 }

@@ -15,7 +15,8 @@ DWORD SizeOf(const std::wstring& value)
     return static_cast<DWORD>(value.size() * sizeof(wchar_t));
 }
 
-// Makes or opens the class's key and sets the default value of that key below it, the empty name being the key itself.
+// Creates or opens the class's key and sets the default value of the key with this name below it; an empty name is the
+// key itself.
 bool SetDefaultValue(const std::wstring& name, const std::wstring& below, const std::wstring& value)
 {
     HKEY key = nullptr;
@@ -26,7 +27,7 @@ bool SetDefaultValue(const std::wstring& name, const std::wstring& below, const 
     return end == ERROR_SUCCESS;
 }
 
-// What the file manager remembers of the user's own choice gives way to the association.
+// The user's own choice, which the file manager remembers, is removed in favour of the association.
 void DropTheUsersChoice(const std::wstring& command)
 {
     HKEY key = nullptr;

@@ -13,13 +13,13 @@ namespace ob {
 
 namespace {
 
-// Systems keep line ends in their own way.
+// Systems have different line ends.
 QString WithoutReturns(QString text)
 {
     return text.remove(QLatin1Char('\r'));
 }
 
-// The toolkit does not tell that it was refused, so only reading back does.
+// The toolkit does not report a refusal, so the text is read back.
 bool WriteClipboard(const QString& text)
 {
     if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)

@@ -9,8 +9,8 @@
 
 namespace ob {
 
-// The program that the desktop opens this file with, to be started without a file. The file must exist. By the file's
-// MIME type and the user's and the system's defaults; on Windows by the system. Nothing when there is none.
+// The program with which the desktop opens this file, to be started without a file. The file must exist. Chosen by the
+// file's MIME type and the user's and the system's defaults; on Windows by the system. Nothing when there is none.
 std::optional<ProgramCall> FindExecutable(const std::u16string& path);
 
 // The desktop's file manager and its calculator; nothing when there is none.

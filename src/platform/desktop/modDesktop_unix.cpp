@@ -27,8 +27,8 @@ QString MessageLocale()
     return {};
 }
 
-// The installed programs by the names of their desktop files, "kde/editor.desktop" being kde-editor.desktop. In one
-// folder they are in order of the names; a name that an earlier folder has too is that folder's.
+// The installed programs by the names of their desktop files, "kde/editor.desktop" being kde-editor.desktop. Within a
+// folder they are sorted by name; of equal names the one in the earlier folder counts.
 class InstalledPrograms {
 public:
     explicit InstalledPrograms(const QStringList& folders)
@@ -46,7 +46,7 @@ public:
 
     QStringList NamesIn(const QString& folder) const { return namesIn.value(folder); }
 
-    // Nothing for a name that no file has.
+    // Nothing for a name without a file.
     const cDesktopEntry* Entry(const QString& name)
     {
         auto entry = entries.find(name);
@@ -74,7 +74,7 @@ private:
 // A folder's lists of the user's or the system's choices, and the programs installed in it.
 struct ChoiceFolder {
     QList<cKeyFile> lists;
-    cKeyFile cache; // of the types that the programs claim
+    cKeyFile cache; // the types that the programs claim
     QStringList programs;
 };
 
@@ -82,7 +82,7 @@ class Desktop {
 public:
     Desktop();
 
-    // The first program for one of the types, the first type with a program deciding.
+    // The first program for the first of the types that has one.
     std::optional<ProgramCall> ProgramForTypes(QStringList types);
     std::optional<ProgramCall> ProgramOfCategory(const QString& category);
 
@@ -93,7 +93,7 @@ private:
 
     QStringList applicationFolders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
     InstalledPrograms installed = InstalledPrograms(applicationFolders);
-    QList<ChoiceFolder> folders; // in the order in which they count
+    QList<ChoiceFolder> folders; // in order of precedence
 };
 
 Desktop::Desktop()
@@ -116,8 +116,8 @@ void Desktop::AddFolder(const QString& folder, const QStringList& legacyLists)
     folders.append({lists, cKeyFile::Read(folder + QStringLiteral("/mimeinfo.cache")), installed.NamesIn(folder)});
 }
 
-// The programs associated with a type, the default ones first. A default counts though its program claims nothing of
-// the kind, since desktops write the user's choice like that; one that is removed does not.
+// The programs associated with a type, the default ones first. A default counts even when its program does not claim
+// the type, since desktops write the user's choice like that; one that is removed does not.
 QStringList Desktop::ProgramsFor(const QString& type)
 {
     QStringList defaults;
@@ -138,7 +138,7 @@ QStringList Desktop::ProgramsFor(const QString& type)
                 else
                     addTo(defaults, {name});
         }
-        // The cache may be out of date: it gives the order alone.
+        // The cache may be out of date: only its order is used.
         for (const QString& name : folder.cache.List(QStringLiteral("MIME Cache"), type) + folder.programs)
             if (folder.programs.contains(name) && installed.Entry(name)->ClaimsType(type))
                 addTo(associated, {name});
@@ -161,7 +161,7 @@ std::optional<ProgramCall> Desktop::CallOf(const QString& program)
 
 std::optional<ProgramCall> Desktop::ProgramForTypes(QStringList types)
 {
-    // What opens any bytes at all is no program for pictures or sounds.
+    // A program that opens any bytes at all is not meant for pictures or sounds.
     types.removeAll(QStringLiteral("application/octet-stream"));
     types.removeAll(QString());
     for (const QString& type : types)
@@ -182,7 +182,7 @@ std::optional<ProgramCall> Desktop::ProgramOfCategory(const QString& category)
     return std::nullopt;
 }
 
-// A system may have no data base of types; these endings are known without one.
+// A system may have no database of types; these extensions are known without one.
 QStringList TypesOfEnding(const QString& ending)
 {
     if (ending == QLatin1String("txt"))

@@ -18,7 +18,7 @@ ProgramCall CallOf(const std::wstring& program)
     return {std::u16string(program.begin(), program.end()), {}};
 }
 
-// The program of that name, with a backslash before it, in the folder of the system.
+// The program of that name (which starts with a backslash) in the system's folder.
 std::optional<ProgramCall> InWindowsFolder(const wchar_t* name)
 {
     wchar_t folder[MAX_PATH + 1] = {};

@@ -37,7 +37,7 @@ bool IsLampOn(const QString& lamp)
 
 bool IsLockOn(LockKey key)
 {
-    // Where no server is running the interface exists and its display does not.
+    // Without a running server the interface exists but its display does not.
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 != nullptr && x11->display() != nullptr)
         return (IndicatorState(x11->display()) & (key == LockKey::CapsLock ? 1u : 2u)) != 0;

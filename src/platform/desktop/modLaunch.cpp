@@ -29,7 +29,7 @@ bool HasEnding(QStringView name)
     return name.lastIndexOf(u'.') > separator;
 }
 
-// The file that a first part names; empty when there is none.
+// The file named by a first part; empty when there is none.
 QString FileNamed(QStringView part, const std::function<bool(const QString&)>& fileExists)
 {
     QString asWritten = part.toString();

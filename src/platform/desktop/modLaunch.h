@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Starting a command line: finding the program in it, and running it on its own.
+// Starting a command line: finding the program in it, and running it independently.
 #pragma once
 
 #include "platform/desktop/modLaunchSystem.h"
@@ -21,8 +21,8 @@ struct ResolvedCommand {
 };
 
 // Finds the program in a command line whose paths are not quoted: the line is cut at each space in turn, and the
-// shortest first part that names a file is the program, as written or with ".exe" added when it has no ending of its
-// own. A first part in double quotes is the program as a whole. Nothing when no first part names a file.
+// shortest first part that names a file is the program, as written or with ".exe" added when it has no extension. A
+// first part in double quotes is the whole program name. Nothing when no first part names a file.
 std::optional<ResolvedCommand> ResolveCommand(QStringView commandLine,
                                               const std::function<bool(const QString&)>& fileExists);
 
@@ -31,11 +31,12 @@ std::optional<ResolvedCommand> ResolveCommand(QStringView commandLine,
 QStringList SplitArguments(QStringView argumentText);
 
 // Starts a command line in the current directory and does not wait for it. A program named without a folder is also
-// looked for as the system does. On Unix, an ".exe" that is no native program runs through wine, and the window mode
-// has no effect. Raises FileNotFound when the line names no program, InvalidCall when the program cannot be started.
+// searched for as the system does. On Unix, an ".exe" that is not a native program runs through wine, and the window
+// mode has no effect. Raises FileNotFound when the line names no program, InvalidCall when the program cannot be
+// started.
 void Launch(const QString& commandLine, WindowMode mode = WindowMode::Normal);
 
-// The same for a program that is known with its arguments.
+// The same for a program and its arguments.
 void Launch(const ProgramCall& call);
 
 } // namespace ob

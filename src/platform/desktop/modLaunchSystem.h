@@ -11,14 +11,14 @@ enum class WindowMode { Normal, Minimized };
 
 enum class StartEnd { Started, NotFound, Refused };
 
-// A program, as a full path, and what it is started with.
+// A program, as a full path, and its arguments.
 struct ProgramCall {
     std::u16string program;
     std::vector<std::u16string> arguments;
 };
 
-// Both start in the current directory and wait for nothing. A command line is resolved as ResolveCommand does it, a
-// program named without a folder also as the system looks for it.
+// Both start in the current directory and do not wait. A command line is resolved by ResolveCommand; a program named
+// without a folder is also searched for as the system does.
 StartEnd StartCommandLine(const std::u16string& commandLine, WindowMode mode);
 StartEnd StartProgram(const ProgramCall& call);
 

@@ -24,7 +24,7 @@ bool NeedsWine(const QString& program)
     return !start.startsWith("\177ELF") && !start.startsWith("#!");
 }
 
-// The program as the search path of the system knows it, when it is named without a folder.
+// The program found on the system's search path, when it is named without a folder.
 std::optional<ResolvedCommand> ResolveBySearch(QStringView commandLine)
 {
     const auto onSearchPath = [](const QString& name) {
@@ -56,7 +56,7 @@ StartEnd StartCommandLine(const std::u16string& commandLine, WindowMode)
         command = ResolveBySearch(line);
     if (!command)
         return StartEnd::NotFound;
-    // A bare name would be looked for on the search path and not in the current directory.
+    // A bare name would be searched for on the search path instead of the current directory.
     return Start(QDir::current().absoluteFilePath(command->program), command->arguments);
 }
 

@@ -8,7 +8,7 @@ namespace ob {
 
 namespace {
 
-// A part as programs take their command line apart: a backslash means itself but before a double quote.
+// A part as programs split their command line: a backslash is literal except before a double quote.
 std::wstring Quoted(const std::u16string& part)
 {
     std::wstring quoted = L"\"";
@@ -23,7 +23,7 @@ std::wstring Quoted(const std::u16string& part)
     return quoted + L'"';
 }
 
-// The line is in memory that the routine may write to. Without a program the routine finds it in the line.
+// The line must be in writable memory. Without a program the routine finds it in the line.
 StartEnd Start(const wchar_t* program, std::wstring line, WindowMode mode)
 {
     STARTUPINFOW startup = {};

@@ -8,10 +8,10 @@ namespace ob {
 
 enum class PageEnd { Opened, Failed };
 
-// Hands the address to the desktop's browser. Needs the application object.
+// Opens the address in the desktop's browser. Needs the application object.
 PageEnd OpenPage(const QString& address);
 
-// Hands a file to the desktop's program for it. A missing file fails.
+// Opens a file with the desktop's program for it. A missing file fails.
 PageEnd OpenFileWithSystem(const QString& path);
 
 } // namespace ob

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The desktop's own colours, out of the toolkit's palette.
+// The desktop's own colours, from the toolkit's palette.
 #include "platform/desktop/modSystemColors.h"
 
 #include <QGuiApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A text's lines, one after the other.
+// A text's lines, one after another.
 #include "platform/language/cLines.h"
 
 #include <algorithm>
@@ -40,7 +40,7 @@ QByteArrayView cLines::ScannedLine() const
     if (stop != end)
         return line;
     for (int character = 0; character < 2; ++character) {
-        // Whole UTF-8 characters go.
+        // Whole UTF-8 characters are cut.
         qsizetype lead = line.size() - 1;
         while (lead > 0 && (static_cast<unsigned char>(line[lead]) & 0xC0) == 0x80)
             --lead;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A text's lines, one after the other, in the text's own memory. CR LF, LF and CR each end a line.
+// A text's lines, one after another, in the text's own memory. CR LF, LF and CR each end a line.
 #pragma once
 
 #include <QByteArrayView>
@@ -10,7 +10,7 @@ class cLines {
 public:
     explicit cLines(QByteArrayView text);
 
-    // Goes to the next line; false behind the last. A text that ends in a line end has no empty line behind it here.
+    // Goes to the next line; false after the last. A text that ends in a line end has no empty line after it here.
     bool Next();
 
     int Number() const { return number; } // from 0
@@ -20,14 +20,14 @@ public:
     QByteArrayView LineWithEnd() const { return {start, next - start}; }
 
     // The line as the scans for labels and variables take it. They cut the line end by cutting two characters, so a
-    // last line without an end loses its last two, but for one that always stays.
+    // last line without an end loses its last two, but always keeps one.
     QByteArrayView ScannedLine() const;
 
 private:
     const char* Find(const char*& found, char mark) const;
 
-    // Where each kind of mark stands next; looked for again only behind the one found last, so that a text with one
-    // kind alone is still read once. Null before the first look.
+    // The next mark of each kind; searched again only after the one found last, so that a text with a single kind is
+    // still read once. Null before the first search.
     const char* nextReturn = nullptr;
     const char* nextFeed = nullptr;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An error of the served runtime: thrown where a routine raises it, shown in one place when nobody catches it.
+// A runtime error of the language: thrown where a routine raises it, shown in one place when nobody catches it.
 #pragma once
 
 #include <QString>
@@ -26,7 +26,7 @@ private:
     QByteArray text;
 };
 
-// The numbers that file work and conversions raise; RuntimeErrorOf gives them their usual descriptions.
+// The numbers raised by file work and conversions; RuntimeErrorOf gives them their usual descriptions.
 enum class ErrorNumber {
     InvalidCall = 5,
     Overflow = 6,
@@ -41,7 +41,7 @@ enum class ErrorNumber {
     InvalidPicture = 481,
 };
 
-// The error of that number with the runtime's description ("File not found" for 53) and the given source.
+// The error with that number, the runtime's description of it ("File not found" for 53) and the given source.
 RuntimeError RuntimeErrorOf(ErrorNumber number, const QString& source = {});
 
 } // namespace ob

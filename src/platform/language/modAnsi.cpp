@@ -16,7 +16,7 @@ namespace ob {
 
 namespace {
 
-// A code page of single bytes, its lower half being ASCII.
+// A code page of single bytes; its lower half is ASCII.
 class CodePage {
 public:
     explicit CodePage(const std::array<char16_t, 256>& characters)
@@ -68,7 +68,7 @@ const CodePage& AnsiCodePage()
     return page;
 }
 
-// One character of UTF-8 read from at least one byte; the length is 0 when the bytes are malformed.
+// One UTF-8 character read from at least one byte; the length is 0 when the bytes are malformed.
 struct Utf8Character {
     char32_t character;
     std::size_t length;
@@ -182,7 +182,7 @@ AnsiText EncodeMultiByte(QByteArrayView utf8, const MultiByteCodePage& page)
     return result;
 }
 
-// For a text that holds more than ASCII, its first part being ASCII of that length.
+// For a text that is not all ASCII; its first asciiLength bytes are.
 QByteArray DecodeBeyondAscii(QByteArrayView ansi, std::size_t asciiLength)
 {
     const MultiByteCodePage* page = SystemMultiByteCodePage();
@@ -243,7 +243,7 @@ AnsiText AnsiFromText(QStringView text)
 {
     if (text.isValidUtf16())
         return EncodeAnsi(text.toUtf8());
-    // Qt replaces an unpaired surrogate and does not report it; a byte that UTF-8 never holds counts as lost.
+    // Qt replaces an unpaired surrogate and does not report it; a byte that never occurs in UTF-8 counts as lost.
     QByteArray utf8;
     for (qsizetype index = 0; index < text.size(); ++index) {
         const bool isPair =

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The machine's ANSI code page where files are read and written: text on disk is ANSI, text in the program is UTF-8.
+// Conversion to and from the machine's ANSI code page: text on disk is ANSI, text in the program is UTF-8.
 #pragma once
 
 #include <QByteArray>
@@ -22,7 +22,7 @@ struct AnsiText {
 
 // The UTF-8 text of ANSI bytes. Every byte sequence is valid; a NUL is a character like any other. The code page is
 // the system's own on Windows and windows-1252 on Unix, where the five bytes without a character (81 8D 8F 90 9D)
-// give the control of the same number, so that EncodeAnsi(DecodeAnsi(x)).bytes == x.
+// become the control character of the same number, so that EncodeAnsi(DecodeAnsi(x)).bytes == x.
 QByteArray DecodeAnsi(QByteArrayView ansi);
 // The same; a text without bytes above 7F is shared and not copied.
 QByteArray DecodeAnsi(const QByteArray& ansi);
@@ -40,7 +40,7 @@ inline AnsiText EncodeAnsi(const char* utf8)
     return EncodeAnsi(QByteArrayView(utf8));
 }
 
-// The same for small texts held as QString. An unpaired surrogate counts as lost.
+// The same for small texts in a QString. An unpaired surrogate counts as lost.
 QString TextFromAnsi(QByteArrayView ansi);
 AnsiText AnsiFromText(QStringView text);
 

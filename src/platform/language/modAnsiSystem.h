@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// The characters of the bytes of a code page in which each byte is a character, the first 128 being ASCII.
+// The characters of a code page in which each byte is a character; the first 128 are ASCII.
 std::array<char16_t, 256> CharactersOfBytes();
 
 // A code page in which a character may take several bytes; the system converts it.

@@ -26,7 +26,7 @@ std::wstring UnitsOf(char32_t character)
 std::string Encode(char32_t character)
 {
     const std::wstring units = UnitsOf(character);
-    // UTF-8 lacks no character, and with it the routine takes no flag and no request for what is lost.
+    // UTF-8 lacks no character, and for it the routine accepts neither flags nor a request to report losses.
     const bool pageIsUtf8 = GetACP() == CP_UTF8;
     std::string bytes(8, '\0');
     BOOL isLost = FALSE;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs of ASCII in bytes, found and copied a block at a time.
+// Finding and copying runs of ASCII a block at a time.
 #pragma once
 
 #include <bit>
@@ -29,7 +29,7 @@ struct WordBlock {
     WordBlock operator|(WordBlock other) const { return {word | other.word}; }
     bool IsAscii() const { return High() == 0; }
 
-    // How many bytes above 7F there are, and how many bytes come before the first of them.
+    // The number of bytes above 7F, and the number of bytes before the first of them.
     std::size_t HighCount() const { return static_cast<std::size_t>(std::popcount(High())); }
     std::size_t AsciiLength() const
     {
@@ -67,7 +67,7 @@ inline bool IsAscii(char byte)
     return static_cast<signed char>(byte) >= 0;
 }
 
-// How many bytes at the start are ASCII.
+// The number of ASCII bytes at the start.
 template <typename Block = AsciiBlock>
 std::size_t AsciiLength(const char* bytes, std::size_t length)
 {
@@ -85,8 +85,8 @@ std::size_t AsciiLength(const char* bytes, std::size_t length)
     return position;
 }
 
-// Copies ASCII from source to target up to the first other byte and returns how many bytes that was. May also write
-// after them, but never more than the length.
+// Copies ASCII from source to target up to the first other byte and returns the number of bytes copied. May also write
+// to the target after them, but never beyond the length.
 template <typename Block = AsciiBlock>
 std::size_t CopyAscii(char* target, const char* source, std::size_t length)
 {
@@ -102,7 +102,7 @@ std::size_t CopyAscii(char* target, const char* source, std::size_t length)
     return position;
 }
 
-// How many bytes are above 7F.
+// The number of bytes above 7F.
 inline std::size_t HighCount(const char* bytes, std::size_t length)
 {
     std::size_t count = 0;

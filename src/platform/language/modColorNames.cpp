@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colors by name.
+// Colours by name.
 #include "platform/language/modColorNames.h"
 
 namespace ob {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colors as the language has them: sixteen names and the system's button face.
+// The language's colours: sixteen names and the system's button face.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,7 @@
 
 namespace ob {
 
-// A colour as the language and the edit control hold it: red in the low byte.
+// A colour in the form that the language and the edit control use: red in the low byte.
 using ColorRef = std::uint32_t;
 
 constexpr ColorRef Rgb(unsigned red, unsigned green, unsigned blue)
@@ -28,7 +28,7 @@ inline constexpr std::array<std::string_view, ColorCount> ColorName = {
     "Black",     "White", "Lightgray", "Darkgray", "Red",      "Darkred", "Yellow",   "Brown",     "Green",
     "Darkgreen", "Cyan",  "Darkcyan",  "Blue",     "Darkblue", "Pink",    "Darkpink", "Buttonface"};
 
-// A colour's value by its name, case-sensitive; 0 for an unknown name.
+// The value of the colour with that name, case-sensitive; 0 for an unknown name.
 ColorRef ColorFromName(const QString& name);
 
 // The name of a colour whose value is given as decimal text; empty for an unknown one.

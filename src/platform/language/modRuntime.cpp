@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Numbers from texts and texts from numbers, in the served runtime's forms. Nothing here asks the user's locale.
+// Numbers from texts and texts from numbers, as the language's runtime does it. Nothing here depends on the user's
+// locale.
 #include "platform/language/modRuntime.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -18,7 +19,7 @@ namespace {
 
 enum class Range { Within, Beyond };
 
-// A number read from the start of a text, and how many characters it took.
+// A number read from the start of a text, and the number of characters read.
 struct ReadNumber {
     double value = 0;
     std::size_t length = 0;
@@ -30,7 +31,7 @@ bool IsDigit(char letter)
     return letter >= '0' && letter <= '9';
 }
 
-// The digits of one base behind a prefix, the digits starting at the position.
+// The digits of one base after a prefix; the digits start at the position.
 ReadNumber ReadPrefixed(std::string_view text, std::size_t position, int base)
 {
     const char* first = text.data() + position;
@@ -54,7 +55,7 @@ ReadNumber ReadPrefixed(std::string_view text, std::size_t position, int base)
     return result;
 }
 
-// Whether a number that no double can hold is too large, and not too small. The text is a mantissa and an exponent
+// Whether a number outside the range of a double is too large, not too small. The text is a mantissa and an exponent
 // mark with its digits, if any, at exponentAt.
 bool IsTooLarge(std::string_view text, std::size_t exponentAt)
 {
@@ -74,7 +75,7 @@ bool IsTooLarge(std::string_view text, std::size_t exponentAt)
     return magnitude + exponent > 0;
 }
 
-// The end of the exponent that may stand at the position: the position itself when there is none.
+// The end of the exponent at the position; the position itself when there is none.
 std::size_t EndOfExponent(std::string_view text, std::size_t position)
 {
     if (position == text.size() || (LowerAscii(text[position]) != 'e' && LowerAscii(text[position]) != 'd'))
@@ -141,7 +142,7 @@ double ValOfAscii(std::string text)
     return read.value;
 }
 
-// A text with every character beyond ASCII made one that no number holds.
+// The text with every non-ASCII character replaced by one that cannot be part of a number.
 std::string AsciiOf(QStringView text)
 {
     std::string ascii;
@@ -151,7 +152,7 @@ std::string AsciiOf(QStringView text)
     return ascii;
 }
 
-// Significant digits without zeros at their end, the first one standing for 10 to the exponent.
+// Significant digits without trailing zeros; the first one counts for 10 to the exponent.
 struct Digits {
     std::string digits;
     int exponent;
@@ -173,7 +174,7 @@ Digits DigitsOf(Number number, int precision)
     return result;
 }
 
-// A positive number in fixed form where the precision's digits reach for it, else with an exponent.
+// A positive number in fixed form where that takes no more digits than the precision, otherwise with an exponent.
 std::string FormOf(const Digits& number, int precision)
 {
     const std::string& digits = number.digits;
@@ -220,7 +221,7 @@ QString TextOf(Number number, int precision, Form form)
 constexpr int doubleDigits = 15;
 constexpr int floatDigits = 7;
 
-// A whole double, or an infinity or no number for what was that before.
+// The rounded value as a double; infinities and NaN stay what they are.
 double NearestWhole(double number)
 {
     const double below = std::floor(number);
@@ -234,7 +235,7 @@ template <class Whole>
 Whole RoundedWithin(double number)
 {
     const double whole = NearestWhole(number);
-    // The bound above the largest value is a power of two and so exact; "not within" also catches what is no number.
+    // The bound above the largest value is a power of two and so exact; "not within" also catches NaN.
     const double bound = std::ldexp(1.0, std::numeric_limits<Whole>::digits);
     if (!(whole >= -bound && whole < bound))
         throw RuntimeErrorOf(ErrorNumber::Overflow);

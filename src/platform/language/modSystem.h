@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which system the program is built for. A question about it is ordinary code, so the compiler reads both answers.
+// Which system the program is built for. Tests of it are ordinary code, so that the compiler checks both branches.
 #pragma once
 
 #include <filesystem>

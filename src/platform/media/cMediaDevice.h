@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What plays a media file. The seam between the command strings and the player that is loaded on the first one.
+// What plays a media file: the seam between the command strings and the player, which the first of them loads.
 #pragma once
 
 #include <QString>
@@ -17,20 +17,20 @@ public:
     cMediaDevice& operator=(const cMediaDevice&) = delete;
     virtual ~cMediaDevice() = default;
 
-    // 0 when the file does not tell.
+    // 0 when the file does not state it.
     virtual qint64 Length() const = 0;
 
-    // The length from the moment on at which nothing more is to come.
+    // Equals the length as soon as playing has ended.
     virtual qint64 Position() const = 0;
 
-    // Starts and comes back at once. Letting the device go stops it.
+    // Starts and returns at once. Destroying the device stops it.
     virtual void Play() = 0;
 };
 
-// Video may have sound, pictures or both; Sound is heard and never seen.
+// Video may have sound, pictures or both; Sound is never shown.
 enum class MediaKind { Video, Midi, Sound };
 
-// What this computer lacks, as opposed to a file that cannot be played. Without a sound device a file plays in silence.
+// What this computer lacks, as opposed to a file that cannot be played. Without a sound device a file plays silently.
 enum class MediaTrouble { None, NoPlayer, NoSoundFont, NoSoundDevice };
 
 struct OpenedMedia {
@@ -48,7 +48,7 @@ public:
     virtual OpenedMedia Open(MediaKind kind, const QString& path) = 0;
 };
 
-// The one function of the library MediaPlayerOB, which plays with what the system has.
+// The only function of the library MediaPlayerOB, which plays with the system's means.
 using MediaPlayerOB_DevicesFunction = cMediaDevices*();
 inline constexpr char MediaPlayerOB_DevicesName[] = "MediaPlayerOB_Devices";
 

@@ -30,7 +30,7 @@ struct NamedDevice {
 struct OpenMedia {
     std::vector<NamedDevice> named;
     std::unique_ptr<cMediaDevice> sound;
-    unsigned soundCount = 0; // tells a sound from the next one
+    unsigned soundCount = 0; // distinguishes a sound from the next one
     cMediaDevices* replaced = nullptr;
     MediaTrouble trouble = MediaTrouble::None;
 };
@@ -66,7 +66,7 @@ std::unique_ptr<cMediaDevice> OpenDevice(MediaKind kind, const QString& path)
     Q_UNUSED(isRegistered)
     OpenMedia& media = Media();
     media.trouble = MediaTrouble::None;
-    // A pipe or a folder would be waited for or make trouble further in.
+    // A pipe would block and a folder would fail later on.
     if (!FileExists(path))
         return nullptr;
     cMediaDevices* devices = media.replaced != nullptr ? media.replaced : LoadedDevices();
@@ -131,25 +131,25 @@ QString WithoutQuotes(QStringView name)
     return isQuoted ? text.sliced(1, text.size() - 2) : text;
 }
 
-// Cuts what stands behind the last of these words, which has blanks around it, off the text.
-std::optional<QString> CutBehind(QStringView& text, QLatin1String word)
+// Cuts the text at the last occurrence of the word, which includes its spaces, and returns what follows it.
+std::optional<QString> CutAfter(QStringView& text, QLatin1String word)
 {
     const qsizetype place = text.lastIndexOf(word, -1, Qt::CaseInsensitive);
     if (place < 0)
         return std::nullopt;
-    const QString behind = TrimBlanks(text.sliced(place + word.size()));
+    const QString tail = TrimBlanks(text.sliced(place + word.size()));
     text = text.first(place);
-    return behind;
+    return tail;
 }
 
 Answer Open(QStringView rest)
 {
-    const std::optional<QString> alias = CutBehind(rest, QLatin1String(" alias "));
+    const std::optional<QString> alias = CutAfter(rest, QLatin1String(" alias "));
     const qsizetype mark = rest.indexOf(u'!');
     std::optional<MediaKind> kind = mark < 0 ? std::nullopt : KindOf(rest.first(mark));
     if (kind)
         rest = rest.sliced(mark + 1);
-    else if (const std::optional<QString> type = CutBehind(rest, QLatin1String(" type ")))
+    else if (const std::optional<QString> type = CutAfter(rest, QLatin1String(" type ")))
         kind = KindOf(*type);
     if (!kind)
         return {MciResult::InvalidDeviceName};
@@ -169,12 +169,12 @@ Answer Open(QStringView rest)
 Answer Status(QStringView rest)
 {
     const QString text = TrimBlanks(rest);
-    const qsizetype blank = text.lastIndexOf(u' ');
-    const auto place = Find(TrimBlanks(QStringView(text).first(std::max<qsizetype>(blank, 0))));
+    const qsizetype space = text.lastIndexOf(u' ');
+    const auto place = Find(TrimBlanks(QStringView(text).first(std::max<qsizetype>(space, 0))));
     if (place == Media().named.end())
         return {MciResult::InvalidDeviceName};
     const cMediaDevice& device = *place->device;
-    const QString item = LowerAscii(QStringView(text).sliced(blank + 1));
+    const QString item = LowerAscii(QStringView(text).sliced(space + 1));
     if (item == QLatin1String("length"))
         return {MciResult::Done, QByteArray::number(device.Length())};
     if (item == QLatin1String("position"))
@@ -210,7 +210,7 @@ Answer Close(QStringView rest)
 {
     const QString alias = TrimBlanks(rest);
     if (EqualsIgnoreCase(alias, QLatin1String("all"))) {
-        // Taken out first, so that what happens while a device goes finds nothing of it.
+        // Removed first, so that nothing finds a device that is being destroyed.
         const auto closing = std::exchange(Media().named, {});
         return {};
     }
@@ -227,16 +227,16 @@ Answer Run(const QString& command)
     const QString text = TrimBlanks(command);
     if (text.isEmpty())
         return {MciResult::MissingCommandString};
-    const qsizetype blank = text.indexOf(u' ');
-    const QString verb = LowerAscii(blank < 0 ? QStringView(text) : QStringView(text).first(blank));
-    const QStringView rest = blank < 0 ? QStringView() : QStringView(text).sliced(blank);
+    const qsizetype space = text.indexOf(u' ');
+    const QString verb = LowerAscii(space < 0 ? QStringView(text) : QStringView(text).first(space));
+    const QStringView rest = space < 0 ? QStringView() : QStringView(text).sliced(space);
     if (verb == QLatin1String("open"))
         return Open(rest);
     if (verb == QLatin1String("status"))
         return Status(rest);
     if (verb == QLatin1String("play"))
         return Play(rest);
-    // A device that has stopped does nothing more than one that is gone.
+    // A stopped device does no more than a closed one.
     if (verb == QLatin1String("close") || verb == QLatin1String("stop"))
         return Close(rest);
     return {MciResult::UnrecognizedCommand};

@@ -9,7 +9,7 @@
 
 namespace ob {
 
-// What a command gives, by the interface's own numbers.
+// The result of a command, by the interface's own numbers.
 enum class MciResult {
     Done = 0,
     UnrecognizedCommand = 261,
@@ -27,24 +27,24 @@ enum class MciResult {
 //   open DEVICE!FILE alias NAME           DEVICE is avivideo, mpegvideo, sequencer or waveaudio
 //   open FILE type DEVICE alias NAME      without "alias" the file's name is the alias
 //   status NAME length|position|mode      milliseconds; mode is "playing" or "stopped"
-//   play NAME [wait]                      comes back at once, or with "wait" when it has ended
+//   play NAME [wait]                      returns at once, or with "wait" when playing has ended
 //   stop NAME, close NAME, close all
 //
-// The answer stands at the buffer's start and ends in a NUL, what is behind it stays; no buffer and size 0 are fine.
-// Nothing calls back, so `callback` is 0.
+// The answer is written to the start of the buffer and ends in a NUL; the rest of the buffer is unchanged. No buffer
+// and size 0 are allowed. There are no callbacks, so `callback` is 0.
 MciResult mciSendStringA(const QString& command, QByteArray* buffer, int size, int callback);
 
 enum SoundFlag : unsigned { SND_SYNC = 0, SND_ASYNC = 1, SND_NODEFAULT = 2 };
 
-// Ends the sound in progress, then plays the file, without SND_ASYNC to its end. A name without folder and ending is
-// that of a system's sound, and there are none here. False when nothing can be played.
+// Ends the sound in progress, then plays the file, without SND_ASYNC to its end. A name without folder and extension is
+// that of a system sound, and there are none here. False when nothing can be played.
 bool sndPlaySoundA(const QString& file, unsigned flags);
 
-// What this computer lacked when a file was opened last.
+// What this computer lacked when the last file was opened.
 MediaTrouble LastMediaTrouble();
 
-// The devices in use: those of the library MediaPlayerOB, or those that a test has put in their place. The owner keeps
-// them alive; null brings the library's back. All that is open is closed. Gives what a test had put there before.
+// The devices in use: those of the library MediaPlayerOB, or those that a test has set instead. The owner keeps them
+// alive; null restores the library's. Closes everything that is open. Returns what a test had set before.
 cMediaDevices* SetMediaDevices(cMediaDevices* devices);
 
 } // namespace ob

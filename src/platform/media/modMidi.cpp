@@ -12,7 +12,7 @@ namespace {
 constexpr std::uint8_t TempoMark = 0xFF; // an event of our own: microseconds a beat in `offset`
 constexpr double UsualTempo = 500'000;   // microseconds a beat
 
-// Bytes that are read in turn; a read beyond the end gives zeros and makes the cursor fail.
+// Bytes read in sequence; a read beyond the end yields zeros and makes the cursor fail.
 class Cursor {
 public:
     Cursor(QByteArrayView all, qsizetype from, qsizetype count) : bytes(all), place(from), end(from + count) {}
@@ -69,13 +69,13 @@ private:
     bool failed = false;
 };
 
-// While a file is read, `time` counts ticks.
+// While a file is read, `time` is in ticks.
 struct Reading {
     std::vector<MidiEvent> events;
     std::int64_t end = 0;
 };
 
-// Takes one message. False at the track's end, or where the bytes make no sense.
+// Reads one message. False at the track's end, or where the bytes make no sense.
 bool TakeMessage(Cursor& in, std::uint8_t& running, std::int64_t tick, Reading& reading)
 {
     MidiEvent event;
@@ -101,7 +101,7 @@ bool TakeMessage(Cursor& in, std::uint8_t& running, std::int64_t tick, Reading& 
         event.offset = static_cast<std::uint32_t>(in.Place());
         const bool opens = event.status == 0xF0;
         in.Skip(event.length);
-        // Only messages that stand whole in one piece are passed on.
+        // Only messages that are complete in one piece are passed on.
         if (!in.Failed() && opens && event.length > 0) {
             event.length -= 1;
             reading.events.push_back(event);
@@ -135,7 +135,7 @@ void ReadTrack(Cursor in, std::int64_t start, Reading& reading)
     reading.end = std::max(reading.end, tick);
 }
 
-// Where the MIDI file begins: behind the head of a RIFF container, if there is one.
+// The start of the MIDI file: after the header of a RIFF container, if there is one.
 qsizetype StartOf(QByteArrayView file)
 {
     if (!file.startsWith("RIFF") || file.size() < 12 || file.sliced(8, 4) != QByteArrayView("RMID", 4))
@@ -152,7 +152,7 @@ qsizetype StartOf(QByteArrayView file)
     return 0;
 }
 
-// Microseconds a tick where the file counts in parts of a second; 0 where it counts in beats.
+// Microseconds a tick where the file's unit is a fraction of a second; 0 where it is a fraction of a beat.
 double FixedTickLength(std::uint32_t division)
 {
     if ((division & 0x8000U) == 0)
@@ -165,7 +165,7 @@ double FixedTickLength(std::uint32_t division)
 
 std::int64_t Microseconds(double time)
 {
-    // A file can claim to last longer than the stars; every number up to here is exact.
+    // A file can claim any length; every number up to this one is exact.
     constexpr double longest = 9e15;
     return static_cast<std::int64_t>(std::min(time, longest));
 }
@@ -212,7 +212,7 @@ std::optional<MidiSong> ReadMidi(QByteArrayView file)
         return std::nullopt;
     const std::uint32_t headLength = in.Number(4);
     const std::uint32_t format = in.Number(2);
-    in.Skip(2); // how many tracks there are shows later
+    in.Skip(2); // the number of tracks is found later
     const std::uint32_t division = in.Number(2);
     if (in.Failed() || headLength < 6 || division == 0)
         return std::nullopt;
