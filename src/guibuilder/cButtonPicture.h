@@ -8,7 +8,7 @@ class QImage;
 
 namespace ob {
 
-// A value that is copied and destroyed without the picture library: a form's text needs that library for nothing else.
+// A value that is copied and destroyed without the picture library, which a form's text needs for nothing else.
 class cButtonPicture {
 public:
     cButtonPicture() = default;

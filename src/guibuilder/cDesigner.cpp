@@ -97,7 +97,7 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
     }
     const auto control = ControlAt(form, point);
     if (button == MouseButton::Right && control) {
-        // The properties come up at once; the control is in front when they have gone.
+        // The properties appear at once; the control comes to the front after they are closed.
         ClearSelection();
         if (MarksWhenPressed(control->kind))
             design.GuiFormModified = true;
@@ -112,7 +112,7 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
         grip = Difference(point, *handle == Handle::Lower ? handles->lower : handles->upper);
         return {};
     }
-    // A groupbox is there to be drawn into.
+    // Other controls are drawn inside a groupbox.
     if (GuiPlacing && (!control || control->kind == ControlKind::Groupbox)) {
         GuiDragged = false;
         action = Action::Placing;
@@ -142,7 +142,7 @@ void cDesigner::PressControl(ControlRef ref, SurfacePoint point, PressMode mode)
     } else if (!IsSelected(ref)) {
         selection = {ref};
     } else {
-        // The others follow it and are measured by it.
+        // The others are moved with it, relative to it.
         std::erase(selection, ref);
         selection.insert(selection.begin(), ref);
     }
@@ -188,7 +188,7 @@ void cDesigner::DragControls(SurfacePoint point)
     narrows = false;
     SpoilSelection();
     MoveControls(form, selection, step.x, step.y);
-    // Not by steps alone: many of them would let a fraction grow.
+    // Not only by steps: a rounding error would accumulate over many of them.
     form.At(pressed).left = place.x;
     form.At(pressed).top = place.y;
     SpoilSelection();
@@ -375,7 +375,7 @@ void cDesigner::Paste()
         return;
     design.GuiFormModified = true;
     selection = PasteControls(form, GuiCopies, scale);
-    // A second paste goes on from the first one's place.
+    // A second paste continues from the place of the first.
     GuiCopies = CopyControls(form, selection);
     Changed();
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The drawing surface without a screen: what presses, moves and keys do to the form under design, what is selected,
-// and what has to be painted anew. All places are twips on the surface.
+// The drawing surface without a screen: what presses, moves and keys do to the form under design, what is selected, and
+// what has to be repainted. All places are twips on the surface.
 #pragma once
 
 #include "guibuilder/cFormHistory.h"
@@ -13,16 +13,16 @@ namespace ob {
 
 class cDesigner {
 public:
-    // Lives as long as the main window: locks, copies and the tool chosen last outlive the form that they come from.
+    // Lives as long as the main window: locks, copies and the last tool outlive the form that they come from.
     cDesigner(FormDesign& target, SurfaceScale screen);
 
-    // The form window has been made: nothing is armed, locked or selected, and there is no step to undo.
+    // The form window has been created: nothing is armed, locked or selected, and there is nothing to undo.
     void FormLoaded();
-    // The form window has gone, and the armed tool and all steps with it.
+    // The form window has been closed, which also ends the armed tool and all steps.
     void FormUnloaded();
 
     enum class MouseButton { Left, Right, Other };
-    // Adding: the press adds to the selection or takes from it.
+    // Adding: the press adds to the selection or removes from it.
     enum class PressMode { Plain, Adding };
 
     // What the window has to do after an event.
@@ -36,7 +36,7 @@ public:
     bool IsArmed() const { return GuiPlacing; }
     bool IsArmed(const QString& toolName) const { return GuiPlacing && GuiToolName == toolName; }
 
-    // Locked controls neither move nor change their size.
+    // Locked controls can be neither moved nor resized.
     void Lock() { GuiLocked = true; }
     void Unlock() { GuiLocked = false; }
     bool IsLocked() const { return GuiLocked; }
@@ -45,13 +45,13 @@ public:
     void Drag(SurfacePoint point); // with the left button down
     Request Release(SurfacePoint point, MouseButton button);
 
-    // Ends what the mouse is at without a trace, and disarms the tool.
+    // Cancels the current mouse action without a trace, and disarms the tool.
     void Cancel();
 
     enum class Pointer { Arrow, Cross, Move, Size, NoDrop };
     Pointer PointerAt(SurfacePoint point) const;
 
-    // Keys and commands on the selection; each that changes something is one step to undo.
+    // Keys and commands on the selection; each change is one step to undo.
     enum class KeyPress { First, Repeated }; // repeats of a key that is held down are one step
     void Nudge(float x, float y, KeyPress press = KeyPress::First);
     void Grow(float width, float height, KeyPress press = KeyPress::First);
@@ -73,7 +73,7 @@ public:
     void Commit(cFormHistory::WindowRect rect = cFormHistory::WindowRect::Drawn);
     // Names and branches were filled in by a save or a compilation.
     void Adopt() { history.Adopt(form); }
-    // Another form stands in the place of the old one.
+    // The form has been replaced by another.
     void Restart();
 
     const std::vector<ControlRef>& Selection() const { return selection; }
@@ -84,7 +84,7 @@ public:
     const GuiForm& Form() const { return form; }
     SurfaceScale Scale() const { return scale; }
 
-    // What changed on the surface since the last call. Nothing means all of it.
+    // The changes on the surface since the last call; nothing means all of it.
     struct Damage {
         bool everything = false;
         std::vector<SurfaceRect> parts;
@@ -106,32 +106,32 @@ private:
     void SpoilControl(ControlRef ref);
     void SpoilSelection();
     void Changed(KeyPress press = KeyPress::First); // a command of the keyboard has changed the form
-    void MarkAsPress(); // the form is modified by the kinds that mark it when they are pressed
+    void MarkAsPress();                             // modifies the form for the kinds that mark it when pressed
     void Take(const std::optional<GuiForm>& step);
 
     FormDesign& design;
     GuiForm& form; // of the design
     SurfaceScale scale;
     cFormHistory history;
-    std::vector<ControlRef> selection; // the first is the one that others are aligned with
+    std::vector<ControlRef> selection; // the others are aligned with the first
     std::optional<HandlePlaces> handles;
 
     // The tool and the lock.
     bool GuiPlacing = false; // a control tool is armed
-    bool GuiDragged = false; // the pointer has left the anchor's neighbourhood
+    bool GuiDragged = false; // the pointer has moved away from the anchor
     bool GuiLocked = false;
-    QString GuiToolName; // of the tool armed last: KindTraits::toolName
+    QString GuiToolName; // of the last armed tool: KindTraits::toolName
 
-    // What Copy took.
+    // The controls taken by Copy.
     std::vector<CopiedControl> GuiCopies;
 
-    // The press that is under way.
+    // The current press.
     Action action = Action::None;
     SurfacePoint anchor; // where the button went down
     SurfacePoint end;    // where the pointer is
     SurfacePoint grip;   // of the pressed control or handle
     ControlRef pressed;
-    bool taken = false;   // the press has had its answer; its release has none
+    bool taken = false;   // the press has been handled; its release does nothing
     bool narrows = false; // a press without a move leaves only the pressed control selected
     Damage damage;
 };

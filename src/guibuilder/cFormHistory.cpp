@@ -28,8 +28,7 @@ void cFormHistory::Restart(const GuiForm& form)
     current = form;
 }
 
-// What is no step: where the user has drawn the window, what lies in front of what, and how far the window defaults
-// got.
+// Not a step: where the user has moved the window, the stacking order, and the state of the window defaults.
 void cFormHistory::Settle(const GuiForm& form, WindowRect rect)
 {
     if (rect == WindowRect::Drawn)
@@ -106,7 +105,7 @@ std::optional<GuiForm> cFormHistory::Step(std::deque<GuiForm>& from, std::deque<
     to.push_back(std::move(current));
     if (!setRect)
         TakeWindowRect(target, form);
-    // The tag follows the type, once it has done so; a form whose defaults were confirmed stays one.
+    // Once the tag follows the type it keeps doing so; a form whose defaults were confirmed stays confirmed.
     const bool tagIsType =
         std::ranges::any_of(WindowTypes, [&](std::string_view type) { return form.windowTag == LatinText(type); });
     target.windowTag = tagIsType ? target.GuiWindowType : form.windowTag;

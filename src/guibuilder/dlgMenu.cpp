@@ -33,7 +33,7 @@ void AddLine(QListWidget& list, const QString& text)
     list.addItem(line);
 }
 
-// Whether the keyboard led to the control, and not the mouse or the program.
+// Whether the control got the focus by the keyboard, not by the mouse or the program.
 bool CameByKey(Qt::FocusReason reason)
 {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
@@ -57,7 +57,7 @@ void dlgMenu::done(int result)
 {
     RunCommand([] {
         GuiDesign().form.menuLabel = EditedMenuLabel(GuiDesign().form);
-        // The main window may be going, and this one with it.
+        // The main window may be closing, and this one with it.
         if (MainForm != nullptr)
             MainForm->RefreshGui();
     });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Edits the menus of the form under design. Each step is in the form at once; there is no cancel.
+// Edits the menus of the form under design. Each step changes the form at once; there is no cancel.
 #pragma once
 
 #include "guibuilder/modMenuEditor.h"
@@ -26,7 +26,7 @@ public:
     explicit dlgMenu(QWidget* parent = nullptr);
     ~dlgMenu() override;
 
-    // However the window is left, the designed window's menu bar shows the menus as they are now.
+    // However the dialog is closed, the designed window's menu bar shows the menus as they are now.
     void done(int result) override;
 
 protected:
@@ -35,7 +35,7 @@ protected:
 private:
     enum class Buttons { Off, On };
 
-    // What a list's keys press.
+    // The buttons that a list's keys press.
     struct ListButtons {
         QPushButton* add;
         QPushButton* edit;
@@ -68,7 +68,7 @@ private:
     void EnableItemButtons(Buttons state);
 
     std::unique_ptr<Ui::dlgMenu> ui;
-    int currentMenu = 0; // stays when no name is selected any more
+    int currentMenu = 0; // kept when no name is selected any more
 };
 
 } // namespace ob

@@ -24,7 +24,7 @@ frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::mak
     ShowValues(DefaultsOf(GuiDesign().form, ScreenScale()));
     StatusActive();
     ShowNote();
-    // Of a long text the beginning tells more.
+    // Of a long text the beginning is more useful.
     for (QLineEdit* field : findChildren<QLineEdit*>())
         field->home(false);
     ui->txtCaption->setFocus();

@@ -43,8 +43,8 @@ private:
 
 enum class DefaultsEnd { Cancelled, Confirmed };
 
-// Shows the dialog modally over the main window; OK shows the form anew. The choice of a window type and the menu's
-// box work at once, and stay when the dialog is cancelled.
+// Shows the dialog modally over the main window; OK refreshes the form. The window type and the menu's check box take
+// effect at once, and remain when the dialog is cancelled.
 DefaultsEnd ShowColorDefault();
 
 } // namespace ob

@@ -16,10 +16,10 @@ namespace {
 constexpr QSize SwatchSize(28, 14);
 constexpr int ButtonfacePlace = ColorCount - 1;
 
-// Grey stands off from a light ground and a dark one, and so from every colour between.
+// Grey contrasts with both light and dark backgrounds, and so with every colour between.
 constexpr QColor OutlineColor(128, 128, 128);
 
-// A key as buttons look now: round corners, lit from above.
+// Drawn like a current button: round corners, lit from above.
 void PaintButton(QPainter& painter, const QRectF& outline, const QPalette& colors)
 {
     const QColor face = colors.color(QPalette::Button);

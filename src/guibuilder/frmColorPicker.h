@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A box to choose one of the language's colours by name, each beside a swatch of it.
+// A box to choose one of the language's colours by name, each next to a swatch of it.
 #pragma once
 
 #include <QComboBox>
@@ -13,8 +13,8 @@ class frmColorPicker final : public QComboBox {
 public:
     explicit frmColorPicker(QWidget* parent = nullptr);
 
-    // Chooses the colour of that name, case-sensitive. A name that is none of them chooses nothing: it is shown in
-    // place of a choice and stays the picker's name until the user chooses a colour.
+    // Chooses the colour of that name, case-sensitive. An unknown name chooses nothing: it is shown in place of a
+    // choice and remains the picker's name until the user chooses a colour.
     void SelectName(const QString& name);
     QString Name() const;
 

@@ -105,7 +105,7 @@ void frmGui::MakeStatusBar()
     lblStatusbar->setObjectName(QStringLiteral("lblStatusbar"));
     lblStatusbar->setAutoFillBackground(true);
     lblStatusbar->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    // The panels need their room first.
+    // The panels need their space first.
     lblStatusbar->setMinimumWidth(0);
     lblStatusbar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     panelRow = new QHBoxLayout(sBar);
@@ -124,7 +124,7 @@ void frmGui::Join(QMdiSubWindow& window)
     Refresh();
 }
 
-// Where the form wants its window, in pixels.
+// The form's rectangle for its window, in pixels.
 QRect frmGui::FormRect() const
 {
     const SurfaceScale scale = designer.Scale();
@@ -139,7 +139,7 @@ void frmGui::PlaceWindow()
         return;
     wantedRect = wanted;
     shownRect = {};
-    // Whatever the form says, there must be something to grab.
+    // Whatever the form's rectangle, part of the frame must stay within reach.
     const QSize size = wanted.size().expandedTo(QSize(LeastWidth, LeastHeight));
     shownScroll = ScrollPlace();
     frame->setGeometry(QRect(wanted.topLeft() - shownScroll, size));
@@ -153,14 +153,14 @@ QPoint frmGui::ScrollPlace() const
                            : QPoint(area->horizontalScrollBar()->value(), area->verticalScrollBar()->value());
 }
 
-// Only a side that the user has drawn elsewhere gets a new measure: those of a file may have fractions, and be too
-// small for a window of this desktop.
+// Only a side that the user has moved gets a new value: those of a file may have fractions, or be too small for a
+// window of this desktop.
 void frmGui::TakeWindowRect()
 {
     const QRect now = frame->geometry();
     if (frame->isMinimized() || frame->isMaximized() || !shownRect.isValid() || !frame->isVisible())
         return;
-    // The area that scrolls moves the frame, not the form.
+    // Scrolling the area moves the frame, not the form.
     const QPoint scroll = ScrollPlace();
     const QPoint moved = now.topLeft() - shownRect.topLeft() + (scroll - shownScroll);
     const SurfaceScale screen = designer.Scale();
@@ -173,7 +173,7 @@ void frmGui::TakeWindowRect()
     wantedRect = FormRect();
 }
 
-// A maximized form is no form: its size is part of it. What was set while it was an icon shows when it comes back.
+// A form cannot be maximized: its size is part of it. What was set while it was minimized shows when it is restored.
 void frmGui::TakeWindowState()
 {
     const bool refused = frame->isMaximized();
@@ -253,7 +253,7 @@ void frmGui::ArmTool(const QString& toolName)
 
 void frmGui::closeEvent(QCloseEvent* event)
 {
-    // The question is about this form, and saving asks for the active child.
+    // The question is about this form, and saving applies to the active child.
     if (design.GuiFormModified)
         BringUp();
     UnloadAnswer answer = UnloadAnswer::Stay;

@@ -27,7 +27,7 @@ public:
     // The window in the area that holds this one, once it has been made.
     void Join(QMdiSubWindow& window);
 
-    // Shows what the form under design holds.
+    // Shows the form under design.
     void Refresh();
 
     // The form window has become the active child.
@@ -68,9 +68,9 @@ private:
     std::vector<QLabel*> panelLabels;
     QLabel* lblStatusbar = nullptr;
     QMdiSubWindow* frame = nullptr;
-    QRect wantedRect;   // where the form wants the frame
-    QPoint shownScroll; // of the area, at that time
-    QRect shownRect;    // where it came to stand, so that only what the user changes goes into the form
+    QRect wantedRect;   // of the frame, from the form
+    QPoint shownScroll; // of the area at that time
+    QRect shownRect;    // where it actually is, so that only the user's changes go into the form
 };
 
 } // namespace ob

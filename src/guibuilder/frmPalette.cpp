@@ -23,9 +23,9 @@ enum class Needs { Nothing, Form };
 struct ToolRow {
     const char* name; // also its tip
     const char* icon;
-    int place; // in its group as shown, two a row: form and program first, then the controls
+    int place; // in its group as shown, two in a row: form and program first, then the controls
     Needs needs;
-    void (*use)(frmGui* gui); // null for a tool that arms; the form window is there when the tool needs it
+    void (*use)(frmGui* gui); // null for a tool that arms; the form window exists if the tool needs it
     const char* arms;         // KindTraits::toolName; null for a command
 };
 

@@ -21,13 +21,13 @@ class frmPalette final : public QFrame {
 public:
     explicit frmPalette(cDesigner& target, QWidget* parent = nullptr);
 
-    // The form window that the tools work on; null while there is none.
+    // The form window that the tools apply to; null while there is none.
     void Follow(frmGui* window);
 
-    // The tools show how the form is: which can be used, which one is armed, grid and lock.
+    // Updates the tools from the form: which are enabled, which one is armed, grid and lock.
     void Refresh();
 
-    // By the tool's name, which is its tip; a name that is not there is passed over.
+    // By the tool's name, which is its tip; an unknown name is ignored.
     void EnableTool(const QString& name, bool enable);
 
 Q_SIGNALS:
@@ -46,7 +46,7 @@ private:
     QToolButton* chkGrid = nullptr;
     QToolButton* chkLock = nullptr;
     std::vector<QToolButton*> cmdTools;
-    std::vector<bool> usable; // by what the form allows; none is while there is no form
+    std::vector<bool> usable; // as the form allows; none while there is no form
 };
 
 } // namespace ob

@@ -24,7 +24,7 @@ constexpr int LightGround = 128; // a lightness from 0 to 255, and brighter
 constexpr QColor RedOnLight(176, 28, 28);
 constexpr QColor RedOnDark(255, 138, 128);
 
-// What the picture in that file is like for the button, and the picture itself; a null one when there is none.
+// A description of the picture in that file, and the picture itself; null when there is none.
 struct Preview {
     QString words;
     QImage picture;
@@ -63,7 +63,7 @@ frmProp::frmProp(ControlRef edited, const QString& kindWord, QWidget* parent)
     const bool hasBitmap = control.kind == ControlKind::Bmpbutton;
     ui->picPreview->setVisible(hasBitmap);
     ui->lblPreview->setVisible(hasBitmap);
-    // Of a long text the beginning tells more, of a path the end.
+    // Of a long text the beginning is more useful, of a path the end.
     for (QLineEdit* field : findChildren<QLineEdit*>())
         if (field != ui->txtBitmap)
             field->home(false);

@@ -15,7 +15,7 @@ class frmProp;
 
 namespace ob {
 
-// How the dialog ended. Confirmed also when OK put the fields into the control, then asked for a bitmap, and the
+// How the dialog ended. Confirmed also when OK had stored the fields in the control, then asked for a bitmap, and the
 // dialog was cancelled after that.
 enum class PropEnd { Cancelled, Confirmed, Deleted };
 
@@ -48,8 +48,8 @@ private:
     PropEnd end = PropEnd::Cancelled;
 };
 
-// Shows the dialog modally over the main window, titled with the kind word (KindTraits::propWord) of the control; while
-// a form is being loaded nothing happens. Shows the form anew when it has changed.
+// Shows the dialog modally over the main window, titled with the kind word (KindTraits::propWord) of the control; does
+// nothing while a form is being loaded. Refreshes the form if it has changed.
 PropEnd ShowProp(ControlRef control, const QString& kindWord);
 
 } // namespace ob

@@ -252,7 +252,7 @@ bool frmSurface::TakeArrow(const QKeyEvent& event)
     return true;
 }
 
-// A step back or forth may be one of the menus, the panels or the window.
+// Undo or redo may change the menus, the panels or the window.
 void frmSurface::TakeStep(void (cDesigner::*step)())
 {
     (designer.*step)();
@@ -299,7 +299,7 @@ void frmSurface::keyPressEvent(QKeyEvent* event)
     Q_EMIT ToolUsed();
 }
 
-// Tab goes from control to control, as it will in the program.
+// Tab moves from control to control, as it will in the program.
 bool frmSurface::focusNextPrevChild(bool next)
 {
     designer.SelectNext(next ? 1 : -1);

@@ -19,9 +19,9 @@ public:
     explicit frmSurface(cDesigner& target, QWidget* parent = nullptr);
     ~frmSurface() override;
 
-    // The form has been changed by others than the surface: fonts, colours and all controls are shown anew.
+    // The form has been changed from outside the surface: refreshes fonts, colours and all controls.
     void Refresh();
-    // Another form stands in the place of the old one; nothing of that can be undone.
+    // The form has been replaced by another, which cannot be undone.
     void Restart();
 
     void ArmTool(const QString& toolName);
@@ -31,7 +31,7 @@ public:
     cDesigner& Designer() { return designer; }
     const SurfaceStyle& Style() const { return *style; }
 
-    // Where a place of the surface is on the widget, and the other way.
+    // From a place on the surface to one on the widget, and the reverse.
     SurfacePoint PointAt(QPointF pixel) const;
     QRect PixelsOf(const SurfaceRect& rect) const;
 

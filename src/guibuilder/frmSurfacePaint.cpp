@@ -33,15 +33,14 @@ constexpr int ArrowHeight = 4;
 constexpr int MarkSide = 13; // of check boxes and radio buttons
 constexpr int MarkGap = 4;   // between the mark and its caption
 constexpr int FieldIndent = 3;
-constexpr int GroupIndent = 8; // of a group's caption, from the frame's corner
-constexpr int GroupGap = 2;    // between the caption and the frame at both sides
+constexpr int GroupIndent = 8; // of a group's caption, from the corner of the frame
+constexpr int GroupGap = 2;    // between the caption and the frame, on both sides
 constexpr int GridStep = 10;
 constexpr int FirstDotTwips = 10;
 constexpr int DashLength = 4;
 
-// A painter whose unit is the device's pixel as long as it lives: edges at a scale of 1.5 would be blurred, or of
-// uneven strength, in the surface's own pixels. At no scale both are the same. The painter gets back its unit at the
-// end.
+// A painter whose unit is the device's pixel during its lifetime: at a scale of 1.5, edges in the surface's own pixels
+// would be blurred or uneven. Without a scale both are the same. The painter's unit is restored at the end.
 class Canvas {
 public:
     explicit Canvas(QPainter& target)
@@ -77,7 +76,7 @@ public:
         const int top = Y(pixels.y());
         return {left, top, X(pixels.x() + pixels.width()) - left, Y(pixels.y() + pixels.height()) - top};
     }
-    // What of the device can be painted at all.
+    // The part of the device that can be painted at all.
     QRect Bounds() const
     {
         QRectF bounds = world.inverted().mapRect(QRectF(painter.window()));
@@ -93,14 +92,14 @@ public:
         if (!rect.isEmpty())
             painter.fillRect(rect, color);
     }
-    // Many small ones cost a fraction of what they do one by one.
+    // Many small ones at once cost a fraction of the calls one by one.
     void Fill(std::span<const QRect> rects, QColor color) const
     {
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
         painter.drawRects(rects.data(), static_cast<int>(rects.size()));
     }
-    // The runs of a text whose upper left corner is there; letters stay within the rectangle.
+    // The runs of a text whose upper left corner is there, clipped to the rectangle.
     void Text(const SurfaceText& text, double left, double top, QRect within, QColor color) const
     {
         if (within.isEmpty() || text.runs.isEmpty())
@@ -132,7 +131,7 @@ public:
     }
 
     QPainter& painter;
-    int line = 1; // the strength of an edge in device pixels
+    int line = 1; // the width of an edge in device pixels
     double scaleX = 1;
     double scaleY = 1;
 
@@ -152,7 +151,7 @@ QRect Inside(QRect rect, int margin)
     return rect.adjusted(margin, margin, -margin, -margin);
 }
 
-// One line inside the rectangle. Left and top give way to right and bottom in the corners.
+// One line inside the rectangle. In the corners right and bottom cover left and top.
 void Edge(const Canvas& canvas, QRect rect, QRgb upperLeft, QRgb lowerRight)
 {
     if (rect.isEmpty())
@@ -186,7 +185,7 @@ QRect SunkenField(const Canvas& canvas, QRect rect, QColor color)
 
 enum class Arrow { Up, Down, Left, Right };
 
-// A triangle of rows that grow by two device pixels, so that its slopes are even at any scale.
+// A triangle of rows, each two device pixels wider than the last, so that its slopes are even at any scale.
 void Triangle(const Canvas& canvas, QPoint center, Arrow arrow, QRgb color)
 {
     const bool isUpright = arrow == Arrow::Up || arrow == Arrow::Down;
@@ -204,7 +203,7 @@ void Triangle(const Canvas& canvas, QPoint center, Arrow arrow, QRgb color)
     canvas.Fill(rows, color);
 }
 
-// A dim one has nothing to scroll.
+// A dimmed one has nothing to scroll.
 enum class ArrowState { Ready, Dim };
 
 void ArrowButton(const Canvas& canvas, QRect rect, Arrow arrow, ArrowState state)
@@ -255,13 +254,13 @@ void PaintBmpbutton(const Canvas& canvas, const SurfaceStyle& style, const Contr
 {
     const QRect inside = RaisedFace(canvas, rect);
     if (control.picture.IsNull()) {
-        // A picture that was not found: its file's name says more than its folder.
+        // For a picture that was not found the file's name is more useful than its folder.
         const QString name =
             control.caption.mid(1 + std::max(control.caption.lastIndexOf(u'\\'), control.caption.lastIndexOf(u'/')));
         CenteredText(canvas, style.SmallLine(name), inside, QColor(ButtonText));
         return;
     }
-    // As large as the button, the picture covers its edges, as it does in the program.
+    // A picture as large as the button covers the button's edges, as it does in the program.
     const QSize full(canvas.Across(control.picture.Image().width()), canvas.Down(control.picture.Image().height()));
     const QPoint place(rect.x() + std::max(0, (rect.width() - full.width()) / 2),
                        rect.y() + std::max(0, (rect.height() - full.height()) / 2));
@@ -371,7 +370,7 @@ bool IsDarkSurface(const QString& name)
     return std::ranges::any_of(dark, [&](std::string_view each) { return name == LatinText(each); });
 }
 
-// The first dot at or behind that place.
+// The first dot at or after that place.
 int DotFrom(int place, int firstDot)
 {
     const int steps = (place - firstDot + GridStep - 1) / GridStep;
@@ -392,7 +391,7 @@ QRect PaintedRect(const GuiForm& form, ControlRef ref, SurfaceScale scale)
     if (!control.visible)
         return {};
     const QRect rect = PixelRect(control, scale);
-    // At a scale of 1.5 an edge may lie half a device's pixel further out.
+    // At a scale of 1.5 an edge may be half a device pixel further out.
     return rect.isEmpty() ? QRect() : rect.adjusted(-1, -1, 1, 1);
 }
 
@@ -463,7 +462,7 @@ void PaintHandles(QPainter& painter, QRect lowerRight, QRect upperLeft, HandleSt
 
 void PaintSelectionFrame(QPainter& painter, QRect control)
 {
-    // White on both sides of it keeps the blue apart from any colour.
+    // White on both sides sets the blue off from any colour.
     constexpr QRgb blue = qRgb(0, 90, 200);
     const Canvas canvas(painter);
     const QRect rect = canvas.Rect(control);
@@ -479,7 +478,7 @@ void PaintRubberBand(QPainter& painter, QRect band)
     if (rect.isEmpty())
         return;
     Edge(canvas, rect, Highlight, Highlight);
-    // Only the dashes that are seen: a band may reach far beyond the window.
+    // Only the visible dashes: a band may extend far beyond the window.
     const QRect seen = rect & canvas.Bounds();
     if (seen.isEmpty())
         return;

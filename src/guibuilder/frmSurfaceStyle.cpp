@@ -21,7 +21,7 @@ namespace {
 
 constexpr ColorRef SystemColorMark = 0x80000000;
 
-// The system's colours in the order of their numbers, as a usual desktop has them.
+// The system colours in the order of their numbers, as on a typical desktop.
 constexpr std::array<ColorRef, 25> SystemColors = {
     Rgb(200, 200, 200), Rgb(0, 0, 0),       Rgb(153, 180, 209), Rgb(191, 205, 219), Rgb(240, 240, 240),
     Rgb(255, 255, 255), Rgb(100, 100, 100), Rgb(0, 0, 0),       Rgb(0, 0, 0),       Rgb(0, 0, 0),
@@ -34,12 +34,12 @@ constexpr double UsualPoints = 10;
 constexpr double MostPoints = 400;
 constexpr int SmallPixels = 7;
 
-// More letters than these are on no screen.
-constexpr qsizetype MostLineLetters = 2048;
-constexpr qsizetype MostParagraphLetters = 8192;
+// No screen shows more characters than these.
+constexpr qsizetype MostLineCharacters = 2048;
+constexpr qsizetype MostParagraphCharacters = 8192;
 constexpr qreal Endless = 1000000;
 
-// A form's captions and then some; beyond that they are laid out anew.
+// More than the captions of a usual form; beyond that the layouts are discarded.
 constexpr qsizetype MostTexts = 8192;
 
 bool NameHasAnyOf(const QString& name, std::initializer_list<const char*> words)
@@ -64,7 +64,7 @@ void AddSubstitute(QFont& font, const QString& name)
     font.setFamilies(QFontDatabase::hasFamily(name) ? QStringList{name, family} : QStringList{family});
 }
 
-// The number at the start. The text comes from a file: what is no size, or none for a letter, counts as the usual one.
+// The number at the start. The text comes from a file: what is not a usable font size counts as the usual one.
 double PointsOf(const QString& text)
 {
     const QString trimmed = TrimBlanks(text);
@@ -103,27 +103,27 @@ MarkedText ReadAmpersands(const QString& caption)
 
 QString WithoutControls(QString text)
 {
-    for (QChar& letter : text)
-        if (letter.unicode() < u' ' || letter == QChar::LineSeparator || letter == QChar::ParagraphSeparator)
-            letter = u' ';
+    for (QChar& character : text)
+        if (character.unicode() < u' ' || character == QChar::LineSeparator || character == QChar::ParagraphSeparator)
+            character = u' ';
     return text;
 }
 
 QString WithLineSeparators(QString text)
 {
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    for (QChar& letter : text)
-        if (letter == u'\n' || letter == u'\r')
-            letter = QChar::LineSeparator;
-        else if (letter.unicode() < u' ')
-            letter = u' ';
+    for (QChar& character : text)
+        if (character == u'\n' || character == u'\r')
+            character = QChar::LineSeparator;
+        else if (character.unicode() < u' ')
+            character = u' ';
     return text;
 }
 
 SurfaceText LayOut(const MarkedText& marked, const QFont& font, QTextOption::WrapMode wrapMode, qreal width)
 {
     QTextLayout layout(marked.text, font);
-    // Absolute: a text that runs from right to left would otherwise end where an endless line does.
+    // Absolute: otherwise text that runs from right to left would be aligned with the end of an endless line.
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(wrapMode);
     layout.setTextOption(option);
@@ -136,9 +136,9 @@ SurfaceText LayOut(const MarkedText& marked, const QFont& font, QTextOption::Wra
         result.size.setWidth(std::max(result.size.width(), line.naturalTextWidth()));
         const qsizetype first = line.textStart();
         if (marked.marked >= first && marked.marked < first + line.textLength()) {
-            const auto letter = static_cast<int>(marked.marked);
+            const auto character = static_cast<int>(marked.marked);
             const qreal base = top + line.ascent() + 1;
-            result.underline.emplace(line.cursorToX(letter), base, line.cursorToX(letter + 1), base);
+            result.underline.emplace(line.cursorToX(character), base, line.cursorToX(character + 1), base);
         }
         top += std::ceil(line.height());
     }
@@ -188,7 +188,7 @@ SurfaceText SurfaceStyle::Remembered(const QString& text, Layout layout, int wid
         return *known;
     if (texts.size() >= MostTexts)
         texts.clear();
-    const QString line = WithoutControls(text.left(MostLineLetters));
+    const QString line = WithoutControls(text.left(MostLineCharacters));
     SurfaceText made;
     switch (layout) {
     case Layout::Line:
@@ -198,8 +198,8 @@ SurfaceText SurfaceStyle::Remembered(const QString& text, Layout layout, int wid
         made = LayOut(ReadAmpersands(line), font, QTextOption::NoWrap, Endless);
         break;
     case Layout::Paragraph:
-        made = LayOut(ReadAmpersands(WithLineSeparators(text.left(MostParagraphLetters))), font, QTextOption::WordWrap,
-                      width);
+        made = LayOut(ReadAmpersands(WithLineSeparators(text.left(MostParagraphCharacters))), font,
+                      QTextOption::WordWrap, width);
         break;
     case Layout::SmallLine:
         made = LayOut({line}, smallFont, QTextOption::NoWrap, Endless);

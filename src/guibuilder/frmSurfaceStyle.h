@@ -19,25 +19,26 @@
 
 namespace ob {
 
-// The colour on a usual desktop, whatever the bench's own palette is; also of the system's colours.
+// The colour on a typical desktop, system colours included, whatever the bench's own palette is.
 QColor SurfaceColor(ColorRef color);
 
 // The form's font, in pixels of the surface (13 for ten points at 15 twips a pixel). A name that is not installed gets
-// a fixed, serif or sans serif substitute that runs as wide as what a program would have there.
+// a fixed, serif or sans serif substitute about as wide as the font that a program would use.
 QFont SurfaceFont(const QString& name, const QString& points, int twipsPerPixelY);
 
-// What "&" does in a caption: it marks the letter behind it ("&&" is the character), or it is a letter like others.
+// What "&" does in a caption: it underlines the next character ("&&" is the character itself), or it is a character
+// like any other.
 enum class Ampersands { Mark, Keep };
 
-// A text laid out from 0, 0 on, in pixels of the surface; the underlined letter's line, if there is one.
+// A text laid out from 0, 0 on, in pixels of the surface; the line under the underlined character, if any.
 struct SurfaceText {
     QList<QGlyphRun> runs;
     QSizeF size;
     std::optional<QLineF> underline;
 };
 
-// Made once when a form's font or colours have changed, and kept: it remembers how texts lie, which is what painting
-// them costs most.
+// Created once when a form's font or colours have changed, and kept: it caches text layouts, the largest cost of
+// painting.
 class SurfaceStyle {
 public:
     SurfaceStyle(const GuiForm& form, SurfaceScale screen);
@@ -52,11 +53,11 @@ public:
     QColor textbox;
     QColor texteditor;
 
-    // One line of text; line ends count as blanks.
+    // One line of text; line ends count as spaces.
     SurfaceText Line(const QString& text, Ampersands ampersands) const;
     // Words wrapped at that width in pixels.
     SurfaceText Paragraph(const QString& text, int width) const;
-    // A line in letters that are small enough for an icon's place.
+    // A line in type small enough for an icon's place.
     SurfaceText SmallLine(const QString& text) const;
 
     // The empty ring of a radio button, that many device pixels wide and high.

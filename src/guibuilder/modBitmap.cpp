@@ -11,7 +11,7 @@ namespace ob {
 
 QImage LoadBitmap(const QString& path)
 {
-    // A pipe or a device would be waited for, perhaps for ever.
+    // Reading a pipe or a device might block for ever.
     if (!QFileInfo(path).isFile())
         throw RuntimeErrorOf(ErrorNumber::FileNotFound);
     QImageReader reader(path, QByteArrayLiteral("bmp"));

@@ -7,8 +7,8 @@
 
 namespace ob {
 
-// The picture in a bitmap file; a relative path counts from the current folder. Raises FileNotFound, and
-// InvalidPicture for a file that holds no bitmap.
+// The picture in a bitmap file; a relative path counts from the current folder. Raises FileNotFound, and InvalidPicture
+// for a file without a bitmap.
 QImage LoadBitmap(const QString& path);
 
 } // namespace ob

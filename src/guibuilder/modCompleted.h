@@ -6,15 +6,14 @@
 
 namespace ob {
 
-// What a form is completed for. Each fills in by rules of its own; a text that is there already stays.
+// What a form is completed for. Each has its own rules; an existing text is kept.
 enum class CompletedFor { File, Program };
 
-// The form with what the writer or the generator needs of it. An empty handle becomes "main"; of the controls only the
-// visible ones change.
-// File: an empty Tag becomes keyword and index, an empty branch these and ".click"; branches lose the spaces around
-// them.
-// Program: the handle loses the spaces around it; an empty branch becomes the kind's branchStem, index and ".click";
-// branches get their brackets; a groupbox without a Tag gets its name there, as no other kind does.
+// The form with everything that the writer or the generator needs. An empty handle becomes "main"; of the controls only
+// the visible ones change.
+// File: an empty Tag becomes keyword and index, an empty branch these and ".click"; branches are trimmed of spaces.
+// Program: the handle is trimmed of spaces; an empty branch becomes the kind's branchStem, index and ".click"; branches
+// get their brackets; a groupbox without a Tag gets its name there, unlike any other kind.
 GuiForm Completed(GuiForm form, CompletedFor purpose);
 
 } // namespace ob

@@ -19,7 +19,7 @@ float Twips(int pixels, int twipsPerPixel)
     return static_cast<float>(pixels * twipsPerPixel);
 }
 
-// Sides that a handle gives: not too small, on the snap.
+// The sides set by a handle: not too small, snapped.
 float HandleSide(float side, int twipsPerPixel)
 {
     return SnapDown(std::max(side, LeastSideTwips), twipsPerPixel);
@@ -72,7 +72,7 @@ QString NewCaption(ControlKind kind, int index)
     const KindTraits& traits = TraitsOf(kind);
     if (kind == ControlKind::Bmpbutton)
         return NoBitmap;
-    // What a combobox shows is painted from its index.
+    // The text that a combobox shows is derived from its index.
     if (traits.newCaption.empty() || kind == ControlKind::Combobox)
         return {};
     return LatinText(traits.newCaption) + Str(index);
@@ -222,7 +222,7 @@ void MoveControls(GuiForm& form, const std::vector<ControlRef>& controls, float 
 void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float width, float height, SurfaceScale scale)
 {
     const auto grow = [](float& side, float by, int twipsPerPixel) {
-        // What is smaller already is not made larger by a step down.
+        // A side that is already smaller does not grow by a step down.
         if (by > 0 || side + by >= Twips(SnapPixels, twipsPerPixel))
             side += by;
     };

@@ -36,8 +36,8 @@ struct SurfaceRect {
     bool operator==(const SurfaceRect&) const = default;
 };
 
-inline constexpr int SnapPixels = 5;         // controls stand on multiples of it
-inline constexpr int DragPixels = 5;         // a pointer that went less far has clicked
+inline constexpr int SnapPixels = 5;         // controls are placed on multiples of it
+inline constexpr int DragPixels = 5;         // a shorter movement is a click
 inline constexpr float HandleTwips = 135;    // each handle is as wide and high
 inline constexpr float LeastSideTwips = 135; // of a control under a handle, before the snap
 
@@ -45,23 +45,23 @@ SurfaceRect RectOf(const ControlRecord& control);
 void SetRect(ControlRecord& control, const SurfaceRect& rect);
 SurfaceRect RectBetween(SurfacePoint one, SurfacePoint other);
 
-// Down to a multiple of 5 pixels, below zero too.
+// Rounds down to a multiple of 5 pixels, also below zero.
 float SnapDown(float twips, int twipsPerPixel);
 
-// Whether the pointer has gone 5 pixels or more from the anchor in either direction.
+// Whether the pointer has moved 5 pixels or more from the anchor in either direction.
 bool LeftAnchor(SurfacePoint anchor, SurfacePoint point, SurfaceScale scale);
 
 // A new control of the kind between anchor and point, shown, in front, with the kind's caption; the list's count is its
-// index. One that was not drawn but clicked gets the kind's size at least. A combobox has its own height.
+// index. One that was clicked rather than drawn has at least the kind's size. A combobox has its own height.
 enum class Drawn { Clicked, Dragged };
 ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, SurfacePoint point, Drawn drawn,
                         SurfaceScale scale);
 
-// The caption of a new control: the kind's word and the number with its leading blank; empty for some kinds.
+// The caption of a new control: the kind's word and the number with its leading space; empty for some kinds.
 QString NewCaption(ControlKind kind, int index);
 
 // Where a control goes whose grip, a place in it measured from its upper left corner, follows the pointer. The X factor
-// serves both axes.
+// is used for both axes.
 SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip, SurfaceScale scale);
 
 // The handles of a control: the lower right corner's and the upper left corner's.
@@ -73,8 +73,8 @@ enum class Handle { Lower, Upper };
 HandlePlaces HandlesOf(const SurfaceRect& control);
 SurfaceRect HandleRect(SurfacePoint place);
 
-// The control's rectangle once a handle stands where handles says; nothing when the handles have passed each other.
-// The corner at the other handle stays; a combobox keeps its height.
+// The control's rectangle once a handle is where handles says; nothing when the handles have passed each other. The
+// opposite corner stays; a combobox keeps its height.
 std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, ControlKind kind,
                                      const SurfaceRect& control, SurfaceScale scale);
 
@@ -82,14 +82,14 @@ std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, 
 QString PlaceText(const SurfaceRect& control, SurfaceScale scale);
 QString SizeText(const SurfaceRect& control, SurfaceScale scale);
 
-// All visible controls as they are painted, the hindmost first: groupboxes lie behind the others, which stand in them.
+// All visible controls in painting order, from back to front: groupboxes are at the back, as they contain others.
 std::vector<ControlRef> PaintOrder(const GuiForm& form);
 
-// The control in front at that place, and all that a rectangle touches.
+// The frontmost control at that place, and all controls that a rectangle touches.
 std::optional<ControlRef> ControlAt(const GuiForm& form, SurfacePoint point);
 std::vector<ControlRef> ControlsIn(const GuiForm& form, const SurfaceRect& rect);
 
-// Puts all but the first control in line with it.
+// Aligns all other controls with the first.
 enum class Alignment { Left, Top, Right, Bottom, SameWidth, SameHeight };
 void AlignControls(GuiForm& form, const std::vector<ControlRef>& controls, Alignment alignment);
 
@@ -101,7 +101,7 @@ void GrowControls(GuiForm& form, const std::vector<ControlRef>& controls, float 
 
 void DeleteControls(GuiForm& form, const std::vector<ControlRef>& controls);
 
-// Controls that were copied, the hindmost first. Pasted ones stand two snaps further right and down, under names and
+// Controls that were copied, from back to front. Pasted ones are two snaps further right and down, with names and
 // branches that no other control has.
 struct CopiedControl {
     ControlKind kind;

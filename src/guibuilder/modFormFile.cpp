@@ -17,7 +17,7 @@ namespace ob {
 
 namespace {
 
-// One line's fields, looked up from left to right; what nobody asks for is not even counted.
+// One line's fields, looked up from left to right; fields that are not requested are not even counted.
 class Fields {
 public:
     explicit Fields(QByteArrayView record) : line(record) {}
@@ -76,7 +76,7 @@ private:
 };
 
 enum class InFile { No, Yes };
-enum class NumberForm { LeadingBlank, Plain };
+enum class NumberForm { LeadingSpace, Plain };
 
 struct FileRow {
     ControlKind kind;
@@ -86,17 +86,17 @@ struct FileRow {
 
 // The kinds in the order of their lines.
 constexpr std::array<FileRow, KindCount> FileTable = {{
-    {ControlKind::Bmpbutton, InFile::Yes, NumberForm::LeadingBlank},
-    {ControlKind::Button, InFile::Yes, NumberForm::LeadingBlank},
-    {ControlKind::Statictext, InFile::Yes, NumberForm::LeadingBlank},
-    {ControlKind::Groupbox, InFile::Yes, NumberForm::LeadingBlank},
-    {ControlKind::Listbox, InFile::No, NumberForm::LeadingBlank},
-    {ControlKind::Combobox, InFile::No, NumberForm::LeadingBlank},
-    {ControlKind::Textbox, InFile::No, NumberForm::LeadingBlank},
+    {ControlKind::Bmpbutton, InFile::Yes, NumberForm::LeadingSpace},
+    {ControlKind::Button, InFile::Yes, NumberForm::LeadingSpace},
+    {ControlKind::Statictext, InFile::Yes, NumberForm::LeadingSpace},
+    {ControlKind::Groupbox, InFile::Yes, NumberForm::LeadingSpace},
+    {ControlKind::Listbox, InFile::No, NumberForm::LeadingSpace},
+    {ControlKind::Combobox, InFile::No, NumberForm::LeadingSpace},
+    {ControlKind::Textbox, InFile::No, NumberForm::LeadingSpace},
     {ControlKind::Texteditor, InFile::No, NumberForm::Plain},
-    {ControlKind::Graphicbox, InFile::No, NumberForm::LeadingBlank},
-    {ControlKind::Radiobutton, InFile::Yes, NumberForm::LeadingBlank},
-    {ControlKind::Checkbox, InFile::Yes, NumberForm::LeadingBlank},
+    {ControlKind::Graphicbox, InFile::No, NumberForm::LeadingSpace},
+    {ControlKind::Radiobutton, InFile::Yes, NumberForm::LeadingSpace},
+    {ControlKind::Checkbox, InFile::Yes, NumberForm::LeadingSpace},
 }};
 
 bool Is(QByteArrayView field, std::string_view word)
@@ -146,7 +146,7 @@ private:
             *color = fields.String(++field);
         form.GuiTooltipsOn = fields.Switch(7);
         form.GuiStatusbarOn = fields.Switch(8);
-        // Files of earlier versions end here, or behind one of the next two.
+        // Files of earlier versions end here, or after one of the next two.
         form.GuiTimerOn = fields.Has(9) && fields.Switch(9);
         form.GuiDefaultsState = fields.Has(10) ? ToInt16(Val(fields.Bytes(10))) : std::int16_t{1};
         menuFlag = !fields.Has(11) || fields.Switch(11);
@@ -247,7 +247,8 @@ constexpr std::size_t FieldCount = 12;
 constexpr std::size_t FirstSpareField = 9;
 constexpr std::size_t PanelFields = FieldCount - 2;
 
-// Fills the array of fields anew for each line. Nothing clears it: what a line does not set stays from the one before.
+// Refills the array of fields for each line without clearing it: what a line does not set keeps the previous line's
+// value.
 class FormWriter {
 public:
     explicit FormWriter(const GuiForm& source) : form(source) {}
@@ -267,7 +268,7 @@ public:
             WriteKind(row);
         if (form.GuiStatusbarOn)
             WritePanels();
-        // The text goes out in one print, which ends the line once more.
+        // The text is written by one print, which adds another line end.
         text += QStringLiteral("\r\n");
         return std::move(text);
     }

@@ -14,17 +14,18 @@ namespace ob {
 
 namespace {
 
-// Statements are patterns with a letter behind "%": H the window's handle, N the control's name, i its index,
-// x y w h its rectangle in pixels (each number with the blank or sign in front), B its branch, C its caption, K its
+// Statements are patterns with placeholders of "%" and a character: H the window's handle, N the control's name, i its
+// index,
+// x y w h its rectangle in pixels (each number with its leading space or sign), B its branch, C its caption, K its
 // fill's colour name, F the font.
 struct KindStatements {
     ControlKind kind;
     QStringView create;
-    QStringView createSimple; // empty: as create
-    QStringView listStem;     // of the array that holds its items; empty for a kind without a list
-    QStringView fontFirst;    // behind the open statement, in a graphics window only, in front of afterOpen
-    QStringView afterOpen;    // behind the open statement
-    QStringView fontLast;     // as fontFirst, behind afterOpen
+    QStringView createSimple; // empty: same as create
+    QStringView listStem;     // of the array of its items; empty for a kind without a list
+    QStringView fontFirst;    // after the open statement, in a graphics window only, before afterOpen
+    QStringView afterOpen;    // after the open statement
+    QStringView fontLast;     // like fontFirst, after afterOpen
     QStringView stub;         // of its branch; none when the branch is the closing one
     QStringView stubOfItsOwn; // whatever the branch is
 };
@@ -193,7 +194,7 @@ private:
         const QString start = QStringLiteral("Menu        #") + form.GuiHandleName + QStringLiteral(", \"");
         if (form.GuiMenuNames[0].isEmpty()) {
             bodyBlock += start + QStringLiteral("&File\" , \"E&xit\", [quit]\r\n");
-            // Only the menu that nobody drew comes with one for the editor.
+            // Only the default menu includes one for the editor.
             if (std::ranges::any_of(form.List(ControlKind::Texteditor), &ControlRecord::visible))
                 bodyBlock += start + QStringLiteral("Edit\"\r\n");
             return;
@@ -234,7 +235,7 @@ private:
         index = QString::number(number);
         const TagParts tag = SplitTag(control.tag);
         name = tag.name;
-        // A groupbox that has a tool tip but no name is named as a text; programs out there rely on it.
+        // A groupbox that has a tool tip but no name is named like a statictext; existing programs rely on it.
         if (name.isEmpty())
             name =
                 LatinText(TraitsOf(statements.kind == ControlKind::Groupbox ? ControlKind::Statictext : statements.kind)
@@ -297,7 +298,7 @@ private:
         }
     }
 
-    // The calls of the routines that the program carries.
+    // The calls of the routines included in the program.
     void AddCalls()
     {
         const QString& handle = form.GuiHandleName;
@@ -340,7 +341,7 @@ private:
         return text;
     }
 
-    // The surface takes its colour by name alone, so a name of no colour leaves it without one.
+    // The surface takes its colour only by name, so an unknown name leaves it without one.
     QString SurfaceColorName() const
     {
         const bool known = std::ranges::any_of(
@@ -356,7 +357,7 @@ private:
         name.clear();
     }
 
-    // Appends the pattern to the block, with the values of the control at hand.
+    // Appends the pattern to the block, with the values of the current control.
     void Expand(QString& block, QStringView pattern) const
     {
         for (;;) {
@@ -370,9 +371,9 @@ private:
         block += pattern;
     }
 
-    void AppendValue(QString& block, QChar letter) const
+    void AppendValue(QString& block, QChar placeholder) const
     {
-        switch (letter.unicode()) {
+        switch (placeholder.unicode()) {
         case u'H':
             block += form.GuiHandleName;
             break;
@@ -416,7 +417,7 @@ private:
     bool inGraphics;
     QString font;
 
-    // The control at hand.
+    // The current control.
     const ControlRecord* current = nullptr;
     QString index;
     QString name;

@@ -15,8 +15,8 @@ namespace ob {
 enum class ProgramKind { Outline, Simple };
 
 struct ProgramHeader {
-    QString date;                    // as it stands in the first line
-    std::optional<QString> comments; // the programmer's, without their last line end; none: they are switched off
+    QString date;                    // as written in the first line
+    std::optional<QString> comments; // the programmer's, without the final line end; none: switched off
 };
 
 struct GeneratedProgram {
@@ -29,7 +29,7 @@ inline const QString BitmapMissingText =
                    "this in the code generated.");
 
 // The program of a form that has been completed for it (modCompleted.h); controls without a name get one in the program
-// alone. Raises Overflow for a font size that is no number of the language.
+// only. Raises Overflow for a font size that is not a number of the language.
 GeneratedProgram GenerateProgram(const GuiForm& completed, ProgramKind kind, const ProgramHeader& header);
 
 } // namespace ob

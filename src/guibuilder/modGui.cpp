@@ -10,7 +10,7 @@ namespace ob {
 
 namespace {
 
-// The child window as it opens; the user draws on from there.
+// The child window when it opens; the user may resize it.
 constexpr float FirstLeft = 1200;
 constexpr float FirstTop = 900;
 constexpr float FirstWidth = 8250;

@@ -30,10 +30,10 @@ enum class ControlKind {
 };
 inline constexpr std::size_t KindCount = 11;
 
-// What a kind has in its Branch: nothing, a label that its event goes to, or the fixed text "N/A".
+// The Branch of a kind: nothing, a label that its event jumps to, or the fixed text "N/A".
 enum class BranchUse { None, Label, NotApplicable };
 
-// One kind of control: its names, and the texts that stand in where the user gave none. `i` is a control's index.
+// One kind of control: its names, and the texts used where the user entered none. `i` is a control's index.
 struct KindTraits {
     ControlKind kind;
     std::string_view toolName; // arms the tool, and names the kind in generated comments
@@ -42,8 +42,8 @@ struct KindTraits {
     std::string_view keyword;  // in the form file and in the language
     int width;                 // pixels, for a control that was placed by a click
     int height;
-    std::string_view newCaption; // at placing, with the number behind it; empty for a kind without one
-    std::string_view loadedText; // what a control shows whose caption the form file does not keep; else empty
+    std::string_view newCaption; // when placed, followed by the number; empty for a kind without one
+    std::string_view loadedText; // shown by a control whose caption is not in the form file; else empty
     std::string_view nameStem;   // name at generation: this and i (at save: keyword and i)
     std::string_view tooltip;    // at generation; empty for a kind without tool tips
     BranchUse branch;
@@ -85,10 +85,10 @@ inline const QString FirstPanelText = QStringLiteral("Click here to modify Statu
 inline const QString NoMenusLabel = QStringLiteral("Right-click to remove menubar. Left-click to edit menus.");
 inline const QString SeparatorCaption = QStringLiteral("--bar--");
 
-// Twips to the pixel that generated programs count in, whatever this screen has: a form gives one program everywhere.
+// Twips per pixel in generated programs, whatever this screen has: a form makes the same program everywhere.
 inline constexpr int ProgramTwipsPerPixel = 15;
 
-// Twips to the pixel of the screen that a form is drawn on.
+// Twips per pixel of the screen on which a form is drawn.
 struct SurfaceScale {
     int x = ProgramTwipsPerPixel;
     int y = ProgramTwipsPerPixel;
@@ -98,7 +98,7 @@ struct SurfaceScale {
 
 // A control. Its rectangle is in twips on the drawing surface.
 struct ControlRecord {
-    bool visible = false; // false also for a deleted one, whose index stays taken
+    bool visible = false; // false also for a deleted one, whose index stays in use
     float left = 0;
     float top = 0;
     float width = 0;
@@ -123,7 +123,7 @@ struct ControlRef {
 inline constexpr std::size_t MenuSlots = 21;
 
 // The form as a value: a copy is a snapshot. Rectangles are in twips, colour names are those of ColorName (others are
-// kept and set no colour).
+// kept but set no colour).
 struct GuiForm {
     GuiForm();
 
@@ -144,17 +144,17 @@ struct GuiForm {
     bool GuiStatusbarOn = false;
     bool GuiTimerOn = false;
     bool GuiMenuOn = true;
-    std::int16_t GuiDefaultsState = -1; // -1 until the window defaults were confirmed once, then 1
+    std::int16_t GuiDefaultsState = -1; // -1 until the window defaults are first confirmed, then 1
     QString windowTag;                  // "open", the window type, "closed", or empty for a fresh window
 
-    // A kind's controls, from index 1; index 0 is the template that new ones are copies of.
+    // A kind's controls, from index 1; index 0 is the template for new ones.
     std::array<std::vector<ControlRecord>, KindCount> controls;
-    std::vector<ControlRef> order; // all controls, the hindmost first
+    std::vector<ControlRef> order; // all controls, from back to front
 
     std::array<QString, MenuSlots> GuiMenuNames;
     std::array<std::array<QString, MenuSlots>, MenuSlots> GuiMenuItems;
     std::vector<QString> panels; // of the status bar, at least one
-    QString menuLabel;           // what the menu bar of the designed window shows
+    QString menuLabel;           // the text on the menu bar of the designed window
 
     std::vector<ControlRecord>& List(ControlKind kind) { return controls[static_cast<std::size_t>(kind)]; }
     const std::vector<ControlRecord>& List(ControlKind kind) const { return controls[static_cast<std::size_t>(kind)]; }
@@ -164,16 +164,16 @@ struct GuiForm {
     bool operator==(const GuiForm&) const = default;
 };
 
-// The form under design: its value, and what is known of it.
+// The form under design: its value and its state.
 struct FormDesign {
     GuiForm form;
 
-    // Its way from opening to closing.
-    bool GuiFormOpen = false;     // the form window is there
-    bool GuiFormModified = false; // something of the form was changed since it was saved or loaded
+    // From opening to closing.
+    bool GuiFormOpen = false;     // the form window exists
+    bool GuiFormModified = false; // the form has changed since it was saved or loaded
     bool GuiFormLoading = false;  // a form file is being read; a load that failed leaves it set
 
-    // What its window shows besides the form itself.
+    // What its window shows in addition to the form itself.
     bool GuiGridOn = true;
     bool GuiStatusNoteOn = true; // the status bar's note
 };
@@ -181,11 +181,11 @@ struct FormDesign {
 // The form under design of this run: there is exactly one.
 FormDesign& GuiDesign();
 
-// The form under design as at the program's start.
+// Resets the form under design to its state at the program's start.
 void ResetGui();
 
-// What a form window that has just been made holds: no controls, no menus but a menu bar, one panel. The window record
-// stays as it was.
+// Resets the form to that of a new form window: no controls, no menus but a menu bar, one panel. The window record is
+// unchanged.
 void ClearForm(GuiForm& form);
 
 // A window of a type that draws its graphics itself; a dialog, which has no menu.
@@ -196,20 +196,21 @@ bool IsDialogType(const QString& windowType);
 inline constexpr std::array<std::string_view, 6> WindowTypes = {"Window",          "Window_nf", "Graphics_nsb",
                                                                 "Graphics_nf_nsb", "Dialog",    "Dialog_modal"};
 
-// Appends a copy of the kind's template, still hidden, in front of all others. Its index is the list's count before.
+// Appends a copy of the kind's template, still hidden, in front of all others. Its index is the previous count of the
+// list.
 ControlRef AddControl(GuiForm& form, ControlKind kind);
 
-// The control is painted last, over all others.
+// Paints the control last, over all others.
 void BringToFront(GuiForm& form, ControlRef ref);
 
-// Name and tool tip of a Tag: parted at its first " *", the name without the blanks around it.
+// Name and tool tip of a Tag: split at its first " *", the name without surrounding spaces.
 struct TagParts {
     QString name;
     QString tooltip;
 };
 TagParts SplitTag(const QString& tag);
 
-// Caption and branch of a menu item: what stands before and from its first "[" on, without the blanks around them.
+// Caption and branch of a menu item: the texts before its first "[" and from there on, without surrounding spaces.
 struct MenuItemParts {
     QString caption;
     QString branch;
@@ -217,17 +218,17 @@ struct MenuItemParts {
 MenuItemParts SplitMenuItem(const QString& item);
 QString JoinMenuItem(const QString& caption, const QString& branch);
 
-// The branch with "[" in front and "]" behind where they are missing.
+// The branch with a leading "[" and a trailing "]", added where missing.
 QString BracketedBranch(const QString& branch);
 
-// The text of the menu label on the form window: each menu's name and four blanks, until the first empty one
-// (whenEmpty when there is none).
+// The text of the menu label on the form window: each menu's name and four spaces, until the first empty one (whenEmpty
+// when there is none).
 QString MenuLabel(const GuiForm& form, const QString& whenEmpty);
 
-// The colour of that name put into target; an unknown name leaves it.
+// Sets target to the colour of that name; an unknown name leaves it unchanged.
 void SetColorByName(ColorRef& target, const QString& name);
 
-// A text of the tables above.
+// Converts a text of the tables above.
 inline QString LatinText(std::string_view text)
 {
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));

@@ -24,7 +24,7 @@ namespace {
 
 const QString SaveItem = QStringLiteral("mnuFileSaveGui");
 
-// A file that cannot be read at all is one more load that failed.
+// A file that cannot be read at all counts as a failed load.
 FormLoad ReadFormFile(const QString& path, GuiForm& form)
 {
     try {

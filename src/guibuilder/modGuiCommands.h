@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The form builder's commands: new form, load, save, compile; and what the form window's coming and going sets.
+// The form builder's commands: new form, load, save, compile; and the state that follows the form window's creation and
+// end.
 #pragma once
 
 #include "guibuilder/modGenerator.h"
@@ -14,7 +15,7 @@ inline const QString GuiHintText = QStringLiteral("Right click the window or con
 // The scale of the screen that the main window is on.
 SurfaceScale ScreenScale();
 
-// The form window has been made, or has gone: the form's and the main window's state.
+// The form window has been created or closed: updates the form's and the main window's state.
 void GuiFormLoaded();
 void GuiFormUnloaded();
 
@@ -27,11 +28,11 @@ UnloadAnswer QueryGuiUnload();
 // form's modified state as they were, and so does an error, which is thrown.
 void SaveGuiForm(const QString& path);
 
-// Makes a form file's content the form under design; a form that is open goes first, which may ask. Shows the
-// message when the file is no form file or is damaged.
+// Makes a form file's content the form under design; closes an open form first, which may ask. Shows the message when
+// the file is not a form file or is damaged.
 void LoadGuiForm(const QString& path);
 
-// Save and load by way of their file boxes.
+// Save and load with their file boxes.
 void guiSave();
 void mnuFileLoadGui_Click();
 
@@ -42,14 +43,14 @@ void NewGuiForm();
 enum class MenuBar { Hidden, Shown };
 void GuiShowMenu(MenuBar bar);
 
-// The note on the status bar of the designed window that tells what a click does.
+// The note on the status bar of the designed window about what a click does.
 void ShowStatusNote(bool show);
 
 // The palette's button for the menu editor follows the window type: dialogs have no menu.
 inline constexpr char MenuEditorTool[] = "Open Menu Editor";
 void EnableMenuEditor(const QString& windowType);
 
-// The form's program in a new code window; with its outline, or the window's statements alone.
+// The form's program in a new code window; with its outline, or only the window's statements.
 void Compile();
 void CompileSimple();
 

@@ -44,7 +44,7 @@ int Neighbour(int place, MoveDirection direction)
     return direction == MoveDirection::Up ? place - 1 : place + 1;
 }
 
-// A box that was cancelled answers as one that was left empty.
+// A cancelled box counts as one that was left empty.
 QString Ask(const QString& prompt, const QString& initial = {})
 {
     return InputBox(prompt, QString(), initial).value_or(QString());
@@ -105,7 +105,7 @@ void RemoveMenu(GuiForm& form, int menu)
         return;
     const auto from = static_cast<std::ptrdiff_t>(menu);
     std::move(form.GuiMenuNames.begin() + from + 1, form.GuiMenuNames.end(), form.GuiMenuNames.begin() + from);
-    // Copied, not moved: the last place keeps its last item, out of sight until a menu there is that long again.
+    // Copied, not moved: the last place keeps its last item, hidden until a menu there is that long again.
     std::copy(form.GuiMenuItems.begin() + from + 1, form.GuiMenuItems.end(), form.GuiMenuItems.begin() + from);
     form.GuiMenuNames.back().clear();
     std::fill(form.GuiMenuItems.back().begin(), form.GuiMenuItems.back().end() - 1, QString());

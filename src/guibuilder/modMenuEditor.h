@@ -12,8 +12,8 @@
 
 namespace ob {
 
-// Menus and items count from 0. A place below 0 or from MenuSlots on is none of the table: reading it gives nothing,
-// writing, removing and moving there leave the table as it is.
+// Menus and items count from 0. A place below 0 or from MenuSlots on is outside the table: reading it returns nothing;
+// writing, removing and moving there leave the table unchanged.
 
 // The names up to the first empty one.
 QStringList MenuNames(const GuiForm& form);
@@ -32,25 +32,25 @@ void RemoveMenuItem(GuiForm& form, int menu, int item);
 
 enum class MoveDirection { Up, Down };
 
-// The entry changes places with its neighbour, a menu together with its items. Gives its new place, or nothing when
-// there is no neighbour on that side.
+// Swaps the entry with its neighbour, a menu together with its items. Returns its new place, or nothing when there is
+// no neighbour on that side.
 std::optional<int> MoveMenu(GuiForm& form, int menu, MoveDirection direction);
 std::optional<int> MoveMenuItem(GuiForm& form, int menu, int item, MoveDirection direction);
 
 // The label of the designed window's menu bar once its menus have been edited.
 QString EditedMenuLabel(const GuiForm& form);
 
-// The questions for a new entry. The name is empty, the item nothing, when the user gave none. An item's caption ends
-// before its first "["; one with a "|" is a separator, which needs no branch. The branch comes in brackets.
+// The questions for a new entry. The name is empty, the item nothing, when the user entered none. An item's caption
+// ends before its first "["; one with a "|" is a separator, which needs no branch. The branch is in brackets.
 QString AskMenuName();
 std::optional<MenuItemParts> AskMenuItem();
 
-// The questions for other words in place of the chosen ones; these complain when nothing is chosen. Nothing is
-// answered as above.
+// The questions for new texts of the chosen entry; these complain when nothing is chosen. An empty answer counts as
+// above.
 QString AskOtherMenuName(const std::optional<QString>& chosen);
 std::optional<MenuItemParts> AskOtherMenuItem(const std::optional<MenuItemParts>& chosen);
 
-// Whether the chosen entry is to go; complain when nothing is chosen.
+// Whether to remove the chosen entry; complain when nothing is chosen.
 bool MayRemoveMenu(const std::optional<QString>& chosen);
 bool MayRemoveMenuItem(const std::optional<MenuItemParts>& chosen);
 

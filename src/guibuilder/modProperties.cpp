@@ -19,7 +19,7 @@ namespace {
 const QLatin1String TooltipMark(" *");
 const QString NotApplicableText = QStringLiteral("N/A");
 
-// What a field shows: the control's text, to be changed or not; "N/A"; nothing. The last three are disabled.
+// What a field shows: the control's text, editable or not; "N/A"; nothing. The last three are disabled.
 enum class FieldUse { Edited, Fixed, NotApplicable, Empty };
 
 struct KindFields {
@@ -71,7 +71,7 @@ int ColorPlace(ColorRef value)
     return place == ColorValue.end() ? -1 : static_cast<int>(place - ColorValue.begin());
 }
 
-// Beyond a double is beyond the bound too, on the same side.
+// Beyond the range of a double is beyond the bound too, on the same side.
 double PixelsOf(const QString& trimmed)
 {
     try {
@@ -113,14 +113,14 @@ float TwipsOf(const QString& pixels, int twipsPerPixel, float before)
     const QString trimmed = TrimBlanks(pixels);
     if (trimmed == PixelText(before, twipsPerPixel))
         return before;
-    // The sum makes a plain zero of a negative one.
+    // The sum turns a negative zero into a plain one.
     return static_cast<float>(std::clamp(PixelsOf(trimmed) * twipsPerPixel, -MostTwips, MostTwips) + 0.0);
 }
 
 PropertyFields PropertiesOf(const ControlRecord& control, ControlKind kind, SurfaceScale scale)
 {
     const KindFields& uses = FieldsOf(kind);
-    // Blanks around the name are shown as they are, so that OK gives them back.
+    // Spaces around the name are shown, so that OK keeps them.
     const qsizetype mark = control.tag.indexOf(TooltipMark);
     const QString tooltip = mark < 0 ? QString() : control.tag.mid(mark + TooltipMark.size());
     PropertyFields fields;
@@ -169,7 +169,7 @@ PropertiesEnd ApplyProperties(ControlRecord& control, ControlKind kind, const Pr
 QString BitmapPathOf(const QString& path)
 {
     const QString shortPath = ShortPathOf(path);
-    // In lower case only where a file's name has no case.
+    // In lower case only where file names have no case.
     return ThisSystem == System::Windows ? shortPath.toLower() : shortPath;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The routines that a generated program carries for tool tips and for a status bar.
+// The routines included in a generated program for tool tips and for a status bar.
 #include "guibuilder/modSupport.h"
 
 namespace ob {
@@ -17,7 +17,7 @@ QString EdgeStruct(std::size_t panelCount)
     return line + QStringLiteral("\r\n    'change measurements below as needed:\r\n");
 }
 
-// Sets each edge but the last by edgeText, whose %1 is the panel's number, then hands the edges to the bar.
+// Sets each edge but the last by edgeText, whose %1 is the panel's number, then passes the edges to the bar.
 template <class EdgeText>
 QString SetEdges(std::size_t panelCount, EdgeText edgeText, const QString& bar)
 {
@@ -73,7 +73,7 @@ void AppendTooltip(QString& block, ControlKind kind, QStringView handle, QString
     AppendAll(block, {u"'", LatinText(TraitsOf(kind).toolName), u" Tooltip:\r\n"});
     if (kind == ControlKind::Graphicbox)
         AppendAll(block, {u"    toolinfo.hWindow.struct = hWin\r\n"});
-    // The part of a combo box that the pointer rests on is the edit field inside it.
+    // The pointer rests on the edit field inside a combo box, not on the box itself.
     const QStringView target =
         kind == ControlKind::Combobox ? QStringView(u"    hwndCombo = ") : QStringView(u"    toolinfo.uId.struct = ");
     AppendAll(block, {target, u"hwnd(#", handle, u".", name, u")\r\n"});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The routines that a generated program carries for tool tips and for a status bar. Lines end in CR LF.
+// The routines included in a generated program for tool tips and for a status bar. Lines end in CR LF.
 #pragma once
 
 #include "guibuilder/modGui.h"
@@ -15,7 +15,7 @@ inline void AppendAll(QString& text, std::initializer_list<QStringView> parts)
         text += part;
 }
 
-// The head of the tool tips' routine. A registration a control and TooltipEnd follow it.
+// The head of the tool tips' routine; followed by one registration per control and TooltipEnd.
 inline constexpr char16_t TooltipStart[] =
     u"SUB MakeTooltips hWin\r\n"
     u"    TTS.ALWAYSTIP = 1 : TTS.NOPREFIX = 2 : style = _WS_POPUP or TTS.NOPREFIX or TTS.ALWAYSTIP\r\n"
@@ -42,7 +42,7 @@ inline constexpr char16_t TooltipEnd[] = u"    END SUB\r\n\r\n";
 // Appends the lines that give one control its tool tip. The kind must be one with tool tips.
 void AppendTooltip(QString& block, ControlKind kind, QStringView handle, QStringView name, QStringView tooltip);
 
-// The routines that make the status bar, keep its size and change its texts; a panel a text, at least one.
+// The routines that make the status bar, keep its size and change its texts; one panel per text, at least one.
 QString StatusRoutines(const std::vector<QString>& panels);
 
 } // namespace ob

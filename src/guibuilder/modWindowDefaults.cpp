@@ -64,7 +64,7 @@ void ApplyDefaults(GuiForm& form, const WindowDefaults& values, SurfaceScale sca
 {
     if (form.GuiDefaultsState == -1)
         form.GuiDefaultsState = 1;
-    // The last one, of graphics windows, is one field with the background.
+    // The last one, of graphics windows, shares a field with the background.
     const bool isGraphics = IsGraphicsType(values.windowType);
     for (std::size_t color = 0; color < (isGraphics ? FormColorCount : FormColorCount - 1); ++color)
         ColorOf(form, static_cast<FormColor>(color)) = values.colors[color];

@@ -15,7 +15,7 @@ namespace ob {
 enum class FormColor { Foreground, Background, Listbox, Combobox, Textbox, Texteditor, Graphics };
 inline constexpr std::size_t FormColorCount = 7;
 
-// What stands in the dialog; width and height are in pixels.
+// The values in the dialog; width and height are in pixels.
 struct WindowDefaults {
     QString caption;
     QString handle;
@@ -36,11 +36,11 @@ struct WindowDefaults {
 
 WindowDefaults DefaultsOf(const GuiForm& form, SurfaceScale scale);
 
-// Puts the dialog's values into the form. Width and height are never less than 0. An empty text for the status bar
+// Stores the dialog's values in the form. Width and height are never less than 0. An empty text for the status bar
 // becomes FirstPanelText; without a status bar its first panel stays as it was.
 void ApplyDefaults(GuiForm& form, const WindowDefaults& values, SurfaceScale scale);
 
-// The form's font as the font box starts with it: a size that is no usable number counts as 10 points.
+// The form's font as the font box first shows it: a size that is not a usable number counts as 10 points.
 FontSpec FontOf(const WindowDefaults& values);
 
 } // namespace ob
