@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Desktop entries, a row for each rule of how they name a program and its arguments.
+// Desktop entries: a row for each rule about a program and its arguments.
 #include "platform/desktop/cDesktopEntry.h"
 
 #include "platform/desktop/modAssociation.h"
@@ -18,27 +18,27 @@ private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase() { qputenv("PATH", usualPath); }
 
-    void ExecIsSplitIntoArguments_data();
-    void ExecIsSplitIntoArguments();
-    void AnOpenQuoteIsMalformed();
-    void EscapesAreUndoneBeforeQuotes_data();
-    void EscapesAreUndoneBeforeQuotes();
-    void CodesAreExpanded_data();
-    void CodesAreExpanded();
-    void ProgramsThatCannotStartHaveNoCommand_data();
-    void ProgramsThatCannotStartHaveNoCommand();
-    void ProgramsThatCanStartHaveACommand_data();
-    void ProgramsThatCanStartHaveACommand();
-    void MenusShowWhatTheirDesktopMay_data();
-    void MenusShowWhatTheirDesktopMay();
-    void TypesAndCategoriesAreClaimed();
-    void WhatAssociatingWritesIsReadBack_data();
-    void WhatAssociatingWritesIsReadBack();
+    void execIsSplitIntoArguments_data();
+    void execIsSplitIntoArguments();
+    void anOpenQuoteIsMalformed();
+    void escapesAreUndoneBeforeQuotes_data();
+    void escapesAreUndoneBeforeQuotes();
+    void codesAreExpanded_data();
+    void codesAreExpanded();
+    void programsThatCannotStartHaveNoCommand_data();
+    void programsThatCannotStartHaveNoCommand();
+    void programsThatCanStartHaveACommand_data();
+    void programsThatCanStartHaveACommand();
+    void menusShowWhatTheirDesktopMay_data();
+    void menusShowWhatTheirDesktopMay();
+    void typesAndCategoriesAreClaimed();
+    void whatAssociatingWritesIsReadBack_data();
+    void whatAssociatingWritesIsReadBack();
 
 private:
     QString At(const QString& name) const { return folder.filePath(name); }
     void PutProgram(const QString& name, QFile::Permissions permissions) const;
-    // The entry of a program "Test" that has these lines too.
+    // The entry of a program "Test" with these additional lines.
     cDesktopEntry Entry(const QByteArray& lines, const QString& locale = {}) const;
 
     const QByteArray usualPath = qgetenv("PATH");
@@ -71,7 +71,7 @@ cDesktopEntry tst_cDesktopEntry::Entry(const QByteArray& lines, const QString& l
     return cDesktopEntry(file.fileName(), locale);
 }
 
-void tst_cDesktopEntry::ExecIsSplitIntoArguments_data()
+void tst_cDesktopEntry::execIsSplitIntoArguments_data()
 {
     QTest::addColumn<QString>("exec");
     QTest::addColumn<QString>("arguments"); // each in brackets
@@ -93,10 +93,10 @@ void tst_cDesktopEntry::ExecIsSplitIntoArguments_data()
     row("reserved characters", R"-(editor "'><~|&;*?#()")-", "[editor]['><~|&;*?#()]");
     row("tab and line feed", "editor \"a\tb\nc\"", "[editor][a\tb\nc]");
     row("a quote that begins inside", R"(editor a" b"c)", "[editor][a bc]");
-    row("an apostrophe is no quote", "editor it's", "[editor][it's]");
+    row("an apostrophe is not a quote", "editor it's", "[editor][it's]");
 }
 
-void tst_cDesktopEntry::ExecIsSplitIntoArguments()
+void tst_cDesktopEntry::execIsSplitIntoArguments()
 {
     QFETCH(QString, exec);
     const auto arguments = ob::SplitExec(exec);
@@ -107,14 +107,14 @@ void tst_cDesktopEntry::ExecIsSplitIntoArguments()
     QTEST(shown, "arguments");
 }
 
-void tst_cDesktopEntry::AnOpenQuoteIsMalformed()
+void tst_cDesktopEntry::anOpenQuoteIsMalformed()
 {
     QVERIFY(!ob::SplitExec(u"editor \"a b"));
     QVERIFY(!ob::SplitExec(u"editor \"a\\\""));
     QVERIFY(!Entry("Type=Application\nExec=editor \"a b").Command());
 }
 
-void tst_cDesktopEntry::EscapesAreUndoneBeforeQuotes_data()
+void tst_cDesktopEntry::escapesAreUndoneBeforeQuotes_data()
 {
     QTest::addColumn<QByteArray>("exec");
     QTest::addColumn<QString>("argument");
@@ -126,7 +126,7 @@ void tst_cDesktopEntry::EscapesAreUndoneBeforeQuotes_data()
     QTest::newRow("space between arguments") << QByteArray(R"(editor\sa)") << QStringLiteral("a");
 }
 
-void tst_cDesktopEntry::EscapesAreUndoneBeforeQuotes()
+void tst_cDesktopEntry::escapesAreUndoneBeforeQuotes()
 {
     QFETCH(QByteArray, exec);
     QFETCH(QString, argument);
@@ -134,7 +134,7 @@ void tst_cDesktopEntry::EscapesAreUndoneBeforeQuotes()
              QStringList({At(QStringLiteral("editor")), argument}));
 }
 
-void tst_cDesktopEntry::CodesAreExpanded_data()
+void tst_cDesktopEntry::codesAreExpanded_data()
 {
     QTest::addColumn<QByteArray>("arguments");
     QTest::addColumn<QString>("expanded"); // each in brackets; "malformed" for no command
@@ -165,7 +165,7 @@ void tst_cDesktopEntry::CodesAreExpanded_data()
     row("a%", "malformed");
 }
 
-void tst_cDesktopEntry::CodesAreExpanded()
+void tst_cDesktopEntry::codesAreExpanded()
 {
     QFETCH(QByteArray, arguments);
     QFETCH(QString, expanded);
@@ -180,7 +180,7 @@ void tst_cDesktopEntry::CodesAreExpanded()
     QCOMPARE(shown.replace(folder.path(), QStringLiteral("FOLDER")), expanded);
 }
 
-void tst_cDesktopEntry::ProgramsThatCannotStartHaveNoCommand_data()
+void tst_cDesktopEntry::programsThatCannotStartHaveNoCommand_data()
 {
     QTest::addColumn<QByteArray>("lines");
     const auto row = [](const char* name, const QByteArray& lines) { QTest::newRow(name) << lines; };
@@ -204,13 +204,13 @@ void tst_cDesktopEntry::ProgramsThatCannotStartHaveNoCommand_data()
     row("Exec of another group", "Type=Application\n[Desktop Action New]\nExec=editor");
 }
 
-void tst_cDesktopEntry::ProgramsThatCannotStartHaveNoCommand()
+void tst_cDesktopEntry::programsThatCannotStartHaveNoCommand()
 {
     QFETCH(QByteArray, lines);
     QVERIFY(!Entry(lines).Command());
 }
 
-void tst_cDesktopEntry::ProgramsThatCanStartHaveACommand_data()
+void tst_cDesktopEntry::programsThatCanStartHaveACommand_data()
 {
     QTest::addColumn<QByteArray>("lines");
     QTest::addColumn<QString>("program");
@@ -225,14 +225,14 @@ void tst_cDesktopEntry::ProgramsThatCanStartHaveACommand_data()
         << QByteArray("Exec=editor\nHidden=false\nTerminal=false") << QStringLiteral("editor");
 }
 
-void tst_cDesktopEntry::ProgramsThatCanStartHaveACommand()
+void tst_cDesktopEntry::programsThatCanStartHaveACommand()
 {
     QFETCH(QByteArray, lines);
     QFETCH(QString, program);
     QCOMPARE(Entry("Type=Application\n" + lines).Command().value(), QStringList(At(program)));
 }
 
-void tst_cDesktopEntry::MenusShowWhatTheirDesktopMay_data()
+void tst_cDesktopEntry::menusShowWhatTheirDesktopMay_data()
 {
     QTest::addColumn<QByteArray>("lines");
     QTest::addColumn<QString>("desktops");
@@ -256,14 +256,14 @@ void tst_cDesktopEntry::MenusShowWhatTheirDesktopMay_data()
     row("OnlyShowIn=A;\nNotShowIn=B;", "C:A", true);
 }
 
-void tst_cDesktopEntry::MenusShowWhatTheirDesktopMay()
+void tst_cDesktopEntry::menusShowWhatTheirDesktopMay()
 {
     QFETCH(QByteArray, lines);
     QFETCH(QString, desktops);
     QTEST(Entry(lines).IsShownIn(desktops.split(u':', Qt::SkipEmptyParts)), "isShown");
 }
 
-void tst_cDesktopEntry::TypesAndCategoriesAreClaimed()
+void tst_cDesktopEntry::typesAndCategoriesAreClaimed()
 {
     const cDesktopEntry entry = Entry("MimeType=text/plain;a/b\nCategories=Utility;Calculator;");
     QVERIFY(entry.ClaimsType(QStringLiteral("text/plain")));
@@ -274,7 +274,7 @@ void tst_cDesktopEntry::TypesAndCategoriesAreClaimed()
     QVERIFY(!entry.HasCategory(QStringLiteral("calculator")));
 }
 
-void tst_cDesktopEntry::WhatAssociatingWritesIsReadBack_data()
+void tst_cDesktopEntry::whatAssociatingWritesIsReadBack_data()
 {
     QTest::addColumn<QString>("name");
     for (const char* name : {"bench", "my bench", "100% bench", "%f", "a\"b", "a`b", "$a", "a\\b", "a\\\\", "it's",
@@ -282,7 +282,7 @@ void tst_cDesktopEntry::WhatAssociatingWritesIsReadBack_data()
         QTest::newRow(name) << QString::fromUtf8(name);
 }
 
-void tst_cDesktopEntry::WhatAssociatingWritesIsReadBack()
+void tst_cDesktopEntry::whatAssociatingWritesIsReadBack()
 {
     QFETCH(QString, name);
     PutProgram(name, QFile::ReadOwner | QFile::ExeOwner);

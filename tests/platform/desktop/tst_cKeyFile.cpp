@@ -10,19 +10,19 @@ class tst_cKeyFile : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void LinesAreGroupsKeysOrComments_data();
-    void LinesAreGroupsKeysOrComments();
-    void EscapesAreUndone_data();
-    void EscapesAreUndone();
-    void ListsAreSplitAtSemicolons_data();
-    void ListsAreSplitAtSemicolons();
-    void TheBestTranslationIsTaken_data();
-    void TheBestTranslationIsTaken();
-    void OnlyTheWordTrueIsTrue();
-    void AFileThatIsNotThereHasNoGroups();
+    void linesAreGroupsKeysOrComments_data();
+    void linesAreGroupsKeysOrComments();
+    void escapesAreUndone_data();
+    void escapesAreUndone();
+    void listsAreSplitAtSemicolons_data();
+    void listsAreSplitAtSemicolons();
+    void theBestTranslationIsTaken_data();
+    void theBestTranslationIsTaken();
+    void onlyTheWordTrueIsTrue();
+    void aFileThatIsNotThereHasNoGroups();
 };
 
-void tst_cKeyFile::LinesAreGroupsKeysOrComments_data()
+void tst_cKeyFile::linesAreGroupsKeysOrComments_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("value");
@@ -42,18 +42,18 @@ void tst_cKeyFile::LinesAreGroupsKeysOrComments_data()
     row("in another group", "[F]\nk=v\n[G]\nj=w\n", "");
     row("after another group", "[F]\nk=w\n[G]\nk=v\n[H]\nk=x\n", "v");
     row("of two the first", "[G]\nk=v\nk=w\n", "v");
-    row("a line that is nothing", "[G]\nk\n=w\nk=v\n", "v");
+    row("a line without a meaning", "[G]\nk\n=w\nk=v\n", "v");
     row("UTF-8", "[G]\nk=\xC3\xA4\xE2\x82\xAC\n", "\xC3\xA4\xE2\x82\xAC");
     row("empty", "", "");
 }
 
-void tst_cKeyFile::LinesAreGroupsKeysOrComments()
+void tst_cKeyFile::linesAreGroupsKeysOrComments()
 {
     QFETCH(QByteArray, text);
     QTEST(cKeyFile(text).Text(QStringLiteral("G"), QStringLiteral("k")), "value");
 }
 
-void tst_cKeyFile::EscapesAreUndone_data()
+void tst_cKeyFile::escapesAreUndone_data()
 {
     QTest::addColumn<QByteArray>("written");
     QTest::addColumn<QString>("value");
@@ -68,13 +68,13 @@ void tst_cKeyFile::EscapesAreUndone_data()
     QTest::newRow("semicolons") << QByteArray("a;b;") << QStringLiteral("a;b;");
 }
 
-void tst_cKeyFile::EscapesAreUndone()
+void tst_cKeyFile::escapesAreUndone()
 {
     QFETCH(QByteArray, written);
     QTEST(cKeyFile("[G]\nk=" + written + '\n').Text(QStringLiteral("G"), QStringLiteral("k")), "value");
 }
 
-void tst_cKeyFile::ListsAreSplitAtSemicolons_data()
+void tst_cKeyFile::listsAreSplitAtSemicolons_data()
 {
     QTest::addColumn<QByteArray>("written");
     QTest::addColumn<QStringList>("parts");
@@ -93,13 +93,13 @@ void tst_cKeyFile::ListsAreSplitAtSemicolons_data()
     row("a space in a part", R"(a\sb;b)", {QStringLiteral("a b"), b});
 }
 
-void tst_cKeyFile::ListsAreSplitAtSemicolons()
+void tst_cKeyFile::listsAreSplitAtSemicolons()
 {
     QFETCH(QByteArray, written);
     QTEST(cKeyFile("[G]\nk=" + written + '\n').List(QStringLiteral("G"), QStringLiteral("k")), "parts");
 }
 
-void tst_cKeyFile::TheBestTranslationIsTaken_data()
+void tst_cKeyFile::theBestTranslationIsTaken_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QByteArray>("keys");
@@ -121,14 +121,14 @@ void tst_cKeyFile::TheBestTranslationIsTaken_data()
     row("", all, "0");
 }
 
-void tst_cKeyFile::TheBestTranslationIsTaken()
+void tst_cKeyFile::theBestTranslationIsTaken()
 {
     QFETCH(QString, locale);
     QFETCH(QByteArray, keys);
     QTEST(cKeyFile("[G]\n" + keys).Text(QStringLiteral("G"), QStringLiteral("k"), locale), "value");
 }
 
-void tst_cKeyFile::OnlyTheWordTrueIsTrue()
+void tst_cKeyFile::onlyTheWordTrueIsTrue()
 {
     const cKeyFile file("[G]\na=true\nb=false\nc=True\nd=1\n");
     QVERIFY(file.IsTrue(QStringLiteral("G"), QStringLiteral("a")));
@@ -136,7 +136,7 @@ void tst_cKeyFile::OnlyTheWordTrueIsTrue()
         QVERIFY2(!file.IsTrue(QStringLiteral("G"), QString::fromLatin1(key)), key);
 }
 
-void tst_cKeyFile::AFileThatIsNotThereHasNoGroups()
+void tst_cKeyFile::aFileThatIsNotThereHasNoGroups()
 {
     const cKeyFile file = cKeyFile::Read(QStringLiteral("/nowhere/at/all"));
     QCOMPARE(file.Text(QStringLiteral("G"), QStringLiteral("k")), QString());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // File association for this user: what is written where, how other programs then treat the files, and what is left
-// alone. The desktop is a folder of the test's own; those who ask about it are processes of their own.
+// alone. The desktop is a folder of the test; it is queried by separate processes.
 #include "platform/desktop/modAssociation.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -44,7 +44,7 @@ void PutProgram(const QString& path, const QByteArray& script)
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-// The number of the runtime error that associating raises; 0 for none.
+// The number of the runtime error raised by the association; 0 for none.
 int RaisedBy(const AssociationPlaces& places)
 {
     try {
@@ -80,7 +80,7 @@ private Q_SLOTS:
         folder.reset();
     }
 
-    void TheUsersFoldersComeFromTheEnvironment()
+    void theUsersFoldersComeFromTheEnvironment()
     {
         qputenv("XDG_DATA_HOME", "/a/data/");
         qputenv("XDG_CONFIG_HOME", "/a/config");
@@ -97,7 +97,7 @@ private Q_SLOTS:
         qunsetenv("XDG_DATA_HOME");
     }
 
-    void AProgramsNameIsQuotedWhereItHasToBe_data()
+    void aProgramsNameIsQuotedWhereItHasToBe_data()
     {
         QTest::addColumn<QString>("executable");
         QTest::addColumn<QByteArray>("entry");
@@ -112,13 +112,13 @@ private Q_SLOTS:
         QTest::newRow("beyond ASCII") << QStringLiteral("/\u00E4/bench") << QByteArray("/\xC3\xA4/bench");
     }
 
-    void AProgramsNameIsQuotedWhereItHasToBe()
+    void aProgramsNameIsQuotedWhereItHasToBe()
     {
         QFETCH(QString, executable);
         QTEST(ExecutableInEntry(executable), "entry");
     }
 
-    void TheListOfDefaultsKeepsItsOtherLines_data()
+    void theListOfDefaultsKeepsItsOtherLines_data()
     {
         QTest::addColumn<QByteArray>("list");
         QTest::addColumn<QByteArray>("changed");
@@ -153,7 +153,7 @@ private Q_SLOTS:
                           ours + "[X]\ny=1");
     }
 
-    void TheListOfDefaultsKeepsItsOtherLines()
+    void theListOfDefaultsKeepsItsOtherLines()
     {
         QFETCH(QByteArray, list);
         QFETCH(QByteArray, changed);
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QCOMPARE(WithProgramFirst(changed, "o.desktop"), changed);
     }
 
-    void TheFilesAreWhereTheDesktopLooks()
+    void theFilesAreWhereTheDesktopLooks()
     {
         AssociateFileTypes(places);
         QVERIFY(Get(Data(QStringLiteral("mime/packages/orchard-bench.xml"))).contains("\"*.oba\""));
@@ -177,7 +177,7 @@ private Q_SLOTS:
                  Get(places.iconFolder + QStringLiteral("/app.svg")));
     }
 
-    void FilesHaveTheProgramsTypes_data()
+    void filesHaveTheProgramsTypes_data()
     {
         QTest::addColumn<bool>("withTools");
         QTest::addColumn<QString>("file");
@@ -191,7 +191,7 @@ private Q_SLOTS:
         }
     }
 
-    void FilesHaveTheProgramsTypes()
+    void filesHaveTheProgramsTypes()
     {
         QFETCH(bool, withTools);
         QFETCH(QString, file);
@@ -204,7 +204,7 @@ private Q_SLOTS:
         QTEST(TypeOf(file), "type");
     }
 
-    void TheRunCopysEndingIsLeftAlone()
+    void theRunCopysEndingIsLeftAlone()
     {
         const QString before = TypeOf(QStringLiteral("a.bak"));
         AssociateFileTypes(places);
@@ -215,14 +215,14 @@ private Q_SLOTS:
             QVERIFY2(!Get(written.next()).contains(".bak"), qPrintable(written.filePath()));
     }
 
-    void AProgramIsPlainTextToo()
+    void aProgramIsPlainTextToo()
     {
         AssociateFileTypes(places);
         QCOMPARE(Ask(QCoreApplication::applicationFilePath(), {QStringLiteral("--parent-of"), BasicType}).trimmed(),
                  QByteArray("text/plain"));
     }
 
-    void TheDesktopNamesTheProgramForBothTypes()
+    void theDesktopNamesTheProgramForBothTypes()
     {
         const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
         QVERIFY2(!gio.isEmpty(), "gio is not installed; ./test installs it");
@@ -233,7 +233,7 @@ private Q_SLOTS:
         }
     }
 
-    void ADoubleClickStartsTheProgramOnTheFile_data()
+    void aDoubleClickStartsTheProgramOnTheFile_data()
     {
         QTest::addColumn<QString>("program");
         QTest::addColumn<bool>("withTools");
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QTest::newRow("name with signs") << QStringLiteral("my $1 \"own\" \\ `bench`") << true;
     }
 
-    void ADoubleClickStartsTheProgramOnTheFile()
+    void aDoubleClickStartsTheProgramOnTheFile()
     {
         QFETCH(QString, program);
         QFETCH(bool, withTools);
@@ -256,7 +256,7 @@ private Q_SLOTS:
         }
         AssociateFileTypes(places);
         if (!withTools) {
-            // The types stay known; the choice of the program is what is written without a tool.
+            // The types stay known; the program's association is what is written without a tool.
             QFile::remove(Config());
             qputenv("PATH", "/nowhere");
             AssociateFileTypes(places);
@@ -270,7 +270,7 @@ private Q_SLOTS:
         QCOMPARE(Get(called), file.toUtf8() + '\n');
     }
 
-    void TheDesktopsToolIsAskedFirst()
+    void theDesktopsToolIsAskedFirst()
     {
         const QString tools = folder->filePath(QStringLiteral("tools"));
         PutProgram(tools + QStringLiteral("/xdg-mime"),
@@ -281,11 +281,11 @@ private Q_SLOTS:
                                  " default orchard-bench.desktop " + BasicType.toUtf8() + ' ' + FormType.toUtf8() +
                                  '\n';
         QCOMPARE(Get(places.configFolder + QStringLiteral(".asked")), asked);
-        // A tool that wrote nothing does not keep the choice from being written.
+        // The association is written even when the tool wrote nothing.
         QVERIFY(Get(Config()).contains("application/x-orchard-form=orchard-bench.desktop;\n"));
     }
 
-    void AssociatingTwiceIsHarmless()
+    void associatingTwiceIsHarmless()
     {
         Put(Config(), "[Default Applications]\ntext/plain=edit.desktop\n");
         AssociateFileTypes(places);
@@ -295,7 +295,7 @@ private Q_SLOTS:
         QVERIFY(Get(Config()).startsWith("[Default Applications]\ntext/plain=edit.desktop\n"));
     }
 
-    void AListThatIsALinkStaysOne()
+    void aListThatIsALinkStaysOne()
     {
         const QString target = folder->filePath(QStringLiteral("dots/mimeapps.list"));
         Put(target, "[Default Applications]\ntext/plain=edit.desktop\n");
@@ -306,7 +306,7 @@ private Q_SLOTS:
         QVERIFY(Get(target).contains("text/plain=edit.desktop\napplication/x-orchard-basic=orchard-bench.desktop;\n"));
     }
 
-    void AFolderThatCannotBeMadeIsAFailure()
+    void aFolderThatCannotBeMadeIsAFailure()
     {
         Put(places.dataFolder, "a file in the way");
         QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::PathFileAccess));
@@ -314,13 +314,13 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(Config()));
     }
 
-    void AListThatCannotBeWrittenIsAFailure()
+    void aListThatCannotBeWrittenIsAFailure()
     {
         QVERIFY(QDir().mkpath(Config() + QStringLiteral("/a folder in the way")));
         QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::PathFileAccess));
     }
 
-    void ATypeDatabaseThatCannotBeBuiltIsAFailure()
+    void aTypeDatabaseThatCannotBeBuiltIsAFailure()
     {
         const QString tools = folder->filePath(QStringLiteral("tools"));
         PutProgram(tools + QStringLiteral("/update-mime-database"), "exit 1\n");
@@ -328,7 +328,7 @@ private Q_SLOTS:
         QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::DeviceIoError));
     }
 
-    void MissingIconsAreAFailure()
+    void missingIconsAreAFailure()
     {
         places.iconFolder = folder->filePath(QStringLiteral("none"));
         QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::FileNotFound));
@@ -344,7 +344,7 @@ private:
         return places.configFolder + QStringLiteral("/mimeapps.list");
     }
 
-    // Runs a program that sees the test's desktop, and gives what it prints.
+    // Runs a program on the test's desktop and returns its output.
     QByteArray Ask(const QString& program, const QStringList& arguments) const
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -389,7 +389,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    // The toolkit reads the types once, so each question about them is a process of its own.
+    // The toolkit reads the types once, so each query is a separate process.
     if (arguments.size() == 3 && arguments[1] == QLatin1String("--type-of")) {
         std::puts(qPrintable(QMimeDatabase().mimeTypeForFile(arguments[2]).name()));
         return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The clipboard where there is none.
+// The clipboard on a system without one.
 #include "platform/desktop/modClipboard.h"
 #include "support/ScriptedDialogs.h"
 
@@ -11,7 +11,7 @@ class tst_modClipboard : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutWindowsNothingIsCopiedAndThatIsTold()
+    void withoutWindowsNothingIsCopiedAndAMessageSaysSo()
     {
         ScriptedDialogs dialogs;
         dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);

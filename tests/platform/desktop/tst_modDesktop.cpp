@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which program a desktop opens a file with, by the lists of the user and the system, and the programs of its menus.
+// The program with which a desktop opens a file, by the lists of the user and the system and the programs in its menus.
 #include "platform/desktop/modDesktop.h"
 
 #include <QDir>
@@ -9,7 +9,7 @@
 
 #include <memory>
 
-// A setting has a line "file: line of it" each, the files being those of the test's desktop:
+// A setting consists of lines "file: a line of that file", with these files of the test's desktop:
 //   home/    the user's lists     home-data/       the user's programs
 //   system/  the system's lists   data/ and more/  the system's programs
 class tst_modDesktop : public QObject {
@@ -19,19 +19,19 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void TheListsAreReadInTheirOrder_data();
-    void TheListsAreReadInTheirOrder();
-    void TheTypeOfTheFileCountsBeforeItsParents_data();
-    void TheTypeOfTheFileCountsBeforeItsParents();
-    void AFileThatIsNotThereHasNoProgram();
-    void TheFileManagerOpensFolders();
-    void TheCalculatorIsTheFirstThatMenusShow_data();
-    void TheCalculatorIsTheFirstThatMenusShow();
-    void ArgumentsArePassedOn();
+    void theListsAreReadInTheirOrder_data();
+    void theListsAreReadInTheirOrder();
+    void theTypeOfTheFileCountsBeforeItsParents_data();
+    void theTypeOfTheFileCountsBeforeItsParents();
+    void aFileThatIsNotThereHasNoProgram();
+    void theFileManagerOpensFolders();
+    void theCalculatorIsTheFirstThatMenusShow_data();
+    void theCalculatorIsTheFirstThatMenusShow();
+    void argumentsArePassedOn();
 
 private:
     void Append(const QString& name, const QByteArray& line) const;
-    // Makes the lists and the programs of a setting; a program's entry "a.desktop" starts the program "a".
+    // Creates the lists and the programs of a setting; a program's entry "a.desktop" starts the program "a".
     void Set(const QString& setting) const;
     QString NameOf(const std::optional<ob::ProgramCall>& call) const;
     QString ProgramFor(const QString& fileName) const;
@@ -51,7 +51,7 @@ void tst_modDesktop::init()
     set("XDG_CONFIG_HOME", "@home");
     set("XDG_CONFIG_DIRS", "@system");
     set("XDG_DATA_HOME", "@home-data");
-    set("XDG_DATA_DIRS", "@data:@more:/usr/share"); // the data base of types
+    set("XDG_DATA_DIRS", "@data:@more:/usr/share"); // the database of types
     set("XDG_CURRENT_DESKTOP", "First:Second");
 }
 
@@ -103,7 +103,7 @@ QString tst_modDesktop::ProgramFor(const QString& fileName) const
     return NameOf(ob::FindExecutable(folder->filePath(fileName).toStdU16String()));
 }
 
-void tst_modDesktop::TheListsAreReadInTheirOrder_data()
+void tst_modDesktop::theListsAreReadInTheirOrder_data()
 {
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("program");
@@ -194,14 +194,14 @@ void tst_modDesktop::TheListsAreReadInTheirOrder_data()
         "data/applications/x-y/z/ed.desktop: \nhome/mimeapps.list: D text/plain=x-y-z-ed.desktop", "ed");
 }
 
-void tst_modDesktop::TheListsAreReadInTheirOrder()
+void tst_modDesktop::theListsAreReadInTheirOrder()
 {
     QFETCH(QString, setting);
     Set(setting);
     QTEST(ProgramFor(QStringLiteral("test.txt")), "program");
 }
 
-void tst_modDesktop::TheTypeOfTheFileCountsBeforeItsParents_data()
+void tst_modDesktop::theTypeOfTheFileCountsBeforeItsParents_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("type");
@@ -220,7 +220,7 @@ void tst_modDesktop::TheTypeOfTheFileCountsBeforeItsParents_data()
     row("a.bmp", "text/plain", "none");
 }
 
-void tst_modDesktop::TheTypeOfTheFileCountsBeforeItsParents()
+void tst_modDesktop::theTypeOfTheFileCountsBeforeItsParents()
 {
     QFETCH(QString, file);
     QFETCH(QString, type);
@@ -232,21 +232,21 @@ void tst_modDesktop::TheTypeOfTheFileCountsBeforeItsParents()
     QCOMPARE(ProgramFor(file), QStringLiteral("web"));
 }
 
-void tst_modDesktop::AFileThatIsNotThereHasNoProgram()
+void tst_modDesktop::aFileThatIsNotThereHasNoProgram()
 {
     Set(QStringLiteral("data/applications/a.desktop: MimeType=text/plain;"));
     QCOMPARE(NameOf(ob::FindExecutable(folder->filePath(QStringLiteral("gone.txt")).toStdU16String())),
              QStringLiteral("none"));
 }
 
-void tst_modDesktop::TheFileManagerOpensFolders()
+void tst_modDesktop::theFileManagerOpensFolders()
 {
     QCOMPARE(NameOf(ob::FileManager()), QStringLiteral("none"));
     Set(QStringLiteral("data/applications/files.desktop: MimeType=inode/directory;"));
     QCOMPARE(NameOf(ob::FileManager()), QStringLiteral("files"));
 }
 
-void tst_modDesktop::TheCalculatorIsTheFirstThatMenusShow_data()
+void tst_modDesktop::theCalculatorIsTheFirstThatMenusShow_data()
 {
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("program");
@@ -268,7 +268,7 @@ void tst_modDesktop::TheCalculatorIsTheFirstThatMenusShow_data()
     row("hidden by the user", "home-data/applications/b.desktop: Hidden=true", "c");
 }
 
-void tst_modDesktop::TheCalculatorIsTheFirstThatMenusShow()
+void tst_modDesktop::theCalculatorIsTheFirstThatMenusShow()
 {
     QFETCH(QString, setting);
     qputenv("XDG_DATA_DIRS", QFile::encodeName(folder->filePath(QStringLiteral("data"))));
@@ -276,7 +276,7 @@ void tst_modDesktop::TheCalculatorIsTheFirstThatMenusShow()
     QTEST(NameOf(ob::Calculator()), "program");
 }
 
-void tst_modDesktop::ArgumentsArePassedOn()
+void tst_modDesktop::argumentsArePassedOn()
 {
     Set(QStringLiteral("data/applications/a.desktop: MimeType=text/plain;"));
     const QString entry = QStringLiteral("home-data/applications/a.desktop");

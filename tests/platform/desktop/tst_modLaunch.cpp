@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Command lines resolved and split, and real processes that write down how they were called.
+// Resolving and splitting command lines, and real processes that record how they were called.
 #include "platform/desktop/modLaunch.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -37,24 +37,24 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void TheShortestFirstPartThatIsAFileIsTheProgram_data();
-    void TheShortestFirstPartThatIsAFileIsTheProgram();
-    void NoFileMeansNoCommand_data();
-    void NoFileMeansNoCommand();
-    void ArgumentsAreSplitAtSpaces_data();
-    void ArgumentsAreSplitAtSpaces();
+    void theShortestFirstPartThatIsAFileIsTheProgram_data();
+    void theShortestFirstPartThatIsAFileIsTheProgram();
+    void noFileMeansNoCommand_data();
+    void noFileMeansNoCommand();
+    void argumentsAreSplitAtSpaces_data();
+    void argumentsAreSplitAtSpaces();
 
-    void AProgramIsStartedWithItsArguments();
-    void AProgramWithSpacesInItsPathIsStarted();
-    void AKnownProgramGetsItsArgumentsUnchanged();
-    void AnEndingIsAddedToAProgramOnDisk();
-    void ARelativeProgramIsTakenFromTheCurrentDirectory();
-    void ABareNameIsLookedForOnTheSearchPath();
-    void AProgramForWindowsRunsThroughWine();
-    void WithoutWineTheStartFails();
-    void AScriptOfThatEndingRunsByItself();
-    void AProgramThatIsNotThereIsReported();
-    void AProgramThatIsNotExecutableIsReported();
+    void aProgramIsStartedWithItsArguments();
+    void aProgramWithSpacesInItsPathIsStarted();
+    void aKnownProgramGetsItsArgumentsUnchanged();
+    void anExtensionIsAddedToAProgramOnDisk();
+    void aRelativeProgramIsTakenFromTheCurrentDirectory();
+    void aBareNameIsSearchedForOnTheSearchPath();
+    void aProgramForWindowsRunsThroughWine();
+    void withoutWineTheStartFails();
+    void aScriptWithThatExtensionRunsByItself();
+    void aProgramThatIsNotThereIsReported();
+    void aProgramThatIsNotExecutableIsReported();
 
 private:
     QString At(const QString& name) const { return folder->filePath(name); }
@@ -109,7 +109,7 @@ QStringList tst_modLaunch::WaitForLog() const
     return lines;
 }
 
-void tst_modLaunch::TheShortestFirstPartThatIsAFileIsTheProgram_data()
+void tst_modLaunch::theShortestFirstPartThatIsAFileIsTheProgram_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QStringList>("files");
@@ -123,10 +123,11 @@ void tst_modLaunch::TheShortestFirstPartThatIsAFileIsTheProgram_data()
     row("run line", "/p/orchard.exe  -R -A /t/x.bak", "/p/orchard.exe", "/p/orchard.exe", "-R -A /t/x.bak");
     row("space in path", "/my p/orchard.exe  -R -A x", "/my p/orchard.exe", "/my p/orchard.exe", "-R -A x");
     row("shorter file wins", "/my p/orchard.exe x", "/my|/my p/orchard.exe", "/my", "p/orchard.exe x");
-    row("shorter with ending wins", "/my p/orchard.exe x", "/my.exe|/my p/orchard.exe", "/my.exe", "p/orchard.exe x");
-    row("as written before ending", "/p/run x", "/p/run|/p/run.exe", "/p/run", "x");
-    row("ending added", "/p/run x", "/p/run.exe", "/p/run.exe", "x");
-    row("dot in a folder is no ending", "/p.d/run x", "/p.d/run.exe", "/p.d/run.exe", "x");
+    row("shorter with extension wins", "/my p/orchard.exe x", "/my.exe|/my p/orchard.exe", "/my.exe",
+        "p/orchard.exe x");
+    row("as written before extension", "/p/run x", "/p/run|/p/run.exe", "/p/run", "x");
+    row("extension added", "/p/run x", "/p/run.exe", "/p/run.exe", "x");
+    row("dot in a folder is not an extension", "/p.d/run x", "/p.d/run.exe", "/p.d/run.exe", "x");
     row("two spaces in path", "/my  p/run.exe x", "/my  p/run.exe", "/my  p/run.exe", "x");
     row("no file ends in a space", "/my  p/run.exe x", "/my |/my  p/run.exe", "/my  p/run.exe", "x");
     row("tab", "/p/run.exe\tx", "/p/run.exe", "/p/run.exe", "x");
@@ -134,13 +135,13 @@ void tst_modLaunch::TheShortestFirstPartThatIsAFileIsTheProgram_data()
     row("spaces at the end stay", "/p/run.exe x  ", "/p/run.exe", "/p/run.exe", "x  ");
     row("backslashes", "c:\\my p\\run x", "c:\\my p\\run.exe", "c:\\my p\\run.exe", "x");
     row("quoted", "\"/my p/run.exe\" x y", "/my|/my p/run.exe", "/my p/run.exe", "x y");
-    row("quoted, ending added", "\"/my p/run\"  x", "/my p/run.exe", "/my p/run.exe", "x");
+    row("quoted, extension added", "\"/my p/run\"  x", "/my p/run.exe", "/my p/run.exe", "x");
     row("quoted, text at once", "\"/p/run.exe\"x", "/p/run.exe", "/p/run.exe", "x");
     row("quote left open", "\"/my p/run.exe", "/my p/run.exe", "/my p/run.exe", "");
     row("bare name", "notepad a.txt", "notepad.exe", "notepad.exe", "a.txt");
 }
 
-void tst_modLaunch::TheShortestFirstPartThatIsAFileIsTheProgram()
+void tst_modLaunch::theShortestFirstPartThatIsAFileIsTheProgram()
 {
     QFETCH(QString, line);
     QFETCH(QStringList, files);
@@ -153,19 +154,19 @@ void tst_modLaunch::TheShortestFirstPartThatIsAFileIsTheProgram()
     QCOMPARE(command->arguments, ob::SplitArguments(argumentText));
 }
 
-void tst_modLaunch::NoFileMeansNoCommand_data()
+void tst_modLaunch::noFileMeansNoCommand_data()
 {
     QTest::addColumn<QString>("line");
     QTest::newRow("empty") << QString();
     QTest::newRow("spaces") << QStringLiteral("   ");
     QTest::newRow("missing") << QStringLiteral("/p/gone.exe x");
-    QTest::newRow("ending is not added twice") << QStringLiteral("/p/run.com");
+    QTest::newRow("extension is not added twice") << QStringLiteral("/p/run.com");
     QTest::newRow("quoted, missing") << QStringLiteral("\"/p/gone\" /p/run.exe");
     QTest::newRow("nothing in quotes") << QStringLiteral("\"\" x");
     QTest::newRow("one quote") << QStringLiteral("\"");
 }
 
-void tst_modLaunch::NoFileMeansNoCommand()
+void tst_modLaunch::noFileMeansNoCommand()
 {
     QFETCH(QString, line);
     const QSet<QString> files = {QStringLiteral("/p/run.exe"), QStringLiteral("/p/run.com.exe"),
@@ -173,7 +174,7 @@ void tst_modLaunch::NoFileMeansNoCommand()
     QVERIFY(!ob::ResolveCommand(line, [&](const QString& path) { return files.contains(path); }));
 }
 
-void tst_modLaunch::ArgumentsAreSplitAtSpaces_data()
+void tst_modLaunch::argumentsAreSplitAtSpaces_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("arguments");
@@ -193,21 +194,21 @@ void tst_modLaunch::ArgumentsAreSplitAtSpaces_data()
     row("\"c:\\my p\\\" x", {L("c:\\my p\\"), L("x")});
 }
 
-void tst_modLaunch::ArgumentsAreSplitAtSpaces()
+void tst_modLaunch::argumentsAreSplitAtSpaces()
 {
     QFETCH(QString, text);
     QFETCH(QStringList, arguments);
     QCOMPARE(ob::SplitArguments(text), arguments);
 }
 
-void tst_modLaunch::AProgramIsStartedWithItsArguments()
+void tst_modLaunch::aProgramIsStartedWithItsArguments()
 {
     MakeProgram(QStringLiteral("engine"));
     ob::Launch(At(QStringLiteral("engine")) + QStringLiteral("  -R -A /tmp/a \"b c\""));
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("engine [-R] [-A] [/tmp/a] [b c]"));
 }
 
-void tst_modLaunch::AProgramWithSpacesInItsPathIsStarted()
+void tst_modLaunch::aProgramWithSpacesInItsPathIsStarted()
 {
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("my programs")));
     MakeProgram(QStringLiteral("my programs/the engine"));
@@ -215,28 +216,28 @@ void tst_modLaunch::AProgramWithSpacesInItsPathIsStarted()
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("my programs/the engine [-R] [x]"));
 }
 
-void tst_modLaunch::AKnownProgramGetsItsArgumentsUnchanged()
+void tst_modLaunch::aKnownProgramGetsItsArgumentsUnchanged()
 {
     MakeProgram(QStringLiteral("my engine"));
     ob::Launch(ob::ProgramCall{At(QStringLiteral("my engine")).toStdU16String(), {u"a b", u"\"c\"", u"", u"d\\"}});
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("my engine [a b] [\"c\"] [] [d\\]"));
 }
 
-void tst_modLaunch::AnEndingIsAddedToAProgramOnDisk()
+void tst_modLaunch::anExtensionIsAddedToAProgramOnDisk()
 {
     MakeProgram(QStringLiteral("engine.exe"));
     ob::Launch(At(QStringLiteral("engine")) + QStringLiteral(" x"));
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("engine.exe [x]"));
 }
 
-void tst_modLaunch::ARelativeProgramIsTakenFromTheCurrentDirectory()
+void tst_modLaunch::aRelativeProgramIsTakenFromTheCurrentDirectory()
 {
     MakeProgram(QStringLiteral("sleep"));
     ob::Launch(QStringLiteral("sleep 0"));
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("sleep [0]"));
 }
 
-void tst_modLaunch::ABareNameIsLookedForOnTheSearchPath()
+void tst_modLaunch::aBareNameIsSearchedForOnTheSearchPath()
 {
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("tools")));
     MakeProgram(QStringLiteral("tools/viewer"));
@@ -245,7 +246,7 @@ void tst_modLaunch::ABareNameIsLookedForOnTheSearchPath()
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("tools/viewer [a.txt]"));
 }
 
-void tst_modLaunch::AProgramForWindowsRunsThroughWine()
+void tst_modLaunch::aProgramForWindowsRunsThroughWine()
 {
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("tools")));
     MakeProgram(QStringLiteral("tools/wine"));
@@ -260,14 +261,14 @@ void tst_modLaunch::AProgramForWindowsRunsThroughWine()
     QCOMPARE(log.mid(2).join(u' '), QStringLiteral("[-R] [-A] [x.bak]"));
 }
 
-void tst_modLaunch::WithoutWineTheStartFails()
+void tst_modLaunch::withoutWineTheStartFails()
 {
     MakeProgram(QStringLiteral("orchard.exe"), QByteArray("MZ\x90\0\n", 5));
     qputenv("PATH", QFile::encodeName(folder->path()));
     QCOMPARE(LaunchError(At(QStringLiteral("orchard.exe"))), invalidCall);
 }
 
-void tst_modLaunch::AScriptOfThatEndingRunsByItself()
+void tst_modLaunch::aScriptWithThatExtensionRunsByItself()
 {
     MakeProgram(QStringLiteral("wine"));
     MakeProgram(QStringLiteral("orchard.exe"));
@@ -276,7 +277,7 @@ void tst_modLaunch::AScriptOfThatEndingRunsByItself()
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("orchard.exe"));
 }
 
-void tst_modLaunch::AProgramThatIsNotThereIsReported()
+void tst_modLaunch::aProgramThatIsNotThereIsReported()
 {
     QCOMPARE(LaunchError(At(QStringLiteral("gone.exe")) + QStringLiteral(" x")), fileNotFound);
     QCOMPARE(LaunchError(QStringLiteral("surely-no-program-has-this-name x")), fileNotFound);
@@ -285,7 +286,7 @@ void tst_modLaunch::AProgramThatIsNotThereIsReported()
     QCOMPARE(LaunchError(QStringLiteral("no path  -R -A x")), fileNotFound);
 }
 
-void tst_modLaunch::AProgramThatIsNotExecutableIsReported()
+void tst_modLaunch::aProgramThatIsNotExecutableIsReported()
 {
     MakeProgram(QStringLiteral("engine"));
     QVERIFY(QFile::setPermissions(At(QStringLiteral("engine")), QFile::Permissions(0x6644)));

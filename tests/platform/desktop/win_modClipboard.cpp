@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts on their way to the clipboard.
+// Copying texts to the clipboard.
 #include "support/BenchTest.h"
 #include "support/ScriptedDialogs.h"
 
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::clipboard()->text(), text);
     }
 
-    void aTakenClipboardIsTold()
+    void aClipboardInUseIsReported()
     {
         ScriptedDialogs dialogs;
         dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);

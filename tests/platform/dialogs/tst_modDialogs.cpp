@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The boxes' seam: filters taken apart, the folder of a choice, and the one place that shows a runtime error.
+// The boxes' seam: splitting filters, the folder of a choice, and the one place that shows a runtime error.
 #include "platform/dialogs/modDialogs.h"
 
 #include "core/CoreBench.h"
@@ -28,7 +28,7 @@ private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
     void cleanup() { bench.reset(); }
 
-    void AFilterIsPairsOfWordsAndPatterns_data()
+    void aFilterIsPairsOfWordsAndPatterns_data()
     {
         QTest::addColumn<QString>("filter");
         QTest::addColumn<QStringList>("pairs");
@@ -36,12 +36,13 @@ private Q_SLOTS:
                                   << QStringList{QStringLiteral("OB Token (*.tkn)=*.tkn")};
         QTest::newRow("two patterns") << QStringLiteral("BASIC code (*.bas)(*.bak)|*.bas;*.bak")
                                       << QStringList{QStringLiteral("BASIC code (*.bas)(*.bak)=*.bas *.bak")};
-        QTest::newRow("two pairs, a blank before the pattern")
+        QTest::newRow("two pairs, a space before the pattern")
             << QStringLiteral("BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*")
             << QStringList{QStringLiteral("BASIC code (*.bas),(*.bak)=*.bas *.bak"),
                            QStringLiteral("All Files (*.*)=*")};
-        QTest::newRow("a pattern in parentheses") << QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)")
-                                                  << QStringList{QStringLiteral("BASIC Code (*.bas)(*.bak)=*.bas *.bak")};
+        QTest::newRow("a pattern in parentheses")
+            << QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)")
+            << QStringList{QStringLiteral("BASIC Code (*.bas)(*.bak)=*.bas *.bak")};
         QTest::newRow("semicolon at the end") << QStringLiteral("Orchard BASIC |orchard.exe;*.exe;")
                                               << QStringList{QStringLiteral("Orchard BASIC=orchard.exe *.exe")};
         QTest::newRow("name pattern") << QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak")
@@ -51,27 +52,27 @@ private Q_SLOTS:
         QTest::newRow("bar at the end") << QStringLiteral("A|*.a|") << QStringList{QStringLiteral("A=*.a")};
     }
 
-    void AFilterIsPairsOfWordsAndPatterns()
+    void aFilterIsPairsOfWordsAndPatterns()
     {
         QFETCH(QString, filter);
         QTEST(Described(filter), "pairs");
     }
 
-    void ACommandThatEndsShowsNothing()
+    void aCommandThatEndsShowsNothing()
     {
         bool ran = false;
         QVERIFY(RunCommand([&] { ran = true; }) == CommandEnd::Finished);
         QVERIFY(ran);
     }
 
-    void AnUncaughtErrorIsShownOnce()
+    void anUncaughtErrorIsShownOnce()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '53':\nFile not found"));
         QVERIFY(RunCommand([] { throw RuntimeErrorOf(ErrorNumber::FileNotFound); }) == CommandEnd::Failed);
         QVERIFY(bench->dialogs.Finished());
     }
 
-    void AnErrorOfItsOwnKeepsItsNumberAndWords()
+    void anErrorOfItsOwnKeepsItsNumberAndWords()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '17':\nCan't write"));
         QVERIFY(RunCommand([] { throw RuntimeError(17, QStringLiteral("x"), QStringLiteral("Can't write")); }) ==
@@ -79,14 +80,14 @@ private Q_SLOTS:
         QVERIFY(bench->dialogs.Finished());
     }
 
-    void WantOfMemoryIsAnErrorLikeOthers()
+    void wantOfMemoryIsAnErrorLikeOthers()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '7':\nOut of memory"));
         QVERIFY(RunCommand([] { throw std::bad_alloc(); }) == CommandEnd::Failed);
         QVERIFY(bench->dialogs.Finished());
     }
 
-    void ACommandInsideACommandShowsItsErrorOnce()
+    void aCommandInsideACommandShowsItsErrorOnce()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '5':\nInvalid procedure call or argument"));
         bool wentOn = false;
@@ -98,7 +99,7 @@ private Q_SLOTS:
         QVERIFY(bench->dialogs.Finished());
     }
 
-    void TheFolderOfAChoiceBecomesTheCurrentOne()
+    void theFolderOfAChoiceBecomesTheCurrentOne()
     {
         QDir().mkdir(QStringLiteral("other"));
         const QString file = bench->Put(QStringLiteral("other/a.bas"), "a");
@@ -108,7 +109,7 @@ private Q_SLOTS:
                  QFileInfo(bench->Path(QStringLiteral("other"))).canonicalFilePath());
     }
 
-    void NoChoiceLeavesTheCurrentFolder()
+    void noChoiceLeavesTheCurrentFolder()
     {
         const QString before = QDir::currentPath();
         bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), QStringLiteral("A|*.a"), {});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The font box, answered by its own lists and buttons: above all what becomes of a font that is not installed.
+// The font box, operated by its own lists and buttons, in particular with a font that is not installed.
 #include "support/BenchTest.h"
 
 #include "platform/dialogs/dlgStandard.h"
@@ -20,7 +20,7 @@ namespace {
 
 const QString Missing = QStringLiteral("No Such, Font");
 
-// Runs in the font box, which is then left by that button.
+// Runs in the font box, which that button then closes.
 void WithBox(const std::function<void(QFontDialog&)>& script,
              QDialogButtonBox::StandardButton button = QDialogButtonBox::Ok)
 {
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QVERIFY(QFontDatabase::families().size() >= 2);
     }
 
-    void FontThatIsNotInstalledIsShownByItsName()
+    void fontThatIsNotInstalledIsShownByItsName()
     {
         dlgStandard boxes;
         WithBox([](QFontDialog& box) { QCOMPARE(box.findChildren<QLineEdit*>().first()->text(), Missing); });
@@ -70,7 +70,7 @@ private Q_SLOTS:
         QCOMPARE(font->size, 12);
     }
 
-    void AnotherSizeKeepsItsName()
+    void anotherSizeKeepsItsName()
     {
         dlgStandard boxes;
         int size = 0;
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(font->size, size);
     }
 
-    void AnotherFamilyTakesItsPlace()
+    void anotherFamilyTakesItsPlace()
     {
         dlgStandard boxes;
         QString family;
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(font->name, family);
     }
 
-    void InstalledFontComesBackAsItWasGiven()
+    void installedFontComesBackAsItWasGiven()
     {
         dlgStandard boxes;
         const QString family = QFontDatabase::families().first();
@@ -106,14 +106,14 @@ private Q_SLOTS:
         QVERIFY(!font->bold);
     }
 
-    void CancelGivesNothing()
+    void cancelGivesNothing()
     {
         dlgStandard boxes;
         WithBox([](QFontDialog& box) { Pick(List(box, 0), 0); }, QDialogButtonBox::Cancel);
         QVERIFY(!boxes.Font({Missing, 12, false, false}).has_value());
     }
 
-    void ASizeOfNothingDoesNoHarm()
+    void aSizeOfNothingDoesNoHarm()
     {
         dlgStandard boxes;
         WithBox([](QFontDialog&) {});

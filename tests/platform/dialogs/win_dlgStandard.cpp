@@ -20,7 +20,7 @@ using namespace ob;
 
 namespace {
 
-// Runs once the next modal box stands.
+// Runs once the next modal box is shown.
 void WithBox(const std::function<void(QWidget&)>& script)
 {
     QTimer::singleShot(50, [script] {
@@ -29,7 +29,7 @@ void WithBox(const std::function<void(QWidget&)>& script)
             QTest::qFail("no box came up", __FILE__, __LINE__);
         else
             script(*box);
-        // A box that a failed check has left open would wait for ever.
+        // A box left open by a failed check would wait for ever.
         if (QTest::currentTestFailed())
             dynamic_cast<QDialog&>(*box).done(0);
     });
@@ -75,7 +75,7 @@ private Q_SLOTS:
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         QCOMPARE(boxes.Message({QStringLiteral("Find?"), BoxIcon::None, BoxButtons::OkCancel, {}}), BoxAnswer::Cancel);
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-        QCOMPARE(boxes.Message({QStringLiteral("Told."), BoxIcon::Critical, BoxButtons::Ok, {}}), BoxAnswer::Ok);
+        QCOMPARE(boxes.Message({QStringLiteral("Done."), BoxIcon::Critical, BoxButtons::Ok, {}}), BoxAnswer::Ok);
     }
 
     void theBoxOfAToolThatHasClosedBelongsToTheMainWindow()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of file work share: errors as numbers, and trouble made on purpose.
+// What the tests of file work share: errors as numbers, and deliberate failures.
 #pragma once
 
 #include "platform/language/cRuntimeError.h"
@@ -13,7 +13,7 @@
 #include <unistd.h>
 #endif
 
-// The numbers of the runtime's errors as a user knows them.
+// The numbers of the runtime's errors as the user sees them.
 enum RuntimeNumber {
     none = 0,
     fileNotFound = 53,
@@ -23,7 +23,7 @@ enum RuntimeNumber {
     pathNotFound = 76,
 };
 
-// The number of the error that a call raises.
+// The number of the error raised by a call.
 template <class Call>
 int ErrorOf(Call call)
 {
@@ -49,7 +49,7 @@ inline QByteArray Get(const QString& path)
 }
 
 #ifdef Q_OS_UNIX
-// Within its life no file of this process may grow beyond the limit; writing on gives an error and no signal.
+// During its lifetime no file of this process may grow beyond the limit; further writing fails without a signal.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes)
@@ -72,7 +72,7 @@ private:
     void (*oldHandler)(int) = SIG_DFL;
 };
 
-// Within its life the process is a user whom permissions stop; without root's rights it already is one.
+// During its lifetime the process runs as a user to whom permissions apply; without root's rights it already does.
 class PlainUser {
 public:
     PlainUser() : changed(geteuid() == 0 && seteuid(65534) == 0) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A file that takes its name only once it is whole.
+// A file that gets its name only once it is complete.
 #include "platform/files/cFileReplacement.h"
 
 #include "platform/files/FileTrouble.h"
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(Entries(), QStringList{QStringLiteral("x")});
     }
 
-    void aFullDiskIsToldAtTheLatestAtTheEnd()
+    void aFullDiskIsReportedByTheEndAtTheLatest()
     {
         Put(At("x"), "old");
         const FileSizeLimit limit(1000);

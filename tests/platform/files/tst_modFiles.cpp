@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files looked up, read and written when all goes well.
+// Finding, reading and writing files without errors.
 #include "platform/files/modFiles.h"
 
 #include "platform/files/FileTrouble.h"
@@ -24,26 +24,26 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void AFolderIsNoFile();
-    void ReadingGivesAllBytes();
-    void ReadingAMadeUpFileGivesAllBytes();
-    void ReplacingMakesAndReplaces();
-    void ReplacingKeepsPermissions();
-    void ANewFileHasTheUsualPermissions();
-    void ReplacingFollowsLinks();
-    void ReplacingThroughADanglingLinkMakesItsTarget();
-    void ReplacingWritesDevicesInPlace();
-    void ReplacingWritesAPipeThatIsRead();
-    void AppendingAddsALineEnd();
-    void WritingKeepsALongerFilesTail();
-    void NamesAndFoldersOfPaths_data();
-    void NamesAndFoldersOfPaths();
-    void SizeAndDateOfAFile();
-    void DatesAreTextInTheShortFormat_data();
-    void DatesAreTextInTheShortFormat();
-    void NamesAreFoundInAnyCase();
-    void TheNameAsWrittenComesFirst();
-    void NamesInFoldersAreFoundInAnyCase();
+    void aFolderIsNoFile();
+    void readingGivesAllBytes();
+    void readingAMadeUpFileGivesAllBytes();
+    void replacingMakesAndReplaces();
+    void replacingKeepsPermissions();
+    void aNewFileHasTheUsualPermissions();
+    void replacingFollowsLinks();
+    void replacingThroughADanglingLinkMakesItsTarget();
+    void replacingWritesDevicesInPlace();
+    void replacingWritesAPipeThatIsRead();
+    void appendingAddsALineEnd();
+    void writingKeepsALongerFilesTail();
+    void namesAndFoldersOfPaths_data();
+    void namesAndFoldersOfPaths();
+    void sizeAndDateOfAFile();
+    void datesAreTextInTheShortFormat_data();
+    void datesAreTextInTheShortFormat();
+    void namesAreFoundInAnyCase();
+    void theNameAsWrittenComesFirst();
+    void namesInFoldersAreFoundInAnyCase();
 
 private:
     QString At(const QString& name) const { return folder->filePath(name); }
@@ -66,7 +66,7 @@ void tst_modFiles::cleanup()
     folder.reset();
 }
 
-void tst_modFiles::AFolderIsNoFile()
+void tst_modFiles::aFolderIsNoFile()
 {
     Put(At(QStringLiteral("a.bas")), "x");
     QVERIFY(ob::FileExists(At(QStringLiteral("a.bas"))));
@@ -89,7 +89,7 @@ void tst_modFiles::AFolderIsNoFile()
 #endif
 }
 
-void tst_modFiles::ReadingGivesAllBytes()
+void tst_modFiles::readingGivesAllBytes()
 {
     for (const qsizetype size : {qsizetype{0}, qsizetype{1}, qsizetype{65535}, qsizetype{65536}, qsizetype{1000003}}) {
         QByteArray bytes(size, '\0');
@@ -100,7 +100,7 @@ void tst_modFiles::ReadingGivesAllBytes()
     }
 }
 
-void tst_modFiles::ReadingAMadeUpFileGivesAllBytes()
+void tst_modFiles::readingAMadeUpFileGivesAllBytes()
 {
 #ifdef Q_OS_LINUX
     const QByteArray status = ob::ReadWhole(QStringLiteral("/proc/self/status"));
@@ -111,7 +111,7 @@ void tst_modFiles::ReadingAMadeUpFileGivesAllBytes()
 #endif
 }
 
-void tst_modFiles::ReplacingMakesAndReplaces()
+void tst_modFiles::replacingMakesAndReplaces()
 {
     const QString path = At(QStringLiteral("a.bas"));
     ob::ReplaceFile(path, QByteArrayView("first\0text", 10));
@@ -136,7 +136,7 @@ void tst_modFiles::ReplacingMakesAndReplaces()
     QCOMPARE(Get(At(QStringLiteral("relative.bas"))), QByteArray("here"));
 }
 
-void tst_modFiles::ReplacingKeepsPermissions()
+void tst_modFiles::replacingKeepsPermissions()
 {
 #ifdef Q_OS_UNIX
     const QByteArray path = QFile::encodeName(At(QStringLiteral("a.bas")));
@@ -159,7 +159,7 @@ void tst_modFiles::ReplacingKeepsPermissions()
 #endif
 }
 
-void tst_modFiles::ANewFileHasTheUsualPermissions()
+void tst_modFiles::aNewFileHasTheUsualPermissions()
 {
 #ifdef Q_OS_UNIX
     const mode_t oldMask = umask(027);
@@ -176,7 +176,7 @@ void tst_modFiles::ANewFileHasTheUsualPermissions()
 #endif
 }
 
-void tst_modFiles::ReplacingFollowsLinks()
+void tst_modFiles::replacingFollowsLinks()
 {
 #ifdef Q_OS_UNIX
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("sub")));
@@ -193,7 +193,7 @@ void tst_modFiles::ReplacingFollowsLinks()
 #endif
 }
 
-void tst_modFiles::ReplacingThroughADanglingLinkMakesItsTarget()
+void tst_modFiles::replacingThroughADanglingLinkMakesItsTarget()
 {
 #ifdef Q_OS_UNIX
     QCOMPARE(symlink("real.bas", QFile::encodeName(At(QStringLiteral("link.bas"))).constData()), 0);
@@ -208,7 +208,7 @@ void tst_modFiles::ReplacingThroughADanglingLinkMakesItsTarget()
 #endif
 }
 
-void tst_modFiles::ReplacingWritesDevicesInPlace()
+void tst_modFiles::replacingWritesDevicesInPlace()
 {
 #ifdef Q_OS_UNIX
     ob::ReplaceFile(QStringLiteral("/dev/null"), "gone");
@@ -223,7 +223,7 @@ void tst_modFiles::ReplacingWritesDevicesInPlace()
 #endif
 }
 
-void tst_modFiles::ReplacingWritesAPipeThatIsRead()
+void tst_modFiles::replacingWritesAPipeThatIsRead()
 {
 #ifdef Q_OS_LINUX
     int ends[2] = {};
@@ -239,7 +239,7 @@ void tst_modFiles::ReplacingWritesAPipeThatIsRead()
 #endif
 }
 
-void tst_modFiles::AppendingAddsALineEnd()
+void tst_modFiles::appendingAddsALineEnd()
 {
     const QString path = At(QStringLiteral("game.BAK"));
     ob::AppendToFile(path, "one");
@@ -248,7 +248,7 @@ void tst_modFiles::AppendingAddsALineEnd()
     QCOMPARE(Get(path), QByteArray("one\r\nt\0o\r\n\r\n", 12));
 }
 
-void tst_modFiles::WritingKeepsALongerFilesTail()
+void tst_modFiles::writingKeepsALongerFilesTail()
 {
     const QString path = At(QStringLiteral("wrapper32.bas"));
     ob::WriteKeepingTail(path, "0123456789");
@@ -261,7 +261,7 @@ void tst_modFiles::WritingKeepsALongerFilesTail()
     QCOMPARE(Get(path), QByteArray("abcdefghijklm"));
 }
 
-void tst_modFiles::NamesAndFoldersOfPaths_data()
+void tst_modFiles::namesAndFoldersOfPaths_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("folderPart");
@@ -274,7 +274,7 @@ void tst_modFiles::NamesAndFoldersOfPaths_data()
     QTest::newRow("empty") << QString() << QString() << QString();
 }
 
-void tst_modFiles::NamesAndFoldersOfPaths()
+void tst_modFiles::namesAndFoldersOfPaths()
 {
     QFETCH(QString, path);
     QFETCH(QString, folderPart);
@@ -283,7 +283,7 @@ void tst_modFiles::NamesAndFoldersOfPaths()
     QCOMPARE(ob::NameOf(path), name);
 }
 
-void tst_modFiles::SizeAndDateOfAFile()
+void tst_modFiles::sizeAndDateOfAFile()
 {
     const QString path = At(QStringLiteral("a.bas"));
     Put(path, QByteArray(12345, 'x'));
@@ -303,7 +303,7 @@ void tst_modFiles::SizeAndDateOfAFile()
     }
 }
 
-void tst_modFiles::DatesAreTextInTheShortFormat_data()
+void tst_modFiles::datesAreTextInTheShortFormat_data()
 {
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<QString>("text");
@@ -316,7 +316,7 @@ void tst_modFiles::DatesAreTextInTheShortFormat_data()
     QTest::newRow("Danish") << QLocale(QLocale::Danish, QLocale::Denmark) << QStringLiteral("05.03.2024 14.05.09");
 }
 
-void tst_modFiles::DatesAreTextInTheShortFormat()
+void tst_modFiles::datesAreTextInTheShortFormat()
 {
     QFETCH(QLocale, locale);
     QFETCH(QString, text);
@@ -326,7 +326,7 @@ void tst_modFiles::DatesAreTextInTheShortFormat()
     QCOMPARE(written, text);
 }
 
-void tst_modFiles::NamesAreFoundInAnyCase()
+void tst_modFiles::namesAreFoundInAnyCase()
 {
     Put(At(QStringLiteral("Lib.Bas")), "x");
     QCOMPARE(ob::FindIgnoringCase(folder->path(), QStringLiteral("lib.bas")).value_or(QString()),
@@ -346,7 +346,7 @@ void tst_modFiles::NamesAreFoundInAnyCase()
     QCOMPARE(inCurrent.value_or(QString()), QStringLiteral("Lib.Bas"));
 }
 
-void tst_modFiles::TheNameAsWrittenComesFirst()
+void tst_modFiles::theNameAsWrittenComesFirst()
 {
 #ifdef Q_OS_LINUX
     Put(At(QStringLiteral("A.bas")), "x");
@@ -362,7 +362,7 @@ void tst_modFiles::TheNameAsWrittenComesFirst()
 #endif
 }
 
-void tst_modFiles::NamesInFoldersAreFoundInAnyCase()
+void tst_modFiles::namesInFoldersAreFoundInAnyCase()
 {
 #ifdef Q_OS_LINUX
     QVERIFY(QDir(folder->path()).mkpath(QStringLiteral("Lib/Deep")));

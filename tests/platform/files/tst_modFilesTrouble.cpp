@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is left of files when the disk is full, and when a file or folder is closed.
+// What is left of files when the disk is full, and when a file or folder is not accessible.
 #include "platform/files/modFiles.h"
 
 #include "platform/files/FileTrouble.h"
@@ -23,18 +23,18 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void ReadingFailsWithTheRightNumber();
-    void LinksInACircleAreAnError();
-    void AFullDeviceIsAFullDisk();
-    void AFullDiskLeavesTheOldFile();
-    void AFullDiskLeavesNoNewFile();
-    void MissingFoldersAreTold();
-    void FoldersThatTakeNoFileAreTold();
-    void AWritableFileInAClosedFolderIsWrittenInPlace();
-    void AWriteProtectedFileIsNotReplaced();
-    void AFolderIsNotReplaced();
-    void AppendingToAFullDiskLeavesTheOldFile();
-    void WritingBeyondAFullDiskKeepsTheOldLength();
+    void readingFailsWithTheRightNumber();
+    void linksInACircleAreAnError();
+    void aFullDeviceIsAFullDisk();
+    void aFullDiskLeavesTheOldFile();
+    void aFullDiskLeavesNoNewFile();
+    void missingFoldersAreReported();
+    void foldersThatTakeNoFileAreReported();
+    void aWritableFileInAClosedFolderIsWrittenInPlace();
+    void aWriteProtectedFileIsNotReplaced();
+    void aFolderIsNotReplaced();
+    void appendingToAFullDiskLeavesTheOldFile();
+    void writingBeyondAFullDiskKeepsTheOldLength();
 
 private:
     QString At(const QString& name) const { return folder->filePath(name); }
@@ -57,7 +57,7 @@ void tst_modFilesTrouble::cleanup()
     folder.reset();
 }
 
-void tst_modFilesTrouble::ReadingFailsWithTheRightNumber()
+void tst_modFilesTrouble::readingFailsWithTheRightNumber()
 {
     QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(QStringLiteral("gone.bas"))); }), fileNotFound);
     QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(QStringLiteral("gone/a.bas"))); }), fileNotFound);
@@ -80,7 +80,7 @@ void tst_modFilesTrouble::ReadingFailsWithTheRightNumber()
     }
 }
 
-void tst_modFilesTrouble::LinksInACircleAreAnError()
+void tst_modFilesTrouble::linksInACircleAreAnError()
 {
 #ifdef Q_OS_UNIX
     QCOMPARE(symlink("b", QFile::encodeName(At(QStringLiteral("a"))).constData()), 0);
@@ -93,7 +93,7 @@ void tst_modFilesTrouble::LinksInACircleAreAnError()
 #endif
 }
 
-void tst_modFilesTrouble::AFullDeviceIsAFullDisk()
+void tst_modFilesTrouble::aFullDeviceIsAFullDisk()
 {
 #ifdef Q_OS_LINUX
     const QString full = QStringLiteral("/dev/full");
@@ -106,7 +106,7 @@ void tst_modFilesTrouble::AFullDeviceIsAFullDisk()
 #endif
 }
 
-void tst_modFilesTrouble::AFullDiskLeavesTheOldFile()
+void tst_modFilesTrouble::aFullDiskLeavesTheOldFile()
 {
 #ifdef Q_OS_UNIX
     const QString path = At(QStringLiteral("a.bas"));
@@ -122,7 +122,7 @@ void tst_modFilesTrouble::AFullDiskLeavesTheOldFile()
 #endif
 }
 
-void tst_modFilesTrouble::AFullDiskLeavesNoNewFile()
+void tst_modFilesTrouble::aFullDiskLeavesNoNewFile()
 {
 #ifdef Q_OS_UNIX
     {
@@ -138,7 +138,7 @@ void tst_modFilesTrouble::AFullDiskLeavesNoNewFile()
 #endif
 }
 
-void tst_modFilesTrouble::MissingFoldersAreTold()
+void tst_modFilesTrouble::missingFoldersAreReported()
 {
     const QString path = At(QStringLiteral("gone/a.bas"));
     QCOMPARE(ErrorOf([&] { ob::ReplaceFile(path, "x"); }), pathNotFound);
@@ -150,7 +150,7 @@ void tst_modFilesTrouble::MissingFoldersAreTold()
     QCOMPARE(ErrorOf([] { ob::AppendToFile(QString(), "x"); }), pathFileAccess);
 }
 
-void tst_modFilesTrouble::FoldersThatTakeNoFileAreTold()
+void tst_modFilesTrouble::foldersThatTakeNoFileAreReported()
 {
 #ifdef Q_OS_LINUX
     for (const QString& path : {QStringLiteral("/proc/a.bas"), QStringLiteral("/proc/self/a.bas")}) {
@@ -163,7 +163,7 @@ void tst_modFilesTrouble::FoldersThatTakeNoFileAreTold()
 #endif
 }
 
-void tst_modFilesTrouble::AWritableFileInAClosedFolderIsWrittenInPlace()
+void tst_modFilesTrouble::aWritableFileInAClosedFolderIsWrittenInPlace()
 {
 #ifdef Q_OS_UNIX
     Put(At(QStringLiteral("a.bas")), "old");
@@ -190,7 +190,7 @@ void tst_modFilesTrouble::AWritableFileInAClosedFolderIsWrittenInPlace()
 #endif
 }
 
-void tst_modFilesTrouble::AWriteProtectedFileIsNotReplaced()
+void tst_modFilesTrouble::aWriteProtectedFileIsNotReplaced()
 {
 #ifdef Q_OS_UNIX
     Put(At(QStringLiteral("a.bas")), "old");
@@ -209,7 +209,7 @@ void tst_modFilesTrouble::AWriteProtectedFileIsNotReplaced()
 #endif
 }
 
-void tst_modFilesTrouble::AFolderIsNotReplaced()
+void tst_modFilesTrouble::aFolderIsNotReplaced()
 {
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("sub")));
     QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("sub")), "x"); }), pathFileAccess);
@@ -219,7 +219,7 @@ void tst_modFilesTrouble::AFolderIsNotReplaced()
     QCOMPARE(Entries().size(), 1);
 }
 
-void tst_modFilesTrouble::AppendingToAFullDiskLeavesTheOldFile()
+void tst_modFilesTrouble::appendingToAFullDiskLeavesTheOldFile()
 {
 #ifdef Q_OS_UNIX
     const QString path = At(QStringLiteral("game.BAK"));
@@ -238,7 +238,7 @@ void tst_modFilesTrouble::AppendingToAFullDiskLeavesTheOldFile()
 #endif
 }
 
-void tst_modFilesTrouble::WritingBeyondAFullDiskKeepsTheOldLength()
+void tst_modFilesTrouble::writingBeyondAFullDiskKeepsTheOldLength()
 {
 #ifdef Q_OS_UNIX
     const QString path = At(QStringLiteral("wrapper32.bas"));

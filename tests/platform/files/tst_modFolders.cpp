@@ -65,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(!MatchesPattern(u"a", u""));
     }
 
-    // Without care the work doubles with each star.
+    // A naive matcher's work doubles with each star.
     void manyStarsTakeNoTime()
     {
         const QString name(2'000, QLatin1Char('a'));
@@ -97,7 +97,7 @@ private Q_SLOTS:
     }
 
 #ifdef Q_OS_UNIX
-    // A pipe would hold up whoever looks into it.
+    // Opening a pipe would block.
     void onlyRegularFilesAreShown()
     {
         const CoreBench bench;

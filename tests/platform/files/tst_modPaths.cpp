@@ -20,15 +20,15 @@ class tst_modPaths : public QObject {
 private Q_SLOTS:
     void cleanup();
 
-    void TheExecutablesFolderIsWhereTheTestLies();
-    void TheProgramsFolderIsTheExecutablesWhereItCanBeWritten();
-    void TheProgramsFolderIsTheUsersWhereTheExecutablesIsClosed();
-    void AskingLeavesNoFileBehind();
-    void AFolderSetForATestHoldsUntilItIsTakenBack();
-    void TheLibraryIsTakenFromTheProgramsFolderFirst();
-    void TheLibrarysFolderCanBeSet();
-    void LongAndShortPathsAreThePathOfWhatExists();
-    void AbsolutePathsStartAtTheRoot();
+    void theExecutablesFolderIsThatOfTheTest();
+    void theProgramsFolderIsTheExecutablesWhereItCanBeWritten();
+    void theProgramsFolderIsTheUsersWhereTheExecutablesIsClosed();
+    void theAttemptToWriteLeavesNoFile();
+    void aFolderSetForATestHoldsUntilItIsTakenBack();
+    void theLibraryIsTakenFromTheProgramsFolderFirst();
+    void theLibrarysFolderCanBeSet();
+    void longAndShortPathsAreThePathOfWhatExists();
+    void absolutePathsStartAtTheRoot();
 };
 
 void tst_modPaths::cleanup()
@@ -37,14 +37,14 @@ void tst_modPaths::cleanup()
     ob::SetLibraryFolder({});
 }
 
-void tst_modPaths::TheExecutablesFolderIsWhereTheTestLies()
+void tst_modPaths::theExecutablesFolderIsThatOfTheTest()
 {
     QVERIFY(QFileInfo(ob::ExecutableFolder()).isDir());
     QCOMPARE(QFileInfo(ob::ExecutableFolder()).canonicalFilePath(),
              QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath());
 }
 
-void tst_modPaths::TheProgramsFolderIsTheExecutablesWhereItCanBeWritten()
+void tst_modPaths::theProgramsFolderIsTheExecutablesWhereItCanBeWritten()
 {
     if (!QFileInfo(ob::ExecutableFolder()).isWritable())
         QSKIP("the test's own folder is closed");
@@ -53,8 +53,8 @@ void tst_modPaths::TheProgramsFolderIsTheExecutablesWhereItCanBeWritten()
              ob::ExecutableFolder() + QDir::separator() + QStringLiteral("keywords.txt"));
 }
 
-// Runs a copy of this test from a folder that the plain user cannot write.
-void tst_modPaths::TheProgramsFolderIsTheUsersWhereTheExecutablesIsClosed()
+// Runs a copy of this test from a folder to which an ordinary user cannot write.
+void tst_modPaths::theProgramsFolderIsTheUsersWhereTheExecutablesIsClosed()
 {
 #ifdef Q_OS_LINUX
     QTemporaryDir folder;
@@ -87,7 +87,7 @@ void tst_modPaths::TheProgramsFolderIsTheUsersWhereTheExecutablesIsClosed()
 #endif
 }
 
-void tst_modPaths::AskingLeavesNoFileBehind()
+void tst_modPaths::theAttemptToWriteLeavesNoFile()
 {
     const QDir dir(ob::ExecutableFolder());
     const QStringList before = dir.entryList({QStringLiteral("*ob*tmp*")}, QDir::AllEntries | QDir::Hidden);
@@ -95,7 +95,7 @@ void tst_modPaths::AskingLeavesNoFileBehind()
     QCOMPARE(dir.entryList({QStringLiteral("*ob*tmp*")}, QDir::AllEntries | QDir::Hidden), before);
 }
 
-void tst_modPaths::AFolderSetForATestHoldsUntilItIsTakenBack()
+void tst_modPaths::aFolderSetForATestHoldsUntilItIsTakenBack()
 {
     const QString usual = ob::ProgramFolder();
     const QTemporaryDir folder;
@@ -109,7 +109,7 @@ void tst_modPaths::AFolderSetForATestHoldsUntilItIsTakenBack()
     QCOMPARE(ob::ProgramFile(QStringLiteral("x")), QDir::toNativeSeparators(QDir::rootPath()) + u'x');
 }
 
-void tst_modPaths::TheLibraryIsTakenFromTheProgramsFolderFirst()
+void tst_modPaths::theLibraryIsTakenFromTheProgramsFolderFirst()
 {
 #ifdef Q_OS_WIN
     const QString file = QStringLiteral("NoSuchLibrary.dll");
@@ -125,7 +125,7 @@ void tst_modPaths::TheLibraryIsTakenFromTheProgramsFolderFirst()
     QCOMPARE(ob::LibraryFile(QStringLiteral("NoSuchLibrary")), QDir::toNativeSeparators(folder.filePath(file)));
 }
 
-void tst_modPaths::TheLibrarysFolderCanBeSet()
+void tst_modPaths::theLibrarysFolderCanBeSet()
 {
     const QTemporaryDir folder;
     ob::SetLibraryFolder(folder.path());
@@ -134,7 +134,7 @@ void tst_modPaths::TheLibrarysFolderCanBeSet()
     QCOMPARE(QFileInfo(path).completeBaseName(), QStringLiteral("SciLexerOB"));
 }
 
-void tst_modPaths::LongAndShortPathsAreThePathOfWhatExists()
+void tst_modPaths::longAndShortPathsAreThePathOfWhatExists()
 {
 #ifdef Q_OS_WIN
     QSKIP("the system has short names of its own");
@@ -164,7 +164,7 @@ void tst_modPaths::LongAndShortPathsAreThePathOfWhatExists()
     QVERIFY(QDir::setCurrent(oldFolder));
 }
 
-void tst_modPaths::AbsolutePathsStartAtTheRoot()
+void tst_modPaths::absolutePathsStartAtTheRoot()
 {
     const QString here = QDir::toNativeSeparators(QDir::currentPath());
     QCOMPARE(ob::AbsolutePathOf(QStringLiteral("a.bas")), here + QDir::separator() + QStringLiteral("a.bas"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// ANSI text to UTF-8 and back, against a plain transcription that takes one character at a time.
+// ANSI text to UTF-8 and back, compared with a simple transcription that converts one character at a time.
 #include "platform/language/modAnsi.h"
 
 #include <QTest>
@@ -37,7 +37,7 @@ int ByteOf(char32_t character)
     return -1;
 }
 
-// What a character is in UTF-8, written from the encoding's definition.
+// A character in UTF-8, written from the encoding's definition.
 std::string Utf8Of(char32_t character)
 {
     const auto tail = [&](unsigned shift) { return static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
@@ -56,23 +56,23 @@ class tst_modAnsi : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void EveryByteComesBack();
-    void EveryByteComesBackAtEveryPlaceInABlock();
-    void EveryCharacterIsEncodedOrCountsAsLost();
-    void MalformedUtf8CountsByteByByte_data();
-    void MalformedUtf8CountsByteByByte();
-    void TheFirstLostLineIsNamed_data();
-    void TheFirstLostLineIsNamed();
-    void RandomTextsAgreeWithThePlainTranscription();
-    void RandomUtf8AgreesWithThePlainTranscription();
-    void AsciiIsSharedAndNotCopied();
-    void EmptyTextsStayEmpty();
-    void NulIsACharacterLikeAnyOther();
-    void QStringsGoBothWays();
-    void UnpairedSurrogatesCountAsLost();
+    void everyByteComesBack();
+    void everyByteComesBackAtEveryPlaceInABlock();
+    void everyCharacterIsEncodedOrCountsAsLost();
+    void malformedUtf8CountsByteByByte_data();
+    void malformedUtf8CountsByteByByte();
+    void theFirstLostLineIsNamed_data();
+    void theFirstLostLineIsNamed();
+    void randomTextsAgreeWithThePlainTranscription();
+    void randomUtf8AgreesWithThePlainTranscription();
+    void asciiIsSharedAndNotCopied();
+    void emptyTextsStayEmpty();
+    void nulIsACharacterLikeAnyOther();
+    void qStringsGoBothWays();
+    void unpairedSurrogatesCountAsLost();
 };
 
-void tst_modAnsi::EveryByteComesBack()
+void tst_modAnsi::everyByteComesBack()
 {
     QByteArray all;
     for (int byte = 0; byte < 256; ++byte)
@@ -86,7 +86,7 @@ void tst_modAnsi::EveryByteComesBack()
     QCOMPARE(back.firstLostLine, -1);
 }
 
-void tst_modAnsi::EveryByteComesBackAtEveryPlaceInABlock()
+void tst_modAnsi::everyByteComesBackAtEveryPlaceInABlock()
 {
     for (int length = 1; length <= 70; ++length) {
         for (int place = 0; place < length; ++place) {
@@ -101,7 +101,7 @@ void tst_modAnsi::EveryByteComesBackAtEveryPlaceInABlock()
     }
 }
 
-void tst_modAnsi::EveryCharacterIsEncodedOrCountsAsLost()
+void tst_modAnsi::everyCharacterIsEncodedOrCountsAsLost()
 {
     int encodedCount = 0;
     for (char32_t character = 0; character < 0x11000; ++character) {
@@ -118,7 +118,7 @@ void tst_modAnsi::EveryCharacterIsEncodedOrCountsAsLost()
     QCOMPARE(encodedCount, 256);
 }
 
-void tst_modAnsi::MalformedUtf8CountsByteByByte_data()
+void tst_modAnsi::malformedUtf8CountsByteByByte_data()
 {
     QTest::addColumn<QByteArray>("utf8");
     QTest::addColumn<QByteArray>("bytes");
@@ -136,12 +136,12 @@ void tst_modAnsi::MalformedUtf8CountsByteByByte_data()
     QTest::newRow("euro in four bytes") << QByteArray("\xF0\x82\x82\xAC") << QByteArray("????") << 4;
     QTest::newRow("surrogate") << QByteArray("\xED\xA0\x80") << QByteArray("???") << 3;
     QTest::newRow("beyond the last character") << QByteArray("\xF4\x90\x80\x80") << QByteArray("????") << 4;
-    QTest::newRow("bytes that UTF-8 never holds") << QByteArray("\xFE\xFF\xF5") << QByteArray("???") << 3;
+    QTest::newRow("bytes that never occur in UTF-8") << QByteArray("\xFE\xFF\xF5") << QByteArray("???") << 3;
     QTest::newRow("last character, well-formed") << QByteArray("\xF4\x8F\xBF\xBF") << QByteArray("?") << 1;
     QTest::newRow("well-formed after malformed") << QByteArray("\xE2\xC3\xA4") << QByteArray("?\xE4") << 1;
 }
 
-void tst_modAnsi::MalformedUtf8CountsByteByByte()
+void tst_modAnsi::malformedUtf8CountsByteByByte()
 {
     QFETCH(QByteArray, utf8);
     QFETCH(QByteArray, bytes);
@@ -151,7 +151,7 @@ void tst_modAnsi::MalformedUtf8CountsByteByByte()
     QCOMPARE(ansi.lostCount, static_cast<std::size_t>(lostCount));
 }
 
-void tst_modAnsi::TheFirstLostLineIsNamed_data()
+void tst_modAnsi::theFirstLostLineIsNamed_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("line");
@@ -165,7 +165,7 @@ void tst_modAnsi::TheFirstLostLineIsNamed_data()
     QTest::newRow("other characters do not count") << QStringLiteral("\u00E4\u20AC\n\u00FC") << -1;
 }
 
-void tst_modAnsi::TheFirstLostLineIsNamed()
+void tst_modAnsi::theFirstLostLineIsNamed()
 {
     QFETCH(QString, text);
     QFETCH(int, line);
@@ -173,7 +173,7 @@ void tst_modAnsi::TheFirstLostLineIsNamed()
     QCOMPARE(ob::AnsiFromText(text).firstLostLine, line);
 }
 
-void tst_modAnsi::RandomTextsAgreeWithThePlainTranscription()
+void tst_modAnsi::randomTextsAgreeWithThePlainTranscription()
 {
     std::mt19937 random(20240611);
     for (int round = 0; round < 3000; ++round) {
@@ -191,7 +191,7 @@ void tst_modAnsi::RandomTextsAgreeWithThePlainTranscription()
     }
 }
 
-void tst_modAnsi::RandomUtf8AgreesWithThePlainTranscription()
+void tst_modAnsi::randomUtf8AgreesWithThePlainTranscription()
 {
     std::mt19937 random(1252);
     for (int round = 0; round < 1000; ++round) {
@@ -216,7 +216,7 @@ void tst_modAnsi::RandomUtf8AgreesWithThePlainTranscription()
     }
 }
 
-void tst_modAnsi::AsciiIsSharedAndNotCopied()
+void tst_modAnsi::asciiIsSharedAndNotCopied()
 {
     const QByteArray text = QByteArray("print \"all ASCII\"\r\n").repeated(50);
     QCOMPARE(ob::DecodeAnsi(text).constData(), text.constData());
@@ -225,14 +225,14 @@ void tst_modAnsi::AsciiIsSharedAndNotCopied()
     QVERIFY(ob::DecodeAnsi(QByteArrayView(text)).constData() != text.constData());
 }
 
-void tst_modAnsi::EmptyTextsStayEmpty()
+void tst_modAnsi::emptyTextsStayEmpty()
 {
     QCOMPARE(ob::DecodeAnsi(QByteArray()).size(), 0);
     QCOMPARE(ob::EncodeAnsi(QByteArrayView()).bytes.size(), 0);
     QCOMPARE(ob::EncodeAnsi("").firstLostLine, -1);
 }
 
-void tst_modAnsi::NulIsACharacterLikeAnyOther()
+void tst_modAnsi::nulIsACharacterLikeAnyOther()
 {
     const QByteArray ansi("a\0\xE4\0", 4);
     const QByteArray utf8("a\0\xC3\xA4\0", 5);
@@ -241,7 +241,7 @@ void tst_modAnsi::NulIsACharacterLikeAnyOther()
     QCOMPARE(ob::EncodeAnsi(utf8).lostCount, std::size_t{0});
 }
 
-void tst_modAnsi::QStringsGoBothWays()
+void tst_modAnsi::qStringsGoBothWays()
 {
     QCOMPARE(ob::TextFromAnsi("5 \x80 f\xFCr \x93"
                               "alles\x94"),
@@ -252,7 +252,7 @@ void tst_modAnsi::QStringsGoBothWays()
     QCOMPARE(ansi.lostCount, std::size_t{1});
 }
 
-void tst_modAnsi::UnpairedSurrogatesCountAsLost()
+void tst_modAnsi::unpairedSurrogatesCountAsLost()
 {
     QString text = QStringLiteral("a\n?b");
     text[2] = QChar(0xD83D);

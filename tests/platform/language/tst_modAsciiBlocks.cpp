@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs of ASCII, found and copied with every kind of block that this machine has, at every length and place.
+// Finding and copying runs of ASCII with every kind of block that this machine has, at every length and position.
 #include "platform/language/modAsciiBlocks.h"
 
 #include <QTest>
@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t longest = 140; // two rounds of four large blocks, and some bytes
 
-// The first length, and the place in it, at which something goes wrong; empty when nothing does.
+// The first length, and the position in it, at which something goes wrong; empty when nothing does.
 template <typename Block>
 QByteArray Trouble()
 {
@@ -41,10 +41,10 @@ class tst_modAsciiBlocks : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WordsFindAndCopy() { QCOMPARE(Trouble<ob::WordBlock>(), QByteArray()); }
-    void TheMachinesBlocksFindAndCopy() { QCOMPARE(Trouble<ob::AsciiBlock>(), QByteArray()); }
+    void wordsFindAndCopy() { QCOMPARE(Trouble<ob::WordBlock>(), QByteArray()); }
+    void theMachinesBlocksFindAndCopy() { QCOMPARE(Trouble<ob::AsciiBlock>(), QByteArray()); }
 
-    void HighBytesAreCounted()
+    void highBytesAreCounted()
     {
         for (std::size_t length = 0; length <= 20; ++length)
             for (std::size_t high = 0; high <= length; ++high)

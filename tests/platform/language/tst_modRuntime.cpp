@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The served runtime's conversions.
+// The conversions of the language's runtime.
 #include "platform/language/modRuntime.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-// The number of the error that a call raises; 0 when it raises none.
+// The number of the error raised by a call; 0 for none.
 template <class Call>
 int ErrorOf(Call call)
 {
@@ -38,29 +38,29 @@ class tst_modRuntime : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ValReadsTheNumberAtTheStart_data();
-    void ValReadsTheNumberAtTheStart();
-    void ValRaisesOverflow();
-    void ValReadsBackWhatStrWrites();
-    void StrWritesDoubles_data();
-    void StrWritesDoubles();
-    void StrWritesSingles_data();
-    void StrWritesSingles();
-    void StrWritesWholeNumbers();
-    void NumberTextHasNoLeadingBlankAndAZero();
-    void HalvesRoundToEven_data();
-    void HalvesRoundToEven();
-    void ConversionsOverflowAtTheirBounds();
-    void NumberOfTakesWholeTextsOnly_data();
-    void NumberOfTakesWholeTextsOnly();
-    void BooleanOfTakesWordsAndNumbers_data();
-    void BooleanOfTakesWordsAndNumbers();
-    void TrimmingTakesBlanksOnly();
-    void CaseFoldingIsAsciiOnly();
-    void EqualsIgnoreCaseComparesWholeTexts();
+    void valReadsTheNumberAtTheStart_data();
+    void valReadsTheNumberAtTheStart();
+    void valRaisesOverflow();
+    void valReadsBackWhatStrWrites();
+    void strWritesDoubles_data();
+    void strWritesDoubles();
+    void strWritesSingles_data();
+    void strWritesSingles();
+    void strWritesWholeNumbers();
+    void numberTextHasNoLeadingSpaceAndAZero();
+    void halvesRoundToEven_data();
+    void halvesRoundToEven();
+    void conversionsOverflowAtTheirBounds();
+    void numberOfTakesWholeTextsOnly_data();
+    void numberOfTakesWholeTextsOnly();
+    void booleanOfTakesWordsAndNumbers_data();
+    void booleanOfTakesWordsAndNumbers();
+    void trimmingRemovesSpacesOnly();
+    void caseFoldingIsAsciiOnly();
+    void equalsIgnoreCaseComparesWholeTexts();
 };
 
-void tst_modRuntime::ValReadsTheNumberAtTheStart_data()
+void tst_modRuntime::valReadsTheNumberAtTheStart_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<double>("number");
@@ -128,7 +128,7 @@ void tst_modRuntime::ValReadsTheNumberAtTheStart_data()
     row("-&H10", 0);
 }
 
-void tst_modRuntime::ValReadsTheNumberAtTheStart()
+void tst_modRuntime::valReadsTheNumberAtTheStart()
 {
     QFETCH(QString, text);
     QFETCH(double, number);
@@ -136,7 +136,7 @@ void tst_modRuntime::ValReadsTheNumberAtTheStart()
     QVERIFY(ob::Val(text.toLatin1()) == number);
 }
 
-void tst_modRuntime::ValRaisesOverflow()
+void tst_modRuntime::valRaisesOverflow()
 {
     for (const char* text : {"1e309", "-1e309", "1e99999999999999999999", "0.1e310", "&H100000000", "&O40000000000",
                              "&HFFFFFFFFFFFFFFFFFFFF"})
@@ -148,7 +148,7 @@ void tst_modRuntime::ValRaisesOverflow()
     QCOMPARE(ob::Val(QStringLiteral("\u0661")), 0.0);
 }
 
-void tst_modRuntime::ValReadsBackWhatStrWrites()
+void tst_modRuntime::valReadsBackWhatStrWrites()
 {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> mantissa(-10, 10);
@@ -163,7 +163,7 @@ void tst_modRuntime::ValReadsBackWhatStrWrites()
     }
 }
 
-void tst_modRuntime::StrWritesDoubles_data()
+void tst_modRuntime::strWritesDoubles_data()
 {
     QTest::addColumn<double>("number");
     QTest::addColumn<QString>("text");
@@ -202,14 +202,14 @@ void tst_modRuntime::StrWritesDoubles_data()
     row(std::numeric_limits<double>::quiet_NaN(), "-1.#IND");
 }
 
-void tst_modRuntime::StrWritesDoubles()
+void tst_modRuntime::strWritesDoubles()
 {
     QFETCH(double, number);
     QFETCH(QString, text);
     QCOMPARE(ob::Str(number), text);
 }
 
-void tst_modRuntime::StrWritesSingles_data()
+void tst_modRuntime::strWritesSingles_data()
 {
     QTest::addColumn<float>("number");
     QTest::addColumn<QString>("text");
@@ -230,14 +230,14 @@ void tst_modRuntime::StrWritesSingles_data()
     row(16777216.0F, " 1.677722E+07");
 }
 
-void tst_modRuntime::StrWritesSingles()
+void tst_modRuntime::strWritesSingles()
 {
     QFETCH(float, number);
     QFETCH(QString, text);
     QCOMPARE(ob::Str(number), text);
 }
 
-void tst_modRuntime::StrWritesWholeNumbers()
+void tst_modRuntime::strWritesWholeNumbers()
 {
     QCOMPARE(ob::Str(0), QStringLiteral(" 0"));
     QCOMPARE(ob::Str(42), QStringLiteral(" 42"));
@@ -247,7 +247,7 @@ void tst_modRuntime::StrWritesWholeNumbers()
     QCOMPARE(ob::Str(std::numeric_limits<std::int64_t>::min()), QStringLiteral("-9223372036854775808"));
 }
 
-void tst_modRuntime::NumberTextHasNoLeadingBlankAndAZero()
+void tst_modRuntime::numberTextHasNoLeadingSpaceAndAZero()
 {
     QCOMPARE(ob::NumberText(5), QStringLiteral("5"));
     QCOMPARE(ob::NumberText(-5), QStringLiteral("-5"));
@@ -260,7 +260,7 @@ void tst_modRuntime::NumberTextHasNoLeadingBlankAndAZero()
     QCOMPARE(ob::NumberText(1e15), QStringLiteral("1E+15"));
 }
 
-void tst_modRuntime::HalvesRoundToEven_data()
+void tst_modRuntime::halvesRoundToEven_data()
 {
     QTest::addColumn<double>("number");
     QTest::addColumn<qint64>("whole");
@@ -285,14 +285,14 @@ void tst_modRuntime::HalvesRoundToEven_data()
     row(-9223372036854775808.0, std::numeric_limits<qint64>::min());
 }
 
-void tst_modRuntime::HalvesRoundToEven()
+void tst_modRuntime::halvesRoundToEven()
 {
     QFETCH(double, number);
     QFETCH(qint64, whole);
     QCOMPARE(qint64{ob::RoundHalfEven(number)}, whole);
 }
 
-void tst_modRuntime::ConversionsOverflowAtTheirBounds()
+void tst_modRuntime::conversionsOverflowAtTheirBounds()
 {
     QCOMPARE(int{ob::ToInt16(32767.5 - 0.01)}, 32767);
     QCOMPARE(ErrorOf([] { ob::ToInt16(32767.5); }), overflow);
@@ -310,7 +310,7 @@ void tst_modRuntime::ConversionsOverflowAtTheirBounds()
     }
 }
 
-void tst_modRuntime::NumberOfTakesWholeTextsOnly_data()
+void tst_modRuntime::numberOfTakesWholeTextsOnly_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<double>("number");
@@ -340,7 +340,7 @@ void tst_modRuntime::NumberOfTakesWholeTextsOnly_data()
     row("true", 0, false);
 }
 
-void tst_modRuntime::NumberOfTakesWholeTextsOnly()
+void tst_modRuntime::numberOfTakesWholeTextsOnly()
 {
     QFETCH(QString, text);
     QFETCH(double, number);
@@ -349,7 +349,7 @@ void tst_modRuntime::NumberOfTakesWholeTextsOnly()
     QCOMPARE(ob::ParseNumber(text).has_value(), isNumber);
 }
 
-void tst_modRuntime::BooleanOfTakesWordsAndNumbers_data()
+void tst_modRuntime::booleanOfTakesWordsAndNumbers_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("expected");
@@ -373,7 +373,7 @@ void tst_modRuntime::BooleanOfTakesWordsAndNumbers_data()
     row("1x", neither);
 }
 
-void tst_modRuntime::BooleanOfTakesWordsAndNumbers()
+void tst_modRuntime::booleanOfTakesWordsAndNumbers()
 {
     QFETCH(QString, text);
     QFETCH(int, expected);
@@ -385,7 +385,7 @@ void tst_modRuntime::BooleanOfTakesWordsAndNumbers()
     QCOMPARE(ob::BooleanText(false), QStringLiteral("False"));
 }
 
-void tst_modRuntime::TrimmingTakesBlanksOnly()
+void tst_modRuntime::trimmingRemovesSpacesOnly()
 {
     const QString text = QStringLiteral("  \t a b\r\n \u00A0  ");
     QCOMPARE(ob::TrimBlanks(text), QStringLiteral("\t a b\r\n \u00A0"));
@@ -399,15 +399,15 @@ void tst_modRuntime::TrimmingTakesBlanksOnly()
     QCOMPARE(ob::RTrimBlanks("   ").size(), 0);
 }
 
-void tst_modRuntime::CaseFoldingIsAsciiOnly()
+void tst_modRuntime::caseFoldingIsAsciiOnly()
 {
     QCOMPARE(ob::LowerAscii(QStringLiteral("AbZ@[`{\u00C4\u0130")), QStringLiteral("abz@[`{\u00C4\u0130"));
     QCOMPARE(ob::LowerAscii("AbZ\xC4"), QByteArray("abz\xC4"));
-    for (int letter = 0; letter < 128; ++letter)
-        QCOMPARE(ob::LowerAscii(static_cast<char>(letter)), QChar(letter).toLower().toLatin1());
+    for (int code = 0; code < 128; ++code)
+        QCOMPARE(ob::LowerAscii(static_cast<char>(code)), QChar(code).toLower().toLatin1());
 }
 
-void tst_modRuntime::EqualsIgnoreCaseComparesWholeTexts()
+void tst_modRuntime::equalsIgnoreCaseComparesWholeTexts()
 {
     QVERIFY(ob::EqualsIgnoreCase(QStringLiteral("No Path"), QLatin1String("no path")));
     QVERIFY(!ob::EqualsIgnoreCase(QStringLiteral("No Paths"), QLatin1String("no path")));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// MIDI files made for tests.
+// MIDI files for tests.
 #pragma once
 
 #include <QByteArray>
@@ -41,7 +41,7 @@ inline QByteArray MidiTempo(quint32 tempo)
 
 inline const QByteArray MidiEnd = QByteArray("\xFF\x2F\x00", 3);
 
-// So many quarter notes at 120 beats a minute, half a second each.
+// That many quarter notes at 120 beats a minute, half a second each.
 inline QByteArray MidiSongFile(int notes)
 {
     QByteArray messages;

@@ -16,7 +16,7 @@ using namespace ob;
 
 namespace {
 
-// What a command answers, up to the NUL.
+// The answer to a command, up to the NUL.
 QString Ask(const char* command)
 {
     QByteArray buffer(128, ' ');
@@ -231,7 +231,7 @@ private Q_SLOTS:
     void theNameOfNoSoundEndsTheOneInProgress()
     {
         sndPlaySoundA(Path("s.wav"), SND_ASYNC);
-        // Even where a file has that name.
+        // Even when a file has that name.
         const QString before = QDir::currentPath();
         QDir::setCurrent(folder->path());
         Put(Path("1"), "bytes");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// MIDI files are read with the times of their events; damaged ones as far as they make sense.
+// MIDI files and the times of their events; damaged files are read as far as they make sense.
 #include "platform/media/modMidi.h"
 
 #include "platform/media/MidiBytes.h"
