@@ -72,7 +72,7 @@ private Q_SLOTS:
             QCOMPARE(end.error, EngineNote(bench));
             QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
         }
-        // A bare name lies in the current folder.
+        // A bare name is in the current folder.
         QDir::setCurrent(bench.engine);
         QDir(bench.Package()).removeRecursively();
         Run({QStringLiteral("make"), QStringLiteral("../work/game.tkn"), QStringLiteral("--engine"),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A bench with the preferences open, and ways to press what stands in them.
+// A bench with the preferences open, and ways to press their controls.
 #pragma once
 
 #include "support/TestBench.h"
@@ -79,7 +79,7 @@ public:
     QColor Fore(const char* name) const { return Find<QLabel>(name)->palette().color(QPalette::WindowText); }
     QColor Back(const char* name) const { return Find<QLabel>(name)->palette().color(QPalette::Window); }
 
-    // Lets a closed window go.
+    // Deletes a closed window.
     void Settle() const
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where child windows go when they are arranged, and where the main window comes up.
+// The places of arranged child windows, and of the main window at the start.
 #include "shell/bench/modArrange.h"
 
 #include <QTest>
@@ -13,7 +13,7 @@ class tst_modArrange : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TilesCoverTheAreaWithoutAGap()
+    void tilesCoverTheAreaWithoutAGap()
     {
         const QSize area(801, 607);
         for (const Arrangement arrangement : {Arrangement::TileHorizontal, Arrangement::TileVertical}) {
@@ -32,7 +32,7 @@ private Q_SLOTS:
         }
     }
 
-    void HorizontalTilesLieOneAboveTheOther()
+    void horizontalTilesAreOneAboveTheOther()
     {
         QCOMPARE(ArrangedPlaces(Arrangement::TileHorizontal, {90, 90}, 3, 20),
                  (QList<QRect>{{0, 0, 90, 30}, {0, 30, 90, 30}, {0, 60, 90, 30}}));
@@ -42,7 +42,7 @@ private Q_SLOTS:
                  (QList<QRect>{{0, 0, 45, 45}, {0, 45, 45, 45}, {45, 0, 45, 30}, {45, 30, 45, 30}, {45, 60, 45, 30}}));
     }
 
-    void CascadeStaysInTheAreaAndStartsAnew()
+    void cascadeStaysInTheAreaAndStartsAnew()
     {
         const QList<QRect> places = ArrangedPlaces(Arrangement::Cascade, {400, 400}, 8, 25);
         for (const QRect& place : places)
@@ -51,19 +51,19 @@ private Q_SLOTS:
         QCOMPARE(places[5], places[0]);
     }
 
-    void NothingToArrangeGivesNothing()
+    void nothingToArrangeGivesNothing()
     {
         QVERIFY(ArrangedPlaces(Arrangement::Cascade, {400, 400}, 0, 25).isEmpty());
         QVERIFY(IconPlaces({400, 400}, 0, {100, 20}).isEmpty());
     }
 
-    void IconsFillRowsFromTheBottom()
+    void iconsFillRowsFromTheBottom()
     {
         QCOMPARE(IconPlaces({250, 200}, 3, {100, 20}),
                  (QList<QRect>{{0, 180, 100, 20}, {100, 180, 100, 20}, {0, 160, 100, 20}}));
     }
 
-    void AStoredPlaceOnAScreenIsKept()
+    void aStoredPlaceOnAScreenIsKept()
     {
         const QList<QRect> screens = {QRect(0, 0, 1280, 800), QRect(1280, 0, 1000, 800)};
         QCOMPARE(ReachablePlace({100, 50, 600, 400}, screens), QRect(100, 50, 600, 400));
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(ReachablePlace({-500, 0, 600, 400}, screens), QRect(-500, 0, 600, 400));
     }
 
-    void AStoredPlaceOffEveryScreenComesBack_data()
+    void aStoredPlaceOffEveryScreenIsMovedOntoOne_data()
     {
         QTest::addColumn<double>("left");
         QTest::addColumn<double>("top");
@@ -80,17 +80,17 @@ private Q_SLOTS:
         QTest::newRow("above, its edge out of reach") << 10.0 << -300.0;
         QTest::newRow("left") << -590.0 << 10.0;
         QTest::newRow("beyond all numbers") << 1e30 << -1e30;
-        QTest::newRow("no number") << std::nan("") << std::numeric_limits<double>::infinity();
+        QTest::newRow("not a number") << std::nan("") << std::numeric_limits<double>::infinity();
     }
 
-    void AStoredPlaceOffEveryScreenComesBack()
+    void aStoredPlaceOffEveryScreenIsMovedOntoOne()
     {
         QFETCH(double, left);
         QFETCH(double, top);
         QCOMPARE(ReachablePlace({left, top, 600, 400}, {QRect(0, 0, 1280, 800)}), QRect(0, 0, 600, 400));
     }
 
-    void AStoredSizeIsNeverAbsurd()
+    void aStoredSizeIsNeverAbsurd()
     {
         const QList<QRect> screens = {QRect(0, 0, 1280, 800)};
         QCOMPARE(ReachablePlace({0, 0, 0, -5}, screens).size(), QSize(200, 150));

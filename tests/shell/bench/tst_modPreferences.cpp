@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The preferences without their window: copies of the settings, clamping, what Apply does and in which order.
+// The preferences without their window: copies of the settings, clamping, the steps of Apply and their order.
 #include "shell/bench/modPreferences.h"
 
 #include "core/CoreBench.h"
@@ -12,7 +12,7 @@ using namespace ob;
 
 namespace {
 
-// A control that writes down what the settings were when it was styled, and can fail.
+// A control that records the settings at the time of its styling, and can fail.
 class StyledSci final : public cSciControl {
 public:
     std::intptr_t Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override
@@ -45,7 +45,7 @@ cDocument& AddDocument(Sci sci)
     return *Documents.back();
 }
 
-// Values that differ from every default, each from the other.
+// Values that differ from every default and from each other.
 Preferences Changed()
 {
     Preferences values;
@@ -89,7 +89,7 @@ private Q_SLOTS:
         bench.reset();
     }
 
-    void EveryFieldHasAControlOfItsOwn()
+    void everyFieldHasAControlOfItsOwn()
     {
         QSet<QString> names;
         for (const PreferenceRow& row : PreferenceRows()) {
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(names.size(), 30);
     }
 
-    void CopiesHoldWhatTheSettingsHold()
+    void copiesHoldWhatTheSettingsHold()
     {
         OBPath = QStringLiteral("/e/orchard.exe");
         Editor.FontHeight = 0;
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QVERIFY(values.addComments && values.quitQuery && values.lineNums && !values.openFileOn);
     }
 
-    void AnyColoringAboveNoneIsOn()
+    void anyColoringAboveNoneIsOn()
     {
         Editor.SyntaxColor = 0;
         QCOMPARE(LoadPreferences(folder).syntaxColor, 0);
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(LoadPreferences(folder).syntaxColor, 0);
     }
 
-    void EveryCopyIsAppliedToItsSetting()
+    void everyCopyIsAppliedToItsSetting()
     {
         Preferences values = Changed();
         ApplyPreferences(values, folder);
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QVERIFY(AddComments && OpenFileOn && !QuitQuery && !Editor.AutoIndent);
     }
 
-    void CopiesAloneChangeNothing()
+    void copiesAloneChangeNothing()
     {
         const Preferences values = Changed();
         QCOMPARE(Editor.TabSize, 4);
@@ -151,7 +151,7 @@ private Q_SLOTS:
         QVERIFY(values.fontName != Editor.FontName);
     }
 
-    void ATypedTabSizeIsClampedAtItsEnds_data()
+    void aTypedTabSizeIsClampedAtItsEnds_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<int>("size");
@@ -159,12 +159,12 @@ private Q_SLOTS:
         QTest::newRow("13") << QStringLiteral("13") << 12;
         QTest::newRow("12") << QStringLiteral("12") << 12;
         QTest::newRow("1") << QStringLiteral("1") << 1;
-        QTest::newRow("0 stands") << QStringLiteral("0") << 0;
-        QTest::newRow("-1 stands") << QStringLiteral("-1") << -1;
+        QTest::newRow("0 stays") << QStringLiteral("0") << 0;
+        QTest::newRow("-1 stays") << QStringLiteral("-1") << -1;
         QTest::newRow("-2") << QStringLiteral("-2") << 1;
-        QTest::newRow("letters") << QStringLiteral("wide") << 0;
+        QTest::newRow("a word") << QStringLiteral("wide") << 0;
         QTest::newRow("minus alone") << QStringLiteral("-") << 0;
-        QTest::newRow("number and letters") << QStringLiteral("8x") << 8;
+        QTest::newRow("number and a character") << QStringLiteral("8x") << 8;
         QTest::newRow("half to even") << QStringLiteral("2.5") << 2;
         QTest::newRow("beyond 32 bits") << QStringLiteral("99999999999") << 12;
         QTest::newRow("beyond 32 bits below") << QStringLiteral("-99999999999") << 1;
@@ -173,13 +173,13 @@ private Q_SLOTS:
         QTest::newRow("hexadecimal") << QStringLiteral("&HA") << 10;
     }
 
-    void ATypedTabSizeIsClampedAtItsEnds()
+    void aTypedTabSizeIsClampedAtItsEnds()
     {
         QFETCH(QString, typed);
         QTEST(TypedTabSize(typed), "size");
     }
 
-    void AnAppliedTabSizeIsOneToTwelve_data()
+    void anAppliedTabSizeIsOneToTwelve_data()
     {
         QTest::addColumn<int>("size");
         QTest::addColumn<int>("applied");
@@ -190,7 +190,7 @@ private Q_SLOTS:
         QTest::newRow("70000") << 70000 << 12;
     }
 
-    void AnAppliedTabSizeIsOneToTwelve()
+    void anAppliedTabSizeIsOneToTwelve()
     {
         QFETCH(int, size);
         Preferences values = LoadPreferences(folder);
@@ -200,7 +200,7 @@ private Q_SLOTS:
         QTEST(values.tabSize, "applied");
     }
 
-    void OpenWindowsAreStyledOnceWithTheNewSettings()
+    void openWindowsAreStyledOnceWithTheNewSettings()
     {
         StyledSci first;
         StyledSci last;
@@ -214,13 +214,13 @@ private Q_SLOTS:
             QCOMPARE(sci->times, 1);
             QCOMPARE(sci->tabWidth, std::uintptr_t{7});
             QCOMPARE(sci->labelColor, values.branchColor);
-            // The switch for comments has its turn only afterwards.
+            // The switch for comments is written only afterwards.
             QCOMPARE(sci->commentsWereAdded, false);
         }
         QCOMPARE(AddComments, true);
     }
 
-    void NothingChangedStylesTheWindowsAsWell()
+    void nothingChangedStylesTheWindowsAsWell()
     {
         StyledSci sci;
         AddDocument(&sci);
@@ -229,7 +229,7 @@ private Q_SLOTS:
         QCOMPARE(sci.times, 1);
     }
 
-    void AWindowThatFailsStopsNothing()
+    void aWindowThatFailsStopsNothing()
     {
         StyledSci broken;
         StyledSci sound;
@@ -245,7 +245,7 @@ private Q_SLOTS:
         QCOMPARE(Stored("TabSize"), QStringLiteral("7"));
     }
 
-    void ApplyStoresEverything()
+    void applyStoresEverything()
     {
         Preferences values = Changed();
         ApplyPreferences(values, folder);
@@ -257,7 +257,7 @@ private Q_SLOTS:
         QVERIFY(CoreBench::Get(bench->StorePath()).contains("TabSize=7"));
     }
 
-    void AStoreThatCannotBeWrittenStopsNothing()
+    void aStoreThatCannotBeWrittenStopsNothing()
     {
         const QString inTheWay = bench->Put(QStringLiteral("file"), "x");
         SetSettingsFile(inTheWay + QStringLiteral("/store.ini"));
@@ -267,7 +267,7 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(inTheWay), QByteArray("x"));
     }
 
-    void CommentsAreTheFilesRawText()
+    void commentsAreTheFilesRawText()
     {
         QCOMPARE(LoadPreferences(folder).comments, QString());
         CoreBench::PutFile(CommentsPath(folder), "");
@@ -276,19 +276,19 @@ private Q_SLOTS:
         QCOMPARE(LoadPreferences(folder).comments, QStringLiteral("'by \u00E9\r\n'me\r\n"));
     }
 
-    void CommentsAreWrittenWithALineEndBehindThem()
+    void commentsAreWrittenWithALineEndAfterThem()
     {
         Preferences values = LoadPreferences(folder);
         values.comments = QStringLiteral("'by \u00E9\n'me");
         ApplyPreferences(values, folder);
         QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'by \xE9\r\n'me\r\n"));
-        // The same text again is the same file again.
+        // Writing the same text again gives the same file.
         ApplyPreferences(values, folder);
         QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'by \xE9\r\n'me\r\n"));
         QCOMPARE(ReadComments(folder), QByteArray("'by \xE9\r\n'me"));
     }
 
-    void EveryByteOfTheCommentsComesBack()
+    void everyByteOfTheCommentsComesBack()
     {
         QByteArray bytes;
         for (int byte = 0; byte < 256; ++byte)
@@ -300,7 +300,7 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(CommentsPath(folder)), bytes + "\r\n");
     }
 
-    void NoCommentsLeaveTheFile()
+    void noCommentsLeaveTheFile()
     {
         CoreBench::PutFile(CommentsPath(folder), "'old\r\n");
         Preferences values = LoadPreferences(folder);
@@ -309,7 +309,7 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'old\r\n"));
     }
 
-    void ACharacterThatCannotBeStoredIsAskedAbout_data()
+    void aCharacterThatCannotBeStoredIsAskedAbout_data()
     {
         QTest::addColumn<BoxAnswer>("answer");
         QTest::addColumn<QByteArray>("file");
@@ -317,7 +317,7 @@ private Q_SLOTS:
         QTest::newRow("no") << BoxAnswer::No << QByteArray("'old\r\n");
     }
 
-    void ACharacterThatCannotBeStoredIsAskedAbout()
+    void aCharacterThatCannotBeStoredIsAskedAbout()
     {
         QFETCH(BoxAnswer, answer);
         CoreBench::PutFile(CommentsPath(folder), "'old\r\n");
@@ -331,7 +331,7 @@ private Q_SLOTS:
         QTEST(CoreBench::Get(CommentsPath(folder)), "file");
     }
 
-    void CommentsThatCannotBeWrittenStopNothing()
+    void commentsThatCannotBeWrittenStopNothing()
     {
         QVERIFY(QDir().mkpath(CommentsPath(folder)));
         Preferences values = Changed();
@@ -340,7 +340,7 @@ private Q_SLOTS:
         QCOMPARE(Stored("TabSize"), QStringLiteral("7"));
     }
 
-    void DefaultColorsAreInForceAtOnce()
+    void defaultColorsAreInForceAtOnce()
     {
         Preferences values = Changed();
         const QString font = values.fontName;
@@ -356,14 +356,14 @@ private Q_SLOTS:
         QCOMPARE(Editor.TabSize, 4);
     }
 
-    void AssociatingAsksFirst()
+    void associatingAsksFirst()
     {
         ExpectAssociationQuestion(BoxAnswer::No);
         AssociateFiles(Places());
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("data"))));
     }
 
-    void AssociatingSaysThatItWorked()
+    void associatingSaysThatItWorked()
     {
 #ifdef Q_OS_WIN
         QSKIP("the registry of this user is no place for a test");
@@ -377,7 +377,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(bench->Path(QStringLiteral("config/mimeapps.list"))));
     }
 
-    void AssociatingSaysThatItFailed()
+    void associatingSaysThatItFailed()
     {
 #ifdef Q_OS_WIN
         QSKIP("the registry of this user is no place for a test");

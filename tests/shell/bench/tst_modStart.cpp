@@ -23,7 +23,7 @@ private Q_SLOTS:
     }
     void cleanup() { bench.reset(); }
 
-    void TheStartRoutineMakesTheStateAndTheFolders()
+    void theStartRoutineMakesTheStateAndTheFolders()
     {
         Editor.FontHeight = 77;
         OBPath = QStringLiteral("gone");
@@ -43,14 +43,14 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void TheLibrariesAreWrittenBesideTheProgramEachTime()
+    void theLibrariesAreWrittenBesideTheProgramEachTime()
     {
         for (const char* name : {"wrapper32.bas", "printer32.bas"}) {
             const auto text = CarriedText(QLatin1String(name));
             const QString path = bench->ProgramPath(QLatin1String(name));
             StartRoutine([&] { return &bench->form; });
             if (!text) {
-                QVERIFY2(!QFile::exists(path), "nothing is carried, and yet a file was written");
+                QVERIFY2(!QFile::exists(path), "nothing is embedded, and yet a file was written");
                 continue;
             }
             const QByteArray library(text->data(), static_cast<qsizetype>(text->size()));
@@ -61,14 +61,14 @@ private Q_SLOTS:
         }
     }
 
-    void AStartInAFolderThatTakesNothingGoesOn()
+    void aStartInAFolderThatTakesNothingGoesOn()
     {
         SetProgramFolder(QStringLiteral("/proc/nothing"));
         StartRoutine([&] { return &bench->form; });
         QVERIFY(MainForm == &bench->form);
     }
 
-    void AnExistingProgramsFolderIsLeftAlone()
+    void anExistingProgramsFolderIsLeftAlone()
     {
         QDir().mkpath(bench->ProgramPath(QStringLiteral("OBprogs")));
         CoreBench::PutFile(bench->ProgramPath(QStringLiteral("OBprogs/mine.bas")), "x");
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(bench->ProgramPath(QStringLiteral("OBprogs/mine.bas"))), QByteArray("x"));
     }
 
-    void TheFirstStartHasNoRecentFilesAndNoWindow()
+    void theFirstStartHasNoRecentFilesAndNoWindow()
     {
         LoadState();
         OpenAtLoad();
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.kind == ActiveChild::None);
     }
 
-    void AFileNamedUntitledOpensOneEmptyWindow()
+    void aFileNamedUntitledOpensOneEmptyWindow()
     {
         bench->Put(QStringLiteral("untitled"), "x");
         WriteSetting(QStringLiteral("MRU1"), QStringLiteral("untitled"));
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.ActiveControl().text, QByteArray());
     }
 
-    void StoredPathsReplaceThoseOfTheStart()
+    void storedPathsReplaceThoseOfTheStart()
     {
         WriteSetting(QStringLiteral("OBPath"), QStringLiteral("/gone/orchard.exe"));
         StartRoutine([&] { return &bench->form; });
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(OBPath, QStringLiteral("/gone/orchard.exe"));
     }
 
-    void TheLastFolderBecomesTheCurrentOne()
+    void theLastFolderBecomesTheCurrentOne()
     {
         QDir().mkdir(QStringLiteral("programs"));
         const QString folder = QDir::currentPath();
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(QDir::currentPath(), folder + QStringLiteral("/programs"));
     }
 
-    void ALastFolderThatHasGoneChangesNothing_data()
+    void aLastFolderThatHasGoneChangesNothing_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::newRow("first start") << QStringLiteral("app.path");
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QTest::newRow("empty") << QString();
     }
 
-    void ALastFolderThatHasGoneChangesNothing()
+    void aLastFolderThatHasGoneChangesNothing()
     {
         QFETCH(QString, stored);
         const QString folder = QDir::currentPath();
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QCOMPARE(QDir::currentPath(), folder);
     }
 
-    void TheNewestFileOpensWhenThatIsWanted()
+    void theNewestFileOpensWhenThatIsWanted()
     {
         const QString first = bench->Put(QStringLiteral("a.bas"), "print 1\r\n");
         const QString second = bench->Put(QStringLiteral("b.bas"), "print 2\r\n");
@@ -155,7 +155,7 @@ private Q_SLOTS:
                  QStringLiteral("(never written)"));
     }
 
-    void ANewestFileThatCannotBeReadIsPassedOver()
+    void aNewestFileThatCannotBeReadIsPassedOver()
     {
         const QString path = bench->Put(QStringLiteral("a.bas"), "x");
         WriteSetting(QStringLiteral("MRU1"), path);
@@ -167,7 +167,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.status.startsWith(QStringLiteral("a.bas  Size: 1 KB")));
     }
 
-    void FilesOfTheCommandLineOpenByTheirEnding()
+    void filesOfTheCommandLineOpenByTheirEnding()
     {
         const QString code = bench->Put(QStringLiteral("ab"), "print 1\r\n");
         const QString form = bench->Put(QStringLiteral("x.OBF"), "\r\n");
@@ -187,7 +187,7 @@ private Q_SLOTS:
         QCOMPARE(RecentCount, 2);
     }
 
-    void ARelativeNameOpensUnderItsFullPath()
+    void aRelativeNameOpensUnderItsFullPath()
     {
         const QString file = bench->Put(QStringLiteral("ab"), "print 1\r\n");
         OpenFiles({QStringLiteral("ab")}, FileSource::CommandLine);
@@ -195,7 +195,7 @@ private Q_SLOTS:
         QVERIFY(QDir::isAbsolutePath(bench->form.active->Caption()));
     }
 
-    void AFormOnTheCommandLineIsNotTheLastFile()
+    void aFormOnTheCommandLineIsNotTheLastFile()
     {
         const QString form = bench->Put(QStringLiteral("b.obf"), "\r\n");
         const QString code = bench->Put(QStringLiteral("c.bas"), "c\r\n");
@@ -204,7 +204,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.active->Caption(), code);
     }
 
-    void ADroppedFormIsTheLastFile()
+    void aDroppedFormIsTheLastFile()
     {
         const QString first = bench->Put(QStringLiteral("a.bas"), "a\r\n");
         const QString form = bench->Put(QStringLiteral("b.obf"), "\r\n");
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.active->Caption(), first);
     }
 
-    void AFileThatCannotBeReadDoesNotStopTheOthers()
+    void aFileThatCannotBeReadDoesNotStopTheOthers()
     {
         const QString broken = bench->Put(QStringLiteral("a.bas"), "x");
         const QString code = bench->Put(QStringLiteral("c.bas"), "c\r\n");
@@ -228,7 +228,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.active->Caption(), code);
     }
 
-    void TheCaptionHoldsTheThreeNumbersOfTheVersion()
+    void theCaptionHoldsTheThreeNumbersOfTheVersion()
     {
         const QRegularExpression pattern(QStringLiteral("^Orchard Bench  v[0-9]+\\.[0-9]+\\.[0-9]+$"));
         QVERIFY2(pattern.match(MainCaption()).hasMatch(), qPrintable(MainCaption()));
@@ -238,7 +238,7 @@ private:
     std::unique_ptr<CoreBench> bench;
 };
 
-// The start asks for the system's colours.
+// The start reads the system's colours.
 int main(int argc, char** argv)
 {
     QGuiApplication application(argc, argv);

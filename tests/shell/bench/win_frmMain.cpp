@@ -67,7 +67,7 @@ private Q_SLOTS:
     void recentItemOfAMissingFileSaysSo();
     void openedFileMovesToTheTopOfTheList();
     void droppedFilesOpen();
-    void menuTreeStandsInItsOrder();
+    void menuTreeIsInItsOrder();
     void toolbarHasItsButtonsAndSeparators();
     void toolbarCanBeHidden();
     void controlF4Ends();
@@ -147,11 +147,11 @@ void win_frmMain::newestRecentFileThatCannotBeReadIsPassedOver()
 void win_frmMain::commandLineOpensFilesAndSkipsMissingOnes()
 {
     TestBench bench;
-    const QString blank = bench.Write(QStringLiteral("a file with blanks"), "end\r\n");
+    const QString spaced = bench.Write(QStringLiteral("a file with spaces"), "end\r\n");
     const QString shortName = bench.Write(QStringLiteral("ab"), "beep\r\n");
-    bench.Start({QStringLiteral("gone.bas"), QStringLiteral("a file with blanks"), shortName});
+    bench.Start({QStringLiteral("gone.bas"), QStringLiteral("a file with spaces"), shortName});
     QCOMPARE(Documents.size(), 3u);
-    QCOMPARE(Documents[1]->Caption(), blank);
+    QCOMPARE(Documents[1]->Caption(), spaced);
     QCOMPARE(Documents[2]->Caption(), shortName);
     QCOMPARE(bench.Active(), Documents[2].get());
 }
@@ -267,7 +267,7 @@ void win_frmMain::droppedFilesOpen()
     QCOMPARE(RecentFiles[0], first);
 }
 
-void win_frmMain::menuTreeStandsInItsOrder()
+void win_frmMain::menuTreeIsInItsOrder()
 {
     TestBench bench;
     bench.Start();

@@ -123,7 +123,7 @@ void win_frmOptions::tabSizeIsClampedAsItIsTyped_data()
     QTest::newRow("12") << QStringLiteral("12") << QStringLiteral("12") << 12;
     QTest::newRow("0") << QStringLiteral("0") << QStringLiteral("0") << 1;
     QTest::newRow("7") << QStringLiteral("7") << QStringLiteral("7") << 7;
-    QTest::newRow("a letter") << QStringLiteral("x") << QStringLiteral("0") << 1;
+    QTest::newRow("a character") << QStringLiteral("x") << QStringLiteral("0") << 1;
 }
 
 void win_frmOptions::tabSizeIsClampedAsItIsTyped()
@@ -149,7 +149,7 @@ void win_frmOptions::emptyTabSizeBecomesOne()
     options.Click("cmdApply");
     QCOMPARE(Editor.TabSize, 1);
     QCOMPARE(options.Text("txtTabSize"), QStringLiteral("1"));
-    // A pasted -1 stands until it is applied; what is below does not.
+    // A pasted -1 stays until it is applied; anything below does not.
     options.Find<QLineEdit>("txtTabSize")->setText(QStringLiteral("-1"));
     QCOMPARE(options.Text("txtTabSize"), QStringLiteral("-1"));
     options.Find<QLineEdit>("txtTabSize")->setText(QStringLiteral("-2"));
@@ -361,7 +361,7 @@ void win_frmOptions::commentsAreShownRawAndWritten()
     QTest::keyClick(box, Qt::Key_Return);
     QTest::keyClicks(box, QStringLiteral("'3"));
     options.Click("cmdApply");
-    // The hard blank is still one.
+    // The no-break space is still one.
     QCOMPARE(TestBench::Read(CommentsPath(ProgramFolder())), QByteArray("'by \xE9\xA0x\r\n'2\r\n'3\r\n"));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The colors of the preferences: their samples, their defaults, and when the code windows show them.
+// The colours in the preferences: their samples, their defaults, and when the code windows show them.
 #include "shell/bench/OptionsBench.h"
 #include "support/BenchTest.h"
 
@@ -74,7 +74,7 @@ void win_frmOptionsColors::commentSamplesShowThePair()
 void win_frmOptionsColors::cancelledColorBoxChangesNothing()
 {
     OptionsBench options;
-    // What the store held stays, even if it is no colour that can be shown.
+    // The stored value stays, even if it is not a colour that can be shown.
     options.Click("cmdCancel");
     options.Settle();
     Editor.QuoteColor = 0xFFFFFFFF;
@@ -92,7 +92,7 @@ void win_frmOptionsColors::spaceOnASampleAsksForAColor()
     options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.NumberColor, 0x0000FF);
     QTest::keyClick(options.Find<QLabel>("lblNumber"), Qt::Key_Space);
     QCOMPARE(options.Fore("lblNumber"), QColor(255, 0, 0));
-    // The right button and a release elsewhere ask for nothing.
+    // The right button and a release elsewhere open no box.
     QTest::mouseClick(options.Find<QLabel>("lblNumber"), Qt::RightButton);
     QTest::mousePress(options.Find<QLabel>("lblNumber"), Qt::LeftButton);
     QTest::mouseRelease(options.Find<QLabel>("lblNumber"), Qt::LeftButton, {}, QPoint(-20, -20));
@@ -141,7 +141,7 @@ void win_frmOptionsColors::defaultColorsStayAfterCancel()
     QVERIFY(!options.On("chkDefaultColors"));
     QCOMPARE(Editor.BranchColor, Rgb(200, 0, 0));
     QCOMPARE(options.Fore("lblBranch"), QColor(200, 0, 0));
-    // Open windows follow at the next Apply only.
+    // Open windows change only at the next Apply.
     QCOMPARE(options.Sci(slot, 2481, LabelStyle), std::intptr_t{0x123456});
     options.Click("cmdCancel");
     options.Settle();

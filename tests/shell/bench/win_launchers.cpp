@@ -39,10 +39,12 @@ void Press(QDialog& dialog, const char* name)
 
 QAction* ToolbarEntry(TestBench& bench, const char* key)
 {
-    return bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"))->findChild<QAction*>(QString::fromLatin1(key));
+    return bench.Frame()
+        .findChild<QToolBar*>(QStringLiteral("tbToolBar"))
+        ->findChild<QAction*>(QString::fromLatin1(key));
 }
 
-// Programs and types of a desktop of the test's own.
+// The programs and types of the test's desktop.
 class TestDesktop {
 public:
     explicit TestDesktop(const TestBench& bench) : data(bench.Path(QStringLiteral("data")))
@@ -83,20 +85,20 @@ class win_launchers : public QObject {
 
 private Q_SLOTS:
     void applicationsAreAddedAndRemoved();
-    void removingWithoutASelectionIsTold();
+    void removingWithoutASelectionIsReported();
     void tenApplicationsAreTheMost();
     void cancelKeepsTheApplications();
     void hotButtonStartsTheFirstOrOpensTheList();
     void missingHotProgramDoesNothing();
     void applicationItemsStartTheirPrograms();
     void desktopProgramsAreFoundByType();
-    void missingDesktopProgramsAreTold();
+    void missingDesktopProgramsAreReported();
     void pagesOpenInTheBrowser();
     void helpFileIsAskedForThenOpened();
-    void helpWithoutAFileIsTold();
+    void helpWithoutAFileIsReported();
     void librariesOpenOrAreMissed();
-    void chosenColorIsToldInTheStatusBar();
-    void chosenFontIsToldInTheStatusBar();
+    void chosenColorIsShownInTheStatusBar();
+    void chosenFontIsShownInTheStatusBar();
     void goToLineMovesTheCaret();
     void goToLineOfNoNumberIsTheFirst();
     void aboutShowsTheVersion();
@@ -140,7 +142,7 @@ void win_launchers::applicationsAreAddedAndRemoved()
     QCOMPARE(UserApplications[1], QStringLiteral("none"));
 }
 
-void win_launchers::removingWithoutASelectionIsTold()
+void win_launchers::removingWithoutASelectionIsReported()
 {
     TestBench bench;
     bench.Start();
@@ -186,7 +188,7 @@ void win_launchers::hotButtonStartsTheFirstOrOpensTheList()
     TestBench bench;
     bench.Start();
     UserApplications[1] = bench.MakeEngine(QStringLiteral("second.exe"));
-    // Only the first counts for the plain click.
+    // A plain click uses only the first.
     bench.ExpectModal(QStringLiteral("frmUser"), [](QDialog& dialog) { dialog.reject(); });
     ToolbarEntry(bench, "User")->trigger();
     HotKey = UserApplications[1];
@@ -224,7 +226,8 @@ void win_launchers::desktopProgramsAreFoundByType()
     desktop.Add(QStringLiteral("applications/a-terminal.desktop"),
                 TestDesktop::Entry(program, "MimeType=text/plain;\nTerminal=true\n"));
     desktop.Add(QStringLiteral("applications/editor.desktop"),
-                TestDesktop::Entry(QLatin1Char('"') + program + QLatin1Char('"'), "MimeType=text/plain;audio/x-wav;\nCategories=Utility;Calculator;\n"));
+                TestDesktop::Entry(QLatin1Char('"') + program + QLatin1Char('"'),
+                                   "MimeType=text/plain;audio/x-wav;\nCategories=Utility;Calculator;\n"));
     for (const char* item : {"mnuNotepad", "mnuCalculator"}) {
         bench.Choose(QString::fromLatin1(item));
         QCOMPARE(bench.WaitForEngine().arguments, QStringList());
@@ -232,14 +235,14 @@ void win_launchers::desktopProgramsAreFoundByType()
     QVERIFY(!QFile::exists(bench.ProgramPath(QStringLiteral("test.txt"))));
 }
 
-void win_launchers::missingDesktopProgramsAreTold()
+void win_launchers::missingDesktopProgramsAreReported()
 {
     TestBench bench;
     const TestDesktop desktop(bench);
     bench.Start();
     desktop.Add(QStringLiteral("applications/hex.desktop"),
                 TestDesktop::Entry(bench.MakeEngine(), "MimeType=application/octet-stream;\n"));
-    const QList<QPair<QString, QString>> told = {
+    const QList<QPair<QString, QString>> messages = {
         {QStringLiteral("mnuExplorer"), QStringLiteral("Explorer not found.")},
         {QStringLiteral("mnuNotepad"), QStringLiteral("Default texteditor not found.")},
         {QStringLiteral("mnuWordpad"), QStringLiteral("Default word processor not found.")},
@@ -247,7 +250,7 @@ void win_launchers::missingDesktopProgramsAreTold()
         {QStringLiteral("mnuSoundRec"), QStringLiteral("Default WAV program not found.")},
         {QStringLiteral("mnuCalculator"), QStringLiteral("Calculator not found.")},
     };
-    for (const auto& [item, message] : told) {
+    for (const auto& [item, message] : messages) {
         bench.dialogs.ExpectMessage(message);
         bench.Choose(item);
     }
@@ -294,7 +297,7 @@ void win_launchers::helpFileIsAskedForThenOpened()
     QCOMPARE(OBHelpPath, help);
 }
 
-void win_launchers::helpWithoutAFileIsTold()
+void win_launchers::helpWithoutAFileIsReported()
 {
     TestBench bench;
     bench.Start();
@@ -322,7 +325,7 @@ void win_launchers::librariesOpenOrAreMissed()
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("end"));
 }
 
-void win_launchers::chosenColorIsToldInTheStatusBar()
+void win_launchers::chosenColorIsShownInTheStatusBar()
 {
     TestBench bench;
     bench.Start();
@@ -335,7 +338,7 @@ void win_launchers::chosenColorIsToldInTheStatusBar()
     QCOMPARE(text->text(), QStringLiteral("R- 1     G- 20     B- 255     Long- 16716801"));
 }
 
-void win_launchers::chosenFontIsToldInTheStatusBar()
+void win_launchers::chosenFontIsShownInTheStatusBar()
 {
     TestBench bench;
     bench.Start();
@@ -456,7 +459,7 @@ void win_launchers::doubleClickOnTheToolbarAsks()
     }
     QVERIFY(!bench.Frame().Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
     bench.Frame().ShowToolbar(true);
-    // A button that is off is not free area.
+    // A disabled button is not free area.
     QTest::mouseDClick(bar, Qt::LeftButton, {}, bar->actionGeometry(ToolbarEntry(bench, "Save")).center());
     QVERIFY(bar->isVisible());
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The manual: its pages lead to each other, the texts are taken apart as they are meant, the search finds.
+// The manual: links between its pages, the parsing of their texts, the search.
 #include "shell/help/cManualHistory.h"
 #include "shell/help/modManual.h"
 
@@ -52,7 +52,7 @@ bool HasSection(const HelpPage& page, const QString& section)
     return section.isEmpty();
 }
 
-// Empty when the link leads somewhere.
+// Empty when the link has a target.
 QString TroubleWith(const ManualLink& link, const HelpPage& from)
 {
     if (link.target.startsWith(QLatin1String("https://")))
@@ -73,11 +73,11 @@ class tst_modManual : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyPageIsCarried();
+    void everyPageIsEmbedded();
     void everyLinkLeadsToAPageAndItsSection();
     void everyPictureIsThereAndSmall();
     void everyPageIsReachedFromTheContents();
-    void everyPageStandsInTheContentsTree();
+    void everyPageIsInTheContentsTree();
     void everyPageHasOneTitleAndItsHeadingsDiffer();
     void marksAreTakenOffTheText();
     void wrappedLinesAreOneParagraph();
@@ -101,14 +101,14 @@ private Q_SLOTS:
     void newStopForgetsTheWayAhead();
 };
 
-void tst_modManual::everyPageIsCarried()
+void tst_modManual::everyPageIsEmbedded()
 {
     QStringList files = QDir(SourceFolder).entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name);
     QVERIFY(files.contains(QStringLiteral("index.md")));
-    QStringList carried;
+    QStringList embedded;
     for (const HelpPage& page : Manual())
-        carried.append(page.name + QStringLiteral(".md"));
-    QCOMPARE(carried, files);
+        embedded.append(page.name + QStringLiteral(".md"));
+    QCOMPARE(embedded, files);
 }
 
 void tst_modManual::everyLinkLeadsToAPageAndItsSection()
@@ -168,7 +168,7 @@ void tst_modManual::everyPageIsReachedFromTheContents()
         QVERIFY2(reached.contains(page.name), qPrintable(page.name));
 }
 
-void tst_modManual::everyPageStandsInTheContentsTree()
+void tst_modManual::everyPageIsInTheContentsTree()
 {
     QStringList listed = {ManualContentsPage};
     for (const ManualEntry& entry : ContentsOf(*FindManualPage(ManualContentsPage)))
@@ -254,7 +254,7 @@ void tst_modManual::anchorsAreThoseOfTheMarkdownHost_data()
 {
     QTest::addColumn<QString>("heading");
     QTest::addColumn<QString>("anchor");
-    QTest::newRow("blanks") << QStringLiteral("What a save does") << QStringLiteral("what-a-save-does");
+    QTest::newRow("spaces") << QStringLiteral("What a save does") << QStringLiteral("what-a-save-does");
     QTest::newRow("signs") << QStringLiteral("Save & close?") << QStringLiteral("save--close");
     QTest::newRow("dot") << QStringLiteral("untitled.bak") << QStringLiteral("untitledbak");
     QTest::newRow("dash") << QStringLiteral("Re-use_it") << QStringLiteral("re-use_it");
@@ -304,7 +304,7 @@ void tst_modManual::wordsAreFoundWhereTheyBegin()
     const QStringList words = SearchWords(u"  Save SAVE  .bak ");
     QCOMPARE(words, (QStringList{QStringLiteral("save"), QStringLiteral(".bak")}));
     QCOMPARE(FindWords(u"Saved, unsaved: x.BAK", words), (QList<TextSpan>{{0, 4}, {17, 4}}));
-    // Of two words that begin together the longer one counts.
+    // Of two words that start at the same place the longer one counts.
     QCOMPARE(FindWords(u"a saver", SearchWords(u"save saver")), (QList<TextSpan>{{2, 5}}));
 }
 

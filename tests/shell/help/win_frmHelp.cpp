@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The help window: contents, search, links, back and forward, keys, pictures, and its life beside other windows.
+// The help window: contents, search, links, back and forward, keys, pictures, and its lifetime beside other windows.
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
@@ -32,7 +32,7 @@ ManualPlace PageNamed(const char* name, const char* section = "")
     return {QString::fromLatin1(name), QString::fromLatin1(section)};
 }
 
-// All help windows that can be seen.
+// All visible help windows.
 QList<frmHelp*> OpenHelp()
 {
     QList<frmHelp*> open;
@@ -42,13 +42,13 @@ QList<frmHelp*> OpenHelp()
     return open;
 }
 
-// Whether the window comes to take the keys.
+// Whether the window gets the keyboard focus in time.
 bool IsActive(const QWidget* window)
 {
     return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
 }
 
-// The window after a look at the manual; it can take keys.
+// The window after the manual has been opened, with the keyboard focus.
 frmHelp* Help(const QString& page = {})
 {
     ShowManual(page);
@@ -82,7 +82,7 @@ QString Shown(const frmHelp* help)
     return Find<QTextBrowser>(help, "txtPage")->toPlainText();
 }
 
-// Clicks the link of that text on the page, as the mouse would.
+// Clicks the link with that text on the page, like the mouse.
 void ClickLink(const frmHelp* help, const QString& text)
 {
     auto* page = Find<QTextBrowser>(help, "txtPage");
@@ -106,7 +106,7 @@ QTreeWidgetItem* TreeItem(const frmHelp* help, const QString& caption)
     return Find<QTreeWidget>(help, "treeContents")->findItems(caption, Qt::MatchExactly | Qt::MatchRecursive).value(0);
 }
 
-// A tool window that has a page.
+// A tool window with a page.
 class frmSample final : public QDialog {
 public:
     static constexpr char ManualPage[] = "files";
@@ -137,13 +137,13 @@ private Q_SLOTS:
     void missingPageLeadsToTheContents();
     void escapeCloses();
     void f1ShowsTheContents();
-    void oneWindowServesAll();
+    void allHelpUsesOneWindow();
     void f1InAToolOpensItsPage();
     void helpOfAModalToolCanBeUsedAndStays();
     void helpGoesWithTheMainWindow();
     void openHelpDoesNotKeepTheProgramAlive();
     void picturesFitTheWidth();
-    void everyPictureOfTheManualIsCarried();
+    void everyPictureOfTheManualIsEmbedded();
     void darkPaletteTurnsThePageDark();
     void everyCommandOfTheMenuIsInTheManual();
 
@@ -202,7 +202,7 @@ void win_frmHelp::treeOpensPagesAndSections()
     click(TreeItem(help, QStringLiteral("Include lines")));
     QCOMPARE(help->Here(), PageNamed("running", "include-lines"));
     QVERIFY(Find<QTextBrowser>(help, "txtPage")->verticalScrollBar()->value() > 0);
-    // A group is no page.
+    // A group is not a page.
     click(TreeItem(help, QStringLiteral("Start here")));
     QCOMPARE(help->Here(), PageNamed("running", "include-lines"));
 }
@@ -324,7 +324,7 @@ void win_frmHelp::keysGoBackAndForward()
     QCOMPARE(help->Here(), Contents);
     QTest::keyClick(Find<QLineEdit>(help, "txtSearch"), Qt::Key_Right, Qt::AltModifier);
     QCOMPARE(help->Here(), PageNamed("files"));
-    // At the end of the way nothing happens.
+    // At the end of the history nothing happens.
     QTest::keyClick(help, Qt::Key_Right, Qt::AltModifier);
     QCOMPARE(help->Here(), PageNamed("files"));
 }
@@ -360,7 +360,7 @@ void win_frmHelp::f1ShowsTheContents()
     QCOMPARE(OpenHelp().size(), 1);
 }
 
-void win_frmHelp::oneWindowServesAll()
+void win_frmHelp::allHelpUsesOneWindow()
 {
     const frmHelp* first = Help(QStringLiteral("files"));
     const frmHelp* second = Help(QStringLiteral("running"));
@@ -393,7 +393,7 @@ void win_frmHelp::helpOfAModalToolCanBeUsedAndStays()
         frmHelp* help = OpenHelp().first();
         QCOMPARE(help->Here(), PageNamed("files"));
         QVERIFY(IsActive(help));
-        // A window that is shut out by a modal one gets no clicks.
+        // A window blocked by a modal one gets no clicks.
         QTest::mouseClick(help->windowHandle(), Qt::LeftButton, {},
                           Find<QToolButton>(help, "cmdBack")->mapTo(help, QPoint(8, 8)));
         QCOMPARE(help->Here(), PageNamed("running"));
@@ -447,7 +447,7 @@ void win_frmHelp::picturesFitTheWidth()
     QCOMPARE(width(), natural);
 }
 
-void win_frmHelp::everyPictureOfTheManualIsCarried()
+void win_frmHelp::everyPictureOfTheManualIsEmbedded()
 {
     for (const HelpPage& page : Manual())
         for (const ManualBlock& block : page.blocks)

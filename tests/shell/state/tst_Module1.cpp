@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The shared routines: colours by name, usable paths, texts that are written out beside the program.
+// The shared routines: colours by name, usable paths, texts that are written beside the program.
 #include "shell/state/Module1.h"
 
 #include "core/CoreBench.h"
@@ -16,7 +16,7 @@ private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
     void cleanup() { bench.reset(); }
 
-    void AColorIsFoundByItsNameAndItsValue_data()
+    void aColorIsFoundByItsNameAndItsValue_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<ColorRef>("value");
@@ -39,7 +39,7 @@ private Q_SLOTS:
         QTest::newRow("Buttonface") << QStringLiteral("Buttonface") << ColorRef{0x8000000F};
     }
 
-    void AColorIsFoundByItsNameAndItsValue()
+    void aColorIsFoundByItsNameAndItsValue()
     {
         QFETCH(QString, name);
         QFETCH(ColorRef, value);
@@ -49,26 +49,26 @@ private Q_SLOTS:
                  name);
     }
 
-    void ThereAreSeventeenColors()
+    void thereAreSeventeenColors()
     {
         QCOMPARE(ColorValue.size(), std::size_t{17});
         QCOMPARE(ColorName.size(), std::size_t{17});
     }
 
-    void AnUnknownColorNameGivesNothing_data()
+    void anUnknownColorNameGivesNothing_data()
     {
         QTest::addColumn<QString>("name");
         for (const char* name : {"red", "RED", "Red ", "Purple", "", "255"})
             QTest::newRow(*name == '\0' ? "empty" : name) << QString::fromLatin1(name);
     }
 
-    void AnUnknownColorNameGivesNothing()
+    void anUnknownColorNameGivesNothing()
     {
         QFETCH(QString, name);
         QCOMPARE(ColorFromName(name), ColorRef{0});
     }
 
-    void AnUnknownColorValueGivesNothing_data()
+    void anUnknownColorValueGivesNothing_data()
     {
         QTest::addColumn<QString>("text");
         for (const char* text :
@@ -76,13 +76,13 @@ private Q_SLOTS:
             QTest::newRow(*text == '\0' ? "empty" : text) << QString::fromLatin1(text);
     }
 
-    void AnUnknownColorValueGivesNothing()
+    void anUnknownColorValueGivesNothing()
     {
         QFETCH(QString, text);
         QCOMPARE(NameFromColor(text), QString());
     }
 
-    void APathIsUsableWhenItNamesAFile()
+    void aPathIsUsableWhenItNamesAFile()
     {
         const QString file = bench->Put(QStringLiteral("orchard.exe"), "x");
         QVERIFY(IsUsablePath(file));
@@ -90,14 +90,14 @@ private Q_SLOTS:
         QVERIFY(!IsUsablePath({}));
         QVERIFY(!IsUsablePath(bench->Path(QStringLiteral("run.exe"))));
         QVERIFY(!IsUsablePath(bench->Path({})));
-        // Not even when there is such a file.
+        // Not even if there is such a file.
         bench->Put(QStringLiteral("no path"), "x");
         QVERIFY(!IsUsablePath(QStringLiteral("no path")));
         bench->Put(QStringLiteral("No Path"), "x");
         QVERIFY(!IsUsablePath(QStringLiteral("No Path")));
     }
 
-    void TheLibrariesAreCarriedByNumber()
+    void theLibrariesAreEmbeddedByNumber()
     {
         for (const int id : {100, 105, 0, -1})
             QVERIFY(!CarriedText(id, QStringLiteral("CUSTOM")));
@@ -108,20 +108,20 @@ private Q_SLOTS:
         QCOMPARE(CarriedText(103, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("jpeg.bas")));
     }
 
-    void AnUnknownResourceWritesNothing()
+    void anUnknownResourceWritesNothing()
     {
         ExtractResource(100, QStringLiteral("CUSTOM"), bench->Path(QStringLiteral("out.bas")));
         ExtractResource(101, QStringLiteral("OTHER"), bench->Path(QStringLiteral("out.bas")));
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("out.bas"))));
     }
 
-    void AResourceIsWrittenAtTheStartAndALongerFileKeepsItsTail()
+    void aResourceIsWrittenAtTheStartAndALongerFileKeepsItsTail()
     {
         const QByteArray text = LibraryOrNothing();
         const QString path = bench->Path(QStringLiteral("wrapper32.bas"));
         ExtractResource(101, QStringLiteral("CUSTOM"), path);
         if (text.isEmpty()) {
-            QVERIFY2(!QFile::exists(path), "nothing is carried, and yet a file was written");
+            QVERIFY2(!QFile::exists(path), "nothing is embedded, and yet a file was written");
             return;
         }
         QCOMPARE(CoreBench::Get(path), text);
@@ -135,14 +135,14 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(path), text);
     }
 
-    void AnErrorInWritingAResourceIsSwallowed()
+    void anErrorInWritingAResourceIsSwallowed()
     {
         ExtractResource(101, QStringLiteral("CUSTOM"), bench->Path(QStringLiteral("gone/wrapper32.bas")));
         ExtractResource(101, QStringLiteral("CUSTOM"), bench->Path({}));
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("gone"))));
     }
 
-    void TheStatusTextIsTheFirstPanel()
+    void theStatusTextIsTheFirstPanel()
     {
         SetStatusText(QStringLiteral("File saved as x"));
         QCOMPARE(bench->form.status, QStringLiteral("File saved as x"));
@@ -151,7 +151,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.status, QStringLiteral("File saved as x"));
     }
 
-    void TheStateStartsWithItsDefaults()
+    void theStateStartsWithItsDefaults()
     {
         GuiDesign().form.GuiHandleName = QStringLiteral("x");
         RecentCount = 3;

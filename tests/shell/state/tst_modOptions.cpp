@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The settings: what an empty store gives, how stored texts are read, what the store holds afterwards.
+// The settings: the values from an empty store, the reading of stored texts, the store's contents afterwards.
 #include "shell/state/modOptions.h"
 
 #include "core/CoreBench.h"
@@ -10,7 +10,7 @@ using namespace ob;
 
 namespace {
 
-// Puts every setting to something that no default is, so that a variable that is not read stands out.
+// Sets every setting to a value other than its default, so that a variable that is not read is noticed.
 void SpoilSettings()
 {
     for (QString* path :
@@ -30,7 +30,7 @@ void Store(const char* key, const QString& text)
     WriteSetting(QLatin1String(key), text);
 }
 
-// The store's lines on the disk, sorted: the file keeps no order of its own.
+// The store's lines on disk, sorted: the file has no defined order.
 QStringList StoredLines(const QString& path)
 {
     QStringList lines =
@@ -48,7 +48,7 @@ private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
     void cleanup() { bench.reset(); }
 
-    void AnEmptyStoreGivesEveryDefault()
+    void anEmptyStoreGivesEveryDefault()
     {
         SpoilSettings();
         ReadAllSettings();
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QCOMPARE(AddComments, false);
     }
 
-    void AnEmptyStoreGivesEveryColor_data()
+    void anEmptyStoreGivesEveryColor_data()
     {
         QTest::addColumn<ColorRef*>("color");
         QTest::addColumn<ColorRef>("value");
@@ -87,7 +87,7 @@ private Q_SLOTS:
         QTest::newRow("CommentBackColor") << &Editor.CommentBackColor << ColorRef{0xF0F0F0};
     }
 
-    void AnEmptyStoreGivesEveryColor()
+    void anEmptyStoreGivesEveryColor()
     {
         QFETCH(ColorRef*, color);
         SpoilSettings();
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QTEST(*color, "value");
     }
 
-    void AnEmptyStoreGivesTheWindowItsFirstPlace()
+    void anEmptyStoreGivesTheWindowItsFirstPlace()
     {
         const WindowPlace place = ReadWindowPlace();
         QCOMPARE(place.left, 1000.0f);
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(place.height, 6500.0f);
     }
 
-    void ReadingWritesNothing()
+    void readingWritesNothing()
     {
         ReadAllSettings();
         (void)ReadWindowPlace();
@@ -112,7 +112,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(bench->StorePath()));
     }
 
-    void SyntaxColoringIsOffOrOn_data()
+    void syntaxColoringIsOffOrOn_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<int>("read");
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QTest::newRow("text") << QStringLiteral("on") << 0;
     }
 
-    void SyntaxColoringIsOffOrOn()
+    void syntaxColoringIsOffOrOn()
     {
         QFETCH(QString, stored);
         Store("SyntaxColor", stored);
@@ -132,7 +132,7 @@ private Q_SLOTS:
         QTEST(Editor.SyntaxColor, "read");
     }
 
-    void AFontHeightWithAFractionIsRoundedHalvesToEven_data()
+    void aFontHeightWithAFractionIsRoundedHalvesToEven_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<int>("read");
@@ -141,14 +141,14 @@ private Q_SLOTS:
         QTest::newRow("half up") << QStringLiteral("13.5") << 14;
         QTest::newRow("above") << QStringLiteral("12.51") << 13;
         QTest::newRow("negative half") << QStringLiteral("-2.5") << -2;
-        QTest::newRow("blanks around") << QStringLiteral(" 9 ") << 9;
+        QTest::newRow("spaces around") << QStringLiteral(" 9 ") << 9;
         QTest::newRow("text") << QStringLiteral("large") << 0;
         QTest::newRow("empty") << QString() << 0;
         QTest::newRow("largest") << QStringLiteral("32767") << 32767;
         QTest::newRow("too large stays as it was") << QStringLiteral("32768") << 77;
     }
 
-    void AFontHeightWithAFractionIsRoundedHalvesToEven()
+    void aFontHeightWithAFractionIsRoundedHalvesToEven()
     {
         QFETCH(QString, stored);
         SpoilSettings();
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QTEST(Editor.FontHeight, "read");
     }
 
-    void ATabSizeIsANumberOf32Bits_data()
+    void aTabSizeIsANumberOf32Bits_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<int>("read");
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QTest::newRow("too large stays as it was") << QStringLiteral("2147483648") << 77;
     }
 
-    void ATabSizeIsANumberOf32Bits()
+    void aTabSizeIsANumberOf32Bits()
     {
         QFETCH(QString, stored);
         SpoilSettings();
@@ -177,7 +177,7 @@ private Q_SLOTS:
         QTEST(Editor.TabSize, "read");
     }
 
-    void ABooleanIsAWordInAnyCaseOrANumber_data()
+    void aBooleanIsAWordInAnyCaseOrANumber_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<bool>("before");
@@ -200,7 +200,7 @@ private Q_SLOTS:
         }
     }
 
-    void ABooleanIsAWordInAnyCaseOrANumber()
+    void aBooleanIsAWordInAnyCaseOrANumber()
     {
         QFETCH(QString, stored);
         QFETCH(bool, before);
@@ -221,7 +221,7 @@ private Q_SLOTS:
         QTEST(AddComments, "read");
     }
 
-    void AnErrorInOneSettingDoesNotStopTheOthers()
+    void anErrorInOneSettingDoesNotStopTheOthers()
     {
         Store("FontHeight", QStringLiteral("99999"));
         Store("FontBold", QStringLiteral("perhaps"));
@@ -236,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(Editor.CommentBackColor, ColorRef{1});
     }
 
-    void AColorIsReadAsADecimalNumber_data()
+    void aColorIsReadAsADecimalNumber_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<ColorRef>("color");
@@ -247,7 +247,7 @@ private Q_SLOTS:
         QTest::newRow("empty is black") << QString() << ColorRef{0};
     }
 
-    void AColorIsReadAsADecimalNumber()
+    void aColorIsReadAsADecimalNumber()
     {
         QFETCH(QString, stored);
         Store("QuoteColor", stored);
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QTEST(Editor.QuoteColor, "color");
     }
 
-    void TextsAreReadAsTheyStand()
+    void textsAreReadUnchanged()
     {
         Store("OBPath", QStringLiteral("NO PATH"));
         Store("OBHelpPath", QStringLiteral("c:\\help files\\orchard.hlp"));
@@ -270,7 +270,7 @@ private Q_SLOTS:
         QCOMPARE(UserApplications[9], QStringLiteral("None"));
     }
 
-    void TheWholeStoreIsWritten()
+    void theWholeStoreIsWritten()
     {
         for (std::size_t i = 0; i < RecentFiles.size(); ++i)
             RecentFiles[i] = QStringLiteral("/b/%1.bas").arg(i);
@@ -329,7 +329,7 @@ private Q_SLOTS:
         QCOMPARE(StoredLines(bench->StorePath()), expected);
     }
 
-    void WhatWasSavedIsReadBack()
+    void whatWasSavedIsReadBack()
     {
         SpoilSettings();
         Editor.SyntaxColor = 0;
@@ -349,7 +349,7 @@ private Q_SLOTS:
         QCOMPARE(Editor.HighlightColor, ColorRef{0xABCDEF});
     }
 
-    void TheWindowsPlaceIsWrittenAloneAndReadBack()
+    void theWindowsPlaceIsWrittenAloneAndReadBack()
     {
         SaveWindowPlace({-120, 0, 15375.5f, 9000});
         SyncSettings();
@@ -364,7 +364,7 @@ private Q_SLOTS:
         QCOMPARE(place.height, 9000.0f);
     }
 
-    void APlaceThatIsNoNumberCountsAsNought()
+    void aPlaceThatIsNotANumberCountsAsZero()
     {
         Store("MainLeft", QStringLiteral("left"));
         Store("MainWidth", QString());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list of recent files: read with its one cleaning pass, shown, moved, stored.
+// The list of recent files: read with its single cleaning pass, shown, moved, stored.
 #include "shell/state/modRecent.h"
 
 #include "core/CoreBench.h"
@@ -13,7 +13,7 @@ private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
     void cleanup() { bench.reset(); }
 
-    void AnEmptyStoreGivesErrors()
+    void anEmptyStoreGivesErrors()
     {
         FillRecentFiles();
         QCOMPARE(Recent(), QStringList(8, QStringLiteral("error")));
@@ -24,14 +24,14 @@ private Q_SLOTS:
             QCOMPARE(caption, QString());
     }
 
-    void AFileNamedUntitledInTheCurrentFolderMakesTheListEmpty_data()
+    void aFileNamedUntitledInTheCurrentFolderMakesTheListEmpty_data()
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("as the default") << QStringLiteral("untitled");
         QTest::newRow("in another case") << QStringLiteral("UnTitled");
     }
 
-    void AFileNamedUntitledInTheCurrentFolderMakesTheListEmpty()
+    void aFileNamedUntitledInTheCurrentFolderMakesTheListEmpty()
     {
         QFETCH(QString, name);
         bench->Put(name, "x");
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.ShownItems().isEmpty());
     }
 
-    void UntitledBehindTheFirstEntryIsAFileLikeOthers()
+    void untitledAfterTheFirstEntryIsAFileLikeOthers()
     {
         bench->Put(QStringLiteral("untitled"), "x");
         const QString first = bench->Put(QStringLiteral("a.bas"), "a");
@@ -60,28 +60,29 @@ private Q_SLOTS:
         QCOMPARE(bench->form.captions[7], QStringLiteral("untitled"));
     }
 
-    // One digit a stored entry, 0 for a file that is gone; the second text the list that is read, "e" for "error".
-    void MissingEntriesAreTakenOutInOnePass_data()
+    // One digit for each stored entry, 0 for a missing file; the second text is the list after reading, "e" being
+    // "error".
+    void missingEntriesAreRemovedInOnePass_data()
     {
         QTest::addColumn<QByteArray>("stored");
         QTest::addColumn<QByteArray>("read");
         QTest::addColumn<QList<int>>("shown");
         const QList<int> all = {1, 2, 3, 4, 5, 6, 7, 8};
         QTest::newRow("none missing") << QByteArray("12345678") << QByteArray("12345678") << all;
-        QTest::newRow("the last stands twice") << QByteArray("10345678") << QByteArray("13456788") << all;
+        QTest::newRow("the last is doubled") << QByteArray("10345678") << QByteArray("13456788") << all;
         QTest::newRow("the first missing") << QByteArray("02345678") << QByteArray("23456788") << all;
-        QTest::newRow("the last missing stays") << QByteArray("12345670") << QByteArray("1234567e")
-                                                << QList<int>{1, 2, 3, 4, 5, 6, 7};
-        QTest::newRow("of two in a row the second is not looked at")
+        QTest::newRow("the last missing stays")
+            << QByteArray("12345670") << QByteArray("1234567e") << QList<int>{1, 2, 3, 4, 5, 6, 7};
+        QTest::newRow("of two in a row the second is not checked")
             << QByteArray("12005678") << QByteArray("12e56788") << QList<int>{1, 2, 4, 5, 6, 7, 8};
-        QTest::newRow("two apart go, the last stands three times")
+        QTest::newRow("two apart are removed, the last is there three times")
             << QByteArray("10305678") << QByteArray("13567888") << all;
-        QTest::newRow("a missing last is doubled too") << QByteArray("10345670") << QByteArray("134567ee")
-                                                       << QList<int>{1, 2, 3, 4, 5, 6};
+        QTest::newRow("a missing last is doubled too")
+            << QByteArray("10345670") << QByteArray("134567ee") << QList<int>{1, 2, 3, 4, 5, 6};
         QTest::newRow("all missing") << QByteArray("00000000") << QByteArray("eeeeeeee") << QList<int>{};
     }
 
-    void MissingEntriesAreTakenOutInOnePass()
+    void missingEntriesAreRemovedInOnePass()
     {
         QFETCH(QByteArray, stored);
         QFETCH(QByteArray, read);
@@ -92,8 +93,8 @@ private Q_SLOTS:
             WriteSetting(QStringLiteral("MRU%1").arg(i + 1), bench->Path(QString(QLatin1Char(stored[i]))));
         FillRecentFiles();
         QStringList expected;
-        for (const char letter : read)
-            expected.append(letter == 'e' ? QStringLiteral("error") : bench->Path(QString(QLatin1Char(letter))));
+        for (const char name : read)
+            expected.append(name == 'e' ? QStringLiteral("error") : bench->Path(QString(QLatin1Char(name))));
         QCOMPARE(Recent(), expected);
 
         QVERIFY(ShowRecentFiles() == RecentMenu::Filled);
@@ -103,7 +104,7 @@ private Q_SLOTS:
             QCOMPARE(bench->form.captions[static_cast<std::size_t>(number - 1)], expected[number - 1]);
     }
 
-    void AnEntryThatIsAFolderIsNoFile()
+    void anEntryThatIsAFolderIsNotAFile()
     {
         QDir().mkdir(QStringLiteral("folder"));
         WriteSetting(QStringLiteral("MRU1"), bench->Path(QStringLiteral("folder")));
@@ -113,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(RecentFiles[0], second);
     }
 
-    void ReadingTheListWritesNothing()
+    void readingTheListWritesNothing()
     {
         FillRecentFiles();
         ShowRecentFiles();
@@ -121,9 +122,9 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(bench->StorePath()));
     }
 
-    void ANewNameGoesToTheFrontAndTheLastFallsOut()
+    void aNewNameGoesToTheFrontAndTheLastFallsOut()
     {
-        Letters("abcdefgh");
+        SetRecent("abcdefgh");
         RecentCount = 8;
         AddRecentFile(QStringLiteral("x"));
         QCOMPARE(Recent(), Split("xabcdefg"));
@@ -131,7 +132,7 @@ private Q_SLOTS:
         QCOMPARE(Stored(), Split("xabcdefg"));
     }
 
-    void AKnownNameMovesToTheFront_data()
+    void aKnownNameMovesToTheFront_data()
     {
         QTest::addColumn<char>("name");
         QTest::addColumn<QByteArray>("list");
@@ -141,11 +142,11 @@ private Q_SLOTS:
         QTest::newRow("last") << 'h' << QByteArray("habcdefg");
     }
 
-    void AKnownNameMovesToTheFront()
+    void aKnownNameMovesToTheFront()
     {
         QFETCH(char, name);
         QFETCH(QByteArray, list);
-        Letters("abcdefgh");
+        SetRecent("abcdefgh");
         RecentCount = 3;
         AddRecentFile(QString(QLatin1Char(name)));
         QCOMPARE(Recent(), Split(list));
@@ -155,23 +156,23 @@ private Q_SLOTS:
         QCOMPARE(Stored(), Split(list));
     }
 
-    void ANameInAnotherCaseIsANewName()
+    void aNameInAnotherCaseIsANewName()
     {
-        Letters("abcdefgh");
+        SetRecent("abcdefgh");
         RecentCount = 2;
         AddRecentFile(QStringLiteral("C"));
         QCOMPARE(Recent(), Split("Cabcdefg"));
         QCOMPARE(RecentCount, 3);
     }
 
-    void TheFirstOfTwoEqualEntriesMoves()
+    void theFirstOfTwoEqualEntriesMoves()
     {
-        Letters("abcdegg!");
+        SetRecent("abcdegg!");
         AddRecentFile(QStringLiteral("g"));
         QCOMPARE(Recent(), Split("gabcdeg!"));
     }
 
-    void ItemsAreShownUpToTheCount()
+    void itemsAreShownUpToTheCount()
     {
         FillRecentFiles();
         ShowRecentFiles();
@@ -184,9 +185,9 @@ private Q_SLOTS:
         QCOMPARE(bench->form.captions[2], QStringLiteral("error"));
     }
 
-    void TheCountGrowsPastTheListAndPastNineNothingIsStored()
+    void theCountGrowsPastTheListAndPastNineNothingIsStored()
     {
-        Letters("abcdefgh");
+        SetRecent("abcdefgh");
         SaveRecentFiles();
         RecentCount = 7;
         AddRecentFile(QStringLiteral("1"));
@@ -214,17 +215,17 @@ private Q_SLOTS:
         QCOMPARE(Stored(), Split("231abcde"));
     }
 
-    void PastNineNoFurtherItemIsShown()
+    void pastNineNoFurtherItemIsShown()
     {
-        Letters("abcdefgh");
+        SetRecent("abcdefgh");
         RecentCount = 9;
         AddRecentFile(QStringLiteral("x"));
         QVERIFY(bench->form.ShownItems().isEmpty());
     }
 
-    void AStoredListIsOnTheDiskAtOnce()
+    void aStoredListIsOnTheDiskAtOnce()
     {
-        Letters("abcdefgh");
+        SetRecent("abcdefgh");
         AddRecentFile(QStringLiteral("x"));
         const QByteArray store = CoreBench::Get(bench->StorePath());
         QVERIFY(store.contains("MRU1=x"));
@@ -232,17 +233,17 @@ private Q_SLOTS:
     }
 
 private:
-    static QStringList Split(const QByteArray& letters)
+    static QStringList Split(const QByteArray& names)
     {
         QStringList list;
-        for (const char letter : letters)
-            list.append(QString(QLatin1Char(letter)));
+        for (const char name : names)
+            list.append(QString(QLatin1Char(name)));
         return list;
     }
 
-    static void Letters(const QByteArray& letters)
+    static void SetRecent(const QByteArray& names)
     {
-        const QStringList list = Split(letters);
+        const QStringList list = Split(names);
         std::copy(list.begin(), list.end(), RecentFiles.begin());
     }
 

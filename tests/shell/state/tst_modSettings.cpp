@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The settings store gives every text back as it was written.
+// The settings store returns every text as it was written.
 #include "shell/state/modSettings.h"
 
 #include <QCoreApplication>
@@ -22,21 +22,21 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void AMissingKeyGivesTheFallback();
-    void EveryTextComesBackExactly_data();
-    void EveryTextComesBackExactly();
-    void TextsSurviveInAnotherProcess();
-    void TheSectionIsSettings();
-    void AListWrittenByHandIsOneText();
-    void AStoreThatCannotBeWrittenIsPassedOver();
-    void ABrokenFileGivesFallbacks();
-    void TheUsersOwnStoreBearsTheApplicationsName();
-    void ReadingAllKeysTakesLessThanAMillisecond_data();
-    void ReadingAllKeysTakesLessThanAMillisecond();
+    void aMissingKeyGivesTheFallback();
+    void everyTextComesBackExactly_data();
+    void everyTextComesBackExactly();
+    void textsSurviveInAnotherProcess();
+    void theSectionIsSettings();
+    void aListWrittenByHandIsOneText();
+    void aStoreThatCannotBeWrittenIsPassedOver();
+    void aBrokenFileGivesFallbacks();
+    void theUsersOwnStoreBearsTheApplicationsName();
+    void readingAllKeysTakesLessThanAMillisecond_data();
+    void readingAllKeysTakesLessThanAMillisecond();
 
 private:
     QString StoreFile() const { return folder->filePath(QStringLiteral("store.ini")); }
-    // Reads the store from the disk again: under another name, as the toolkit remembers a file that it had open.
+    // Reads the store from disk again, under another name because the toolkit caches a file it has opened.
     void Reopen() const
     {
         ob::SyncSettings();
@@ -59,7 +59,7 @@ void tst_modSettings::cleanup()
     ob::SetSettingsFile(folder->filePath(QStringLiteral("last.ini")));
 }
 
-void tst_modSettings::AMissingKeyGivesTheFallback()
+void tst_modSettings::aMissingKeyGivesTheFallback()
 {
     QCOMPARE(ob::ReadSetting(QStringLiteral("FontName"), QStringLiteral("Courier New")), QStringLiteral("Courier New"));
     ob::WriteSetting(QStringLiteral("FontName"), QString());
@@ -69,7 +69,7 @@ void tst_modSettings::AMissingKeyGivesTheFallback()
     QCOMPARE(ob::ReadSetting(QStringLiteral("TabSize"), QStringLiteral("4")), QStringLiteral("4"));
 }
 
-void tst_modSettings::EveryTextComesBackExactly_data()
+void tst_modSettings::everyTextComesBackExactly_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("empty") << QStringLiteral("");
@@ -81,7 +81,7 @@ void tst_modSettings::EveryTextComesBackExactly_data()
     QTest::newRow("backslashes") << QStringLiteral("c:\\new folder\\x00\\\\server\\");
     QTest::newRow("quotes") << QStringLiteral("\"a\" 'b\"");
     QTest::newRow("semicolon, equals, percent") << QStringLiteral("a;b=c%20%d#e");
-    QTest::newRow("blanks at the ends") << QStringLiteral("  a  ");
+    QTest::newRow("spaces at the ends") << QStringLiteral("  a  ");
     QTest::newRow("tab and lines") << QStringLiteral("a\tb\r\nc\nd\re");
     QTest::newRow("unicode") << QStringLiteral("/home/j\u00FCrgen/\u0436\u4E2D/\U0001F600.bas");
     QTest::newRow("at sign") << QStringLiteral("@ByteArray(x)");
@@ -89,11 +89,11 @@ void tst_modSettings::EveryTextComesBackExactly_data()
     QTest::newRow("two at signs") << QStringLiteral("@@");
     QTest::newRow("brackets") << QStringLiteral("[Settings]");
     QTest::newRow("NUL") << QStringLiteral("a") + QChar::Null + QStringLiteral("b");
-    QTest::newRow("hexadecimal behind unicode") << QStringLiteral("\u0001abc\u00E4def");
+    QTest::newRow("hexadecimal after unicode") << QStringLiteral("\u0001abc\u00E4def");
     QTest::newRow("long") << QString(100000, u'x');
 }
 
-void tst_modSettings::EveryTextComesBackExactly()
+void tst_modSettings::everyTextComesBackExactly()
 {
     QFETCH(QString, text);
     ob::WriteSetting(QStringLiteral("MRU1"), text);
@@ -104,7 +104,7 @@ void tst_modSettings::EveryTextComesBackExactly()
     QCOMPARE(ob::ReadSetting(QStringLiteral("User10"), QStringLiteral("fallback")), QStringLiteral("after"));
 }
 
-void tst_modSettings::TextsSurviveInAnotherProcess()
+void tst_modSettings::textsSurviveInAnotherProcess()
 {
     ob::WriteSetting(QStringLiteral("LastDir"), QStringLiteral("/tmp/a, b"));
     ob::SyncSettings();
@@ -114,7 +114,7 @@ void tst_modSettings::TextsSurviveInAnotherProcess()
     QCOMPARE(process.readAllStandardOutput(), QByteArray("/tmp/a, b"));
 }
 
-void tst_modSettings::TheSectionIsSettings()
+void tst_modSettings::theSectionIsSettings()
 {
     ob::WriteSetting(QStringLiteral("TabSize"), QStringLiteral("8"));
     ob::SyncSettings();
@@ -123,7 +123,7 @@ void tst_modSettings::TheSectionIsSettings()
     QCOMPARE(file.readAll().replace("\r\n", "\n"), QByteArray("[Settings]\nTabSize=8\n"));
 }
 
-void tst_modSettings::AListWrittenByHandIsOneText()
+void tst_modSettings::aListWrittenByHandIsOneText()
 {
     QFile file(folder->filePath(QStringLiteral("hand.ini")));
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -133,7 +133,7 @@ void tst_modSettings::AListWrittenByHandIsOneText()
     QCOMPARE(ob::ReadSetting(QStringLiteral("FontName"), {}), QStringLiteral("Courier, New"));
 }
 
-void tst_modSettings::AStoreThatCannotBeWrittenIsPassedOver()
+void tst_modSettings::aStoreThatCannotBeWrittenIsPassedOver()
 {
 #ifdef Q_OS_LINUX
     ob::SetSettingsFile(QStringLiteral("/proc/store.ini"));
@@ -147,7 +147,7 @@ void tst_modSettings::AStoreThatCannotBeWrittenIsPassedOver()
 #endif
 }
 
-void tst_modSettings::ABrokenFileGivesFallbacks()
+void tst_modSettings::aBrokenFileGivesFallbacks()
 {
     QFile file(folder->filePath(QStringLiteral("broken.ini")));
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -157,20 +157,20 @@ void tst_modSettings::ABrokenFileGivesFallbacks()
     QCOMPARE(ob::ReadSetting(QStringLiteral("TabSize"), QStringLiteral("4")), QStringLiteral("4"));
 }
 
-void tst_modSettings::TheUsersOwnStoreBearsTheApplicationsName()
+void tst_modSettings::theUsersOwnStoreBearsTheApplicationsName()
 {
     ob::SetSettingsFile({});
     QCOMPARE(QFileInfo(ob::SettingsFile()).completeBaseName(), QStringLiteral("OB Bench"));
 }
 
-void tst_modSettings::ReadingAllKeysTakesLessThanAMillisecond_data()
+void tst_modSettings::readingAllKeysTakesLessThanAMillisecond_data()
 {
     QTest::addColumn<bool>("isFilled");
     QTest::newRow("empty store") << false;
     QTest::newRow("filled store") << true;
 }
 
-void tst_modSettings::ReadingAllKeysTakesLessThanAMillisecond()
+void tst_modSettings::readingAllKeysTakesLessThanAMillisecond()
 {
     QFETCH(bool, isFilled);
     QStringList keys;
@@ -181,7 +181,7 @@ void tst_modSettings::ReadingAllKeysTakesLessThanAMillisecond()
             ob::WriteSetting(key, QStringLiteral("/home/user/a folder/") + key);
         ob::SyncSettings();
     }
-    // The best of several openings: other programs may take the processor in between.
+    // The best of several runs: other programs may take the processor in between.
     qint64 best = std::numeric_limits<qint64>::max();
     for (int round = 0; round < 20; ++round) {
         ob::SetSettingsFile(folder->filePath(QStringLiteral("other.ini")));
