@@ -24,7 +24,7 @@ inline constexpr char FreshDefaults[] = "defaults|Black|Buttonface|White|White|W
 inline constexpr char FreshWindow[] =
     "Window|Window Title| 1200| 900| 8250| 6000|main|-2147483633|ms sans serif *10|False|-1|True";
 
-// A file of the given lines behind those of a fresh form, as the bench writes it.
+// A file of the given lines after those of a fresh form, as the bench writes it.
 inline QByteArray Fresh(const QByteArrayList& lines)
 {
     return Joined(QByteArrayList{FreshDefaults, FreshWindow} + lines + QByteArrayList{""});
@@ -55,7 +55,7 @@ inline QString SavedText(GuiForm& form)
     return WriteForm(form);
 }
 
-// The file that a form would be saved as; the form itself is not touched.
+// The file that a form would be saved as; the form itself does not change.
 inline QByteArray FileOf(GuiForm form)
 {
     return AnsiFromText(SavedText(form)).bytes;

@@ -15,7 +15,7 @@ inline QStringList Log(std::initializer_list<const char*> lines)
     return log;
 }
 
-// The form window as it stays open behind a user's change.
+// The form window left open after a user's change.
 inline void OpenModifiedForm(CoreBench& bench)
 {
     bench.form.ShowGui();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of generated programs share: a form's program, taken apart at its fixed lines.
+// What the tests of generated programs share: a form's program, split at its fixed lines.
 #pragma once
 
 #include "guibuilder/FormLines.h"
@@ -10,10 +10,10 @@ namespace ob {
 struct ProgramParts {
     QByteArray header;   // to the lists
     QByteArray lists;    // to "[InitColors]"
-    QByteArray controls; // from behind "[ControlSetup]" to the empty line in front of the open statement
-    QByteArray open;     // from there to behind the trapclose line
+    QByteArray controls; // from after "[ControlSetup]" to the empty line before the open statement
+    QByteArray open;     // from there to after the trapclose line
     QByteArray opened;   // from there to "[loop]"
-    QByteArray stubs;    // behind the closing lines, up to the routines
+    QByteArray stubs;    // after the closing lines, up to the routines
 };
 
 // The program of a form. What the compilation fills in stays in the form, as it does in the bench.
@@ -32,12 +32,12 @@ inline QByteArray ProgramOf(GuiForm& form, ProgramKind kind)
 inline ProgramParts PartsOf(const QByteArray& program)
 {
     qsizetype at = 0;
-    const auto upTo = [&](const QByteArray& mark, qsizetype behind = 0) {
+    const auto upTo = [&](const QByteArray& mark, qsizetype skipped = 0) {
         const qsizetype found = program.indexOf(mark, at);
         if (found < 0)
             QTest::qFail((mark + " is missing").constData(), __FILE__, __LINE__);
         const qsizetype start = at;
-        at = found + behind;
+        at = found + skipped;
         return program.mid(start, at - start);
     };
     ProgramParts parts;

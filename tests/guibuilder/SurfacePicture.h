@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pictures of what the drawing surface's painter has painted, at any scale of the screen.
+// Pictures painted by the drawing surface's painter, at any scale of the screen.
 #pragma once
 
 #include "guibuilder/frmSurfacePaint.h"
@@ -11,7 +11,7 @@
 
 namespace ob {
 
-inline constexpr int SurfaceTwips = 15; // to the pixel
+inline constexpr int SurfaceTwips = 15; // per pixel
 inline constexpr SurfaceScale PictureScale = {SurfaceTwips, SurfaceTwips};
 inline const QColor Blank(1, 2, 3); // a colour that nothing is painted in
 
@@ -23,7 +23,7 @@ struct SurfacePicture {
         image.fill(Blank);
     }
     QColor At(int x, int y) const { return image.pixelColor(x, y); }
-    // What is not blank any more, in device pixels.
+    // The bounds of everything painted, in device pixels.
     QRect Touched() const
     {
         QRect touched;

@@ -71,7 +71,7 @@ private Q_SLOTS:
         bench.reset();
     }
 
-    void AnArmedToolPlacesOnce()
+    void anArmedToolPlacesOnce()
     {
         designer->ArmTool(QStringLiteral("Button"));
         QVERIFY(designer->IsArmed());
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(!designer->Handles());
     }
 
-    void ANewControlIsSelectedForTheKeys()
+    void aNewControlIsSelectedForTheKeys()
     {
         designer->ArmTool(QStringLiteral("Button"));
         Pull(At(10, 10), At(110, 60));
@@ -92,14 +92,14 @@ private Q_SLOTS:
         QVERIFY(!designer->Handles());
     }
 
-    void APullOfLessThanFivePixelsIsAClick()
+    void aPullOfLessThanFivePixelsIsAClick()
     {
         designer->ArmTool(QStringLiteral("Graphicbox"));
         Pull(At(10, 10), At(14, 14));
         QCOMPARE(Rect({ControlKind::Graphicbox, 1}), Px(10, 10, 50, 50));
     }
 
-    void APullBackToTheAnchorIsStillADrag()
+    void aPullBackToTheAnchorIsStillADrag()
     {
         designer->ArmTool(QStringLiteral("Graphicbox"));
         designer->Press(At(10, 10), Button::Left, Mode::Plain);
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(Rect({ControlKind::Graphicbox, 1}), Px(10, 10, 2, 2));
     }
 
-    void AGroupboxIsDrawnInto()
+    void aGroupboxIsDrawnInto()
     {
         Put(ControlKind::Groupbox, Px(0, 0, 200, 200));
         designer->ArmTool(QStringLiteral("Radiobutton"));
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(Rect({ControlKind::Groupbox, 1}), Px(0, 0, 200, 200));
     }
 
-    void AnotherControlUnderAnArmedToolIsPressed()
+    void anotherControlUnderAnArmedToolIsPressed()
     {
         const ControlRef list = Put(ControlKind::Listbox, Px(0, 0, 100, 100));
         designer->ArmTool(QStringLiteral("Button"));
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.List(ControlKind::Button).size(), std::size_t{1});
     }
 
-    void AControlMovesOnTheSnapAndTellsWhere()
+    void aMovedControlSnapsAndReportsItsPosition()
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         designer->Press(At(30, 30), Button::Left, Mode::Plain);
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QVERIFY(!GuiDesign().GuiFormModified);
     }
 
-    void OnlyGroupboxesAndTextsMarkTheFormByAPress()
+    void onlyGroupboxesAndTextsMarkTheFormByAPress()
     {
         int row = 0;
         for (const KindTraits& traits : KindTable) {
@@ -155,7 +155,7 @@ private Q_SLOTS:
         }
     }
 
-    void EveryKindButABmpbuttonShowsHandles()
+    void everyKindButABmpbuttonShowsHandles()
     {
         int row = 0;
         for (const KindTraits& traits : KindTable) {
@@ -166,7 +166,7 @@ private Q_SLOTS:
         }
     }
 
-    void LockedControlsNeitherMoveNorResize()
+    void lockedControlsNeitherMoveNorResize()
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QCOMPARE(designer->Press(At(30, 30), Button::Right, Mode::Plain).kind, Kind::Properties);
     }
 
-    void ThePointerTellsWhatAPressWillDo()
+    void thePointerShowsWhatAPressWillDo()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         QCOMPARE(designer->PointerAt(At(5, 5)), cDesigner::Pointer::Arrow);
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(designer->PointerAt(At(15, 15)), cDesigner::Pointer::Size);
     }
 
-    void TheLowerHandleResizesAndThenGoes()
+    void theLowerHandleResizesAndThenGoes()
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -207,7 +207,7 @@ private Q_SLOTS:
         QVERIFY(designer->Selection().empty());
     }
 
-    void TheUpperHandleMovesTheUpperLeftCorner()
+    void theUpperHandleMovesTheUpperLeftCorner()
     {
         const ControlRef button = Put(ControlKind::Button, Px(100, 100, 80, 30));
         Click(At(110, 110));
@@ -215,7 +215,7 @@ private Q_SLOTS:
         QCOMPARE(Rect(button), Px(75, 85, 105, 45));
     }
 
-    void ARightPressAsksForProperties()
+    void aRightPressAsksForProperties()
     {
         const ControlRef box = Put(ControlKind::Groupbox, Px(20, 20, 80, 30));
         const auto request = designer->Press(At(30, 30), Button::Right, Mode::Plain);
@@ -227,7 +227,7 @@ private Q_SLOTS:
         QCOMPARE(designer->Release(At(30, 30), Button::Right).kind, Kind::None);
     }
 
-    void ARightClickOnTheSurfaceAsksForTheWindowDefaults()
+    void aRightClickOnTheSurfaceAsksForTheWindowDefaults()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -236,7 +236,7 @@ private Q_SLOTS:
         QVERIFY(!designer->Handles());
     }
 
-    void AClickOnTheSurfaceHidesTheHandles()
+    void aClickOnTheSurfaceHidesTheHandles()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -246,7 +246,7 @@ private Q_SLOTS:
         QVERIFY(designer->Selection().empty());
     }
 
-    void SeveralSelectedControlsMoveTogether()
+    void severalSelectedControlsMoveTogether()
     {
         const ControlRef one = Put(ControlKind::Button, Px(20, 20, 80, 30));
         const ControlRef two = Put(ControlKind::Textbox, Px(22, 60, 80, 30));
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(designer->Selection(), std::vector{one});
     }
 
-    void EscapeEndsAPullWithoutATrace()
+    void escapeEndsAPullWithoutATrace()
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         designer->Press(At(30, 30), Button::Left, Mode::Plain);
@@ -280,7 +280,7 @@ private Q_SLOTS:
         QVERIFY(!designer->IsArmed());
     }
 
-    void EachFinishedActionIsOneStepToUndo()
+    void eachFinishedActionIsOneStepToUndo()
     {
         designer->ArmTool(QStringLiteral("Button"));
         Pull(At(10, 10), At(110, 60));
@@ -303,7 +303,7 @@ private Q_SLOTS:
         QVERIFY(designer->CanUndo());
     }
 
-    void AClickThatChangesNothingIsNoStep()
+    void aClickThatChangesNothingIsNoStep()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         Put(ControlKind::Button, Px(20, 60, 80, 30));
@@ -311,7 +311,7 @@ private Q_SLOTS:
         QVERIFY(!designer->CanUndo());
     }
 
-    void TheWindowsPlaceIsNoStepUnlessADialogSetIt()
+    void theWindowsPlaceIsNoStepUnlessADialogSetIt()
     {
         designer->ArmTool(QStringLiteral("Button"));
         Pull(At(10, 10), At(110, 60));
@@ -326,7 +326,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.left, 4500.0F);
     }
 
-    void UndoNeverTakesAConfirmedTypeOrItsMarkBack()
+    void undoNeverRevertsAConfirmedTypeOrItsMark()
     {
         GuiDesign().form.windowTag = QStringLiteral("open");
         designer->Restart();
@@ -344,7 +344,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Graphics_nsb"));
     }
 
-    void ASaveIsNoStepAndItsNamesStay()
+    void aSaveIsNoStepAndItsNamesStay()
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         Pull(At(30, 30), At(60, 60));
@@ -362,7 +362,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.At(button).branch, QStringLiteral("button1.click"));
     }
 
-    void AKeyThatIsHeldDownIsOneStep()
+    void aKeyThatIsHeldDownIsOneStep()
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -376,7 +376,7 @@ private Q_SLOTS:
         QCOMPARE(designer->Selection(), std::vector{button});
     }
 
-    void KeysMarkTheFormAsTheMouseWould()
+    void keysMarkTheFormAsTheMouseWould()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         Put(ControlKind::Statictext, Px(20, 60, 80, 30));
@@ -391,7 +391,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormModified);
     }
 
-    void ARightPressOnAHandleOnlyHidesTheHandles()
+    void aRightPressOnAHandleOnlyHidesTheHandles()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -400,7 +400,7 @@ private Q_SLOTS:
         QVERIFY(!designer->Handles());
     }
 
-    void TwoHundredStepsAreKept()
+    void twoHundredStepsAreKept()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -413,7 +413,7 @@ private Q_SLOTS:
         QCOMPARE(Rect({ControlKind::Button, 1}), Px(70, 20, 80, 30));
     }
 
-    void PasteGoesOnFromTheLastPaste()
+    void pasteContinuesFromTheLastPaste()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         QVERIFY(!designer->CanPaste());
@@ -426,7 +426,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormModified);
     }
 
-    void ANewFormStartsUnlockedWithTheCopiesOfTheOldOne()
+    void aNewFormStartsUnlockedWithTheCopiesOfTheOldOne()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         Click(At(30, 30));
@@ -446,7 +446,7 @@ private Q_SLOTS:
         QCOMPARE(Rect({ControlKind::Button, 1}), Px(30, 30, 80, 30));
     }
 
-    void TabGoesThroughTheControls()
+    void tabMovesThroughTheControls()
     {
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         const ControlRef list = Put(ControlKind::Listbox, Px(20, 60, 80, 30));
@@ -460,7 +460,7 @@ private Q_SLOTS:
         QCOMPARE(designer->Selection(), std::vector{list});
     }
 
-    void ADragSpoilsOnlyWhereTheControlWasAndIs()
+    void aDragSpoilsOnlyWhereTheControlWasAndIs()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
         designer->Press(At(30, 30), Button::Left, Mode::Plain);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr SurfaceScale Scale;
 
-// Pixels of a 96 dots an inch screen.
+// Pixels of a screen with 96 dots per inch.
 SurfaceRect Px(int left, int top, int width, int height)
 {
     return {static_cast<float>(left * 15), static_cast<float>(top * 15), static_cast<float>(width * 15),
@@ -38,7 +38,7 @@ class tst_modDesigner : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TheSnapGoesDownToFivePixels_data()
+    void theSnapRoundsDownToFivePixels_data()
     {
         QTest::addColumn<float>("twips");
         QTest::addColumn<float>("snapped");
@@ -49,21 +49,21 @@ private Q_SLOTS:
         QTest::newRow("far below zero") << -151.0F << -225.0F;
     }
 
-    void TheSnapGoesDownToFivePixels()
+    void theSnapRoundsDownToFivePixels()
     {
         QFETCH(float, twips);
         QFETCH(float, snapped);
         QCOMPARE(SnapDown(twips, 15), snapped);
     }
 
-    void APullOfFivePixelsInEitherDirectionIsADrag()
+    void aPullOfFivePixelsInEitherDirectionIsADrag()
     {
         QVERIFY(!LeftAnchor(At(10, 10), At(14, 6), Scale));
         QVERIFY(LeftAnchor(At(10, 10), At(15, 10), Scale));
         QVERIFY(LeftAnchor(At(10, 10), At(10, 5), Scale));
     }
 
-    void AClickPlacesTheKindsSize_data()
+    void aClickPlacesTheKindsSize_data()
     {
         QTest::addColumn<ControlKind>("kind");
         QTest::addColumn<int>("width");
@@ -88,7 +88,7 @@ private Q_SLOTS:
         row("graphicbox", ControlKind::Graphicbox, 50, 50, "", "N/A");
     }
 
-    void AClickPlacesTheKindsSize()
+    void aClickPlacesTheKindsSize()
     {
         QFETCH(ControlKind, kind);
         QFETCH(int, width);
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QCOMPARE(form.order.back(), ref);
     }
 
-    void ADrawnControlHasItsDrawnSizeHoweverSmall()
+    void aDrawnControlHasItsDrawnSizeHoweverSmall()
     {
         GuiForm form;
         const ControlRef ref =
@@ -113,14 +113,14 @@ private Q_SLOTS:
         QCOMPARE(RectOf(form.At(ref)), Px(44, 58, 6, 2));
     }
 
-    void ADrawnComboboxKeepsItsHeight()
+    void aDrawnComboboxKeepsItsHeight()
     {
         GuiForm form;
         const ControlRef ref = PlaceControl(form, ControlKind::Combobox, At(0, 0), At(120, 200), Drawn::Dragged, Scale);
         QCOMPARE(RectOf(form.At(ref)), Px(0, 0, 120, 30));
     }
 
-    void TheNumberInACaptionIsTheIndexWhateverWasDeleted()
+    void theNumberInACaptionIsTheIndexEvenAfterDeletions()
     {
         GuiForm form;
         const ControlRef first = PlaceControl(form, ControlKind::Button, At(0, 0), At(0, 0), Drawn::Clicked, Scale);
@@ -130,13 +130,13 @@ private Q_SLOTS:
         QCOMPARE(form.At(second).caption, QStringLiteral("Button  2"));
     }
 
-    void AMoveKeepsTheGripUnderThePointerAndSnaps()
+    void aMoveKeepsTheGripUnderThePointerAndSnaps()
     {
         QCOMPARE(MovedTo(At(63, 47), At(10, 10), Scale), At(50, 35));
         QCOMPARE(MovedTo(At(3, 4), At(5, 5), Scale), At(-5, -5));
     }
 
-    void TheHandlesStandOutsideTheCorners()
+    void theHandlesAreOutsideTheCorners()
     {
         const HandlePlaces handles = HandlesOf(Px(20, 30, 80, 40));
         QCOMPARE(handles.lower, At(100, 70));
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QCOMPARE(HandleRect(handles.lower), (SurfaceRect{1500, 1050, 135, 135}));
     }
 
-    void TheLowerHandleResizesOnTheSnap()
+    void theLowerHandleResizesOnTheSnap()
     {
         const SurfaceRect control = Px(20, 30, 80, 40);
         HandlePlaces handles = HandlesOf(control);
@@ -153,18 +153,18 @@ private Q_SLOTS:
         QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Combobox, control, Scale), Px(20, 30, 125, 40));
     }
 
-    void TheUpperHandleKeepsTheLowerRightCorner()
+    void theUpperHandleKeepsTheLowerRightCorner()
     {
         const SurfaceRect control = Px(20, 30, 80, 40);
         HandlePlaces handles = HandlesOf(control);
         handles.upper.x -= 12 * 15;
         handles.upper.y += 7 * 15;
-        // 92 and 33 pixels are left, down to the snap.
+        // 92 and 33 pixels remain, snapped down.
         QCOMPARE(ResizedBy(Handle::Upper, handles, ControlKind::Button, control, Scale), Px(10, 40, 90, 30));
         QCOMPARE(ResizedBy(Handle::Upper, handles, ControlKind::Combobox, control, Scale), Px(10, 30, 90, 40));
     }
 
-    void ASideUnderAHandleIsNinePixelsAtLeastBeforeTheSnap()
+    void aSideUnderAHandleIsNinePixelsAtLeastBeforeTheSnap()
     {
         const SurfaceRect control = Px(20, 30, 80, 40);
         HandlePlaces handles = HandlesOf(control);
@@ -172,7 +172,7 @@ private Q_SLOTS:
         QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control, Scale), Px(20, 30, 5, 5));
     }
 
-    void HandlesThatPassedEachOtherResizeNothing()
+    void handlesThatPassedEachOtherResizeNothing()
     {
         const SurfaceRect control = Px(20, 30, 80, 40);
         HandlePlaces handles = HandlesOf(control);
@@ -184,13 +184,13 @@ private Q_SLOTS:
         QCOMPARE(ResizedBy(Handle::Lower, handles, ControlKind::Button, control, Scale), std::nullopt);
     }
 
-    void TheStatusTextsCountPixelsWithTheirLeadingBlank()
+    void statusTextsShowPixelsWithALeadingSpace()
     {
         QCOMPARE(PlaceText(Px(40, -5, 0, 0), Scale), QStringLiteral("X -  40    Y - -5"));
         QCOMPARE(SizeText(Px(0, 0, 80, 30), Scale), QStringLiteral("Width:   80        Height:   30"));
     }
 
-    void TheFrontControlTakesThePress()
+    void theFrontControlTakesThePress()
     {
         GuiForm form;
         const ControlRef under = Put(form, ControlKind::Button, Px(0, 0, 50, 50));
@@ -204,7 +204,7 @@ private Q_SLOTS:
         QCOMPARE(ControlAt(form, At(70, 30)), std::nullopt);
     }
 
-    void AGroupboxLiesBehindWhatStandsInIt()
+    void aGroupboxIsBehindTheControlsInIt()
     {
         GuiForm form;
         const ControlRef inside = Put(form, ControlKind::Radiobutton, Px(10, 10, 50, 20));
@@ -214,7 +214,7 @@ private Q_SLOTS:
         QCOMPARE(PaintOrder(form), (std::vector{box, inside}));
     }
 
-    void ABandTouchesWhatItMeets()
+    void aBandTouchesWhatItMeets()
     {
         GuiForm form;
         const ControlRef one = Put(form, ControlKind::Button, Px(0, 0, 50, 20));
@@ -223,7 +223,7 @@ private Q_SLOTS:
         QCOMPARE(ControlsIn(form, Px(50, 0, 20, 20)), std::vector<ControlRef>{});
     }
 
-    void ControlsAlignWithTheFirst_data()
+    void controlsAlignWithTheFirst_data()
     {
         QTest::addColumn<int>("alignment");
         QTest::addColumn<int>("left");
@@ -241,7 +241,7 @@ private Q_SLOTS:
         row("height", Alignment::SameHeight, 200, 100, 60, 40);
     }
 
-    void ControlsAlignWithTheFirst()
+    void controlsAlignWithTheFirst()
     {
         QFETCH(int, alignment);
         QFETCH(int, left);
@@ -256,7 +256,7 @@ private Q_SLOTS:
         QCOMPARE(RectOf(form.At(other)), Px(left, top, width, height));
     }
 
-    void AComboboxKeepsItsHeightInEveryWay()
+    void aComboboxKeepsItsHeightInEveryWay()
     {
         GuiForm form;
         const ControlRef model = Put(form, ControlKind::Listbox, Px(0, 0, 80, 80));
@@ -266,7 +266,7 @@ private Q_SLOTS:
         QCOMPARE(RectOf(form.At(combobox)), Px(0, 100, 85, 30));
     }
 
-    void ControlsShrinkToOneSnapAndNoFurther()
+    void controlsShrinkToOneSnapAndNoFurther()
     {
         GuiForm form;
         const ControlRef button = Put(form, ControlKind::Button, Px(0, 0, 10, 30));
@@ -276,7 +276,7 @@ private Q_SLOTS:
         QCOMPARE(RectOf(form.At(button)), Px(0, 0, 5, 25));
     }
 
-    void PastedControlsHaveFreshNamesAndBranches()
+    void pastedControlsHaveFreshNamesAndBranches()
     {
         GuiForm form;
         const ControlRef button = Put(form, ControlKind::Button, Px(0, 0, 80, 30));
@@ -297,7 +297,7 @@ private Q_SLOTS:
         QCOMPARE(form.At(pasted[1]).branch, QString());
     }
 
-    void ACopiedGraphicboxKeepsItsFillAndItsBranchText()
+    void aCopiedGraphicboxKeepsItsFillAndItsBranchText()
     {
         GuiForm form;
         const ControlRef box = Put(form, ControlKind::Graphicbox, Px(0, 0, 80, 30));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Form files as the bench writes them: each line there and back, what is filled in, and the order of all.
+// Form files as the bench writes them: each line written and read, what is filled in, and the order of all.
 #include "guibuilder/modFormFile.h"
 
 #include "guibuilder/FormLines.h"
@@ -15,9 +15,9 @@ class tst_modFormFile : public QObject {
 private Q_SLOTS:
     // --- Whole files. ---
 
-    void AFreshFormIsTwoLinesAndAnEmptyOne() { QCOMPARE(FileOf(GuiForm()), Fresh({})); }
+    void aFreshFormIsTwoLinesAndAnEmptyOne() { QCOMPARE(FileOf(GuiForm()), Fresh({})); }
 
-    void AFileReadAndWrittenIsTheSame_data()
+    void aFileReadAndWrittenIsTheSame_data()
     {
         QTest::addColumn<QByteArray>("file");
         QTest::newRow("a window with menu and button") << QByteArray(
@@ -36,7 +36,7 @@ private Q_SLOTS:
         }
     }
 
-    void AFileReadAndWrittenIsTheSame()
+    void aFileReadAndWrittenIsTheSame()
     {
         QFETCH(QByteArray, file);
         GuiForm form = FormOf(file);
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(FormOf(file) == form);
     }
 
-    void ControlsGoByKindThenByIndex()
+    void controlsAreOrderedByKindThenByIndex()
     {
         GuiForm form;
         for (int round = 1; round <= 2; ++round)
@@ -62,7 +62,7 @@ private Q_SLOTS:
                             "checkbox checkbox statusbar  "));
     }
 
-    void EveryLineHasTwelveFields()
+    void everyLineHasTwelveFields()
     {
         GuiForm form = FormOf(FileOf(FormWith(ControlKind::Button)));
         form.GuiStatusbarOn = true;
@@ -75,7 +75,7 @@ private Q_SLOTS:
 
     // --- The defaults line. ---
 
-    void EachDefaultHasItsField_data()
+    void eachDefaultHasItsField_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::newRow("colours") << QByteArray("defaults|A|B|C|D|E|F|False|False|False|1|True");
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QTest::newRow("menu off") << QByteArray("defaults|A|B|C|D|E|F|False|False|False|1|False");
     }
 
-    void EachDefaultHasItsField()
+    void eachDefaultHasItsField()
     {
         QFETCH(QByteArray, line);
         const GuiForm form = FormOf(Joined({line, FreshWindow}));
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QCOMPARE(form.GuiMenuOn, fields[11] == "True");
     }
 
-    void OlderDefaultsLinesAreShorter_data()
+    void olderDefaultsLinesAreShorter_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<QByteArray>("written");
@@ -115,14 +115,14 @@ private Q_SLOTS:
         QTest::newRow("thirteen fields") << start + "|True|-1|False|x" << start + "|True|-1|False";
     }
 
-    void OlderDefaultsLinesAreShorter()
+    void olderDefaultsLinesAreShorter()
     {
         QFETCH(QByteArray, line);
         QFETCH(QByteArray, written);
         QCOMPARE(FileOf(FormOf(Joined({line, FreshWindow}))).split('\r').first(), written);
     }
 
-    void SwitchesAreWordsInAnyCaseOrNumbers_data()
+    void switchesAreWordsInAnyCaseOrNumbers_data()
     {
         QTest::addColumn<QByteArray>("word");
         QTest::addColumn<bool>("isOn");
@@ -132,7 +132,7 @@ private Q_SLOTS:
             QTest::newRow(word) << QByteArray(word) << false;
     }
 
-    void SwitchesAreWordsInAnyCaseOrNumbers()
+    void switchesAreWordsInAnyCaseOrNumbers()
     {
         QFETCH(QByteArray, word);
         QFETCH(bool, isOn);
@@ -144,18 +144,18 @@ private Q_SLOTS:
         QCOMPARE(form.GuiMenuOn, isOn);
     }
 
-    void TheStateIsTheNumberThatItsFieldStartsWith_data()
+    void theStateIsTheNumberThatItsFieldStartsWith_data()
     {
         QTest::addColumn<QByteArray>("field");
         QTest::addColumn<int>("state");
-        QTest::newRow("with a blank") << QByteArray(" 1") << 1;
-        QTest::newRow("letters behind") << QByteArray("-1x") << -1;
+        QTest::newRow("with a space") << QByteArray(" 1") << 1;
+        QTest::newRow("letters after") << QByteArray("-1x") << -1;
         QTest::newRow("letters") << QByteArray("x") << 0;
         QTest::newRow("empty") << QByteArray() << 0;
         QTest::newRow("halves to the even neighbour") << QByteArray("2.5") << 2;
     }
 
-    void TheStateIsTheNumberThatItsFieldStartsWith()
+    void theStateIsTheNumberThatItsFieldStartsWith()
     {
         QFETCH(QByteArray, field);
         QFETCH(int, state);
@@ -164,7 +164,7 @@ private Q_SLOTS:
 
     // --- The window line. ---
 
-    void EachWindowTypeSetsItsOwnColorAndMenu_data()
+    void eachWindowTypeSetsItsOwnColorAndMenu_data()
     {
         QTest::addColumn<QByteArray>("type");
         QTest::addColumn<unsigned>("color");
@@ -177,7 +177,7 @@ private Q_SLOTS:
         QTest::newRow("Dialog_modal") << QByteArray("Dialog_modal") << unsigned{Rgb(255, 255, 0)} << false;
     }
 
-    void EachWindowTypeSetsItsOwnColorAndMenu()
+    void eachWindowTypeSetsItsOwnColorAndMenu()
     {
         QFETCH(QByteArray, type);
         QFETCH(unsigned, color);
@@ -193,7 +193,7 @@ private Q_SLOTS:
                                                   "|Arial Bold *8.5|False|1|" + (hasMenu ? "True\r" : "False\r"));
     }
 
-    void TheMenuFlagReachesOnlyWindowsBehindIt()
+    void theMenuFlagAppliesOnlyToLaterWindows()
     {
         const QByteArray off = "defaults|A|B|C|D|E|F|0|0|0|1|False";
         QVERIFY(!FormOf(Joined({off, FreshWindow})).GuiMenuOn);
@@ -201,32 +201,32 @@ private Q_SLOTS:
         QVERIFY(FormOf(off).GuiMenuOn);
     }
 
-    void AGraphicsWindowsColorIsTheNumberThatItsFieldStartsWith_data()
+    void aGraphicsWindowsColorIsTheNumberThatItsFieldStartsWith_data()
     {
         QTest::addColumn<QByteArray>("field");
         QTest::addColumn<unsigned>("color");
         QTest::newRow("signed") << QByteArray("-2147483633") << 0x8000000FU;
-        QTest::newRow("with a blank") << QByteArray(" 255") << 255U;
-        QTest::newRow("letters behind") << QByteArray("255x") << 255U;
+        QTest::newRow("with a space") << QByteArray(" 255") << 255U;
+        QTest::newRow("letters after") << QByteArray("255x") << 255U;
         QTest::newRow("letters") << QByteArray("Red") << 0U;
         QTest::newRow("empty") << QByteArray() << 0U;
         QTest::newRow("hexadecimal") << QByteArray("&HFF00") << 0xFFFFFF00U;
     }
 
-    void AGraphicsWindowsColorIsTheNumberThatItsFieldStartsWith()
+    void aGraphicsWindowsColorIsTheNumberThatItsFieldStartsWith()
     {
         QFETCH(QByteArray, field);
         QFETCH(unsigned, color);
         QCOMPARE(FormOf("Graphics_nsb|T|0|0|0|0|h|" + field + "|f *8").backColor, color);
     }
 
-    void AnUnknownBackgroundNameLeavesTheWindowsColor()
+    void anUnknownBackgroundNameLeavesTheWindowsColor()
     {
         QCOMPARE(FormOf("defaults|A|Nocolour|C|D|E|F|0|0\r\nWindow|T|0|0|0|0|h|255|f *8").backColor,
                  ColorRef{0x8000000F});
     }
 
-    void TheFontFieldIsNameAndSize_data()
+    void theFontFieldIsNameAndSize_data()
     {
         QTest::addColumn<QByteArray>("field");
         QTest::addColumn<QByteArray>("written");
@@ -249,7 +249,7 @@ private Q_SLOTS:
         row(" *12", " *12");
     }
 
-    void TheFontFieldIsNameAndSize()
+    void theFontFieldIsNameAndSize()
     {
         QFETCH(QByteArray, field);
         QFETCH(QByteArray, written);
@@ -257,7 +257,7 @@ private Q_SLOTS:
         QCOMPARE((form.GuiFontName + QStringLiteral(" *") + form.GuiFontSize).toLatin1(), written);
     }
 
-    void TheWindowsTagIsWrittenAndNotItsType()
+    void theWindowsTagIsWrittenAndNotItsType()
     {
         GuiForm form;
         form.GuiWindowType = QStringLiteral("Dialog");
@@ -268,7 +268,7 @@ private Q_SLOTS:
         }
     }
 
-    void AnEmptyHandleBecomesMainAndStays()
+    void anEmptyHandleBecomesMainAndStays()
     {
         GuiForm form;
         form.GuiHandleName.clear();
@@ -278,7 +278,7 @@ private Q_SLOTS:
         QVERIFY(SavedText(form).contains(QStringLiteral("| |-2147483633|")));
     }
 
-    void WithoutAWindowLineTheWindowIsAFreshOne()
+    void withoutAWindowLineTheWindowIsAFreshOne()
     {
         QCOMPARE(FileOf(FormOf("")), Fresh({}));
         const GuiForm form = FormOf("button|B|0|0|0|0|b|c\r\n");
@@ -289,7 +289,7 @@ private Q_SLOTS:
 
     // --- Menus. ---
 
-    void MenusAreWrittenToTheFirstEmptyNameAndItem()
+    void menusAreWrittenToTheFirstEmptyNameAndItem()
     {
         GuiForm form;
         QVERIFY(!FileOf(form).contains("menu|"));
@@ -305,7 +305,7 @@ private Q_SLOTS:
                                       "menu|&Edit||none|none|none|none|none|none|False|-1|True"}));
     }
 
-    void MenusFillTheirSlotsInTurn()
+    void menusFillTheirSlotsInTurn()
     {
         const GuiForm form = FormOf("menu|&File| &Open  [open]  *  [x]*E&xit  [quit] * \r\nmenu|&Edit|\r\n");
         QCOMPARE(form.GuiMenuNames[0], QStringLiteral("&File"));
@@ -318,7 +318,7 @@ private Q_SLOTS:
         QCOMPARE(form.menuLabel, QStringLiteral("&File    &Edit    "));
     }
 
-    void AStarInAnItemPartsIt()
+    void aStarInAnItemSplitsIt()
     {
         GuiForm form;
         form.GuiMenuNames[0] = QStringLiteral("&Sum");
@@ -328,7 +328,7 @@ private Q_SLOTS:
         QCOMPARE(form.GuiMenuItems[0][1], QStringLiteral("b  [ab]"));
     }
 
-    void AnUnnamedMenuTakesASlotThatStaysTheFirstEmptyOne()
+    void anUnnamedMenuTakesASlotThatStaysTheFirstEmptyOne()
     {
         const GuiForm form = FormOf("menu||a*b*c\r\nmenu|&File|d*e\r\n");
         QCOMPARE(form.GuiMenuNames[0], QStringLiteral("&File"));
@@ -336,7 +336,7 @@ private Q_SLOTS:
         QCOMPARE(form.GuiMenuItems[0][0] + form.GuiMenuItems[0][1] + form.GuiMenuItems[0][2], QStringLiteral("dec"));
     }
 
-    void AMenuBehindTheLastSlotIsDropped()
+    void aMenuAfterTheLastSlotIsDropped()
     {
         QByteArray file;
         for (int menu = 0; menu < 22; ++menu)
@@ -348,7 +348,7 @@ private Q_SLOTS:
         QCOMPARE(FileOf(form).count("\r\nmenu|"), 21);
     }
 
-    void WithoutMenusTheLabelTellsWhatAClickDoes()
+    void withoutMenusTheLabelShowsWhatAClickDoes()
     {
         QCOMPARE(FormOf("").menuLabel, QStringLiteral("Right-click to remove menubar. Left-click to edit menus."));
     }

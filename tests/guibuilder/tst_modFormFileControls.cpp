@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Controls and status bar panels in form files: each kind's line there and back, and what the save fills in.
+// Controls and status bar panels in form files: each kind's line read and written, and what the save fills in.
 #include "guibuilder/modFormFile.h"
 
 #include "guibuilder/FormLines.h"
@@ -18,7 +18,7 @@ class tst_modFormFileControls : public QObject {
 private Q_SLOTS:
     // --- Controls. ---
 
-    void EachKindHasItsLine_data()
+    void eachKindHasItsLine_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("line");
@@ -39,7 +39,7 @@ private Q_SLOTS:
         row(ControlKind::Checkbox, "checkbox|Two| 15| 30.5|-45| 450|two *tip|[go]|none");
     }
 
-    void EachKindHasItsLine()
+    void eachKindHasItsLine()
     {
         QFETCH(int, kind);
         QFETCH(QByteArray, line);
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(control.backColor, fields[8] == "none" ? model.backColor : 255);
     }
 
-    void TheReaderTakesNumbersInBothForms()
+    void theReaderTakesNumbersInBothForms()
     {
         const QByteArray start = "|none|15| 30| -45 |4.5e2|t|none|none";
         QCOMPARE(FileOf(FormOf(Joined({"texteditor" + start, "textbox" + start}))),
@@ -67,13 +67,13 @@ private Q_SLOTS:
                         "texteditor|none|15|30|-45|450|t|none|none|False|-1|True"}));
     }
 
-    void NumbersAreWrittenAsSinglesInTwoForms_data()
+    void numbersAreWrittenAsSinglesInTwoForms_data()
     {
         QTest::addColumn<float>("number");
-        QTest::addColumn<QByteArray>("blank");
+        QTest::addColumn<QByteArray>("spaced");
         QTest::addColumn<QByteArray>("plain");
-        const auto row = [](float number, const char* blank, const char* plain) {
-            QTest::newRow(plain) << number << QByteArray(blank) << QByteArray(plain);
+        const auto row = [](float number, const char* spaced, const char* plain) {
+            QTest::newRow(plain) << number << QByteArray(spaced) << QByteArray(plain);
         };
         row(0.F, " 0", "0");
         row(1200.F, " 1200", "1200");
@@ -86,22 +86,22 @@ private Q_SLOTS:
         row(1e7F, " 1E+07", "1E+07");
     }
 
-    void NumbersAreWrittenAsSinglesInTwoForms()
+    void numbersAreWrittenAsSinglesInTwoForms()
     {
         QFETCH(float, number);
-        QFETCH(QByteArray, blank);
+        QFETCH(QByteArray, spaced);
         QFETCH(QByteArray, plain);
         for (const ControlKind kind : {ControlKind::Textbox, ControlKind::Texteditor}) {
             GuiForm form = FormWith(kind);
             ControlRecord& control = form.At({kind, 1});
             control.left = control.top = control.width = control.height = number;
             const QByteArrayList fields = FileOf(form).split('\n')[2].split('|');
-            const QByteArray expected = kind == ControlKind::Texteditor ? plain : blank;
+            const QByteArray expected = kind == ControlKind::Texteditor ? plain : spaced;
             QCOMPARE(fields.mid(2, 4), (QByteArrayList{expected, expected, expected, expected}));
         }
     }
 
-    void EmptyNamesAndBranchesAreFilledAndStay_data()
+    void emptyNamesAndBranchesAreFilledAndStay_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("branch");
@@ -113,7 +113,7 @@ private Q_SLOTS:
         }
     }
 
-    void EmptyNamesAndBranchesAreFilledAndStay()
+    void emptyNamesAndBranchesAreFilledAndStay()
     {
         QFETCH(int, kind);
         QFETCH(QByteArray, branch);
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(SavedText(form), first);
     }
 
-    void ABranchIsTrimmedButNotThatOfAGraphicbox()
+    void aBranchIsTrimmedButNotThatOfAGraphicbox()
     {
         for (const ControlKind kind : {ControlKind::Bmpbutton, ControlKind::Button, ControlKind::Listbox,
                                        ControlKind::Combobox, ControlKind::Radiobutton, ControlKind::Checkbox}) {
@@ -145,7 +145,7 @@ private Q_SLOTS:
         }
     }
 
-    void ATagIsWrittenAsItStands()
+    void aTagIsWrittenUnchanged()
     {
         GuiForm form = FormWith(ControlKind::Button);
         for (const QString& tag : {QStringLiteral(" ok  * tip "), QStringLiteral(" "), QStringLiteral(" *tip")}) {
@@ -154,7 +154,7 @@ private Q_SLOTS:
         }
     }
 
-    void DeletedControlsAreGoneAndTheRestRenumberedAfterReading()
+    void deletedControlsAreGoneAndTheRestRenumberedAfterReading()
     {
         GuiForm form = FormWith(ControlKind::Button, 3);
         form.List(ControlKind::Button)[1].visible = form.List(ControlKind::Button)[2].visible = false;
@@ -171,14 +171,14 @@ private Q_SLOTS:
         QCOMPARE(AddControl(form, ControlKind::Button).index, 1);
     }
 
-    void ControlsStackInFileOrder()
+    void controlsStackInFileOrder()
     {
         const GuiForm form = FormOf("checkbox|c|0|0|0|0|n|b\r\nbutton|c|0|0|0|0|n|b\r\ncheckbox|c|0|0|0|0|n|b\r\n");
         QCOMPARE(form.order, (std::vector<ControlRef>{
                                  {ControlKind::Checkbox, 1}, {ControlKind::Button, 1}, {ControlKind::Checkbox, 2}}));
     }
 
-    void ABmpbuttonShowsItsBitmap()
+    void aBmpbuttonShowsItsBitmap()
     {
         QTemporaryDir folder;
         QImage image(3, 2, QImage::Format_RGB32);
@@ -203,7 +203,7 @@ private Q_SLOTS:
 
     // --- Status bar. ---
 
-    void PanelsFillTheFieldsFromTheSecondOn_data()
+    void panelsFillTheFieldsFromTheSecondOn_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::newRow("1") << QByteArray("statusbar|1|a|||||||F|1|T");
@@ -215,11 +215,11 @@ private Q_SLOTS:
         QTest::newRow("10") << QByteArray("statusbar|10|a|b|c|d|e|f|g|h|i|j");
     }
 
-    void PanelsFillTheFieldsFromTheSecondOn()
+    void panelsFillTheFieldsFromTheSecondOn()
     {
         QFETCH(QByteArray, line);
         const QByteArrayList fields = line.split('|');
-        // A control in front leaves "none" in the fields that the panels do not reach.
+        // A control before them leaves "none" in the fields that the panels do not reach.
         GuiForm form = FormWith(ControlKind::Button);
         form.GuiStatusbarOn = true;
         form.panels.clear();
@@ -231,7 +231,7 @@ private Q_SLOTS:
         QCOMPARE(FormOf(FileOf(form)).panels, form.panels);
     }
 
-    void ElevenPanelsAreTooMany()
+    void elevenPanelsAreTooMany()
     {
         GuiForm form;
         form.panels.resize(11);
@@ -247,7 +247,7 @@ private Q_SLOTS:
         QVERIFY(isRaised);
     }
 
-    void TheStatusbarLineSetsTheNumberOfPanels_data()
+    void theStatusbarLineSetsTheNumberOfPanels_data()
     {
         QTest::addColumn<QByteArray>("lines");
         QTest::addColumn<QByteArray>("panels");
@@ -258,7 +258,7 @@ private Q_SLOTS:
         QTest::newRow("none") << QByteArray("statusbar|0") << fresh;
         QTest::newRow("fewer than none") << QByteArray("statusbar|-7") << fresh;
         QTest::newRow("more fields than panels") << QByteArray("statusbar|2|a|b|c|d") << QByteArray("a,b");
-        QTest::newRow("with blanks") << QByteArray("statusbar| 2 |a|b") << QByteArray("a,b");
+        QTest::newRow("with spaces") << QByteArray("statusbar| 2 |a|b") << QByteArray("a,b");
         QTest::newRow("halves to the even neighbour") << QByteArray("statusbar|2.5|a|b") << QByteArray("a,b");
         QTest::newRow("many") << QByteArray("statusbar|13|a|b|c|d|e|f|g|h|i|j|k|l|m")
                               << QByteArray("a,b,c,d,e,f,g,h,i,j,k,l,m");
@@ -266,7 +266,7 @@ private Q_SLOTS:
         QTest::newRow("more again") << QByteArray("statusbar|1|a\r\nstatusbar|2|d|e") << QByteArray("d,e");
     }
 
-    void TheStatusbarLineSetsTheNumberOfPanels()
+    void theStatusbarLineSetsTheNumberOfPanels()
     {
         QFETCH(QByteArray, lines);
         QStringList panels;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Form files that are no form files: how each load ends, and what is in the form then.
+// Damaged form files: how each load ends, and what is then in the form.
 #include "guibuilder/modFormFile.h"
 
 #include "guibuilder/FormLines.h"
@@ -27,7 +27,7 @@ constexpr FormLoad Loaded = FormLoad::Loaded;
 constexpr FormLoad Corrupt = FormLoad::Corrupt;
 constexpr FormLoad Failed = FormLoad::Failed;
 
-// The end of a load, and the file of what it left in the form.
+// The result of a load, and the file of the form it left.
 QByteArray Left(FormLoad end, const QByteArray& file)
 {
     GuiForm form;
@@ -59,7 +59,7 @@ private Q_SLOTS:
 
     // --- Lines. ---
 
-    void LinesEndInAnyWayAndEmptyOnesAreSkipped_data()
+    void linesEndInAnyWayAndEmptyOnesAreSkipped_data()
     {
         QTest::addColumn<QByteArray>("file");
         const QByteArray one = "checkbox|C|1|2|3|4|n|b";
@@ -73,14 +73,14 @@ private Q_SLOTS:
         QTest::newRow("mixed") << "\n" + one + "\r\r\n\n" + two + "\r";
     }
 
-    void LinesEndInAnyWayAndEmptyOnesAreSkipped()
+    void linesEndInAnyWayAndEmptyOnesAreSkipped()
     {
         QFETCH(QByteArray, file);
         QCOMPARE(Left(Loaded, file), Fresh({"menu|&File||none|none|none|none|none|none|False|-1|True",
                                             "checkbox|C| 1| 2| 3| 4|n|b|none|False|-1|True"}));
     }
 
-    void AFileOfNothingIsAFreshForm_data()
+    void aFileOfNothingIsAFreshForm_data()
     {
         QTest::addColumn<QByteArray>("file");
         QTest::newRow("0 bytes") << QByteArray();
@@ -89,13 +89,13 @@ private Q_SLOTS:
         QTest::newRow("a thousand") << QByteArray("\r\n").repeated(1000);
     }
 
-    void AFileOfNothingIsAFreshForm()
+    void aFileOfNothingIsAFreshForm()
     {
         QFETCH(QByteArray, file);
         QCOMPARE(Left(Loaded, file), Fresh({}));
     }
 
-    void AnUnknownFirstFieldIsACorruptFile_data()
+    void anUnknownFirstFieldIsACorruptFile_data()
     {
         QTest::addColumn<QByteArray>("line");
         for (const char* line : {"x",
@@ -121,20 +121,20 @@ private Q_SLOTS:
                                  "defaults|A|B|C|D|E|F|0|0"})
             QTest::newRow(*line == '\t' ? "tab" : line) << QByteArray(line);
         QTest::newRow("NUL") << QByteArray(1, '\0');
-        QTest::newRow("NUL behind a keyword") << QByteArray("button\0|B|0|0|0|0|n|b", 21);
+        QTest::newRow("NUL after a keyword") << QByteArray("button\0|B|0|0|0|0|n|b", 21);
         QTest::newRow("a bitmap") << QByteArray("BM\x46\0\0\0\0\0\0\0\x36\0\0\0", 14);
     }
 
-    void AnUnknownFirstFieldIsACorruptFile()
+    void anUnknownFirstFieldIsACorruptFile()
     {
         QFETCH(QByteArray, line);
         QCOMPARE(Left(Corrupt, line), Fresh({}));
-        // What stands in front is read, what stands behind is not.
+        // What comes before is read, what follows is not.
         QCOMPARE(Left(Corrupt, Joined({"menu|&File|", line, "menu|&Edit|"})),
                  Fresh({"menu|&File||none|none|none|none|none|none|False|-1|True"}));
     }
 
-    void AHundredMegabytesOfOneLineAreRead_data()
+    void aHundredMegabytesOfOneLineAreRead_data()
     {
         QTest::addColumn<QByteArray>("start");
         QTest::addColumn<char>("filling");
@@ -142,14 +142,13 @@ private Q_SLOTS:
         QTest::newRow("no keyword") << QByteArray() << 'x' << static_cast<int>(Corrupt);
         QTest::newRow("bars") << QByteArray() << '|' << static_cast<int>(Corrupt);
         QTest::newRow("line ends") << QByteArray() << '\n' << static_cast<int>(Loaded);
-        QTest::newRow("bars behind a control")
-            << QByteArray("button|B|1|2|3|4|n|b|") << '|' << static_cast<int>(Loaded);
+        QTest::newRow("bars after a control") << QByteArray("button|B|1|2|3|4|n|b|") << '|' << static_cast<int>(Loaded);
         QTest::newRow("a control's number") << QByteArray("button|B|") << '1' << static_cast<int>(Failed);
         QTest::newRow("menu items") << QByteArray("menu|&File|") << '*' << static_cast<int>(Failed);
         QTest::newRow("a bitmap's path") << QByteArray("bmpbutton|") << 'p' << static_cast<int>(Failed);
     }
 
-    void AHundredMegabytesOfOneLineAreRead()
+    void aHundredMegabytesOfOneLineAreRead()
     {
         QFETCH(QByteArray, start);
         QFETCH(char, filling);
@@ -159,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(FileOf(form).count("\r\nbutton|"), end == static_cast<int>(Loaded) && !start.isEmpty() ? 1 : 0);
     }
 
-    void ACaptionOfAHundredMegabytesIsKept()
+    void aCaptionOfAHundredMegabytesIsKept()
     {
         const QByteArray caption(100'000'000, 'c');
         GuiForm form = FormOf("checkbox|" + caption + "|1|2|3|4|n|b");
@@ -171,7 +170,7 @@ private Q_SLOTS:
 
     // --- Missing fields. ---
 
-    void AShortDefaultsLineSetsWhatItHas_data()
+    void aShortDefaultsLineSetsWhatItHas_data()
     {
         QTest::addColumn<int>("count");
         QTest::addColumn<QByteArray>("left");
@@ -185,7 +184,7 @@ private Q_SLOTS:
         QTest::newRow("8") << 8 << QByteArray("defaults|A|B|C|D|E|F|True|False");
     }
 
-    void AShortDefaultsLineSetsWhatItHas()
+    void aShortDefaultsLineSetsWhatItHas()
     {
         QFETCH(int, count);
         QFETCH(QByteArray, left);
@@ -195,7 +194,7 @@ private Q_SLOTS:
         QCOMPARE(Left(Failed, Joined({line, "menu|&File|"})), expected);
     }
 
-    void AShortWindowLineSetsWhatItHas_data()
+    void aShortWindowLineSetsWhatItHas_data()
     {
         QTest::addColumn<int>("count");
         QTest::addColumn<QByteArray>("left");
@@ -206,7 +205,7 @@ private Q_SLOTS:
         QTest::newRow("8") << 8 << QByteArray("Dialog|T| 1| 2| 3| 4|h|");
     }
 
-    void AShortWindowLineSetsWhatItHas()
+    void aShortWindowLineSetsWhatItHas()
     {
         QFETCH(int, count);
         QFETCH(QByteArray, left);
@@ -214,7 +213,7 @@ private Q_SLOTS:
         QVERIFY2(Left(Failed, line).contains("\r\n" + left), Left(Failed, line).constData());
     }
 
-    void ARectangleThatBreaksOffFails()
+    void anIncompleteRectangleFails()
     {
         for (const qsizetype count : {3, 4, 5})
             for (const char* line :
@@ -222,20 +221,20 @@ private Q_SLOTS:
                 QVERIFY(Left(Failed, FirstFields(line, count)).startsWith("defaults|"));
     }
 
-    void AGraphicsWindowNeedsItsColor()
+    void aGraphicsWindowNeedsItsColor()
     {
         QVERIFY(Left(Failed, "Graphics_nsb|T|1|2|3|4|h").contains("|h|-2147483633|ms sans serif *10|"));
         QVERIFY(Left(Failed, "Graphics_nsb|T|1|2|3|4|h|255").contains("|h|255|ms sans serif *10|"));
         QVERIFY(Left(Loaded, "Graphics_nsb|T|1|2|3|4|h|255|f").contains("|h|255|f *10|"));
     }
 
-    void AShortMenuLineLeavesItsTitle()
+    void aShortMenuLineKeepsItsTitle()
     {
         QCOMPARE(Left(Failed, "menu"), Fresh({}));
         QCOMPARE(Left(Failed, "menu|&File"), Fresh({"menu|&File||none|none|none|none|none|none|False|-1|True"}));
     }
 
-    void AShortControlLineLeavesAHiddenControl_data()
+    void aShortControlLineLeavesAHiddenControl_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("line");
@@ -257,7 +256,7 @@ private Q_SLOTS:
         row(ControlKind::Checkbox, "checkbox|C|1|2|3|4|n|b");
     }
 
-    void AShortControlLineLeavesAHiddenControl()
+    void aShortControlLineLeavesAHiddenControl()
     {
         QFETCH(int, kind);
         QFETCH(QByteArray, line);
@@ -276,7 +275,7 @@ private Q_SLOTS:
         }
     }
 
-    void AShortStatusbarLineSetsWhatItHas()
+    void aShortStatusbarLineSetsWhatItHas()
     {
         GuiForm form;
         const QString fresh = QStringLiteral("Click here to modify Statusbar!");
@@ -288,9 +287,9 @@ private Q_SLOTS:
         QCOMPARE(form.panels, (std::vector{QStringLiteral("a"), QStringLiteral("b"), QString()}));
     }
 
-    // --- Numbers that are none. ---
+    // --- Invalid numbers. ---
 
-    void ARectangleNeedsNumbers_data()
+    void aRectangleNeedsNumbers_data()
     {
         QTest::addColumn<QByteArray>("number");
         for (const char* number :
@@ -298,11 +297,11 @@ private Q_SLOTS:
               "1e39", "-1e39", "True", "&H",  "&HG",   "0x10", "\xB2", "\x80", "NaN", "inf"})
             QTest::newRow(QByteArray(number).toPercentEncoding().constData()) << QByteArray(number);
         QTest::newRow("empty") << QByteArray();
-        QTest::newRow("blanks") << QByteArray("  ");
+        QTest::newRow("spaces") << QByteArray("  ");
         QTest::newRow("NUL") << QByteArray("1\0", 2);
     }
 
-    void ARectangleNeedsNumbers()
+    void aRectangleNeedsNumbers()
     {
         QFETCH(QByteArray, number);
         for (const char* line :
@@ -314,7 +313,7 @@ private Q_SLOTS:
             }
     }
 
-    void ThePanelCountNeedsANumber()
+    void thePanelCountNeedsANumber()
     {
         for (const char* count : {"x", "", " ", "1x", "32768", "-32769", "1e9", "1e999"})
             QCOMPARE(
@@ -325,7 +324,7 @@ private Q_SLOTS:
         QCOMPARE(Left(Failed, "statusbar|32767|a"), Fresh({}));
     }
 
-    void SwitchesNeedWordsOrNumbers_data()
+    void switchesNeedWordsOrNumbers_data()
     {
         QTest::addColumn<QByteArray>("line");
         for (const char* word : {"x", "", " ", "Yes", "Truex", "1x"})
@@ -336,13 +335,13 @@ private Q_SLOTS:
             }
     }
 
-    void SwitchesNeedWordsOrNumbers()
+    void switchesNeedWordsOrNumbers()
     {
         QFETCH(QByteArray, line);
         QVERIFY(Left(Failed, line).startsWith("defaults|A|B|C|D|E|F|False|False|False|"));
     }
 
-    void NumbersBeyondTheirTypeFail()
+    void numbersBeyondTheirTypeFail()
     {
         QVERIFY(Left(Failed, "defaults|A|B|C|D|E|F|0|0|0|32768|True").startsWith("defaults|A|"));
         QVERIFY(Left(Failed, "Graphics_nsb|T|1|2|3|4|h|2147483648|f *8").contains("|h|-2147483633|"));
@@ -352,28 +351,28 @@ private Q_SLOTS:
 
     // --- Menus. ---
 
-    void TwentyOneItemsFit()
+    void twentyOneItemsFit()
     {
         const GuiForm form = FormOf("menu|&File|" + QByteArray("i*").repeated(20) + "last");
         QCOMPARE(form.GuiMenuItems[0][20], QStringLiteral("last"));
     }
 
-    void ATwentySecondItemFails_data()
+    void aTwentySecondItemFails_data()
     {
         QTest::addColumn<QByteArray>("items");
         QTest::newRow("an item") << QByteArray("i * ").repeated(21) + "i";
-        QTest::newRow("the empty piece behind the last") << QByteArray("i * ").repeated(21);
+        QTest::newRow("the empty piece after the last") << QByteArray("i * ").repeated(21);
         QTest::newRow("many") << QByteArray("i * ").repeated(1000);
     }
 
-    void ATwentySecondItemFails()
+    void aTwentySecondItemFails()
     {
         QFETCH(QByteArray, items);
         QCOMPARE(Left(Failed, "menu|&File|" + items), Fresh({"menu|&File|" + QByteArray("i * ").repeated(21) +
                                                              "|none|none|none|none|none|none|False|-1|True"}));
     }
 
-    void AMenuOfAllItemsIsWrittenButCannotBeRead()
+    void aMenuOfAllItemsIsWrittenButCannotBeRead()
     {
         GuiForm form;
         form.GuiMenuNames.fill(QStringLiteral("m"));
@@ -385,10 +384,10 @@ private Q_SLOTS:
 
     // --- Bars in texts. ---
 
-    void ABarShiftsTheFieldsBehindIt()
+    void aBarShiftsTheFieldsAfterIt()
     {
         QCOMPARE(Left(Loaded, "button|7|1|2|3|4|5|6|7"), Fresh({"button|7| 1| 2| 3| 4|5|6|none|False|-1|True"}));
-        // A number behind the bar passes for Left; anything else ends the load.
+        // A number after the bar is taken for Left; anything else ends the load.
         GuiForm form = FormWith(ControlKind::Button);
         ControlRecord& control = form.At({ControlKind::Button, 1});
         control.caption = QStringLiteral("5|6");
@@ -397,14 +396,14 @@ private Q_SLOTS:
         QCOMPARE(Left(Failed, FileOf(form)), Fresh({}));
     }
 
-    void ABarInATagShiftsTheBranch()
+    void aBarInATagShiftsTheBranch()
     {
         GuiForm form = FormWith(ControlKind::Button);
         form.At({ControlKind::Button, 1}).tag = QStringLiteral("ok *a|b");
         QCOMPARE(Left(Loaded, FileOf(form)), Fresh({"button|| 0| 0| 1200| 450|ok *a|b|none|False|-1|True"}));
     }
 
-    void ABarInTheWindowsCaptionEndsTheLoad()
+    void aBarInTheWindowsCaptionEndsTheLoad()
     {
         GuiForm form;
         form.caption = QStringLiteral("a|b");
@@ -413,7 +412,7 @@ private Q_SLOTS:
 
     // --- Bytes above 127. ---
 
-    void EveryByteComesBack()
+    void everyByteSurvivesARoundTrip()
     {
         QByteArray bytes;
         for (int byte = 1; byte < 256; ++byte)
@@ -425,7 +424,7 @@ private Q_SLOTS:
                  QStringLiteral("\u20AC\u00E9"));
     }
 
-    void ANulIsACharacterLikeAnyOther()
+    void aNulIsACharacterLikeAnyOther()
     {
         const QByteArray line = QByteArray("checkbox|a\0b", 12) + "| 1| 2| 3| 4|n|b|none|False|-1|True";
         QCOMPARE(Left(Loaded, line), Fresh({line}));
@@ -433,7 +432,7 @@ private Q_SLOTS:
 
     // --- Bitmaps. ---
 
-    void ABitmapThatCannotBeLoadedFailsTheLoad_data()
+    void aBitmapThatCannotBeLoadedFailsTheLoad_data()
     {
         QTest::addColumn<QByteArray>("path");
         QVERIFY(QDir().mkdir(QStringLiteral("folder")));
@@ -446,7 +445,7 @@ private Q_SLOTS:
         QTest::newRow("NUL") << QByteArray("text\0.bmp", 9);
     }
 
-    void ABitmapThatCannotBeLoadedFailsTheLoad()
+    void aBitmapThatCannotBeLoadedFailsTheLoad()
     {
         QFETCH(QByteArray, path);
         GuiForm form;
@@ -458,11 +457,11 @@ private Q_SLOTS:
         QCOMPARE(FileOf(form), Fresh({"menu|&File||none|none|none|none|none|none|False|-1|True"}));
     }
 
-    void APipeIsNotWaitedFor()
+    void aPipeDoesNotBlock()
     {
 #ifdef Q_OS_UNIX
         QCOMPARE(mkfifo("pipe.bmp", 0600), 0);
-        // Lets a reader that waits go on after a while.
+        // Releases a blocked reader after a while.
         std::atomic<bool> isRead = false;
         std::thread writer([&isRead] {
             for (int step = 0; step < 200 && !isRead; ++step)
@@ -485,9 +484,9 @@ private Q_SLOTS:
 #endif
     }
 
-    // --- What stood in the form before. ---
+    // --- What was in the form before. ---
 
-    void ReadingClearsTheFormButNotItsWindow()
+    void readingClearsTheFormButNotItsWindow()
     {
         for (const char* file : {"", "corrupt", "menu"}) {
             GuiForm form =

@@ -39,7 +39,7 @@ class tst_modGenerator : public QObject {
 private Q_SLOTS:
     // --- Whole programs. ---
 
-    void SamplesGiveTheirPrograms_data()
+    void samplesGiveTheirPrograms_data()
     {
         QTest::addColumn<QString>("sample");
         QTest::addColumn<bool>("isSimple");
@@ -50,7 +50,7 @@ private Q_SLOTS:
                     << QString::fromLatin1(name) << isSimple << (QByteArray(name) == "every-control");
     }
 
-    void SamplesGiveTheirPrograms()
+    void samplesGiveTheirPrograms()
     {
         QFETCH(QString, sample);
         QFETCH(bool, isSimple);
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(form == asRead);
     }
 
-    void AnEmptyFormIsAProgramToo()
+    void anEmptyFormIsAProgramToo()
     {
         const QByteArray afterHeader = "\r\n"
                                        "[InitColors]\r\n"
@@ -105,7 +105,7 @@ private Q_SLOTS:
 
     // --- Header, colours, window. ---
 
-    void CommentsStandInFrontWithTwoEmptyLines()
+    void commentsComeFirstFollowedByTwoEmptyLines()
     {
         GuiForm form;
         for (const ProgramKind kind : BothKinds) {
@@ -117,7 +117,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheHeaderHoldsDateAndCaption()
+    void theHeaderHasDateAndCaption()
     {
         GuiForm form;
         form.caption = QStringLiteral("A \"B\" \u20AC");
@@ -127,7 +127,7 @@ private Q_SLOTS:
                         QStringLiteral("'** Created by Orchard Bench - 1.2.2026\r\n'** A \"B\" \u20AC\r\n\r\n")));
     }
 
-    void EachColorHasItsComment()
+    void eachColorHasItsComment()
     {
         GuiForm form;
         form.GuiForegroundColor = QStringLiteral("A");
@@ -146,7 +146,7 @@ private Q_SLOTS:
                                   "    'ListboxColor$    = \"\"\r\n\r\n[WindowSetup]"));
     }
 
-    void TheWindowsSizeIsCutToPixels_data()
+    void theWindowsSizeIsTruncatedToPixels_data()
     {
         QTest::addColumn<float>("width");
         QTest::addColumn<float>("height");
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QTest::newRow("far") << 15000014.F << 1.5e9F << QByteArray("WindowWidth = 1000000 : WindowHeight = 1E+08");
     }
 
-    void TheWindowsSizeIsCutToPixels()
+    void theWindowsSizeIsTruncatedToPixels()
     {
         QFETCH(float, width);
         QFETCH(float, height);
@@ -172,7 +172,7 @@ private Q_SLOTS:
                      ProgramOf(form, kind).constData());
     }
 
-    void ThisScreensFactorsDoNotCount()
+    void thisScreensFactorsAreIgnored()
     {
         const int before = TwipsPerPixelX;
         TwipsPerPixelX = TwipsPerPixelY = 12;
@@ -182,17 +182,17 @@ private Q_SLOTS:
         QVERIFY(program.contains("WindowWidth = 550 : WindowHeight = 400"));
     }
 
-    void TheHandleIsTrimmedAndStays_data()
+    void theHandleIsTrimmedAndStays_data()
     {
         QTest::addColumn<QString>("handle");
         QTest::addColumn<QString>("used");
         QTest::newRow("plain") << QStringLiteral("win") << QStringLiteral("win");
         QTest::newRow("empty") << QString() << QStringLiteral("main");
-        QTest::newRow("blanks around") << QStringLiteral(" my win ") << QStringLiteral("my win");
-        QTest::newRow("blanks") << QStringLiteral("  ") << QString();
+        QTest::newRow("spaces around") << QStringLiteral(" my win ") << QStringLiteral("my win");
+        QTest::newRow("spaces") << QStringLiteral("  ") << QString();
     }
 
-    void TheHandleIsTrimmedAndStays()
+    void theHandleIsTrimmedAndStays()
     {
         QFETCH(QString, handle);
         QFETCH(QString, used);
@@ -207,7 +207,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheFontIsOneWordAndANumber_data()
+    void theFontIsOneWordAndANumber_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("size");
@@ -225,7 +225,7 @@ private Q_SLOTS:
         row("Arial", "-9", "arial -9");
     }
 
-    void TheFontIsOneWordAndANumber()
+    void theFontIsOneWordAndANumber()
     {
         QFETCH(QString, name);
         QFETCH(QString, size);
@@ -239,7 +239,7 @@ private Q_SLOTS:
         QCOMPARE(form.GuiFontSize, size);
     }
 
-    void AFontSizeBeyondNumbersIsAnError()
+    void aFontSizeBeyondNumbersIsAnError()
     {
         GuiForm form;
         form.GuiFontSize = QStringLiteral("1e999");
@@ -254,7 +254,7 @@ private Q_SLOTS:
 
     // --- Menus. ---
 
-    void WithoutMenusOfTheUsersTheFixedOneStands()
+    void withoutUserMenusTheFixedOneIsWritten()
     {
         GuiForm form;
         for (const ProgramKind kind : BothKinds) {
@@ -274,7 +274,7 @@ private Q_SLOTS:
             QCOMPARE(PartsOf(form, kind).controls, QByteArray());
     }
 
-    void TheUsersMenusStandInTheirPlace()
+    void userMenusReplaceTheFixedOne()
     {
         GuiForm form = FormWith(ControlKind::Texteditor);
         form.GuiMenuNames = {QStringLiteral("&File"), QStringLiteral("&Edit"), QString(), QStringLiteral("&Lost")};
@@ -293,7 +293,7 @@ private Q_SLOTS:
         QCOMPARE(PartsOf(form, Outline).stubs, QByteArray());
     }
 
-    void AMenuItemIsCaptionAndBranch_data()
+    void aMenuItemIsCaptionAndBranch_data()
     {
         QTest::addColumn<QString>("item");
         QTest::addColumn<QByteArray>("text");
@@ -315,7 +315,7 @@ private Q_SLOTS:
         row("A  [quit", ", \"A\", [quit", "[quit");
     }
 
-    void AMenuItemIsCaptionAndBranch()
+    void aMenuItemIsCaptionAndBranch()
     {
         QFETCH(QString, item);
         QFETCH(QByteArray, text);
@@ -328,7 +328,7 @@ private Q_SLOTS:
         QCOMPARE(parts.stubs, label == "-" ? QByteArray() : label + "\r\n    'place code here\r\n    Wait\r\n\r\n");
     }
 
-    void AllMenusAndItemsAreWritten()
+    void allMenusAndItemsAreWritten()
     {
         GuiForm form;
         form.GuiMenuNames.fill(QStringLiteral("M"));
@@ -341,7 +341,7 @@ private Q_SLOTS:
 
     // --- Open and close. ---
 
-    void AGraphicsWindowIsFilledInTheOutlineOnly()
+    void aGraphicsWindowIsFilledInTheOutlineOnly()
     {
         for (const char* type : {"Graphics_nsb", "Graphics_nf_nsb"}) {
             GuiForm form = FormOfType(type);
@@ -362,7 +362,7 @@ private Q_SLOTS:
         }
     }
 
-    void AnUnknownColorFillsWithNoName()
+    void anUnknownColorFillsWithNoName()
     {
         GuiForm form = FormOfType("Graphics_nsb");
         for (const char* name : {"Purple", "white", ""}) {
@@ -371,7 +371,7 @@ private Q_SLOTS:
         }
     }
 
-    void OtherWindowsGetAFontAlone()
+    void otherWindowsGetOnlyAFont()
     {
         for (const char* type : {"Window", "Window_nf", "Dialog", "Dialog_modal"})
             for (const ProgramKind kind : BothKinds) {
@@ -383,7 +383,7 @@ private Q_SLOTS:
             }
     }
 
-    void TooltipsAreCalledAndTheirRoutineStands()
+    void tooltipsAreCalledAndTheirRoutineIsWritten()
     {
         for (const ProgramKind kind : BothKinds) {
             GuiForm form;
@@ -395,7 +395,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheStatusBarResizesInWindowsOnly_data()
+    void theStatusBarResizesInWindowsOnly_data()
     {
         QTest::addColumn<QByteArray>("type");
         QTest::addColumn<bool>("resizes");
@@ -405,7 +405,7 @@ private Q_SLOTS:
             QTest::newRow(type) << QByteArray(type) << false;
     }
 
-    void TheStatusBarResizesInWindowsOnly()
+    void theStatusBarResizesInWindowsOnly()
     {
         QFETCH(QByteArray, type);
         QFETCH(bool, resizes);
@@ -429,7 +429,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheTimersStubStandsInEachKindsOwnPlace()
+    void theTimersStubHasAPlaceForEachWindowType()
     {
         GuiForm form = FormWith(ControlKind::Button);
         form.GuiTimerOn = true;
@@ -444,7 +444,7 @@ private Q_SLOTS:
         QVERIFY(ProgramOf(form, Simple).endsWith(font + timer + loop + stub + quit));
     }
 
-    void AllOptionsFollowInOneOrder()
+    void allOptionsFollowInOneOrder()
     {
         GuiForm form = FormOfType("Graphics_nsb");
         form.GuiTimerOn = form.GuiTooltipsOn = form.GuiStatusbarOn = true;

@@ -32,7 +32,7 @@ GuiForm Second(ControlKind kind, const char* windowType = "Window")
     return form;
 }
 
-// The lines of the control between the window's own.
+// The control's lines between those of the window.
 QByteArray OpenedOf(const ProgramParts& parts)
 {
     QByteArray opened = parts.opened;
@@ -50,7 +50,7 @@ class tst_modGeneratorControls : public QObject {
 private Q_SLOTS:
     // --- Statements. ---
 
-    void EachKindHasItsStatement_data()
+    void eachKindHasItsStatement_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("outline");
@@ -75,7 +75,7 @@ private Q_SLOTS:
         row(ControlKind::Combobox, "combobox    #main.combo2,Combo2$(),[combo2.click], 10, 1, 100, 300");
     }
 
-    void EachKindHasItsStatement()
+    void eachKindHasItsStatement()
     {
         QFETCH(int, kind);
         const auto controlKind = static_cast<ControlKind>(kind);
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QTEST(PartsOf(form, Simple).controls, "simple");
     }
 
-    void AGroupboxInAGraphicsWindowIsAComment()
+    void aGroupboxInAGraphicsWindowIsAComment()
     {
         for (const ProgramKind kind : BothKinds) {
             GuiForm form = Second(ControlKind::Groupbox, "Graphics_nf_nsb");
@@ -101,7 +101,7 @@ private Q_SLOTS:
         }
     }
 
-    void KindsFollowInOneOrderAndSkipTheDeleted()
+    void kindsFollowInOneOrderAndSkipTheDeleted()
     {
         for (const ProgramKind kind : BothKinds) {
             GuiForm form;
@@ -120,7 +120,7 @@ private Q_SLOTS:
         }
     }
 
-    void TextsStandAsTheyAre()
+    void textsAreWrittenUnchanged()
     {
         GuiForm form = Second(ControlKind::Button);
         form.At({ControlKind::Button, 2}).caption = QStringLiteral("%B \"q\" %%");
@@ -130,7 +130,7 @@ private Q_SLOTS:
                  QByteArray("button      #main.%N, \"%B \"q\" %%\",[%H],UL, 10, 1, 100,-1\r\n"));
     }
 
-    void NumbersHaveABlankOrASign_data()
+    void numbersHaveALeadingSpaceOrASign_data()
     {
         QTest::addColumn<float>("twips");
         QTest::addColumn<QByteArray>("pixels");
@@ -148,7 +148,7 @@ private Q_SLOTS:
         row(-1.5e9F, "-1E+08");
     }
 
-    void NumbersHaveABlankOrASign()
+    void numbersHaveALeadingSpaceOrASign()
     {
         QFETCH(float, twips);
         QFETCH(QByteArray, pixels);
@@ -159,9 +159,9 @@ private Q_SLOTS:
                  "textbox     #main.textbox2," + pixels + ',' + pixels + ',' + pixels + ',' + pixels + "\r\n");
     }
 
-    // --- Lists, lines behind the open statement, stubs. ---
+    // --- Lists, lines after the open statement, stubs. ---
 
-    void ListsHaveContentsInBothKinds()
+    void listsHaveContentsInBothKinds()
     {
         const QByteArray contents =
             "    DIM X2$(10)\r\n    X2$(1) = \"First Item\"\r\n    X2$(2) = \"Second Item\"\r\n";
@@ -176,7 +176,7 @@ private Q_SLOTS:
             }
     }
 
-    void TheOutlineSetsFontsInGraphicsWindowsOnly_data()
+    void theOutlineSetsFontsInGraphicsWindowsOnly_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("inWindow");
@@ -205,7 +205,7 @@ private Q_SLOTS:
             "    #main.combo2 \"selectindex 1\"\r\n    #main.combo2 \"font ms_sans_serif 10\"\r\n");
     }
 
-    void TheOutlineSetsFontsInGraphicsWindowsOnly()
+    void theOutlineSetsFontsInGraphicsWindowsOnly()
     {
         QFETCH(int, kind);
         const auto controlKind = static_cast<ControlKind>(kind);
@@ -221,7 +221,7 @@ private Q_SLOTS:
         }
     }
 
-    void AGraphicboxIsFilledWithItsColorsName()
+    void aGraphicboxIsFilledWithItsColorsName()
     {
         GuiForm form = Second(ControlKind::Graphicbox);
         const auto fill = [&](ColorRef color) {
@@ -235,7 +235,7 @@ private Q_SLOTS:
         QCOMPARE(fill(Rgb(1, 2, 3)), QByteArray());
     }
 
-    void TheOutlineHasStubs_data()
+    void theOutlineHasStubs_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("branchs"); // of the control's branch
@@ -258,7 +258,7 @@ private Q_SLOTS:
         row(ControlKind::Combobox, "[go]\r\n    #main.it \"selection? selected$\"\r\n    wait\r\n\r\n", "");
     }
 
-    void TheOutlineHasStubs()
+    void theOutlineHasStubs()
     {
         QFETCH(int, kind);
         QFETCH(QByteArray, branchs);
@@ -279,7 +279,7 @@ private Q_SLOTS:
         QCOMPARE(PartsOf(form, Simple).stubs, QByteArray());
     }
 
-    void AButtonThatQuitsStillNamesTheLabel()
+    void aButtonThatQuitsStillNamesTheLabel()
     {
         GuiForm form = Second(ControlKind::Button);
         form.At({ControlKind::Button, 2}).branch = QStringLiteral("[quit]");
@@ -288,7 +288,7 @@ private Q_SLOTS:
         QCOMPARE(program.count("\r\n[quit]\r\n"), 1);
     }
 
-    void ResetStubsGoByTheIndex()
+    void resetStubsAreNamedByTheIndex()
     {
         GuiForm form = FormWith(ControlKind::Checkbox, 2);
         form.At({ControlKind::Checkbox, 1}).branch = QStringLiteral("[quit]");
@@ -301,7 +301,7 @@ private Q_SLOTS:
 
     // --- Names, tool tips, branches. ---
 
-    void AnEmptyNameIsFilledButNotKept_data()
+    void anEmptyNameIsFilledButNotKept_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("name");
@@ -323,7 +323,7 @@ private Q_SLOTS:
         row(ControlKind::Graphicbox, "graphicbox2", "GraphicBox Tooltip", "");
     }
 
-    void AnEmptyNameIsFilledButNotKept()
+    void anEmptyNameIsFilledButNotKept()
     {
         QFETCH(int, kind);
         QFETCH(QByteArray, name);
@@ -349,7 +349,7 @@ private Q_SLOTS:
             }
     }
 
-    void AGroupboxsNameIsKept_data()
+    void aGroupboxsNameIsKept_data()
     {
         QTest::addColumn<QByteArray>("tag");
         QTest::addColumn<QByteArray>("name");
@@ -360,7 +360,7 @@ private Q_SLOTS:
         QTest::newRow("both") << QByteArray(" own  *tip") << QByteArray("own") << QByteArray(" own  *tip");
     }
 
-    void AGroupboxsNameIsKept()
+    void aGroupboxsNameIsKept()
     {
         QFETCH(QByteArray, tag);
         QFETCH(QByteArray, name);
@@ -375,7 +375,7 @@ private Q_SLOTS:
         }
     }
 
-    void ABranchIsBracketedInTheFormToo()
+    void aBranchIsBracketedInTheFormToo()
     {
         GuiForm form = Second(ControlKind::Listbox);
         form.At({ControlKind::Listbox, 2}).branch = QStringLiteral(" go ");
@@ -383,7 +383,7 @@ private Q_SLOTS:
         QCOMPARE(form.At({ControlKind::Listbox, 2}).branch, QStringLiteral("[ go ]"));
     }
 
-    void AGraphicboxsBranchStaysAsItIs()
+    void aGraphicboxsBranchStaysAsItIs()
     {
         GuiForm form = Second(ControlKind::Graphicbox);
         for (const QString& branch : {QStringLiteral("N/A"), QString()}) {
@@ -393,7 +393,7 @@ private Q_SLOTS:
         }
     }
 
-    void WhatComesFirstDecidesARadiobuttonsBranch()
+    void theFirstOfSaveAndCompilationDecidesARadiobuttonsBranch()
     {
         const ControlRef ref{ControlKind::Radiobutton, 1};
         GuiForm generatedFirst = FormWith(ref.kind);
@@ -409,7 +409,7 @@ private Q_SLOTS:
         QCOMPARE(savedFirst.At(ref).branch, QStringLiteral("[radiobutton1.click]"));
     }
 
-    void GeneratingTwiceGivesTheSame()
+    void generatingTwiceGivesTheSameProgram()
     {
         GuiForm form;
         for (const KindTraits& traits : KindTable)
@@ -421,7 +421,7 @@ private Q_SLOTS:
 
     // --- Bitmaps. ---
 
-    void ABmpbuttonWithoutAFileIsTold_data()
+    void aBmpbuttonWithoutAFileIsReported_data()
     {
         QTest::addColumn<QStringList>("captions"); // "-": a deleted button
         QTest::addColumn<bool>("isMissing");
@@ -438,7 +438,7 @@ private Q_SLOTS:
         QTest::newRow("a deleted one") << QStringList{QStringLiteral("-"), here} << false;
     }
 
-    void ABmpbuttonWithoutAFileIsTold()
+    void aBmpbuttonWithoutAFileIsReported()
     {
         QFETCH(QStringList, captions);
         QTemporaryDir folder;

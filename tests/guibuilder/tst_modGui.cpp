@@ -45,7 +45,7 @@ private Q_SLOTS:
 
     // --- Kinds. ---
 
-    void TheKindsStandInTheOrderOfThePalette_data()
+    void theKindsAreInTheOrderOfThePalette_data()
     {
         QTest::addColumn<int>("place");
         QTest::addColumn<QByteArray>("row");
@@ -71,7 +71,7 @@ private Q_SLOTS:
         row("Graphicbox, GraphicBox, GraphicBox, graphicbox, 50 x 50, '', graphicbox, , GraphicBox Tooltip");
     }
 
-    void TheKindsStandInTheOrderOfThePalette()
+    void theKindsAreInTheOrderOfThePalette()
     {
         QFETCH(int, place);
         QFETCH(QByteArray, row);
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(&TraitsOf(traits.kind), &traits);
     }
 
-    void KindsWithEventsHaveABranch()
+    void kindsWithEventsHaveABranch()
     {
         QByteArray uses;
         for (const KindTraits& traits : KindTable)
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(uses, QByteArray("LL----LLLLN"));
     }
 
-    void ATemplateHasItsKindsSizeInTwips()
+    void aTemplateHasItsKindsSizeInTwips()
     {
         const GuiForm form;
         for (const KindTraits& traits : KindTable) {
@@ -102,7 +102,7 @@ private Q_SLOTS:
         }
     }
 
-    void ATemplateShowsItsKindsWordWhereTheFileKeepsNoCaption()
+    void aTemplateShowsItsKindsWordWhereTheFileKeepsNoCaption()
     {
         const GuiForm form;
         QStringList captions;
@@ -113,7 +113,7 @@ private Q_SLOTS:
 
     // --- Forms. ---
 
-    void AFreshFormHasTheWindowsDefaults()
+    void aFreshFormHasTheWindowsDefaults()
     {
         const GuiForm form;
         QCOMPARE(form.GuiWindowType, QStringLiteral("Window"));
@@ -135,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(form.width > 0 && form.height > 0);
     }
 
-    void AClearedFormKeepsItsWindowRecord()
+    void aClearedFormKeepsItsWindowRecord()
     {
         GuiForm form;
         const auto setRecord = [](GuiForm& target) {
@@ -167,7 +167,7 @@ private Q_SLOTS:
         QVERIFY(form == expected);
     }
 
-    void ACopyIsASnapshot()
+    void aCopyIsASnapshot()
     {
         GuiForm form;
         form.At(AddControl(form, ControlKind::Button)).caption = QStringLiteral("before");
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QCOMPARE(copy.At({ControlKind::Button, 1}).caption, QStringLiteral("before"));
     }
 
-    void TheProgramsStartResetsEverything()
+    void theProgramsStartResetsEverything()
     {
         FormDesign& design = GuiDesign();
         design.form.caption = QStringLiteral("x");
@@ -192,7 +192,7 @@ private Q_SLOTS:
 
     // --- Window types. ---
 
-    void WindowTypesAreGraphicsWindowsOrDialogs_data()
+    void windowTypesAreGraphicsWindowsOrDialogs_data()
     {
         QTest::addColumn<int>("place");
         QTest::addColumn<QString>("type");
@@ -210,7 +210,7 @@ private Q_SLOTS:
         row("Dialog_modal", false, true);
     }
 
-    void WindowTypesAreGraphicsWindowsOrDialogs()
+    void windowTypesAreGraphicsWindowsOrDialogs()
     {
         QFETCH(int, place);
         QFETCH(QString, type);
@@ -221,7 +221,7 @@ private Q_SLOTS:
 
     // --- Lists of controls. ---
 
-    void ANewControlTakesTheListsCountAsItsIndex()
+    void aNewControlTakesTheListsCountAsItsIndex()
     {
         GuiForm form;
         form.List(ControlKind::Textbox).front().caption = QStringLiteral("template");
@@ -236,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(KindsIn(form.order), (QList{ControlKind::Textbox, ControlKind::Button, ControlKind::Textbox}));
     }
 
-    void ThereIsNoLimitOnTheNumberOfControls()
+    void thereIsNoLimitOnTheNumberOfControls()
     {
         GuiForm form;
         for (int count = 0; count < 40'000; ++count)
@@ -245,7 +245,7 @@ private Q_SLOTS:
         QCOMPARE(form.order.back().index, 40'001);
     }
 
-    void AControlComesToTheFront()
+    void aControlComesToTheFront()
     {
         GuiForm form;
         const ControlRef button = AddControl(form, ControlKind::Button);
@@ -262,7 +262,7 @@ private Q_SLOTS:
 
     // --- Texts in two parts. ---
 
-    void ATagIsPartedAtItsFirstBlankAndStar_data()
+    void aTagIsSplitAtItsFirstSpaceAndStar_data()
     {
         QTest::addColumn<QString>("tag");
         QTest::addColumn<QString>("name");
@@ -273,19 +273,19 @@ private Q_SLOTS:
         };
         row("empty", "", "", "");
         row("name", "ok", "ok", "");
-        row("name with blanks around", "  ok ", "ok", "");
+        row("name with spaces around", "  ok ", "ok", "");
         row("name with a tab around", "\tok ", "\tok", "");
         row("name and tool tip", "ok *Takes it", "ok", "Takes it");
-        row("tool tip as it stands", "  ok  * Takes it ", "ok", " Takes it ");
+        row("tool tip unchanged", "  ok  * Takes it ", "ok", " Takes it ");
         row("no name", " *Takes it", "", "Takes it");
         row("no tool tip", "ok *", "ok", "");
         row("two marks", "ok *a *b", "ok", "a *b");
-        row("no blank in front", "ok*a", "ok*a", "");
+        row("no space before", "ok*a", "ok*a", "");
         row("star first", "*a *b", "*a", "b");
-        row("blanks", "   ", "", "");
+        row("spaces", "   ", "", "");
     }
 
-    void ATagIsPartedAtItsFirstBlankAndStar()
+    void aTagIsSplitAtItsFirstSpaceAndStar()
     {
         QFETCH(QString, tag);
         const TagParts parts = SplitTag(tag);
@@ -293,7 +293,7 @@ private Q_SLOTS:
         QTEST(parts.tooltip, "tooltip");
     }
 
-    void AMenuItemIsPartedAtItsFirstBracket_data()
+    void aMenuItemIsSplitAtItsFirstBracket_data()
     {
         QTest::addColumn<QString>("item");
         QTest::addColumn<QString>("caption");
@@ -304,14 +304,14 @@ private Q_SLOTS:
         };
         row("both", "&Open  [open]", "&Open", "[open]");
         row("separator", "--bar--  [none]", "--bar--", "[none]");
-        row("blanks around", "  &Open   [open]  ", "&Open", "[open]");
+        row("spaces around", "  &Open   [open]  ", "&Open", "[open]");
         row("no branch", " &Open ", "&Open", "");
         row("no caption", "[open]", "", "[open]");
         row("two brackets", "A [b] [c]", "A", "[b] [c]");
         row("empty", "", "", "");
     }
 
-    void AMenuItemIsPartedAtItsFirstBracket()
+    void aMenuItemIsSplitAtItsFirstBracket()
     {
         QFETCH(QString, item);
         const MenuItemParts parts = SplitMenuItem(item);
@@ -319,12 +319,12 @@ private Q_SLOTS:
         QTEST(parts.branch, "branch");
     }
 
-    void AMenuItemJoinsWithTwoBlanks()
+    void aMenuItemIsJoinedWithTwoSpaces()
     {
         QCOMPARE(JoinMenuItem(QStringLiteral("&Open"), QStringLiteral("[open]")), QStringLiteral("&Open  [open]"));
     }
 
-    void ABranchGetsTheBracketsThatItLacks_data()
+    void aBranchGetsItsMissingBrackets_data()
     {
         QTest::addColumn<QString>("branch");
         QTest::addColumn<QString>("bracketed");
@@ -343,13 +343,13 @@ private Q_SLOTS:
         row("]", "[]");
     }
 
-    void ABranchGetsTheBracketsThatItLacks()
+    void aBranchGetsItsMissingBrackets()
     {
         QFETCH(QString, branch);
         QTEST(BracketedBranch(branch), "bracketed");
     }
 
-    void TheMenuLabelShowsTheMenusUpToTheFirstEmptyOne()
+    void theMenuLabelShowsTheMenusUpToTheFirstEmptyOne()
     {
         GuiForm form;
         const QString none = QStringLiteral("none");
@@ -363,7 +363,7 @@ private Q_SLOTS:
         QCOMPARE(MenuLabel(form, none), QStringLiteral("x    ").repeated(21));
     }
 
-    void AnUnknownColorNameLeavesTheColor()
+    void anUnknownColorNameLeavesTheColor()
     {
         ColorRef color = 7;
         SetColorByName(color, QStringLiteral("Pink"));

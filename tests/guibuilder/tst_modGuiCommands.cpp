@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The form builder's commands: what comes and goes with the form window, loading, new forms, compiling.
+// The form builder's commands: the form window's creation and end, loading, new forms, compiling.
 #include "guibuilder/modGuiCommands.h"
 
 #include "guibuilder/FormLines.h"
@@ -33,9 +33,9 @@ private Q_SLOTS:
         bench.reset();
     }
 
-    // --- The form window comes and goes. ---
+    // --- The form window's creation and end. ---
 
-    void ANewWindowSetsTheFlagsAndClearsTheForm()
+    void aNewWindowSetsTheFlagsAndClearsTheForm()
     {
         GuiDesign().GuiFormModified = true;
         GuiDesign().GuiGridOn = GuiDesign().form.GuiMenuOn = false;
@@ -53,7 +53,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, Log({"enable mnuFileSaveGui"}));
     }
 
-    void AClosedWindowTakesTheSaveCommandWithIt()
+    void aClosedWindowDisablesTheSaveCommand()
     {
         GuiFormLoaded();
         bench->form.log.clear();
@@ -65,7 +65,7 @@ private Q_SLOTS:
 
     // --- Load. ---
 
-    void ALoadedFormIsTheFormUnderDesign()
+    void aLoadedFormIsTheFormUnderDesign()
     {
         OpenModifiedForm(*bench);
         GuiDesign().GuiFormModified = false;
@@ -78,7 +78,7 @@ private Q_SLOTS:
                                        "refresh gui", "enable tool Open Menu Editor"}));
     }
 
-    void WithoutAFormWindowALoadMakesOne()
+    void withoutAFormWindowALoadMakesOne()
     {
         LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm));
         QVERIFY(GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
@@ -87,7 +87,7 @@ private Q_SLOTS:
                  Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool Open Menu Editor"}));
     }
 
-    void ACorruptFileClosesTheWindow()
+    void aCorruptFileClosesTheWindow()
     {
         OpenModifiedForm(*bench);
         GuiDesign().GuiFormModified = false;
@@ -99,7 +99,7 @@ private Q_SLOTS:
                                        "unload gui", "disable mnuFileSaveGui"}));
     }
 
-    void AFailedLoadLeavesWhatItBuilt_data()
+    void aFailedLoadLeavesWhatItBuilt_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::newRow("a missing field") << QByteArray("button|B|0");
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QTest::newRow("a bar in the caption") << QByteArray("button|yes|no|0|0|0|0|n|b");
     }
 
-    void AFailedLoadLeavesWhatItBuilt()
+    void aFailedLoadLeavesWhatItBuilt()
     {
         QFETCH(QByteArray, line);
         bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QVERIFY(!GuiDesign().GuiFormLoading);
     }
 
-    void AFileThatCannotBeReadIsAFailedLoad_data()
+    void aFileThatCannotBeReadIsAFailedLoad_data()
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("gone") << QStringLiteral("gone.obf");
@@ -138,7 +138,7 @@ private Q_SLOTS:
 #endif
     }
 
-    void AFileThatCannotBeReadIsAFailedLoad()
+    void aFileThatCannotBeReadIsAFailedLoad()
     {
         QFETCH(QString, name);
 #ifdef Q_OS_UNIX
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(FileOf(GuiDesign().form), Fresh({}));
     }
 
-    void ALoadAsksAboutAModifiedForm()
+    void aLoadAsksAboutAModifiedForm()
     {
         OpenModifiedForm(*bench);
         const QString path = bench->Put(QStringLiteral("a.obf"), DialogForm);
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
     }
 
-    void ARefusedLoadBehindAFailedOneLeavesItsMark()
+    void aRefusedLoadAfterAFailedOneLeavesItsFlag()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
         LoadGuiForm(QStringLiteral("gone.obf"));
@@ -188,7 +188,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormLoading);
     }
 
-    void TheLoadCommandTakesFormFilesOnly()
+    void theLoadCommandTakesFormFilesOnly()
     {
         ExpectLoadBox({});
         OpenModifiedForm(*bench);
@@ -215,7 +215,7 @@ private Q_SLOTS:
 
     // --- New form, menu bar. ---
 
-    void ANewFormAsksForItsDefaults()
+    void aNewFormAsksForItsDefaults()
     {
         NewGuiForm();
         QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("open"));
@@ -223,7 +223,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "gui defaults"}));
     }
 
-    void ANewFormAsksAboutTheOldOneAndKeepsItsWindow()
+    void aNewFormAsksAboutTheOldOneAndKeepsItsWindow()
     {
         OpenModifiedForm(*bench);
         GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Button)).visible = true;
@@ -240,7 +240,7 @@ private Q_SLOTS:
                  Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui", "gui defaults"}));
     }
 
-    void ANewFormSavedAtOnceCannotBeRead()
+    void aNewFormSavedAtOnceCannotBeRead()
     {
         NewGuiForm();
         const QString path = bench->Path(QStringLiteral("a.obf"));
@@ -251,7 +251,7 @@ private Q_SLOTS:
         QVERIFY(!GuiDesign().GuiFormOpen);
     }
 
-    void TheMenuBarIsShownOrNot()
+    void theMenuBarIsShownOrNot()
     {
         OpenModifiedForm(*bench);
         GuiShowMenu(MenuBar::Hidden);
@@ -261,7 +261,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, Log({"refresh gui", "refresh gui"}));
     }
 
-    void OnlyDialogsHaveNoMenuEditor()
+    void onlyDialogsHaveNoMenuEditor()
     {
         for (const std::string_view type : WindowTypes)
             EnableMenuEditor(LatinText(type));
@@ -272,14 +272,14 @@ private Q_SLOTS:
 
     // --- Compile. ---
 
-    void AProgramOpensInANewCodeWindow_data()
+    void aProgramOpensInANewCodeWindow_data()
     {
         QTest::addColumn<bool>("isSimple");
         QTest::newRow("outline") << false;
         QTest::newRow("simple") << true;
     }
 
-    void AProgramOpensInANewCodeWindow()
+    void aProgramOpensInANewCodeWindow()
     {
         QFETCH(bool, isSimple);
         OpenModifiedForm(*bench);
@@ -299,7 +299,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormModified);
     }
 
-    void WhatTheGeneratorFillsInStaysInTheForm()
+    void whatTheGeneratorFillsInStaysInTheForm()
     {
         OpenModifiedForm(*bench);
         GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Radiobutton)).visible = true;
@@ -307,7 +307,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.At({ControlKind::Radiobutton, 1}).branch, QStringLiteral("[radio1.click]"));
     }
 
-    void CommentsStandInFrontWhenTheyAreOn_data()
+    void commentsComeFirstWhenTheyAreOn_data()
     {
         QTest::addColumn<QByteArray>("file"); // "-": none
         QTest::addColumn<QByteArray>("start");
@@ -319,7 +319,7 @@ private Q_SLOTS:
         QTest::newRow("a line end alone") << QByteArray("\r\n") << QByteArray("\r\n\r\n\r\n'** C");
     }
 
-    void CommentsStandInFrontWhenTheyAreOn()
+    void commentsComeFirstWhenTheyAreOn()
     {
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, start);
@@ -334,7 +334,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.ActiveControl().text.startsWith("'** Created by Orchard Bench - "));
     }
 
-    void AMissingBitmapIsToldInFrontOfTheCode()
+    void aMissingBitmapIsReportedBeforeTheCode()
     {
         OpenModifiedForm(*bench);
         GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Bmpbutton)).visible = true;
@@ -346,7 +346,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.ActiveControl().text.contains("bmpbutton   #main.bmpbutton1, \"bmpbttn\","));
     }
 
-    void WithoutAFormThereIsNoCode()
+    void withoutAFormThereIsNoCode()
     {
         Compile();
         CompileSimple();

@@ -28,7 +28,7 @@ private Q_SLOTS:
 
     // --- Closing a modified form. ---
 
-    void AFormClosesWithoutAQuestion_data()
+    void aFormClosesWithoutAQuestion_data()
     {
         QTest::addColumn<bool>("isModified");
         QTest::addColumn<bool>("isAsked");
@@ -37,7 +37,7 @@ private Q_SLOTS:
         QTest::newRow("neither") << false << false;
     }
 
-    void AFormClosesWithoutAQuestion()
+    void aFormClosesWithoutAQuestion()
     {
         QFETCH(bool, isModified);
         QFETCH(bool, isAsked);
@@ -47,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(QueryGuiUnload(), UnloadAnswer::Unload);
     }
 
-    void AModifiedFormAsks_data()
+    void aModifiedFormAsks_data()
     {
         QTest::addColumn<int>("answer");
         QTest::addColumn<bool>("unloads");
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QTest::newRow("cancel") << static_cast<int>(BoxAnswer::Cancel) << false;
     }
 
-    void AModifiedFormAsks()
+    void aModifiedFormAsks()
     {
         QFETCH(int, answer);
         QFETCH(bool, unloads);
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormModified);
     }
 
-    void YesSavesAndCloses()
+    void yesSavesAndCloses()
     {
         OpenModifiedForm(*bench);
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
@@ -75,7 +75,7 @@ private Q_SLOTS:
         QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("drawn.obf"))).contains("\r\nWindow|Drawn| 1200|"));
     }
 
-    void YesWithoutAFileKeepsTheWindow()
+    void yesWithoutAFileKeepsTheWindow()
     {
         OpenModifiedForm(*bench);
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormModified);
     }
 
-    void YesWithAFailedSaveKeepsTheForm()
+    void yesWithAFailedSaveKeepsTheForm()
     {
         OpenModifiedForm(*bench);
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
@@ -95,7 +95,7 @@ private Q_SLOTS:
 
     // --- Save. ---
 
-    void ASaveWritesTheFormAndTellsItsName()
+    void aSaveWritesTheFormAndShowsItsName()
     {
         OpenModifiedForm(*bench);
         GuiDesign().form.caption = QStringLiteral("\u20AC");
@@ -112,14 +112,14 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void ACharacterThatTheCodePageLacksIsAskedAbout_data()
+    void aCharacterThatTheCodePageLacksIsAskedAbout_data()
     {
         QTest::addColumn<bool>("isYes");
         QTest::newRow("yes") << true;
         QTest::newRow("no") << false;
     }
 
-    void ACharacterThatTheCodePageLacksIsAskedAbout()
+    void aCharacterThatTheCodePageLacksIsAskedAbout()
     {
         QFETCH(bool, isYes);
         OpenModifiedForm(*bench);
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.caption, QStringLiteral("\u03B1\u03B2"));
     }
 
-    void AnUnmodifiedFormStaysUnmodifiedAfterNo()
+    void anUnmodifiedFormStaysUnmodifiedAfterNo()
     {
         OpenModifiedForm(*bench);
         GuiDesign().GuiFormModified = false;
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(bench->Path(QStringLiteral("a.obf"))));
     }
 
-    void ElevenPanelsAreNotSaved()
+    void elevenPanelsAreNotSaved()
     {
         for (const bool isModified : {true, false}) {
             OpenModifiedForm(*bench);
@@ -167,7 +167,7 @@ private Q_SLOTS:
         }
     }
 
-    void ASaveThatFailsLeavesFileAndForm_data()
+    void aSaveThatFailsLeavesFileAndForm_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("number");
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QTest::newRow("disk full") << QStringLiteral("full.obf") << 61;
     }
 
-    void ASaveThatFailsLeavesFileAndForm()
+    void aSaveThatFailsLeavesFileAndForm()
     {
 #ifdef Q_OS_UNIX
         QFETCH(QString, name);
@@ -214,7 +214,7 @@ private Q_SLOTS:
 #endif
     }
 
-    void TheSaveCommandNeedsAnActiveForm()
+    void theSaveCommandNeedsAnActiveForm()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
         guiSave();
@@ -228,7 +228,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormModified);
     }
 
-    void TheSaveCommandAsksForTheFile()
+    void theSaveCommandAsksForTheFile()
     {
         OpenModifiedForm(*bench);
         ExpectSaveBox(*bench, {});

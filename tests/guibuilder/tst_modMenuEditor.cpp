@@ -89,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(Captions(FormWith(Words("A"), 21), 0).size(), 21);
     }
 
-    void anItemIsCaptionTwoBlanksAndBranch()
+    void anItemIsCaptionTwoSpacesAndBranch()
     {
         GuiForm form;
         SetMenuItem(form, 20, 20, {Text("Open"), Text("[open]")});
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(Captions(form, 1), Words("B0 B1 B2"));
     }
 
-    void anItemGoneFromAFullMenuLeavesTheLastPlaceEmpty()
+    void removingAnItemOfAFullMenuLeavesTheLastPlaceEmpty()
     {
         for (const int item : {0, 20}) {
             GuiForm form = FormWith(Words("A"), 21);
@@ -214,7 +214,7 @@ private Q_SLOTS:
         }
     }
 
-    void theLabelShowsEachNameWithFourBlanksBehind()
+    void theLabelShowsEachNameFollowedByFourSpaces()
     {
         QCOMPARE(EditedMenuLabel(FormWith(Words("&File Edit"), 1)), Text("&File    Edit    "));
         QCOMPARE(EditedMenuLabel(GuiForm()), Text("    Click here to edit or remove menus."));
@@ -267,15 +267,15 @@ private Q_SLOTS:
                                               << "open"
                                               << ""
                                               << "[open]";
-        QTest::newRow("a bar behind the cut") << "Open [a|b]"
-                                              << "open"
-                                              << "Open"
-                                              << "[open]";
+        QTest::newRow("a bar after the cut") << "Open [a|b]"
+                                             << "open"
+                                             << "Open"
+                                             << "[open]";
         QTest::newRow("quotes and stars") << "Say \"*hi*\""
                                           << "say"
                                           << "Say \"*hi*\""
                                           << "[say]";
-        QTest::newRow("blanks around") << " Open "
+        QTest::newRow("spaces around") << " Open "
                                        << "open"
                                        << " Open "
                                        << "[open]";

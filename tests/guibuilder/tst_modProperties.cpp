@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A control's properties: which fields they show, and what the fields make of the control.
+// A control's properties: which fields they show, and how the fields change the control.
 #include "core/CoreBench.h"
 
 #include "guibuilder/modProperties.h"
@@ -65,8 +65,8 @@ private Q_SLOTS:
     void eachKindHasItsFields_data();
     void eachKindHasItsFields();
     void everyKindShowsNameAndRectangle();
-    void tagIsPartedAtItsFirstMark_data();
-    void tagIsPartedAtItsFirstMark();
+    void tagIsSplitAtItsFirstMark_data();
+    void tagIsSplitAtItsFirstMark();
     void graphicboxShowsItsColor();
     void otherKindsShowNoColor();
     void measuresAreDividedByTheScreensFactors();
@@ -80,7 +80,7 @@ private Q_SLOTS:
     void placesMayBeNegative();
     void tooltipJoinsTheTagOfKindsWithTheField_data();
     void tooltipJoinsTheTagOfKindsWithTheField();
-    void branchIsStoredAsItStands();
+    void branchIsStoredUnchanged();
     void captionIsStoredForKindsThatHaveOne_data();
     void captionIsStoredForKindsThatHaveOne();
     void graphicboxTakesTheChosenColor();
@@ -106,7 +106,7 @@ void tst_modProperties::eachKindHasItsFields_data()
 {
     QTest::addColumn<ControlKind>("kind");
     QTest::addColumn<QStringList>("texts"); // caption, branch, bitmap, tool tip
-    QTest::addColumn<QString>("enabled");   // their letters, and "c" for the colour
+    QTest::addColumn<QString>("enabled");   // their initials, and "c" for the colour
     const auto row = [](ControlKind kind, const char* texts, const char* enabled) {
         QTest::addRow("%s", TraitsOf(kind).propWord.data())
             << kind << QString::fromLatin1(texts).split(QLatin1Char('|')) << QString::fromLatin1(enabled);
@@ -148,7 +148,7 @@ void tst_modProperties::everyKindShowsNameAndRectangle()
     }
 }
 
-void tst_modProperties::tagIsPartedAtItsFirstMark_data()
+void tst_modProperties::tagIsSplitAtItsFirstMark_data()
 {
     QTest::addColumn<QString>("tag");
     QTest::addColumn<QString>("name");
@@ -162,12 +162,12 @@ void tst_modProperties::tagIsPartedAtItsFirstMark_data()
     row("empty name", " *Go on", "", "Go on");
     row("empty tip", "ok *", "ok", "");
     row("two marks", "ok *one *two", "ok", "one *two");
-    row("star without a blank", "ok*one", "ok*one", "");
-    row("blanks stay", " ok  * tip ", " ok ", " tip ");
+    row("star without a space", "ok*one", "ok*one", "");
+    row("spaces stay", " ok  * tip ", " ok ", " tip ");
     row("quotes and bars", "a\"b|c *d|\"e", "a\"b|c", "d|\"e");
 }
 
-void tst_modProperties::tagIsPartedAtItsFirstMark()
+void tst_modProperties::tagIsSplitAtItsFirstMark()
 {
     QFETCH(QString, tag);
     ControlRecord control = Sample();
@@ -244,7 +244,7 @@ void tst_modProperties::textsBecomeTwips()
     const ControlRecord control = Confirmed(Button, [&](PropertyTexts& texts) { texts.left = text; });
     QTEST(control.left, "left");
     QVERIFY(!std::signbit(control.left) || control.left < 0);
-    // What was taken is shown and taken again as it is.
+    // A value once taken is shown and taken again unchanged.
     ControlRecord again = control;
     ApplyProperties(again, Button, PropertiesOf(again, Button, Scale).texts, ControlFate::Kept, Scale);
     QTEST(again.left, "left");
@@ -260,7 +260,7 @@ void tst_modProperties::untouchedMeasureStaysAsItWas()
     ControlRecord confirmed = control;
     ApplyProperties(confirmed, Button, PropertiesOf(control, Button, Scale).texts, ControlFate::Kept, Scale);
     QVERIFY(confirmed == control);
-    // The same number in other words is a number that was typed.
+    // The same number written differently is a number that was typed.
     PropertyTexts texts = PropertiesOf(control, Button, Scale).texts;
     texts.left = QStringLiteral("6.70");
     ApplyProperties(confirmed, Button, texts, ControlFate::Kept, Scale);
@@ -337,7 +337,7 @@ void tst_modProperties::tooltipJoinsTheTagOfKindsWithTheField()
     QCOMPARE(with("", ""), hasField ? QStringLiteral(" *") : QString());
 }
 
-void tst_modProperties::branchIsStoredAsItStands()
+void tst_modProperties::branchIsStoredUnchanged()
 {
     for (const char* branch : {"", "ok.click", "[ok.click]", "  [half", "a|b*c\"d"}) {
         const QString text = QString::fromLatin1(branch);
@@ -417,7 +417,7 @@ void tst_modProperties::unreadableBitmapLeavesPictureAndSize_data()
     QTest::newRow("a folder") << QStringLiteral(".");
     QTest::newRow("no bitmap") << QStringLiteral("text.bmp");
     QTest::newRow("cut off") << QStringLiteral("short.bmp");
-    QTest::newRow("a blank") << QStringLiteral(" ");
+    QTest::newRow("a space") << QStringLiteral(" ");
 }
 
 void tst_modProperties::unreadableBitmapLeavesPictureAndSize()

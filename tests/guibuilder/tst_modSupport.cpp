@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The routines for tool tips and status bar that a generated program carries, line by line.
+// The routines for tool tips and status bar included in a generated program, line by line.
 #include "guibuilder/modSupport.h"
 
 #include <QTest>
@@ -66,7 +66,7 @@ class tst_modSupport : public QObject {
 private Q_SLOTS:
     // --- Tool tips. ---
 
-    void TheTooltipsRoutineStartsAndEnds()
+    void theTooltipsRoutineStartsAndEnds()
     {
         QCOMPARE(QString::fromUtf16(TooltipStart).toLatin1(),
                  Lines({
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(QString::fromUtf16(TooltipEnd).toLatin1(), QByteArray("    END SUB\r\n\r\n"));
     }
 
-    void AControlsTooltipIsRegistered_data()
+    void aControlsTooltipIsRegistered_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QByteArray>("comment");
@@ -110,7 +110,7 @@ private Q_SLOTS:
         row(ControlKind::Listbox, "'Listbox Tooltip:");
     }
 
-    void AControlsTooltipIsRegistered()
+    void aControlsTooltipIsRegistered()
     {
         QFETCH(int, kind);
         QFETCH(QByteArray, comment);
@@ -125,7 +125,7 @@ private Q_SLOTS:
                             }));
     }
 
-    void AGraphicboxSetsTheWindowAnew()
+    void aGraphicboxSetsTheWindowAgain()
     {
         QCOMPARE(Tooltip(ControlKind::Graphicbox),
                  "before" + Lines({
@@ -139,7 +139,7 @@ private Q_SLOTS:
                             }));
     }
 
-    void AComboboxGivesTheEditFieldInsideIt()
+    void aComboboxGivesTheEditFieldInsideIt()
     {
         QCOMPARE(Tooltip(ControlKind::Combobox),
                  "before" + Lines({
@@ -157,7 +157,7 @@ private Q_SLOTS:
 
     // --- Status bar. ---
 
-    void OnePanelNeedsNoParts()
+    void onePanelNeedsNoParts()
     {
         const QByteArray resize = Lines({
             "[ResizeStatus] 'resize status bar when window is resized",
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QCOMPARE(Status({QStringLiteral("Ready")}), resize + MakeStart + CaptionStart + caption + End);
     }
 
-    void MorePanelsHaveEdgesFromOneAndNumbersFromZero()
+    void morePanelsHaveEdgesFromOneAndNumbersFromZero()
     {
         const QByteArray resize = Lines({
             "[ResizeStatus] 'resize status bar when window is resized",
@@ -212,7 +212,7 @@ private Q_SLOTS:
                  resize + MakeStart + parts + CaptionStart + captions + End);
     }
 
-    void TwoPanelsShareTheWidth()
+    void twoPanelsShareTheWidth()
     {
         const QByteArray text = Status({QStringLiteral("a"), QStringLiteral("b")});
         QVERIFY(text.contains("    sizePanel = Int(WindowWidth/2) 'divide WindowWidth by number of panels\r\n"
@@ -222,7 +222,7 @@ private Q_SLOTS:
         QVERIFY(!text.contains("edge3"));
     }
 
-    void ManyPanelsGoOn()
+    void manyPanelsFollowTheSamePattern()
     {
         QStringList panels;
         for (int panel = 0; panel < 12; ++panel)
@@ -233,7 +233,7 @@ private Q_SLOTS:
         QVERIFY(text.contains("    Call ChangeStatusText hBar, 11, \"11\"\r\n    MakeStatusBar = hBar\r\n"));
     }
 
-    void TextsStandAsTheyAre()
+    void textsAreWrittenUnchanged()
     {
         QVERIFY(Status({QStringLiteral("%1 \"%2\" |")}).contains("hBar, 0, \"%1 \"%2\" |\"\r\n"));
         QString block;

@@ -64,7 +64,7 @@ void Press(const QDialog& dialog, const char* list, Qt::Key key, Qt::KeyboardMod
     QTest::keyClick(List(dialog, list), key, held);
 }
 
-// The names of those buttons that are off.
+// The names of the disabled buttons.
 QStringList ButtonsOff(const QDialog& dialog)
 {
     QStringList off;
@@ -142,7 +142,7 @@ private Q_SLOTS:
         ResetGui();
     }
 
-    void textsAreAsTold()
+    void textsAreAsExpected()
     {
         Edit([](QDialog& dialog) {
             QCOMPARE(dialog.windowTitle(), Text("Menu Editor"));
@@ -484,7 +484,7 @@ private Q_SLOTS:
         });
     }
 
-    void theKeyboardLeadsToAListAndALine()
+    void theKeyboardReachesEachListAndLine()
     {
         SetMenus(Words("A B"), 2);
         dlgMenu dialog;
@@ -531,7 +531,7 @@ private Q_SLOTS:
         QCOMPARE(MenuNames(GuiDesign().form), Words("A"));
     }
 
-    void everyWayOutUpdatesTheLabel_data()
+    void everyWayToCloseUpdatesTheLabel_data()
     {
         QTest::addColumn<int>("way");
         QTest::newRow("Exit") << 0;
@@ -540,7 +540,7 @@ private Q_SLOTS:
         QTest::newRow("the frame's cross") << 3;
     }
 
-    void everyWayOutUpdatesTheLabel()
+    void everyWayToCloseUpdatesTheLabel()
     {
         QFETCH(int, way);
         SetMenus(Words("A"), 1);

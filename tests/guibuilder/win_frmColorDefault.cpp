@@ -91,7 +91,7 @@ private Q_SLOTS:
         });
     }
 
-    void everyFieldIsLabelledForThoseWhoCannotSee()
+    void everyFieldHasAnAccessibleName()
     {
         Play([this] {
             QWidgetList labelled;
@@ -141,7 +141,7 @@ private Q_SLOTS:
         });
     }
 
-    void enterConfirmsAndShowsTheFormAnew()
+    void enterConfirmsAndRefreshesTheForm()
     {
         GuiDesign().form.windowTag = Text("open");
         QCOMPARE(Play([this] {
@@ -172,7 +172,7 @@ private Q_SLOTS:
         QCOMPARE(static_cast<int>(GuiDesign().form.GuiDefaultsState), -1);
     }
 
-    void dialogTypeTakesTheMenuAwayAtOnce()
+    void dialogTypeRemovesTheMenuAtOnce()
     {
         QCOMPARE(Play([this] {
                      Choose("Dialog");
@@ -186,7 +186,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.GuiWindowType, Text("Window"));
     }
 
-    void windowTypeGivesTheMenuBoxBackButNotTheMenu()
+    void windowTypeEnablesTheMenuBoxButDoesNotRestoreTheMenu()
     {
         Play([this] {
             Choose("Dialog_modal");
@@ -211,7 +211,7 @@ private Q_SLOTS:
         });
     }
 
-    void menuBoxWorksAtOnceAndOutlivesCancel()
+    void menuBoxTakesEffectAtOnceAndSurvivesCancel()
     {
         Play([this] {
             Box("chkMenu")->click();

@@ -47,7 +47,7 @@ const QString LoadFilter = QStringLiteral("Gui Form (*.obf)|*.OBF");
 
 frmGui* FormWindow(TestBench& bench)
 {
-    // What was closed goes with the next turn of the event loop.
+    // A closed window is deleted in the next turn of the event loop.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return bench.Frame().findChild<frmGui*>();
 }
@@ -102,7 +102,7 @@ class win_frmGui : public QObject {
     }
 
 private Q_SLOTS:
-    void AFormOnTheCommandLineComesUp()
+    void aFormOnTheCommandLineIsOpened()
     {
         TestBench bench;
         Load(bench);
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(frame->geometry(), QRect(40, 30, 400, 300));
     }
 
-    void F5HandsTheFormsProgramToTheEngine()
+    void f5HandsTheFormsProgramToTheEngine()
     {
         TestBench bench;
         Load(bench);
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QCOMPARE(bench.Active()->Caption(), bench.ProgramPath(QStringLiteral("untitled.bak")));
     }
 
-    void BothCompileToolsOpenTheProgram()
+    void bothCompileToolsOpenTheProgram()
     {
         TestBench bench;
         Load(bench);
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormModified);
     }
 
-    void AMissingBitmapIsToldAndTheProgramComes()
+    void aMissingBitmapIsReportedAndTheProgramOpens()
     {
         TestBench bench;
         Load(bench, SmallForm + "bmpbutton|bmpbttn| 0| 0| 450| 450|b|b.click|none\r\n");
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QVERIFY(TestBench::Text(bench.Active()).contains("bmpbutton   #main.b, \"bmpbttn\""));
     }
 
-    void SavingWhatWasLoadedGivesTheSameBytes()
+    void savingALoadedFormGivesTheSameBytes()
     {
         TestBench bench;
         Load(bench);
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(StatusOf(bench), QStringLiteral("Form saved as again.obf"));
     }
 
-    void MovingTheWindowChangesOnlyItsPlaceInTheFile()
+    void movingTheWindowChangesOnlyItsPlaceInTheFile()
     {
         TestBench bench;
         Load(bench);
@@ -180,7 +180,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.top, 450.0F);
     }
 
-    void TheWindowRefusesToBeMaximized()
+    void theWindowRefusesToBeMaximized()
     {
         TestBench bench;
         Load(bench);
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.width, 6000.25F);
     }
 
-    void ScrollingTheAreaMovesNoForm()
+    void scrollingTheAreaDoesNotMoveTheForm()
     {
         TestBench bench;
         Load(bench);
@@ -207,7 +207,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.left, 600.5F);
     }
 
-    void AFormWithoutASizeCanStillBeGrabbed()
+    void aFormWithoutASizeCanStillBeGrabbed()
     {
         TestBench bench;
         QByteArray none = SmallForm;
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.height, -15.0F);
     }
 
-    void ANewFormHasNothingToUndo()
+    void aNewFormHasNothingToUndo()
     {
         TestBench bench;
         bench.Start();
@@ -229,7 +229,7 @@ private Q_SLOTS:
         QVERIFY(!Surface(bench)->Designer().CanUndo());
     }
 
-    void ClosingAFormPutsTheToolAway()
+    void closingAFormDisarmsTheTool()
     {
         TestBench bench;
         Load(bench);
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QVERIFY(!Tool(bench, 4)->isChecked());
     }
 
-    void SaveNeedsAFormInFront()
+    void saveNeedsAFormInFront()
     {
         TestBench bench;
         Load(bench);
@@ -257,7 +257,7 @@ private Q_SLOTS:
         QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
     }
 
-    void ASaveThatFailsLeavesTheOldFileAndTheFormModified()
+    void aSaveThatFailsLeavesTheOldFileAndTheFormModified()
     {
         TestBench bench;
         Load(bench);
@@ -268,7 +268,7 @@ private Q_SLOTS:
         bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
         bench.Choose(QStringLiteral("mnuFileSaveGui"));
         QVERIFY(GuiDesign().GuiFormModified);
-        // Closing asks still, and a save that fails again keeps the window.
+        // Closing still asks, and a save that fails again keeps the window.
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNoCancel);
         bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, folder);
         bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
@@ -277,7 +277,7 @@ private Q_SLOTS:
         GuiDesign().GuiFormModified = false;
     }
 
-    void ACorruptFileUnloadsTheForm()
+    void aCorruptFileUnloadsTheForm()
     {
         TestBench bench;
         const QString path = bench.Write(QStringLiteral("bad.obf"), SmallForm + "nonsense|1\r\n");
@@ -288,7 +288,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("closed"));
     }
 
-    void ADamagedFileLeavesWhatWasReadOnTheSurface()
+    void aDamagedFileLeavesWhatWasReadOnTheSurface()
     {
         TestBench bench;
         const QString path = bench.Write(QStringLiteral("bad.obf"), SmallForm + "button|x| 1| 2|wide\r\n");
@@ -298,11 +298,11 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormLoading);
         QVERIFY(GuiDesign().form.At({ControlKind::Button, 1}).visible);
         QVERIFY(!GuiDesign().form.At({ControlKind::Button, 2}).visible);
-        // While the flag is set the properties stay away.
+        // While the flag is set the properties do not open.
         QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(30, 30));
     }
 
-    void LoadByTheMenuAsksForTheOpenForm()
+    void loadByTheMenuAsksForTheOpenForm()
     {
         TestBench bench;
         const QString path = Load(bench);
@@ -321,7 +321,7 @@ private Q_SLOTS:
         QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
     }
 
-    void ANameWithoutTheEndingUnloadsTheForm()
+    void aNameWithoutTheEndingUnloadsTheForm()
     {
         TestBench bench;
         Load(bench);
@@ -332,7 +332,7 @@ private Q_SLOTS:
         QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
     }
 
-    void ControlsAreDrawnMovedAndUndone()
+    void controlsAreDrawnMovedAndUndone()
     {
         TestBench bench;
         Load(bench);
@@ -357,7 +357,7 @@ private Q_SLOTS:
         QVERIFY(bench.Close());
     }
 
-    void DeleteAsksFirst()
+    void deleteAsksFirst()
     {
         TestBench bench;
         Load(bench);
@@ -374,7 +374,7 @@ private Q_SLOTS:
         GuiDesign().GuiFormModified = false;
     }
 
-    void ARightClickOpensThePropertiesAndBringsToTheFront()
+    void aRightClickOpensThePropertiesAndBringsToTheFront()
     {
         TestBench bench;
         Load(bench, SmallForm + "textbox|none| 300| 300| 1200| 300|t\r\n");
@@ -391,7 +391,7 @@ private Q_SLOTS:
         GuiDesign().GuiFormModified = false;
     }
 
-    void ARightClickOnTheSurfaceOpensTheWindowProperties()
+    void aRightClickOnTheSurfaceOpensTheWindowProperties()
     {
         TestBench bench;
         Load(bench);
@@ -402,7 +402,7 @@ private Q_SLOTS:
         GuiDesign().GuiFormModified = false;
     }
 
-    void ANewFormAsksForItsWindow()
+    void aNewFormAsksForItsWindow()
     {
         TestBench bench;
         bench.Start();
@@ -411,7 +411,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("open"));
         QVERIFY(FormWindow(bench) != nullptr);
         QVERIFY(bench.Frame().findChild<QWidget*>(QStringLiteral("picGui"))->isVisible());
-        // The command again starts anew without a question: nothing was changed.
+        // Repeating the command starts again without a question: nothing was changed.
         bench.ExpectModal(QStringLiteral("frmColorDefault"),
                           [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click(); });
         bench.Choose(QStringLiteral("mnuFileNewGui"));
@@ -420,7 +420,7 @@ private Q_SLOTS:
         QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
     }
 
-    void TheMenuLabelOpensTheEditorOrGoes()
+    void theMenuLabelOpensTheEditorOrGoes()
     {
         TestBench bench;
         Load(bench);
@@ -441,7 +441,7 @@ private Q_SLOTS:
         QCOMPARE(Surface(bench)->y(), 0);
     }
 
-    void TheStatusBarGainsAndLosesPanels()
+    void theStatusBarGainsAndLosesPanels()
     {
         TestBench bench;
         Load(bench);
@@ -469,7 +469,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.panels.size(), std::size_t{1});
     }
 
-    void GridAndLockFollowTheirButtons()
+    void gridAndLockFollowTheirButtons()
     {
         TestBench bench;
         Load(bench);
@@ -490,7 +490,7 @@ private Q_SLOTS:
         QVERIFY(!Switch(bench, "chkLock")->isChecked());
     }
 
-    void TheMenuEditorToolFollowsTheWindowType()
+    void theMenuEditorToolFollowsTheWindowType()
     {
         TestBench bench;
         QByteArray dialog = SmallForm;
@@ -500,7 +500,7 @@ private Q_SLOTS:
         QVERIFY(!GuiDesign().form.GuiMenuOn);
     }
 
-    void ToolsNeedAForm()
+    void toolsNeedAForm()
     {
         TestBench bench;
         bench.Start();
@@ -509,7 +509,7 @@ private Q_SLOTS:
             QCOMPARE(Tool(bench, place)->isEnabled(), place == 0 || place == 2 || place == 3);
     }
 
-    void ControlsAreAlignedFromTheMenuKey()
+    void controlsAreAlignedFromTheMenuKey()
     {
         TestBench bench;
         Load(bench, SmallForm + "textbox|none| 4500| 700| 1200| 300|t\r\n");
@@ -528,7 +528,7 @@ private Q_SLOTS:
         GuiDesign().GuiFormModified = false;
     }
 
-    void ClosingTheBenchAsksForTheForm()
+    void closingTheBenchAsksForTheForm()
     {
         TestBench bench;
         Load(bench);
@@ -542,7 +542,7 @@ private Q_SLOTS:
         QCOMPARE(TestBench::Read(saved), SmallForm);
     }
 
-    void AUserWhoIsNotToBeAskedIsNotAsked()
+    void aUserWhoDeclinedQuestionsIsNotAsked()
     {
         TestBench bench;
         Load(bench);

@@ -30,7 +30,7 @@ class win_frmProp : public QObject {
     Q_OBJECT
 
 private:
-    // The dialog of a control of that kind, played by the script.
+    // The dialog of a control of that kind, driven by the script.
     PropEnd Play(ControlKind kind, const std::function<void()>& script)
     {
         bench->ExpectModal(Text("frmProp"), [&](QDialog& shown) {
@@ -101,7 +101,7 @@ private Q_SLOTS:
         ResetGui();
     }
 
-    void titleTipsAndCaptionsAreAsTold()
+    void titleTipsAndCaptionsAreAsExpected()
     {
         Place(ControlKind::Texteditor);
         Play(ControlKind::Texteditor, [this] {
@@ -125,7 +125,7 @@ private Q_SLOTS:
         });
     }
 
-    void everyFieldIsLabelledForThoseWhoCannotSee()
+    void everyFieldHasAnAccessibleName()
     {
         Place(ControlKind::Button);
         Play(ControlKind::Button, [this] {
@@ -184,7 +184,7 @@ private Q_SLOTS:
         });
     }
 
-    void enterConfirmsAndShowsTheFormAnew()
+    void enterConfirmsAndRefreshesTheForm()
     {
         Place(ControlKind::Button);
         const PropEnd end = Play(ControlKind::Button, [this] {
@@ -318,7 +318,7 @@ private Q_SLOTS:
         });
     }
 
-    void previewTellsWhatIsWrongWithABitmap()
+    void previewShowsWhatIsWrongWithABitmap()
     {
         bench->Write(Text("text.bmp"), "print 1");
         Place(ControlKind::Bmpbutton);
@@ -371,7 +371,7 @@ private Q_SLOTS:
             QVERIFY(dialog->isVisible());
             Press("CancelButton");
         });
-        // The other fields were in the control already, so the form has changed.
+        // The other fields were already in the control, so the form has changed.
         QCOMPARE(end, PropEnd::Confirmed);
         QCOMPARE(Control().tag, Text("key *"));
         QCOMPARE(form->log, QStringList{Text("refresh gui")});

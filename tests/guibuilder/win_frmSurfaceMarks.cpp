@@ -30,9 +30,9 @@ private Q_SLOTS:
     void gridHasADotEveryTenPixels();
     void gridDotsAreWhiteOnDarkColors();
     void gridIsPaintedInTheExposedPartOnly();
-    void handlesTellWhetherTheControlIsLocked();
+    void handlesShowWhetherTheControlIsLocked();
     void selectionFrameStaysWithinItsMargin();
-    void rubberBandIsSeenOnAnyColor();
+    void rubberBandIsVisibleOnAnyColor();
     void hugeBandsAndGridsArePaintedAtOnce();
 };
 
@@ -81,7 +81,7 @@ void win_frmSurfaceMarks::gridIsPaintedInTheExposedPartOnly()
     QCOMPARE(Grid(GuiForm(), 1, {-55, -55, 60, 60}).Touched(), QRect(0, 0, 1, 1));
 }
 
-void win_frmSurfaceMarks::handlesTellWhetherTheControlIsLocked()
+void win_frmSurfaceMarks::handlesShowWhetherTheControlIsLocked()
 {
     const auto handles = [](HandleState state) {
         SurfacePicture picture;
@@ -115,7 +115,7 @@ void win_frmSurfaceMarks::selectionFrameStaysWithinItsMargin()
     }
 }
 
-void win_frmSurfaceMarks::rubberBandIsSeenOnAnyColor()
+void win_frmSurfaceMarks::rubberBandIsVisibleOnAnyColor()
 {
     const QRect band(30, 20, 80, 60);
     SurfacePicture picture;
@@ -127,7 +127,7 @@ void win_frmSurfaceMarks::rubberBandIsSeenOnAnyColor()
     QVERIFY(!picture.WhereIs(Qt::black).isEmpty());
     QVERIFY(!picture.WhereIs(Qt::white).isEmpty());
     QCOMPARE(picture.At(31, 21), Blank);
-    // A band that is part of what it was, in a clip, has its dashes where they were.
+    // Part of a band, clipped, has its dashes in the same places.
     SurfacePicture part;
     {
         QPainter painter(&part.image);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The painter of the drawing surface: what of a control is painted where, in which colours, at any scale of the screen.
+// The painter of the drawing surface: which parts of a control are painted where, in which colours, at any scale of the
+// screen.
 #include "support/BenchTest.h"
 
 #include "guibuilder/SurfacePicture.h"
@@ -34,36 +35,36 @@ class win_frmSurfacePaint : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void placesAreCutDownToWholePixels();
-    void hugeAndSenselessPlacesAreHeldInBounds();
-    void controlIsPaintedWhereItStands_data() { AddKinds(); }
-    void controlIsPaintedWhereItStands();
+    void placesAreTruncatedToWholePixels();
+    void hugeAndInvalidPlacesAreLimited();
+    void controlIsPaintedInItsPlace_data() { AddKinds(); }
+    void controlIsPaintedInItsPlace();
     void hiddenControlPaintsNothing_data() { AddKinds(); }
     void hiddenControlPaintsNothing();
     void nothingIsPaintedOutsideThePaintedRect_data() { AddKinds(); }
     void nothingIsPaintedOutsideThePaintedRect();
     void hostileControlsArePaintedAtOnce_data() { AddKinds(); }
     void hostileControlsArePaintedAtOnce();
-    void painterIsGivenBackAsItWas_data() { AddKinds(); }
-    void painterIsGivenBackAsItWas();
+    void painterIsRestored_data() { AddKinds(); }
+    void painterIsRestored();
     void fieldsHaveTheFormsColors();
     void buttonFaceDoesNotFollowTheBenchsPalette();
     void captionHasTheForegroundColor();
     void comboboxHasItsArrowAtTheRightEdge();
     void comboboxShowsItsIndex();
     void comboboxTextBeginsAtTheFieldsCorner();
-    void checkAndRadioMarksStandAtTheLeft();
+    void checkAndRadioMarksAreAtTheLeft();
     void texteditorHasTwoScrollBarsAndListboxOne();
-    void groupboxLeavesItsInsideAlone();
+    void groupboxLeavesItsInsideUnpainted();
     void groupboxFrameHasAGapForTheCaption();
     void pictureIsCentredAndNotScaled();
     void pictureLargerThanItsButtonIsClipped();
     void buttonWithoutItsPictureShowsAText();
     void graphicboxHasItsOwnFillAndAThinFrame();
-    void fieldsShowAmpersandsAsTheyAre();
+    void fieldsShowAmpersandsUnchanged();
 };
 
-void win_frmSurfacePaint::placesAreCutDownToWholePixels()
+void win_frmSurfacePaint::placesAreTruncatedToWholePixels()
 {
     ControlRecord control;
     control.left = 149.9F;
@@ -74,7 +75,7 @@ void win_frmSurfacePaint::placesAreCutDownToWholePixels()
     QCOMPARE(PixelRect(control, {10, 20}), QRect(14, -1, 120, 2));
 }
 
-void win_frmSurfacePaint::hugeAndSenselessPlacesAreHeldInBounds()
+void win_frmSurfacePaint::hugeAndInvalidPlacesAreLimited()
 {
     ControlRecord control;
     control.left = -1e30F;
@@ -91,7 +92,7 @@ void win_frmSurfacePaint::hugeAndSenselessPlacesAreHeldInBounds()
     QCOMPARE(PixelRect(control, {0, -3}).x(), 0);
 }
 
-void win_frmSurfacePaint::controlIsPaintedWhereItStands()
+void win_frmSurfacePaint::controlIsPaintedInItsPlace()
 {
     GuiForm form;
     const QRect place(20, 30, 60, 40);
@@ -130,7 +131,7 @@ void win_frmSurfacePaint::nothingIsPaintedOutsideThePaintedRect()
 
 void win_frmSurfacePaint::hostileControlsArePaintedAtOnce()
 {
-    constexpr int mostMilliseconds = 2000; // for what takes some milliseconds, on however busy a machine
+    constexpr int mostMilliseconds = 2000; // for a few milliseconds of work, however busy the machine
     GuiForm form;
     const ControlRef ref = Put(form, KindOfRow(), {20, 30, 60, 40});
     ControlRecord& control = form.At(ref);
@@ -150,7 +151,7 @@ void win_frmSurfacePaint::hostileControlsArePaintedAtOnce()
     QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
 }
 
-void win_frmSurfacePaint::painterIsGivenBackAsItWas()
+void win_frmSurfacePaint::painterIsRestored()
 {
     GuiForm form;
     const ControlRef ref = Put(form, KindOfRow(), {20, 30, 40, 20});
@@ -207,7 +208,7 @@ void win_frmSurfacePaint::buttonFaceDoesNotFollowTheBenchsPalette()
 void win_frmSurfacePaint::captionHasTheForegroundColor()
 {
     GuiForm form;
-    form.GuiFontSize = QStringLiteral("40"); // thick strokes have pixels that are nothing but ink
+    form.GuiFontSize = QStringLiteral("40"); // thick strokes have pixels that are pure ink
     form.GuiForegroundColor = QStringLiteral("Red");
     const auto ink = [&](ControlKind kind) {
         const ControlRef ref = Put(form, kind, {10, 10, 150, 100});
@@ -218,14 +219,14 @@ void win_frmSurfacePaint::captionHasTheForegroundColor()
          {ControlKind::Statictext, ControlKind::Groupbox, ControlKind::Textbox, ControlKind::Texteditor,
           ControlKind::Checkbox, ControlKind::Radiobutton, ControlKind::Listbox, ControlKind::Combobox})
         QVERIFY2(ink(kind), std::string(TraitsOf(kind).keyword).c_str());
-    // Buttons have the system's colours, as in the program.
+    // Buttons have the system colours, as in the program.
     QVERIFY(!ink(ControlKind::Button));
 }
 
 void win_frmSurfacePaint::comboboxHasItsArrowAtTheRightEdge()
 {
     GuiForm form;
-    form.GuiForegroundColor = QStringLiteral("White"); // black is then the arrow's alone
+    form.GuiForegroundColor = QStringLiteral("White"); // so that only the arrow is black
     const ControlRef ref = Put(form, ControlKind::Combobox, {10, 10, 120, 30});
     const QRect arrow = Painted(form, ref).WhereIs(Qt::black);
     QCOMPARE(arrow.size(), QSize(7, 4));
@@ -243,7 +244,7 @@ void win_frmSurfacePaint::comboboxShowsItsIndex()
     form.At(second).caption = QStringLiteral("what a file has there");
     const QImage one = Painted(form, first).image;
     QVERIFY(one != Painted(form, second).image);
-    // The text is the kind's and the index, nothing of the caption.
+    // The text is that of the kind and the index, not the caption.
     form.At(second).caption.clear();
     const QImage two = Painted(form, second).image;
     form.At(second).caption = QStringLiteral("other");
@@ -262,7 +263,7 @@ void win_frmSurfacePaint::comboboxTextBeginsAtTheFieldsCorner()
     QVERIFY(ink.top() >= 12 && ink.top() <= 25);
 }
 
-void win_frmSurfacePaint::checkAndRadioMarksStandAtTheLeft()
+void win_frmSurfacePaint::checkAndRadioMarksAreAtTheLeft()
 {
     GuiForm form;
     form.GuiBackgroundColor = QStringLiteral("Darkred");
@@ -289,7 +290,7 @@ void win_frmSurfacePaint::texteditorHasTwoScrollBarsAndListboxOne()
     QCOMPARE(Painted(form, Put(form, ControlKind::Textbox, place)).WhereIs(field), QRect(12, 12, 146, 116));
 }
 
-void win_frmSurfacePaint::groupboxLeavesItsInsideAlone()
+void win_frmSurfacePaint::groupboxLeavesItsInsideUnpainted()
 {
     GuiForm form;
     const SurfacePicture picture = Painted(form, Put(form, ControlKind::Groupbox, {10, 10, 120, 100}));
@@ -354,7 +355,7 @@ void win_frmSurfacePaint::buttonWithoutItsPictureShowsAText()
     form.At(ref).caption.clear();
     const QImage bare = Painted(form, ref).image;
     QVERIFY(placeholder != bare);
-    // Of a picture that is missing, the file's name is told.
+    // For a missing picture the file's name is shown.
     form.At(ref).caption = QStringLiteral("c:\\pictures\\bmpbttn");
     QCOMPARE(Painted(form, ref).image, placeholder);
 }
@@ -371,7 +372,7 @@ void win_frmSurfacePaint::graphicboxHasItsOwnFillAndAThinFrame()
     QCOMPARE(Painted(form, ref).At(30, 30), QColor(240, 240, 240));
 }
 
-void win_frmSurfacePaint::fieldsShowAmpersandsAsTheyAre()
+void win_frmSurfacePaint::fieldsShowAmpersandsUnchanged()
 {
     GuiForm form;
     const ControlRef ref = Put(form, ControlKind::Textbox, {10, 10, 100, 30});

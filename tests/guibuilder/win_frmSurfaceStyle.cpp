@@ -16,8 +16,8 @@ class win_frmSurfaceStyle : public QObject {
 
 private Q_SLOTS:
     void systemColorsOfFilesAreKnown();
-    void unknownColorNamesGiveTheUsualColors();
-    void ampersandUnderlinesTheNextLetter();
+    void unknownColorNamesFallBackToTheDefaultColors();
+    void ampersandUnderlinesTheNextCharacter();
     void wordsWrapAtTheWidthOfAStatictext();
     void fontSizeIsInPoints_data();
     void fontSizeIsInPoints();
@@ -33,7 +33,7 @@ void win_frmSurfaceStyle::systemColorsOfFilesAreKnown()
     QCOMPARE(SurfaceColor(Rgb(1, 2, 250)), QColor(1, 2, 250));
 }
 
-void win_frmSurfaceStyle::unknownColorNamesGiveTheUsualColors()
+void win_frmSurfaceStyle::unknownColorNamesFallBackToTheDefaultColors()
 {
     GuiForm form;
     for (QString* name : {&form.GuiForegroundColor, &form.GuiBackgroundColor, &form.GuiTextboxColor,
@@ -46,7 +46,7 @@ void win_frmSurfaceStyle::unknownColorNamesGiveTheUsualColors()
         QCOMPARE(field, QColor(Qt::white));
 }
 
-void win_frmSurfaceStyle::ampersandUnderlinesTheNextLetter()
+void win_frmSurfaceStyle::ampersandUnderlinesTheNextCharacter()
 {
     const SurfaceStyle style(GuiForm(), PictureScale);
     const SurfaceText plain = style.Line(QStringLiteral("Save"), Ampersands::Mark);

@@ -83,14 +83,14 @@ private Q_SLOTS:
     void isSmallAndTheSameInEveryBuild();
     void demonstrationDeclaresTheThreeFunctions();
     void bothAreWrittenIntoAFolder();
-    void folderThatRejectsFilesIsAnError();
+    void unwritableFolderIsAnError();
 };
 
 // Without the cross compiler the program is built without the library.
 #define NEED_LIBRARY()                                                                                                 \
     do {                                                                                                               \
         if (!CarriesImageLibrary())                                                                                    \
-            QSKIP("this build does not carry the library");                                                            \
+            QSKIP("the library is not embedded in this build");                                                        \
     } while (false)
 
 void tst_imageLibrary::isALibraryOf32Bits()
@@ -164,7 +164,7 @@ void tst_imageLibrary::bothAreWrittenIntoAFolder()
     QCOMPARE(program.readAll(), Embedded(103));
 }
 
-void tst_imageLibrary::folderThatRejectsFilesIsAnError()
+void tst_imageLibrary::unwritableFolderIsAnError()
 {
     const QTemporaryDir folder;
     QVERIFY_EXCEPTION_THROWN(WriteImageLibrary(folder.filePath(QStringLiteral("missing"))), RuntimeError);

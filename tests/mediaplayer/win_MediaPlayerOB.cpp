@@ -33,7 +33,7 @@ QByteArray LittleEndian(quint32 value, int width)
     return bytes;
 }
 
-// A sound of 16 bits a sample, so quiet that a test on a desktop disturbs nobody.
+// A sound of 16 bits per sample, so quiet that a test on a desktop disturbs nobody.
 QByteArray WavFile(int milliseconds)
 {
     QByteArray samples;
