@@ -73,7 +73,7 @@ class tst_cColourReduceDIB : public QObject {
 private Q_SLOTS:
     void cleanup() { vectorInstructionsAllowed = true; }
 
-    void GreyWeighsTheChannelsAndRoundsHalvesToEven()
+    void greyWeighsTheChannelsAndRoundsHalvesToEven()
     {
         QCOMPARE(int(GreyOf(0, 255, 0)), 180);
         QCOMPARE(int(GreyOf(255, 0, 0)), 57);
@@ -89,7 +89,7 @@ private Q_SLOTS:
         }
     }
 
-    void GreyOfEveryColorIsTheToldOneInPictures()
+    void greyOfEveryColorMatchesTheFormulaInPictures()
     {
         // All colours, a line of 4096 of them at a time.
         for (unsigned first = 0; first < 1U << 24; first += 4096) {
@@ -115,7 +115,7 @@ private Q_SLOTS:
         }
     }
 
-    void EveryWidthGivesTheToldPicture_data()
+    void everyWidthMatchesTheReference_data()
     {
         QTest::addColumn<int>("width");
         QTest::addColumn<bool>("vectors");
@@ -125,7 +125,7 @@ private Q_SLOTS:
         }
     }
 
-    void EveryWidthGivesTheToldPicture()
+    void everyWidthMatchesTheReference()
     {
         QFETCH(int, width);
         QFETCH(bool, vectors);
@@ -173,14 +173,14 @@ private Q_SLOTS:
         }
     }
 
-    void PalettesOfEverySizeGiveTheToldPicture_data()
+    void palettesOfEverySizeMatchTheReference_data()
     {
         QTest::addColumn<int>("count");
         for (const int count : {1, 2, 3, 15, 16, 17, 64, 100, 236, 256, 1000, 4097})
             QTest::addRow("%d", count) << count;
     }
 
-    void PalettesOfEverySizeGiveTheToldPicture()
+    void palettesOfEverySizeMatchTheReference()
     {
         QFETCH(int, count);
         const cPalette palette = RandomPalette(count, static_cast<unsigned>(count));
@@ -198,7 +198,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheFixedPalettesGiveTheToldPicture()
+    void theFixedPalettesMatchTheReference()
     {
         std::vector<cPalette> palettes(4);
         palettes[0].CreateWebSafe();
@@ -221,7 +221,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheSearchByCellsFindsTheFirstNearest()
+    void theSearchByCellsFindsTheFirstNearest()
     {
         // What processors without the vector instructions use, and what the bitmap writer uses.
         std::mt19937 generator(1);
@@ -243,7 +243,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheThresholdAndItsErrors()
+    void theThresholdAndItsErrors()
     {
         // 128 is black and passes 128 on; the pixel to its right takes 56 of it.
         cDIBSection picture = OfGreys({{128, 72, 0, 0}});
@@ -268,7 +268,7 @@ private Q_SLOTS:
         QCOMPARE(GreysOfLine(picture, 0), (std::vector<int>{255, 255, 0, 0}));
     }
 
-    void PicturesOfOneOrTwoColumnsAreAPlainThreshold()
+    void picturesOfOneOrTwoColumnsAreAPlainThreshold()
     {
         cDIBSection picture = OfGreys({{128, 129}, {120, 128}, {200, 10}});
         cColourReduceDIB().BlackAndWhite(picture, picture);
@@ -277,7 +277,7 @@ private Q_SLOTS:
         QCOMPARE(GreysOfLine(picture, 2), (std::vector<int>{255, 0}));
     }
 
-    void SmallErrorsAreNotPassedOn()
+    void smallErrorsAreNotPassedOn()
     {
         cPalette palette;
         palette.Add(100, 100, 100);
@@ -293,7 +293,7 @@ private Q_SLOTS:
         }
     }
 
-    void EventsTellTheToldValues()
+    void eventsReportTheirValues()
     {
         struct Told {
             std::vector<int> starts;
@@ -330,7 +330,7 @@ private Q_SLOTS:
         QCOMPARE(told.ends, 1);
     }
 
-    void AColorThatIsNearToNothingRaisesTheSubscriptError()
+    void aColorWithoutANearestEntryRaisesTheSubscriptError()
     {
         cPalette white;
         white.Add(255, 255, 255);
@@ -342,7 +342,7 @@ private Q_SLOTS:
         }
     }
 
-    void PicturesOfTwoSizesStopOrWorkOnTheTargetsPart()
+    void picturesOfTwoSizesStopOrUseTheTargetsPart()
     {
         cDIBSection large = plain::SectionOf(plain::Random(9, 7, plain::Kind::Noise, 3));
         cDIBSection small;

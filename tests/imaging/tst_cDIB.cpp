@@ -58,7 +58,7 @@ class tst_cDIB : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ALoadedFileTellsItsFields()
+    void aLoadedFileReportsItsFields()
     {
         MemoryFiles disk;
         disk.files["x.bmp"] = File24();
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(int(info.back()), 1);
     }
 
-    void AColorTableBelongsToTheInfoBytes()
+    void aColorTableBelongsToTheInfoBytes()
     {
         BitmapBytes file;
         file.FileHeader(1078).InfoHeader(4, 1, 8, 0, 4).bytes.resize(1078);
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(int(dib.PointerToBitmapInfo().back()), 9);
     }
 
-    void TheMessagesOfFilesThatAreNotLoaded()
+    void theMessagesOfFilesThatAreNotLoaded()
     {
         MemoryFiles disk;
         Notices notices;
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QVERIFY(notices.shown == expected);
     }
 
-    void ImpossibleSizesRaiseTheSubscriptError_data()
+    void impossibleSizesRaiseTheSubscriptError_data()
     {
         QTest::addColumn<qint64>("offset");
         QTest::addColumn<qint64>("sizeImage");
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QTest::newRow("negative offset") << qint64{-54} << qint64{8};
     }
 
-    void ImpossibleSizesRaiseTheSubscriptError()
+    void impossibleSizesRaiseTheSubscriptError()
     {
         QFETCH(qint64, offset);
         QFETCH(qint64, sizeImage);
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QCOMPARE(ErrorNumberOf([&] { cDIB().CreateFromBytes(file.bytes); }), 9);
     }
 
-    void PixelsMayStartWithinTheHeader()
+    void pixelsMayStartWithinTheHeader()
     {
         for (const int offset : {14, 20, 53}) {
             BitmapBytes file;
@@ -160,7 +160,7 @@ private Q_SLOTS:
         }
     }
 
-    void WhatTheFileLacksIsZerosAlsoInsideAField()
+    void missingBytesAreZerosEvenWithinAField()
     {
         std::vector<std::uint8_t> bytes = File24();
         bytes.resize(58);
@@ -175,7 +175,7 @@ private Q_SLOTS:
         QCOMPARE(dib.XPPM(), 0);
     }
 
-    void AHeaderThatPromisesGigabytesCostsNothing()
+    void aHeaderThatPromisesGigabytesCostsNothing()
     {
         BitmapBytes file;
         file.FileHeader(Most).InfoHeader(2, 1, 24, 0, Most).Put(0, 8);
@@ -184,7 +184,7 @@ private Q_SLOTS:
         QCOMPARE(dib.SizeBitmapInfo(), std::int32_t{Most - 13});
     }
 
-    void NegativeValuesAreToldAsSuch()
+    void negativeValuesAreReportedAsSuch()
     {
         BitmapBytes file;
         file.FileHeader(54, -3).InfoHeader(-2, -5, -8, -1, 4, -1).Put(0, 8);
@@ -197,7 +197,7 @@ private Q_SLOTS:
         QCOMPARE(dib.ClrUsed(), -1);
     }
 
-    void AnEmptyObjectHasNoBytes()
+    void anEmptyObjectHasNoBytes()
     {
         const cDIB dib;
         QCOMPARE(ErrorNumberOf([&] { dib.PointerToBits(); }), 9);
@@ -206,7 +206,7 @@ private Q_SLOTS:
         QCOMPARE(dib.Width(), 0);
     }
 
-    void ALoadedFileIsWrittenWithOneByteTooMany()
+    void aLoadedFileIsWrittenWithOneByteTooMany()
     {
         const std::vector<std::uint8_t> bytes = File24();
         MemoryFiles disk;
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QVERIFY(Loaded(bytes).WriteToFile("y.bmp", disk.Writer()));
     }
 
-    void APackedBitmapIsTakenFromMemory()
+    void aPackedBitmapIsTakenFromMemory()
     {
         BitmapBytes packed;
         packed.InfoHeader(2, 1, 24, 0, 8).Bytes({1, 2, 3, 4, 5, 6, 7, 8, 99});
@@ -235,7 +235,7 @@ private Q_SLOTS:
         QCOMPARE(int(disk.files["y.bmp"][54]), 1);
     }
 
-    void PackedBitmapsThatAreRefused()
+    void invalidPackedBitmapsAreRejected()
     {
         const auto take = [](int bits, int sizeImage, int pixelBytes) {
             BitmapBytes packed;

@@ -46,7 +46,7 @@ class tst_cDIBSection : public QObject {
 private Q_SLOTS:
     void cleanup() { vectorInstructionsAllowed = true; }
 
-    void ANewPictureIsBlackAndTellsItsSize()
+    void aNewPictureIsBlackAndReportsItsSize()
     {
         cDIBSection section;
         QCOMPARE(section.hDib(), std::uintptr_t{0});
@@ -68,14 +68,14 @@ private Q_SLOTS:
             QCOMPARE(int(section.DIBSectionBitsPtr()[index]), 0);
     }
 
-    void LinesStandOnMultiplesOfFour()
+    void linesAreAlignedToMultiplesOfFour()
     {
         const std::array<int, 6> expected = {4, 8, 12, 12, 16, 20};
         for (int width = 1; width <= 6; ++width)
             QCOMPARE(Blank(width, 1).BytesPerScanLine(), expected[static_cast<std::size_t>(width) - 1]);
     }
 
-    void SizesThatCannotBeAreRefused_data()
+    void impossibleSizesAreRejected_data()
     {
         QTest::addColumn<int>("width");
         QTest::addColumn<int>("height");
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QTest::newRow("a large square") << 26755 << 26755;
     }
 
-    void SizesThatCannotBeAreRefused()
+    void impossibleSizesAreRejected()
     {
         QFETCH(int, width);
         QFETCH(int, height);
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QVERIFY(section.DIBSectionBitsPtr() == nullptr);
     }
 
-    void ClearUpKeepsTheSizeAlone()
+    void clearUpKeepsOnlyTheSize()
     {
         cDIBSection section = Blank(7, 5);
         section.ClearUp();
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(section.DIBSectionBitsPtr() == nullptr);
     }
 
-    void CopiesAreMeasuredFromTheTopLeft()
+    void copiesAreMeasuredFromTheTopLeft()
     {
         const cDIBSection source = Numbered(4, 3);
         cDIBSection target = Blank(3, 2);
@@ -135,7 +135,7 @@ private Q_SLOTS:
         }
     }
 
-    void CopiesAreCutAtBothPictures()
+    void copiesAreClippedToBothPictures()
     {
         const cDIBSection source = Numbered(4, 3);
         cDIBSection target = Blank(2, 2);
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QVERIFY(plain::Of(target).bytes == before.bytes);
     }
 
-    void APictureIsCopiedWithinItself()
+    void aPictureIsCopiedWithinItself()
     {
         for (const std::int32_t shift : {-1, 1}) {
             cDIBSection section = Numbered(4, 4);
@@ -171,7 +171,7 @@ private Q_SLOTS:
         }
     }
 
-    void NoiseIsGreyOrHasNoBlue()
+    void noiseIsGreyOrHasNoBlue()
     {
         cDIBSection grey = Blank(50, 40);
         grey.RandomiseBits(Noise::Grey, 5);
@@ -200,7 +200,7 @@ private Q_SLOTS:
 
     // --- Scaling. ---
 
-    void EveryWidthIsScaledAsTold_data()
+    void everyScaledWidthMatchesTheReference_data()
     {
         QTest::addColumn<int>("width");
         QTest::addColumn<bool>("vectors");
@@ -210,7 +210,7 @@ private Q_SLOTS:
         }
     }
 
-    void EveryWidthIsScaledAsTold()
+    void everyScaledWidthMatchesTheReference()
     {
         QFETCH(int, width);
         QFETCH(bool, vectors);
@@ -225,7 +225,7 @@ private Q_SLOTS:
         }
     }
 
-    void LargeAndExtremeSizesAreScaledAsTold()
+    void largeAndExtremeSizesMatchTheReference()
     {
         const plain::Picture start = plain::Random(300, 200, plain::Kind::Noise, 1);
         CompareResample(start, 100, 150);
@@ -238,7 +238,7 @@ private Q_SLOTS:
         CompareResample(plain::Random(20000, 3, plain::Kind::Noise, 4), 70, 3);
     }
 
-    void TheSameSizeIsACopyAlsoOfOneLineOrColumn()
+    void theSameSizeIsACopyAlsoOfOneLineOrColumn()
     {
         for (const auto& [width, height] : {std::pair(1, 1), std::pair(1, 9), std::pair(9, 1), std::pair(9, 9)}) {
             const plain::Picture start = plain::Random(width, height, plain::Kind::Noise, 1);
@@ -248,7 +248,7 @@ private Q_SLOTS:
         }
     }
 
-    void OneLineOrColumnCannotBeScaled()
+    void oneLineOrColumnCannotBeScaled()
     {
         for (const auto& [width, height] : {std::pair(1, 1), std::pair(1, 9), std::pair(9, 1)}) {
             const cDIBSection section = Blank(width, height);
@@ -261,7 +261,7 @@ private Q_SLOTS:
         }
     }
 
-    void ASizeThatCannotBeMadeGivesNothing()
+    void aSizeThatCannotBeMadeGivesNothing()
     {
         const cDIBSection section = Blank(4, 4);
         QVERIFY(!section.Resample(0, 4));
@@ -271,7 +271,7 @@ private Q_SLOTS:
 
     // --- The file. ---
 
-    void TheFileIsHeadersAndPixelsAsTheyStand()
+    void theFileIsHeadersAndPixelsUnchanged()
     {
         MemoryFiles disk;
         const cDIBSection section = Numbered(3, 2);
@@ -288,7 +288,7 @@ private Q_SLOTS:
         QVERIFY(file[54 + 9] == 0 && file[54 + 10] == 0 && file[54 + 11] == 0);
     }
 
-    void AFileThatCannotBeOpenedRaisesError17()
+    void aFileThatCannotBeOpenedRaisesError17()
     {
         MemoryFiles disk;
         disk.writeResult = {FileOutcome::NotOpened, EACCES};
@@ -305,7 +305,7 @@ private Q_SLOTS:
         QVERIFY(!Blank(2, 2).SavePicture("x.bmp", disk.Writer()));
     }
 
-    void TheSystemHasTextsForItsErrors()
+    void theSystemHasTextsForItsErrors()
     {
         QVERIFY(!cDIBSection::ApiError(0).empty());
         QCOMPARE(cDIBSection::ApiError(ENOENT), std::generic_category().message(ENOENT));

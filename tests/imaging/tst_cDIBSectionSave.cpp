@@ -76,7 +76,7 @@ class tst_cDIBSectionSave : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WithoutReductionThePlatformsCopyMapsTheColors()
+    void withoutReductionThePlatformsCopyMapsTheColors()
     {
         for (int width = 1; width <= 70; ++width) {
             for (const plain::Kind kind : kinds) {
@@ -110,7 +110,7 @@ private Q_SLOTS:
         }
     }
 
-    void APaletteIsDitheredToAtEveryDepth()
+    void aPaletteIsDitheredToAtEveryDepth()
     {
         for (int width = 1; width <= 70; width += 3) {
             const plain::Picture start = plain::Random(width, 9, plain::Kind::Photograph, static_cast<unsigned>(width));
@@ -132,7 +132,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheAutomaticReductionDependsOnTheDepth()
+    void theAutomaticReductionDependsOnTheDepth()
     {
         for (int width = 1; width <= 70; width += 3) {
             const plain::Picture start = plain::Random(width, 9, plain::Kind::Photograph, static_cast<unsigned>(width));
@@ -163,7 +163,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheLengthOfThePixelsFollowsTheFilesOwnRule_data()
+    void theLengthOfThePixelsFollowsTheFilesOwnRule_data()
     {
         QTest::addColumn<int>("depth");
         QTest::addColumn<int>("width");
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QTest::newRow("4 bits, 1: none") << 1 << 1 << 0;
     }
 
-    void TheLengthOfThePixelsFollowsTheFilesOwnRule()
+    void theLengthOfThePixelsFollowsTheFilesOwnRule()
     {
         QFETCH(int, depth);
         QFETCH(int, width);
@@ -193,7 +193,7 @@ private Q_SLOTS:
         QCOMPARE(int(saved.file[2] | saved.file[3] << 8), offset + perLine * 5);
     }
 
-    void TwentyFourBitsAreNeverReduced()
+    void twentyFourBitsAreNeverReduced()
     {
         const plain::Picture start = plain::Random(5, 4, plain::Kind::Noise, 1);
         for (const SaveReduceMode mode : {SaveReduceMode::None, SaveReduceMode::Palette, SaveReduceMode::Automatic}) {
@@ -205,7 +205,7 @@ private Q_SLOTS:
         }
     }
 
-    void ThePaletteModeNeedsAPalette()
+    void thePaletteModeNeedsAPalette()
     {
         const plain::Picture start = plain::Random(5, 4, plain::Kind::Noise, 1);
         for (const SaveBitDepth depth : {SaveBitDepth::Bits1, SaveBitDepth::Bits4, SaveBitDepth::Bits8}) {
@@ -214,7 +214,7 @@ private Q_SLOTS:
         }
     }
 
-    void AnEmptyPaletteMakesABlackPictureWithoutReduction()
+    void anEmptyPaletteMakesABlackPictureWithoutReduction()
     {
         const Saved saved =
             Save(plain::Random(8, 4, plain::Kind::Noise, 1), cPalette(), SaveBitDepth::Bits8, SaveReduceMode::None);
@@ -222,7 +222,7 @@ private Q_SLOTS:
         QVERIFY(std::all_of(saved.file.begin() + 54, saved.file.end(), [](std::uint8_t byte) { return byte == 0; }));
     }
 
-    void AFileThatCannotBeOpenedRaisesError17()
+    void aFileThatCannotBeOpenedRaisesError17()
     {
         MemoryFiles disk;
         disk.writeResult = {FileOutcome::NotOpened, EACCES};
@@ -240,7 +240,7 @@ private Q_SLOTS:
                                         disk.Writer()));
     }
 
-    void APictureWithoutPixelsIsNotWritten()
+    void aPictureWithoutPixelsIsNotWritten()
     {
         MemoryFiles disk;
         cDIBSection none;

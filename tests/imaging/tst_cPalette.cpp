@@ -74,7 +74,7 @@ private Q_SLOTS:
 
     // --- Fixed palettes. ---
 
-    void TheWebPaletteEndsAsItAlwaysDid()
+    void theWebPaletteEndsAsItAlwaysDid()
     {
         cPalette palette;
         palette.CreateWebSafe();
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QVERIFY(Entry(palette, 256) == PaletteEntry{});
     }
 
-    void TheHalfTonePaletteFillsAFewLessThanHalf()
+    void theHalfTonePaletteFillsAFewLessThanHalf()
     {
         cPalette palette;
         palette.CreateHalfTone();
@@ -110,7 +110,7 @@ private Q_SLOTS:
             QVERIFY(Entry(palette, index) == PaletteEntry{});
     }
 
-    void TheSixteenColorsAndBlackAndWhite()
+    void theSixteenColorsAndBlackAndWhite()
     {
         cPalette palette;
         palette.Create16Colour();
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QVERIFY(EntriesOf(palette) == (plain::Entries{{0, 0, 0, 0}, {255, 255, 255, 0}}));
     }
 
-    void AnIndexOutsideTheListRaisesTheSubscriptError()
+    void anIndexOutsideTheListRaisesTheSubscriptError()
     {
         cPalette palette;
         palette.CreateMono();
@@ -150,7 +150,7 @@ private Q_SLOTS:
 
     // --- The nearest entry. ---
 
-    void TheFirstOfSeveralNearestEntriesWins()
+    void theFirstOfSeveralNearestEntriesWins()
     {
         const cPalette palette = Of({{10, 10, 10, 0}, {20, 10, 10, 0}, {10, 10, 10, 0}, {10, 20, 10, 0}});
         QCOMPARE(palette.ClosestIndex(15, 10, 10), 1);
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QCOMPARE(palette.ClosestIndex(10, 16, 10), 4);
     }
 
-    void AColorAsFarAsCanBeIsNearToNothing()
+    void theFarthestColorHasNoNearestEntry()
     {
         QCOMPARE(cPalette().ClosestIndex(1, 2, 3), 0);
         QCOMPARE(Of({{255, 255, 255, 0}}).ClosestIndex(0, 0, 0), 0);
@@ -167,7 +167,7 @@ private Q_SLOTS:
         QCOMPARE(Of({{255, 255, 255, 0}, {254, 255, 255, 0}}).ClosestIndex(0, 0, 0), 2);
     }
 
-    void AnyNumbersMayBeAskedFor()
+    void anyNumbersMayBeRequested()
     {
         constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
         constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
@@ -179,7 +179,7 @@ private Q_SLOTS:
         QCOMPARE(palette.ClosestIndex(least, most, least), 0);
     }
 
-    void TheNearestEntryIsTheToldOne_data()
+    void theNearestEntryMatchesTheReference_data()
     {
         QTest::addColumn<int>("count");
         QTest::addColumn<bool>("vectors");
@@ -189,7 +189,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheNearestEntryIsTheToldOne()
+    void theNearestEntryMatchesTheReference()
     {
         QFETCH(int, count);
         QFETCH(bool, vectors);
@@ -212,7 +212,7 @@ private Q_SLOTS:
 
     // --- The best palette for a picture. ---
 
-    void TheBestPaletteIsTheToldOneAtEveryWidth()
+    void theBestPaletteMatchesTheReferenceAtEveryWidth()
     {
         for (int width = 1; width <= 70; ++width) {
             for (const plain::Kind kind : kinds) {
@@ -225,14 +225,14 @@ private Q_SLOTS:
         }
     }
 
-    void TheBestPaletteIsTheToldOneAtEveryLevelAndCount_data()
+    void theBestPaletteMatchesTheReferenceAtEveryLevelAndCount_data()
     {
         QTest::addColumn<int>("level");
         for (int level = 1; level <= 8; ++level)
             QTest::addRow("%d", level) << level;
     }
 
-    void TheBestPaletteIsTheToldOneAtEveryLevelAndCount()
+    void theBestPaletteMatchesTheReferenceAtEveryLevelAndCount()
     {
         QFETCH(int, level);
         for (const int wanted : {-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 16, 17, 100, 236, 256, 1000, 100000}) {
@@ -244,14 +244,14 @@ private Q_SLOTS:
         }
     }
 
-    void ALargePictureGivesTheToldPalette()
+    void aLargePicturesPaletteMatchesTheReference()
     {
         CompareOptimal(plain::Random(640, 480, plain::Kind::Photograph, 3), 236, 6);
         CompareOptimal(plain::Random(400, 300, plain::Kind::Noise, 3), 236, 6);
         CompareOptimal(plain::Random(200, 200, plain::Kind::Noise, 3), 236, 8);
     }
 
-    void SumsBeyond32BitsComeOutExactly()
+    void sumsBeyond32BitsComeOutExactly()
     {
         // 17 million pixels of one grey; their neighbours' triples are the same colour.
         cDIBSection section;
@@ -262,7 +262,7 @@ private Q_SLOTS:
         QVERIFY(EntriesOf(palette) == (plain::Entries{{254, 254, 254, 0}}));
     }
 
-    void OneWantedColorFailsToFoldTheRoot()
+    void oneWantedColorFailsToFoldTheRoot()
     {
         plain::Picture picture = plain::Random(16, 16, plain::Kind::Noise, 1);
         cPalette palette;
@@ -274,7 +274,7 @@ private Q_SLOTS:
         QCOMPARE(palette.Count(), 8);
     }
 
-    void LevelsThatTheTreeLacksRaiseTheSubscriptErrorWhenTheyAreMet()
+    void levelsThatTheTreeLacksRaiseTheSubscriptErrorWhenTheyAreMet()
     {
         const cDIBSection noise = plain::SectionOf(plain::Random(16, 16, plain::Kind::Noise, 1));
         cPalette palette;
@@ -287,7 +287,7 @@ private Q_SLOTS:
         CompareOptimal(plain::Random(16, 16, plain::Kind::Noise, 1), 100000, 9);
     }
 
-    void ValuesZeroAndOneShareACell()
+    void valuesZeroAndOneShareACell()
     {
         cDIBSection section;
         QVERIFY(section.Create(1, 2));
@@ -297,7 +297,7 @@ private Q_SLOTS:
         QVERIFY(EntriesOf(palette) == (plain::Entries{{0, 0, 0, 0}}));
     }
 
-    void TheFirstEventTellsLinesAndColors()
+    void theFirstEventReportsLinesAndColors()
     {
         std::vector<std::int32_t> starts;
         int ends = 0;
@@ -315,7 +315,7 @@ private Q_SLOTS:
 
     // --- The binary file. ---
 
-    void ABinaryFileIsACountAndFourBytesAnEntry()
+    void aBinaryFileIsACountAndFourBytesAnEntry()
     {
         MemoryFiles disk;
         QVERIFY(Of({{1, 2, 3, 0}, {255, 254, 253, 0}}).Save("p", 0, disk.Writer()));
@@ -328,7 +328,7 @@ private Q_SLOTS:
         QVERIFY(EntriesOf(palette) == (plain::Entries{{1, 2, 3, 99}, {255, 254, 253, 0}}));
     }
 
-    void APositionLeadsIntoALargerFile()
+    void aPositionMayBeWithinALargerFile()
     {
         MemoryFiles disk;
         QVERIFY(Of({{7, 8, 9, 0}}).Save("p", 5, disk.Writer()));
@@ -343,7 +343,7 @@ private Q_SLOTS:
         QCOMPARE(position, 14);
     }
 
-    void BinaryCountsFrom1To4097AreTaken()
+    void binaryCountsFrom1To4097AreTaken()
     {
         for (const int count : {0, 1, 4097, 4098, -1}) {
             MemoryFiles disk;
@@ -361,7 +361,7 @@ private Q_SLOTS:
         }
     }
 
-    void ABinaryFileThatEndsEarlyLeavesWhatItHad()
+    void aBinaryFileThatEndsEarlyLeavesWhatItHad()
     {
         MemoryFiles disk;
         disk.files["p"] = {3, 0, 0, 0, 10, 20, 30, 40, 50, 60};
@@ -376,7 +376,7 @@ private Q_SLOTS:
         QCOMPARE(palette.Count(), 3);
     }
 
-    void ABinaryFileThatCannotBeWrittenGivesFalse()
+    void aBinaryFileThatCannotBeWrittenGivesFalse()
     {
         MemoryFiles disk;
         disk.writeResult.outcome = FileOutcome::NotOpened;
@@ -387,7 +387,7 @@ private Q_SLOTS:
 
     // --- The text file. ---
 
-    void ATextFileIsWrittenWithoutALastLineEndAndGivesFalse()
+    void aTextFileIsWrittenWithoutALastLineEndAndGivesFalse()
     {
         MemoryFiles disk;
         QVERIFY(!Of({{1, 2, 3, 0}, {255, 0, 128, 0}}).SaveToJASCFile("p", disk.Writer()));
@@ -399,7 +399,7 @@ private Q_SLOTS:
         QVERIFY(EntriesOf(palette) == (plain::Entries{{1, 2, 3, 0}, {255, 0, 128, 0}}));
     }
 
-    void ATextFileIsItsLinesOfThreeParts_data()
+    void aTextFileIsItsLinesOfThreeParts_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<int>("count"); // -1: the file fails
@@ -424,7 +424,7 @@ private Q_SLOTS:
         row("letters beyond ASCII", "\xE9 2 3", -1);
     }
 
-    void ATextFileIsItsLinesOfThreeParts()
+    void aTextFileIsItsLinesOfThreeParts()
     {
         QFETCH(QByteArray, text);
         QFETCH(int, count);
@@ -436,7 +436,7 @@ private Q_SLOTS:
         QCOMPARE(palette.Count(), std::max(count, 0));
     }
 
-    void AMissingTextFileEmptiesThePalette()
+    void aMissingTextFileEmptiesThePalette()
     {
         MemoryFiles disk;
         cPalette palette;
@@ -445,7 +445,7 @@ private Q_SLOTS:
         QCOMPARE(palette.Count(), 0);
     }
 
-    void PartsAreNumbersRoundedToBytes_data()
+    void partsAreNumbersRoundedToBytes_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<int>("value"); // -1: none
@@ -484,7 +484,7 @@ private Q_SLOTS:
         row("\t1", -1);
     }
 
-    void PartsAreNumbersRoundedToBytes()
+    void partsAreNumbersRoundedToBytes()
     {
         QFETCH(QByteArray, text);
         QFETCH(int, value);

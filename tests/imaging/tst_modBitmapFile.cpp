@@ -48,7 +48,7 @@ class tst_modBitmapFile : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void OneBit()
+    void oneBit()
     {
         BitmapBytes file;
         file.FileHeader(62).InfoHeader(10, 2, 1).Colors({Red, Blue});
@@ -57,14 +57,14 @@ private Q_SLOTS:
                                      {Blue, Red, Red, Red, Red, Red, Red, Red, Red, Blue}}));
     }
 
-    void FourBitsWithAShortTable()
+    void fourBitsWithAShortTable()
     {
         BitmapBytes file;
         file.FileHeader(54 + 12).InfoHeader(3, 1, 4, 0, 0, 3).Colors({Red, Green, Blue}).Bytes({0x21, 0x90, 0, 0});
         QCOMPARE(Read(file), (Colors{{Blue, Green, 0}}));
     }
 
-    void EightBitsTopDown()
+    void eightBitsTopDown()
     {
         BitmapBytes file;
         file.FileHeader(54 + 8).InfoHeader(2, -2, 8, 0, 0, 2).Colors({Red, Green});
@@ -72,7 +72,7 @@ private Q_SLOTS:
         QCOMPARE(Read(file), (Colors{{Red, Green}, {Green, Green}}));
     }
 
-    void SixteenBitsOfFiveAndOfMasks()
+    void sixteenBitsOfFiveAndOfMasks()
     {
         BitmapBytes file;
         file.FileHeader(54).InfoHeader(4, 1, 16).Put(0x7C00, 2).Put(0x03E0, 2).Put(0x001F, 2).Put(0x0C21, 2);
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(Read(file), (Colors{{Red, Green, Blue, 0x101010}}));
     }
 
-    void TwentyFourAndThirtyTwoBits()
+    void twentyFourAndThirtyTwoBits()
     {
         BitmapBytes file;
         file.FileHeader(54).InfoHeader(1, 2, 24).Bytes({1, 2, 3, 0, 4, 5, 6, 0});
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QCOMPARE(Read(file), (Colors{{0xFF8000}}));
     }
 
-    void NewHeadersCarryTheirMasks()
+    void newHeadersIncludeTheirMasks()
     {
         BitmapBytes file;
         file.FileHeader(14 + 108).InfoHeader(1, 1, 32, 3, 0, 0, 108).Put(0xFF00, 4).Put(0xFF0000, 4).Put(0xFF000000, 4);
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QCOMPARE(Read(file), (Colors{{0x010203}}));
     }
 
-    void OldHeaders()
+    void oldHeaders()
     {
         BitmapBytes file;
         file.FileHeader(26 + 6).Put(12, 4).Put(9, 2).Put(1, 2).Put(1, 2).Put(1, 2).Bytes({0, 0, 255, 255, 0, 0});
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(Read(file), (Colors{{0x030201}}));
     }
 
-    void RunLengthsOfEightBits()
+    void runLengthsOfEightBits()
     {
         BitmapBytes file;
         file.FileHeader(54 + 12).InfoHeader(6, 4, 8, 1, 0, 3).Colors({White, Red, Green});
@@ -132,7 +132,7 @@ private Q_SLOTS:
                                      {Red, Red, Red, White, White, White}}));
     }
 
-    void RunLengthsOfFourBits()
+    void runLengthsOfFourBits()
     {
         BitmapBytes file;
         file.FileHeader(54 + 12).InfoHeader(5, 2, 4, 2, 0, 3).Colors({White, Red, Green});
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QCOMPARE(Read(file), (Colors{{Green, Red, White, Red, Green}, {Red, Green, Red, Green, Red}}));
     }
 
-    void RunLengthsThatEndAnywhereLeaveTheRest()
+    void runLengthsThatEndAnywhereLeaveTheRest()
     {
         BitmapBytes whole;
         whole.FileHeader(54 + 12).InfoHeader(6, 4, 8, 1, 0, 3).Colors({White, Red, Green});
@@ -152,7 +152,7 @@ private Q_SLOTS:
         }
     }
 
-    void MissingPixelsAreZeros()
+    void missingPixelsAreZeros()
     {
         BitmapBytes file;
         file.FileHeader(54).InfoHeader(1, 3, 24).Bytes({1, 2, 3, 0, 4, 5});
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(Read(file), (Colors{{Red, Red, Red}, {Green, Green, Red}}));
     }
 
-    void WhatTheWriterWritesIsOpened()
+    void whatTheWriterWritesIsOpened()
     {
         MemoryFiles disk;
         for (int width = 1; width <= 70; ++width) {
@@ -183,14 +183,14 @@ private Q_SLOTS:
         }
     }
 
-    void PixelsThatWouldStartInTheHeaderStartBehindTheTable()
+    void pixelsThatWouldStartInTheHeaderStartAfterTheTable()
     {
         BitmapBytes file;
         file.FileHeader(0).InfoHeader(1, 1, 8, 0, 0, 2).Colors({Red, Green}).Bytes({1, 0, 0, 0});
         QCOMPARE(Read(file), (Colors{{Green}}));
     }
 
-    void FilesThatAreRefused_data()
+    void invalidFilesAreRejected_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<int>("error");
@@ -230,7 +230,7 @@ private Q_SLOTS:
         row("2 GB of runs", of(26000, 26000, 8, 1), BitmapError::TooShort);
     }
 
-    void FilesThatAreRefused()
+    void invalidFilesAreRejected()
     {
         QFETCH(QByteArray, bytes);
         QFETCH(int, error);
@@ -239,7 +239,7 @@ private Q_SLOTS:
         QCOMPARE(static_cast<int>(*found), error);
     }
 
-    void EveryCutOfEveryKindIsAPictureOrAnError()
+    void everyTruncationOfEveryKindIsAPictureOrAnError()
     {
         for (const int bits : {1, 4, 8, 16, 24, 32}) {
             for (const int compression : {0, 1, 2, 3, 6}) {

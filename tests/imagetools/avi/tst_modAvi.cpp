@@ -123,7 +123,7 @@ private Q_SLOTS:
         QVERIFY(FormatForList(list, At("other.bmp"), Sink()));
     }
 
-    void filesThatCannotBeLoadedAreTold()
+    void filesThatCannotBeLoadedAreReported()
     {
         QVERIFY(!FormatForList({}, At("gone.bmp"), Sink()));
         Put(At("text.bmp"), "some text that is no bitmap and longer than any header of one");
@@ -169,7 +169,7 @@ private Q_SLOTS:
                  BytesOf(FormatOfBytes(NoiseBitmap({.bits = 4, .colors = 5}, 1))));
     }
 
-    void theStreamIsDescribedAsTold()
+    void theStreamIsDescribedAsExpected()
     {
         cDIB dib;
         const QByteArray bitmap = NoiseBitmap({}, 1);
@@ -246,7 +246,7 @@ private Q_SLOTS:
         QCOMPARE(notices, QStringList());
     }
 
-    void aBitmapThatEndsEarlyHasZerosBehind()
+    void aTruncatedBitmapIsPaddedWithZeros()
     {
         AviList list = Bitmaps({}, 1);
         const QByteArray whole = Get(list.files.first());
@@ -315,7 +315,7 @@ private Q_SLOTS:
         QCOMPARE(Entries("*"), QStringList{QStringLiteral("1.bmp")});
     }
 
-    void aPlaceThatCannotBeWrittenIsToldBeforeTheOptions()
+    void anUnwritablePlaceIsReportedBeforeTheOptions()
     {
         AviWriting writing(At("gone/out.avi"), Bitmaps({}, 1), {}, Sink());
         bool isAsked = false;
@@ -370,13 +370,13 @@ private Q_SLOTS:
     }
 
 #ifdef Q_OS_UNIX
-    void aFullDiskIsToldAndLeavesNoFile_data()
+    void aFullDiskIsReportedAndLeavesNoFile_data()
     {
         QTest::addColumn<int>("limit");
         QTest::newRow("within the headers") << 1000;
         QTest::newRow("within the frames") << 20'000;
     }
-    void aFullDiskIsToldAndLeavesNoFile()
+    void aFullDiskIsReportedAndLeavesNoFile()
     {
         QFETCH(int, limit);
         const AviList list = Bitmaps({}, 30);

@@ -106,7 +106,7 @@ private Q_SLOTS:
         QVERIFY(AviCodecsTrouble().isEmpty());
     }
 
-    void theListHoldsWhatIsInstalled()
+    void theListHasTheInstalledCodecs()
     {
         QByteArrayList names;
         for (const AviCodec& codec : AviCodecs()) {
@@ -117,7 +117,7 @@ private Q_SLOTS:
                  (QByteArrayList{"none", "huffyuv", "utvideo", "ffv1", "png", "zmbv", "mjpeg", "mpeg4", "cinepak"}));
     }
 
-    void losslessCodecsGiveTheVeryPixels_data()
+    void losslessCodecsGiveTheExactPixels_data()
     {
         QTest::addColumn<QByteArray>("codec");
         QTest::addColumn<BitmapKind>("kind");
@@ -133,7 +133,7 @@ private Q_SLOTS:
             row("32 bits", {.bits = 32});
         }
     }
-    void losslessCodecsGiveTheVeryPixels()
+    void losslessCodecsGiveTheExactPixels()
     {
         QFETCH(QByteArray, codec);
         QFETCH(BitmapKind, kind);
@@ -151,8 +151,8 @@ private Q_SLOTS:
         QCOMPARE(AllPixels(list).first(6).toHex(), QByteArray("010203010203"));
     }
 
-    void lossyCodecsComeCloseAndMindTheQuality_data() { CodecColumn({"mjpeg", "mpeg4", "cinepak"}); }
-    void lossyCodecsComeCloseAndMindTheQuality()
+    void lossyCodecsComeCloseAndFollowTheQuality_data() { CodecColumn({"mjpeg", "mpeg4", "cinepak"}); }
+    void lossyCodecsComeCloseAndFollowTheQuality()
     {
         QFETCH(QByteArray, codec);
         const AviList list = Bitmaps({Gradient(64, 48, 0), Gradient(64, 48, 5)});
@@ -171,11 +171,11 @@ private Q_SLOTS:
         QVERIFY(SizeOf("coarse.avi") < SizeOf("fine.avi") * (codec == "cinepak" ? 99 : 75) / 100);
     }
 
-    void everyFrameIsAKeyFrameAndTheSameBytesComeAgain_data()
+    void everyFrameIsAKeyFrameAndTheBytesAreReproducible_data()
     {
         CodecColumn({"huffyuv", "utvideo", "ffv1", "png", "zmbv", "mjpeg", "mpeg4", "cinepak"});
     }
-    void everyFrameIsAKeyFrameAndTheSameBytesComeAgain()
+    void everyFrameIsAKeyFrameAndTheBytesAreReproducible()
     {
         QFETCH(QByteArray, codec);
         // One frame twice: a codec that looks at the frame before would make nothing of it.
@@ -197,8 +197,8 @@ private Q_SLOTS:
         QVERIFY(last == Decoded(At("out.avi")).last(96 * 80 * 3));
     }
 
-    void slowestAndFastestFrameRatesAreTaken_data() { CodecColumn({"none", "mjpeg", "mpeg4", "ffv1"}); }
-    void slowestAndFastestFrameRatesAreTaken()
+    void slowestAndFastestFrameRatesAreAccepted_data() { CodecColumn({"none", "mjpeg", "mpeg4", "ffv1"}); }
+    void slowestAndFastestFrameRatesAreAccepted()
     {
         QFETCH(QByteArray, codec);
         const AviList list = Noise({.height = 16, .width = 16}, 2);
@@ -212,7 +212,7 @@ private Q_SLOTS:
         }
     }
 
-    void sizesThatACodecRefusesAreToldBeforeThereIsAFile()
+    void sizesThatACodecRejectsAreReportedBeforeThereIsAFile()
     {
         const AviOptions cinepak{"cinepak", 90};
         QCOMPARE(AviRefusal(cinepak, 64, 48), QString());
@@ -244,7 +244,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(At("out.avi")));
     }
 
-    void hostileHeadersFailTheCompressionAndNoMore()
+    void hostileHeadersOnlyFailTheCompression()
     {
         QByteArray bitmap = NoiseBitmap({}, 1);
         const auto put = [&](int place, quint32 value) {

@@ -103,7 +103,7 @@ private Q_SLOTS:
         QVERIFY(FramesIn(At("x.avi")) == (FrameKinds{count, 0}));
     }
 
-    void aSeekFindsFramesBehindTheFirstSegment()
+    void aSeekFindsFramesAfterTheFirstSegment()
     {
         const QList<QByteArray> bitmaps = Noise(50);
         WriteVideo(At("x.avi"), bitmaps, Info(37, 11, NoiseBytes, 1), 20'000);
@@ -137,7 +137,7 @@ private Q_SLOTS:
     }
 
 #ifdef Q_OS_UNIX
-    void aFullDiskIsToldAndLeavesTheOldFile()
+    void aFullDiskIsReportedAndLeavesTheOldFile()
     {
         Put(At("x.avi"), "old");
         {

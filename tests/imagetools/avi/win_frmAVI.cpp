@@ -128,7 +128,7 @@ private Q_SLOTS:
         QVERIFY(Preview().isNull());
     }
 
-    void filesComeIntoTheListWithTheirPicture()
+    void filesAreListedWithTheirPicture()
     {
         AddBitmaps(2);
         QCOMPARE(List()->item(1)->text(), At(QStringLiteral("1.bmp")));
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(watch.folders, (QStringList{QString(), At(QString())}));
     }
 
-    void filesThatDoNotFitAreToldAndNotAdded()
+    void filesThatDoNotFitAreReportedAndNotAdded()
     {
         AddBitmaps(1);
         Add(Bitmap(1, {.bits = 8}), DifferentFormat);
@@ -340,7 +340,7 @@ private Q_SLOTS:
         PressWrite(At(QStringLiteral("x.avi")));
     }
 
-    void aPlaceThatCannotBeWrittenIsToldAtOnce()
+    void anUnwritablePlaceIsReportedAtOnce()
     {
         AddBitmaps(1);
         PressWrite(At(QStringLiteral("gone/x.avi")), {{WriteError}});
@@ -348,7 +348,7 @@ private Q_SLOTS:
         QVERIFY(Button("cmdWriteAVI")->isEnabled());
     }
 
-    void aMissingFirstBitmapIsTold()
+    void aMissingFirstBitmapIsReported()
     {
         AddBitmaps(2);
         const QString first = At(QStringLiteral("0.bmp"));
@@ -360,7 +360,7 @@ private Q_SLOTS:
         QVERIFY(Button("cmdWriteAVI")->isEnabled());
     }
 
-    void vanishedBitmapsAreToldAndTheFrameBeforeRepeats()
+    void vanishedBitmapsAreReportedAndTheFrameBeforeRepeats()
     {
         AddBitmaps(4);
         const QByteArray first = PixelsOf(LoadPicture(At(QStringLiteral("0.bmp"))));
@@ -392,7 +392,7 @@ private Q_SLOTS:
     }
 
 #ifdef Q_OS_UNIX
-    void aFullDiskIsToldAndLeavesNoFile()
+    void aFullDiskIsReportedAndLeavesNoFile()
     {
         AddBitmaps(6);
         const FileSizeLimit limit(9000);
@@ -450,7 +450,7 @@ private Q_SLOTS:
         QCOMPARE(List()->count(), 2);
     }
 
-    void deleteTakesAFileOutOfTheList()
+    void deleteRemovesAFileFromTheList()
     {
         AddBitmaps(3);
         List()->setFocus();

@@ -19,7 +19,7 @@ private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
     void cleanup() { bench.reset(); }
 
-    void aColorIsToldWithLeadingBlanksAndStaysTheNextStart()
+    void aColorIsShownWithLeadingSpacesAndIsTheNextStart()
     {
         bench->dialogs.ExpectColor(title, 0, 197121);
         mnuColorDialog_Click();
@@ -37,13 +37,13 @@ private Q_SLOTS:
         QVERIFY(bench->dialogs.Finished());
     }
 
-    void theSameTextComesWithoutBlanks()
+    void theSameTextIsShownWithoutSpaces()
     {
         QCOMPARE(ColorStatus(Rgb(1, 2, 3), NumberForm::Plain), QStringLiteral("R-1     G-2     B-3     Long-197121"));
         QCOMPARE(ColorStatus(0, NumberForm::Plain), QStringLiteral("R-0     G-0     B-0     Long-0"));
     }
 
-    void aFontIsToldWithItsSize()
+    void aFontIsShownWithItsSize()
     {
         bench->dialogs.ExpectFont(start, FontSpec{QStringLiteral("Courier New"), 12, true, false});
         mnuToolFont_Click();

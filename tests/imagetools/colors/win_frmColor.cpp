@@ -73,7 +73,7 @@ private Q_SLOTS:
         QCOMPARE(Find<QLabel>("Label3")->text(), QStringLiteral("Blue - 255"));
     }
 
-    void exitTellsTheNumbers()
+    void exitShowsTheNumbers()
     {
         Find<QSlider>("Slider1_0")->setValue(1);
         Find<QSlider>("Slider1_1")->setValue(2);
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(Status(), QStringLiteral("R-1     G-2     B-3     Long-197121"));
     }
 
-    void enterTellsTheNumbersToo()
+    void enterShowsTheNumbersToo()
     {
         QTest::keyClick(window.get(), Qt::Key_Return);
         QCOMPARE(Status(), QStringLiteral("R-128     G-128     B-128     Long-8421504"));

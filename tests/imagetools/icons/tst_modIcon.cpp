@@ -166,7 +166,7 @@ private Q_SLOTS:
         QVERIFY(IsRearranged(ShiftDown(icon), icon, [](int x, int y) { return IconPoint{x, (y + 31) % 32}; }));
     }
 
-    void thirtyTwoShiftsGiveTheIconBack()
+    void thirtyTwoShiftsRestoreTheIcon()
     {
         const Icon icon = RandomIcon(2);
         for (const auto shift : {ShiftLeft, ShiftRight, ShiftUp, ShiftDown}) {
@@ -191,7 +191,7 @@ private Q_SLOTS:
         QVERIFY(Repeated(icon, Flip, 2) == icon);
     }
 
-    void changeAllLeavesOtherColorsAlone()
+    void changeAllKeepsOtherColors()
     {
         const Icon icon = Colors();
         const Icon changed = ChangeAll(icon, TransparentColor, Rgb(255, 0, 0));
@@ -228,7 +228,7 @@ private Q_SLOTS:
         QVERIFY(IsOnGridLine({325, 5}));
     }
 
-    void aMoveTouchesTheCellsThatASlowPointerWould()
+    void aFastMoveTouchesTheSameCellsAsASlowOne()
     {
         std::mt19937 random(5);
         const auto any = [&random] { return static_cast<int>(random() % 521) - 100; };
@@ -240,7 +240,7 @@ private Q_SLOTS:
         }
     }
 
-    void aMoveLeavesNoCellOut()
+    void aMoveSkipsNoCell()
     {
         std::mt19937 random(6);
         const auto any = [&random] { return static_cast<int>(random() % 320); };
@@ -257,7 +257,7 @@ private Q_SLOTS:
         }
     }
 
-    void aMoveFromFarAwayIsCutToTheIcon()
+    void aMoveFromFarAwayIsClippedToTheIcon()
     {
         constexpr int far = 2'000'000'000;
         const auto row = CellsBetween({-far, 15}, {far, 15});
@@ -323,7 +323,7 @@ private Q_SLOTS:
         QCOMPARE(reduced.At(5, 4), Rgb(192, 192, 192));
     }
 
-    void theFileHasItsBytesAsTold()
+    void theFileHasTheExpectedBytes()
     {
         QCOMPARE(IconFileOf(Colors()), Golden("colors.ico"));
         QCOMPARE(IconFileOf(Icon()), Golden("empty.ico"));
@@ -367,7 +367,7 @@ private Q_SLOTS:
         QCOMPARE(file.sliced(642, 30 * 4), QByteArray(30 * 4, '\0'));
     }
 
-    void theFileComesBackAsTheReducedIcon()
+    void theFileIsReadBackAsTheReducedIcon()
     {
         Icon icon = RandomIcon(7);
         icon.At(4, 5) = TransparentColor;
@@ -387,7 +387,7 @@ private Q_SLOTS:
         QVERIFY(LooksEqual(seen.convertToFormat(QImage::Format_ARGB32), ImageWithAlpha(Colors())));
     }
 
-    void icotoolTakesTheFile()
+    void icotoolAcceptsTheFile()
     {
         Put(Path("colors.ico"), IconFileOf(Colors()));
         QProcess tool;
@@ -427,7 +427,7 @@ private Q_SLOTS:
         }
     }
 
-    void aPartOfAPictureIsStretchedAlone()
+    void onlyAPartOfAPictureIsStretched()
     {
         const Icon icon = IconFromPicture(PictureBy(200, 100, ByPlace), {30, 20, 48, 80});
         for (int y = 0; y < IconSide; ++y)
@@ -435,7 +435,7 @@ private Q_SLOTS:
                 QCOMPARE(icon.At(x, y), ByPlace(30 + x * 48 / 32, 20 + y * 80 / 32));
     }
 
-    void whatIsNoPictureIsTransparent()
+    void theAreaOutsideAPictureIsTransparent()
     {
         QVERIFY(IconFromPicture(cDIBSection()) == Icon());
         const cDIBSection picture = PictureBy(16, 16, [](int, int) { return Rgb(0, 0, 255); });
@@ -548,7 +548,7 @@ private Q_SLOTS:
         QCOMPARE(Get(Path("run.exe")), QByteArray(5'000, 'e'));
     }
 
-    void aFolderThatTakesNoTemporaryIconIsAnErrorBeforeTheEngineIsTouched()
+    void anUnwritableTemporaryFolderIsAnErrorBeforeTheEngineIsTouched()
     {
         QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("temp.ico")));
         Put(Path("run.exe"), QByteArray(30'000, 'e'));

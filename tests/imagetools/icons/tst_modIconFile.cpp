@@ -144,7 +144,7 @@ class tst_modIconFile : public QObject {
     }
 
 private Q_SLOTS:
-    void AnIconFileIsOneIcon()
+    void anIconFileIsOneIcon()
     {
         const QByteArray file = icons::IcoFile(SomeIcons()[0]);
         QCOMPARE(IconIndex(ViewOf(file)).Count(), 1);
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QVERIFY(!IconIndex(ViewOf(file)).Extract(-1));
     }
 
-    void TheBestImageIsTaken_data()
+    void theBestImageIsTaken_data()
     {
         QTest::addColumn<QList<int>>("images"); // side, bits, side, bits, ...
         QTest::addColumn<int>("taken");
@@ -168,7 +168,7 @@ private Q_SLOTS:
         row("most bits of equally near", {16, 4, 48, 8}, 1);
         row("the first of equally near", {48, 8, 16, 8}, 0);
     }
-    void TheBestImageIsTaken()
+    void theBestImageIsTaken()
     {
         QFETCH(QList<int>, images);
         QFETCH(int, taken);
@@ -182,7 +182,7 @@ private Q_SLOTS:
     }
 
     // The directory has no room for 256 and says 0.
-    void ASideOf256IsRead()
+    void aSideOf256IsRead()
     {
         const Entry entry = icons::RandomImage(256, 256, 8);
         const QByteArray file = icons::IcoFile({entry});
@@ -190,14 +190,14 @@ private Q_SLOTS:
         QVERIFY(Holds(file, 0, entry));
     }
 
-    void AnImageThatCannotBeReadIsPassedOver()
+    void anUnreadableImageIsSkipped()
     {
         QList<Entry> entries = {icons::RandomImage(32, 32, 8), icons::RandomImage(16, 16, 4)};
         icons::Overwrite(entries[0].bytes, 16, 1, 4);
         QVERIFY(Holds(icons::IcoFile(entries), 0, entries[1]));
     }
 
-    void AnIconFileThatEndsEarlyHasNoImage()
+    void anIconFileThatEndsEarlyHasNoImage()
     {
         const QByteArray file = icons::IcoFile({icons::RandomImage(32, 32, 4)});
         for (qsizetype size = 0; size < file.size(); ++size) {
@@ -208,7 +208,7 @@ private Q_SLOTS:
         }
     }
 
-    void ForeignBytesHoldNoIcon()
+    void foreignBytesHaveNoIcon()
     {
         for (const char* text : {"", "M", "MZ", "BM", "print 1", "GIF89a"})
             QCOMPARE(IconIndex(ViewOf(text)).Count(), 0);
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QCOMPARE(IconIndex(ViewOf(icons::IcoFile({}))).Count(), 0);
     }
 
-    void ProgramsGiveTheirIconsInOrder_data()
+    void programsGiveTheirIconsInOrder_data()
     {
         QTest::addColumn<QByteArray>("file");
         const auto resources = icons::ResourcesOf(SomeIcons(), {"ALPHA", "BETA"});
@@ -227,7 +227,7 @@ private Q_SLOTS:
             QTest::addRow("NE, units of %d", 1 << shift)
                 << icons::NeFile(icons::ResourcesOf(SomeIcons(), {"ALPHA"}), shift);
     }
-    void ProgramsGiveTheirIconsInOrder()
+    void programsGiveTheirIconsInOrder()
     {
         QFETCH(QByteArray, file);
         const QList<Entry> taken = Taken();
@@ -240,13 +240,13 @@ private Q_SLOTS:
         QVERIFY(!ExtractIcon(path, 4));
     }
 
-    void LibrariesOfTheResourceCompilerAreRead_data()
+    void librariesOfTheResourceCompilerAreRead_data()
     {
         QTest::addColumn<QString>("system");
         QTest::newRow("32 bits") << QStringLiteral("i686-w64-mingw32");
         QTest::newRow("64 bits") << QStringLiteral("x86_64-w64-mingw32");
     }
-    void LibrariesOfTheResourceCompilerAreRead()
+    void librariesOfTheResourceCompilerAreRead()
     {
         QFETCH(QString, system);
         if (!Has(qPrintable(system + QStringLiteral("-windres"))))
@@ -271,7 +271,7 @@ private Q_SLOTS:
                      qPrintable(names[index]));
     }
 
-    void WrestoolSeesTheSameInAnOlderProgram()
+    void wrestoolSeesTheSameInAnOlderProgram()
     {
         if (!Has("wrestool"))
             QSKIP("no wrestool");
@@ -286,13 +286,13 @@ private Q_SLOTS:
         }
     }
 
-    void IcotoolSeesTheSamePicture_data()
+    void icotoolSeesTheSamePicture_data()
     {
         QTest::addColumn<int>("bits");
         for (const int bits : {1, 4, 8, 24, 32}) // it reads no 16
             QTest::addRow("%d bits", bits) << bits;
     }
-    void IcotoolSeesTheSamePicture()
+    void icotoolSeesTheSamePicture()
     {
         QFETCH(int, bits);
         if (!Has("icotool"))
@@ -319,7 +319,7 @@ private Q_SLOTS:
         }
     }
 
-    void ProgramsWithoutIconsHaveNone()
+    void programsWithoutIconsHaveNone()
     {
         for (const PeKind kind : {PeKind::Bits32, PeKind::Bits64}) {
             QCOMPARE(IconIndex(ViewOf(icons::PeFile({}, kind))).Count(), 0);
@@ -332,7 +332,7 @@ private Q_SLOTS:
         QCOMPARE(IconIndex(ViewOf(bare)).Count(), 0);
     }
 
-    void HostileTreesEnd_data()
+    void hostileTreesEnd_data()
     {
         QTest::addColumn<int>("offset"); // in the tree
         QTest::addColumn<qulonglong>("value");
@@ -358,7 +358,7 @@ private Q_SLOTS:
         row("no icons", groups + 12, 0);
         row("more icons than bytes", groups + 12, 0xFFFFFFFF);
     }
-    void HostileTreesEnd()
+    void hostileTreesEnd()
     {
         QFETCH(int, offset);
         QFETCH(qulonglong, value);
@@ -375,7 +375,7 @@ private Q_SLOTS:
         }
     }
 
-    void HostileOlderTablesEnd_data()
+    void hostileOlderTablesEnd_data()
     {
         QTest::addColumn<int>("offset"); // in the table
         QTest::addColumn<int>("value");
@@ -391,7 +391,7 @@ private Q_SLOTS:
         row("an image of no length", 2 + 10, 0);
         row("an image of another number", 2 + 14, 0x8009);
     }
-    void HostileOlderTablesEnd()
+    void hostileOlderTablesEnd()
     {
         QFETCH(int, offset);
         QFETCH(int, value);
@@ -402,7 +402,7 @@ private Q_SLOTS:
         QVERIFY(!IconIndex(ViewOf(file)).Extract(0));
     }
 
-    void EveryByteMayBeWrongAndEveryLengthShort_data()
+    void everyByteMayBeWrongAndEveryLengthShort_data()
     {
         QTest::addColumn<QByteArray>("file");
         const auto resources =
@@ -412,7 +412,7 @@ private Q_SLOTS:
         QTest::newRow("PE, 64 bits") << icons::PeFile(resources, PeKind::Bits64);
         QTest::newRow("NE") << icons::NeFile(resources);
     }
-    void EveryByteMayBeWrongAndEveryLengthShort()
+    void everyByteMayBeWrongAndEveryLengthShort()
     {
         QFETCH(QByteArray, file);
         for (qsizetype size = 0; size < file.size(); ++size)
@@ -427,7 +427,7 @@ private Q_SLOTS:
     }
 
     // A directory of 65535 images would take long without a bound.
-    void AMadeUpDirectoryTakesNoTime()
+    void aForgedDirectoryTakesNoTime()
     {
         QElapsedTimer timer;
         timer.start();
@@ -441,7 +441,7 @@ private Q_SLOTS:
     }
 
     // Nor may all icons of a program look through one long directory: the more icons, the fewer images of each count.
-    void AMadeUpProgramTakesNoTime()
+    void aForgedProgramTakesNoTime()
     {
         QList<Entry> entries(100, icons::RandomImage(8, 8, 1));
         entries.append(icons::RandomImage(32, 32, 1));
@@ -461,7 +461,7 @@ private Q_SLOTS:
         QVERIFY(index.Size(count - 1) == (IconImageSize{8, 8, 1}));
     }
 
-    void AHugeProgramIsNotReadWhole()
+    void aHugeProgramIsNotReadWhole()
     {
         const QList<Entry> taken = Taken();
         QFile file(Write(QStringLiteral("huge.exe"), icons::PeFile(icons::ResourcesOf(SomeIcons()), PeKind::Bits64)));
@@ -476,7 +476,7 @@ private Q_SLOTS:
         file.remove();
     }
 
-    void WhatCannotBeReadHasNoIcon()
+    void whatCannotBeReadHasNoIcon()
     {
         QCOMPARE(IconCount(Path(QStringLiteral("missing.exe"))), 0);
         QVERIFY(!ExtractIcon(Path(QStringLiteral("missing.exe")), 0));
@@ -490,7 +490,7 @@ private Q_SLOTS:
 #endif
     }
 
-    void OurOwnIconFilesComeBack()
+    void ourOwnIconFilesAreReadBack()
     {
         Icon icon;
         for (int y = 4; y < 28; ++y) {

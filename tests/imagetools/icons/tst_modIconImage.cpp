@@ -80,7 +80,7 @@ class tst_modIconImage : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void EveryDepthReadsAsPlainLoopsDo_data()
+    void everyDepthMatchesTheReference_data()
     {
         QTest::addColumn<int>("width");
         QTest::addColumn<int>("height");
@@ -91,7 +91,7 @@ private Q_SLOTS:
                     << size.width() << size.height() << bits;
         }
     }
-    void EveryDepthReadsAsPlainLoopsDo()
+    void everyDepthMatchesTheReference()
     {
         QFETCH(int, width);
         QFETCH(int, height);
@@ -113,7 +113,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheFourthChannelIsTheAlpha()
+    void theFourthChannelIsTheAlpha()
     {
         const icons::Entry entry = icons::RandomImage(20, 9, 32);
         const auto image = ReadIconImage(ViewOf(entry.bytes));
@@ -126,7 +126,7 @@ private Q_SLOTS:
     }
 
     // Programs of old made such images, with nothing in the fourth channel.
-    void AnAlphaOfZerosIsNone()
+    void anAlphaOfZerosIsNone()
     {
         icons::Entry entry = icons::PlainImage(32, 32, 32, 0x102030);
         for (qsizetype place = 43; place < 40 + 4 * 32 * 32; place += 4)
@@ -139,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(icon.At(3, 3), Rgb(0x10, 0x20, 0x30));
     }
 
-    void AShortColorTableIsRead()
+    void aShortColorTableIsRead()
     {
         QByteArray bytes = icons::BitmapHeader(8, 1, 4, 0, 3);
         for (const std::uint32_t color : {0x010203, 0x040506, 0x070809})
@@ -152,13 +152,13 @@ private Q_SLOTS:
         QCOMPARE(image->colors[2], Rgb(7, 8, 9));
     }
 
-    void AByteTooFewIsRefused_data()
+    void anImageOneByteTooShortIsRejected_data()
     {
         QTest::addColumn<int>("bits");
         for (const int bits : {1, 4, 8, 16, 24, 32})
             QTest::addRow("%d bits", bits) << bits;
     }
-    void AByteTooFewIsRefused()
+    void anImageOneByteTooShortIsRejected()
     {
         QFETCH(int, bits);
         const QByteArray bytes = icons::RandomImage(32, 32, bits).bytes;
@@ -169,7 +169,7 @@ private Q_SLOTS:
         }
     }
 
-    void StrangeHeadersAreRefused_data()
+    void invalidHeadersAreRejected_data()
     {
         QTest::addColumn<int>("offset");
         QTest::addColumn<int>("count");
@@ -196,7 +196,7 @@ private Q_SLOTS:
         row("too many colours", 32, 4, 257);
         row("colours without end", 32, 4, 0xFFFFFFFF);
     }
-    void StrangeHeadersAreRefused()
+    void invalidHeadersAreRejected()
     {
         QFETCH(int, offset);
         QFETCH(int, count);
@@ -208,7 +208,7 @@ private Q_SLOTS:
         QVERIFY(!ReadIconImage(ViewOf(bytes)));
     }
 
-    void PngImagesAreRead_data()
+    void pngImagesAreRead_data()
     {
         QTest::addColumn<QImage::Format>("format");
         QTest::addColumn<int>("bits");
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QTest::newRow("grey") << QImage::Format_Grayscale8 << 8;
         QTest::newRow("black and white") << QImage::Format_Mono << 1;
     }
-    void PngImagesAreRead()
+    void pngImagesAreRead()
     {
         QFETCH(QImage::Format, format);
         QFETCH(int, bits);
@@ -242,7 +242,7 @@ private Q_SLOTS:
         }
     }
 
-    void ADamagedPngHasASizeAtMost()
+    void aDamagedPngHasASizeAtMost()
     {
         const QByteArray bytes = icons::PngImage(QImage(32, 32, QImage::Format_RGB32)).bytes;
         for (qsizetype size = 0; size < bytes.size() - 12; ++size)
@@ -254,13 +254,13 @@ private Q_SLOTS:
     }
 
     // It reads no 16 bits and leaves the mask out at 24.
-    void TheToolkitSeesTheSamePicture_data()
+    void theToolkitSeesTheSamePicture_data()
     {
         QTest::addColumn<int>("bits");
         for (const int bits : {1, 4, 8, 32})
             QTest::addRow("%d bits", bits) << bits;
     }
-    void TheToolkitSeesTheSamePicture()
+    void theToolkitSeesTheSamePicture()
     {
         QFETCH(int, bits);
         const icons::Entry entry = icons::RandomImage(32, 32, bits, 77);
@@ -282,7 +282,7 @@ private Q_SLOTS:
         }
     }
 
-    void TheMaskKeepsTheBackgroundAndTheColorIsLaidOver()
+    void theMaskKeepsTheBackgroundAndTheColorIsDrawnOverIt()
     {
         const ColorRef background = Rgb(0x0F, 0xF0, 0xAA);
         QCOMPARE(DrawnOver(background, OnePixel(Rgb(1, 2, 3), 0)), Rgb(1, 2, 3));
@@ -291,7 +291,7 @@ private Q_SLOTS:
         QCOMPARE(DrawnOver(TransparentColor, OnePixel(Rgb(0, 0, 0), 1)), TransparentColor);
     }
 
-    void AlphaBlendsAndTheMaskDoesNotCount()
+    void alphaBlendsAndTheMaskDoesNotCount()
     {
         for (const int mask : {0, 1}) {
             QCOMPARE(DrawnOver(TransparentColor, OnePixel(Rgb(9, 8, 7), mask, 0)), TransparentColor);
@@ -300,14 +300,14 @@ private Q_SLOTS:
         }
     }
 
-    void OtherSizesAreStretched_data()
+    void otherSizesAreStretched_data()
     {
         QTest::addColumn<int>("width");
         QTest::addColumn<int>("height");
         for (const QSize& size : {QSize(16, 16), QSize(48, 48), QSize(33, 7), QSize(1024, 1), QSize(256, 31)})
             QTest::addRow("%d x %d", size.width(), size.height()) << size.width() << size.height();
     }
-    void OtherSizesAreStretched()
+    void otherSizesAreStretched()
     {
         QFETCH(int, width);
         QFETCH(int, height);

@@ -21,7 +21,7 @@ class tst_modIconSheet : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void undoBringsOneIconBackOnce()
+    void undoRestoresOneIconOnce()
     {
         IconSheet sheet;
         QVERIFY(!sheet.canUndo && !sheet.isChanged && sheet.isEmpty);
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QVERIFY(sheet.icon == Numbered(2));
     }
 
-    void undoBehindASaveIsAChange()
+    void undoAfterASaveIsAChange()
     {
         IconSheet sheet;
         Edit(sheet, Numbered(1));

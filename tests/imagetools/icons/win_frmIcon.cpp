@@ -44,7 +44,7 @@ private Q_SLOTS:
     void init() { Open(); }
     void cleanup() { Close(); }
 
-    void titleAndCaptionsAreAsTold()
+    void titleAndCaptionsAreAsExpected()
     {
         QCOMPARE(window->windowTitle(), Text("Icon Bench"));
         for (const auto& [name, caption] : {std::pair{"op", "&Open or Extract Icon"},
@@ -224,7 +224,7 @@ private Q_SLOTS:
         QVERIFY(Shown() == icon);
     }
 
-    void undoTakesAWholeStrokeBackAndTheViewWithIt()
+    void undoRevertsAWholeStrokeAndUpdatesTheView()
     {
         Click(1, 1);
         const Icon before = Shown();
@@ -237,7 +237,7 @@ private Q_SLOTS:
         QVERIFY(!Item("und")->isEnabled());
     }
 
-    void shiftsWrapAndThirtyTwoGiveTheIconBack()
+    void shiftsWrapAndThirtyTwoRestoreTheIcon()
     {
         const Icon icon = DrawSomething();
         for (const auto& [button, shift] :
@@ -250,7 +250,7 @@ private Q_SLOTS:
         }
     }
 
-    void rotateMirrorAndFlipTwiceGiveTheIconBack()
+    void rotateMirrorAndFlipTwiceRestoreTheIcon()
     {
         const Icon icon = DrawSomething();
         for (const auto& [item, operation] :
@@ -274,7 +274,7 @@ private Q_SLOTS:
 
     // --- Keys. ---
 
-    void theGridIsDrawnInWithTheKeys()
+    void theKeysDrawInTheGrid()
     {
         Grid()->setFocus(Qt::TabFocusReason);
         QTest::keyClick(Grid(), Qt::Key_Right);
@@ -312,7 +312,7 @@ private Q_SLOTS:
         QCOMPARE(Pixel(0, 0), Blue);
     }
 
-    void everyPlaceOfTheFocusHasAName()
+    void everyFocusableControlHasAName()
     {
         for (QWidget* control : window->findChildren<QWidget*>()) {
             const auto* button = qobject_cast<QAbstractButton*>(control);
@@ -376,7 +376,7 @@ private Q_SLOTS:
         QCOMPARE(image.pixel(qRound(320 * scale), qRound(320 * scale)), line);
     }
 
-    void onlyWhatChangesIsPaintedAnew()
+    void onlyWhatChangesIsRepainted()
     {
         QApplication::processEvents();
         PaintWatch watch(Grid());

@@ -103,7 +103,7 @@ private Q_SLOTS:
         QVERIFY(window->close());
     }
 
-    void aDrawingGoesAwayWithTheChoiceAndUndoBringsItBack()
+    void choosingAnIconReplacesTheDrawingAndUndoRestoresIt()
     {
         const Icon drawn = DrawSomething();
         ExpectOpenIcon(bench->Write(Text("one.ico"), IconFileOf(Icon())));
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QVERIFY(!window->close());
     }
 
-    void aLibraryIsLookedThrough()
+    void aLibraryIsBrowsed()
     {
         ExpectOpenIcon(WriteLibrary());
         Choose("op");
@@ -175,7 +175,7 @@ private Q_SLOTS:
 
     // --- Icons from pictures. ---
 
-    void instructionsComeUntilTheyAreNotWanted()
+    void instructionsAppearUntilTheyAreTurnedOff()
     {
         const QString path = bench->Path(Text("picture.bmp"));
         QVERIFY(Quarters(64).save(path));
@@ -246,7 +246,7 @@ private Q_SLOTS:
         QCOMPARE(std::ranges::count(Shown().pixels, Blue), 32 * 32);
     }
 
-    void theBandIsDrawnAndGoesWithoutATrace()
+    void theBandIsDrawnAndDisappearsWithoutATrace()
     {
         OpenPicture(Quarters(64));
         const QImage plain = Picture()->grab().toImage();
@@ -298,7 +298,7 @@ private Q_SLOTS:
         QVERIFY(!Picture()->isVisible() && window->isVisible());
     }
 
-    void aPictureThatCannotBeReadIsTold()
+    void aPictureThatCannotBeReadIsReported()
     {
         ExpectOpenBitmap(bench->Write(Text("bad.bmp"), "BM and no more"));
         bench->dialogs.ExpectMessage(Text("Run-time error '481':\nInvalid picture"));
@@ -331,7 +331,7 @@ private Q_SLOTS:
         QVERIFY(!window->close());
     }
 
-    void aSaveThatFailsIsToldAndTheIconStaysUnsaved()
+    void aFailedSaveIsReportedAndTheIconStaysUnsaved()
     {
         DrawSomething();
         ExpectSave(Text("/dev/full"));
@@ -377,7 +377,7 @@ private Q_SLOTS:
         QVERIFY(!window->isVisible());
     }
 
-    void theTemporaryIconGoesWithTheWindow()
+    void theTemporaryIconIsRemovedWithTheWindow()
     {
         OpenPicture(Quarters(64));
         Pull(Picture(), {0, 0}, {64, 64});
@@ -422,7 +422,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(bench->ProgramPath(Text("temp.ico"))));
     }
 
-    void anEngineThatCannotBeWrittenIsToldWithoutABox()
+    void anEngineThatCannotBeWrittenIsReportedWithoutABox()
     {
         DrawSomething();
         const QString path = bench->Write(Text("game.exe"), QByteArray(1000, 'e'));

@@ -171,7 +171,7 @@ private Q_SLOTS:
         QVERIFY(!media.log.mid(3).contains(QStringLiteral("play")));
     }
 
-    void whatTheComputerLacksIsTold()
+    void missingSoundFontsAndDevicesAreReported()
     {
         ScriptedMedia media;
         media.length = 1'000;

@@ -106,7 +106,7 @@ private Q_SLOTS:
         QVERIFY(media->log.isEmpty());
     }
 
-    void theCodeStaysAsItIsWritten()
+    void theCodeStaysUnchanged()
     {
         OpenFile("song.mid");
         const QString code = Code();
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(Now(), QStringLiteral("0:00 / 0:00"));
     }
 
-    void whatIsNoMediaFileIsRefused()
+    void aFileThatIsNotMediaIsRejected()
     {
         OpenFile("two.parts.mid");
         bench->dialogs.ExpectMessage(QStringLiteral("File does not appear to be a valid media file."));
@@ -186,7 +186,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(target));
     }
 
-    void aMissingSoundFontIsTold()
+    void aMissingSoundFontIsReported()
     {
         OpenFile("song.mid");
         media->length = -1;
@@ -292,7 +292,7 @@ private Q_SLOTS:
         Click("cmdAVI");
     }
 
-    void theMenuItemShowsOneWindowBesideTheBench()
+    void theMenuItemShowsOneWindowNextToTheBench()
     {
         bench->Start();
         mnuToolMedia_Click();

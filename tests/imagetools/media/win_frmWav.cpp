@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(media->openCount, 1);
     }
 
-    void aFileThatCannotBePlayedIsToldBesideTheList()
+    void anUnplayableFileIsReportedNextToTheList()
     {
         media->length = -1;
         ChooseFile(0);
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QCOMPARE(State(), QStringLiteral("This file cannot be played."));
     }
 
-    void aFileThatVanishedIsToldBesideTheList()
+    void aVanishedFileIsReportedNextToTheList()
     {
         ChooseFile(0);
         QVERIFY(QFile::remove(bench->Path(QStringLiteral("Beep.WAV"))));
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(target));
     }
 
-    void aMissingSoundDeviceIsToldBesideTheList()
+    void aMissingSoundDeviceIsReportedNextToTheList()
     {
         media->trouble = MediaTrouble::NoSoundDevice;
         ChooseFile(0);

@@ -15,10 +15,10 @@ private Q_SLOTS:
     void shapes();
     void shapes32_data();
     void shapes32();
-    void penAndBrushOfNothingDrawNothing();
-    void deletedObjectsPlaceIsTakenFirst();
-    void restoredStateIsWhole();
-    void clippingHoldsDrawingBack();
+    void nullPenAndBrushDrawNothing();
+    void deletedObjectsPlaceIsReusedFirst();
+    void restoredStateIsComplete();
+    void clippingLimitsDrawing();
     void clippingByAPath();
     void hatchLetsTheBackgroundThroughWhenTransparent();
     void rasterOperationsCombine_data();
@@ -26,9 +26,9 @@ private Q_SLOTS:
     void bitmapIsStretchedAndMirrored();
     void bitmapOperationsCombine();
     void bitmapWithAlphaIsBlended();
-    void transparentColorIsLeftOut();
-    void textStandsWhereItIsAligned_data();
-    void textStandsWhereItIsAligned();
+    void transparentColorIsSkipped();
+    void textIsPlacedByItsAlignment_data();
+    void textIsPlacedByItsAlignment();
     void textOf32BitFilesIsDrawn();
     void opaqueTextHasItsBackground();
     void gradientRunsFromColorToColor();
@@ -168,7 +168,7 @@ void tst_cMetafileCanvas::shapes32()
         QCOMPARE(image.pixel(point), White);
 }
 
-void tst_cMetafileCanvas::penAndBrushOfNothingDrawNothing()
+void tst_cMetafileCanvas::nullPenAndBrushDrawNothing()
 {
     WmfBytes file = Drawing();
     file.Add(PenRecord, Words({5, 0, 0}) + Long(RedRecord)).Add(SelectObject, Word(2));
@@ -181,7 +181,7 @@ void tst_cMetafileCanvas::penAndBrushOfNothingDrawNothing()
     QCOMPARE(image.pixel(90, 90), White);
 }
 
-void tst_cMetafileCanvas::deletedObjectsPlaceIsTakenFirst()
+void tst_cMetafileCanvas::deletedObjectsPlaceIsReusedFirst()
 {
     WmfBytes file = Drawing();
     file.Add(0x1F0, Word(0));
@@ -192,7 +192,7 @@ void tst_cMetafileCanvas::deletedObjectsPlaceIsTakenFirst()
     QCOMPARE(image.pixel(30, 40), Blue);
 }
 
-void tst_cMetafileCanvas::restoredStateIsWhole()
+void tst_cMetafileCanvas::restoredStateIsComplete()
 {
     WmfBytes file = Drawing();
     file.Add(0x01E);
@@ -203,7 +203,7 @@ void tst_cMetafileCanvas::restoredStateIsWhole()
     QCOMPARE(Drawn(file), Drawn(Drawing().Add(RectangleRecord, Words({60, 50, 20, 10}))));
 }
 
-void tst_cMetafileCanvas::clippingHoldsDrawingBack()
+void tst_cMetafileCanvas::clippingLimitsDrawing()
 {
     WmfBytes file = Drawing();
     file.Add(0x416, Words({50, 50, 0, 0})).Add(0x415, Words({20, 20, 0, 0}));
@@ -346,7 +346,7 @@ void tst_cMetafileCanvas::bitmapWithAlphaIsBlended()
     QCOMPARE(qGreen(half), qBlue(half));
 }
 
-void tst_cMetafileCanvas::transparentColorIsLeftOut()
+void tst_cMetafileCanvas::transparentColorIsSkipped()
 {
     const QByteArray record = Box32(0, 0, -1, -1) + Longs({10, 10, 20, 20, RedRecord, 0, 0}) + QByteArray(24, '\0') +
                               Longs({0, 0, 108, SmallDibHeader, 148, SmallDibPixels, 2, 2}) + SmallDib();
@@ -357,7 +357,7 @@ void tst_cMetafileCanvas::transparentColorIsLeftOut()
     QCOMPARE(image.pixel(25, 15), Green);
 }
 
-void tst_cMetafileCanvas::textStandsWhereItIsAligned_data()
+void tst_cMetafileCanvas::textIsPlacedByItsAlignment_data()
 {
     QTest::addColumn<int>("align");
     QTest::addColumn<QRect>("holds");
@@ -368,7 +368,7 @@ void tst_cMetafileCanvas::textStandsWhereItIsAligned_data()
     QTest::newRow("baseline") << 24 << QRect(50, 35, 45, 20);
 }
 
-void tst_cMetafileCanvas::textStandsWhereItIsAligned()
+void tst_cMetafileCanvas::textIsPlacedByItsAlignment()
 {
     QFETCH(int, align);
     QFETCH(QRect, holds);

@@ -21,10 +21,10 @@ private Q_SLOTS:
     void headerGivesTheSizeAt96DotsAnInch_data();
     void headerGivesTheSizeAt96DotsAnInch();
     void fileWithoutTheHeaderTakesItsWindowForPixels();
-    void fileWithoutAnySizeTakesTheRoomOfItsDrawing();
+    void fileWithoutAnySizeTakesTheBoundsOfItsDrawing();
     void frameGivesTheSizeOf32BitFiles();
     void hugePictureIsDrawnSmaller();
-    void windowTurnedOverIsDrawnTurnedOver();
+    void flippedWindowIsDrawnFlipped();
     void worldTransformTurns();
     void unitsOfTheMapModes();
     void unknownAndShortRecordsAreSkipped();
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void damagedFilesAreErrors();
     void hostileFilesEnd_data();
     void hostileFilesEnd();
-    void everyPictureReaderTakesThem();
+    void everyPictureReaderAcceptsThem();
 };
 
 void tst_modMetafile::headerGivesTheSizeAt96DotsAnInch_data()
@@ -71,7 +71,7 @@ void tst_modMetafile::fileWithoutTheHeaderTakesItsWindowForPixels()
     QCOMPARE(Played(large.Plain()).size(), QSize(1024, 256));
 }
 
-void tst_modMetafile::fileWithoutAnySizeTakesTheRoomOfItsDrawing()
+void tst_modMetafile::fileWithoutAnySizeTakesTheBoundsOfItsDrawing()
 {
     WmfBytes file = Drawing();
     file.Add(RectangleRecord, Words({250, 340, 200, 300}));
@@ -94,7 +94,7 @@ void tst_modMetafile::hugePictureIsDrawnSmaller()
     QVERIFY(qAbs(image.width() / double(image.height()) - 4) < 0.01);
 }
 
-void tst_modMetafile::windowTurnedOverIsDrawnTurnedOver()
+void tst_modMetafile::flippedWindowIsDrawnFlipped()
 {
     WmfBytes file = Drawing();
     file.Add(0x20B, Words({100, 0})).Add(0x20C, Words({-100, 100}));
@@ -253,7 +253,7 @@ void tst_modMetafile::hostileFilesEnd()
     QVERIFY2(timer.elapsed() < 60'000, qPrintable(QString::number(timer.elapsed())));
 }
 
-void tst_modMetafile::everyPictureReaderTakesThem()
+void tst_modMetafile::everyPictureReaderAcceptsThem()
 {
     const QTemporaryDir folder;
     const auto write = [&](const char* name, const QByteArray& bytes) {

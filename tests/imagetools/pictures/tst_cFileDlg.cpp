@@ -52,7 +52,7 @@ private Q_SLOTS:
         QCOMPARE(dialog.AllFlags(), 0x81207U);
     }
 
-    void bothSeparatorsPartTheFilter_data()
+    void bothSeparatorsSplitTheFilter_data()
     {
         QTest::addColumn<QString>("filter");
         QTest::addColumn<int>("index");
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QTest::newRow("the last first") << all << 3 << QStringLiteral("A|*.*|B|*.bmp|D|*.dib");
         QTest::newRow("one that is not there") << all << 4 << all;
     }
-    void bothSeparatorsPartTheFilter()
+    void bothSeparatorsSplitTheFilter()
     {
         QFETCH(QString, filter);
         QFETCH(int, index);
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(name, QStringLiteral("before"));
     }
 
-    void aMissingFileIsRefusedOnlyWhereItMustExist()
+    void aMissingFileIsRejectedOnlyWhereItMustExist()
     {
         cFileDlg dialog;
         QString name;

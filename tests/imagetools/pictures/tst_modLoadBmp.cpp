@@ -62,10 +62,10 @@ private Q_SLOTS:
 
     void previewIsFittedAndNeverEnlarged_data();
     void previewIsFittedAndNeverEnlarged();
-    void previewTellsTheSizeOfThePicture_data();
-    void previewTellsTheSizeOfThePicture();
+    void previewShowsTheSizeOfThePicture_data();
+    void previewShowsTheSizeOfThePicture();
     void previewOfATurnedPhotograph();
-    void previewOfAFinerScreenHasItsPixels();
+    void previewOnAFinerScreenHasItsPixels();
     void previewOfTransparentPartsIsWhite();
     void previewOfAHostileFileIsEmpty_data();
     void previewOfAHostileFileIsEmpty();
@@ -183,7 +183,7 @@ void tst_modLoadBmp::previewIsFittedAndNeverEnlarged()
     QCOMPARE(FittedSize(picture, QSize(200, 150)), fitted);
 }
 
-void tst_modLoadBmp::previewTellsTheSizeOfThePicture_data()
+void tst_modLoadBmp::previewShowsTheSizeOfThePicture_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("bitmap") << QStringLiteral("a.bmp");
@@ -192,7 +192,7 @@ void tst_modLoadBmp::previewTellsTheSizeOfThePicture_data()
     QTest::newRow("metafile") << QStringLiteral("a.wmf");
 }
 
-void tst_modLoadBmp::previewTellsTheSizeOfThePicture()
+void tst_modLoadBmp::previewShowsTheSizeOfThePicture()
 {
     QFETCH(QString, name);
     const QTemporaryDir folder;
@@ -224,7 +224,7 @@ void tst_modLoadBmp::previewOfATurnedPhotograph()
     QCOMPARE(preview.image.size(), QSize(100, 200));
 }
 
-void tst_modLoadBmp::previewOfAFinerScreenHasItsPixels()
+void tst_modLoadBmp::previewOnAFinerScreenHasItsPixels()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.png"));

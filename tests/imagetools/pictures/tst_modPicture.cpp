@@ -53,7 +53,7 @@ class tst_modPicture : public QObject {
 private Q_SLOTS:
     void init() { QVERIFY(folder.isValid()); }
 
-    void PicturesAndImagesAreCopiesOfEachOther()
+    void picturesAndImagesAreCopiesOfEachOther()
     {
         for (int width = 1; width <= 9; ++width) {
             const cDIBSection picture = plain::SectionOf(plain::Random(width, 5, plain::Kind::Noise, 1));
@@ -69,7 +69,7 @@ private Q_SLOTS:
         QCOMPARE(CreateFromPicture(QImage()).hDib(), std::uintptr_t{0});
     }
 
-    void TransparentPartsLieOnWhite()
+    void transparentPartsAreLaidOnWhite()
     {
         QImage image(3, 1, QImage::Format_ARGB32);
         image.setPixelColor(0, 0, QColor(10, 20, 30, 255));
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(flat.pixelColor(2, 0), QColor(127, 127, 127));
     }
 
-    void FilesOfOtherFormatsAreOpened()
+    void filesOfOtherFormatsAreOpened()
     {
         const cDIBSection picture = plain::SectionOf(plain::Random(20, 10, plain::Kind::FewColors, 1));
         QVERIFY(plain::Of(PictureOfBytes(Encoded(ImageOf(picture), "PNG"))).bytes == plain::Of(picture).bytes);
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(lossy.Height(), 10);
     }
 
-    void WhatIsNoPictureIsInvalid()
+    void aFileThatIsNotAPictureIsInvalid()
     {
         QCOMPARE(ErrorNumberOf([] { PictureOfBytes({}); }), 481);
         QCOMPARE(ErrorNumberOf([] { PictureOfBytes("B"); }), 481);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(ErrorNumberOf([] { LoadPicture(QStringLiteral("gone.bmp")); }), 53);
     }
 
-    void ABitmapThatTheToolkitRefusesIsOpened()
+    void aBitmapThatTheToolkitRejectsIsOpened()
     {
         BitmapBytes file;
         file.FileHeader(54).InfoHeader(2, 2, 24).Bytes({1, 2, 3, 4, 5, 6, 0, 0, 7});
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(int(picture.Line(1)[1]), 0);
     }
 
-    void TheClipboardTakesABitmap()
+    void theClipboardTakesABitmap()
     {
         const cDIBSection picture = plain::SectionOf(plain::Random(4, 3, plain::Kind::Noise, 1));
         QVERIFY(CopyToClipboard(picture, ClipboardForm::Bitmap));
@@ -122,7 +122,7 @@ private Q_SLOTS:
         QVERIFY(!CopyToClipboard(cDIBSection(), ClipboardForm::Bitmap));
     }
 
-    void TheClipboardTakesNoDib()
+    void theClipboardTakesNoDib()
     {
         ScriptedDialogs boxes;
         boxes.ExpectMessage(QStringLiteral("I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"),
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QVERIFY(boxes.Finished());
     }
 
-    void NoticesAreBoxesWithTheirIcons()
+    void noticesAreBoxesWithTheirIcons()
     {
         ScriptedDialogs boxes;
         boxes.ExpectMessage(QStringLiteral("a\r\nb"), BoxAnswer::Ok, BoxIcon::Critical);
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QVERIFY(boxes.Finished());
     }
 
-    void FilesAreReadAndReplaced()
+    void filesAreReadAndReplaced()
     {
         const QString path = folder.filePath(QStringLiteral("ä.bin"));
         const std::array<ByteView, 2> pieces = {Abc, De};
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QVERIFY(DiskReader()(folder.path().toStdString()).outcome == FileOutcome::Missing);
     }
 
-    void AFileThatCannotBeMadeIsTold()
+    void aFileThatCannotBeCreatedIsReported()
     {
         const std::array<ByteView, 1> pieces = {Abc};
         const WriteResult result = DiskWriter()(folder.filePath(QStringLiteral("gone/x")).toStdString(), pieces);

@@ -117,13 +117,13 @@ private Q_SLOTS:
         SetClipboardWriter({});
     }
 
-    void listsBitmapsAloneUntilTheLibraryIsUsed();
+    void listsOnlyBitmapsUntilTheLibraryIsUsed();
     void showsNameSizeAndFittedPicture();
     void pictureIsNeverEnlarged();
-    void windowOfAnotherSizeFitsItAnew();
+    void resizingTheWindowFitsItAgain();
     void windowThatGrowsWhileAPictureIsReadShowsItSharp();
-    void pictureThatCannotBeShownLeavesTheFormerOne();
-    void vanishedFileLeavesTheFormerOne();
+    void pictureThatCannotBeShownLeavesThePreviousOne();
+    void vanishedFileLeavesThePreviousOne();
     void addTakesTheFileAndGoesToTheNext();
     void the151stBitmapIsRefusedAndSoIsEachFurtherOne();
     void createPutsTheListOnTheClipboard_data();
@@ -133,16 +133,16 @@ private Q_SLOTS:
     void closingForgetsTheList();
     void saveAsWithoutAPicture();
     void saveAsCopiesTheFile();
-    void saveAsMeansWhatWasChosenLast();
+    void saveAsAppliesToTheLastChosenFile();
     void saveAsConvertsTo256Colors();
     void saveAsThatFails();
     void imageLibraryIsSaved();
-    void imageLibraryIntoAFolderThatTakesNothing();
+    void imageLibraryIntoAnUnwritableFolder();
     void keysAndEscape();
     void manyLargePicturesStayFluid();
 };
 
-void win_frmBitmap::listsBitmapsAloneUntilTheLibraryIsUsed()
+void win_frmBitmap::listsOnlyBitmapsUntilTheLibraryIsUsed()
 {
     for (const char* name : {"a.bmp", "B.BMP", "c.jpg", "d.png"})
         Picture(name);
@@ -184,7 +184,7 @@ void win_frmBitmap::pictureIsNeverEnlarged()
     QCOMPARE(PixelOfPreview(), QColor(Qt::green));
 }
 
-void win_frmBitmap::windowOfAnotherSizeFitsItAnew()
+void win_frmBitmap::resizingTheWindowFitsItAgain()
 {
     Picture("large.bmp", {3000, 3000});
     Open();
@@ -219,7 +219,7 @@ void win_frmBitmap::windowThatGrowsWhileAPictureIsReadShowsItSharp()
     QCOMPARE(shown.pixelColor(middle + 3, place.center().y()), QColor(Qt::blue));
 }
 
-void win_frmBitmap::pictureThatCannotBeShownLeavesTheFormerOne()
+void win_frmBitmap::pictureThatCannotBeShownLeavesThePreviousOne()
 {
     Picture("good.bmp");
     bench->Write(QStringLiteral("hostile.bmp"),
@@ -244,7 +244,7 @@ void win_frmBitmap::pictureThatCannotBeShownLeavesTheFormerOne()
     QTRY_VERIFY(Text("lblProblem").isEmpty());
 }
 
-void win_frmBitmap::vanishedFileLeavesTheFormerOne()
+void win_frmBitmap::vanishedFileLeavesThePreviousOne()
 {
     Picture("a.bmp");
     const QString gone = Picture("b.bmp", {50, 50}, Qt::blue);
@@ -404,7 +404,7 @@ void win_frmBitmap::saveAsCopiesTheFile()
     QCOMPARE(TestBench::Read(target), TestBench::Read(source));
 }
 
-void win_frmBitmap::saveAsMeansWhatWasChosenLast()
+void win_frmBitmap::saveAsAppliesToTheLastChosenFile()
 {
     Picture("a.bmp", {3000, 2000});
     const QString source = Picture("b.bmp", {3000, 2000}, Qt::blue);
@@ -478,10 +478,10 @@ void win_frmBitmap::imageLibraryIsSaved()
     QVERIFY(TestBench::Read(bench->Path(QStringLiteral("jpeg.bas"))).startsWith("'jpeg.bas: "));
 }
 
-void win_frmBitmap::imageLibraryIntoAFolderThatTakesNothing()
+void win_frmBitmap::imageLibraryIntoAnUnwritableFolder()
 {
     if (!CarriesImageLibrary())
-        QSKIP("this build does not carry the library");
+        QSKIP("the library is not embedded in this build");
     Open();
     bench->dialogs.ExpectFolder(QStringLiteral("Save Image DLL to Disk"), QStringLiteral("/proc/self"));
     bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));

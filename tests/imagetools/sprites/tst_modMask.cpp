@@ -110,7 +110,7 @@ class tst_modMask : public QObject {
 private Q_SLOTS:
     void init() { folder = std::make_unique<QTemporaryDir>(); }
 
-    void MasksAreAsPlainLoopsMakeThem()
+    void masksMatchTheReference()
     {
         for (int width = 1; width <= 70; ++width) {
             const cDIBSection sprite = Sprite(width, 1 + width % 9, static_cast<unsigned>(width));
@@ -119,7 +119,7 @@ private Q_SLOTS:
     }
 
     // Column by column in steps it is the same, whatever the step.
-    void GrowingMasksEndTheSame()
+    void growingMasksEndTheSame()
     {
         const cDIBSection sprite = Sprite(67, 21);
         const QImage whole = Plain(SpriteWithMask(sprite));
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(Plain(half).copy(0, 0, 30, 42), whole.copy(0, 0, 30, 42));
     }
 
-    void OnlyTrueBlackIsBackground()
+    void onlyTrueBlackIsBackground()
     {
         QVERIFY(UpperHalfIs(SpriteWithMask(Filled(0, 0, 0)), qRgb(255, 255, 255)));
         QVERIFY(UpperHalfIs(SpriteWithMask(Filled(0, 0, 1)), qRgb(0, 0, 0)));
@@ -148,7 +148,7 @@ private Q_SLOTS:
     }
 
     // Counters of 16 bits would end at 32767.
-    void ThereIsNoLimitOnTheSize()
+    void thereIsNoLimitOnTheSize()
     {
         for (const auto& [width, height] : {std::pair(70'000, 3), std::pair(3, 70'000)}) {
             cDIBSection sprite;
@@ -161,7 +161,7 @@ private Q_SLOTS:
         }
     }
 
-    void WhatCannotBeMaskedIsRaised()
+    void whatCannotBeMaskedIsRaised()
     {
         QCOMPARE(ErrorOf([] { SpriteWithMask(cDIBSection()); }), 481);
         cDIBSection high;
@@ -169,7 +169,7 @@ private Q_SLOTS:
             QCOMPARE(ErrorOf([&] { SpriteWithMask(high); }), 481);
     }
 
-    void AFolderGetsItsMasksInTheOrderOfNames()
+    void aFolderGetsItsMasksInTheOrderOfNames()
     {
         const cDIBSection sprite = Sprite(6, 5);
         for (const char* name : {"b.bmp", "C.BMP", "a.Bmp", ".hidden.bmp", "note.txt", "d.bmp.bak"})
@@ -190,7 +190,7 @@ private Q_SLOTS:
         QCOMPARE(LoadPicture(Path("b.bmp")).Height(), 20);
     }
 
-    void ABatchStopsBehindTheFileInHand()
+    void aBatchStopsAfterTheCurrentFile()
     {
         for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
             SaveMask(Path(name), Sprite(4, 3));
@@ -200,7 +200,7 @@ private Q_SLOTS:
         QCOMPARE(LoadPicture(Path("c.bmp")).Height(), 3);
     }
 
-    void ABitmapThatCannotBeReadEndsTheBatch()
+    void aBitmapThatCannotBeReadEndsTheBatch()
     {
         SaveMask(Path("a.bmp"), Sprite(4, 3));
         Put(Path("b.bmp"), "BM, but no bitmap");
@@ -213,7 +213,7 @@ private Q_SLOTS:
     }
 
 #ifdef Q_OS_UNIX
-    void AFullDiskLeavesTheFileAsItWas()
+    void aFullDiskLeavesTheFileAsItWas()
     {
         SaveMask(Path("a.bmp"), Sprite(100, 100));
         const QByteArray before = Get(Path("a.bmp"));
@@ -225,7 +225,7 @@ private Q_SLOTS:
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
     }
 
-    void AReadOnlyFileLeavesTheFileAsItWas()
+    void aReadOnlyFileLeavesTheFileAsItWas()
     {
         SaveMask(Path("a.bmp"), Sprite(4, 3));
         const QByteArray before = Get(Path("a.bmp"));
@@ -240,14 +240,14 @@ private Q_SLOTS:
     }
 #endif
 
-    void AnEmptyPictureCanBeSaved()
+    void anEmptyPictureCanBeSaved()
     {
         SaveMask(Path("empty.bmp"), cDIBSection());
         const cDIBSection picture = LoadPicture(Path("empty.bmp"));
         QVERIFY(UpperHalfIs(picture, qRgb(255, 255, 255)));
     }
 
-    void TextsAreAsTold()
+    void textsAreAsExpected()
     {
         const QString where = QStringLiteral("/home/me/art");
         QCOMPARE(NoBitmapsText(where),
@@ -260,7 +260,7 @@ private Q_SLOTS:
                                                 "\nThe bitmap files will be overwritten with the masked versions."));
     }
 
-    void TwoHundredSpritesTakeNoTime()
+    void twoHundredSpritesTakeNoTime()
     {
         const cDIBSection sprite = Sprite(256, 256);
         for (int index = 0; index < 200; ++index)

@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(form->windowTitle(), bench->Path(QStringLiteral("c.bmp")));
     }
 
-    void progressIsTold()
+    void progressIsReported()
     {
         for (const char* name : {"a.bmp", "b.bmp"})
             WriteSprite(name);
@@ -171,13 +171,13 @@ private Q_SLOTS:
         QCOMPARE(told, QStringList({number.arg(1), number.arg(2)}));
     }
 
-    void escapeAndCancelStopBehindTheFileInHand_data()
+    void escapeAndCancelStopAfterTheCurrentFile_data()
     {
         QTest::addColumn<bool>("byKey");
         QTest::newRow("the key") << true;
         QTest::newRow("the button") << false;
     }
-    void escapeAndCancelStopBehindTheFileInHand()
+    void escapeAndCancelStopAfterTheCurrentFile()
     {
         QFETCH(bool, byKey);
         for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
@@ -200,7 +200,7 @@ private Q_SLOTS:
         QVERIFY(!IsMasked("c.bmp"));
     }
 
-    void theQuestionCanBeCalledOff()
+    void theQuestionCanBeCancelled()
     {
         WriteSprite("a.bmp");
         ExpectQuestion(BoxAnswer::Cancel);
@@ -213,7 +213,7 @@ private Q_SLOTS:
         QVERIFY(!IsMasked("a.bmp"));
     }
 
-    void aFolderWithoutBitmapsIsTold()
+    void aFolderWithoutBitmapsIsReported()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("There are no bitmaps in ") + Folder() +
                                      QStringLiteral("!  Please choose another directory."));

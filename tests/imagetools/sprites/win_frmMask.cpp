@@ -95,7 +95,7 @@ private Q_SLOTS:
         QVERIFY(!View()->isVisible());
     }
 
-    void helpIsAsTold()
+    void helpIsAsExpected()
     {
         bench->dialogs.ExpectMessage(
             QStringLiteral(
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QCOMPARE(ImageAt(target), white);
     }
 
-    void aFailedSaveIsTold()
+    void aFailedSaveIsReported()
     {
         const QImage sprite = SpriteImage(10, 10);
         const QString path = bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite));
