@@ -24,7 +24,7 @@ constexpr char usage[] = "usage: orchard-bench [--grab OUT.png] [FILE]\n"
                          "  --version       print the version\n"
                          "  --help          print this text\n";
 
-// What needs no window is answered before the toolkit starts: the exit status, or nothing.
+// Handles requests that need no window before the toolkit starts: the exit status, or nothing.
 std::optional<int> AnswerAtOnce(int count, char** arguments)
 {
     const char* const first = count > 1 ? arguments[1] : "";

@@ -12,7 +12,7 @@ namespace ob {
 
 namespace {
 
-// The system's about box takes the title and the first line as one text, parted by a sign.
+// The system's about box takes the title and the first line as one text, separated by a number sign.
 const QString ApplicationText = QStringLiteral("About OB Bench#     OB Bench  v " OB_VERSION);
 const QString OtherText = QStringLiteral("A bench for Orchard BASIC") + QStringLiteral("    ") +
                           QStringLiteral("Free software, GPL-3.0-or-later");
@@ -43,8 +43,8 @@ void mnuHelpAbout_Click()
 
 void mnuCredits_Click()
 {
-    MsgBox(QStringLiteral("Thanks to all who try Orchard Bench, report what goes wrong and tell what they miss,\n"
-                          "and to the people behind Qt, Scintilla and QScintilla, on whose work it stands."),
+    MsgBox(QStringLiteral("Thanks to all who try Orchard Bench, report what goes wrong and say what they miss,\n"
+                          "and to the people behind Qt, Scintilla and QScintilla, on whose work it is built."),
            BoxIcon::None, BoxButtons::Ok, QStringLiteral("Credits"));
 }
 

@@ -66,7 +66,7 @@ frmMain::frmMain()
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(ProgramTitle);
     setAcceptDrops(true);
-    // The toolkit's own menu of toolbars would hide ours behind the back of its menu item.
+    // The toolkit's own menu of toolbars would hide ours without its menu item knowing.
     setContextMenuPolicy(Qt::NoContextMenu);
     TwipsPerPixelX = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchX()));
     TwipsPerPixelY = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchY()));
@@ -81,7 +81,7 @@ frmMain::frmMain()
 
 frmMain::~frmMain()
 {
-    // The children must not find a half-gone frame.
+    // The children must not see a half-destroyed frame.
     disconnect(mdi, nullptr, this, nullptr);
     delete mdi;
     if (MainForm == this)
@@ -129,7 +129,7 @@ void frmMain::RefreshUserButtonMenu()
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event)
 {
-    // A button that is off passes its clicks on to the toolbar; only the free area counts.
+    // A disabled button passes its clicks on to the toolbar; only the free area counts.
     if (watched == tbToolBar && event->type() == QEvent::MouseButtonDblClick) {
         const QAction* under = tbToolBar->actionAt(static_cast<QMouseEvent*>(event)->position().toPoint());
         if (under == nullptr || under->isSeparator())
@@ -154,7 +154,7 @@ void frmMain::Load()
     OpenAtLoad();
     show();
     setWindowTitle(MainCaption());
-    // The files of the command line need not wait for the tip to be read.
+    // The files of the command line need not wait until the tip has been read.
     if (ShowTips)
         QTimer::singleShot(0, this, [] { RunCommand(OpenToolModally<frmTip>); });
 }
@@ -216,7 +216,7 @@ QMdiSubWindow* frmMain::AddChild(QWidget& child)
 {
     QMdiSubWindow* window = mdi->addSubWindow(&child);
     window->setAttribute(Qt::WA_DeleteOnClose);
-    // Its own keys for closing and the like would stand in the way of the menu's.
+    // Its own shortcuts for closing and the like would conflict with the menu's.
     for (QAction* action : window->actions() + window->systemMenu()->actions())
         action->setShortcuts(QList<QKeySequence>());
     return window;
@@ -247,7 +247,7 @@ void frmMain::UnloadDocument(cDocument& document)
 
 void frmMain::SubWindowActivated(QMdiSubWindow* window)
 {
-    // The area tells of no window while another window of the desktop is in front; the active child stays active.
+    // The area reports no window while another window of the desktop is in front; the active child stays active.
     if (window == nullptr && !mdi->subWindowList().isEmpty())
         return;
     ActivateChild(window == nullptr ? nullptr : window->widget());
@@ -349,7 +349,7 @@ void mnuViewGuiBar_Click()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    // The one active last goes first; a child that stays keeps the frame open.
+    // The most recently active one is closed first; a child that stays open keeps the frame open.
     QList<QMdiSubWindow*> open = mdi->subWindowList(QMdiArea::ActivationHistoryOrder);
     while (!open.isEmpty()) {
         if (!open.takeLast()->close()) {

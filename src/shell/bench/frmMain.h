@@ -30,10 +30,10 @@ public:
     frmMain();
     ~frmMain() override;
 
-    // The one main window; null while there is none.
+    // The main window; null while there is none.
     static frmMain* Instance();
 
-    // Everything between the window's making and its showing: settings, recent files, the first code window.
+    // Everything between creating and showing the window: settings, recent files, the first code window.
     void Load();
 
     ActiveChild ActiveKind() const override;
@@ -56,7 +56,7 @@ public:
     void SendToBack() override;
     void Unload() override;
 
-    // A menu item by its name; null for an unknown one.
+    // The menu item with that name; null for an unknown one.
     QAction* Item(const QString& name) const { return items.value(name); }
 
     QMdiArea& Area() { return *mdi; }
@@ -86,7 +86,7 @@ private:
 
     QMdiArea* mdi = nullptr;
     QToolBar* tbToolBar = nullptr;
-    std::unique_ptr<cDesigner> designer; // of the form that gui shows
+    std::unique_ptr<cDesigner> designer; // of the form shown by gui
     frmPalette* picGui = nullptr;
     frmGui* gui = nullptr; // the form window, while there is one
     frmStatusBar* sbStatusBar = nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The menu tree of the main window, and the one loop that reads it.
+// The menu tree of the main window, and the loop that reads it.
 #include "shell/bench/frmMainMenu.h"
 
 #include "codetools/dlgToolbar.h"

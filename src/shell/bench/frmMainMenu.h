@@ -13,8 +13,8 @@ class QMenuBar;
 
 namespace ob {
 
-// What an item is at the start: On, or Off until a code window is active; a menu that holds others; a line between;
-// the eight places of the recent list; a switch with a check mark.
+// The kind and initial state of an item: On, or Off until a code window is active; a submenu; a separator; the eight
+// places of the recent list; a switch with a check mark.
 enum class ItemKind { On, Off, Menu, OffMenu, Bar, Recent, Check };
 
 struct MenuRow {
@@ -24,19 +24,19 @@ struct MenuRow {
     const char* key;
     const char* icon; // resources/icons/ICON.svg; empty for none
     ItemKind kind;
-    void (*click)(); // null while the item's tool is not there: the item then does nothing
+    void (*click)(); // null for an item that does nothing
 };
 
 // In the order shown on the screen.
 std::span<const MenuRow> MenuTree();
 
-// Lets a menu read its items' icons when it opens for the first time, so that they cost the start nothing. An item's
-// icon is named by its row, or by the item that it stands for.
+// Makes a menu read its items' icons when it opens for the first time, so that they do not slow down the start. An
+// item's icon is named by its row, or by the item that it triggers.
 void ShowIconsOnOpening(QMenu& menu);
 void SetIconName(QAction& item, const QString& icon);
 QString IconName(const QAction& item);
 
-// Fills the bar from the table. Gives every item by its name, menus by their own item; the recent places are
+// Fills the bar from the table. Returns every item by its name, menus by their own item; the recent places are
 // "mnuFileMRU1" to "mnuFileMRU8".
 QHash<QString, QAction*> BuildMenu(QMenuBar& bar);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window's toolbar, and the one loop that reads its table.
+// The main window's toolbar, and the loop that reads its table.
 #include "shell/bench/frmMainToolbar.h"
 
 #include "platform/dialogs/modDialogs.h"
@@ -20,7 +20,7 @@ namespace ob {
 
 namespace {
 
-// An item of a button's menu, and the menu item that it stands for.
+// An item of a button's menu, and the menu item that it triggers.
 struct DropRow {
     const char* key;
     const char* item;
@@ -30,7 +30,7 @@ struct ButtonRow {
     const char* key; // null for a separator
     const char* tip;
     const char* icon;
-    const char* item; // the menu item that a plain click stands for
+    const char* item; // the menu item that a plain click triggers
     std::span<const DropRow> drop;
 };
 
@@ -77,7 +77,7 @@ constexpr ButtonRow rows[] = {
     {"Help", "Help", "help", "mnuHelpContents", helpRows},
 };
 
-// The buttons that act on a code window; off until there is one.
+// The buttons that act on a code window; disabled until there is one.
 constexpr int codeButtons[] = {3, 4, 6, 7, 8, 9, 11, 12};
 
 QMenu* MakeDropMenu(QToolBar& bar, std::span<const DropRow> drop, const QHash<QString, QAction*>& items)

@@ -10,7 +10,7 @@ class QToolBar;
 
 namespace ob {
 
-// What the main window keeps of its toolbar. Button N stands at index N - 1, a null pointer for each separator.
+// The parts of the toolbar that the main window needs. Button N is at index N - 1; a separator is a null pointer.
 struct ToolbarParts {
     QList<QAction*> buttons;
     QList<QAction*> userItems; // of the "User" button, "one" to "ten"
@@ -19,7 +19,7 @@ struct ToolbarParts {
 // Fills the toolbar; every button, and every item of its menu, does what the menu item of its row does.
 ToolbarParts BuildToolbar(QToolBar& bar, const QHash<QString, QAction*>& items);
 
-// Shows the user applications on the items of the "User" button; those that hold none are hidden.
+// Shows the user applications on the items of the "User" button; items without one are hidden.
 void ShowUserApplicationItems(const QList<QAction*>& userItems);
 
 } // namespace ob

@@ -67,7 +67,7 @@ frmOptions::frmOptions(QWidget* parent)
     for (const PreferenceRow& row : PreferenceRows())
         ConnectRow(row);
     ConnectButtons();
-    // A stored size out of bounds is shown as a typed one would be.
+    // A stored size out of bounds is shown like a typed one.
     txtTabSize_Change();
 }
 
@@ -107,7 +107,7 @@ void frmOptions::ShowSamples()
         SetLabelColors(sample, row.ground == Ground::Text ? shown : Editor.EditForeColor,
                        row.ground == Ground::Back ? shown : Editor.EditBackColor);
     }
-    // Comments are the one text with a ground of its own.
+    // Only comments have a background colour of their own.
     for (frmColorSample* sample : {ui->lblComments, ui->lblCommentback})
         SetLabelColors(*sample, values.commentColor, values.commentBackColor);
     SetLabelColors(*ui->lblSample, Editor.EditForeColor, Editor.EditBackColor);
@@ -199,7 +199,7 @@ void frmOptions::txtTabSize_Change()
 void frmOptions::Browse_Click(const PreferenceRow& row)
 {
     const QString chosen = BrowseFor(row.file);
-    // Thinking better of it must not cost the path that stood there.
+    // Cancelling must not clear the path.
     if (!chosen.isEmpty())
         ShowOn(Control(row.control), chosen);
 }

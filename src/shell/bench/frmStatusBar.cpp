@@ -22,7 +22,7 @@ frmStatusBar::frmStatusBar(QWidget* parent) : QStatusBar(parent)
     textPanel = new QLabel(this);
     textPanel->setObjectName(QStringLiteral("statusText"));
     textPanel->setTextFormat(Qt::PlainText);
-    // A long text must not force the window wide.
+    // A long text must not widen the window.
     textPanel->setMinimumWidth(1);
     textPanel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     addWidget(textPanel, 1);
@@ -57,7 +57,7 @@ void frmStatusBar::ShowClock()
     const QLocale locale = QLocale::system();
     const QDateTime now = QDateTime::currentDateTime();
     datePanel->setText(locale.toString(now.date(), QLocale::ShortFormat));
-    // Seconds would stand still between the turns of the minute.
+    // The panel changes once a minute, so seconds would be wrong.
     QString format = locale.timeFormat(QLocale::ShortFormat);
     timePanel->setText(locale.toString(now.time(), format.remove(QLatin1String(":ss"))));
     const int untilNextMinute = 60'000 - (now.time().msecsSinceStartOfDay() % 60'000);

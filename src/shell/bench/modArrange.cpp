@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where child windows go when they are arranged.
+// The places of arranged child windows.
 #include "shell/bench/modArrange.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace {
 
 QList<QRect> Cascade(QSize area, int count, int step)
 {
-    // Three quarters of the area, so that four steps at least fit before the row starts anew.
+    // Three quarters of the area, so that at least four steps fit before the row restarts.
     const QSize size(std::max(1, area.width() * 3 / 4), std::max(1, area.height() * 3 / 4));
     const int room = std::min(area.width() - size.width(), area.height() - size.height());
     const int steps = std::max(1, room / std::max(1, step) + 1);
@@ -23,13 +23,13 @@ QList<QRect> Cascade(QSize area, int count, int step)
     return places;
 }
 
-// The part'th of so many near-equal parts of a length: start and end.
+// Start and end of one of the nearly equal parts of a length; `part` counts from 0.
 std::pair<int, int> Part(int length, int parts, int part)
 {
     return {length * part / parts, length * (part + 1) / parts};
 }
 
-// Columns of tiles, the last ones holding the windows that do not share out evenly.
+// Columns of tiles; the last ones take the windows left over by the division.
 QList<QRect> Columns(QSize area, int count)
 {
     int columns = 1;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where child windows go when they are cascaded, tiled or lined up: arithmetic over rectangles.
+// The places of child windows that are cascaded, tiled or lined up: arithmetic on rectangles.
 #pragma once
 
 #include <QList>
@@ -10,15 +10,15 @@ namespace ob {
 
 enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2, Icons = 3 };
 
-// The places of so many windows in an area, in their order. A cascade steps by the height of a title bar and starts
-// anew when it would leave the area; horizontal tiles lie one above the other, vertical ones side by side, and from
-// four on in a grid of near-equal columns or rows. Icons line up at the bottom in rows, size of one given.
+// The places of that many windows in an area, in their order. A cascade steps by the height of a title bar and restarts
+// when it would leave the area; horizontal tiles are one above the other, vertical ones side by side, and four or more
+// form a grid of nearly equal columns or rows. Icons of the given size line up at the bottom in rows.
 QList<QRect> ArrangedPlaces(Arrangement arrangement, QSize area, int count, int titleHeight);
 QList<QRect> IconPlaces(QSize area, int count, QSize icon);
 
-// Where a main window with this stored rectangle (in pixels, of any values) comes up: the rectangle itself when enough
-// of its upper edge to take hold of lies on one of the screens, else the same size in the first screen's corner. No
-// side is below a least size, nor beyond what all screens together span.
+// The place of a main window with this stored rectangle (in pixels, with any values): the rectangle itself when enough
+// of its upper edge to drag it by is on one of the screens, otherwise the same size in the first screen's corner. No
+// side is below a minimum size or beyond the extent of all screens together.
 struct StoredPlace {
     double left = 0;
     double top = 0;

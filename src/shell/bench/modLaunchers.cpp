@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands that start other programs or open pages, help files and the carried libraries.
+// The commands that start other programs or open pages, help files and the embedded libraries.
 #include "shell/bench/modLaunchers.h"
 
 #include "editor/document/modDocument.h"
@@ -26,7 +26,7 @@ void SayStopped(const QString& text)
     MsgBox(text, BoxIcon::Critical);
 }
 
-// Launchers pass errors over: a program that does not start is silent.
+// Launchers ignore errors: nothing is shown for a program that does not start.
 void StartSilently(const ProgramCall& call)
 {
     try {
@@ -44,7 +44,7 @@ void StartOr(const std::optional<ProgramCall>& call, const QString& message)
         SayStopped(message);
 }
 
-// Asks the desktop with a file of the kind, which goes again whatever the answer.
+// Finds the desktop's program with a file of the kind, which is removed afterwards in any case.
 void StartProgramFor(const QString& testFile, const QString& message)
 {
     const QString path = ProgramFile(testFile);
@@ -53,7 +53,7 @@ void StartProgramFor(const QString& testFile, const QString& message)
         ReplaceFile(path, "test\r\n");
         call = FindExecutable(path.toStdU16String());
     } catch (const RuntimeError&) {
-        // Without the test file there is nothing to ask with.
+        // Without the test file the program cannot be found.
     }
     QFile::remove(path);
     StartOr(call, message);

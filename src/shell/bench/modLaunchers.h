@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands that start other programs or open pages, help files and the carried libraries.
+// The commands that start other programs or open pages, help files and the embedded libraries.
 #pragma once
 
 #include <QString>
@@ -26,7 +26,7 @@ void mnuHelpOption_Click();
 void mnuWrapper_Click();
 void mnuToolPrinter_Click();
 
-// The address of a page by its menu item's name ("mnuOBHome"), out of the carried list; empty for an unknown one.
+// The address of a page by its menu item's name ("mnuOBHome"), from the embedded list; empty for an unknown one.
 QString PageAddress(const QString& item);
 
 } // namespace ob

@@ -62,17 +62,17 @@ const PreferenceRow rows[] = {
     Sample("lblNumber", {&Copies::numberColor, &Editor.NumberColor}),
     Sample("lblHandle", {&Copies::handleColor, &Editor.HandleColor}),
     Sample("lblCommentback", {&Copies::commentBackColor, &Editor.CommentBackColor}, Ground::Back),
-    {"chkComments", Choice{&Copies::addComments, &AddComments}, nullptr, {}, {}, Turn::BehindWindows},
+    {"chkComments", Choice{&Copies::addComments, &AddComments}, nullptr, {}, {}, Turn::AfterWindows},
 };
 
-// A failure of one step must not keep the ones behind it from being done.
+// The failure of one step must not prevent the following ones.
 template <class Step>
 void PassingErrorsOver(Step step)
 {
     try {
         step();
     } catch (const RuntimeError&) {
-        // The user is told nothing, as of every other failure here.
+        // Nothing is shown, as for every other failure here.
     }
 }
 
@@ -109,7 +109,7 @@ Preferences LoadPreferences(const QString& folder)
 
 int TypedTabSize(const QString& text)
 {
-    // What stays when the number is beyond a double.
+    // The size stays when the number is beyond a double.
     double number = text.trimmed().startsWith(QLatin1Char('-')) ? -LargestTabSize : LargestTabSize;
     PassingErrorsOver([&] { number = Val(text); });
     const int size = ToInt32(std::clamp(number, -100.0, 100.0));
@@ -123,7 +123,7 @@ void ApplyPreferences(Preferences& values, const QString& folder)
     values.tabSize = std::clamp(values.tabSize, 1, LargestTabSize);
     WriteFields(values, Turn::BeforeWindows);
     StyleOpenWindows();
-    WriteFields(values, Turn::BehindWindows);
+    WriteFields(values, Turn::AfterWindows);
     if (!values.comments.isEmpty())
         PassingErrorsOver([&] { SaveCommentFile(folder, values.comments); });
     PassingErrorsOver(SaveAllSettings);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The preferences: copies of the settings to change, one table of their fields, and how they are put into force.
+// The preferences: copies of the settings to change, one table of their fields, and their application.
 #pragma once
 
 #include "engine/run/modFileIO.h"
@@ -13,8 +13,8 @@
 
 namespace ob {
 
-// Copies of the settings that the preferences show. tabSize is the number as it stands in its box, clamped when
-// applied; comments is the text of the comments file.
+// Copies of the settings shown by the preferences. tabSize is the number in its box, clamped when applied; comments is
+// the text of the comments file.
 struct Preferences {
     QString fontName;
     int fontSize = 0; // points
@@ -51,13 +51,13 @@ struct Field {
     Value* setting;
 };
 
-// What a colour sample shows its colour on.
+// The part of a sample that has its colour.
 enum class Ground { Text, Back };
 
-// Whether a field is written before the code windows take font and colours again, or behind that.
-enum class Turn { BeforeWindows, BehindWindows };
+// Whether a field is written before or after the code windows are styled again.
+enum class Turn { BeforeWindows, AfterWindows };
 
-// One field: the control that shows it, and for a path the button that looks for it.
+// One field: the control that shows it, and for a path the button that browses for it.
 struct PreferenceRow {
     const char* control;
     std::variant<Field<QString>, Field<bool>, Field<int>, Field<ColorRef>> field;
@@ -73,17 +73,17 @@ std::span<const PreferenceRow> PreferenceRows();
 // The settings as they are now, and the comments file of folder. Any colouring above 0 is on.
 Preferences LoadPreferences(const QString& folder);
 
-// The number that a typed tab size stands for: below -1 it is 1, above 12 it is 12. A text without a number is 0.
+// The number of a typed tab size: below -1 it is 1, above 12 it is 12. A text without a number is 0.
 int TypedTabSize(const QString& text);
 
-// Puts the copies into force: the settings, the open code windows, the comments file of folder unless the text is
-// empty, the settings store. The tab size becomes 1 to 12, in values too. A step that fails is passed over.
+// Applies the copies: to the settings, the open code windows, the comments file of folder unless the text is empty, and
+// the settings store. The tab size becomes 1 to 12, in values too. A failing step is ignored.
 void ApplyPreferences(Preferences& values, const QString& folder);
 
-// Puts the eight default colours into force, for windows from the next apply on, and into values.
+// Sets the eight default colours, also in values; windows show them from the next apply on.
 void TakeDefaultColors(Preferences& values);
 
-// Asks whether the program's files shall open with it; does it and says how it went.
+// Asks whether the program's files should open with it; associates them and shows the result.
 void AssociateFiles(const AssociationPlaces& places);
 
 } // namespace ob

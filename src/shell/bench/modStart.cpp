@@ -67,13 +67,13 @@ void LoadState()
         QDir::setCurrent(LastDir);
 }
 
-// The main window's Load passes errors over, step by step, and always reaches its end.
+// The main window's Load ignores the errors of each step and always reaches its end.
 static void PassErrorsOver(const std::function<void()>& step)
 {
     try {
         step();
     } catch (const RuntimeError&) {
-        // What could not be opened is simply not there.
+        // What could not be opened has no window.
     }
 }
 

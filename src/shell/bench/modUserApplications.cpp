@@ -42,7 +42,7 @@ void StartUserApplication(int number)
     try {
         Launch(UserApplications[static_cast<std::size_t>(number - 1)], WindowMode::Normal);
     } catch (const RuntimeError&) {
-        // A program that has gone is not spoken of.
+        // Nothing is shown for a missing program.
     }
 }
 

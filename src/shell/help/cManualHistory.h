@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The way that a reader takes through the manual.
+// The reader's path through the manual.
 #pragma once
 
 #include "shell/help/modManual.h"
@@ -9,16 +9,16 @@
 
 namespace ob {
 
-// A place on the way, and how far its page was scrolled when it was left, in pixels.
+// A place on the path, and the scroll position of its page when it was left, in pixels.
 struct ManualStop {
     ManualPlace place;
     int scroll = 0;
 };
 
-// There is always one stop at which the reader is, once the first was visited; Back and Forward need a place to go to.
+// From the first visit on there is always a current stop; Back and Forward need a place to go to.
 class cManualHistory {
 public:
-    // Goes on to a new stop; what lay ahead is forgotten.
+    // Goes to a new stop; the stops ahead are dropped.
     void Visit(const ManualPlace& place)
     {
         if (!stops.empty())

@@ -20,7 +20,7 @@ namespace ob {
 
 namespace {
 
-// What an item of the contents tree holds.
+// The data of an item of the contents tree.
 constexpr int PageRole = Qt::UserRole;
 constexpr int SectionRole = Qt::UserRole + 1;
 
@@ -37,7 +37,7 @@ QTreeWidgetItem* AddItem(QTreeWidgetItem* parent, const QString& caption, const 
     item->setData(0, PageRole, place.page);
     item->setData(0, SectionRole, place.section);
     item->setToolTip(0, caption);
-    // A little air between the lines.
+    // A little space between the lines.
     item->setSizeHint(0, QSize(0, QFontMetrics(item->font(0)).height() + 6));
     return item;
 }
@@ -111,7 +111,7 @@ void frmHelp::MakeKeys()
     ui->txtSearch->installEventFilter(this);
 }
 
-// The arrow down leads from the search into what it found.
+// The Down key goes from the search field to the results.
 bool frmHelp::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == ui->txtSearch && event->type() == QEvent::KeyPress &&
@@ -284,7 +284,7 @@ void ShowManual(const QString& page)
     static QPointer<frmHelp> open;
     QWidget* modal = QApplication::activeModalWidget();
     if (open.isNull()) {
-        // It has no owner, so that it can lie behind the main window too; it goes when that goes.
+        // It has no owner, so that the main window can cover it; it closes with the main window.
         open = new frmHelp(nullptr);
         open->setAttribute(Qt::WA_DeleteOnClose);
         open->setAttribute(Qt::WA_QuitOnClose, false);

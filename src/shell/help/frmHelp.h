@@ -30,7 +30,7 @@ public:
     explicit frmHelp(QWidget* parent);
     ~frmHelp() override;
 
-    // Goes on to a place; a page that is not there says so itself.
+    // Goes to a place; a missing page is replaced by one that says so.
     void GoTo(const ManualPlace& place);
 
     ManualPlace Here() const { return history.IsEmpty() ? ManualPlace() : history.Here().place; }
@@ -62,7 +62,7 @@ private:
     cManualHistory history;
 };
 
-// Opens the manual, made on first use, at a page ("preferences"); the empty name is the contents page.
+// Opens the manual, created on first use, at a page ("preferences"); the empty name is the contents page.
 void ShowManual(const QString& page);
 
 void mnuHelpInstruct_Click();

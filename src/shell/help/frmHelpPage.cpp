@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A page of the manual: its looks, its pictures, its sections.
+// A page of the manual: its appearance, its pictures, its sections.
 #include "shell/help/frmHelpPage.h"
 
 #include <QEvent>
@@ -19,11 +19,11 @@ namespace {
 const QString PictureFolder = QStringLiteral(":/manual/");
 
 constexpr int PageMargin = 28;     // left and right of the text, in pixels
-constexpr int WidestLine = 92;     // in average letters; longer lines are hard to follow
+constexpr int WidestLine = 92;     // in average characters; longer lines are hard to follow
 constexpr double LineHeight = 132; // in percent
 constexpr double HeadingSizes[] = {1.7, 1.28, 1.1, 1.0, 1.0, 1.0}; // of the text's size, from level 1
 
-// Between the two colours, `part` of the way to the second.
+// A colour between the two, `part` of the way to the second.
 QColor Blend(const QColor& from, const QColor& to, double part)
 {
     const auto channel = [part](int left, int right) { return left + qRound((right - left) * part); };
@@ -35,7 +35,7 @@ bool IsDark(const QPalette& palette)
     return palette.color(QPalette::Base).lightness() < 128;
 }
 
-// Most palettes give one link colour for both, and it cannot be read on a dark page.
+// Most palettes have the same link colour for light and dark, which is unreadable on a dark page.
 QColor LinkColor(const QPalette& palette)
 {
     return IsDark(palette) ? QColor(0x7a, 0xb8, 0xf0) : QColor(0x1f, 0x5f, 0xa8);
@@ -149,7 +149,7 @@ void frmHelpPage::StyleBlock(const QTextBlock& block)
         format.setTopMargin(level == 1 ? 0 : 20);
         format.setBottomMargin(level == 1 ? 12 : 6);
     } else if (!isCell) {
-        // A picture is a letter of its line and must not be given that air.
+        // A picture counts as a character of its line, which must not be stretched.
         if (!HasPicture(block))
             format.setLineHeight(LineHeight, QTextBlockFormat::ProportionalHeight);
         format.setTopMargin(0);
@@ -158,10 +158,10 @@ void frmHelpPage::StyleBlock(const QTextBlock& block)
     cursor.setBlockFormat(format);
     if (level > 0) {
         cursor.select(QTextCursor::BlockUnderCursor);
-        QTextCharFormat letters;
-        letters.setFontPointSize(font().pointSizeF() * HeadingSizes[std::clamp(level, 1, 6) - 1]);
-        letters.setFontWeight(QFont::DemiBold);
-        cursor.mergeCharFormat(letters);
+        QTextCharFormat charFormat;
+        charFormat.setFontPointSize(font().pointSizeF() * HeadingSizes[std::clamp(level, 1, 6) - 1]);
+        charFormat.setFontWeight(QFont::DemiBold);
+        cursor.mergeCharFormat(charFormat);
     }
     StylePieces(block);
 }
@@ -171,31 +171,31 @@ void frmHelpPage::StylePieces(const QTextBlock& block)
     struct Piece {
         int start;
         int end;
-        QTextCharFormat letters;
+        QTextCharFormat charFormat;
     };
     std::vector<Piece> pieces;
     for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment fragment = it.fragment();
         const QTextCharFormat was = fragment.charFormat();
-        QTextCharFormat letters;
+        QTextCharFormat charFormat;
         if (was.isAnchor()) {
-            letters.setForeground(LinkColor(palette()));
-            letters.setFontUnderline(false);
+            charFormat.setForeground(LinkColor(palette()));
+            charFormat.setFontUnderline(false);
         } else if (was.fontFixedPitch()) {
-            letters.setFontFamilies({QFontDatabase::systemFont(QFontDatabase::FixedFont).family()});
-            letters.setFontPointSize(font().pointSizeF());
+            charFormat.setFontFamilies({QFontDatabase::systemFont(QFontDatabase::FixedFont).family()});
+            charFormat.setFontPointSize(font().pointSizeF());
             if (!block.blockFormat().nonBreakableLines())
-                letters.setBackground(Tint(palette(), 0.07));
+                charFormat.setBackground(Tint(palette(), 0.07));
         } else {
             continue;
         }
-        pieces.push_back({fragment.position(), fragment.position() + fragment.length(), letters});
+        pieces.push_back({fragment.position(), fragment.position() + fragment.length(), charFormat});
     }
     for (const Piece& piece : pieces) {
         QTextCursor cursor(document());
         cursor.setPosition(piece.start);
         cursor.setPosition(piece.end, QTextCursor::KeepAnchor);
-        cursor.mergeCharFormat(piece.letters);
+        cursor.mergeCharFormat(piece.charFormat);
     }
 }
 
@@ -210,7 +210,7 @@ void frmHelpPage::FitPictures()
     if (fittedWidth == TextWidth())
         return;
     fittedWidth = TextWidth();
-    // What the document keeps of a picture's old size must go, or it would be stretched from that.
+    // The document's cached picture must go, or it would be scaled from the old size.
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextImageFormat format = it.fragment().charFormat().toImageFormat();

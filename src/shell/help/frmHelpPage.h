@@ -17,7 +17,7 @@ public:
     // Shows the page's text and goes to the section; an unknown section is the page's start.
     void ShowPage(const QString& name, const QString& section);
 
-    // Marks the words wherever they begin on the page; none takes the marks away.
+    // Highlights the words wherever they begin on the page; no words remove the highlights.
     void MarkWords(const QStringList& words);
 
     QVariant loadResource(int type, const QUrl& name) override;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The look of a search result.
+// The appearance of a search result.
 #include "shell/help/frmHelpResults.h"
 
 #include <QApplication>
@@ -27,14 +27,14 @@ QFont SnippetFont(const QStyleOptionViewItem& option)
     return font;
 }
 
-// The part of a line around its first word that fits the width on one line.
+// The part of a line around its first word that fits the width.
 QString CutAround(const QString& line, const QStringList& words, const QFontMetrics& metrics, int width)
 {
     if (metrics.horizontalAdvance(line) <= width)
         return line;
     const QList<TextSpan> found = FindWords(line, words);
     const qsizetype first = found.isEmpty() ? 0 : found.first().start;
-    // A few words before it tell what it is about; they give way when the word itself would not be seen.
+    // A few words before it give the context, unless the word itself would not be visible.
     qsizetype start = first;
     while (start > 0 && metrics.horizontalAdvance(line.mid(start, first - start)) < width / 3)
         --start;
@@ -90,7 +90,7 @@ void frmHelpResults::paint(QPainter* painter, const QStyleOptionViewItem& option
     int top = inside.top() + titleMetrics.height() + Gap;
     const QStringList snippets = index.data(SnippetsRole).toStringList();
     for (const QString& snippet : snippets) {
-        // Bold letters are wider than the ones measured.
+        // Bold characters are wider than the measured ones.
         const QString cut = CutAround(snippet, words, metrics, inside.width() - 12);
         PaintSnippet(*painter, QPoint(inside.left(), top), cut, words, SnippetFont(option));
         top += metrics.height() + 1;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a page that a search found is painted in the list of results: its title, and the lines that hold the words.
+// Painting of a search result: the page's title, and the lines that contain the words.
 #pragma once
 
 #include "shell/help/modManual.h"
@@ -12,7 +12,7 @@ class frmHelpResults final : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    // What an item of the list holds beside its text, the title.
+    // The data of an item besides its text, the title.
     static constexpr int SnippetsRole = Qt::UserRole;
     static constexpr int PageRole = Qt::UserRole + 1;
     static constexpr int SectionRole = Qt::UserRole + 2;

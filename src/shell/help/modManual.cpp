@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The user's manual: pages taken apart, contents, search.
+// The user's manual: parsing of pages, contents, search.
 #include "shell/help/modManual.h"
 
 #include <QDir>
@@ -16,8 +16,8 @@ const QString PageFolder = QStringLiteral(":/manual");
 const QLatin1String PageEnding(".md");
 constexpr int MaximumSnippets = 3;
 
-// The text between an opening bracket at `open` and its partner; moves `open` behind the partner. Nothing, and no
-// move, when it has none.
+// The text between an opening bracket at `open` and its partner; moves `open` past the partner. Nothing, and no move,
+// when there is none.
 std::optional<QString> Bracketed(QStringView text, qsizetype& open, QChar opening, QChar closing)
 {
     int depth = 0;
@@ -33,17 +33,17 @@ std::optional<QString> Bracketed(QStringView text, qsizetype& open, QChar openin
     return std::nullopt;
 }
 
-// "[text](target)" at `at`, which moves behind it.
+// "[text](target)" at `at`, which moves past it.
 std::optional<ManualLink> ReadLink(QStringView text, qsizetype& at)
 {
-    qsizetype behind = at;
-    const auto caption = Bracketed(text, behind, u'[', u']');
-    if (!caption || behind >= text.size() || text[behind] != u'(')
+    qsizetype end = at;
+    const auto caption = Bracketed(text, end, u'[', u']');
+    if (!caption || end >= text.size() || text[end] != u'(')
         return std::nullopt;
-    const auto target = Bracketed(text, behind, u'(', u')');
+    const auto target = Bracketed(text, end, u'(', u')');
     if (!target)
         return std::nullopt;
-    at = behind;
+    at = end;
     return ManualLink{*caption, *target};
 }
 
@@ -52,37 +52,37 @@ void AppendInline(ManualBlock& block, QStringView text)
 {
     bool isCode = false;
     for (qsizetype at = 0; at < text.size();) {
-        const QChar letter = text[at];
-        if (letter == u'`') {
+        const QChar character = text[at];
+        if (character == u'`') {
             isCode = !isCode;
             ++at;
             continue;
         }
         const bool isPicture = !isCode && text.sliced(at).startsWith(QLatin1String("!["));
-        if (isPicture || (!isCode && letter == u'[')) {
-            qsizetype behind = isPicture ? at + 1 : at;
-            if (const auto link = ReadLink(text, behind)) {
+        if (isPicture || (!isCode && character == u'[')) {
+            qsizetype end = isPicture ? at + 1 : at;
+            if (const auto link = ReadLink(text, end)) {
                 (isPicture ? block.pictures : block.links).append(*link);
                 if (!isPicture)
                     AppendInline(block, link->text);
-                at = behind;
+                at = end;
                 continue;
             }
         }
-        if (!isCode && letter == u'\\' && at + 1 < text.size()) {
+        if (!isCode && character == u'\\' && at + 1 < text.size()) {
             block.text += text[at + 1];
             at += 2;
             continue;
         }
-        // A star between blanks is text; others are marks of bold and italic.
+        // An asterisk between spaces is text; others mark bold and italic.
         const bool isAlone = (at == 0 || text[at - 1] == u' ') && (at + 1 == text.size() || text[at + 1] == u' ');
-        if (isCode || letter != u'*' || isAlone)
-            block.text += letter;
+        if (isCode || character != u'*' || isAlone)
+            block.text += character;
         ++at;
     }
 }
 
-// How many characters of a list item's mark the line has; 0 when it is no item.
+// The length of a list item's mark; 0 when the line is not an item.
 qsizetype ItemMark(QStringView line)
 {
     if (line.startsWith(QLatin1String("- ")) || line.startsWith(QLatin1String("* ")))
@@ -95,7 +95,7 @@ qsizetype ItemMark(QStringView line)
 
 bool IsTableRule(QStringView line)
 {
-    return std::all_of(line.begin(), line.end(), [](QChar letter) { return QStringView(u"|-: ").contains(letter); });
+    return std::all_of(line.begin(), line.end(), [](QChar each) { return QStringView(u"|-: ").contains(each); });
 }
 
 // Reads a page line by line.
@@ -149,7 +149,7 @@ private:
         ManualBlock& block = Begin(BlockKind::Heading);
         block.level = static_cast<int>(level);
         AppendInline(block, line.sliced(level).trimmed());
-        // The page's own title needs no place of its own.
+        // The page's own title is the page's start, not a section.
         section = block.level == 1 ? QString() : AnchorOf(block.text);
         block.section = section;
         if (page.title.isEmpty())
@@ -162,7 +162,7 @@ private:
             return;
         ManualBlock& block = Begin(BlockKind::Row);
         QString cells = line.toString();
-        const QChar bar(0xE000); // a bar that is text, not the edge of a cell
+        const QChar bar(0xE000); // a bar that is text, not a cell border
         cells.replace(QLatin1String("\\|"), QString(bar));
         for (const QString& cell : cells.split(u'|', Qt::SkipEmptyParts)) {
             if (!block.text.isEmpty())
@@ -175,7 +175,7 @@ private:
     HelpPage& page;
     QString section;
     bool isCode = false;
-    bool isOpen = false; // whether the next line goes on with the last block
+    bool isOpen = false; // whether the next line continues the last block
 };
 
 std::vector<HelpPage> ReadPages()
@@ -190,20 +190,20 @@ std::vector<HelpPage> ReadPages()
     return pages;
 }
 
-bool IsWordLetter(QChar letter)
+bool IsWordCharacter(QChar each)
 {
-    return letter.isLetterOrNumber();
+    return each.isLetterOrNumber();
 }
 
-// Whether the text has the word at `at`, beginning there.
+// Whether the word is at `at` in the text, at the beginning of a word there.
 bool WordBegins(QStringView text, qsizetype at, QStringView word)
 {
     if (!text.sliced(at).startsWith(word, Qt::CaseInsensitive))
         return false;
-    return at == 0 || !IsWordLetter(word.front()) || !IsWordLetter(text[at - 1]);
+    return at == 0 || !IsWordCharacter(word.front()) || !IsWordCharacter(text[at - 1]);
 }
 
-// A page's hit; nothing when it lacks a word.
+// The hit for a page; nothing when a word is missing in it.
 std::optional<ManualHit> HitIn(const HelpPage& page, const QStringList& words)
 {
     ManualHit hit{{page.name, {}}, page.title, {}, 0, 0};
@@ -218,7 +218,7 @@ std::optional<ManualHit> HitIn(const HelpPage& page, const QStringList& words)
         if (isHeading)
             hit.inHeadings += static_cast<int>(found.size());
         missing.removeIf([&](const QString& word) { return !FindWords(block.text, {word}).isEmpty(); });
-        // A heading tells more than a line of text does.
+        // A heading is more relevant than a line of text.
         const qsizetype worth = found.size() * (isHeading ? 10 : 1);
         if (worth > best) {
             best = worth;
@@ -285,11 +285,11 @@ std::vector<ManualEntry> ContentsOf(const HelpPage& contents)
 QString AnchorOf(QStringView heading)
 {
     QString anchor;
-    for (const QChar letter : heading.trimmed()) {
-        if (letter == u' ')
+    for (const QChar each : heading.trimmed()) {
+        if (each == u' ')
             anchor += u'-';
-        else if (letter.isLetterOrNumber() || letter == u'-' || letter == u'_')
-            anchor += letter.toLower();
+        else if (each.isLetterOrNumber() || each == u'-' || each == u'_')
+            anchor += each.toLower();
     }
     return anchor;
 }

@@ -11,7 +11,7 @@
 
 namespace ob {
 
-// A link or picture as its page writes it: "files.md#save", "pictures/bench.png", "https://example.org".
+// A link or picture as written in its page: "files.md#save", "pictures/bench.png", "https://example.org".
 struct ManualLink {
     QString text;
     QString target;
@@ -23,7 +23,7 @@ enum class BlockKind { Heading, Text, Item, Row, Code };
 struct ManualBlock {
     BlockKind kind = BlockKind::Text;
     int level = 0;   // of a heading, from 1
-    QString text;    // plain; cells are parted by two blanks
+    QString text;    // plain; cells are separated by two spaces
     QString section; // anchor of the heading above or of the heading itself
     QList<ManualLink> links;
     QList<ManualLink> pictures;
@@ -32,7 +32,7 @@ struct ManualBlock {
 struct HelpPage {
     QString name;     // "files" for docs/manual/files.md
     QString title;    // its first heading, or the name when it has none
-    QString markdown; // as it is written
+    QString markdown; // the unparsed text
     std::vector<ManualBlock> blocks;
 };
 
@@ -53,7 +53,7 @@ struct ManualHit {
     ManualPlace place;
     QString title;
     QStringList snippets; // the first lines that hold a word, at most three
-    int inHeadings = 0;   // how often words occur in headings, and in all
+    int inHeadings = 0;   // number of words found in headings, and in total
     int count = 0;
 };
 
@@ -66,36 +66,37 @@ struct TextSpan {
 
 inline const QString ManualContentsPage = QStringLiteral("index");
 
-// Takes a page's text apart. Any text is a page.
+// Parses a page. Any text is valid.
 HelpPage ParseManualPage(const QString& name, const QString& markdown);
 
-// All pages that the program carries, by their names.
+// All embedded pages, sorted by name.
 const std::vector<HelpPage>& Manual();
 
-// Null when the program does not carry the page.
+// Null when there is no such page.
 const HelpPage* FindManualPage(QStringView name);
 
-// The text shown for a page; for one that is not there a short page that says so, with a link to the contents.
+// The text shown for a page; for a missing one, a short page that says so, with a link to the contents.
 QString ManualText(const QString& name);
 
-// The groups and pages that the contents page lists, in its order.
+// The groups and pages listed by the contents page, in its order.
 std::vector<ManualEntry> ContentsOf(const HelpPage& contents);
 
 // The anchor of a heading: "Save & close" gives "save--close".
 QString AnchorOf(QStringView heading);
 
-// Whether a link stays in the manual, and where it goes: "files.md#save" or, from the page "files", "#save".
+// Whether a link stays within the manual, and its target: "files.md#save" or, from the page "files", "#save".
 bool IsManualLink(QStringView target);
 ManualPlace PlaceOfLink(QStringView target, const QString& fromPage);
 
-// The words of a search: parted by blanks, in lower case, each once.
+// The words of a search: separated by spaces, in lower case, without duplicates.
 QStringList SearchWords(QStringView text);
 
-// Where words begin in a text, in any case, from left to right; a word in the middle of another does not count.
+// The places where words begin in a text, ignoring case, from left to right; a word in the middle of another does not
+// count.
 QList<TextSpan> FindWords(QStringView text, const QStringList& words);
 
-// The pages that hold every word. Those with more of them in headings come first, then those with more of them at
-// all, then in the pages' order. No words give no hits.
+// The pages that contain every word. Those with more of them in headings come first, then those with more of them in
+// total, then in the pages' order. Without words there are no hits.
 std::vector<ManualHit> SearchManual(const std::vector<HelpPage>& pages, QStringView text);
 
 } // namespace ob

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The state's first values and the small routines that every tool shares.
+// The state's initial values and the small routines shared by all tools.
 #include "shell/state/Module1.h"
 
 #include "platform/files/modFiles.h"
@@ -35,7 +35,7 @@ void ExtractResource(int id, const QString& type, const QString& path)
     try {
         WriteKeepingTail(path, QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size())));
     } catch (const RuntimeError&) {
-        // A folder that cannot take the library costs the user the library only, not the start.
+        // A folder that cannot be written costs the user the library, not the start.
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The application's state: flat, public, one set for the process; and the small routines that every tool shares.
+// The application's state: flat, public, one set for the process; and the small routines shared by all tools.
 #pragma once
 
 #include "shell/state/modEditorSettings.h"
@@ -23,7 +23,7 @@ inline cMainForm* MainForm = nullptr;
 inline int TwipsPerPixelX = 15;
 inline int TwipsPerPixelY = 15;
 
-// Recent files, newest first, and how many of their menu items are visible.
+// Recent files, newest first, and the number of their visible menu items.
 inline constexpr int RecentFileSlots = 8;
 inline std::array<QString, RecentFileSlots> RecentFiles;
 inline int RecentCount = 0;
@@ -31,20 +31,20 @@ inline int RecentCount = 0;
 // The picture shown by the toolbar maker's image dialog, from 1; 0 after Cancel.
 inline int ToolImageIndex = 1;
 
-// Questions and start-up.
+// Confirmations and start-up.
 inline bool QuitQuery = true;
 inline bool OpenFileOn = false;
 inline bool ShowTips = true;
 inline bool AddComments = false;
 
-// Outside paths: the engine, its help, a second help, the FreeForm program, the runtime engine; "no path" for none.
+// External paths: the engine, its help, a second help, the FreeForm program, the runtime engine; "no path" for none.
 inline QString OBPath;
 inline QString OBHelpPath;
 inline QString OptionalHelpPath;
 inline QString OBFreeformPath;
 inline QString OBRuntimePath;
 
-// How code windows look and behave.
+// Appearance and behaviour of code windows.
 inline EditorSettings Editor;
 
 // The ten user applications: HotKey is the first, User2 the second and so on; "none" for an empty place.
@@ -52,21 +52,20 @@ inline constexpr int UserApplicationCount = 10;
 inline std::array<QString, UserApplicationCount> UserApplications;
 inline QString& HotKey = UserApplications[0];
 
-// The folder of the code file opened last; "app.path" until there was one.
+// The folder of the last code file opened; "app.path" until there is one.
 inline QString LastDir;
 
-// Puts every variable above to what it holds before the settings are read.
+// Resets every variable above to its value before the settings are read.
 void ResetState();
 
-// Writes the program's resource of that number and type (101 wrapper32.bas, 102 printer32.bas, 103 jpeg.bas,
-// 104 jpeg.dll; type "CUSTOM") at the start of the file; a longer file keeps its tail. Any error ends it without a
-// word.
+// Writes the program's resource with that number and type (101 wrapper32.bas, 102 printer32.bas, 103 jpeg.bas,
+// 104 jpeg.dll; type "CUSTOM") at the start of the file; a longer file keeps its tail. Any error ends it silently.
 void ExtractResource(int id, const QString& type, const QString& path);
 
 // The first panel of the status bar.
 void SetStatusText(const QString& text);
 
-// Chooses an item of the main window's menu by its name, as its click does.
+// Triggers an item of the main window's menu by its name, like a click.
 void ChooseMenuItem(const QString& name);
 
 // Usable: not empty, not "no path" in any case, and the name of a file that exists.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window as commands see it, so that they need no toolkit and a test can stand in for it.
+// The main window as commands see it, so that they need no toolkit and a test can replace it.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,7 @@ namespace ob {
 
 class cDocument;
 
-// What the active MDI child is.
+// The kind of the active MDI child.
 enum class ActiveChild { None, Code, Gui };
 
 class cMainForm {
@@ -25,7 +25,7 @@ public:
     // The active child's document; null unless the active child is a code window.
     virtual cDocument* ActiveDocument() const = 0;
 
-    // Gives the document a window when it has none, and makes that window the active one.
+    // Creates the document's window when it has none, and activates it.
     virtual void ShowDocument(cDocument& document) = 0;
 
     // Closes the document's window, which may ask to save first.
@@ -33,29 +33,29 @@ public:
 
     virtual void SetStatusPanel(const QString& text) = 0;
 
-    // Menu items by their names; a name that is not there is passed over.
+    // Menu items by their names; an unknown name is ignored.
     virtual void EnableItem(const QString& name, bool enable) = 0;
 
-    // Chooses a menu item as its click does.
+    // Triggers a menu item like a click.
     virtual void ChooseItem(const QString& name) = 0;
 
-    // Whether an item that can be chosen now has the key.
+    // Whether the key is the shortcut of an item that is enabled now.
     virtual bool HasShortcut(const QKeyEvent& key) const = 0;
 
-    // The items of the recent list, from 1 to 8; hidden until they are shown once.
+    // The items of the recent list, from 1 to 8; hidden until first shown.
     virtual void SetRecentCaption(int number, const QString& caption) = 0;
     virtual void ShowRecentItem(int number) = 0;
 
-    // Toolbar buttons by their place, from 1, separators counted.
+    // Toolbar buttons by their position, from 1, counting separators.
     virtual void EnableButton(int place, bool enable) = 0;
 
-    // The form window: there is one at most. Unloading asks to save a modified form first; false when it stays. Showing
-    // makes it, empty, and the active child. Refreshing shows what the form under design holds now.
+    // The form window, at most one. Unloading asks to save a modified form first; false when it stays. Showing creates
+    // it, empty, and activates it. Refreshing shows the present state of the form under design.
     virtual bool UnloadGui() = 0;
     virtual void ShowGui() = 0;
     virtual void RefreshGui() = 0;
 
-    // The form was changed by what is no step of the user's to undo: keep the steps that there are, or forget them.
+    // After a change to the form that the user cannot undo: keep the undo steps recorded so far, or forget them.
     enum class GuiSteps { Keep, Forget };
     virtual void SettleGui(GuiSteps steps) = 0;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A label that shows what a color of the code windows looks like.
+// A label that shows a colour of the code windows.
 #include "shell/state/frmColorSample.h"
 
 #include "shell/state/modColors.h"
@@ -44,7 +44,7 @@ void frmColorSample::paintEvent(QPaintEvent* event)
     QLabel::paintEvent(event);
     if (!hasFocus())
         return;
-    // The style's own mark may be a tint, which would pass for the color.
+    // The style's own focus mark may be a tint, which would look like part of the colour.
     constexpr int width = 2; // pixels
     QPainter painter(this);
     painter.setPen(QPen(palette().color(QPalette::Highlight), width));

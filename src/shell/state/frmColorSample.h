@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A label that shows what a color of the code windows looks like, and asks for another one when it is pressed.
+// A label that shows a colour of the code windows and asks for another one when pressed.
 #pragma once
 
 #include "platform/language/modColorNames.h"
@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// Shows a label's text and ground in these colors.
+// Shows a label's text and background in these colours.
 void SetLabelColors(QLabel& label, ColorRef fore, ColorRef back);
 
 class frmColorSample final : public QLabel {

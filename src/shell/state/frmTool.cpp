@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How tool windows come and go.
+// The lifetime of tool windows.
 #include "shell/state/frmTool.h"
 
 #include <QShortcut>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How tool windows come and go: made on first use, at most one of each, gone once closed.
+// The lifetime of tool windows: created on first use, at most one of each, deleted when closed.
 #pragma once
 
 #include "platform/dialogs/modDialogs.h"
@@ -14,7 +14,7 @@ namespace ob {
 QWidget* ToolOwner();
 void SetToolOwner(QWidget* owner);
 
-// What opens the manual at a page, "preferences" for docs/manual/preferences.md. Whoever shows the manual puts it in place.
+// Opens the manual at a page, "preferences" for docs/manual/preferences.md. Set by the part that shows the manual.
 using ManualViewer = void (*)(const QString& page);
 void SetManualViewer(ManualViewer viewer);
 
@@ -25,7 +25,7 @@ void OpenManual(const QString& page);
 void BindManualPage(QWidget& tool, const char* page);
 
 // Shows the one window of this kind beside the main window, or brings it to the front when it is open. A tool is a
-// QDialog whose constructor does what happens when it is loaded, and whose ManualPage names its page.
+// QDialog whose constructor does its loading, and whose ManualPage names its page.
 template <class Tool>
 Tool* ShowTool()
 {
@@ -41,7 +41,7 @@ Tool* ShowTool()
     return open;
 }
 
-// Shows it over the main window and comes back when it is closed.
+// Shows it over the main window and returns when it is closed.
 template <class Tool>
 void ShowToolModally()
 {
@@ -50,7 +50,7 @@ void ShowToolModally()
     tool.exec();
 }
 
-// Shows it over the main window and goes on: for a tool that comes by itself while others still have work to do.
+// Shows it over the main window and returns at once: for a tool that opens by itself while there is still work to do.
 template <class Tool>
 void OpenToolModally()
 {

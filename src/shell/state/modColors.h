@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colours as the toolkit has them.
+// Colours in the toolkit's form.
 #pragma once
 
 #include "platform/language/modColorNames.h"

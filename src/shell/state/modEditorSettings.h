@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How code windows look and behave: what the preferences choose, and the system's own text colors.
+// Appearance and behaviour of code windows: the settings of the preferences, and the system's own text colours.
 #pragma once
 
 #include "platform/language/modColorNames.h"
@@ -27,7 +27,7 @@ struct EditorSettings {
     ColorRef HandleColor = 0;
     ColorRef CommentBackColor = 0;
 
-    // The system's window text and window colors, read once at the start.
+    // The system's window text and window colours, read once at the start.
     ColorRef EditForeColor = 0;
     ColorRef EditBackColor = 0;
 };

@@ -14,7 +14,7 @@ namespace ob {
 
 namespace {
 
-// A 16-bit number in the store; the state holds it in an int.
+// A 16-bit number in the store, an int in the state.
 struct SmallNumber {
     int* variable;
 };
@@ -109,21 +109,21 @@ void Write(std::initializer_list<const char*> keys)
                 WriteSetting(QString::fromLatin1(setting.key), TextOf(setting.variable));
 }
 
-// A colour travels as the decimal text of a signed 32-bit number.
+// A colour is stored as the decimal text of a signed 32-bit number.
 ColorRef ReadColor(const ColorSetting& color)
 {
     const QString fallback = QString::number(static_cast<qint32>(color.initial));
     return static_cast<ColorRef>(ToInt32(NumberOf(ReadSetting(QString::fromLatin1(color.key), fallback))));
 }
 
-// Errors while the main window loads are passed over one by one.
+// Each error while the main window loads is ignored.
 template <class Step>
 void PassingErrorsOver(Step step)
 {
     try {
         step();
     } catch (const RuntimeError&) {
-        // The variable keeps what it held.
+        // The variable keeps its value.
     }
 }
 

@@ -4,14 +4,14 @@
 
 namespace ob {
 
-// Reads every setting into the state. A missing key gives its default, a text that is no number 0; a text that is no
-// boolean, or a number too large, leaves the variable as it was.
+// Reads every setting into the state. A missing key gives its default, a text that is not a number 0; a text that is
+// not a boolean, or too large a number, leaves the variable unchanged.
 void ReadAllSettings();
 
-// Puts the eight colours of the code windows to their defaults.
+// Resets the eight colours of the code windows to their defaults.
 void RestoreDefaultColors();
 
-// Writes the recent files and every setting but the main window's place.
+// Writes the recent files and every setting except the main window's place.
 void SaveAllSettings();
 
 // The main window's rectangle in twips.

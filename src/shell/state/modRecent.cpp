@@ -23,7 +23,7 @@ void FillRecentFiles()
         const QString stored = ReadSetting(KeyOf(number), QStringLiteral("untitled"));
         RecentFiles[static_cast<std::size_t>(number - 1)] = LongPathOf(stored);
     }
-    // One pass only: the entry that moves onto a place already passed is not looked at again, and the last stays.
+    // One pass only: an entry that moves to a place already passed is not checked again, and the last stays.
     for (auto entry = RecentFiles.begin(); entry != RecentFiles.end(); ++entry)
         if (!FileExists(*entry))
             std::copy(entry + 1, RecentFiles.end(), entry);
@@ -59,7 +59,7 @@ void AddRecentFile(const QString& path)
 
     for (int number = 1; number <= RecentFileSlots; ++number)
         MainForm->SetRecentCaption(number, RecentFiles[static_cast<std::size_t>(number - 1)]);
-    // Past nine the items and the store wait for the end of the program.
+    // Past nine the items and the store are not updated before the end of the program.
     if (RecentCount > 9)
         return;
     for (int number = 1; number <= std::min(RecentCount, RecentFileSlots); ++number)

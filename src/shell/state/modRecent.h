@@ -6,15 +6,15 @@
 
 namespace ob {
 
-// Reads the eight entries, each in its long form, and takes out entries whose file is gone in one pass.
+// Reads the eight entries, each in its long form, and removes entries whose file is missing in one pass.
 void FillRecentFiles();
 
-// Puts the entries that name files into the menu. When the first entry is "untitled" its item reads "no files" and
-// the result tells that an empty code window is wanted.
+// Shows the entries that name files in the menu. When the first entry is "untitled" its item reads "no files" and the
+// result requests an empty code window.
 enum class RecentMenu { Filled, WantsNewWindow };
 RecentMenu ShowRecentFiles();
 
-// Moves the path to the front, or puts it there, and stores the list.
+// Moves or adds the path to the front and stores the list.
 void AddRecentFile(const QString& path);
 
 // Writes the eight entries to the store.

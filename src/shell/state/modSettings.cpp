@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The settings store as a text file of the user's own.
+// The settings store as a text file of the user.
 #include "shell/state/modSettings.h"
 
 #include <QSettings>
@@ -19,12 +19,12 @@ QString Address(const QString& key)
 std::unique_ptr<QSettings> UsersStore()
 {
     auto store = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("OB Bench"));
-    // The store is the user's alone: no machine-wide file is looked up for a key that is missing.
+    // The store is the user's only: missing keys are not looked up in a machine-wide file.
     store->setFallbacksEnabled(false);
     return store;
 }
 
-// One open store for the whole run: opening it costs more than all its reading.
+// One open store for the whole run: opening it costs more than reading all of it.
 std::unique_ptr<QSettings>& Store()
 {
     static std::unique_ptr<QSettings> store = UsersStore();
@@ -38,7 +38,7 @@ QString ReadSetting(const QString& key, const QString& fallback)
     const QVariant value = Store()->value(Address(key));
     if (!value.isValid())
         return fallback;
-    // A file edited by hand may hold a comma outside of quotes, which the format takes for a list.
+    // A file edited by hand may contain a comma outside quotes, which the format reads as a list.
     return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QLatin1String(", ")) : value.toString();
 }
 

@@ -9,17 +9,17 @@ namespace ob {
 // The stored text of a key, exactly as it was written; the fallback when the store has no such key.
 QString ReadSetting(const QString& key, const QString& fallback);
 
-// Keeps a text under a key. It is on disk after SyncSettings, the next turn of the event loop, or the program's
-// orderly end, whichever comes first. A store that cannot be written is passed over in silence.
+// Stores a text under a key. It is on disk after SyncSettings, the next turn of the event loop, or the program's
+// orderly end, whichever comes first. A store that cannot be written is silently ignored.
 void WriteSetting(const QString& key, const QString& value);
 
 void SyncSettings();
 
-// The file that the store lies in.
+// The file of the store.
 QString SettingsFile();
 
-// For tests: keeps the store in this file from here on, after writing out the one before. The empty path brings the
-// user's own back.
+// For tests: uses this file as the store from now on, after writing the previous one. The empty path restores the
+// user's own.
 void SetSettingsFile(const QString& path);
 
 } // namespace ob

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Finds the texts that are compiled in.
+// Finds the embedded texts.
 #include "shell/state/modTexts.h"
 
 #include <QResource>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The texts that the program carries, by resource number and by name.
+// The embedded texts, by resource number and by name.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@
 
 namespace ob {
 
-// The bytes of the carried text of that number; the only type is "CUSTOM". Nothing for an unknown one.
+// The bytes of the embedded text with that number; the only type is "CUSTOM". Nothing for an unknown one.
 std::optional<std::string_view> CarriedText(int id, const QString& type);
 
 // The bytes of resources/texts/NAME, uncompressed in the program's own memory; nothing for an unknown name.
