@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view version = "obtool " OB_VERSION "\n";
 
-// The innermost command that the line got to.
+// The innermost command on the line.
 const CLI::App* Innermost(const CLI::App& tool)
 {
     const CLI::App* command = &tool;
@@ -62,7 +62,7 @@ std::vector<std::string> ArgumentsOf(int argc, char** argv)
     return arguments;
 }
 
-// A command's help opens with its usage line as it is in the manual.
+// A command's help begins with its usage line as in the manual.
 class UsageFormatter final : public CLI::Formatter {
 public:
     std::string make_usage(const CLI::App* command, std::string) const override { return UsageOf(*command) + "\n"; }
@@ -88,7 +88,7 @@ constexpr Group groups[] = {
     {"zip", "zip archives", ob::AddVerbsForArchives},
 };
 
-// The line goes into one group, so the others are their names alone.
+// A line uses only one group, so the others have just their names.
 void AddGroups(CLI::App& tool)
 {
     for (const Group& group : groups) {
@@ -110,7 +110,7 @@ int Run(CLI::App& tool, int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         return WrongUsage(tool, std::string("obtool: ") + error.what());
     } catch (...) {
-        // Where no file is to blame, the line has the verb in its place.
+        // Without a file at fault the verb takes its place in the line.
         ob::ThrowAsFailureOf(Innermost(tool)->get_name());
     }
     return 0;
@@ -123,8 +123,7 @@ int Execute(int argc, char** argv)
         Answer(version);
         return 0;
     }
-    // Standard error holds obtool's own lines alone; the toolkit's remarks on pictures and the desktop are no part of
-    // them.
+    // Standard error has obtool's own lines only, not the toolkit's messages about pictures and the desktop.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     CLI::App tool("Every tool of the bench, from the command line", "obtool");
     tool.formatter(std::make_shared<UsageFormatter>());

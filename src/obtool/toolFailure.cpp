@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turns what the libraries throw into failures, and failures into lines.
+// Turns exceptions of the libraries into failures, and failures into lines.
 #include "obtool/toolFailure.h"
 
 #include "imaging/cImagingError.h"
@@ -36,7 +36,7 @@ void ThrowAsFailureIn(const std::string& folder)
 
 int Report(const ToolFailure& failure)
 {
-    // One line, whatever the reason holds.
+    // One line, whatever the reason contains.
     QString line = failure.reason;
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     std::fprintf(stderr, "obtool: %s: %s\n", failure.file.c_str(), line.toUtf8().constData());

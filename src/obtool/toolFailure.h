@@ -23,15 +23,15 @@ public:
     QString reason;
 };
 
-// Within a catch block: throws what was caught as the failure of that file. A ToolFailure names its own file, and what
-// is no failure of work, as wrong usage, goes on as it is.
+// In a catch block: rethrows the exception as the failure of that file. A ToolFailure names its own file, and
+// exceptions that are not failures of work, such as wrong usage, are rethrown unchanged.
 [[noreturn]] void ThrowAsFailureOf(const std::string& file);
 
-// As ThrowAsFailureOf, but of the file that the error names, where it names one.
+// The same for the file named by the error, if it names one.
 [[noreturn]] void ThrowAsFailureIn(const std::string& folder);
 
-// Runs work on a file; what it throws is that file's failure. The file is looked at when the work has failed, so work
-// may go from file to file.
+// Runs work on a file; its exceptions are that file's failures. The name is read after the failure, so work may go from
+// file to file.
 template <class Work>
 decltype(auto) OnFile(const std::string& file, Work&& work)
 {
@@ -42,7 +42,7 @@ decltype(auto) OnFile(const std::string& file, Work&& work)
     }
 }
 
-// Runs work on the files of a folder; what it throws is the failure of the file that the error names, or else of the
+// Runs work on the files of a folder; its exceptions are failures of the file named by the error, or else of the
 // folder.
 template <class Work>
 decltype(auto) InFolder(const std::string& folder, Work&& work)

@@ -29,7 +29,7 @@ struct FormArguments {
     bool simple = false;
 };
 
-// A file that cannot be read is a load that failed, as it is in the bench.
+// A file that cannot be read is a failed load, as in the bench.
 QByteArray ReadFormBytes(const std::string& file)
 {
     try {
@@ -53,7 +53,7 @@ GuiForm ReadFormArgument(const std::string& file)
     throw ToolFailure(file, FailedFormText);
 }
 
-// The comments of a file; one that is not there gives the same text as an empty one.
+// The comments of a file; a missing one has the same text as an empty one.
 QString CommentsOf(const std::string& file)
 {
     return TextFromAnsi(CommentText(file == "-" || FileExists(PathOf(file)) ? ReadInput(file) : QByteArray()));

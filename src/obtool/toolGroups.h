@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The groups of commands; each adds its verbs when it is asked for.
+// The groups of commands; each adds its verbs when it is used.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -9,10 +9,10 @@
 
 namespace ob {
 
-// A verb with its usage line, which --help shows and wrong usage prints.
+// A verb with its usage line, shown by --help and after wrong usage.
 CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& usage, const std::string& description);
 
-// Any number of arguments, none included, each as it is: CLI11 itself would read "[a,b]" as a list of two.
+// Any number of arguments, including none, each unchanged: CLI11 itself would read "[a,b]" as a list of two.
 CLI::Option* AddTexts(CLI::App& verb, const std::string& name, std::vector<std::string>& texts,
                       const std::string& description);
 

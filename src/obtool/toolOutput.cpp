@@ -54,7 +54,7 @@ void WriteOutput(const std::string& out, QByteArrayView bytes)
         OnFile(out, [&] { ReplaceFile(PathOf(out), bytes); });
         return;
     }
-    // Without bytes there may be no pointer either.
+    // Without bytes the pointer may be null.
     const auto size = static_cast<std::size_t>(bytes.size());
     if ((size != 0 && std::fwrite(bytes.data(), 1, size, stdout) != size) || std::fflush(stdout) != 0)
         throw ToolFailure("standard output", QStringLiteral("cannot be written"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What every verb needs: reading FILE or standard input, writing OUT or standard output, notes.
+// Used by every verb: reading FILE or standard input, writing OUT or standard output, notes.
 #pragma once
 
 #include "obtool/toolFailure.h"
@@ -18,17 +18,17 @@ QByteArray ReadInput(const std::string& file);
 // BASIC source as the code window loads it: without the last two bytes. Throws ToolFailure.
 QByteArray ReadSource(const std::string& file);
 
-// Writes OUT by way of a temporary file, or standard output when out is empty. Throws ToolFailure.
+// Writes OUT through a temporary file, or standard output when out is empty. Throws ToolFailure.
 void WriteOutput(const std::string& out, QByteArrayView bytes);
 
-// An argument as the system wrote it.
+// An argument in the system's form.
 QString TextOf(const std::string& argument);
 QString PathOf(const std::string& argument);
 
-// Reports on standard error what a window would show in a box before it goes on: one line, whatever the text holds.
+// Reports on standard error what a window would show in a box before continuing: one line, whatever the text contains.
 void WriteNote(QString text);
 
-// Writes program text to standard output, with a note when it holds characters that the code page lacks. Throws
+// Writes program text to standard output, with a note when it has characters that the code page lacks. Throws
 // ToolFailure.
 void WriteProgramText(const QString& text);
 

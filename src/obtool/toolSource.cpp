@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// obtool source: what the code window knows of a program's text.
+// obtool source: the code window's knowledge of a program's text.
 #include "obtool/toolGroups.h"
 
 #include "editor/document/modSyntaxTable.h"
@@ -27,7 +27,7 @@ namespace ob {
 
 namespace {
 
-// A tab size is a number of 16 bits.
+// A tab size is a 16-bit number.
 constexpr int LargestTabSize = 32767;
 
 struct SourceArguments {
@@ -105,7 +105,7 @@ void Labels(const SourceArguments& arguments)
     WriteOutput({}, report);
 }
 
-// Where the line, from 1, begins. Throws ToolFailure when the text lacks it.
+// The start of the line, from 1. Throws ToolFailure when the text does not have it.
 qsizetype LineOf(const SourceArguments& arguments, QByteArrayView text, std::int64_t line)
 {
     const std::optional<qsizetype> start = StartOfLine(text, line - 1);

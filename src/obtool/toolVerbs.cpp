@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the groups add their verbs and arguments with.
+// Helpers with which the groups add their verbs and arguments.
 #include "obtool/toolGroups.h"
 
 namespace ob {
@@ -14,7 +14,7 @@ CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& u
 CLI::Option* AddTexts(CLI::App& verb, const std::string& name, std::vector<std::string>& texts,
                       const std::string& description)
 {
-    // An option that expects so many takes all that come, and only one that may take more than it expects reads lists.
+    // An option with this expected count takes all arguments; only one that may take more than expected reads lists.
     constexpr int AsManyAsCome = 1 << 24;
     const auto keep = [&texts](const CLI::results_t& results) {
         texts = results;

@@ -74,7 +74,7 @@ Texts NamesOf(const Choice<Value> (&choices)[Count])
     return names;
 }
 
-// The name is one of them, which the command line has checked.
+// The command line has checked that the name is one of them.
 template <class Value, std::size_t Count>
 Value ChosenOf(const Choice<Value> (&choices)[Count], const std::string& name)
 {
@@ -113,7 +113,7 @@ void WriteMenu(const MenuArguments& arguments)
     WriteProgramText(MenuCode(spec));
 }
 
-// The entries of the list that bear the names, in the list's order. Of two with one name it is the first.
+// The entries of the list with the names, in the list's order. Of two with the same name it is the first.
 QStringList EntriesOf(const StylebitsArguments& arguments, const QStringList& list)
 {
     std::vector<bool> isWanted(static_cast<std::size_t>(list.size()));

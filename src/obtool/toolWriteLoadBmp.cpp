@@ -19,7 +19,7 @@ struct LoadBmpArguments {
     bool hasPaths = false;
 };
 
-// The program that is written runs elsewhere: a path of its system stays as it is.
+// The generated program runs elsewhere: a path of its system stays unchanged.
 QString FullPathOf(const QString& file)
 {
     const bool hasDrive = file.size() > 2 && file[0].isLetter() && file[1] == QLatin1Char(':');
@@ -37,7 +37,7 @@ void WriteLoadBmp(const LoadBmpArguments& arguments)
             MsgBox(BmpListFullText);
             continue;
         }
-        // A name that is too short is that file's failure.
+        // Too short a name is that file's failure.
         OnFile(file, [&] { (void)LoadBmpText({path}, library, information); });
     }
     WriteProgramText(LoadBmpText(list.Paths(), library, information));

@@ -24,7 +24,7 @@ struct PackageArguments {
     bool zip = false;
 };
 
-// Nobody is there to stop the work; the question whether to test the program is a note without an answer.
+// Nobody can stop the work; the question whether to test the program is a note without an answer.
 class ToolWatch final : public cPackageWatch {
 public:
     explicit ToolWatch(const PackagePlan& madePlan) : plan(madePlan) {}

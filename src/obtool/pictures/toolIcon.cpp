@@ -49,7 +49,7 @@ Icon IconOf(const std::string& file, int index)
     return icon;
 }
 
-// Icons that cannot be read are left out, and named once the others are reported.
+// Icons that cannot be read are skipped, and named after the others.
 void List(const std::string& file)
 {
     WithIcons(file, [&](const IconIndex& icons) {

@@ -136,7 +136,7 @@ void Remap(const ImageArguments& arguments)
 
 using Work = void (*)(const ImageArguments&);
 
-// A verb that makes a bitmap file of a picture.
+// A verb that makes a bitmap file from a picture.
 CLI::App* AddPictureVerb(CLI::App& group, const std::shared_ptr<ImageArguments>& arguments, const std::string& name,
                          const std::string& usage, const std::string& description, Work work)
 {

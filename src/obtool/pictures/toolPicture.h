@@ -13,15 +13,15 @@ namespace ob {
 
 enum class PaletteFormat { Text, Binary };
 
-// The picture or palette of a file, "-" being standard input. Throw ToolFailure.
+// The picture or palette in a file; "-" is standard input. Both throw ToolFailure.
 cDIBSection ReadPictureArgument(const std::string& file);
 cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format);
 
-// Writes by way of a temporary file; throws ToolFailure.
+// Writes through a temporary file; throws ToolFailure.
 FileWriter ToolWriter();
 
-// Lets pictures that hold text have fonts: the first such text makes an application object without a display, which
-// costs the commands without text nothing.
+// Provides fonts for pictures with text: the first such text creates an application object without a display, so that
+// commands without text need none.
 void LetPicturesHaveFonts();
 
 } // namespace ob

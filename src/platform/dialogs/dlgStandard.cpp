@@ -23,7 +23,7 @@ namespace ob {
 
 namespace {
 
-// A tool that has just closed leaves no window active; its box belongs over the main window then.
+// A tool that has just closed leaves no window active; its box then belongs over the main window.
 QWidget* Owner()
 {
     QWidget* active = QApplication::activeWindow();
@@ -35,7 +35,7 @@ QWidget* Owner()
     return nullptr;
 }
 
-// A box that asks and has no Cancel is left by its buttons only: neither Escape nor the close button is an answer.
+// A question without Cancel is closed only by its buttons: neither Escape nor the close button is an answer.
 class QuestionBox final : public QMessageBox {
 public:
     enum Leaving { MayBeLeft, NeedsAnswer };
@@ -99,7 +99,7 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons)
     return QMessageBox::Ok;
 }
 
-// The first one, as its system puts them.
+// The first one in the system's usual order.
 QMessageBox::StandardButton DefaultOf(BoxButtons buttons)
 {
     switch (buttons) {
@@ -137,13 +137,13 @@ BoxAnswer AnswerOf(int button)
     }
 }
 
-// One line a pair, the patterns after the words; the boxes show the words alone.
+// One line for each pair, the patterns after the words; the boxes show only the words.
 QString ToolkitFilters(const FileSpec& spec)
 {
     QStringList lines;
     for (const FileFilter& filter : FileFiltersOf(spec.filter))
         lines.append(QStringLiteral("%1 (%2)").arg(filter.label, filter.patterns.join(QLatin1Char(' '))));
-    // Programs and files need no ending on Unix, so no name may keep a file from being chosen.
+    // Programs and files need no extension on Unix, so every file must be selectable.
     if (ThisSystem == System::Unix && spec.purpose == FilePurpose::Open)
         lines.append(QStringLiteral("All Files (*)"));
     return lines.join(QStringLiteral(";;"));
@@ -179,7 +179,7 @@ std::optional<QString> dlgStandard::Input(const InputSpec& spec)
     box.setWindowTitle(spec.title);
     box.setLabelText(QString());
     box.setTextValue(spec.initial);
-    // The prompt may quote what the user wrote: neither its "&" nor its "<" means anything.
+    // The prompt may quote the user's text: its "&" and "<" have no special meaning.
     if (auto* prompt = box.findChild<QLabel*>()) {
         prompt->setBuddy(nullptr);
         prompt->setTextFormat(Qt::PlainText);
@@ -190,7 +190,7 @@ std::optional<QString> dlgStandard::Input(const InputSpec& spec)
     return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
 }
 
-// The toolkit's own box names the chosen filter without its patterns, a system's box with them.
+// The toolkit's own box returns the chosen filter without its patterns, a system's box with them.
 static int PlaceOfFilter(const QFileDialog& box)
 {
     const QString chosen = box.selectedNameFilter();
@@ -243,7 +243,7 @@ std::optional<FontSpec> dlgStandard::Font(const FontSpec& start)
     QFont font(QString(), start.size, start.bold ? QFont::Bold : QFont::Normal, start.italic);
     font.setFamilies({start.name});
     QFontDialog box(font, Owner());
-    // For a font that is not installed the box shows a stand-in; the name itself stays until the user picks another.
+    // For a font that is not installed the box shows a substitute; the name is kept until the user picks another.
     QLineEdit* const shown = FamilyShownBy(box);
     if (shown != nullptr)
         shown->setText(start.name);

@@ -25,7 +25,7 @@ using namespace std::chrono_literals;
 
 constexpr int PathRole = Qt::UserRole;
 
-// A folder that is read this fast shows without an empty list before it.
+// A folder read within this time is shown without an empty list before it.
 constexpr auto patience = 100ms;
 constexpr auto pollEvery = 20ms;
 

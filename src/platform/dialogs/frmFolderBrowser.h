@@ -19,10 +19,10 @@ class QTreeView;
 
 namespace ob {
 
-// Fills the three controls and keeps them in step. Disks are read on threads of their own, so that the window never
-// hangs on one: the folders above show at once, what the folder holds comes when it has been read.
+// Fills the three controls and keeps them in sync. Disks are read on separate threads, so that the window never hangs
+// on one: the parent folders are shown at once, the folder's contents when they have been read.
 //
-// In the folders Enter and a double click go into one, Backspace goes out of it.
+// In the list of folders Enter and a double click open one, Backspace goes to its parent.
 class FolderBrowser final : public QObject {
     Q_OBJECT
 
@@ -38,12 +38,12 @@ public:
     void Start();
 
     void ShowFolder(const QString& path);
-    void SetPatterns(const QStringList& patterns); // the folder is read anew
+    void SetPatterns(const QStringList& patterns); // rereads the folder
 
     const QString& Folder() const { return folder; }
     bool IsReading() const { return folderContents.valid(); }
 
-    // The names in the list, and the one that is chosen ("" when none is).
+    // The names in the list, and the chosen one ("" for none).
     QStringList Files() const;
     QString ChosenName() const;
     QString ChosenPath() const;    // ends in a separator when no name is chosen
@@ -51,7 +51,7 @@ public:
     qsizetype ChosenPlace() const; // -1 when none is
 
 Q_SIGNALS:
-    void FolderChanged(); // the list is empty from here until FilesListed
+    void FolderChanged(); // the list is empty until FilesListed
     void FilesListed();
     void ChoiceChanged();
 
@@ -68,7 +68,7 @@ private:
     Controls controls;
     QStandardItemModel* folders;
     QStringListModel* files;
-    QTimer* timer; // runs while a result is to come
+    QTimer* timer; // runs while a result is pending
     QList<Drive> drives;
     QStringList patterns;
     QString folder;

@@ -7,7 +7,7 @@
 
 namespace ob {
 
-// Lines end in LF. The field's own reading turns hard blanks into plain ones.
+// Lines end in LF. The field's own text has no-break spaces replaced by spaces.
 inline QString PlainTextOf(const QPlainTextEdit& field)
 {
     QString text = field.document()->toRawText();

@@ -15,7 +15,7 @@ namespace {
 
 cPrinting* inPlace = nullptr;
 
-// A page that is kept until all of them are there. Whoever draws on it measures as on the printer.
+// A page kept until all pages are complete. Its metrics are those of the printer.
 class Page final : public QPicture {
 public:
     explicit Page(const QPrinter& device) : printer(device) {}
@@ -47,7 +47,7 @@ private:
     const QPrinter& printer;
 };
 
-// The printing system may be unable to take a job back once it has begun, so it gets the pages when all are there.
+// The printing system may be unable to cancel a job once it has begun, so it gets the pages when all are complete.
 class PrinterJob final : public cPrintJob {
 public:
     explicit PrinterJob(std::unique_ptr<QPrinter> device) : printer(std::move(device)) { OpenPage(); }
@@ -89,7 +89,7 @@ private:
 
     void SendPage(Page& page, QPainter& paper) const
     {
-        // A picture takes itself for one of the screen's resolution and grows with the printer's.
+        // A picture assumes the screen's resolution and is scaled up to the printer's.
         const QPicture screen;
         paper.save();
         paper.scale(static_cast<qreal>(screen.logicalDpiX()) / printer->logicalDpiX(),

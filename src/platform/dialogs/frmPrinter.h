@@ -17,8 +17,8 @@ public:
 // A job on a printer that has been set up; null when the printer cannot be used.
 std::unique_ptr<cPrintJob> StartOn(std::unique_ptr<QPrinter> printer);
 
-// The printers in use: the system's, or those that a test has put in their place. The owner keeps them alive; null
-// brings the system's back. Gives what a test had put there before.
+// The printers in use: the system's, or those that a test has set instead. The owner keeps them alive; null restores
+// the system's. Returns what a test had set before.
 cPrinting& Printing();
 cPrinting* SetPrinting(cPrinting* printing);
 

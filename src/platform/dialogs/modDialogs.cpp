@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The seam of the modal boxes and the one place that shows an uncaught runtime error.
+// The seam of the modal boxes and the place that shows an uncaught runtime error.
 #include "platform/dialogs/modDialogs.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -15,7 +15,7 @@ namespace ob {
 
 namespace {
 
-// Without windows a box is a line on standard error and answers as its closing would.
+// Without windows a box is a line on standard error with the answer of a closed box.
 class ConsoleDialogs final : public cDialogs {
 public:
     BoxAnswer Message(const MessageSpec& spec) override
@@ -75,7 +75,7 @@ std::optional<QString> InputBox(const QString& prompt, const QString& title, con
 QString FileBox(const FileSpec& spec)
 {
     const QString chosen = Current()->File(spec);
-    // As on the boxes' first system, the folder of the choice is where the next box starts.
+    // The next box starts in the folder of this choice.
     if (!chosen.isEmpty())
         QDir::setCurrent(QFileInfo(chosen).absolutePath());
     return chosen;
@@ -111,7 +111,7 @@ QList<FileFilter> FileFiltersOf(const QString& filter)
         for (QString pattern : patterns) {
             pattern.remove(QLatin1Char('(')).remove(QLatin1Char(')'));
             pattern = pattern.trimmed();
-            // Elsewhere than on its first system a name without a dot must match "every file" too.
+            // "*.*" means every file, also one without a dot.
             pair.patterns.append(pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern);
         }
         filters.append(pair);

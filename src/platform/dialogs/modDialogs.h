@@ -35,21 +35,21 @@ struct FileSpec {
     FilePurpose purpose = FilePurpose::Open;
     QString title;
     QString folder; // where the dialog starts; empty: the current directory
-    QString name;   // the name that stands in the field at first
+    QString name;   // the initial name in the field
     QString filter; // "Words|*.bas;*.bak|Other words|*.*": pairs of text and patterns
 
-    QString extension = {}; // "bmp": what a name without one gets when it is saved
+    QString extension = {}; // "bmp": added on saving to a name without one
 
-    // Where it is not null: the place of the filter that is shown first and, afterwards, of the one chosen, from 0.
+    // If not null: the index of the initial filter and, afterwards, of the chosen one, from 0.
     int* filterIndex = nullptr;
 };
 
 struct ColorSpec {
     QString title;
-    std::uint32_t start = 0; // red in the low byte, as the answer
+    std::uint32_t start = 0; // red in the low byte, like the answer
 };
 
-// A font as the font box takes and gives it; the size is in points.
+// A font as passed to and returned by the font box; the size is in points.
 struct FontSpec {
     QString name;
     int size = 10;
@@ -62,7 +62,7 @@ struct FolderSpec {
     QString start;
 };
 
-// The boxes themselves. The file and folder boxes give an empty string when nothing was chosen.
+// The boxes themselves. The file and folder boxes return an empty string when nothing was chosen.
 class cDialogs {
 public:
     cDialogs() = default;
@@ -78,7 +78,7 @@ public:
     virtual std::optional<FontSpec> Font(const FontSpec& start) = 0;
 };
 
-// Puts the boxes of this process in place; the owner keeps them alive. Gives back those that stood before.
+// Sets the boxes of this process; the owner keeps them alive. Returns the previous ones.
 cDialogs* SetDialogs(cDialogs* dialogs);
 
 BoxAnswer MsgBox(const QString& text, BoxIcon icon = BoxIcon::None, BoxButtons buttons = BoxButtons::Ok,
@@ -93,7 +93,7 @@ QString FolderBox(const QString& title, const QString& start);
 std::optional<std::uint32_t> ColorBox(const QString& title, std::uint32_t start);
 std::optional<FontSpec> FontBox(const FontSpec& start);
 
-// "Words|*.bas;*.bak|More|*.*" taken apart: a text and its patterns for each pair; "*.*" becomes "*".
+// Splits "Words|*.bas;*.bak|More|*.*" into a text and its patterns for each pair; "*.*" becomes "*".
 struct FileFilter {
     QString label;
     QStringList patterns;

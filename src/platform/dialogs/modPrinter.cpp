@@ -24,7 +24,7 @@ QPageSize::PageSizeId UsualPaper()
     return isAmerican ? QPageSize::Letter : QPageSize::A4;
 }
 
-// The pages lie in memory until the end, so that a job that is called off leaves the old file alone.
+// The pages are in memory until the end, so that a cancelled job leaves the old file unchanged.
 class PdfJob final : public cPrintJob {
 public:
     PdfJob(QString filePath, const QString& title) : path(std::move(filePath)), writer(&bytes)

@@ -74,7 +74,8 @@ int DriveOf(const QList<Drive>& drives, const QString& folder)
     return static_cast<int>(best);
 }
 
-// Goes back to the last "*" when the text behind it does not fit, so the work grows with name times pattern at most.
+// Goes back to the last "*" when the text after it does not match, so the work is at most proportional to name times
+// pattern.
 bool MatchesPattern(QStringView name, QStringView pattern)
 {
     if (pattern == QLatin1String("*.*"))

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Paths as the standard library has them.
+// Paths in the form of the standard library.
 #include "platform/files/modNativePath.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -35,7 +35,7 @@ fs::path LinkTarget(fs::path path, const QString& callersPath)
         const fs::path target = fs::read_symlink(path, error);
         if (error)
             return path;
-        // An absolute target replaces the folder that is put before it.
+        // An absolute target replaces the folder before it.
         path = path.parent_path() / target;
     }
     RuntimeError error = RuntimeErrorOf(ErrorNumber::PathFileAccess);

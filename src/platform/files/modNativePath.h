@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Paths as the standard library has them.
+// Paths in the form of the standard library.
 #pragma once
 
 #include <QString>
@@ -10,8 +10,8 @@ namespace ob {
 
 std::filesystem::path NativePath(const QString& path);
 
-// Where a link finally leads, whether or not something is there; a path that is no link leads to itself. Links that
-// lead to each other raise PathFileAccess, in the name of the caller's path.
+// The final target of a link, whether or not it exists; a path that is not a link is its own target. Circular links
+// raise PathFileAccess with the caller's path.
 std::filesystem::path LinkTarget(std::filesystem::path path, const QString& callersPath);
 
 } // namespace ob

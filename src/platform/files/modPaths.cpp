@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which folders the program uses; the only place that decides it.
+// The folders of the program, decided here only.
 #include "platform/files/modPaths.h"
 
 #include <QCoreApplication>
@@ -30,7 +30,7 @@ QString WithoutTrailingSeparator(const QString& path)
 #ifdef Q_OS_WIN
 const QLatin1String libraryEnding(".dll");
 
-// Only an attempt tells; the system's permission lists are not asked otherwise.
+// Only an attempt is reliable: other checks ignore the system's permission lists.
 bool CanWriteInto(const QString& folder)
 {
     QTemporaryFile probe(folder + QStringLiteral("/obXXXXXX.tmp"));

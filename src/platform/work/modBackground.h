@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Work that may hang on a disk that does not answer, kept away from the window that waits for it.
+// Work that may hang on a disk that does not respond, kept off the thread of the window that waits for it.
 #pragma once
 
 #include <chrono>
@@ -11,9 +11,9 @@
 
 namespace ob {
 
-// Runs the work on a thread of its own and gives its result to come. Nobody waits for the thread: a result that is let
-// go before it is there is lost, and a thread that hangs ends with the process. So the work must own all that it
-// touches. Where no thread can be had the work is done at once.
+// Runs the work on a thread of its own and returns its future result. The thread is never joined: a result released
+// before it is ready is lost, and a hanging thread ends with the process. So the work must own everything it uses.
+// Without a thread the work is done at once.
 template <class Work>
 std::future<std::invoke_result_t<Work>> RunInBackground(Work work)
 {
@@ -29,7 +29,7 @@ std::future<std::invoke_result_t<Work>> RunInBackground(Work work)
     return result;
 }
 
-// Whether the result is there, waiting for it that long at most. False when none is to come.
+// Whether the result is ready, waiting at most that long. False when there will be none.
 template <class Result>
 bool IsReady(const std::future<Result>& result, std::chrono::milliseconds patience = {})
 {
