@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files in memory for the imaging library: what was written, and what a read gives.
+// Files in memory for the imaging library: what was written, and what a read returns.
 #pragma once
 
 #include "imaging/modFileAccess.h"
@@ -9,7 +9,7 @@
 struct MemoryFiles {
     std::map<std::string, std::vector<std::uint8_t>> files;
     ob::WriteResult writeResult;                         // what the next writes report
-    ob::FileOutcome readOutcome = ob::FileOutcome::Done; // of files that are there
+    ob::FileOutcome readOutcome = ob::FileOutcome::Done; // of existing files
     std::string description;
 
     ob::FileWriter Writer()

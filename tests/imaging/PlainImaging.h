@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The imaging operations as their rules are told, loop by loop, without any thought of speed: what the library's own
-// forms are held against, by tests and benchmarks.
+// The imaging operations by their definitions, loop by loop, without regard to speed: the reference with which tests
+// and benchmarks compare the library.
 #pragma once
 
 #include "imaging/cDIBSection.h"
@@ -100,7 +100,7 @@ inline Picture Resample(Picture source, int newHeight, int newWidth)
 
 // --- Palettes. ---
 
-using Entries = std::vector<ob::PaletteEntry>; // the entry of index i stands at i - 1
+using Entries = std::vector<ob::PaletteEntry>; // the entry of index i is at i - 1
 
 inline int ClosestIndex(const Entries& entries, int red, int green, int blue)
 {
@@ -473,7 +473,7 @@ inline std::vector<Byte> IndexedFile(Picture& picture, const std::vector<Slot>& 
 
 enum class Kind { Noise, FewColors, Photograph };
 
-// A picture that is the same for the same number.
+// The same seed makes the same picture.
 inline Picture Random(int width, int height, Kind kind, unsigned seed)
 {
     std::mt19937 generator(seed);

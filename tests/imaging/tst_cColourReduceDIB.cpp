@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Grey, black and white, and mapping to palettes: held against the rules as they are told.
+// Grey, black and white, and mapping to palettes: compared with the rules as they are defined.
 #include "imaging/PlainImaging.h"
 #include "imaging/cColourReduceDIB.h"
 #include "imaging/cImagingError.h"
@@ -82,9 +82,9 @@ private Q_SLOTS:
             const unsigned red = color >> 16;
             const unsigned green = color >> 8 & 255U;
             const unsigned blue = color & 255U;
-            const int told = plain::RoundHalfEven((707 * green + 222 * red + 71 * blue) / 1000.0);
+            const int reference = plain::RoundHalfEven((707 * green + 222 * red + 71 * blue) / 1000.0);
             if (GreyOf(static_cast<std::uint8_t>(red), static_cast<std::uint8_t>(green),
-                       static_cast<std::uint8_t>(blue)) != told)
+                       static_cast<std::uint8_t>(blue)) != reference)
                 QFAIL(qPrintable(QString::number(color, 16)));
         }
     }
@@ -136,38 +136,38 @@ private Q_SLOTS:
                 const auto seed = static_cast<unsigned>(width * 100 + height);
                 plain::Picture start = plain::Random(width, height, kind, seed);
                 {
-                    plain::Picture told = start;
-                    plain::GrayScale(told);
+                    plain::Picture reference = start;
+                    plain::GrayScale(reference);
                     cDIBSection picture = plain::SectionOf(start);
                     reducer.GrayScale(picture);
-                    QVERIFY(plain::Of(picture).bytes == told.bytes);
+                    QVERIFY(plain::Of(picture).bytes == reference.bytes);
                 }
                 {
-                    plain::Picture toldSource = start;
-                    plain::Picture told(width, height);
-                    plain::BlackAndWhite(toldSource, told);
+                    plain::Picture referenceSource = start;
+                    plain::Picture reference(width, height);
+                    plain::BlackAndWhite(referenceSource, reference);
                     cDIBSection source = plain::SectionOf(start);
                     cDIBSection target = Blank(source);
                     reducer.BlackAndWhite(source, target);
-                    QVERIFY(plain::Of(target).bytes == told.bytes);
-                    QVERIFY(plain::Of(source).bytes == toldSource.bytes);
+                    QVERIFY(plain::Of(target).bytes == reference.bytes);
+                    QVERIFY(plain::Of(source).bytes == referenceSource.bytes);
                     cDIBSection both = plain::SectionOf(start);
                     reducer.BlackAndWhite(both, both);
-                    QVERIFY(plain::Of(both).bytes == told.bytes);
+                    QVERIFY(plain::Of(both).bytes == reference.bytes);
                 }
                 const cPalette palette = RandomPalette(1 + static_cast<int>(seed * 7 % 40), seed);
                 for (const Dither dither : {Dither::Off, Dither::On}) {
-                    plain::Picture toldSource = start;
-                    plain::Picture told(width, height);
-                    plain::ApplyPalette(toldSource, told, EntriesOf(palette), dither == Dither::On);
+                    plain::Picture referenceSource = start;
+                    plain::Picture reference(width, height);
+                    plain::ApplyPalette(referenceSource, reference, EntriesOf(palette), dither == Dither::On);
                     cDIBSection source = plain::SectionOf(start);
                     cDIBSection target = Blank(source);
                     reducer.ApplyPalette(source, target, palette, dither);
-                    QVERIFY(plain::Of(target).bytes == told.bytes);
-                    QVERIFY(plain::Of(source).bytes == toldSource.bytes);
+                    QVERIFY(plain::Of(target).bytes == reference.bytes);
+                    QVERIFY(plain::Of(source).bytes == referenceSource.bytes);
                     cDIBSection both = plain::SectionOf(start);
                     reducer.ApplyPalette(both, both, palette, dither);
-                    QVERIFY(plain::Of(both).bytes == told.bytes);
+                    QVERIFY(plain::Of(both).bytes == reference.bytes);
                 }
             }
         }
@@ -187,13 +187,13 @@ private Q_SLOTS:
         for (const plain::Kind kind : kinds) {
             const plain::Picture start = plain::Random(97, 61, kind, 5);
             for (const Dither dither : {Dither::Off, Dither::On}) {
-                plain::Picture toldSource = start;
-                plain::Picture told(97, 61);
-                plain::ApplyPalette(toldSource, told, EntriesOf(palette), dither == Dither::On);
+                plain::Picture referenceSource = start;
+                plain::Picture reference(97, 61);
+                plain::ApplyPalette(referenceSource, reference, EntriesOf(palette), dither == Dither::On);
                 cDIBSection source = plain::SectionOf(start);
                 cDIBSection target = Blank(source);
                 cColourReduceDIB().ApplyPalette(source, target, palette, dither);
-                QVERIFY(plain::Of(target).bytes == told.bytes);
+                QVERIFY(plain::Of(target).bytes == reference.bytes);
             }
         }
     }
@@ -209,13 +209,13 @@ private Q_SLOTS:
             for (const plain::Kind kind : kinds) {
                 const plain::Picture start = plain::Random(131, 67, kind, 9);
                 for (const Dither dither : {Dither::Off, Dither::On}) {
-                    plain::Picture toldSource = start;
-                    plain::Picture told(131, 67);
-                    plain::ApplyPalette(toldSource, told, EntriesOf(palette), dither == Dither::On);
+                    plain::Picture referenceSource = start;
+                    plain::Picture reference(131, 67);
+                    plain::ApplyPalette(referenceSource, reference, EntriesOf(palette), dither == Dither::On);
                     cDIBSection source = plain::SectionOf(start);
                     cDIBSection target = Blank(source);
                     cColourReduceDIB().ApplyPalette(source, target, palette, dither);
-                    QVERIFY(plain::Of(target).bytes == told.bytes);
+                    QVERIFY(plain::Of(target).bytes == reference.bytes);
                 }
             }
         }
@@ -282,7 +282,8 @@ private Q_SLOTS:
         cPalette palette;
         palette.Add(100, 100, 100);
         palette.Add(108, 108, 108);
-        // An error of 3 in all is dropped; one of 6 gives 0 too, as 7/16 of 2 is cut to 0; one of 9 gives 1 a channel.
+        // A total error of 3 is dropped; one of 6 gives 0 too, as 7/16 of 2 is truncated to 0; one of 9 gives 1 per
+        // channel.
         const std::vector<std::vector<int>> cases = {{101, 104, 100, 100}, {102, 104, 100, 100}, {103, 104, 100, 100}};
         const std::vector<int> second = {100, 100, 108};
         for (std::size_t index = 0; index < cases.size(); ++index) {
@@ -295,39 +296,39 @@ private Q_SLOTS:
 
     void eventsReportTheirValues()
     {
-        struct Told {
+        struct Reports {
             std::vector<int> starts;
             std::vector<int> positions;
             int ends = 0;
-        } told;
+        } reports;
         cColourReduceDIB reducer;
-        reducer.events.InitProgress = [&](std::int32_t maximum) { told.starts.push_back(maximum); };
-        reducer.events.Progress = [&](std::int32_t position) { told.positions.push_back(position); };
+        reducer.events.InitProgress = [&](std::int32_t maximum) { reports.starts.push_back(maximum); };
+        reducer.events.Progress = [&](std::int32_t position) { reports.positions.push_back(position); };
         reducer.events.Complete = [&](std::int32_t milliseconds) {
             QVERIFY(milliseconds >= 0);
-            ++told.ends;
+            ++reports.ends;
         };
         cDIBSection picture = plain::SectionOf(plain::Random(5, 40, plain::Kind::Noise, 1));
         const std::vector<int> columns = {0, 3, 6, 9, 12};
         reducer.GrayScale(picture);
-        QCOMPARE(told.starts, std::vector<int>{4});
-        QCOMPARE(told.positions, columns);
-        QCOMPARE(told.ends, 1);
+        QCOMPARE(reports.starts, std::vector<int>{4});
+        QCOMPARE(reports.positions, columns);
+        QCOMPARE(reports.ends, 1);
 
-        told = {};
+        reports = {};
         cDIBSection target = Blank(picture);
         reducer.BlackAndWhite(picture, target);
-        QCOMPARE(told.starts, (std::vector<int>{4, 12}));
-        QCOMPARE(told.positions, (std::vector<int>{0, 3, 6, 9, 12, 0, 3, 6, 9, 12}));
-        QCOMPARE(told.ends, 2);
+        QCOMPARE(reports.starts, (std::vector<int>{4, 12}));
+        QCOMPARE(reports.positions, (std::vector<int>{0, 3, 6, 9, 12, 0, 3, 6, 9, 12}));
+        QCOMPARE(reports.ends, 2);
 
-        told = {};
+        reports = {};
         cPalette palette;
         palette.CreateMono();
         reducer.ApplyPalette(picture, target, palette, Dither::On);
-        QCOMPARE(told.starts, std::vector<int>{12});
-        QCOMPARE(told.positions, columns);
-        QCOMPARE(told.ends, 1);
+        QCOMPARE(reports.starts, std::vector<int>{12});
+        QCOMPARE(reports.positions, columns);
+        QCOMPARE(reports.ends, 1);
     }
 
     void aColorWithoutANearestEntryRaisesTheSubscriptError()
@@ -352,11 +353,11 @@ private Q_SLOTS:
         palette.CreateMono();
         QVERIFY_EXCEPTION_THROWN(cColourReduceDIB().ApplyPalette(small, large, palette, Dither::On), ImagingError);
 
-        plain::Picture toldSource = plain::Of(large);
-        plain::Picture told(5, 4);
-        plain::ApplyPalette(toldSource, told, EntriesOf(palette), true);
+        plain::Picture referenceSource = plain::Of(large);
+        plain::Picture reference(5, 4);
+        plain::ApplyPalette(referenceSource, reference, EntriesOf(palette), true);
         cColourReduceDIB().ApplyPalette(large, small, palette, Dither::On);
-        QVERIFY(plain::Of(small).bytes == told.bytes);
+        QVERIFY(plain::Of(small).bytes == reference.bytes);
 
         cDIBSection none;
         QVERIFY_EXCEPTION_THROWN(cColourReduceDIB().GrayScale(none), ImagingError);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The raw bitmap file: what is accepted, what is held, what is written again.
+// The raw bitmap file: what is accepted, kept and written again.
 #include "imaging/BitmapBytes.h"
 #include "imaging/MemoryFiles.h"
 #include "imaging/cDIB.h"

@@ -19,7 +19,7 @@ cDIBSection Blank(std::int32_t width, std::int32_t height)
     return section;
 }
 
-// A picture whose bytes tell where they are.
+// A picture whose bytes identify their position.
 cDIBSection Numbered(std::int32_t width, std::int32_t height)
 {
     cDIBSection section = Blank(width, height);
@@ -32,10 +32,10 @@ cDIBSection Numbered(std::int32_t width, std::int32_t height)
 
 void CompareResample(const plain::Picture& start, int newHeight, int newWidth)
 {
-    const plain::Picture told = plain::Resample(start, newHeight, newWidth);
+    const plain::Picture reference = plain::Resample(start, newHeight, newWidth);
     const std::optional<cDIBSection> scaled = plain::SectionOf(start).Resample(newHeight, newWidth);
     QVERIFY(scaled.has_value());
-    QVERIFY(plain::Of(*scaled).bytes == told.bytes);
+    QVERIFY(plain::Of(*scaled).bytes == reference.bytes);
 }
 
 } // namespace
@@ -164,8 +164,9 @@ private Q_SLOTS:
                     const std::int32_t fromX = x - shift;
                     const std::int32_t fromY = y + shift; // lines run upward
                     const bool isInside = fromX >= 0 && fromX < 4 && fromY >= 0 && fromY < 4;
-                    plain::Picture told = before;
-                    QCOMPARE(section.Line(y)[x * 3], isInside ? told.At(fromX * 3, fromY) : told.At(x * 3, y));
+                    plain::Picture reference = before;
+                    QCOMPARE(section.Line(y)[x * 3],
+                             isInside ? reference.At(fromX * 3, fromY) : reference.At(x * 3, y));
                 }
             }
         }
@@ -300,7 +301,7 @@ private Q_SLOTS:
             QVERIFY(QByteArray::fromStdString(error.source).endsWith(".cDIBSection256"));
             QCOMPARE(error.description, cDIBSection::ApiError(EACCES));
         }
-        // A write that fails later shows nowhere.
+        // A write that fails later is not reported.
         disk.writeResult = {FileOutcome::Failed, ENOSPC};
         QVERIFY(!Blank(2, 2).SavePicture("x.bmp", disk.Writer()));
     }

@@ -81,31 +81,31 @@ private Q_SLOTS:
         for (int width = 1; width <= 70; ++width) {
             for (const plain::Kind kind : kinds) {
                 const plain::Picture start = plain::Random(width, 1 + width % 7, kind, static_cast<unsigned>(width));
-                plain::Picture told = start;
+                plain::Picture reference = start;
                 Saved saved = Save(start, {}, SaveBitDepth::Bits1, SaveReduceMode::None);
-                QVERIFY(saved.file == plain::IndexedFile(told, MonoSlots(), 1, true));
-                QVERIFY(saved.picture.bytes == told.bytes);
+                QVERIFY(saved.file == plain::IndexedFile(reference, MonoSlots(), 1, true));
+                QVERIFY(saved.picture.bytes == reference.bytes);
                 QVERIFY(!saved.palette);
 
-                told = start;
+                reference = start;
                 saved = Save(start, SomeColors(5), SaveBitDepth::Bits4, SaveReduceMode::None);
-                QVERIFY(saved.file == plain::IndexedFile(told, CrossedSlots(), 4, true));
-                QVERIFY(saved.picture.bytes == told.bytes);
+                QVERIFY(saved.file == plain::IndexedFile(reference, CrossedSlots(), 4, true));
+                QVERIFY(saved.picture.bytes == reference.bytes);
                 QCOMPARE(saved.palette->Count(), 5);
 
-                told = start;
+                reference = start;
                 saved = Save(start, {}, SaveBitDepth::Bits8, SaveReduceMode::None);
                 cPalette halfTone;
                 halfTone.CreateHalfTone();
                 QVERIFY(EntriesOf(*saved.palette) == EntriesOf(halfTone));
-                QVERIFY(saved.file == plain::IndexedFile(told, SlotsOf(halfTone), 8, true));
-                QVERIFY(saved.picture.bytes == told.bytes);
+                QVERIFY(saved.file == plain::IndexedFile(reference, SlotsOf(halfTone), 8, true));
+                QVERIFY(saved.picture.bytes == reference.bytes);
 
                 const cPalette own = SomeColors(width * 5);
-                told = start;
+                reference = start;
                 saved = Save(start, own, SaveBitDepth::Bits8, SaveReduceMode::None);
-                QVERIFY(saved.file == plain::IndexedFile(told, SlotsOf(own), 8, true));
-                QVERIFY(saved.picture.bytes == told.bytes);
+                QVERIFY(saved.file == plain::IndexedFile(reference, SlotsOf(own), 8, true));
+                QVERIFY(saved.picture.bytes == reference.bytes);
             }
         }
     }
@@ -124,8 +124,8 @@ private Q_SLOTS:
             int bits = 1;
             for (const auto& [depth, slotColors] : depths) {
                 const Saved saved = Save(start, own, depth, SaveReduceMode::Palette);
-                plain::Picture told = reduced;
-                QVERIFY(saved.file == plain::IndexedFile(told, slotColors, bits, false));
+                plain::Picture reference = reduced;
+                QVERIFY(saved.file == plain::IndexedFile(reference, slotColors, bits, false));
                 QVERIFY(saved.picture.bytes == reduced.bytes);
                 bits = bits == 1 ? 4 : 8;
             }
@@ -137,29 +137,29 @@ private Q_SLOTS:
         for (int width = 1; width <= 70; width += 3) {
             const plain::Picture start = plain::Random(width, 9, plain::Kind::Photograph, static_cast<unsigned>(width));
             plain::Picture source = start;
-            plain::Picture told(width, 9);
-            plain::BlackAndWhite(source, told);
+            plain::Picture reference(width, 9);
+            plain::BlackAndWhite(source, reference);
             Saved saved = Save(start, {}, SaveBitDepth::Bits1, SaveReduceMode::Automatic);
-            QVERIFY(saved.picture.bytes == told.bytes);
-            QVERIFY(saved.file == plain::IndexedFile(told, MonoSlots(), 1, false));
+            QVERIFY(saved.picture.bytes == reference.bytes);
+            QVERIFY(saved.file == plain::IndexedFile(reference, MonoSlots(), 1, false));
             QVERIFY(!saved.palette);
 
             cPalette sixteen;
             sixteen.Create16Colour();
             source = start;
-            plain::ApplyPalette(source, told, EntriesOf(sixteen), true);
+            plain::ApplyPalette(source, reference, EntriesOf(sixteen), true);
             saved = Save(start, {}, SaveBitDepth::Bits4, SaveReduceMode::Automatic);
-            QVERIFY(saved.picture.bytes == told.bytes);
-            QVERIFY(saved.file == plain::IndexedFile(told, CrossedSlots(), 4, false));
+            QVERIFY(saved.picture.bytes == reference.bytes);
+            QVERIFY(saved.file == plain::IndexedFile(reference, CrossedSlots(), 4, false));
             QVERIFY(EntriesOf(*saved.palette) == EntriesOf(sixteen));
 
             source = start;
             const plain::Entries best = plain::Octree().CreateOptimal(source, 236, 6);
-            plain::ApplyPalette(source, told, best, false);
+            plain::ApplyPalette(source, reference, best, false);
             saved = Save(start, SomeColors(3), SaveBitDepth::Bits8, SaveReduceMode::Automatic);
-            QVERIFY(saved.picture.bytes == told.bytes);
+            QVERIFY(saved.picture.bytes == reference.bytes);
             QVERIFY(EntriesOf(*saved.palette) == best);
-            QVERIFY(saved.file == plain::IndexedFile(told, SlotsOf(*saved.palette), 8, false));
+            QVERIFY(saved.file == plain::IndexedFile(reference, SlotsOf(*saved.palette), 8, false));
         }
     }
 

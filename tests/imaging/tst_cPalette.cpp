@@ -43,11 +43,11 @@ int ErrorNumberOf(const std::function<void()>& work)
     return 0;
 }
 
-// The library's palette, its progress and its failures are those of the told loops.
+// The library's palette, its progress and its failures are those of the reference.
 void CompareOptimal(plain::Picture picture, int wanted, int level)
 {
     plain::Octree octree;
-    const plain::Entries told = octree.CreateOptimal(picture, wanted, level);
+    const plain::Entries reference = octree.CreateOptimal(picture, wanted, level);
     const cDIBSection section = plain::SectionOf(picture);
     cPalette palette;
     std::vector<std::int32_t> progress;
@@ -56,7 +56,7 @@ void CompareOptimal(plain::Picture picture, int wanted, int level)
     events.progress.Progress = [&](std::int32_t position) { progress.push_back(position); };
     events.reducingFailed = [&](std::int64_t times) { failures.push_back(times); };
     palette.CreateOptimal(section, wanted, static_cast<std::uint8_t>(level), events);
-    QVERIFY(EntriesOf(palette) == told);
+    QVERIFY(EntriesOf(palette) == reference);
     QVERIFY(progress == octree.progress);
     if (octree.failures == 0)
         QVERIFY(failures.empty());
@@ -283,7 +283,7 @@ private Q_SLOTS:
             QCOMPARE(ErrorNumberOf([&] { palette.CreateOptimal(noise, 100000, static_cast<std::uint8_t>(level)); }), 9);
         QCOMPARE(ErrorNumberOf([&] { palette.CreateOptimal(noise, 16, 9); }), 9);
         QCOMPARE(palette.Count(), 2);
-        // Level 9 holds as long as nothing has to be folded.
+        // Level 9 works as long as nothing has to be folded.
         CompareOptimal(plain::Random(16, 16, plain::Kind::Noise, 1), 100000, 9);
     }
 
@@ -412,10 +412,10 @@ private Q_SLOTS:
         row("a count that is wrong", "JASC\r\n0100\r\n7\r\n1 2 3\r\n4 5 6", 2);
         row("more and fewer parts", "1 2\r\n1 2 3 4\r\n1\r\n\r\n1 2 3\r\nx y z w", 1);
         row("bare line feeds", "JASC\n0100\n2\n1 2 3\n4 5 6", 0);
-        row("bare line feeds and two blanks", "1 2\n3 4", -1);
+        row("bare line feeds and two spaces", "1 2\n3 4", -1);
         row("a header of three parts", "a b c\r\n1 2 3", -1);
-        row("a blank at the end", "1 2 \r\n", -1);
-        row("a blank at the start", " 1 2", -1);
+        row("a space at the end", "1 2 \r\n", -1);
+        row("a space at the start", " 1 2", -1);
         row("above a byte", "1 2 256", -1);
         row("below a byte", "1 -1 2", -1);
         row("a letter", "1 2 3x", -1);

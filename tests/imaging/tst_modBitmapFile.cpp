@@ -12,7 +12,7 @@ using namespace ob;
 
 namespace {
 
-// The picture's colours from the top line down, red in the third byte; empty when the file was refused.
+// The picture's colours from the top line down, red in the third byte; empty when the file was rejected.
 using Colors = std::vector<std::vector<std::uint32_t>>;
 
 Colors Read(const BitmapBytes& file)
@@ -205,7 +205,7 @@ private Q_SLOTS:
             return file;
         };
         row("empty", {}, BitmapError::NotABitmap);
-        row("two letters", BitmapBytes().Put(19778, 2), BitmapError::NotABitmap);
+        row("only the type", BitmapBytes().Put(19778, 2), BitmapError::NotABitmap);
         row("another format", BitmapBytes().Put(0x474E5089, 4).Put(0, 60), BitmapError::NotABitmap);
         row("header of 0", of(1, 1, 24, 0, 0), BitmapError::UnknownHeader);
         row("header of 13", of(1, 1, 24, 0, 13), BitmapError::UnknownHeader);

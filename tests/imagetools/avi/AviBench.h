@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of videos share: bitmap files of every kind, and ffmpeg as the judge.
+// What the tests of videos share: bitmap files of every kind, and ffmpeg as the reference.
 #pragma once
 
 #include "imagetools/pictures/modPicture.h"
@@ -23,13 +23,13 @@ inline ob::ByteView ViewOf(const QByteArray& bytes)
     return {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
 }
 
-// One kind of bitmap file. A header above 40 bytes holds the masks itself.
+// One kind of bitmap file. A header above 40 bytes includes the masks.
 struct BitmapKind {
     int bits = 24;
     int height = 11; // below 0 for lines from the top down
     int width = 37;
     int headerSize = 40;
-    int colors = 0; // of the table, 0 for as many as there can be
+    int colors = 0; // of the table, 0 for the maximum
     std::vector<std::uint32_t> masks = {};
     int gap = 0; // bytes between table and pixels
 };
@@ -41,13 +41,13 @@ inline QByteArray NoiseBitmap(const BitmapKind& kind, unsigned seed)
     const int line = (kind.width * kind.bits + 31) / 32 * 4;
     const int size = line * std::abs(kind.height);
     const int colors = kind.bits > 8 ? 0 : kind.colors == 0 ? 1 << kind.bits : kind.colors;
-    const int masksBehind = kind.headerSize == 40 ? static_cast<int>(kind.masks.size()) * 4 : 0;
+    const int masksAfter = kind.headerSize == 40 ? static_cast<int>(kind.masks.size()) * 4 : 0;
     BitmapBytes file;
-    file.FileHeader(14 + kind.headerSize + masksBehind + colors * 4 + kind.gap);
+    file.FileHeader(14 + kind.headerSize + masksAfter + colors * 4 + kind.gap);
     file.InfoHeader(kind.width, kind.height, kind.bits, kind.masks.empty() ? 0 : 3, size, kind.colors, kind.headerSize);
     for (const std::uint32_t mask : kind.masks)
         file.Put(mask, 4);
-    file.Put(0, 14 + kind.headerSize + masksBehind - static_cast<int>(file.bytes.size()));
+    file.Put(0, 14 + kind.headerSize + masksAfter - static_cast<int>(file.bytes.size()));
     std::mt19937 tableRandom(7);
     for (int color = 0; color < colors; ++color)
         file.Put(tableRandom() & 0xFFFFFF, 4);
@@ -75,7 +75,7 @@ inline QByteArray OutputOf(const QString& program, const QStringList& arguments)
     return process.readAllStandardOutput();
 }
 
-// All frames of a video as ffmpeg decodes them, in one of its pixel formats; a complaint of its in their place.
+// All frames of a video as ffmpeg decodes them, in one of its pixel formats; or its error message.
 inline QByteArray Decoded(const QString& video, const char* pixelFormat = "bgr24")
 {
     return OutputOf(QStringLiteral("ffmpeg"),
@@ -85,7 +85,7 @@ inline QByteArray Decoded(const QString& video, const char* pixelFormat = "bgr24
                      QStringLiteral("-")});
 }
 
-// Values that ffprobe tells of the video, as "a,b".
+// Values that ffprobe reports of the video, as "a,b".
 inline QByteArray Probed(const QString& video, const char* entries)
 {
     return OutputOf(QStringLiteral("ffprobe"),
@@ -94,7 +94,7 @@ inline QByteArray Probed(const QString& video, const char* entries)
         .trimmed();
 }
 
-// How many frames the video has that are key frames, and how many that are not.
+// The numbers of key frames and of other frames in the video.
 struct FrameKinds {
     qsizetype key = 0;
     qsizetype other = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The AVI maker without its window: the list, the frame rate, every kind of bitmap, and trouble on the way.
+// The AVI maker without its window: the list, the frame rate, every kind of bitmap, and failures along the way.
 #include "imagetools/avi/modAvi.h"
 
 #include "imagetools/avi/AviBench.h"
@@ -30,7 +30,7 @@ class tst_modAvi : public QObject {
         };
     }
 
-    // So many bitmaps of one kind in a list.
+    // A list of that many bitmaps of one kind.
     AviList Bitmaps(const BitmapKind& kind, int count)
     {
         AviList list;
@@ -189,7 +189,7 @@ private Q_SLOTS:
     void everyDepthDecodesToThePixelsOfTheBitmaps_data()
     {
         QTest::addColumn<BitmapKind>("kind");
-        QTest::addColumn<QByteArray>("pixelFormat"); // other than bgr24: the words of the pixels themselves
+        QTest::addColumn<QByteArray>("pixelFormat"); // other than bgr24: the pixels' raw words
         const auto row = [](const char* name, const BitmapKind& kind, const char* format = "bgr24") {
             QTest::newRow(name) << kind << QByteArray(format);
         };
@@ -229,7 +229,7 @@ private Q_SLOTS:
                 for (int y = kind.height - 1; y >= 0; --y)
                     words += bitmap.mid(bitmap.size() - line * kind.height + y * line, kind.width * 2);
             }
-            // The sixteenth bit says nothing.
+            // The sixteenth bit has no meaning.
             if (pixelFormat == "rgb555le") {
                 for (qsizetype place = 1; place < words.size(); place += 2)
                     words[place] = static_cast<char>(words[place] & 0x7F);

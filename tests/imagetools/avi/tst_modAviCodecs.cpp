@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The compressors: what comes out again, the same bytes each time, sizes that are refused, a plugin that is not there.
+// The compressors: what is decoded again, the same bytes each time, rejected sizes, a missing plugin.
 #include "imagetools/avi/modAvi.h"
 
 #include "imagetools/avi/AviBench.h"
@@ -41,7 +41,7 @@ class tst_modAviCodecs : public QObject {
         return Bitmaps(bitmaps);
     }
 
-    // A picture without sharp edges, which lossy codecs keep nearly as it is.
+    // A picture without sharp edges, which lossy codecs keep nearly unchanged.
     static QByteArray Gradient(int width, int height, int step)
     {
         QByteArray bitmap = NoiseBitmap({.height = height, .width = width}, 0);
@@ -87,7 +87,7 @@ private Q_SLOTS:
     void init() { folder = std::make_unique<QTemporaryDir>(); }
     void cleanup() { folder.reset(); }
 
-    // Stands first, as the plugin stays once it is loaded.
+    // First, as the plugin stays once it is loaded.
     void withoutThePluginUncompressedVideosStillWork()
     {
         SetLibraryFolder(folder->path());
@@ -178,7 +178,7 @@ private Q_SLOTS:
     void everyFrameIsAKeyFrameAndTheBytesAreReproducible()
     {
         QFETCH(QByteArray, codec);
-        // One frame twice: a codec that looks at the frame before would make nothing of it.
+        // One frame twice: a codec that refers to the previous frame would encode nothing for it.
         const QByteArray bitmap = NoiseBitmap({.height = 80, .width = 96}, 1);
         const AviList list = Bitmaps({bitmap, bitmap, NoiseBitmap({.height = 80, .width = 96}, 2)});
         QVERIFY2(Write(list, codec.constData()) == AviState::Finished, qPrintable(message));
@@ -253,7 +253,7 @@ private Q_SLOTS:
         };
         const auto outcome = [&] { return Write(Bitmaps({bitmap}), "png"); };
         put(34, 0x7FFFFFFF);
-        QCOMPARE(outcome(), AviState::Finished); // pixels enough, whatever is said of those behind
+        QCOMPARE(outcome(), AviState::Finished); // enough pixels, whatever the header claims
         put(22, 0x80000000);
         QCOMPARE(outcome(), AviState::Failed);
         put(22, 11);
@@ -267,7 +267,7 @@ private Q_SLOTS:
         QCOMPARE(outcome(), AviState::Failed);
         put(28, 24);
         put(10, 0x7FFFFFFF);
-        QCOMPARE(outcome(), AviState::Finished); // all zeros, as pixels behind the file's end are
+        QCOMPARE(outcome(), AviState::Finished); // all zeros, as pixels after the end of the file are
     }
 
 private:

@@ -57,7 +57,7 @@ class win_frmAVI : public QObject {
     {
         return bench->Write(QStringLiteral("%1.bmp").arg(number), NoiseBitmap(kind, static_cast<unsigned>(number)));
     }
-    // The message is the one that the choice is to bring; empty for none.
+    // The message is the one that the choice should cause; empty for none.
     void Add(const QString& file, const QString& message = {}, BoxIcon icon = BoxIcon::Information)
     {
         bench->dialogs.ExpectFile(FilePurpose::Open, OpenTitle, OpenFilter, file);
@@ -78,7 +78,7 @@ class win_frmAVI : public QObject {
             dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
         });
     }
-    // Frames that take a while together, with the compressor that makes it so.
+    // Frames that take a while in total, with a slow compressor.
     void AddForLongWork()
     {
         const QString file = Bitmap(0, {.height = 256, .width = 256});
@@ -186,7 +186,7 @@ private Q_SLOTS:
     void aBitmapThatIsNoPictureIsNotAdded()
     {
         QByteArray bitmap = NoiseBitmap({}, 1);
-        bitmap[28] = 7; // bits a pixel
+        bitmap[28] = 7; // bits per pixel
         Add(bench->Write(QStringLiteral("odd.bmp"), bitmap), QStringLiteral("Run-time error '481':\nInvalid picture"),
             BoxIcon::Critical);
         QCOMPARE(List()->count(), 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The colour and the font that the status bar tells.
+// The colour and the font that the status bar shows.
 #include "imagetools/colors/modPreviews.h"
 
 #include "core/CoreBench.h"

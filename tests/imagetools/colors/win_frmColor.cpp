@@ -118,7 +118,7 @@ private Q_SLOTS:
                                       static_cast<int>((value >> 16) & 0xFF));
                 const QRect field = chart->FieldOf(color);
                 QVERIFY(chart->rect().contains(field));
-                // Beside the text.
+                // Next to the text.
                 QCOMPARE(picture.pixelColor(field.left() + 3, field.center().y()), expected);
             }
             QVERIFY(chart->accessibleDescription().startsWith(

@@ -105,7 +105,7 @@ protected:
     }
     void Drag(QPoint from, QPoint to) const { Pull(Grid(), from, to); }
 
-    // Something that every operation turns into something else.
+    // A drawing that every operation changes.
     Icon DrawSomething() const
     {
         Swatch(BlueSwatch);

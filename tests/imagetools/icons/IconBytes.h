@@ -30,7 +30,7 @@ inline void PadTo(QByteArray& bytes, qsizetype size)
         bytes.append(size - bytes.size(), '\0');
 }
 
-// One image with what a directory says of it.
+// One image with its directory entry's values.
 struct Entry {
     int width = 0;
     int height = 0;
@@ -173,8 +173,8 @@ inline QList<Resource> ResourcesOf(const QList<QList<Entry>>& icons, const QList
     return images + groups;
 }
 
-// The table of an NE program whose first content stands at that place, and the texts behind it, which stand that far
-// from its start.
+// The table of an NE program whose first content is at that place, and the texts after it, at that distance from its
+// start.
 struct NeTable {
     QByteArray rows;
     QByteArray texts;
@@ -223,7 +223,7 @@ inline QByteArray NeFile(const QList<Resource>& resources, int shift = 4)
     constexpr qsizetype tablePlace = 128;
     const qsizetype unit = qsizetype{1} << shift;
     const auto wholeUnits = [unit](qsizetype bytes) { return (bytes + unit - 1) / unit * unit; };
-    // Its length does not hang on what it says, so the first one tells where things stand.
+    // Its length does not depend on its values, so a first one gives the places.
     const NeTable sizes = NeTableOf(resources, shift, 0, 0);
     const qsizetype tableEnd = tablePlace + sizes.rows.size() + sizes.texts.size();
     const NeTable table = NeTableOf(resources, shift, wholeUnits(tableEnd), sizes.rows.size());
@@ -249,7 +249,7 @@ enum class PeKind { Bits32, Bits64 };
 constexpr qsizetype PeTreeOffset = 0x200; // of the resource tree in such a file
 constexpr std::uint32_t PeTreeAddress = 0x1000;
 
-// A program of the PE format with one section, which holds that tree.
+// A program of the PE format with one section, which contains that tree.
 inline QByteArray PeFileAround(const QByteArray& tree, PeKind kind)
 {
     const int optionalSize = kind == PeKind::Bits32 ? 224 : 240;
@@ -308,8 +308,8 @@ inline QByteArray PeTree(const QList<Resource>& resources)
             } else {
                 Put(entries, static_cast<std::uint64_t>(contentPlace + content.size()) | branch, 4);
                 Put(content, static_cast<std::uint64_t>(resource.name.size()), 2);
-                for (const char letter : resource.name)
-                    Put(content, static_cast<unsigned char>(letter), 2);
+                for (const char character : resource.name)
+                    Put(content, static_cast<unsigned char>(character), 2);
                 PadTo(content, (content.size() + 3) / 4 * 4);
             }
             Put(entries, static_cast<std::uint64_t>(languagesPlace + languages.size()) | branch, 4);

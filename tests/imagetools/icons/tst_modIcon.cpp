@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The icon as a value: its operations, its files, its way into a runtime engine.
+// The icon as a value: its operations, its files, writing it into a runtime engine.
 #include "imagetools/icons/modIcon.h"
 #include "imagetools/icons/modIconFile.h"
 #include "imagetools/pictures/modPicture.h"
@@ -21,7 +21,7 @@ using namespace ob;
 
 namespace {
 
-// A picture of all colours that turns out different under every operation.
+// A picture of all colours that every operation changes.
 Icon Colors()
 {
     Icon icon;
@@ -43,7 +43,7 @@ Icon RandomIcon(unsigned seed)
     return icon;
 }
 
-// Whether every pixel of the result is the one that the rule names.
+// Whether every pixel of the result is the one given by the rule.
 bool IsRearranged(const Icon& result, const Icon& icon, const std::function<IconPoint(int, int)>& sourceOf)
 {
     for (int y = 0; y < IconSide; ++y)

@@ -40,7 +40,7 @@ bool Holds(const QByteArray& file, int index, const Entry& entry)
     return Same(IconIndex(ViewOf(file)).Extract(index), ReadIconImage(ViewOf(entry.bytes)));
 }
 
-// Reads all that there is; what it finds does not matter.
+// Reads everything; the result does not matter.
 void LookAtAll(const QByteArray& file)
 {
     const IconIndex index(ViewOf(file));
@@ -64,7 +64,7 @@ const QList<QList<Entry>>& SomeIcons()
     return icons;
 }
 
-// The images that are taken of them.
+// The images that are chosen from them.
 QList<Entry> Taken()
 {
     return {SomeIcons()[0][2], SomeIcons()[1][0], SomeIcons()[2][0], SomeIcons()[3][0]};
@@ -107,7 +107,7 @@ class tst_modIconFile : public QObject {
 
     static bool Has(const char* program) { return !QStandardPaths::findExecutable(QLatin1String(program)).isEmpty(); }
 
-    // A library with the icons, made by the tools of that system: ALPHA and BETA have names, 7 and 200 numbers.
+    // A library with the icons, made by the resource compiler's tools: ALPHA and BETA have names, 7 and 200 numbers.
     QByteArray BuildLibrary(const QString& system) const
     {
         QByteArray script;
@@ -289,7 +289,7 @@ private Q_SLOTS:
     void icotoolSeesTheSamePicture_data()
     {
         QTest::addColumn<int>("bits");
-        for (const int bits : {1, 4, 8, 24, 32}) // it reads no 16
+        for (const int bits : {1, 4, 8, 24, 32}) // it does not read 16
             QTest::addRow("%d bits", bits) << bits;
     }
     void icotoolSeesTheSamePicture()
@@ -326,7 +326,7 @@ private Q_SLOTS:
             QCOMPARE(IconIndex(ViewOf(icons::PeFileAround({}, kind))).Count(), 0);
         }
         QCOMPARE(IconIndex(ViewOf(icons::NeFile({}))).Count(), 0);
-        // The names stand where the table would be.
+        // The names are where the table would be.
         QByteArray bare = icons::NeFile(icons::ResourcesOf(SomeIcons()));
         icons::Overwrite(bare, 64 + 38, 64, 2);
         QCOMPARE(IconIndex(ViewOf(bare)).Count(), 0);
@@ -337,7 +337,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("offset"); // in the tree
         QTest::addColumn<qulonglong>("value");
         const int groupType = 16 + 8;
-        const int groups = 16 + 2 * 8 + 16 + 8; // behind the one image
+        const int groups = 16 + 2 * 8 + 16 + 8; // after the one image
         const int language = groups + 16 + 8 + 24;
         const int leaf = language + 24 + 16;
         const auto row = [](const char* name, int offset, qulonglong value) { QTest::newRow(name) << offset << value; };
@@ -369,7 +369,7 @@ private Q_SLOTS:
             icons::Overwrite(file, icons::PeTreeOffset + offset, value, 4);
             const IconIndex index(ViewOf(file));
             LookAtAll(file);
-            // The list that promises too much still has its one icon in front.
+            // The list with too large a count still starts with its one icon.
             const bool promisesMore = QByteArray(QTest::currentDataTag()) == "more icons than bytes";
             QCOMPARE(index.Extract(0).has_value(), promisesMore);
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Images of icons: every depth against plain loops and the toolkit's reader, refusals, drawing.
+// Images of icons: every depth compared with plain loops and the toolkit's reader, rejected images, drawing.
 #include "IconBytes.h"
 
 #include "imagetools/icons/modIconImage.h"
@@ -125,7 +125,7 @@ private Q_SLOTS:
         }
     }
 
-    // Programs of old made such images, with nothing in the fourth channel.
+    // Old programs made such images, with nothing in the fourth channel.
     void anAlphaOfZerosIsNone()
     {
         icons::Entry entry = icons::PlainImage(32, 32, 32, 0x102030);
@@ -253,7 +253,7 @@ private Q_SLOTS:
         QVERIFY(!ReadIconImage(ViewOf(huge)));
     }
 
-    // It reads no 16 bits and leaves the mask out at 24.
+    // It does not read 16 bits and ignores the mask at 24.
     void theToolkitSeesTheSamePicture_data()
     {
         QTest::addColumn<int>("bits");

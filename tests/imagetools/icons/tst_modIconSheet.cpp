@@ -66,7 +66,7 @@ private Q_SLOTS:
         QVERIFY(!sheet.isChanged && sheet.canUndo);
         Undo(sheet);
         QVERIFY(sheet.icon == Icon() && sheet.isChanged);
-        // What is saved without a step to take back, or edited afterwards, is as ever.
+        // A save without a step to undo, or an edit after it, changes nothing about that.
         MarkSaved(sheet);
         Undo(sheet);
         QVERIFY(!sheet.isChanged);

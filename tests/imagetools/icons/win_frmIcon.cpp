@@ -16,7 +16,7 @@ using namespace ob;
 
 namespace {
 
-// Notes the parts of a widget that are painted.
+// Records the parts of a widget that are painted.
 class PaintWatch final : public QObject {
 public:
     explicit PaintWatch(QWidget* widget) { widget->installEventFilter(this); }
@@ -360,7 +360,7 @@ private Q_SLOTS:
         for (int y = 0; y < IconSide; ++y) {
             for (int x = 0; x < IconSide; ++x) {
                 const QColor color = ColorOf(icon.At(x, y));
-                // All of a cell but its edge has its colour alone, and each cell has its line in front.
+                // A cell has only its own colour except at its edge, and each cell has its line before it.
                 const int left = qRound(x * 10 * scale);
                 const int top = qRound(y * 10 * scale);
                 const int width = qRound((x + 1) * 10 * scale) - left;
@@ -414,7 +414,7 @@ private Q_SLOTS:
         QVERIFY(bench->Frame().isVisible() && open->isVisible());
         ExpectSaveQuestion(BoxAnswer::No);
         QVERIFY(bench->Close());
-        // The program's end closes what is left, and asks no second time.
+        // The end of the program closes what is left, without asking again.
         QVERIFY(open->close());
     }
 

@@ -96,7 +96,7 @@ private Q_SLOTS:
         QTest::keyClick(window->focusWidget(), Qt::Key_Return);
         QVERIFY(Shown() == icon);
         QCOMPARE(TestBench::Read(bench->ProgramPath(Text("temp.ico"))), IconFileOf(icon));
-        // It is saved already, and the last icon can be had back.
+        // It counts as saved, and the last icon can be restored.
         QVERIFY(Item("runtime")->isEnabled());
         Choose("und");
         QVERIFY(Shown() == Icon());
@@ -255,7 +255,7 @@ private Q_SLOTS:
         const QImage banded = Picture()->grab().toImage();
         QVERIFY(banded != plain);
         QCOMPARE(banded.pixelColor(30, 30), plain.pixelColor(30, 30));
-        // Half a pixel is none.
+        // Half a pixel does not count.
         const QPointF half(50.9, 50.9);
         QMouseEvent event(QEvent::MouseMove, half, Picture()->mapToGlobal(half), Qt::NoButton, Qt::LeftButton, {});
         QApplication::sendEvent(Picture(), &event);
@@ -281,7 +281,7 @@ private Q_SLOTS:
     {
         OpenPicture(Quarters(64));
         QCOMPARE(window->focusWidget(), Picture());
-        QTest::keyClick(Picture(), Qt::Key_Right); // the box comes
+        QTest::keyClick(Picture(), Qt::Key_Right); // the box appears
         QTest::keyClick(Picture(), Qt::Key_Return);
         QCOMPARE(std::ranges::count(Shown().pixels, Red), 32 * 32);
         for (int count = 0; count < 40; ++count)
@@ -358,7 +358,7 @@ private Q_SLOTS:
         ExpectSaveQuestion(BoxAnswer::Cancel);
         QTest::keyClick(window.get(), Qt::Key_Escape);
         QVERIFY(window->isVisible());
-        // A save that does not come about keeps it open too.
+        // A save that is cancelled or fails keeps it open too.
         ExpectSaveQuestion(BoxAnswer::Yes);
         ExpectSave({});
         QVERIFY(!window->close());
@@ -410,7 +410,7 @@ private Q_SLOTS:
         expected.replace(start, 745, '\0' + IconFileOf(icon).sliced(22));
         QCOMPARE(TestBench::Read(path), expected);
         QVERIFY(Shown() == icon);
-        // It is in no file of its own yet.
+        // It is not in a file of its own yet.
         ExpectSaveQuestion(BoxAnswer::No);
         QVERIFY(window->close());
     }

@@ -78,7 +78,7 @@ private Q_SLOTS:
     {
         ChooseFile(1);
         auto* folders = Find<QTreeView>("Dir1");
-        // The folder shown is the current one, the one in it stands below.
+        // The folder shown is the current one, with its subfolder below.
         const QModelIndex below = folders->indexBelow(folders->currentIndex());
         QCOMPARE(below.data().toString(), QStringLiteral("more"));
         folders->setFocus();

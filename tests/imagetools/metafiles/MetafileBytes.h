@@ -43,7 +43,7 @@ inline QByteArray Longs(std::initializer_list<std::int64_t> numbers)
     return bytes;
 }
 
-// A bitmap of two pixels a line and two lines, 24 bits: red and green above, blue and white below.
+// A bitmap of two lines of two pixels, 24 bits: red and green above, blue and white below.
 inline QByteArray SmallDib()
 {
     const QByteArray header = Longs({40, 2, 2}) + Words({1, 24}) + Longs({0, 0, 0, 0, 0, 0});
@@ -71,7 +71,7 @@ public:
 
     QByteArray Plain() const { return Head() + records + Long(3) + Word(0); }
 
-    // With the header of its size; the place of the picture in logical units, and how many of them an inch has.
+    // With the header of its size; the place of the picture in logical units, and how many of them per inch.
     QByteArray Placeable(int left, int top, int right, int bottom, int inch) const
     {
         return Long(0x9AC6CDD7) + Words({0, left, top, right, bottom, inch, 0, 0, 0}) + Plain();
@@ -86,7 +86,7 @@ private:
     QByteArray records;
 };
 
-// A file of 32-bit records for a device of 1000 x 1000 pixels on 264.58 mm, which are 96 pixels an inch but for a
+// A file of 32-bit records for a device of 1000 x 1000 pixels on 264.58 mm, which is 96 pixels per inch to within a
 // thousandth.
 class EmfBytes {
 public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Metafiles of a test on their way to pixels.
+// Plays the metafiles of a test into pictures.
 #pragma once
 
 #include "imagetools/metafiles/MetafileBytes.h"
@@ -35,7 +35,7 @@ inline QImage Played(const QByteArray& bytes)
     return image == nullptr ? QImage() : *image;
 }
 
-// A drawing of 100 x 100 pixels, one unit a pixel, with a red pen of one pixel as object 0 and a green brush as 1.
+// A drawing of 100 x 100 pixels, one unit per pixel, with a red pen of one pixel as object 0 and a green brush as 1.
 inline WmfBytes Drawing()
 {
     WmfBytes file;
@@ -73,7 +73,7 @@ inline int CountOf(const QImage& image, QRgb color, QRect area = {})
     return count;
 }
 
-// Curves are drawn on the pixel or on one beside it.
+// Curves are drawn on the pixel or on a neighbouring one.
 inline bool IsNear(const QImage& image, QPoint point, QRgb color)
 {
     return CountOf(image, color, QRect(point - QPoint(1, 1), QSize(3, 3)) & image.rect()) > 0;

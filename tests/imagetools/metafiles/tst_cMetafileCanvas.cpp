@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The records of metafiles become the pixels that their first system makes of them.
+// The records of metafiles are drawn pixel for pixel as programs expect.
 #include "imagetools/metafiles/PlayedMetafile.h"
 
 #include <QTest>
@@ -188,7 +188,7 @@ void tst_cMetafileCanvas::deletedObjectsPlaceIsReusedFirst()
     file.Add(BrushRecord, Word(0) + Long(BlueRecord) + Word(0));
     file.Add(SelectObject, Word(0)).Add(RectangleRecord, Words({60, 50, 20, 10}));
     const QImage image = Drawn(file);
-    QCOMPARE(image.pixel(10, 20), Red); // what is selected stays
+    QCOMPARE(image.pixel(10, 20), Red); // the selection stays
     QCOMPARE(image.pixel(30, 40), Blue);
 }
 
@@ -224,7 +224,7 @@ void tst_cMetafileCanvas::clippingByAPath()
     const QImage image = Drawn(file);
     QCOMPARE(image.pixel(20, 20), Green);
     QCOMPARE(image.pixel(80, 80), White);
-    // The clip is gone with an empty region in its place.
+    // An empty region removes the clip.
     file.Add(75, Longs({0, 5})).Add(43, Box32(-10, -10, 110, 110));
     QCOMPARE(Drawn(file).pixel(80, 80), Green);
 }
@@ -242,7 +242,7 @@ void tst_cMetafileCanvas::hatchLetsTheBackgroundThroughWhenTransparent()
     QCOMPARE(CountOf(image, Blue, opaque) + CountOf(image, Yellow, opaque), 46 * 96);
     QVERIFY(CountOf(image, Blue, opaque) >= 46 * 10);
     QCOMPARE(CountOf(image, Blue, transparent) + CountOf(image, White, transparent), 46 * 96);
-    // The lines lie flat.
+    // The lines are horizontal.
     QCOMPARE(CountOf(image, Blue, transparent) % 46, 0);
 }
 
@@ -250,7 +250,7 @@ void tst_cMetafileCanvas::rasterOperationsCombine_data()
 {
     QTest::addColumn<int>("operation");
     QTest::addColumn<QRgb>("result");
-    // Red drawn on what is yellow.
+    // Red drawn on yellow.
     const QRgb results[] = {Black, Black,      Green,  0xFF00FFFF,         Black, Blue,       Green,  0xFF00FFFF,
                             Red,   0xFFFF00FF, Yellow, 0xFF00FFFF | Green, Red,   0xFFFF00FF, Yellow, White};
     const int checked[] = {1, 3, 4, 6, 7, 9, 11, 13, 15, 16};
@@ -325,7 +325,7 @@ void tst_cMetafileCanvas::bitmapOperationsCombine()
     QCOMPARE(drawn(0x00330008).pixel(red), 0xFF00FFFF);
     QCOMPARE(drawn(0x00C000CA).pixel(red), Black); // and with the green brush
     QCOMPARE(drawn(0x00FF0062).pixel(red), White);
-    QCOMPARE(drawn(0x00550009).pixel(red), Blue); // the inverse of what is there
+    QCOMPARE(drawn(0x00550009).pixel(red), Blue); // the inverse of the target
     // Without a bitmap.
     const QImage inverted = Drawn(Drawing().Add(0xB41, Long(0x00550009) + Words({2, 2, 0, 0, 0, 40, 40, 10, 10})));
     QCOMPARE(inverted.pixel(red), Black);
@@ -339,7 +339,7 @@ void tst_cMetafileCanvas::bitmapWithAlphaIsBlended()
     const QByteArray record = Box32(0, 0, -1, -1) + Longs({10, 10, 20, 20, 0x01FF0000, 0, 0}) + QByteArray(24, '\0') +
                               Longs({0, 0, 108, 40, 148, 8, 1, 2}) + dib;
     const QImage image = Drawn(EmfBytes().Add(114, record));
-    QCOMPARE(image.pixel(15, 15), White); // the upper pixel is not there at all
+    QCOMPARE(image.pixel(15, 15), White); // the upper pixel is missing
     const QRgb half = image.pixel(15, 25);
     QCOMPARE(qRed(half), 255);
     QVERIFY(qAbs(qGreen(half) - 127) <= 1);
@@ -393,7 +393,7 @@ void tst_cMetafileCanvas::textOf32BitFilesIsDrawn()
                             Longs({30, 30});
     const QImage image = Drawn(file.Add(84, text));
     QVERIFY(CountOf(image, Blue, QRect(20, 30, 20, 25)) > 30);
-    // The second letter stands where the widths say.
+    // The second character is placed by the widths.
     QVERIFY(CountOf(image, Blue, QRect(50, 30, 20, 25)) > 30);
     QCOMPARE(CountOf(image, White, QRect(40, 30, 9, 25)), 9 * 25);
 }

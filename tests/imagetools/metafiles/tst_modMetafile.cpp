@@ -107,7 +107,7 @@ void tst_modMetafile::flippedWindowIsDrawnFlipped()
 void tst_modMetafile::worldTransformTurns()
 {
     EmfBytes file = Drawing32();
-    // A quarter turn with the clock about the middle.
+    // A quarter turn clockwise about the middle.
     file.Add(35, Single(0) + Single(1) + Single(-1) + Single(0) + Single(100) + Single(0));
     file.Add(43, Box32(10, 40, 50, 60));
     const QImage image = Drawn(file);
@@ -152,7 +152,7 @@ void tst_modMetafile::damagedFilesAreErrors_data()
     QTest::newRow("empty") << QByteArray() << MetafileError::NotAMetafile;
     QTest::newRow("a bitmap") << QByteArray("BM") + QByteArray(100, '\0') << MetafileError::NotAMetafile;
     QTest::newRow("only the size") << whole.first(22) << MetafileError::NotAMetafile;
-    QTest::newRow("no header behind the size") << whole.first(22) + QByteArray(40, '\7') << MetafileError::NotAMetafile;
+    QTest::newRow("no header after the size") << whole.first(22) + QByteArray(40, '\7') << MetafileError::NotAMetafile;
     QTest::newRow("cut in a record") << whole.first(22 + 18 + 8) << MetafileError::Damaged;
     QTest::newRow("record without a size")
         << Drawing().Raw(Long(0) + Word(0x213)).Placeable(0, 0, 9, 9, 96) << MetafileError::Damaged;

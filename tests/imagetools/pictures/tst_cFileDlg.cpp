@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file boxes as a record: what the box is shown with, and what comes back.
+// The file boxes as a record: what the box is given, and what it returns.
 #include "imagetools/pictures/cFileDlg.h"
 
 #include "support/ScriptedDialogs.h"

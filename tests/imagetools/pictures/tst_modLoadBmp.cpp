@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list of bitmaps and the lines that load them, whole and to the character; previews and their loader.
+// The list of bitmaps and the complete lines that load them; previews and their loader.
 #include "imagetools/metafiles/MetafileBytes.h"
 
 #include "imagetools/pictures/cPreviewLoader.h"
@@ -214,7 +214,7 @@ void tst_modLoadBmp::previewOfATurnedPhotograph()
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.jpg"));
     QVERIFY(Plain(600, 300).save(path));
-    // The camera's note that the picture is to be turned by a quarter.
+    // The camera's orientation tag for a quarter turn.
     const QByteArray exif = QByteArray::fromHex("ffe100224578696600004d4d002a0000000800010112000300000001000600000000"
                                                 "0000");
     QByteArray bytes = Get(path);

@@ -232,7 +232,7 @@ void win_frmBitmap::pictureThatCannotBeShownLeavesThePreviousOne()
         Click(QLatin1String(name));
         QTRY_COMPARE(Text("lblProblem"), QLatin1String(name) + QStringLiteral(" cannot be shown."));
         QVERIFY(Control<QLabel>("lblProblem")->isVisible());
-        // Fitting the former one anew does not make it the chosen one.
+        // Fitting the previous one again does not make it the chosen one.
         form->resize(form->width() + 10, form->height());
         QTest::qWait(100);
         QCOMPARE(Text("lblProblem"), QLatin1String(name) + QStringLiteral(" cannot be shown."));
@@ -445,7 +445,7 @@ void win_frmBitmap::saveAsThatFails()
     for (const bool is256 : {false, true}) {
         if (is256)
             Tick("chk256");
-        // A folder that takes no file, whoever asks.
+        // A folder that accepts no file from any user.
         bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, QStringLiteral("/proc/self/a.bmp"));
         bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
         Press("cmdCopy");
@@ -473,8 +473,8 @@ void win_frmBitmap::imageLibraryIsSaved()
     bench->dialogs.ExpectFolder(QStringLiteral("Save Image DLL to Disk"), QDir::cleanPath(folder));
     bench->dialogs.ExpectMessage(QStringLiteral("Image DLL saved as ") + path, BoxAnswer::Ok, BoxIcon::None);
     Press("cmdJpg");
-    const auto carried = CarriedText(104, QStringLiteral("CUSTOM"));
-    QCOMPARE(TestBench::Read(path), QByteArray(carried->data(), static_cast<qsizetype>(carried->size())));
+    const auto embedded = CarriedText(104, QStringLiteral("CUSTOM"));
+    QCOMPARE(TestBench::Read(path), QByteArray(embedded->data(), static_cast<qsizetype>(embedded->size())));
     QVERIFY(TestBench::Read(bench->Path(QStringLiteral("jpeg.bas"))).startsWith("'jpeg.bas: "));
 }
 
@@ -500,7 +500,7 @@ void win_frmBitmap::keysAndEscape()
     QTest::keyClick(File1(), Qt::Key_Down);
     const QString first = ChosenFile();
     QTRY_COMPARE(Text("lblName"), first);
-    // Enter adds and goes on.
+    // Enter adds and moves on.
     QTest::keyClick(File1(), Qt::Key_Return);
     QCOMPARE(Text("lblList"), QStringLiteral("In the LoadBmp list: 1 of 150"));
     for (const QWidget* control : form->findChildren<QWidget*>())
@@ -529,7 +529,7 @@ void win_frmBitmap::manyLargePicturesStayFluid()
         longest = std::max(longest, timer.elapsed());
     }
     QTRY_COMPARE_WITH_TIMEOUT(Text("lblName"), QStringLiteral("p0999.bmp"), 30'000);
-    // A picture of this size takes longer to read than this, so none was waited for.
+    // A picture of this size takes longer to read than this, so none was awaited.
     qInfo("longest step %lld ms", longest);
     QVERIFY2(longest < 1000, qPrintable(QString::number(longest)));
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Sprites as bitmap files for tests, and what their masks are.
+// Sprites as bitmap files for tests, and their expected masks.
 #pragma once
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QImage>
 
-// A disk of that colour on black; a few points within are black or all but black.
+// A disk of that colour on black; a few points within are black or nearly black.
 inline QImage SpriteImage(int width, int height, QRgb color = qRgb(200, 40, 10))
 {
     QImage image(width, height, QImage::Format_RGB32);

@@ -15,7 +15,7 @@ using namespace ob;
 
 namespace {
 
-// A picture with black patches, some all but black.
+// A picture with black patches, some nearly black.
 cDIBSection Sprite(int width, int height, unsigned seed = 3)
 {
     cDIBSection sprite;
@@ -40,7 +40,7 @@ cDIBSection Sprite(int width, int height, unsigned seed = 3)
     return sprite;
 }
 
-// Pixel by pixel on the doubled picture, columns first, as it is told.
+// Pixel by pixel on the doubled picture, columns first.
 QImage PlainMask(const QImage& sprite)
 {
     QImage picture(sprite.width(), sprite.height() * 2, QImage::Format_RGB32);
@@ -89,21 +89,21 @@ class tst_modMask : public QObject {
     QString Path(const char* name) const { return folder->filePath(QLatin1String(name)); }
     QStringList Names() const { return BitmapsIn(folder->path()); }
 
-    // Masks the folder; gives the places and paths that were told.
-    QStringList told;
-    BatchEnd MaskAll(int stopBehind = -1)
+    // Masks the folder; reports gets the places and paths.
+    QStringList reports;
+    BatchEnd MaskAll(int stopAfter = -1)
     {
-        told.clear();
+        reports.clear();
         qsizetype current = -1;
         return MaskFiles(folder->path(), Names(),
                          {[&](qsizetype place) {
                               current = place;
-                              told.append(QString::number(place));
+                              reports.append(QString::number(place));
                           },
-                          [&, stopBehind](const QString& path, const cDIBSection& picture) {
-                              told.last() += QLatin1Char(' ') + QFileInfo(path).fileName() + QLatin1Char(' ') +
-                                             QString::number(picture.Height());
-                              return current == stopBehind ? BatchStep::Stop : BatchStep::GoOn;
+                          [&, stopAfter](const QString& path, const cDIBSection& picture) {
+                              reports.last() += QLatin1Char(' ') + QFileInfo(path).fileName() + QLatin1Char(' ') +
+                                                QString::number(picture.Height());
+                              return current == stopAfter ? BatchStep::Stop : BatchStep::GoOn;
                           }});
     }
 
@@ -118,7 +118,7 @@ private Q_SLOTS:
         }
     }
 
-    // Column by column in steps it is the same, whatever the step.
+    // Column by column the result is the same, whatever the step.
     void growingMasksEndTheSame()
     {
         const cDIBSection sprite = Sprite(67, 21);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QVERIFY(UpperHalfIs(SpriteWithMask(Filled(255, 255, 255)), qRgb(0, 0, 0)));
     }
 
-    // Counters of 16 bits would end at 32767.
+    // 16-bit counters would end at 32767.
     void thereIsNoLimitOnTheSize()
     {
         for (const auto& [width, height] : {std::pair(70'000, 3), std::pair(3, 70'000)}) {
@@ -178,14 +178,14 @@ private Q_SLOTS:
         SaveMask(Path("sub.bmp/inner.bmp"), sprite);
         const QByteArray single = Get(Path("b.bmp"));
         QCOMPARE(MaskAll(), BatchEnd::Finished);
-        QCOMPARE(told, QStringList(
-                           {QStringLiteral("0 a.Bmp 10"), QStringLiteral("1 b.bmp 10"), QStringLiteral("2 C.BMP 10")}));
+        QCOMPARE(reports, QStringList({QStringLiteral("0 a.Bmp 10"), QStringLiteral("1 b.bmp 10"),
+                                       QStringLiteral("2 C.BMP 10")}));
         const QImage masked = PlainMask(Plain(sprite));
         for (const char* name : {"b.bmp", "C.BMP", "a.Bmp"})
             QCOMPARE(Plain(LoadPicture(Path(name))), masked);
         for (const char* name : {".hidden.bmp", "note.txt", "d.bmp.bak", "sub.bmp/inner.bmp"})
             QCOMPARE(Get(Path(name)), single);
-        // Nobody knows that it has a mask already.
+        // It is not recognised as having a mask already.
         QCOMPARE(MaskAll(), BatchEnd::Finished);
         QCOMPARE(LoadPicture(Path("b.bmp")).Height(), 20);
     }
@@ -206,7 +206,7 @@ private Q_SLOTS:
         Put(Path("b.bmp"), "BM, but no bitmap");
         SaveMask(Path("c.bmp"), Sprite(4, 3));
         QCOMPARE(ErrorOf([this] { MaskAll(); }), 481);
-        QCOMPARE(told, QStringList({QStringLiteral("0 a.bmp 6"), QStringLiteral("1")}));
+        QCOMPARE(reports, QStringList({QStringLiteral("0 a.bmp 6"), QStringLiteral("1")}));
         QCOMPARE(LoadPicture(Path("a.bmp")).Height(), 6);
         QCOMPARE(Get(Path("b.bmp")), QByteArray("BM, but no bitmap"));
         QCOMPARE(LoadPicture(Path("c.bmp")).Height(), 3);
@@ -271,7 +271,7 @@ private Q_SLOTS:
         qInfo("200 sprites in %lld ms", timer.elapsed());
         // Our own builds with sanitizers, on a busy machine, must pass too.
         QVERIFY(timer.elapsed() < 20'000);
-        QCOMPARE(told.size(), 200);
+        QCOMPARE(reports.size(), 200);
     }
 };
 

@@ -34,7 +34,7 @@ QPushButton* Button(const QDialog& dialog, const char* name)
     return dialog.findChild<QPushButton*>(QLatin1String(name));
 }
 
-QString Told(const QDialog& dialog)
+QString Instructions(const QDialog& dialog)
 {
     return dialog.findChild<QLabel*>(QStringLiteral("Label3"))->text();
 }
@@ -102,9 +102,10 @@ private Q_SLOTS:
     void itStartsWithItsInstructions()
     {
         InBatch([](QDialog& dialog) {
-            QCOMPARE(Told(dialog), QStringLiteral("Choose a Directory.\nAll Bitmaps in the Directory will receive "
-                                                  "masks.\nThe bitmap files will be overwritten with the masked "
-                                                  "versions."));
+            QCOMPARE(Instructions(dialog),
+                     QStringLiteral("Choose a Directory.\nAll Bitmaps in the Directory will receive "
+                                    "masks.\nThe bitmap files will be overwritten with the masked "
+                                    "versions."));
             dialog.reject();
         });
     }
@@ -151,12 +152,12 @@ private Q_SLOTS:
         bench->dialogs.ExpectMessage(QStringLiteral("All bitmaps in ") + Folder() +
                                          QStringLiteral(" now include masks."),
                                      BoxAnswer::Ok, BoxIcon::None);
-        QStringList told;
+        QStringList shown;
         QTimer watch;
         InBatch([&](QDialog& dialog) {
-            // Runs each time that the batch lets events run.
+            // Runs each time the batch processes events.
             QObject::connect(&watch, &QTimer::timeout, &dialog, [&] {
-                told.append(Told(dialog));
+                shown.append(Instructions(dialog));
                 QVERIFY(!Button(dialog, "OKButton")->isEnabled());
                 QVERIFY(!dialog.findChild<QTreeView*>(QStringLiteral("Dir1"))->isEnabled());
                 QVERIFY(Button(dialog, "CancelButton")->isEnabled());
@@ -165,10 +166,10 @@ private Q_SLOTS:
             Button(dialog, "OKButton")->click();
             watch.stop();
         });
-        told.removeDuplicates();
+        shown.removeDuplicates();
         const QString number =
             QStringLiteral("Click CANCEL to abort.  Processing bitmap number  %1 of  2 bitmaps in \n\n") + Folder();
-        QCOMPARE(told, QStringList({number.arg(1), number.arg(2)}));
+        QCOMPARE(shown, QStringList({number.arg(1), number.arg(2)}));
     }
 
     void escapeAndCancelStopAfterTheCurrentFile_data()
@@ -238,7 +239,7 @@ private Q_SLOTS:
             QVERIFY(Button(dialog, "OKButton")->isEnabled());
             QCOMPARE(dialog.findChild<QListView*>(QStringLiteral("File1"))->currentIndex().data().toString(),
                      QStringLiteral("b.bmp"));
-            QVERIFY(Told(dialog).startsWith(QLatin1String("Choose a Directory.")));
+            QVERIFY(Instructions(dialog).startsWith(QLatin1String("Choose a Directory.")));
             dialog.reject();
         });
         QVERIFY(IsMasked("a.bmp"));
