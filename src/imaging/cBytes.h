@@ -12,7 +12,7 @@ namespace ob {
 
 class cBytes {
 public:
-    // Replaces the block. False, with an empty block, when there is not that much memory.
+    // Replaces the block. False, with an empty block, when there is not enough memory.
     bool Allocate(std::size_t byteCount)
     {
         Release();

@@ -18,7 +18,7 @@ std::int64_t LastOffset(const cDIBSection& picture)
     return (std::int64_t{picture.Width()} - 1) * 3;
 }
 
-// The target tells the size of the work; padding at the end of the source's lines counts as memory.
+// The target determines the size of the work; padding at the end of the source's lines counts as memory.
 void RequireRoom(const cDIBSection& source, const cDIBSection& target)
 {
     if (source.hdc() == 0 || target.hdc() == 0 || LastOffset(target) + 2 >= source.BytesPerScanLine() ||
@@ -26,7 +26,7 @@ void RequireRoom(const cDIBSection& source, const cDIBSection& target)
         RaiseSubscriptError();
 }
 
-// Tells the operation's progress while it runs band by band.
+// Reports the operation's progress while it runs band by band.
 template <class Band>
 void RunInBands(const cProgress& progress, const cDIBSection& picture, Band band)
 {
@@ -50,7 +50,7 @@ void CopyResult(cDIBSection& source, const cDIBSection& target)
 void cColourReduceDIB::GrayScale(cDIBSection& picture) const
 {
     const cProgress progress(events);
-    // The one maximum that counts pixels, while the positions count bytes.
+    // This maximum alone counts pixels, while the positions count bytes.
     progress.Init(std::int64_t{picture.Width()} - 1);
     if (picture.hdc() == 0)
         RaiseSubscriptError();

@@ -10,9 +10,9 @@ namespace ob {
 
 enum class Dither { Off, On };
 
-// Source and target are pictures of one size, or one picture; afterwards both hold the result. The sizes may differ as
-// long as the source has memory for each of the target's pixels; otherwise, and without pixels, the subscript error is
-// raised.
+// Source and target are pictures of one size, or one picture; afterwards both contain the result. The sizes may differ
+// as long as the source has memory for each of the target's pixels; otherwise, and without pixels, the subscript error
+// is raised.
 // Progress positions are byte offsets in a line, in steps of 3.
 class cColourReduceDIB {
 public:
@@ -21,10 +21,10 @@ public:
     // In place; weights 0.707 green, 0.222 red, 0.071 blue, halves to even.
     void GrayScale(cDIBSection& picture) const;
 
-    // Tells the events of GrayScale first, then its own.
+    // Raises the events of GrayScale first, then its own.
     void BlackAndWhite(cDIBSection& source, cDIBSection& target) const;
 
-    // Raises the subscript error at a colour that is near to no entry; then both pictures hold unfinished work.
+    // Raises the subscript error for a colour without a nearest entry; both pictures are then unfinished.
     void ApplyPalette(cDIBSection& source, cDIBSection& target, const cPalette& palette, Dither dither) const;
 };
 

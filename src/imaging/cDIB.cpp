@@ -44,7 +44,7 @@ bool cDIB::CreateFromBytes(std::vector<std::uint8_t> file)
         RaiseSubscriptError();
     const auto pixelOffset = static_cast<std::size_t>(fileHeader.bfOffBits);
     pixels = {pixelOffset, static_cast<std::size_t>(infoHeader.biSizeImage), {}};
-    // One byte more than there is up to the pixels.
+    // One byte more than there are before the pixels.
     info = {FileHeaderSize, pixelOffset - FileHeaderSize + 1, {}};
     held = std::move(file);
     return true;
@@ -72,7 +72,7 @@ bool cDIB::CreateFromPackedDIBPointer(ByteView memory)
 bool cDIB::WriteToFile(const std::string& fileName, const FileWriter& write) const
 {
     const auto header = BytesOf(fileHeader);
-    // An object that holds nothing writes its header alone.
+    // An empty object writes only its header.
     const std::array<ByteView, 3> pieces = {header, info.size == 0 ? ByteView() : PointerToBitmapInfo(),
                                             pixels.size == 0 ? ByteView() : PointerToBits()};
     write(fileName, pieces);

@@ -14,20 +14,20 @@ namespace ob {
 
 class cDIB {
 public:
-    // Loads a file that starts with "BM", whatever else it holds. False after a notice when it is missing, cannot be
-    // opened or starts otherwise. Raises the subscript error when its header tells an image size below 1 or pixels
-    // that start before offset 14. Where the file ends early, zeros stand for what is missing.
+    // Loads a file that starts with "BM", whatever else it contains. False after a notice when it is missing, cannot be
+    // opened or starts otherwise. Raises the subscript error when its header gives an image size below 1 or pixels that
+    // start before offset 14. Where the file ends early, missing bytes are zeros.
     bool CreateFromFile(const std::string& fileName, const FileReader& read, const NoticeSink& notice);
 
     // The same for bytes that were read before; false when they do not start with "BM".
     bool CreateFromBytes(std::vector<std::uint8_t> file);
 
-    // Copies a bitmap as it lies in memory: header, then pixels. False below 16 bits a pixel, for an image size below
+    // Copies a bitmap in its memory layout: header, then pixels. False below 16 bits per pixel, for an image size below
     // 1, and when the memory is shorter than that size.
     bool CreateFromPackedDIBPointer(ByteView memory);
 
-    // Writes file header, info bytes and pixels. Always true. After a load from a file the pixels stand one byte later
-    // than the header says. The writer is expected to leave what a longer file holds behind them.
+    // Writes file header, info bytes and pixels. Always true. After a load from a file the pixels are one byte later
+    // than the header says. The writer is expected to keep the rest of a longer file.
     bool WriteToFile(const std::string& fileName, const FileWriter& write) const;
 
     std::int16_t BitCount() const { return infoHeader.biBitCount; }
@@ -47,14 +47,14 @@ public:
 
     // The pixels (SizeImage bytes), and the bytes from offset 14 on: header, colour table and, after a load from a
     // file, the first byte of the pixels. Both are good until the next load. Raise the subscript error when nothing was
-    // loaded, and the memory error when what the file lacks cannot be filled up with zeros.
+    // loaded, and the memory error when there is no memory for the zeros of a truncated file.
     ByteView PointerToBits() const { return BytesOfBlock(pixels); }
     ByteView PointerToBitmapInfo() const { return BytesOfBlock(info); }
     std::int32_t SizeBitmapInfo() const;
 
 private:
-    // A stretch of the held bytes. One that reaches beyond their end gets bytes of its own when it is asked for, so
-    // that a header which promises gigabytes costs nothing.
+    // A range of the loaded bytes. One that extends beyond their end gets its own bytes on request, so that a header
+    // that claims gigabytes costs nothing.
     struct Block {
         std::size_t offset = 0;
         std::size_t size = 0;

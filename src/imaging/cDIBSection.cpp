@@ -19,7 +19,7 @@ namespace ob {
 namespace {
 
 constexpr std::int64_t LongestBlock = std::numeric_limits<std::int32_t>::max();
-// The source of error 17 keeps the class's older name.
+// The source of error 17 is the class's older name.
 constexpr char ErrorSource[] = "orchard-bench.cDIBSection256";
 
 std::int64_t ScanLineBytes(std::int64_t width)
@@ -27,7 +27,7 @@ std::int64_t ScanLineBytes(std::int64_t width)
     return (width * 3 + 3) & ~std::int64_t{3};
 }
 
-// The part of a copy along one side that lies in both pictures.
+// The part of a copy along one side that is within both pictures.
 struct Overlap {
     std::int64_t source;
     std::int64_t target;
@@ -147,7 +147,7 @@ bool cDIBSection::SavePicture(const std::string& fileName, const FileWriter& wri
     if (hdc() == 0)
         RaiseObjectNotSet();
     constexpr std::int32_t pixelOffset = static_cast<std::int32_t>(FileHeaderSize + InfoHeaderSize);
-    // The file's size wraps round with a picture of almost 2 GB; readers do not look at it.
+    // The file's size wraps round with a picture of almost 2 GB; readers ignore it.
     const auto fileSize = static_cast<std::uint32_t>(header.biSizeImage) + static_cast<std::uint32_t>(pixelOffset);
     const auto fileHeader =
         BytesOf(BitmapFileHeader{BitmapFileType, static_cast<std::int32_t>(fileSize), 0, 0, pixelOffset});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A picture in memory: 24 bits a pixel in the order blue, green, red, lines bottom-up, each on a multiple of 4 bytes.
+// A picture in memory: 24 bits per pixel in the order blue, green, red, lines bottom-up, each on a multiple of 4 bytes.
 #pragma once
 
 #include "imaging/cBytes.h"
@@ -16,11 +16,11 @@ enum class Noise { Color, Grey };
 
 class cDIBSection {
 public:
-    // Makes a black picture of that size and forgets the old one. False when a side is below 1 or the pixels need more
-    // than 2^31 - 1 bytes or more memory than there is; then the object has no pixels.
+    // Creates a black picture of that size and discards the old one. False when a side is below 1 or the pixels need
+    // more than 2^31 - 1 bytes or more memory than available; the object then has no pixels.
     bool Create(std::int32_t width, std::int32_t height);
 
-    // Gives the pixels back. Width and Height still tell the last size.
+    // Frees the pixels. Width and Height keep the last size.
     void ClearUp();
 
     std::int32_t Width() const { return header.biWidth; }
@@ -28,8 +28,8 @@ public:
     std::int32_t BytesPerScanLine() const;
     const BitmapInfoHeader& Header() const { return header; }
 
-    // The first byte of the bottom line; null when there are no pixels. Plain memory stands for the drawing surface
-    // too, so the two handles are its address, and 0 without pixels.
+    // The first byte of the bottom line; null when there are no pixels. Plain memory is also the drawing surface, so
+    // the two handles are its address, and 0 without pixels.
     std::uint8_t* DIBSectionBitsPtr() { return pixels.Data(); }
     const std::uint8_t* DIBSectionBitsPtr() const { return pixels.Data(); }
     std::uintptr_t hDib() const { return reinterpret_cast<std::uintptr_t>(pixels.Data()); }
@@ -40,7 +40,7 @@ public:
     const std::uint8_t* Line(std::int64_t y) const { return pixels.Data() + y * BytesPerScanLine(); }
 
     // Copies a part of the source, measured from its top left corner, to this picture's top left corner. A width or
-    // height below 0 is this picture's own. What lies outside either picture stays as it is.
+    // height below 0 is this picture's own. What is outside either picture is unchanged.
     void LoadPictureBlt(const cDIBSection& source, std::int32_t sourceLeft = 0, std::int32_t sourceTop = 0,
                         std::int32_t width = -1, std::int32_t height = -1);
 
@@ -49,10 +49,10 @@ public:
                       std::int32_t width = -1, std::int32_t height = -1, std::int32_t sourceLeft = 0,
                       std::int32_t sourceTop = 0) const;
 
-    // Fills the picture with noise: greys, or greens and reds without blue. Without a seed the time of day is one.
+    // Fills the picture with noise: greys, or greens and reds without blue. Without a seed, seeds with the time of day.
     void RandomiseBits(Noise noise, std::optional<std::uint32_t> seed = {});
 
-    // A copy scaled to that size (height first), bilinear; nothing when the size cannot be made. Raises the subscript
+    // A copy scaled to that size (height first), bilinear; nothing when the size is impossible. Raises the subscript
     // error for a source of height or width 1, unless the size stays the same.
     std::optional<cDIBSection> Resample(std::int32_t newHeight, std::int32_t newWidth) const;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes pictures as bitmap files of 1, 4, 8 or 24 bits a pixel.
+// Writes pictures as bitmap files of 1, 4, 8 or 24 bits per pixel.
 #include "imaging/cDIBSectionSave.h"
 
 #include "imaging/cColourReduceDIB.h"
@@ -60,8 +60,8 @@ void Reduce(cDIBSection& picture, std::optional<cPalette>& palette, SaveBitDepth
 
 using Slot = cIndexedSection::Slot;
 
-// Red and blue stand crossed in this table, as readers have always met it; each colour's mirror is in it as well, so
-// none is lost.
+// Red and blue are swapped in this table, as readers have always found it; the table also has each colour's
+// counterpart, so none is lost.
 std::vector<Slot> SlotsOf16Colours()
 {
     cPalette colors;

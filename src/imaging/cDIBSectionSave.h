@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes pictures as bitmap files of 1, 4, 8 or 24 bits a pixel, reducing the colours first if asked.
+// Writes pictures as bitmap files of 1, 4, 8 or 24 bits per pixel, reducing the colours first if requested.
 #pragma once
 
 #include "imaging/cDIBSection.h"
@@ -20,11 +20,11 @@ enum class SaveReduceMode {
 
 class cDIBSectionSave {
 public:
-    // Always false, also after a good write. The picture takes the colours that the file has; at 24 bits it is written
-    // as it is, whatever the mode. The palette, which may be none, is the colour table at 8 bits, and is replaced by
-    // the one that was made: at 8 bits a half-tone one for none, in the automatic mode the 16 or 236 colours.
-    // Raises error 17 when the file cannot be opened, the missing-object error for no palette in the palette mode, and
-    // the subscript error for a palette without a colour that is near enough.
+    // Always false, also after a good write. The picture takes the colours of the file; at 24 bits it is written
+    // unchanged, whatever the mode. The palette, which may be null, is the colour table at 8 bits, and is replaced by
+    // the generated one: at 8 bits a half-tone one for null, in the automatic mode the 16 or 236 colours. Raises error
+    // 17 when the file cannot be opened, the missing-object error for a null palette in the palette mode, and the
+    // subscript error for a palette without a nearest entry.
     bool Save(const std::string& fileName, cDIBSection& picture, std::optional<cPalette>& palette, SaveBitDepth depth,
               SaveReduceMode mode, const FileWriter& write) const;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The run-time errors of the imaging library: thrown where they are raised; whoever shows errors catches them.
+// The run-time errors of the imaging library: thrown where they are raised, caught where errors are shown.
 #pragma once
 
 #include <exception>
@@ -25,7 +25,7 @@ public:
     throw ImagingError(7, {}, "Out of memory");
 }
 
-// An index outside an array, a pixel outside a picture, a size below nothing.
+// An index outside an array, a pixel outside a picture, a negative size.
 [[noreturn]] inline void RaiseSubscriptError()
 {
     throw ImagingError(9, {}, "Subscript out of range");

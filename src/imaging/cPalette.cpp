@@ -123,7 +123,7 @@ void cPalette::CreateWebSafe()
     for (int blue = 0; blue <= 255; blue += step) {
         for (int green = 0; green <= 255; green += step) {
             for (int red = 0; red <= 255; red += step) {
-                // Black, white and the six full colours stand in the two tables.
+                // Black, white and the six full colours are in both tables.
                 const int sum = red + green + blue;
                 const int zeros = (red == 0) + (green == 0) + (blue == 0);
                 if (sum == 0 || sum == 765 || (sum == 510 && zeros >= 1) || (sum == 255 && zeros >= 2))
@@ -133,7 +133,7 @@ void cPalette::CreateWebSafe()
             }
         }
     }
-    // The grey steps all land on the last of these entries, so that the brightest stays there.
+    // The grey steps are all stored in the last of these entries, so that the brightest remains.
     for (int grey = 8; grey <= 248; grey += 8) {
         const auto value = static_cast<std::uint8_t>(grey);
         entries[index - 1] = {value, value, value, 0};

@@ -28,8 +28,8 @@ public:
     std::uint8_t Blue(std::int32_t index) const { return EntryAt(index).blue; }
     std::span<const PaletteEntry> Entries() const { return entries; }
 
-    // The index of the entry with the least sum of differences, the first of several; any numbers may be asked for.
-    // 0 when no sum is below 765.
+    // The index of the entry with the least sum of differences, the first of several; any numbers are allowed. 0 when
+    // no sum is below 765.
     std::int32_t ClosestIndex(std::int32_t red, std::int32_t green, std::int32_t blue) const;
 
     void CreateWebSafe();  // 256 entries, many of them black
@@ -39,13 +39,14 @@ public:
 
     struct OptimalEvents {
         ProgressEvents progress;
-        // "Error in reducing nodes" once, with how often it would have come. The build goes on when this returns.
+        // "Error in reducing nodes" once, with the number of times that it would have occurred. Building continues when
+        // this returns.
         cOctree::FailureSink reducingFailed;
     };
 
-    // The best palette for a picture by an octree of that depth. A few more or fewer colours than wanted can come out.
-    // Raises the subscript error, with the entries unchanged, for a depth that the tree does not have: 0 and from 10 on
-    // at once, 9 when there are more colours than wanted.
+    // The best palette for a picture by an octree of that depth. The result may have a few more or fewer colours than
+    // wanted. Raises the subscript error, with the entries unchanged, for an impossible depth: 0 and from 10 on at
+    // once, 9 when there are more colours than wanted.
     void CreateOptimal(const cDIBSection& picture, std::int32_t colorsWanted, std::uint8_t maximumLevel,
                        const OptimalEvents& events);
     void CreateOptimal(const cDIBSection& picture, std::int32_t colorsWanted, std::uint8_t maximumLevel);
@@ -54,16 +55,16 @@ public:
     const std::vector<OctreeNode>& Nodes() const { return nodes; }
     void EraseNodes();
 
-    // The binary format at a position of a file. On success the position moves behind the palette; one below 1 counts
-    // as 0. False when the file cannot be read, has a count outside 1 to 4097 there (the entries stay), or ends early
-    // (what is missing are zeros).
+    // The binary format at a position of a file. On success the position moves to the end of the palette; one below 1
+    // counts as 0. False when the file cannot be read, has a count outside 1 to 4097 there (the entries stay), or ends
+    // early (missing entries are zeros).
     bool Load(const std::string& fileName, std::int32_t& position, const FileReader& read);
     // With a position of 1 or more, zeros come before it.
     bool Save(const std::string& fileName, std::int32_t position, const FileWriter& write) const;
 
     // The text format. Always false, also after a good write.
     bool SaveToJASCFile(const std::string& fileName, const FileWriter& write) const;
-    // False, with no entries, when the file cannot be read or a line of three parts holds anything but bytes.
+    // False, with no entries, when the file cannot be read or a line of three parts contains anything but bytes.
     bool LoadFromJASCFile(const std::string& fileName, const FileReader& read);
 
 private:

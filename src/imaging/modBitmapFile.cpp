@@ -133,7 +133,7 @@ void DecodeLines(const BitmapLayout& layout, cDIBSection& picture)
             continue;
         }
         const bool isZeros = offset >= layout.pixels.size();
-        // The picture starts black, and its memory is not there until it is touched.
+        // The picture starts black, and its memory is not allocated until it is touched.
         if (isZeros && (layout.packing != BitmapPacking::Indexed || layout.colors[0] == Color{}))
             return;
         padded.assign(lineBytes, 0);
@@ -145,7 +145,7 @@ void DecodeLines(const BitmapLayout& layout, cDIBSection& picture)
     }
 }
 
-// Runs of equal pixels, stretches of single ones, and jumps; what leads out of the picture is passed over.
+// Runs of equal pixels, sequences of single ones, and jumps; what is outside the picture is skipped.
 class RunDecoder {
 public:
     RunDecoder(const BitmapLayout& bitmap, cDIBSection& target) : layout(bitmap), picture(target) {}
@@ -173,7 +173,7 @@ public:
     }
 
 private:
-    // A byte holds one index, or two that take turns.
+    // A byte contains one index, or two that alternate.
     std::uint8_t IndexIn(std::uint8_t byte, int place) const
     {
         if (layout.bits == 8)

@@ -12,18 +12,18 @@ namespace ob {
 
 enum class BitmapError {
     NotABitmap,    // does not start with "BM", or ends within its header
-    UnknownHeader, // the header's size is none that is known
-    UnknownFormat, // a number of bits or a compression that is not read
-    BadSize,       // a side below 1, or more pixels than a picture can have
-    TooShort,      // most of a large picture's pixels are not there
+    UnknownHeader, // a header of unknown size
+    UnknownFormat, // an unsupported number of bits or compression
+    BadSize,       // a side below 1, or too many pixels for a picture
+    TooShort,      // most of a large picture's pixels are missing
     NoMemory
 };
 
-// Pictures that fill more memory than this must have at least a quarter of their pixels in the file.
+// Pictures that take more memory than this must have at least a quarter of their pixels in the file.
 constexpr std::size_t UncheckedPictureBytes = 16U << 20;
 
-// The picture in the bytes of a bitmap file. What a file lacks at its end counts as zeros, as the bitmap writer makes
-// such files. A fourth channel is left out; colours that the table lacks are black.
+// The picture in the bytes of a bitmap file. Missing bytes at the end of a file count as zeros, as the bitmap writer
+// creates such files. A fourth channel is ignored; colours missing from the table are black.
 std::variant<cDIBSection, BitmapError> ReadBitmap(ByteView file);
 
 } // namespace ob

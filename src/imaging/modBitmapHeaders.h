@@ -35,7 +35,7 @@ struct BitmapInfoHeader {
     std::int32_t biClrImportant = 0;
 };
 
-// Little-endian numbers out of foreign bytes; bytes behind the end count as zeros.
+// Little-endian numbers from foreign bytes; bytes beyond the end count as zeros.
 class cByteReader {
 public:
     explicit cByteReader(std::span<const std::uint8_t> content) : bytes(content) {}
@@ -56,7 +56,7 @@ private:
     std::span<const std::uint8_t> bytes;
 };
 
-// Short content reads as if zeros stood behind it.
+// Short content reads as if followed by zeros.
 BitmapFileHeader ReadFileHeader(std::span<const std::uint8_t> bytes);
 BitmapInfoHeader ReadInfoHeader(std::span<const std::uint8_t> bytes);
 

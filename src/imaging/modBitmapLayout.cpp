@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a bitmap file's headers say about its pixels.
+// The layout of a bitmap file's pixels, from its headers.
 #include "imaging/modBitmapLayout.h"
 
 #include "imaging/modBitmapHeaders.h"
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t CoreHeaderSize = 12;
 constexpr std::uint32_t LeastHeaderSize = 16;
-constexpr std::uint32_t MaskedHeaderSize = 52; // from here on the masks lie in the header
+constexpr std::uint32_t MaskedHeaderSize = 52; // from here on the masks are in the header
 constexpr std::uint32_t OldSystemHeaderSize = 64;
 constexpr std::uint32_t MostHeaderSize = 4096;
 constexpr std::size_t MaskOffset = FileHeaderSize + InfoHeaderSize;
@@ -79,7 +79,7 @@ std::optional<BitmapPacking> PackingOf(const Headers& headers)
         return headers.bits == 4 ? std::optional(BitmapPacking::RunLengths) : std::nullopt;
     case BitFields:
     case AlphaBitFields:
-        // The older system means other things by these numbers.
+        // In the older system these numbers have other meanings.
         if (!isOldSystem && (headers.bits == 16 || headers.bits == 32))
             return BitmapPacking::Masks;
         return {};
@@ -98,7 +98,7 @@ std::array<std::uint32_t, 3> MasksOf(const Headers& headers, ByteView file)
     return {reader.Long(MaskOffset + 8), reader.Long(MaskOffset + 4), reader.Long(MaskOffset)};
 }
 
-// The colour table as far as it goes, and where it ends.
+// The colour table as far as it goes, and its end.
 std::size_t ReadColors(const Headers& headers, ByteView file, std::size_t pixelOffset, BitmapLayout& layout)
 {
     const std::size_t start = FileHeaderSize + headers.size + MaskBytesBehind(headers);
@@ -117,14 +117,14 @@ std::size_t ReadColors(const Headers& headers, ByteView file, std::size_t pixelO
     return start + count * entryBytes;
 }
 
-// Whether the file holds enough for what its header claims.
+// Whether the file is large enough for its header's claims.
 bool HasEnoughPixels(const BitmapLayout& layout)
 {
     const std::int64_t pictureBytes = std::int64_t{layout.width} * layout.height * 3;
     if (pictureBytes <= static_cast<std::int64_t>(UncheckedPictureBytes))
         return true;
     const auto available = static_cast<std::int64_t>(layout.pixels.size());
-    // Two bytes make at most 255 pixels.
+    // Two bytes encode at most 255 pixels.
     constexpr std::int64_t pictureBytesPerRunByte = 255 * 3 / 2 + 1;
     if (layout.packing == BitmapPacking::RunLengths)
         return pictureBytes / pictureBytesPerRunByte <= available;
@@ -158,7 +158,7 @@ std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(ByteView file)
     layout.masks = MasksOf(*headers, file);
     std::size_t pixelOffset = reader.Long(10);
     const std::size_t colorsEnd = ReadColors(*headers, file, pixelOffset, layout);
-    // Pixels that would start within the header start behind the table.
+    // Pixels that would start within the header start after the table.
     if (pixelOffset < FileHeaderSize + headers->size)
         pixelOffset = colorsEnd;
     layout.pixels = file.subspan(std::min(pixelOffset, file.size()));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a bitmap file's headers say about its pixels.
+// The layout of a bitmap file's pixels, from its headers.
 #pragma once
 
 #include "imaging/modBitmapFile.h"
@@ -20,13 +20,13 @@ struct BitmapLayout {
     BitmapPacking packing = BitmapPacking::Indexed;
     std::array<std::uint32_t, 3> masks = {};                  // blue, green, red
     std::array<std::array<std::uint8_t, 3>, 256> colors = {}; // blue, green, red
-    ByteView pixels;                                          // as much of them as there is
+    ByteView pixels;                                          // as many as the file has
 
     // A line of the file, a multiple of 4 bytes.
     std::int64_t LineBytes() const { return (std::int64_t{width} * bits + 31) / 32 * 4; }
 };
 
-// Takes the headers and the colour table apart; the sizes are checked against the file.
+// Parses the headers and the colour table; the sizes are checked against the file.
 std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(ByteView file);
 
 } // namespace ob

@@ -52,7 +52,7 @@ inline void cBlackAndWhiteLines::Step(Line& line, std::int32_t column, bool take
     pixel[0] = pixel[1] = pixel[2] = value > Threshold ? 255 : 0;
 }
 
-// Several lines, each one column behind the line before, so that the processor works on one while it waits for the
+// Several lines, each one column after the line before, so that the processor works on one while it waits for the
 // result of another.
 template <int Lines>
 void cBlackAndWhiteLines::MakeTogether(std::int32_t firstLine)

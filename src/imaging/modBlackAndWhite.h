@@ -10,19 +10,20 @@
 
 namespace ob {
 
-// Makes the target's lines from those of a grey source of its size, from the bottom line up. The rules are told column
-// by column; done line by line, a pixel takes its shares in the same order: 1/16 from the pixel to the left in the line
-// before, 7/16 from the left, 5/16 from the line before, each cut and clamped by itself. The 3/16 that goes back to the
-// left comes too late to matter. The first and last columns take nothing. The source stays as it is.
+// Computes the target's lines from those of a grey source of its size, from the bottom line up. The diffusion is
+// defined column by column; line by line, a pixel receives its shares in the same order: 1/16 from the pixel to the
+// left in the line before, 7/16 from the left, 5/16 from the line before, each truncated and clamped separately. The
+// 3/16 that goes back to the left is too late to matter. The first and last columns receive nothing. The source does
+// not change.
 class cBlackAndWhiteLines {
 public:
     cBlackAndWhiteLines(const cDIBSection& greySource, cDIBSection& result);
 
-    // Called for all lines in their order, band by band.
+    // Called for all lines in order, band by band.
     void Make(std::int32_t firstLine, std::int32_t endLine);
 
 private:
-    // A line that is being made.
+    // A line in progress.
     struct Line {
         const std::uint8_t* source = nullptr;
         std::uint8_t* target = nullptr;

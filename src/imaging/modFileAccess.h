@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files as the imaging library sees them: callbacks that the program, the command line or a test gives.
+// Files as the imaging library sees them: callbacks from the program, the command line or a test.
 #pragma once
 
 #include <cstdint>
@@ -14,10 +14,10 @@ using ByteView = std::span<const std::uint8_t>;
 
 enum class FileOutcome {
     Done,
-    Missing,   // there is no such file
-    Locked,    // another program holds it
-    NotOpened, // any other reason for which it cannot be opened
-    Failed     // opened, but not all bytes came through
+    Missing,   // no such file
+    Locked,    // in use by another program
+    NotOpened, // cannot be opened for any other reason
+    Failed     // opened, but not all bytes were transferred
 };
 
 struct FileContent {
@@ -33,7 +33,7 @@ struct WriteResult {
 
 using FileReader = std::function<FileContent(const std::string& fileName)>;
 
-// Writes the pieces one behind the other.
+// Writes the pieces one after the other.
 using FileWriter = std::function<WriteResult(const std::string& fileName, std::span<const ByteView> pieces)>;
 
 // The icon of a message that the library has for the user.

@@ -10,7 +10,7 @@ namespace {
 
 #ifdef OB_X86
 // The grey values of four pixels, from offset 0 or 4 of sixteen bytes on. The sums are exact in a float, and so is a
-// quotient that lies halfway; the conversion rounds halves to even.
+// quotient halfway between two integers; the conversion rounds halves to even.
 template <int Offset>
 OB_TARGET("avx2")
 inline __m128i GreysOfFour(const std::uint8_t* source)
@@ -26,7 +26,7 @@ inline __m128i GreysOfFour(const std::uint8_t* source)
     return _mm_cvtps_epi32(_mm_div_ps(_mm_cvtepi32_ps(sum), _mm_set1_ps(1000)));
 }
 
-// Sixteen pixels at a time; gives the number of pixels done.
+// Sixteen pixels at a time; returns the number of pixels done.
 OB_TARGET("avx2")
 std::int32_t MakeSixteensGrey(std::uint8_t* line, std::int32_t width)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A picture of 1, 4 or 8 bits a pixel with its colour table.
+// A picture of 1, 4 or 8 bits per pixel with its colour table.
 #include "imaging/modIndexedSection.h"
 
 #include "imaging/modBitmapHeaders.h"
@@ -11,7 +11,7 @@ namespace ob {
 
 namespace {
 
-// Remembers the slots of colours that were looked for lately.
+// Caches the slots of recently looked-up colours.
 class SlotFinder {
 public:
     explicit SlotFinder(std::span<const PaletteEntry> colors)
@@ -87,7 +87,7 @@ void cIndexedSection::PackLine(std::int32_t y, std::span<const std::uint8_t> ind
 
 std::int32_t cIndexedSection::FilePixelBytes() const
 {
-    // Whole bytes of a line, and not up to a multiple of 4 but on by the rest of a division by it.
+    // Whole bytes of a line, then not rounded up to a multiple of 4 but increased by the remainder of a division by 4.
     const std::int64_t whole = std::int64_t{width} * bitCount / 8;
     return static_cast<std::int32_t>((whole + whole % 4) * height);
 }

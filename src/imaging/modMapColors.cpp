@@ -83,7 +83,7 @@ void cMappedLines::DitherLinePlain(LinePair line)
 
 // The same steps on vectors. The lanes of a pixel are blue, green, red and an empty one.
 struct cMappedLines::VectorSteps {
-    // The bytes of a pixel, for the last one of a line; others are read with the byte behind them.
+    // The bytes of a pixel, for the last one of a line; others are read with the byte after them.
     static inline std::uint32_t Pixel(const std::uint8_t* bytes)
     {
         return bytes[0] | std::uint32_t{bytes[1]} << 8 | std::uint32_t{bytes[2]} << 16;
@@ -101,7 +101,7 @@ struct cMappedLines::VectorSteps {
         return _mm_or_si128(_mm_subs_epu8(one, other), _mm_subs_epu8(other, one));
     }
 
-    // The least value of distance x 16 + lane in a block: the first lane of the least distance.
+    // The minimum of distance x 16 + lane in a block: the first lane of the minimum distance.
     OB_TARGET("avx2")
     static inline std::uint32_t LeastKey(const NearestBlock& block, __m128i pixel)
     {
@@ -120,7 +120,7 @@ struct cMappedLines::VectorSteps {
                0xFFFFU;
     }
 
-    // A search in the cells of the colours' cube.
+    // A search in the cells of the colour cube.
     struct Cells {
         cNearest& nearest;
 
@@ -195,7 +195,8 @@ struct cMappedLines::VectorSteps {
         return _mm_cvtepu8_epi16(_mm_cvtsi32_si128(static_cast<int>(pixel)));
     }
 
-    // What a pixel of that value, mapped to that colour, passes on: to the right, and into the share of the next line.
+    // The error that a pixel of that value, mapped to that colour, passes on: to the right, and to the share of the
+    // next line.
     OB_TARGET("avx2")
     static inline __m128i PassOn(__m128i value, std::uint32_t color, Error& share)
     {
@@ -205,7 +206,7 @@ struct cMappedLines::VectorSteps {
         size = _mm_add_epi16(size, _mm_shufflelo_epi16(size, 0xB1));
         size = _mm_add_epi16(size, _mm_shufflelo_epi16(size, 0x4E));
         const __m128i passed = _mm_and_si128(error, _mm_cmpgt_epi16(size, _mm_set1_epi16(SmallError)));
-        // Shifts round down; the sign's bits make them cut.
+        // Shifts round down; adding the sign's bits makes them truncate.
         const __m128i sign = _mm_srai_epi16(passed, 15);
         const __m128i sevenfold = _mm_mullo_epi16(passed, _mm_set1_epi16(7));
         const __m128i down = _mm_srai_epi16(_mm_add_epi16(passed, _mm_srli_epi16(sign, 14)), 2);
@@ -236,7 +237,8 @@ struct cMappedLines::VectorSteps {
         __m128i value = Clamped(_mm_add_epi16(Widened(pixel & 0xFFFFFFU), line.fromLeft));
         value = Clamped(_mm_add_epi16(value, _mm_cvtepi8_epi16(_mm_cvtsi32_si128(fromBefore))));
         const std::uint32_t color = search.Nearest(_mm_packus_epi16(value, value));
-        // The byte behind the pixel is the next one's, which stays as it is where source and target are one.
+        // The byte after the pixel belongs to the next one, which must not change where source and target are one
+        // picture.
         const std::uint32_t stored = color | (pixel & 0xFF000000U);
         std::memcpy(line.target + column * 3, &stored, sizeof stored);
         line.fromLeft = PassOn(value, color, share);
@@ -260,7 +262,7 @@ struct cMappedLines::VectorSteps {
         }
     }
 
-    // Several lines, each one column behind the line before, so that the processor works on one while it waits for the
+    // Several lines, each one column after the line before, so that the processor works on one while it waits for the
     // result of another.
     template <int Lines, class Search>
     OB_TARGET("avx2")
@@ -308,7 +310,7 @@ struct cMappedLines::VectorSteps {
             MapLine(search, {mapper.source.Line(y), mapper.target.Line(y)}, mapper.target.Width());
     }
 
-    // Calls work with the search that fits the palette.
+    // Calls work with the search suitable for the palette.
     template <class Work>
     static void WithSearch(cNearest& nearest, Work work)
     {

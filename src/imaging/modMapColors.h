@@ -12,23 +12,23 @@
 
 namespace ob {
 
-// Makes the target's lines from those of a source of its size, from the bottom line up. Raises the subscript error for
-// a colour that is near to no entry.
+// Computes the target's lines from those of a source of its size, from the bottom line up. Raises the subscript error
+// for a colour without a nearest entry.
 //
-// The rules of the diffusion are told column by column; done line by line, a pixel takes its shares in the same order:
-// 7/16 from the left, then 4/16 from the line before, each cut and clamped by itself. The first and last columns take
-// nothing. The source stays as it is.
+// The diffusion is defined column by column; line by line, a pixel receives its shares in the same order: 7/16 from the
+// left, then 4/16 from the line before, each truncated and clamped separately. The first and last columns receive
+// nothing. The source does not change.
 class cMappedLines {
 public:
     cMappedLines(const cDIBSection& original, cDIBSection& result, std::span<const PaletteEntry> palette);
 
-    // Both are called for all lines in their order, band by band.
+    // Both are called for all lines in order, band by band.
     void Make(std::int32_t firstLine, std::int32_t endLine);
     void MakeDithered(std::int32_t firstLine, std::int32_t endLine);
 
 private:
     struct Error {
-        std::array<std::int8_t, 4> shares = {}; // blue, green, red: what goes to the next line
+        std::array<std::int8_t, 4> shares = {}; // blue, green, red: the share of the next line
     };
     struct LinePair {
         const std::uint8_t* source = nullptr;

@@ -14,7 +14,7 @@ namespace ob {
 namespace {
 
 constexpr std::int32_t CellSide = 16;
-// Lists of palettes that no file format allows could fill the memory.
+// The lists of palettes beyond any file format could exhaust memory.
 constexpr std::size_t MostBlocks = 1 << 16;
 
 std::int32_t CityBlock(PaletteEntry one, PaletteEntry other)
@@ -38,7 +38,7 @@ Best ClosestFrom(std::span<const PaletteEntry> entries, std::size_t first, Palet
 }
 
 #ifdef OB_X86
-// Eight entries at a time; each lane keeps its first best.
+// Eight entries at a time; each lane keeps the first of its best.
 OB_TARGET("avx2")
 Best ClosestOfEights(std::span<const PaletteEntry> entries, PaletteEntry color)
 {
@@ -99,7 +99,7 @@ std::int32_t ClosestEntry(std::span<const PaletteEntry> entries, PaletteEntry co
 
 cNearest::cNearest(std::span<const PaletteEntry> entries, Distance distance) : metric(distance)
 {
-    // A colour that stands in the list before wins every tie with its later self.
+    // An earlier duplicate of a colour wins every tie.
     std::vector<bool> isMet(std::size_t{1} << 24);
     for (std::size_t index = 0; index < entries.size(); ++index) {
         const PaletteEntry& entry = entries[index];
@@ -121,8 +121,8 @@ std::int32_t cNearest::DistanceOf(std::int32_t red, std::int32_t green, std::int
                                          : red * red + green * green + blue * blue;
 }
 
-// No colour of the cell is farther from its nearest entry than the least of the entries' greatest distances. What fits
-// into one block needs no selection.
+// No colour of the cell is farther from its nearest entry than the smallest of the entries' greatest distances. A
+// palette that fits into one block needs no selection.
 void cNearest::SelectCandidates(std::array<std::int32_t, 3> low)
 {
     std::int32_t bound = std::numeric_limits<std::int32_t>::max();
@@ -140,8 +140,8 @@ void cNearest::SelectCandidates(std::array<std::int32_t, 3> low)
     }
 }
 
-// A list in its order wins ties as the whole list does, so any cell may have the whole one. It serves those that most
-// colours can be nearest to, and all when the lists of a huge palette have filled their room.
+// A list in palette order resolves ties like the whole list, so any cell may use the whole one. Cells with most of the
+// colours as candidates do, and all cells once the lists of a huge palette have filled their space.
 void cNearest::MakeCell(std::size_t number)
 {
     const auto cell = static_cast<std::int32_t>(number);

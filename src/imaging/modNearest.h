@@ -17,23 +17,23 @@ enum class Distance {
     Squared    // the sum of their squares
 };
 
-// The city-block distance at which a colour counts as near to nothing.
+// The city-block distance from which on a colour has no nearest entry.
 constexpr std::int32_t FarthestCityBlock = 765;
 
-// The index (from 1) of the entry with the least city-block distance, the first of several; 0 when all are as far as
-// can be.
+// The index (from 1) of the entry with the least city-block distance, the first of several; 0 when all are at the
+// maximum distance.
 std::int32_t ClosestEntry(std::span<const PaletteEntry> entries, PaletteEntry color);
 
-// Sixteen entries that can be nearest to the colours of one cell, channel by channel. What is left over repeats the
-// last entry.
+// Sixteen entries that can be nearest to the colours of one cell, channel by channel. Unused places repeat the last
+// entry.
 struct alignas(64) NearestBlock {
     std::array<std::uint8_t, 16> red;
     std::array<std::uint8_t, 16> green;
     std::array<std::uint8_t, 16> blue;
 };
 
-// For pictures: the colours' cube is cut into 16 x 16 x 16 cells, each with the list of the entries that can be nearest
-// to a colour in it, in their order. A cell's list is made when a colour of it is asked for.
+// For pictures: the colour cube is divided into 16 x 16 x 16 cells, each with the list of the entries that can be
+// nearest to a colour in it, in their order. A cell's list is built when one of its colours is first looked up.
 class cNearest {
 public:
     // The entries must outlive the object.
@@ -44,9 +44,9 @@ public:
 
     struct Cell {
         std::uint32_t firstBlock = 0;
-        std::uint32_t blockCount = 0; // 0: not made yet
+        std::uint32_t blockCount = 0; // 0: not built yet
     };
-    // All colours in one block, for lists that have no more of them: then every cell is this one.
+    // All colours in one block, for lists that fit into one: every cell is then this one.
     bool HasOneBlock() const { return indices.size() <= 16 && !indices.empty(); }
     const Cell& OnlyCell()
     {
@@ -80,11 +80,11 @@ private:
     // The distinct colours, each at its first index.
     std::vector<std::uint32_t> indices;
     std::array<std::vector<std::uint8_t>, 3> channels;
-    // What one cell's making needs.
+    // What building a cell needs.
     std::vector<std::int32_t> least;
     std::vector<std::uint32_t> candidates;
     std::array<Cell, 4096> cells = {};
-    Cell whole; // all colours, for the cells that have no shorter list worth keeping
+    Cell whole; // all colours, for the cells without a shorter list worth keeping
     std::vector<NearestBlock> blocks;
     std::vector<std::uint32_t> places;
     std::vector<std::uint32_t> colors;

@@ -13,11 +13,11 @@ namespace ob {
 namespace {
 
 constexpr int MostTableLevels = 6;
-// So many bytes of 255 add up to less than 2^32.
+// This many bytes of 255 add up to less than 2^32.
 constexpr std::int64_t MostRecent = 1 << 24;
 constexpr std::int64_t Stretch = 3 << 20;
 
-// The way of a channel's value: at each level its range is halved, the middle belonging to the lower half.
+// The path of a channel's value: at each level its range is halved, the middle belonging to the lower half.
 std::uint32_t SpreadPath(int value, int levels)
 {
     std::uint32_t path = 0;
@@ -50,7 +50,7 @@ cOctree::cOctree(std::int32_t colorsWanted, int maximumLevel)
 
 void cOctree::AddPicture(const cDIBSection& picture, const cProgress& progress, const FailureSink& failed)
 {
-    // Level 9 has no list for nodes that can be folded, which a deeper tree needs with its first colour.
+    // Level 9 has no list for nodes that can be folded, which a deeper tree needs for its first colour.
     if (picture.hdc() == 0 || levels < 1 || levels > DeepestOctreeLevel + 1)
         RaiseSubscriptError();
     for (int value = 0; value < 256; ++value)
@@ -119,7 +119,7 @@ std::int32_t cOctree::LeafOfNewColor(std::uint32_t code, std::int32_t entry, std
     while (leafCount > wanted) {
         if (ReduceNode())
             continue;
-        // From here on there is always a leaf too many, so each colour to come would fail as well.
+        // From here on there is always one leaf too many, so each further colour would fail as well.
         if (!hasFailed && *failure)
             (*failure)(tripleCount - ordinal);
         hasFailed = true;
@@ -177,7 +177,7 @@ std::int32_t cOctree::NewNode(std::uint32_t code, int nodeLevel)
     return node;
 }
 
-// All colours below the node find it from now on.
+// From now on all colours below the node lead to it.
 void cOctree::Cover(std::int32_t node)
 {
     const OctreeNode& record = nodes[static_cast<std::size_t>(node)];
@@ -231,7 +231,7 @@ void cOctree::FreeNode(std::int32_t node)
     freeHead = node;
 }
 
-// Moves what came in lately to the leaf's full sums.
+// Moves the recent sums to the leaf's full sums.
 void cOctree::Settle(std::int32_t node)
 {
     constexpr std::uint64_t lower = 0xFFFFFFFF;

@@ -15,29 +15,30 @@ namespace ob {
 
 struct OctreeNode {
     std::array<std::int32_t, 8> children = {}; // by red bit + 2 x green bit + 4 x blue bit; 0 is none
-    std::int32_t next = 0;                     // on a list of nodes that can be folded, or of free ones
-    std::uint32_t path = 0;                    // the bits that lead here, three a level
+    std::int32_t next = 0;                     // in a list of nodes that can be folded, or of free ones
+    std::uint32_t path = 0;                    // the bits that lead here, three per level
     std::uint8_t level = 0;
     bool isLeaf = false;
-    bool isMarked = false; // stands or stood on a list of nodes that can be folded
+    bool isMarked = false; // is or was in a list of nodes that can be folded
 };
 
 // The deepest level of a full tree; level 9 fails as soon as a fold is needed, others at once.
 constexpr int DeepestOctreeLevel = 8;
 
-// The tree after a picture was added. Colours are added at every byte of a line, also where the three bytes belong to
-// two pixels, and folded from the deepest level up as soon as there are more leaves than wanted. A colour only makes
-// nodes where no leaf covers it yet, folds are never undone and do not look at sums; so a table over the first six
-// levels leads from a colour to its leaf, and the tree is walked for new colours alone.
+// The tree after a picture was added. Colours are added at every byte of a line, also where the three bytes span two
+// pixels, and folded from the deepest level up as soon as there are more leaves than wanted. A colour only adds nodes
+// where no leaf covers it yet, and folds are never undone and do not depend on sums; so a table of the first six levels
+// leads from a colour to its leaf, and the tree is walked only for new colours.
 class cOctree {
 public:
     cOctree(std::int32_t colorsWanted, int maximumLevel);
 
-    // Called once, when a fold was needed and no node could be folded; with how often that would have been so.
+    // Called once, when a fold was needed and no node could be folded; with the number of times that it would have
+    // happened.
     using FailureSink = std::function<void(std::int64_t times)>;
 
-    // Adds a picture, telling the progress of each line. Raises the subscript error for a maximum level that the tree
-    // cannot hold, when it is met.
+    // Adds a picture, reporting the progress of each line. Raises the subscript error for a maximum level beyond the
+    // tree, once it is reached.
     void AddPicture(const cDIBSection& picture, const cProgress& progress, const FailureSink& failed);
 
     struct Leaf {
@@ -47,12 +48,12 @@ public:
     // In the order of the nodes.
     std::vector<Leaf> Leaves();
 
-    // Node 1 is the root; free nodes are among them.
+    // Node 1 is the root; the list includes free nodes.
     std::vector<OctreeNode> TakeNodes() { return std::move(nodes); }
 
 private:
-    // What came into a leaf. Neighbours in a line mostly go to the same leaf; each of three has its own place, so
-    // that adding one need not wait for the one before.
+    // The sums of a leaf. Neighbours in a line mostly go to the same leaf; three in turn have their own sums, so that
+    // adding one need not wait for the one before.
     struct Recent {
         std::array<std::array<std::uint64_t, 2>, 3> packed = {}; // blue and green, red and count, 32 bits each
     };
@@ -80,8 +81,8 @@ private:
     int levels;
     int tableLevels;
     int tableShift;
-    std::array<std::uint32_t, 256> spread = {}; // a channel's way through the tree, one bit in three
-    std::vector<std::int32_t> table; // 0: not met; above: the leaf; below: the inner node at the table's depth
+    std::array<std::uint32_t, 256> spread = {}; // a channel's path through the tree, one bit in three
+    std::vector<std::int32_t> table; // 0: not seen; positive: the leaf; negative: the inner node at the table's depth
     std::vector<OctreeNode> nodes;
     std::vector<Sums> sums;
     std::vector<Recent> recent;

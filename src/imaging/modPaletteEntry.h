@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One colour of a palette, as it lies in memory and in a binary palette file.
+// One colour of a palette, as laid out in memory and in a binary palette file.
 #pragma once
 
 #include <cstdint>

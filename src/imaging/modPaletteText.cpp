@@ -15,7 +15,7 @@ bool IsDigit(char letter)
     return letter >= '0' && letter <= '9';
 }
 
-// The digits at the text's start, which are taken off it.
+// Removes the digits at the start of the text and returns them.
 std::string_view TakeDigits(std::string_view& text)
 {
     std::size_t count = 0;
@@ -26,8 +26,8 @@ std::string_view TakeDigits(std::string_view& text)
     return digits;
 }
 
-// The part up to the delimiter, which is taken off the text with it; the last part is taken with no delimiter behind
-// it, and then there is no more.
+// Removes the part up to the delimiter, and the delimiter, from the text; the last part has no delimiter, and nothing
+// follows it.
 std::string_view TakePart(std::string_view& text, std::string_view delimiter, bool& hasMore)
 {
     const std::size_t end = text.find(delimiter);
@@ -70,7 +70,7 @@ std::optional<std::uint8_t> ByteOfText(std::string_view text)
     int value = 0;
     for (const char digit : whole)
         value = value >= tooMuch ? tooMuch : value * 10 + (digit - '0');
-    // A double would take a fraction of very many digits for a half.
+    // A double would round a fraction of very many digits to a half.
     const bool isHalfOrMore = !fraction.empty() && fraction.front() >= '5';
     const bool isHalf =
         isHalfOrMore && fraction.front() == '5' && fraction.find_first_not_of('0', 1) == std::string_view::npos;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How the long operations tell where they are.
+// The progress of long operations.
 #pragma once
 
 #include <chrono>
@@ -15,7 +15,7 @@ struct ProgressEvents {
     std::function<void(std::int32_t milliseconds)> Complete;
 };
 
-// Tells one operation's events and takes its time.
+// Raises one operation's events and measures its time.
 class cProgress {
 public:
     explicit cProgress(const ProgressEvents& listeners) : events(listeners) {}
@@ -44,8 +44,8 @@ private:
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 };
 
-// Operations tell one position a column, though they work line by line: the columns' positions are spread over the
-// lines, so that they come in their order and evenly.
+// Operations report one position per column, though they work line by line: the columns' positions are spread evenly
+// over the lines, in order.
 class cColumnProgress {
 public:
     cColumnProgress(const cProgress& operation, std::int32_t width, std::int32_t height)

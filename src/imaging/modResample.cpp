@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Bilinear scaling: a whole line of the source is blended once, then the target's pixels are blended out of it.
+// Bilinear scaling: a whole line of the source is blended once, then the target's pixels are blended from it.
 #include "imaging/modResample.h"
 
 #include "imaging/cDIBSection.h"
@@ -16,12 +16,12 @@ namespace {
 
 constexpr std::uint32_t One = 1U << 24;
 
-// Where a target line or column falls between two of the source.
+// The position of a target line or column between two of the source.
 struct Place {
     std::int64_t first = 0;
     float fraction = 0;
     std::uint32_t weight = 0; // the fraction in steps of 2^-24
-    bool isWhole = false;     // the weight is the fraction exactly; so it is from a position of a half on
+    bool isWhole = false;     // the weight is exactly the fraction, as it is from a position of a half on
 };
 
 float ScaleOf(std::int32_t sourceSize, std::int32_t targetSize)
@@ -107,7 +107,7 @@ void BlendAlong(const std::vector<std::uint8_t>& line, std::int64_t firstColumn,
     }
 }
 
-// The same without a blended line, for targets that take but a few columns of a long one.
+// The same without a blended line, for targets that use only a few columns of a long one.
 void BlendColumns(const std::uint8_t* first, const std::uint8_t* second, const Place& row,
                   const std::vector<Place>& columns, std::uint8_t* pixel)
 {
@@ -121,8 +121,8 @@ void BlendColumns(const std::uint8_t* first, const std::uint8_t* second, const P
     }
 }
 
-// Columns of the target that are worked on together: all of them, but for lines so long that what is kept for them
-// would be felt.
+// Columns of the target that are processed together: all of them, except for lines so long that their buffers would
+// matter.
 std::int32_t ColumnsAtOnce(float xScale)
 {
     constexpr std::int32_t mostTargetColumns = 1 << 16;
@@ -143,7 +143,7 @@ void ResampleColumns(const cDIBSection& source, cDIBSection& target, ColumnRange
         columns[x] = PlaceOf(range.first + static_cast<std::int64_t>(x), xScale);
     const std::int64_t firstColumn = columns.front().first;
     const auto byteCount = static_cast<std::int32_t>((columns.back().first + 2 - firstColumn) * 3);
-    // Blending a line costs less a column than blending columns one by one.
+    // Blending a line costs less per column than blending columns one by one.
     constexpr float fewColumns = 8;
     const bool takesFew = xScale > fewColumns;
     std::vector<std::uint8_t> line(takesFew ? 0 : static_cast<std::size_t>(byteCount));

@@ -6,9 +6,8 @@ namespace ob {
 
 class cDIBSection;
 
-// Fills the target with the source, scaled to the target's size. Each pixel is blended along the column first, then
-// along the line; both blends are rounded, halves to even. Raises the subscript error for a source without pixels or
-// of height or width 1.
+// Scales the source to the target's size. Each pixel is blended along the column first, then along the line; both
+// blends are rounded, halves to even. Raises the subscript error for a source without pixels or of height or width 1.
 void ResampleInto(const cDIBSection& source, cDIBSection& target);
 
 } // namespace ob

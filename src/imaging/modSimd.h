@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The vector instructions that are used where the processor has them, which is asked when the program runs.
+// The vector instructions that are used where the processor has them, which is determined at run time.
 #pragma once
 
 #if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
@@ -12,7 +12,7 @@
 
 namespace ob {
 
-// Tests switch this off to see what other processors do.
+// Switched off by tests to run what other processors run.
 inline bool vectorInstructionsAllowed = true;
 
 inline bool HasAvx2()
