@@ -32,11 +32,11 @@ enum class Target { Pdf, Printer };
 
 class Events final : public ob::cPrintWatch {
 public:
-    ob::PrintWish NextPage(const ob::PrintPlace& place) override
+    ob::PrintRequest NextPage(const ob::PrintPlace& place) override
     {
         pages = place.page;
         QApplication::processEvents();
-        return ob::PrintWish::GoOn;
+        return ob::PrintRequest::GoOn;
     }
 
     int pages = 1;

@@ -11,7 +11,7 @@ namespace ob {
 
 QByteArray TextEditorCode()
 {
-    const auto text = CarriedText(QStringLiteral("texteditor.bas"));
+    const auto text = EmbeddedText(QStringLiteral("texteditor.bas"));
     Q_ASSERT(text);
     return {text->data(), static_cast<qsizetype>(text->size())};
 }

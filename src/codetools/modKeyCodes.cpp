@@ -103,7 +103,7 @@ QStringList KeyCodeLines()
 {
     QStringList lines = {QStringLiteral("Key Name   Decimal  Mouse or keyboard equivalent"),
                          QStringLiteral("            Value")};
-    if (const auto table = CarriedText(QStringLiteral("keycodes.txt"))) {
+    if (const auto table = EmbeddedText(QStringLiteral("keycodes.txt"))) {
         const QString rows = QString::fromLatin1(table->data(), static_cast<qsizetype>(table->size()));
         lines += rows.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }

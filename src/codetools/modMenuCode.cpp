@@ -14,7 +14,7 @@ namespace {
 
 QString TrimmedOr(const QString& text, const QString& whenEmpty)
 {
-    const QString trimmed = TrimBlanks(text);
+    const QString trimmed = TrimSpaces(text);
     return trimmed.isEmpty() ? whenEmpty : trimmed;
 }
 
@@ -40,7 +40,7 @@ void AddMenuItem(MenuTail& tail, const QString& text, const QString& branch)
     tail.list += QStringLiteral(", ") + Quoted(item) + QStringLiteral(", ") + ReadyMenuLabel(label);
 }
 
-QString WithoutBlanks(QString text, QChar replacement)
+QString WithoutSpaces(QString text, QChar replacement)
 {
     return text.replace(u' ', replacement);
 }
@@ -48,14 +48,14 @@ QString WithoutBlanks(QString text, QChar replacement)
 QString ReadyMenuLabel(const QString& branch)
 {
     const bool isReady = branch.contains(u'[') && branch.contains(u']') && !branch.contains(u' ');
-    return isReady ? branch : BracketedBranch(WithoutBlanks(branch, u'.'));
+    return isReady ? branch : BracketedBranch(WithoutSpaces(branch, u'.'));
 }
 
 QString MenuCode(const MenuSpec& spec)
 {
     if (spec.type == MenuType::Popup)
         return QStringLiteral("Popupmenu ") + spec.tail.list.mid(1);
-    QString handle = WithoutBlanks(TrimmedOr(spec.handle, QStringLiteral("#main")), u'_');
+    QString handle = WithoutSpaces(TrimmedOr(spec.handle, QStringLiteral("#main")), u'_');
     if (!handle.startsWith(u'#'))
         handle.prepend(u'#');
     const QString name = TrimmedOr(spec.name, QStringLiteral("Menu Name"));

@@ -31,7 +31,7 @@ inline const QString MenuCopiedText =
 void AddMenuItem(MenuTail& tail, const QString& text, const QString& branch);
 
 // The text with another character in place of each space.
-QString WithoutBlanks(QString text, QChar replacement);
+QString WithoutSpaces(QString text, QChar replacement);
 
 // The branch in brackets and without spaces: "my item" is "[my.item]". One that contains both brackets, wherever, and
 // no space is unchanged.

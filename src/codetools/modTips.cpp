@@ -23,7 +23,7 @@ std::function<double()>& RandomSource()
 
 QStringList LoadTips()
 {
-    const auto text = CarriedText(QStringLiteral("tips.txt"));
+    const auto text = EmbeddedText(QStringLiteral("tips.txt"));
     if (!text)
         return {};
     const QString lines = QString::fromLatin1(text->data(), static_cast<qsizetype>(text->size()));

@@ -92,7 +92,7 @@ QString BlockFor(const QString& whom, const QStringList& lines, const ToolbarSpe
 
 QString ToolbarCode(const ToolbarSpec& spec)
 {
-    const auto text = CarriedText(QStringLiteral("toolbar.tpl"));
+    const auto text = EmbeddedText(QStringLiteral("toolbar.tpl"));
     Q_ASSERT(text);
     QStringList lines =
         QString::fromLatin1(text->data(), static_cast<qsizetype>(text->size())).split(QLatin1Char('\n'));

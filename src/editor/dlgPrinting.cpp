@@ -27,17 +27,17 @@ dlgPrinting::dlgPrinting(QWidget* parent) : QDialog(parent), ui(std::make_unique
 
 dlgPrinting::~dlgPrinting() = default;
 
-PrintWish dlgPrinting::NextPage(const PrintPlace& place)
+PrintRequest dlgPrinting::NextPage(const PrintPlace& place)
 {
     if (!clock.isValid())
         clock.start();
     if (!isVisible() && !clock.hasExpired(Patience.count())) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        return PrintWish::GoOn;
+        return PrintRequest::GoOn;
     }
     Show(place);
     QApplication::processEvents();
-    return isVisible() ? PrintWish::GoOn : PrintWish::Stop;
+    return isVisible() ? PrintRequest::GoOn : PrintRequest::Stop;
 }
 
 void dlgPrinting::Show(const PrintPlace& place)

@@ -28,7 +28,7 @@ public:
     explicit dlgPrinting(QWidget* parent = nullptr);
     ~dlgPrinting() override;
 
-    PrintWish NextPage(const PrintPlace& place) override;
+    PrintRequest NextPage(const PrintPlace& place) override;
 
 private:
     void Show(const PrintPlace& place);

@@ -52,14 +52,14 @@ QByteArrayView WithoutLastCharacter(QByteArrayView text)
 // The first line decides for all. When there is no line end to remove, its last character is removed instead.
 CommentMode ModeFor(QByteArrayView line, bool hasLineEnd)
 {
-    const QByteArrayView text = LTrimBlanks(hasLineEnd ? line : WithoutLastCharacter(line));
+    const QByteArrayView text = LTrimSpaces(hasLineEnd ? line : WithoutLastCharacter(line));
     const bool isRemark = text.size() >= 3 && EqualsIgnoreCase(text.first(3), "rem");
     return isRemark || text.startsWith(Quote) ? CommentMode::Uncomment : CommentMode::Comment;
 }
 
 void AppendUncommented(QByteArray& to, QByteArrayView line)
 {
-    const QByteArrayView trimmed = LTrimBlanks(line);
+    const QByteArrayView trimmed = LTrimSpaces(line);
     QByteArray rest;
     if (trimmed.startsWith(Quote)) {
         rest = line.first(line.size() - trimmed.size()).toByteArray();
@@ -126,7 +126,7 @@ std::optional<TextChange> BlockComment(QByteArrayView text, qsizetype selectionS
 
 bool OpensBlock(QByteArrayView line)
 {
-    const QByteArrayView text = LTrimBlanks(line);
+    const QByteArrayView text = LTrimSpaces(line);
     const qsizetype space = text.indexOf(' ');
     if (space < 0)
         return false;

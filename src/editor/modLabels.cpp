@@ -62,7 +62,7 @@ std::vector<LabelEntry> LabelIndex(QByteArrayView text)
 {
     std::vector<LabelEntry> index;
     for (cLines lines(text); lines.Next();) {
-        const QByteArrayView entry = LTrimBlanks(lines.ScannedLine());
+        const QByteArrayView entry = LTrimSpaces(lines.ScannedLine());
         if (IsIndexLine(entry))
             index.push_back({lines.Number(), entry.toByteArray()});
     }
@@ -93,7 +93,7 @@ std::optional<int> FindLabel(QByteArrayView text, QByteArrayView target)
         return std::nullopt;
     const LabelTarget label(target);
     for (cLines lines(text); lines.Next();)
-        if (label.Is(TrimBlanks(lines.ScannedLine())))
+        if (label.Is(TrimSpaces(lines.ScannedLine())))
             return lines.Number();
     return std::nullopt;
 }

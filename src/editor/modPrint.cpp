@@ -54,13 +54,13 @@ Sci_RangeToFormat FirstPage(Sci sci, const PrintRange& range, const cPrintJob& j
 
 PrintEnd EndJob(cPrintJob& job, cPrintWatch& watch)
 {
-    SendingWish wish = SendingWish::GoOn;
+    SendingRequest request = SendingRequest::GoOn;
     const PrinterState state = job.End([&](const SendingPlace& place) {
         // Asked only until the answer is to stop: a window that has been closed must not open again.
-        if (wish == SendingWish::GoOn &&
-            watch.NextPage({PrintWork::Sending, place.page, place.page, place.pages}) == PrintWish::Stop)
-            wish = SendingWish::TakeBack;
-        return wish;
+        if (request == SendingRequest::GoOn &&
+            watch.NextPage({PrintWork::Sending, place.page, place.page, place.pages}) == PrintRequest::Stop)
+            request = SendingRequest::TakeBack;
+        return request;
     });
     switch (state) {
     case PrinterState::Ready:
@@ -79,7 +79,7 @@ std::optional<PrintEnd> TurnPage(const cDocument& document, cPrintJob& job, cPri
     const Sci sci = document.sci;
     if (job.NewPage() == PrinterState::Failed)
         return PrintEnd::Failed;
-    if (watch.NextPage(place) == PrintWish::Stop || document.sci != sci)
+    if (watch.NextPage(place) == PrintRequest::Stop || document.sci != sci)
         return PrintEnd::Stopped;
     return std::nullopt;
 }

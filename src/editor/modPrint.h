@@ -34,7 +34,7 @@ struct PrintPlace {
 };
 
 // Called between two pages: processes events, and returns whether to continue.
-enum class PrintWish { GoOn, Stop };
+enum class PrintRequest { GoOn, Stop };
 class cPrintWatch {
 public:
     cPrintWatch() = default;
@@ -42,7 +42,7 @@ public:
     cPrintWatch& operator=(const cPrintWatch&) = delete;
     virtual ~cPrintWatch() = default;
 
-    virtual PrintWish NextPage(const PrintPlace& place) = 0;
+    virtual PrintRequest NextPage(const PrintPlace& place) = 0;
 };
 
 enum class PrintEnd { Printed, Stopped, Failed };

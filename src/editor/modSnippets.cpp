@@ -34,7 +34,7 @@ QString InFolder(const QString& folder, const QString& name)
 
 void WriteEmbedded(const QString& name, const QString& path)
 {
-    const auto text = CarriedText(name);
+    const auto text = EmbeddedText(name);
     if (!text)
         throw RuntimeErrorOf(ErrorNumber::FileNotFound, name);
     ReplaceFile(path, QByteArrayView(*text));

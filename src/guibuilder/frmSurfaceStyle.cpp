@@ -67,7 +67,7 @@ void AddSubstitute(QFont& font, const QString& name)
 // The number at the start. The text comes from a file: what is not a usable font size counts as the usual one.
 double PointsOf(const QString& text)
 {
-    const QString trimmed = TrimBlanks(text);
+    const QString trimmed = TrimSpaces(text);
     const auto end =
         std::ranges::find_if_not(trimmed, [](QChar each) { return (each >= u'0' && each <= u'9') || each == u'.'; });
     const double points = QStringView(trimmed.begin(), end).toDouble();
@@ -163,7 +163,7 @@ QColor SurfaceColor(ColorRef color)
 QFont SurfaceFont(const QString& name, const QString& points, int twipsPerPixelY)
 {
     QFont font;
-    AddSubstitute(font, TrimBlanks(name));
+    AddSubstitute(font, TrimSpaces(name));
     const double pixels = PointsOf(points) * TwipsPerPoint / std::max(twipsPerPixelY, 1);
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
     return font;

@@ -21,7 +21,7 @@ void CompleteForFile(ControlRecord& control, const KindTraits& traits, std::size
         return;
     if (control.branch.isEmpty())
         control.branch = Numbered(traits.keyword, index) + QStringLiteral(".click");
-    control.branch = TrimBlanks(control.branch);
+    control.branch = TrimSpaces(control.branch);
 }
 
 void CompleteForProgram(ControlRecord& control, const KindTraits& traits, std::size_t index)
@@ -42,7 +42,7 @@ GuiForm Completed(GuiForm form, CompletedFor purpose)
     if (form.GuiHandleName.isEmpty())
         form.GuiHandleName = QStringLiteral("main");
     if (purpose == CompletedFor::Program)
-        form.GuiHandleName = TrimBlanks(form.GuiHandleName);
+        form.GuiHandleName = TrimSpaces(form.GuiHandleName);
     const auto complete = purpose == CompletedFor::File ? CompleteForFile : CompleteForProgram;
     for (const KindTraits& traits : KindTable) {
         std::vector<ControlRecord>& list = form.List(traits.kind);

@@ -192,7 +192,7 @@ private:
             if (item == MenuSlots)
                 throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange);
             const qsizetype star = rest.indexOf('*');
-            items[item] = TextFromAnsi(TrimBlanks(star < 0 ? rest : rest.first(star)));
+            items[item] = TextFromAnsi(TrimSpaces(star < 0 ? rest : rest.first(star)));
             if (star < 0)
                 return;
             rest = rest.sliced(star + 1);

@@ -119,7 +119,7 @@ QString FontSpec(const GuiForm& form)
 {
     QString name = form.GuiFontName.toLower();
     name.replace(u' ', u'_');
-    return TrimBlanks(name) + u' ' + NumberText(Val(form.GuiFontSize));
+    return TrimSpaces(name) + u' ' + NumberText(Val(form.GuiFontSize));
 }
 
 class Generator {
@@ -180,8 +180,8 @@ private:
         bodyBlock += QStringLiteral("[WindowSetup]\r\n"
                                     "    NOMAINWIN\r\n"
                                     "    WindowWidth = ") +
-                     LTrimBlanks(ProgramNumber(form.width)) + QStringLiteral(" : WindowHeight = ") +
-                     LTrimBlanks(ProgramNumber(form.height)) +
+                     LTrimSpaces(ProgramNumber(form.width)) + QStringLiteral(" : WindowHeight = ") +
+                     LTrimSpaces(ProgramNumber(form.height)) +
                      QStringLiteral("\r\n"
                                     "    UpperLeftX = INT((DisplayWidth-WindowWidth)/2)\r\n"
                                     "    UpperLeftY = INT((DisplayHeight-WindowHeight)/2)\r\n"

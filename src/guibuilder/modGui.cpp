@@ -93,16 +93,16 @@ TagParts SplitTag(const QString& tag)
 {
     const qsizetype mark = tag.indexOf(QLatin1String(" *"));
     if (mark < 0)
-        return {TrimBlanks(tag), {}};
-    return {TrimBlanks(QStringView(tag).left(mark)), tag.mid(mark + 2)};
+        return {TrimSpaces(tag), {}};
+    return {TrimSpaces(QStringView(tag).left(mark)), tag.mid(mark + 2)};
 }
 
 MenuItemParts SplitMenuItem(const QString& item)
 {
     const qsizetype bracket = item.indexOf(u'[');
     if (bracket < 0)
-        return {TrimBlanks(item), {}};
-    return {TrimBlanks(QStringView(item).left(bracket)), TrimBlanks(QStringView(item).mid(bracket))};
+        return {TrimSpaces(item), {}};
+    return {TrimSpaces(QStringView(item).left(bracket)), TrimSpaces(QStringView(item).mid(bracket))};
 }
 
 QString JoinMenuItem(const QString& caption, const QString& branch)

@@ -36,7 +36,7 @@ bool HasMenu(const GuiForm& form, int menu)
 
 bool HasItem(const GuiForm& form, int menu, int item)
 {
-    return InTable(menu) && InTable(item) && !TrimBlanks(form.GuiMenuItems[Slot(menu)][Slot(item)]).isEmpty();
+    return InTable(menu) && InTable(item) && !TrimSpaces(form.GuiMenuItems[Slot(menu)][Slot(item)]).isEmpty();
 }
 
 int Neighbour(int place, MoveDirection direction)
@@ -53,12 +53,12 @@ QString Ask(const QString& prompt, const QString& initial = {})
 QString CaptionBeforeBracket(const QString& answer)
 {
     const qsizetype bracket = answer.indexOf(u'[');
-    return bracket < 0 ? answer : TrimBlanks(QStringView(answer).left(bracket));
+    return bracket < 0 ? answer : TrimSpaces(QStringView(answer).left(bracket));
 }
 
 QString BranchOf(const QString& answer)
 {
-    return BracketedBranch(TrimBlanks(answer));
+    return BracketedBranch(TrimSpaces(answer));
 }
 
 void Complain(const QString& text)
@@ -157,7 +157,7 @@ std::optional<MenuItemParts> AskMenuItem()
     QString caption = CaptionBeforeBracket(answer);
     if (caption.contains(u'|'))
         caption = SeparatorCaption;
-    if (TrimBlanks(caption) == SeparatorCaption)
+    if (TrimSpaces(caption) == SeparatorCaption)
         return MenuItemParts{caption, QStringLiteral("[none]")};
     const QString branch = Ask(QStringLiteral("Please type a name for this item's branch."));
     if (branch.isEmpty())

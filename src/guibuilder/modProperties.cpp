@@ -110,7 +110,7 @@ QString PixelText(float twips, int twipsPerPixel)
 
 float TwipsOf(const QString& pixels, int twipsPerPixel, float before)
 {
-    const QString trimmed = TrimBlanks(pixels);
+    const QString trimmed = TrimSpaces(pixels);
     if (trimmed == PixelText(before, twipsPerPixel))
         return before;
     // The sum turns a negative zero into a plain one.

@@ -17,7 +17,7 @@ namespace {
 
 void Library(const std::string& name)
 {
-    const auto text = CarriedText(QString::fromStdString(name) + QStringLiteral(".bas"));
+    const auto text = EmbeddedText(QString::fromStdString(name) + QStringLiteral(".bas"));
     if (!text)
         throw ToolFailure(name, QStringLiteral("this build does not carry the library"));
     WriteOutput({}, QByteArrayView(*text));

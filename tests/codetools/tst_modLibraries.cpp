@@ -99,7 +99,7 @@ QStringList WordsOf(const char* text)
 
 QByteArray BytesOf(const QString& name)
 {
-    const auto text = CarriedText(name);
+    const auto text = EmbeddedText(name);
     return text ? QByteArray(text->data(), static_cast<qsizetype>(text->size())) : QByteArray();
 }
 

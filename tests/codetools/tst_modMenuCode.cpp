@@ -53,9 +53,9 @@ private Q_SLOTS:
 
     void spacesAreReplacedOneByOne()
     {
-        QCOMPARE(WithoutBlanks(QStringLiteral("  a b  c "), u'_'), QStringLiteral("__a_b__c_"));
-        QCOMPARE(WithoutBlanks(QStringLiteral("a\tb\u00A0c"), u'.'), QStringLiteral("a\tb\u00A0c"));
-        QCOMPARE(WithoutBlanks({}, u'.'), QString());
+        QCOMPARE(WithoutSpaces(QStringLiteral("  a b  c "), u'_'), QStringLiteral("__a_b__c_"));
+        QCOMPARE(WithoutSpaces(QStringLiteral("a\tb\u00A0c"), u'.'), QStringLiteral("a\tb\u00A0c"));
+        QCOMPARE(WithoutSpaces({}, u'.'), QString());
     }
 
     void theWholeStatementMatches_data()

@@ -31,7 +31,7 @@ public:
     {
         entries.append(QStringLiteral("end"));
         for (SendingPlace place{1, pagesToSend}; place.page <= place.pages; ++place.page)
-            if (turn(place) == SendingWish::TakeBack)
+            if (turn(place) == SendingRequest::TakeBack)
                 return PrinterState::TakenBack;
         return end;
     }
@@ -69,12 +69,12 @@ public:
 
 class CountingWatch final : public cPrintWatch {
 public:
-    PrintWish NextPage(const PrintPlace& place) override
+    PrintRequest NextPage(const PrintPlace& place) override
     {
         places.append(place);
         if (turn)
             turn();
-        return places.size() <= allowed ? PrintWish::GoOn : PrintWish::Stop;
+        return places.size() <= allowed ? PrintRequest::GoOn : PrintRequest::Stop;
     }
 
     QList<PrintPlace> places;

@@ -27,7 +27,7 @@ struct Pdf {
         int count = 1;
         for (; pages.FillPage() == PageEnd::MoreToCome; ++count)
             job->NewPage();
-        job->End([](const SendingPlace&) { return SendingWish::GoOn; });
+        job->End([](const SendingPlace&) { return SendingRequest::GoOn; });
         return count;
     }
 };
@@ -208,7 +208,7 @@ void tst_modPlainPages::fileThatCannotBeWrittenRaises()
     const Pdf pdf;
     const auto write = [&](const QString& path) {
         const auto job = StartPdf(path, QStringLiteral("game.bas"));
-        job->End([](const SendingPlace&) { return SendingWish::GoOn; });
+        job->End([](const SendingPlace&) { return SendingRequest::GoOn; });
     };
     QVERIFY_EXCEPTION_THROWN(write(pdf.folder.filePath(QStringLiteral("gone/out.pdf"))), RuntimeError);
     QVERIFY_EXCEPTION_THROWN(write(pdf.folder.path()), RuntimeError);

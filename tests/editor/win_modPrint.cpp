@@ -402,11 +402,11 @@ void win_modPrint::longPrintShowsItsPageAndCanBeCancelled()
 void win_modPrint::shortPrintShowsNoWindow()
 {
     dlgPrinting watch;
-    QVERIFY(watch.NextPage({PrintWork::Drawing, 2, 1, 2}) == PrintWish::GoOn);
+    QVERIFY(watch.NextPage({PrintWork::Drawing, 2, 1, 2}) == PrintRequest::GoOn);
     QVERIFY(!watch.isVisible());
     QTest::qWait(static_cast<int>(dlgPrinting::Patience.count()) + 50);
     watch.setModal(false);
-    QVERIFY(watch.NextPage({PrintWork::Drawing, 3, 500, 1000}) == PrintWish::GoOn);
+    QVERIFY(watch.NextPage({PrintWork::Drawing, 3, 500, 1000}) == PrintRequest::GoOn);
     QVERIFY(watch.isVisible());
     QCOMPARE(watch.findChild<QLabel*>(QStringLiteral("lblPage"))->text(), QStringLiteral("Page 3"));
     QCOMPARE(watch.findChild<QProgressBar*>(QStringLiteral("pgbPages"))->value(), 500);
@@ -414,7 +414,7 @@ void win_modPrint::shortPrintShowsNoWindow()
     QCOMPARE(watch.findChild<QLabel*>(QStringLiteral("lblPage"))->text(),
              QStringLiteral("Sending page 2 of 4 to the printer"));
     QTimer::singleShot(0, watch.findChild<QPushButton*>(QStringLiteral("cmdCancel")), &QPushButton::click);
-    QVERIFY(watch.NextPage({PrintWork::Sending, 3, 3, 4}) == PrintWish::Stop);
+    QVERIFY(watch.NextPage({PrintWork::Sending, 3, 3, 4}) == PrintRequest::Stop);
 }
 
 void win_modPrint::lineNumberMarginStaysInAWrappedWindow()

@@ -18,7 +18,7 @@ namespace {
 
 QByteArray Embedded(int number)
 {
-    const auto bytes = CarriedText(number, QStringLiteral("CUSTOM"));
+    const auto bytes = EmbeddedText(number, QStringLiteral("CUSTOM"));
     return bytes ? QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())) : QByteArray();
 }
 
@@ -138,7 +138,7 @@ void tst_imageLibrary::isSmallAndTheSameInEveryBuild()
 void tst_imageLibrary::demonstrationDeclaresTheThreeFunctions()
 {
     const QByteArray text = Embedded(103);
-    QCOMPARE(CarriedText(103, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("jpeg.bas")));
+    QCOMPARE(EmbeddedText(103, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("jpeg.bas")));
     QCOMPARE(text.count('\n'), text.count("\r\n"));
     QCOMPARE(text.count('\r'), text.count("\r\n"));
     QVERIFY(text.endsWith("\r\n"));

@@ -85,7 +85,7 @@ public:
             window->reject();
     }
 
-    PackageWish Processing(const PackageProgress& progress) override
+    PackageRequest Processing(const PackageProgress& progress) override
     {
         const bool isNewFile = progress.name != shownName || progress.done == 0;
         if (isNewFile || !sinceTurn.isValid() || sinceTurn.elapsed() >= turnEvery) {
@@ -95,7 +95,7 @@ public:
             QApplication::processEvents();
             sinceTurn.restart();
         }
-        return window->IsCancelled() ? PackageWish::Stop : PackageWish::GoOn;
+        return window->IsCancelled() ? PackageRequest::Stop : PackageRequest::GoOn;
     }
 
     void Tell(const MessageSpec& box) override { Show(box); }
@@ -116,14 +116,14 @@ public:
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
 
-    ZipWish Zipping(const ZipProgress& progress) override
+    ZipRequest Zipping(const ZipProgress& progress) override
     {
         if (sinceTurn.elapsed() >= turnEvery) {
             window->ShowState(ZipText, Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
             QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             sinceTurn.restart();
         }
-        return ZipWish::GoOn;
+        return ZipRequest::GoOn;
     }
 
     void ZipEnds() override

@@ -62,7 +62,7 @@ CopyEnd CopyBytes(QFile& source, QFile& copy, const CopyWatch& watch)
         if (copy.write(bytes.constData(), count) != count)
             return CopyEnd::Failed;
         copied += count;
-        if (watch && watch(copied) == CopyWish::Stop)
+        if (watch && watch(copied) == CopyRequest::Stop)
             return CopyEnd::Stopped;
     }
     return CopyEnd::Copied;

@@ -9,10 +9,10 @@
 namespace ob {
 
 enum class CopyEnd { Copied, Failed, Stopped };
-enum class CopyWish { GoOn, Stop };
+enum class CopyRequest { GoOn, Stop };
 
 // Called after each piece with the bytes copied so far.
-using CopyWatch = std::function<CopyWish(qint64 copied)>;
+using CopyWatch = std::function<CopyRequest(qint64 copied)>;
 
 // Makes `to` a copy of the regular file `from`, with its time and permissions as far as the disk supports them. The
 // copy replaces an older file only when it is complete; otherwise the older one stays unchanged.

@@ -120,7 +120,7 @@ public:
                 progress.all += QFileInfo(*found).size();
     }
 
-    PackageWish Copy(const QString& file)
+    PackageRequest Copy(const QString& file)
     {
         progress.name = NameOf(file);
         const std::optional<QString> found = FileOnDisk(file);
@@ -128,15 +128,15 @@ public:
             missing.append(file);
             return watch.Processing(progress);
         }
-        if (watch.Processing(progress) == PackageWish::Stop)
-            return PackageWish::Stop;
+        if (watch.Processing(progress) == PackageRequest::Stop)
+            return PackageRequest::Stop;
         const qint64 before = progress.done;
         const CopyEnd end = CopyWholeFile(*found, folder + QDir::separator() + progress.name, [&](qint64 copied) {
             progress.done = std::min(before + copied, progress.all);
-            return watch.Processing(progress) == PackageWish::Stop ? CopyWish::Stop : CopyWish::GoOn;
+            return watch.Processing(progress) == PackageRequest::Stop ? CopyRequest::Stop : CopyRequest::GoOn;
         });
         if (end == CopyEnd::Stopped)
-            return PackageWish::Stop;
+            return PackageRequest::Stop;
         if (end == CopyEnd::Failed)
             watch.Tell({QStringLiteral("Error occurred!"), BoxIcon::None, BoxButtons::Ok, QStringLiteral("SHCOPY")});
         else
@@ -311,7 +311,7 @@ PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatc
     NeedFolder(PackageFolder(plan));
     Copier copier(plan, watch);
     for (const QString& file : plan.files) {
-        if (copier.Copy(file) == PackageWish::Stop) {
+        if (copier.Copy(file) == PackageRequest::Stop) {
             watch.Tell({QStringLiteral("File copying operation aborted!"), BoxIcon::Critical, BoxButtons::Ok, {}});
             watch.FilesAreDone();
             return {PackageEnd::Aborted, {}};

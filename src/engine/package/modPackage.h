@@ -51,7 +51,7 @@ struct PackageProgress {
     qint64 all = 0;
 };
 
-enum class PackageWish { GoOn, Stop };
+enum class PackageRequest { GoOn, Stop };
 
 // The runtime engine under the program's name.
 struct PackagedEngine {
@@ -68,7 +68,7 @@ public:
     virtual ~cPackageWatch() = default;
 
     // Before and after each file, and during a large one.
-    virtual PackageWish Processing(const PackageProgress& progress) = 0;
+    virtual PackageRequest Processing(const PackageProgress& progress) = 0;
     // A message to show; the work continues after it.
     virtual void Tell(const MessageSpec& box) = 0;
     // The engine has the program's name now and can be tested.
@@ -77,7 +77,7 @@ public:
     virtual void FilesAreDone() = 0;
     // Around the making of the archive.
     virtual void ZipBegins() = 0;
-    virtual ZipWish Zipping(const ZipProgress& progress) = 0;
+    virtual ZipRequest Zipping(const ZipProgress& progress) = 0;
     virtual void ZipEnds() = 0;
     virtual void ZipIsMade(const QString& base) = 0;
 };

@@ -143,7 +143,7 @@ private:
 
     zip_int64_t Watch()
     {
-        if (feed.watch && feed.watch(feed.progress) == ZipWish::Stop)
+        if (feed.watch && feed.watch(feed.progress) == ZipRequest::Stop)
             return Fail(ZIP_ER_CANCELLED, 0);
         return 0;
     }

@@ -18,8 +18,8 @@ struct ZipProgress {
     std::uint64_t all = 0;
 };
 
-enum class ZipWish { GoOn, Stop };
-using ZipWatch = std::function<ZipWish(const ZipProgress&)>; // called every few thousand bytes
+enum class ZipRequest { GoOn, Stop };
+using ZipWatch = std::function<ZipRequest(const ZipProgress&)>; // called every few thousand bytes
 
 struct ZipOptions {
     bool recurseFolders = false;

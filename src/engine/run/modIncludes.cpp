@@ -32,13 +32,13 @@ qsizetype FindIncludeWord(QByteArrayView line)
 // The name on an include line; nothing when the line is of another kind.
 std::optional<QByteArrayView> IncludeName(QByteArrayView line)
 {
-    line = TrimBlanks(line);
+    line = TrimSpaces(line);
     const qsizetype word = FindIncludeWord(line);
     if (word < 0)
         return std::nullopt;
     // The character after the word is skipped, whatever it is.
     const QByteArrayView name = line.sliced(std::min(line.size(), word + IncludeWord.size() + 1));
-    return TrimBlanks(name);
+    return TrimSpaces(name);
 }
 
 // The name on disk, limited to the characters of the code page.

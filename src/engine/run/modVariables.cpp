@@ -12,23 +12,23 @@ namespace {
 // The left side of an assignment without the words and statements before the name.
 QByteArrayView NameIn(QByteArrayView left)
 {
-    QByteArrayView name = TrimBlanks(left);
+    QByteArrayView name = TrimSpaces(left);
     name = name.sliced(name.lastIndexOf(' ') + 1);
     return name.sliced(name.indexOf(':') + 1);
 }
 
 void ScanLine(QByteArrayView line, int number, std::vector<VariableEntry>& entries)
 {
-    QByteArrayView rest = TrimBlanks(line);
+    QByteArrayView rest = TrimSpaces(line);
     for (qsizetype sign = rest.indexOf('='); sign >= 2; sign = rest.indexOf('=')) {
         const char before = rest[sign - 1];
         const QByteArrayView name = NameIn(rest.first(before == '<' || before == '>' ? sign - 1 : sign));
         if (!name.contains('"') && !name.contains(')'))
             entries.push_back({name, number});
-        rest = LTrimBlanks(rest.sliced(sign + 1));
+        rest = LTrimSpaces(rest.sliced(sign + 1));
         if (rest.startsWith(':'))
             rest = rest.sliced(1);
-        rest = TrimBlanks(rest);
+        rest = TrimSpaces(rest);
     }
 }
 

@@ -24,7 +24,7 @@ void mnuColorDialog_Click()
     if (!chosen)
         return;
     lastColor = *chosen;
-    SetStatusText(ColorStatus(lastColor, NumberForm::LeadingBlank));
+    SetStatusText(ColorStatus(lastColor, NumberForm::LeadingSpace));
 }
 
 void mnuToolFont_Click()

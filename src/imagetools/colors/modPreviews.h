@@ -7,7 +7,7 @@
 namespace ob {
 
 // "R- 1     G- 2     B- 3     Long- 197121", or without the blanks in front of the numbers.
-enum class NumberForm { LeadingBlank, Plain };
+enum class NumberForm { LeadingSpace, Plain };
 QString ColorStatus(ColorRef color, NumberForm form);
 
 void mnuColorDialog_Click();

@@ -21,7 +21,7 @@ constexpr int LibraryNumber = 104;
 
 std::optional<std::string_view> Carried(int number)
 {
-    return CarriedText(number, QStringLiteral("CUSTOM"));
+    return EmbeddedText(number, QStringLiteral("CUSTOM"));
 }
 
 void Save(const QString& source, const QString& target, ImageColors colors)

@@ -29,12 +29,12 @@ class ToolWatch final : public cPackageWatch {
 public:
     explicit ToolWatch(const PackagePlan& madePlan) : plan(madePlan) {}
 
-    PackageWish Processing(const PackageProgress&) override { return PackageWish::GoOn; }
+    PackageRequest Processing(const PackageProgress&) override { return PackageRequest::GoOn; }
     void Tell(const MessageSpec& box) override { WriteNote(box.text); }
     void EngineIsNamed(const PackagedEngine& engine) override { WriteNote(TestQuestion(plan, engine).text); }
     void FilesAreDone() override {}
     void ZipBegins() override {}
-    ZipWish Zipping(const ZipProgress&) override { return ZipWish::GoOn; }
+    ZipRequest Zipping(const ZipProgress&) override { return ZipRequest::GoOn; }
     void ZipEnds() override {}
     void ZipIsMade(const QString&) override {}
 

@@ -72,7 +72,7 @@ public:
             if (place.page > 1 && !printer->newPage())
                 return PrinterState::Failed;
             SendPage(page, paper);
-            if (turn(place) == SendingWish::TakeBack && printer->abort())
+            if (turn(place) == SendingRequest::TakeBack && printer->abort())
                 return PrinterState::TakenBack;
             ++place.page;
         }

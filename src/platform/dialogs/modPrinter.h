@@ -20,8 +20,8 @@ struct SendingPlace {
     int page = 1;
     int pages = 1;
 };
-enum class SendingWish { GoOn, TakeBack };
-using SendingTurn = std::function<SendingWish(const SendingPlace& place)>;
+enum class SendingRequest { GoOn, TakeBack };
+using SendingTurn = std::function<SendingRequest(const SendingPlace& place)>;
 
 // A print job, with its first page open. Nothing is printed and no file is written before End is called: a job
 // destroyed without it has no effect.

@@ -26,9 +26,9 @@ struct ReadNumber {
     Range range = Range::Within;
 };
 
-bool IsDigit(char letter)
+bool IsDigit(char character)
 {
-    return letter >= '0' && letter <= '9';
+    return character >= '0' && character <= '9';
 }
 
 // The digits of one base after a prefix; the digits start at the position.
@@ -135,7 +135,7 @@ ReadNumber ReadAny(std::string_view text)
 
 double ValOfAscii(std::string text)
 {
-    std::erase_if(text, [](char letter) { return letter == ' ' || letter == '\t' || letter == '\n'; });
+    std::erase_if(text, [](char character) { return character == ' ' || character == '\t' || character == '\n'; });
     const ReadNumber read = ReadAny(text);
     if (read.range == Range::Beyond)
         throw RuntimeErrorOf(ErrorNumber::Overflow);
@@ -147,8 +147,8 @@ std::string AsciiOf(QStringView text)
 {
     std::string ascii;
     ascii.reserve(static_cast<std::size_t>(text.size()));
-    for (const QChar letter : text)
-        ascii += letter.unicode() < 0x80 ? static_cast<char>(letter.unicode()) : '?';
+    for (const QChar character : text)
+        ascii += character.unicode() < 0x80 ? static_cast<char>(character.unicode()) : '?';
     return ascii;
 }
 
@@ -242,21 +242,21 @@ Whole RoundedWithin(double number)
     return static_cast<Whole>(whole);
 }
 
-bool IsBlank(char letter)
+bool IsSpace(char character)
 {
-    return letter == ' ';
+    return character == ' ';
 }
 
-bool IsBlank(QChar letter)
+bool IsSpace(QChar character)
 {
-    return letter == u' ';
+    return character == u' ';
 }
 
 template <class View>
 View WithoutLeading(View text)
 {
     qsizetype count = 0;
-    while (count < text.size() && IsBlank(text[count]))
+    while (count < text.size() && IsSpace(text[count]))
         ++count;
     return text.sliced(count);
 }
@@ -265,7 +265,7 @@ template <class View>
 View WithoutTrailing(View text)
 {
     qsizetype count = text.size();
-    while (count > 0 && IsBlank(text[count - 1]))
+    while (count > 0 && IsSpace(text[count - 1]))
         --count;
     return text.first(count);
 }
@@ -352,32 +352,32 @@ QString BooleanText(bool value)
     return value ? QStringLiteral("True") : QStringLiteral("False");
 }
 
-QString TrimBlanks(QStringView text)
+QString TrimSpaces(QStringView text)
 {
     return WithoutLeading(WithoutTrailing(text)).toString();
 }
 
-QString LTrimBlanks(QStringView text)
+QString LTrimSpaces(QStringView text)
 {
     return WithoutLeading(text).toString();
 }
 
-QString RTrimBlanks(QStringView text)
+QString RTrimSpaces(QStringView text)
 {
     return WithoutTrailing(text).toString();
 }
 
-QByteArrayView TrimBlanks(QByteArrayView text)
+QByteArrayView TrimSpaces(QByteArrayView text)
 {
     return WithoutLeading(WithoutTrailing(text));
 }
 
-QByteArrayView LTrimBlanks(QByteArrayView text)
+QByteArrayView LTrimSpaces(QByteArrayView text)
 {
     return WithoutLeading(text);
 }
 
-QByteArrayView RTrimBlanks(QByteArrayView text)
+QByteArrayView RTrimSpaces(QByteArrayView text)
 {
     return WithoutTrailing(text);
 }
@@ -385,16 +385,16 @@ QByteArrayView RTrimBlanks(QByteArrayView text)
 QString LowerAscii(QStringView text)
 {
     QString result = text.toString();
-    for (QChar& letter : result)
-        letter = QChar(LowerAscii(letter.unicode()));
+    for (QChar& character : result)
+        character = QChar(LowerAscii(character.unicode()));
     return result;
 }
 
 QByteArray LowerAscii(QByteArrayView text)
 {
     QByteArray result = text.toByteArray();
-    for (char& letter : result)
-        letter = LowerAscii(letter);
+    for (char& character : result)
+        character = LowerAscii(character);
     return result;
 }
 

@@ -63,21 +63,21 @@ QString BooleanText(bool value);
 
 // The text without the spaces (character 32 only; tabs and line ends stay) at both ends, the left or the right one. The
 // byte versions return a part of their argument and own nothing.
-QString TrimBlanks(QStringView text);
-QString LTrimBlanks(QStringView text);
-QString RTrimBlanks(QStringView text);
-QByteArrayView TrimBlanks(QByteArrayView text);
-QByteArrayView LTrimBlanks(QByteArrayView text);
-QByteArrayView RTrimBlanks(QByteArrayView text);
+QString TrimSpaces(QStringView text);
+QString LTrimSpaces(QStringView text);
+QString RTrimSpaces(QStringView text);
+QByteArrayView TrimSpaces(QByteArrayView text);
+QByteArrayView LTrimSpaces(QByteArrayView text);
+QByteArrayView RTrimSpaces(QByteArrayView text);
 
 // Case conversion of A to Z only; every other character stays the same.
-constexpr char LowerAscii(char letter)
+constexpr char LowerAscii(char character)
 {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A')) : character;
 }
-constexpr char16_t LowerAscii(char16_t letter)
+constexpr char16_t LowerAscii(char16_t character)
 {
-    return letter >= u'A' && letter <= u'Z' ? static_cast<char16_t>(letter + (u'a' - u'A')) : letter;
+    return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character + (u'a' - u'A')) : character;
 }
 QString LowerAscii(QStringView text);
 QByteArray LowerAscii(QByteArrayView text);

@@ -109,7 +109,7 @@ std::vector<NamedDevice>::iterator Find(QStringView alias)
 
 std::optional<MediaKind> KindOf(QStringView device)
 {
-    const QString word = LowerAscii(TrimBlanks(device));
+    const QString word = LowerAscii(TrimSpaces(device));
     if (word == QLatin1String("avivideo") || word == QLatin1String("mpegvideo"))
         return MediaKind::Video;
     if (word == QLatin1String("sequencer"))
@@ -126,7 +126,7 @@ struct Answer {
 
 QString WithoutQuotes(QStringView name)
 {
-    const QString text = TrimBlanks(name);
+    const QString text = TrimSpaces(name);
     const bool isQuoted = text.size() >= 2 && text.startsWith(u'"') && text.endsWith(u'"');
     return isQuoted ? text.sliced(1, text.size() - 2) : text;
 }
@@ -137,7 +137,7 @@ std::optional<QString> CutAfter(QStringView& text, QLatin1String word)
     const qsizetype place = text.lastIndexOf(word, -1, Qt::CaseInsensitive);
     if (place < 0)
         return std::nullopt;
-    const QString tail = TrimBlanks(text.sliced(place + word.size()));
+    const QString tail = TrimSpaces(text.sliced(place + word.size()));
     text = text.first(place);
     return tail;
 }
@@ -168,9 +168,9 @@ Answer Open(QStringView rest)
 
 Answer Status(QStringView rest)
 {
-    const QString text = TrimBlanks(rest);
+    const QString text = TrimSpaces(rest);
     const qsizetype space = text.lastIndexOf(u' ');
-    const auto place = Find(TrimBlanks(QStringView(text).first(std::max<qsizetype>(space, 0))));
+    const auto place = Find(TrimSpaces(QStringView(text).first(std::max<qsizetype>(space, 0))));
     if (place == Media().named.end())
         return {MciResult::InvalidDeviceName};
     const cMediaDevice& device = *place->device;
@@ -186,11 +186,11 @@ Answer Status(QStringView rest)
 
 Answer Play(QStringView rest)
 {
-    QString alias = TrimBlanks(rest);
+    QString alias = TrimSpaces(rest);
     auto place = Find(alias);
     const bool waits = place == Media().named.end() && alias.endsWith(QLatin1String(" wait"), Qt::CaseInsensitive);
     if (waits) {
-        alias = TrimBlanks(alias.chopped(5));
+        alias = TrimSpaces(alias.chopped(5));
         place = Find(alias);
     }
     if (place == Media().named.end())
@@ -208,7 +208,7 @@ Answer Play(QStringView rest)
 
 Answer Close(QStringView rest)
 {
-    const QString alias = TrimBlanks(rest);
+    const QString alias = TrimSpaces(rest);
     if (EqualsIgnoreCase(alias, QLatin1String("all"))) {
         // Removed first, so that nothing finds a device that is being destroyed.
         const auto closing = std::exchange(Media().named, {});
@@ -224,7 +224,7 @@ Answer Close(QStringView rest)
 
 Answer Run(const QString& command)
 {
-    const QString text = TrimBlanks(command);
+    const QString text = TrimSpaces(command);
     if (text.isEmpty())
         return {MciResult::MissingCommandString};
     const qsizetype space = text.indexOf(u' ');

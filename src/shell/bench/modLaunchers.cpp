@@ -89,7 +89,7 @@ void OpenLibrary(const QString& name, const QString& missing)
 
 QString PageAddress(const QString& item)
 {
-    const auto list = CarriedText(QStringLiteral("pages.txt"));
+    const auto list = EmbeddedText(QStringLiteral("pages.txt"));
     const QString text = list ? QString::fromUtf8(list->data(), static_cast<qsizetype>(list->size())) : QString();
     for (const QString& line : text.split(QLatin1Char('\n')))
         if (line.section(QLatin1Char(' '), 0, 0) == item)

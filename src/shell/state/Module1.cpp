@@ -29,7 +29,7 @@ void ResetState()
 
 void ExtractResource(int id, const QString& type, const QString& path)
 {
-    const auto text = CarriedText(id, type);
+    const auto text = EmbeddedText(id, type);
     if (!text)
         return;
     try {

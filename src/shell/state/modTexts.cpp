@@ -6,25 +6,25 @@
 
 namespace ob {
 
-std::optional<std::string_view> CarriedText(int id, const QString& type)
+std::optional<std::string_view> EmbeddedText(int id, const QString& type)
 {
     if (type != QLatin1String("CUSTOM"))
         return std::nullopt;
     switch (id) {
     case 101:
-        return CarriedText(QStringLiteral("wrapper32.bas"));
+        return EmbeddedText(QStringLiteral("wrapper32.bas"));
     case 102:
-        return CarriedText(QStringLiteral("printer32.bas"));
+        return EmbeddedText(QStringLiteral("printer32.bas"));
     case 103:
-        return CarriedText(QStringLiteral("jpeg.bas"));
+        return EmbeddedText(QStringLiteral("jpeg.bas"));
     case 104:
-        return CarriedText(QStringLiteral("jpeg.dll"));
+        return EmbeddedText(QStringLiteral("jpeg.dll"));
     default:
         return std::nullopt;
     }
 }
 
-std::optional<std::string_view> CarriedText(const QString& name)
+std::optional<std::string_view> EmbeddedText(const QString& name)
 {
     const QResource resource(QStringLiteral(":/texts/") + name);
     if (!resource.isValid() || resource.data() == nullptr)

@@ -10,9 +10,9 @@
 namespace ob {
 
 // The bytes of the embedded text with that number; the only type is "CUSTOM". Nothing for an unknown one.
-std::optional<std::string_view> CarriedText(int id, const QString& type);
+std::optional<std::string_view> EmbeddedText(int id, const QString& type);
 
 // The bytes of resources/texts/NAME, uncompressed in the program's own memory; nothing for an unknown name.
-std::optional<std::string_view> CarriedText(const QString& name);
+std::optional<std::string_view> EmbeddedText(const QString& name);
 
 } // namespace ob

@@ -204,14 +204,16 @@ void tst_CGZipFilesTrouble::stoppingLeavesTheOldArchive()
         if (progress.done < last || progress.done > progress.all || progress.all != 600'000)
             QTest::qFail("the progress runs wild", __FILE__, __LINE__);
         last = progress.done;
-        return ZipWish::GoOn;
+        return ZipRequest::GoOn;
     }),
              0);
     QCOMPARE(last, std::uint64_t(600'000));
     folder.Put("out.zip", "old");
     for (int stopAt = 1; stopAt <= calls; stopAt += calls / 12 + 1) {
         int count = 0;
-        const ZipWatch stop = [&](const ZipProgress&) { return ++count >= stopAt ? ZipWish::Stop : ZipWish::GoOn; };
+        const ZipWatch stop = [&](const ZipProgress&) {
+            return ++count >= stopAt ? ZipRequest::Stop : ZipRequest::GoOn;
+        };
         QCOMPARE(zip.MakeZipFile(stop), ZipStopped);
         QCOMPARE(GetFile(Out()), QByteArray("old"));
         QCOMPARE(NamesIn(QStringLiteral(".")), Names("a.bin b.txt out.zip"));

@@ -18,7 +18,7 @@ class ListeningWatch final : public cPackageWatch {
 public:
     explicit ListeningWatch(int stop = 0) : stopAt(stop) {}
 
-    PackageWish Processing(const PackageProgress& progress) override
+    PackageRequest Processing(const PackageProgress& progress) override
     {
         ++calls;
         if (names.isEmpty() || names.last() != progress.name)
@@ -27,7 +27,7 @@ public:
             QTest::qFail("the progress runs wild", __FILE__, __LINE__);
         lastDone = progress.done;
         all = progress.all;
-        return calls == stopAt ? PackageWish::Stop : PackageWish::GoOn;
+        return calls == stopAt ? PackageRequest::Stop : PackageRequest::GoOn;
     }
     void Tell(const MessageSpec& box) override
     {
@@ -40,7 +40,7 @@ public:
     }
     void FilesAreDone() override { ++done; }
     void ZipBegins() override { reports.append(QStringLiteral("zip")); }
-    ZipWish Zipping(const ZipProgress&) override { return ZipWish::GoOn; }
+    ZipRequest Zipping(const ZipProgress&) override { return ZipRequest::GoOn; }
     void ZipEnds() override { reports.append(QStringLiteral("zip ends")); }
     void ZipIsMade(const QString& base) override { reports.append(ZipMadeBox(base).text); }
 

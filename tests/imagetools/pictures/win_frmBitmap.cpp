@@ -473,7 +473,7 @@ void win_frmBitmap::imageLibraryIsSaved()
     bench->dialogs.ExpectFolder(QStringLiteral("Save Image DLL to Disk"), QDir::cleanPath(folder));
     bench->dialogs.ExpectMessage(QStringLiteral("Image DLL saved as ") + path, BoxAnswer::Ok, BoxIcon::None);
     Press("cmdJpg");
-    const auto embedded = CarriedText(104, QStringLiteral("CUSTOM"));
+    const auto embedded = EmbeddedText(104, QStringLiteral("CUSTOM"));
     QCOMPARE(TestBench::Read(path), QByteArray(embedded->data(), static_cast<qsizetype>(embedded->size())));
     QVERIFY(TestBench::Read(bench->Path(QStringLiteral("jpeg.bas"))).startsWith("'jpeg.bas: "));
 }

@@ -388,15 +388,15 @@ void tst_modRuntime::booleanOfTakesWordsAndNumbers()
 void tst_modRuntime::trimmingRemovesSpacesOnly()
 {
     const QString text = QStringLiteral("  \t a b\r\n \u00A0  ");
-    QCOMPARE(ob::TrimBlanks(text), QStringLiteral("\t a b\r\n \u00A0"));
-    QCOMPARE(ob::LTrimBlanks(text), QStringLiteral("\t a b\r\n \u00A0  "));
-    QCOMPARE(ob::RTrimBlanks(text), QStringLiteral("  \t a b\r\n \u00A0"));
-    QCOMPARE(ob::TrimBlanks(QStringLiteral("    ")), QString());
-    QCOMPARE(ob::TrimBlanks(QString()), QString());
-    QCOMPARE(ob::TrimBlanks("  \t x  ").toByteArray(), QByteArray("\t x"));
-    QCOMPARE(ob::LTrimBlanks("  x  ").toByteArray(), QByteArray("x  "));
-    QCOMPARE(ob::RTrimBlanks("  x  ").toByteArray(), QByteArray("  x"));
-    QCOMPARE(ob::RTrimBlanks("   ").size(), 0);
+    QCOMPARE(ob::TrimSpaces(text), QStringLiteral("\t a b\r\n \u00A0"));
+    QCOMPARE(ob::LTrimSpaces(text), QStringLiteral("\t a b\r\n \u00A0  "));
+    QCOMPARE(ob::RTrimSpaces(text), QStringLiteral("  \t a b\r\n \u00A0"));
+    QCOMPARE(ob::TrimSpaces(QStringLiteral("    ")), QString());
+    QCOMPARE(ob::TrimSpaces(QString()), QString());
+    QCOMPARE(ob::TrimSpaces("  \t x  ").toByteArray(), QByteArray("\t x"));
+    QCOMPARE(ob::LTrimSpaces("  x  ").toByteArray(), QByteArray("x  "));
+    QCOMPARE(ob::RTrimSpaces("  x  ").toByteArray(), QByteArray("  x"));
+    QCOMPARE(ob::RTrimSpaces("   ").size(), 0);
 }
 
 void tst_modRuntime::caseFoldingIsAsciiOnly()

@@ -46,7 +46,7 @@ private Q_SLOTS:
     void theLibrariesAreWrittenBesideTheProgramEachTime()
     {
         for (const char* name : {"wrapper32.bas", "printer32.bas"}) {
-            const auto text = CarriedText(QLatin1String(name));
+            const auto text = EmbeddedText(QLatin1String(name));
             const QString path = bench->ProgramPath(QLatin1String(name));
             StartRoutine([&] { return &bench->form; });
             if (!text) {

@@ -100,12 +100,12 @@ private Q_SLOTS:
     void theLibrariesAreEmbeddedByNumber()
     {
         for (const int id : {100, 105, 0, -1})
-            QVERIFY(!CarriedText(id, QStringLiteral("CUSTOM")));
-        QVERIFY(!CarriedText(101, QStringLiteral("BITMAP")));
-        QVERIFY(!CarriedText(QStringLiteral("nothing.bas")));
-        QCOMPARE(CarriedText(101, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("wrapper32.bas")));
-        QCOMPARE(CarriedText(102, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("printer32.bas")));
-        QCOMPARE(CarriedText(103, QStringLiteral("CUSTOM")), CarriedText(QStringLiteral("jpeg.bas")));
+            QVERIFY(!EmbeddedText(id, QStringLiteral("CUSTOM")));
+        QVERIFY(!EmbeddedText(101, QStringLiteral("BITMAP")));
+        QVERIFY(!EmbeddedText(QStringLiteral("nothing.bas")));
+        QCOMPARE(EmbeddedText(101, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("wrapper32.bas")));
+        QCOMPARE(EmbeddedText(102, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("printer32.bas")));
+        QCOMPARE(EmbeddedText(103, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("jpeg.bas")));
     }
 
     void anUnknownResourceWritesNothing()
@@ -179,7 +179,7 @@ private Q_SLOTS:
 private:
     static QByteArray LibraryOrNothing()
     {
-        const auto text = CarriedText(101, QStringLiteral("CUSTOM"));
+        const auto text = EmbeddedText(101, QStringLiteral("CUSTOM"));
         return text ? QByteArray(text->data(), static_cast<qsizetype>(text->size())) : QByteArray();
     }
 
