@@ -10,9 +10,9 @@ namespace {
 
 constexpr std::string_view LineEnd = "\r\n";
 
-bool IsDigit(char letter)
+bool IsDigit(char character)
 {
-    return letter >= '0' && letter <= '9';
+    return character >= '0' && character <= '9';
 }
 
 // Removes the digits at the start of the text and returns them.

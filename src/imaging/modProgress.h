@@ -57,15 +57,15 @@ public:
     {
         if (!progress.HasListener())
             return;
-        for (const std::int64_t end = columns * done / lines; told < end; ++told)
-            progress.At(told * 3);
+        for (const std::int64_t end = columns * done / lines; reported < end; ++reported)
+            progress.At(reported * 3);
     }
 
 private:
     const cProgress& progress;
     std::int64_t columns;
     std::int64_t lines;
-    std::int64_t told = 0;
+    std::int64_t reported = 0;
 };
 
 } // namespace ob

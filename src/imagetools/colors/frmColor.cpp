@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Mixes a colour with three sliders and tells its numbers.
+// Mixes a colour with three sliders and shows its numbers.
 #include "imagetools/colors/frmColor.h"
 
 #include "imagetools/colors/modPreviews.h"

@@ -39,13 +39,13 @@ QColor ToolkitColor(ColorRef color)
     return {part(0), part(8), part(16)};
 }
 
-// Black or white, whichever stands off more.
+// Black or white, whichever has more contrast.
 QColor TextColorOn(const QColor& ground)
 {
     const auto light = [](float part) { return std::pow(part, 2.2F); };
     const float luminance =
         0.2126F * light(ground.redF()) + 0.7152F * light(ground.greenF()) + 0.0722F * light(ground.blueF());
-    constexpr float even = 0.179F; // both stand off the same
+    constexpr float even = 0.179F; // both have the same contrast
     return luminance > even ? Qt::black : Qt::white;
 }
 
@@ -99,7 +99,7 @@ QRect frmColorChart::FieldOf(int color) const
     const int row = color / Columns;
     const int left = edge(column, Columns, width());
     const int top = edge(row, Rows, height());
-    // The colour of the desktop has the last row for itself.
+    // The colour of the desktop has the last row to itself.
     const int right = color == SystemColorPlace ? width() + Gap : edge(column + 1, Columns, width());
     return {left, top, right - left - Gap, edge(row + 1, Rows, height()) - top - Gap};
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A chart of the language's colours: a field each, with its name and its red, green and blue.
+// A chart of the language's colours: one field each, with its name and its red, green and blue.
 #pragma once
 
 #include "platform/language/modColorNames.h"
@@ -20,7 +20,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    // Where the field of that index in ColorName stands.
+    // The place of the field of that index in ColorName.
     QRect FieldOf(int color) const;
 
 protected:

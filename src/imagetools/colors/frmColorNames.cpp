@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The chart of the language's colour names. Escape closes it, as every dialog.
+// The chart of the language's colour names. Escape closes it, like every dialog.
 #include "imagetools/colors/frmColorNames.h"
 
 #include "shell/state/frmTool.h"

@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// What was chosen last in this run, black at first.
+// The last choice in this run, black at first.
 static ColorRef lastColor = 0;
 
 QString ColorStatus(ColorRef color, NumberForm form)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How an icon is made from a part of a picture, in words.
+// Instructions for making an icon from a part of a picture.
 #include "imagetools/icons/dlgBmp.h"
 
 #include "ui_dlgBmp.h"
@@ -9,7 +9,7 @@ namespace ob {
 dlgBmp::dlgBmp(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgBmp>())
 {
     ui->setupUi(this);
-    // All of the text, whatever the font.
+    // Room for all of the text, whatever the font.
     resize(width(), layout()->heightForWidth(width()));
     ui->OKButton->setFocus();
     connect(ui->chkAgain, &QCheckBox::toggled, this, [](bool on) { isWanted = !on; });

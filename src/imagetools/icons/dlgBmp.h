@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How an icon is made from a part of a picture, in words.
+// Instructions for making an icon from a part of a picture.
 #pragma once
 
 #include <QDialog>
@@ -18,7 +18,7 @@ class dlgBmp final : public QDialog {
 public:
     static constexpr char ManualPage[] = "icon-editor";
 
-    // Whether it is still shown: until the user has ticked its box, or the program ends.
+    // Whether it is still shown: until the user ticks its box, or the program ends.
     static inline bool isWanted = true;
 
     explicit dlgBmp(QWidget* parent = nullptr);

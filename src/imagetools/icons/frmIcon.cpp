@@ -26,7 +26,7 @@ namespace ob {
 namespace {
 
 constexpr int RuntimeButton = 16;     // the number of the toolbar's button, from 1
-constexpr int TransparentSwatch = 16; // behind the sixteen
+constexpr int TransparentSwatch = 16; // after the sixteen
 
 QString ColorText(ColorRef color)
 {
@@ -398,7 +398,7 @@ void frmIcon::ShowPicture()
         return;
     widthBefore = width();
     ui->fraBmp->show();
-    // Room for a picture of middle size; of a larger one the bars show the rest.
+    // Space for a medium-sized picture; larger ones are scrolled.
     constexpr int most = 480;
     resize(widthBefore + std::clamp(bitmap.Width(), ui->scrBmp->minimumWidth(), most) + 24, height());
 }
@@ -451,7 +451,7 @@ void frmIcon::runtimeicon_Click()
     try {
         InstallIcon(path, sheet.icon, answer == BoxAnswer::Yes ? EngineVersion::Four : EngineVersion::Three);
     } catch (const RuntimeError& error) {
-        // No box tells of it.
+        // No box reports it.
         ShowSheet(QStringLiteral("The icon was not put into %1: %2.").arg(NameOf(path), error.description));
         return;
     }
@@ -479,19 +479,19 @@ frmIcon::Leaving frmIcon::QueryUnload()
     const BoxAnswer answer = MsgBox(QStringLiteral("Save icon?"), BoxIcon::Question, BoxButtons::YesNoCancel);
     if (answer == BoxAnswer::Yes)
         RunCommand([this] { sva_Click(); });
-    // What was to be saved and is not keeps the window open.
+    // A requested save that fails keeps the window open.
     return answer == BoxAnswer::No || !sheet.isChanged ? Leaving::Closes : Leaving::Stays;
 }
 
 void frmIcon::reject()
 {
-    // A main window that is gone has asked before it went; its end closes the tools too.
+    // A main window that has gone has asked before closing; its end closes the tools too.
     const bool hasAsked = parentWidget() != nullptr && !parentWidget()->isVisible();
     if (hasAsked || QueryUnload() == Leaving::Closes)
         QDialog::reject();
 }
 
-// The bench goes down with its main window, and must not take an unsaved icon with it.
+// The bench closes with its main window, which must not lose an unsaved icon.
 bool frmIcon::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == parent() && event->type() == QEvent::Close && isVisible() && QueryUnload() == Leaving::Stays) {

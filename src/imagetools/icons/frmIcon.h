@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The icon bench: draws an icon of 32 x 32 pixels, makes one of a picture, and puts it into a runtime engine.
+// The icon bench: draws an icon of 32 x 32 pixels, makes one from a picture, and writes it into a runtime engine.
 #pragma once
 
 #include "imagetools/icons/modIcon.h"
@@ -45,7 +45,7 @@ private:
     enum class Leaving { Closes, Stays };
     Leaving QueryUnload();
 
-    // Shows what the sheet holds, what can be done with it, and a word on it.
+    // Shows the sheet's icon, the available commands, and a status text.
     void ShowSheet(const QString& news = {});
     void ShowPlace(IconPoint place);
     void ShowHint();
@@ -94,11 +94,11 @@ private:
     ColorRef currentColor = 0;
     bool painting = false; // the left button is down in the grid
     IconPoint lastPlace;   // of the pointer, while painting
-    QString iconPath;      // the file whose icons are looked through
+    QString iconPath;      // the file whose icons are browsed
     int iconCount = 0;
     int iconIndex = 0;
-    std::optional<IconImage> heldIcon; // what cmdChoose takes
-    cDIBSection bitmap;                // what picBmp shows
+    std::optional<IconImage> heldIcon; // taken by cmdChoose
+    cDIBSection bitmap;                // shown by picBmp
     int widthBefore = 0;               // the window's, before the picture was shown
 };
 

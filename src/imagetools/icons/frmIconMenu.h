@@ -12,11 +12,11 @@ class QToolBar;
 
 namespace ob {
 
-// The items by name. Paint and change exclude each other and show which of them is on.
+// The items by name. Paint and change are exclusive and show which of them is on.
 QHash<QString, QAction*> BuildIconMenu(QMenuBar& bar);
 
-// The buttons by number, from 0; separators are null. A button stands for a menu item and shows its state; only
-// "runtime" is switched by itself.
+// The buttons by number, from 0; separators are null. A button triggers a menu item and shows its state; only "runtime"
+// has a switch of its own.
 QList<QAction*> BuildIconToolbar(QToolBar& bar, const QHash<QString, QAction*>& items);
 
 } // namespace ob

@@ -29,8 +29,7 @@ QSize frmIconSwatch::sizeHint() const
 
 void frmIconSwatch::paintEvent(QPaintEvent*)
 {
-    // The colour reaches up to its frame; around the chosen one there is a ring, with a gap so that no colour can hide
-    // it.
+    // The colour extends to its frame; the chosen one has a ring around it, with a gap so that no colour can hide it.
     constexpr int gap = 4;
     constexpr int ring = 2;
     QPainter painter(this);

@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// In a group of exclusive ones the arrow keys choose.
+// In an exclusive group the arrow keys choose.
 class frmIconSwatch final : public QAbstractButton {
     Q_OBJECT
 

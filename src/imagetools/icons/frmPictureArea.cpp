@@ -148,7 +148,7 @@ bool frmPictureArea::MoveBand(const QKeyEvent& event)
 
 bool frmPictureArea::event(QEvent* event)
 {
-    // Here the key means the picture, whatever menu item has it.
+    // Here the key applies to the picture, even if a menu item uses it.
     if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::SelectAll)) {
         event->accept();
         return true;

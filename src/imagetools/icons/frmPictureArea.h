@@ -11,10 +11,10 @@
 
 namespace ob {
 
-// The left button draws the band, in any direction; its release chooses. The right button ends it.
+// The left button draws the band, in any direction; its release chooses. The right button cancels.
 //
-// With the keys: the arrows move a band of 32 x 32 at first, with Shift they move its lower right corner, Ctrl+A takes
-// the whole picture; Enter chooses and Escape ends it.
+// With the keys: the arrows move a band of 32 x 32 at first, with Shift they move its lower right corner, Ctrl+A
+// selects the whole picture; Enter chooses and Escape cancels.
 class frmPictureArea final : public QWidget {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ public:
 Q_SIGNALS:
     void Selected(const ob::IconRegion& region); // not empty, and within the picture
     void Ended();
-    void Followed(QPoint place); // the corner that moves, to be kept in sight
+    void Followed(QPoint place); // the corner that moves, to be kept visible
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -56,7 +56,7 @@ private:
     int line;
 };
 
-// From here on the painter counts the screen's pixels from the widget's corner. Gives how many of them make one.
+// From here on the painter's unit is the screen's pixel, from the widget's corner. Returns how many of them make one.
 qreal CountScreenPixels(QPainter& painter)
 {
     const QTransform toScreen = painter.deviceTransform();
@@ -65,7 +65,7 @@ qreal CountScreenPixels(QPainter& painter)
     return toScreen.m11();
 }
 
-// A frame of two shades, one of which shows on every colour, and the colour within.
+// A frame of two shades, one of which is visible on any colour, and the colour within.
 void PaintKeyCell(QPainter& painter, const QRect& cell, const QColor& color)
 {
     const int width = std::max(1, cell.width() / 9);
@@ -133,7 +133,7 @@ void frmPixelGrid::mousePressEvent(QMouseEvent* event)
 
 void frmPixelGrid::mouseMoveEvent(QMouseEvent* event)
 {
-    // A box that opens under the held button takes its release.
+    // A box that opens while the button is held gets its release.
     if (!spaceHeld && !event->buttons().testFlag(Qt::LeftButton))
         Q_EMIT MouseUp();
     Q_EMIT MouseMove(PlaceOf(*event));
@@ -234,7 +234,7 @@ void frmPixelGrid::focusInEvent(QFocusEvent* event)
 
 void frmPixelGrid::focusOutEvent(QFocusEvent* event)
 {
-    // Its release goes to whoever has the keys now.
+    // Its release goes to whatever now has the focus.
     EndSpace();
     ShowKeyCell(false);
     QWidget::focusOutEvent(event);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The enlarged view of an icon: a cell a pixel, with lines between; it tells what mouse and keys do to it.
+// The enlarged view of an icon: one cell per pixel, with lines between; it reports what mouse and keys do to it.
 #pragma once
 
 #include "imagetools/icons/modIcon.h"
@@ -8,8 +8,8 @@
 
 namespace ob {
 
-// The view has a width and height of GridSide logical pixels. Cells and lines begin and end on whole pixels of the
-// screen, whatever its scale.
+// The view has a width and height of GridSide logical pixels. Cells and lines start and end on whole screen pixels at
+// any scale.
 //
 // The keys act as a mouse on a cell with a frame: arrows, Home, End, Page Up and Page Down move it, Space is the left
 // button for as long as it is held, Enter the right one.

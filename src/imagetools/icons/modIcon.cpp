@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The icon of the icon editor as a value, and what can be done to it.
+// The icon of the icon editor as a value, and its operations.
 #include "imagetools/icons/modIcon.h"
 
 #include "imaging/cPalette.h"
@@ -21,7 +21,7 @@ namespace ob {
 
 namespace {
 
-// A new icon whose every pixel comes from the place that the rule gives.
+// A new icon whose every pixel comes from the place given by the rule.
 template <class Source>
 Icon Rearranged(const Icon& icon, Source sourceOf)
 {
@@ -35,8 +35,8 @@ Icon Rearranged(const Icon& icon, Source sourceOf)
     return result;
 }
 
-// Sizes in the icon file: lines of colour indices and of mask bits, bottom-up, fill whole groups of four bytes as they
-// are.
+// Sizes in the icon file: lines of colour indices and of mask bits, bottom-up, which fill whole groups of four bytes
+// without padding.
 constexpr int DirectorySize = 6 + 16;
 constexpr int TableSize = 16 * 4;
 constexpr int ColorLine = IconSide / 2;
@@ -44,7 +44,7 @@ constexpr int MaskLine = IconSide / 8;
 constexpr int PixelsSize = IconSide * (ColorLine + MaskLine);
 constexpr int ImageSize = static_cast<int>(InfoHeaderSize) + TableSize + PixelsSize;
 
-// What the engine takes: the image with the directory's last byte in front.
+// The bytes for the engine: the last byte of the directory, then the image.
 constexpr int BlockStart = DirectorySize - 1;
 constexpr int BlockSize = 1 + ImageSize;
 
@@ -69,7 +69,7 @@ int Channel(ColorRef color, int shift)
     return static_cast<int>((color >> shift) & 0xFF);
 }
 
-// The place in the file's table of the colour that is nearest.
+// The index of the nearest colour in the file's table.
 int NearestIndex(ColorRef color)
 {
     const auto distance = [color](const PaletteEntry& entry) {
@@ -106,7 +106,7 @@ int CellIndex(int place)
     return place >= 0 ? place / CellSide : -1;
 }
 
-// The steps of a move of that many, starting at a place and going by +1, 0 or -1, that may lie within the view.
+// The range of steps within the view, of a move of that many, from a place by +1, 0 or -1 each.
 struct StepRange {
     std::int64_t first;
     std::int64_t last;
@@ -122,7 +122,7 @@ StepRange StepsInView(std::int64_t start, std::int64_t direction, std::int64_t c
     return {std::max<std::int64_t>(0, enter), std::min(count, leave)};
 }
 
-// A share of a distance, to the nearest whole.
+// A fraction of a distance, rounded to the nearest integer.
 std::int64_t ShareOf(std::int64_t distance, std::int64_t step, std::int64_t steps)
 {
     const std::int64_t product = 2 * std::abs(distance) * step + steps;
@@ -197,7 +197,7 @@ std::optional<IconPoint> CellAt(IconPoint place)
 
 std::vector<IconPoint> CellsBetween(IconPoint from, IconPoint to)
 {
-    // No pointer comes that far; within it the products below cannot overflow.
+    // No pointer gets that far; within it the products below cannot overflow.
     constexpr int farthest = 1 << 24;
     from = {std::clamp(from.x, -farthest, farthest), std::clamp(from.y, -farthest, farthest)};
     to = {std::clamp(to.x, -farthest, farthest), std::clamp(to.y, -farthest, farthest)};
@@ -207,7 +207,7 @@ std::vector<IconPoint> CellsBetween(IconPoint from, IconPoint to)
     const std::int64_t along = isFlat ? width : height;
     const std::int64_t direction = along > 0 ? 1 : along < 0 ? -1 : 0;
     const std::int64_t steps = std::abs(along);
-    // A pointer far outside has no more steps over the icon than one at its edge.
+    // A pointer far outside takes no more steps over the icon than one at its edge.
     const auto [first, last] = StepsInView(isFlat ? from.x : from.y, direction, steps);
     std::vector<IconPoint> cells;
     for (std::int64_t step = first; step <= last; ++step) {
@@ -383,7 +383,7 @@ void InstallIcon(const QString& enginePath, const Icon& icon, EngineVersion vers
     front.append(position - front.size(), '\0');
     const QByteArray file = IconFileOf(icon);
     ReplaceFile(TempIconPath(), file);
-    // What lies in front is written as it was, so that one write in place does it.
+    // The bytes before are rewritten unchanged, so that a single write in place is enough.
     const QByteArrayView pieces[] = {front, QByteArrayView(file).sliced(BlockStart, BlockSize)};
     WriteKeepingTail(enginePath, FilePieces(pieces));
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Icons out of icon files, programs and libraries.
+// Icons from icon files, programs and libraries.
 #include "imagetools/icons/modIconFile.h"
 
 #include "imagetools/icons/modNeIcons.h"
@@ -18,13 +18,13 @@ namespace {
 constexpr std::size_t DirectoryBytes = 6;
 constexpr std::size_t FileEntryBytes = 16;  // ends with the image's place
 constexpr std::size_t GroupEntryBytes = 14; // ends with the image's number
-// An icon has a dozen images; bounds keep a made-up directory from costing seconds, and a made-up program, whose icons
-// may all share one such directory, too.
+// An icon has a dozen images; limits keep a forged directory from costing seconds, and also a forged program whose
+// icons all share one such directory.
 constexpr std::size_t MostImages = 256;
 constexpr std::size_t LeastImages = 16;
 constexpr std::size_t MostImagesInAll = 1 << 20;
 
-// How many images a directory of either kind names; 0 when it is none.
+// The number of images in a directory of either kind; 0 when it is not a directory.
 std::size_t ImageCount(ByteView directory)
 {
     constexpr std::uint16_t iconKind = 1;
@@ -34,7 +34,7 @@ std::size_t ImageCount(ByteView directory)
     return reader.Word(4);
 }
 
-// The best of the images that the directory names, by what the images say of themselves.
+// The best of the images in the directory, by the headers of the images themselves.
 template <class ImageOfEntry>
 ByteView BestImage(ByteView directory, std::size_t most, std::size_t entryBytes, ImageOfEntry imageOfEntry)
 {

@@ -15,12 +15,12 @@ namespace ob {
 
 namespace {
 
-// The first chunk with its length, which a PNG file always begins with.
+// The first chunk with its length, with which a PNG file always starts.
 constexpr std::array<std::uint8_t, 16> PngStart = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
                                                    0,    0,   0,   13,  'I',  'H',  'D',  'R'};
 constexpr std::size_t PngHeaderEnd = 29;
 
-// Where the parts of a bitmap lie, from its first byte.
+// The places of the parts of a bitmap, from its first byte.
 struct BitmapParts {
     IconImageSize size;
     std::size_t colors = 0;
@@ -129,7 +129,7 @@ std::optional<IconImage> ReadPng(ByteView bytes, const IconImageSize& size)
     return image;
 }
 
-// The colours as a bitmap file of their own, which the imaging library reads.
+// The colours as a separate bitmap file, for the imaging library.
 std::optional<cDIBSection> ReadColors(ByteView bytes, const BitmapParts& parts)
 {
     BitmapFileHeader fileHeader;

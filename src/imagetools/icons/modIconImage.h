@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One image of an icon, as icon files and programs hold it, and its drawing.
+// One image of an icon, as in icon files and programs, and its drawing.
 #pragma once
 
 #include "imagetools/icons/modIcon.h"
@@ -12,13 +12,13 @@
 
 namespace ob {
 
-// Sides beyond this are refused; the directories of icon files end at 256, PNG images may go beyond that.
+// Sides beyond this are rejected; the directories of icon files end at 256, PNG images may go beyond that.
 constexpr int MostIconSide = 1024;
 
 struct IconImageSize {
     int width = 0;
     int height = 0;
-    int bits = 0; // a pixel, all channels together
+    int bits = 0; // per pixel, all channels together
     bool operator==(const IconImageSize&) const = default;
 };
 
@@ -28,15 +28,15 @@ struct IconImage {
     int height = 0;
     int bits = 0;
     std::vector<ColorRef> colors;
-    std::vector<std::uint8_t> mask;  // 1 where the background stays and the colour is laid over it by exclusive or
-    std::vector<std::uint8_t> alpha; // empty when the mask counts; then 255 covers the background, 0 leaves it
+    std::vector<std::uint8_t> mask;  // 1 where the colour is combined with the background by exclusive or
+    std::vector<std::uint8_t> alpha; // empty when the mask counts; otherwise 255 covers the background, 0 leaves it
 };
 
-// What the header of an image says; nothing unless the bytes hold all that a bitmap of that size needs (1, 4, 8, 16,
-// 24 or 32 bits a pixel, not compressed), or are a PNG file with a header.
+// The size in the header of an image; nothing unless the bytes contain a complete bitmap of that size (1, 4, 8, 16, 24
+// or 32 bits per pixel, not compressed), or are a PNG file with a header.
 std::optional<IconImageSize> ReadIconImageSize(ByteView bytes);
 
-// The image. Nothing where ReadIconImageSize gives nothing, and for a damaged PNG file.
+// The image. Nothing where ReadIconImageSize returns nothing, and for a damaged PNG file.
 //
 // An image of 32 bits whose fourth channel is 0 everywhere has no alpha: it is drawn by its mask, as the system does.
 std::optional<IconImage> ReadIconImage(ByteView bytes);

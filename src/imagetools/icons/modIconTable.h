@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The icons that a program holds, as its resources name them, before any image is looked at.
+// The icons of a program, as listed in its resources, before any image is read.
 #pragma once
 
 #include "imaging/modFileAccess.h"
@@ -16,7 +16,7 @@ constexpr std::uint16_t ImageResource = 3;
 constexpr std::uint16_t GroupResource = 14;
 
 struct IconTable {
-    // The directory of each icon, in the order of the program; empty where it lies beyond the end of the file.
+    // The directory of each icon, in the order of the program; empty where it is beyond the end of the file.
     std::vector<ByteView> groups;
 
     // The images by number; of several with one number the first counts.
@@ -24,7 +24,7 @@ struct IconTable {
 
     void SortImages() { std::ranges::stable_sort(images, {}, &std::pair<std::uint16_t, ByteView>::first); }
 
-    // Once the images are sorted; empty when there is none of that number.
+    // Requires sorted images; empty when there is none of that number.
     ByteView Image(std::uint16_t number) const
     {
         const auto found = std::ranges::lower_bound(images, number, {}, &std::pair<std::uint16_t, ByteView>::first);
@@ -32,7 +32,7 @@ struct IconTable {
     }
 };
 
-// The bytes from there on, as many as the size says; empty when not all of them are there.
+// The bytes from that place, as many as size; empty when not all of them exist.
 inline ByteView BytesAt(ByteView file, std::uint64_t offset, std::uint64_t size)
 {
     if (offset > file.size() || size > file.size() - offset)

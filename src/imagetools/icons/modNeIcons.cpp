@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The icons in programs and libraries of the NE format: one table, a block a type, a row a resource.
+// The icons in programs and libraries of the NE format: one table, with a block per type and a row per resource.
 #include "imagetools/icons/modNeIcons.h"
 
 #include "imaging/modBitmapHeaders.h"
@@ -11,13 +11,13 @@ namespace {
 constexpr std::size_t HeaderBytes = 64;
 constexpr std::size_t BlockBytes = 8;
 constexpr std::size_t RowBytes = 12;
-constexpr std::uint16_t NumberBit = 0x8000; // of a type or a resource that has a number and no text
-// Places and lengths are counted in units of a power of two; the highest that a linker makes is far below.
+constexpr std::uint16_t NumberBit = 0x8000; // of a type or a resource with a number instead of a text
+// Places and lengths are counted in units of a power of two; the highest used by linkers is far below.
 constexpr unsigned MostShift = 16;
 // The table's texts are found by offsets of 16 bits from its start.
 constexpr std::size_t MostTableBytes = 1 << 16;
 
-// Lengths are rounded up to whole units, so the last resource may seem to reach beyond the end.
+// Lengths are rounded up to whole units, so the last resource may appear to extend beyond the end.
 ByteView ResourceAt(ByteView file, const cByteReader& row, unsigned shift)
 {
     const std::uint64_t offset = std::uint64_t{row.Word(0)} << shift;

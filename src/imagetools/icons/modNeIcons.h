@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// The table of a program whose NE header starts there; empty for anything else.
+// The table of a program whose NE header starts at that place; empty for anything else.
 IconTable ReadNeIcons(ByteView file, std::size_t header);
 
 } // namespace ob

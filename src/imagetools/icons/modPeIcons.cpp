@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The icons in programs and libraries of the PE format. The tree of resources has three levels, types, names and
-// languages, and is never followed deeper, so that loops lead nowhere.
+// languages, and is never followed deeper, so that loops are harmless.
 #include "imagetools/icons/modPeIcons.h"
 
 #include "imaging/modBitmapHeaders.h"
@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t SignatureSize = 4;
 constexpr std::size_t FileHeaderBytes = 20;
 constexpr std::size_t SectionBytes = 40;
-// The system starts no program with more; a bound keeps each look-up short.
+// The system does not start programs with more; a bound keeps each look-up short.
 constexpr std::size_t MostSections = 96;
 
 constexpr std::uint32_t HighBit = 0x80000000;
@@ -28,7 +28,7 @@ struct Program {
     std::vector<Section> sections;
     std::uint32_t resources = 0; // address of the tree; 0 for none
 
-    // What stands in the file for the memory from that address on, to the end of its section.
+    // The bytes in the file for the memory from that address on, to the end of its section.
     ByteView From(std::uint32_t address) const
     {
         for (const Section& section : sections) {
@@ -93,7 +93,7 @@ std::optional<Program> ReadProgram(ByteView file, std::size_t header)
     return program;
 }
 
-// The entries of one branch as far as they lie in the tree: those with texts first, then those with numbers.
+// The entries of one branch as far as they are in the tree: those with texts first, then those with numbers.
 std::vector<TreeEntry> EntriesAt(ByteView tree, std::uint32_t target)
 {
     constexpr std::size_t headerBytes = 16;
@@ -102,8 +102,8 @@ std::vector<TreeEntry> EntriesAt(ByteView tree, std::uint32_t target)
     if (BytesAt(tree, start, headerBytes).empty())
         return {};
     const cByteReader reader(tree);
-    const std::size_t told = std::size_t{reader.Word(start + 12)} + reader.Word(start + 14);
-    const std::size_t count = std::min(told, (tree.size() - start - headerBytes) / entryBytes);
+    const std::size_t claimed = std::size_t{reader.Word(start + 12)} + reader.Word(start + 14);
+    const std::size_t count = std::min(claimed, (tree.size() - start - headerBytes) / entryBytes);
     std::vector<TreeEntry> entries(count);
     for (std::size_t index = 0; index < count; ++index) {
         const std::size_t place = start + headerBytes + index * entryBytes;

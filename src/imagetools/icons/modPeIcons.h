@@ -8,8 +8,8 @@
 
 namespace ob {
 
-// The table of a program whose PE header starts there; empty for anything else. Loops, and offsets beyond the end,
-// end in icons without an image. Of an icon in several languages the first counts.
+// The table of a program whose PE header starts at that place; empty for anything else. Loops, and offsets beyond the
+// end, result in icons without an image. Of an icon in several languages the first counts.
 IconTable ReadPeIcons(ByteView file, std::size_t header);
 
 } // namespace ob

@@ -8,7 +8,7 @@
 
 namespace ob {
 
-// An empty one gives an empty one. Transparent parts of an image lie on white.
+// An empty one gives an empty one. Transparent parts of an image are laid on white.
 QImage ImageOf(const cDIBSection& picture);
 cDIBSection CreateFromPicture(const QImage& image);
 

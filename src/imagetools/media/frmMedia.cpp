@@ -59,10 +59,10 @@ void frmMedia::WriteCodeMedia()
         return;
     const MediaPath path = ui->chkPath->isChecked() ? MediaPath::Whole : MediaPath::NameOnly;
     const QString code = WithLineFeeds(MediaCode(file, path));
-    // To colour the text changes it too.
+    // Colouring the text also changes it.
     const QSignalBlocker quiet(ui->txtCode);
     ui->txtCode->ShowCode(code);
-    // What was put there in its place has to go, even if the code is the one that was shown last.
+    // Replaces any other text there, even if the code is the one shown last.
     if (ui->txtCode->toPlainText() != code)
         ui->txtCode->setPlainText(code);
 }

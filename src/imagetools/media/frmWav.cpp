@@ -68,7 +68,7 @@ void frmWav::cmdPlay_Click()
 
 void frmWav::cmdStop_Click()
 {
-    // The name of no sound: what it does is to end the one in progress.
+    // Not the name of a sound: this only ends the one in progress.
     sndPlaySoundA(QStringLiteral("1"), SND_SYNC);
 }
 

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int BufferSize = 128;
 
-// The answer to a question about the file that plays: the number at its start.
+// The answer to a query about the playing file: the number at its start.
 float Ask(const QString& command)
 {
     QByteArray buffer(BufferSize, ' ');
@@ -171,7 +171,7 @@ QString MediaCopyFilter(const QString& file)
 
 bool CopyMedia(const QString& from, const QString& to)
 {
-    // A film may be larger than memory, so it goes over piece by piece.
+    // A film may be larger than memory, so it is copied piece by piece.
     constexpr qint64 step = qint64{1} << 20;
     QFile source(from);
     if (!QFileInfo(from).isFile() || !source.open(QIODevice::ReadOnly))

@@ -18,7 +18,7 @@ std::uint32_t cFileDlg::AllFlags() const
            (OverwritePrompt ? OFN_OVERWRITEPROMPT : 0);
 }
 
-// The entry to start with comes first, as the boxes start with the first one.
+// The initial entry comes first, as the boxes start with the first one.
 QString cFileDlg::BoxFilter() const
 {
     QStringList parts = QString(Filter).replace(u':', u'|').split(u'|');
@@ -63,7 +63,7 @@ bool cFileDlg::VBGetSaveFileName(QString& fileName) const
     QString chosen = FileBox({FilePurpose::Save, DlgTitle, Folder(), fileName, BoxFilter()});
     if (!chosen.isEmpty() && !DefaultExt.isEmpty() && !NameOf(chosen).contains(u'.')) {
         chosen += u'.' + DefaultExt;
-        // The box has asked for the name without its ending.
+        // The box has asked about the name without its extension.
         const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(chosen);
         if (ExistFile(chosen) && MsgBox(question, BoxIcon::Question, BoxButtons::YesNo) != BoxAnswer::Yes)
             return false;

@@ -17,8 +17,8 @@ inline constexpr std::uint32_t OFN_HIDEREADONLY = 0x4;
 inline constexpr std::uint32_t OFN_ALLOWMULTISELECT = 0x200;
 inline constexpr std::uint32_t OFN_FILEMUSTEXIST = 0x1000;
 
-// What this system's boxes have no place for (read-only tick, several names) is held in the record alone. The boxes lie
-// over the active window, and the box for a new name always asks before an old file would be replaced.
+// Options that this system's boxes lack (read-only tick, several names) are only kept in the record. The boxes are
+// modal to the active window, and the box for a new name always asks before an existing file would be replaced.
 class cFileDlg {
 public:
     // The file name's place in the record.
@@ -30,16 +30,16 @@ public:
     bool ReadOnly = false;
     bool HideReadOnly = false;
     bool OverwritePrompt = false;
-    QString Filter;      // "Words|*.bmp:Other words|*.dib": ":" and "|" mean the same
+    QString Filter;      // "Words|*.bmp:Other words|*.dib"; ":" and "|" are equivalent
     int FilterIndex = 1; // from 1
     QString InitDirectory;
     std::optional<QStandardPaths::StandardLocation> InitDirectorySpecial; // when there is no InitDirectory
     QString DlgTitle;
-    QString DefaultExt; // without the point; given to a chosen name that has none
+    QString DefaultExt; // without the dot; added to a chosen name that has none
     std::uint32_t Flags = 0;
 
-    // True on OK, with the chosen name in the argument, which holds the suggested name before. A name that does not fit
-    // into the record counts as Cancel, and so does one that must exist and does not.
+    // True on OK, with the chosen name in the argument, which is the suggested name before. A name that does not fit
+    // into the record counts as Cancel, as does one that must exist and does not.
     bool VBGetOpenFileName(QString& fileName) const;
     bool VBGetOpenFileNamePreview(QString& fileName) const;
     bool VBGetSaveFileName(QString& fileName) const;

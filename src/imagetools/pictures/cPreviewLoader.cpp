@@ -10,7 +10,7 @@ namespace ob {
 
 using namespace std::chrono_literals;
 
-// A reader that takes longer waits for a disk; its thread is let go so that others are not kept.
+// A reader that takes longer is waiting for a disk; its thread is released so that others are not delayed.
 static constexpr auto longestRead = 5s;
 
 void cPreviewLoader::Begin(const PreviewRequest& request)

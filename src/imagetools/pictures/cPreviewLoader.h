@@ -15,20 +15,20 @@ class cPreviewLoader {
 public:
     using Read = std::function<Preview(const PreviewRequest&)>;
 
-    // The reader runs on other threads and owns all that it touches.
+    // The reader runs on other threads and owns everything that it uses.
     explicit cPreviewLoader(Read readPreview = LoadPreview) : read(std::move(readPreview)) {}
 
-    // Asks for a preview. One that is being read is finished and forgotten; requests that have not been begun are
+    // Requests a preview. One that is being read is finished and discarded; requests that have not been started are
     // replaced.
     void Ask(const PreviewRequest& request);
 
     // The preview of the newest request, once, when it has been read.
     std::optional<Preview> Take();
 
-    // Whether a preview is to come.
+    // Whether a preview is pending.
     bool IsBusy() const { return running.valid(); }
 
-    // Waits for the newest preview, that long at most, and takes it.
+    // Waits for the newest preview, at most that long, and takes it.
     std::optional<Preview> Wait(std::chrono::milliseconds patience);
 
 private:

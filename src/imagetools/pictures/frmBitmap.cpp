@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Browses pictures. They are read away from the window's thread, so that a large one holds nothing up.
+// Browses pictures. They are read away from the window's thread, so that a large one delays nothing.
 #include "imagetools/pictures/frmBitmap.h"
 
 #include "imagetools/pictures/modImageFiles.h"
@@ -41,7 +41,7 @@ void frmBitmap::Connect()
     connect(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
     connect(browser, &FolderBrowser::ChoiceChanged, this, [this] { File1_Click(); });
     connect(ui->Picture1, &frmPreviewBox::BoxChanged, this, [this] {
-        // A picture that is being read is read for a box of another size.
+        // A picture in progress is being read for a box of another size.
         const QString path = loader.IsBusy() ? asked : picture2.path;
         if (!path.isEmpty())
             AskFor(path);
@@ -147,7 +147,7 @@ void frmBitmap::cmdCreate_Click()
 void frmBitmap::cmdCopy_Click()
 {
     constexpr auto patience = 5s;
-    // What was chosen last is meant, also when it is still being read.
+    // Applies to the last choice, even while it is still being read.
     if (const auto preview = loader.Wait(patience))
         ShowPreview(*preview);
     if (picture2.IsEmpty()) {

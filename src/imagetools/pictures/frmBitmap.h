@@ -45,9 +45,9 @@ private:
 
     std::unique_ptr<Ui::frmBitmap> ui;
     FolderBrowser* browser = nullptr; // owned by this window
-    QTimer* timer;                    // runs while a preview is to come
+    QTimer* timer;                    // runs while a preview is pending
     cPreviewLoader loader;
-    QString asked;    // the picture that the loader was asked for last
+    QString asked;    // the picture last requested from the loader
     Preview picture2; // the picture on the screen
     cLoadBmpList list;
 };

@@ -19,7 +19,7 @@ frmPictureView::frmPictureView(QWidget* parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-// The side of a pixel: at scales such as 1.5 a pixel may not cover one and a half of the screen's.
+// The side of a pixel: at scales such as 1.5 a pixel must not cover one and a half of the screen's.
 double frmPictureView::PointsPerPixel() const
 {
     const double scale = devicePixelRatioF();
@@ -55,7 +55,7 @@ void frmPictureView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const double side = PointsPerPixel();
-    // Only the pixels that the damage touches are drawn, each to its own edges.
+    // Only the pixels within the damaged area are drawn, each to its own edges.
     const QRectF damage = event->rect();
     const QRect pixels = QRectF(damage.topLeft() / side, damage.size() / side).toAlignedRect() & shown.rect();
     if (pixels.isEmpty())
@@ -66,7 +66,7 @@ void frmPictureView::paintEvent(QPaintEvent* event)
 
 bool frmPictureView::event(QEvent* event)
 {
-    // The window may have come to a screen of another scale.
+    // The window may have moved to a screen of another scale.
     if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::Show)
         setFixedSize(sizeHint());
     return QWidget::event(event);

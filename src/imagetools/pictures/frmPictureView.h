@@ -15,7 +15,7 @@ class frmPictureView final : public QWidget {
 public:
     explicit frmPictureView(QWidget* parent = nullptr);
 
-    // Takes a copy, and the size that shows it; an empty picture shows nothing.
+    // Takes a copy, and the size to show it; an empty picture shows nothing.
     void SetPicture(const cDIBSection& picture);
 
     // Takes columns of a picture of the same size and paints them at once.

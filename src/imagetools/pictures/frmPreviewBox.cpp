@@ -37,7 +37,7 @@ void frmPreviewBox::paintEvent(QPaintEvent* event)
     if (preview.IsEmpty())
         return;
     QPainter painter(this);
-    // At its own size a picture keeps its pixels; one that is made smaller is smooth on every screen.
+    // At its own size a picture keeps its pixels; a reduced one is smooth on every screen.
     painter.setRenderHint(QPainter::SmoothPixmapTransform, PictureRect().size() != preview.size);
     painter.drawImage(PictureRect(), preview.image);
 }

@@ -16,10 +16,10 @@ public:
 
     void ShowPreview(const Preview& newPreview);
 
-    // What a preview that fills the box has to be asked for with.
+    // The request for a preview that fills the box.
     PreviewRequest RequestFor(const QString& path) const;
 
-    // Where the picture stands; empty when there is none.
+    // The picture's place; empty when there is none.
     QRect PictureRect() const;
 
 Q_SIGNALS:

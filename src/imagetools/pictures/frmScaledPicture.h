@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows a whole picture, scaled down smoothly to the room there is and never enlarged.
+// Shows a whole picture, scaled down smoothly to the available space and never enlarged.
 #pragma once
 
 #include <QImage>
@@ -26,7 +26,7 @@ protected:
 
 private:
     QImage picture;
-    QPixmap scaled; // for the size and the screen that it was painted on last
+    QPixmap scaled; // for the size and the screen on which it was last painted
 };
 
 } // namespace ob

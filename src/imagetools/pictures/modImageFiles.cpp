@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the bitmap previewer does to files.
+// The bitmap previewer's file operations.
 #include "imagetools/pictures/modImageFiles.h"
 
 #include "imagetools/pictures/modPicture.h"
@@ -19,7 +19,7 @@ namespace {
 constexpr int DemonstrationNumber = 103;
 constexpr int LibraryNumber = 104;
 
-std::optional<std::string_view> Carried(int number)
+std::optional<std::string_view> Embedded(int number)
 {
     return EmbeddedText(number, QStringLiteral("CUSTOM"));
 }
@@ -66,15 +66,15 @@ void SaveImageFile(const QString& source, const QString& target, ImageColors col
 
 bool CarriesImageLibrary()
 {
-    return Carried(LibraryNumber).has_value();
+    return Embedded(LibraryNumber).has_value();
 }
 
 QString WriteImageLibrary(const QString& folder)
 {
     const QString path = PathIn(folder, QStringLiteral("jpeg.dll"));
-    ReplaceFile(path, QByteArrayView(Carried(LibraryNumber).value_or(std::string_view())));
+    ReplaceFile(path, QByteArrayView(Embedded(LibraryNumber).value_or(std::string_view())));
     ReplaceFile(PathIn(folder, QStringLiteral("jpeg.bas")),
-                QByteArrayView(Carried(DemonstrationNumber).value_or(std::string_view())));
+                QByteArrayView(Embedded(DemonstrationNumber).value_or(std::string_view())));
     return path;
 }
 

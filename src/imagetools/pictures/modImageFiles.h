@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the bitmap previewer does to files: which it lists, saving a picture, writing out the image library.
+// The bitmap previewer's file operations: which files it lists, saving a picture, writing out the image library.
 #pragma once
 
 #include "imagetools/pictures/modLoadBmp.h"
@@ -9,7 +9,7 @@
 
 namespace ob {
 
-// The patterns of the file list. With the image library the last one holds a comma, and so fits next to nothing.
+// The patterns of the file list. With the image library the last one contains a comma, and so matches almost nothing.
 QStringList BitmapPatterns(ImageLibrary library);
 
 // "rose.bmp cannot be shown."
@@ -17,8 +17,8 @@ QString CannotBeShownText(const QString& path);
 
 enum class ImageColors { AsTheyAre, Reduced256 };
 
-// Copies the picture's file, in whatever format it is, or writes the picture as a bitmap of 256 colours, and tells the
-// user which, or that it failed. After a failure an older file of that name is as it was.
+// Copies the picture's file, in whatever format it is, or writes the picture as a bitmap of 256 colours, and shows the
+// user which, or that it failed. After a failure an older file of that name is unchanged.
 void SaveImageFile(const QString& source, const QString& target, ImageColors colors);
 
 inline const QString NoImageLibraryText =
@@ -26,7 +26,7 @@ inline const QString NoImageLibraryText =
 
 bool CarriesImageLibrary();
 
-// Writes jpeg.dll and its demonstration program into the folder; the library's path. Raises what ReplaceFile of
+// Writes jpeg.dll and its demonstration program into the folder; returns the library's path. Raises what ReplaceFile of
 // modFiles.h raises.
 QString WriteImageLibrary(const QString& folder);
 

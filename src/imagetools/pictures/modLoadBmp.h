@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list of bitmaps from which the previewer writes the lines that load them into a program and let go of them.
+// The list of bitmaps from which the previewer writes the program lines that load and unload them.
 #pragma once
 
 #include <QString>
@@ -17,7 +17,7 @@ public:
 
     enum class Answer { Added, Full };
 
-    // Counts on, and takes the path when the count is not beyond the most; it counts on also after a refusal.
+    // Increments the count, and takes the path unless the count exceeds the maximum; counts also when it takes no path.
     Answer Add(const QString& path);
 
     int Count() const { return count; }
@@ -28,12 +28,12 @@ private:
     std::int16_t count = 0;
 };
 
-enum class ImageLibrary { Unused, Used };  // jpeg.dll loads the pictures, or the language itself does
-enum class PathInformation { Left, Full }; // pictures lie beside the program, or where their paths say
+enum class ImageLibrary { Unused, Used };  // whether jpeg.dll or the language itself loads the pictures
+enum class PathInformation { Left, Full }; // pictures are in the program's folder, or at their full paths
 
-// The routine that loads the pictures and the one that lets go of them, lines ending in CR LF. A picture is called by
-// its file's name without the last four characters; a path may have either separator. Raises InvalidCall for a name of
-// fewer than four characters.
+// The routine that loads the pictures and the one that unloads them, lines ending in CR LF. A picture is named after
+// its file without the last four characters; a path may have either separator. Raises InvalidCall for a name of fewer
+// than four characters.
 QString LoadBmpText(const QStringList& paths, ImageLibrary library, PathInformation information);
 
 } // namespace ob

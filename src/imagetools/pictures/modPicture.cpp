@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The imaging library's way to the toolkit and to the disk.
+// Connects the imaging library with the toolkit and the disk.
 #include "imagetools/pictures/modPicture.h"
 
 #include "imagetools/metafiles/modMetafile.h"
@@ -33,7 +33,7 @@ cDIBSection PictureOfToolkit(QByteArrayView bytes)
     QBuffer buffer(&content);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
-    // Drawings of this format may hold text, and the toolkit ends a process that draws text without fonts.
+    // Drawings of this format may contain text, and the toolkit aborts a process that draws text without fonts.
     if (reader.format().startsWith("svg") && !CanDrawText())
         throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
     cDIBSection picture = CreateFromPicture(reader.read());
@@ -126,7 +126,7 @@ FileReader DiskReader()
             const QByteArray bytes = ReadWhole(path);
             return {FileOutcome::Done, {bytes.begin(), bytes.end()}, {}};
         } catch (const RuntimeError& error) {
-            // A file that is there and may not be read is as closed to us as one that is in use.
+            // An existing file without read permission counts as one that is in use.
             const bool isLocked =
                 error.number == static_cast<int>(ErrorNumber::PermissionDenied) ||
                 (error.number == static_cast<int>(ErrorNumber::PathFileAccess) && QFileInfo(path).isFile());

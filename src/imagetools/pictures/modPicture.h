@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The imaging library's way to the toolkit and to the disk: pictures from files, images, the clipboard.
+// Connects the imaging library with the toolkit and the disk: pictures from files, images, the clipboard.
 #pragma once
 
 #include "imagetools/images/modImage.h"
@@ -13,11 +13,11 @@
 
 namespace ob {
 
-// Room for pictures of about a hundred million points; the toolkit refuses larger ones before it makes them.
+// Enough for pictures of about a hundred million points; the toolkit rejects larger ones before creating them.
 constexpr int MostPictureMegabytes = 512;
 
-// The picture in the bytes of a file: a bitmap, a metafile, or any format that the toolkit reads. Transparent parts
-// lie on white. Raises InvalidPicture.
+// The picture in the bytes of a file: a bitmap, a metafile, or any format that the toolkit reads. Transparent parts are
+// laid on white. Raises InvalidPicture.
 cDIBSection PictureOfBytes(QByteArrayView bytes);
 
 // The picture of a file. Raises FileNotFound, PathFileAccess, DeviceIoError, InvalidPicture.
@@ -28,8 +28,8 @@ cDIBSection LoadPicture(const QString& path);
 enum class ClipboardForm { Bitmap, Dib };
 bool CopyToClipboard(const cDIBSection& picture, ClipboardForm form);
 
-// Files on disk for the imaging library; names are UTF-8. The writer replaces a file whole or leaves the old one; the
-// other writes at the start of a file and leaves what a longer one holds behind it.
+// Files on disk for the imaging library; names are UTF-8. The writer replaces a file completely or keeps the old one;
+// the other writes at the start of a file and keeps the rest of a longer one.
 FileReader DiskReader();
 FileWriter DiskWriter();
 FileWriter DiskWriterKeepingTail();
@@ -37,7 +37,7 @@ FileWriter DiskWriterKeepingTail();
 // The library's messages as boxes.
 NoticeSink NoticeBoxes();
 
-// The library's error as the one that the program shows.
+// Converts the library's error to the one that the program shows.
 RuntimeError RuntimeErrorOf(const ImagingError& error);
 
 } // namespace ob

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pictures made as small as the place where they are shown.
+// Pictures reduced to the size at which they are shown.
 #include "imagetools/pictures/modPreview.h"
 
 #include "imagetools/metafiles/modMetafile.h"
@@ -16,7 +16,7 @@ namespace ob {
 
 namespace {
 
-// How large the image of a picture must be to look its best: that of the screen's pixels when it is made smaller.
+// The size at which the image of a picture looks best: that of the screen's pixels when it is reduced.
 QSize ImageSize(QSize picture, const PreviewRequest& request)
 {
     const QSize fitted = FittedSize(picture, request.box);
@@ -28,7 +28,7 @@ QImage OnWhite(const QImage& image)
     return image.hasAlphaChannel() ? ImageOf(CreateFromPicture(image)) : image;
 }
 
-// Formats with a way to read less, as JPEG, take it here.
+// Formats that can be read at a reduced size, such as JPEG, are.
 Preview PreviewOfToolkit(QByteArray& bytes, const PreviewRequest& request)
 {
     QImageReader::setAllocationLimit(MostPictureMegabytes);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pictures made as small as the place where they are shown.
+// Pictures reduced to the size at which they are shown.
 #pragma once
 
 #include <QImage>
@@ -10,8 +10,8 @@ namespace ob {
 
 struct PreviewRequest {
     QString path;
-    QSize box;         // the room for it, in the units of the screen's layout
-    double pixels = 1; // of the screen in such a unit
+    QSize box;         // the space for it, in the units of the screen's layout
+    double pixels = 1; // of the screen per such unit
 };
 
 // A picture that could not be read has no size and no image.
@@ -23,11 +23,12 @@ struct Preview {
     bool IsEmpty() const { return image.isNull(); }
 };
 
-// The picture's size, or, when it does not fit, the largest of the same proportions that does; each side at least 1.
+// The picture's size, or, when it does not fit, the largest size of the same proportions that does; each side at least
+// 1.
 QSize FittedSize(QSize picture, QSize box);
 
-// Reads the picture, smaller from the start where its format allows that. Transparent parts lie on white. Raises
-// nothing; any thread may call it.
+// Reads the picture, directly at a smaller size where its format allows that. Transparent parts are laid on white.
+// Raises nothing; may be called on any thread.
 Preview LoadPreview(const PreviewRequest& request);
 
 } // namespace ob

@@ -15,8 +15,8 @@ namespace ob {
 
 namespace {
 
-// The picture takes the colours of the file. The library drops what a writer answers, so what goes wrong on the disk
-// leaves it as an exception.
+// The picture takes the colours of the file. The library ignores a writer's result, so disk errors leave it as
+// exceptions.
 void Save(cDIBSection picture, const QString& path)
 {
     bool isWritten = false;

@@ -15,7 +15,7 @@ frmBatch::frmBatch(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
 {
     ui->setupUi(this);
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns, this);
-    // The list is not to be taken for empty before the folder has been read.
+    // The list must not count as empty before the folder has been read.
     connect(browser, &FolderBrowser::FolderChanged, this, [this] { ui->OKButton->setEnabled(false); });
     connect(browser, &FolderBrowser::FilesListed, this, [this] { ui->OKButton->setEnabled(true); });
     connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
@@ -75,7 +75,7 @@ void frmBatch::OKButton_Click()
         return;
     SetState(State::AtWork);
     ui->CancelButton->setFocus();
-    // While the error is shown the label still tells which file it is.
+    // While the error is shown the label still names the file.
     if (RunCommand([&] { MaskAll(folder, names); }) == CommandEnd::Finished)
         accept();
     else

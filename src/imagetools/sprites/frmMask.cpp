@@ -17,7 +17,7 @@ namespace ob {
 
 namespace {
 
-// The pointer tells for as long as this lives that the program is at work.
+// Shows the busy pointer during its lifetime.
 class Hourglass {
 public:
     Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -63,7 +63,7 @@ void frmMask::DoMask(const QString& fileName)
     constexpr int columnsPerStep = 10;
     ShowPicture(fileName, SpriteTwice(LoadPicture(fileName)));
     const Hourglass pointer;
-    // The picture must have its place before parts of it are painted.
+    // The picture must be laid out before parts of it are painted.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     ui->picMask->repaint();
     for (int x = 0; x < mask.Width(); x += columnsPerStep) {

@@ -23,8 +23,7 @@ public:
     explicit frmMask(QWidget* parent = nullptr);
     ~frmMask() override;
 
-    // Reads a sprite and lets its mask grow on the screen. Raises what LoadPicture raises, and shows what it showed
-    // before.
+    // Reads a sprite and shows its mask growing. Raises what LoadPicture raises, and then keeps what it showed before.
     void DoMask(const QString& fileName);
 
 private:

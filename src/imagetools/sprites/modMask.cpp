@@ -40,7 +40,7 @@ std::size_t BytesOfPicture(const cDIBSection& picture)
     return static_cast<std::size_t>(picture.Header().biSizeImage);
 }
 
-// A blank sheet of a common sprite's width, which stands for a picture that there is not.
+// A blank picture of a common sprite's width, used in place of a missing picture.
 cDIBSection EmptyPicture()
 {
     constexpr std::int32_t side = 32;
@@ -127,7 +127,7 @@ BatchEnd MaskFiles(const QString& folder, const QStringList& names, const BatchW
         const QString path = PathIn(folder, names[place]);
         const cDIBSection picture = LoadSpriteWithMask(path);
         SaveMask(path, picture);
-        if (watch.behind(path, picture) == BatchStep::Stop)
+        if (watch.after(path, picture) == BatchStep::Stop)
             return BatchEnd::Cancelled;
     }
     return BatchEnd::Finished;

@@ -16,13 +16,13 @@ namespace ob {
 // high.
 cDIBSection SpriteWithMask(const cDIBSection& sprite);
 
-// The same in steps, for a window that shows how the mask grows: the sprite twice, then the columns from left on
-// become mask. What lies outside of the picture is passed over.
+// The same in steps, for a window that shows the mask growing: the sprite twice, then the columns become mask from the
+// left. Columns outside the picture are ignored.
 cDIBSection SpriteTwice(const cDIBSection& sprite);
 void MaskColumns(cDIBSection& picture, std::int32_t left, std::int32_t count);
 
 // Reads a sprite and masks it, and writes a picture as a 24-bit bitmap file, an empty one when it has no pixels; after
-// a failure an older file is as it was. They raise as LoadPicture and ReplaceFile do.
+// a failure an older file is unchanged. They raise as LoadPicture and ReplaceFile do.
 cDIBSection LoadSpriteWithMask(const QString& path);
 void SaveMask(const QString& path, const cDIBSection& picture);
 
@@ -30,22 +30,22 @@ void SaveMask(const QString& path, const cDIBSection& picture);
 
 extern const QStringList BitmapPatterns;
 
-// The names of the bitmaps that lie in the folder itself, in order.
+// The names of the bitmaps in the folder itself, in order.
 QStringList BitmapsIn(const QString& folder);
 
 enum class BatchStep { GoOn, Stop };
 enum class BatchEnd { Finished, Cancelled };
 
 struct BatchWatch {
-    std::function<void(qsizetype place)> before;                              // place from 0 in the list
-    std::function<BatchStep(const QString& path, const cDIBSection&)> behind; // the file is written
+    std::function<void(qsizetype place)> before;                             // place from 0 in the list
+    std::function<BatchStep(const QString& path, const cDIBSection&)> after; // the file is written
 };
 
-// Gives each file its mask, in place. The first error ends the work and is raised; that file is as it was, and those
+// Gives each file its mask, in place. The first error ends the work and is raised; that file is unchanged, and those
 // before it have their masks.
 BatchEnd MaskFiles(const QString& folder, const QStringList& names, const BatchWatch& watch);
 
-// What the user is told.
+// The texts shown to the user.
 extern const QString BatchStartText;
 extern const QString BatchQuestionText;
 extern const QString BatchCancelledText;
