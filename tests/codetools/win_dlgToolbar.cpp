@@ -273,7 +273,7 @@ private Q_SLOTS:
         });
     }
 
-    void aFileThatIsNoPictureIsReportedAndAddsNoButton()
+    void aFileThatIsNotAPictureIsReportedAndAddsNoButton()
     {
         const QString junk = bench->Write(QStringLiteral("junk.bmp"), "BMjunk");
         WithMaker([&](QDialog& maker) {

@@ -55,7 +55,7 @@ private Q_SLOTS:
         QVERIFY(!StartOfLine({}, -1));
     }
 
-    void BlockCommentChangesTheSelectedLines_data()
+    void blockCommentChangesTheSelectedLines_data()
     {
         QTest::addColumn<QByteArray>("marked");
         QTest::addColumn<QByteArray>("result");
@@ -87,13 +87,13 @@ private Q_SLOTS:
         row("between them too", "<'a\n'b\r'c\n>d", "a\nb\rc\nd");
     }
 
-    void BlockCommentChangesTheSelectedLines()
+    void blockCommentChangesTheSelectedLines()
     {
         QFETCH(QByteArray, marked);
         QTEST(Commented(marked), "result");
     }
 
-    void ALastLineWithoutALineEndLosesTwoCharacters_data()
+    void aLastLineWithoutALineEndLosesTwoCharacters_data()
     {
         QTest::addColumn<QByteArray>("marked");
         QTest::addColumn<QByteArray>("result");
@@ -114,7 +114,7 @@ private Q_SLOTS:
         row("an empty last line is left out", "<a\r\nb\r\n>", "'a\r\n'b\r\n");
     }
 
-    void ALastLineWithoutALineEndLosesTwoCharacters()
+    void aLastLineWithoutALineEndLosesTwoCharacters()
     {
         QFETCH(QByteArray, marked);
         QTEST(Commented(marked), "result");
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(Applied(commented, BlockComment(commented, 0, commented.size())), text);
     }
 
-    void NulsAreCharacters()
+    void nulsAreCharacters()
     {
         const QByteArray text("a\0b\r\n\0\r\nc\r\n", 11);
         QCOMPARE(Applied(text, BlockComment(text, 0, text.size())), QByteArray("'a\0b\r\n'\0\r\n'c\r\n", 14));
@@ -174,14 +174,14 @@ private Q_SLOTS:
         QCOMPARE(Returned(line, 0), line + "\r\n" + spaces);
     }
 
-    void TheTabSizeIsTheStep()
+    void theTabSizeIsTheStep()
     {
         QCOMPARE(Returned("  if x then", 0, 8), QByteArray("  if x then\r\n          "));
         QCOMPARE(Returned("\tif x then", 0, 1), QByteArray("\tif x then\r\n "));
         QCOMPARE(Returned("\t\tprint", 0, 3), QByteArray("\t\tprint\r\n      "));
     }
 
-    void ReturnKeepsTheLineEndsAround()
+    void returnKeepsTheLineEndsAround()
     {
         QCOMPARE(Returned(" a\nb", 0), QByteArray(" a\r\n \nb"));
         QCOMPARE(Returned(" a\rb", 0), QByteArray(" a\r\n \rb"));

@@ -72,11 +72,12 @@ private Q_SLOTS:
         QTest::newRow("overlapping") << QByteArray("aAa") << QByteArray("aa") << QByteArray("0-2 1-3");
         QTest::newRow("umlauts") << QByteArray("\xc3\x84x\xc3\xa4") << QByteArray("\xc3\xa4") << QByteArray("0-2 3-5");
         QTest::newRow("longer capital") << "x" + capitalSharpS + "y" << sharpS << QByteArray("1-4");
-        QTest::newRow("shorter small letter") << "x" + sharpS + "y" << capitalSharpS << QByteArray("1-3");
+        QTest::newRow("shorter lower-case letter") << "x" + sharpS + "y" << capitalSharpS << QByteArray("1-3");
         QTest::newRow("one character is not two") << "x" + sharpS + "ss" << QByteArray("SS") << QByteArray("3-5");
         QTest::newRow("beyond 16 bits") << QByteArray("\xf0\x90\x90\x80") << QByteArray("\xf0\x90\x90\xa8")
                                         << QByteArray("0-4");
-        QTest::newRow("no letter") << QByteArray("\xe2\x82\xac 5") << QByteArray("\xe2\x82\xac") << QByteArray("0-3");
+        QTest::newRow("not a letter") << QByteArray("\xe2\x82\xac 5") << QByteArray("\xe2\x82\xac")
+                                      << QByteArray("0-3");
         QTest::newRow("text is longer") << QByteArray("\xc3\xa4")
                                         << QByteArray("\xc3\xa4"
                                                       "b")
@@ -165,7 +166,8 @@ private Q_SLOTS:
         QTest::newRow("up") << QRect(100, 230, 200, 100) << wide << QPoint(100, 200);
         QTest::newRow("right") << QRect(100, 100, 200, 400) << QRect(90, 200, 30, 20) << QPoint(120, 100);
         QTest::newRow("left") << QRect(600, 100, 200, 400) << QRect(780, 200, 30, 20) << QPoint(580, 100);
-        QTest::newRow("down, as above is no room") << QRect(0, 0, 200, 100) << QRect(0, 90, 1000, 20) << QPoint(0, 110);
+        QTest::newRow("down, as there is no room above")
+            << QRect(0, 0, 200, 100) << QRect(0, 90, 1000, 20) << QPoint(0, 110);
         QTest::newRow("no room anywhere") << QRect(0, 0, 1000, 700) << wide << QPoint(0, 0);
     }
 

@@ -34,7 +34,7 @@ class tst_modLabels : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ALineIsListedByItsStart_data()
+    void aLineIsListedByItsStart_data()
     {
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<Entries>("entries");
@@ -71,7 +71,7 @@ private Q_SLOTS:
         passedOver("]");
     }
 
-    void ALineIsListedByItsStart()
+    void aLineIsListedByItsStart()
     {
         QFETCH(QByteArray, line);
         QTEST(Index(line + "\r\nprint"), "entries");
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QTEST(Index(line + "\rprint"), "entries");
     }
 
-    void TheLastLineLosesItsLastTwoCharacters_data()
+    void theLastLineLosesItsLastTwoCharacters_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<Entries>("entries");
@@ -97,13 +97,13 @@ private Q_SLOTS:
         QTest::newRow("spaces only") << QByteArray("  [") << Entries{};
     }
 
-    void TheLastLineLosesItsLastTwoCharacters()
+    void theLastLineLosesItsLastTwoCharacters()
     {
         QFETCH(QByteArray, text);
         QTEST(Index(text), "entries");
     }
 
-    void LinesAreCountedAtEveryKindOfLineEnd()
+    void linesAreCountedAtEveryKindOfLineEnd()
     {
         QCOMPARE(Index("[a]\r\n\r\n[b]\n\n[c]\r\r[d]\n\r[e]\r\n"),
                  (Entries{"0:[a]", "2:[b]", "4:[c]", "6:[d]", "8:[e]"}));
@@ -111,7 +111,7 @@ private Q_SLOTS:
 
     void equalLabelsAreAllListed() { QCOMPARE(Index("[a]\r\n[a]\r\n[A]\r\n"), (Entries{"0:[a]", "1:[a]", "2:[A]"})); }
 
-    void ATextWithoutLabelsHasNone()
+    void aTextWithoutLabelsHasNone()
     {
         QVERIFY(Index({}).isEmpty());
         QVERIFY(LabelIndex(QByteArrayView()).empty());
@@ -126,7 +126,7 @@ private Q_SLOTS:
 
     void theSortedListGoesByLowerCaseCharacters()
     {
-        // "_" comes before the small letters and after the capitals.
+        // "_" comes before the lower-case letters and after the capitals.
         QCOMPARE(Sorted("[b]\r\nSub Z\r\n[_a]\r\n[A]\r\nfunction f\r\nsub a\r\n[a]x\r\n[Ba]\r\n"),
                  (Entries{"2:[_a]", "3:[A]", "6:[a]x", "0:[b]", "7:[Ba]", "4:function f", "5:sub a", "1:Sub Z"}));
     }
@@ -142,7 +142,7 @@ private Q_SLOTS:
                  (Entries{"2:[z]", "1:[\xC3\x84]", "4:[\xC3\xA4]a", "0:[\xC3\xB6]", "3:[\xC3\x96]b"}));
     }
 
-    void AnEntryIsFoundAtItsFirstLine_data()
+    void anEntryIsFoundAtItsFirstLine_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QByteArray>("target");
@@ -167,7 +167,7 @@ private Q_SLOTS:
         row("after other line ends", "x\ny\r[a]\n", "[a]", 2);
     }
 
-    void AnEntryIsFoundAtItsFirstLine()
+    void anEntryIsFoundAtItsFirstLine()
     {
         QFETCH(QByteArray, text);
         QFETCH(QByteArray, target);
@@ -184,7 +184,7 @@ private Q_SLOTS:
     }
 
     // A scan that looked at the rest of the text for each line would take minutes in one of the three cases.
-    void EveryKindOfLineEndIsScannedInOnePass_data()
+    void everyKindOfLineEndIsScannedInOnePass_data()
     {
         QTest::addColumn<QByteArray>("lineEnd");
         QTest::newRow("CR LF") << QByteArray("\r\n");
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QTest::newRow("CR") << QByteArray("\r");
     }
 
-    void EveryKindOfLineEndIsScannedInOnePass()
+    void everyKindOfLineEndIsScannedInOnePass()
     {
         QFETCH(QByteArray, lineEnd);
         constexpr int lines = 1'000'000;

@@ -13,7 +13,7 @@ class tst_modSyntaxViewer : public QObject {
 private Q_SLOTS:
     void initTestCase() { BuildSyntaxTable(); }
 
-    void RowsAreSortedWithoutCase()
+    void rowsAreSortedWithoutCase()
     {
         const std::vector<std::string_view> rows = {"b y", "B x", "_ x", "a z", "A z", "b x"};
         const std::vector<std::string_view> sorted = {"_ x", "a z", "A z", "B x", "b x", "b y"};
@@ -21,7 +21,7 @@ private Q_SLOTS:
     }
 
     // The window sorts the list of keys itself; the two orders must be the same.
-    void TheOrderOfRowsIsTheOrderOfKeys()
+    void theOrderOfRowsIsTheOrderOfKeys()
     {
         const QStringList keys = SyntaxKeys(SortedSyntaxRows(Words().SyntaxTable));
         QCOMPARE(keys.size(), qsizetype{231});
@@ -38,7 +38,7 @@ private Q_SLOTS:
         QVERIFY(keys.contains(QStringLiteral("txcount(#handle)\n'return")));
     }
 
-    void LineFeedsBecomeWholeLineEnds()
+    void lineFeedsBecomeWholeLineEnds()
     {
         QCOMPARE(SyntaxRowText("a b\n'c\n'd"), QStringLiteral("a b\r\n'c\r\n'd"));
         QCOMPARE(SyntaxRowText("a\n\nb\n"), QStringLiteral("a\r\n\r\nb\r\n"));

@@ -148,7 +148,7 @@ private Q_SLOTS:
             QVERIFY(RunLine("compile a.obf --comments -", file).out.startsWith(start));
     }
 
-    void aFormWithoutAFileIsNoProgram()
+    void aFormWithoutAFileIsNotAProgram()
     {
         Put("out.bas", "old");
         const Outcome result = RunLine("compile gone.obf -o out.bas");
@@ -239,11 +239,11 @@ private Q_SLOTS:
         QTest::newRow("unknown first field") << QByteArray("open|Window Title|0|0|0|0|h|0|f\r\n") << corrupt;
         QTest::newRow("BASIC") << QByteArray("print 1\r\n") << corrupt;
         QTest::newRow("a missing field") << QByteArray("button|B|1|2\r\n") << failed;
-        QTest::newRow("a number that is none") << QByteArray("button|B|x|2|3|4|n|b\r\n") << failed;
+        QTest::newRow("not a number") << QByteArray("button|B|x|2|3|4|n|b\r\n") << failed;
         QTest::newRow("22 items") << "menu|&File|" + QByteArray("*").repeated(21) << failed;
         QTest::newRow("a bar in a caption") << QByteArray("button|a|b|1|2|3|4|n|b\r\n") << failed;
-        QTest::newRow("a bitmap that is gone") << QByteArray("bmpbutton|gone.bmp|1|2|3|4|n|b\r\n") << failed;
-        QTest::newRow("a bitmap that is none") << QByteArray("bmpbutton|a.obf|1|2|3|4|n|b\r\n") << failed;
+        QTest::newRow("a missing bitmap") << QByteArray("bmpbutton|gone.bmp|1|2|3|4|n|b\r\n") << failed;
+        QTest::newRow("not a bitmap") << QByteArray("bmpbutton|a.obf|1|2|3|4|n|b\r\n") << failed;
     }
 
     void eachVerbReportsABadForm()

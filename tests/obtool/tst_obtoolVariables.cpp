@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(outcome.out, QByteArray());
     }
 
-    void aFileThatIsNotThereFails()
+    void aMissingFileFails()
     {
         const Outcome outcome = Run({QStringLiteral("/nowhere/missing.bas")});
         QCOMPARE(outcome.status, 1);

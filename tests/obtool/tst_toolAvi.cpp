@@ -87,7 +87,7 @@ private Q_SLOTS:
         QCOMPARE(Entries("*.tmp"), QStringList());
     }
 
-    void filesThatDoNotFitAreNotesAndTheRestGoesOn()
+    void filesThatDoNotFitAreNotesAndTheOthersAreWritten()
     {
         Put(Name("text.bmp"), "text");
         Put(Name("[a,b].bmp"), Data("color3.bmp"));

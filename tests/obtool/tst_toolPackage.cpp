@@ -135,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(bench.Packed("vwabort.dll")));
     }
 
-    void aNameThatIsNotThereIsAFailureBeforeAnyCopy()
+    void aMissingNameIsAFailureBeforeAnyCopy()
     {
         const PackageBench bench(1);
         const Outcome end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("gone.dll")});

@@ -70,8 +70,8 @@ void tst_toolWriteCode::theTextIsThatOfTheWindow_data()
     Row("array/numeric-parenthesis.bas", {"array", "--name", "x$(foo", "5", ".5", "--numeric"});
     Row("array/string-both.bas", {"array", "--name", "days$(x", "--", "Mon", "Tue"});
     Row("array/parts.bas", {"array", "--name", "a$", "left|right", "", "|"});
-    Row("array/as-they-stand.bas",
-        {"array", "--name", "[a,b] c", "say \"hi\"", "  two  blanks ", "[open,close]", "Grüße", "{}", "a=b"});
+    Row("array/unchanged.bas",
+        {"array", "--name", "[a,b] c", "say \"hi\"", "  two  spaces ", "[open,close]", "Grüße", "{}", "a=b"});
     Row("messagebox/defaults.bas", {"messagebox"});
     Row("messagebox/critical-okcancel.bas",
         {"messagebox", "--icon", "critical", "--buttons", "okcancel", "--title", "Halt", "--message", "Stop?"});
@@ -82,7 +82,7 @@ void tst_toolWriteCode::theTextIsThatOfTheWindow_data()
     Row("messagebox/information-retrycancel.bas",
         {"messagebox", "--icon", "information", "--buttons", "retrycancel", "--message", "Only a message"});
     Row("messagebox/none-abortretryignore.bas", {"messagebox", "--icon", "none", "--buttons", "abortretryignore",
-                                                 "--title", "[Grüße | blanks ]", "--message", " "});
+                                                 "--title", "[Grüße | spaces ]", "--message", " "});
     Row("menu/file.txt", {"menu", "--name", "File", "--handle", "#main", "Open=[open]", "Exit=[quit]"});
     Row("menu/no-items.txt", {"menu"});
     Row("menu/popup-no-items.txt", {"menu", "--popup", "--name", "File"});
@@ -95,7 +95,7 @@ void tst_toolWriteCode::theTextIsThatOfTheWindow_data()
     Row("stylebits/remove.txt", {"stylebits", "StaticText", "--remove", "WS_VISIBLE"});
     Row("stylebits/add-extended.txt", {"stylebits", "--extended", "Dialog", "WS_EX_CLIENTEDGE", "WS_EX_TOPMOST"});
     Row("stylebits/remove-extended.txt", {"stylebits", "Window", "--extended", "--remove", "WS_EX_DLGMODALFRAME"});
-    Row("stylebits/double-blank.txt", {"stylebits", "Combobox", "CBS_SORT", "CBS_AUTOHSCROLL"});
+    Row("stylebits/double-space.txt", {"stylebits", "Combobox", "CBS_SORT", "CBS_AUTOHSCROLL"});
 }
 
 void tst_toolWriteCode::theTextIsThatOfTheWindow()

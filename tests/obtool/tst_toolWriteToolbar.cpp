@@ -67,7 +67,7 @@ private Q_SLOTS:
         QVERIFY(done.out.contains("lpstrText$.struct = \"x=y\"\r\n"));
     }
 
-    void bracketsAroundAButtonAreNoList()
+    void bracketsAroundAButtonAreNotAList()
     {
         const Outcome done = Toolbar({QStringLiteral("--bitmap"), QStringLiteral("b"), QStringLiteral("[a,b]"),
                                       QStringLiteral("[c]=[d]"), QStringLiteral("[]")});

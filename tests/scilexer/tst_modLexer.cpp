@@ -156,24 +156,24 @@ class tst_modLexer : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void GoldenFiles_data();
-    void GoldenFiles();
-    void AnsiAndUtf8AgreeCharacterByCharacter();
-    void LinesAndWholeTextAgreeOnRandomBytes();
+    void goldenFiles_data();
+    void goldenFiles();
+    void ansiAndUtf8AgreeCharacterByCharacter();
+    void linesAndWholeTextAgreeOnRandomBytes();
     void keywordsIgnoreCase();
     void keywordsOfAnyLengthAndCharacterAreFound();
-    void StructureWordsAreKeywordsOnlyWhenListed();
-    void FoldLevelsCountAsScintillaDoes();
+    void structureWordsAreKeywordsOnlyWhenListed();
+    void foldLevelsCountAsScintillaDoes();
     void impossibleStatesAreHarmless();
     void aLineEndIsConsumedWhole();
     void nulBytesAreSpaces();
-    void LongLinesTakeLinearTime_data();
-    void LongLinesTakeLinearTime();
-    void BracesMatchWithinStyleAndLine_data();
-    void BracesMatchWithinStyleAndLine();
+    void longLinesTakeLinearTime_data();
+    void longLinesTakeLinearTime();
+    void bracesMatchWithinStyleAndLine_data();
+    void bracesMatchWithinStyleAndLine();
 };
 
-void tst_modLexer::GoldenFiles_data()
+void tst_modLexer::goldenFiles_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("lineEnd");
@@ -188,7 +188,7 @@ void tst_modLexer::GoldenFiles_data()
         }
 }
 
-void tst_modLexer::GoldenFiles()
+void tst_modLexer::goldenFiles()
 {
     QFETCH(QString, path);
     QFETCH(QByteArray, lineEnd);
@@ -209,7 +209,7 @@ void tst_modLexer::GoldenFiles()
     QVERIFY2(areFoldsGolden, "the fold levels differ; see the .folded.new file");
 }
 
-void tst_modLexer::AnsiAndUtf8AgreeCharacterByCharacter()
+void tst_modLexer::ansiAndUtf8AgreeCharacterByCharacter()
 {
     const KeywordSet keywords = TestKeywords();
     const std::string utf8 = ReadBytes(DataFolder() + QStringLiteral("national.bas"));
@@ -228,7 +228,7 @@ void tst_modLexer::AnsiAndUtf8AgreeCharacterByCharacter()
     QCOMPARE(at, utf8.size());
 }
 
-void tst_modLexer::LinesAndWholeTextAgreeOnRandomBytes()
+void tst_modLexer::linesAndWholeTextAgreeOnRandomBytes()
 {
     const KeywordSet keywords = TestKeywords();
     BasicSource random(7);
@@ -274,7 +274,7 @@ void tst_modLexer::keywordsOfAnyLengthAndCharacterAreFound()
     QVERIFY(!KeywordSet("caf\xE9").Contains("caf\xC9"));
 }
 
-void tst_modLexer::StructureWordsAreKeywordsOnlyWhenListed()
+void tst_modLexer::structureWordsAreKeywordsOnlyWhenListed()
 {
     const std::string line = "if a then";
     Styles styles(line.size());
@@ -285,7 +285,7 @@ void tst_modLexer::StructureWordsAreKeywordsOnlyWhenListed()
     QCOMPARE(styles.back(), static_cast<unsigned char>(StyleIdentifier));
 }
 
-void tst_modLexer::FoldLevelsCountAsScintillaDoes()
+void tst_modLexer::foldLevelsCountAsScintillaDoes()
 {
     QCOMPARE(FoldLevel(0, 0, "print\r\n"), 0x400);
     QCOMPARE(FoldLevel(0, 1, "for\r\n"), 0x400 | 0x2000);
@@ -331,7 +331,7 @@ void tst_modLexer::nulBytesAreSpaces()
     QCOMPARE(styles, (Styles{3, 3, 0, 7, 7, 7, 0, 4, 4, 4, 4, 4, 0, 1, 1, 1, 1}));
 }
 
-void tst_modLexer::LongLinesTakeLinearTime_data()
+void tst_modLexer::longLinesTakeLinearTime_data()
 {
     QTest::addColumn<QByteArray>("piece");
     for (const char* piece : {"[", "[ ", "a", "1", "#", "\"", "'", "(", " ", "[a", "then ", "if a then if "})
@@ -339,7 +339,7 @@ void tst_modLexer::LongLinesTakeLinearTime_data()
 }
 
 // Searching from every "[" to the end of the line would take minutes here.
-void tst_modLexer::LongLinesTakeLinearTime()
+void tst_modLexer::longLinesTakeLinearTime()
 {
     QFETCH(QByteArray, piece);
     const std::string text = piece.repeated((4 << 20) / static_cast<int>(piece.size())).toStdString();
@@ -349,7 +349,7 @@ void tst_modLexer::LongLinesTakeLinearTime()
     }
 }
 
-void tst_modLexer::BracesMatchWithinStyleAndLine_data()
+void tst_modLexer::bracesMatchWithinStyleAndLine_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<int>("column");
@@ -373,7 +373,7 @@ void tst_modLexer::BracesMatchWithinStyleAndLine_data()
     QTest::newRow("after the line") << QByteArray("(a)") << 3 << -1;
 }
 
-void tst_modLexer::BracesMatchWithinStyleAndLine()
+void tst_modLexer::bracesMatchWithinStyleAndLine()
 {
     QFETCH(QByteArray, line);
     QFETCH(int, column);

@@ -61,7 +61,7 @@ private Q_SLOTS:
     void everyPositionConvertsBothWays();
     void anOffsetWithinACharacterIsItsStart();
     void positionsOutsideTheTextAreClamped();
-    void RandomChangesKeepTheCount();
+    void randomChangesKeepTheCount();
     void nearbyRequestsReadLittle();
 };
 
@@ -108,7 +108,7 @@ void tst_modTextOffsets::positionsOutsideTheTextAreClamped()
     QCOMPARE(none.PositionOf(7), std::intptr_t{0});
 }
 
-void tst_modTextOffsets::RandomChangesKeepTheCount()
+void tst_modTextOffsets::randomChangesKeepTheCount()
 {
     BasicSource random(2);
     GapText source{Characters(random, 6000), 0};

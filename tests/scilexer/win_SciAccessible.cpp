@@ -12,11 +12,11 @@ class win_SciAccessible : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void AssistiveToolsReadTheText();
+    void assistiveToolsReadTheText();
     void anotherControlKeepsItsOwnInterface();
 };
 
-void win_SciAccessible::AssistiveToolsReadTheText()
+void win_SciAccessible::assistiveToolsReadTheText()
 {
     const QString text = QStringLiteral("print \"\u00E4\U0001F600\"\r\nlet b = 2. Then c\r\n");
     SciBench bench(text.toUtf8().toStdString());

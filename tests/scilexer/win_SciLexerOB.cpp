@@ -85,30 +85,30 @@ class win_SciLexerOB : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void StartsWithUtf8AndCrLf();
-    void StylesAreTheLexers();
-    void StylesNothingWithoutTheLanguageLexer();
+    void startsWithUtf8AndCrLf();
+    void stylesAreTheLexers();
+    void stylesNothingWithoutTheLanguageLexer();
     void lexesNoFurtherThanIsVisible();
     void randomEditsKeepTheStylesOfAFreshLex_data();
     void randomEditsKeepTheStylesOfAFreshLex();
-    void RandomEditsBeforeOnePaintKeepStyles();
-    void UndoAndRedoKeepStyles();
-    void ANewKeywordListRestyles();
+    void randomEditsBeforeOnePaintKeepStyles();
+    void undoAndRedoKeepStyles();
+    void aNewKeywordListRestyles();
     void foldLevelsDependOnTheProperty();
-    void AJumpOverAMillionLinesColoursInTheBackground();
-    void AKeystrokeInAMillionLinesLexesFewLines();
+    void aJumpOverAMillionLinesColoursInTheBackground();
+    void aKeystrokeInAMillionLinesLexesFewLines();
     void anOpenedBlockLexesNoFurtherThanIsVisible();
-    void BlocksOpenedOneBeforeTheOtherKeepStates();
-    void ADeletionThatScrollsKeepsStates();
-    void StrangeTextIsStyled_data();
-    void StrangeTextIsStyled();
+    void blocksOpenedOneBeforeTheOtherKeepStates();
+    void aDeletionThatScrollsKeepsStates();
+    void strangeTextIsStyled_data();
+    void strangeTextIsStyled();
     void bracesAtTheCaretAreHighlighted_data();
     void bracesAtTheCaretAreHighlighted();
     void droppedFilesGoToTheSurroundingWindow();
-    void ReturnAddsCrLf();
+    void returnAddsCrLf();
 };
 
-void win_SciLexerOB::StartsWithUtf8AndCrLf()
+void win_SciLexerOB::startsWithUtf8AndCrLf()
 {
     constexpr unsigned getCodePage = 2137;
     constexpr unsigned getEolMode = 2030;
@@ -125,7 +125,7 @@ void win_SciLexerOB::StartsWithUtf8AndCrLf()
     QCOMPARE(SendSci(made.sci, getLexer), 8);
 }
 
-void win_SciLexerOB::StylesAreTheLexers()
+void win_SciLexerOB::stylesAreTheLexers()
 {
     SciBench bench(BasicSource(3).Lines(5000));
     SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
@@ -138,7 +138,7 @@ void win_SciLexerOB::StylesAreTheLexers()
         QVERIFY(std::find(look.styles.begin(), look.styles.end(), style) != look.styles.end());
 }
 
-void win_SciLexerOB::StylesNothingWithoutTheLanguageLexer()
+void win_SciLexerOB::stylesNothingWithoutTheLanguageLexer()
 {
     QWidget frame;
     const SciLexerOB_Window made = MakeControl(&frame);
@@ -223,7 +223,7 @@ void win_SciLexerOB::randomEditsKeepTheStylesOfAFreshLex()
     QVERIFY(kept == LexedLook(bench.Text(), bench.Text().size()));
 }
 
-void win_SciLexerOB::RandomEditsBeforeOnePaintKeepStyles()
+void win_SciLexerOB::randomEditsBeforeOnePaintKeepStyles()
 {
     BasicSource random(55);
     for (int round = 0; round < 100; ++round) {
@@ -242,7 +242,7 @@ void win_SciLexerOB::RandomEditsBeforeOnePaintKeepStyles()
     }
 }
 
-void win_SciLexerOB::UndoAndRedoKeepStyles()
+void win_SciLexerOB::undoAndRedoKeepStyles()
 {
     BasicSource random(77);
     SciBench bench(random.Lines(400));
@@ -258,7 +258,7 @@ void win_SciLexerOB::UndoAndRedoKeepStyles()
     }
 }
 
-void win_SciLexerOB::ANewKeywordListRestyles()
+void win_SciLexerOB::aNewKeywordListRestyles()
 {
     SciBench bench("alpha beta\r\n");
     bench.Paint();
@@ -295,7 +295,7 @@ void win_SciLexerOB::foldLevelsDependOnTheProperty()
     QCOMPARE(level(4), 0x402);
 }
 
-void win_SciLexerOB::AJumpOverAMillionLinesColoursInTheBackground()
+void win_SciLexerOB::aJumpOverAMillionLinesColoursInTheBackground()
 {
     SciBench bench(BasicSource(6).Lines(1000000));
     SendSci(bench.sci, SCI_GOTOPOS, 0);
@@ -307,7 +307,7 @@ void win_SciLexerOB::AJumpOverAMillionLinesColoursInTheBackground()
     QVERIFY(IsAsLexed(bench));
 }
 
-void win_SciLexerOB::AKeystrokeInAMillionLinesLexesFewLines()
+void win_SciLexerOB::aKeystrokeInAMillionLinesLexesFewLines()
 {
     SciBench bench(BasicSource(5).Lines(1000000));
     SendSci(bench.sci, SCI_COLOURISE, 0, Everything);
@@ -359,7 +359,7 @@ void win_SciLexerOB::anOpenedBlockLexesNoFurtherThanIsVisible()
     QVERIFY(IsAsLexed(bench));
 }
 
-void win_SciLexerOB::BlocksOpenedOneBeforeTheOtherKeepStates()
+void win_SciLexerOB::blocksOpenedOneBeforeTheOtherKeepStates()
 {
     std::string text;
     for (int i = 0; i < 5000; ++i)
@@ -386,7 +386,7 @@ void win_SciLexerOB::BlocksOpenedOneBeforeTheOtherKeepStates()
 }
 
 // The shorter text moves the scroll bar, which requests styles while the deletion is still in progress.
-void win_SciLexerOB::ADeletionThatScrollsKeepsStates()
+void win_SciLexerOB::aDeletionThatScrollsKeepsStates()
 {
     std::string text;
     for (int i = 0; i < 300; ++i)
@@ -402,7 +402,7 @@ void win_SciLexerOB::ADeletionThatScrollsKeepsStates()
     QCOMPARE(SendSci(bench.sci, SCI_GETLINESTATE, 297), 0);
 }
 
-void win_SciLexerOB::StrangeTextIsStyled_data()
+void win_SciLexerOB::strangeTextIsStyled_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("empty") << QByteArray();
@@ -418,7 +418,7 @@ void win_SciLexerOB::StrangeTextIsStyled_data()
     }();
 }
 
-void win_SciLexerOB::StrangeTextIsStyled()
+void win_SciLexerOB::strangeTextIsStyled()
 {
     QFETCH(QByteArray, text);
     SciBench bench({text.constData(), static_cast<std::size_t>(text.size())});
@@ -495,7 +495,7 @@ void win_SciLexerOB::droppedFilesGoToTheSurroundingWindow()
     QCOMPARE(bench.Text(), std::string("text"));
 }
 
-void win_SciLexerOB::ReturnAddsCrLf()
+void win_SciLexerOB::returnAddsCrLf()
 {
     SciBench bench;
     QTest::keyClicks(bench.control, QStringLiteral("a"));

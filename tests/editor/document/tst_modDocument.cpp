@@ -17,7 +17,7 @@ private Q_SLOTS:
 
     // --- Slots. ---
 
-    void TheFirstSlotThatIsNotOpenIsTaken_data()
+    void theFirstSlotThatIsNotOpenIsTaken_data()
     {
         QTest::addColumn<QStringList>("tags");
         QTest::addColumn<int>("slot");
@@ -29,7 +29,7 @@ private Q_SLOTS:
         QTest::newRow("all open") << QStringList{TagOpen, TagOpen} << 3;
     }
 
-    void TheFirstSlotThatIsNotOpenIsTaken()
+    void theFirstSlotThatIsNotOpenIsTaken()
     {
         QFETCH(QStringList, tags);
         QFETCH(int, slot);
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QCOMPARE(Documents[place]->Tag, slot > tags.size() ? QString() : TagOpen);
     }
 
-    void AnAddedSlotIsTakenAgainAndOnlyThenMarked()
+    void anAddedSlotIsTakenAgainAndOnlyThenMarked()
     {
         MakeSlots({TagOpen});
         QCOMPARE(FreeDocumentSlot(), 2);
@@ -50,7 +50,7 @@ private Q_SLOTS:
         QCOMPARE(FreeDocumentSlot(), 3);
     }
 
-    void ANewDocumentIsNamedAfterItsSlot()
+    void aNewDocumentIsNamedAfterItsSlot()
     {
         MakeSlots({TagOpen, TagClosed});
         cDocument* document = NewDocument();
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, QStringList{QStringLiteral("show 2")});
     }
 
-    void ANewDocumentWithoutAControlIsNone()
+    void aNewDocumentWithoutAControlIsNone()
     {
         bench->form.hasEditLibrary = false;
         QVERIFY(NewDocument() == nullptr);
@@ -69,7 +69,7 @@ private Q_SLOTS:
 
     // --- Reading. ---
 
-    void TheLastTwoBytesOfAFileAreDropped_data()
+    void theLastTwoBytesOfAFileAreDropped_data()
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("loaded");
@@ -82,7 +82,7 @@ private Q_SLOTS:
         QTest::newRow("NUL") << QByteArray("a\0b\r\n", 5) << QByteArray("a\0b", 3);
     }
 
-    void TheLastTwoBytesOfAFileAreDropped()
+    void theLastTwoBytesOfAFileAreDropped()
     {
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, loaded);
@@ -92,14 +92,14 @@ private Q_SLOTS:
         QCOMPARE(bench->form.ActiveControl().text, loaded);
     }
 
-    void AFileOfFewerThanTwoBytesIsAnErrorAndChangesNothing_data()
+    void aFileOfFewerThanTwoBytesIsAnErrorAndChangesNothing_data()
     {
         QTest::addColumn<QByteArray>("file");
         QTest::newRow("empty") << QByteArray("");
         QTest::newRow("one byte") << QByteArray("x");
     }
 
-    void AFileOfFewerThanTwoBytesIsAnErrorAndChangesNothing()
+    void aFileOfFewerThanTwoBytesIsAnErrorAndChangesNothing()
     {
         QFETCH(QByteArray, file);
         QCOMPARE(RaisedBy([&] { LoadedBytes(file); }), 5);
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void ALoadedFileStaysUndoableAndCountsAsSaved()
+    void aLoadedFileStaysUndoableAndCountsAsSaved()
     {
         bench->Open(QStringLiteral("Document 1"), "old");
         bench->form.ActiveControl().Type("more");
@@ -135,14 +135,14 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, QStringList{QStringLiteral("show 1")});
     }
 
-    void AFileOfTheCodePageIsReadAsText()
+    void aFileOfTheCodePageIsReadAsText()
     {
         bench->Open(QStringLiteral("Document 1"));
         LoadDocumentFile(*ActiveDocument(), bench->Put(QStringLiteral("a.bas"), "'\x80 \xE4\x81\r\n"));
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("'\xE2\x82\xAC \xC3\xA4\xC2\x81"));
     }
 
-    void AnOpenedFileGivesTheWindowItsNameAndItsPlaceInTheList()
+    void anOpenedFileGivesTheWindowItsNameAndItsPlaceInTheList()
     {
         const QString path = bench->Put(QStringLiteral("a.bas"), QByteArray(2048, 'x'));
         cDocument& document = bench->Open(QStringLiteral("Document 1"));
@@ -190,7 +190,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.ActiveControl().text, text + "  ");
     }
 
-    void ASaveIsTheSavePointAndLeavesTheCaret()
+    void aSaveIsTheSavePointAndLeavesTheCaret()
     {
         bench->Open(QStringLiteral("a.bas"));
         FakeSci& control = bench->form.ActiveControl();
@@ -258,7 +258,7 @@ private Q_SLOTS:
         QVERIFY(!control.modified);
     }
 
-    void AWriteThatFailsChangesNothing_data()
+    void aWriteThatFailsChangesNothing_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("error");
@@ -266,7 +266,7 @@ private Q_SLOTS:
         QTest::newRow("a folder") << QStringLiteral("folder") << 75;
     }
 
-    void AWriteThatFailsChangesNothing()
+    void aWriteThatFailsChangesNothing()
     {
         QFETCH(QString, name);
         QFETCH(int, error);
@@ -281,7 +281,7 @@ private Q_SLOTS:
         QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), before);
     }
 
-    void AnotherWindowThanTheActiveOneCanBeSaved()
+    void anotherWindowThanTheActiveOneCanBeSaved()
     {
         cDocument& first = bench->Open(QStringLiteral("a.bas"), "first");
         cDocument& second = bench->Open(QStringLiteral("b.bas"), "second");
@@ -312,7 +312,7 @@ private Q_SLOTS:
 
     // --- What windows enable and disable. ---
 
-    void CodeCommandsAreSixButtonsAndSevenItems()
+    void codeCommandsAreSixButtonsAndSevenItems()
     {
         EnableCodeCommands(Switch::On);
         QCOMPARE(
@@ -326,7 +326,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log.filter(QStringLiteral("disable ")).size(), 13);
     }
 
-    void RunCommandsAreTwoButtonsAndThreeItems()
+    void runCommandsAreTwoButtonsAndThreeItems()
     {
         EnableRunCommands(Switch::Off);
         QCOMPARE(bench->form.log.join(QLatin1Char(',')),

@@ -19,7 +19,7 @@ private Q_SLOTS:
     }
     void cleanup() { bench.reset(); }
 
-    void TheThirdEmptyDocumentReusesTheWindowOfTheSecond()
+    void theThirdEmptyDocumentReusesTheWindowOfTheSecond()
     {
         mnuFileNew_Click();
         QCOMPARE(Documents.size(), std::size_t{2});
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("'no programmer's comments on file"));
     }
 
-    void ACommentsFileOfOneByteIsAnEmptyText()
+    void aCommentsFileOfOneByteIsAnEmptyText()
     {
         CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), "'");
         AddComments = true;
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.ActiveControl().text, QByteArray());
     }
 
-    void WithoutTheEditLibraryNoTextIsTouched()
+    void withoutTheEditLibraryNoTextIsTouched()
     {
         bench->form.hasEditLibrary = false;
         AddComments = true;
@@ -75,7 +75,7 @@ private Q_SLOTS:
         QCOMPARE(Documents[1]->Caption(), QStringLiteral("Document 1"));
     }
 
-    void CloseUnloadsTheActiveWindowAndItsNumberComesBack()
+    void closeUnloadsTheActiveWindowAndItsNumberIsReused()
     {
         mnuFileNew_Click();
         Documents[1]->Tag = TagOpen;
@@ -87,14 +87,14 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("show 1"), QStringLiteral("unload 1"), QStringLiteral("show 1")}));
     }
 
-    void CloseNeedsACodeWindow_data()
+    void closeNeedsACodeWindow_data()
     {
         QTest::addColumn<int>("kind");
         QTest::newRow("none") << static_cast<int>(ActiveChild::None);
         QTest::newRow("form") << static_cast<int>(ActiveChild::Gui);
     }
 
-    void CloseNeedsACodeWindow()
+    void closeNeedsACodeWindow()
     {
         QFETCH(int, kind);
         bench->form.kind = static_cast<ActiveChild>(kind);
@@ -104,13 +104,13 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void ExitUnloadsTheFrame()
+    void exitUnloadsTheFrame()
     {
         mnuFileExit_Click();
         QCOMPARE(bench->form.log, QStringList{QStringLiteral("unload frame")});
     }
 
-    void ARecentItemOpensItsFileAndMovesItToTheFront()
+    void aRecentItemOpensItsFileAndMovesItToTheFront()
     {
         const QString first = bench->Put(QStringLiteral("a.bas"), "a\r\n");
         const QString second = bench->Put(QStringLiteral("b.bas"), "second\r\n");
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QCOMPARE(RecentFiles[2], bench->Path(QStringLiteral("gone.bas")));
     }
 
-    void ASavedWindowIsTakenByTheNextFile()
+    void aSavedWindowIsTakenByTheNextFile()
     {
         const QString file = bench->Put(QStringLiteral("b.bas"), "second\r\n");
         cDocument& document = bench->Open(bench->Path(QStringLiteral("a.bas")), "first");

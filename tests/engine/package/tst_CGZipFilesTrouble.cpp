@@ -40,7 +40,7 @@ class tst_CGZipFilesTrouble : public QObject {
 private Q_SLOTS:
     void memoryStaysFlat();
     void unreadableFilesAreAFailureWithTheirName();
-    void foldersAndPipesAreNoFiles();
+    void foldersAndPipesAreNotFiles();
     void aFullDiskLeavesTheOldArchive();
     void aFolderThatRejectsFilesIsReported();
     void onlyFilesAreReplaced();
@@ -51,7 +51,7 @@ private Q_SLOTS:
 void tst_CGZipFilesTrouble::memoryStaysFlat()
 {
     if (PeakMemoryKb() < 0)
-        QSKIP("the system tells no memory figures");
+        QSKIP("the system reports no memory figures");
     const ZipFolder folder;
     {
         QFile sparse(folder.At("sparse.bin"));
@@ -99,7 +99,7 @@ void tst_CGZipFilesTrouble::unreadableFilesAreAFailureWithTheirName()
 #endif
 }
 
-void tst_CGZipFilesTrouble::foldersAndPipesAreNoFiles()
+void tst_CGZipFilesTrouble::foldersAndPipesAreNotFiles()
 {
 #ifdef Q_OS_UNIX
     const ZipFolder folder;

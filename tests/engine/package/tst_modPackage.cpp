@@ -110,7 +110,7 @@ private Q_SLOTS:
     void addedFilesFollowTheToken();
     void aPackageIsZipped();
     void theFileOfTheArchivesBareNameIsDeleted();
-    void aFailedZipIsNoSuccess();
+    void aFailedZipIsNotASuccess();
     void wordingOfTheBoxes();
 };
 
@@ -562,7 +562,7 @@ void tst_modPackage::theFileOfTheArchivesBareNameIsDeleted()
     QVERIFY(!NamesInZip(bench.Packed("game.zip")).contains(QStringLiteral("game")));
 }
 
-void tst_modPackage::aFailedZipIsNoSuccess()
+void tst_modPackage::aFailedZipIsNotASuccess()
 {
     const PackageBench bench(3);
     QVERIFY(QDir().mkpath(bench.Packed("game.zip")));

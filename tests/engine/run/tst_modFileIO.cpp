@@ -26,7 +26,7 @@ private Q_SLOTS:
         bench.reset();
     }
 
-    void TheEngineThatWasFoundIsKept()
+    void theEngineThatWasFoundIsKept()
     {
         const QString file = bench->Put(QStringLiteral("orchard.exe"), "x");
         bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Find Orchard BASIC"), OrchardFilter, file);
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QCOMPARE(OBPath, file);
     }
 
-    void AnEngineThatWasNotFoundLeavesAnEmptyPath()
+    void anEngineThatWasNotFoundLeavesAnEmptyPath()
     {
         bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Find Orchard BASIC"), OrchardFilter, {});
         bench->dialogs.ExpectMessage(NotFound("Orchard BASIC"), BoxAnswer::Ok, BoxIcon::None);
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QCOMPARE(OBFreeformPath, file);
     }
 
-    void FreeformThatWasNotFoundLeavesAnEmptyPath()
+    void freeformThatWasNotFoundLeavesAnEmptyPath()
     {
         ExpectFreeformQuestion(BoxAnswer::Ok);
         bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), FreeformFilter, {});
@@ -60,14 +60,14 @@ private Q_SLOTS:
         QCOMPARE(OBFreeformPath, QString());
     }
 
-    void NoSearchForFreeformLeavesItsPath()
+    void noSearchForFreeformLeavesItsPath()
     {
         ExpectFreeformQuestion(BoxAnswer::Cancel);
         FindFreeform();
         QCOMPARE(OBFreeformPath, QStringLiteral("no path"));
     }
 
-    void TheHelpFileIsKeptOrItsPathIsEmpty()
+    void theHelpFileIsKeptOrItsPathIsEmpty()
     {
         const QString file = bench->Put(QStringLiteral("orchard.hlp"), "x");
         bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), HelpFilter, file);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(OBHelpPath, QString());
     }
 
-    void TheSecondHelpFileKeepsItsPathWhenNoneIsChosen()
+    void theSecondHelpFileKeepsItsPathWhenNoneIsChosen()
     {
         const QString file = bench->Put(QStringLiteral("win.hlp"), "x");
         const QString filter = QStringLiteral("Programming Help|*.hlp;");
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(OptionalHelpPath, file);
     }
 
-    void TheRuntimeEngineThatWasFoundIsKept()
+    void theRuntimeEngineThatWasFoundIsKept()
     {
         const QString file = bench->Put(QStringLiteral("run.exe"), "x");
         ExpectRuntimeQuestion(BoxAnswer::Ok);
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(OBRuntimePath, file);
     }
 
-    void TheRuntimeEnginesPathStaysWhenNoneIsChosen()
+    void theRuntimeEnginesPathStaysWhenNoneIsChosen()
     {
         OBRuntimePath = QStringLiteral("/old/run.exe");
         ExpectRuntimeQuestion(BoxAnswer::Ok);

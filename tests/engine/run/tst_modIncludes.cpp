@@ -32,7 +32,7 @@ private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
     void cleanup() { bench.reset(); }
 
-    void TheRunCopyHoldsTheTextAndItsIncludes_data()
+    void theRunCopyHoldsTheTextAndItsIncludes_data()
     {
         QTest::addColumn<QString>("folder");
         const QStringList names = QDir(Cases).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
@@ -41,7 +41,7 @@ private Q_SLOTS:
             QTest::newRow(qPrintable(name)) << Cases + name + QLatin1Char('/');
     }
 
-    void TheRunCopyHoldsTheTextAndItsIncludes()
+    void theRunCopyHoldsTheTextAndItsIncludes()
     {
         QFETCH(QString, folder);
         const QByteArray program = LoadedBytes(CoreBench::Get(folder + QStringLiteral("program.bas")));
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(path), expected);
     }
 
-    void TheCurrentFolderDoesNotMatter()
+    void theCurrentFolderDoesNotMatter()
     {
         bench->Put(QStringLiteral("a.bas"), "'in the current folder\r\n");
         QDir().mkdir(QStringLiteral("sub"));
@@ -79,7 +79,7 @@ private Q_SLOTS:
                  Heading("a.bas") + "'in the current folder\r\n");
     }
 
-    void AFolderAboveCanBeNamed()
+    void aFolderAboveCanBeNamed()
     {
         QDir().mkdir(QStringLiteral("sub"));
         bench->Put(QStringLiteral("a.bas"), "'a\r\n");
@@ -87,7 +87,7 @@ private Q_SLOTS:
                  Heading("a.bas") + "'a\r\n");
     }
 
-    void ANameInTheCodePageFindsItsFile()
+    void aNameInTheCodePageFindsItsFile()
     {
         bench->Put(QStringLiteral("\u00DCber.bas"), "'u\r\n");
         const QString folder = bench->Path({});
@@ -111,13 +111,13 @@ private Q_SLOTS:
                      "'u\r\n");
     }
 
-    void ANameThatTheCodePageLacksFindsNothing()
+    void aNameThatTheCodePageLacksFindsNothing()
     {
         bench->Put(QStringLiteral("\u03B1.bas"), "'alpha\r\n");
         QCOMPARE(IncludedText("'include \xCE\xB1.bas\r\n", TextEncoding::Utf8, bench->Path({})), QByteArray());
     }
 
-    void TheExactNameWinsOverOneInAnotherCase()
+    void theExactNameWinsOverOneInAnotherCase()
     {
         bench->Put(QStringLiteral("a.bas"), "'lower\r\n");
         bench->Put(QStringLiteral("A.BAS"), "'upper\r\n");
@@ -127,7 +127,7 @@ private Q_SLOTS:
                  Heading("A.BAS") + "'upper\r\n" + Heading("a.bas") + "'lower\r\n");
     }
 
-    void AFileThatCannotBeReadIsAnError()
+    void aFileThatCannotBeReadIsAnError()
     {
 #ifdef Q_OS_LINUX
         QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), bench->Path(QStringLiteral("a.bas"))));
@@ -137,7 +137,7 @@ private Q_SLOTS:
 #endif
     }
 
-    void ALinkLeadsToItsFile()
+    void aLinkLeadsToItsFile()
     {
         QDir().mkdir(QStringLiteral("other"));
         bench->Put(QStringLiteral("other/a.bas"), "'a\r\n");
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(IncludedText("'include b.bas\r\n", TextEncoding::Ansi, bench->Path({})), Heading("b.bas") + "'a\r\n");
     }
 
-    void ANulInANameFindsNothing()
+    void aNulInANameFindsNothing()
     {
         bench->Put(QStringLiteral("a.bas"), "'a\r\n");
         QCOMPARE(

@@ -33,7 +33,7 @@ private Q_SLOTS:
 
     // --- Open. ---
 
-    void AnOpenedFileFillsANewWindow()
+    void anOpenedFileFillsANewWindow()
     {
         QDir().mkdir(QStringLiteral("programs"));
         const QString path = bench->Put(QStringLiteral("programs/a.bas"), "print 1\r\n");
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.status, QStringLiteral("a.bas  Size: 9 KB   Last Modified: ") + FileDateText(path));
     }
 
-    void TheTagIsThatOfTheSlotSearch()
+    void theTagIsThatOfTheSlotSearch()
     {
         Documents.push_back(nullptr);
         Documents.push_back(std::make_unique<cDocument>(1));
@@ -60,14 +60,14 @@ private Q_SLOTS:
         QCOMPARE(Documents[2]->Tag, QString());
     }
 
-    void NoFileOrAMissingOneOpensNothing_data()
+    void noFileOrAMissingOneOpensNothing_data()
     {
         QTest::addColumn<QString>("chosen");
         QTest::newRow("none") << QString();
         QTest::newRow("missing") << QStringLiteral("gone.bas");
     }
 
-    void NoFileOrAMissingOneOpensNothing()
+    void noFileOrAMissingOneOpensNothing()
     {
         QFETCH(QString, chosen);
         bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, chosen);
@@ -79,7 +79,7 @@ private Q_SLOTS:
 
     // --- Insert. ---
 
-    void AnInsertedFileComesInLineByLine_data()
+    void anInsertedFileComesInLineByLine_data()
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("inserted");
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QTest::newRow("code page") << QByteArray("'\xE4") << QByteArray("'\xC3\xA4\r\n");
     }
 
-    void AnInsertedFileComesInLineByLine()
+    void anInsertedFileComesInLineByLine()
     {
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, inserted);
@@ -107,14 +107,14 @@ private Q_SLOTS:
         QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
     }
 
-    void InsertWithoutACodeWindowIsSilent()
+    void insertWithoutACodeWindowIsSilent()
     {
         mnuFileInsert_Click();
         bench->form.kind = ActiveChild::Gui;
         mnuFileInsert_Click();
     }
 
-    void InsertWithoutAFileChangesNothing()
+    void insertWithoutAFileChangesNothing()
     {
         bench->Open(QStringLiteral("untitled.bas"), "x");
         bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), InsertFilter, {});
@@ -124,7 +124,7 @@ private Q_SLOTS:
 
     // --- Save and Save As. ---
 
-    void SaveWritesUnderTheCaption()
+    void saveWritesUnderTheCaption()
     {
         const QString path = bench->Put(QStringLiteral("a.bas"), "old\r\n");
         cDocument& document = bench->Open(path, "new");
@@ -133,14 +133,14 @@ private Q_SLOTS:
         ExpectSaved(document, path);
     }
 
-    void SaveOfAnUntitledWindowAsksForAName_data()
+    void saveOfAnUntitledWindowAsksForAName_data()
     {
         QTest::addColumn<QString>("caption");
         QTest::newRow("lower case") << QStringLiteral("untitled.bas");
         QTest::newRow("mixed case") << QStringLiteral("Untitled.Bas");
     }
 
-    void SaveOfAnUntitledWindowAsksForAName()
+    void saveOfAnUntitledWindowAsksForAName()
     {
         QFETCH(QString, caption);
         cDocument& document = bench->Open(caption, "new");
@@ -151,7 +151,7 @@ private Q_SLOTS:
         ExpectSaved(document, path);
     }
 
-    void NoNameSavesNothing()
+    void noNameSavesNothing()
     {
         cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "new");
         bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save"), SaveFilter, {});
@@ -171,7 +171,7 @@ private Q_SLOTS:
         ExpectUntouched(document, {});
     }
 
-    void SaveAsAlwaysAsks()
+    void saveAsAlwaysAsks()
     {
         const QString before = bench->Put(QStringLiteral("a.bas"), "old\r\n");
         const QString path = bench->Path(QStringLiteral("b.bas"));
@@ -183,7 +183,7 @@ private Q_SLOTS:
         ExpectSaved(document, path);
     }
 
-    void ASaveThatFailsLeavesTheWindowAsItWas_data()
+    void aSaveThatFailsLeavesTheWindowAsItWas_data()
     {
         QTest::addColumn<int>("command");
         QTest::newRow("save") << 0;
@@ -191,7 +191,7 @@ private Q_SLOTS:
         QTest::newRow("save project") << 2;
     }
 
-    void ASaveThatFailsLeavesTheWindowAsItWas()
+    void aSaveThatFailsLeavesTheWindowAsItWas()
     {
         QFETCH(int, command);
         cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "new");
@@ -203,7 +203,7 @@ private Q_SLOTS:
         ExpectUntouched(document, QStringLiteral("untitled.bas"));
     }
 
-    void ADeclinedSaveLeavesTheWindowAsItWas()
+    void aDeclinedSaveLeavesTheWindowAsItWas()
     {
         cDocument& document = bench->Open(bench->Path(QStringLiteral("a.bas")), "new\xCE\xB1");
         bench->dialogs.ExpectQuestion(QStringLiteral("Line 1 holds a character that BASIC source files cannot store.\n"
@@ -225,7 +225,7 @@ private Q_SLOTS:
 
     // --- Save Project. ---
 
-    void AProjectHoldsTheIncludesOfItsOwnFolder()
+    void aProjectHoldsTheIncludesOfItsOwnFolder()
     {
         QDir().mkdir(QStringLiteral("out"));
         bench->Put(QStringLiteral("lib.bas"), "'not this one\r\n");
@@ -245,7 +245,7 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(path), QByteArray("'include lib.bas\r\nend   \r\n"));
     }
 
-    void AProjectWhoseIncludesAreMissingIsTheCodeAlone()
+    void aProjectWhoseIncludesAreMissingIsTheCodeAlone()
     {
         cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "'include gone.bas\r\nend");
         const QString path = bench->Path(QStringLiteral("whole.bas"));

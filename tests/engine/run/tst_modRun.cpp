@@ -37,7 +37,7 @@ private Q_SLOTS:
         QTest::newRow("prog.basic") << QStringLiteral("prog.basic") << QStringLiteral("prog.baBAK");
         QTest::newRow("a.b") << QStringLiteral("a.b") << QStringLiteral("BAK");
         QTest::newRow("game.BAK is its own copy") << QStringLiteral("game.BAK") << QStringLiteral("game.BAK");
-        QTest::newRow("no ending") << QStringLiteral("program") << QStringLiteral("progBAK");
+        QTest::newRow("no extension") << QStringLiteral("program") << QStringLiteral("progBAK");
         QTest::newRow("untitled.bas on disk") << QStringLiteral("untitled.bas") << QStringLiteral("untitled.BAK");
         QTest::newRow("untitled.bak on disk") << QStringLiteral("untitled.bak") << QStringLiteral("untitled.BAK");
         QTest::newRow("characters beyond ASCII") << QStringLiteral("\u00FC.b\u00E4s") << QStringLiteral("\u00FC.BAK");
@@ -53,14 +53,14 @@ private Q_SLOTS:
         QCOMPARE(PlaceOfCopy(name, QStringLiteral("/p")).path, copy);
     }
 
-    void AnUntitledWindowIsRenamedToTheCopyInTheProgramsFolder_data()
+    void anUntitledWindowIsRenamedToTheCopyInTheProgramsFolder_data()
     {
         QTest::addColumn<QString>("caption");
         QTest::newRow("lower case") << QStringLiteral("untitled.bas");
         QTest::newRow("mixed case") << QStringLiteral("Untitled.BAS");
     }
 
-    void AnUntitledWindowIsRenamedToTheCopyInTheProgramsFolder()
+    void anUntitledWindowIsRenamedToTheCopyInTheProgramsFolder()
     {
         QFETCH(QString, caption);
         const CopyPlace place = PlaceOfCopy(caption, QStringLiteral("/p"));
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QCOMPARE(PlaceOfCopy(QStringLiteral("Document 3"), QStringLiteral("/p")).path, QStringLiteral("Document 3"));
     }
 
-    void ANameTooShortToCutIsAnError()
+    void aNameTooShortToCutIsAnError()
     {
         bench->Put(QStringLiteral("ab"), "x\r\n");
         QCOMPARE(RaisedBy([] { (void)PlaceOfCopy(QStringLiteral("ab"), QStringLiteral("/p")); }), 5);
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(PlaceOfCopy(QStringLiteral("abc"), QStringLiteral("/p")).path, QStringLiteral("BAK"));
     }
 
-    void PathsAreNeverQuoted()
+    void pathsAreNeverQuoted()
     {
         QCOMPARE(
             EngineCommand(QStringLiteral("c:\\or chard.exe"), QStringLiteral(" -R -A "), QStringLiteral("c:\\a b.BAK")),
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
     }
 
-    void AnUntitledWindowKeepsTheCopysName()
+    void anUntitledWindowKeepsTheCopysName()
     {
         cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "print 1");
         mnuRun_Click();
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QCOMPARE(Call(OBPath).last(), bench->ProgramPath(QStringLiteral("untitled.BAK")));
     }
 
-    void WithoutAWindowNothingHappens()
+    void withoutAWindowNothingHappens()
     {
         mnuRun_Click();
         mnuTKN_Click();
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void AFormIsCompiledIntoACodeWindowFirst()
+    void aFormIsCompiledIntoACodeWindowFirst()
     {
         bench->form.ShowGui();
         GuiDesign().form.caption = QStringLiteral("From the form");
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QVERIFY(copy.endsWith("[quit]\r\n    close #main : END\r\n\r\n \r\n"));
     }
 
-    void AnEngineThatIsNotFoundLeavesTheCopyUnwritten()
+    void anEngineThatIsNotFoundLeavesTheCopyUnwritten()
     {
         OBPath = QStringLiteral("no path");
         const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
@@ -177,7 +177,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void AnEngineThatIsFoundIsUsedAtOnce()
+    void anEngineThatIsFoundIsUsedAtOnce()
     {
         const QString engine = OBPath;
         OBPath = bench->Path(QStringLiteral("gone.exe"));
@@ -197,7 +197,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void AnOldCopyIsNotRunWhenTheNewOneCannotBeWritten()
+    void anOldCopyIsNotRunWhenTheNewOneCannotBeWritten()
     {
         const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
         QDir().mkdir(QStringLiteral("game.BAK"));
@@ -219,7 +219,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void ALaunchThatFailsIsARuntimeError()
+    void aLaunchThatFailsIsARuntimeError()
     {
         OBPath = bench->Put(QStringLiteral("text.exe"), "#!/no/such/interpreter\n");
         bench->Open(bench->Put(QStringLiteral("game.bas"), "old\r\n"), "print 1");
@@ -230,7 +230,7 @@ private Q_SLOTS:
 
     // --- Token, engine, FreeForm. ---
 
-    void ATokenFileGoesToTheRuntimeEngine()
+    void aTokenFileGoesToTheRuntimeEngine()
     {
         const QString token = bench->Put(QStringLiteral("game.tkn"), "t");
         ExpectTokenBox(token);
@@ -239,7 +239,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, QStringList{QStringLiteral("back")});
     }
 
-    void NoTokenFileEndsTheCommand()
+    void noTokenFileEndsTheCommand()
     {
         ExpectTokenBox({});
         mnuRunTKN_Click();
@@ -254,7 +254,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void WithoutARuntimeEngineATokenFileEndsInTheSearch()
+    void withoutARuntimeEngineATokenFileEndsInTheSearch()
     {
         OBRuntimePath = QStringLiteral("No Path");
         bench->dialogs.ExpectMessage(QStringLiteral("Find Orchard BASIC Runtime Engine?"), BoxAnswer::Cancel,
@@ -264,14 +264,14 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void TheBareEngineNeedsNoCodeWindow()
+    void theBareEngineNeedsNoCodeWindow()
     {
         mnuRunOB_Click();
         QCOMPARE(Call(OBPath), QStringList{});
         QCOMPARE(bench->form.log, QStringList{QStringLiteral("back")});
     }
 
-    void TheBareEngineIsSearchedForToo()
+    void theBareEngineIsSearchedForToo()
     {
         OBPath.clear();
         ExpectEngineSearch({});
@@ -279,7 +279,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void FreeformAsSourceRunsAndAWindowForItsOutputOpens()
+    void freeformAsSourceRunsAndAWindowForItsOutputOpens()
     {
         OBFreeformPath = bench->Put(QStringLiteral("ff15.BAS"), "x");
         mnuToolFreeform_Click();
@@ -289,7 +289,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, QStringList{QStringLiteral("show 1")});
     }
 
-    void FreeformAsTokenGoesToTheRuntimeEngine()
+    void freeformAsTokenGoesToTheRuntimeEngine()
     {
         OBFreeformPath = bench->Put(QStringLiteral("ff15.tkn"), "x");
         mnuToolFreeform_Click();
@@ -305,7 +305,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void WithoutFreeformItsSearchComesFirst()
+    void withoutFreeformItsSearchComesFirst()
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Find FreeForm?"), BoxAnswer::Cancel, BoxIcon::Question,
                                      BoxButtons::OkCancel);
@@ -313,7 +313,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.log.isEmpty());
     }
 
-    void FreeformNeedsTheEngineToo()
+    void freeformNeedsTheEngineToo()
     {
         OBFreeformPath = bench->Put(QStringLiteral("ff15.tkn"), "x");
         OBPath = QStringLiteral("no path");

@@ -21,8 +21,8 @@ private Q_SLOTS:
     void execIsSplitIntoArguments_data();
     void execIsSplitIntoArguments();
     void anOpenQuoteIsMalformed();
-    void escapesAreUndoneBeforeQuotes_data();
-    void escapesAreUndoneBeforeQuotes();
+    void escapesAreReplacedBeforeQuotes_data();
+    void escapesAreReplacedBeforeQuotes();
     void codesAreExpanded_data();
     void codesAreExpanded();
     void programsThatCannotStartHaveNoCommand_data();
@@ -114,7 +114,7 @@ void tst_cDesktopEntry::anOpenQuoteIsMalformed()
     QVERIFY(!Entry("Type=Application\nExec=editor \"a b").Command());
 }
 
-void tst_cDesktopEntry::escapesAreUndoneBeforeQuotes_data()
+void tst_cDesktopEntry::escapesAreReplacedBeforeQuotes_data()
 {
     QTest::addColumn<QByteArray>("exec");
     QTest::addColumn<QString>("argument");
@@ -126,7 +126,7 @@ void tst_cDesktopEntry::escapesAreUndoneBeforeQuotes_data()
     QTest::newRow("space between arguments") << QByteArray(R"(editor\sa)") << QStringLiteral("a");
 }
 
-void tst_cDesktopEntry::escapesAreUndoneBeforeQuotes()
+void tst_cDesktopEntry::escapesAreReplacedBeforeQuotes()
 {
     QFETCH(QByteArray, exec);
     QFETCH(QString, argument);

@@ -12,14 +12,14 @@ class tst_cKeyFile : public QObject {
 private Q_SLOTS:
     void linesAreGroupsKeysOrComments_data();
     void linesAreGroupsKeysOrComments();
-    void escapesAreUndone_data();
-    void escapesAreUndone();
+    void escapesAreReplaced_data();
+    void escapesAreReplaced();
     void listsAreSplitAtSemicolons_data();
     void listsAreSplitAtSemicolons();
     void theBestTranslationIsTaken_data();
     void theBestTranslationIsTaken();
     void onlyTheWordTrueIsTrue();
-    void aFileThatIsNotThereHasNoGroups();
+    void aMissingFileHasNoGroups();
 };
 
 void tst_cKeyFile::linesAreGroupsKeysOrComments_data()
@@ -53,7 +53,7 @@ void tst_cKeyFile::linesAreGroupsKeysOrComments()
     QTEST(cKeyFile(text).Text(QStringLiteral("G"), QStringLiteral("k")), "value");
 }
 
-void tst_cKeyFile::escapesAreUndone_data()
+void tst_cKeyFile::escapesAreReplaced_data()
 {
     QTest::addColumn<QByteArray>("written");
     QTest::addColumn<QString>("value");
@@ -68,7 +68,7 @@ void tst_cKeyFile::escapesAreUndone_data()
     QTest::newRow("semicolons") << QByteArray("a;b;") << QStringLiteral("a;b;");
 }
 
-void tst_cKeyFile::escapesAreUndone()
+void tst_cKeyFile::escapesAreReplaced()
 {
     QFETCH(QByteArray, written);
     QTEST(cKeyFile("[G]\nk=" + written + '\n').Text(QStringLiteral("G"), QStringLiteral("k")), "value");
@@ -136,7 +136,7 @@ void tst_cKeyFile::onlyTheWordTrueIsTrue()
         QVERIFY2(!file.IsTrue(QStringLiteral("G"), QString::fromLatin1(key)), key);
 }
 
-void tst_cKeyFile::aFileThatIsNotThereHasNoGroups()
+void tst_cKeyFile::aMissingFileHasNoGroups()
 {
     const cKeyFile file = cKeyFile::Read(QStringLiteral("/nowhere/at/all"));
     QCOMPARE(file.Text(QStringLiteral("G"), QStringLiteral("k")), QString());

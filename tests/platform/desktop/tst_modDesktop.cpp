@@ -23,7 +23,7 @@ private Q_SLOTS:
     void theListsAreReadInTheirOrder();
     void theTypeOfTheFileCountsBeforeItsParents_data();
     void theTypeOfTheFileCountsBeforeItsParents();
-    void aFileThatIsNotThereHasNoProgram();
+    void aMissingFileHasNoProgram();
     void theFileManagerOpensFolders();
     void theCalculatorIsTheFirstThatMenusShow_data();
     void theCalculatorIsTheFirstThatMenusShow();
@@ -232,7 +232,7 @@ void tst_modDesktop::theTypeOfTheFileCountsBeforeItsParents()
     QCOMPARE(ProgramFor(file), QStringLiteral("web"));
 }
 
-void tst_modDesktop::aFileThatIsNotThereHasNoProgram()
+void tst_modDesktop::aMissingFileHasNoProgram()
 {
     Set(QStringLiteral("data/applications/a.desktop: MimeType=text/plain;"));
     QCOMPARE(NameOf(ob::FindExecutable(folder->filePath(QStringLiteral("gone.txt")).toStdU16String())),

@@ -53,7 +53,7 @@ private Q_SLOTS:
     void aProgramForWindowsRunsThroughWine();
     void withoutWineTheStartFails();
     void aScriptWithThatExtensionRunsByItself();
-    void aProgramThatIsNotThereIsReported();
+    void aMissingProgramIsReported();
     void aProgramThatIsNotExecutableIsReported();
 
 private:
@@ -277,7 +277,7 @@ void tst_modLaunch::aScriptWithThatExtensionRunsByItself()
     QCOMPARE(WaitForLog().join(u' '), QStringLiteral("orchard.exe"));
 }
 
-void tst_modLaunch::aProgramThatIsNotThereIsReported()
+void tst_modLaunch::aMissingProgramIsReported()
 {
     QCOMPARE(LaunchError(At(QStringLiteral("gone.exe")) + QStringLiteral(" x")), fileNotFound);
     QCOMPARE(LaunchError(QStringLiteral("surely-no-program-has-this-name x")), fileNotFound);

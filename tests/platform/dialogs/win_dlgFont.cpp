@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(font->name, family);
     }
 
-    void installedFontComesBackAsItWasGiven()
+    void installedFontIsReturnedUnchanged()
     {
         dlgStandard boxes;
         const QString family = QFontDatabase::families().first();

@@ -173,7 +173,7 @@ private Q_SLOTS:
         QCOMPARE(filterIndex, 1);
     }
 
-    void theOfferedNameStandsInTheField()
+    void theOfferedNameIsInTheField()
     {
         const QTemporaryDir folder;
         dlgStandard boxes;

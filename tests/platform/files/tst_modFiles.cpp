@@ -24,7 +24,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void aFolderIsNoFile();
+    void aFolderIsNotAFile();
     void readingGivesAllBytes();
     void readingAMadeUpFileGivesAllBytes();
     void replacingMakesAndReplaces();
@@ -66,7 +66,7 @@ void tst_modFiles::cleanup()
     folder.reset();
 }
 
-void tst_modFiles::aFolderIsNoFile()
+void tst_modFiles::aFolderIsNotAFile()
 {
     Put(At(QStringLiteral("a.bas")), "x");
     QVERIFY(ob::FileExists(At(QStringLiteral("a.bas"))));

@@ -24,7 +24,7 @@ private Q_SLOTS:
     void theProgramsFolderIsTheExecutablesWhereItCanBeWritten();
     void theProgramsFolderIsTheUsersWhereTheExecutablesIsClosed();
     void theAttemptToWriteLeavesNoFile();
-    void aFolderSetForATestHoldsUntilItIsTakenBack();
+    void aFolderSetForATestCountsUntilItIsReset();
     void theLibraryIsTakenFromTheProgramsFolderFirst();
     void theLibrarysFolderCanBeSet();
     void longAndShortPathsAreThePathOfWhatExists();
@@ -95,7 +95,7 @@ void tst_modPaths::theAttemptToWriteLeavesNoFile()
     QCOMPARE(dir.entryList({QStringLiteral("*ob*tmp*")}, QDir::AllEntries | QDir::Hidden), before);
 }
 
-void tst_modPaths::aFolderSetForATestHoldsUntilItIsTakenBack()
+void tst_modPaths::aFolderSetForATestCountsUntilItIsReset()
 {
     const QString usual = ob::ProgramFolder();
     const QTemporaryDir folder;

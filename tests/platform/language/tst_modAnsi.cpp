@@ -56,8 +56,8 @@ class tst_modAnsi : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyByteComesBack();
-    void everyByteComesBackAtEveryPlaceInABlock();
+    void everyByteSurvivesTheRoundTrip();
+    void everyByteSurvivesAtEveryPlaceInABlock();
     void everyCharacterIsEncodedOrCountsAsLost();
     void malformedUtf8CountsByteByByte_data();
     void malformedUtf8CountsByteByByte();
@@ -72,7 +72,7 @@ private Q_SLOTS:
     void unpairedSurrogatesCountAsLost();
 };
 
-void tst_modAnsi::everyByteComesBack()
+void tst_modAnsi::everyByteSurvivesTheRoundTrip()
 {
     QByteArray all;
     for (int byte = 0; byte < 256; ++byte)
@@ -86,7 +86,7 @@ void tst_modAnsi::everyByteComesBack()
     QCOMPARE(back.firstLostLine, -1);
 }
 
-void tst_modAnsi::everyByteComesBackAtEveryPlaceInABlock()
+void tst_modAnsi::everyByteSurvivesAtEveryPlaceInABlock()
 {
     for (int length = 1; length <= 70; ++length) {
         for (int place = 0; place < length; ++place) {

@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(media->openCount, 0);
     }
 
-    void playAndWaitComesBackAtTheEnd()
+    void playAndWaitReturnsAtTheEnd()
     {
         Send(QStringLiteral("open avivideo!%1 alias A").arg(Path("a.avi")));
         QTimer::singleShot(60, this, [this] { media->position = 5'000; });
@@ -250,7 +250,7 @@ private Q_SLOTS:
         QVERIFY(timer.elapsed() >= 55);
     }
 
-    void aSoundThatIsGoneIsRefused()
+    void aMissingSoundIsRejected()
     {
         QVERIFY(!sndPlaySoundA(Path("gone.wav"), SND_ASYNC));
         QVERIFY(!sndPlaySoundA(folder->path(), SND_ASYNC));

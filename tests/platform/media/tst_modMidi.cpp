@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(ReadMidi(listed + song)->length, std::int64_t{1'000'000});
     }
 
-    void whatIsNoSongIsRefused_data()
+    void bytesThatAreNotASongAreRejected_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("nothing") << QByteArray();
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QTest::newRow("too large") << MidiSongFile(1) + QByteArray(MaximumMidiSize, '\0');
     }
 
-    void whatIsNoSongIsRefused()
+    void bytesThatAreNotASongAreRejected()
     {
         QFETCH(QByteArray, bytes);
         QVERIFY(!ReadMidi(bytes).has_value());

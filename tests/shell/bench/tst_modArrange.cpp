@@ -42,7 +42,7 @@ private Q_SLOTS:
                  (QList<QRect>{{0, 0, 45, 45}, {0, 45, 45, 45}, {45, 0, 45, 30}, {45, 30, 45, 30}, {45, 60, 45, 30}}));
     }
 
-    void cascadeStaysInTheAreaAndStartsAnew()
+    void cascadeStaysInTheAreaAndRestarts()
     {
         const QList<QRect> places = ArrangedPlaces(Arrangement::Cascade, {400, 400}, 8, 25);
         for (const QRect& place : places)

@@ -288,7 +288,7 @@ private Q_SLOTS:
         QCOMPARE(ReadComments(folder), QByteArray("'by \xE9\r\n'me"));
     }
 
-    void everyByteOfTheCommentsComesBack()
+    void everyByteOfTheCommentsIsKept()
     {
         QByteArray bytes;
         for (int byte = 0; byte < 256; ++byte)

@@ -61,7 +61,7 @@ private Q_SLOTS:
         }
     }
 
-    void aStartInAFolderThatTakesNothingGoesOn()
+    void aStartInAFolderThatCannotBeWrittenContinues()
     {
         SetProgramFolder(QStringLiteral("/proc/nothing"));
         StartRoutine([&] { return &bench->form; });
@@ -155,7 +155,7 @@ private Q_SLOTS:
                  QStringLiteral("(never written)"));
     }
 
-    void aNewestFileThatCannotBeReadIsPassedOver()
+    void aNewestFileThatCannotBeReadIsSkipped()
     {
         const QString path = bench->Put(QStringLiteral("a.bas"), "x");
         WriteSetting(QStringLiteral("MRU1"), path);

@@ -57,11 +57,11 @@ private Q_SLOTS:
     void programFolderGetsItsFolderForPrograms();
     void storedUntitledThatExistsOpensAnEmptyWindow();
     void newestRecentFileIsOpenedWhenWanted();
-    void newestRecentFileThatCannotBeReadIsPassedOver();
+    void newestRecentFileThatCannotBeReadIsSkipped();
     void commandLineOpensFilesAndSkipsMissingOnes();
     void lastDirectoryBecomesTheCurrentOne();
     void closingStoresPlaceAndSettings();
-    void storedPlaceIsTaken();
+    void storedPlaceIsRestored();
     void garbageInTheStoreStillGivesAWindow();
     void recentItemOpensItsFile();
     void recentItemOfAMissingFileSaysSo();
@@ -134,7 +134,7 @@ void win_frmMain::newestRecentFileIsOpenedWhenWanted()
     QCOMPARE(RecentCount, 1);
 }
 
-void win_frmMain::newestRecentFileThatCannotBeReadIsPassedOver()
+void win_frmMain::newestRecentFileThatCannotBeReadIsSkipped()
 {
     TestBench bench;
     WriteSetting(QStringLiteral("MRU1"), bench.Write(QStringLiteral("a.bas"), "x"));
@@ -183,7 +183,7 @@ void win_frmMain::closingStoresPlaceAndSettings()
     QCOMPARE(stored("MRU8"), QStringLiteral("error"));
 }
 
-void win_frmMain::storedPlaceIsTaken()
+void win_frmMain::storedPlaceIsRestored()
 {
     TestBench bench;
     SaveWindowPlace({150, 300, 7500, 6000});
