@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Calls obtool as other programs do.
+// Runs obtool as a process.
 #pragma once
 
 #include <QByteArray>
@@ -12,17 +12,17 @@ namespace ob {
 inline const QString Obtool = QStringLiteral(OB_BIN "/obtool");
 
 struct Outcome {
-    int status = -1; // of a run that did not end by itself
+    int status = -1; // after a run that did not end by itself
     QByteArray out;
     QByteArray error;
 };
 
-// The surroundings of a run.
+// The environment of a run.
 struct Surroundings {
     QByteArray input; // on standard input
-    QString folder;   // the test's own when it is empty
+    QString folder;   // the test's own if empty
     QString program = Obtool;
-    const char* setup = nullptr; // commands of a shell that then becomes obtool
+    const char* setup = nullptr; // shell commands to execute before obtool
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
 };
 

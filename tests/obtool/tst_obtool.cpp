@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// obtool as other programs call it: what it writes where, and its exit status.
+// obtool as a process: its output and files, and its exit status.
 #include "obtool/RunObtool.h"
 
 #include <QDir>
@@ -33,7 +33,7 @@ Outcome Run(const QStringList& arguments, const QByteArray& input = {}, const QS
     return RunObtool(arguments, surroundings);
 }
 
-// Runs obtool by way of a shell that first does the setup.
+// Runs obtool through a shell that executes the setup first.
 Outcome RunAfter(const char* setup, const char* line)
 {
     Surroundings surroundings;
@@ -110,7 +110,7 @@ private Q_SLOTS:
     }
 
 #ifdef Q_OS_LINUX
-    // Most of a start is the loading of libraries, so those of pictures and archives wait until they are needed.
+    // Most of the start-up time goes into loading libraries, so those of pictures and archives are loaded when needed.
     void textIsReadWithoutTheLibrariesOfPicturesAndArchives()
     {
         Surroundings traced;

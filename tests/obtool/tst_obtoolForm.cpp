@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool form", as other programs call it: programs and forms written, failures and notes reported.
+// "obtool form" as a process: the programs and forms written, the failures and notes reported.
 #include "obtool/RunObtool.h"
 
 #include <QDir>
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QCOMPARE(Get("out.bas"), QByteArray("old"));
     }
 
-    void aBitmapThatIsThereGivesNoNote()
+    void anExistingBitmapGivesNoNote()
     {
         Put("b.bmp", QByteArray::fromHex("424d3a0000000000000036000000280000000100000001000000010018000000000004000000"
                                          "00000000000000000000000000000000ff000000"));
@@ -218,9 +218,9 @@ private Q_SLOTS:
         QVERIFY(RunLine("compile a.obf").out.contains("    Call ChangeStatusText hBar, 10, \"k\"\r\n"));
     }
 
-    // --- Check, and files that are no forms. ---
+    // --- Check, and files that are not forms. ---
 
-    void aGoodFormChecksWithoutAWord()
+    void aGoodFormChecksSilently()
     {
         for (const QString& name : QDir(Samples).entryList({QStringLiteral("*.obf")})) {
             const Outcome result = Run({QStringLiteral("check"), Samples + name});

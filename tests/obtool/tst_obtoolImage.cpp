@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool image" and "obtool palette", as other programs call them.
+// "obtool image" and "obtool palette" as processes.
 #include "obtool/RunObtool.h"
 
 #include "imaging/BitmapBytes.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool source labels", "comment" and "indent", as other programs call them.
+// "obtool source labels", "comment" and "indent" as processes.
 #include "obtool/RunObtool.h"
 
 #include <QDir>
@@ -58,7 +58,7 @@ private Q_SLOTS:
 
     void theEndOfTheFileIsCutAsInTheCodeWindow()
     {
-        // Two bytes go with the load, and two characters of the last line in the scan.
+        // Loading drops two bytes, and the scan two characters of the last line.
         QCOMPARE(Run("labels -", "[start]\r\n").out, QByteArray("1\t[star\n"));
         QCOMPARE(Run("labels -", "[start]  \r\n").out, QByteArray("1\t[start]\n"));
         QCOMPARE(Run("labels -", "[start]").out, QByteArray("1\t[st\n"));

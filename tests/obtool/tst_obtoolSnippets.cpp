@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool write snippets", as other programs call it.
+// "obtool write snippets" as a process.
 #include "obtool/RunObtool.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool source variables", as other programs call it.
+// "obtool source variables" as a process.
 #include "obtool/RunObtool.h"
 
 #include <QFile>
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(Report("a\tb = 1\r\nab: = 2\r\nend\r\n").out, QByteArray("a\tb\t0\n\t1\n"));
     }
 
-    // The file's last two bytes go as in the code window, and the last line loses two characters in the scan.
+    // As in the code window, loading drops the file's last two bytes, and the scan two characters of the last line.
     void theEndOfTheFileIsCutAsInTheCodeWindow()
     {
         QCOMPARE(Report("total = 5\r\n").out, QByteArray("total\t0\n"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool avi", as other programs call it.
+// "obtool avi" as a process.
 #include "obtool/RunObtool.h"
 
 #include "imagetools/avi/AviBench.h"
@@ -142,7 +142,7 @@ private Q_SLOTS:
     {
         for (int frame = 0; frame < 4; ++frame)
             Put(Name("%1.bmp").arg(frame), NoiseBitmap({.height = 20, .width = 100}, 1));
-        // A write beyond the limit is an error only where the signal is ignored.
+        // A write beyond the limit is an error only if the signal is ignored.
         const auto runWithin = [](const char* setup) {
             Surroundings surroundings;
             surroundings.setup = setup;

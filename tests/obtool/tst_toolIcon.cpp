@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool icon", as other programs call it.
+// "obtool icon" as a process.
 #include "obtool/RunObtool.h"
 
 #include "imagetools/icons/IconBytes.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool package", as other programs call it.
+// "obtool package" as a process.
 #include "obtool/RunObtool.h"
 
 #include "engine/package/PackageBench.h"
@@ -14,7 +14,7 @@ Outcome Run(const QStringList& arguments)
     return RunObtool(QStringList{QStringLiteral("package")} + arguments);
 }
 
-// A package of the bench's token with its engine's folder, and more arguments.
+// Packages the bench's token with its engine's folder, and further arguments.
 Outcome Make(const PackageBench& bench, const QStringList& more = {})
 {
     return Run(QStringList{QStringLiteral("make"), bench.Token(), QStringLiteral("--engine"), bench.engine} + more);
@@ -26,7 +26,7 @@ QStringList Sorted(QStringList names)
     return names;
 }
 
-// The question whether to test the program, which nobody answers here.
+// The question whether to test the program, which stays unanswered here.
 QByteArray EngineNote(const PackageBench& bench)
 {
     return "obtool: note: The runtime engine is now called game.exe  All files can be found in " +
@@ -166,7 +166,7 @@ private Q_SLOTS:
 #endif
     }
 
-    void anAddedFileThatIsNotThereIsMissing()
+    void anAddedFileThatDoesNotExistIsMissing()
     {
         const PackageBench bench(1);
         const Outcome end = Make(bench, {QStringLiteral("--add"), bench.At("work/gone.txt")});
@@ -195,7 +195,7 @@ private Q_SLOTS:
                  end.error.constData());
     }
 
-    void tokensThatAreNoneFail()
+    void filesThatAreNotTokensFail()
     {
         const PackageBench bench(1);
         PutFile(bench.At("work/game.bas"), "x");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool sprite", as other programs call it.
+// "obtool sprite" as a process.
 #include "obtool/RunObtool.h"
 
 #include "imagetools/sprites/SpriteFiles.h"
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(closed.error, QByteArray("obtool: no/such/out.bmp: Path not found\n"));
     }
 
-    void aFolderIsMaskedInPlaceALineAFile()
+    void aFolderIsMaskedInPlaceWithALinePerFile()
     {
         QDir().mkdir(QStringLiteral("art"));
         const QImage sprite = SpriteImage(9, 8);
@@ -152,7 +152,7 @@ private Q_SLOTS:
         QCOMPARE(Run({QStringLiteral("mask"), QStringLiteral("--folder"), QString()}).status, 2);
     }
 
-    void helpIsGiven()
+    void helpShowsTheUsage()
     {
         const Outcome help = RunWords("mask --help");
         QCOMPARE(help.status, 0);

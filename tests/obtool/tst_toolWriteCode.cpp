@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool write array", "messagebox", "menu" and "stylebits", as other programs call them.
+// "obtool write array", "messagebox", "menu" and "stylebits" as processes.
 #include "obtool/RunObtool.h"
 
 #include "codetools/MakerFiles.h"

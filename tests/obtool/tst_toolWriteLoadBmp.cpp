@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool write loadbmp" and "write library jpeg", as other programs call them, and metafiles given to obtool.
+// "obtool write loadbmp" and "write library jpeg" as processes, and metafiles as input of obtool.
 #include "obtool/RunObtool.h"
 
 #include "imagetools/metafiles/MetafileBytes.h"
@@ -14,7 +14,7 @@ using namespace ob;
 
 namespace {
 
-// As on a machine without a display, whatever this test runs on.
+// Like on a machine without a display, wherever this test runs.
 Outcome Run(const QStringList& arguments, const QString& folder = {})
 {
     Surroundings surroundings;
@@ -148,7 +148,7 @@ void tst_toolWriteLoadBmp::demonstrationOfTheLibrary()
 
 void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
 {
-    qunsetenv("XDG_RUNTIME_DIR"); // on which the toolkit would remark
+    qunsetenv("XDG_RUNTIME_DIR"); // the toolkit would print a message about it
     const QTemporaryDir folder;
     const QString in = folder.filePath(QStringLiteral("a.wmf"));
     const QString out = folder.filePath(QStringLiteral("a.bmp"));
@@ -172,7 +172,7 @@ void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
     QVERIFY2(dark > 150, qPrintable(QString::number(dark)));
 }
 
-// Without fonts the toolkit would end the process.
+// Without fonts the toolkit would abort the process.
 void tst_toolWriteLoadBmp::drawingWithTextIsAPicture()
 {
     const QTemporaryDir folder;

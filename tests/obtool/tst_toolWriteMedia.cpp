@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool write media", as other programs call it.
+// "obtool write media" as a process.
 #include "obtool/RunObtool.h"
 
 #include <QTest>

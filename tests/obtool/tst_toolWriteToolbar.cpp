@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool write toolbar" and "write texteditor", as other programs call them.
+// "obtool write toolbar" and "write texteditor" as processes.
 #include "obtool/RunObtool.h"
 
 #include <QFile>
@@ -36,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(done.out, Golden("toolbar-new.bas"));
     }
 
-    void textsGoInAsTheyAre()
+    void textsAreWrittenUnchanged()
     {
         const Outcome done =
             Toolbar({QStringLiteral("--bitmap"), QStringLiteral("c:\\pictures\\bar.bmp"), QStringLiteral("--program"),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// "obtool zip", as other programs call it.
+// "obtool zip" as a process.
 #include "obtool/RunObtool.h"
 
 #include "engine/package/ZipBench.h"
@@ -54,18 +54,18 @@ private Q_SLOTS:
         QCOMPARE(NamesIn(QStringLiteral(".")).size(), 4);
     }
 
-    void aWildcardIsTheToolsToExpand()
+    void wildcardsAreExpandedByTheTool()
     {
         QCOMPARE(Run("make out.zip *.*").status, 0);
         QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
                  QStringList({QStringLiteral("a.txt"), QStringLiteral("b.DLL")}));
-        // Again, now with the archive there.
+        // Again, now that the archive exists.
         QCOMPARE(Run("make out.zip ?.dll SUB/*.TXT").status, 0);
         QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
                  QStringList({QStringLiteral("b.DLL"), QStringLiteral("c.txt")}));
     }
 
-    void aNameWithoutAnEndingGetsZip()
+    void aNameWithoutAnExtensionGetsZip()
     {
         QCOMPARE(Run("make out a.txt").status, 0);
         QVERIFY(QFile::exists(QStringLiteral("out.zip")));
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(NamesIn(QStringLiteral(".")).size(), 5);
     }
 
-    void ninetyNineSpecsAreTheMost()
+    void ninetyNineSpecsAreTheMaximum()
     {
         QStringList specs;
         for (int number = 0; number < 100; ++number) {
