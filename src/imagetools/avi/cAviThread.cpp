@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes the frames of a video on a thread of their own.
+// Writes the frames of a video on its own thread.
 #include "imagetools/avi/cAviThread.h"
 
 #include <utility>

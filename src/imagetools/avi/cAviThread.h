@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes the frames of a video on a thread of their own.
+// Writes the frames of a video on its own thread.
 #pragma once
 
 #include "imagetools/avi/modAvi.h"
@@ -11,16 +11,16 @@
 
 namespace ob {
 
-// How the writing came to its end. Writing means that it was stopped.
+// How the writing ended. Writing means that it was stopped.
 struct AviEnd {
     AviState state = AviState::Writing;
-    std::exception_ptr error; // what a frame raised
+    std::exception_ptr error; // raised by a frame
 };
 
 class cAviThread {
 public:
-    // Starts on a video that has begun, which nobody else touches until the end is told or this is gone. Both functions
-    // are called on the thread: the first after each frame, with its number from 0.
+    // Starts on an opened video, which nothing else may use until the end is reported or this is destroyed. Both
+    // functions are called on the thread: the first after each frame, with its number from 0.
     cAviThread(AviWriting& writing, std::function<void(qsizetype)> frameSaved, std::function<void(AviEnd)> ended);
     cAviThread(const cAviThread&) = delete;
     cAviThread& operator=(const cAviThread&) = delete;
@@ -28,7 +28,7 @@ public:
     // Stops, and waits for the frame that is being written.
     ~cAviThread();
 
-    // Asks for the end behind the frame that is being written.
+    // Requests the end after the current frame.
     void Stop() { isStopping = true; }
 
 private:

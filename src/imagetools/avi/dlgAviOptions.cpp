@@ -17,7 +17,7 @@ dlgAviOptions::dlgAviOptions(const AviFormat& format, QWidget* parent)
         ui->lstCodec->addItem(
             QString::fromUtf8(codec.description.data(), static_cast<qsizetype>(codec.description.size())));
     ui->sldQuality->setValue(AviOptions().quality);
-    // Room for two lines, so that nothing moves when there is something to say.
+    // Space for two lines, so that nothing moves when a note appears.
     ui->lblNote->setMinimumHeight(2 * fontMetrics().lineSpacing());
     connect(ui->lstCodec, &QListWidget::currentRowChanged, this, [this] { RunCommand([this] { lstCodec_Click(); }); });
     connect(ui->lstCodec, &QListWidget::itemActivated, ui->cmdOK, &QPushButton::click);

@@ -15,7 +15,7 @@ class dlgAviOptions;
 
 namespace ob {
 
-// For frames of that format; OK is there only for what can compress them.
+// For frames of that format; OK is enabled only for compressors that accept them.
 class dlgAviOptions final : public QDialog {
     Q_OBJECT
 

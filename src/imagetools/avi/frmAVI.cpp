@@ -22,7 +22,7 @@ namespace ob {
 
 namespace {
 
-// The preview may take this part of the time that writing takes.
+// The preview may take this fraction of the writing time.
 constexpr int PreviewShare = 8;
 
 QStringList FilesIn(const QMimeData& dropped)
@@ -138,7 +138,7 @@ void frmAVI::lstDIBList_Delete()
         return;
     }
     {
-        // On the way the list names a row that is about to change its number.
+        // Meanwhile the list reports a row whose number is about to change.
         const QSignalBlocker isMoving(ui->lstDIBList);
         delete ui->lstDIBList->takeItem(row);
     }
@@ -178,7 +178,7 @@ AviState frmAVI::BeginWriting(const QString& path)
     return state;
 }
 
-// Notices come from either thread; their boxes are shown here, one behind the other.
+// Notices come from either thread; their boxes are shown here, one after the other.
 NoticeSink frmAVI::NoticesHere()
 {
     return [this](const std::string& text, NoticeIcon icon) {
@@ -229,7 +229,7 @@ void frmAVI::ShowFrame(qsizetype frame)
     try {
         ShowFile(list.files[frame]);
     } catch (const RuntimeError&) {
-        // A file that is gone has been told; the picture before stays, as its frame does.
+        // A missing file has been reported; the previous picture stays, like its frame.
     }
     ui->imgPreview->repaint();
     previewCost = std::max<qint64>(clock.elapsed(), 5);
@@ -260,7 +260,7 @@ void frmAVI::EnableControls()
 {
     const bool isIdle = writing == nullptr;
     const bool hasFiles = !list.files.isEmpty();
-    // The pressed button goes grey; its focus may not fall on Cancel, where one more key would end the writing.
+    // The pressed button is disabled; its focus must not move to Cancel, where another key would end the writing.
     if (!isIdle)
         ui->lstDIBList->setFocus();
     ui->cmdFileOpen->setEnabled(isIdle);

@@ -19,8 +19,8 @@ class frmAVI;
 
 namespace ob {
 
-// Frames are written on a thread of their own, so that the window stays alive meanwhile. Cancel and Escape end the
-// writing first and close the window only then; the close button does both.
+// Frames are written on their own thread, so that the window stays responsive. Cancel and Escape first end the writing
+// and close the window only the next time; the close button does both.
 class frmAVI final : public QDialog {
     Q_OBJECT
 
@@ -62,7 +62,7 @@ private:
     std::unique_ptr<AviWriting> writing;
     std::unique_ptr<cAviThread> thread; // at its end before what it works on
     bool closesAtEnd = false;
-    QList<std::pair<std::string, NoticeIcon>> notices; // that wait for the one being shown
+    QList<std::pair<std::string, NoticeIcon>> notices; // waiting for the one being shown
     bool isShowingNotice = false;
     QElapsedTimer sincePreview;
     qint64 previewCost = 0; // milliseconds

@@ -37,7 +37,7 @@ AviFormat FormatOf(const cDIB& dib)
 
 enum class Wanted { Headers, Frame };
 
-// How much of a bitmap file is read: its headers, and for a frame the pixels if the file has them.
+// The part of a bitmap file that is read: its headers, and for a frame also the pixels that the file has.
 qint64 BytesNeeded(QFile& file, Wanted wanted)
 {
     std::array<std::uint8_t, FileHeaderSize + InfoHeaderSize> start = {};
@@ -52,8 +52,8 @@ qint64 BytesNeeded(QFile& file, Wanted wanted)
     return std::clamp<std::int64_t>(pixels + size, least, file.size());
 }
 
-// Reads into the bytes that the bitmap then keeps; what cannot be read that way is left to the usual reader, which
-// knows the reasons.
+// Reads into the bytes that the bitmap then keeps; files that cannot be read that way are left to the usual reader,
+// which knows the reasons.
 FileContent ReadBitmapFile(const std::string& name, Wanted wanted)
 {
     const QString path = QString::fromStdString(name);
@@ -77,7 +77,7 @@ bool LoadBitmap(cDIB& dib, const QString& path, Wanted wanted, const NoticeSink&
     }
 }
 
-// Whether a load will get beyond the check of the file's type.
+// Whether a load will pass the check of the file's type.
 bool StartsAsBitmap(const QString& path)
 {
     QFile file(path);
@@ -85,7 +85,7 @@ bool StartsAsBitmap(const QString& path)
            file.read(2) == QByteArrayView("BM");
 }
 
-// As much of the bytes there as there is.
+// As many of the bytes there as exist.
 ByteView Part(ByteView bytes, std::size_t start, std::size_t count)
 {
     const ByteView rest = bytes.subspan(std::min(start, bytes.size()));
@@ -110,13 +110,13 @@ std::size_t TableBytes(const cDIB& dib)
 bool HasUsualMasks(const cDIB& dib, ByteView masks)
 {
     const cByteReader reader(masks);
-    const std::array<std::uint32_t, 3> told = {reader.Long(0), reader.Long(4), reader.Long(8)};
+    const std::array<std::uint32_t, 3> values = {reader.Long(0), reader.Long(4), reader.Long(8)};
     if (dib.BitCount() == 16)
-        return told == std::array<std::uint32_t, 3>{0x7C00, 0x3E0, 0x1F};
-    return dib.BitCount() == 32 && told == std::array<std::uint32_t, 3>{0xFF0000, 0xFF00, 0xFF};
+        return values == std::array<std::uint32_t, 3>{0x7C00, 0x3E0, 0x1F};
+    return dib.BitCount() == 32 && values == std::array<std::uint32_t, 3>{0xFF0000, 0xFF00, 0xFF};
 }
 
-// What the pixels take without run lengths; as much as there is for a bitmap with them.
+// The size of the pixels without run lengths; for a bitmap with them, as many as there are.
 std::size_t PixelBytes(const cDIB& dib)
 {
     const auto all = static_cast<std::size_t>(dib.SizeImage());
@@ -134,7 +134,7 @@ std::size_t PixelBytes(const cDIB& dib)
 
 std::int32_t LinesOf(const AviFormat& format)
 {
-    // The least number has no counterpart, and no picture is that high.
+    // The smallest number has no counterpart, and no picture is that high.
     return format.height == std::numeric_limits<std::int32_t>::min() ? 0 : std::abs(format.height);
 }
 
@@ -159,7 +159,7 @@ void AddToList(AviList& list, const QString& file, const AviFormat& format)
 
 std::int32_t FramesPerSecondOf(QStringView text)
 {
-    // The bounds come first, as a number may be beyond every whole one; halves do not lie on them.
+    // The bounds come first, as a number may exceed every integer; the bounds are not halves.
     return ToInt32(std::clamp(Val(text), LeastRate, MostRate));
 }
 
@@ -176,14 +176,14 @@ std::vector<std::uint8_t> StreamFormatOf(const cDIB& first)
 {
     ByteView info = first.PointerToBitmapInfo();
     info = info.first(info.size() - 1);
-    const auto told = static_cast<std::size_t>(std::max(first.SizeInfoHeader(), 0));
-    const std::size_t headerSize = std::max(told, InfoHeaderSize);
+    const auto claimed = static_cast<std::size_t>(std::max(first.SizeInfoHeader(), 0));
+    const std::size_t headerSize = std::max(claimed, InfoHeaderSize);
     const bool hasMasks = first.Compression() == BitFields || first.Compression() == AlphaBitFields;
     const std::size_t maskBytes = !hasMasks ? 0 : first.Compression() == BitFields ? 12 : 16;
-    // A header with room for the masks holds them itself.
-    const bool areMasksBehind = headerSize < InfoHeaderSize + 12;
+    // A header with space for the masks contains them.
+    const bool areMasksAfter = headerSize < InfoHeaderSize + 12;
     const ByteView masks = Part(info, InfoHeaderSize, maskBytes);
-    const ByteView table = Part(info, headerSize + (areMasksBehind ? maskBytes : 0), TableBytes(first));
+    const ByteView table = Part(info, headerSize + (areMasksAfter ? maskBytes : 0), TableBytes(first));
 
     const ByteView header = Part(info, 0, InfoHeaderSize);
     std::vector<std::uint8_t> format(header.begin(), header.end());
@@ -206,7 +206,7 @@ AviWriting::~AviWriting() = default;
 
 bool AviWriting::Load(const QString& name)
 {
-    // One frame in memory, not two; but the one before is still needed when this one cannot be had.
+    // One frame in memory, not two; but the previous one is still needed when this one cannot be loaded.
     if (StartsAsBitmap(name))
         dib = cDIB();
     return LoadBitmap(dib, name, Wanted::Frame, notice);
@@ -263,7 +263,7 @@ void AviWriting::OpenStream(const AviOptions& options, std::int32_t framesPerSec
 
 AviState AviWriting::WriteFrame()
 {
-    // The first one is loaded already.
+    // The first one is already loaded.
     if (written > 0)
         Load(files[written]);
     const ByteView bytes = FrameBytes();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The AVI maker: a list of bitmap files of one size and format becomes a video, a frame each.
+// The AVI maker: a list of bitmap files of one size and format becomes a video, one frame each.
 #pragma once
 
 #include "imagetools/avi/modAviCodecs.h"
@@ -23,7 +23,7 @@ inline const QString DifferentFormatText = QStringLiteral("Chosen bitmap file is
 inline const QString NoFirstBitmapText = QStringLiteral("Could not load first bitmap file in list!");
 inline const QString AviErrorText = QStringLiteral("There was an error writing the file.");
 
-// As the bitmap's header tells them; the height of one that runs from the top down is negative.
+// From the bitmap's header; the height of a top-down one is negative.
 struct AviFormat {
     std::int32_t width = 0;
     std::int32_t height = 0;
@@ -31,7 +31,7 @@ struct AviFormat {
     bool operator==(const AviFormat&) const = default;
 };
 
-// The height without its sign; 0 for one that has no such number.
+// The height without its sign; 0 for the one that has no counterpart.
 std::int32_t LinesOf(const AviFormat& format);
 
 // The files in the order of the frames, and the format of the first.
@@ -40,19 +40,19 @@ struct AviList {
     std::optional<AviFormat> first;
 };
 
-// The format of a file that may go into the list. Nothing, after a notice, when it cannot be loaded or has another
-// format than the first. Raises SubscriptOutOfRange for a header without the image's size.
+// The format of a file that fits into the list. Nothing, after a notice, when it cannot be loaded or has another format
+// than the first. Raises SubscriptOutOfRange for a header without the image's size.
 std::optional<AviFormat> FormatForList(const AviList& list, const QString& file, const NoticeSink& notice);
 void AddToList(AviList& list, const QString& file, const AviFormat& format);
 
 // The number in a text, rounded, within 1 to 30; 1 for a text without one. Raises Overflow beyond a double.
 std::int32_t FramesPerSecondOf(QStringView text);
 
-// What describes the stream of such bitmaps.
+// The description of a stream of such bitmaps.
 AviStreamInfo StreamInfoOf(const cDIB& first, std::int32_t framesPerSecond);
 
-// The stream's format: header and colour table as the bitmap has them, without the byte behind them. A longer header is
-// cut to the 40 bytes that video players know; masks that only say what is usual are left out.
+// The stream's format: header and colour table as in the bitmap, without the byte after them. A longer header is
+// truncated to the 40 bytes that video players know; default masks are omitted.
 std::vector<std::uint8_t> StreamFormatOf(const cDIB& first);
 
 enum class AviState {
@@ -62,28 +62,28 @@ enum class AviState {
     Failed
 };
 
-// One video in the making. Only one frame is in memory. Let go before it is finished, it leaves no file, and what stood
-// under the path stays as it was.
+// One video in progress. Only one frame is in memory. Destroyed before it is finished, it leaves no file, and an older
+// file under the path is unchanged.
 class AviWriting {
 public:
-    // Asks for the options, knowing the format of the frames; nothing means that the user thought better of it.
+    // Asks for the options, given the format of the frames; nothing when the user cancels.
     using OptionsChoice = std::function<std::optional<AviOptions>(const AviFormat& first)>;
 
     AviWriting(const QString& path, const AviList& list, const QString& framesPerSecond, NoticeSink notice);
     ~AviWriting();
 
     // Opens the file, loads the first bitmap, asks for the options and writes the headers. Dismissed leaves an empty
-    // file where there was none. Raises what loading a bitmap and FramesPerSecondOf raise.
+    // file if there was none. Raises what loading a bitmap and FramesPerSecondOf raise.
     AviState Begin(const OptionsChoice& choose);
 
-    // Writes the next frame. A bitmap that cannot be loaded any more is told as a notice, and the frame before goes out
-    // once more. Raises what loading a bitmap raises.
+    // Writes the next frame. A bitmap that can no longer be loaded is reported as a notice, and the previous frame is
+    // written again. Raises what loading a bitmap raises.
     AviState WriteFrame();
 
     qsizetype FrameCount() const { return files.size(); }
     qsizetype FramesWritten() const { return written; }
 
-    // After Failed: the words for the user, and what happened, which may be empty.
+    // After Failed: the message for the user, and the reason, which may be empty.
     const QString& Message() const { return message; }
     const QString& Reason() const { return reason; }
 

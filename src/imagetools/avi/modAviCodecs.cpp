@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The door to the compressors' plugin.
+// Access to the compressors' plugin.
 #include "imagetools/avi/modAviCodecs.h"
 
 #include "platform/files/modFiles.h"
@@ -18,7 +18,7 @@ struct Plugin {
     QString trouble;
 };
 
-// Looked for anew until it is there; then it stays for the life of the process, as its encoders need it.
+// Looked up again until it is found; then it stays loaded until the process ends, as its encoders need it.
 Plugin LoadPlugin()
 {
     static const cAviCodecs* loaded = nullptr;
@@ -40,7 +40,7 @@ QString TextOf(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// What does not depend on the encoder's libraries and can be put in better words than theirs.
+// Checks that do not depend on the encoder's libraries and have clearer messages than theirs.
 QString StepRefusal(const AviCodec& codec, int width, int height)
 {
     if (width % codec.sizeStep == 0 && height % codec.sizeStep == 0)

@@ -18,13 +18,13 @@ struct AviOptions {
     int quality = 90; // 1 to 100
 };
 
-// "none" first, then what is installed.
+// "none" first, then the installed ones.
 std::vector<AviCodec> AviCodecs();
 
-// Why there is nothing but "none"; empty when the compressors are there.
+// The reason why there is only "none"; empty when the compressors are available.
 QString AviCodecsTrouble();
 
-// Why a picture of that size cannot be compressed so; empty when it can. Above 0 both.
+// The reason why a picture of that size cannot be compressed so; empty when it can. Both must be above 0.
 QString AviRefusal(const AviOptions& options, int width, int height);
 
 // An encoder of the plugin, or nothing and the reason.

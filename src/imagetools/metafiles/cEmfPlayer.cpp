@@ -11,7 +11,7 @@ namespace ob {
 
 namespace {
 
-// What a record without effect costs: the loop around it.
+// The cost of a record without effect: the loop around it.
 constexpr double RecordWork = 100;
 constexpr std::uint32_t EndOfFile = 14;
 constexpr std::uint32_t MostObjects = 65'536;
@@ -98,7 +98,7 @@ std::optional<MetafileError> cEmfPlayer::Play(QByteArrayView file)
     return std::nullopt;
 }
 
-// --- What records are made of. --------------------------------------------------------------------------------------
+// --- The parts of records. ------------------------------------------------------------------------------------------
 
 QPointF cEmfPlayer::Point(Record& record, Numbers numbers)
 {
@@ -300,7 +300,7 @@ void cEmfPlayer::ModifyWorld(Record& record)
     canvas.SetMapping(mapping);
 }
 
-// --- Objects stand at the number that their record gives. -----------------------------------------------------------
+// --- Objects are stored under the number in their record. -----------------------------------------------------------
 
 void cEmfPlayer::Put(std::uint32_t number, MetafileObject object)
 {

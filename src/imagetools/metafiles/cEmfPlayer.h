@@ -15,7 +15,7 @@ class cEmfPlayer {
 public:
     explicit cEmfPlayer(cMetafileCanvas& target) : canvas(target) {}
 
-    // Plays the records, the header being the first; what went wrong, or nothing.
+    // Plays the records, the header being the first; returns the error, or nothing.
     std::optional<MetafileError> Play(QByteArrayView file);
 
 private:
@@ -144,10 +144,10 @@ private:
     void TransparentBlt(Record& record);
     void StretchDib(Record& record);
     void DibToDevice(Record& record);
-    enum class Letters { Ansi, Unicode };
-    void PlayText(Record& record, Letters letters);
-    void ExtTextOutAnsi(Record& record) { PlayText(record, Letters::Ansi); }
-    void ExtTextOutUnicode(Record& record) { PlayText(record, Letters::Unicode); }
+    enum class Characters { Ansi, Unicode };
+    void PlayText(Record& record, Characters characters);
+    void ExtTextOutAnsi(Record& record) { PlayText(record, Characters::Ansi); }
+    void ExtTextOutUnicode(Record& record) { PlayText(record, Characters::Unicode); }
     void SmallTextOut(Record& record);
 
     cMetafileCanvas& canvas;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr qsizetype BoundsBytes = 16;
 
-// Between the operation and the source's place in the bitmap stand a transform, a colour and the kind of colours.
+// Between the operation and the source's place in the bitmap are a transform, a colour and the kind of colours.
 constexpr qsizetype SourceHeadBytes = 24 + 4;
 
 } // namespace
@@ -35,7 +35,7 @@ QImage cEmfPlayer::PayFor(const DibPlace& place, bool withAlpha)
                : QImage();
 }
 
-// Without a bitmap, which an offset of 0 or no bytes tell, brush and target alone are combined.
+// Without a bitmap, indicated by an offset of 0 or no bytes, only brush and target are combined.
 void cEmfPlayer::PlayBlt(Record& record, Stretch stretch)
 {
     record.Skip(BoundsBytes);
@@ -144,7 +144,7 @@ void cEmfPlayer::DibToDevice(Record& record)
 
 // --- Text. ----------------------------------------------------------------------------------------------------------
 
-void cEmfPlayer::PlayText(Record& record, Letters letters)
+void cEmfPlayer::PlayText(Record& record, Characters characters)
 {
     constexpr unsigned pairsOfAdvances = 0x2000;
     constexpr qsizetype scaleBytes = 12;
@@ -156,11 +156,11 @@ void cEmfPlayer::PlayText(Record& record, Letters letters)
     text.options = record.UInt32();
     text.box = Box(record);
     const std::uint32_t advancesAt = record.UInt32();
-    const std::uint32_t unit = letters == Letters::Unicode ? 2 : 1;
+    const std::uint32_t unit = characters == Characters::Unicode ? 2 : 1;
     const QByteArrayView bytes = count > record.Size() ? QByteArrayView() : record.At(textAt, count * unit);
     if (record.IsShort() || (count != 0 && bytes.isEmpty()))
         return;
-    text.text = letters == Letters::Unicode ? TextOfUnits(bytes) : canvas.TextOfBytes(bytes);
+    text.text = characters == Characters::Unicode ? TextOfUnits(bytes) : canvas.TextOfBytes(bytes);
     const std::uint32_t step = (text.options & pairsOfAdvances) != 0 ? 8 : 4;
     const QByteArrayView advances = advancesAt == 0 ? QByteArrayView() : record.At(advancesAt, count * step);
     if (text.text.size() == static_cast<qsizetype>(count))

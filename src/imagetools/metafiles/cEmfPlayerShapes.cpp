@@ -110,7 +110,7 @@ void cEmfPlayer::RoundRectangle(Record& record)
         canvas.RoundRectangle(box, corner);
 }
 
-// Boxes alone; triangles are left out.
+// Only boxes; triangles are skipped.
 void cEmfPlayer::GradientFill(Record& record)
 {
     constexpr std::uint32_t across = 0;

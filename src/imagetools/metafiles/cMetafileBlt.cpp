@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The metafile's device: pictures and patterns, with every way to combine them with what is there.
+// The metafile's device: pictures and patterns, with every way to combine them with the target.
 #include "imagetools/metafiles/cMetafileCanvas.h"
 
 #include <algorithm>
@@ -39,7 +39,7 @@ std::uint32_t Combined(std::uint8_t table, std::uint32_t pattern, std::uint32_t 
 
 } // namespace
 
-// Combines brush, source and what is there, pixel by pixel; the source has the area's size, or is empty.
+// Combines brush, source and target, pixel by pixel; the source has the area's size, or is empty.
 void cMetafileCanvas::CombineArea(const QRect& area, const QImage& source, std::uint32_t operation)
 {
     const std::uint8_t table = TableOf(operation);
@@ -96,7 +96,7 @@ void cMetafileCanvas::PatternBlt(QRectF box, std::uint32_t operation)
     state.rasterOperation = before;
 }
 
-// The visible part of the picture in the size that it has on the target.
+// The visible part of the picture in its size on the target.
 QImage cMetafileCanvas::StretchedSource(const MetafileBlt& blt, const QRect& area, const QRect& visible) const
 {
     const QPointF first = ToPixels(blt.target.topLeft());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The metafile's device: state, mapping, clipping, paths and how a path becomes pixels.
+// The metafile's device: state, mapping, clipping, paths and their painting.
 #include "imagetools/metafiles/cMetafileCanvas.h"
 
 #include <algorithm>
@@ -9,10 +9,10 @@ namespace ob {
 
 namespace {
 
-// Points that all records of a file may paint together: some seconds of work.
+// Points that all records of a file together may paint: a few seconds of work.
 constexpr double AllWork = 2e9;
 
-// Beyond this the toolkit's own arithmetic would suffer; no picture is that large.
+// Beyond this the toolkit's own arithmetic loses precision; no picture is that large.
 constexpr double FarAway = 32'000;
 
 constexpr std::size_t MostSavedStates = 1024;
@@ -25,7 +25,7 @@ double Near(double coordinate)
 QPainter::CompositionMode ModeOf(int rasterOperation)
 {
     constexpr QPainter::CompositionMode modes[] = {
-        QPainter::CompositionMode_SourceOver, // black, as the pen and brush then are
+        QPainter::CompositionMode_SourceOver, // black, like the pen and brush then
         QPainter::RasterOp_NotSourceAndNotDestination,
         QPainter::RasterOp_NotSourceAndDestination,
         QPainter::RasterOp_NotSource,
@@ -46,7 +46,7 @@ QPainter::CompositionMode ModeOf(int rasterOperation)
                                                          : QPainter::CompositionMode_SourceOver;
 }
 
-// The colour that the operation leaves of a pen's or brush's own.
+// The colour of a pen or brush under the operation.
 QRgb ColorUnder(int rasterOperation, QRgb color)
 {
     return rasterOperation == 1 ? qRgb(0, 0, 0) : rasterOperation == 16 ? qRgb(255, 255, 255) : color;
@@ -139,7 +139,7 @@ QPointF cMetafileCanvas::ToPixels(QPointF place) const
     return {Near(mapped.x()), Near(mapped.y())};
 }
 
-// The pixels from the first to the last corner, the latter left out. Nothing when the box is turned.
+// The pixels from the first to the last corner, the latter excluded. Nothing when the box is rotated.
 std::optional<QRectF> cMetafileCanvas::PixelBox(const QRectF& box) const
 {
     if (toPixels.type() > QTransform::TxScale)
@@ -151,7 +151,7 @@ std::optional<QRectF> cMetafileCanvas::PixelBox(const QRectF& box) const
     return pixels.normalized();
 }
 
-// The pixels of a box, or of the smallest one around it when it is turned.
+// The pixels of a box, or of its bounding box when it is rotated.
 QRect cMetafileCanvas::PixelArea(const QRectF& box) const
 {
     if (const auto pixels = PixelBox(box))
@@ -178,7 +178,7 @@ double cMetafileCanvas::CostOf(const QPainterPath& drawn, Parts parts) const
         before = place;
     }
     const QRectF box = drawn.controlPointRect();
-    // Edges that cross have to be sorted: each against all that the same line of pixels meets.
+    // Crossing edges have to be sorted: each against all others on the same line of pixels.
     const double sorting = 10 * count * height / std::max(box.height(), 1.0);
     double cost = 500 + 20 * count + 10 * length;
     if (parts != Parts::Stroke && image != nullptr) {
@@ -208,7 +208,7 @@ void cMetafileCanvas::UseClip()
         painter->setClipping(false);
 }
 
-// A path bracket keeps what is drawn for later.
+// A path bracket collects what is drawn.
 void cMetafileCanvas::Draw(const QPainterPath& drawn, Parts parts)
 {
     if (!isPathOpen) {
@@ -224,7 +224,7 @@ void cMetafileCanvas::Paint(const QPainterPath& drawn, Parts parts)
     if (drawn.isEmpty() || !Spend(CostOf(drawn, parts)))
         return;
     if (!painter) {
-        // A line of no height still has a place.
+        // A line without height still has a place.
         Note(drawn.controlPointRect().adjusted(0, 0, 1, 1));
         return;
     }

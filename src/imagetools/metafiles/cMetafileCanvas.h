@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The device that the records of a metafile draw on: a picture, with the state and the habits of their first system.
+// The device that the records of a metafile draw on: a picture, with the drawing state and rules of the format.
 #pragma once
 
 #include "imagetools/metafiles/modMetafileObjects.h"
@@ -19,7 +19,7 @@ enum class ArcKind { Arc, ArcTo, Chord, Pie };
 enum class ClipMode { And = 1, Or = 2, Xor = 3, Difference = 4, Copy = 5 };
 enum class Outline { Polyline, Polygon };
 
-// Whether shapes in a box leave out the pixels of its right and bottom edge.
+// Whether shapes in a box exclude the pixels of its right and bottom edge.
 enum class LastPixels { LeftOut, Drawn };
 
 struct MetafileText {
@@ -29,12 +29,12 @@ struct MetafileText {
 
     QString text;
     QPointF position;
-    std::vector<double> advances; // logical, one a character; empty: as the font has them
+    std::vector<double> advances; // logical, one per character; empty: the font's own
     unsigned options = 0;
     QRectF box; // of Opaque and Clipped
 };
 
-// A picture on its way to a place; sides below 0 mirror it.
+// A picture and its target; negative sides mirror it.
 struct MetafileBlt {
     QImage image;
     QRectF source; // in its pixels, from its top left corner
@@ -43,14 +43,14 @@ struct MetafileBlt {
     double opacity = 1;
 };
 
-// Coordinates are logical where nothing else is said. What a file can ask for is bounded: when the work that its
-// records cost is used up, the rest draws nothing and IsExhausted says so.
+// Coordinates are logical unless stated otherwise. The work of a file is limited: once its records have used it up, the
+// rest draws nothing and IsExhausted is true.
 class cMetafileCanvas {
 public:
-    // Draws on the picture (RGB32). Without one nothing is drawn, and Extent tells what would have been.
+    // Draws on the picture (RGB32). Without one nothing is drawn, and Extent is what would have been.
     cMetafileCanvas(QImage* picture, LastPixels lastPixelsOfBoxes);
 
-    // Device pixels to those of the picture; how many pixels a millimetre of the device has.
+    // Device pixels to those of the picture; the pixels per millimetre of the device.
     void SetDevice(const QTransform& deviceToPicture, QPointF devicePixelsPerMillimetre);
 
     MetafileState& State() { return state; }
@@ -58,7 +58,7 @@ public:
     void SetMapMode(int mode);
     void SetExtent(QPointF MetafileMapping::*extent, QPointF value);
     void SaveState();
-    void RestoreState(int which); // below 0: so many back; above: the one of that number
+    void RestoreState(int which); // negative: relative to the last; positive: the one of that number
     void Select(const MetafileObject& object);
 
     bool Spend(double points);
@@ -142,7 +142,7 @@ private:
     QPainterPath path; // in pixels
     bool isPathOpen = false;
     bool isClipUsed = false;
-    std::set<QString> fontsUsed; // families, and families with all that makes one font of them
+    std::set<QString> fontsUsed; // families, and families with all properties of a font
     double work;
     QRectF extent;
 };

@@ -10,7 +10,8 @@
 
 namespace ob {
 
-// Numbers are little-endian. A read beyond the end gives 0 and marks the record as short; who draws asks IsShort first.
+// Numbers are little-endian. A read beyond the end returns 0 and marks the record as short; check IsShort before
+// drawing.
 class cMetafileRecord {
 public:
     explicit cMetafileRecord(QByteArrayView record) : bytes(record) {}
@@ -46,7 +47,7 @@ public:
         return bytes.sliced(static_cast<qsizetype>(offset), static_cast<qsizetype>(count));
     }
 
-    // Whether that many items of that size are still to come; marks the record as short when they are not.
+    // Whether that many items of that size remain; marks the record as short when they are not.
     bool Holds(std::uint64_t count, std::uint64_t size)
     {
         if (count > static_cast<std::uint64_t>(Left()) / size)

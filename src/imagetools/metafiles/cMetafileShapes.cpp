@@ -33,7 +33,7 @@ void cMetafileCanvas::AddLines(QPainterPath& lines, std::span<const QPointF> poi
         lines.closeSubpath();
 }
 
-// Three points a curve, from where the path stands.
+// Three points per curve, from the path's current position.
 void cMetafileCanvas::AddBeziers(QPainterPath& lines, std::span<const QPointF> points) const
 {
     for (std::size_t i = 0; i + 2 < points.size(); i += 3)
@@ -47,7 +47,7 @@ void cMetafileCanvas::MoveTo(QPointF place)
         path.moveTo(ToPixels(place));
 }
 
-// In a path bracket a figure goes on; elsewhere each line stands alone.
+// In a path bracket a figure continues; elsewhere each line is separate.
 QPainterPath cMetafileCanvas::FromHere() const
 {
     QPainterPath lines;
@@ -154,7 +154,7 @@ void cMetafileCanvas::PolyDraw(std::span<const QPointF> points, QByteArrayView k
 
 // --- Boxes. ---------------------------------------------------------------------------------------------------------
 
-// Where the outline of a shape in a box runs.
+// The outline of a shape in a box.
 QRectF cMetafileCanvas::ShapeBox(const QRectF& pixels) const
 {
     if (lastPixels == LastPixels::Drawn)
@@ -204,7 +204,7 @@ void cMetafileCanvas::RoundRectangle(QRectF box, QPointF corner)
 
 void cMetafileCanvas::Arc(ArcKind kind, QRectF box, QPointF start, QPointF end)
 {
-    // A turned arc is drawn in a box that is not: rare, and near enough.
+    // A rotated arc is drawn in an unrotated box: rare, and close enough.
     const QRectF area = ShapeBox(QRectF(PixelArea(box)));
     const double first = AngleTo(area, ToPixels(start));
     double sweep = AngleTo(area, ToPixels(end)) - first;

@@ -23,16 +23,16 @@ constexpr std::uint32_t AlignRight = 2;
 constexpr std::uint32_t AlignBaseline = 24;
 constexpr std::uint32_t AlignBottom = 8;
 
-// Letters that are larger still would cost more than any picture needs.
-constexpr double LargestLetters = 2000;
+// Larger characters would cost more than any picture needs.
+constexpr double LargestCharacters = 2000;
 
 double LengthOf(QPointF vector)
 {
     return std::hypot(vector.x(), vector.y());
 }
 
-// Every character with its place, a pair of surrogates being one.
-qsizetype LettersAt(const QString& text, qsizetype place)
+// The code units of the character at that place: two for a pair of surrogates.
+qsizetype UnitsAt(const QString& text, qsizetype place)
 {
     return text[place].isHighSurrogate() && place + 1 < text.size() ? 2 : 1;
 }
@@ -48,11 +48,11 @@ QFont FontOf(const MetafileFont& wanted, double pixels)
     font.setItalic(wanted.isItalic);
     font.setUnderline(wanted.isUnderlined);
     font.setStrikeOut(wanted.isStruckOut);
-    font.setPixelSize(static_cast<int>(std::clamp(std::round(pixels), 1.0, LargestLetters)));
+    font.setPixelSize(static_cast<int>(std::clamp(std::round(pixels), 1.0, LargestCharacters)));
     return font;
 }
 
-// A positive height is that of a line, with what stands above and below the letters.
+// A positive height is that of a line, including the space above and below the characters.
 QFont FontInPixels(const MetafileFont& wanted, double scale, double widthScale)
 {
     const double height = wanted.height == 0 ? 16 : std::abs(wanted.height) * scale;
@@ -113,7 +113,7 @@ QString cMetafileCanvas::TextOfBytes(QByteArrayView bytes) const
     return TextFromAnsi(bytes);
 }
 
-// The system takes milliseconds to look a new family up, and a part of one for each of its sizes.
+// The system takes milliseconds to look up a new family, and a fraction of one for each of its sizes.
 bool cMetafileCanvas::PayForFont()
 {
     constexpr double familyWork = 2e6;
@@ -146,7 +146,7 @@ void cMetafileCanvas::Text(const MetafileText& text)
     const double across = LengthOf(toPixels.map(QPointF(1, 0)) - toPixels.map(QPointF(0, 0)));
     if (text.text.isEmpty() || (text.options & MetafileText::GlyphNumbers) != 0 || !std::isfinite(scale * across))
         return;
-    const double height = std::clamp(std::abs(state.font.height) * scale, 8.0, LargestLetters);
+    const double height = std::clamp(std::abs(state.font.height) * scale, 8.0, LargestCharacters);
     if (!Spend(static_cast<double>(text.text.size()) * (2000 + height * height)))
         return;
     if (!painter) {
@@ -202,7 +202,7 @@ void cMetafileCanvas::PaintText(const MetafileText& text, const QFont& font, QPo
         double x = left;
         std::size_t number = 0;
         for (qsizetype place = 0; place < text.text.size(); ++number) {
-            const qsizetype length = LettersAt(text.text, place);
+            const qsizetype length = UnitsAt(text.text, place);
             painter->drawText(QPointF(x, baseline), text.text.mid(place, length));
             for (qsizetype unit = 0; unit < length; ++unit, ++place)
                 x += static_cast<std::size_t>(place) < text.advances.size()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plays the records of a .wmf file: state, objects, shapes. Parameters stand in records from the last to the first.
+// Plays the records of a .wmf file: state, objects, shapes. Parameters are in records from the last to the first.
 #include "imagetools/metafiles/cWmfPlayer.h"
 
 #include "imagetools/metafiles/modMetafileDib.h"
@@ -16,7 +16,7 @@ constexpr std::uint16_t SetWindowOriginFunction = 0x020B;
 constexpr std::uint16_t SetWindowExtentFunction = 0x020C;
 constexpr std::size_t MostObjects = 65'536;
 
-// What a record without effect costs: the loop around it.
+// The cost of a record without effect: the loop around it.
 constexpr double RecordWork = 100;
 
 std::vector<QPointF> Points(cMetafileRecord& record, std::size_t count)
@@ -68,7 +68,8 @@ const cWmfPlayer::Row cWmfPlayer::rows[] = {
 };
 // clang-format on
 
-// The next record, taken off the front; function 0 ends the file, as does its end. Nothing for one that goes beyond it.
+// Removes the next record from the front; function 0 ends the file, as does its end. Nothing for a record that extends
+// beyond it.
 std::optional<cWmfPlayer::Step> cWmfPlayer::NextRecord(QByteArrayView& records)
 {
     constexpr qsizetype head = 6;
@@ -322,7 +323,7 @@ QImage cWmfPlayer::PayFor(QByteArrayView dib)
 
 void cWmfPlayer::CreatePatternBrush(cMetafileRecord& record)
 {
-    // Between the head and the lines stand a pointer and 18 bytes of no use.
+    // Between the head and the lines are a pointer and 18 unused bytes.
     constexpr qsizetype head = 10;
     const QByteArrayView parameters = record.Rest();
     MetafileBrush brush;

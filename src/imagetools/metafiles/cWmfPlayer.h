@@ -17,7 +17,7 @@ class cWmfPlayer {
 public:
     explicit cWmfPlayer(cMetafileCanvas& target) : canvas(target) {}
 
-    // Plays the records behind the header; what went wrong, or nothing.
+    // Plays the records after the header; returns the error, or nothing.
     std::optional<MetafileError> Play(QByteArrayView records);
 
     // The first window origin and extent of the records; an extent of 0 when there is none.

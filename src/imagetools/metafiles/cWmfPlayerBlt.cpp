@@ -80,7 +80,7 @@ void cWmfPlayer::PatternBlt(cMetafileRecord& record)
         canvas.PatternBlt(QRectF(place, size), operation);
 }
 
-// A record with a picture, or, with a word of no use in the middle, one that needs none.
+// A record with a picture, or one without, which has an unused word in the middle.
 void cWmfPlayer::PlayBlt(cMetafileRecord& record, Stretch stretch, BltSource kind)
 {
     const qsizetype withoutPicture = stretch == Stretch::Yes ? 22 : 18;
@@ -190,7 +190,7 @@ void cWmfPlayer::ExtTextOut(cMetafileRecord& record)
     text.text = canvas.TextOfBytes(record.Bytes(length));
     if (record.IsShort())
         return;
-    // A character set of several bytes a letter has its widths by the byte: better none.
+    // A multi-byte character set has its widths per byte: these are ignored.
     if (record.Left() >= length % 2 + 2 * length && text.text.size() == length) {
         record.Skip(length % 2);
         for (int i = 0; i < length; ++i)

@@ -51,7 +51,7 @@ std::optional<EmfFrame> FrameOf(QByteArrayView file)
     if (frame.isEmpty()) {
         if (bounds.isEmpty())
             return std::nullopt;
-        // The bounds hold their last line and column.
+        // The bounds include their last line and column.
         result.device = bounds.adjusted(0, 0, 1, 1);
         result.size = result.device.size();
         return result;

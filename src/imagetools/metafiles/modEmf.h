@@ -6,11 +6,11 @@
 
 namespace ob {
 
-// Whether the bytes begin with the header of such a file.
+// Whether the bytes start with the header of such a file.
 bool IsEmf(QByteArrayView bytes);
 
-// As PlayMetafile. The size is that of the header's frame, or, when that is empty, of its bounds. Records of the later
-// kind within comments are skipped as all comments are; files with both kinds are drawn by the others.
+// Like PlayMetafile. The size is that of the header's frame, or, when that is empty, of its bounds. Records of the
+// later kind within comments are skipped as all comments are; files with both kinds are drawn by the older records.
 std::variant<QImage, MetafileError> PlayEmf(QByteArrayView bytes);
 
 } // namespace ob

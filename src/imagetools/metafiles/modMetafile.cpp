@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pictures that are kept as a list of drawing commands.
+// Pictures stored as a list of drawing commands.
 #include "imagetools/metafiles/modMetafile.h"
 
 #include "imagetools/metafiles/modEmf.h"

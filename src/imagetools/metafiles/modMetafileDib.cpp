@@ -2,8 +2,8 @@
 // Bitmaps within the records of metafiles.
 #include "imagetools/metafiles/modMetafileDib.h"
 
-#include "imagetools/metafiles/cMetafileRecord.h"
 #include "imagetools/images/modImage.h"
+#include "imagetools/metafiles/cMetafileRecord.h"
 #include "imaging/modBitmapFile.h"
 
 #include <QBuffer>
@@ -64,7 +64,7 @@ QImage ImageOfFile(QByteArrayView file, const DibHeader& header)
     QByteArray content = QByteArray::fromRawData(file.data(), file.size());
     QBuffer buffer(&content);
     QImageReader reader(&buffer);
-    // A file that is larger than its header says would not be paid for.
+    // The cost of a file larger than its header says would not be counted.
     const QSize size = reader.size();
     if (size.width() > header.width || size.height() > std::abs(header.height))
         return {};

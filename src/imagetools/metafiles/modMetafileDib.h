@@ -12,8 +12,8 @@ namespace ob {
 
 enum class DibAlpha { Ignored, Used };
 
-// What the header of a bitmap without a file header says: its sides, and how many bytes lie before its pixels.
-// All 0 when it is none.
+// The sides of a bitmap without a file header, from its header, and the number of bytes before its pixels. All 0 when
+// it is not a bitmap.
 struct DibSize {
     int width = 0;
     int height = 0;
@@ -24,20 +24,20 @@ struct DibSize {
 };
 DibSize SizeOfDib(QByteArrayView info);
 
-// Bitmaps whose colours are numbers of the palette in use are marked so; they are not read.
+// Marks bitmaps whose colours are indices into the current palette; they are not read.
 constexpr std::uint32_t PaletteColors = 1;
 
-// A part of such a picture counted from its top, when it was counted from where its lines begin.
+// Converts a part of such a picture to one counted from the top; part is counted from the picture's first line.
 QRectF FromBottom(const QRectF& part, const DibSize& size);
 
-// The picture of a header with its colours, and of its pixels; a JPEG or PNG file may stand for the latter. Null when
-// it cannot be read. With alpha, pixels of 32 bits have their fourth byte, the others being multiplied by it.
+// The picture of a header with its colours, and of its pixels; a JPEG or PNG file may be in place of the latter. Null
+// when it cannot be read. With alpha, the fourth byte of 32-bit pixels is used, the others being premultiplied by it.
 QImage ImageOfDib(QByteArrayView info, QByteArrayView pixels, DibAlpha alpha = DibAlpha::Ignored);
 
 // The picture of both in one piece.
 QImage ImageOfPackedDib(QByteArrayView dib);
 
-// A picture of the old kind: type, width, height, bytes a line, planes, bits, then lines from the top. One bit a
+// A picture of the old kind: type, width, height, bytes per line, planes, bits, then lines from the top. One bit per
 // pixel only, 0 in the one and 1 in the other colour; null for others.
 QImage ImageOfDeviceBitmap(QByteArrayView bitmap, QRgb zero, QRgb one);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a metafile draws with.
+// The objects with which a metafile draws.
 #include "imagetools/metafiles/modMetafileObjects.h"
 
 #include <QtEndian>
@@ -11,7 +11,7 @@ namespace ob {
 
 namespace {
 
-// A scale that a hostile file made of nothing, or of everything, would end every calculation behind it.
+// Zero or infinite scales from a hostile file would break every later calculation.
 constexpr double SmallestExtent = 1e-9;
 
 double Ratio(double viewport, double window)
@@ -19,7 +19,7 @@ double Ratio(double viewport, double window)
     return std::abs(window) < SmallestExtent ? 0 : viewport / window;
 }
 
-// Units a millimetre of the modes from LowMetric to Twips.
+// Units per millimetre of the modes from LowMetric to Twips.
 double UnitsPerMillimetre(MapMode mode)
 {
     switch (mode) {

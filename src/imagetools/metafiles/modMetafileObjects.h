@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a metafile draws with: pens, brushes, fonts, regions, and the state that they belong to.
+// The objects with which a metafile draws: pens, brushes, fonts, regions, and their state.
 #pragma once
 
 #include <QByteArrayView>
@@ -40,9 +40,9 @@ struct MetafileBrush {
 };
 
 struct MetafileFont {
-    double height = 0;  // logical; below 0 that of the letters, above 0 that of the line
-    double width = 0;   // of an average letter; 0: as the font has it
-    int escapement = 0; // tenths of a degree, against the clock
+    double height = 0;  // logical; below 0 that of the characters, above 0 that of the line
+    double width = 0;   // of an average character; 0: the font's own
+    int escapement = 0; // tenths of a degree, counterclockwise
     int weight = 400;
     bool isItalic = false;
     bool isUnderlined = false;
@@ -56,7 +56,7 @@ struct MetafileRegion {
     QList<QRectF> boxes;
 };
 
-// A place in the table that is taken by something without use here, such as a palette.
+// A place in the table taken by something not used here, such as a palette.
 struct MetafileUnused {};
 
 using MetafileObject =
@@ -65,7 +65,7 @@ using MetafileObject =
 // Pens by the style word of the records: the line in the lowest bits, then cap and join.
 MetafilePen PenOfStyle(std::uint32_t style, double width, std::uint32_t color);
 MetafileBrush BrushOfStyle(std::uint32_t style, std::uint32_t color, std::uint32_t hatch);
-// The objects that are always there, by number; monostate for an unknown one.
+// The stock objects, by number; monostate for an unknown one.
 MetafileObject StockObject(std::uint32_t number);
 
 enum class MapMode {
@@ -79,7 +79,7 @@ enum class MapMode {
     Anisotropic = 8
 };
 
-// What turns logical units into those of the device.
+// Converts logical units to those of the device.
 struct MetafileMapping {
     MapMode mode = MapMode::Text;
     QPointF windowOrigin;
@@ -88,13 +88,13 @@ struct MetafileMapping {
     QPointF viewportExtent = {1, 1};
     QTransform world;
 
-    // The device's pixels a millimetre count in the modes of fixed units.
+    // The device's pixels per millimetre apply in the modes of fixed units.
     QTransform ToDevice(QPointF pixelsPerMillimetre) const;
 };
 
 enum class BackgroundMode { Transparent = 1, Opaque = 2 };
 
-// All that is saved and restored together.
+// Everything that is saved and restored together.
 struct MetafileState {
     MetafileMapping mapping;
     MetafilePen pen;
@@ -104,7 +104,7 @@ struct MetafileState {
     QRgb backColor = qRgb(255, 255, 255);
     BackgroundMode backMode = BackgroundMode::Opaque;
     Qt::FillRule fillRule = Qt::OddEvenFill;
-    int rasterOperation = 13; // the pen or brush as it is
+    int rasterOperation = 13; // the pen or brush unchanged
     std::uint32_t textAlign = 0;
     bool isSmoothStretch = false;
     bool isClockwise = false;

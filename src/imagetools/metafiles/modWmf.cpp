@@ -38,7 +38,7 @@ struct WmfFrame {
     QSizeF size;   // in pixels
 };
 
-// Nothing when the header gives no size.
+// Nothing when the header has no size.
 std::optional<WmfFrame> FrameOfHeader(QByteArrayView bytes)
 {
     cMetafileRecord header(bytes);

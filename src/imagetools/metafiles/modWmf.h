@@ -6,11 +6,11 @@
 
 namespace ob {
 
-// Whether the bytes begin with the header of such a file, or with the one that tells its size before it.
+// Whether the bytes start with the header of such a file, or with a preceding header of its size.
 bool IsWmf(QByteArrayView bytes);
 
-// As PlayMetafile. Without the header of its size, the file's first window extent counts as pixels, or, when there is
-// none, the room that its drawing takes; a longer side than 1024 pixels is made that long.
+// Like PlayMetafile. Without the header of its size, the file's first window extent counts as pixels, or, when there is
+// none, the bounds of its drawing; a side longer than 1024 pixels is reduced to that.
 std::variant<QImage, MetafileError> PlayWmf(QByteArrayView bytes);
 
 } // namespace ob
