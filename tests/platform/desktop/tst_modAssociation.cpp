@@ -204,7 +204,7 @@ private Q_SLOTS:
         QTEST(TypeOf(file), "type");
     }
 
-    void theRunCopysEndingIsLeftAlone()
+    void theRunCopysExtensionIsLeftAlone()
     {
         const QString before = TypeOf(QStringLiteral("a.bak"));
         AssociateFileTypes(places);

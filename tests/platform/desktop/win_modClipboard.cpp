@@ -16,7 +16,7 @@ private Q_SLOTS:
     void init() { QApplication::clipboard()->setText(QStringLiteral("before")); }
     void cleanup() { SetClipboardWriter({}); }
 
-    void aTextTakesThePlaceOfWhatWasThere_data()
+    void aTextReplacesThePreviousOne_data()
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("one line") << QStringLiteral("print");
@@ -26,7 +26,7 @@ private Q_SLOTS:
         QTest::newRow("long") << QString(2'000'000, u'x');
     }
 
-    void aTextTakesThePlaceOfWhatWasThere()
+    void aTextReplacesThePreviousOne()
     {
         QFETCH(QString, text);
         const ScriptedDialogs dialogs;

@@ -46,7 +46,7 @@ class win_dlgStandard : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void questionIsLeftByItsButtonsAlone()
+    void questionIsClosedOnlyByItsButtons()
     {
         dlgStandard boxes;
         WithBox([](QWidget& box) {
@@ -95,7 +95,7 @@ private Q_SLOTS:
         boxes.Message({QStringLiteral("Copied."), BoxIcon::None, BoxButtons::Ok, {}});
     }
 
-    void textIsShownAsItStands()
+    void textIsShownUnchanged()
     {
         dlgStandard boxes;
         WithBox([](QWidget& box) {
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(boxes.Message(spec), BoxAnswer::Cancel);
     }
 
-    void abortRetryIgnoreIsLeftByItsButtonsAlone()
+    void abortRetryIgnoreIsClosedOnlyByItsButtons()
     {
         dlgStandard boxes;
         const MessageSpec spec{QStringLiteral("Failed."), BoxIcon::None, BoxButtons::AbortRetryIgnore, {}};
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QCOMPARE(boxes.Input({QStringLiteral("Line number?"), {}, {}}), std::optional<QString>());
     }
 
-    void aSavedNameGetsTheExtensionAndTellsItsFilter()
+    void aSavedNameGetsTheExtensionAndReturnsItsFilter()
     {
         const QTemporaryDir folder;
         dlgStandard boxes;

@@ -167,7 +167,7 @@ private Q_SLOTS:
         QVERIFY(bench->form.status.startsWith(QStringLiteral("a.bas  Size: 1 KB")));
     }
 
-    void filesOfTheCommandLineOpenByTheirEnding()
+    void filesOfTheCommandLineOpenByTheirExtension()
     {
         const QString code = bench->Put(QStringLiteral("ab"), "print 1\r\n");
         const QString form = bench->Put(QStringLiteral("x.OBF"), "\r\n");

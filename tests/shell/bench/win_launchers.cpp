@@ -86,7 +86,7 @@ class win_launchers : public QObject {
 private Q_SLOTS:
     void applicationsAreAddedAndRemoved();
     void removingWithoutASelectionIsReported();
-    void tenApplicationsAreTheMost();
+    void tenApplicationsAreTheMaximum();
     void cancelKeepsTheApplications();
     void hotButtonStartsTheFirstOrOpensTheList();
     void missingHotProgramDoesNothing();
@@ -94,9 +94,9 @@ private Q_SLOTS:
     void desktopProgramsAreFoundByType();
     void missingDesktopProgramsAreReported();
     void pagesOpenInTheBrowser();
-    void helpFileIsAskedForThenOpened();
+    void helpFileIsChosenThenOpened();
     void helpWithoutAFileIsReported();
-    void librariesOpenOrAreMissed();
+    void librariesOpenOrAreReportedAsMissing();
     void chosenColorIsShownInTheStatusBar();
     void chosenFontIsShownInTheStatusBar();
     void goToLineMovesTheCaret();
@@ -157,7 +157,7 @@ void win_launchers::removingWithoutASelectionIsReported()
     QCOMPARE(HotKey, QStringLiteral("/a/b.exe"));
 }
 
-void win_launchers::tenApplicationsAreTheMost()
+void win_launchers::tenApplicationsAreTheMaximum()
 {
     TestBench bench;
     bench.Start();
@@ -281,7 +281,7 @@ void win_launchers::pagesOpenInTheBrowser()
     QVERIFY(catcher.urls.first().isValid() && !catcher.urls.first().host().isEmpty());
 }
 
-void win_launchers::helpFileIsAskedForThenOpened()
+void win_launchers::helpFileIsChosenThenOpened()
 {
     TestBench bench;
     bench.Start();
@@ -310,7 +310,7 @@ void win_launchers::helpWithoutAFileIsReported()
     bench.Choose(QStringLiteral("mnuHelpOption"));
 }
 
-void win_launchers::librariesOpenOrAreMissed()
+void win_launchers::librariesOpenOrAreReportedAsMissing()
 {
     TestBench bench;
     bench.Start();
