@@ -54,7 +54,7 @@ std::optional<Headers> ReadHeaders(ByteView file)
 }
 
 // The bytes between a short header and the colour table.
-std::size_t MaskBytesBehind(const Headers& headers)
+std::size_t MaskBytesAfter(const Headers& headers)
 {
     if (headers.size >= MaskedHeaderSize)
         return 0;
@@ -101,7 +101,7 @@ std::array<std::uint32_t, 3> MasksOf(const Headers& headers, ByteView file)
 // The colour table as far as it goes, and its end.
 std::size_t ReadColors(const Headers& headers, ByteView file, std::size_t pixelOffset, BitmapLayout& layout)
 {
-    const std::size_t start = FileHeaderSize + headers.size + MaskBytesBehind(headers);
+    const std::size_t start = FileHeaderSize + headers.size + MaskBytesAfter(headers);
     if (headers.bits > 8)
         return start;
     const std::size_t entryBytes = headers.size == CoreHeaderSize ? 3 : 4;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// AVI files: a header with room for the large form, frames, and an index behind each segment.
+// AVI files: a header with space for the large form, frames, and an index after each segment.
 #include "imagetools/avi/modAviFile.h"
 
 #include "platform/language/cRuntimeError.h"
@@ -26,7 +26,7 @@ constexpr std::size_t LargeHeaderBytes = 248;
 constexpr std::uint8_t IndexOfIndexes = 0;
 constexpr std::uint8_t IndexOfFrames = 1;
 
-// Chunks one in another; the sizes are put in when they are closed.
+// Nested chunks; their sizes are filled in when they are closed.
 class RiffBytes {
 public:
     RiffBytes& Byte(std::uint8_t value)
@@ -67,7 +67,7 @@ public:
             Byte(0);
         return *this;
     }
-    // For a chunk that goes on behind these bytes.
+    // For a chunk that continues after these bytes.
     void CloseWithSize(std::uint32_t size)
     {
         PutSize(open.back(), size);
@@ -137,7 +137,7 @@ AviWriter::AviWriter(cFileReplacement& target, const AviStreamInfo& description,
     moviStart = file.Size() - 4;
 }
 
-// The same number of bytes whatever happened since, so that the final one fits over the first.
+// Always the same number of bytes, so that the final header fits over the first.
 std::vector<std::uint8_t> AviWriter::Header() const
 {
     RiffBytes riff;
@@ -175,11 +175,11 @@ bool AviWriter::Fits(std::size_t frameBytes) const
     if (index.empty())
         return true;
     const std::size_t count = index.size() + 1;
-    std::size_t behind = ChunkHeaderBytes + frameBytes + frameBytes % 2;
-    behind += ChunkHeaderBytes + IndexHeaderBytes + count * FrameEntryBytes;
+    std::size_t added = ChunkHeaderBytes + frameBytes + frameBytes % 2;
+    added += ChunkHeaderBytes + IndexHeaderBytes + count * FrameEntryBytes;
     if (segments.empty())
-        behind += ChunkHeaderBytes + count * OldEntryBytes;
-    return file.Size() - segmentStart + static_cast<std::int64_t>(behind) <= segmentBytes;
+        added += ChunkHeaderBytes + count * OldEntryBytes;
+    return file.Size() - segmentStart + static_cast<std::int64_t>(added) <= segmentBytes;
 }
 
 void AviWriter::WriteFrame(ByteView frame)

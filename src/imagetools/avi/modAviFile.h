@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes AVI files of one video stream. Frames are bytes that the caller has ready; nothing here looks into them.
+// Writes AVI files of one video stream. Frames are finished bytes from the caller, which are not inspected here.
 #pragma once
 
 #include "imaging/modFileAccess.h"
@@ -10,7 +10,7 @@
 
 namespace ob {
 
-// Four characters as the number that stands for them in a RIFF file.
+// Four characters as their number in a RIFF file.
 constexpr std::uint32_t FourCC(const char (&name)[5])
 {
     std::uint32_t code = 0;
@@ -38,18 +38,18 @@ struct AviStreamInfo {
 
 enum class AviFrames { Bitmaps, Compressed };
 
-// How long one RIFF chunk of the file may become; a frame that is longer on its own has one for itself. A video that
-// does not fit into one goes on in "AVIX" chunks with indexes of their own, which older readers pass over.
+// The greatest length of one RIFF chunk of the file; a frame that is longer has one to itself. A video that does not
+// fit into one continues in "AVIX" chunks with their own indexes, which older readers skip.
 constexpr std::int64_t AviSegmentBytes = std::int64_t{1} << 30;
 
-// Writes as frames come and keeps only their places. The file is good once Finish is through.
+// Writes each frame at once and keeps only its place. The file is valid once Finish has returned.
 class AviWriter {
 public:
-    // The format is a BITMAPINFOHEADER with what belongs to it. All raise as cFileReplacement does.
+    // The format is a BITMAPINFOHEADER with its masks and colours. All raise as cFileReplacement does.
     AviWriter(cFileReplacement& file, const AviStreamInfo& stream, ByteView format, AviFrames frames,
               std::int64_t segmentBytes = AviSegmentBytes);
 
-    // Adds a frame, marked a key frame. Raises DiskFull too when the file has MostSegments chunks.
+    // Adds a frame, marked as a key frame. Raises DiskFull too when the file has MostSegments chunks.
     void WriteFrame(ByteView frame);
 
     // Completes indexes and headers; the file still has to be given its name.
@@ -82,7 +82,7 @@ private:
     std::int64_t segmentBytes;
 
     std::int64_t segmentStart = 0;
-    std::int64_t moviStart = 0;    // of the letters "movi"
+    std::int64_t moviStart = 0;    // of the characters "movi"
     std::vector<Frame> index;      // of the segment that is being written
     std::vector<Segment> segments; // those that are complete, when there is more than one
     std::uint32_t frames = 0;

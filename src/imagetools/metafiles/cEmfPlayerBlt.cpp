@@ -172,7 +172,7 @@ void cEmfPlayer::PlayText(Record& record, Characters characters)
 void cEmfPlayer::SmallTextOut(Record& record)
 {
     constexpr unsigned noBox = 0x100;
-    constexpr unsigned smallLetters = 0x200;
+    constexpr unsigned smallCharacters = 0x200;
     MetafileText text;
     text.position = Point(record);
     const std::uint32_t count = record.UInt32();
@@ -183,7 +183,7 @@ void cEmfPlayer::SmallTextOut(Record& record)
         text.box = Box(record);
     else
         text.options = 0;
-    const bool isSmall = (options & smallLetters) != 0;
+    const bool isSmall = (options & smallCharacters) != 0;
     if (!record.Holds(count, isSmall ? 1 : 2))
         return;
     const QByteArrayView bytes = record.Bytes(static_cast<qsizetype>(count) * (isSmall ? 1 : 2));
