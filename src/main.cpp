@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The process's entry: the start routine, then the event loop.
 #include "platform/dialogs/dlgStandard.h"
+#include "platform/dialogs/frmApplication.h"
+#include "platform/dialogs/modDialogs.h"
 #include "shell/bench/frmMain.h"
 #include "shell/bench/modStart.h"
-#include "shell/state/Module1.h"
 
-#include <QApplication>
 #include <QIcon>
 
 #include <cstdio>
@@ -55,7 +55,7 @@ int main(int argc, char** argv)
     if (const auto status = AnswerAtOnce(argc, argv))
         return *status;
 
-    const QApplication application(argc, argv);
+    const ob::frmApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orchard-bench"));
     QApplication::setApplicationDisplayName(QString());
     QApplication::setDesktopFileName(QStringLiteral("orchard-bench"));
@@ -70,9 +70,16 @@ int main(int argc, char** argv)
 
     ob::dlgStandard boxes;
     ob::SetDialogs(&boxes);
-    ob::StartRoutine([] { return new ob::frmMain; });
-    const std::unique_ptr<ob::frmMain> frame(dynamic_cast<ob::frmMain*>(ob::MainForm));
-    frame->Load();
-    ob::OpenFiles(pieces, ob::FileSource::CommandLine);
+    std::unique_ptr<ob::frmMain> frame;
+    const ob::CommandEnd start = ob::RunCommand([&] {
+        ob::StartRoutine([&] {
+            frame = std::make_unique<ob::frmMain>();
+            return frame.get();
+        });
+        frame->Load();
+        ob::OpenFiles(pieces, ob::FileSource::CommandLine);
+    });
+    if (start == ob::CommandEnd::Failed)
+        return 1;
     return picture.isEmpty() ? QApplication::exec() : SavePicture(*frame, picture);
 }

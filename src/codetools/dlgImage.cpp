@@ -3,6 +3,7 @@
 #include "codetools/dlgImage.h"
 
 #include "codetools/modToolbarStrip.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/Module1.h"
 #include "ui_dlgImage.h"
@@ -38,13 +39,12 @@ dlgImage::dlgImage(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::d
 {
     ui->setupUi(this);
     const auto on = [this](const QPushButton* button, Step step) {
-        connect(button, &QPushButton::clicked, this, [this, step] { RunCommand([&] { cmdNext_Click(step); }); });
+        On(button, this, [this, step] { cmdNext_Click(step); });
     };
     on(ui->cmdNext0, Step::Back);
     on(ui->cmdNext1, Step::Next);
     const auto onKey = [this](Qt::Key key, Step step) {
-        connect(new QShortcut(key, this), &QShortcut::activated, this,
-                [this, step] { RunCommand([&] { cmdNext_Click(step); }); });
+        On(new QShortcut(key, this), &QShortcut::activated, this, [this, step] { cmdNext_Click(step); });
     };
     onKey(Qt::Key_Left, Step::Back);
     onKey(Qt::Key_Right, Step::Next);

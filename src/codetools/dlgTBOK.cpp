@@ -3,6 +3,7 @@
 #include "codetools/dlgTBOK.h"
 
 #include "codetools/modToolbarCode.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "ui_dlgTBOK.h"
 
@@ -11,8 +12,8 @@ namespace ob {
 dlgTBOK::dlgTBOK(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgTBOK>())
 {
     ui->setupUi(this);
-    connect(ui->optAdd1, &QRadioButton::toggled, this, [this] { RunCommand([this] { optAdd_Click(); }); });
-    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    On(ui->optAdd1, &QRadioButton::toggled, this, &dlgTBOK::optAdd_Click);
+    On(ui->OKButton, this, &dlgTBOK::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
     optAdd_Click();
 }

@@ -9,6 +9,7 @@
 #include "editor/document/modDocument.h"
 #include "imagetools/pictures/modPicture.h"
 #include "imagetools/pictures/modStrip256.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFolders.h"
 #include "platform/files/modPaths.h"
@@ -68,16 +69,13 @@ dlgToolbar::dlgToolbar(QWidget* parent) : QDialog(parent), ui(std::make_unique<U
     ui->setupUi(this);
     ui->cboBranch->hide();
     ui->cboTips->hide();
-    const auto on = [this](const QPushButton* button, void (dlgToolbar::*handler)()) {
-        connect(button, &QPushButton::clicked, this, [this, handler] { RunCommand([&] { (this->*handler)(); }); });
-    };
-    on(ui->cmdAdd, &dlgToolbar::cmdAdd_Click);
-    on(ui->cmdStandard, &dlgToolbar::cmdStandard_Click);
-    on(ui->cmdRemove, &dlgToolbar::cmdRemove_Click);
-    on(ui->OKButton, &dlgToolbar::OKButton_Click);
+    On(ui->cmdAdd, this, &dlgToolbar::cmdAdd_Click);
+    On(ui->cmdStandard, this, &dlgToolbar::cmdStandard_Click);
+    On(ui->cmdRemove, this, &dlgToolbar::cmdRemove_Click);
+    On(ui->OKButton, this, &dlgToolbar::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
     for (const QRadioButton* option : findChildren<QRadioButton*>())
-        connect(option, &QRadioButton::toggled, this, [this] { RunCommand([this] { ShowButtons(); }); });
+        On(option, &QRadioButton::toggled, this, &dlgToolbar::ShowButtons);
     ShowButtons();
 }
 

@@ -4,6 +4,7 @@
 
 #include "codetools/modArray.h"
 #include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmArray.h"
@@ -13,10 +14,10 @@ namespace ob {
 frmArray::frmArray(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmArray>())
 {
     ui->setupUi(this);
-    connect(ui->Text1, &QLineEdit::textChanged, this, &frmArray::ShowPreview);
-    connect(ui->optString, &QRadioButton::toggled, this, &frmArray::ShowPreview);
-    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
-    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    On(ui->Text1, &QLineEdit::textChanged, this, &frmArray::ShowPreview);
+    On(ui->optString, &QRadioButton::toggled, this, &frmArray::ShowPreview);
+    On(ui->cmdAdd, this, &frmArray::cmdAdd_Click);
+    On(ui->OKButton, this, &frmArray::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
     ShowPreview();
 }

@@ -5,6 +5,7 @@
 #include "codetools/modMessageBox.h"
 #include "editor/document/modUserTexts.h"
 #include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmPlainText.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMB.h"
@@ -17,16 +18,13 @@ frmMB::frmMB(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMB>(
 {
     ui->setupUi(this);
     ui->txtCode->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    connect(ui->txtTitle, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
-    connect(ui->txtMessage, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
+    On(ui->txtTitle, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
+    On(ui->txtMessage, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
     for (const QRadioButton* option : findChildren<QRadioButton*>())
-        connect(option, &QRadioButton::clicked, this, &frmMB::ShowPreview);
-    const auto run = [this](void (frmMB::*handler)()) {
-        return [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); };
-    };
-    connect(ui->cmdCreate, &QPushButton::clicked, this, run(&frmMB::cmdCreate_Click));
-    connect(ui->cmdTest, &QPushButton::clicked, this, run(&frmMB::cmdTest_Click));
-    connect(ui->cmdCopy, &QPushButton::clicked, this, run(&frmMB::cmdCopy_Click));
+        On(option, this, &frmMB::ShowPreview);
+    On(ui->cmdCreate, this, &frmMB::cmdCreate_Click);
+    On(ui->cmdTest, this, &frmMB::cmdTest_Click);
+    On(ui->cmdCopy, this, &frmMB::cmdCopy_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     ShowPreview();
 }

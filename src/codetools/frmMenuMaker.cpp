@@ -3,6 +3,7 @@
 #include "codetools/frmMenuMaker.h"
 
 #include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMenuMaker.h"
@@ -12,11 +13,11 @@ namespace ob {
 frmMenuMaker::frmMenuMaker(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMenuMaker>())
 {
     ui->setupUi(this);
-    connect(ui->Text1, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
-    connect(ui->Text4, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
-    connect(ui->optType0, &QRadioButton::toggled, this, &frmMenuMaker::optType_Click);
-    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
-    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
+    On(ui->Text1, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
+    On(ui->Text4, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
+    On(ui->optType0, &QRadioButton::toggled, this, &frmMenuMaker::optType_Click);
+    On(ui->cmdAdd, this, &frmMenuMaker::cmdAdd_Click);
+    On(ui->cmdCopy, this, &frmMenuMaker::cmdCopy_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     ui->Text1->setFocus();
     ui->Text1->selectAll();

@@ -5,6 +5,7 @@
 #include "codetools/dlgStylebitsHelp.h"
 #include "codetools/modStylebits.h"
 #include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmStylebits.h"
@@ -17,15 +18,12 @@ frmStylebits::frmStylebits(QWidget* parent) : QDialog(parent), ui(std::make_uniq
 {
     ui->setupUi(this);
     ui->cboObject->addItems(StylebitObjects());
-    const auto run = [this](void (frmStylebits::*handler)()) {
-        return [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); };
-    };
-    connect(ui->cboObject, &QComboBox::activated, this, run(&frmStylebits::cboObject_Click));
-    connect(ui->chkEx, &QCheckBox::clicked, this, run(&frmStylebits::cboObject_Click));
-    connect(ui->lstBits, &QListWidget::itemChanged, this, &frmStylebits::ShowPreview);
-    connect(ui->optAdd, &QRadioButton::toggled, this, &frmStylebits::ShowPreview);
-    connect(ui->cmdCopy, &QPushButton::clicked, this, run(&frmStylebits::cmdCopy_Click));
-    connect(ui->cmdHelp, &QPushButton::clicked, this, run(&frmStylebits::cmdHelp_Click));
+    On(ui->cboObject, &QComboBox::activated, this, &frmStylebits::cboObject_Click);
+    On(ui->chkEx, this, &frmStylebits::cboObject_Click);
+    On(ui->lstBits, &QListWidget::itemChanged, this, &frmStylebits::ShowPreview);
+    On(ui->optAdd, &QRadioButton::toggled, this, &frmStylebits::ShowPreview);
+    On(ui->cmdCopy, this, &frmStylebits::cmdCopy_Click);
+    On(ui->cmdHelp, this, &frmStylebits::cmdHelp_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     cboObject_Click();
 }

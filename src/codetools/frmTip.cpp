@@ -3,6 +3,7 @@
 #include "codetools/frmTip.h"
 
 #include "codetools/modTips.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
@@ -17,9 +18,8 @@ frmTip::frmTip(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmTi
     ui->chkLoadTipsAtStartup->setChecked(ShowTips);
     current = FirstTip(RandomNumber(), static_cast<int>(tips.size()));
     DisplayCurrentTip();
-    connect(ui->cmdNextTip, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdNextTip_Click(); }); });
-    connect(ui->chkLoadTipsAtStartup, &QCheckBox::clicked, this,
-            [this] { RunCommand([this] { chkLoadTipsAtStartup_Click(); }); });
+    On(ui->cmdNextTip, this, &frmTip::cmdNextTip_Click);
+    On(ui->chkLoadTipsAtStartup, this, &frmTip::chkLoadTipsAtStartup_Click);
     connect(ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 

@@ -3,6 +3,7 @@
 #include "editor/frmCodeExplorer.h"
 
 #include "editor/modCodeExplorer.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
@@ -19,14 +20,14 @@ frmCodeExplorer::frmCodeExplorer(QWidget* parent) : QDialog(parent), ui(std::mak
     ui->splitter->setSizes({width() / 2, width() / 2});
     ui->txtDisplay->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->Fil}, CodeFilePatterns, this);
-    connect(browser, &FolderBrowser::FolderChanged, this, [this] {
+    On(browser, &FolderBrowser::FolderChanged, this, [this] {
         ui->lblState->setText(QStringLiteral("Reading the folder..."));
         Fil_Click();
     });
-    connect(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
-    connect(browser, &FolderBrowser::ChoiceChanged, this, [this] { Fil_Click(); });
-    connect(ui->Fil, &QListView::doubleClicked, this, [this] { RunCommand([this] { cmdOpen_Click(); }); });
-    connect(ui->cmdOpen, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOpen_Click(); }); });
+    On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
+    On(browser, &FolderBrowser::ChoiceChanged, this, [this] { Fil_Click(); });
+    On(ui->Fil, &QListView::doubleClicked, this, &frmCodeExplorer::cmdOpen_Click);
+    On(ui->cmdOpen, this, &frmCodeExplorer::cmdOpen_Click);
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
     browser->Start();
     ui->Fil->setFocus();

@@ -8,6 +8,7 @@
 #include "editor/files/modClose.h"
 #include "editor/modEdit.h"
 #include "editor/modLabels.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
@@ -135,18 +136,16 @@ void frmDocument::MakeHeadRow()
         row.button->setToolTip(QString::fromLatin1(row.tip));
         row.button->setAccessibleName(QString::fromLatin1(row.tip));
         row.button->setGeometry(ToPixels(left), ToPixels(RowTop), ToPixels(200), ToPixels(RowHeight));
-        connect(row.button, &QToolButton::clicked, this, [this, click = row.click] {
-            RunCommand([&] {
-                click(document.sci);
-                SendSci(document.sci, SCI_GRABFOCUS);
-            });
+        On(row.button, this, [this, click = row.click] {
+            click(document.sci);
+            SendSci(document.sci, SCI_GRABFOCUS);
         });
         left += 200;
     }
     MakeLabelControls();
     chkWrap = new QCheckBox(QStringLiteral("Wrap"), this);
     chkWrap->setObjectName(QStringLiteral("chkWrap"));
-    connect(chkWrap, &QCheckBox::toggled, this, &frmDocument::chkWrap_Click);
+    On(chkWrap, &QCheckBox::toggled, this, &frmDocument::chkWrap_Click);
 
     QFont small = font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
@@ -164,16 +163,16 @@ void frmDocument::MakeLabelControls()
     for (QComboBox* list : {cboLabels, cboSorted}) {
         // The wheel would jump through the text label by label.
         list->installEventFilter(this);
-        connect(list, &QComboBox::activated, this, [this, list] { RunCommand([&] { GoToLabelOf(*list); }); });
+        On(list, &QComboBox::activated, this, [this, list] { GoToLabelOf(*list); });
     }
     cmdBranch = new QPushButton(QStringLiteral("Refresh"), this);
     cmdBranch->setObjectName(QStringLiteral("cmdBranch"));
     cmdBranch->setToolTip(QStringLiteral("Refresh Branch Label List"));
-    connect(cmdBranch, &QPushButton::clicked, this, [this] { RunCommand([this] { FillBranchBox(); }); });
+    On(cmdBranch, this, &frmDocument::FillBranchBox);
     cmdSort = new QPushButton(QStringLiteral("Sort"), this);
     cmdSort->setObjectName(QStringLiteral("cmdSort"));
     cmdSort->setToolTip(QStringLiteral("Toggle Branch Label Sort Order"));
-    connect(cmdSort, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdSort_Click(); }); });
+    On(cmdSort, this, &frmDocument::cmdSort_Click);
 }
 
 frmDocument::Birth frmDocument::LoadControl()
@@ -304,7 +303,7 @@ void frmDocument::HookSci(Hook enable)
     if (enable == Hook::On) {
         edit->installEventFilter(this);
         for (QScrollBar* bar : {area->verticalScrollBar(), area->horizontalScrollBar()})
-            connect(bar, &QScrollBar::actionTriggered, this, [this] { HideSyntax(document); });
+            On(bar, &QScrollBar::actionTriggered, this, [this] { HideSyntax(document); });
     } else {
         edit->removeEventFilter(this);
         for (QScrollBar* bar : {area->verticalScrollBar(), area->horizontalScrollBar()})

@@ -5,6 +5,7 @@
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
 #include "editor/frmReplaceWatch.h"
+#include "platform/dialogs/frmCommand.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmFind.h"
@@ -73,11 +74,11 @@ frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
         restoreGeometry(lastGeometry);
     else if (parent != nullptr)
         move(parent->geometry().topRight() + QPoint(-width() - fromUpperRight.x(), fromUpperRight.y()));
-    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
-    connect(ui->cmdReplace, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdReplace_Click(); }); });
-    connect(ui->cmdReplaceAll, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdReplaceAll_Click(); }); });
+    On(ui->OKButton, this, &frmFind::OKButton_Click);
+    On(ui->cmdReplace, this, &frmFind::cmdReplace_Click);
+    On(ui->cmdReplaceAll, this, &frmFind::cmdReplaceAll_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
-    connect(qApp, &QGuiApplication::focusWindowChanged, this, &frmFind::FocusMoved);
+    On(qApp, &QGuiApplication::focusWindowChanged, this, &frmFind::FocusMoved);
 }
 
 frmFind::~frmFind() = default;

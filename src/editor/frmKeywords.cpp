@@ -3,6 +3,7 @@
 #include "editor/frmKeywords.h"
 
 #include "editor/document/modUserTexts.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmPlainText.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modPaths.h"
@@ -17,8 +18,8 @@ frmKeywords::frmKeywords(QWidget* parent) : QDialog(parent), ui(std::make_unique
 {
     ui->setupUi(this);
     ui->txtDisplay->installEventFilter(this);
-    connect(ui->cmdOkay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOkay_Click(); }); });
-    connect(ui->cmdDelete, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdDelete_Click(); }); });
+    On(ui->cmdOkay, this, &frmKeywords::cmdOkay_Click);
+    On(ui->cmdDelete, this, &frmKeywords::cmdDelete_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 
     const QString text = CustomKeywordText(ProgramFolder());

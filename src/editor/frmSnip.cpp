@@ -4,6 +4,7 @@
 
 #include "editor/document/modUserTexts.h"
 #include "editor/modSnippets.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmPlainText.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
@@ -57,31 +58,27 @@ void frmSnip::ConnectControls()
     ui->lstSnip->installEventFilter(this);
     ui->lstSnip->viewport()->installEventFilter(this);
     ui->txtSnipDisplay->installEventFilter(this);
-    const auto run = [this](void (frmSnip::*handler)()) {
-        return [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); };
-    };
-    const auto click = run(&frmSnip::lstSnip_Click);
-    connect(ui->lstSnip->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, click] {
+    On(ui->lstSnip->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         ui->cmdDelete->setEnabled(!ChosenName().isEmpty());
         if (refreshing)
             return;
         pressLoaded = true;
-        click();
+        lstSnip_Click();
     });
     // A click on the selected snippet reloads it from disk.
-    connect(ui->lstSnip, &QListView::clicked, this, [this, click] {
+    On(ui->lstSnip, &QListView::clicked, this, [this] {
         if (!std::exchange(pressLoaded, true))
-            click();
+            lstSnip_Click();
     });
     // The message is about the text before the change.
     connect(ui->txtSnipDisplay, &QPlainTextEdit::textChanged, ui->lblState, &QLabel::clear);
-    connect(ui->lstSnip, &QListView::doubleClicked, this, run(&frmSnip::lstSnip_DblClick));
-    connect(ui->cmdNew, &QPushButton::clicked, this, run(&frmSnip::cmdNew_Click));
-    connect(ui->cmdSave, &QPushButton::clicked, this, run(&frmSnip::cmdSave_Click));
-    connect(ui->cmdDelete, &QPushButton::clicked, this, run(&frmSnip::cmdDelete_Click));
-    connect(ui->cmdCopy, &QPushButton::clicked, this, run(&frmSnip::cmdCopy_Click));
-    connect(ui->cmdPaste, &QPushButton::clicked, this, run(&frmSnip::cmdPaste_Click));
-    connect(ui->cmdPasteNew, &QPushButton::clicked, this, run(&frmSnip::cmdPasteNew_Click));
+    On(ui->lstSnip, &QListView::doubleClicked, this, &frmSnip::lstSnip_DblClick);
+    On(ui->cmdNew, this, &frmSnip::cmdNew_Click);
+    On(ui->cmdSave, this, &frmSnip::cmdSave_Click);
+    On(ui->cmdDelete, this, &frmSnip::cmdDelete_Click);
+    On(ui->cmdCopy, this, &frmSnip::cmdCopy_Click);
+    On(ui->cmdPaste, this, &frmSnip::cmdPaste_Click);
+    On(ui->cmdPasteNew, this, &frmSnip::cmdPasteNew_Click);
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
 }
 

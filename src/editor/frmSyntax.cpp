@@ -4,6 +4,7 @@
 
 #include "editor/document/modSyntaxTable.h"
 #include "editor/modSyntaxViewer.h"
+#include "platform/dialogs/frmCommand.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmSyntax.h"
 
@@ -28,8 +29,8 @@ frmSyntax::frmSyntax(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     ui->cmbList->addItems(SyntaxKeys(rows));
     ui->cmbList->setCurrentIndex(-1);
     ui->cmbList->lineEdit()->setPlaceholderText(QStringLiteral("Keyword List"));
-    connect(ui->cmbList, &QComboBox::activated, this, [this](int index) { RunCommand([&] { cmbList_Click(index); }); });
-    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
+    On(ui->cmbList, &QComboBox::activated, this, &frmSyntax::cmbList_Click);
+    On(ui->cmdCopy, this, &frmSyntax::cmdCopy_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 

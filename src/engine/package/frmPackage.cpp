@@ -5,6 +5,7 @@
 #include "engine/run/dlgProcess.h"
 #include "engine/run/modFileIO.h"
 #include "platform/desktop/modLaunch.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/modRuntime.h"
@@ -166,13 +167,13 @@ frmPackage::frmPackage(const QString& token, QWidget* parent)
         ui->cmdAdd->setEnabled(ui->FileList->selectionModel()->hasSelection());
         ui->cmdRemove->setEnabled(ui->TEMPList->selectionModel()->hasSelection());
     };
-    connect(browser, &FolderBrowser::ChoiceChanged, this, enable);
-    connect(browser, &FolderBrowser::FolderChanged, this, enable);
-    connect(ui->TEMPList, &QListWidget::itemSelectionChanged, this, enable);
-    connect(ui->FileList, &QListView::doubleClicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
-    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
-    connect(ui->cmdRemove, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdRemove_Click(); }); });
-    connect(ui->cmdOkay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOkay_Click(); }); });
+    On(browser, &FolderBrowser::ChoiceChanged, this, enable);
+    On(browser, &FolderBrowser::FolderChanged, this, enable);
+    On(ui->TEMPList, &QListWidget::itemSelectionChanged, this, enable);
+    On(ui->FileList, &QListView::doubleClicked, this, &frmPackage::cmdAdd_Click);
+    On(ui->cmdAdd, this, &frmPackage::cmdAdd_Click);
+    On(ui->cmdRemove, this, &frmPackage::cmdRemove_Click);
+    On(ui->cmdOkay, this, &frmPackage::cmdOkay_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     browser->Start();
     enable();

@@ -6,6 +6,7 @@
 #include "editor/document/modDocument.h"
 #include "engine/run/cVariableTable.h"
 #include "engine/run/modVariables.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/frmTool.h"
 #include "ui_dlgShowVar.h"
@@ -24,10 +25,9 @@ dlgShowVar::dlgShowVar(QWidget* parent)
     QHeaderView* header = ui->lvVar->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Stretch);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    connect(header, &QHeaderView::sectionClicked, this,
-            [this](int column) { RunCommand([this, column] { lvVar_ColumnClick(column); }); });
-    connect(ui->lvVar, &QTableView::doubleClicked, this, [this] { RunCommand([this] { cmdGoto_Click(); }); });
-    connect(ui->cmdGoto, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdGoto_Click(); }); });
+    On(header, &QHeaderView::sectionClicked, this, &dlgShowVar::lvVar_ColumnClick);
+    On(ui->lvVar, &QTableView::doubleClicked, this, &dlgShowVar::cmdGoto_Click);
+    On(ui->cmdGoto, this, &dlgShowVar::cmdGoto_Click);
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
 }
 

@@ -2,6 +2,7 @@
 // The choice of a compressor.
 #include "imagetools/avi/dlgAviOptions.h"
 
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "ui_dlgAviOptions.h"
 
@@ -19,9 +20,9 @@ dlgAviOptions::dlgAviOptions(const AviFormat& format, QWidget* parent)
     ui->sldQuality->setValue(AviOptions().quality);
     // Space for two lines, so that nothing moves when a note appears.
     ui->lblNote->setMinimumHeight(2 * fontMetrics().lineSpacing());
-    connect(ui->lstCodec, &QListWidget::currentRowChanged, this, [this] { RunCommand([this] { lstCodec_Click(); }); });
+    On(ui->lstCodec, &QListWidget::currentRowChanged, this, &dlgAviOptions::lstCodec_Click);
     connect(ui->lstCodec, &QListWidget::itemActivated, ui->cmdOK, &QPushButton::click);
-    connect(ui->sldQuality, &QSlider::valueChanged, this, [this] { RunCommand([this] { sldQuality_Change(); }); });
+    On(ui->sldQuality, &QSlider::valueChanged, this, &dlgAviOptions::sldQuality_Change);
     connect(ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     ui->lstCodec->setCurrentRow(0);

@@ -5,6 +5,7 @@
 #include "imagetools/avi/dlgAviOptions.h"
 #include "imagetools/pictures/cFileDlg.h"
 #include "imagetools/pictures/modPicture.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "shell/state/frmTool.h"
@@ -40,18 +41,13 @@ frmAVI::frmAVI(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmAV
 {
     ui->setupUi(this);
     setAcceptDrops(true);
-    const auto onClick = [this](QPushButton* button, void (frmAVI::*handler)()) {
-        connect(button, &QPushButton::clicked, this,
-                [this, handler] { RunCommand([this, handler] { (this->*handler)(); }); });
-    };
-    onClick(ui->cmdFileOpen, &frmAVI::cmdFileOpen_Click);
-    onClick(ui->cmdClearList, &frmAVI::cmdClearList_Click);
-    onClick(ui->cmdWriteAVI, &frmAVI::cmdWriteAVI_Click);
+    On(ui->cmdFileOpen, this, &frmAVI::cmdFileOpen_Click);
+    On(ui->cmdClearList, this, &frmAVI::cmdClearList_Click);
+    On(ui->cmdWriteAVI, this, &frmAVI::cmdWriteAVI_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmAVI::reject);
-    connect(ui->lstDIBList, &QListWidget::currentRowChanged, this,
-            [this](int row) { RunCommand([this, row] { lstDIBList_Click(row); }); });
+    On(ui->lstDIBList, &QListWidget::currentRowChanged, this, &frmAVI::lstDIBList_Click);
     auto* remove = new QShortcut(QKeySequence::Delete, ui->lstDIBList, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(remove, &QShortcut::activated, this, [this] { RunCommand([this] { lstDIBList_Delete(); }); });
+    On(remove, &QShortcut::activated, this, &frmAVI::lstDIBList_Delete);
     cmdClearList_Click();
 }
 

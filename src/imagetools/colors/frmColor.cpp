@@ -3,6 +3,7 @@
 #include "imagetools/colors/frmColor.h"
 
 #include "imagetools/colors/modPreviews.h"
+#include "platform/dialogs/frmCommand.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmColorSample.h"
 #include "shell/state/frmTool.h"
@@ -14,8 +15,8 @@ frmColor::frmColor(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
 {
     ui->setupUi(this);
     for (const QSlider* slider : {ui->Slider1_0, ui->Slider1_1, ui->Slider1_2})
-        connect(slider, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
-    connect(ui->Command1, &QPushButton::clicked, this, [this] { RunCommand([this] { Command1_Click(); }); });
+        On(slider, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
+    On(ui->Command1, this, &frmColor::Command1_Click);
     Slider1_Change();
 }
 

@@ -2,6 +2,7 @@
 // Instructions for making an icon from a part of a picture.
 #include "imagetools/icons/dlgBmp.h"
 
+#include "platform/dialogs/frmCommand.h"
 #include "ui_dlgBmp.h"
 
 namespace ob {
@@ -12,7 +13,7 @@ dlgBmp::dlgBmp(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgBm
     // Room for all of the text, whatever the font.
     resize(width(), layout()->heightForWidth(width()));
     ui->OKButton->setFocus();
-    connect(ui->chkAgain, &QCheckBox::toggled, this, [](bool on) { isWanted = !on; });
+    On(ui->chkAgain, &QCheckBox::toggled, this, [](bool on) { isWanted = !on; });
     connect(ui->OKButton, &QPushButton::clicked, this, &QDialog::accept);
 }
 

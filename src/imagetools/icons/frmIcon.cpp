@@ -6,6 +6,7 @@
 #include "imagetools/icons/frmIconMenu.h"
 #include "imagetools/icons/modIconFile.h"
 #include "imagetools/pictures/modPicture.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/Module1.h"
@@ -104,31 +105,29 @@ void frmIcon::ConnectItems()
         {"abo", &frmIcon::abo_Click},
     };
     for (const auto& [name, handler] : handlers) {
-        connect(items.value(QString::fromLatin1(name)), &QAction::triggered, this,
-                [this, click = handler] { RunCommand([this, click] { (this->*click)(); }); });
+        On(items.value(QString::fromLatin1(name)), &QAction::triggered, this, handler);
     }
 }
 
 void frmIcon::ConnectControls()
 {
-    connect(ui->Picture3, &frmPixelGrid::MouseDown, this, &frmIcon::Picture3_MouseDown);
-    connect(ui->Picture3, &frmPixelGrid::MouseMove, this, &frmIcon::Picture3_MouseMove);
-    connect(ui->Picture3, &frmPixelGrid::MouseUp, this, &frmIcon::Picture3_MouseUp);
-    connect(ui->Picture3, &frmPixelGrid::MouseLeft, this, &frmIcon::ShowHint);
-    connect(swatches, &QButtonGroup::idClicked, this, [this](int index) {
+    On(ui->Picture3, &frmPixelGrid::MouseDown, this, &frmIcon::Picture3_MouseDown);
+    On(ui->Picture3, &frmPixelGrid::MouseMove, this, &frmIcon::Picture3_MouseMove);
+    On(ui->Picture3, &frmPixelGrid::MouseUp, this, &frmIcon::Picture3_MouseUp);
+    On(ui->Picture3, &frmPixelGrid::MouseLeft, this, &frmIcon::ShowHint);
+    On(swatches, &QButtonGroup::idClicked, this, [this](int index) {
         if (index == TransparentSwatch)
             Picture4_Click();
         else
             Picture2_Click(index);
     });
-    connect(ui->cmdIcon0, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdIcon_Click(0); }); });
-    connect(ui->cmdIcon1, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdIcon_Click(1); }); });
-    connect(ui->cmdChoose, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdChoose_Click(); }); });
-    connect(ui->picBmp, &frmPictureArea::Selected, this,
-            [this](const IconRegion& region) { RunCommand([&] { picBmp_Selected(region); }); });
-    connect(ui->picBmp, &frmPictureArea::Ended, this, &frmIcon::HidePicture);
-    connect(ui->picBmp, &frmPictureArea::Followed, this,
-            [this](QPoint place) { ui->scrBmp->ensureVisible(place.x(), place.y(), 8, 8); });
+    On(ui->cmdIcon0, this, [this] { cmdIcon_Click(0); });
+    On(ui->cmdIcon1, this, [this] { cmdIcon_Click(1); });
+    On(ui->cmdChoose, this, &frmIcon::cmdChoose_Click);
+    On(ui->picBmp, &frmPictureArea::Selected, this, &frmIcon::picBmp_Selected);
+    On(ui->picBmp, &frmPictureArea::Ended, this, &frmIcon::HidePicture);
+    On(ui->picBmp, &frmPictureArea::Followed, this,
+       [this](QPoint place) { ui->scrBmp->ensureVisible(place.x(), place.y(), 8, 8); });
 }
 
 // --- What is shown. -------------------------------------------------------------------------------------------------

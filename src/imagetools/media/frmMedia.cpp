@@ -4,6 +4,7 @@
 
 #include "imagetools/media/modMedia.h"
 #include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "shell/state/Module1.h"
@@ -34,16 +35,16 @@ frmMedia::frmMedia(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     ui->setupUi(this);
     tmrPlay->setObjectName(QStringLiteral("tmrPlay"));
     tmrPlay->setInterval(TickLength);
-    connect(tmrPlay, &QTimer::timeout, this, [this] { RunCommand([this] { tmrPlay_Timer(); }); });
-    connect(ui->cmdOpen, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOpen_Click(); }); });
-    connect(ui->cmdPlay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdPlay_Click(); }); });
-    connect(ui->cmdStop, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdStop_Click(); }); });
-    connect(ui->cmdCode, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCode_Click(); }); });
-    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
-    connect(ui->cmdAVI, &QPushButton::clicked, this, [] { ChooseMenuItem(QStringLiteral("mnuToolAVI")); });
+    On(tmrPlay, &QTimer::timeout, this, &frmMedia::tmrPlay_Timer);
+    On(ui->cmdOpen, this, &frmMedia::cmdOpen_Click);
+    On(ui->cmdPlay, this, &frmMedia::cmdPlay_Click);
+    On(ui->cmdStop, this, &frmMedia::cmdStop_Click);
+    On(ui->cmdCode, this, &frmMedia::cmdCode_Click);
+    On(ui->cmdCopy, this, &frmMedia::cmdCopy_Click);
+    On(ui->cmdAVI, this, [] { ChooseMenuItem(QStringLiteral("mnuToolAVI")); });
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
-    connect(ui->chkPath, &QCheckBox::clicked, this, [this] { RunCommand([this] { WriteCodeMedia(); }); });
-    connect(ui->txtCode, &QPlainTextEdit::textChanged, this, [this] { RunCommand([this] { WriteCodeMedia(); }); });
+    On(ui->chkPath, this, &frmMedia::WriteCodeMedia);
+    On(ui->txtCode, &QPlainTextEdit::textChanged, this, &frmMedia::WriteCodeMedia);
     ui->cmdOpen->setFocus();
 }
 

@@ -3,6 +3,7 @@
 #include "imagetools/media/frmWav.h"
 
 #include "imagetools/media/modMedia.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/media/modMci.h"
@@ -17,17 +18,17 @@ frmWav::frmWav(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmWa
 {
     ui->setupUi(this);
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->Fil}, {QStringLiteral("*.wav")}, this);
-    connect(browser, &FolderBrowser::FolderChanged, this, [this] {
+    On(browser, &FolderBrowser::FolderChanged, this, [this] {
         Fil_Click();
         ui->lblState->setText(QStringLiteral("Reading the folder..."));
     });
-    connect(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
-    connect(browser, &FolderBrowser::ChoiceChanged, this, [this] { Fil_Click(); });
-    connect(ui->Fil, &QListView::doubleClicked, this, [this] { RunCommand([this] { cmdPlay_Click(); }); });
-    connect(ui->cmdPlay, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdPlay_Click(); }); });
-    connect(ui->cmdStop, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdStop_Click(); }); });
-    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
-    connect(ui->cmdExit, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdExit_Click(); }); });
+    On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
+    On(browser, &FolderBrowser::ChoiceChanged, this, [this] { Fil_Click(); });
+    On(ui->Fil, &QListView::doubleClicked, this, &frmWav::cmdPlay_Click);
+    On(ui->cmdPlay, this, &frmWav::cmdPlay_Click);
+    On(ui->cmdStop, this, &frmWav::cmdStop_Click);
+    On(ui->cmdCopy, this, &frmWav::cmdCopy_Click);
+    On(ui->cmdExit, this, &frmWav::cmdExit_Click);
     browser->Start();
     ui->Fil->setFocus();
 }

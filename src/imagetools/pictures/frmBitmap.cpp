@@ -4,6 +4,7 @@
 
 #include "imagetools/pictures/modImageFiles.h"
 #include "platform/desktop/modClipboard.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
@@ -33,24 +34,24 @@ frmBitmap::~frmBitmap() = default;
 
 void frmBitmap::Connect()
 {
-    connect(timer, &QTimer::timeout, this, [this] { RunCommand([this] { TakePreview(); }); });
-    connect(browser, &FolderBrowser::FolderChanged, this, [this] {
+    On(timer, &QTimer::timeout, this, &frmBitmap::TakePreview);
+    On(browser, &FolderBrowser::FolderChanged, this, [this] {
         ui->lblState->setText(QStringLiteral("Reading the folder..."));
         File1_Click();
     });
-    connect(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
-    connect(browser, &FolderBrowser::ChoiceChanged, this, [this] { File1_Click(); });
-    connect(ui->Picture1, &frmPreviewBox::BoxChanged, this, [this] {
+    On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
+    On(browser, &FolderBrowser::ChoiceChanged, this, [this] { File1_Click(); });
+    On(ui->Picture1, &frmPreviewBox::BoxChanged, this, [this] {
         // A picture in progress is being read for a box of another size.
         const QString path = loader.IsBusy() ? asked : picture2.path;
         if (!path.isEmpty())
             AskFor(path);
     });
-    connect(ui->chkDLL, &QCheckBox::clicked, this, [this] { RunCommand([this] { chkDLL_Click(); }); });
-    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
-    connect(ui->cmdCreate, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCreate_Click(); }); });
-    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdCopy_Click(); }); });
-    connect(ui->cmdJpg, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdJpg_Click(); }); });
+    On(ui->chkDLL, this, &frmBitmap::chkDLL_Click);
+    On(ui->cmdAdd, this, &frmBitmap::cmdAdd_Click);
+    On(ui->cmdCreate, this, &frmBitmap::cmdCreate_Click);
+    On(ui->cmdCopy, this, &frmBitmap::cmdCopy_Click);
+    On(ui->cmdJpg, this, &frmBitmap::cmdJpg_Click);
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
 }
 

@@ -3,6 +3,7 @@
 #include "imagetools/sprites/frmBatch.h"
 
 #include "imagetools/sprites/modMask.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
 #include "ui_frmBatch.h"
@@ -16,9 +17,9 @@ frmBatch::frmBatch(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     ui->setupUi(this);
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns, this);
     // The list must not count as empty before the folder has been read.
-    connect(browser, &FolderBrowser::FolderChanged, this, [this] { ui->OKButton->setEnabled(false); });
-    connect(browser, &FolderBrowser::FilesListed, this, [this] { ui->OKButton->setEnabled(true); });
-    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    On(browser, &FolderBrowser::FolderChanged, this, [this] { ui->OKButton->setEnabled(false); });
+    On(browser, &FolderBrowser::FilesListed, this, [this] { ui->OKButton->setEnabled(true); });
+    On(ui->OKButton, this, &frmBatch::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &frmBatch::reject);
     SetState(State::Choosing);
     browser->Start();

@@ -5,6 +5,7 @@
 #include "imagetools/pictures/modPicture.h"
 #include "imagetools/sprites/frmBatch.h"
 #include "imagetools/sprites/modMask.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMask.h"
@@ -40,10 +41,10 @@ frmMask::frmMask(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
 {
     ui->setupUi(this);
     ui->picMask->hide();
-    connect(ui->cmdOpen, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdOpen_Click(); }); });
-    connect(ui->cmdSave, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdSave_Click(); }); });
-    connect(ui->cmdBatch, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdBatch_Click(); }); });
-    connect(ui->cmdHelp, &QPushButton::clicked, this, [] { RunCommand([] { cmdHelp_Click(); }); });
+    On(ui->cmdOpen, this, &frmMask::cmdOpen_Click);
+    On(ui->cmdSave, this, &frmMask::cmdSave_Click);
+    On(ui->cmdBatch, this, &frmMask::cmdBatch_Click);
+    On(ui->cmdHelp, this, [] { cmdHelp_Click(); });
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -108,8 +109,8 @@ void frmMask::cmdBatch_Click()
 {
     frmBatch batch(this);
     BindManualPage(batch, frmBatch::ManualPage);
-    connect(&batch, &frmBatch::Masked, this,
-            [this](const QString& path, const cDIBSection& picture) { ShowPicture(path, CopyOf(picture)); });
+    On(&batch, &frmBatch::Masked, this,
+       [this](const QString& path, const cDIBSection& picture) { ShowPicture(path, CopyOf(picture)); });
     batch.exec();
 }
 

@@ -2,6 +2,7 @@
 // Lets a window browse the disk with three of its controls.
 #include "platform/dialogs/frmFolderBrowser.h"
 
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/work/modBackground.h"
@@ -38,13 +39,11 @@ FolderBrowser::FolderBrowser(const Controls& of, const QStringList& shown, QObje
     controls.folders->setModel(folders);
     controls.folders->installEventFilter(this);
     controls.files->setModel(files);
-    connect(timer, &QTimer::timeout, this, [this] { RunCommand([this] { TakeResults(); }); });
-    connect(controls.drives, &QComboBox::activated, this,
-            [this](int place) { RunCommand([this, place] { ShowFolder(drives[place].path); }); });
-    connect(controls.folders, &QTreeView::doubleClicked, this,
-            [this](const QModelIndex& chosen) { RunCommand([this, chosen] { GoInto(chosen); }); });
-    connect(controls.files->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { RunCommand([this] { Q_EMIT ChoiceChanged(); }); });
+    On(timer, &QTimer::timeout, this, &FolderBrowser::TakeResults);
+    On(controls.drives, &QComboBox::activated, this, [this](int place) { ShowFolder(drives[place].path); });
+    On(controls.folders, &QTreeView::doubleClicked, this, &FolderBrowser::GoInto);
+    On(controls.files->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+       [this] { Q_EMIT ChoiceChanged(); });
 }
 
 void FolderBrowser::Start()

@@ -124,17 +124,35 @@ void ShowRuntimeError(const RuntimeError& error)
     MsgBox(QStringLiteral("Run-time error '%1':\n%2").arg(error.number).arg(error.description), BoxIcon::Critical);
 }
 
+static void ShowUnexpectedError(const QString& reason)
+{
+    MsgBox(QStringLiteral("This command ended with an unexpected error:\n") + reason, BoxIcon::Critical);
+}
+
+void ShowCaughtError()
+{
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        ShowRuntimeError(error);
+    } catch (const std::bad_alloc&) {
+        ShowRuntimeError(RuntimeError(7, {}, QStringLiteral("Out of memory")));
+    } catch (const std::exception& error) {
+        ShowUnexpectedError(QString::fromLocal8Bit(error.what()));
+    } catch (...) {
+        ShowUnexpectedError(QStringLiteral("no reason is known"));
+    }
+}
+
 CommandEnd RunCommand(const std::function<void()>& command)
 {
     try {
         command();
         return CommandEnd::Finished;
-    } catch (const RuntimeError& error) {
-        ShowRuntimeError(error);
-    } catch (const std::bad_alloc&) {
-        ShowRuntimeError(RuntimeError(7, {}, QStringLiteral("Out of memory")));
+    } catch (...) {
+        ShowCaughtError();
+        return CommandEnd::Failed;
     }
-    return CommandEnd::Failed;
 }
 
 } // namespace ob

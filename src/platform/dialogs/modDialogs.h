@@ -103,9 +103,13 @@ QList<FileFilter> FileFiltersOf(const QString& filter);
 // "Run-time error 'N':", a line break and the description, with the stop icon.
 void ShowRuntimeError(const RuntimeError& error);
 
+// Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the runtime's
+// error 7, any other with its reason.
+void ShowCaughtError();
+
 enum class CommandEnd { Finished, Failed };
 
-// Runs a command to its end. A runtime error that nobody caught ends the command and is shown; the program goes on.
+// Runs a command to its end. An exception that nobody caught ends the command and is shown; the program goes on.
 CommandEnd RunCommand(const std::function<void()>& command);
 
 } // namespace ob

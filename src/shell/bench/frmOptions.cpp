@@ -2,6 +2,7 @@
 // The preferences: controls over a copy of the settings.
 #include "shell/bench/frmOptions.h"
 
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmPlainText.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modPaths.h"
@@ -127,8 +128,7 @@ void frmOptions::ConnectRow(const PreferenceRow& row)
 {
     QWidget& control = Control(row.control);
     if (auto* sample = qobject_cast<frmColorSample*>(&control))
-        connect(sample, &frmColorSample::Pressed, this,
-                [this, &row] { RunCommand([this, &row] { ColorSample_Click(row); }); });
+        On(sample, &frmColorSample::Pressed, this, [this, &row] { ColorSample_Click(row); });
     if (const auto* text = std::get_if<Field<QString>>(&row.field))
         connect(qobject_cast<QLineEdit*>(&control), &QLineEdit::textChanged, this,
                 [this, copy = text->copy](const QString& typed) { values.*copy = typed; });
@@ -141,8 +141,7 @@ void frmOptions::ConnectRow(const PreferenceRow& row)
 
 void frmOptions::OnClick(const char* button, std::function<void()> handler)
 {
-    connect(qobject_cast<QAbstractButton*>(&Control(button)), &QAbstractButton::clicked, this,
-            [handler = std::move(handler)] { RunCommand(handler); });
+    On(qobject_cast<QAbstractButton*>(&Control(button)), this, std::move(handler));
 }
 
 void frmOptions::ConnectButtons()

@@ -2,6 +2,7 @@
 // The list of the ten user applications.
 #include "shell/bench/frmUser.h"
 
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "shell/bench/frmMain.h"
@@ -19,9 +20,9 @@ frmUser::frmUser(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
     ui->setupUi(this);
     ui->lstApps->addItems(FilledApplications(UserApplications));
     SetButtons();
-    connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdAdd_Click(); }); });
-    connect(ui->cmdRemove, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdRemove_Click(); }); });
-    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    On(ui->cmdAdd, this, &frmUser::cmdAdd_Click);
+    On(ui->cmdRemove, this, &frmUser::cmdRemove_Click);
+    On(ui->OKButton, this, &frmUser::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 

@@ -2,6 +2,8 @@
 // The lifetime of tool windows.
 #include "shell/state/frmTool.h"
 
+#include "platform/dialogs/frmCommand.h"
+
 #include <QShortcut>
 
 namespace ob {
@@ -37,8 +39,7 @@ void OpenManual(const QString& page)
 void BindManualPage(QWidget& tool, const char* page)
 {
     auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &tool);
-    QObject::connect(key, &QShortcut::activated, &tool,
-                     [page] { RunCommand([page] { OpenManual(QString::fromLatin1(page)); }); });
+    On(key, &QShortcut::activated, &tool, [page] { OpenManual(QString::fromLatin1(page)); });
 }
 
 } // namespace ob

@@ -6,6 +6,7 @@
 #include "engine/run/modFileIO.h"
 
 #include <new>
+#include <stdexcept>
 
 using namespace ob;
 
@@ -84,6 +85,17 @@ private Q_SLOTS:
     {
         bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '7':\nOut of memory"));
         QVERIFY(RunCommand([] { throw std::bad_alloc(); }) == CommandEnd::Failed);
+        QVERIFY(bench->dialogs.Finished());
+    }
+
+    void anyOtherErrorIsShownWithItsReason()
+    {
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("This command ended with an unexpected error:\nthe disk has melted"));
+        QVERIFY(RunCommand([] { throw std::runtime_error("the disk has melted"); }) == CommandEnd::Failed);
+        bench->dialogs.ExpectMessage(
+            QStringLiteral("This command ended with an unexpected error:\nno reason is known"));
+        QVERIFY(RunCommand([] { throw 42; }) == CommandEnd::Failed);
         QVERIFY(bench->dialogs.Finished());
     }
 
