@@ -3,11 +3,10 @@
 #include "editor/dlgPrinting.h"
 
 #include "platform/dialogs/frmPrinter.h"
+#include "platform/work/cWork.h"
 #include "shell/state/frmTool.h"
 
 #include "ui_dlgPrinting.h"
-
-#include <QApplication>
 
 namespace ob {
 
@@ -32,11 +31,11 @@ PrintRequest dlgPrinting::NextPage(const PrintPlace& place)
     if (!clock.isValid())
         clock.start();
     if (!isVisible() && !clock.hasExpired(Patience.count())) {
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        LetEventsRun(QEventLoop::ExcludeUserInputEvents);
         return PrintRequest::GoOn;
     }
     Show(place);
-    QApplication::processEvents();
+    LetEventsRun();
     return isVisible() ? PrintRequest::GoOn : PrintRequest::Stop;
 }
 

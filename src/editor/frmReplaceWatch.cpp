@@ -2,13 +2,12 @@
 // The windows during a long replacement.
 #include "editor/frmReplaceWatch.h"
 
+#include "platform/work/cWork.h"
 #include "shell/state/frmTool.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QLocale>
 #include <QProgressDialog>
-#include <QWindow>
+#include <QWidget>
 
 namespace ob {
 
@@ -18,46 +17,18 @@ namespace {
 constexpr qint64 turnEvery = 50;
 constexpr qint64 boxAfter = 1000;
 
-bool IsInput(QEvent::Type type)
-{
-    switch (type) {
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::ShortcutOverride:
-    case QEvent::Shortcut:
-    case QEvent::InputMethod:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::Wheel:
-    case QEvent::ContextMenu:
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-    case QEvent::Close:
-        return true;
-    default:
-        return false;
-    }
-}
-
 } // namespace
 
-frmReplaceWatch::frmReplaceWatch(QWidget* text) : still(text)
+frmReplaceWatch::frmReplaceWatch(QWidget* text) : hold([this] { Stop(); }), still(text)
 {
     if (still != nullptr)
         still->setUpdatesEnabled(false);
-    qApp->installEventFilter(this);
     sinceStart.start();
     sinceTurn.start();
 }
 
 frmReplaceWatch::~frmReplaceWatch()
 {
-    qApp->removeEventFilter(this);
     if (still != nullptr)
         still->setUpdatesEnabled(true);
 }
@@ -67,7 +38,7 @@ RoundEnd frmReplaceWatch::Round(std::int64_t replacements)
     if (sinceTurn.elapsed() >= turnEvery) {
         if (sinceStart.elapsed() >= boxAfter)
             ShowProgress(replacements);
-        QApplication::processEvents();
+        LetEventsRun();
         sinceTurn.restart();
     }
     return isStopped ? RoundEnd::Stop : RoundEnd::GoOn;
@@ -82,38 +53,18 @@ void frmReplaceWatch::ShowProgress(std::int64_t replacements)
         box->setWindowModality(Qt::ApplicationModal);
         box->setRange(0, 0);
         box->setMinimumWidth(320);
-        connect(box.get(), &QProgressDialog::canceled, this, [this] { isStopped = true; });
+        QObject::connect(box.get(), &QProgressDialog::canceled, box.get(), [this] { isStopped = true; });
+        hold.Except(box.get());
         box->show();
     }
     box->setLabelText(QStringLiteral("Replacements made so far: %1").arg(QLocale().toString(replacements)));
 }
 
-bool frmReplaceWatch::IsOfBox(QObject* watched) const
+void frmReplaceWatch::Stop()
 {
-    if (box == nullptr)
-        return false;
-    const auto* widget = qobject_cast<QWidget*>(watched);
-    return widget != nullptr ? widget->window() == box.get() : watched == box->windowHandle();
-}
-
-bool frmReplaceWatch::eventFilter(QObject* watched, QEvent* event)
-{
-    if (!IsInput(event->type()))
-        return false;
-    // The box has its own shortcut for Escape, which takes the key before it becomes a press.
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        isStopped = true;
-        if (box != nullptr)
-            box->cancel();
-        return true;
-    }
-    if (IsOfBox(watched))
-        return false;
-    // A close event has to be ignored explicitly, or it counts as accepted.
-    if (event->type() == QEvent::Close)
-        event->ignore();
-    return true;
+    isStopped = true;
+    if (box != nullptr)
+        box->cancel();
 }
 
 } // namespace ob

@@ -4,19 +4,20 @@
 #pragma once
 
 #include "editor/modFind.h"
+#include "platform/dialogs/frmHold.h"
 
 #include <QElapsedTimer>
-#include <QObject>
 #include <QPointer>
+
+#include <memory>
 
 class QProgressDialog;
 class QWidget;
 
 namespace ob {
 
-class frmReplaceWatch final : public QObject, public cReplaceWatch {
-    Q_OBJECT
-
+// Only Escape and input for the box pass: the text must not change during the replacement.
+class frmReplaceWatch final : public cReplaceWatch {
 public:
     // `text` is the window that shows the text; it is not painted during the lifetime of the watch.
     explicit frmReplaceWatch(QWidget* text);
@@ -24,14 +25,11 @@ public:
 
     RoundEnd Round(std::int64_t replacements) override;
 
-protected:
-    // Only Escape and input for the box pass: the text must not change during the replacement.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void ShowProgress(std::int64_t replacements);
-    bool IsOfBox(QObject* watched) const;
+    void Stop();
 
+    frmHold hold;
     QPointer<QWidget> still;
     std::unique_ptr<QProgressDialog> box;
     QElapsedTimer sinceStart;

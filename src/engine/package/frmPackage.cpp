@@ -9,6 +9,7 @@
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/modRuntime.h"
+#include "platform/work/cWork.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmPackage.h"
@@ -29,8 +30,8 @@ namespace ob {
 
 namespace {
 
-// In milliseconds: how often the event loop gets a turn within one file.
-constexpr qint64 turnEvery = 30;
+// In milliseconds: how often progress is shown within one file.
+constexpr qint64 showEvery = 30;
 
 double Share(double done, double all)
 {
@@ -62,7 +63,7 @@ QStringList LocalFiles(const QMimeData& data)
 
 } // namespace
 
-// Shows the progress of the work, and its boxes.
+// Shows the progress of the work, and its boxes. All calls but the constructor's and Cancel come from the work's thread.
 class frmPackage::Watch final : public cPackageWatch {
 public:
     explicit Watch(frmPackage& owner)
@@ -70,7 +71,6 @@ public:
     {
         form.working = this;
         form.ui->body->setEnabled(false);
-        QApplication::processEvents();
     }
     ~Watch() override
     {
@@ -78,6 +78,15 @@ public:
         form.ui->body->setEnabled(true);
         if (focused != nullptr)
             focused->setFocus();
+    }
+
+    // Makes the package on a thread of its own, and comes back when it is made.
+    PackageOutcome Make(PackageZip zip)
+    {
+        return RunWork([&](cWorkLink& link) {
+            thread = &link;
+            return MakePackage(form.plan, zip, *this);
+        });
     }
 
     void Cancel()
@@ -89,51 +98,68 @@ public:
     PackageRequest Processing(const PackageProgress& progress) override
     {
         const bool isNewFile = progress.name != shownName || progress.done == 0;
-        if (isNewFile || !sinceTurn.isValid() || sinceTurn.elapsed() >= turnEvery) {
+        if (isNewFile || !sinceShown.isValid() || sinceShown.elapsed() >= showEvery) {
             shownName = progress.name;
-            window->ShowState(QStringLiteral("Processing ") + progress.name,
-                              Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
-            QApplication::processEvents();
-            sinceTurn.restart();
+            thread->Ask([&] {
+                window->ShowState(QStringLiteral("Processing ") + progress.name,
+                                  Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
+            });
+            sinceShown.restart();
         }
         return window->IsCancelled() ? PackageRequest::Stop : PackageRequest::GoOn;
     }
 
-    void Tell(const MessageSpec& box) override { Show(box); }
+    void Tell(const MessageSpec& box) override
+    {
+        thread->Ask([&] { Show(box); });
+    }
 
     void EngineIsNamed(const PackagedEngine& engine) override
     {
-        if (Show(TestQuestion(form.plan, engine)) == BoxAnswer::Yes)
-            RunCommand([&] { Launch(u'"' + engine.path + u'"', WindowMode::Minimized); });
+        thread->Ask([&] {
+            if (Show(TestQuestion(form.plan, engine)) == BoxAnswer::Yes)
+                RunCommand([&] { Launch(u'"' + engine.path + u'"', WindowMode::Minimized); });
+        });
     }
 
-    void FilesAreDone() override { window.reset(); }
+    void FilesAreDone() override
+    {
+        thread->Ask([&] { window.reset(); });
+    }
 
     void ZipBegins() override
     {
-        window = MakeWindow(dlgProcess::Leaving::NotAllowed);
-        window->ShowState(ZipText, 0);
-        hourglass.emplace();
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        thread->Ask([&] {
+            window = MakeWindow(dlgProcess::Leaving::NotAllowed);
+            window->ShowState(ZipText, 0);
+            hourglass.emplace();
+        });
     }
 
     ZipRequest Zipping(const ZipProgress& progress) override
     {
-        if (sinceTurn.elapsed() >= turnEvery) {
-            window->ShowState(ZipText, Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
-            QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-            sinceTurn.restart();
+        if (sinceShown.elapsed() >= showEvery) {
+            thread->Ask([&] {
+                window->ShowState(ZipText,
+                                  Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
+            });
+            sinceShown.restart();
         }
         return ZipRequest::GoOn;
     }
 
     void ZipEnds() override
     {
-        window.reset();
-        hourglass.reset();
+        thread->Ask([&] {
+            window.reset();
+            hourglass.reset();
+        });
     }
 
-    void ZipIsMade(const QString& base) override { Show(ZipMadeBox(base)); }
+    void ZipIsMade(const QString& base) override
+    {
+        thread->Ask([&] { Show(ZipMadeBox(base)); });
+    }
 
 private:
     static inline const QString ZipText = QStringLiteral("Creating Zip File");
@@ -146,11 +172,12 @@ private:
     }
 
     frmPackage& form;
-    QWidget* focused; // a control loses the focus when it is disabled
+    cWorkLink* thread = nullptr; // the window's
+    QWidget* focused;            // a control loses the focus when it is disabled
     std::unique_ptr<dlgProcess> window;
     std::optional<Hourglass> hourglass;
     QString shownName;
-    QElapsedTimer sinceTurn;
+    QElapsedTimer sinceShown;
 };
 
 frmPackage::frmPackage(const QString& token, QWidget* parent)
@@ -265,7 +292,7 @@ void frmPackage::cmdOkay_Click()
 {
     Watch watch(*this);
     const PackageZip zip = ui->chkZip->isChecked() ? PackageZip::Yes : PackageZip::No;
-    const PackageOutcome outcome = MakePackage(plan, zip, watch);
+    const PackageOutcome outcome = watch.Make(zip);
     if (outcome.end == PackageEnd::ZipFailed)
         MsgBox(outcome.reason);
     if (outcome.end != PackageEnd::Aborted)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace ob {
 
@@ -47,8 +48,18 @@ bool IsBefore(QByteArrayView left, QByteArrayView right)
 
 } // namespace
 
+ScannedText ScanText(const QByteArray& text)
+{
+    return {text, ScanVariables(text)};
+}
+
 cVariableTable::cVariableTable(QByteArrayView source, QObject* parent)
-    : QAbstractTableModel(parent), text(source.toByteArray()), entries(ScanVariables(text)), rows(entries.size())
+    : cVariableTable(ScanText(source.toByteArray()), parent)
+{
+}
+
+cVariableTable::cVariableTable(ScannedText scannedText, QObject* parent)
+    : QAbstractTableModel(parent), scanned(std::move(scannedText)), rows(scanned.entries.size())
 {
     std::iota(rows.begin(), rows.end(), 0U);
 }
@@ -82,13 +93,13 @@ cVariableTable::Rows cVariableTable::SortedRows(int column, Qt::SortOrder order)
 {
     std::vector<SortKey> keys(rows.size());
     std::transform(rows.begin(), rows.end(), keys.begin(), [&](std::uint32_t entry) {
-        const VariableEntry& from = entries[entry];
+        const VariableEntry& from = scanned.entries[entry];
         return SortKey{column == NameColumn ? StartOf(from.name) : StartOf(from.line), entry};
     });
     const auto ascending = [&](const SortKey& left, const SortKey& right) {
         if (left.start != right.start || column == LineColumn)
             return left.start < right.start;
-        return IsBefore(entries[left.entry].name, entries[right.entry].name);
+        return IsBefore(scanned.entries[left.entry].name, scanned.entries[right.entry].name);
     };
     const auto descending = [&](const SortKey& left, const SortKey& right) { return ascending(right, left); };
     if (order == Qt::AscendingOrder)

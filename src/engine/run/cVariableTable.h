@@ -12,11 +12,20 @@
 
 namespace ob {
 
+// A text (UTF-8) and the variables in it, whose names are views of it.
+struct ScannedText {
+    QByteArray text;
+    std::vector<VariableEntry> entries;
+};
+ScannedText ScanText(const QByteArray& text);
+
 // Columns: name, and line (from 0) as text. Rows are in scan order until they are sorted.
 class cVariableTable final : public QAbstractTableModel {
 public:
     static constexpr int NameColumn = 0;
     static constexpr int LineColumn = 1;
+
+    explicit cVariableTable(ScannedText scannedText, QObject* parent = nullptr);
 
     // Copies the text (UTF-8), so that the names survive changes in the control.
     explicit cVariableTable(QByteArrayView source, QObject* parent = nullptr);
@@ -29,7 +38,7 @@ public:
     // Sorts a column as text, ignoring the case of ASCII letters; "10" comes before "9". The sort is stable.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
-    const VariableEntry& Entry(int row) const { return entries[rows[static_cast<std::size_t>(row)]]; }
+    const VariableEntry& Entry(int row) const { return scanned.entries[rows[static_cast<std::size_t>(row)]]; }
 
 private:
     using Rows = std::vector<std::uint32_t>;
@@ -37,8 +46,7 @@ private:
     Rows SortedRows(int column, Qt::SortOrder order) const;
     void MoveIndexes(const Rows& before);
 
-    QByteArray text;
-    std::vector<VariableEntry> entries;
+    ScannedText scanned;
     Rows rows; // the entry of each row
 };
 

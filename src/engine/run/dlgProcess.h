@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <atomic>
 #include <memory>
 
 namespace Ui {
@@ -12,7 +13,7 @@ class dlgProcess;
 
 namespace ob {
 
-// Closes on Cancel and on Escape; the working routine checks IsCancelled.
+// Closes on Cancel and on Escape; the work checks IsCancelled from its own thread.
 class dlgProcess final : public QDialog {
     Q_OBJECT
 
@@ -30,7 +31,7 @@ public:
 private:
     std::unique_ptr<Ui::dlgProcess> ui;
     Leaving leaving;
-    bool isCancelled = false;
+    std::atomic<bool> isCancelled = false;
 };
 
 } // namespace ob

@@ -7,7 +7,9 @@
 #include "engine/run/cVariableTable.h"
 #include "engine/run/modVariables.h"
 #include "platform/dialogs/frmCommand.h"
+#include "platform/dialogs/frmHold.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/work/cWork.h"
 #include "shell/state/frmTool.h"
 #include "ui_dlgShowVar.h"
 
@@ -15,11 +17,19 @@
 
 namespace ob {
 
+// A long text is scanned on a thread of its own; meanwhile it must stay as it is, so that the lines are those of the
+// text.
+static ScannedText ScanHeld(Sci sci)
+{
+    const frmHold hold;
+    return RunWork([text = QByteArrayView(SciText(sci)).toByteArray()](cWorkLink&) { return ScanText(text); });
+}
+
 dlgShowVar::dlgShowVar(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::dlgShowVar>()), document(ActiveDocument())
 {
     ui->setupUi(this);
-    table = new cVariableTable(QByteArrayView(SciText(document == nullptr ? nullptr : document->sci)), this);
+    table = new cVariableTable(ScanHeld(document == nullptr ? nullptr : document->sci), this);
     ui->lvVar->setModel(table);
     ui->lvVar->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     QHeaderView* header = ui->lvVar->horizontalHeader();

@@ -18,6 +18,8 @@
 #include <QShortcut>
 
 #include <algorithm>
+#include <exception>
+#include <functional>
 
 namespace ob {
 
@@ -33,6 +35,19 @@ QStringList FilesIn(const QMimeData& dropped)
         if (url.isLocalFile())
             files.append(QDir::toNativeSeparators(url.toLocalFile()));
     return files;
+}
+
+// Writes the frames up to the last one, or to the one at hand when it is cancelled: then the state is still Writing.
+AviState WriteFrames(AviWriting& writing, cWorkLink& window, const std::function<void(qsizetype)>& frameSaved)
+{
+    AviState state = AviState::Writing;
+    while (state == AviState::Writing && !window.IsCancelled()) {
+        const qsizetype frame = writing.FramesWritten();
+        state = writing.WriteFrame();
+        if (state != AviState::Failed)
+            window.Post([frameSaved, frame] { frameSaved(frame); });
+    }
+    return state;
 }
 
 } // namespace
@@ -55,17 +70,17 @@ frmAVI::~frmAVI() = default;
 
 void frmAVI::reject()
 {
-    if (!thread) {
+    if (!work.IsStarted()) {
         QDialog::reject();
         return;
     }
-    thread->Stop();
+    work.Cancel();
     ui->lblStatus->setText(QStringLiteral("Stopping..."));
 }
 
 void frmAVI::closeEvent(QCloseEvent* event)
 {
-    if (!thread) {
+    if (!work.IsStarted()) {
         QDialog::closeEvent(event);
         return;
     }
@@ -151,12 +166,12 @@ void frmAVI::cmdWriteAVI_Click()
     QString path = QStringLiteral("MyAVI.avi");
     if (!dialog.VBGetSaveFileName(path))
         return;
-    AviState state = AviState::Dismissed;
-    const CommandEnd end = RunCommand([&] { state = BeginWriting(path); });
-    if (end == CommandEnd::Failed || state != AviState::Writing)
+    RunCommand([&] {
+        if (BeginWriting(path) == AviState::Writing)
+            StartWriting();
+    });
+    if (!work.IsStarted())
         writing.reset();
-    else
-        StartThread();
 }
 
 AviState frmAVI::BeginWriting(const QString& path)
@@ -197,8 +212,11 @@ void frmAVI::ShowNotices()
     isShowingNotice = false;
 }
 
-void frmAVI::StartThread()
+void frmAVI::StartWriting()
 {
+    const auto frameSaved = [this](qsizetype frame) { RunCommand([this, frame] { ShowFrame(frame); }); };
+    work.Start([&video = *writing, frameSaved](cWorkLink& window) { return WriteFrames(video, window, frameSaved); },
+               [this] { WritingEnded(); });
     ui->pgbFrames->setMaximum(static_cast<int>(writing->FrameCount()));
     ui->pgbFrames->setValue(0);
     ui->pgbFrames->setVisible(true);
@@ -206,9 +224,6 @@ void frmAVI::StartThread()
     sincePreview.invalidate();
     closesAtEnd = false;
     EnableControls();
-    thread = std::make_unique<cAviThread>(
-        *writing, [this](qsizetype frame) { QMetaObject::invokeMethod(this, [this, frame] { ShowFrame(frame); }); },
-        [this](const AviEnd& end) { QMetaObject::invokeMethod(this, [this, end] { WritingEnded(end); }); });
 }
 
 void frmAVI::ShowFrame(qsizetype frame)
@@ -232,21 +247,27 @@ void frmAVI::ShowFrame(qsizetype frame)
     sincePreview.start();
 }
 
-void frmAVI::WritingEnded(const AviEnd& end)
+void frmAVI::WritingEnded()
 {
-    thread.reset();
+    AviState state = AviState::Failed;
+    std::exception_ptr error;
+    try {
+        state = work.Take();
+    } catch (...) {
+        error = std::current_exception();
+    }
     const std::unique_ptr<AviWriting> done = std::move(writing);
     ui->pgbFrames->setVisible(false);
     EnableControls();
-    if (end.state == AviState::Finished)
+    if (state == AviState::Finished)
         ui->lblStatus->setText(QStringLiteral("Finished!"));
-    else if (end.state == AviState::Writing)
+    else if (state == AviState::Writing)
         ui->lblStatus->setText(QStringLiteral("Stopped. No file was written."));
     else
         ui->lblStatus->setText(done->Reason());
-    if (end.error)
-        RunCommand([&] { std::rethrow_exception(end.error); });
-    else if (end.state == AviState::Failed)
+    if (error)
+        RunCommand([&] { std::rethrow_exception(error); });
+    else if (state == AviState::Failed)
         MsgBox(done->Message(), BoxIcon::Information);
     if (closesAtEnd)
         close();

@@ -2,8 +2,8 @@
 // Makes a silent video from a list of bitmap files.
 #pragma once
 
-#include "imagetools/avi/cAviThread.h"
 #include "imagetools/avi/modAvi.h"
+#include "platform/work/cWork.h"
 
 #include <QDialog>
 #include <QElapsedTimer>
@@ -51,16 +51,16 @@ private:
     AviState BeginWriting(const QString& path);
     NoticeSink NoticesHere();
     void ShowNotices();
-    void StartThread();
+    void StartWriting();
     void ShowFrame(qsizetype frame);
-    void WritingEnded(const AviEnd& end);
+    void WritingEnded();
     void EnableControls();
 
     std::unique_ptr<Ui::frmAVI> ui;
     AviList list;
     QString lastFile;
     std::unique_ptr<AviWriting> writing;
-    std::unique_ptr<cAviThread> thread; // at its end before what it works on
+    cWork<AviState> work; // gone before what it works on
     bool closesAtEnd = false;
     QList<std::pair<std::string, NoticeIcon>> notices; // waiting for the one being shown
     bool isShowingNotice = false;

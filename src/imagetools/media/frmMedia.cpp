@@ -7,11 +7,11 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
+#include "platform/work/cWork.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMedia.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -83,7 +83,7 @@ void frmMedia::cmdPlay_Click()
         return;
     // Events run while a file is opened, and one of them may close this window.
     const QPointer<frmMedia> self(this);
-    QCoreApplication::processEvents();
+    LetEventsRun();
     if (self.isNull())
         return;
     if (!PlayMedia(file)) {

@@ -2,7 +2,7 @@
 // Reads previews one at a time away from the window's thread.
 #include "imagetools/pictures/cPreviewLoader.h"
 
-#include "platform/work/modBackground.h"
+#include "platform/dialogs/modDialogs.h"
 
 #include <utility>
 
@@ -10,35 +10,44 @@ namespace ob {
 
 using namespace std::chrono_literals;
 
-// A reader that takes longer is waiting for a disk; its thread is released so that others are not delayed.
-static constexpr auto longestRead = 5s;
+// A reader that takes longer waits for a disk; it is let go so that others are not delayed.
+static constexpr std::chrono::milliseconds longestRead = 5s;
 
-void cPreviewLoader::Begin(const PreviewRequest& request)
+cPreviewLoader::cPreviewLoader(Read readPreview, std::function<void()> whenRead)
+    : read(std::move(readPreview)), ready(std::move(whenRead))
 {
-    next.reset();
+    longest.setSingleShot(true);
+    QObject::connect(&longest, &QTimer::timeout, &longest, [this] {
+        if (next)
+            RunCommand([this] { BeginNext(); });
+    });
+}
+
+void cPreviewLoader::BeginNext()
+{
+    longest.stop();
     begun = Clock::now();
-    running = RunInBackground([work = read, request] { return work(request); });
+    running.Start([work = read, request = *std::exchange(next, std::nullopt)](cWorkLink&) { return work(request); },
+                  ready);
 }
 
 void cPreviewLoader::Ask(const PreviewRequest& request)
 {
-    if (!running.valid())
-        Begin(request);
-    else
-        next = request;
+    next = request;
+    if (!IsBusy())
+        BeginNext();
+    else if (!longest.isActive())
+        longest.start(std::chrono::ceil<std::chrono::milliseconds>(begun + longestRead - Clock::now()));
 }
 
 std::optional<Preview> cPreviewLoader::Take()
 {
-    if (!IsReady(running)) {
-        if (next && Clock::now() - begun > longestRead)
-            Begin(PreviewRequest(*next));
+    if (!running.IsDone())
         return std::nullopt;
-    }
-    Preview preview = running.get();
+    Preview preview = running.Take();
     if (!next)
         return preview;
-    Begin(PreviewRequest(*next));
+    BeginNext();
     return std::nullopt;
 }
 
@@ -46,7 +55,7 @@ std::optional<Preview> cPreviewLoader::Wait(std::chrono::milliseconds patience)
 {
     const auto end = Clock::now() + patience;
     while (IsBusy() && Clock::now() < end) {
-        if (!IsReady(running, std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now())))
+        if (!running.IsDone(std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now())))
             break;
         if (auto preview = Take())
             return preview;

@@ -3,10 +3,12 @@
 #pragma once
 
 #include "imagetools/pictures/modPreview.h"
+#include "platform/work/cWork.h"
+
+#include <QTimer>
 
 #include <chrono>
 #include <functional>
-#include <future>
 #include <optional>
 
 namespace ob {
@@ -15,8 +17,9 @@ class cPreviewLoader {
 public:
     using Read = std::function<Preview(const PreviewRequest&)>;
 
-    // The reader runs on other threads and owns everything that it uses.
-    explicit cPreviewLoader(Read readPreview = LoadPreview) : read(std::move(readPreview)) {}
+    // The reader runs on other threads and owns all that it touches. `whenRead` is called on this thread when there may
+    // be something to take.
+    explicit cPreviewLoader(Read readPreview = LoadPreview, std::function<void()> whenRead = {});
 
     // Requests a preview. One that is being read is finished and discarded; requests that have not been started are
     // replaced.
@@ -26,7 +29,7 @@ public:
     std::optional<Preview> Take();
 
     // Whether a preview is pending.
-    bool IsBusy() const { return running.valid(); }
+    bool IsBusy() const { return running.IsStarted(); }
 
     // Waits for the newest preview, at most that long, and takes it.
     std::optional<Preview> Wait(std::chrono::milliseconds patience);
@@ -34,12 +37,14 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    void Begin(const PreviewRequest& request);
+    void BeginNext();
 
     Read read;
-    std::future<Preview> running;
+    std::function<void()> ready;
+    QTimer longest; // runs while the newest request waits for one that is being read
     Clock::time_point begun;
     std::optional<PreviewRequest> next;
+    cWork<Preview> running{Farewell::LetGo};
 };
 
 } // namespace ob

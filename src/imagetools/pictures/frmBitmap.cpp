@@ -11,15 +11,13 @@
 #include "shell/state/frmTool.h"
 #include "ui_frmBitmap.h"
 
-#include <QTimer>
-
 namespace ob {
 
 using namespace std::chrono_literals;
 
-static constexpr auto pollEvery = 15ms;
-
-frmBitmap::frmBitmap(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmBitmap>()), timer(new QTimer(this))
+frmBitmap::frmBitmap(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmBitmap>()),
+      loader(LoadPreview, [this] { RunCommand([this] { TakePreview(); }); })
 {
     ui->setupUi(this);
     ui->splitter->setSizes({width() / 2, width() / 2});
@@ -34,7 +32,6 @@ frmBitmap::~frmBitmap() = default;
 
 void frmBitmap::Connect()
 {
-    On(timer, &QTimer::timeout, this, &frmBitmap::TakePreview);
     On(browser, &FolderBrowser::FolderChanged, this, [this] {
         ui->lblState->setText(QStringLiteral("Reading the folder..."));
         File1_Click();
@@ -74,15 +71,12 @@ void frmBitmap::AskFor(const QString& path)
 {
     asked = path;
     loader.Ask(ui->Picture1->RequestFor(path));
-    timer->start(pollEvery);
 }
 
 void frmBitmap::TakePreview()
 {
     if (const auto preview = loader.Take())
         ShowPreview(*preview);
-    if (!loader.IsBusy())
-        timer->stop();
 }
 
 void frmBitmap::ShowPreview(const Preview& preview)

@@ -9,8 +9,6 @@
 
 #include <memory>
 
-class QTimer;
-
 namespace Ui {
 class frmBitmap;
 }
@@ -45,7 +43,6 @@ private:
 
     std::unique_ptr<Ui::frmBitmap> ui;
     FolderBrowser* browser = nullptr; // owned by this window
-    QTimer* timer;                    // runs while a preview is pending
     cPreviewLoader loader;
     QString asked;    // the picture last requested from the loader
     Preview picture2; // the picture on the screen

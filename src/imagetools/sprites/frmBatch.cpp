@@ -6,9 +6,8 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/work/cWork.h"
 #include "ui_frmBatch.h"
-
-#include <QCoreApplication>
 
 namespace ob {
 
@@ -46,19 +45,27 @@ void frmBatch::SetState(State next)
         ui->Label3->setText(BatchStartText);
 }
 
+void frmBatch::ShowProgress(const QString& folder, qsizetype place, qsizetype count)
+{
+    browser->Choose(place);
+    ui->Label3->setText(BatchProgressText(place, count, folder));
+    ui->Label3->repaint();
+}
+
 void frmBatch::MaskAll(const QString& folder, const QStringList& names)
 {
-    const BatchWatch watch = {[&](qsizetype place) {
-                                  browser->Choose(place);
-                                  ui->Label3->setText(BatchProgressText(place, names.size(), folder));
-                                  ui->Label3->repaint();
-                              },
-                              [this](const QString& path, const cDIBSection& picture) {
-                                  Q_EMIT Masked(path, picture);
-                                  QCoreApplication::processEvents();
-                                  return state == State::Cancelled ? BatchStep::Stop : BatchStep::GoOn;
-                              }};
-    if (MaskFiles(folder, names, watch) == BatchEnd::Cancelled)
+    // The first line of progress is there before events run.
+    ShowProgress(folder, 0, names.size());
+    const BatchEnd end = RunWork([&](cWorkLink& window) {
+        const BatchWatch watch = {
+            [&](qsizetype place) { window.Ask([&] { ShowProgress(folder, place, names.size()); }); },
+            [&](const QString& path, const cDIBSection& picture) {
+                window.Ask([&] { Q_EMIT Masked(path, picture); });
+                return state == State::Cancelled ? BatchStep::Stop : BatchStep::GoOn;
+            }};
+        return MaskFiles(folder, names, watch);
+    });
+    if (end == BatchEnd::Cancelled)
         MsgBox(BatchCancelledText, BoxIcon::Critical);
     else
         MsgBox(BatchFinishedText(folder));

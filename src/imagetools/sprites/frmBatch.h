@@ -6,6 +6,7 @@
 
 #include <QDialog>
 
+#include <atomic>
 #include <memory>
 
 namespace Ui {
@@ -37,12 +38,13 @@ private:
 
     void SetState(State next);
     void MaskAll(const QString& folder, const QStringList& names);
+    void ShowProgress(const QString& folder, qsizetype place, qsizetype count);
 
     void OKButton_Click();
 
     std::unique_ptr<Ui::frmBatch> ui;
     FolderBrowser* browser;
-    State state = State::Choosing;
+    std::atomic<State> state = State::Choosing; // the work looks at it
 };
 
 } // namespace ob

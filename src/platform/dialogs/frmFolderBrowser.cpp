@@ -5,7 +5,6 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
-#include "platform/work/modBackground.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -13,7 +12,6 @@
 #include <QListView>
 #include <QStandardItemModel>
 #include <QStringListModel>
-#include <QTimer>
 #include <QTreeView>
 
 #include <algorithm>
@@ -28,18 +26,16 @@ constexpr int PathRole = Qt::UserRole;
 
 // A folder read within this time is shown without an empty list before it.
 constexpr auto patience = 100ms;
-constexpr auto pollEvery = 20ms;
 
 } // namespace
 
 FolderBrowser::FolderBrowser(const Controls& of, const QStringList& shown, QObject* parent)
     : QObject(parent), controls(of), folders(new QStandardItemModel(this)), files(new QStringListModel(this)),
-      timer(new QTimer(this)), patterns(shown)
+      patterns(shown)
 {
     controls.folders->setModel(folders);
     controls.folders->installEventFilter(this);
     controls.files->setModel(files);
-    On(timer, &QTimer::timeout, this, &FolderBrowser::TakeResults);
     On(controls.drives, &QComboBox::activated, this, [this](int place) { ShowFolder(drives[place].path); });
     On(controls.folders, &QTreeView::doubleClicked, this, &FolderBrowser::GoInto);
     On(controls.files->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -48,7 +44,8 @@ FolderBrowser::FolderBrowser(const Controls& of, const QStringList& shown, QObje
 
 void FolderBrowser::Start()
 {
-    mountedDrives = RunInBackground([] { return MountedDrives(); });
+    mountedDrives.Start([](cWorkLink&) { return MountedDrives(); },
+                        [this] { RunCommand([this] { FillDrives(mountedDrives.Take()); }); });
     FillDrives(NearDrives());
     ShowFolder(QDir::currentPath());
 }
@@ -109,10 +106,15 @@ void FolderBrowser::ShowFolder(const QString& path)
     controls.drives->setCurrentIndex(DriveOf(drives, folder));
     files->setStringList({});
     Q_EMIT FolderChanged();
-    folderContents = RunInBackground([from = folder, shown = patterns] { return ReadFolder(from, shown); });
-    if (IsReady(folderContents, patience))
-        ShowContents(folderContents.get());
-    timer->start(pollEvery);
+    ReadFolderAgain();
+}
+
+void FolderBrowser::ReadFolderAgain()
+{
+    folderContents.Start([from = folder, shown = patterns](cWorkLink&) { return ReadFolder(from, shown); },
+                         [this] { RunCommand([this] { ShowContents(folderContents.Take()); }); });
+    if (folderContents.IsDone(patience))
+        ShowContents(folderContents.Take());
 }
 
 void FolderBrowser::SetPatterns(const QStringList& shown)
@@ -135,16 +137,6 @@ void FolderBrowser::ShowContents(const FolderContents& contents)
     controls.folders->scrollTo(current);
     files->setStringList(contents.files);
     Q_EMIT FilesListed();
-}
-
-void FolderBrowser::TakeResults()
-{
-    if (IsReady(mountedDrives))
-        FillDrives(mountedDrives.get());
-    if (IsReady(folderContents))
-        ShowContents(folderContents.get());
-    if (!mountedDrives.valid() && !folderContents.valid())
-        timer->stop();
 }
 
 void FolderBrowser::GoInto(const QModelIndex& chosen)

@@ -3,10 +3,9 @@
 #pragma once
 
 #include "platform/files/modFolders.h"
+#include "platform/work/cWork.h"
 
 #include <QObject>
-
-#include <future>
 
 class QComboBox;
 class QListView;
@@ -14,7 +13,6 @@ class QModelIndex;
 class QStandardItem;
 class QStandardItemModel;
 class QStringListModel;
-class QTimer;
 class QTreeView;
 
 namespace ob {
@@ -41,7 +39,6 @@ public:
     void SetPatterns(const QStringList& patterns); // rereads the folder
 
     const QString& Folder() const { return folder; }
-    bool IsReading() const { return folderContents.valid(); }
 
     // The names in the list, and the chosen one ("" for none).
     QStringList Files() const;
@@ -61,19 +58,18 @@ protected:
 private:
     void FillDrives(const QList<Drive>& found);
     void ShowContents(const FolderContents& contents);
-    void TakeResults();
+    void ReadFolderAgain();
     void GoInto(const QModelIndex& chosen);
     QStandardItem* FolderItem(const QString& path, const QString& name, bool open) const;
 
     Controls controls;
     QStandardItemModel* folders;
     QStringListModel* files;
-    QTimer* timer; // runs while a result is pending
     QList<Drive> drives;
     QStringList patterns;
     QString folder;
-    std::future<QList<Drive>> mountedDrives;
-    std::future<FolderContents> folderContents;
+    cWork<QList<Drive>> mountedDrives{Farewell::LetGo};
+    cWork<FolderContents> folderContents{Farewell::LetGo};
 };
 
 } // namespace ob
