@@ -288,6 +288,7 @@ private Q_SLOTS:
 
     void theAviMakerIsOneClickAway()
     {
+        bench->Start();
         bench->ExpectModal(QStringLiteral("frmAVI"), [](QDialog& dialog) { dialog.reject(); });
         Click("cmdAVI");
     }
