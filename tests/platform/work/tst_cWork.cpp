@@ -58,7 +58,7 @@ class tst_cWork : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TheResultComesOnTheThreadThatAsked()
+    void theResultComesOnTheThreadThatAsked()
     {
         const auto here = std::this_thread::get_id();
         std::thread::id workedOn;
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QVERIFY(endedOn == here);
     }
 
-    void AnErrorOfTheWorkIsThrownByTake()
+    void anErrorOfTheWorkIsThrownByTake()
     {
         bool hasEnded = false;
         cWork<int> work;
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVERIFY(!work.IsStarted());
     }
 
-    void AResultThatHasBeenTakenIsNotAnnounced()
+    void aResultThatHasBeenTakenIsNotAnnounced()
     {
         bool hasEnded = false;
         cWork<int> work;
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QVERIFY(!hasEnded);
     }
 
-    void ProgressComesInOrderAndBeforeTheEnd()
+    void progressComesInOrderAndBeforeTheEnd()
     {
         const auto here = std::this_thread::get_id();
         QList<int> seen;
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(seen.first(), 0);
     }
 
-    void WorkThatIsCancelledEndsByItself()
+    void workThatIsCancelledEndsByItself()
     {
         cWork<int> work;
         work.Start(UntilCancelled);
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(work.Take(), 7);
     }
 
-    void AnotherPieceEndsTheOneBefore()
+    void anotherPieceEndsTheOneBefore()
     {
         QList<int> ends;
         cWork<int> work;
@@ -146,7 +146,7 @@ private Q_SLOTS:
 
     // --- Owners that go. ---
 
-    void AnOwnerThatGoesCancelsAndWaits()
+    void anOwnerThatGoesCancelsAndWaits()
     {
         std::atomic<bool> hasEnded = false;
         int calls = 0;
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(calls, 0);
     }
 
-    void AnOwnerThatGoesDropsWhatWasPosted()
+    void anOwnerThatGoesDropsWhatWasPosted()
     {
         int calls = 0;
         {
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QCOMPARE(calls, 0);
     }
 
-    void AQuestionToAnOwnerThatGoesEndsTheWork()
+    void aQuestionToAnOwnerThatGoesEndsTheWork()
     {
         std::atomic<bool> isUnwound = false;
         {
@@ -200,14 +200,14 @@ private Q_SLOTS:
         QVERIFY(isUnwound);
     }
 
-    void AnOwnerMayGoAtTheEnd()
+    void anOwnerMayGoAtTheEnd()
     {
         auto work = std::make_unique<cWork<int>>();
         work->Start([](cWorkLink&) { return 1; }, [&] { work.reset(); });
         QTRY_VERIFY(work == nullptr);
     }
 
-    void WorkThatHangsIsLetGo()
+    void workThatHangsIsLetGo()
     {
         const auto gate = std::make_shared<Gate>();
         {
@@ -224,7 +224,7 @@ private Q_SLOTS:
 
     // --- Work that a command waits for. ---
 
-    void EventsRunWhileACommandWaits()
+    void eventsRunWhileACommandWaits()
     {
         Gate gate;
         QTimer::singleShot(20, this, [&] { gate.Open(); });
@@ -235,13 +235,13 @@ private Q_SLOTS:
                  5);
     }
 
-    void AnErrorReachesTheCommand()
+    void anErrorReachesTheCommand()
     {
         QVERIFY_EXCEPTION_THROWN(RunWork([](cWorkLink&) -> int { throw std::runtime_error("melted"); }),
                                  std::runtime_error);
     }
 
-    void AQuestionIsAnsweredHereAndEventsGetATurn()
+    void aQuestionIsAnsweredHereAndEventsGetATurn()
     {
         const auto here = std::this_thread::get_id();
         std::atomic<int> turns = 0;
@@ -260,7 +260,7 @@ private Q_SLOTS:
         QCOMPARE(answer, 50);
     }
 
-    void AnErrorOfAnAnswerGoesThroughTheWork()
+    void anErrorOfAnAnswerGoesThroughTheWork()
     {
         bool wasSeen = false;
         const auto work = [&](cWorkLink& link) {
@@ -276,14 +276,14 @@ private Q_SLOTS:
         QVERIFY(wasSeen);
     }
 
-    void ACommandWithoutResultIsWaitedForToo()
+    void aCommandWithoutResultIsWaitedForToo()
     {
         bool isDone = false;
         RunWork([&](cWorkLink&) { isDone = true; });
         QVERIFY(isDone);
     }
 
-    void TheEndOfTheLoopEndsTheWork()
+    void theEndOfTheLoopEndsTheWork()
     {
         std::optional<bool> wasUnwound;
         QTimer::singleShot(0, this, [&] {
@@ -302,7 +302,7 @@ private Q_SLOTS:
         QVERIFY(wasUnwound == true);
     }
 
-    void EventsRunBetweenSlices()
+    void eventsRunBetweenSlices()
     {
         bool hasRun = false;
         QTimer::singleShot(0, this, [&] { hasRun = true; });
@@ -312,7 +312,7 @@ private Q_SLOTS:
 
     // --- The system. ---
 
-    void AThreadThatCannotBeHadIsAnError()
+    void aThreadThatCannotBeHadIsAnError()
     {
         const NoThreads none;
         bool hasRun = false;
@@ -327,7 +327,7 @@ private Q_SLOTS:
         QVERIFY(!hasRun);
     }
 
-    void TheApplicationWaitsForWorkThatWasLetGo()
+    void theApplicationWaitsForWorkThatWasLetGo()
     {
         // The work ends after the owner has gone and before the application is gone.
         static std::atomic<bool> hasEnded = false;
