@@ -2,7 +2,7 @@
 // 60 pictures of 1920 x 1080 with 24 bits become an uncompressed video, written by us and by ffmpeg from the same files
 // in the same folder. "ffmpeg" is its time in seconds, "share" ours as a fraction of it; both are the minima of the
 // rounds, which alternate. Without an ffmpeg program both are missing.
-#include "imagetools/avi/modAvi.h"
+#include "imagetools/avi/cAviWriting.h"
 
 #include <benchmark/benchmark.h>
 
@@ -67,7 +67,7 @@ double SecondsOf(const std::function<bool()>& work, bool& isGood)
 
 bool WriteOurs(const ob::AviList& list, const QString& out, const char* codec)
 {
-    ob::AviWriting writing(out, list, QStringLiteral("30"), [](const std::string&, ob::NoticeIcon) {});
+    ob::cAviWriting writing(out, list, QStringLiteral("30"), [](const std::string&, ob::NoticeIcon) {});
     ob::AviState state = writing.Begin([&](const ob::AviFormat&) { return ob::AviOptions{codec, 90}; });
     while (state == ob::AviState::Writing)
         state = writing.WriteFrame();

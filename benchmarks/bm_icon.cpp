@@ -58,7 +58,7 @@ void AllIcons(benchmark::State& state)
                             static_cast<std::size_t>(file.size()));
     for (auto step : state) {
         (void)step;
-        const ob::IconIndex index(view);
+        const ob::cIconIndex index(view);
         int found = 0;
         for (int icon = 0; icon < index.Count(); ++icon)
             found += index.Extract(icon) ? 1 : 0;

@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 {
     const ob::ByteView input(data, size);
     LookAtImage(input);
-    const ob::IconIndex index(input);
+    const ob::cIconIndex index(input);
     Require(index.Count() >= 0 && static_cast<std::size_t>(index.Count()) <= size);
     Require(!index.Size(index.Count()) && !index.Extract(-1));
     for (int icon = 0; icon < index.Count() && icon < 8; ++icon) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Compressed frames by libavcodec. The program itself writes the file around them.
 #include "avicodecs/AviCodecsOB_Api.h"
+#include "imaging/cByteWriter.h"
 
 #include <QtGlobal>
 
@@ -147,14 +148,12 @@ public:
         const auto bits = static_cast<std::uint32_t>(coded > 0 ? coded : 24);
         const auto width = static_cast<std::uint32_t>(context->width);
         const auto height = static_cast<std::uint32_t>(context->height);
-        std::vector<std::uint8_t> bytes;
-        for (const std::uint32_t value :
-             {InfoHeaderBytes + extra, width, height, 1 | bits << 16, Handler(), width * height * 3, 0U, 0U, 0U, 0U})
-            for (int shift = 0; shift < 32; shift += 8)
-                bytes.push_back(static_cast<std::uint8_t>(value >> shift));
+        cByteWriter writer;
+        writer.Long(InfoHeaderBytes + extra).Long(width).Long(height).Long(1 | bits << 16);
+        writer.Long(Handler()).Long(width * height * 3).Zeros(16);
         if (extra != 0)
-            bytes.insert(bytes.end(), context->extradata, context->extradata + extra);
-        return bytes;
+            writer.Bytes({context->extradata, extra});
+        return writer.Take();
     }
 
     std::span<const std::uint8_t> Encode(const std::uint8_t* topLine, std::ptrdiff_t lineStep) override

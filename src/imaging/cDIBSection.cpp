@@ -144,6 +144,12 @@ std::optional<cDIBSection> cDIBSection::Resample(std::int32_t newHeight, std::in
 
 bool cDIBSection::SavePicture(const std::string& fileName, const FileWriter& write) const
 {
+    WriteFile(fileName, write);
+    return false;
+}
+
+bool cDIBSection::WriteFile(const std::string& fileName, const FileWriter& write) const
+{
     if (hdc() == 0)
         RaiseObjectNotSet();
     constexpr std::int32_t pixelOffset = static_cast<std::int32_t>(FileHeaderSize + InfoHeaderSize);
@@ -156,7 +162,7 @@ bool cDIBSection::SavePicture(const std::string& fileName, const FileWriter& wri
     const WriteResult result = write(fileName, pieces);
     if (result.outcome != FileOutcome::Done && result.outcome != FileOutcome::Failed)
         RaiseFileNotOpened(result.systemError);
-    return false;
+    return result.outcome == FileOutcome::Done;
 }
 
 std::string cDIBSection::ApiError(int number)

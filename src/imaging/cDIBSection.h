@@ -56,8 +56,11 @@ public:
     // error for a source of height or width 1, unless the size stays the same.
     std::optional<cDIBSection> Resample(std::int32_t newHeight, std::int32_t newWidth) const;
 
-    // Writes the picture as a 24-bit bitmap file. Always false, also after a good write. Raises error 17 when the file
-    // cannot be opened.
+    // Writes the picture as a 24-bit bitmap file; whether all of it was written. Raises error 17 when the file cannot
+    // be opened, and what the writer throws.
+    bool WriteFile(const std::string& fileName, const FileWriter& write) const;
+
+    // The same, but always false, also after a good write.
     bool SavePicture(const std::string& fileName, const FileWriter& write) const;
 
     // The system's text for an error number.

@@ -98,8 +98,15 @@ std::vector<Slot> SlotsFor(SaveBitDepth depth, std::optional<cPalette>& palette)
 bool cDIBSectionSave::Save(const std::string& fileName, cDIBSection& picture, std::optional<cPalette>& palette,
                            SaveBitDepth depth, SaveReduceMode mode, const FileWriter& write) const
 {
+    WriteFile(fileName, picture, palette, depth, mode, write);
+    return false;
+}
+
+bool cDIBSectionSave::WriteFile(const std::string& fileName, cDIBSection& picture, std::optional<cPalette>& palette,
+                                SaveBitDepth depth, SaveReduceMode mode, const FileWriter& write) const
+{
     if (depth == SaveBitDepth::Bits24)
-        return picture.SavePicture(fileName, write);
+        return picture.WriteFile(fileName, write);
     if (picture.hdc() == 0)
         return false;
     Reduce(picture, palette, depth, mode);
@@ -107,8 +114,7 @@ bool cDIBSectionSave::Save(const std::string& fileName, cDIBSection& picture, st
     if (!section.HasMemory())
         return false;
     section.TakePicture(picture, mode == SaveReduceMode::None ? CopyBack::Yes : CopyBack::No);
-    section.WriteFile(fileName, write);
-    return false;
+    return section.WriteFile(fileName, write);
 }
 
 } // namespace ob

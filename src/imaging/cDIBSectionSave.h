@@ -20,11 +20,16 @@ enum class SaveReduceMode {
 
 class cDIBSectionSave {
 public:
-    // Always false, also after a good write. The picture takes the colours of the file; at 24 bits it is written
-    // unchanged, whatever the mode. The palette, which may be null, is the colour table at 8 bits, and is replaced by
-    // the generated one: at 8 bits a half-tone one for null, in the automatic mode the 16 or 236 colours. Raises error
-    // 17 when the file cannot be opened, the missing-object error for a null palette in the palette mode, and the
-    // subscript error for a palette without a nearest entry.
+    // Whether everything was written: false without a picture, without memory, and when the writer says so. The picture
+    // takes the colours of the file; at 24 bits it is written unchanged, whatever the mode. The palette, which may be
+    // null, is the colour table at 8 bits, and is replaced by the generated one: at 8 bits a half-tone one for null, in
+    // the automatic mode the 16 or 236 colours. Raises error 17 when the file cannot be opened, the missing-object
+    // error for a null palette in the palette mode, and the subscript error for a palette without a nearest entry; what
+    // the writer throws goes through.
+    bool WriteFile(const std::string& fileName, cDIBSection& picture, std::optional<cPalette>& palette,
+                   SaveBitDepth depth, SaveReduceMode mode, const FileWriter& write) const;
+
+    // The same, but always false, also after a good write.
     bool Save(const std::string& fileName, cDIBSection& picture, std::optional<cPalette>& palette, SaveBitDepth depth,
               SaveReduceMode mode, const FileWriter& write) const;
 };

@@ -2,20 +2,21 @@
 // The run-time errors of the imaging library: thrown where they are raised, caught where errors are shown.
 #pragma once
 
-#include <exception>
+#include "imaging/cNumberedError.h"
+
 #include <string>
+#include <utility>
 
 namespace ob {
 
-class ImagingError : public std::exception {
+class ImagingError : public NumberedError {
 public:
     ImagingError(int errorNumber, std::string errorSource, std::string errorDescription)
-        : number(errorNumber), source(std::move(errorSource)), description(std::move(errorDescription))
+        : NumberedError(errorNumber), source(std::move(errorSource)), description(std::move(errorDescription))
     {
     }
     const char* what() const noexcept override { return description.c_str(); }
 
-    int number;
     std::string source;
     std::string description;
 };

@@ -228,11 +228,8 @@ void Fill(cDIBSection& picture, const Color& color)
     }
 }
 
-} // namespace
-
-std::variant<cDIBSection, BitmapError> ReadBitmap(ByteView file)
+std::variant<cDIBSection, BitmapError> PictureOf(const std::variant<BitmapLayout, BitmapError>& read)
 {
-    const auto read = ReadBitmapLayout(file);
     if (const auto* error = std::get_if<BitmapError>(&read))
         return *error;
     const auto& layout = std::get<BitmapLayout>(read);
@@ -246,6 +243,18 @@ std::variant<cDIBSection, BitmapError> ReadBitmap(ByteView file)
         DecodeLines(layout, picture);
     }
     return picture;
+}
+
+} // namespace
+
+std::variant<cDIBSection, BitmapError> ReadBitmap(ByteView file)
+{
+    return PictureOf(ReadBitmapLayout(file));
+}
+
+std::variant<cDIBSection, BitmapError> ReadBitmap(const BitmapParts& parts)
+{
+    return PictureOf(ReadBitmapLayout(parts));
 }
 
 } // namespace ob

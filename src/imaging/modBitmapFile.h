@@ -22,8 +22,16 @@ enum class BitmapError {
 // Pictures that take more memory than this must have at least a quarter of their pixels in the file.
 constexpr std::size_t UncheckedPictureBytes = 16U << 20;
 
+// A bitmap without its file header: the information header with masks and colours, and the pixels after them. The two
+// need not be neighbours in memory.
+struct BitmapParts {
+    ByteView info;
+    ByteView pixels;
+};
+
 // The picture in the bytes of a bitmap file. Missing bytes at the end of a file count as zeros, as the bitmap writer
 // creates such files. A fourth channel is ignored; colours missing from the table are black.
 std::variant<cDIBSection, BitmapError> ReadBitmap(ByteView file);
+std::variant<cDIBSection, BitmapError> ReadBitmap(const BitmapParts& parts);
 
 } // namespace ob

@@ -2,37 +2,19 @@
 // The two headers of a bitmap file, and their bytes.
 #include "imaging/modBitmapHeaders.h"
 
+#include "imaging/cByteReader.h"
+#include "imaging/cByteWriter.h"
+
 namespace ob {
 
-namespace {
-
-class Writer {
-public:
-    explicit Writer(std::uint8_t* target) : next(target) {}
-
-    void Word(std::int16_t value) { Put(static_cast<std::uint16_t>(value), 2); }
-    void Long(std::int32_t value) { Put(static_cast<std::uint32_t>(value), 4); }
-
-private:
-    void Put(std::uint32_t value, int count)
-    {
-        for (int index = 0; index < count; ++index)
-            *next++ = static_cast<std::uint8_t>(value >> (8 * index));
-    }
-
-    std::uint8_t* next;
-};
-
-} // namespace
-
-BitmapFileHeader ReadFileHeader(std::span<const std::uint8_t> bytes)
+BitmapFileHeader ReadFileHeader(ByteView bytes)
 {
     const cByteReader reader(bytes);
     return {reader.SignedWord(0), reader.SignedLong(2), reader.SignedWord(6), reader.SignedWord(8),
             reader.SignedLong(10)};
 }
 
-BitmapInfoHeader ReadInfoHeader(std::span<const std::uint8_t> bytes)
+BitmapInfoHeader ReadInfoHeader(ByteView bytes)
 {
     const cByteReader reader(bytes);
     return {reader.SignedLong(0),  reader.SignedLong(4),  reader.SignedLong(8),  reader.SignedWord(12),
@@ -40,34 +22,25 @@ BitmapInfoHeader ReadInfoHeader(std::span<const std::uint8_t> bytes)
             reader.SignedLong(28), reader.SignedLong(32), reader.SignedLong(36)};
 }
 
-std::array<std::uint8_t, FileHeaderSize> BytesOf(const BitmapFileHeader& header)
+std::vector<std::uint8_t> BytesOf(const BitmapFileHeader& header)
 {
-    std::array<std::uint8_t, FileHeaderSize> bytes;
-    Writer writer(bytes.data());
-    writer.Word(header.bfType);
-    writer.Long(header.bfSize);
-    writer.Word(header.bfReserved1);
-    writer.Word(header.bfReserved2);
-    writer.Long(header.bfOffBits);
-    return bytes;
+    cByteWriter writer;
+    writer.Reserve(FileHeaderSize);
+    writer.SignedWord(header.bfType).SignedLong(header.bfSize);
+    writer.SignedWord(header.bfReserved1).SignedWord(header.bfReserved2).SignedLong(header.bfOffBits);
+    return writer.Take();
 }
 
-std::array<std::uint8_t, InfoHeaderSize> BytesOf(const BitmapInfoHeader& header)
+std::vector<std::uint8_t> BytesOf(const BitmapInfoHeader& header)
 {
-    std::array<std::uint8_t, InfoHeaderSize> bytes;
-    Writer writer(bytes.data());
-    writer.Long(header.biSize);
-    writer.Long(header.biWidth);
-    writer.Long(header.biHeight);
-    writer.Word(header.biPlanes);
-    writer.Word(header.biBitCount);
-    writer.Long(header.biCompression);
-    writer.Long(header.biSizeImage);
-    writer.Long(header.biXPelsPerMeter);
-    writer.Long(header.biYPelsPerMeter);
-    writer.Long(header.biClrUsed);
-    writer.Long(header.biClrImportant);
-    return bytes;
+    cByteWriter writer;
+    writer.Reserve(InfoHeaderSize);
+    writer.SignedLong(header.biSize).SignedLong(header.biWidth).SignedLong(header.biHeight);
+    writer.SignedWord(header.biPlanes).SignedWord(header.biBitCount);
+    writer.SignedLong(header.biCompression).SignedLong(header.biSizeImage);
+    writer.SignedLong(header.biXPelsPerMeter).SignedLong(header.biYPelsPerMeter);
+    writer.SignedLong(header.biClrUsed).SignedLong(header.biClrImportant);
+    return writer.Take();
 }
 
 } // namespace ob

@@ -2,6 +2,7 @@
 // The layout of a bitmap file's pixels, from its headers.
 #include "imaging/modBitmapLayout.h"
 
+#include "imaging/cByteReader.h"
 #include "imaging/modBitmapHeaders.h"
 
 #include <algorithm>
@@ -17,8 +18,6 @@ constexpr std::uint32_t LeastHeaderSize = 16;
 constexpr std::uint32_t MaskedHeaderSize = 52; // from here on the masks are in the header
 constexpr std::uint32_t OldSystemHeaderSize = 64;
 constexpr std::uint32_t MostHeaderSize = 4096;
-constexpr std::size_t MaskOffset = FileHeaderSize + InfoHeaderSize;
-
 enum Compression : std::uint32_t { Plain = 0, RunLengths8 = 1, RunLengths4 = 2, BitFields = 3, AlphaBitFields = 6 };
 
 struct Headers {
@@ -30,26 +29,27 @@ struct Headers {
     std::uint32_t colorsUsed = 0;
 };
 
-std::optional<Headers> ReadHeaders(ByteView file)
+std::optional<Headers> ReadHeaders(ByteView info)
 {
+    const cByteReader reader(info);
     Headers headers;
-    headers.size = cByteReader(file).Long(FileHeaderSize);
+    headers.size = reader.Long(0);
     const bool isKnown =
         headers.size == CoreHeaderSize || (headers.size >= LeastHeaderSize && headers.size <= MostHeaderSize);
-    if (!isKnown || headers.size > file.size() - FileHeaderSize)
+    if (!isKnown || headers.size > info.size())
         return {};
-    const cByteReader reader(file.subspan(FileHeaderSize, headers.size));
+    const cByteReader fields(info.first(headers.size));
     if (headers.size == CoreHeaderSize) {
-        headers.width = reader.Word(4);
-        headers.height = reader.Word(6);
-        headers.bits = reader.Word(10);
+        headers.width = fields.Word(4);
+        headers.height = fields.Word(6);
+        headers.bits = fields.Word(10);
         return headers;
     }
-    headers.width = reader.SignedLong(4);
-    headers.height = reader.SignedLong(8);
-    headers.bits = reader.Word(14);
-    headers.compression = reader.Long(16);
-    headers.colorsUsed = reader.Long(32);
+    headers.width = fields.SignedLong(4);
+    headers.height = fields.SignedLong(8);
+    headers.bits = fields.Word(14);
+    headers.compression = fields.Long(16);
+    headers.colorsUsed = fields.Long(32);
     return headers;
 }
 
@@ -88,20 +88,31 @@ std::optional<BitmapPacking> PackingOf(const Headers& headers)
     }
 }
 
-std::array<std::uint32_t, 3> MasksOf(const Headers& headers, ByteView file)
+// A number that lies in the header's part, or goes on in the pixels' where a damaged bitmap has no masks.
+std::uint32_t LongIn(const BitmapParts& parts, std::size_t offset)
+{
+    std::array<std::uint8_t, 4> bytes;
+    for (std::uint8_t& byte : bytes) {
+        byte = offset < parts.info.size() ? parts.info[offset]
+                                          : cByteReader(parts.pixels).Byte(offset - parts.info.size());
+        ++offset;
+    }
+    return cByteReader(bytes).Long(0);
+}
+
+std::array<std::uint32_t, 3> MasksOf(const Headers& headers, const BitmapParts& parts)
 {
     if (headers.compression == Plain) {
         return headers.bits == 16 ? std::array<std::uint32_t, 3>{0x1F, 0x3E0, 0x7C00}
                                   : std::array<std::uint32_t, 3>{0xFF, 0xFF00, 0xFF0000};
     }
-    const cByteReader reader(file);
-    return {reader.Long(MaskOffset + 8), reader.Long(MaskOffset + 4), reader.Long(MaskOffset)};
+    return {LongIn(parts, InfoHeaderSize + 8), LongIn(parts, InfoHeaderSize + 4), LongIn(parts, InfoHeaderSize)};
 }
 
 // The colour table as far as it goes, and its end.
-std::size_t ReadColors(const Headers& headers, ByteView file, std::size_t pixelOffset, BitmapLayout& layout)
+std::size_t ReadColors(const Headers& headers, ByteView info, std::size_t pixelOffset, BitmapLayout& layout)
 {
-    const std::size_t start = FileHeaderSize + headers.size + MaskBytesAfter(headers);
+    const std::size_t start = headers.size + MaskBytesAfter(headers);
     if (headers.bits > 8)
         return start;
     const std::size_t entryBytes = headers.size == CoreHeaderSize ? 3 : 4;
@@ -109,7 +120,7 @@ std::size_t ReadColors(const Headers& headers, ByteView file, std::size_t pixelO
     std::size_t count = headers.colorsUsed == 0 ? most : std::min<std::size_t>(headers.colorsUsed, most);
     if (pixelOffset >= start)
         count = std::min(count, (pixelOffset - start) / entryBytes);
-    const cByteReader reader(file);
+    const cByteReader reader(info);
     for (std::size_t index = 0; index < count; ++index) {
         for (std::size_t channel = 0; channel < 3; ++channel)
             layout.colors[index][channel] = reader.Byte(start + index * entryBytes + channel);
@@ -131,14 +142,10 @@ bool HasEnoughPixels(const BitmapLayout& layout)
     return layout.LineBytes() * layout.height / 4 <= available;
 }
 
-} // namespace
-
-std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(ByteView file)
+// The pixels start at a distance from the header's start, which may lie in either part.
+std::variant<BitmapLayout, BitmapError> LayoutOf(const BitmapParts& parts, std::size_t pixelOffset)
 {
-    const cByteReader reader(file);
-    if (file.size() < FileHeaderSize + 4 || reader.SignedWord(0) != BitmapFileType)
-        return BitmapError::NotABitmap;
-    const std::optional<Headers> headers = ReadHeaders(file);
+    const std::optional<Headers> headers = ReadHeaders(parts.info);
     if (!headers)
         return BitmapError::UnknownHeader;
     const std::optional<BitmapPacking> packing = PackingOf(*headers);
@@ -155,16 +162,31 @@ std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(ByteView file)
     layout.topDown = headers->height < 0;
     layout.bits = headers->bits;
     layout.packing = *packing;
-    layout.masks = MasksOf(*headers, file);
-    std::size_t pixelOffset = reader.Long(10);
-    const std::size_t colorsEnd = ReadColors(*headers, file, pixelOffset, layout);
+    layout.masks = MasksOf(*headers, parts);
+    const std::size_t colorsEnd = ReadColors(*headers, parts.info, pixelOffset, layout);
     // Pixels that would start within the header start after the table.
-    if (pixelOffset < FileHeaderSize + headers->size)
+    if (pixelOffset < headers->size)
         pixelOffset = colorsEnd;
-    layout.pixels = file.subspan(std::min(pixelOffset, file.size()));
+    layout.pixels = parts.pixels.empty() ? parts.info.subspan(std::min(pixelOffset, parts.info.size())) : parts.pixels;
     if (!HasEnoughPixels(layout))
         return BitmapError::TooShort;
     return layout;
+}
+
+} // namespace
+
+std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(ByteView file)
+{
+    const cByteReader reader(file);
+    if (file.size() < FileHeaderSize + 4 || reader.SignedWord(0) != BitmapFileType)
+        return BitmapError::NotABitmap;
+    const std::size_t pixelOffset = std::max<std::size_t>(reader.Long(10), FileHeaderSize) - FileHeaderSize;
+    return LayoutOf({file.subspan(FileHeaderSize), {}}, pixelOffset);
+}
+
+std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(const BitmapParts& parts)
+{
+    return LayoutOf(parts, parts.info.size());
 }
 
 } // namespace ob

@@ -26,7 +26,8 @@ struct BitmapLayout {
     std::int64_t LineBytes() const { return (std::int64_t{width} * bits + 31) / 32 * 4; }
 };
 
-// Parses the headers and the colour table; the sizes are checked against the file.
+// Parses the headers and the colour table; the sizes are checked against the bytes. The layout refers to them.
 std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(ByteView file);
+std::variant<BitmapLayout, BitmapError> ReadBitmapLayout(const BitmapParts& parts);
 
 } // namespace ob

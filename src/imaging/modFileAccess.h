@@ -2,15 +2,13 @@
 // Files as the imaging library sees them: callbacks from the program, the command line or a test.
 #pragma once
 
-#include <cstdint>
+#include "imaging/modByteView.h"
+
 #include <functional>
-#include <span>
 #include <string>
 #include <vector>
 
 namespace ob {
-
-using ByteView = std::span<const std::uint8_t>;
 
 enum class FileOutcome {
     Done,

@@ -2,6 +2,7 @@
 // A picture of 1, 4 or 8 bits per pixel with its colour table.
 #include "imaging/modIndexedSection.h"
 
+#include "imaging/cByteWriter.h"
 #include "imaging/modBitmapHeaders.h"
 #include "imaging/modNearest.h"
 
@@ -102,10 +103,10 @@ bool cIndexedSection::WriteFile(const std::string& fileName, const FileWriter& w
     info.biBitCount = static_cast<std::int16_t>(bitCount);
     info.biSizeImage = FilePixelBytes();
     const auto infoBytes = BytesOf(info);
-    std::vector<std::uint8_t> table;
+    cByteWriter table;
     for (const Slot& slot : slots)
-        table.insert(table.end(), slot.begin(), slot.end());
-    const auto pixelOffset = static_cast<std::int32_t>(FileHeaderSize + InfoHeaderSize + table.size());
+        table.Bytes(slot);
+    const auto pixelOffset = static_cast<std::int32_t>(FileHeaderSize + InfoHeaderSize + table.Size());
     const auto fileSize = static_cast<std::uint32_t>(info.biSizeImage) + static_cast<std::uint32_t>(pixelOffset);
     const auto header =
         BytesOf(BitmapFileHeader{BitmapFileType, static_cast<std::int32_t>(fileSize), 0, 0, pixelOffset});
@@ -115,7 +116,7 @@ bool cIndexedSection::WriteFile(const std::string& fileName, const FileWriter& w
     cBytes beyond;
     if (wanted > own && !beyond.Allocate(wanted - own))
         return false;
-    const std::array<ByteView, 5> pieces = {header, infoBytes, table, pixels.View().first(own), beyond.View()};
+    const std::array<ByteView, 5> pieces = {header, infoBytes, table.View(), pixels.View().first(own), beyond.View()};
     const WriteResult result = write(fileName, pieces);
     if (result.outcome != FileOutcome::Done && result.outcome != FileOutcome::Failed)
         RaiseFileNotOpened(result.systemError);

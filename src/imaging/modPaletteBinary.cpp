@@ -2,7 +2,8 @@
 // The binary palette file.
 #include "imaging/modPaletteBinary.h"
 
-#include "imaging/modBitmapHeaders.h"
+#include "imaging/cByteReader.h"
+#include "imaging/cByteWriter.h"
 
 #include <algorithm>
 #include <cstring>
@@ -37,14 +38,12 @@ BinaryPalette ReadBinaryPalette(ByteView bytes)
 
 std::vector<std::uint8_t> WriteBinaryPalette(std::span<const PaletteEntry> entries)
 {
-    std::vector<std::uint8_t> bytes;
-    bytes.reserve(CountBytes + entries.size_bytes());
-    const auto count = static_cast<std::uint32_t>(entries.size());
-    for (unsigned shift = 0; shift < 32; shift += 8)
-        bytes.push_back(static_cast<std::uint8_t>(count >> shift));
+    cByteWriter writer;
+    writer.Reserve(CountBytes + entries.size_bytes());
+    writer.Long(static_cast<std::uint32_t>(entries.size()));
     for (const PaletteEntry& entry : entries)
-        bytes.insert(bytes.end(), {entry.red, entry.green, entry.blue, entry.spare});
-    return bytes;
+        writer.Byte(entry.red).Byte(entry.green).Byte(entry.blue).Byte(entry.spare);
+    return writer.Take();
 }
 
 } // namespace ob

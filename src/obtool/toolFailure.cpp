@@ -2,7 +2,6 @@
 // Turns exceptions of the libraries into failures, and failures into lines.
 #include "obtool/toolFailure.h"
 
-#include "imaging/cImagingError.h"
 #include "platform/language/cRuntimeError.h"
 
 #include <cstdio>
@@ -14,10 +13,8 @@ void ThrowAsFailureOf(const std::string& file)
 {
     try {
         throw;
-    } catch (const RuntimeError& error) {
-        throw ToolFailure(file, error.description);
-    } catch (const ImagingError& error) {
-        throw ToolFailure(file, QString::fromStdString(error.description));
+    } catch (const NumberedError& error) {
+        throw ToolFailure(file, QString::fromUtf8(error.what()));
     } catch (const std::bad_alloc&) {
         throw ToolFailure(file, QStringLiteral("Out of memory"));
     }

@@ -57,6 +57,36 @@ private Q_SLOTS:
                                      {Blue, Red, Red, Red, Red, Red, Red, Red, Red, Blue}}));
     }
 
+    void partsThatAreNoNeighboursReadAsTheFile()
+    {
+        // In the last one the header promises masks, and only the pixels' bytes are there for them.
+        struct Kind {
+            int bits;
+            int compression;
+            int masks;
+        };
+        for (const auto& [bits, compression, masks] : std::initializer_list<Kind>{
+                 {1, 0, 0}, {4, 0, 0}, {8, 0, 0}, {16, 0, 0}, {16, 3, 3}, {24, 0, 0}, {32, 0, 0}, {32, 3, 0}}) {
+            BitmapBytes file;
+            const int colors = bits > 8 ? 0 : 1 << bits;
+            const int start = 54 + 4 * (colors + masks);
+            file.FileHeader(start).InfoHeader(5, -3, bits, compression);
+            for (int number = 0; number < colors + masks; ++number)
+                file.Put(0x1F1F << number % 5, 4);
+            for (int byte = 0; byte < 60; ++byte)
+                file.Put(byte * 37 & 0xFF, 1);
+            const ByteView bytes(file.bytes);
+            const std::vector<std::uint8_t> info(bytes.begin() + 14, bytes.begin() + start);
+            const auto parts = ReadBitmap({info, bytes.subspan(static_cast<std::size_t>(start))});
+            const auto whole = ReadBitmap(bytes);
+            const auto* fromParts = std::get_if<cDIBSection>(&parts);
+            const auto* fromWhole = std::get_if<cDIBSection>(&whole);
+            QVERIFY(fromParts != nullptr && fromWhole != nullptr);
+            QCOMPARE(fromParts->Height(), 3);
+            QVERIFY(std::equal(fromWhole->Line(0), fromWhole->Line(3), fromParts->Line(0)));
+        }
+    }
+
     void fourBitsWithAShortTable()
     {
         BitmapBytes file;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imagetools/avi/modAvi.h"
+#include "imagetools/avi/modAviCodecs.h"
 
 #include <QDialog>
 

@@ -38,14 +38,13 @@ QStringList FilesIn(const QMimeData& dropped)
 }
 
 // Writes the frames up to the last one, or to the one at hand when it is cancelled: then the state is still Writing.
-AviState WriteFrames(AviWriting& writing, cWorkLink& window, const std::function<void(qsizetype)>& frameSaved)
+AviState WriteFrames(cAviWriting& writing, cWorkLink& window, const std::function<void(qsizetype)>& frameSaved)
 {
     AviState state = AviState::Writing;
     while (state == AviState::Writing && !window.IsCancelled()) {
         const qsizetype frame = writing.FramesWritten();
         state = writing.WriteFrame();
-        if (state != AviState::Failed)
-            window.Post([frameSaved, frame] { frameSaved(frame); });
+        window.Post([frameSaved, frame] { frameSaved(frame); });
     }
     return state;
 }
@@ -176,17 +175,23 @@ void frmAVI::cmdWriteAVI_Click()
 
 AviState frmAVI::BeginWriting(const QString& path)
 {
-    writing = std::make_unique<AviWriting>(path, list, ui->txtFPS->text(), NoticesHere());
-    const AviState state = writing->Begin([this](const AviFormat& first) -> std::optional<AviOptions> {
-        dlgAviOptions dialog(first, this);
-        BindManualPage(dialog, dlgAviOptions::ManualPage);
-        return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Options()) : std::nullopt;
-    });
-    if (state == AviState::Failed) {
-        ui->lblStatus->setText(writing->Reason());
-        MsgBox(writing->Message(), BoxIcon::Information);
+    writing = std::make_unique<cAviWriting>(path, list, ui->txtFPS->text(), NoticesHere());
+    try {
+        return writing->Begin([this](const AviFormat& first) -> std::optional<AviOptions> {
+            dlgAviOptions dialog(first, this);
+            BindManualPage(dialog, dlgAviOptions::ManualPage);
+            return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Options()) : std::nullopt;
+        });
+    } catch (const AviFailure& failure) {
+        ShowFailure(failure);
+        return AviState::Dismissed;
     }
-    return state;
+}
+
+void frmAVI::ShowFailure(const AviFailure& failure)
+{
+    ui->lblStatus->setText(failure.reason);
+    MsgBox(failure.message, BoxIcon::Information);
 }
 
 // Notices come from either thread; their boxes are shown here, one after the other.
@@ -249,26 +254,29 @@ void frmAVI::ShowFrame(qsizetype frame)
 
 void frmAVI::WritingEnded()
 {
-    AviState state = AviState::Failed;
+    AviState state = AviState::Writing;
     std::exception_ptr error;
     try {
         state = work.Take();
     } catch (...) {
         error = std::current_exception();
     }
-    const std::unique_ptr<AviWriting> done = std::move(writing);
+    const std::unique_ptr<cAviWriting> done = std::move(writing);
     ui->pgbFrames->setVisible(false);
     EnableControls();
-    if (state == AviState::Finished)
-        ui->lblStatus->setText(QStringLiteral("Finished!"));
-    else if (state == AviState::Writing)
-        ui->lblStatus->setText(QStringLiteral("Stopped. No file was written."));
-    else
-        ui->lblStatus->setText(done->Reason());
-    if (error)
-        RunCommand([&] { std::rethrow_exception(error); });
-    else if (state == AviState::Failed)
-        MsgBox(done->Message(), BoxIcon::Information);
+    if (error) {
+        ui->lblStatus->clear();
+        RunCommand([&] {
+            try {
+                std::rethrow_exception(error);
+            } catch (const AviFailure& failure) {
+                ShowFailure(failure);
+            }
+        });
+    } else {
+        ui->lblStatus->setText(state == AviState::Finished ? QStringLiteral("Finished!")
+                                                           : QStringLiteral("Stopped. No file was written."));
+    }
     if (closesAtEnd)
         close();
 }

@@ -2,7 +2,7 @@
 // Makes a silent video from a list of bitmap files.
 #pragma once
 
-#include "imagetools/avi/modAvi.h"
+#include "imagetools/avi/cAviWriting.h"
 #include "platform/work/cWork.h"
 
 #include <QDialog>
@@ -54,12 +54,13 @@ private:
     void StartWriting();
     void ShowFrame(qsizetype frame);
     void WritingEnded();
+    void ShowFailure(const AviFailure& failure);
     void EnableControls();
 
     std::unique_ptr<Ui::frmAVI> ui;
     AviList list;
     QString lastFile;
-    std::unique_ptr<AviWriting> writing;
+    std::unique_ptr<cAviWriting> writing;
     cWork<AviState> work; // gone before what it works on
     bool closesAtEnd = false;
     QList<std::pair<std::string, NoticeIcon>> notices; // waiting for the one being shown

@@ -1,27 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The AVI maker: a list of bitmap files of one size and format becomes a video, one frame each.
+// What the AVI maker knows of its bitmaps: the list of one size and format, and what describes their stream.
 #pragma once
 
-#include "imagetools/avi/modAviCodecs.h"
-#include "imagetools/avi/modAviFile.h"
+#include "imagetools/avi/cAviWriter.h"
 #include "imaging/cDIB.h"
-#include "platform/files/cFileReplacement.h"
 
 #include <QString>
 #include <QStringList>
 #include <QStringView>
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <vector>
 
 namespace ob {
 
 inline const QString DifferentFormatText = QStringLiteral("Chosen bitmap file is a different format!");
-inline const QString NoFirstBitmapText = QStringLiteral("Could not load first bitmap file in list!");
-inline const QString AviErrorText = QStringLiteral("There was an error writing the file.");
 
 // From the bitmap's header; the height of a top-down one is negative.
 struct AviFormat {
@@ -40,13 +34,20 @@ struct AviList {
     std::optional<AviFormat> first;
 };
 
-// The format of a file that fits into the list. Nothing, after a notice, when it cannot be loaded or has another format
-// than the first. Raises SubscriptOutOfRange for a header without the image's size.
+// Loads a bitmap, whole or its headers alone. False after a notice when it cannot be loaded. Raises error 9 for a
+// header without the image's size.
+enum class AviBitmapPart { Headers, Whole };
+bool LoadAviBitmap(cDIB& dib, const QString& path, AviBitmapPart part, const NoticeSink& notice);
+
+// The format of a file that fits into the list. Nothing, after a notice, when it cannot be loaded or has another
+// format than the first. Raises as LoadAviBitmap does.
 std::optional<AviFormat> FormatForList(const AviList& list, const QString& file, const NoticeSink& notice);
 void AddToList(AviList& list, const QString& file, const AviFormat& format);
 
 // The number in a text, rounded, within 1 to 30; 1 for a text without one. Raises Overflow beyond a double.
 std::int32_t FramesPerSecondOf(QStringView text);
+
+AviFormat FormatOf(const cDIB& dib);
 
 // The description of a stream of such bitmaps.
 AviStreamInfo StreamInfoOf(const cDIB& first, std::int32_t framesPerSecond);
@@ -55,58 +56,10 @@ AviStreamInfo StreamInfoOf(const cDIB& first, std::int32_t framesPerSecond);
 // truncated to the 40 bytes that video players know; default masks are omitted.
 std::vector<std::uint8_t> StreamFormatOf(const cDIB& first);
 
-enum class AviState {
-    Writing,
-    Finished,
-    Dismissed, // no options were chosen
-    Failed
-};
+// The bitmap's pixels as far as its header says that they go: without run lengths no more than its lines take.
+ByteView FramePixelsOf(const cDIB& dib);
 
-// One video in progress. Only one frame is in memory. Destroyed before it is finished, it leaves no file, and an older
-// file under the path is unchanged.
-class AviWriting {
-public:
-    // Asks for the options, given the format of the frames; nothing when the user cancels.
-    using OptionsChoice = std::function<std::optional<AviOptions>(const AviFormat& first)>;
-
-    AviWriting(const QString& path, const AviList& list, const QString& framesPerSecond, NoticeSink notice);
-    ~AviWriting();
-
-    // Opens the file, loads the first bitmap, asks for the options and writes the headers. Dismissed leaves an empty
-    // file if there was none. Raises what loading a bitmap and FramesPerSecondOf raise.
-    AviState Begin(const OptionsChoice& choose);
-
-    // Writes the next frame. A bitmap that can no longer be loaded is reported as a notice, and the previous frame is
-    // written again. Raises what loading a bitmap raises.
-    AviState WriteFrame();
-
-    qsizetype FrameCount() const { return files.size(); }
-    qsizetype FramesWritten() const { return written; }
-
-    // After Failed: the message for the user, and the reason, which may be empty.
-    const QString& Message() const { return message; }
-    const QString& Reason() const { return reason; }
-
-private:
-    bool Load(const QString& file);
-    void OpenStream(const AviOptions& options, std::int32_t framesPerSecond);
-    ByteView FrameBytes();
-    ByteView CompressedFrame();
-    AviState Fail(const QString& text, const QString& cause);
-
-    QString path;
-    QStringList files;
-    QString framesPerSecondText;
-    NoticeSink notice;
-    QString message;
-    QString reason;
-    cDIB dib;
-    std::vector<std::uint8_t> bitmap; // of the frame, for the compressor
-    AviFormat first;
-    std::unique_ptr<cAviEncoder> encoder;
-    std::unique_ptr<cFileReplacement> file;
-    std::unique_ptr<AviWriter> writer;
-    qsizetype written = 0;
-};
+// What a stream of such bitmaps has without a compressor: the bitmaps' own run lengths are a compression too.
+AviFrames FramesOf(const cDIB& first);
 
 } // namespace ob

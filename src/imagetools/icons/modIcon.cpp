@@ -2,13 +2,14 @@
 // The icon of the icon editor as a value, and its operations.
 #include "imagetools/icons/modIcon.h"
 
+#include "imaging/cByteWriter.h"
 #include "imaging/cPalette.h"
 #include "imaging/modBitmapHeaders.h"
+#include "platform/files/modByteViews.h"
 #include "platform/files/modFilePieces.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
 
-#include <QDataStream>
 #include <QFile>
 
 #include <algorithm>
@@ -41,7 +42,9 @@ constexpr int DirectorySize = 6 + 16;
 constexpr int TableSize = 16 * 4;
 constexpr int ColorLine = IconSide / 2;
 constexpr int MaskLine = IconSide / 8;
-constexpr int PixelsSize = IconSide * (ColorLine + MaskLine);
+constexpr int ColorBytes = IconSide * ColorLine;
+constexpr int MaskBytes = IconSide * MaskLine;
+constexpr int PixelsSize = ColorBytes + MaskBytes;
 constexpr int ImageSize = static_cast<int>(InfoHeaderSize) + TableSize + PixelsSize;
 
 // The bytes for the engine: the last byte of the directory, then the image.
@@ -82,20 +85,23 @@ int NearestIndex(ColorRef color)
     return static_cast<int>(nearest - FileColors().begin());
 }
 
-void WriteHeaders(QDataStream& file)
+void WriteHeaders(cByteWriter& file)
 {
-    constexpr qint16 isIcon = 1;
-    constexpr qint16 imageCount = 1;
-    constexpr qint16 planes = 1;
-    constexpr qint16 bits = 4;
-    file << qint16{0} << isIcon << imageCount;
-    file << qint8{IconSide} << qint8{IconSide} << qint8{16} << qint8{0} << planes << bits << qint32{ImageSize}
-         << qint32{DirectorySize};
-    // The mask counts as the lower half of the image.
-    file << static_cast<qint32>(InfoHeaderSize) << qint32{IconSide} << qint32{2 * IconSide} << planes << bits
-         << qint32{0} << qint32{PixelsSize};
-    for (int unused = 0; unused < 4; ++unused)
-        file << qint32{0};
+    constexpr std::uint16_t isIcon = 1;
+    constexpr std::uint16_t imageCount = 1;
+    constexpr std::int16_t planes = 1;
+    constexpr std::int16_t bits = 4;
+    file.Word(0).Word(isIcon).Word(imageCount);
+    file.Byte(IconSide).Byte(IconSide).Byte(16).Byte(0).SignedWord(planes).SignedWord(bits);
+    file.Long(ImageSize).Long(DirectorySize);
+    BitmapInfoHeader header;
+    header.biSize = static_cast<std::int32_t>(InfoHeaderSize);
+    header.biWidth = IconSide;
+    header.biHeight = 2 * IconSide; // the mask counts as the lower half of the image
+    header.biPlanes = planes;
+    header.biBitCount = bits;
+    header.biSizeImage = PixelsSize;
+    file.Bytes(BytesOf(header));
 }
 
 constexpr int LastPixel = IconSide - 1;
@@ -286,26 +292,26 @@ Icon ReducedIcon(const Icon& icon)
 
 QByteArray IconFileOf(const Icon& icon)
 {
-    QByteArray bytes;
-    QDataStream file(&bytes, QIODevice::WriteOnly);
-    file.setByteOrder(QDataStream::LittleEndian);
+    cByteWriter file;
     WriteHeaders(file);
     for (const PaletteEntry& entry : FileColors())
-        file << entry.blue << entry.green << entry.red << quint8{0};
-    QByteArray colors(IconSide * ColorLine, '\0');
-    QByteArray mask(IconSide * MaskLine, '\0');
+        file.Byte(entry.blue).Byte(entry.green).Byte(entry.red).Byte(0);
+    std::array<std::uint8_t, ColorBytes> colors = {};
+    std::array<std::uint8_t, MaskBytes> mask = {};
     for (int y = 0; y < IconSide; ++y) {
-        char* colorLine = colors.data() + (LastPixel - y) * ColorLine;
-        char* maskLine = mask.data() + (LastPixel - y) * MaskLine;
+        std::uint8_t* colorLine = colors.data() + (LastPixel - y) * ColorLine;
+        std::uint8_t* maskLine = mask.data() + (LastPixel - y) * MaskLine;
         for (int x = 0; x < IconSide; ++x) {
             const ColorRef color = icon.At(x, y);
             if (color == TransparentColor)
-                maskLine[x / 8] = static_cast<char>(maskLine[x / 8] | 0x80 >> x % 8);
+                maskLine[x / 8] = static_cast<std::uint8_t>(maskLine[x / 8] | 0x80 >> x % 8);
             else
-                colorLine[x / 2] = static_cast<char>(colorLine[x / 2] | NearestIndex(color) << (x % 2 == 0 ? 4 : 0));
+                colorLine[x / 2] =
+                    static_cast<std::uint8_t>(colorLine[x / 2] | NearestIndex(color) << (x % 2 == 0 ? 4 : 0));
         }
     }
-    return bytes + colors + mask;
+    file.Bytes(colors).Bytes(mask);
+    return QtViewOf(file.View()).toByteArray();
 }
 
 cDIBSection PictureOf(const Icon& icon)
@@ -325,9 +331,9 @@ cDIBSection PictureOf(const Icon& icon)
 QByteArray BitmapFileOf(const Icon& icon)
 {
     QByteArray bytes;
-    PictureOf(icon).SavePicture({}, [&bytes](const std::string&, std::span<const ByteView> pieces) {
+    PictureOf(icon).WriteFile({}, [&bytes](const std::string&, std::span<const ByteView> pieces) {
         for (const ByteView piece : pieces)
-            bytes.append(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
+            bytes.append(QtViewOf(piece));
         return WriteResult{};
     });
     return bytes;

@@ -2,8 +2,11 @@
 // One image of an icon: a bitmap without file header whose height counts the mask too, or a PNG file.
 #include "imagetools/icons/modIconImage.h"
 
+#include "imaging/cByteReader.h"
+#include "imaging/cByteWriter.h"
 #include "imaging/modBitmapFile.h"
 #include "imaging/modBitmapHeaders.h"
+#include "platform/files/modByteViews.h"
 
 #include <QImage>
 
@@ -19,14 +22,20 @@ namespace {
 constexpr std::array<std::uint8_t, 16> PngStart = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
                                                    0,    0,   0,   13,  'I',  'H',  'D',  'R'};
 constexpr std::size_t PngHeaderEnd = 29;
+// No picture of a thousand points a side needs that many.
+constexpr std::uint64_t MostPngBytes = 64U << 20;
+
+static_assert(IconHeadBytes >= InfoHeaderSize && IconHeadBytes >= PngHeaderEnd);
 
 // The places of the parts of a bitmap, from its first byte.
-struct BitmapParts {
+struct IconParts {
     IconImageSize size;
     std::size_t colors = 0;
     std::size_t colorLine = 0;
     std::size_t mask = 0;
     std::size_t maskLine = 0;
+
+    std::size_t End() const { return mask + maskLine * static_cast<std::size_t>(size.height); }
 };
 
 bool IsSide(std::int64_t side)
@@ -39,7 +48,7 @@ std::size_t LineBytes(int width, int bits)
     return static_cast<std::size_t>((width * bits + 31) / 32 * 4);
 }
 
-std::optional<BitmapParts> BitmapPartsOf(ByteView bytes)
+std::optional<IconParts> IconPartsOf(ByteView bytes)
 {
     constexpr std::uint32_t largestHeader = 4096;
     if (bytes.size() < InfoHeaderSize)
@@ -57,7 +66,7 @@ std::optional<BitmapParts> BitmapPartsOf(ByteView bytes)
     if (colorsUsed > most)
         return {};
 
-    BitmapParts parts;
+    IconParts parts;
     parts.size = {header.biWidth, header.biHeight / 2, bits};
     const auto height = static_cast<std::size_t>(parts.size.height);
     const std::uint32_t tableEntries = colorsUsed == 0 && bits <= 8 ? most : colorsUsed;
@@ -65,8 +74,6 @@ std::optional<BitmapParts> BitmapPartsOf(ByteView bytes)
     parts.colorLine = LineBytes(parts.size.width, bits);
     parts.mask = parts.colors + parts.colorLine * height;
     parts.maskLine = LineBytes(parts.size.width, 1);
-    if (parts.mask + parts.maskLine * height > bytes.size())
-        return {};
     return parts;
 }
 
@@ -75,25 +82,16 @@ bool IsPng(ByteView bytes)
     return bytes.size() >= PngStart.size() && std::equal(PngStart.begin(), PngStart.end(), bytes.begin());
 }
 
-std::uint32_t BigEndianLong(ByteView bytes, std::size_t offset)
-{
-    return std::uint32_t{bytes[offset]} << 24 | std::uint32_t{bytes[offset + 1]} << 16 |
-           std::uint32_t{bytes[offset + 2]} << 8 | bytes[offset + 3];
-}
-
 std::optional<IconImageSize> PngSize(ByteView bytes)
 {
-    constexpr std::size_t widthAt = 16;
-    constexpr std::size_t heightAt = 20;
-    constexpr std::size_t depthAt = 24;
-    constexpr std::size_t kindAt = 25;
     constexpr std::array<int, 7> channelsOfKind = {1, 0, 3, 1, 2, 0, 4};
     if (bytes.size() < PngHeaderEnd)
         return {};
-    const std::uint32_t width = BigEndianLong(bytes, widthAt);
-    const std::uint32_t height = BigEndianLong(bytes, heightAt);
-    const std::uint8_t kind = bytes[kindAt];
-    const std::uint8_t depth = std::min<std::uint8_t>(bytes[depthAt], 16);
+    cByteReader header(bytes.subspan(PngStart.size()));
+    const auto width = header.Next<std::uint32_t, std::endian::big>();
+    const auto height = header.Next<std::uint32_t, std::endian::big>();
+    const auto depth = std::min<std::uint8_t>(header.Next<std::uint8_t>(), 16);
+    const auto kind = header.Next<std::uint8_t>();
     const int bits = kind < channelsOfKind.size() ? depth * channelsOfKind[kind] : 0;
     if (!IsSide(width) || !IsSide(height) || bits == 0)
         return {};
@@ -111,8 +109,7 @@ IconImage EmptyImage(const IconImageSize& size)
 
 std::optional<IconImage> ReadPng(ByteView bytes, const IconImageSize& size)
 {
-    const QByteArrayView view(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
-    const QImage decoded = QImage::fromData(view, "PNG").convertToFormat(QImage::Format_ARGB32);
+    const QImage decoded = QImage::fromData(QtViewOf(bytes), "PNG").convertToFormat(QImage::Format_ARGB32);
     if (decoded.width() != size.width || decoded.height() != size.height)
         return {};
     IconImage image = EmptyImage(size);
@@ -129,26 +126,19 @@ std::optional<IconImage> ReadPng(ByteView bytes, const IconImageSize& size)
     return image;
 }
 
-// The colours as a separate bitmap file, for the imaging library.
-std::optional<cDIBSection> ReadColors(ByteView bytes, const BitmapParts& parts)
+// The colours are a bitmap of their own, whose header says nothing of the mask.
+std::optional<cDIBSection> ReadColors(ByteView bytes, const IconParts& parts)
 {
-    BitmapFileHeader fileHeader;
-    fileHeader.bfType = BitmapFileType;
-    fileHeader.bfOffBits = static_cast<std::int32_t>(FileHeaderSize + parts.colors);
     BitmapInfoHeader header = ReadInfoHeader(bytes);
     header.biHeight = parts.size.height;
-    const auto fileHeaderBytes = BytesOf(fileHeader);
-    const auto headerBytes = BytesOf(header);
-    std::vector<std::uint8_t> file(fileHeaderBytes.begin(), fileHeaderBytes.end());
-    file.insert(file.end(), headerBytes.begin(), headerBytes.end());
-    const ByteView rest = bytes.subspan(InfoHeaderSize, parts.mask - InfoHeaderSize);
-    file.insert(file.end(), rest.begin(), rest.end());
-    auto read = ReadBitmap(file);
+    cByteWriter info;
+    info.Bytes(BytesOf(header)).Bytes(bytes.subspan(InfoHeaderSize, parts.colors - InfoHeaderSize));
+    auto read = ReadBitmap({info.View(), bytes.subspan(parts.colors, parts.mask - parts.colors)});
     auto* picture = std::get_if<cDIBSection>(&read);
     return picture == nullptr ? std::nullopt : std::optional(std::move(*picture));
 }
 
-void TakeAlpha(IconImage& image, ByteView bytes, const BitmapParts& parts)
+void TakeAlpha(IconImage& image, ByteView bytes, const IconParts& parts)
 {
     constexpr std::size_t alphaInPixel = 3;
     image.alpha.resize(image.colors.size());
@@ -162,7 +152,7 @@ void TakeAlpha(IconImage& image, ByteView bytes, const BitmapParts& parts)
         image.alpha.clear();
 }
 
-std::optional<IconImage> ReadIconBitmap(ByteView bytes, const BitmapParts& parts)
+std::optional<IconImage> ReadIconBitmap(ByteView bytes, const IconParts& parts)
 {
     const std::optional<cDIBSection> picture = ReadColors(bytes, parts);
     if (!picture)
@@ -197,10 +187,23 @@ ColorRef Blend(ColorRef background, ColorRef color, unsigned alpha)
 
 std::optional<IconImageSize> ReadIconImageSize(ByteView bytes)
 {
-    if (IsPng(bytes))
-        return PngSize(bytes);
-    const std::optional<BitmapParts> parts = BitmapPartsOf(bytes);
-    return parts ? std::optional(parts->size) : std::nullopt;
+    return ReadIconImageSize(bytes, bytes.size());
+}
+
+std::optional<IconImageSize> ReadIconImageSize(ByteView head, std::uint64_t byteCount)
+{
+    if (IsPng(head))
+        return PngSize(head);
+    const std::optional<IconParts> parts = IconPartsOf(head);
+    return parts && parts->End() <= byteCount ? std::optional(parts->size) : std::nullopt;
+}
+
+std::uint64_t IconImageBytes(ByteView head)
+{
+    if (IsPng(head))
+        return MostPngBytes;
+    const std::optional<IconParts> parts = IconPartsOf(head);
+    return parts ? parts->End() : 0;
 }
 
 std::optional<IconImage> ReadIconImage(ByteView bytes)
@@ -209,8 +212,8 @@ std::optional<IconImage> ReadIconImage(ByteView bytes)
         const std::optional<IconImageSize> size = PngSize(bytes);
         return size ? ReadPng(bytes, *size) : std::nullopt;
     }
-    const std::optional<BitmapParts> parts = BitmapPartsOf(bytes);
-    return parts ? ReadIconBitmap(bytes, *parts) : std::nullopt;
+    const std::optional<IconParts> parts = IconPartsOf(bytes);
+    return parts && parts->End() <= bytes.size() ? ReadIconBitmap(bytes, *parts) : std::nullopt;
 }
 
 void DrawIcon(Icon& target, const IconImage& image)

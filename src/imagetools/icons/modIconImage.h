@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imagetools/icons/modIcon.h"
-#include "imaging/modFileAccess.h"
+#include "imaging/modByteView.h"
 #include "platform/language/modColorNames.h"
 
 #include <cstdint>
@@ -35,6 +35,13 @@ struct IconImage {
 // The size in the header of an image; nothing unless the bytes contain a complete bitmap of that size (1, 4, 8, 16, 24
 // or 32 bits per pixel, not compressed), or are a PNG file with a header.
 std::optional<IconImageSize> ReadIconImageSize(ByteView bytes);
+
+// The same for an image of that many bytes of which only the first are there: IconHeadBytes, or all if it has fewer.
+constexpr std::size_t IconHeadBytes = 40;
+std::optional<IconImageSize> ReadIconImageSize(ByteView head, std::uint64_t byteCount);
+
+// How many bytes from its start an image with that head needs at most; 0 when it is none.
+std::uint64_t IconImageBytes(ByteView head);
 
 // The image. Nothing where ReadIconImageSize returns nothing, and for a damaged PNG file.
 //

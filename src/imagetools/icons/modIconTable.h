@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The icons of a program, as listed in its resources, before any image is read.
+// The icons that a program holds, as its resources name them, before any image is looked at.
 #pragma once
 
-#include "imaging/modFileAccess.h"
+#include "imaging/cByteSource.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -17,27 +17,19 @@ constexpr std::uint16_t GroupResource = 14;
 
 struct IconTable {
     // The directory of each icon, in the order of the program; empty where it is beyond the end of the file.
-    std::vector<ByteView> groups;
+    std::vector<ByteRange> groups;
 
     // The images by number; of several with one number the first counts.
-    std::vector<std::pair<std::uint16_t, ByteView>> images;
+    std::vector<std::pair<std::uint16_t, ByteRange>> images;
 
-    void SortImages() { std::ranges::stable_sort(images, {}, &std::pair<std::uint16_t, ByteView>::first); }
+    void SortImages() { std::ranges::stable_sort(images, {}, &std::pair<std::uint16_t, ByteRange>::first); }
 
     // Requires sorted images; empty when there is none of that number.
-    ByteView Image(std::uint16_t number) const
+    ByteRange Image(std::uint16_t number) const
     {
-        const auto found = std::ranges::lower_bound(images, number, {}, &std::pair<std::uint16_t, ByteView>::first);
-        return found != images.end() && found->first == number ? found->second : ByteView();
+        const auto found = std::ranges::lower_bound(images, number, {}, &std::pair<std::uint16_t, ByteRange>::first);
+        return found != images.end() && found->first == number ? found->second : ByteRange();
     }
 };
-
-// The bytes from that place, as many as size; empty when not all of them exist.
-inline ByteView BytesAt(ByteView file, std::uint64_t offset, std::uint64_t size)
-{
-    if (offset > file.size() || size > file.size() - offset)
-        return {};
-    return file.subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(size));
-}
 
 } // namespace ob

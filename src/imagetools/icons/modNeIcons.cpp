@@ -2,7 +2,7 @@
 // The icons in programs and libraries of the NE format: one table, with a block per type and a row per resource.
 #include "imagetools/icons/modNeIcons.h"
 
-#include "imaging/modBitmapHeaders.h"
+#include "imaging/cByteReader.h"
 
 namespace ob {
 
@@ -18,31 +18,27 @@ constexpr unsigned MostShift = 16;
 constexpr std::size_t MostTableBytes = 1 << 16;
 
 // Lengths are rounded up to whole units, so the last resource may appear to extend beyond the end.
-ByteView ResourceAt(ByteView file, const cByteReader& row, unsigned shift)
+ByteRange ResourceAt(const ByteRange& file, const cByteReader& row, unsigned shift)
 {
-    const std::uint64_t offset = std::uint64_t{row.Word(0)} << shift;
-    if (offset >= file.size())
-        return {};
-    const std::uint64_t length = std::uint64_t{row.Word(2)} << shift;
-    return BytesAt(file, offset, std::min(length, file.size() - offset));
+    return file.From(std::uint64_t{row.Word(0)} << shift, std::uint64_t{row.Word(2)} << shift);
 }
 
 } // namespace
 
-IconTable ReadNeIcons(ByteView file, std::size_t header)
+IconTable ReadNeIcons(const cByteSource& file, std::uint64_t header)
 {
-    const ByteView headerBytes = BytesAt(file, header, HeaderBytes);
-    if (headerBytes.empty())
+    const ByteRange headerPlace = file.All().At(header, HeaderBytes);
+    if (headerPlace.IsEmpty())
         return {};
+    const std::vector<std::uint8_t> headerBytes = file.Bytes(headerPlace);
     const cByteReader fields(headerBytes);
     constexpr std::uint16_t signature = 'N' | 'E' << 8;
-    const std::size_t tableOffset = fields.Word(36);
-    const std::size_t namesOffset = fields.Word(38);
+    const std::uint64_t tableOffset = fields.Word(36);
+    const std::uint64_t namesOffset = fields.Word(38);
     // A program without resources has its names where the table would be.
     if (fields.Word(0) != signature || tableOffset == 0 || tableOffset == namesOffset)
         return {};
-    const std::size_t start = std::min(header + tableOffset, file.size());
-    const ByteView rows = file.subspan(start, std::min(MostTableBytes, file.size() - start));
+    const std::vector<std::uint8_t> rows = file.Bytes(file.All().From(header + tableOffset, MostTableBytes));
     const cByteReader reader(rows);
     const unsigned shift = reader.Word(0);
     if (shift > MostShift)
@@ -57,12 +53,13 @@ IconTable ReadNeIcons(ByteView file, std::size_t header)
         if (BytesAt(rows, place, count * RowBytes).empty() && count != 0)
             break;
         for (std::size_t index = 0; index < count; ++index, place += RowBytes) {
-            const cByteReader row(rows.subspan(place, RowBytes));
+            const cByteReader row(BytesAt(rows, place, RowBytes));
             const std::uint16_t name = row.Word(6);
             if (type == GroupResource)
-                table.groups.push_back(ResourceAt(file, row, shift));
+                table.groups.push_back(ResourceAt(file.All(), row, shift));
             else if (type == ImageResource && (name & NumberBit) != 0)
-                table.images.emplace_back(static_cast<std::uint16_t>(name ^ NumberBit), ResourceAt(file, row, shift));
+                table.images.emplace_back(static_cast<std::uint16_t>(name ^ NumberBit),
+                                          ResourceAt(file.All(), row, shift));
         }
     }
     table.SortImages();

@@ -4,11 +4,9 @@
 
 #include "imagetools/icons/modIconTable.h"
 
-#include <cstddef>
-
 namespace ob {
 
-// The table of a program whose NE header starts at that place; empty for anything else.
-IconTable ReadNeIcons(ByteView file, std::size_t header);
+// The table of a program whose NE header starts at that place; empty for anything else. Throws what the source throws.
+IconTable ReadNeIcons(const cByteSource& file, std::uint64_t header);
 
 } // namespace ob

@@ -4,12 +4,10 @@
 
 #include "imagetools/icons/modIconTable.h"
 
-#include <cstddef>
-
 namespace ob {
 
 // The table of a program whose PE header starts at that place; empty for anything else. Loops, and offsets beyond the
-// end, result in icons without an image. Of an icon in several languages the first counts.
-IconTable ReadPeIcons(ByteView file, std::size_t header);
+// end, end in icons without an image. Of an icon in several languages the first counts. Throws what the source throws.
+IconTable ReadPeIcons(const cByteSource& file, std::uint64_t header);
 
 } // namespace ob

@@ -174,37 +174,32 @@ void cEmfPlayer::SetViewportExtent(Record& record)
 
 void cEmfPlayer::SetWindowOrigin(Record& record)
 {
-    MetafileMapping mapping = canvas.State().mapping;
-    mapping.windowOrigin = Point(record);
-    canvas.SetMapping(mapping);
+    canvas.SetOrigin(&MetafileMapping::windowOrigin, Point(record));
 }
 
 void cEmfPlayer::SetViewportOrigin(Record& record)
 {
-    MetafileMapping mapping = canvas.State().mapping;
-    mapping.viewportOrigin = Point(record);
-    canvas.SetMapping(mapping);
+    canvas.SetOrigin(&MetafileMapping::viewportOrigin, Point(record));
 }
 
-static QPointF Scaled(QPointF extent, cMetafileRecord& record)
+static MetafileScale Scale(cMetafileRecord& record)
 {
-    const double x = record.Int32();
-    const double xDivisor = record.Int32();
-    const double y = record.Int32();
-    const double yDivisor = record.Int32();
-    if (record.IsShort() || xDivisor == 0 || yDivisor == 0)
-        return extent;
-    return {extent.x() * x / xDivisor, extent.y() * y / yDivisor};
+    MetafileScale scale;
+    scale.x = record.Int32();
+    scale.xDivisor = record.Int32();
+    scale.y = record.Int32();
+    scale.yDivisor = record.Int32();
+    return record.IsShort() ? MetafileScale() : scale;
 }
 
 void cEmfPlayer::ScaleWindow(Record& record)
 {
-    canvas.SetExtent(&MetafileMapping::windowExtent, Scaled(canvas.State().mapping.windowExtent, record));
+    canvas.ScaleExtent(&MetafileMapping::windowExtent, Scale(record));
 }
 
 void cEmfPlayer::ScaleViewport(Record& record)
 {
-    canvas.SetExtent(&MetafileMapping::viewportExtent, Scaled(canvas.State().mapping.viewportExtent, record));
+    canvas.ScaleExtent(&MetafileMapping::viewportExtent, Scale(record));
 }
 
 void cEmfPlayer::SetBrushOrigin(Record& record)

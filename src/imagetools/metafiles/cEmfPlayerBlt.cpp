@@ -162,10 +162,10 @@ void cEmfPlayer::PlayText(Record& record, Characters characters)
         return;
     text.text = characters == Characters::Unicode ? TextOfUnits(bytes) : canvas.TextOfBytes(bytes);
     const std::uint32_t step = (text.options & pairsOfAdvances) != 0 ? 8 : 4;
-    const QByteArrayView advances = advancesAt == 0 ? QByteArrayView() : record.At(advancesAt, count * step);
+    Record advances(advancesAt == 0 ? QByteArrayView() : record.At(advancesAt, count * step));
     if (text.text.size() == static_cast<qsizetype>(count))
-        for (qsizetype i = 0; i < advances.size(); i += step)
-            text.advances.push_back(qFromLittleEndian<std::int32_t>(advances.data() + i));
+        for (; advances.Left() > 0; advances.Skip(step - 4))
+            text.advances.push_back(advances.Int32());
     canvas.Text(text);
 }
 

@@ -88,6 +88,18 @@ void cMetafileCanvas::SetMapMode(int mode)
     SetMapping(mapping);
 }
 
+void cMetafileCanvas::SetOrigin(QPointF MetafileMapping::*origin, QPointF value)
+{
+    MetafileMapping mapping = state.mapping;
+    mapping.*origin = value;
+    SetMapping(mapping);
+}
+
+void cMetafileCanvas::MoveOrigin(QPointF MetafileMapping::*origin, QPointF distance)
+{
+    SetOrigin(origin, state.mapping.*origin + distance);
+}
+
 void cMetafileCanvas::SetExtent(QPointF MetafileMapping::*side, QPointF value)
 {
     if (state.mapping.mode < MapMode::Isotropic || value.x() == 0 || value.y() == 0)
@@ -95,6 +107,14 @@ void cMetafileCanvas::SetExtent(QPointF MetafileMapping::*side, QPointF value)
     MetafileMapping mapping = state.mapping;
     mapping.*side = value;
     SetMapping(mapping);
+}
+
+void cMetafileCanvas::ScaleExtent(QPointF MetafileMapping::*side, const MetafileScale& scale)
+{
+    if (scale.xDivisor == 0 || scale.yDivisor == 0)
+        return;
+    const QPointF old = state.mapping.*side;
+    SetExtent(side, {old.x() * scale.x / scale.xDivisor, old.y() * scale.y / scale.yDivisor});
 }
 
 void cMetafileCanvas::SaveState()

@@ -34,6 +34,14 @@ struct MetafileText {
     QRectF box; // of Opaque and Clipped
 };
 
+// What an extent is multiplied by; a divisor of 0 leaves it unchanged.
+struct MetafileScale {
+    double x = 1;
+    double xDivisor = 1;
+    double y = 1;
+    double yDivisor = 1;
+};
+
 // A picture and its target; negative sides mirror it.
 struct MetafileBlt {
     QImage image;
@@ -56,7 +64,10 @@ public:
     MetafileState& State() { return state; }
     void SetMapping(const MetafileMapping& mapping);
     void SetMapMode(int mode);
+    void SetOrigin(QPointF MetafileMapping::*origin, QPointF value);
+    void MoveOrigin(QPointF MetafileMapping::*origin, QPointF distance);
     void SetExtent(QPointF MetafileMapping::*extent, QPointF value);
+    void ScaleExtent(QPointF MetafileMapping::*extent, const MetafileScale& scale);
     void SaveState();
     void RestoreState(int which); // negative: relative to the last; positive: the one of that number
     void Select(const MetafileObject& object);

@@ -2,8 +2,8 @@
 // One record of a metafile, read from its start to its end and never beyond.
 #pragma once
 
-#include <QByteArrayView>
-#include <QtEndian>
+#include "imaging/cByteReader.h"
+#include "platform/files/modByteViews.h"
 
 #include <bit>
 #include <cstdint>
@@ -14,62 +14,41 @@ namespace ob {
 // drawing.
 class cMetafileRecord {
 public:
-    explicit cMetafileRecord(QByteArrayView record) : bytes(record) {}
+    explicit cMetafileRecord(QByteArrayView record) : reader(ByteViewOf(record)) {}
 
-    std::uint8_t UInt8() { return Number<std::uint8_t>(); }
-    std::uint16_t UInt16() { return Number<std::uint16_t>(); }
-    std::int16_t Int16() { return Number<std::int16_t>(); }
-    std::uint32_t UInt32() { return Number<std::uint32_t>(); }
-    std::int32_t Int32() { return Number<std::int32_t>(); }
+    std::uint8_t UInt8() { return reader.Next<std::uint8_t>(); }
+    std::uint16_t UInt16() { return reader.Next<std::uint16_t>(); }
+    std::int16_t Int16() { return reader.Next<std::int16_t>(); }
+    std::uint32_t UInt32() { return reader.Next<std::uint32_t>(); }
+    std::int32_t Int32() { return reader.Next<std::int32_t>(); }
     float Float() { return std::bit_cast<float>(UInt32()); }
 
+    // A count below 0 is more than there is.
     void Skip(qsizetype count) { (void)Bytes(count); }
-    QByteArrayView Bytes(qsizetype count)
-    {
-        if (count < 0 || count > Left()) {
-            isShort = true;
-            position = bytes.size();
-            return {};
-        }
-        const QByteArrayView taken = bytes.sliced(position, count);
-        position += count;
-        return taken;
-    }
+    QByteArrayView Bytes(qsizetype count) { return QtViewOf(reader.NextBytes(static_cast<std::size_t>(count))); }
     QByteArrayView Rest() { return Bytes(Left()); }
 
     // Bytes at a distance from the record's start.
     QByteArrayView At(std::uint32_t offset, std::uint32_t count)
     {
-        if (std::uint64_t{offset} + count > static_cast<std::uint64_t>(bytes.size())) {
-            isShort = true;
-            return {};
-        }
-        return bytes.sliced(static_cast<qsizetype>(offset), static_cast<qsizetype>(count));
+        lacksBytes = lacksBytes || std::uint64_t{offset} + count > reader.All().size();
+        return QtViewOf(BytesAt(reader.All(), offset, count));
     }
 
     // Whether that many items of that size remain; marks the record as short when they are not.
     bool Holds(std::uint64_t count, std::uint64_t size)
     {
-        if (count > static_cast<std::uint64_t>(Left()) / size)
-            isShort = true;
-        return !isShort;
+        lacksBytes = lacksBytes || count > static_cast<std::uint64_t>(Left()) / size;
+        return !IsShort();
     }
 
-    qsizetype Size() const { return bytes.size(); }
-    qsizetype Left() const { return bytes.size() - position; }
-    bool IsShort() const { return isShort; }
+    qsizetype Size() const { return static_cast<qsizetype>(reader.All().size()); }
+    qsizetype Left() const { return static_cast<qsizetype>(reader.Left()); }
+    bool IsShort() const { return lacksBytes || reader.IsShort(); }
 
 private:
-    template <class Whole>
-    Whole Number()
-    {
-        const QByteArrayView taken = Bytes(static_cast<qsizetype>(sizeof(Whole)));
-        return taken.isEmpty() ? Whole{0} : qFromLittleEndian<Whole>(taken.data());
-    }
-
-    QByteArrayView bytes;
-    qsizetype position = 0;
-    bool isShort = false;
+    cByteReader reader;
+    bool lacksBytes = false; // where nothing was read in turn
 };
 
 } // namespace ob

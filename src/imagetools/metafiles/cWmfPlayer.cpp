@@ -201,9 +201,7 @@ void cWmfPlayer::RestoreState(cMetafileRecord& record)
 
 void cWmfPlayer::SetWindowOrigin(cMetafileRecord& record)
 {
-    MetafileMapping mapping = canvas.State().mapping;
-    mapping.windowOrigin = PointBackwards(record);
-    canvas.SetMapping(mapping);
+    canvas.SetOrigin(&MetafileMapping::windowOrigin, PointBackwards(record));
 }
 
 void cWmfPlayer::SetWindowExtent(cMetafileRecord& record)
@@ -213,9 +211,7 @@ void cWmfPlayer::SetWindowExtent(cMetafileRecord& record)
 
 void cWmfPlayer::SetViewportOrigin(cMetafileRecord& record)
 {
-    MetafileMapping mapping = canvas.State().mapping;
-    mapping.viewportOrigin = PointBackwards(record);
-    canvas.SetMapping(mapping);
+    canvas.SetOrigin(&MetafileMapping::viewportOrigin, PointBackwards(record));
 }
 
 void cWmfPlayer::SetViewportExtent(cMetafileRecord& record)
@@ -225,37 +221,32 @@ void cWmfPlayer::SetViewportExtent(cMetafileRecord& record)
 
 void cWmfPlayer::OffsetWindow(cMetafileRecord& record)
 {
-    MetafileMapping mapping = canvas.State().mapping;
-    mapping.windowOrigin += PointBackwards(record);
-    canvas.SetMapping(mapping);
+    canvas.MoveOrigin(&MetafileMapping::windowOrigin, PointBackwards(record));
 }
 
 void cWmfPlayer::OffsetViewport(cMetafileRecord& record)
 {
-    MetafileMapping mapping = canvas.State().mapping;
-    mapping.viewportOrigin += PointBackwards(record);
-    canvas.SetMapping(mapping);
+    canvas.MoveOrigin(&MetafileMapping::viewportOrigin, PointBackwards(record));
 }
 
-static QPointF Scaled(QPointF extent, cMetafileRecord& record)
+static MetafileScale Scale(cMetafileRecord& record)
 {
-    const double yDivisor = record.Int16();
-    const double y = record.Int16();
-    const double xDivisor = record.Int16();
-    const double x = record.Int16();
-    if (record.IsShort() || xDivisor == 0 || yDivisor == 0)
-        return extent;
-    return {extent.x() * x / xDivisor, extent.y() * y / yDivisor};
+    MetafileScale scale;
+    scale.yDivisor = record.Int16();
+    scale.y = record.Int16();
+    scale.xDivisor = record.Int16();
+    scale.x = record.Int16();
+    return record.IsShort() ? MetafileScale() : scale;
 }
 
 void cWmfPlayer::ScaleWindow(cMetafileRecord& record)
 {
-    canvas.SetExtent(&MetafileMapping::windowExtent, Scaled(canvas.State().mapping.windowExtent, record));
+    canvas.ScaleExtent(&MetafileMapping::windowExtent, Scale(record));
 }
 
 void cWmfPlayer::ScaleViewport(cMetafileRecord& record)
 {
-    canvas.SetExtent(&MetafileMapping::viewportExtent, Scaled(canvas.State().mapping.viewportExtent, record));
+    canvas.ScaleExtent(&MetafileMapping::viewportExtent, Scale(record));
 }
 
 // --- Objects: a new one takes the first free place. -----------------------------------------------------------------

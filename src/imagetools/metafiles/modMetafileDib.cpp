@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::uint32_t OldHeaderSize = 12;
 constexpr std::uint32_t HeaderSize = 40;
-constexpr int FileHeaderBytes = 14;
 
 struct DibHeader {
     std::uint32_t size = 0;
@@ -82,12 +81,6 @@ QImage ImageWithAlpha(QByteArrayView pixels, const DibHeader& header)
     return header.height < 0 ? lines.copy() : lines.mirrored();
 }
 
-void AppendNumber(QByteArray& bytes, std::uint32_t number)
-{
-    for (int shift = 0; shift < 32; shift += 8)
-        bytes.append(static_cast<char>(number >> shift & 0xFF));
-}
-
 } // namespace
 
 DibSize SizeOfDib(QByteArrayView info)
@@ -118,15 +111,7 @@ QImage ImageOfDib(QByteArrayView info, QByteArrayView pixels, DibAlpha alpha)
         return ImageOfFile(pixels, header);
     if (alpha == DibAlpha::Used && header.bits == 32)
         return ImageWithAlpha(pixels, header);
-    QByteArray file;
-    file.reserve(FileHeaderBytes + info.size() + pixels.size());
-    file.append("BM");
-    AppendNumber(file, 0);
-    AppendNumber(file, 0);
-    AppendNumber(file, static_cast<std::uint32_t>(FileHeaderBytes + info.size()));
-    file.append(info).append(pixels);
-    const auto read =
-        ReadBitmap({reinterpret_cast<const std::uint8_t*>(file.data()), static_cast<std::size_t>(file.size())});
+    const auto read = ReadBitmap({ByteViewOf(info), ByteViewOf(pixels)});
     const auto* picture = std::get_if<cDIBSection>(&read);
     return picture == nullptr ? QImage() : ImageOf(*picture);
 }

@@ -2,7 +2,7 @@
 // The objects with which a metafile draws.
 #include "imagetools/metafiles/modMetafileObjects.h"
 
-#include <QtEndian>
+#include "imagetools/metafiles/cMetafileRecord.h"
 
 #include <algorithm>
 #include <cmath>
@@ -96,9 +96,10 @@ QRgb ColorOfRecord(std::uint32_t color)
 
 QString TextOfUnits(QByteArrayView units)
 {
+    cMetafileRecord record(units);
     QString text;
-    for (qsizetype i = 0; i + 1 < units.size(); i += 2)
-        text.append(QChar(qFromLittleEndian<std::uint16_t>(units.data() + i)));
+    while (record.Left() >= 2)
+        text.append(QChar(record.UInt16()));
     return text;
 }
 

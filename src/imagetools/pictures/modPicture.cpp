@@ -5,6 +5,7 @@
 #include "imagetools/metafiles/modMetafile.h"
 #include "imaging/modBitmapFile.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/files/modByteViews.h"
 #include "platform/files/modFilePieces.h"
 #include "platform/files/modFiles.h"
 
@@ -14,17 +15,9 @@
 #include <QGuiApplication>
 #include <QImageReader>
 
-#include <cerrno>
-#include <vector>
-
 namespace ob {
 
 namespace {
-
-ByteView ViewOf(QByteArrayView bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())};
-}
 
 cDIBSection PictureOfToolkit(QByteArrayView bytes)
 {
@@ -52,48 +45,13 @@ cDIBSection PictureOfMetafile(QByteArrayView bytes)
     return picture;
 }
 
-std::vector<QByteArrayView> ViewsOf(std::span<const ByteView> pieces)
-{
-    std::vector<QByteArrayView> views;
-    for (const ByteView piece : pieces)
-        views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
-    return views;
-}
-
-WriteResult ResultOf(const RuntimeError& error)
-{
-    switch (static_cast<ErrorNumber>(error.number)) {
-    case ErrorNumber::PathNotFound:
-        return {FileOutcome::NotOpened, ENOENT};
-    case ErrorNumber::PathFileAccess:
-        return {FileOutcome::NotOpened, EACCES};
-    case ErrorNumber::PermissionDenied:
-        return {FileOutcome::NotOpened, EBUSY};
-    default:
-        return {FileOutcome::Failed, EIO};
-    }
-}
-
-template <class Write>
-FileWriter WriterOf(Write write)
-{
-    return [write](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
-        try {
-            write(QString::fromStdString(fileName), FilePieces(ViewsOf(pieces)));
-            return {};
-        } catch (const RuntimeError& error) {
-            return ResultOf(error);
-        }
-    };
-}
-
 } // namespace
 
 cDIBSection PictureOfBytes(QByteArrayView bytes)
 {
     if (!bytes.startsWith("BM"))
         return IsMetafile(bytes) ? PictureOfMetafile(bytes) : PictureOfToolkit(bytes);
-    auto read = ReadBitmap(ViewOf(bytes));
+    auto read = ReadBitmap(ByteViewOf(bytes));
     if (auto* picture = std::get_if<cDIBSection>(&read))
         return std::move(*picture);
     throw RuntimeErrorOf(ErrorNumber::InvalidPicture);
@@ -137,12 +95,10 @@ FileReader DiskReader()
 
 FileWriter DiskWriter()
 {
-    return WriterOf([](const QString& path, FilePieces pieces) { ReplaceFile(path, pieces); });
-}
-
-FileWriter DiskWriterKeepingTail()
-{
-    return WriterOf([](const QString& path, FilePieces pieces) { WriteKeepingTail(path, pieces); });
+    return [](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
+        ReplaceFile(QString::fromStdString(fileName), QtViewsOf(pieces));
+        return {};
+    };
 }
 
 NoticeSink NoticeBoxes()
@@ -150,11 +106,6 @@ NoticeSink NoticeBoxes()
     return [](const std::string& text, NoticeIcon icon) {
         MsgBox(QString::fromStdString(text), icon == NoticeIcon::Stop ? BoxIcon::Critical : BoxIcon::Information);
     };
-}
-
-RuntimeError RuntimeErrorOf(const ImagingError& error)
-{
-    return {error.number, QString::fromStdString(error.source), QString::fromStdString(error.description)};
 }
 
 } // namespace ob

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "imagetools/images/modImage.h"
-#include "imaging/cImagingError.h"
 #include "imaging/modFileAccess.h"
 #include "platform/language/cRuntimeError.h"
 
@@ -28,16 +27,12 @@ cDIBSection LoadPicture(const QString& path);
 enum class ClipboardForm { Bitmap, Dib };
 bool CopyToClipboard(const cDIBSection& picture, ClipboardForm form);
 
-// Files on disk for the imaging library; names are UTF-8. The writer replaces a file completely or keeps the old one;
-// the other writes at the start of a file and keeps the rest of a longer one.
+// Files on disk for the imaging library; names are UTF-8. The reader gives its outcome as a value. The writer replaces
+// a file as ReplaceFile of modFilePieces.h does, and raises what that raises, which the library lets through.
 FileReader DiskReader();
 FileWriter DiskWriter();
-FileWriter DiskWriterKeepingTail();
 
 // The library's messages as boxes.
 NoticeSink NoticeBoxes();
-
-// Converts the library's error to the one that the program shows.
-RuntimeError RuntimeErrorOf(const ImagingError& error);
 
 } // namespace ob

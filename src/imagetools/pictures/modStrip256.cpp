@@ -4,33 +4,21 @@
 
 #include "imagetools/pictures/modPicture.h"
 #include "imaging/cDIBSectionSave.h"
-#include "platform/files/modFilePieces.h"
 
 #include <new>
 #include <optional>
 #include <utility>
-#include <vector>
 
 namespace ob {
 
 namespace {
 
-// The picture takes the colours of the file. The library ignores a writer's result, so disk errors leave it as
-// exceptions.
+// The picture takes the colours of the file.
 void Save(cDIBSection picture, const QString& path)
 {
-    bool isWritten = false;
-    const FileWriter write = [&](const std::string&, std::span<const ByteView> pieces) -> WriteResult {
-        std::vector<QByteArrayView> views;
-        for (const ByteView piece : pieces)
-            views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
-        ReplaceFile(path, FilePieces(views));
-        isWritten = true;
-        return {};
-    };
     std::optional<cPalette> palette;
-    cDIBSectionSave().Save(path.toStdString(), picture, palette, SaveBitDepth::Bits8, SaveReduceMode::None, write);
-    if (!isWritten)
+    if (!cDIBSectionSave().WriteFile(path.toStdString(), picture, palette, SaveBitDepth::Bits8, SaveReduceMode::None,
+                                     DiskWriter()))
         throw std::bad_alloc();
 }
 

@@ -3,7 +3,6 @@
 #include "imagetools/sprites/modMask.h"
 
 #include "imagetools/pictures/modPicture.h"
-#include "platform/files/modFilePieces.h"
 #include "platform/files/modFolders.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/language/modRuntime.h"
@@ -12,7 +11,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <vector>
 
 namespace ob {
 
@@ -48,17 +46,6 @@ cDIBSection EmptyPicture()
     picture.Create(side, side * 2);
     std::memset(picture.DIBSectionBitsPtr(), 255, BytesOfPicture(picture));
     return picture;
-}
-
-FileWriter RaisingWriter()
-{
-    return [](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
-        std::vector<QByteArrayView> views;
-        for (const ByteView piece : pieces)
-            views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
-        ReplaceFile(QString::fromStdString(fileName), FilePieces(views));
-        return {};
-    };
 }
 
 } // namespace
@@ -110,9 +97,9 @@ cDIBSection LoadSpriteWithMask(const QString& path)
 void SaveMask(const QString& path, const cDIBSection& picture)
 {
     if (picture.hDib() != 0)
-        picture.SavePicture(path.toStdString(), RaisingWriter());
+        picture.WriteFile(path.toStdString(), DiskWriter());
     else
-        EmptyPicture().SavePicture(path.toStdString(), RaisingWriter());
+        EmptyPicture().WriteFile(path.toStdString(), DiskWriter());
 }
 
 QStringList BitmapsIn(const QString& folder)

@@ -2,9 +2,8 @@
 // obtool avi: videos of bitmap files.
 #include "obtool/toolGroups.h"
 
-#include "imagetools/avi/modAvi.h"
+#include "imagetools/avi/cAviWriting.h"
 #include "obtool/toolOutput.h"
-#include "platform/language/cRuntimeError.h"
 
 #include <memory>
 
@@ -32,8 +31,8 @@ AviList ListOf(const std::vector<std::string>& files)
         try {
             if (const auto format = FormatForList(list, path, Notes()))
                 AddToList(list, path, *format);
-        } catch (const RuntimeError& error) {
-            WriteNote(QStringLiteral("%1: %2").arg(path, error.description));
+        } catch (const NumberedError& error) {
+            WriteNote(QStringLiteral("%1: %2").arg(path, QString::fromUtf8(error.what())));
         }
     }
     return list;
@@ -46,19 +45,16 @@ void Write(const AviArguments& arguments)
     const AviList list = ListOf(arguments.files);
     if (list.files.isEmpty())
         throw ToolFailure(arguments.out, QStringLiteral("There is no bitmap to make a video of."));
-    AviWriting writing(PathOf(arguments.out), list, QString::fromStdString(arguments.framesPerSecond), Notes());
-    const AviState state = OnFile(arguments.out, [&] {
-        AviState now = writing.Begin([&](const AviFormat&) {
+    cAviWriting writing(PathOf(arguments.out), list, QString::fromStdString(arguments.framesPerSecond), Notes());
+    OnFile(arguments.out, [&] {
+        AviState state = writing.Begin([&](const AviFormat&) {
             AviOptions options;
             options.codec = arguments.codec;
             return options;
         });
-        while (now == AviState::Writing)
-            now = writing.WriteFrame();
-        return now;
+        while (state == AviState::Writing)
+            state = writing.WriteFrame();
     });
-    if (state == AviState::Failed)
-        throw ToolFailure(arguments.out, (writing.Message() + u' ' + writing.Reason()).trimmed());
 }
 
 void Codecs()

@@ -5,7 +5,6 @@
 #include "imagetools/icons/modIcon.h"
 #include "imagetools/icons/modIconFile.h"
 #include "obtool/pictures/toolPicture.h"
-#include "platform/files/cMappedFile.h"
 
 #include <map>
 #include <memory>
@@ -27,8 +26,7 @@ template <class Work>
 void WithIcons(const std::string& file, Work work)
 {
     OnFile(file, [&] {
-        const cMappedFile mapped(PathOf(file));
-        const IconIndex icons(mapped.Bytes());
+        const cIconIndex icons = IconsOfFile(PathOf(file));
         if (icons.Count() == 0)
             throw ToolFailure(file, QStringLiteral("There is no icon in the file."));
         work(icons);
@@ -38,7 +36,7 @@ void WithIcons(const std::string& file, Work work)
 Icon IconOf(const std::string& file, int index)
 {
     Icon icon;
-    WithIcons(file, [&](const IconIndex& icons) {
+    WithIcons(file, [&](const cIconIndex& icons) {
         if (index < 0 || index >= icons.Count())
             throw ToolFailure(file, QStringLiteral("There is no icon %1 in the file.").arg(index));
         const std::optional<IconImage> image = icons.Extract(index);
@@ -52,7 +50,7 @@ Icon IconOf(const std::string& file, int index)
 // Icons that cannot be read are skipped, and named after the others.
 void List(const std::string& file)
 {
-    WithIcons(file, [&](const IconIndex& icons) {
+    WithIcons(file, [&](const cIconIndex& icons) {
         QByteArray report;
         std::optional<int> unreadable;
         for (int index = 0; index < icons.Count(); ++index) {

@@ -6,6 +6,7 @@
 #include "imaging/cColourReduceDIB.h"
 #include "imaging/cDIB.h"
 #include "imaging/cDIBSectionSave.h"
+#include "imaging/cImagingError.h"
 #include "obtool/pictures/toolPicture.h"
 #include "platform/files/modFiles.h"
 
@@ -81,18 +82,11 @@ void Save(const ImageArguments& arguments)
     std::optional<cPalette> palette;
     if (!arguments.palette.empty())
         palette = ReadPaletteArgument(arguments.palette, PaletteFormat::Text);
-    bool isWritten = false;
-    const FileWriter write = [&](const std::string& file, std::span<const ByteView> pieces) {
-        isWritten = true;
-        return ToolWriter()(file, pieces);
-    };
     OnFile(arguments.in, [&] {
-        cDIBSectionSave().Save(arguments.out, picture, palette, depths.at(arguments.depth), modes.at(arguments.reduce),
-                               write);
+        if (!cDIBSectionSave().WriteFile(arguments.out, picture, palette, depths.at(arguments.depth),
+                                         modes.at(arguments.reduce), ToolWriter()))
+            RaiseOutOfMemory();
     });
-    // The save's own result is false whatever happened.
-    if (!isWritten)
-        throw ToolFailure(arguments.in, QStringLiteral("Out of memory"));
 }
 
 void Resample(const ImageArguments& arguments)
@@ -102,7 +96,7 @@ void Resample(const ImageArguments& arguments)
         const std::optional<cDIBSection> scaled = picture.Resample(arguments.height, arguments.width);
         if (!scaled)
             throw ToolFailure(arguments.in, QStringLiteral("A picture of that size cannot be made."));
-        scaled->SavePicture(arguments.out, ToolWriter());
+        scaled->WriteFile(arguments.out, ToolWriter());
     });
 }
 
@@ -111,7 +105,7 @@ void Gray(const ImageArguments& arguments)
     cDIBSection picture = ReadPictureArgument(arguments.in);
     OnFile(arguments.in, [&] {
         cColourReduceDIB().GrayScale(picture);
-        picture.SavePicture(arguments.out, ToolWriter());
+        picture.WriteFile(arguments.out, ToolWriter());
     });
 }
 
@@ -120,7 +114,7 @@ void Mono(const ImageArguments& arguments)
     cDIBSection picture = ReadPictureArgument(arguments.in);
     OnFile(arguments.in, [&] {
         cColourReduceDIB().BlackAndWhite(picture, picture);
-        picture.SavePicture(arguments.out, ToolWriter());
+        picture.WriteFile(arguments.out, ToolWriter());
     });
 }
 
@@ -130,7 +124,7 @@ void Remap(const ImageArguments& arguments)
     const cPalette palette = ReadPaletteArgument(arguments.palette, PaletteFormat::Text);
     OnFile(arguments.in, [&] {
         cColourReduceDIB().ApplyPalette(picture, picture, palette, arguments.dither ? Dither::On : Dither::Off);
-        picture.SavePicture(arguments.out, ToolWriter());
+        picture.WriteFile(arguments.out, ToolWriter());
     });
 }
 

@@ -4,12 +4,9 @@
 
 #include "imagetools/metafiles/modMetafile.h"
 #include "imagetools/pictures/modPicture.h"
-#include "platform/files/modFilePieces.h"
 
 #include <QByteArray>
 #include <QGuiApplication>
-
-#include <vector>
 
 namespace ob {
 
@@ -44,12 +41,8 @@ cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format)
 
 FileWriter ToolWriter()
 {
-    return [](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
-        std::vector<QByteArrayView> views;
-        for (const ByteView piece : pieces)
-            views.emplace_back(reinterpret_cast<const char*>(piece.data()), static_cast<qsizetype>(piece.size()));
-        OnFile(fileName, [&] { ReplaceFile(PathOf(fileName), FilePieces(views)); });
-        return {};
+    return [write = DiskWriter()](const std::string& fileName, std::span<const ByteView> pieces) {
+        return OnFile(fileName, [&] { return write(PathOf(fileName).toStdString(), pieces); });
     };
 }
 

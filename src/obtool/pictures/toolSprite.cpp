@@ -24,7 +24,7 @@ struct SpriteArguments {
 void Mask(const SpriteArguments& arguments)
 {
     const cDIBSection sprite = ReadPictureArgument(arguments.in);
-    SpriteWithMask(sprite).SavePicture(arguments.out, ToolWriter());
+    SpriteWithMask(sprite).WriteFile(arguments.out, ToolWriter());
 }
 
 void MaskFolder(const std::string& argument)

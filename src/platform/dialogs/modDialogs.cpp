@@ -119,9 +119,10 @@ QList<FileFilter> FileFiltersOf(const QString& filter)
     return filters;
 }
 
-void ShowRuntimeError(const RuntimeError& error)
+void ShowRuntimeError(const NumberedError& error)
 {
-    MsgBox(QStringLiteral("Run-time error '%1':\n%2").arg(error.number).arg(error.description), BoxIcon::Critical);
+    MsgBox(QStringLiteral("Run-time error '%1':\n%2").arg(error.number).arg(QString::fromUtf8(error.what())),
+           BoxIcon::Critical);
 }
 
 static void ShowUnexpectedError(const QString& reason)
@@ -133,7 +134,7 @@ void ShowCaughtError()
 {
     try {
         throw;
-    } catch (const RuntimeError& error) {
+    } catch (const NumberedError& error) {
         ShowRuntimeError(error);
     } catch (const std::bad_alloc&) {
         ShowRuntimeError(RuntimeError(7, {}, QStringLiteral("Out of memory")));

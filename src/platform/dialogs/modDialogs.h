@@ -11,7 +11,7 @@
 
 namespace ob {
 
-class RuntimeError;
+class NumberedError;
 
 enum class BoxIcon { None, Critical, Question, Exclamation, Information };
 enum class BoxButtons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
@@ -101,7 +101,7 @@ struct FileFilter {
 QList<FileFilter> FileFiltersOf(const QString& filter);
 
 // "Run-time error 'N':", a line break and the description, with the stop icon.
-void ShowRuntimeError(const RuntimeError& error);
+void ShowRuntimeError(const NumberedError& error);
 
 // Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the runtime's
 // error 7, any other with its reason.

@@ -2,23 +2,24 @@
 // A runtime error of the language: thrown where a routine raises it, shown in one place when nobody catches it.
 #pragma once
 
+#include "imaging/cNumberedError.h"
+
 #include <QString>
 
-#include <exception>
+#include <utility>
 
 namespace ob {
 
-class RuntimeError : public std::exception {
+class RuntimeError : public NumberedError {
 public:
     RuntimeError(int errorNumber, QString errorSource, QString errorDescription)
-        : number(errorNumber), source(std::move(errorSource)), description(std::move(errorDescription)),
+        : NumberedError(errorNumber), source(std::move(errorSource)), description(std::move(errorDescription)),
           text(description.toUtf8())
     {
     }
 
     const char* what() const noexcept override { return text.constData(); }
 
-    int number;
     QString source;
     QString description;
 

@@ -2,6 +2,9 @@
 // The reader of standard MIDI files.
 #include "platform/media/modMidi.h"
 
+#include "imaging/cByteReader.h"
+#include "platform/files/modByteViews.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -12,62 +15,33 @@ namespace {
 constexpr std::uint8_t TempoMark = 0xFF; // an event of our own: microseconds a beat in `offset`
 constexpr double UsualTempo = 500'000;   // microseconds a beat
 
-// Bytes read in sequence; a read beyond the end yields zeros and makes the cursor fail.
-class Cursor {
-public:
-    Cursor(QByteArrayView all, qsizetype from, qsizetype count) : bytes(all), place(from), end(from + count) {}
+std::uint8_t NextByte(cByteReader& in)
+{
+    return in.Next<std::uint8_t>();
+}
 
-    bool Failed() const { return failed; }
-    qsizetype Place() const { return place; }
-    qsizetype Left() const { return end - place; }
+std::uint16_t NextWord(cByteReader& in)
+{
+    return in.Next<std::uint16_t, std::endian::big>();
+}
 
-    std::uint8_t Byte()
-    {
-        if (place >= end) {
-            failed = true;
-            return 0;
-        }
-        return static_cast<std::uint8_t>(bytes[place++]);
+std::uint32_t NextLong(cByteReader& in)
+{
+    return in.Next<std::uint32_t, std::endian::big>();
+}
+
+// Seven bits a byte, at most four bytes; nothing when the bytes end or make no number.
+std::optional<std::uint32_t> NextVariable(cByteReader& in)
+{
+    std::uint32_t value = 0;
+    for (int i = 0; i < 4; ++i) {
+        const std::uint8_t byte = NextByte(in);
+        value = (value << 7) | (byte & 0x7FU);
+        if (byte < 0x80)
+            return in.IsShort() ? std::nullopt : std::optional(value);
     }
-
-    std::uint8_t Peek() const { return place < end ? static_cast<std::uint8_t>(bytes[place]) : std::uint8_t{0}; }
-
-    std::uint32_t Number(int width)
-    {
-        std::uint32_t value = 0;
-        for (int i = 0; i < width; ++i)
-            value = (value << 8) | Byte();
-        return value;
-    }
-
-    std::uint32_t VariableNumber()
-    {
-        std::uint32_t value = 0;
-        for (int i = 0; i < 4; ++i) {
-            const std::uint8_t byte = Byte();
-            value = (value << 7) | (byte & 0x7FU);
-            if (byte < 0x80)
-                return value;
-        }
-        failed = true;
-        return 0;
-    }
-
-    void Skip(std::uint32_t count)
-    {
-        if (static_cast<qsizetype>(count) > Left()) {
-            failed = true;
-            return;
-        }
-        place += static_cast<qsizetype>(count);
-    }
-
-private:
-    QByteArrayView bytes;
-    qsizetype place;
-    qsizetype end;
-    bool failed = false;
-};
+    return std::nullopt;
+}
 
 // While a file is read, `time` is in ticks.
 struct Reading {
@@ -75,79 +49,91 @@ struct Reading {
     std::int64_t end = 0;
 };
 
+// What follows the mark of a meta event. False at the track's end, or where the bytes make no sense.
+bool TakeMeta(cByteReader& in, MidiEvent event, Reading& reading)
+{
+    const std::uint8_t kind = NextByte(in);
+    const auto length = NextVariable(in);
+    if (kind == 0x2F || !length)
+        return false;
+    if (kind == 0x51 && *length == 3) {
+        event.status = TempoMark;
+        event.offset = std::uint32_t{NextByte(in)} << 16;
+        event.offset |= NextWord(in);
+        if (!in.IsShort() && event.offset != 0)
+            reading.events.push_back(event);
+    } else {
+        in.Skip(*length);
+    }
+    return !in.IsShort();
+}
+
+bool TakeSystemMessage(cByteReader& in, MidiEvent event, Reading& reading)
+{
+    const auto length = NextVariable(in);
+    if (!length)
+        return false;
+    event.length = *length;
+    event.offset = static_cast<std::uint32_t>(in.Position());
+    const bool opens = event.status == 0xF0;
+    in.Skip(event.length);
+    // Only messages that are complete in one piece are passed on.
+    if (!in.IsShort() && opens && event.length > 0) {
+        event.length -= 1;
+        reading.events.push_back(event);
+    }
+    return !in.IsShort();
+}
+
 // Reads one message. False at the track's end, or where the bytes make no sense.
-bool TakeMessage(Cursor& in, std::uint8_t& running, std::int64_t tick, Reading& reading)
+bool TakeMessage(cByteReader& in, std::uint8_t& running, std::int64_t tick, Reading& reading)
 {
     MidiEvent event;
     event.time = tick;
-    event.status = in.Peek() < 0x80 ? running : in.Byte();
-    if (event.status == 0xFF) {
-        const std::uint8_t kind = in.Byte();
-        const std::uint32_t length = in.VariableNumber();
-        if (kind == 0x2F)
-            return false;
-        if (kind == 0x51 && length == 3) {
-            event.status = TempoMark;
-            event.offset = in.Number(3);
-            if (!in.Failed() && event.offset != 0)
-                reading.events.push_back(event);
-        } else {
-            in.Skip(length);
-        }
-        return !in.Failed();
-    }
-    if (event.status == 0xF0 || event.status == 0xF7) {
-        event.length = in.VariableNumber();
-        event.offset = static_cast<std::uint32_t>(in.Place());
-        const bool opens = event.status == 0xF0;
-        in.Skip(event.length);
-        // Only messages that are complete in one piece are passed on.
-        if (!in.Failed() && opens && event.length > 0) {
-            event.length -= 1;
-            reading.events.push_back(event);
-        }
-        return !in.Failed();
-    }
+    event.status = in.Byte(in.Position()) < 0x80 ? running : NextByte(in);
+    if (event.status == 0xFF)
+        return TakeMeta(in, event, reading);
+    if (event.status == 0xF0 || event.status == 0xF7)
+        return TakeSystemMessage(in, event, reading);
     if (event.status < 0x80 || event.status > 0xEF)
         return false;
     running = event.status;
-    event.first = in.Byte() & 0x7F;
+    event.first = NextByte(in) & 0x7F;
     const int message = event.status & 0xF0;
     if (message != 0xC0 && message != 0xD0)
-        event.second = in.Byte() & 0x7F;
-    if (!in.Failed())
+        event.second = NextByte(in) & 0x7F;
+    if (!in.IsShort())
         reading.events.push_back(event);
-    return !in.Failed();
+    return !in.IsShort();
 }
 
-void ReadTrack(Cursor in, std::int64_t start, Reading& reading)
+void ReadTrack(cByteReader in, std::int64_t start, Reading& reading)
 {
     std::int64_t tick = start;
     std::uint8_t running = 0;
     while (in.Left() > 0) {
-        const std::uint32_t delta = in.VariableNumber();
-        if (in.Failed())
+        const auto delta = NextVariable(in);
+        if (!delta)
             break;
-        tick += delta;
+        tick += *delta;
         if (!TakeMessage(in, running, tick, reading))
             break;
     }
     reading.end = std::max(reading.end, tick);
 }
 
-// The start of the MIDI file: after the header of a RIFF container, if there is one.
-qsizetype StartOf(QByteArrayView file)
+// Where the MIDI file begins: after the head of a RIFF container, if there is one.
+std::size_t StartOf(QByteArrayView file)
 {
     if (!file.startsWith("RIFF") || file.size() < 12 || file.sliced(8, 4) != QByteArrayView("RMID", 4))
         return 0;
-    qsizetype place = 12;
-    while (place + 8 <= file.size()) {
-        if (file.sliced(place, 4) == QByteArrayView("data", 4))
+    const cByteReader reader(ByteViewOf(file));
+    std::size_t place = 12;
+    while (place + 8 <= reader.All().size()) {
+        if (QtViewOf(BytesAt(reader.All(), place, 4)) == QByteArrayView("data", 4))
             return place + 8;
-        std::uint32_t size = 0;
-        for (int i = 3; i >= 0; --i)
-            size = (size << 8) | static_cast<std::uint8_t>(file[place + 4 + i]);
-        place += 8 + static_cast<qsizetype>(size) + (size & 1U);
+        const std::uint32_t size = reader.Long(place + 4);
+        place += 8 + std::size_t{size} + (size & 1U);
     }
     return 0;
 }
@@ -206,28 +192,30 @@ std::optional<MidiSong> ReadMidi(QByteArrayView file)
 {
     if (file.size() > MaximumMidiSize)
         return std::nullopt;
-    const qsizetype start = StartOf(file);
-    Cursor in(file, start, file.size() - start);
-    if (in.Number(4) != 0x4D546864) // "MThd"
+    cByteReader in(ByteViewOf(file));
+    in.Skip(StartOf(file));
+    if (NextLong(in) != 0x4D546864) // "MThd"
         return std::nullopt;
-    const std::uint32_t headLength = in.Number(4);
-    const std::uint32_t format = in.Number(2);
-    in.Skip(2); // the number of tracks is found later
-    const std::uint32_t division = in.Number(2);
-    if (in.Failed() || headLength < 6 || division == 0)
+    const std::uint32_t headLength = NextLong(in);
+    const std::uint32_t format = NextWord(in);
+    in.Skip(2); // how many tracks there are shows later
+    const std::uint32_t division = NextWord(in);
+    if (in.IsShort() || headLength < 6 || division == 0)
         return std::nullopt;
     in.Skip(headLength - 6);
     Reading reading;
     bool hasTrack = false;
-    while (!in.Failed() && in.Left() >= 8) {
-        const std::uint32_t name = in.Number(4);
-        const std::uint32_t claimed = in.Number(4);
-        const qsizetype size = std::min<qsizetype>(claimed, in.Left());
+    while (in.Left() >= 8) {
+        const std::uint32_t name = NextLong(in);
+        const std::uint32_t claimed = NextLong(in);
+        const std::size_t size = std::min<std::size_t>(claimed, in.Left());
         if (name == 0x4D54726B) { // "MTrk"
             hasTrack = true;
-            ReadTrack(Cursor(file, in.Place(), size), format == 2 ? reading.end : 0, reading);
+            cByteReader track(in.All().first(in.Position() + size));
+            track.Skip(in.Position());
+            ReadTrack(track, format == 2 ? reading.end : 0, reading);
         }
-        in.Skip(static_cast<std::uint32_t>(size));
+        in.Skip(size);
     }
     if (!hasTrack)
         return std::nullopt;

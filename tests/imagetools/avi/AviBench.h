@@ -2,6 +2,7 @@
 // What the tests of videos share: bitmap files of every kind, and ffmpeg as the reference.
 #pragma once
 
+#include "imagetools/avi/cAviWriting.h"
 #include "imagetools/pictures/modPicture.h"
 
 #include "imaging/BitmapBytes.h"
@@ -22,6 +23,29 @@ inline ob::ByteView ViewOf(const QByteArray& bytes)
 {
     return {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
 }
+
+// Writes the whole video. A failure gives its state as it was, with the words in place of none.
+struct AviOutcome {
+    ob::AviState state = ob::AviState::Writing;
+    QString message;
+    QString reason;
+};
+inline AviOutcome OutcomeOf(ob::cAviWriting& writing, const ob::AviOptions& options)
+{
+    AviOutcome outcome;
+    try {
+        outcome.state = writing.Begin([&](const ob::AviFormat&) { return options; });
+        while (outcome.state == ob::AviState::Writing)
+            outcome.state = writing.WriteFrame();
+    } catch (const ob::AviFailure& failure) {
+        outcome.message = failure.message;
+        outcome.reason = failure.reason;
+    }
+    return outcome;
+}
+
+// The state that a failed writing is left in.
+constexpr ob::AviState Unfinished = ob::AviState::Writing;
 
 // One kind of bitmap file. A header above 40 bytes includes the masks.
 struct BitmapKind {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The AVI maker without its window: the list, the frame rate, every kind of bitmap, and failures along the way.
-#include "imagetools/avi/modAvi.h"
+#include "imagetools/avi/cAviWriting.h"
 
 #include "imagetools/avi/AviBench.h"
 
@@ -46,13 +46,11 @@ class tst_modAvi : public QObject {
 
     AviState Write(const AviList& list, const char* out = "out.avi", const AviOptions& options = {})
     {
-        AviWriting writing(At(out), list, QStringLiteral("5"), Sink());
-        AviState state = writing.Begin([&](const AviFormat&) { return options; });
-        while (state == AviState::Writing)
-            state = writing.WriteFrame();
-        message = writing.Message();
-        reason = writing.Reason();
-        return state;
+        cAviWriting writing(At(out), list, QStringLiteral("5"), Sink());
+        const AviOutcome outcome = OutcomeOf(writing, options);
+        message = outcome.message;
+        reason = outcome.reason;
+        return outcome.state;
     }
     QString message;
     QString reason;
@@ -258,7 +256,7 @@ private Q_SLOTS:
     void aVanishedFileRepeatsTheFrameBefore()
     {
         const AviList list = Bitmaps({}, 4);
-        AviWriting writing(At("out.avi"), list, {}, Sink());
+        cAviWriting writing(At("out.avi"), list, {}, Sink());
         QCOMPARE(writing.Begin([](const AviFormat&) { return AviOptions(); }), AviState::Writing);
         QCOMPARE(writing.FrameCount(), 4);
         QCOMPARE(writing.WriteFrame(), AviState::Writing);
@@ -270,7 +268,6 @@ private Q_SLOTS:
         QCOMPARE(writing.WriteFrame(), AviState::Finished);
         const auto pixels = [&](int frame) { return PixelsOf(LoadPicture(list.files[frame])); };
         QVERIFY(Decoded(At("out.avi")) == pixels(0) + pixels(1) + pixels(1) + pixels(3));
-        QVERIFY(writing.Message().isEmpty());
     }
 
     void aFileThatIsNoBitmapAnyMoreRepeatsTheFrameBeforeToo()
@@ -309,7 +306,7 @@ private Q_SLOTS:
     {
         const AviList list = Bitmaps({}, 2);
         QVERIFY(QFile::remove(list.files[0]));
-        QCOMPARE(Write(list), AviState::Failed);
+        QCOMPARE(Write(list), Unfinished);
         QCOMPARE(message, QStringLiteral("Could not load first bitmap file in list!"));
         QCOMPARE(notices, QStringList{QStringLiteral("File does not exist:\r\n") + list.files[0] + u'!'});
         QCOMPARE(Entries("*"), QStringList{QStringLiteral("1.bmp")});
@@ -317,23 +314,27 @@ private Q_SLOTS:
 
     void anUnwritablePlaceIsReportedBeforeTheOptions()
     {
-        AviWriting writing(At("gone/out.avi"), Bitmaps({}, 1), {}, Sink());
+        cAviWriting writing(At("gone/out.avi"), Bitmaps({}, 1), {}, Sink());
         bool isAsked = false;
-        QCOMPARE(writing.Begin([&](const AviFormat&) {
-            isAsked = true;
-            return AviOptions();
-        }),
-                 AviState::Failed);
+        try {
+            writing.Begin([&](const AviFormat&) {
+                isAsked = true;
+                return AviOptions();
+            });
+            QFAIL("no failure");
+        } catch (const AviFailure& failure) {
+            QCOMPARE(failure.message, QStringLiteral("There was an error writing the file."));
+            QCOMPARE(failure.reason, QStringLiteral("Path not found"));
+            QCOMPARE(failure.description, QStringLiteral("There was an error writing the file. Path not found"));
+        }
         QVERIFY(!isAsked);
-        QCOMPARE(writing.Message(), QStringLiteral("There was an error writing the file."));
-        QCOMPARE(writing.Reason(), QStringLiteral("Path not found"));
     }
 
     void withoutOptionsAnEmptyFileIsLeftUnlessThereIsOne()
     {
         const AviList list = Bitmaps({}, 1);
         const auto dismiss = [&](const char* out) {
-            return AviWriting(At(out), list, {}, Sink()).Begin([](const AviFormat& first) {
+            return cAviWriting(At(out), list, {}, Sink()).Begin([](const AviFormat& first) {
                 [&] { QCOMPARE(first.width, 37); }();
                 return std::optional<AviOptions>();
             });
@@ -352,7 +353,7 @@ private Q_SLOTS:
     {
         Put(At("out.avi"), "old");
         {
-            AviWriting writing(At("out.avi"), Bitmaps({}, 3), {}, Sink());
+            cAviWriting writing(At("out.avi"), Bitmaps({}, 3), {}, Sink());
             QCOMPARE(writing.Begin([](const AviFormat&) { return AviOptions(); }), AviState::Writing);
             QCOMPARE(writing.WriteFrame(), AviState::Writing);
             QCOMPARE(Entries("*.tmp").size(), 1);
@@ -382,7 +383,7 @@ private Q_SLOTS:
         const AviList list = Bitmaps({}, 30);
         {
             const FileSizeLimit full(static_cast<rlim_t>(limit));
-            QCOMPARE(Write(list), AviState::Failed);
+            QCOMPARE(Write(list), Unfinished);
         }
         QCOMPARE(message, QStringLiteral("There was an error writing the file."));
         QCOMPARE(reason, QStringLiteral("Disk full"));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The compressors: what is decoded again, the same bytes each time, rejected sizes, a missing plugin.
-#include "imagetools/avi/modAvi.h"
+#include "imagetools/avi/cAviWriting.h"
 
 #include "imagetools/avi/AviBench.h"
 #include "platform/files/modPaths.h"
@@ -59,12 +59,10 @@ class tst_modAviCodecs : public QObject {
 
     AviState Write(const AviList& list, const char* codec, const char* out = "out.avi", int quality = 90)
     {
-        AviWriting writing(At(out), list, QStringLiteral("5"), [](const std::string&, NoticeIcon) {});
-        AviState state = writing.Begin([&](const AviFormat&) { return AviOptions{codec, quality}; });
-        while (state == AviState::Writing)
-            state = writing.WriteFrame();
-        message = (writing.Message() + u' ' + writing.Reason()).trimmed();
-        return state;
+        cAviWriting writing(At(out), list, QStringLiteral("5"), [](const std::string&, NoticeIcon) {});
+        const AviOutcome outcome = OutcomeOf(writing, {codec, quality});
+        message = (outcome.message + u' ' + outcome.reason).trimmed();
+        return outcome.state;
     }
 
     static QByteArray AllPixels(const AviList& list)
@@ -97,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(Write(list, "none"), AviState::Finished);
         QVERIFY(Decoded(At("out.avi")) == AllPixels(list));
         QVERIFY(QFile::remove(At("out.avi")));
-        QCOMPARE(Write(list, "ffv1"), AviState::Failed);
+        QCOMPARE(Write(list, "ffv1"), Unfinished);
         QVERIFY(message.startsWith(QStringLiteral("The compressors are missing: ")));
         Put(LibraryFile(QStringLiteral("AviCodecsOB")), "no library");
         QVERIFY(AviCodecsTrouble().startsWith(QStringLiteral("The compressors cannot be loaded: ")));
@@ -203,7 +201,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, codec);
         const AviList list = Noise({.height = 16, .width = 16}, 2);
         for (const char* rate : {"1", "30"}) {
-            AviWriting writing(At("out.avi"), list, QString::fromLatin1(rate), [](const std::string&, NoticeIcon) {});
+            cAviWriting writing(At("out.avi"), list, QString::fromLatin1(rate), [](const std::string&, NoticeIcon) {});
             AviState state = writing.Begin([&](const AviFormat&) { return AviOptions{codec.toStdString(), 90}; });
             while (state == AviState::Writing)
                 state = writing.WriteFrame();
@@ -220,7 +218,7 @@ private Q_SLOTS:
                                                "These pictures have 37 x 11 pixels.");
         QCOMPARE(AviRefusal(cinepak, 37, 11), refusal);
         QVERIFY(!AviRefusal(cinepak, 36, 11).isEmpty());
-        QCOMPARE(Write(Noise({}, 1), "cinepak"), AviState::Failed);
+        QCOMPARE(Write(Noise({}, 1), "cinepak"), Unfinished);
         QCOMPARE(message, refusal);
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("0.bmp")});
         const QString tooWide = AviRefusal({"mpeg4", 90}, 20'000, 16);
@@ -236,7 +234,7 @@ private Q_SLOTS:
     {
         const AviList list = Noise({}, 2);
         Put(list.files[1], NoiseBitmap({.width = 36}, 1));
-        QCOMPARE(Write(list, "ffv1"), AviState::Failed);
+        QCOMPARE(Write(list, "ffv1"), Unfinished);
         QCOMPARE(message,
                  QStringLiteral("There was an error writing the file. %1 cannot be read as a picture of 37 x 11 "
                                 "pixels.")
@@ -255,16 +253,16 @@ private Q_SLOTS:
         put(34, 0x7FFFFFFF);
         QCOMPARE(outcome(), AviState::Finished); // enough pixels, whatever the header claims
         put(22, 0x80000000);
-        QCOMPARE(outcome(), AviState::Failed);
+        QCOMPARE(outcome(), Unfinished);
         put(22, 11);
         put(18, 0xFFFFFFFF);
-        QCOMPARE(outcome(), AviState::Failed);
+        QCOMPARE(outcome(), Unfinished);
         put(18, 37);
         put(34, 1);
         QCOMPARE(outcome(), AviState::Finished); // zeros for what is missing
         put(34, 1232);
         put(28, 0x7FFF);
-        QCOMPARE(outcome(), AviState::Failed);
+        QCOMPARE(outcome(), Unfinished);
         put(28, 24);
         put(10, 0x7FFFFFFF);
         QCOMPARE(outcome(), AviState::Finished); // all zeros, as pixels after the end of the file are

@@ -4,6 +4,7 @@
 
 #include "imagetools/icons/modIcon.h"
 #include "imagetools/icons/modIconFile.h"
+#include "platform/files/FileTrouble.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -37,13 +38,13 @@ bool Same(const std::optional<IconImage>& left, const std::optional<IconImage>& 
 
 bool Holds(const QByteArray& file, int index, const Entry& entry)
 {
-    return Same(IconIndex(ViewOf(file)).Extract(index), ReadIconImage(ViewOf(entry.bytes)));
+    return Same(cIconIndex(ViewOf(file)).Extract(index), ReadIconImage(ViewOf(entry.bytes)));
 }
 
 // Reads everything; the result does not matter.
 void LookAtAll(const QByteArray& file)
 {
-    const IconIndex index(ViewOf(file));
+    const cIconIndex index(ViewOf(file));
     for (int icon = 0; icon < std::min(index.Count(), 50); ++icon) {
         const auto image = index.Extract(icon);
         QVERIFY(!image || index.Size(icon) == (IconImageSize{image->width, image->height, image->bits}));
@@ -147,10 +148,10 @@ private Q_SLOTS:
     void anIconFileIsOneIcon()
     {
         const QByteArray file = icons::IcoFile(SomeIcons()[0]);
-        QCOMPARE(IconIndex(ViewOf(file)).Count(), 1);
+        QCOMPARE(cIconIndex(ViewOf(file)).Count(), 1);
         QVERIFY(Holds(file, 0, SomeIcons()[0][2]));
-        QVERIFY(!IconIndex(ViewOf(file)).Extract(1));
-        QVERIFY(!IconIndex(ViewOf(file)).Extract(-1));
+        QVERIFY(!cIconIndex(ViewOf(file)).Extract(1));
+        QVERIFY(!cIconIndex(ViewOf(file)).Extract(-1));
     }
 
     void theBestImageIsTaken_data()
@@ -202,7 +203,7 @@ private Q_SLOTS:
         const QByteArray file = icons::IcoFile({icons::RandomImage(32, 32, 4)});
         for (qsizetype size = 0; size < file.size(); ++size) {
             const QByteArray part = file.first(size);
-            const IconIndex index(ViewOf(part));
+            const cIconIndex index(ViewOf(part));
             QCOMPARE(index.Count(), size < 6 ? 0 : 1);
             QVERIFY(!index.Extract(0));
         }
@@ -211,10 +212,10 @@ private Q_SLOTS:
     void foreignBytesHaveNoIcon()
     {
         for (const char* text : {"", "M", "MZ", "BM", "print 1", "GIF89a"})
-            QCOMPARE(IconIndex(ViewOf(text)).Count(), 0);
+            QCOMPARE(cIconIndex(ViewOf(text)).Count(), 0);
         const char cursor[] = {0, 0, 2, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
-        QCOMPARE(IconIndex(ViewOf(QByteArray(cursor, sizeof cursor))).Count(), 0);
-        QCOMPARE(IconIndex(ViewOf(icons::IcoFile({}))).Count(), 0);
+        QCOMPARE(cIconIndex(ViewOf(QByteArray(cursor, sizeof cursor))).Count(), 0);
+        QCOMPARE(cIconIndex(ViewOf(icons::IcoFile({}))).Count(), 0);
     }
 
     void programsGiveTheirIconsInOrder_data()
@@ -231,7 +232,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, file);
         const QList<Entry> taken = Taken();
-        QCOMPARE(IconIndex(ViewOf(file)).Count(), 4);
+        QCOMPARE(cIconIndex(ViewOf(file)).Count(), 4);
         for (int index = 0; index < 4; ++index)
             QVERIFY(Holds(file, index, taken[index]));
         const QString path = Write(QStringLiteral("program"), file);
@@ -253,7 +254,7 @@ private Q_SLOTS:
             QSKIP("no resource compiler");
         const QByteArray library = BuildLibrary(system);
         QVERIFY(!library.isEmpty());
-        QCOMPARE(IconIndex(ViewOf(library)).Count(), 4);
+        QCOMPARE(cIconIndex(ViewOf(library)).Count(), 4);
         // Names come before numbers, each sorted.
         const QList<Entry> taken = Taken();
         const QList<int> order = {3, 1, 2, 0};
@@ -266,8 +267,8 @@ private Q_SLOTS:
                                       QStringLiteral("200")};
         QCOMPARE(found.size(), names.size());
         for (int index = 0; index < 4; ++index)
-            QVERIFY2(Same(IconIndex(ViewOf(library)).Extract(index),
-                          IconIndex(ViewOf(found.value(names[index]))).Extract(0)),
+            QVERIFY2(Same(cIconIndex(ViewOf(library)).Extract(index),
+                          cIconIndex(ViewOf(found.value(names[index]))).Extract(0)),
                      qPrintable(names[index]));
     }
 
@@ -281,7 +282,7 @@ private Q_SLOTS:
         QCOMPARE(found.size(), 4);
         for (int index = 0; index < 4; ++index) {
             const QByteArray icon = found.value(QString::number(100 + index));
-            QVERIFY2(Same(IconIndex(ViewOf(file)).Extract(index), IconIndex(ViewOf(icon)).Extract(0)),
+            QVERIFY2(Same(cIconIndex(ViewOf(file)).Extract(index), cIconIndex(ViewOf(icon)).Extract(0)),
                      qPrintable(QString::number(index)));
         }
     }
@@ -302,7 +303,7 @@ private Q_SLOTS:
         QVERIFY(RunTool(QStringLiteral("icotool"), {QStringLiteral("-x"), QStringLiteral("-o"),
                                                     QStringLiteral("one.png"), QStringLiteral("one.ico")}));
         const QImage other(Path(QStringLiteral("one.png")));
-        const auto image = IconIndex(ViewOf(file)).Extract(0);
+        const auto image = cIconIndex(ViewOf(file)).Extract(0);
         QVERIFY(image.has_value());
         QCOMPARE(other.size(), QSize(48, 40));
         for (int y = 0; y < 40; ++y) {
@@ -322,14 +323,14 @@ private Q_SLOTS:
     void programsWithoutIconsHaveNone()
     {
         for (const PeKind kind : {PeKind::Bits32, PeKind::Bits64}) {
-            QCOMPARE(IconIndex(ViewOf(icons::PeFile({}, kind))).Count(), 0);
-            QCOMPARE(IconIndex(ViewOf(icons::PeFileAround({}, kind))).Count(), 0);
+            QCOMPARE(cIconIndex(ViewOf(icons::PeFile({}, kind))).Count(), 0);
+            QCOMPARE(cIconIndex(ViewOf(icons::PeFileAround({}, kind))).Count(), 0);
         }
-        QCOMPARE(IconIndex(ViewOf(icons::NeFile({}))).Count(), 0);
+        QCOMPARE(cIconIndex(ViewOf(icons::NeFile({}))).Count(), 0);
         // The names are where the table would be.
         QByteArray bare = icons::NeFile(icons::ResourcesOf(SomeIcons()));
         icons::Overwrite(bare, 64 + 38, 64, 2);
-        QCOMPARE(IconIndex(ViewOf(bare)).Count(), 0);
+        QCOMPARE(cIconIndex(ViewOf(bare)).Count(), 0);
     }
 
     void hostileTreesEnd_data()
@@ -365,9 +366,9 @@ private Q_SLOTS:
         const auto resources = icons::ResourcesOf({{icons::RandomImage(32, 32, 4)}});
         for (const PeKind kind : {PeKind::Bits32, PeKind::Bits64}) {
             QByteArray file = icons::PeFile(resources, kind);
-            QVERIFY(IconIndex(ViewOf(file)).Extract(0).has_value());
+            QVERIFY(cIconIndex(ViewOf(file)).Extract(0).has_value());
             icons::Overwrite(file, icons::PeTreeOffset + offset, value, 4);
-            const IconIndex index(ViewOf(file));
+            const cIconIndex index(ViewOf(file));
             LookAtAll(file);
             // The list with too large a count still starts with its one icon.
             const bool promisesMore = QByteArray(QTest::currentDataTag()) == "more icons than bytes";
@@ -396,10 +397,10 @@ private Q_SLOTS:
         QFETCH(int, offset);
         QFETCH(int, value);
         QByteArray file = icons::NeFile(icons::ResourcesOf({{icons::RandomImage(32, 32, 4)}}));
-        QVERIFY(IconIndex(ViewOf(file)).Extract(0).has_value());
+        QVERIFY(cIconIndex(ViewOf(file)).Extract(0).has_value());
         icons::Overwrite(file, 128 + offset, static_cast<std::uint64_t>(value), 2);
         LookAtAll(file);
-        QVERIFY(!IconIndex(ViewOf(file)).Extract(0));
+        QVERIFY(!cIconIndex(ViewOf(file)).Extract(0));
     }
 
     void everyByteMayBeWrongAndEveryLengthShort_data()
@@ -447,7 +448,7 @@ private Q_SLOTS:
         entries.append(icons::RandomImage(32, 32, 1));
         QByteArray tree = icons::PeTree(icons::ResourcesOf({entries}));
         const QByteArray plain = icons::PeFileAround(tree, PeKind::Bits32);
-        QVERIFY(IconIndex(ViewOf(plain)).Size(0) == (IconImageSize{32, 32, 1}));
+        QVERIFY(cIconIndex(ViewOf(plain)).Size(0) == (IconImageSize{32, 32, 1}));
 
         constexpr int count = 65535;
         constexpr qsizetype groupType = 16 + 8;
@@ -456,7 +457,7 @@ private Q_SLOTS:
         icons::Overwrite(tree, groupType + 4, 0x80000000U | static_cast<unsigned>(tree.size()), 4);
         tree += QByteArray(14, '\0') + QByteArray(2, '\xFF') + icon.repeated(count);
         const QByteArray file = icons::PeFileAround(tree, PeKind::Bits32);
-        const IconIndex index(ViewOf(file));
+        const cIconIndex index(ViewOf(file));
         QCOMPARE(index.Count(), count);
         QVERIFY(index.Size(count - 1) == (IconImageSize{8, 8, 1}));
     }
@@ -474,6 +475,18 @@ private Q_SLOTS:
         QVERIFY(Same(ExtractIcon(file.fileName(), 0), ReadIconImage(ViewOf(taken[0].bytes))));
         QVERIFY(timer.elapsed() < 1'000);
         file.remove();
+    }
+
+    void aFileThatIsShortenedMeanwhileIsAnError()
+    {
+        const QString path =
+            Write(QStringLiteral("short.exe"), icons::PeFile(icons::ResourcesOf(SomeIcons()), PeKind::Bits32));
+        const cIconIndex index = IconsOfFile(path);
+        QCOMPARE(index.Count(), 4);
+        QVERIFY(QFile::resize(path, 100));
+        QCOMPARE(ErrorOf([&] { index.Extract(2); }), int(deviceIoError));
+        QCOMPARE(IconCount(path), 0);
+        QVERIFY(!ExtractIcon(path, 0));
     }
 
     void whatCannotBeReadHasNoIcon()
@@ -498,7 +511,7 @@ private Q_SLOTS:
                 icon.At(x, y) = SwatchColor[static_cast<std::size_t>((x + y) % 16)];
         }
         const QByteArray file = IconFileOf(icon);
-        const auto image = IconIndex(ViewOf(file)).Extract(0);
+        const auto image = cIconIndex(ViewOf(file)).Extract(0);
         QVERIFY(image.has_value());
         QCOMPARE(image->bits, 4);
         Icon back;

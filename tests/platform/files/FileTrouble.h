@@ -2,7 +2,7 @@
 // What the tests of file work share: errors as numbers, and deliberate failures.
 #pragma once
 
-#include "platform/language/cRuntimeError.h"
+#include "imaging/cNumberedError.h"
 
 #include <QFile>
 #include <QTest>
@@ -29,7 +29,7 @@ int ErrorOf(Call call)
 {
     try {
         call();
-    } catch (const ob::RuntimeError& error) {
+    } catch (const ob::NumberedError& error) {
         return error.number;
     }
     return none;

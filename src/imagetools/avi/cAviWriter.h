@@ -2,7 +2,7 @@
 // Writes AVI files of one video stream. Frames are finished bytes from the caller, which are not inspected here.
 #pragma once
 
-#include "imaging/modFileAccess.h"
+#include "imaging/modByteView.h"
 #include "platform/files/cFileReplacement.h"
 
 #include <cstdint>
@@ -43,11 +43,11 @@ enum class AviFrames { Bitmaps, Compressed };
 constexpr std::int64_t AviSegmentBytes = std::int64_t{1} << 30;
 
 // Writes each frame at once and keeps only its place. The file is valid once Finish has returned.
-class AviWriter {
+class cAviWriter {
 public:
     // The format is a BITMAPINFOHEADER with its masks and colours. All raise as cFileReplacement does.
-    AviWriter(cFileReplacement& file, const AviStreamInfo& stream, ByteView format, AviFrames frames,
-              std::int64_t segmentBytes = AviSegmentBytes);
+    cAviWriter(cFileReplacement& file, const AviStreamInfo& stream, ByteView format, AviFrames frames,
+               std::int64_t segmentBytes = AviSegmentBytes);
 
     // Adds a frame, marked as a key frame. Raises DiskFull too when the file has MostSegments chunks.
     void WriteFrame(ByteView frame);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The writer of AVI files: its bytes, both forms, and what is left of files when it fails.
-#include "imagetools/avi/modAviFile.h"
+#include "imagetools/avi/cAviWriter.h"
 
 #include "imagetools/avi/AviBench.h"
 
@@ -10,7 +10,7 @@
 
 using namespace ob;
 
-class tst_modAviFile : public QObject {
+class tst_cAviWriter : public QObject {
     Q_OBJECT
 
     std::unique_ptr<QTemporaryDir> folder;
@@ -40,7 +40,7 @@ class tst_modAviFile : public QObject {
                     std::int64_t segmentBytes) const
     {
         cFileReplacement file(path);
-        AviWriter writer(file, info, ViewOf(bitmaps.first()).subspan(14, 40), AviFrames::Bitmaps, segmentBytes);
+        cAviWriter writer(file, info, ViewOf(bitmaps.first()).subspan(14, 40), AviFrames::Bitmaps, segmentBytes);
         for (const QByteArray& bitmap : bitmaps)
             writer.WriteFrame(ViewOf(bitmap).subspan(54));
         writer.Finish();
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QTest::newRow("one segment") << 5 << 1000000;
         QTest::newRow("a frame each") << 7 << 1;
         QTest::newRow("several segments") << 50 << 20'000;
-        QTest::newRow("all places used") << static_cast<int>(AviWriter::MostSegments) << 1;
+        QTest::newRow("all places used") << static_cast<int>(cAviWriter::MostSegments) << 1;
     }
 
     void everyFrameOfTheLargeFormIsFound()
@@ -117,7 +117,7 @@ private Q_SLOTS:
 
     void moreSegmentsThanTheIndexHoldsAreAnError()
     {
-        const QList<QByteArray> bitmaps = Noise(static_cast<int>(AviWriter::MostSegments) + 1);
+        const QList<QByteArray> bitmaps = Noise(static_cast<int>(cAviWriter::MostSegments) + 1);
         QCOMPARE(ErrorOf([&] { WriteVideo(At("x.avi"), bitmaps, Info(37, 11, NoiseBytes, 25), 1); }), diskFull);
         QCOMPARE(Entries(), QStringList());
     }
@@ -128,7 +128,7 @@ private Q_SLOTS:
         {
             cFileReplacement file(At("x.avi"));
             const QByteArray bitmap = Data("color1.bmp");
-            AviWriter writer(file, Info(3, 2, 24, 1), ViewOf(bitmap).subspan(14, 40), AviFrames::Bitmaps);
+            cAviWriter writer(file, Info(3, 2, 24, 1), ViewOf(bitmap).subspan(14, 40), AviFrames::Bitmaps);
             writer.WriteFrame(ViewOf(bitmap).subspan(54));
             QCOMPARE(Entries().size(), 2);
         }
@@ -151,5 +151,5 @@ private Q_SLOTS:
 #endif
 };
 
-QTEST_GUILESS_MAIN(tst_modAviFile)
-#include "tst_modAviFile.moc"
+QTEST_GUILESS_MAIN(tst_cAviWriter)
+#include "tst_cAviWriter.moc"

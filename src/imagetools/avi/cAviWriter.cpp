@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // AVI files: a header with space for the large form, frames, and an index after each segment.
-#include "imagetools/avi/modAviFile.h"
+#include "imagetools/avi/cAviWriter.h"
 
+#include "imaging/cByteWriter.h"
 #include "platform/language/cRuntimeError.h"
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace ob {
 
@@ -31,59 +31,57 @@ class RiffBytes {
 public:
     RiffBytes& Byte(std::uint8_t value)
     {
-        bytes.push_back(value);
+        writer.Byte(value);
         return *this;
     }
-    RiffBytes& Word(std::uint32_t value) { return Byte(static_cast<std::uint8_t>(value)).Byte(value >> 8 & 0xFF); }
-    RiffBytes& Long(std::uint32_t value) { return Word(value & 0xFFFF).Word(value >> 16); }
+    RiffBytes& Word(std::uint32_t value)
+    {
+        writer.Word(value);
+        return *this;
+    }
+    RiffBytes& Long(std::uint32_t value)
+    {
+        writer.Long(value);
+        return *this;
+    }
     RiffBytes& Long64(std::int64_t value)
     {
-        const auto whole = static_cast<std::uint64_t>(value);
-        return Long(static_cast<std::uint32_t>(whole)).Long(static_cast<std::uint32_t>(whole >> 32));
+        writer.Long64(static_cast<std::uint64_t>(value));
+        return *this;
     }
     RiffBytes& Zeros(std::size_t count)
     {
-        bytes.resize(bytes.size() + count);
+        writer.Zeros(count);
         return *this;
     }
     RiffBytes& Bytes(ByteView values)
     {
-        bytes.insert(bytes.end(), values.begin(), values.end());
+        writer.Bytes(values);
         return *this;
     }
     RiffBytes& Open(std::uint32_t code)
     {
-        Long(code).Long(0);
-        open.push_back(bytes.size());
+        writer.Long(code).Long(0);
+        open.push_back(writer.Size());
         return *this;
     }
     RiffBytes& OpenList(std::uint32_t kind, std::uint32_t code) { return Open(kind).Long(code); }
     RiffBytes& Close()
     {
-        const std::size_t start = open.back();
-        open.pop_back();
-        PutSize(start, static_cast<std::uint32_t>(bytes.size() - start));
-        if (bytes.size() % 2 != 0)
-            Byte(0);
-        return *this;
+        CloseWithSize(static_cast<std::uint32_t>(writer.Size() - open.back()));
+        return writer.Size() % 2 != 0 ? Byte(0) : *this;
     }
     // For a chunk that continues after these bytes.
     void CloseWithSize(std::uint32_t size)
     {
-        PutSize(open.back(), size);
+        writer.LongAt(open.back() - 4, size);
         open.pop_back();
     }
-    std::vector<std::uint8_t> Take() { return std::move(bytes); }
-    ByteView View() const { return bytes; }
+    std::vector<std::uint8_t> Take() { return writer.Take(); }
+    ByteView View() const { return writer.View(); }
 
 private:
-    void PutSize(std::size_t start, std::uint32_t size)
-    {
-        for (std::size_t place = 0; place < 4; ++place)
-            bytes[start - 4 + place] = static_cast<std::uint8_t>(size >> (8 * place));
-    }
-
-    std::vector<std::uint8_t> bytes;
+    cByteWriter writer;
     std::vector<std::size_t> open;
 };
 
@@ -128,8 +126,8 @@ RiffBytes& PutIndexHeader(RiffBytes& riff, std::size_t entryLongs, std::uint8_t 
 
 } // namespace
 
-AviWriter::AviWriter(cFileReplacement& target, const AviStreamInfo& description, ByteView formatBytes, AviFrames kind,
-                     std::int64_t mostSegmentBytes)
+cAviWriter::cAviWriter(cFileReplacement& target, const AviStreamInfo& description, ByteView formatBytes, AviFrames kind,
+                       std::int64_t mostSegmentBytes)
     : file(target), stream(description), format(formatBytes.begin(), formatBytes.end()),
       frameCode(kind == AviFrames::Bitmaps ? FourCC("00db") : FourCC("00dc")), segmentBytes(mostSegmentBytes)
 {
@@ -138,7 +136,7 @@ AviWriter::AviWriter(cFileReplacement& target, const AviStreamInfo& description,
 }
 
 // Always the same number of bytes, so that the final header fits over the first.
-std::vector<std::uint8_t> AviWriter::Header() const
+std::vector<std::uint8_t> cAviWriter::Header() const
 {
     RiffBytes riff;
     riff.OpenList(FourCC("RIFF"), FourCC("AVI ")).OpenList(FourCC("LIST"), FourCC("hdrl"));
@@ -170,7 +168,7 @@ std::vector<std::uint8_t> AviWriter::Header() const
     return riff.Take();
 }
 
-bool AviWriter::Fits(std::size_t frameBytes) const
+bool cAviWriter::Fits(std::size_t frameBytes) const
 {
     if (index.empty())
         return true;
@@ -182,7 +180,7 @@ bool AviWriter::Fits(std::size_t frameBytes) const
     return file.Size() - segmentStart + static_cast<std::int64_t>(added) <= segmentBytes;
 }
 
-void AviWriter::WriteFrame(ByteView frame)
+void cAviWriter::WriteFrame(ByteView frame)
 {
     if (!Fits(frame.size())) {
         EndSegment(false);
@@ -199,7 +197,7 @@ void AviWriter::WriteFrame(ByteView frame)
     ++frames;
 }
 
-void AviWriter::StartSegment()
+void cAviWriter::StartSegment()
 {
     if (segments.size() == MostSegments)
         throw RuntimeErrorOf(ErrorNumber::DiskFull);
@@ -210,7 +208,7 @@ void AviWriter::StartSegment()
     moviStart = file.Size() - 4;
 }
 
-void AviWriter::EndSegment(bool isOnly)
+void cAviWriter::EndSegment(bool isOnly)
 {
     const bool isFirst = segmentStart == 0;
     if (!isOnly)
@@ -232,7 +230,7 @@ void AviWriter::EndSegment(bool isOnly)
     index.clear();
 }
 
-void AviWriter::WriteSegmentIndex()
+void cAviWriter::WriteSegmentIndex()
 {
     const std::int64_t start = file.Size();
     RiffBytes riff;
@@ -245,7 +243,7 @@ void AviWriter::WriteSegmentIndex()
     segments.push_back({start, static_cast<std::uint32_t>(file.Size() - start), Limited(index.size())});
 }
 
-void AviWriter::WriteOldIndex()
+void cAviWriter::WriteOldIndex()
 {
     RiffBytes riff;
     riff.Open(FourCC("idx1"));
@@ -255,7 +253,7 @@ void AviWriter::WriteOldIndex()
     file.Write(riff.View());
 }
 
-void AviWriter::Finish()
+void cAviWriter::Finish()
 {
     EndSegment(segments.empty());
     file.WriteAt(0, Header());
