@@ -16,6 +16,7 @@
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
+#include "shell/state/modNames.h"
 #include "ui_dlgToolbar.h"
 
 #include <QDir>
@@ -52,13 +53,15 @@ std::optional<BitmapPlace> AskForBitmap(const ToolbarSpec& spec)
 
 bool SaveStrip(const QList<QImage>& pictures, const QString& path)
 {
+    const QString failed = QStringLiteral("Error saving bitmap.");
     try {
         SaveAs256(CreateFromPicture(ToolbarStrip(pictures)), path);
         return true;
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+        FailureBox(failed, error);
     } catch (const std::bad_alloc&) {
+        MsgBox(failed, BoxIcon::Critical);
     }
-    MsgBox(QStringLiteral("Error saving bitmap."), BoxIcon::Critical);
     return false;
 }
 

@@ -37,7 +37,7 @@ void WriteEmbedded(const QString& name, const QString& path)
     const auto text = EmbeddedText(name);
     if (!text)
         throw RuntimeErrorOf(ErrorNumber::FileNotFound, name);
-    ReplaceFile(path, QByteArrayView(*text));
+    ReplaceFile(path, QByteArrayView(*text), Durability::Unsynced);
 }
 
 void MakeFolder(const QString& path)
@@ -140,8 +140,9 @@ SnippetSave SaveSnippet(const QString& path, const QString& text)
 
 void DeleteSnippet(const QString& path)
 {
-    if (!QFile::remove(path) && FileExists(path))
-        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, path);
+    QFile file(path);
+    if (!file.remove() && FileExists(path))
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, path, file.errorString());
 }
 
 SnippetInsert InsertSnippet(const QString& text)
@@ -164,8 +165,9 @@ void mnuToolSnippet_Click()
     const QString path = SnippetLibraryPath(ProgramFolder());
     try {
         EnsureSnippetFile(ProgramFolder());
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
         // The message below reports it.
+        ShowReason(error);
     }
     if (!FileExists(path)) {
         MsgBox(QStringLiteral("Snippets.bas not found!"), BoxIcon::Critical);

@@ -51,7 +51,7 @@ QByteArray ReadSource(const std::string& file)
 void WriteOutput(const std::string& out, QByteArrayView bytes)
 {
     if (!out.empty()) {
-        OnFile(out, [&] { ReplaceFile(PathOf(out), bytes); });
+        OnFile(out, [&] { ReplaceFile(PathOf(out), bytes, Durability::Unsynced); });
         return;
     }
     // Without bytes the pointer may be null.

@@ -24,10 +24,10 @@ private Q_SLOTS:
     void codeFilesAreRecognizedByTheirExtensionInAnyCase()
     {
         for (const QString& name : Words("a.bas A.BAS b.bak b.Bak x.y.bAs .bas"))
-            QVERIFY2(MatchesAny(name, CodeFilePatterns), qPrintable(name));
+            QVERIFY2(Fits(name, NamePattern(CodeFilePatterns)), qPrintable(name));
         for (const QString& name : Words("bas abas a.ba a.bass a.bas~ a.oba a.txt a.bas.txt"))
-            QVERIFY2(!MatchesAny(name, CodeFilePatterns), qPrintable(name));
-        QVERIFY(!MatchesAny(u"", CodeFilePatterns));
+            QVERIFY2(!Fits(name, NamePattern(CodeFilePatterns)), qPrintable(name));
+        QVERIFY(!Fits(QString(), NamePattern(CodeFilePatterns)));
     }
 
     void whatCannotBeReadRaises()

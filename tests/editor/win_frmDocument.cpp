@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QToolButton>
@@ -189,6 +190,7 @@ void win_frmDocument::fullDiskLeavesFileTextAndModifiedState()
     QCOMPARE(TestBench::Read(path), QByteArray("old\r\n"));
     QCOMPARE(TestBench::Text(bench.Active()), text);
     QVERIFY(Ask(bench.Active(), SCI_GETMODIFY) != 0);
+    QCOMPARE(bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text(), QStringLiteral("File too large"));
     QCOMPARE(QDir(bench.Path(QString())).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.bas")});
 }
 

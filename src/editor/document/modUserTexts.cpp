@@ -118,8 +118,9 @@ KeywordSave AddCustomKeywords(const QString& folder, const QString& text)
 void DeleteCustomKeywords(const QString& folder)
 {
     const QString path = KeywordsPath(folder);
-    if (FileExists(path) && !QFile::remove(path))
-        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, path);
+    QFile file(path);
+    if (FileExists(path) && !file.remove())
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, path, file.errorString());
     BuildSyntaxTable();
 }
 

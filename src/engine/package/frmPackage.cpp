@@ -12,6 +12,7 @@
 #include "platform/work/cWork.h"
 #include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
+#include "shell/state/modNames.h"
 #include "ui_frmPackage.h"
 
 #include <QApplication>
@@ -40,7 +41,7 @@ double Share(double done, double all)
 
 BoxAnswer Show(const MessageSpec& box)
 {
-    return MsgBox(box.text, box.icon, box.buttons, box.title);
+    return MsgBox(box);
 }
 
 class Hourglass {

@@ -8,14 +8,15 @@
 
 namespace ob {
 
-enum class CopyEnd { Copied, Failed, Stopped };
+enum class CopyEnd { Copied, Stopped };
 enum class CopyRequest { GoOn, Stop };
 
 // Called after each piece with the bytes copied so far.
 using CopyWatch = std::function<CopyRequest(qint64 copied)>;
 
 // Makes `to` a copy of the regular file `from`, with its time and permissions as far as the disk supports them. The
-// copy replaces an older file only when it is complete; otherwise the older one stays unchanged.
+// copy replaces an older file only when it is complete; otherwise the older one stays unchanged. Raises as ReplaceFile
+// of modFiles.h does, and PathFileAccess for what cannot be read.
 CopyEnd CopyWholeFile(const QString& from, const QString& to, const CopyWatch& watch);
 
 } // namespace ob

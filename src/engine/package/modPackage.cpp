@@ -60,7 +60,8 @@ QString TextOf(std::string_view name)
 QString FirstRuntime(const QString& folder)
 {
     QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::NoSort);
-    names.removeIf([](const QString& name) { return !MatchesPattern(name, RuntimePattern); });
+    const QRegularExpression pattern = NamePattern({RuntimePattern});
+    names.removeIf([&](const QString& name) { return !Fits(name, pattern); });
     const auto first = std::min_element(names.begin(), names.end(), [](const QString& left, const QString& right) {
         const int order = left.compare(right, Qt::CaseInsensitive);
         return order == 0 ? left < right : order < 0;
@@ -131,16 +132,14 @@ public:
         if (watch.Processing(progress) == PackageRequest::Stop)
             return PackageRequest::Stop;
         const qint64 before = progress.done;
-        const CopyEnd end = CopyWholeFile(*found, folder + QDir::separator() + progress.name, [&](qint64 copied) {
-            progress.done = std::min(before + copied, progress.all);
-            return watch.Processing(progress) == PackageRequest::Stop ? CopyRequest::Stop : CopyRequest::GoOn;
-        });
-        if (end == CopyEnd::Stopped)
-            return PackageRequest::Stop;
-        if (end == CopyEnd::Failed)
-            watch.Tell({QStringLiteral("Error occurred!"), BoxIcon::None, BoxButtons::Ok, QStringLiteral("SHCOPY")});
-        else
+        try {
+            if (CopyFrom(*found) == CopyEnd::Stopped)
+                return PackageRequest::Stop;
             RemoveOtherSpellings();
+        } catch (const RuntimeError& error) {
+            watch.Tell({QStringLiteral("Error occurred!"), BoxIcon::None, BoxButtons::Ok, QStringLiteral("SHCOPY"),
+                        error.reason});
+        }
         progress.done = std::min(before + QFileInfo(*found).size(), progress.all);
         return watch.Processing(progress);
     }
@@ -148,6 +147,15 @@ public:
     QStringList missing;
 
 private:
+    CopyEnd CopyFrom(const QString& found)
+    {
+        const qint64 before = progress.done;
+        return CopyWholeFile(found, folder + QDir::separator() + progress.name, [&](qint64 copied) {
+            progress.done = std::min(before + copied, progress.all);
+            return watch.Processing(progress) == PackageRequest::Stop ? CopyRequest::Stop : CopyRequest::GoOn;
+        });
+    }
+
     // The copy replaces a file of its name, however that is spelled.
     void RemoveOtherSpellings()
     {

@@ -108,9 +108,10 @@ std::vector<Found> FilesOf(const QString& spec, ZipFolders folders)
         AddFitting({path, TextOfName(path.filename())}, folders, files);
         return files;
     }
+    const QRegularExpression wanted = NamePattern({pattern});
     const QString folder = OnDisk(FolderOf(spec));
     for (const Found& entry : EntriesOf(folder.isEmpty() ? fs::path(".") : NativePath(folder)))
-        if (MatchesPattern(entry.name, pattern))
+        if (Fits(entry.name, wanted))
             AddFitting(entry, folders, files);
     return files;
 }

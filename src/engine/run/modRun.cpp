@@ -15,6 +15,7 @@
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modNames.h"
 
 #include <QDir>
 
@@ -43,7 +44,8 @@ CopyEnd WriteCopy(cDocument& document, const QString& path)
 {
     try {
         return SaveDocumentFile(document, path) == SaveEnd::Written ? CopyEnd::Written : CopyEnd::Declined;
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+        ShowReason(error);
         return CopyEnd::Failed;
     }
 }

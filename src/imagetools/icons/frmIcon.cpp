@@ -9,7 +9,7 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
 #include "shell/state/modColors.h"
 #include "ui_frmIcon.h"
@@ -450,7 +450,8 @@ void frmIcon::runtimeicon_Click()
     try {
         InstallIcon(path, sheet.icon, answer == BoxAnswer::Yes ? EngineVersion::Four : EngineVersion::Three);
     } catch (const RuntimeError& error) {
-        // No box reports it.
+        // There is no box for it.
+        ShowReason(error);
         ShowSheet(QStringLiteral("The icon was not put into %1: %2.").arg(NameOf(path), error.description));
         return;
     }

@@ -22,8 +22,6 @@ public:
     // Repaints the cells that differ from the icon before.
     void ShowIcon(const Icon& newIcon);
 
-    IconPoint KeyCell() const { return keyCell; }
-
 Q_SIGNALS:
     void MouseDown(ob::IconPoint place, Qt::MouseButton button);
     void MouseMove(ob::IconPoint place); // whether or not a button is down

@@ -372,7 +372,7 @@ QString TempIconPath()
 
 Icon WriteTempIcon(const Icon& icon)
 {
-    ReplaceFile(TempIconPath(), IconFileOf(icon));
+    ReplaceFile(TempIconPath(), IconFileOf(icon), Durability::Unsynced);
     return ReducedIcon(icon);
 }
 
@@ -388,8 +388,8 @@ void InstallIcon(const QString& enginePath, const Icon& icon, EngineVersion vers
     front.resize(std::min(front.size(), position));
     front.append(position - front.size(), '\0');
     const QByteArray file = IconFileOf(icon);
-    ReplaceFile(TempIconPath(), file);
-    // The bytes before are rewritten unchanged, so that a single write in place is enough.
+    ReplaceFile(TempIconPath(), file, Durability::Unsynced);
+    // What lies in front is written as it was, so that one write in place does it.
     const QByteArrayView pieces[] = {front, QByteArrayView(file).sliced(BlockStart, BlockSize)};
     WriteKeepingTail(enginePath, FilePieces(pieces));
 }

@@ -7,8 +7,9 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
 #include "platform/work/cWork.h"
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMedia.h"
 
@@ -124,10 +125,13 @@ void frmMedia::cmdCopy_Click()
         FileBox({FilePurpose::Save, QStringLiteral("Save As..."), QDir::currentPath(), {}, MediaCopyFilter(file)});
     if (target.isEmpty())
         return;
-    if (CopyMedia(file, target))
-        MsgBox(QStringLiteral("File has been saved as ") + target);
-    else
-        MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);
+    try {
+        CopyMedia(file, target);
+    } catch (const RuntimeError& error) {
+        FailureBox(QStringLiteral("Error saving file!"), error);
+        return;
+    }
+    MsgBox(QStringLiteral("File has been saved as ") + target);
 }
 
 void frmMedia::tmrPlay_Timer()

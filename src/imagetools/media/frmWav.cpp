@@ -6,6 +6,7 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/language/cRuntimeError.h"
 #include "platform/media/modMci.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmWav.h"
@@ -84,8 +85,13 @@ void frmWav::cmdCopy_Click()
                                     QDir::currentPath(),
                                     {},
                                     QStringLiteral("Wav sound file (*.wav)|*.wav")});
-    if (!target.isEmpty() && !CopyMedia(browser->ChosenPath(), target))
-        MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);
+    if (target.isEmpty())
+        return;
+    try {
+        CopyMedia(browser->ChosenPath(), target);
+    } catch (const RuntimeError& error) {
+        FailureBox(QStringLiteral("Error saving file!"), error);
+    }
 }
 
 void frmWav::cmdExit_Click()

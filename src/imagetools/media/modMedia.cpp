@@ -169,29 +169,23 @@ QString MediaCopyFilter(const QString& file)
     return {};
 }
 
-bool CopyMedia(const QString& from, const QString& to)
+void CopyMedia(const QString& from, const QString& to)
 {
-    // A film may be larger than memory, so it is copied piece by piece.
-    constexpr qint64 step = qint64{1} << 20;
+    // A film may be larger than memory, so it goes over piece by piece.
+    std::vector<std::uint8_t> piece(std::size_t{1} << 20);
     QFile source(from);
     if (!QFileInfo(from).isFile() || !source.open(QIODevice::ReadOnly))
-        return false;
-    try {
-        cFileReplacement target(to);
-        std::vector<std::uint8_t> piece(step);
-        for (;;) {
-            const qint64 count = source.read(reinterpret_cast<char*>(piece.data()), step);
-            if (count < 0)
-                return false;
-            if (count == 0)
-                break;
-            target.Write(std::span(piece).first(static_cast<std::size_t>(count)));
-        }
-        target.Finish();
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, from, source.errorString());
+    cFileReplacement target(to, Durability::Unsynced);
+    for (;;) {
+        const qint64 count = source.read(reinterpret_cast<char*>(piece.data()), static_cast<qint64>(piece.size()));
+        if (count < 0)
+            throw RuntimeErrorOf(ErrorNumber::DeviceIoError, from, source.errorString());
+        if (count == 0)
+            break;
+        target.Write(std::span(piece).first(static_cast<std::size_t>(count)));
     }
+    target.Finish();
 }
 
 QString MediaTimeText(float position, float length)

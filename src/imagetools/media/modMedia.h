@@ -42,8 +42,9 @@ QString MediaCode(const QString& file, MediaPath path);
 // The filter of the box that asks for the copy's place; empty for an unknown type.
 QString MediaCopyFilter(const QString& file);
 
-// Makes a copy under a temporary name and renames it. False when that fails; an older file is then unchanged.
-bool CopyMedia(const QString& from, const QString& to);
+// Makes a copy under a temporary name and renames it. Raises as cFileReplacement does, and PathFileAccess for what
+// cannot be read; an older file is then as it was.
+void CopyMedia(const QString& from, const QString& to);
 
 // "0:07 / 1:30" of two times in milliseconds; hours when there are any.
 QString MediaTimeText(float position, float length);

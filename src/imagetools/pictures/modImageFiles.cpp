@@ -29,7 +29,7 @@ void Save(const QString& source, const QString& target, ImageColors colors)
     if (colors == ImageColors::Reduced256)
         SaveAs256(LoadPicture(source), target);
     else
-        ReplaceFile(target, ReadWhole(source));
+        ReplaceFile(target, ReadWhole(source), Durability::Unsynced);
 }
 
 } // namespace
@@ -51,8 +51,8 @@ void SaveImageFile(const QString& source, const QString& target, ImageColors col
     const QString failed = QStringLiteral("Error saving file!");
     try {
         Save(source, target, colors);
-    } catch (const RuntimeError&) {
-        MsgBox(failed, BoxIcon::Critical);
+    } catch (const RuntimeError& error) {
+        FailureBox(failed, error);
         return;
     } catch (const std::bad_alloc&) {
         MsgBox(failed, BoxIcon::Critical);
@@ -72,9 +72,9 @@ bool CarriesImageLibrary()
 QString WriteImageLibrary(const QString& folder)
 {
     const QString path = PathIn(folder, QStringLiteral("jpeg.dll"));
-    ReplaceFile(path, QByteArrayView(Embedded(LibraryNumber).value_or(std::string_view())));
+    ReplaceFile(path, QByteArrayView(Embedded(LibraryNumber).value_or(std::string_view())), Durability::Unsynced);
     ReplaceFile(PathIn(folder, QStringLiteral("jpeg.bas")),
-                QByteArrayView(Embedded(DemonstrationNumber).value_or(std::string_view())));
+                QByteArrayView(Embedded(DemonstrationNumber).value_or(std::string_view())), Durability::Unsynced);
     return path;
 }
 

@@ -96,7 +96,7 @@ FileReader DiskReader()
 FileWriter DiskWriter()
 {
     return [](const std::string& fileName, std::span<const ByteView> pieces) -> WriteResult {
-        ReplaceFile(QString::fromStdString(fileName), QtViewsOf(pieces));
+        ReplaceFile(QString::fromStdString(fileName), FilePieces(QtViewsOf(pieces)), Durability::Unsynced);
         return {};
     };
 }

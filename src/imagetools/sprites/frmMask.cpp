@@ -98,8 +98,8 @@ void frmMask::cmdSave_Click()
         return;
     try {
         SaveMask(path, mask);
-    } catch (const RuntimeError&) {
-        MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);
+    } catch (const RuntimeError& error) {
+        FailureBox(QStringLiteral("Error saving file!"), error);
         return;
     }
     setWindowTitle(path);

@@ -10,6 +10,7 @@
 
 #include <cstdio>
 #include <new>
+#include <utility>
 
 namespace ob {
 
@@ -53,6 +54,18 @@ cDialogs*& Current()
     return current;
 }
 
+std::function<void(const QString&)>& Reasons()
+{
+    static std::function<void(const QString&)> sink;
+    return sink;
+}
+
+void GiveReason(const QString& reason)
+{
+    if (!reason.isEmpty() && Reasons())
+        Reasons()(reason);
+}
+
 } // namespace
 
 cDialogs* SetDialogs(cDialogs* dialogs)
@@ -64,7 +77,18 @@ cDialogs* SetDialogs(cDialogs* dialogs)
 
 BoxAnswer MsgBox(const QString& text, BoxIcon icon, BoxButtons buttons, const QString& title)
 {
-    return Current()->Message({text, icon, buttons, title});
+    return MsgBox({text, icon, buttons, title});
+}
+
+BoxAnswer MsgBox(const MessageSpec& spec)
+{
+    GiveReason(spec.reason);
+    return Current()->Message(spec);
+}
+
+void FailureBox(const QString& text, const RuntimeError& error, const QString& title)
+{
+    MsgBox({text, BoxIcon::Critical, BoxButtons::Ok, title, error.reason});
 }
 
 std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial)
@@ -119,10 +143,22 @@ QList<FileFilter> FileFiltersOf(const QString& filter)
     return filters;
 }
 
+void SetReasonSink(std::function<void(const QString&)> sink)
+{
+    Reasons() = std::move(sink);
+}
+
+void ShowReason(const RuntimeError& error)
+{
+    GiveReason(error.reason);
+}
+
 void ShowRuntimeError(const NumberedError& error)
 {
     MsgBox(QStringLiteral("Run-time error '%1':\n%2").arg(error.number).arg(QString::fromUtf8(error.what())),
            BoxIcon::Critical);
+    if (const auto* runtime = dynamic_cast<const RuntimeError*>(&error))
+        GiveReason(runtime->reason);
 }
 
 static void ShowUnexpectedError(const QString& reason)

@@ -12,6 +12,7 @@
 namespace ob {
 
 class NumberedError;
+class RuntimeError;
 
 enum class BoxIcon { None, Critical, Question, Exclamation, Information };
 enum class BoxButtons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
@@ -22,7 +23,8 @@ struct MessageSpec {
     QString text;
     BoxIcon icon = BoxIcon::None;
     BoxButtons buttons = BoxButtons::Ok;
-    QString title; // empty: the program's name
+    QString title;       // empty: the program's name
+    QString reason = {}; // what the status bar shows while and after the box is there; empty: as it is
 };
 
 struct InputSpec {
@@ -83,6 +85,11 @@ cDialogs* SetDialogs(cDialogs* dialogs);
 
 BoxAnswer MsgBox(const QString& text, BoxIcon icon = BoxIcon::None, BoxButtons buttons = BoxButtons::Ok,
                  const QString& title = {});
+BoxAnswer MsgBox(const MessageSpec& spec);
+
+// A box whose words are fixed, about a failed piece of work; the error's reason goes to the status bar.
+void FailureBox(const QString& text, const RuntimeError& error, const QString& title = {});
+
 std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial);
 QString FileBox(const FileSpec& spec);
 
@@ -100,8 +107,18 @@ struct FileFilter {
 };
 QList<FileFilter> FileFiltersOf(const QString& filter);
 
-// "Run-time error 'N':", a line break and the description, with the stop icon.
+// Where the reasons of failures are shown, the status bar's first panel; an empty function for nowhere, as in obtool.
+void SetReasonSink(std::function<void(const QString&)> sink);
+
+// The error's reason without a box; nothing for an error that has none.
+void ShowReason(const RuntimeError& error);
+
+// "Run-time error 'N':", a line break and the description, with the stop icon; the reason goes to the status bar.
 void ShowRuntimeError(const NumberedError& error);
+
+// Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the runtime's
+// error 7, any other with its reason.
+void ShowCaughtError();
 
 // Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the runtime's
 // error 7, any other with its reason.

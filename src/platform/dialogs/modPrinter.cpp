@@ -45,7 +45,7 @@ public:
     {
         if (!painter.end())
             return PrinterState::Failed;
-        ReplaceFile(path, bytes.data());
+        ReplaceFile(path, bytes.data(), Durability::Unsynced);
         return PrinterState::Ready;
     }
 

@@ -28,6 +28,22 @@ bool Holds(const QString& drive, const QString& folder)
            folder[drive.size()] == QLatin1Char('/');
 }
 
+// A star that met the text after it never needs to be tried again further on; without that, which the toolkit's own
+// conversion lacks, the work doubles with each star.
+QString ExpressionOf(const QString& pattern)
+{
+    QStringList pieces;
+    for (const QString& piece : pattern.split(QLatin1Char('*')))
+        pieces.append(QRegularExpression::escape(piece).replace(QLatin1String("\\?"), QLatin1String(".")));
+    QString expression = pieces.takeFirst();
+    if (pieces.isEmpty())
+        return expression;
+    const QString last = pieces.takeLast();
+    for (const QString& piece : pieces)
+        expression += QStringLiteral("(?>.*?%1)").arg(piece);
+    return expression + QStringLiteral(".*") + last;
+}
+
 } // namespace
 
 QList<Drive> NearDrives()
@@ -74,52 +90,32 @@ int DriveOf(const QList<Drive>& drives, const QString& folder)
     return static_cast<int>(best);
 }
 
-// Goes back to the last "*" when the text after it does not match, so the work is at most proportional to name times
-// pattern.
-bool MatchesPattern(QStringView name, QStringView pattern)
+QRegularExpression NamePattern(const QStringList& patterns)
 {
-    if (pattern == QLatin1String("*.*"))
-        return true;
-    qsizetype at = 0;
-    qsizetype place = 0;
-    qsizetype star = -1;
-    qsizetype starAt = 0;
-    while (at < name.size()) {
-        if (place < pattern.size() && pattern[place] == QLatin1Char('*')) {
-            star = place++;
-            starAt = at;
-        } else if (place < pattern.size() &&
-                   (pattern[place] == QLatin1Char('?') || pattern[place].toCaseFolded() == name[at].toCaseFolded())) {
-            ++place;
-            ++at;
-        } else if (star >= 0) {
-            place = star + 1;
-            at = ++starAt;
-        } else {
-            return false;
-        }
-    }
-    while (place < pattern.size() && pattern[place] == QLatin1Char('*'))
-        ++place;
-    return place == pattern.size();
+    QStringList expressions = {QStringLiteral("(?!)")}; // nothing fits no pattern
+    for (const QString& pattern : patterns)
+        expressions.append(ExpressionOf(pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern));
+    return QRegularExpression(QStringLiteral("\\A(?:%1)\\z").arg(expressions.join(QLatin1Char('|'))),
+                              QRegularExpression::CaseInsensitiveOption |
+                                  QRegularExpression::DotMatchesEverythingOption);
 }
 
-bool MatchesAny(QStringView name, const QStringList& patterns)
+bool Fits(const QString& name, const QRegularExpression& pattern)
 {
-    return std::any_of(patterns.begin(), patterns.end(),
-                       [&](const QString& pattern) { return MatchesPattern(name, pattern); });
+    return pattern.match(name).hasMatch();
 }
 
 FolderContents ReadFolder(const QString& folder, const QStringList& patterns)
 {
     FolderContents contents;
+    const QRegularExpression wanted = NamePattern(patterns);
     QDirIterator entries(folder, QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot);
     while (entries.hasNext()) {
         entries.next();
         const QString name = entries.fileName();
         if (entries.fileInfo().isDir())
             contents.folders.append(name);
-        else if (MatchesAny(name, patterns) && entries.fileInfo().isFile()) // no link to a pipe
+        else if (Fits(name, wanted) && entries.fileInfo().isFile()) // no link to a pipe
             contents.files.append(name);
     }
     SortNames(contents.folders);

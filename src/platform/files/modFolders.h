@@ -4,9 +4,9 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
-#include <QStringView>
 
 namespace ob {
 
@@ -28,10 +28,10 @@ bool IsUserVolume(const QString& root, const QByteArray& device);
 // The index of the innermost drive that contains the folder; -1 for none.
 int DriveOf(const QList<Drive>& drives, const QString& folder);
 
-// Whether a name matches a pattern in which "*" is any run of characters and "?" any single one, ignoring case. "*.*"
-// matches every name, also one without a dot.
-bool MatchesPattern(QStringView name, QStringView pattern);
-bool MatchesAny(QStringView name, const QStringList& patterns);
+// Patterns in which "*" is any run of characters and "?" any one, in any case, as one expression. Every other character
+// is itself, a bracket too; "*.*" fits every name, also one without a dot.
+QRegularExpression NamePattern(const QStringList& patterns);
+bool Fits(const QString& name, const QRegularExpression& pattern);
 
 // The contents of a folder without hidden entries, sorted by name ignoring case: its folders, and the regular files
 // that match one of the patterns. Empty for a folder that cannot be read.

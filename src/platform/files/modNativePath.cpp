@@ -2,7 +2,8 @@
 // Paths in the form of the standard library.
 #include "platform/files/modNativePath.h"
 
-#include "platform/language/cRuntimeError.h"
+#include "platform/files/modFileErrors.h"
+#include "platform/language/modSystem.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,17 +14,20 @@ namespace ob {
 
 namespace fs = std::filesystem;
 
-#ifdef Q_OS_WIN
 fs::path NativePath(const QString& path)
 {
-    return fs::path(QDir::toNativeSeparators(path).toStdWString());
+    if (ThisSystem == System::Windows)
+        return QDir::toNativeSeparators(path).toStdU16String();
+    return QFile::encodeName(path).toStdString();
 }
-#else
-fs::path NativePath(const QString& path)
+
+QString TextOfPath(const fs::path& path)
 {
-    return fs::path(QFile::encodeName(path).toStdString());
+    if constexpr (std::is_same_v<fs::path::value_type, char>)
+        return QFile::decodeName(QByteArray::fromStdString(path.native()));
+    else
+        return QString::fromStdU16String(path.u16string());
 }
-#endif
 
 fs::path LinkTarget(fs::path path, const QString& callersPath)
 {
@@ -38,9 +42,7 @@ fs::path LinkTarget(fs::path path, const QString& callersPath)
         // An absolute target replaces the folder before it.
         path = path.parent_path() / target;
     }
-    RuntimeError error = RuntimeErrorOf(ErrorNumber::PathFileAccess);
-    error.source = callersPath;
-    throw error;
+    RaiseFileError(ErrorNumber::PathFileAccess, callersPath, std::errc::too_many_symbolic_link_levels);
 }
 
 } // namespace ob

@@ -9,6 +9,7 @@
 namespace ob {
 
 std::filesystem::path NativePath(const QString& path);
+QString TextOfPath(const std::filesystem::path& path);
 
 // The final target of a link, whether or not it exists; a path that is not a link is its own target. Circular links
 // raise PathFileAccess with the caller's path.

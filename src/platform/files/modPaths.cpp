@@ -2,17 +2,15 @@
 // The folders of the program, decided here only.
 #include "platform/files/modPaths.h"
 
+#include "platform/files/modNativePath.h"
+#include "platform/files/modSystemPaths.h"
+#include "platform/language/modSystem.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
-
-#ifdef Q_OS_WIN
 #include <QTemporaryFile>
-#include <qt_windows.h>
-
-#include <string>
-#endif
 
 namespace ob {
 
@@ -27,23 +25,14 @@ QString WithoutTrailingSeparator(const QString& path)
     return QDir::toNativeSeparators(QDir::cleanPath(path));
 }
 
-#ifdef Q_OS_WIN
-const QLatin1String libraryEnding(".dll");
-
-// Only an attempt is reliable: other checks ignore the system's permission lists.
 bool CanWriteInto(const QString& folder)
 {
+    if (ThisSystem != System::Windows)
+        return QFileInfo(folder).isWritable();
+    // Only an attempt is reliable: other checks ignore the system's permission lists.
     QTemporaryFile probe(folder + QStringLiteral("/obXXXXXX.tmp"));
     return probe.open();
 }
-#else
-const QLatin1String libraryEnding(".so");
-
-bool CanWriteInto(const QString& folder)
-{
-    return QFileInfo(folder).isWritable();
-}
-#endif
 
 QString UsersFolder()
 {
@@ -69,17 +58,17 @@ bool Exists(const QString& path)
     return !path.isEmpty() && !path.contains(QChar::Null) && QFileInfo::exists(path);
 }
 
-#ifdef Q_OS_WIN
-QString SystemForm(const QString& path, DWORD(WINAPI* convert)(LPCWSTR, LPWSTR, DWORD))
+QString SystemForm(const QString& path, std::filesystem::path (*convert)(const std::filesystem::path&))
 {
-    const std::wstring given = QDir::toNativeSeparators(path).toStdWString();
-    std::wstring form(32768, L'\0');
-    const DWORD length = convert(given.c_str(), form.data(), static_cast<DWORD>(form.size()));
-    if (length == 0 || length >= form.size())
-        return QStringLiteral("error");
-    return QString::fromStdWString(form.substr(0, length));
+    const QString error = QStringLiteral("error");
+    if (!Exists(path))
+        return error;
+    // A system without short names gives the path back as it is written.
+    if (ThisSystem != System::Windows)
+        return path;
+    const std::filesystem::path form = convert(NativePath(path));
+    return form.empty() ? error : TextOfPath(form);
 }
-#endif
 
 } // namespace
 
@@ -88,8 +77,8 @@ QString ExecutableFolder()
     static const QString folder = [] {
         if (QCoreApplication::instance())
             return WithoutTrailingSeparator(QCoreApplication::applicationDirPath());
-        const QString executable = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget();
-        return executable.isEmpty() ? QDir::currentPath() : QFileInfo(executable).path();
+        const QString executable = TextOfPath(ExecutablePath());
+        return executable.isEmpty() ? QDir::currentPath() : WithoutTrailingSeparator(QFileInfo(executable).path());
     }();
     return folder;
 }
@@ -109,7 +98,7 @@ QString ProgramFile(const QString& name)
 
 QString LibraryFile(const QString& name)
 {
-    const QString file = name + libraryEnding;
+    const QString file = name + (ThisSystem == System::Windows ? QStringLiteral(".dll") : QStringLiteral(".so"));
     if (!libraryFolderSet.isEmpty())
         return Joined(libraryFolderSet, file);
     const QString ofProgram = ProgramFile(file);
@@ -128,24 +117,12 @@ void SetLibraryFolder(const QString& path)
 
 QString LongPathOf(const QString& path)
 {
-    if (!Exists(path))
-        return QStringLiteral("error");
-#ifdef Q_OS_WIN
-    return SystemForm(path, GetLongPathNameW);
-#else
-    return path;
-#endif
+    return SystemForm(path, WithLongNames);
 }
 
 QString ShortPathOf(const QString& path)
 {
-    if (!Exists(path))
-        return QStringLiteral("error");
-#ifdef Q_OS_WIN
-    return SystemForm(path, GetShortPathNameW);
-#else
-    return path;
-#endif
+    return SystemForm(path, WithShortNames);
 }
 
 QString AbsolutePathOf(const QString& path)

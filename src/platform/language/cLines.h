@@ -15,9 +15,8 @@ public:
 
     int Number() const { return number; } // from 0
 
-    // The line without its end, and with it.
+    // The line without its end.
     QByteArrayView Line() const { return {start, stop - start}; }
-    QByteArrayView LineWithEnd() const { return {start, next - start}; }
 
     // The line as the scans for labels and variables take it. They cut the line end by cutting two characters, so a
     // last line without an end loses its last two, but always keeps one.

@@ -33,9 +33,9 @@ static QString Description(ErrorNumber number)
     return QStringLiteral("Application-defined or object-defined error");
 }
 
-RuntimeError RuntimeErrorOf(ErrorNumber number, const QString& source)
+RuntimeError RuntimeErrorOf(ErrorNumber number, const QString& source, const QString& reason)
 {
-    return {static_cast<int>(number), source, Description(number)};
+    return {static_cast<int>(number), source, Description(number), reason};
 }
 
 } // namespace ob

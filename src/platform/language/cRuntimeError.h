@@ -12,9 +12,9 @@ namespace ob {
 
 class RuntimeError : public NumberedError {
 public:
-    RuntimeError(int errorNumber, QString errorSource, QString errorDescription)
+    RuntimeError(int errorNumber, QString errorSource, QString errorDescription, QString errorReason = {})
         : NumberedError(errorNumber), source(std::move(errorSource)), description(std::move(errorDescription)),
-          text(description.toUtf8())
+          reason(std::move(errorReason)), text(description.toUtf8())
     {
     }
 
@@ -22,6 +22,7 @@ public:
 
     QString source;
     QString description;
+    QString reason; // the system's text ("No space left on device"); empty where no system call failed
 
 private:
     QByteArray text;
@@ -42,7 +43,7 @@ enum class ErrorNumber {
     InvalidPicture = 481,
 };
 
-// The error with that number, the runtime's description of it ("File not found" for 53) and the given source.
-RuntimeError RuntimeErrorOf(ErrorNumber number, const QString& source = {});
+// The error with that number, the runtime's description of it ("File not found" for 53), the given source and reason.
+RuntimeError RuntimeErrorOf(ErrorNumber number, const QString& source = {}, const QString& reason = {});
 
 } // namespace ob

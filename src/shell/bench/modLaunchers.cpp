@@ -13,6 +13,7 @@
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/Module1.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modTexts.h"
 
 #include <QFile>
@@ -50,10 +51,11 @@ void StartProgramFor(const QString& testFile, const QString& message)
     const QString path = ProgramFile(testFile);
     std::optional<ProgramCall> call;
     try {
-        ReplaceFile(path, "test\r\n");
+        ReplaceFile(path, "test\r\n", Durability::Unsynced);
         call = FindExecutable(path.toStdU16String());
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
         // Without the test file the program cannot be found.
+        ShowReason(error);
     }
     QFile::remove(path);
     StartOr(call, message);

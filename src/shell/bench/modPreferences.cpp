@@ -65,14 +65,14 @@ const PreferenceRow rows[] = {
     {"chkComments", Choice{&Copies::addComments, &AddComments}, nullptr, {}, {}, Turn::AfterWindows},
 };
 
-// The failure of one step must not prevent the following ones.
+// The failure of one step must not prevent the following ones. It has no box, as no other failure here.
 template <class Step>
 void PassingErrorsOver(Step step)
 {
     try {
         step();
-    } catch (const RuntimeError&) {
-        // Nothing is shown, as for every other failure here.
+    } catch (const RuntimeError& error) {
+        ShowReason(error);
     }
 }
 
@@ -144,9 +144,9 @@ void AssociateFiles(const AssociationPlaces& places)
         return;
     try {
         AssociateFileTypes(places);
-    } catch (const RuntimeError&) {
-        MsgBox(QStringLiteral("The operation to associate file types with Orchard Bench failed."), BoxIcon::Critical,
-               BoxButtons::Ok, QStringLiteral("Error!"));
+    } catch (const RuntimeError& error) {
+        FailureBox(QStringLiteral("The operation to associate file types with Orchard Bench failed."), error,
+                   QStringLiteral("Error!"));
         return;
     }
     MsgBox(QStringLiteral("Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "

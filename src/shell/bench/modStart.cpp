@@ -18,8 +18,10 @@
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modOptions.h"
 #include "shell/state/modRecent.h"
+#include "shell/state/modTexts.h"
 
 #include <QDir>
 
@@ -47,6 +49,7 @@ void StartRoutine(const std::function<cMainForm*()>& create)
 
     ResetBench();
     MainForm = create();
+    SetReasonSink(SetStatusText);
     BuildSyntaxTable();
     LoadCustomKeywords(ProgramFolder());
     Editor.EditForeColor = GetSysColor(SystemColor::WindowText);

@@ -3,9 +3,8 @@
 #include "shell/state/Module1.h"
 
 #include "platform/files/modFiles.h"
-#include "platform/language/cRuntimeError.h"
 #include "shell/state/cMainForm.h"
-#include "shell/state/modTexts.h"
+#include "shell/state/modNames.h"
 
 #include <QFileInfo>
 
@@ -25,30 +24,6 @@ void ResetState()
     Editor = {};
     UserApplications.fill(QStringLiteral("none"));
     LastDir = QStringLiteral("app.path");
-}
-
-void ExtractResource(int id, const QString& type, const QString& path)
-{
-    const auto text = EmbeddedText(id, type);
-    if (!text)
-        return;
-    try {
-        WriteKeepingTail(path, QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size())));
-    } catch (const RuntimeError&) {
-        // A folder that cannot be written costs the user the library, not the start.
-    }
-}
-
-void SetStatusText(const QString& text)
-{
-    if (MainForm != nullptr)
-        MainForm->SetStatusPanel(text);
-}
-
-void ChooseMenuItem(const QString& name)
-{
-    if (MainForm != nullptr)
-        MainForm->ChooseItem(name);
 }
 
 bool IsUsablePath(const QString& path)

@@ -2,10 +2,20 @@
 // The settings store as a text file of the user.
 #include "shell/state/modSettings.h"
 
+#include "platform/files/cTemporaryFile.h"
+#include "platform/files/modFileErrors.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modNativePath.h"
+#include "platform/language/cRuntimeError.h"
+#include "shell/state/cMainForm.h"
+
+#include <QFileInfo>
 #include <QSettings>
 #include <QStringList>
+#include <QTimer>
 
 #include <memory>
+#include <vector>
 
 namespace ob {
 
@@ -16,8 +26,14 @@ QString Address(const QString& key)
     return QStringLiteral("Settings/") + key;
 }
 
-std::unique_ptr<QSettings> UsersStore()
+// The file that a test asked for; empty for the user's own.
+QString askedFile;
+
+std::unique_ptr<QSettings> OpenStore()
 {
+    if (!askedFile.isEmpty())
+        return std::make_unique<QSettings>(askedFile, QSettings::IniFormat);
+
     auto store = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("OB Bench"));
     // The store is the user's only: missing keys are not looked up in a machine-wide file.
     store->setFallbacksEnabled(false);
@@ -27,8 +43,37 @@ std::unique_ptr<QSettings> UsersStore()
 // One open store for the whole run: opening it costs more than reading all of it.
 std::unique_ptr<QSettings>& Store()
 {
-    static std::unique_ptr<QSettings> store = UsersStore();
+    static std::unique_ptr<QSettings> store = OpenStore();
     return store;
+}
+
+// The toolkit keeps no reason for a store that it could not write; a file beside it, as large, meets the same one.
+void RaiseReason(const QString& path)
+{
+    const std::filesystem::path file = NativePath(path);
+    if (FileExists(path))
+        RequireWritable(file, path);
+    constexpr qint64 block = 4096;
+    const qint64 size = (QFileInfo(path).size() / block + 1) * block;
+    cTemporaryFile probe(file, path);
+    probe.Write(std::vector<std::uint8_t>(static_cast<std::size_t>(size)));
+    probe.Complete(Durability::Synced);
+    throw RuntimeErrorOf(ErrorNumber::DeviceIoError, path, QStringLiteral("The settings could not be written"));
+}
+
+void Sync()
+{
+    // An error sticks to the object that met it. Another one shares what is still to be written.
+    if (Store()->status() != QSettings::NoError)
+        Store() = OpenStore();
+    Store()->sync();
+    const QString path = Store()->fileName();
+    if (Store()->status() == QSettings::AccessError)
+        RaiseReason(path);
+    if (!FileExists(path))
+        return;
+    if (const std::error_code error = SyncNames(FolderOfNative(NativePath(path))))
+        RaiseFileError(error, path);
 }
 
 } // namespace
@@ -49,7 +94,12 @@ void WriteSetting(const QString& key, const QString& value)
 
 void SyncSettings()
 {
-    Store()->sync();
+    try {
+        Sync();
+    } catch (const RuntimeError& error) {
+        // The command at work may have a status of its own still to show; this one follows it.
+        QTimer::singleShot(0, [reason = error.reason] { SetStatusText(reason); });
+    }
 }
 
 QString SettingsFile()
@@ -59,7 +109,8 @@ QString SettingsFile()
 
 void SetSettingsFile(const QString& path)
 {
-    Store() = path.isEmpty() ? UsersStore() : std::make_unique<QSettings>(path, QSettings::IniFormat);
+    askedFile = path;
+    Store() = OpenStore();
 }
 
 } // namespace ob

@@ -10,9 +10,11 @@ namespace ob {
 QString ReadSetting(const QString& key, const QString& fallback);
 
 // Stores a text under a key. It is on disk after SyncSettings, the next turn of the event loop, or the program's
-// orderly end, whichever comes first. A store that cannot be written is silently ignored.
+// orderly end, whichever comes first.
 void WriteSetting(const QString& key, const QString& value);
 
+// Waits until the disk has all that was stored. There is no box for a store that cannot be written: its reason goes to
+// the status bar's first panel at the next turn of the event loop, and the next call tries again.
 void SyncSettings();
 
 // The file of the store.

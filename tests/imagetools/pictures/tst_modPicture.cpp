@@ -3,12 +3,12 @@
 #include "imagetools/pictures/modPicture.h"
 #include "imaging/BitmapBytes.h"
 #include "imaging/PlainImaging.h"
+#include "platform/files/FileTrouble.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QBuffer>
 #include <QClipboard>
 #include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,12 +16,6 @@
 using namespace ob;
 
 namespace {
-
-QByteArray Get(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
-}
 
 QByteArray Encoded(const QImage& image, const char* format)
 {
@@ -41,9 +35,6 @@ int ErrorNumberOf(const std::function<void()>& work)
     }
     return 0;
 }
-
-const ByteView Abc(reinterpret_cast<const std::uint8_t*>("abc"), 3);
-const ByteView De(reinterpret_cast<const std::uint8_t*>("de"), 2);
 
 } // namespace
 
@@ -141,7 +132,7 @@ private Q_SLOTS:
         QVERIFY(boxes.Finished());
     }
 
-    void filesAreReadAndReplaced()
+    void filesAreRead()
     {
         const QString path = folder.filePath(QStringLiteral("ä.bin"));
         const std::array<ByteView, 2> pieces = {Abc, De};

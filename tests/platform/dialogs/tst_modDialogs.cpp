@@ -4,6 +4,7 @@
 
 #include "core/CoreBench.h"
 #include "engine/run/modFileIO.h"
+#include "shell/state/Module1.h"
 
 #include <new>
 #include <stdexcept>
@@ -88,14 +89,27 @@ private Q_SLOTS:
         QVERIFY(bench->dialogs.Finished());
     }
 
-    void anyOtherErrorIsShownWithItsReason()
+    void aReasonGoesToTheStatusBarBeforeTheBox()
     {
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("This command ended with an unexpected error:\nthe disk has melted"));
-        QVERIFY(RunCommand([] { throw std::runtime_error("the disk has melted"); }) == CommandEnd::Failed);
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("This command ended with an unexpected error:\nno reason is known"));
-        QVERIFY(RunCommand([] { throw 42; }) == CommandEnd::Failed);
+        SetReasonSink(SetStatusText);
+        const RuntimeError full = RuntimeErrorOf(ErrorNumber::DiskFull, {}, QStringLiteral("No space left on device"));
+        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '61':\nDisk full"));
+        QVERIFY(RunCommand([&] { throw full; }) == CommandEnd::Failed);
+        QCOMPARE(bench->form.status, QStringLiteral("No space left on device"));
+
+        bench->form.status.clear();
+        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        FailureBox(QStringLiteral("Error saving file!"), full);
+        QCOMPARE(bench->form.status, QStringLiteral("No space left on device"));
+
+        bench->form.status = QStringLiteral("as it was");
+        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        FailureBox(QStringLiteral("Error saving file!"), RuntimeErrorOf(ErrorNumber::InvalidPicture));
+        ShowReason(RuntimeErrorOf(ErrorNumber::InvalidPicture));
+        QCOMPARE(bench->form.status, QStringLiteral("as it was"));
+        SetReasonSink({});
+        ShowReason(full);
+        QCOMPARE(bench->form.status, QStringLiteral("as it was"));
         QVERIFY(bench->dialogs.Finished());
     }
 

@@ -52,17 +52,17 @@ private Q_SLOTS:
         QFETCH(QString, fits);
         QFETCH(QString, fitsNot);
         for (const QString& name : Words(qPrintable(fits)))
-            QVERIFY2(MatchesPattern(name, pattern), qPrintable(name));
+            QVERIFY2(Fits(name, NamePattern({pattern})), qPrintable(name));
         for (const QString& name : Words(qPrintable(fitsNot)))
-            QVERIFY2(!MatchesPattern(name, pattern), qPrintable(name));
+            QVERIFY2(!Fits(name, NamePattern({pattern})), qPrintable(name));
     }
 
     void theEmptyNameFitsStarsOnly()
     {
-        QVERIFY(MatchesPattern(u"", u"*"));
-        QVERIFY(MatchesPattern(u"", u""));
-        QVERIFY(!MatchesPattern(u"", u"?"));
-        QVERIFY(!MatchesPattern(u"a", u""));
+        QVERIFY(Fits(QStringLiteral(""), NamePattern({QStringLiteral("*")})));
+        QVERIFY(Fits(QStringLiteral(""), NamePattern({QStringLiteral("")})));
+        QVERIFY(!Fits(QStringLiteral(""), NamePattern({QStringLiteral("?")})));
+        QVERIFY(!Fits(QStringLiteral("a"), NamePattern({QStringLiteral("")})));
     }
 
     // A naive matcher's work doubles with each star.
@@ -72,8 +72,8 @@ private Q_SLOTS:
         QString pattern;
         for (int i = 0; i < 200; ++i)
             pattern += QLatin1String("*a");
-        QVERIFY(MatchesPattern(name, pattern));
-        QVERIFY(!MatchesPattern(name, pattern + QLatin1Char('b')));
+        QVERIFY(Fits(name, NamePattern({pattern})));
+        QVERIFY(!Fits(name, NamePattern({pattern + QLatin1Char('b')})));
     }
 
     void aFolderShowsItsFoldersAndItsCodeSorted()

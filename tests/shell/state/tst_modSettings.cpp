@@ -2,6 +2,11 @@
 // The settings store returns every text as it was written.
 #include "shell/state/modSettings.h"
 
+#include "core/FakeMainForm.h"
+#include "platform/files/FileTrouble.h"
+#include "platform/files/modSync.h"
+#include "shell/state/Module1.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -28,7 +33,9 @@ private Q_SLOTS:
     void textsSurviveInAnotherProcess();
     void theSectionIsSettings();
     void aListWrittenByHandIsOneText();
-    void aStoreThatCannotBeWrittenIsPassedOver();
+    void aStoreThatCannotBeWrittenKeepsItsTexts();
+    void theReasonOfAFailedSyncIsInTheStatusBar();
+    void aDiskThatLosesTheNameIsReported();
     void aBrokenFileGivesFallbacks();
     void theUsersOwnStoreBearsTheApplicationsName();
     void readingAllKeysTakesLessThanAMillisecond_data();
@@ -133,7 +140,7 @@ void tst_modSettings::aListWrittenByHandIsOneText()
     QCOMPARE(ob::ReadSetting(QStringLiteral("FontName"), {}), QStringLiteral("Courier, New"));
 }
 
-void tst_modSettings::aStoreThatCannotBeWrittenIsPassedOver()
+void tst_modSettings::aStoreThatCannotBeWrittenKeepsItsTexts()
 {
 #ifdef Q_OS_LINUX
     ob::SetSettingsFile(QStringLiteral("/proc/store.ini"));
@@ -145,6 +152,59 @@ void tst_modSettings::aStoreThatCannotBeWrittenIsPassedOver()
 #else
     QSKIP("has no such folder");
 #endif
+}
+
+namespace {
+
+// A main window with nothing but its status bar, and what that shows after a sync.
+class StatusBar {
+public:
+    StatusBar() { ob::MainForm = &form; }
+    ~StatusBar() { ob::MainForm = nullptr; }
+    StatusBar(const StatusBar&) = delete;
+    StatusBar& operator=(const StatusBar&) = delete;
+
+    QString AfterSync()
+    {
+        form.status = QStringLiteral("as it was");
+        ob::SyncSettings();
+        QCoreApplication::processEvents();
+        return form.status;
+    }
+
+private:
+    ob::FakeMainForm form;
+};
+
+} // namespace
+
+void tst_modSettings::theReasonOfAFailedSyncIsInTheStatusBar()
+{
+#ifdef Q_OS_UNIX
+    StatusBar bar;
+    QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
+    {
+        const PlainUser user;
+        ob::WriteSetting(QStringLiteral("TabSize"), QStringLiteral("8"));
+        QCOMPARE(bar.AfterSync(), QStringLiteral("Permission denied"));
+    }
+    QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
+    QCOMPARE(bar.AfterSync(), QStringLiteral("as it was"));
+    QVERIFY(Get(StoreFile()).contains("TabSize=8"));
+#else
+    QSKIP("has no such permissions");
+#endif
+}
+
+void tst_modSettings::aDiskThatLosesTheNameIsReported()
+{
+    StatusBar bar;
+    ob::WriteSetting(QStringLiteral("TabSize"), QStringLiteral("8"));
+    ob::SetDisk([](ob::SyncStep) { return std::make_error_code(std::errc::io_error); });
+    const QString status = bar.AfterSync();
+    ob::SetDisk({});
+    QCOMPARE(status, QStringLiteral("Input/output error"));
+    QCOMPARE(bar.AfterSync(), QStringLiteral("as it was"));
 }
 
 void tst_modSettings::aBrokenFileGivesFallbacks()

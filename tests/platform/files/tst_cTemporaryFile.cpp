@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A file's way to its name: the temporary file, the disk, the rename, and what is kept of the old file.
+#include "platform/files/cTemporaryFile.h"
+
+#include "platform/files/FileTrouble.h"
+#include "platform/files/modFiles.h"
+#include "platform/files/modNativePath.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <memory>
+
+#ifdef Q_OS_LINUX
+#include <sys/xattr.h>
+#endif
+
+using namespace ob;
+
+namespace {
+
+// Within its life the disk answers what the test says.
+class FakeDisk {
+public:
+    explicit FakeDisk(std::function<std::error_code(SyncStep)> disk) { SetDisk(std::move(disk)); }
+    ~FakeDisk() { SetDisk({}); }
+    FakeDisk(const FakeDisk&) = delete;
+    FakeDisk& operator=(const FakeDisk&) = delete;
+};
+
+std::function<std::error_code(SyncStep)> FailingAt(SyncStep step)
+{
+    return [step](SyncStep asked) {
+        return asked == step ? std::error_code(EIO, std::system_category()) : std::error_code();
+    };
+}
+
+QString ReasonOf(const std::function<void()>& work)
+{
+    try {
+        work();
+    } catch (const RuntimeError& error) {
+        return error.reason;
+    }
+    return QStringLiteral("no error");
+}
+
+} // namespace
+
+class tst_cTemporaryFile : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> folder;
+
+    QString At(const char* name) const { return folder->filePath(QString::fromLatin1(name)); }
+    QStringList Entries() const
+    {
+        return QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+private Q_SLOTS:
+    void init() { folder = std::make_unique<QTemporaryDir>(); }
+    void cleanup() { folder.reset(); }
+
+    void aNewFileIsNeverOneThatIsThere()
+    {
+        Put(At("taken"), "old");
+        cSystemFile file;
+        QVERIFY(TroubleOf(file.Open(NativePath(At("taken")), Opening::New)) == FileTrouble::Exists);
+        QCOMPARE(Get(At("taken")), QByteArray("old"));
+        const cTemporaryFile temporary(NativePath(At("x")), At("x"));
+        QVERIFY(TroubleOf(file.Open(temporary.Path(), Opening::New)) == FileTrouble::Exists);
+    }
+
+#ifdef Q_OS_UNIX
+    void aNewFileIsNotMadeThroughALink()
+    {
+        QVERIFY(QFile::link(At("elsewhere"), At("link")));
+        cSystemFile file;
+        QVERIFY(TroubleOf(file.Open(NativePath(At("link")), Opening::New)) == FileTrouble::Exists);
+        QVERIFY(!QFile::exists(At("elsewhere")));
+    }
+#endif
+
+    void theBytesReachTheDiskBeforeTheNameAndTheNameAfter()
+    {
+        Put(At("x"), "old");
+        QStringList steps;
+        const FakeDisk disk([&](SyncStep step) {
+            steps += (step == SyncStep::Bytes ? QStringLiteral("bytes, file is ") : QStringLiteral("names, file is ")) +
+                     QString::fromLatin1(Get(At("x")));
+            return std::error_code();
+        });
+        ReplaceFile(At("x"), "new");
+        QCOMPARE(steps, (QStringList{QStringLiteral("bytes, file is old"), QStringLiteral("names, file is new")}));
+    }
+
+    void whatCanBeMadeAgainDoesNotWaitForTheDisk()
+    {
+        int steps = 0;
+        const FakeDisk disk([&](SyncStep) {
+            ++steps;
+            return std::error_code();
+        });
+        ReplaceFile(At("x"), "new", Durability::Unsynced);
+        AppendToFile(At("x"), "er", Durability::Unsynced);
+        WriteKeepingTail(At("x"), "N", Durability::Unsynced);
+        QCOMPARE(steps, 0);
+        QCOMPARE(Get(At("x")), QByteArray("Newer\r\n"));
+        AppendToFile(At("x"), "est");
+        QCOMPARE(steps, 1);
+    }
+
+    void aDiskThatLosesTheBytesLeavesTheOldFile()
+    {
+        Put(At("x"), "old");
+        const FakeDisk disk(FailingAt(SyncStep::Bytes));
+        QCOMPARE(ErrorOf([&] { ReplaceFile(At("x"), "new"); }), deviceIoError);
+        QCOMPARE(ErrorOf([&] { ReplaceFile(At("y"), "new"); }), deviceIoError);
+        QCOMPARE(ErrorOf([&] { AppendToFile(At("x"), "new"); }), deviceIoError);
+        QCOMPARE(ErrorOf([&] { AppendToFile(At("y"), "new"); }), deviceIoError);
+        QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), "new"); }), QStringLiteral("Input/output error"));
+        QCOMPARE(Get(At("x")), QByteArray("old"));
+        QCOMPARE(Entries(), QStringList{QStringLiteral("x")});
+    }
+
+    void aDiskThatLosesTheNameIsAnErrorToo()
+    {
+        Put(At("x"), "old");
+        const FakeDisk disk(FailingAt(SyncStep::Names));
+        QCOMPARE(ErrorOf([&] { ReplaceFile(At("x"), "new"); }), deviceIoError);
+        QCOMPARE(Get(At("x")), QByteArray("new"));
+        QCOMPARE(Entries(), QStringList{QStringLiteral("x")});
+    }
+
+#ifdef Q_OS_UNIX
+    void aFileThatIsWrittenInPlaceGetsItsOldBytesBack()
+    {
+        Put(At("x"), "old");
+        QVERIFY(QFile::setPermissions(At("x"), QFile::Permissions(0x6666)));
+        QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
+        {
+            const PlainUser user;
+            const FakeDisk disk(FailingAt(SyncStep::Bytes));
+            QCOMPARE(ErrorOf([&] { ReplaceFile(At("x"), "a longer new one"); }), deviceIoError);
+            QCOMPARE(Get(At("x")), QByteArray("old"));
+            QCOMPARE(ErrorOf([&] { ReplaceFile(At("x"), "n"); }), deviceIoError);
+            QCOMPARE(Get(At("x")), QByteArray("old"));
+            ReplaceFile(At("x"), "n", Durability::Unsynced);
+        }
+        QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
+        QCOMPARE(Get(At("x")), QByteArray("n"));
+    }
+
+    void theReasonIsTheSystemsText()
+    {
+        QCOMPARE(ReasonOf([&] { ReplaceFile(At("gone/x"), "new"); }), QStringLiteral("No such file or directory"));
+        QCOMPARE(ReasonOf([&] { ReplaceFile(folder->path(), "new"); }), QStringLiteral("Is a directory"));
+        {
+            const FileSizeLimit limit(10'000);
+            QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), QByteArray(20'000, 'n')); }),
+                     QStringLiteral("File too large"));
+        }
+        QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
+        {
+            const PlainUser user;
+            QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), "new"); }), QStringLiteral("Permission denied"));
+        }
+        QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
+    }
+#endif
+
+#ifdef Q_OS_LINUX
+    void aFullDeviceSaysSo()
+    {
+        const QString full = QStringLiteral("No space left on device");
+        QCOMPARE(ReasonOf([] { ReplaceFile(QStringLiteral("/dev/full"), "x"); }), full);
+        QCOMPARE(ReasonOf([] { AppendToFile(QStringLiteral("/dev/full"), "x"); }), full);
+    }
+
+    void extendedAttributesStay()
+    {
+        Put(At("x"), "old");
+        const QByteArray path = QFile::encodeName(At("x"));
+        if (setxattr(path.constData(), "user.origin", "here", 4, 0) != 0)
+            QSKIP("the disk has no extended attributes");
+        ReplaceFile(At("x"), "new");
+        char value[16] = {};
+        QCOMPARE(getxattr(path.constData(), "user.origin", value, sizeof value), ssize_t{4});
+        QCOMPARE(QByteArray(value), QByteArray("here"));
+        QCOMPARE(Get(At("x")), QByteArray("new"));
+    }
+#endif
+};
+
+QTEST_GUILESS_MAIN(tst_cTemporaryFile)
+#include "tst_cTemporaryFile.moc"
