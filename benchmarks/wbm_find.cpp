@@ -10,7 +10,6 @@
 #include "platform/files/modPaths.h"
 #include "shell/bench/frmMain.h"
 #include "shell/bench/modStart.h"
-#include "shell/state/Module1.h"
 #include "shell/state/modSettings.h"
 
 #include <benchmark/benchmark.h>

@@ -4,7 +4,6 @@
 #include "platform/files/modPaths.h"
 #include "shell/bench/frmOptions.h"
 #include "shell/bench/modStart.h"
-#include "shell/state/Module1.h"
 #include "shell/state/modOptions.h"
 #include "shell/state/modSettings.h"
 

@@ -8,7 +8,7 @@
 #include "platform/language/modAnsi.h"
 #include "shell/bench/frmMain.h"
 #include "shell/bench/modStart.h"
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "shell/state/modSettings.h"
 
 #include <benchmark/benchmark.h>

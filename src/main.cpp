@@ -5,6 +5,7 @@
 #include "platform/dialogs/modDialogs.h"
 #include "shell/bench/frmMain.h"
 #include "shell/bench/modStart.h"
+#include "shell/state/cMainForm.h"
 
 #include <QIcon>
 

@@ -50,6 +50,19 @@ fail "A room includes what its line does not name:" "$(
       if (!allowed) print $0
     }' || true)"
 
+# The tables of rooms: the architecture's is the one that the script writes, the README's has a row for each.
+written=$(mktemp)
+trap 'rm -f "$written"' EXIT
+cp "$project/docs/architecture.md" "$written"
+"$project/scripts/rooms-table.sh" "$rooms" "$written" || failed=1
+fail "docs/architecture.md has another table of rooms (scripts/rooms-table.sh $rooms docs/architecture.md):" \
+  "$(diff "$project/docs/architecture.md" "$written" || true)"
+fail "docs/architecture.md does not say what a room holds:" "$(grep -E '^\| `[^`]+` \|  *\|' "$written" || true)"
+listed=$(grep -E '^\| `src/' "$project/README.md" | cut -d'|' -f2 | grep -oE '`[^`]+`' | tr -d '`' | sed 's|^src/||' | sort)
+plugins=$(printf '%s\n' avicodecs imagelibrary mediaplayer obtool)
+fail "The README's table of folders lacks a room (<) or names one that is not there (>):" \
+  "$(diff <(printf '%s\n' "${folders[@]}" $plugins | sort) <(printf '%s\n' "$listed") || true)"
+
 fail "A core file includes a window or the window toolkit:" "$(grep -HnE \
   '#include *[<"](QtWidgets|QtPrintSupport|QPrint|QApplication|QWidget|QDialog|QMessageBox|QMainWindow|QMdi|QFileDialog|QInputDialog|QMenu|QToolBar|QLabel|QLineEdit|QPushButton|QComboBox)|#include *"([a-z]+/)*(frm|dlg)[A-Z]|#include *"ui_' \
   "${core[@]}" || true)"

@@ -4,7 +4,7 @@
 
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
-#include "shell/state/Module1.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modTexts.h"
 
 namespace ob {

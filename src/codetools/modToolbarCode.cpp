@@ -3,7 +3,7 @@
 // button, or each button with a branch block of its own. Words in braces are placeholders.
 #include "codetools/modToolbarCode.h"
 
-#include "shell/state/Module1.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modTexts.h"
 
 #include <functional>

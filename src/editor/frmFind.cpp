@@ -6,7 +6,6 @@
 #include "editor/document/modDocument.h"
 #include "editor/frmReplaceWatch.h"
 #include "platform/dialogs/frmCommand.h"
-#include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmFind.h"
 

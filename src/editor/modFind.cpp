@@ -6,7 +6,6 @@
 #include "editor/document/modDocument.h"
 #include "editor/modTextSearch.h"
 #include "platform/dialogs/modDialogs.h"
-#include "shell/state/Module1.h"
 
 #include <algorithm>
 #include <cstdlib>

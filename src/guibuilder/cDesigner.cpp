@@ -2,7 +2,7 @@
 // The drawing surface without a screen.
 #include "guibuilder/cDesigner.h"
 
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 
 #include <algorithm>
 

@@ -2,10 +2,9 @@
 // Edits the menus of the form under design.
 #include "guibuilder/dlgMenu.h"
 
+#include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modGuiCommands.h"
 #include "platform/dialogs/modDialogs.h"
-#include "shell/state/Module1.h"
-#include "shell/state/cMainForm.h"
 #include "ui_dlgMenu.h"
 
 #include <QKeyEvent>
@@ -58,8 +57,8 @@ void dlgMenu::done(int result)
     RunCommand([] {
         GuiDesign().form.menuLabel = EditedMenuLabel(GuiDesign().form);
         // The main window may be closing, and this one with it.
-        if (MainForm != nullptr)
-            MainForm->RefreshGui();
+        if (GuiWindow != nullptr)
+            GuiWindow->RefreshGui();
     });
     QDialog::done(result);
 }

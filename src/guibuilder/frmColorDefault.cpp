@@ -2,13 +2,12 @@
 // The properties of the window under design.
 #include "guibuilder/frmColorDefault.h"
 
+#include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modGui.h"
 #include "guibuilder/modGuiCommands.h"
 #include "guibuilder/modWindowDefaults.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/language/modRuntime.h"
-#include "shell/state/Module1.h"
-#include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmColorDefault.h"
 
@@ -144,7 +143,7 @@ DefaultsEnd ShowColorDefault()
     BindManualPage(dialog, frmColorDefault::ManualPage);
     if (dialog.exec() != QDialog::Accepted)
         return DefaultsEnd::Cancelled;
-    MainForm->RefreshGui();
+    GuiWindow->RefreshGui();
     return DefaultsEnd::Confirmed;
 }
 

@@ -2,13 +2,12 @@
 // The properties of one control.
 #include "guibuilder/frmProp.h"
 
+#include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modBitmap.h"
 #include "guibuilder/modGuiCommands.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
-#include "shell/state/Module1.h"
-#include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmProp.h"
 
@@ -192,7 +191,7 @@ PropEnd ShowProp(ControlRef control, const QString& kindWord)
     BindManualPage(dialog, frmProp::ManualPage);
     dialog.exec();
     if (dialog.End() != PropEnd::Cancelled)
-        MainForm->RefreshGui();
+        GuiWindow->RefreshGui();
     return dialog.End();
 }
 

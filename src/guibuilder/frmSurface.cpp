@@ -2,6 +2,7 @@
 // The drawing surface.
 #include "guibuilder/frmSurface.h"
 
+#include "guibuilder/cGuiWindow.h"
 #include "guibuilder/dlgMenu.h"
 #include "guibuilder/frmColorDefault.h"
 #include "guibuilder/frmProp.h"
@@ -9,7 +10,6 @@
 #include "guibuilder/modGuiCommands.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/Module1.h"
-#include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
 
 #include <QContextMenuEvent>
@@ -256,7 +256,7 @@ bool frmSurface::TakeArrow(const QKeyEvent& event)
 void frmSurface::TakeStep(void (cDesigner::*step)())
 {
     (designer.*step)();
-    MainForm->RefreshGui();
+    GuiWindow->RefreshGui();
     EnableMenuEditor(designer.Form().GuiWindowType);
 }
 

@@ -4,6 +4,7 @@
 
 #include "editor/document/modDocument.h"
 #include "editor/document/modUserTexts.h"
+#include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
 #include "platform/dialogs/modDialogs.h"
@@ -13,6 +14,7 @@
 #include "platform/language/modAnsi.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modNames.h"
 
 #include <QDate>
 #include <QDir>
@@ -55,7 +57,7 @@ void OpenGeneratedCode(ProgramKind kind)
     GuiForm completed = Completed(design.form, CompletedFor::Program);
     const GeneratedProgram program = GenerateProgram(completed, kind, header);
     design.form = std::move(completed);
-    MainForm->SettleGui(cMainForm::GuiSteps::Keep);
+    GuiWindow->SettleGui(GuiSteps::Keep);
     if (program.bitmapMissing)
         MsgBox(BitmapMissingText);
     if (cDocument* document = NewDocument())
@@ -112,7 +114,7 @@ void SaveGuiForm(const QString& path)
     try {
         design.form = Completed(std::move(design.form), CompletedFor::File);
         const AnsiText encoded = AnsiFromText(WriteForm(design.form));
-        MainForm->SettleGui(cMainForm::GuiSteps::Keep);
+        GuiWindow->SettleGui(GuiSteps::Keep);
         if (MayLose(encoded)) {
             ReplaceFile(path, encoded.bytes);
             SetStatusText(QStringLiteral("Form saved as ") + NameOf(path));
@@ -130,21 +132,21 @@ void LoadGuiForm(const QString& path)
     FormDesign& design = GuiDesign();
     const bool wasLoading = design.GuiFormLoading;
     design.GuiFormLoading = true;
-    if (!MainForm->UnloadGui()) {
+    if (!GuiWindow->UnloadGui()) {
         design.GuiFormLoading = wasLoading;
         return;
     }
-    MainForm->ShowGui();
+    GuiWindow->ShowGui();
     const FormLoad end = ReadFormFile(path, design.form);
     if (end == FormLoad::Corrupt) {
         design.GuiFormLoading = design.GuiFormModified = false;
-        MainForm->UnloadGui();
+        GuiWindow->UnloadGui();
         MsgBox(CorruptFormText, BoxIcon::Critical);
         return;
     }
     design.GuiFormModified = false;
     ShowStatusNote(design.form.GuiStatusbarOn);
-    MainForm->SettleGui(cMainForm::GuiSteps::Forget);
+    GuiWindow->SettleGui(GuiSteps::Forget);
     EnableMenuEditor(design.form.GuiWindowType);
     if (end == FormLoad::Failed) {
         MsgBox(FailedFormText, BoxIcon::Critical);
@@ -181,34 +183,34 @@ void mnuFileLoadGui_Click()
     if (path.contains(QLatin1String("obf"), Qt::CaseInsensitive))
         LoadGuiForm(path);
     else
-        MainForm->UnloadGui();
+        GuiWindow->UnloadGui();
 }
 
 void NewGuiForm()
 {
-    if (!MainForm->UnloadGui())
+    if (!GuiWindow->UnloadGui())
         return;
-    MainForm->ShowGui();
+    GuiWindow->ShowGui();
     GuiDesign().form.windowTag = QStringLiteral("open");
-    MainForm->ShowGuiDefaults();
-    MainForm->SettleGui(cMainForm::GuiSteps::Forget);
+    GuiWindow->ShowGuiDefaults();
+    GuiWindow->SettleGui(GuiSteps::Forget);
 }
 
 void GuiShowMenu(MenuBar bar)
 {
     GuiDesign().form.GuiMenuOn = bar == MenuBar::Shown;
-    MainForm->RefreshGui();
+    GuiWindow->RefreshGui();
 }
 
 void ShowStatusNote(bool show)
 {
     GuiDesign().GuiStatusNoteOn = show;
-    MainForm->RefreshGui();
+    GuiWindow->RefreshGui();
 }
 
 void EnableMenuEditor(const QString& windowType)
 {
-    MainForm->EnableGuiTool(QString::fromLatin1(MenuEditorTool), !IsDialogType(windowType));
+    GuiWindow->EnableGuiTool(QString::fromLatin1(MenuEditorTool), !IsDialogType(windowType));
 }
 
 void Compile()

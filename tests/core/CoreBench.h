@@ -7,6 +7,7 @@
 #include "platform/language/cRuntimeError.h"
 #include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "shell/state/modSettings.h"
 #include "support/ScriptedDialogs.h"
 

@@ -4,6 +4,7 @@
 
 #include "core/FakeSci.h"
 #include "editor/document/cDocument.h"
+#include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modGuiCommands.h"
 #include "shell/state/cMainForm.h"
 
@@ -15,8 +16,11 @@
 
 namespace ob {
 
-class FakeMainForm final : public cMainForm {
+class FakeMainForm final : public cMainForm, public cGuiWindow {
 public:
+    FakeMainForm() { GuiWindow = this; }
+    ~FakeMainForm() override { GuiWindow = nullptr; }
+
     ActiveChild ActiveKind() const override { return kind; }
     cDocument* ActiveDocument() const override { return kind == ActiveChild::Code ? active : nullptr; }
 
@@ -50,16 +54,18 @@ public:
     void ChooseItem(const QString& name) override { log.append(QStringLiteral("choose ") + name); }
     bool HasShortcut(const QKeyEvent&) const override { return false; }
 
-    void SetRecentCaption(int number, const QString& caption) override
+    // The items of the recent list are "mnuFileMRU1" to "mnuFileMRU8".
+    void SetItemCaption(const QString& name, const QString& caption) override { captions[PlaceOf(name)] = caption; }
+    void ShowItem(const QString& name) override { shownItems[PlaceOf(name)] = true; }
+
+    void EnableButton(const QString& name, bool enable) override
     {
-        captions[static_cast<std::size_t>(number - 1)] = caption;
+        log.append((enable ? QStringLiteral("enable button ") : QStringLiteral("disable button ")) + name);
     }
 
-    void ShowRecentItem(int number) override { shownItems[static_cast<std::size_t>(number - 1)] = true; }
-
-    void EnableButton(int place, bool enable) override
+    void EnableCodeTools(bool enable) override
     {
-        log.append((enable ? QStringLiteral("enable button %1") : QStringLiteral("disable button %1")).arg(place));
+        log.append(enable ? QStringLiteral("enable code tools") : QStringLiteral("disable code tools"));
     }
 
     bool UnloadGui() override
@@ -115,6 +121,11 @@ public:
     std::array<bool, 8> shownItems = {};
 
 private:
+    static std::size_t PlaceOf(const QString& name)
+    {
+        return name.mid(QStringLiteral("mnuFileMRU").size()).toUInt() - 1;
+    }
+
     std::vector<std::unique_ptr<FakeSci>> controls;
 };
 

@@ -307,4 +307,5 @@ private Q_SLOTS:
 };
 
 OB_CORE_TEST(tst_modSnippets)
+#include "shell/state/modNames.h"
 #include "tst_modSnippets.moc"

@@ -8,6 +8,7 @@
 #include "editor/frmFind.h"
 #include "editor/frmReplaceWatch.h"
 #include "shell/state/Module1.h"
+#include "shell/state/modNames.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>

@@ -7,6 +7,7 @@
 #include "editor/frmDocument.h"
 #include "editor/frmSnip.h"
 #include "shell/state/Module1.h"
+#include "shell/state/modNames.h"
 
 #include <QClipboard>
 #include <QDir>

@@ -10,6 +10,7 @@
 #include "editor/modEdit.h"
 #include "editor/modEditText.h"
 #include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 
 #include <QAbstractScrollArea>
 #include <QComboBox>
@@ -462,7 +463,7 @@ void win_modEdit::commandsNeedACodeWindow()
     for (void (*command)() : {mnuEditInsert_Click, mnuEditSyntax_Click, mnuEditComment_Click,
                               mnuEditInsertComments_Click, mnuEditUndo_Click})
         command();
-    MainForm->ShowGui();
+    GuiWindow->ShowGui();
     mnuEditSyntax_Click();
     for (void (*command)() : {mnuEditInsert_Click, mnuEditComment_Click, mnuEditUndo_Click}) {
         bench.dialogs.ExpectMessage(QString::fromLatin1(NoCodeWindow));

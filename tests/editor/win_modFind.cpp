@@ -7,6 +7,7 @@
 #include "editor/document/modDocument.h"
 #include "editor/modFind.h"
 #include "shell/state/Module1.h"
+#include "shell/state/modNames.h"
 
 #include <QMdiSubWindow>
 

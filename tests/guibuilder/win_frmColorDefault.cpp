@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window's properties, as a user sets them.
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The control properties, as a user fills them in.
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 

@@ -6,7 +6,6 @@
 #include "editor/frmDocument.h"
 #include "platform/files/modPaths.h"
 #include "shell/bench/modStart.h"
-#include "shell/state/Module1.h"
 #include "shell/state/modSettings.h"
 
 #include <QAction>
@@ -155,8 +154,9 @@ bool TestBench::eventFilter(QObject* watched, QEvent* event)
     auto* dialog = qobject_cast<QDialog*>(watched);
     if (event->type() != QEvent::Show || dialog == nullptr || !dialog->isModal())
         return QObject::eventFilter(watched, event);
-    if (!modals.isEmpty() && modals.first().objectName == dialog->objectName()) {
-        QTimer::singleShot(0, dialog, [dialog, script = modals.takeFirst().script] {
+    const bool isNext = !modals.isEmpty() && modals.first().objectName == dialog->objectName();
+    if (isNext || anyModal) {
+        QTimer::singleShot(0, dialog, [dialog, script = isNext ? modals.takeFirst().script : anyModal] {
             script(*dialog);
             if (dialog->isVisible()) {
                 QTest::qFail("the script left the modal window open", __FILE__, __LINE__);

@@ -62,6 +62,9 @@ public:
     // The next modal tool window is passed to the script once it is shown; the script must close it.
     void ExpectModal(const QString& objectName, std::function<void(QDialog&)> script);
 
+    // Whatever modal tool window comes, if one does: the script gets it and must close it.
+    void AnswerModals(std::function<void(QDialog&)> script) { anyModal = std::move(script); }
+
     ScriptedDialogs dialogs;
 
 protected:
@@ -74,6 +77,7 @@ private:
     };
 
     QList<ModalStep> modals;
+    std::function<void(QDialog&)> anyModal;
     QTemporaryDir folder;
     QString folderBefore;
     std::unique_ptr<frmMain> frame;

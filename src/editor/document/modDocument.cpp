@@ -5,8 +5,8 @@
 #include "editor/document/cDocument.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/language/modAnsi.h"
-#include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modNames.h"
 
 namespace ob {
 
@@ -65,27 +65,29 @@ void SendTextToDocument(cDocument& document, const QString& text, const QString&
     PutText(document, text.toUtf8(), title);
 }
 
-static void EnablePlaces(std::initializer_list<int> buttons, std::initializer_list<const char*> items, Switch enable)
+static void EnableNamed(std::initializer_list<const char*> buttons, std::initializer_list<const char*> items,
+                        Switch enable)
 {
     if (MainForm == nullptr)
         return;
-    for (const int place : buttons)
-        MainForm->EnableButton(place, enable == Switch::On);
+    for (const char* button : buttons)
+        MainForm->EnableButton(QString::fromLatin1(button), enable == Switch::On);
     for (const char* item : items)
         MainForm->EnableItem(QString::fromLatin1(item), enable == Switch::On);
 }
 
 void EnableCodeCommands(Switch enable)
 {
-    EnablePlaces({3, 4, 6, 7, 8, 9},
-                 {"mnuFileClose", "mnuFileSave", "mnuFileSaveAs", "mnuFileInsert", "mnuFilePrint", "mnuFileProject",
-                  "mnuToolShowVar"},
-                 enable);
+    EnableNamed({"Save", "Print", "Cut", "Copy", "Paste", "Find"},
+                {"mnuFileClose", "mnuFileSave", "mnuFileSaveAs", "mnuFileInsert", "mnuFilePrint", "mnuFileProject"},
+                enable);
+    if (MainForm != nullptr)
+        MainForm->EnableCodeTools(enable == Switch::On);
 }
 
 void EnableRunCommands(Switch enable)
 {
-    EnablePlaces({11, 12}, {"mnuRun", "mnuTKN", "mnuDebug"}, enable);
+    EnableNamed({"Run", "Debug"}, {"mnuRun", "mnuTKN", "mnuDebug"}, enable);
 }
 
 } // namespace ob

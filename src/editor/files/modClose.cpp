@@ -8,6 +8,7 @@
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modRecent.h"
 
 namespace ob {

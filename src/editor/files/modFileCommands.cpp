@@ -13,6 +13,7 @@
 #include "platform/language/modAnsi.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modRecent.h"
 
 #include <QDir>

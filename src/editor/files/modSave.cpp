@@ -6,7 +6,8 @@
 #include "editor/document/modDocument.h"
 #include "editor/files/modDocumentFile.h"
 #include "platform/dialogs/modDialogs.h"
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modRecent.h"
 
 #include <QDir>

@@ -15,7 +15,7 @@ namespace ob {
 
 namespace {
 
-// Whether a load will pass the check of the file's type.
+// Whether a load will get beyond the check of the file's type.
 bool StartsAsBitmap(const QString& path)
 {
     QFile file(path);
@@ -60,8 +60,8 @@ FrameLines LinesOfPicture(const cDIBSection& picture)
 } // namespace
 
 AviFailure::AviFailure(const QString& words, const QString& cause)
-    : RuntimeError(static_cast<int>(ErrorNumber::DeviceIoError), {}, (words + u' ' + cause).trimmed()), message(words),
-      reason(cause)
+    : RuntimeError(static_cast<int>(ErrorNumber::DeviceIoError), {}, (words + u' ' + cause).trimmed(), cause),
+      message(words)
 {
 }
 
@@ -93,7 +93,7 @@ AviState cAviWriting::Begin(const OptionsChoice& choose)
 AviState cAviWriting::WriteFrame()
 {
     return OrGiveUp([&] {
-        // The first one is already loaded.
+        // The first one is loaded already.
         if (written > 0)
             Load(files[written]);
         return PutFrame(encoder ? CompressedFrame() : dib.PointerToBits());
@@ -102,7 +102,7 @@ AviState cAviWriting::WriteFrame()
 
 bool cAviWriting::Load(const QString& name)
 {
-    // One frame in memory, not two; but the previous one is still needed when this one cannot be loaded.
+    // One frame in memory, not two; but the one before is still needed when this one cannot be had.
     if (StartsAsBitmap(name))
         dib = cDIB();
     return LoadAviBitmap(dib, name, AviBitmapPart::Whole, notice);
@@ -110,7 +110,7 @@ bool cAviWriting::Load(const QString& name)
 
 AviState cAviWriting::Open(const OptionsChoice& choose)
 {
-    OnVideo([&] { file = std::make_unique<cFileReplacement>(path); });
+    OnVideo([&] { file = std::make_unique<cFileReplacement>(path, Durability::Unsynced); });
     if (files.isEmpty() || !Load(files.first()))
         throw AviFailure(NoFirstBitmapText);
     first = FormatOf(dib);

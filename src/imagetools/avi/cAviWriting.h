@@ -22,7 +22,6 @@ public:
     explicit AviFailure(const QString& words, const QString& cause = {});
 
     QString message;
-    QString reason;
 };
 
 enum class AviState {
@@ -31,22 +30,22 @@ enum class AviState {
     Dismissed // no options were chosen
 };
 
-// One video in progress. Only one frame is in memory. Destroyed before it is finished, and after an error, it leaves no
-// file, and an older file under the path is unchanged.
+// One video in the making. Only one frame is in memory. Let go before it is finished, and after anything that is
+// raised, it leaves no file, and what was under the path stays as it was.
 class cAviWriting {
 public:
-    // Asks for the options, given the format of the frames; nothing when the user cancels.
+    // Asks for the options, knowing the format of the frames; nothing means that the user thought better of it.
     using OptionsChoice = std::function<std::optional<AviOptions>(const AviFormat& first)>;
 
     cAviWriting(const QString& path, const AviList& list, const QString& framesPerSecond, NoticeSink notice);
     ~cAviWriting();
 
     // Opens the file, loads the first bitmap, asks for the options and writes the headers. Dismissed leaves an empty
-    // file if there was none. Raises AviFailure, and what loading a bitmap and FramesPerSecondOf raise.
+    // file where there was none. Raises AviFailure, and what loading a bitmap and FramesPerSecondOf raise.
     AviState Begin(const OptionsChoice& choose);
 
-    // Writes the next frame. A bitmap that can no longer be loaded is reported as a notice, and the previous frame is
-    // written again. Raises AviFailure, and what loading a bitmap raises.
+    // Writes the next frame. A bitmap that cannot be loaded any more is shown as a notice, and the frame before goes
+    // out once more. Raises AviFailure, and what loading a bitmap raises.
     AviState WriteFrame();
 
     qsizetype FrameCount() const { return files.size(); }

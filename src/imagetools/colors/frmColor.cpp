@@ -4,7 +4,7 @@
 
 #include "imagetools/colors/modPreviews.h"
 #include "platform/dialogs/frmCommand.h"
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "shell/state/frmColorSample.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmColor.h"

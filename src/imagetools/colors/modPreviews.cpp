@@ -4,7 +4,7 @@
 
 #include "platform/dialogs/modDialogs.h"
 #include "platform/language/modRuntime.h"
-#include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 
 namespace ob {
 

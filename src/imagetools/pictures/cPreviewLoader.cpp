@@ -10,7 +10,7 @@ namespace ob {
 
 using namespace std::chrono_literals;
 
-// A reader that takes longer waits for a disk; it is let go so that others are not delayed.
+// A reader that takes longer waits for a disk; it is let go so that others are not kept.
 static constexpr std::chrono::milliseconds longestRead = 5s;
 
 cPreviewLoader::cPreviewLoader(Read readPreview, std::function<void()> whenRead)

@@ -28,7 +28,7 @@ public:
     // The preview of the newest request, once, when it has been read.
     std::optional<Preview> Take();
 
-    // Whether a preview is pending.
+    // Whether a preview is to come.
     bool IsBusy() const { return running.IsStarted(); }
 
     // Waits for the newest preview, at most that long, and takes it.

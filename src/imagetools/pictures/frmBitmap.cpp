@@ -39,7 +39,7 @@ void frmBitmap::Connect()
     On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
     On(browser, &FolderBrowser::ChoiceChanged, this, [this] { File1_Click(); });
     On(ui->Picture1, &frmPreviewBox::BoxChanged, this, [this] {
-        // A picture in progress is being read for a box of another size.
+        // A picture that is being read is read for a box of another size.
         const QString path = loader.IsBusy() ? asked : picture2.path;
         if (!path.isEmpty())
             AskFor(path);

@@ -15,7 +15,7 @@ frmBatch::frmBatch(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
 {
     ui->setupUi(this);
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns, this);
-    // The list must not count as empty before the folder has been read.
+    // The list is not to be taken for empty before the folder has been read.
     On(browser, &FolderBrowser::FolderChanged, this, [this] { ui->OKButton->setEnabled(false); });
     On(browser, &FolderBrowser::FilesListed, this, [this] { ui->OKButton->setEnabled(true); });
     On(ui->OKButton, this, &frmBatch::OKButton_Click);

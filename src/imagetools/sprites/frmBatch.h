@@ -26,7 +26,7 @@ public:
     explicit frmBatch(QWidget* parent = nullptr);
     ~frmBatch() override;
 
-    // While files are being masked this ends the work after the current file, otherwise it closes the window.
+    // While files are being masked this ends the work after the file in hand, else it closes the window.
     void reject() override;
 
 Q_SIGNALS:

@@ -13,11 +13,14 @@
 #include "shell/bench/frmMainMenu.h"
 #include "shell/bench/frmMainWindows.h"
 #include "shell/bench/frmStatusBar.h"
+#include "shell/bench/frmTools.h"
 #include "shell/bench/modArrange.h"
 #include "shell/bench/modStart.h"
 #include "shell/help/frmHelp.h"
 #include "shell/state/Module1.h"
+#include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
+#include "shell/state/modNames.h"
 #include "shell/state/modOptions.h"
 
 #include <QApplication>
@@ -61,8 +64,10 @@ frmMain* frmMain::Instance()
 frmMain::frmMain()
 {
     instance = this;
+    GuiWindow = this;
     SetToolOwner(this);
     SetManualViewer(ShowManual);
+    SetManualTools(ToolsForManual);
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(ProgramTitle);
     setAcceptDrops(true);
@@ -86,6 +91,8 @@ frmMain::~frmMain()
     delete mdi;
     if (MainForm == this)
         MainForm = nullptr;
+    if (GuiWindow == this)
+        GuiWindow = nullptr;
     if (instance == this)
         instance = nullptr;
 }
@@ -283,21 +290,30 @@ void frmMain::ChooseItem(const QString& name)
         item->trigger();
 }
 
-void frmMain::EnableButton(int place, bool enable)
+void frmMain::EnableButton(const QString& name, bool enable)
 {
-    if (QAction* button = toolbar.buttons.value(place - 1))
+    if (QAction* button = toolbar.buttons.value(name))
         button->setEnabled(enable);
 }
 
-void frmMain::SetRecentCaption(int number, const QString& caption)
+void frmMain::EnableCodeTools(bool enable)
 {
-    QString text = caption;
-    Item(QStringLiteral("mnuFileMRU%1").arg(number))->setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
+    for (const ToolRow& tool : Tools())
+        if (tool.needs == ToolNeeds::CodeWindow)
+            EnableItem(QString::fromLatin1(tool.name), enable);
 }
 
-void frmMain::ShowRecentItem(int number)
+void frmMain::SetItemCaption(const QString& name, const QString& caption)
 {
-    Item(QStringLiteral("mnuFileMRU%1").arg(number))->setVisible(true);
+    QString text = caption;
+    if (QAction* item = Item(name))
+        item->setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+void frmMain::ShowItem(const QString& name)
+{
+    if (QAction* item = Item(name))
+        item->setVisible(true);
 }
 
 void frmMain::SendToBack()

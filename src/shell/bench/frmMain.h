@@ -2,6 +2,7 @@
 // The main window: menu, toolbar, status bar, and the area of the code windows.
 #pragma once
 
+#include "guibuilder/cGuiWindow.h"
 #include "shell/bench/frmMainToolbar.h"
 #include "shell/state/cMainForm.h"
 
@@ -23,7 +24,7 @@ class frmGui;
 class frmPalette;
 class frmStatusBar;
 
-class frmMain final : public QMainWindow, public cMainForm {
+class frmMain final : public QMainWindow, public cMainForm, public cGuiWindow {
     Q_OBJECT
 
 public:
@@ -44,9 +45,10 @@ public:
     void EnableItem(const QString& name, bool enable) override;
     void ChooseItem(const QString& name) override;
     bool HasShortcut(const QKeyEvent& key) const override;
-    void SetRecentCaption(int number, const QString& caption) override;
-    void ShowRecentItem(int number) override;
-    void EnableButton(int place, bool enable) override;
+    void SetItemCaption(const QString& name, const QString& caption) override;
+    void ShowItem(const QString& name) override;
+    void EnableButton(const QString& name, bool enable) override;
+    void EnableCodeTools(bool enable) override;
     bool UnloadGui() override;
     void ShowGui() override;
     void RefreshGui() override;

@@ -2,49 +2,33 @@
 // The menu tree of the main window, and the loop that reads it.
 #include "shell/bench/frmMainMenu.h"
 
-#include "codetools/dlgToolbar.h"
-#include "codetools/frmArray.h"
-#include "codetools/frmKey.h"
-#include "codetools/frmMB.h"
-#include "codetools/frmMenuMaker.h"
-#include "codetools/frmStylebits.h"
 #include "codetools/frmTip.h"
-#include "codetools/modAPItextedit.h"
 #include "editor/dlgPrinting.h"
 #include "editor/files/modFileCommands.h"
 #include "editor/files/modSave.h"
 #include "editor/frmCodeExplorer.h"
 #include "editor/frmFind.h"
 #include "editor/frmKeywords.h"
-#include "editor/frmSnip.h"
 #include "editor/frmSyntax.h"
 #include "editor/modEdit.h"
-#include "editor/modSnippets.h"
-#include "engine/package/frmPackage.h"
-#include "engine/run/dlgShowVar.h"
 #include "engine/run/modProject.h"
 #include "engine/run/modRun.h"
 #include "guibuilder/modGuiCommands.h"
-#include "imagetools/avi/frmAVI.h"
-#include "imagetools/colors/frmColor.h"
-#include "imagetools/colors/frmColorNames.h"
-#include "imagetools/colors/modPreviews.h"
-#include "imagetools/icons/frmIcon.h"
-#include "imagetools/media/frmMedia.h"
-#include "imagetools/media/frmWav.h"
-#include "imagetools/pictures/frmBitmap.h"
-#include "imagetools/sprites/frmMask.h"
 #include "platform/dialogs/modDialogs.h"
 #include "shell/bench/dlgAbout.h"
 #include "shell/bench/frmMain.h"
 #include "shell/bench/frmMainWindows.h"
 #include "shell/bench/frmOptions.h"
+#include "shell/bench/frmTools.h"
 #include "shell/bench/modLaunchers.h"
 #include "shell/help/frmHelp.h"
 #include "shell/state/Module1.h"
 
 #include <QMenu>
 #include <QMenuBar>
+
+#include <algorithm>
+#include <string_view>
 
 namespace ob {
 
@@ -56,6 +40,7 @@ constexpr auto On = ItemKind::On;
 constexpr auto Off = ItemKind::Off;
 constexpr auto Menu = ItemKind::Menu;
 constexpr auto Bar = ItemKind::Bar;
+constexpr auto Tool = ItemKind::Tool;
 
 // clang-format off
 constexpr MenuRow rows[] = {
@@ -136,33 +121,33 @@ constexpr MenuRow rows[] = {
     {2, "mnuSoundRec", "&Wav Player", "", "sound", On, mnuSoundRec_Click},
     {2, "mnuCalculator", "&Calculator", "", "calculator", On, mnuCalculator_Click},
     {1, "mnuSpecial", "&Construction Tools", "", "construct", Menu, nullptr},
-    {2, "mnuToolArray", "&Array Maker", "", "array", On, mnuToolArray_Click},
-    {2, "mnuMaker", "Men&u Maker", "", "menu-maker", On, mnuMaker_Click},
-    {2, "mnuToolMB", "&Message Boxes", "", "message-box", On, mnuToolMB_Click},
-    {2, "mnuWrapper", "AP&I Wrapper Library", "", "api-library", On, mnuWrapper_Click},
-    {2, "mnuToolPrinter", "&Printer API Library", "", "printer-library", On, mnuToolPrinter_Click},
-    {2, "mnuToolSnipBench", "Snipp&et Bench", "", "snippet-bench", On, mnuToolSnipBench_Click},
-    {2, "mnuToolSnippet", "&Snippet Library", "", "snippet-library", On, mnuToolSnippet_Click},
-    {2, "mnuToolMask", "Mas&k Maker", "", "mask", On, mnuToolMask_Click},
-    {2, "mnuToolAVI", "A&VI Maker", "", "video", On, mnuToolAVI_Click},
-    {2, "mnuPackage", "Packaging &Wizard", "", "package", On, mnuPackage_Click},
-    {2, "mnuToolbar", "&Toolbar Maker", "", "toolbar-maker", On, mnuToolbar_Click},
-    {2, "mnuToolStylebit", "Style&Bits Wizard", "", "stylebits", On, mnuToolStylebit_Click},
-    {2, "mnuToolTE", "API &Texteditor", "", "api-editor", On, mnuToolTE_Click},
+    {2, "mnuToolArray", "", "", "", Tool, nullptr},
+    {2, "mnuMaker", "", "", "", Tool, nullptr},
+    {2, "mnuToolMB", "", "", "", Tool, nullptr},
+    {2, "mnuWrapper", "", "", "", Tool, nullptr},
+    {2, "mnuToolPrinter", "", "", "", Tool, nullptr},
+    {2, "mnuToolSnipBench", "", "", "", Tool, nullptr},
+    {2, "mnuToolSnippet", "", "", "", Tool, nullptr},
+    {2, "mnuToolMask", "", "", "", Tool, nullptr},
+    {2, "mnuToolAVI", "", "", "", Tool, nullptr},
+    {2, "mnuPackage", "", "", "", Tool, nullptr},
+    {2, "mnuToolbar", "", "", "", Tool, nullptr},
+    {2, "mnuToolStylebit", "", "", "", Tool, nullptr},
+    {2, "mnuToolTE", "", "", "", Tool, nullptr},
     {1, "mnuPreview", "&Preview Tools", "", "view", Menu, nullptr},
-    {2, "mnuToolWav", "&Wav Preview", "", "sound", On, mnuToolWav_Click},
-    {2, "mnuToolBitmap", "&Bitmap Preview", "", "bitmap", On, mnuToolBitmap_Click},
-    {2, "mnuToolMedia", "Med&ia Preview", "", "media", On, mnuToolMedia_Click},
-    {2, "mnuToolRGB", "RGB &Color Preview", "", "color", On, mnuToolRGB_Click},
-    {2, "mnuColorDialog", "Color &Dialog", "", "color-dialog", On, mnuColorDialog_Click},
-    {2, "mnuColorNames", "Color &Names", "", "color-names", On, mnuColorNames_Click},
-    {2, "mnuToolFont", "&Font Dialog", "", "font", On, mnuToolFont_Click},
-    {2, "mnuToolKeyCode", "&Key Code Preview", "", "key-code", On, mnuToolKeyCode_Click},
+    {2, "mnuToolWav", "", "", "", Tool, nullptr},
+    {2, "mnuToolBitmap", "", "", "", Tool, nullptr},
+    {2, "mnuToolMedia", "", "", "", Tool, nullptr},
+    {2, "mnuToolRGB", "", "", "", Tool, nullptr},
+    {2, "mnuColorDialog", "", "", "", Tool, nullptr},
+    {2, "mnuColorNames", "", "", "", Tool, nullptr},
+    {2, "mnuToolFont", "", "", "", Tool, nullptr},
+    {2, "mnuToolKeyCode", "", "", "", Tool, nullptr},
     {1, "mnuToolSBar0", "", "", "", Bar, nullptr},
-    {1, "mnuGui", "&Gui Builder", "", "gui-builder", On, NewGuiForm},
-    {1, "mnuToolIcon", "&Icon Editor", "", "icon-editor", On, mnuToolIcon_Click},
-    {1, "mnuToolFreeform", "&FreeForm", "", "freeform", On, mnuToolFreeform_Click},
-    {1, "mnuToolShowVar", "Show &Variables", "", "variables", Off, mnuToolShowVar_Click},
+    {1, "mnuGui", "", "", "", Tool, nullptr},
+    {1, "mnuToolIcon", "", "", "", Tool, nullptr},
+    {1, "mnuToolFreeform", "", "", "", Tool, nullptr},
+    {1, "mnuToolShowVar", "", "", "", Tool, nullptr},
 
     {0, "mnuWindow", "&Window", "", "", Menu, nullptr},
     {1, "mnuWindowNewWindow", "&New Window", "", "new-window", On, mnuFileNew_Click},
@@ -180,6 +165,34 @@ constexpr MenuRow rows[] = {
     {1, "mnuCredits", "&Credits", "", "credits", On, mnuCredits_Click},
 };
 // clang-format on
+
+MenuRow RowOf(int depth, const ToolRow& tool)
+{
+    const ItemKind kind = tool.needs == ToolNeeds::CodeWindow ? Off : On;
+    return {depth, tool.name, tool.caption, "", tool.icon, kind, tool.show};
+}
+
+auto FindRow(std::vector<MenuRow>& tree, std::string_view name)
+{
+    return std::find_if(tree.begin(), tree.end(), [name](const MenuRow& row) { return name == row.name; });
+}
+
+// The rows with their tools; a tool without a row of its own is the last of its menu.
+std::vector<MenuRow> WholeTree()
+{
+    std::vector<MenuRow> tree(std::begin(rows), std::end(rows));
+    for (const ToolRow& tool : Tools()) {
+        if (const auto row = FindRow(tree, tool.name); row != tree.end()) {
+            *row = RowOf(row->depth, tool);
+            continue;
+        }
+        const auto menu = FindRow(tree, tool.menu);
+        const int depth = menu->depth + 1;
+        const auto end = std::find_if(menu + 1, tree.end(), [depth](const MenuRow& row) { return row.depth < depth; });
+        tree.insert(end, RowOf(depth, tool));
+    }
+    return tree;
+}
 
 QAction* AddRow(QMenu& menu, const MenuRow& row)
 {
@@ -236,16 +249,31 @@ void ShowIconsOnOpening(QMenu& menu)
     });
 }
 
-std::span<const MenuRow> MenuTree()
+const std::vector<MenuRow>& MenuTree()
 {
-    return rows;
+    static const std::vector<MenuRow> tree = WholeTree();
+    return tree;
+}
+
+std::vector<ManualTool> ToolsForManual()
+{
+    std::vector<ManualTool> tools;
+    for (const ToolRow& tool : Tools()) {
+        const auto isMenu = [&tool](const MenuRow& row) { return std::string_view(row.name) == tool.menu; };
+        const auto menu = std::find_if(MenuTree().begin(), MenuTree().end(), isMenu);
+        QString item = QString::fromLatin1(tool.caption);
+        if (menu->depth > 0)
+            item.prepend(QString::fromLatin1(menu->caption) + QStringLiteral(" > "));
+        tools.push_back({item.remove(QLatin1Char('&')), QString::fromLatin1(tool.page)});
+    }
+    return tools;
 }
 
 QHash<QString, QAction*> BuildMenu(QMenuBar& bar)
 {
     QHash<QString, QAction*> items;
     QList<QMenu*> around = {nullptr};
-    for (const MenuRow& row : rows) {
+    for (const MenuRow& row : MenuTree()) {
         around.resize(row.depth + 1);
         QMenu* menu = around.back();
         const QString name = QString::fromLatin1(row.name);

@@ -4,6 +4,7 @@
 
 #include "platform/dialogs/modDialogs.h"
 #include "shell/bench/frmMainMenu.h"
+#include "shell/bench/frmTools.h"
 #include "shell/bench/frmUser.h"
 #include "shell/bench/modUserApplications.h"
 #include "shell/state/Module1.h"
@@ -14,7 +15,10 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
 #include <span>
+#include <string_view>
+#include <vector>
 
 namespace ob {
 
@@ -27,11 +31,13 @@ struct DropRow {
 };
 
 struct ButtonRow {
-    const char* key; // null for a separator
-    const char* tip;
-    const char* icon;
-    const char* item; // the menu item that a plain click triggers
-    std::span<const DropRow> drop;
+    ItemKind kind; // On, Off until a code window is active, or Bar
+    const char* key = nullptr;
+    const char* tip = nullptr;
+    const char* icon = nullptr;
+    const char* item = nullptr; // the menu item that a plain click triggers
+    std::span<const DropRow> drop = {};
+    const char* menu = nullptr; // whose other tools come last on the button's own
 };
 
 constexpr DropRow constructRows[] = {
@@ -57,30 +63,45 @@ constexpr DropRow helpRows[] = {
 
 constexpr const char* userKeys[] = {"one", "two", "three", "four", "five", "six", "seven", "eight", "nine", "ten"};
 
+constexpr auto On = ItemKind::On;
+constexpr auto Off = ItemKind::Off;
+constexpr auto Bar = ItemKind::Bar;
+
 constexpr ButtonRow rows[] = {
-    {"New", "New", "new", "mnuWindowNewWindow", {}},
-    {"Open", "Open", "open", "mnuFileOpenCode", {}},
-    {"Save", "Save", "save", "mnuFileSave", {}},
-    {"Print", "Print", "print", "mnuFilePrint", {}},
-    {nullptr, nullptr, nullptr, nullptr, {}},
-    {"Cut", "Cut", "cut", "mnuEditCut", {}},
-    {"Copy", "Copy", "copy", "mnuEditCopy", {}},
-    {"Paste", "Paste", "paste", "mnuEditPaste", {}},
-    {"Find", "Find/Replace", "find", "mnuEditFind", {}},
-    {nullptr, nullptr, nullptr, nullptr, {}},
-    {"Run", "Run", "run", "mnuRun", {}},
-    {"Debug", "Debug", "debug", "mnuDebug", {}},
-    {"Options", "Options", "options", "mnuShowOptions", {}},
-    {"User", "User-defined Applications", "user", "", {}},
-    {"Construct", "Construction Tools", "construct", "mnuToolArray", constructRows},
-    {"View", "Preview Tools", "view", "mnuToolBitmap", viewRows},
-    {"Help", "Help", "help", "mnuHelpContents", helpRows},
+    {On, "New", "New", "new", "mnuWindowNewWindow"},
+    {On, "Open", "Open", "open", "mnuFileOpenCode"},
+    {Off, "Save", "Save", "save", "mnuFileSave"},
+    {Off, "Print", "Print", "print", "mnuFilePrint"},
+    {Bar},
+    {Off, "Cut", "Cut", "cut", "mnuEditCut"},
+    {Off, "Copy", "Copy", "copy", "mnuEditCopy"},
+    {Off, "Paste", "Paste", "paste", "mnuEditPaste"},
+    {Off, "Find", "Find/Replace", "find", "mnuEditFind"},
+    {Bar},
+    {Off, "Run", "Run", "run", "mnuRun"},
+    {Off, "Debug", "Debug", "debug", "mnuDebug"},
+    {On, "Options", "Options", "options", "mnuShowOptions"},
+    {On, "User", "User-defined Applications", "user", ""},
+    {On, "Construct", "Construction Tools", "construct", "mnuToolArray", constructRows, ConstructionTools},
+    {On, "View", "Preview Tools", "view", "mnuToolBitmap", viewRows, PreviewTools},
+    {On, "Help", "Help", "help", "mnuHelpContents", helpRows},
 };
 
-// The buttons that act on a code window; disabled until there is one.
-constexpr int codeButtons[] = {3, 4, 6, 7, 8, 9, 11, 12};
+// The row's items, then the tools of its menu that are none of them; such a tool's key is its name.
+std::vector<DropRow> WholeDrop(const ButtonRow& row)
+{
+    std::vector<DropRow> drop(row.drop.begin(), row.drop.end());
+    for (const ToolRow& tool : Tools()) {
+        const std::string_view name = tool.name;
+        const bool isListed = std::any_of(row.drop.begin(), row.drop.end(),
+                                          [name](const DropRow& listed) { return name == listed.item; });
+        if (row.menu != nullptr && std::string_view(row.menu) == tool.menu && !isListed)
+            drop.push_back({tool.name, tool.name});
+    }
+    return drop;
+}
 
-QMenu* MakeDropMenu(QToolBar& bar, std::span<const DropRow> drop, const QHash<QString, QAction*>& items)
+QMenu* MakeDropMenu(QToolBar& bar, const std::vector<DropRow>& drop, const QHash<QString, QAction*>& items)
 {
     auto* menu = new QMenu(&bar);
     ShowIconsOnOpening(*menu);
@@ -139,24 +160,22 @@ ToolbarParts BuildToolbar(QToolBar& bar, const QHash<QString, QAction*>& items)
 {
     ToolbarParts parts;
     for (const ButtonRow& row : rows) {
-        if (row.key == nullptr) {
+        if (row.kind == Bar) {
             bar.addSeparator();
-            parts.buttons.append(nullptr);
             continue;
         }
         QAction* button = AddButton(bar, row, items);
         if (!row.drop.empty())
-            GiveMenu(bar, button, MakeDropMenu(bar, row.drop, items));
+            GiveMenu(bar, button, MakeDropMenu(bar, WholeDrop(row), items));
         if (button->objectName() == QLatin1String("User")) {
             auto* menu = new QMenu(&bar);
             parts.userItems = FillUserMenu(*menu);
             GiveMenu(bar, button, menu);
             QObject::connect(button, &QAction::triggered, button, [] { RunCommand(UserButton_Click); });
         }
-        parts.buttons.append(button);
+        button->setEnabled(row.kind == On);
+        parts.buttons.insert(button->objectName(), button);
     }
-    for (const int place : codeButtons)
-        parts.buttons[place - 1]->setEnabled(false);
     return parts;
 }
 

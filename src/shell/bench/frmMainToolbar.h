@@ -10,10 +10,10 @@ class QToolBar;
 
 namespace ob {
 
-// The parts of the toolbar that the main window needs. Button N is at index N - 1; a separator is a null pointer.
+// The parts of the toolbar that the main window needs.
 struct ToolbarParts {
-    QList<QAction*> buttons;
-    QList<QAction*> userItems; // of the "User" button, "one" to "ten"
+    QHash<QString, QAction*> buttons; // by their names
+    QList<QAction*> userItems;        // of the "User" button, "one" to "ten"
 };
 
 // Fills the toolbar; every button, and every item of its menu, does what the menu item of its row does.

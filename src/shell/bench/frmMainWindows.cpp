@@ -4,7 +4,6 @@
 
 #include "shell/bench/frmMain.h"
 #include "shell/bench/modArrange.h"
-#include "shell/state/Module1.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>

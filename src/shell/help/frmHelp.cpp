@@ -6,8 +6,8 @@
 #include "platform/dialogs/modDialogs.h"
 #include "shell/help/frmHelpPage.h"
 #include "shell/help/frmHelpResults.h"
-#include "shell/state/Module1.h"
 #include "shell/state/frmTool.h"
+#include "shell/state/modNames.h"
 #include "ui_frmHelp.h"
 
 #include <QApplication>
@@ -42,8 +42,12 @@ QTreeWidgetItem* AddItem(QTreeWidgetItem* parent, const QString& caption, const 
     return item;
 }
 
-void AddSections(QTreeWidgetItem* item, const QString& name)
+// The sections of a page, once.
+void AddSections(QTreeWidgetItem* item)
 {
+    const QString name = item->data(0, PageRole).toString();
+    if (item->childCount() > 0 || !HasSections(name))
+        return;
     const HelpPage* page = FindManualPage(name);
     if (page == nullptr)
         return;
@@ -87,6 +91,7 @@ void frmHelp::ConnectControls()
     const auto openItem = [=, this](QTreeWidgetItem* item) { run([&] { treeContents_Click(item); }); };
     connect(ui->treeContents, &QTreeWidget::itemClicked, this, openItem);
     connect(ui->treeContents, &QTreeWidget::itemActivated, this, openItem);
+    connect(ui->treeContents, &QTreeWidget::itemExpanded, this, AddSections);
     connect(ui->txtSearch, &QLineEdit::textChanged, this, [=, this] { run([this] { txtSearch_Change(); }); });
     connect(ui->txtSearch, &QLineEdit::returnPressed, this, [=, this] { run([this] { txtSearch_Return(); }); });
     const auto openResult = [=, this](QListWidgetItem* item) { run([&] { lstResults_Click(item); }); };
@@ -138,7 +143,9 @@ void frmHelp::FillContents()
             group->setFont(0, bold);
             group->setExpanded(true);
         } else {
-            AddSections(AddItem(group, entry.caption, {entry.page, {}}), entry.page);
+            QTreeWidgetItem* item = AddItem(group, entry.caption, {entry.page, {}});
+            if (HasSections(entry.page))
+                item->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
         }
     }
 }
@@ -180,8 +187,10 @@ void frmHelp::ShowInContents()
         const QString section = (*it)->data(0, SectionRole).toString();
         if (section == place.section || section.isEmpty())
             nearest = *it;
-        if (section.isEmpty())
+        if (section.isEmpty()) {
+            AddSections(*it);
             (*it)->setExpanded(true);
+        }
         if (section == place.section)
             break;
     }

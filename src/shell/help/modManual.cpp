@@ -4,6 +4,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextList>
+#include <QTextTable>
 
 #include <algorithm>
 #include <optional>
@@ -14,120 +19,55 @@ namespace {
 
 const QString PageFolder = QStringLiteral(":/manual");
 const QLatin1String PageEnding(".md");
+const QString MenusPage = QStringLiteral("menus-and-keys");
+const QString ToolsMark = QStringLiteral("<!-- more tools -->\n");
 constexpr int MaximumSnippets = 3;
 
-// The text between an opening bracket at `open` and its partner; moves `open` past the partner. Nothing, and no move,
-// when there is none.
-std::optional<QString> Bracketed(QStringView text, qsizetype& open, QChar opening, QChar closing)
+ManualToolSource toolSource = nullptr;
+
+// A fragment's text as the reader sees it, without the character that a picture is in the document.
+QString ShownText(const QTextFragment& fragment)
 {
-    int depth = 0;
-    for (qsizetype at = open; at < text.size(); ++at) {
-        if (text[at] == opening)
-            ++depth;
-        if (text[at] == closing && --depth == 0) {
-            const QString inside = text.sliced(open + 1, at - open - 1).toString();
-            open = at + 1;
-            return inside;
-        }
-    }
-    return std::nullopt;
+    return fragment.charFormat().isImageFormat() ? QString() : fragment.text().replace(QChar::LineSeparator, u' ');
 }
 
-// "[text](target)" at `at`, which moves past it.
-std::optional<ManualLink> ReadLink(QStringView text, qsizetype& at)
+// Appends a block of the document to ours: its text, its links and pictures. A link whose caption changes its look is
+// several fragments that follow one another.
+void AppendText(ManualBlock& block, const QTextBlock& source)
 {
-    qsizetype end = at;
-    const auto caption = Bracketed(text, end, u'[', u']');
-    if (!caption || end >= text.size() || text[end] != u'(')
-        return std::nullopt;
-    const auto target = Bracketed(text, end, u'(', u')');
-    if (!target)
-        return std::nullopt;
-    at = end;
-    return ManualLink{*caption, *target};
-}
-
-// Appends a line's text without its marks to the block, and its links and pictures.
-void AppendInline(ManualBlock& block, QStringView text)
-{
-    bool isCode = false;
-    for (qsizetype at = 0; at < text.size();) {
-        const QChar character = text[at];
-        if (character == u'`') {
-            isCode = !isCode;
-            ++at;
-            continue;
-        }
-        const bool isPicture = !isCode && text.sliced(at).startsWith(QLatin1String("!["));
-        if (isPicture || (!isCode && character == u'[')) {
-            qsizetype end = isPicture ? at + 1 : at;
-            if (const auto link = ReadLink(text, end)) {
-                (isPicture ? block.pictures : block.links).append(*link);
-                if (!isPicture)
-                    AppendInline(block, link->text);
-                at = end;
-                continue;
-            }
-        }
-        if (!isCode && character == u'\\' && at + 1 < text.size()) {
-            block.text += text[at + 1];
-            at += 2;
-            continue;
-        }
-        // An asterisk between spaces is text; others mark bold and italic.
-        const bool isAlone = (at == 0 || text[at - 1] == u' ') && (at + 1 == text.size() || text[at + 1] == u' ');
-        if (isCode || character != u'*' || isAlone)
-            block.text += character;
-        ++at;
+    QString linkBefore;
+    for (auto it = source.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        const QTextCharFormat format = fragment.charFormat();
+        const QString text = ShownText(fragment);
+        block.text += text;
+        if (format.isImageFormat())
+            block.pictures.append({format.stringProperty(QTextFormat::ImageAltText), format.toImageFormat().name()});
+        const QString link = format.isAnchor() ? format.anchorHref() : QString();
+        if (!link.isEmpty() && link == linkBefore)
+            block.links.back().text += text;
+        else if (!link.isEmpty())
+            block.links.append({text, link});
+        linkBefore = link;
     }
 }
 
-// The length of a list item's mark; 0 when the line is not an item.
-qsizetype ItemMark(QStringView line)
-{
-    if (line.startsWith(QLatin1String("- ")) || line.startsWith(QLatin1String("* ")))
-        return 2;
-    qsizetype digits = 0;
-    while (digits < line.size() && line[digits].isDigit())
-        ++digits;
-    return digits > 0 && line.sliced(digits).startsWith(QLatin1String(". ")) ? digits + 2 : 0;
-}
-
-bool IsTableRule(QStringView line)
-{
-    return std::all_of(line.begin(), line.end(), [](QChar each) { return QStringView(u"|-: ").contains(each); });
-}
-
-// Reads a page line by line.
+// Takes the blocks of a page out of the document that the toolkit has parsed.
 class Reader {
 public:
     explicit Reader(HelpPage& target) : page(target) {}
 
-    void Take(QStringView raw)
+    void Take(const QTextDocument& document)
     {
-        QStringView line = raw.trimmed();
-        if (!isCode && line.startsWith(QLatin1String("> ")))
-            line = line.sliced(2);
-        if (line.startsWith(QLatin1String("```"))) {
-            isCode = !isCode;
-            isOpen = false;
-        } else if (isCode) {
-            Begin(BlockKind::Code).text = line.toString();
-        } else if (line.isEmpty()) {
-            isOpen = false;
-        } else if (line.startsWith(u'#')) {
-            TakeHeading(line);
-        } else if (line.startsWith(u'|')) {
-            TakeRow(line);
-        } else if (const qsizetype mark = ItemMark(line)) {
-            AppendInline(Begin(BlockKind::Item), line.sliced(mark));
-            isOpen = true;
-        } else if (isOpen) {
-            page.blocks.back().text += u' ';
-            AppendInline(page.blocks.back(), line);
-        } else {
-            AppendInline(Begin(BlockKind::Text), line);
-            isOpen = true;
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+            if (QTextTable* table = QTextCursor(block).currentTable())
+                block = TakeTable(*table);
+            else if (block.blockFormat().hasProperty(QTextFormat::BlockCodeFence))
+                Begin(BlockKind::Code).text = block.text().trimmed();
+            else if (const int level = block.blockFormat().headingLevel())
+                TakeHeading(block, level);
+            else if (block.length() > 1) // an empty one is only the end of a table or of a list
+                AppendText(Begin(block.textList() != nullptr ? BlockKind::Item : BlockKind::Text), block);
         }
     }
 
@@ -137,57 +77,91 @@ private:
         page.blocks.emplace_back();
         page.blocks.back().kind = kind;
         page.blocks.back().section = section;
-        isOpen = false;
         return page.blocks.back();
     }
 
-    void TakeHeading(QStringView line)
+    void TakeHeading(const QTextBlock& source, int level)
     {
-        qsizetype level = 0;
-        while (level < line.size() && line[level] == u'#')
-            ++level;
         ManualBlock& block = Begin(BlockKind::Heading);
-        block.level = static_cast<int>(level);
-        AppendInline(block, line.sliced(level).trimmed());
+        block.level = level;
+        AppendText(block, source);
         // The page's own title is the page's start, not a section.
-        section = block.level == 1 ? QString() : AnchorOf(block.text);
+        section = level == 1 ? QString() : AnchorOf(block.text);
         block.section = section;
         if (page.title.isEmpty())
             page.title = block.text;
     }
 
-    void TakeRow(QStringView line)
+    // Gives the table's last block.
+    QTextBlock TakeTable(const QTextTable& table)
     {
-        if (IsTableRule(line))
-            return;
-        ManualBlock& block = Begin(BlockKind::Row);
-        QString cells = line.toString();
-        const QChar bar(0xE000); // a bar that is text, not a cell border
-        cells.replace(QLatin1String("\\|"), QString(bar));
-        for (const QString& cell : cells.split(u'|', Qt::SkipEmptyParts)) {
-            if (!block.text.isEmpty())
-                block.text += QLatin1String("  ");
-            AppendInline(block, cell.trimmed());
+        QTextBlock last;
+        for (int row = 0; row < table.rows(); ++row) {
+            ManualBlock& block = Begin(BlockKind::Row);
+            for (int column = 0; column < table.columns(); ++column) {
+                if (!block.text.isEmpty())
+                    block.text += QLatin1String("  ");
+                last = table.cellAt(row, column).firstCursorPosition().block();
+                AppendText(block, last);
+            }
         }
-        block.text.replace(bar, u'|');
+        return last;
     }
 
     HelpPage& page;
     QString section;
-    bool isCode = false;
-    bool isOpen = false; // whether the next line continues the last block
 };
 
-std::vector<HelpPage> ReadPages()
+void ReadPage(HelpPage& page)
 {
-    std::vector<HelpPage> pages;
-    const QDir folder(PageFolder);
-    for (const QString& file : folder.entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name)) {
-        QFile source(folder.filePath(file));
-        if (source.open(QIODevice::ReadOnly))
-            pages.push_back(ParseManualPage(file.chopped(PageEnding.size()), QString::fromUtf8(source.readAll())));
-    }
+    QTextDocument document;
+    document.setUndoRedoEnabled(false);
+    document.setMarkdown(page.markdown, QTextDocument::MarkdownDialectGitHub);
+    Reader(page).Take(document);
+    if (page.title.isEmpty())
+        page.title = page.name;
+}
+
+// A page's text with the tools that are listed on it.
+QString CompletedText(const QString& name, const QString& markdown)
+{
+    const bool isContents = name == ManualContentsPage;
+    if (!isContents && name != MenusPage)
+        return markdown;
+    const auto tools = toolSource == nullptr ? std::vector<ManualTool>() : toolSource();
+    return WithTools(markdown, tools, isContents ? ToolLines::Pages : ToolLines::MenuItems);
+}
+
+// All pages as they are written; a page is taken apart when it is asked for, as that costs far more than reading it.
+std::vector<HelpPage>& Shelf()
+{
+    static std::vector<HelpPage> pages = [] {
+        std::vector<HelpPage> found;
+        const QDir folder(PageFolder);
+        for (const QString& file : folder.entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name)) {
+            QFile source(folder.filePath(file));
+            const QString name = file.chopped(PageEnding.size());
+            if (source.open(QIODevice::ReadOnly))
+                found.push_back({name, {}, CompletedText(name, QString::fromUtf8(source.readAll())), {}});
+        }
+        return found;
+    }();
     return pages;
+}
+
+const HelpPage& TakenApart(HelpPage& page)
+{
+    if (page.title.isEmpty())
+        ReadPage(page);
+    return page;
+}
+
+HelpPage* OnShelf(QStringView name)
+{
+    for (HelpPage& page : Shelf())
+        if (page.name == name)
+            return &page;
+    return nullptr;
 }
 
 bool IsWordCharacter(QChar each)
@@ -232,36 +206,53 @@ std::optional<ManualHit> HitIn(const HelpPage& page, const QStringList& words)
 
 } // namespace
 
+void SetManualTools(ManualToolSource source)
+{
+    toolSource = source;
+}
+
+QString WithTools(const QString& markdown, const std::vector<ManualTool>& tools, ToolLines lines)
+{
+    QString added;
+    for (const auto& [item, page] : tools) {
+        const QString link = QStringLiteral("[%1](%2.md)").arg(item.section(QStringLiteral(" > "), -1), page);
+        if (lines == ToolLines::Pages && !markdown.contains(QStringLiteral("](%1.md").arg(page)))
+            added += QStringLiteral("- %1\n").arg(link);
+        if (lines == ToolLines::MenuItems && !markdown.contains(QStringLiteral("| %1 |").arg(item)))
+            added += QStringLiteral("| %1 | | see %2 |\n").arg(item, link);
+    }
+    return QString(markdown).replace(ToolsMark, added);
+}
+
 HelpPage ParseManualPage(const QString& name, const QString& markdown)
 {
-    HelpPage page;
-    page.name = name;
-    page.markdown = markdown;
-    Reader reader(page);
-    for (const QStringView line : QStringView(markdown).split(u'\n'))
-        reader.Take(line);
-    if (page.title.isEmpty())
-        page.title = name;
+    HelpPage page{name, {}, markdown, {}};
+    ReadPage(page);
     return page;
 }
 
 const std::vector<HelpPage>& Manual()
 {
-    static const std::vector<HelpPage> pages = ReadPages();
-    return pages;
+    for (HelpPage& page : Shelf())
+        TakenApart(page);
+    return Shelf();
 }
 
 const HelpPage* FindManualPage(QStringView name)
 {
-    for (const HelpPage& page : Manual())
-        if (page.name == name)
-            return &page;
-    return nullptr;
+    HelpPage* page = OnShelf(name);
+    return page == nullptr ? nullptr : &TakenApart(*page);
+}
+
+bool HasSections(QStringView name)
+{
+    const HelpPage* page = OnShelf(name);
+    return page != nullptr && page->markdown.contains(QLatin1String("\n## "));
 }
 
 QString ManualText(const QString& name)
 {
-    if (const HelpPage* page = FindManualPage(name))
+    if (const HelpPage* page = OnShelf(name))
         return page->markdown;
     return QStringLiteral("# There is no page on this yet.\n\nThe manual's other pages are in the "
                           "[contents](index.md).\n");

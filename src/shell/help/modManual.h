@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The user's manual: its pages, their contents list and a search over them. All of it is read on first use.
+// The user's manual: its pages, their contents list and a search over them. A page is taken apart on first use, all of
+// them by the first search. Pages become documents of the toolkit, whose fonts want an application object with a
+// screen.
 #pragma once
 
 #include <QList>
@@ -66,6 +68,22 @@ struct TextSpan {
 
 inline const QString ManualContentsPage = QStringLiteral("index");
 
+// A tool for the manual to list where its texts do not name it: the item's place in the Tools menu, "Preview Tools >
+// Wav Preview", and the tool's page.
+struct ManualTool {
+    QString item;
+    QString page;
+};
+
+// Where the tools come from; asked once, when the manual is read. Whoever has the tools puts it in place before that.
+using ManualToolSource = std::vector<ManualTool> (*)();
+void SetManualTools(ManualToolSource source);
+
+// The text with a line for each tool that it does not name, in place of its mark "<!-- more tools -->": an item of a
+// list with the tool's page, or a row of a table with its menu item. A text without the mark is as it was.
+enum class ToolLines { Pages, MenuItems };
+QString WithTools(const QString& markdown, const std::vector<ManualTool>& tools, ToolLines lines);
+
 // Parses a page. Any text is valid.
 HelpPage ParseManualPage(const QString& name, const QString& markdown);
 
@@ -74,6 +92,9 @@ const std::vector<HelpPage>& Manual();
 
 // Null when there is no such page.
 const HelpPage* FindManualPage(QStringView name);
+
+// Whether the page has headings of the second level, without taking it apart.
+bool HasSections(QStringView name);
 
 // The text shown for a page; for a missing one, a short page that says so, with a link to the contents.
 QString ManualText(const QString& name);

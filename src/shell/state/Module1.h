@@ -11,15 +11,7 @@
 
 namespace ob {
 
-class cMainForm;
-
-inline const QString ProgramTitle = QStringLiteral("Orchard Bench");
-inline const QString UntitledName = QStringLiteral("untitled.bas");
-inline const QString NoPath = QStringLiteral("no path");
-inline const QString NoCodeWindowText = QStringLiteral("No code window is active!");
-
-// The main window and the screen. Set by the start routine.
-inline cMainForm* MainForm = nullptr;
+// The screen. Set by the main window.
 inline int TwipsPerPixelX = 15;
 inline int TwipsPerPixelY = 15;
 
@@ -55,18 +47,8 @@ inline QString& HotKey = UserApplications[0];
 // The folder of the last code file opened; "app.path" until there is one.
 inline QString LastDir;
 
-// Resets every variable above to its value before the settings are read.
+// Resets every variable above to its value before the settings are read, and MainForm to null.
 void ResetState();
-
-// Writes the program's resource with that number and type (101 wrapper32.bas, 102 printer32.bas, 103 jpeg.bas,
-// 104 jpeg.dll; type "CUSTOM") at the start of the file; a longer file keeps its tail. Any error ends it silently.
-void ExtractResource(int id, const QString& type, const QString& path);
-
-// The first panel of the status bar.
-void SetStatusText(const QString& text);
-
-// Triggers an item of the main window's menu by its name, like a click.
-void ChooseMenuItem(const QString& name);
 
 // Usable: not empty, not "no path" in any case, and the name of a file that exists.
 bool IsUsablePath(const QString& path);

@@ -33,8 +33,16 @@ public:
 
     virtual void SetStatusPanel(const QString& text) = 0;
 
-    // Menu items by their names; an unknown name is ignored.
+    // Menu items and toolbar buttons by their names; an unknown name is ignored.
     virtual void EnableItem(const QString& name, bool enable) = 0;
+    virtual void EnableButton(const QString& name, bool enable) = 0;
+
+    // A menu item's caption, all of it to be read, and an item that is hidden until it is shown once.
+    virtual void SetItemCaption(const QString& name, const QString& caption) = 0;
+    virtual void ShowItem(const QString& name) = 0;
+
+    // The items of all tools that need a code window.
+    virtual void EnableCodeTools(bool enable) = 0;
 
     // Triggers a menu item like a click.
     virtual void ChooseItem(const QString& name) = 0;
@@ -42,34 +50,20 @@ public:
     // Whether the key is the shortcut of an item that is enabled now.
     virtual bool HasShortcut(const QKeyEvent& key) const = 0;
 
-    // The items of the recent list, from 1 to 8; hidden until first shown.
-    virtual void SetRecentCaption(int number, const QString& caption) = 0;
-    virtual void ShowRecentItem(int number) = 0;
-
-    // Toolbar buttons by their position, from 1, counting separators.
-    virtual void EnableButton(int place, bool enable) = 0;
-
-    // The form window, at most one. Unloading asks to save a modified form first; false when it stays. Showing creates
-    // it, empty, and activates it. Refreshing shows the present state of the form under design.
-    virtual bool UnloadGui() = 0;
-    virtual void ShowGui() = 0;
-    virtual void RefreshGui() = 0;
-
-    // After a change to the form that the user cannot undo: keep the undo steps recorded so far, or forget them.
-    enum class GuiSteps { Keep, Forget };
-    virtual void SettleGui(GuiSteps steps) = 0;
-
-    // The window defaults of the form under design, modally.
-    virtual void ShowGuiDefaults() = 0;
-
-    // A button of the form builder's palette by its name.
-    virtual void EnableGuiTool(const QString& name, bool enable) = 0;
-
     // Behind all other windows of the desktop.
     virtual void SendToBack() = 0;
 
     // Asks to close the frame.
     virtual void Unload() = 0;
 };
+
+// The one main window; null while there is none.
+inline cMainForm* MainForm = nullptr;
+
+// The first panel of the status bar.
+void SetStatusText(const QString& text);
+
+// Chooses an item of the main window's menu by its name, as its click does.
+void ChooseMenuItem(const QString& name);
 
 } // namespace ob

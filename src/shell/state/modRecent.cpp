@@ -17,6 +17,11 @@ static QString KeyOf(int number)
     return QStringLiteral("MRU%1").arg(number);
 }
 
+static QString ItemOf(int number)
+{
+    return QStringLiteral("mnuFileMRU%1").arg(number);
+}
+
 void FillRecentFiles()
 {
     for (int number = 1; number <= RecentFileSlots; ++number) {
@@ -34,13 +39,13 @@ RecentMenu ShowRecentFiles()
     RecentCount = 0;
     for (int number = 1; number <= RecentFileSlots; ++number) {
         if (RecentFiles[0].compare(QLatin1String("untitled"), Qt::CaseInsensitive) == 0) {
-            MainForm->SetRecentCaption(1, QStringLiteral("no files"));
+            MainForm->SetItemCaption(ItemOf(1), QStringLiteral("no files"));
             return RecentMenu::WantsNewWindow;
         }
         const QString& path = RecentFiles[static_cast<std::size_t>(number - 1)];
         if (FileExists(path)) {
-            MainForm->SetRecentCaption(number, path);
-            MainForm->ShowRecentItem(number);
+            MainForm->SetItemCaption(ItemOf(number), path);
+            MainForm->ShowItem(ItemOf(number));
             ++RecentCount;
         }
     }
@@ -58,12 +63,12 @@ void AddRecentFile(const QString& path)
     RecentFiles[0] = path;
 
     for (int number = 1; number <= RecentFileSlots; ++number)
-        MainForm->SetRecentCaption(number, RecentFiles[static_cast<std::size_t>(number - 1)]);
+        MainForm->SetItemCaption(ItemOf(number), RecentFiles[static_cast<std::size_t>(number - 1)]);
     // Past nine the items and the store are not updated before the end of the program.
     if (RecentCount > 9)
         return;
     for (int number = 1; number <= std::min(RecentCount, RecentFileSlots); ++number)
-        MainForm->ShowRecentItem(number);
+        MainForm->ShowItem(ItemOf(number));
     SaveRecentFiles();
 }
 

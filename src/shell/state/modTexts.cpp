@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Finds the embedded texts.
+// Finds the embedded texts and writes them out.
 #include "shell/state/modTexts.h"
+
+#include "platform/files/modFiles.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QResource>
 
@@ -30,6 +33,19 @@ std::optional<std::string_view> EmbeddedText(const QString& name)
     if (!resource.isValid() || resource.data() == nullptr)
         return std::nullopt;
     return std::string_view(reinterpret_cast<const char*>(resource.data()), static_cast<std::size_t>(resource.size()));
+}
+
+void ExtractResource(int id, const QString& type, const QString& path)
+{
+    const auto text = EmbeddedText(id, type);
+    if (!text)
+        return;
+    try {
+        WriteKeepingTail(path, QByteArray::fromRawData(text->data(), static_cast<qsizetype>(text->size())),
+                         Durability::Unsynced);
+    } catch (const RuntimeError&) {
+        // A folder that cannot be written costs the user the library, not the start.
+    }
 }
 
 } // namespace ob

@@ -15,4 +15,9 @@ std::optional<std::string_view> EmbeddedText(int id, const QString& type);
 // The bytes of resources/texts/NAME, uncompressed in the program's own memory; nothing for an unknown name.
 std::optional<std::string_view> EmbeddedText(const QString& name);
 
+// Writes the program's resource of that number and type (101 wrapper32.bas, 102 printer32.bas, 103 jpeg.bas,
+// 104 jpeg.dll; type "CUSTOM") at the start of the file; a longer file keeps its tail. Any error ends it without a
+// word.
+void ExtractResource(int id, const QString& type, const QString& path);
+
 } // namespace ob

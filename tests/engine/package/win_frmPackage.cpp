@@ -503,4 +503,5 @@ void win_frmPackage::keysAndNames()
 }
 
 OB_BENCH_TEST(win_frmPackage)
+#include "shell/state/modNames.h"
 #include "win_frmPackage.moc"

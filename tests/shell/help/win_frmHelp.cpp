@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
+#include <QSet>
 #include <QStackedWidget>
 #include <QTextBlock>
 #include <QTimer>
@@ -146,6 +147,8 @@ private Q_SLOTS:
     void everyPictureOfTheManualIsEmbedded();
     void darkPaletteTurnsThePageDark();
     void everyCommandOfTheMenuIsInTheManual();
+    void everyPageIsReachedFromTheContents();
+    void everyPageIsInTheContentsTree();
 
 private:
     QStringList opened;
@@ -185,6 +188,7 @@ void win_frmHelp::treeHoldsTheContentsAndTheirSections()
         expected.append(entry.caption);
     QVERIFY(expected.size() > 10);
     QCOMPARE(shown, expected);
+    TreeItem(help, QStringLiteral("Files"))->setExpanded(true);
     QVERIFY(TreeItem(help, QStringLiteral("What a save does to the text")) != nullptr);
 }
 
@@ -481,6 +485,8 @@ void win_frmHelp::darkPaletteTurnsThePageDark()
 
 void win_frmHelp::everyCommandOfTheMenuIsInTheManual()
 {
+    TestBench bench;
+    bench.Start();
     const HelpPage* page = FindManualPage(u"menus-and-keys");
     QVERIFY(page != nullptr);
     QStringList missing;
@@ -499,6 +505,41 @@ void win_frmHelp::everyCommandOfTheMenuIsInTheManual()
             missing.append(caption + QLatin1Char(' ') + key);
     }
     QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QLatin1Char('\n'))));
+}
+
+void win_frmHelp::everyPageIsReachedFromTheContents()
+{
+    TestBench bench;
+    bench.Start();
+    QSet<QString> reached = {ManualContentsPage};
+    QStringList ahead = {ManualContentsPage};
+    while (!ahead.isEmpty()) {
+        const HelpPage* page = FindManualPage(ahead.takeFirst());
+        if (page == nullptr)
+            continue;
+        for (const ManualBlock& block : page->blocks) {
+            for (const ManualLink& link : block.links) {
+                const QString name = PlaceOfLink(link.target, page->name).page;
+                if (IsManualLink(link.target) && !reached.contains(name)) {
+                    reached.insert(name);
+                    ahead.append(name);
+                }
+            }
+        }
+    }
+    for (const HelpPage& page : Manual())
+        QVERIFY2(reached.contains(page.name), qPrintable(page.name));
+}
+
+void win_frmHelp::everyPageIsInTheContentsTree()
+{
+    TestBench bench;
+    bench.Start();
+    QStringList listed = {ManualContentsPage};
+    for (const ManualEntry& entry : ContentsOf(*FindManualPage(ManualContentsPage)))
+        listed.append(entry.page);
+    for (const HelpPage& page : Manual())
+        QVERIFY2(listed.contains(page.name), qPrintable(page.name));
 }
 
 OB_BENCH_TEST(win_frmHelp)

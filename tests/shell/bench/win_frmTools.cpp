@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tools as their rooms register them: in the menu, on the toolbar, in the manual.
+#include "support/BenchTest.h"
+#include "support/TestBench.h"
+
+#include "shell/bench/frmMainMenu.h"
+#include "shell/bench/frmTools.h"
+#include "shell/help/frmHelp.h"
+#include "shell/help/modManual.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QMenu>
+#include <QShortcut>
+#include <QToolBar>
+
+using namespace ob;
+
+namespace {
+
+QStringList Captions(const QList<QAction*>& actions)
+{
+    QStringList captions;
+    for (const QAction* action : actions)
+        if (!action->isSeparator())
+            captions.append(action->text());
+    return captions;
+}
+
+QMenu* ButtonMenu(TestBench& bench, const char* button)
+{
+    const auto* bar = bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"));
+    return bar->findChild<QAction*>(QString::fromLatin1(button))->menu();
+}
+
+// What the menus of tools show, from top to bottom; tools that came later may follow.
+const QStringList Construction = {
+    QStringLiteral("&Array Maker"),         QStringLiteral("Men&u Maker"),          QStringLiteral("&Message Boxes"),
+    QStringLiteral("AP&I Wrapper Library"), QStringLiteral("&Printer API Library"), QStringLiteral("Snipp&et Bench"),
+    QStringLiteral("&Snippet Library"),     QStringLiteral("Mas&k Maker"),          QStringLiteral("A&VI Maker"),
+    QStringLiteral("Packaging &Wizard"),    QStringLiteral("&Toolbar Maker"),       QStringLiteral("Style&Bits Wizard"),
+    QStringLiteral("API &Texteditor"),
+};
+const QStringList Preview = {
+    QStringLiteral("&Wav Preview"),       QStringLiteral("&Bitmap Preview"),   QStringLiteral("Med&ia Preview"),
+    QStringLiteral("RGB &Color Preview"), QStringLiteral("Color &Dialog"),     QStringLiteral("Color &Names"),
+    QStringLiteral("&Font Dialog"),       QStringLiteral("&Key Code Preview"),
+};
+
+// The menu item as the manual writes it: "Construction Tools > Array Maker".
+QString PathOf(const ToolRow& tool)
+{
+    QString path = QString::fromLatin1(tool.caption);
+    for (const MenuRow& row : MenuTree())
+        if (row.depth > 0 && std::string_view(row.name) == tool.menu)
+            path.prepend(QString::fromLatin1(row.caption) + QStringLiteral(" > "));
+    return path.remove(QLatin1Char('&'));
+}
+
+bool HasRow(const HelpPage& page, const QString& item)
+{
+    return std::any_of(page.blocks.begin(), page.blocks.end(), [&item](const ManualBlock& block) {
+        return block.kind == BlockKind::Row && block.text.startsWith(item + QStringLiteral("  "));
+    });
+}
+
+// The dialog that can be seen and is not the manual; null for none, or several.
+QDialog* OpenTool()
+{
+    QList<QDialog*> open;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* tool = qobject_cast<QDialog*>(window);
+        if (tool != nullptr && tool->isVisible() && qobject_cast<frmHelp*>(window) == nullptr)
+            open.append(tool);
+    }
+    return open.size() == 1 ? open.first() : nullptr;
+}
+
+frmHelp* OpenHelp()
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* help = qobject_cast<frmHelp*>(window); help != nullptr && help->isVisible())
+            return help;
+    return nullptr;
+}
+
+QString PageByF1(const QDialog& tool)
+{
+    for (QShortcut* key : tool.findChildren<QShortcut*>(Qt::FindDirectChildrenOnly))
+        if (key->key() == QKeySequence(Qt::Key_F1))
+            Q_EMIT key->activated();
+    const frmHelp* help = OpenHelp();
+    return help == nullptr ? QString() : help->Here().page;
+}
+
+// These open a code window, a form, a box of the system's or another program, or ask for files first.
+const QStringList WithoutWindow = {
+    QStringLiteral("mnuWrapper"),      QStringLiteral("mnuToolPrinter"), QStringLiteral("mnuToolSnippet"),
+    QStringLiteral("mnuToolTE"),       QStringLiteral("mnuColorDialog"), QStringLiteral("mnuToolFont"),
+    QStringLiteral("mnuToolFreeform"), QStringLiteral("mnuGui"),         QStringLiteral("mnuPackage"),
+};
+
+} // namespace
+
+class win_frmTools : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void toolsHaveNamesOfTheirOwn();
+    void menusShowTheToolsInTheirOrder();
+    void buttonsOfferTheToolsInTheirOrder();
+    void everyToolIsOnceInTheMenuTree();
+    void everyToolHasAnIcon();
+    void everyToolHasAPageInTheContents();
+    void everyToolIsAmongMenusAndKeys();
+    void f1OpensThePageOfATool_data();
+    void f1OpensThePageOfATool();
+};
+
+void win_frmTools::toolsHaveNamesOfTheirOwn()
+{
+    QStringList names;
+    for (const ToolRow& tool : Tools())
+        names.append(QString::fromLatin1(tool.name));
+    QVERIFY(names.size() >= 25);
+    QCOMPARE(names.removeDuplicates(), 0);
+    QVERIFY(FindTool(QStringLiteral("mnuToolArray")) != nullptr);
+    QVERIFY(FindTool(QStringLiteral("mnuFileNew")) == nullptr);
+}
+
+void win_frmTools::menusShowTheToolsInTheirOrder()
+{
+    TestBench bench;
+    bench.Start();
+    const auto captions = [&](const char* menu, const QStringList& expected) {
+        return Captions(bench.Frame().Item(QString::fromLatin1(menu))->menu()->actions()).mid(0, expected.size());
+    };
+    const QStringList others = {QStringLiteral("&Applications"),  QStringLiteral("&Construction Tools"),
+                                QStringLiteral("&Preview Tools"), QStringLiteral("&Gui Builder"),
+                                QStringLiteral("&Icon Editor"),   QStringLiteral("&FreeForm"),
+                                QStringLiteral("Show &Variables")};
+    QCOMPARE(captions(ConstructionTools, Construction), Construction);
+    QCOMPARE(captions(PreviewTools, Preview), Preview);
+    QCOMPARE(captions(OtherTools, others), others);
+}
+
+void win_frmTools::buttonsOfferTheToolsInTheirOrder()
+{
+    TestBench bench;
+    bench.Start();
+    QStringList construction = Construction;
+    construction.insert(construction.indexOf(QStringLiteral("&Toolbar Maker")), QStringLiteral("&Icon Editor"));
+    QCOMPARE(Captions(ButtonMenu(bench, "Construct")->actions()).mid(0, construction.size()), construction);
+    QCOMPARE(Captions(ButtonMenu(bench, "View")->actions()).mid(0, Preview.size()), Preview);
+}
+
+void win_frmTools::everyToolIsOnceInTheMenuTree()
+{
+    for (const ToolRow& tool : Tools())
+        QCOMPARE(std::count_if(MenuTree().begin(), MenuTree().end(),
+                               [&tool](const MenuRow& row) {
+                                   return row.click == tool.show && row.icon == tool.icon &&
+                                          row.caption == tool.caption;
+                               }),
+                 1);
+    for (const MenuRow& row : MenuTree())
+        QVERIFY2(row.kind != ItemKind::Tool, row.name);
+}
+
+void win_frmTools::everyToolHasAnIcon()
+{
+    for (const ToolRow& tool : Tools())
+        QVERIFY2(QFile::exists(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(tool.icon))), tool.name);
+}
+
+void win_frmTools::everyToolHasAPageInTheContents()
+{
+    TestBench bench;
+    bench.Start();
+    QStringList listed;
+    for (const ManualEntry& entry : ContentsOf(*FindManualPage(ManualContentsPage)))
+        listed.append(entry.page);
+    for (const ToolRow& tool : Tools()) {
+        QVERIFY2(FindManualPage(QString::fromLatin1(tool.page)) != nullptr, tool.name);
+        QVERIFY2(listed.contains(QLatin1String(tool.page)), tool.name);
+    }
+}
+
+void win_frmTools::everyToolIsAmongMenusAndKeys()
+{
+    TestBench bench;
+    bench.Start();
+    const HelpPage* page = FindManualPage(u"menus-and-keys");
+    for (const ToolRow& tool : Tools())
+        QVERIFY2(HasRow(*page, PathOf(tool)), qPrintable(PathOf(tool)));
+}
+
+void win_frmTools::f1OpensThePageOfATool_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const ToolRow& tool : Tools())
+        if (!WithoutWindow.contains(QLatin1String(tool.name)))
+            QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
+}
+
+void win_frmTools::f1OpensThePageOfATool()
+{
+    QFETCH(QString, name);
+    TestBench bench;
+    bench.Start({bench.Write(QStringLiteral("a.bas"), "a = 1\r\nend\r\n")});
+    QString page;
+    const auto pressF1 = [&page](QDialog& tool) {
+        page = PageByF1(tool);
+        tool.close();
+    };
+    bench.AnswerModals(pressF1);
+    bench.Choose(name);
+    if (QDialog* tool = OpenTool())
+        pressF1(*tool);
+    QCOMPARE(page, QString::fromLatin1(FindTool(name)->page));
+    OpenHelp()->close();
+}
+
+OB_BENCH_TEST(win_frmTools)
+#include "win_frmTools.moc"
