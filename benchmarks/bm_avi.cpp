@@ -15,6 +15,8 @@
 #include <chrono>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int Width = 1920;
@@ -49,7 +51,7 @@ ob::AviList MakeBitmaps(const QTemporaryDir& folder)
 {
     ob::AviList list;
     for (int number = 0; number < Frames; ++number) {
-        const QString path = folder.filePath(QStringLiteral("%1.bmp").arg(number, 3, 10, QLatin1Char('0')));
+        const QString path = folder.filePath(u"%1.bmp"_s.arg(number, 3, 10, QLatin1Char('0')));
         QFile file(path);
         if (file.open(QIODevice::WriteOnly))
             file.write(Bitmap(number));
@@ -67,7 +69,7 @@ double SecondsOf(const std::function<bool()>& work, bool& isGood)
 
 bool WriteOurs(const ob::AviList& list, const QString& out, const char* codec)
 {
-    ob::cAviWriting writing(out, list, QStringLiteral("30"), [](const std::string&, ob::NoticeIcon) {});
+    ob::cAviWriting writing(out, list, u"30"_s, [](const std::string&, ob::NoticeIcon) {});
     ob::AviState state = writing.Begin([&](const ob::AviFormat&) { return ob::AviOptions{codec, 90}; });
     while (state == ob::AviState::Writing)
         state = writing.WriteFrame();
@@ -76,26 +78,19 @@ bool WriteOurs(const ob::AviList& list, const QString& out, const char* codec)
 
 bool WriteTheirs(const QTemporaryDir& folder, const QString& out)
 {
-    const QStringList arguments = {QStringLiteral("-v"),
-                                   QStringLiteral("error"),
-                                   QStringLiteral("-y"),
-                                   QStringLiteral("-framerate"),
-                                   QStringLiteral("30"),
-                                   QStringLiteral("-i"),
-                                   folder.filePath(QStringLiteral("%03d.bmp")),
-                                   QStringLiteral("-c:v"),
-                                   QStringLiteral("rawvideo"),
-                                   out};
-    return QProcess::execute(QStringLiteral("ffmpeg"), arguments) == 0;
+    const QStringList arguments = {
+        u"-v"_s,   u"error"_s,    u"-y"_s, u"-framerate"_s, u"30"_s, u"-i"_s, folder.filePath(u"%03d.bmp"_s),
+        u"-c:v"_s, u"rawvideo"_s, out};
+    return QProcess::execute(u"ffmpeg"_s, arguments) == 0;
 }
 
 void Uncompressed(benchmark::State& state)
 {
     const QTemporaryDir folder;
     const ob::AviList list = MakeBitmaps(folder);
-    const QString ours = folder.filePath(QStringLiteral("ours.avi"));
-    const QString theirs = folder.filePath(QStringLiteral("theirs.avi"));
-    const bool hasOther = !QStandardPaths::findExecutable(QStringLiteral("ffmpeg")).isEmpty();
+    const QString ours = folder.filePath(u"ours.avi"_s);
+    const QString theirs = folder.filePath(u"theirs.avi"_s);
+    const bool hasOther = !QStandardPaths::findExecutable(u"ffmpeg"_s).isEmpty();
     double least = 1e9;
     double leastOther = 1e9;
     bool isGood = true;

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<QList<icons::Entry>> Icons(int count)
@@ -24,7 +26,7 @@ QList<QList<icons::Entry>> Icons(int count)
 // A program of that size; its icons precede everything else in it.
 QString ProgramOf(const QTemporaryDir& folder, int iconCount, qsizetype size)
 {
-    QFile file(folder.filePath(QStringLiteral("program.exe")));
+    QFile file(folder.filePath(u"program.exe"_s));
     QByteArray bytes = icons::PeFile(icons::ResourcesOf(Icons(iconCount)), icons::PeKind::Bits64);
     if (bytes.size() < size)
         bytes += icons::Noise(size - bytes.size(), 5);

@@ -8,6 +8,8 @@
 
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ob::cDIBSection Sprite(int width, int height)
@@ -39,7 +41,7 @@ void Batch(benchmark::State& state)
     const QTemporaryDir folder;
     QStringList names;
     for (int index = 0; index < state.range(0); ++index)
-        names.append(QStringLiteral("%1.bmp").arg(index));
+        names.append(u"%1.bmp"_s.arg(index));
     const ob::BatchWatch watch = {[](qsizetype) {},
                                   [](const QString&, const ob::cDIBSection&) { return ob::BatchStep::GoOn; }};
     for (auto step : state) {

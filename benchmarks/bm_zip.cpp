@@ -15,6 +15,8 @@
 #include <stdexcept>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 Megabyte = 1'000'000;
@@ -29,7 +31,7 @@ const QString& Folder()
 // A file of that many megabytes in the folder; created on first use.
 QString NoiseFile(qint64 megabytes)
 {
-    const QString path = Folder() + QStringLiteral("/noise%1.bin").arg(megabytes);
+    const QString path = Folder() + u"/noise%1.bin"_s.arg(megabytes);
     if (QFile::exists(path))
         return path;
     QFile file(path);
@@ -46,7 +48,7 @@ QString NoiseFile(qint64 megabytes)
 
 QString TextFile(qint64 megabytes)
 {
-    const QString path = Folder() + QStringLiteral("/text%1.bas").arg(megabytes);
+    const QString path = Folder() + u"/text%1.bas"_s.arg(megabytes);
     QFile file(path);
     if (QFile::exists(path))
         return path;
@@ -60,7 +62,7 @@ QString TextFile(qint64 megabytes)
 
 QString SparseFile(qint64 megabytes)
 {
-    const QString path = Folder() + QStringLiteral("/sparse%1.bin").arg(megabytes);
+    const QString path = Folder() + u"/sparse%1.bin"_s.arg(megabytes);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || !file.resize(megabytes * Megabyte))
         throw std::runtime_error("no file can be made");
@@ -69,7 +71,7 @@ QString SparseFile(qint64 megabytes)
 
 double PeakMemoryMegabytes()
 {
-    QFile file(QStringLiteral("/proc/self/status"));
+    QFile file(u"/proc/self/status"_s);
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     const QByteArray status = file.readAll();
@@ -87,7 +89,7 @@ void Run(const QString& program, const QStringList& arguments)
 
 QString Archive()
 {
-    return Folder() + QStringLiteral("/out.zip");
+    return Folder() + u"/out.zip"_s;
 }
 
 void Count(benchmark::State& state, const QString& file)
@@ -112,7 +114,7 @@ void OurZip(benchmark::State& state, MakeFile make)
             throw std::runtime_error(zip.GetLastMessage().toStdString());
     }
     Count(state, file);
-    Run(QStringLiteral("unzip"), {QStringLiteral("-tqq"), Archive()});
+    Run(u"unzip"_s, {u"-tqq"_s, Archive()});
 }
 
 void InfoZip(benchmark::State& state, MakeFile make)
@@ -121,7 +123,7 @@ void InfoZip(benchmark::State& state, MakeFile make)
     for (auto step : state) {
         Q_UNUSED(step);
         QFile::remove(Archive());
-        Run(QStringLiteral("zip"), {QStringLiteral("-jq"), Archive(), file});
+        Run(u"zip"_s, {u"-jq"_s, Archive(), file});
     }
     Count(state, file);
 }

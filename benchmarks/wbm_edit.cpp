@@ -12,6 +12,8 @@
 #include <memory>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::size_t LineCount = 1000000;
@@ -43,7 +45,7 @@ ob::SciLexerOB_Window MakeBare(QWidget* parent)
 ob::SciLexerOB_Window MakeOwn(QWidget* parent)
 {
     static auto* create = reinterpret_cast<ob::SciLexerOB_CreateFunction*>(
-        QLibrary::resolve(QStringLiteral(OB_BIN "/SciLexerOB"), ob::SciLexerOB_CreateName));
+        QLibrary::resolve(u"" OB_BIN "/SciLexerOB"_s, ob::SciLexerOB_CreateName));
     if (create == nullptr)
         qFatal("The plugin SciLexerOB does not load.");
     const ob::SciLexerOB_Window made = create(parent);

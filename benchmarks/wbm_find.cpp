@@ -18,6 +18,8 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int LineCount = 100'000;
@@ -50,7 +52,7 @@ QByteArray Program(const QByteArray& word)
 
 QWidget* Edit(const ob::cDocument& document)
 {
-    return dynamic_cast<QWidget*>(document.window)->findChild<QWidget*>(QStringLiteral("sci"));
+    return dynamic_cast<QWidget*>(document.window)->findChild<QWidget*>(u"sci"_s);
 }
 
 ob::cDocument* Load(const QByteArray& text)
@@ -134,9 +136,9 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     const QTemporaryDir folder;
     ob::SetProgramFolder(folder.path());
-    ob::SetLibraryFolder(QStringLiteral(OB_BIN));
-    ob::SetSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
-    ob::WriteSetting(QStringLiteral("ShowTips"), QStringLiteral("False"));
+    ob::SetLibraryFolder(u"" OB_BIN ""_s);
+    ob::SetSettingsFile(folder.filePath(u"settings.ini"_s));
+    ob::WriteSetting(u"ShowTips"_s, u"False"_s);
     NoDialogs dialogs;
     ob::SetDialogs(&dialogs);
     auto frame = std::unique_ptr<ob::frmMain>();

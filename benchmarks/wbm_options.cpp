@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void OpenPreferences(benchmark::State& state)
@@ -45,7 +47,7 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     const QTemporaryDir folder;
     ob::SetProgramFolder(folder.path());
-    ob::SetSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
+    ob::SetSettingsFile(folder.filePath(u"settings.ini"_s));
     ob::ResetBench();
     ob::ReadAllSettings();
     QFile comments(ob::CommentsPath(folder.path()));

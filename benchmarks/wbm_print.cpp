@@ -23,6 +23,8 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::size_t LineCount = 10000;
@@ -46,7 +48,7 @@ public:
 std::unique_ptr<ob::cPrintJob> StartJob(Target target, const QString& path)
 {
     if (target == Target::Pdf)
-        return ob::StartPdf(path, QStringLiteral("program.bas"));
+        return ob::StartPdf(path, u"program.bas"_s);
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setOutputFormat(QPrinter::PdfFormat);
     printer->setOutputFileName(path);
@@ -56,10 +58,10 @@ std::unique_ptr<ob::cPrintJob> StartJob(Target target, const QString& path)
 void Print(benchmark::State& state, Way way, Target target)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("out.pdf"));
+    const QString path = folder.filePath(u"out.pdf"_s);
     QWidget frame;
     const auto create = reinterpret_cast<ob::SciLexerOB_CreateFunction*>(
-        QLibrary::resolve(QStringLiteral(OB_BIN "/SciLexerOB"), ob::SciLexerOB_CreateName));
+        QLibrary::resolve(u"" OB_BIN "/SciLexerOB"_s, ob::SciLexerOB_CreateName));
     if (create == nullptr)
         qFatal("The plugin SciLexerOB does not load.");
     const ob::SciLexerOB_Window made = create(&frame);
@@ -101,11 +103,11 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     const QTemporaryDir folder;
     ob::SetProgramFolder(folder.path());
-    ob::SetSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
+    ob::SetSettingsFile(folder.filePath(u"settings.ini"_s));
     ob::ResetBench();
     ob::ReadAllSettings();
     ob::BuildSyntaxTable();
-    ob::EditBackColor = ob::Rgb(255, 255, 255);
+    ob::Editor.EditBackColor = ob::Rgb(255, 255, 255);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -7,23 +7,24 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void RunBench(benchmark::State& state, const QStringList& files)
 {
     const QTemporaryDir folder;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder.path());
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    environment.insert(u"XDG_RUNTIME_DIR"_s, folder.path());
     int run = 0;
     for (auto _ : state) {
         // A store of its own for each start.
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.filePath(QString::number(++run)));
+        environment.insert(u"XDG_CONFIG_HOME"_s, folder.filePath(QString::number(++run)));
         QProcess bench;
         bench.setProcessEnvironment(environment);
         bench.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        bench.start(QStringLiteral(OB_BIN "/orchard-bench"),
-                    QStringList{QStringLiteral("--grab"), folder.filePath(QStringLiteral("out.ppm"))} + files);
+        bench.start(u"" OB_BIN "/orchard-bench"_s, QStringList{u"--grab"_s, folder.filePath(u"out.ppm"_s)} + files);
         if (!bench.waitForFinished() || bench.exitCode() != 0) {
             state.SkipWithError("the bench did not start");
             return;
@@ -39,7 +40,7 @@ BENCHMARK(StartToFirstPaint)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 void StartWithAProgram(benchmark::State& state)
 {
-    RunBench(state, {QStringLiteral(OB_BIN "/../../../samples/guess.bas")});
+    RunBench(state, {u"" OB_BIN "/../../../samples/guess.bas"_s});
 }
 BENCHMARK(StartWithAProgram)->UseRealTime()->Unit(benchmark::kMillisecond);
 
@@ -47,7 +48,7 @@ void ObtoolVersion(benchmark::State& state)
 {
     for (auto _ : state) {
         QProcess tool;
-        tool.start(QStringLiteral(OB_BIN "/obtool"), {QStringLiteral("--version")});
+        tool.start(u"" OB_BIN "/obtool"_s, {u"--version"_s});
         if (!tool.waitForFinished() || tool.exitCode() != 0) {
             state.SkipWithError("obtool did not run");
             return;

@@ -18,6 +18,8 @@
 #include <QMouseEvent>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int controlCount = 2000;
@@ -34,7 +36,7 @@ QByteArray LargeForm()
         const auto kind = static_cast<ob::ControlKind>(number % static_cast<int>(ob::KindCount));
         ob::ControlRecord& control = form.At(ob::AddControl(form, kind));
         ob::SetRect(control, {static_cast<float>(number % 50 * 300), static_cast<float>(number / 50 * 285), 285, 270});
-        control.caption = kind == ob::ControlKind::Bmpbutton ? ob::NoBitmap : QStringLiteral("C%1").arg(number);
+        control.caption = kind == ob::ControlKind::Bmpbutton ? ob::NoBitmap : u"C%1"_s.arg(number);
         control.visible = true;
     }
     return ob::AnsiFromText(ob::WriteForm(ob::Completed(std::move(form), ob::CompletedFor::File))).bytes;
@@ -91,9 +93,9 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     const QTemporaryDir folder;
     ob::SetProgramFolder(folder.path());
-    ob::SetSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
-    ob::WriteSetting(QStringLiteral("ShowTips"), QStringLiteral("False"));
-    formPath = folder.filePath(QStringLiteral("large.obf"));
+    ob::SetSettingsFile(folder.filePath(u"settings.ini"_s));
+    ob::WriteSetting(u"ShowTips"_s, u"False"_s);
+    formPath = folder.filePath(u"large.obf"_s);
     QFile file(formPath);
     const QByteArray bytes = LargeForm();
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())

@@ -9,6 +9,8 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int ControlCount = 2000;
@@ -137,7 +139,7 @@ void DrawPlainText(benchmark::State& state)
     QPainter painter(&image);
     painter.setFont(style.font);
     for (auto _ : state)
-        painter.drawText(QRect(10, 10, 80, 30), Qt::AlignCenter | Qt::TextShowMnemonic, QStringLiteral("Button  12"));
+        painter.drawText(QRect(10, 10, 80, 30), Qt::AlignCenter | Qt::TextShowMnemonic, u"Button  12"_s);
 }
 BENCHMARK(DrawPlainText)->Unit(benchmark::kMicrosecond);
 
@@ -147,7 +149,7 @@ void DrawRememberedText(benchmark::State& state)
     QImage image = Surface(1);
     QPainter painter(&image);
     for (auto _ : state)
-        for (const QGlyphRun& run : style.Line(QStringLiteral("Button  12"), ob::Ampersands::Mark).runs)
+        for (const QGlyphRun& run : style.Line(u"Button  12"_s, ob::Ampersands::Mark).runs)
             painter.drawGlyphRun(QPointF(10, 10), run);
 }
 BENCHMARK(DrawRememberedText)->Unit(benchmark::kMicrosecond);

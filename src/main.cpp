@@ -14,6 +14,8 @@
 #include <memory>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char usage[] = "usage: orchard-bench [--grab OUT.png] [FILE]\n"
@@ -57,10 +59,10 @@ int main(int argc, char** argv)
         return *status;
 
     const ob::frmApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("orchard-bench"));
+    QApplication::setApplicationName(u"orchard-bench"_s);
     QApplication::setApplicationDisplayName(QString());
-    QApplication::setDesktopFileName(QStringLiteral("orchard-bench"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
+    QApplication::setDesktopFileName(u"orchard-bench"_s);
+    QApplication::setWindowIcon(QIcon(u":/icons/app.svg"_s));
 
     QStringList pieces = QApplication::arguments().mid(1);
     QString picture;

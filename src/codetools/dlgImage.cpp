@@ -10,6 +10,8 @@
 
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -19,7 +21,7 @@ constexpr int Enlargement = 6;
 
 const QImage& Strip()
 {
-    static const QImage strip(QStringLiteral(":/icons/standard-toolbar.png"));
+    static const QImage strip(u":/icons/standard-toolbar.png"_s);
     return strip;
 }
 
@@ -78,7 +80,7 @@ void dlgImage::ShowImage()
 {
     const int side = ToolbarPictureSide * Enlargement;
     ui->picBox->setPixmap(QPixmap::fromImage(StandardImage(ToolImageIndex).scaled(side, side)));
-    ui->lblPlace->setText(QStringLiteral("%1 of %2").arg(ToolImageIndex).arg(StandardImageCount()));
+    ui->lblPlace->setText(u"%1 of %2"_s.arg(ToolImageIndex).arg(StandardImageCount()));
 }
 
 } // namespace ob

@@ -23,6 +23,8 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -36,24 +38,23 @@ struct BitmapPlace {
 // Nothing when no name was given; a toolbar for an existing window then uses a default.
 std::optional<BitmapPlace> AskForBitmap(const ToolbarSpec& spec)
 {
-    FileSpec box{FilePurpose::Save, QStringLiteral("Save Bitmap"), {}, {}, QStringLiteral("Bitmap (*.bmp)|*.bmp")};
-    box.extension = QStringLiteral("bmp");
+    FileSpec box{FilePurpose::Save, u"Save Bitmap"_s, {}, {}, u"Bitmap (*.bmp)|*.bmp"_s};
+    box.extension = u"bmp"_s;
     const QString chosen = FileBox(box);
     if (!chosen.isEmpty())
         return BitmapPlace{chosen, chosen};
     if (!spec.handle) {
-        MsgBox(QStringLiteral("You must choose a name for the toolbar bitmap."), BoxIcon::Exclamation);
+        MsgBox(u"You must choose a name for the toolbar bitmap."_s, BoxIcon::Exclamation);
         return std::nullopt;
     }
     // The text has two backslashes; the system reads them as one.
-    const QString name = QStringLiteral("toolbar.bmp");
-    return BitmapPlace{PathIn(ProgramFolder(), name),
-                       QDir::toNativeSeparators(ProgramFolder()) + QStringLiteral("\\\\") + name};
+    const QString name = u"toolbar.bmp"_s;
+    return BitmapPlace{PathIn(ProgramFolder(), name), QDir::toNativeSeparators(ProgramFolder()) + u"\\\\"_s + name};
 }
 
 bool SaveStrip(const QList<QImage>& pictures, const QString& path)
 {
-    const QString failed = QStringLiteral("Error saving bitmap.");
+    const QString failed = u"Error saving bitmap."_s;
     try {
         SaveAs256(CreateFromPicture(ToolbarStrip(pictures)), path);
         return true;
@@ -101,10 +102,10 @@ void dlgToolbar::ShowButtons()
     const bool isEmpty = pictures.isEmpty();
     ui->picBar->setPixmap(QPixmap::fromImage(ToolbarStrip(pictures)));
     if (isEmpty)
-        ui->picBar->setText(QStringLiteral("No buttons: add the first one with Custom or Standard."));
+        ui->picBar->setText(u"No buttons: add the first one with Custom or Standard."_s);
     ui->cmdRemove->setEnabled(!isEmpty);
     ToolbarSpec spec = Spec();
-    spec.bitmap = QStringLiteral("toolbar.bmp");
+    spec.bitmap = u"toolbar.bmp"_s;
     ui->txtPreview->ShowCode(isEmpty ? QString() : ToolbarCode(spec));
 }
 
@@ -113,10 +114,9 @@ void dlgToolbar::AddButton(const QImage& picture)
 {
     const qsizetype number = pictures.size() + 1;
     const QString numberText = QString::number(number);
-    const auto branch = InputBox(QStringLiteral("Please type a branch label for this button.") + numberText,
-                                 windowTitle(), QStringLiteral("branch") + numberText);
-    const auto tip = InputBox(QStringLiteral("Please type a tooltip caption for this button."), windowTitle(),
-                              QStringLiteral("tooltip"));
+    const auto branch = InputBox(u"Please type a branch label for this button."_s + numberText, windowTitle(),
+                                 u"branch"_s + numberText);
+    const auto tip = InputBox(u"Please type a tooltip caption for this button."_s, windowTitle(), u"tooltip"_s);
     pictures.append(picture);
     ui->cboBranch->addItem(ToolbarBranchOf(branch.value_or(QString()), number));
     ui->cboTips->addItem(ToolbarTipOf(tip.value_or(QString()), number));
@@ -125,8 +125,8 @@ void dlgToolbar::AddButton(const QImage& picture)
 
 void dlgToolbar::cmdAdd_Click()
 {
-    FileSpec box{FilePurpose::Open, {}, {}, {}, QStringLiteral("Images (*.bmp)(*.ico)|*.BMP;*.ICO")};
-    box.extension = QStringLiteral("BMP");
+    FileSpec box{FilePurpose::Open, {}, {}, {}, u"Images (*.bmp)(*.ico)|*.BMP;*.ICO"_s};
+    box.extension = u"BMP"_s;
     const QString path = FileBox(box);
     if (!path.isEmpty())
         AddButton(ToolbarPicture(path));

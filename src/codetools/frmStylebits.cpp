@@ -12,6 +12,8 @@
 
 #include <QSignalBlocker>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmStylebits::frmStylebits(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmStylebits>())
@@ -63,13 +65,12 @@ void frmStylebits::cmdCopy_Click()
 {
     const auto code = StylebitsCode(Spec());
     if (!code) {
-        MsgBox(NoStylebitsText, BoxIcon::None, BoxButtons::Ok, QStringLiteral("Error."));
+        MsgBox(NoStylebitsText, BoxIcon::None, BoxButtons::Ok, u"Error."_s);
         return;
     }
     if (!CopyText(*code))
         return;
-    if (MsgBox(StylebitsCopiedText, BoxIcon::None, BoxButtons::OkCancel, QStringLiteral("Copied to Clipboard")) ==
-        BoxAnswer::Ok)
+    if (MsgBox(StylebitsCopiedText, BoxIcon::None, BoxButtons::OkCancel, u"Copied to Clipboard"_s) == BoxAnswer::Ok)
         accept();
 }
 

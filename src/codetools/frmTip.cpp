@@ -9,12 +9,14 @@
 #include "shell/state/frmTool.h"
 #include "ui_frmTip.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmTip::frmTip(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmTip>()), tips(LoadTips())
 {
     ui->setupUi(this);
-    ui->picTip->setPixmap(QIcon(QStringLiteral(":/icons/tip.svg")).pixmap(48, 48));
+    ui->picTip->setPixmap(QIcon(u":/icons/tip.svg"_s).pixmap(48, 48));
     ui->chkLoadTipsAtStartup->setChecked(ShowTips);
     current = FirstTip(RandomNumber(), static_cast<int>(tips.size()));
     DisplayCurrentTip();

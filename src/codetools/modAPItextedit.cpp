@@ -7,11 +7,13 @@
 #include "shell/state/modNames.h"
 #include "shell/state/modTexts.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 QByteArray TextEditorCode()
 {
-    const auto text = EmbeddedText(QStringLiteral("texteditor.bas"));
+    const auto text = EmbeddedText(u"texteditor.bas"_s);
     Q_ASSERT(text);
     return {text->data(), static_cast<qsizetype>(text->size())};
 }

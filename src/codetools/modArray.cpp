@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -29,21 +31,20 @@ QString ReadyArrayName(const QString& name, ArrayType type)
     if (type == ArrayType::Numeric)
         return parenthesis < 0 ? name + u'(' : name.left(parenthesis + 1);
     if (!name.contains(u'$'))
-        return (parenthesis < 0 ? name : name.left(parenthesis)) + QStringLiteral("$(");
+        return (parenthesis < 0 ? name : name.left(parenthesis)) + u"$("_s;
     return parenthesis < 0 ? name + u'(' : name;
 }
 
 QString ArrayCode(const ArraySpec& spec)
 {
-    const QString lineEnd = QStringLiteral("\r\n");
+    const QString lineEnd = u"\r\n"_s;
     const QString name = ReadyArrayName(spec.name.isEmpty() ? DefaultArrayName : spec.name, spec.type);
-    const QString quote = spec.type == ArrayType::String ? QStringLiteral("\"") : QString();
+    const QString quote = spec.type == ArrayType::String ? u"\""_s : QString();
     const qsizetype bound = ArrayBound(spec.items);
-    QString code = QStringLiteral("    DIM ") + name + QString::number(bound) + u')' + lineEnd;
+    QString code = u"    DIM "_s + name + QString::number(bound) + u')' + lineEnd;
     const QStringList items = spec.items.split(ItemMark);
     for (qsizetype i = 1; i <= bound; ++i)
-        code += QStringLiteral("    ") + name + QString::number(i) + QStringLiteral(") = ") + quote + items[i] + quote +
-                lineEnd;
+        code += u"    "_s + name + QString::number(i) + u") = "_s + quote + items[i] + quote + lineEnd;
     return code + lineEnd + lineEnd;
 }
 

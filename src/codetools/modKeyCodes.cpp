@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -101,9 +103,8 @@ std::optional<int> FixedCode(int key, Qt::KeyboardModifiers modifiers)
 
 QStringList KeyCodeLines()
 {
-    QStringList lines = {QStringLiteral("Key Name   Decimal  Mouse or keyboard equivalent"),
-                         QStringLiteral("            Value")};
-    if (const auto table = EmbeddedText(QStringLiteral("keycodes.txt"))) {
+    QStringList lines = {u"Key Name   Decimal  Mouse or keyboard equivalent"_s, u"            Value"_s};
+    if (const auto table = EmbeddedText(u"keycodes.txt"_s)) {
         const QString rows = QString::fromLatin1(table->data(), static_cast<qsizetype>(table->size()));
         lines += rows.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }

@@ -8,6 +8,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -31,13 +33,13 @@ void AddMenuItem(MenuTail& tail, const QString& text, const QString& branch)
         throw RuntimeErrorOf(ErrorNumber::Overflow);
     ++tail.count;
     const QString number = Str(tail.count);
-    const QString item = TrimmedOr(text, QStringLiteral("MenuItem ") + number);
+    const QString item = TrimmedOr(text, u"MenuItem "_s + number);
     if (item == QLatin1String("|")) {
-        tail.list += QStringLiteral(", | ");
+        tail.list += u", | "_s;
         return;
     }
-    const QString label = TrimmedOr(branch, QStringLiteral("BranchLabel") + number);
-    tail.list += QStringLiteral(", ") + Quoted(item) + QStringLiteral(", ") + ReadyMenuLabel(label);
+    const QString label = TrimmedOr(branch, u"BranchLabel"_s + number);
+    tail.list += u", "_s + Quoted(item) + u", "_s + ReadyMenuLabel(label);
 }
 
 QString WithoutSpaces(QString text, QChar replacement)
@@ -54,12 +56,12 @@ QString ReadyMenuLabel(const QString& branch)
 QString MenuCode(const MenuSpec& spec)
 {
     if (spec.type == MenuType::Popup)
-        return QStringLiteral("Popupmenu ") + spec.tail.list.mid(1);
-    QString handle = WithoutSpaces(TrimmedOr(spec.handle, QStringLiteral("#main")), u'_');
+        return u"Popupmenu "_s + spec.tail.list.mid(1);
+    QString handle = WithoutSpaces(TrimmedOr(spec.handle, u"#main"_s), u'_');
     if (!handle.startsWith(u'#'))
         handle.prepend(u'#');
-    const QString name = TrimmedOr(spec.name, QStringLiteral("Menu Name"));
-    return QStringLiteral("Menu ") + handle + QStringLiteral(", ") + Quoted(name) + spec.tail.list;
+    const QString name = TrimmedOr(spec.name, u"Menu Name"_s);
+    return u"Menu "_s + handle + u", "_s + Quoted(name) + spec.tail.list;
 }
 
 } // namespace ob

@@ -2,6 +2,8 @@
 // The message box maker.
 #include "codetools/modMessageBox.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -11,15 +13,15 @@ QString IconWord(BoxIcon icon)
 {
     switch (icon) {
     case BoxIcon::None:
-        return QStringLiteral("0 ");
+        return u"0 "_s;
     case BoxIcon::Critical:
-        return QStringLiteral("_MB_ICONHAND ");
+        return u"_MB_ICONHAND "_s;
     case BoxIcon::Exclamation:
-        return QStringLiteral("_MB_ICONEXCLAMATION ");
+        return u"_MB_ICONEXCLAMATION "_s;
     case BoxIcon::Question:
-        return QStringLiteral("_MB_ICONQUESTION ");
+        return u"_MB_ICONQUESTION "_s;
     case BoxIcon::Information:
-        return QStringLiteral("_MB_ICONINFORMATION ");
+        return u"_MB_ICONINFORMATION "_s;
     }
     return {};
 }
@@ -28,17 +30,17 @@ QString ButtonsWord(BoxButtons buttons)
 {
     switch (buttons) {
     case BoxButtons::Ok:
-        return QStringLiteral("OR _MB_OK ");
+        return u"OR _MB_OK "_s;
     case BoxButtons::OkCancel:
-        return QStringLiteral("OR _MB_OKCANCEL ");
+        return u"OR _MB_OKCANCEL "_s;
     case BoxButtons::YesNo:
-        return QStringLiteral("OR _MB_YESNO ");
+        return u"OR _MB_YESNO "_s;
     case BoxButtons::YesNoCancel:
-        return QStringLiteral("OR _MB_YESNOCANCEL ");
+        return u"OR _MB_YESNOCANCEL "_s;
     case BoxButtons::RetryCancel:
-        return QStringLiteral("OR _MB_RETRYCANCEL ");
+        return u"OR _MB_RETRYCANCEL "_s;
     case BoxButtons::AbortRetryIgnore:
-        return QStringLiteral("OR _MB_ABORTRETRYIGNORE ");
+        return u"OR _MB_ABORTRETRYIGNORE "_s;
     }
     return {};
 }
@@ -48,9 +50,9 @@ QString ButtonsWord(BoxButtons buttons)
 MessageBoxSpec WithDefaultTexts(MessageBoxSpec spec)
 {
     if (spec.title.isEmpty())
-        spec.title = QStringLiteral("Information");
+        spec.title = u"Information"_s;
     if (spec.message.isEmpty())
-        spec.message = QStringLiteral("Message text goes here!");
+        spec.message = u"Message text goes here!"_s;
     return spec;
 }
 
@@ -59,24 +61,23 @@ QString MessageBoxCode(const MessageBoxSpec& spec)
     const QString icon = IconWord(spec.icon);
     const auto quoted = [](const QString& text) { return u'"' + text + u'"'; };
     const QString lines[] = {
-        QStringLiteral("    calldll #user32, \"MessageBeep\", ") + icon +
-            QStringLiteral(" as long, beepResult as boolean"),
+        u"    calldll #user32, \"MessageBeep\", "_s + icon + u" as long, beepResult as boolean"_s,
         {},
-        QStringLiteral("    mbflags = ") + icon + ButtonsWord(spec.buttons),
+        u"    mbflags = "_s + icon + ButtonsWord(spec.buttons),
         {},
-        QStringLiteral("    calldll #user32, \"MessageBoxA\", _ "),
-        QStringLiteral("    0 as long, _"),
-        QStringLiteral("    ") + quoted(spec.message) + QStringLiteral(" as ptr, _ "),
-        QStringLiteral("    ") + quoted(spec.title) + QStringLiteral(" as ptr, _"),
-        QStringLiteral("    mbflags as long, _"),
-        QStringLiteral("    mbResult as long"),
+        u"    calldll #user32, \"MessageBoxA\", _ "_s,
+        u"    0 as long, _"_s,
+        u"    "_s + quoted(spec.message) + u" as ptr, _ "_s,
+        u"    "_s + quoted(spec.title) + u" as ptr, _"_s,
+        u"    mbflags as long, _"_s,
+        u"    mbResult as long"_s,
         {},
-        QStringLiteral("    'mbResult CODES: 1=ok 2=cancel 3=abort 4=retry 5=ignore 6=yes 7=no"),
+        u"    'mbResult CODES: 1=ok 2=cancel 3=abort 4=retry 5=ignore 6=yes 7=no"_s,
         {},
     };
     QString code;
     for (const QString& line : lines)
-        code += line + QStringLiteral("\r\n");
+        code += line + u"\r\n"_s;
     return code;
 }
 

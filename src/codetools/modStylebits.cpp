@@ -4,6 +4,8 @@
 
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -197,19 +199,19 @@ std::optional<QString> StylebitsCode(const StylebitsSpec& spec)
     QStringList names;
     for (const QString& entry : spec.entries)
         names.append(u'_' + StylebitName(entry));
-    const QString bits = names.join(QStringLiteral(" OR "));
+    const QString bits = names.join(u" OR "_s);
     const bool adds = spec.change == StyleChange::Add;
     QString places; // the four arguments after the handle
     if (spec.kind == StyleKind::Regular)
-        places = adds ? bits + QStringLiteral(", 0, 0, 0") : QStringLiteral("0, ") + bits + QStringLiteral(", 0, 0");
+        places = adds ? bits + u", 0, 0, 0"_s : u"0, "_s + bits + u", 0, 0"_s;
     else
-        places = adds ? QStringLiteral("0, 0, ") + bits + QStringLiteral(", 0") : QStringLiteral("0, 0, 0,") + bits;
-    return QStringLiteral("stylebits #handle.ext, ") + places;
+        places = adds ? u"0, 0, "_s + bits + u", 0"_s : u"0, 0, 0,"_s + bits;
+    return u"stylebits #handle.ext, "_s + places;
 }
 
 QString StylebitsHelp()
 {
-    return ListOf(helpParagraphs).join(QStringLiteral("\r\n\r\n"));
+    return ListOf(helpParagraphs).join(u"\r\n\r\n"_s);
 }
 
 } // namespace ob

@@ -9,6 +9,8 @@
 
 #include <QRandomGenerator>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -23,7 +25,7 @@ std::function<double()>& RandomSource()
 
 QStringList LoadTips()
 {
-    const auto text = EmbeddedText(QStringLiteral("tips.txt"));
+    const auto text = EmbeddedText(u"tips.txt"_s);
     if (!text)
         return {};
     const QString lines = QString::fromLatin1(text->data(), static_cast<qsizetype>(text->size()));
@@ -44,7 +46,7 @@ int NextTip(int index, int count)
 
 void StoreShowTips()
 {
-    WriteSetting(QStringLiteral("ShowTips"), BooleanText(ShowTips));
+    WriteSetting(u"ShowTips"_s, BooleanText(ShowTips));
 }
 
 double RandomNumber()

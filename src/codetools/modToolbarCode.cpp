@@ -8,12 +8,14 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
 // The block of this label is in the new window's part of the template.
-const QString quitBranch = QStringLiteral("[quit]");
+const QString quitBranch = u"[quit]"_s;
 
 QString StylesOf(const ToolbarSpec& spec)
 {
@@ -35,7 +37,7 @@ QString CommonText(QStringView word, const ToolbarSpec& spec)
     if (word == QLatin1String("bitmap"))
         return spec.bitmap;
     if (word == QLatin1String("handle"))
-        return spec.handle.value_or(QStringLiteral("#main"));
+        return spec.handle.value_or(u"#main"_s);
     if (word == QLatin1String("styles"))
         return StylesOf(spec);
     Q_ASSERT(word == QLatin1String("last"));
@@ -92,7 +94,7 @@ QString BlockFor(const QString& whom, const QStringList& lines, const ToolbarSpe
 
 QString ToolbarCode(const ToolbarSpec& spec)
 {
-    const auto text = EmbeddedText(QStringLiteral("toolbar.tpl"));
+    const auto text = EmbeddedText(u"toolbar.tpl"_s);
     Q_ASSERT(text);
     QStringList lines =
         QString::fromLatin1(text->data(), static_cast<qsizetype>(text->size())).split(QLatin1Char('\n'));
@@ -114,7 +116,7 @@ QString ToolbarCode(const ToolbarSpec& spec)
 
 QString ToolbarBranchOf(const QString& answer, qsizetype number)
 {
-    QString branch = answer.isEmpty() ? QStringLiteral("[branch") + QString::number(number) : answer;
+    QString branch = answer.isEmpty() ? u"[branch"_s + QString::number(number) : answer;
     if (!branch.startsWith(QLatin1Char('[')))
         branch.prepend(QLatin1Char('['));
     if (!branch.endsWith(QLatin1Char(']')))
@@ -124,7 +126,7 @@ QString ToolbarBranchOf(const QString& answer, qsizetype number)
 
 QString ToolbarTipOf(const QString& answer, qsizetype number)
 {
-    return answer.isEmpty() ? QStringLiteral("branch%1 tooltip").arg(number) : answer;
+    return answer.isEmpty() ? u"branch%1 tooltip"_s.arg(number) : answer;
 }
 
 std::optional<QString> WindowHandleOf(const QString& text)

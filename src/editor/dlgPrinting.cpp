@@ -8,6 +8,8 @@
 
 #include "ui_dlgPrinting.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -42,9 +44,8 @@ PrintRequest dlgPrinting::NextPage(const PrintPlace& place)
 void dlgPrinting::Show(const PrintPlace& place)
 {
     const bool isSending = place.work == PrintWork::Sending;
-    ui->lblPage->setText(isSending
-                             ? QStringLiteral("Sending page %1 of %2 to the printer").arg(place.page).arg(place.all)
-                             : QStringLiteral("Page %1").arg(place.page));
+    ui->lblPage->setText(isSending ? u"Sending page %1 of %2 to the printer"_s.arg(place.page).arg(place.all)
+                                   : u"Page %1"_s.arg(place.page));
     ui->pgbPages->setValue(static_cast<int>(place.done * WholeBar / std::max<std::intptr_t>(1, place.all)));
     show();
 }

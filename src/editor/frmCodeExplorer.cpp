@@ -12,6 +12,8 @@
 
 #include <QFontDatabase>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmCodeExplorer::frmCodeExplorer(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmCodeExplorer>())
@@ -21,7 +23,7 @@ frmCodeExplorer::frmCodeExplorer(QWidget* parent) : QDialog(parent), ui(std::mak
     ui->txtDisplay->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->Fil}, CodeFilePatterns, this);
     On(browser, &FolderBrowser::FolderChanged, this, [this] {
-        ui->lblState->setText(QStringLiteral("Reading the folder..."));
+        ui->lblState->setText(u"Reading the folder..."_s);
         Fil_Click();
     });
     On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
@@ -38,8 +40,7 @@ frmCodeExplorer::~frmCodeExplorer() = default;
 void frmCodeExplorer::ShowCount()
 {
     const qsizetype count = browser->Files().size();
-    ui->lblState->setText(count == 0 ? QStringLiteral("No BASIC files in this folder")
-                                     : QStringLiteral("BASIC files: %1").arg(count));
+    ui->lblState->setText(count == 0 ? u"No BASIC files in this folder"_s : u"BASIC files: %1"_s.arg(count));
 }
 
 void frmCodeExplorer::Fil_Click()
@@ -55,7 +56,7 @@ void frmCodeExplorer::cmdOpen_Click()
 {
     const QString path = browser->ChosenPath();
     if (ui->Text1->text().isEmpty() || !FileExists(path)) {
-        MsgBox(QStringLiteral("File not found."), BoxIcon::None, BoxButtons::Ok, QStringLiteral("Error."));
+        MsgBox(u"File not found."_s, BoxIcon::None, BoxButtons::Ok, u"Error."_s);
         return;
     }
     accept();

@@ -22,6 +22,8 @@
 #include <string_view>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -141,7 +143,7 @@ frmCodePreview::frmCodePreview(QWidget* parent) : QPlainTextEdit(parent), colors
     setLineWrapMode(NoWrap);
     setUndoRedoEnabled(false);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    setAccessibleName(QStringLiteral("Preview of the code"));
+    setAccessibleName(u"Preview of the code"_s);
     colors->TakeSettings(Editor, palette());
 }
 

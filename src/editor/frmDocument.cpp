@@ -29,6 +29,8 @@
 #include <QStringListModel>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -64,7 +66,7 @@ QComboBox* MakeLabelBox(QWidget* parent, const QString& name, const QString& acc
     box->setModel(new QStringListModel(box));
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
-    box->lineEdit()->setPlaceholderText(QStringLiteral("[ branch labels ]"));
+    box->lineEdit()->setPlaceholderText(u"[ branch labels ]"_s);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMaxVisibleItems(30);
     if (auto* view = qobject_cast<QListView*>(box->view()))
@@ -99,7 +101,7 @@ cDocument* DocumentOf(QWidget* widget)
 
 frmDocument::frmDocument(cDocument& slot, QWidget* parent) : QWidget(parent), document(slot)
 {
-    setObjectName(QStringLiteral("frmDocument"));
+    setObjectName(u"frmDocument"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     MakeHeadRow();
     ShowCaption(document.Caption());
@@ -130,7 +132,7 @@ void frmDocument::MakeHeadRow()
     for (const ButtonRow& row : rows) {
         row.button = new QToolButton(this);
         row.button->setObjectName(QString::fromLatin1(row.name));
-        row.button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(row.icon))));
+        row.button->setIcon(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(row.icon))));
         row.button->setIconSize(QSize(12, 12));
         row.button->setAutoRaise(true);
         row.button->setToolTip(QString::fromLatin1(row.tip));
@@ -143,8 +145,8 @@ void frmDocument::MakeHeadRow()
         left += 200;
     }
     MakeLabelControls();
-    chkWrap = new QCheckBox(QStringLiteral("Wrap"), this);
-    chkWrap->setObjectName(QStringLiteral("chkWrap"));
+    chkWrap = new QCheckBox(u"Wrap"_s, this);
+    chkWrap->setObjectName(u"chkWrap"_s);
     On(chkWrap, &QCheckBox::toggled, this, &frmDocument::chkWrap_Click);
 
     QFont small = font();
@@ -157,38 +159,38 @@ void frmDocument::MakeHeadRow()
 
 void frmDocument::MakeLabelControls()
 {
-    cboLabels = MakeLabelBox(this, QStringLiteral("cboLabels"), QStringLiteral("Branch labels"));
-    cboSorted = MakeLabelBox(this, QStringLiteral("cboSorted"), QStringLiteral("Branch labels, sorted"));
+    cboLabels = MakeLabelBox(this, u"cboLabels"_s, u"Branch labels"_s);
+    cboSorted = MakeLabelBox(this, u"cboSorted"_s, u"Branch labels, sorted"_s);
     cboSorted->hide();
     for (QComboBox* list : {cboLabels, cboSorted}) {
         // The wheel would jump through the text label by label.
         list->installEventFilter(this);
         On(list, &QComboBox::activated, this, [this, list] { GoToLabelOf(*list); });
     }
-    cmdBranch = new QPushButton(QStringLiteral("Refresh"), this);
-    cmdBranch->setObjectName(QStringLiteral("cmdBranch"));
-    cmdBranch->setToolTip(QStringLiteral("Refresh Branch Label List"));
+    cmdBranch = new QPushButton(u"Refresh"_s, this);
+    cmdBranch->setObjectName(u"cmdBranch"_s);
+    cmdBranch->setToolTip(u"Refresh Branch Label List"_s);
     On(cmdBranch, this, &frmDocument::FillBranchBox);
-    cmdSort = new QPushButton(QStringLiteral("Sort"), this);
-    cmdSort->setObjectName(QStringLiteral("cmdSort"));
-    cmdSort->setToolTip(QStringLiteral("Toggle Branch Label Sort Order"));
+    cmdSort = new QPushButton(u"Sort"_s, this);
+    cmdSort->setObjectName(u"cmdSort"_s);
+    cmdSort->setToolTip(u"Toggle Branch Label Sort Order"_s);
     On(cmdSort, this, &frmDocument::cmdSort_Click);
 }
 
 frmDocument::Birth frmDocument::LoadControl()
 {
-    const QString path = LibraryFile(QStringLiteral("SciLexerOB"));
+    const QString path = LibraryFile(u"SciLexerOB"_s);
     SciLexerOB_CreateFunction* makeControl = FileExists(path) ? FindCreate(path) : nullptr;
     if (makeControl == nullptr) {
-        MsgBox(QStringLiteral("Error. Cannot find some components needed to run this program.  Please reinstall "
-                              "Orchard Bench."),
+        MsgBox(u"Error. Cannot find some components needed to run this program.  Please reinstall "
+               "Orchard Bench."_s,
                BoxIcon::Critical);
         return Birth::LibraryMissing;
     }
     const SciLexerOB_Window made = makeControl(this);
     edit = made.window;
-    edit->setObjectName(QStringLiteral("sci"));
-    edit->setAccessibleName(QStringLiteral("Program text"));
+    edit->setObjectName(u"sci"_s);
+    edit->setAccessibleName(u"Program text"_s);
     document.sci = made.sci;
     SetUpSci(document.sci, Editor);
     setFocusProxy(edit);
@@ -233,7 +235,7 @@ void frmDocument::Activate()
     if (document.sci == nullptr)
         return;
     HookSci(Hook::Off);
-    MainForm->EnableItem(QStringLiteral("mnuEdit"), true);
+    MainForm->EnableItem(u"mnuEdit"_s, true);
     EnableCodeCommands(Switch::On);
     EnableRunCommands(Switch::On);
     FillBranchBox();
@@ -245,7 +247,7 @@ void frmDocument::Deactivate()
 {
     HookSci(Hook::Off);
     if (document.sci != nullptr)
-        MainForm->EnableItem(QStringLiteral("mnuEdit"), false);
+        MainForm->EnableItem(u"mnuEdit"_s, false);
 }
 
 void frmDocument::FillLabelLists()
@@ -285,7 +287,7 @@ void frmDocument::cmdSort_Click()
     shown->setCurrentIndex(shown->findText(current, Qt::MatchExactly | Qt::MatchCaseSensitive));
     shown->setEditText(current);
     shown->show();
-    cmdSort->setText(toSorted ? QStringLiteral("No Sort") : QStringLiteral("Sort"));
+    cmdSort->setText(toSorted ? u"No Sort"_s : u"Sort"_s);
     FollowSortToggle(document.sci);
 }
 

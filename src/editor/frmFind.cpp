@@ -16,6 +16,8 @@
 #include <QShowEvent>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -32,7 +34,7 @@ constexpr QPoint fromUpperRight(40, 110);
 QWidget* EditOf(const cDocument* document)
 {
     auto* window = document == nullptr ? nullptr : dynamic_cast<QWidget*>(document->window);
-    return window == nullptr ? nullptr : window->findChild<QWidget*>(QStringLiteral("sci"));
+    return window == nullptr ? nullptr : window->findChild<QWidget*>(u"sci"_s);
 }
 
 // The lines of the selection in screen coordinates; empty when none is visible.

@@ -12,6 +12,8 @@
 
 #include <QKeyEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmKeywords::frmKeywords(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmKeywords>())
@@ -55,10 +57,10 @@ void frmKeywords::cmdOkay_Click()
         UpdateKeywordsOfWindows();
         return;
     case KeywordSave::NothingToAdd:
-        if (MsgBox(QStringLiteral("No keywords to add to custom keyword file.\n"
-                                  "Choose OK to close this dialog, or\n"
-                                  "CANCEL to return and edit the keywords further."),
-                   BoxIcon::Critical, BoxButtons::OkCancel, QStringLiteral("Error.")) == BoxAnswer::Ok)
+        if (MsgBox(u"No keywords to add to custom keyword file.\n"
+                   "Choose OK to close this dialog, or\n"
+                   "CANCEL to return and edit the keywords further."_s,
+                   BoxIcon::Critical, BoxButtons::OkCancel, u"Error."_s) == BoxAnswer::Ok)
             reject();
         else
             ui->txtDisplay->setFocus();

@@ -9,6 +9,8 @@
 #include <QProgressDialog>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -48,8 +50,8 @@ void frmReplaceWatch::ShowProgress(std::int64_t replacements)
 {
     if (box == nullptr) {
         box = std::make_unique<QProgressDialog>(ToolOwner());
-        box->setObjectName(QStringLiteral("frmReplaceProgress"));
-        box->setWindowTitle(QStringLiteral("Replace All"));
+        box->setObjectName(u"frmReplaceProgress"_s);
+        box->setWindowTitle(u"Replace All"_s);
         box->setWindowModality(Qt::ApplicationModal);
         box->setRange(0, 0);
         box->setMinimumWidth(320);
@@ -57,7 +59,7 @@ void frmReplaceWatch::ShowProgress(std::int64_t replacements)
         hold.Except(box.get());
         box->show();
     }
-    box->setLabelText(QStringLiteral("Replacements made so far: %1").arg(QLocale().toString(replacements)));
+    box->setLabelText(u"Replacements made so far: %1"_s.arg(QLocale().toString(replacements)));
 }
 
 void frmReplaceWatch::Stop()

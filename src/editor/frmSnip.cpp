@@ -25,6 +25,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -171,7 +173,7 @@ void frmSnip::lstSnip_Click()
 void frmSnip::lstSnip_DblClick()
 {
     if (InsertSnippet(PlainTextOf(*ui->txtSnipDisplay)) == SnippetInsert::Done)
-        ui->lblState->setText(QStringLiteral("Inserted into the active code window."));
+        ui->lblState->setText(u"Inserted into the active code window."_s);
 }
 
 void frmSnip::cmdNew_Click()
@@ -186,25 +188,24 @@ void frmSnip::cmdSave_Click()
 {
     ui->lblState->clear();
     if (ui->txtName->text().isEmpty())
-        ui->txtName->setText(QStringLiteral("Untitled Snippet"));
-    const QString path = FileBox(
-        {FilePurpose::Save, QStringLiteral("Save As"), folder, OfferedSnippetName(ui->txtName->text()), SnippetFilter});
+        ui->txtName->setText(u"Untitled Snippet"_s);
+    const QString path =
+        FileBox({FilePurpose::Save, u"Save As"_s, folder, OfferedSnippetName(ui->txtName->text()), SnippetFilter});
     if (path.isEmpty() || SaveSnippet(path, PlainTextOf(*ui->txtSnipDisplay)) == SnippetSave::Declined)
         return;
     ui->txtSnipDisplay->document()->setModified(false);
     ui->txtName->setText(NameOf(path));
     const bool isHere = QFileInfo(path).canonicalPath() == QFileInfo(folder).canonicalFilePath();
     Refresh(isHere ? NameOf(path) : QString());
-    ui->lblState->setText(ChosenName().isEmpty()
-                              ? QStringLiteral("Saved. The list shows *.snip files of its own folder only.")
-                              : QStringLiteral("Saved."));
+    ui->lblState->setText(ChosenName().isEmpty() ? u"Saved. The list shows *.snip files of its own folder only."_s
+                                                 : u"Saved."_s);
 }
 
 void frmSnip::cmdDelete_Click()
 {
     const QString path = ChosenPath();
-    if (MsgBox(QStringLiteral("Delete ") + path + QStringLiteral(" ?"), BoxIcon::Question, BoxButtons::OkCancel,
-               QStringLiteral("Confirm")) == BoxAnswer::Cancel)
+    if (MsgBox(u"Delete "_s + path + u" ?"_s, BoxIcon::Question, BoxButtons::OkCancel, u"Confirm"_s) ==
+        BoxAnswer::Cancel)
         return;
     DeleteSnippet(path);
     Refresh({});
@@ -219,8 +220,8 @@ void frmSnip::cmdCopy_Click()
 {
     QGuiApplication::clipboard()->clear();
     QGuiApplication::clipboard()->setText(WithLineEnds(PlainTextOf(*ui->txtSnipDisplay)));
-    MsgBox(QStringLiteral("This snippet has been copied to the clipboard. Paste it into your code."), BoxIcon::None,
-           BoxButtons::Ok, QStringLiteral("Okay"));
+    MsgBox(u"This snippet has been copied to the clipboard. Paste it into your code."_s, BoxIcon::None, BoxButtons::Ok,
+           u"Okay"_s);
 }
 
 void frmSnip::cmdPaste_Click()

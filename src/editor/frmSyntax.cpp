@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -28,7 +30,7 @@ frmSyntax::frmSyntax(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     rows = SortedSyntaxRows(Words().SyntaxTable);
     ui->cmbList->addItems(SyntaxKeys(rows));
     ui->cmbList->setCurrentIndex(-1);
-    ui->cmbList->lineEdit()->setPlaceholderText(QStringLiteral("Keyword List"));
+    ui->cmbList->lineEdit()->setPlaceholderText(u"Keyword List"_s);
     On(ui->cmbList, &QComboBox::activated, this, &frmSyntax::cmbList_Click);
     On(ui->cmdCopy, this, &frmSyntax::cmdCopy_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
@@ -66,7 +68,7 @@ void frmSyntax::Form_Activate()
         return;
     ui->cmbList->setCurrentIndex(-1);
     ui->cmbList->setEditText({});
-    ui->Text1->setPlainText(QStringLiteral("syntax for chosen keyword\r\nwill appear here"));
+    ui->Text1->setPlainText(u"syntax for chosen keyword\r\nwill appear here"_s);
 }
 
 void frmSyntax::cmbList_Click(int index)
@@ -83,7 +85,7 @@ void frmSyntax::cmdCopy_Click()
     QPalette red = ui->Text1->palette();
     red.setColor(QPalette::Text, QColor(255, 0, 0));
     ui->Text1->setPalette(red);
-    ui->Text1->setPlainText(QStringLiteral("Copied to clipboard."));
+    ui->Text1->setPlainText(u"Copied to clipboard."_s);
     QTimer::singleShot(MillisecondsToRead, this, &QDialog::accept);
 }
 

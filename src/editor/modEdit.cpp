@@ -22,6 +22,8 @@
 #include <optional>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -170,7 +172,7 @@ void mnuLine_Click()
     const cDocument* document = EditedDocument();
     if (document == nullptr)
         return;
-    const auto answer = InputBox(QStringLiteral("Line number?"), QStringLiteral("Go to Line"), QStringLiteral("1"));
+    const auto answer = InputBox(u"Line number?"_s, u"Go to Line"_s, u"1"_s);
     const std::intptr_t line = ToInt32(Val(answer.value_or(QString())) - 1);
     SendSci(document->sci, SCI_GOTOLINE, Unsigned(line));
     SendSci(document->sci, SCI_GRABFOCUS);
@@ -236,7 +238,7 @@ void ShowSyntax(cDocument& document)
     try {
         ShowTip(document);
     } catch (const std::exception&) {
-        MsgBox(QStringLiteral("Error in Syntax Helper, no help available."));
+        MsgBox(u"Error in Syntax Helper, no help available."_s);
     }
 }
 

@@ -12,6 +12,8 @@
 #include <exception>
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 FindState& Finding()
@@ -179,12 +181,12 @@ Position PositionOf(const std::optional<TextRange>& match)
 QString Shown(const QString& text)
 {
     const QString start = text.section(QLatin1Char('\n'), 0, MostShownLines - 1).left(MostShownCharacters);
-    return start.size() == text.size() ? text : start + QStringLiteral("...");
+    return start.size() == text.size() ? text : start + u"..."_s;
 }
 
 void ReportNoMore(const QString& text)
 {
-    MsgBox(QStringLiteral("No more instances of <") + Shown(text) + QStringLiteral(">  found."));
+    MsgBox(u"No more instances of <"_s + Shown(text) + u">  found."_s);
 }
 
 // "Replace all" inserts a space at the start of the text, so that a search that starts one character after the caret
@@ -264,8 +266,8 @@ ReplaceResult ReplaceAsking(const cDocument& document, const Search& search, con
     while (const auto match = SearchFrom(document.sci, search, StartOf(document.sci, search))) {
         result.lastMatch = match->start;
         SelectAboveQuestion(document.sci, match->start, match->end);
-        const BoxAnswer answer = MsgBox(QStringLiteral("Replace this selection?"), BoxIcon::Question,
-                                        BoxButtons::YesNoCancel, QStringLiteral("Replace?"));
+        const BoxAnswer answer =
+            MsgBox(u"Replace this selection?"_s, BoxIcon::Question, BoxButtons::YesNoCancel, u"Replace?"_s);
         if (answer == BoxAnswer::Cancel) {
             result.end = ReplaceEnd::Cancelled;
             break;
@@ -287,8 +289,8 @@ ReplaceResult ReplaceAsking(const cDocument& document, const Search& search, con
 void ReplaceAllIn(const cDocument& document, const QString& find, const QString& replace,
                   const MakeReplaceWatch& makeWatch)
 {
-    const bool asks = MsgBox(QStringLiteral("Confirm each replacement?"), BoxIcon::Question, BoxButtons::YesNo,
-                             QStringLiteral("Confirm?")) == BoxAnswer::Yes;
+    const bool asks =
+        MsgBox(u"Confirm each replacement?"_s, BoxIcon::Question, BoxButtons::YesNo, u"Confirm?"_s) == BoxAnswer::Yes;
     Finding().LastFind = find;
     ReplaceResult result;
     if (asks) {
@@ -301,8 +303,7 @@ void ReplaceAllIn(const cDocument& document, const QString& find, const QString&
     if (result.end == ReplaceEnd::Cancelled)
         return;
     ReportNoMore(find);
-    MsgBox(QStringLiteral("Number of replacements made: %1").arg(result.count), BoxIcon::Information, BoxButtons::Ok,
-           QStringLiteral("Finished"));
+    MsgBox(u"Number of replacements made: %1"_s.arg(result.count), BoxIcon::Information, BoxButtons::Ok, u"Finished"_s);
 }
 
 void ReportEmpty(const QString& message)
@@ -364,7 +365,7 @@ void FindAgain(const cDocument& document, const QString& text)
         return;
     }
     SelectFirstCharacter(sci);
-    MsgBox(QStringLiteral("<") + Shown(text) + QStringLiteral(">  not found."));
+    MsgBox(u"<"_s + Shown(text) + u">  not found."_s);
 }
 
 void ReplaceText(const cDocument& document, const QString& find, const QString& replace)
@@ -381,11 +382,11 @@ void ReplaceText(const cDocument& document, const QString& find, const QString& 
         Finding().FoundPos = PositionOf(match);
         if (!match) {
             SelectFirstCharacter(sci);
-            MsgBox(QStringLiteral("Text not found."));
+            MsgBox(u"Text not found."_s);
             return;
         }
         SelectAboveQuestion(sci, match->end, match->start);
-        const BoxAnswer answer = MsgBox(QStringLiteral("Replace?"), BoxIcon::Question, BoxButtons::YesNoCancel);
+        const BoxAnswer answer = MsgBox(u"Replace?"_s, BoxIcon::Question, BoxButtons::YesNoCancel);
         if (answer == BoxAnswer::Cancel)
             return;
         if (answer == BoxAnswer::Yes)
@@ -401,7 +402,7 @@ void ReplaceAllText(const cDocument& document, const QString& find, const QStrin
     try {
         ReplaceAllIn(document, find, replace, makeWatch);
     } catch (const std::exception&) {
-        MsgBox(QStringLiteral("Error Replacing Text!"));
+        MsgBox(u"Error Replacing Text!"_s);
     }
 }
 
@@ -432,7 +433,7 @@ Fields CheckFindField(const QString& find)
 {
     if (!find.isEmpty())
         return Fields::Filled;
-    ReportEmpty(QStringLiteral("No text specified!"));
+    ReportEmpty(u"No text specified!"_s);
     return Fields::Empty;
 }
 
@@ -441,7 +442,7 @@ Fields CheckReplaceFields(const QString& find, const QString& replace)
     const Fields first = CheckFindField(find);
     if (!replace.isEmpty())
         return first;
-    ReportEmpty(QStringLiteral("No replacement text specified!"));
+    ReportEmpty(u"No replacement text specified!"_s);
     return Fields::Empty;
 }
 

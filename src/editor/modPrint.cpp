@@ -17,6 +17,8 @@
 #include <memory>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -95,8 +97,8 @@ QString SelectedText(Sci sci, const PrintRange& range)
 
 QString AskForPdf(const QString& caption)
 {
-    return FileBox({FilePurpose::Save, QStringLiteral("Print to PDF"), FolderOf(caption), PdfNameOf(caption),
-                    QStringLiteral("PDF (*.pdf)|*.pdf")});
+    return FileBox(
+        {FilePurpose::Save, u"Print to PDF"_s, FolderOf(caption), PdfNameOf(caption), u"PDF (*.pdf)|*.pdf"_s});
 }
 
 std::unique_ptr<cPrintJob> StartJob(cPrinting& printing, const QString& caption)
@@ -167,7 +169,7 @@ QString PdfNameOf(const QString& caption)
 {
     const QString name = NameOf(caption);
     const qsizetype point = name.lastIndexOf(QLatin1Char('.'));
-    return (point > 0 ? name.first(point) : name) + QStringLiteral(".pdf");
+    return (point > 0 ? name.first(point) : name) + u".pdf"_s;
 }
 
 void PrintActiveDocument(cPrinting& printing, cPrintWatch& watch)
@@ -176,8 +178,8 @@ void PrintActiveDocument(cPrinting& printing, cPrintWatch& watch)
     if (document == nullptr)
         return;
     const BoxAnswer answer =
-        MsgBox(QStringLiteral("Would you like to print in color?  If all pages do not print properly in color on your "
-                              "system, then select 'No'."),
+        MsgBox(u"Would you like to print in color?  If all pages do not print properly in color on your "
+               "system, then select 'No'."_s,
                BoxIcon::Question, BoxButtons::YesNoCancel);
     if (answer == BoxAnswer::Cancel)
         return;

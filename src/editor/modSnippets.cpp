@@ -21,6 +21,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -53,19 +55,19 @@ void MakeFolder(const QString& path)
 
 QString SnippetLibraryPath(const QString& folder)
 {
-    return InFolder(folder, QStringLiteral("snippets.bas"));
+    return InFolder(folder, u"snippets.bas"_s);
 }
 
 QString SnippetsPath(const QString& folder)
 {
-    return InFolder(folder, QStringLiteral("snippets"));
+    return InFolder(folder, u"snippets"_s);
 }
 
 void EnsureSnippetFile(const QString& folder)
 {
     const QString path = SnippetLibraryPath(folder);
     if (!FileExists(path))
-        WriteEmbedded(QStringLiteral("snippets.bas"), path);
+        WriteEmbedded(u"snippets.bas"_s, path);
 }
 
 void EnsureSnippetFolder(const QString& folder)
@@ -84,9 +86,8 @@ void EnsureSnippetFolder(const QString& folder)
 
 QStringList DefaultSnippetNames()
 {
-    return {QStringLiteral("center_dialog.snip"),    QStringLiteral("text_linewrap.snip"),
-            QStringLiteral("password_textbox.snip"), QStringLiteral("center_window.snip"),
-            QStringLiteral("play_midi.snip"),        QStringLiteral("custom_cursor.snip")};
+    return {u"center_dialog.snip"_s, u"text_linewrap.snip"_s, u"password_textbox.snip"_s,
+            u"center_window.snip"_s, u"play_midi.snip"_s,     u"custom_cursor.snip"_s};
 }
 
 void WriteDefaultSnippets(const QString& folder)
@@ -131,7 +132,7 @@ QString OfferedSnippetName(const QString& name)
 
 SnippetSave SaveSnippet(const QString& path, const QString& text)
 {
-    const auto bytes = BytesToStore(text, QStringLiteral("the snippet"));
+    const auto bytes = BytesToStore(text, u"the snippet"_s);
     if (!bytes)
         return SnippetSave::Declined;
     ReplaceFile(path, *bytes);
@@ -170,7 +171,7 @@ void mnuToolSnippet_Click()
         ShowReason(error);
     }
     if (!FileExists(path)) {
-        MsgBox(QStringLiteral("Snippets.bas not found!"), BoxIcon::Critical);
+        MsgBox(u"Snippets.bas not found!"_s, BoxIcon::Critical);
         return;
     }
     OpenInNewWindow(QDir::toNativeSeparators(path), static_cast<OpenChoices>(OpenChoice::Tag));

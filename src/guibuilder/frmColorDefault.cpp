@@ -13,6 +13,8 @@
 
 #include <QSignalBlocker>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmColorDefault>())
@@ -87,14 +89,14 @@ WindowDefaults frmColorDefault::Values() const
 
 void frmColorDefault::ShowFontSize()
 {
-    ui->lblFontSize->setText(fontSize + QStringLiteral(" pt"));
+    ui->lblFontSize->setText(fontSize + u" pt"_s);
 }
 
 void frmColorDefault::ShowNote()
 {
     ui->lblGraphics->setText(IsGraphicsType(ui->Combo1->currentText())
-                                 ? QStringLiteral("The window's background is GraphicsColor$.")
-                                 : QStringLiteral("GraphicsColor$ is for graphics windows only."));
+                                 ? u"The window's background is GraphicsColor$."_s
+                                 : u"GraphicsColor$ is for graphics windows only."_s);
 }
 
 void frmColorDefault::StatusActive()

@@ -24,6 +24,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -65,13 +67,13 @@ void TakeChange(float& twips, int before, int change, int twipsPerPixel)
 
 frmGui::frmGui(cDesigner& target, QWidget* parent) : QWidget(parent), designer(target), design(target.Design())
 {
-    setObjectName(QStringLiteral("frmGui"));
+    setObjectName(u"frmGui"_s);
     GuiFormLoaded();
     designer.FormLoaded();
-    setWindowIcon(QIcon(QStringLiteral(":/icons/form.svg")));
+    setWindowIcon(QIcon(u":/icons/form.svg"_s));
 
     lblMenu = new MenuBarLabel(this);
-    lblMenu->setObjectName(QStringLiteral("lblMenu"));
+    lblMenu->setObjectName(u"lblMenu"_s);
     lblMenu->setTextFormat(Qt::PlainText);
     // The text may be long, the window narrow.
     lblMenu->setMinimumWidth(0);
@@ -93,7 +95,7 @@ frmGui::frmGui(cDesigner& target, QWidget* parent) : QWidget(parent), designer(t
 void frmGui::MakeStatusBar()
 {
     sBar = new QWidget(this);
-    sBar->setObjectName(QStringLiteral("sBar"));
+    sBar->setObjectName(u"sBar"_s);
     QPalette plain;
     plain.setColor(QPalette::Window, QColor(240, 240, 240));
     plain.setColor(QPalette::WindowText, Qt::black);
@@ -101,8 +103,8 @@ void frmGui::MakeStatusBar()
     sBar->setAutoFillBackground(true);
     sBar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     sBar->installEventFilter(this);
-    lblStatusbar = new QLabel(QStringLiteral("Click Statusbar to Add or Remove Panels"), sBar);
-    lblStatusbar->setObjectName(QStringLiteral("lblStatusbar"));
+    lblStatusbar = new QLabel(u"Click Statusbar to Add or Remove Panels"_s, sBar);
+    lblStatusbar->setObjectName(u"lblStatusbar"_s);
     lblStatusbar->setAutoFillBackground(true);
     lblStatusbar->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     // The panels need their space first.
@@ -232,7 +234,7 @@ void frmGui::TakeColors()
 
 void frmGui::Activate()
 {
-    MainForm->EnableItem(QStringLiteral("mnuEdit"), false);
+    MainForm->EnableItem(u"mnuEdit"_s, false);
     EnableCodeCommands(Switch::Off);
     EnableRunCommands(Switch::On);
     picBase->Refresh();
@@ -302,8 +304,8 @@ bool frmGui::eventFilter(QObject* watched, QEvent* event)
 
 void frmGui::lblMenu_Click(Qt::MouseButton button)
 {
-    if (button != Qt::LeftButton && MsgBox(QStringLiteral("Do you want to remove the menu?"), BoxIcon::Question,
-                                           BoxButtons::YesNo, QStringLiteral("MenuBar")) == BoxAnswer::Yes) {
+    if (button != Qt::LeftButton && MsgBox(u"Do you want to remove the menu?"_s, BoxIcon::Question, BoxButtons::YesNo,
+                                           u"MenuBar"_s) == BoxAnswer::Yes) {
         GuiShowMenu(MenuBar::Hidden);
         designer.Commit();
         return;
@@ -313,18 +315,17 @@ void frmGui::lblMenu_Click(Qt::MouseButton button)
 
 void frmGui::sBar_Click()
 {
-    const BoxAnswer answer =
-        MsgBox(QStringLiteral("Click YES to add a panel.  Click NO to delete a panel."), BoxIcon::Question,
-               BoxButtons::YesNoCancel, QStringLiteral("Would you like to add a panel?"));
+    const BoxAnswer answer = MsgBox(u"Click YES to add a panel.  Click NO to delete a panel."_s, BoxIcon::Question,
+                                    BoxButtons::YesNoCancel, u"Would you like to add a panel?"_s);
     if (answer == BoxAnswer::Yes) {
-        const auto text = InputBox(QStringLiteral("Panel Caption?"), {}, {});
+        const auto text = InputBox(u"Panel Caption?"_s, {}, {});
         if (!text)
             return;
         design.form.panels.push_back(*text);
     } else if (answer == BoxAnswer::No && design.form.panels.size() > 1) {
         design.form.panels.pop_back();
     } else if (answer == BoxAnswer::No) {
-        MsgBox(QStringLiteral("You cannot remove the first panel."), BoxIcon::Critical);
+        MsgBox(u"You cannot remove the first panel."_s, BoxIcon::Critical);
         return;
     }
     designer.Commit();

@@ -14,6 +14,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -61,16 +63,16 @@ constexpr ToolRow tools[] = {
 
 frmPalette::frmPalette(cDesigner& target, QWidget* parent) : QFrame(parent), designer(target)
 {
-    setObjectName(QStringLiteral("picGui"));
+    setObjectName(u"picGui"_s);
     setFrameShape(QFrame::StyledPanel);
-    setToolTip(QStringLiteral("Tools and controls for Gui Builder"));
-    auto* heading = new QLabel(QStringLiteral("Gui Tools"), this);
-    heading->setObjectName(QStringLiteral("lblGui"));
-    cmdGuiX = MakeButton("cmdGuiX", "panel-close", QStringLiteral("Close Gui Toolbar"));
+    setToolTip(u"Tools and controls for Gui Builder"_s);
+    auto* heading = new QLabel(u"Gui Tools"_s, this);
+    heading->setObjectName(u"lblGui"_s);
+    cmdGuiX = MakeButton("cmdGuiX", "panel-close", u"Close Gui Toolbar"_s);
     cmdGuiX->setIconSize(QSize(12, 12));
     connect(cmdGuiX, &QToolButton::clicked, this, &frmPalette::CloseWanted);
-    chkGrid = MakeButton("chkGrid", "grid", QStringLiteral("Visible Grid On/Off"));
-    chkLock = MakeButton("chkLock", "lock", QStringLiteral("Lock/Unlock Controls"));
+    chkGrid = MakeButton("chkGrid", "grid", u"Visible Grid On/Off"_s);
+    chkLock = MakeButton("chkLock", "lock", u"Lock/Unlock Controls"_s);
     for (QToolButton* button : {chkGrid, chkLock})
         button->setCheckable(true);
     connect(chkGrid, &QToolButton::toggled, this, [this](bool down) {
@@ -103,7 +105,7 @@ QToolButton* frmPalette::MakeButton(const char* name, const char* icon, const QS
 {
     auto* button = new QToolButton(this);
     button->setObjectName(QString::fromLatin1(name));
-    button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(icon))));
+    button->setIcon(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(icon))));
     button->setIconSize(QSize(20, 20));
     button->setAutoRaise(true);
     button->setToolTip(tip);
@@ -131,7 +133,7 @@ void frmPalette::MakeTools(QVBoxLayout& column)
     for (std::size_t number = 0; number < std::size(tools); ++number) {
         const ToolRow& row = tools[number];
         QToolButton* button = MakeButton("", row.icon, QString::fromLatin1(row.name));
-        button->setObjectName(QStringLiteral("cmdTools%1").arg(number));
+        button->setObjectName(u"cmdTools%1"_s.arg(number));
         button->setCheckable(row.arms != nullptr);
         connect(button, &QToolButton::clicked, this, [this, number] { Use(number); });
         (row.arms == nullptr ? commands : controls)->addWidget(button, row.place / 2, row.place % 2);

@@ -13,11 +13,13 @@
 
 #include <QEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
-const QString BitmapFilter = QStringLiteral("Bitmap Files |*.bmp;*.bmp;");
+const QString BitmapFilter = u"Bitmap Files |*.bmp;*.bmp;"_s;
 
 constexpr int LightGround = 128; // a lightness from 0 to 255, and brighter
 constexpr QColor RedOnLight(176, 28, 28);
@@ -32,15 +34,15 @@ struct Preview {
 Preview PreviewOf(const QString& path)
 {
     if (path.isEmpty() || path == NoBitmap)
-        return {QStringLiteral("No bitmap chosen."), {}};
+        return {u"No bitmap chosen."_s, {}};
     if (!FileExists(path))
-        return {QStringLiteral("There is no such file."), {}};
+        return {u"There is no such file."_s, {}};
     try {
         const QImage picture = LoadBitmap(path);
-        const QString words = QStringLiteral("%1 x %2 pixels. The button takes this size.");
+        const QString words = u"%1 x %2 pixels. The button takes this size."_s;
         return {words.arg(picture.width()).arg(picture.height()), picture};
     } catch (const RuntimeError&) {
-        return {QStringLiteral("The file holds no bitmap that can be read."), {}};
+        return {u"The file holds no bitmap that can be read."_s, {}};
     }
 }
 
@@ -57,7 +59,7 @@ frmProp::frmProp(ControlRef edited, const QString& kindWord, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmProp>()), control(edited)
 {
     ui->setupUi(this);
-    setWindowTitle(kindWord + QStringLiteral(" Properties"));
+    setWindowTitle(kindWord + u" Properties"_s);
     ShowFields(PropertiesOf(GuiDesign().form.At(control), control.kind, ScreenScale()));
     const bool hasBitmap = control.kind == ControlKind::Bmpbutton;
     ui->picPreview->setVisible(hasBitmap);
@@ -148,7 +150,7 @@ void frmProp::ShowPreview()
 void frmProp::cmdBitmap_Click()
 {
     FileSpec box;
-    box.title = QStringLiteral("Open");
+    box.title = u"Open"_s;
     box.filter = BitmapFilter;
     const QString folder = FolderOf(ui->txtBitmap->text());
     if (FolderExists(folder))

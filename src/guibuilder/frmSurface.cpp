@@ -22,6 +22,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -70,8 +72,8 @@ bool IsSurfaceKey(const QKeyEvent& key)
 
 frmSurface::frmSurface(cDesigner& target, QWidget* parent) : QWidget(parent), designer(target)
 {
-    setObjectName(QStringLiteral("picBase"));
-    setAccessibleName(QStringLiteral("Drawing surface"));
+    setObjectName(u"picBase"_s);
+    setAccessibleName(u"Drawing surface"_s);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -215,8 +217,7 @@ void frmSurface::AskToDelete()
     const auto count = designer.Selection().size();
     if (count == 0)
         return;
-    const QString question =
-        count == 1 ? QStringLiteral("Delete this control?") : QStringLiteral("Delete these %1 controls?").arg(count);
+    const QString question = count == 1 ? u"Delete this control?"_s : u"Delete these %1 controls?"_s.arg(count);
     if (MsgBox(question, BoxIcon::Critical, BoxButtons::YesNo) == BoxAnswer::Yes)
         designer.Delete();
 }
@@ -351,7 +352,7 @@ void frmSurface::ShowMenu(QPoint place)
         {"mnuSameWidth", "Same &Width", Alignment::SameWidth}, {"mnuSameHeight", "Same &Height", Alignment::SameHeight},
     };
     QMenu menu(this);
-    menu.setObjectName(QStringLiteral("mnuSurface"));
+    menu.setObjectName(u"mnuSurface"_s);
     const auto add = [&](QMenu& target, const char* name, const char* caption, bool enabled, auto command) {
         QAction* action = target.addAction(QString::fromLatin1(caption));
         action->setObjectName(QString::fromLatin1(name));
@@ -362,7 +363,7 @@ void frmSurface::ShowMenu(QPoint place)
         });
     };
     const bool any = !designer.Selection().empty();
-    QMenu* format = menu.addMenu(QStringLiteral("&Format"));
+    QMenu* format = menu.addMenu(u"&Format"_s);
     format->setEnabled(designer.Selection().size() > 1 && !designer.IsLocked());
     for (const Entry& entry : entries)
         add(*format, entry.name, entry.caption, true, [this, entry] { designer.Align(entry.alignment); });

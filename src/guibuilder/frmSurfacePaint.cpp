@@ -12,6 +12,8 @@
 #include <span>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -345,7 +347,7 @@ void PaintCombobox(const Canvas& canvas, const SurfaceStyle& style, int index, Q
     const QRect button(inside.x() + inside.width() - across, inside.y(), across, inside.height());
     ArrowButton(canvas, button, Arrow::Down, ArrowState::Ready);
     inside.adjust(0, 0, -across, 0);
-    const QString text = QStringLiteral("Combobox  %1").arg(index);
+    const QString text = u"Combobox  %1"_s.arg(index);
     canvas.Text(style.Line(text, Ampersands::Keep), inside.x(), inside.y(), inside, style.fore);
 }
 

@@ -15,6 +15,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -50,14 +52,14 @@ bool NameHasAnyOf(const QString& name, std::initializer_list<const char*> words)
 
 void AddSubstitute(QFont& font, const QString& name)
 {
-    QString family = QStringLiteral("Liberation Sans");
+    QString family = u"Liberation Sans"_s;
     QFont::StyleHint hint = QFont::SansSerif;
     if (NameHasAnyOf(name, {"courier", "mono", "consol", "fixed", "terminal", "typewriter", "lucida con"})) {
-        family = QStringLiteral("Liberation Mono");
+        family = u"Liberation Mono"_s;
         hint = QFont::Monospace;
     } else if (!NameHasAnyOf(name, {"sans"}) &&
                NameHasAnyOf(name, {"times", "roman", "serif", "georgia", "garamond", "palatino", "book", "cambria"})) {
-        family = QStringLiteral("Liberation Serif");
+        family = u"Liberation Serif"_s;
         hint = QFont::Serif;
     }
     font.setStyleHint(hint);

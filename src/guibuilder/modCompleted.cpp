@@ -4,6 +4,8 @@
 
 #include "platform/language/modRuntime.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -20,7 +22,7 @@ void CompleteForFile(ControlRecord& control, const KindTraits& traits, std::size
     if (traits.branch != BranchUse::Label)
         return;
     if (control.branch.isEmpty())
-        control.branch = Numbered(traits.keyword, index) + QStringLiteral(".click");
+        control.branch = Numbered(traits.keyword, index) + u".click"_s;
     control.branch = TrimSpaces(control.branch);
 }
 
@@ -31,7 +33,7 @@ void CompleteForProgram(ControlRecord& control, const KindTraits& traits, std::s
     if (traits.branch != BranchUse::Label)
         return;
     if (control.branch.isEmpty())
-        control.branch = Numbered(traits.branchStem, index) + QStringLiteral(".click");
+        control.branch = Numbered(traits.branchStem, index) + u".click"_s;
     control.branch = BracketedBranch(control.branch);
 }
 
@@ -40,7 +42,7 @@ void CompleteForProgram(ControlRecord& control, const KindTraits& traits, std::s
 GuiForm Completed(GuiForm form, CompletedFor purpose)
 {
     if (form.GuiHandleName.isEmpty())
-        form.GuiHandleName = QStringLiteral("main");
+        form.GuiHandleName = u"main"_s;
     if (purpose == CompletedFor::Program)
         form.GuiHandleName = TrimSpaces(form.GuiHandleName);
     const auto complete = purpose == CompletedFor::File ? CompleteForFile : CompleteForProgram;

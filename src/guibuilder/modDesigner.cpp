@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -94,7 +96,7 @@ ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, Su
     SetRect(control, rect);
     control.caption = NewCaption(kind, ref.index);
     if (traits.branch == BranchUse::NotApplicable)
-        control.branch = QStringLiteral("N/A");
+        control.branch = u"N/A"_s;
     control.visible = true;
     return ref;
 }
@@ -138,13 +140,12 @@ std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, 
 
 QString PlaceText(const SurfaceRect& control, SurfaceScale scale)
 {
-    return QStringLiteral("X - ") + PixelText(control.left, scale.x) + QStringLiteral("    Y - ") +
-           PixelText(control.top, scale.y);
+    return u"X - "_s + PixelText(control.left, scale.x) + u"    Y - "_s + PixelText(control.top, scale.y);
 }
 
 QString SizeText(const SurfaceRect& control, SurfaceScale scale)
 {
-    return QStringLiteral("Width:  ") + PixelText(control.width, scale.x) + QStringLiteral("        Height:  ") +
+    return u"Width:  "_s + PixelText(control.width, scale.x) + u"        Height:  "_s +
            PixelText(control.height, scale.y);
 }
 
@@ -266,14 +267,14 @@ std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedCon
         control.left += Twips(2 * SnapPixels, scale.x);
         control.top += Twips(2 * SnapPixels, scale.y);
         const auto nameOf = [&](int number) { return LatinText(traits.keyword) + QString::number(number); };
-        const auto branchOf = [&](int number) { return nameOf(number) + QStringLiteral(".click"); };
+        const auto branchOf = [&](int number) { return nameOf(number) + u".click"_s; };
         int number = ref.index;
         while (taken.contains(nameOf(number)) || taken.contains(branchOf(number)) ||
                taken.contains(BracketedBranch(branchOf(number))))
             ++number;
         taken.insert(nameOf(number));
         const QString tooltip = SplitTag(control.tag).tooltip;
-        control.tag = tooltip.isEmpty() ? nameOf(number) : nameOf(number) + QStringLiteral(" *") + tooltip;
+        control.tag = tooltip.isEmpty() ? nameOf(number) : nameOf(number) + u" *"_s + tooltip;
         if (traits.branch == BranchUse::Label)
             control.branch = branchOf(number);
         pasted.push_back(ref);

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -174,7 +176,7 @@ private:
         const qsizetype star = field.lastIndexOf(u'*');
         form.GuiFontSize = star < 0 ? QString() : field.mid(star + 1);
         if (form.GuiFontSize.isEmpty() || Val(form.GuiFontSize) == 0)
-            form.GuiFontSize = QStringLiteral("10");
+            form.GuiFontSize = u"10"_s;
         const qsizetype mark = field.indexOf(QLatin1String(" *"));
         if (mark >= 0)
             form.GuiFontName.truncate(mark);
@@ -255,21 +257,20 @@ public:
 
     QString Write()
     {
-        Set({QStringLiteral("defaults"), form.GuiForegroundColor, form.GuiBackgroundColor, form.GuiListboxColor,
+        Set({u"defaults"_s, form.GuiForegroundColor, form.GuiBackgroundColor, form.GuiListboxColor,
              form.GuiComboboxColor, form.GuiTextboxColor, form.GuiTexteditorColor, BooleanText(form.GuiTooltipsOn),
              BooleanText(form.GuiStatusbarOn), BooleanText(form.GuiTimerOn), NumberText(form.GuiDefaultsState),
              BooleanText(form.GuiMenuOn)});
-        Set({form.windowTag.isEmpty() ? QStringLiteral("Window") : form.windowTag, form.caption, Str(form.left),
-             Str(form.top), Str(form.width), Str(form.height), form.GuiHandleName,
-             NumberText(static_cast<std::int32_t>(form.backColor)),
-             form.GuiFontName + QStringLiteral(" *") + form.GuiFontSize});
+        Set({form.windowTag.isEmpty() ? u"Window"_s : form.windowTag, form.caption, Str(form.left), Str(form.top),
+             Str(form.width), Str(form.height), form.GuiHandleName,
+             NumberText(static_cast<std::int32_t>(form.backColor)), form.GuiFontName + u" *"_s + form.GuiFontSize});
         WriteMenus();
         for (const FileRow& row : FileTable)
             WriteKind(row);
         if (form.GuiStatusbarOn)
             WritePanels();
         // The text is written by one print, which adds another line end.
-        text += QStringLiteral("\r\n");
+        text += u"\r\n"_s;
         return std::move(text);
     }
 
@@ -279,7 +280,7 @@ private:
         std::ranges::copy(values, fields.begin());
         for (std::size_t field = 0; field < FieldCount; ++field) {
             text += fields[field];
-            text += field + 1 < FieldCount ? QStringLiteral("|") : QStringLiteral("\r\n");
+            text += field + 1 < FieldCount ? u"|"_s : u"\r\n"_s;
         }
     }
 
@@ -290,9 +291,9 @@ private:
             for (const QString& item : form.GuiMenuItems[menu]) {
                 if (item.isEmpty())
                     break;
-                items += item + QStringLiteral(" * ");
+                items += item + u" * "_s;
             }
-            Set({QStringLiteral("menu"), form.GuiMenuNames[menu], items, none, none, none, none, none, none});
+            Set({u"menu"_s, form.GuiMenuNames[menu], items, none, none, none, none, none, none});
         }
     }
 
@@ -322,13 +323,13 @@ private:
         for (std::size_t panel = form.panels.size() + 2; panel < FirstSpareField; ++panel)
             fields[panel].clear();
         std::ranges::copy(form.panels, fields.begin() + 2);
-        Set({QStringLiteral("statusbar"), QString::number(form.panels.size())});
+        Set({u"statusbar"_s, QString::number(form.panels.size())});
     }
 
     const GuiForm& form;
     std::array<QString, FieldCount> fields;
     QString text;
-    const QString none = QStringLiteral("none");
+    const QString none = u"none"_s;
 };
 
 } // namespace

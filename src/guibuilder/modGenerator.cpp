@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -99,7 +101,7 @@ constexpr std::array<KindStatements, KindCount> StatementTable = {{
 
 constexpr QStringView GroupboxInGraphics = u"'***You have attempted to add a groupbox to a graphics window.\r\n"
                                            u"'***Graphics windows may not contain groupboxes.\r\n";
-const QString QuitBranch = QStringLiteral("[quit]");
+const QString QuitBranch = u"[quit]"_s;
 constexpr QStringView TimerStub = u"[activateTimer]\r\n    'place code here\r\n    wait\r\n\r\n";
 
 // Int of the twips' pixels; a single, as all coordinates are, so seven digits at most.
@@ -150,19 +152,19 @@ private:
     void AddHeader(const ProgramHeader& header)
     {
         if (header.comments)
-            headerBlock += *header.comments + QStringLiteral("\r\n\r\n\r\n");
-        headerBlock += QStringLiteral("'** Created by Orchard Bench - ") + header.date + QStringLiteral("\r\n'** ") +
-                       form.caption + QStringLiteral("\r\n\r\n");
+            headerBlock += *header.comments + u"\r\n\r\n\r\n"_s;
+        headerBlock +=
+            u"'** Created by Orchard Bench - "_s + header.date + u"\r\n'** "_s + form.caption + u"\r\n\r\n"_s;
         if (kind == ProgramKind::Outline)
-            headerBlock += QStringLiteral("    True = 1 : False = 0\r\n");
+            headerBlock += u"    True = 1 : False = 0\r\n"_s;
     }
 
     void AddColors()
     {
-        bodyBlock += QStringLiteral("\r\n"
-                                    "[InitColors]\r\n"
-                                    "    'Please use default colors when possible.\r\n"
-                                    "    'Use the following color statements only if necessary in the program.\r\n");
+        bodyBlock += u"\r\n"
+                     "[InitColors]\r\n"
+                     "    'Please use default colors when possible.\r\n"
+                     "    'Use the following color statements only if necessary in the program.\r\n"_s;
         const auto add = [this](QStringView statement, const QString& color) {
             AppendAll(bodyBlock, {u"    '", statement, u" = \"", color, u"\"\r\n"});
         };
@@ -172,31 +174,31 @@ private:
         add(u"TextboxColor$   ", form.GuiTextboxColor);
         add(u"ComboboxColor$  ", form.GuiComboboxColor);
         add(u"ListboxColor$   ", form.GuiListboxColor);
-        bodyBlock += QStringLiteral("\r\n");
+        bodyBlock += u"\r\n"_s;
     }
 
     void AddWindowSetup()
     {
-        bodyBlock += QStringLiteral("[WindowSetup]\r\n"
-                                    "    NOMAINWIN\r\n"
-                                    "    WindowWidth = ") +
-                     LTrimSpaces(ProgramNumber(form.width)) + QStringLiteral(" : WindowHeight = ") +
+        bodyBlock += u"[WindowSetup]\r\n"
+                     "    NOMAINWIN\r\n"
+                     "    WindowWidth = "_s +
+                     LTrimSpaces(ProgramNumber(form.width)) + u" : WindowHeight = "_s +
                      LTrimSpaces(ProgramNumber(form.height)) +
-                     QStringLiteral("\r\n"
-                                    "    UpperLeftX = INT((DisplayWidth-WindowWidth)/2)\r\n"
-                                    "    UpperLeftY = INT((DisplayHeight-WindowHeight)/2)\r\n"
-                                    "\r\n"
-                                    "[ControlSetup]\r\n");
+                     u"\r\n"
+                     "    UpperLeftX = INT((DisplayWidth-WindowWidth)/2)\r\n"
+                     "    UpperLeftY = INT((DisplayHeight-WindowHeight)/2)\r\n"
+                     "\r\n"
+                     "[ControlSetup]\r\n"_s;
     }
 
     void AddMenus()
     {
-        const QString start = QStringLiteral("Menu        #") + form.GuiHandleName + QStringLiteral(", \"");
+        const QString start = u"Menu        #"_s + form.GuiHandleName + u", \""_s;
         if (form.GuiMenuNames[0].isEmpty()) {
-            bodyBlock += start + QStringLiteral("&File\" , \"E&xit\", [quit]\r\n");
+            bodyBlock += start + u"&File\" , \"E&xit\", [quit]\r\n"_s;
             // Only the default menu includes one for the editor.
             if (std::ranges::any_of(form.List(ControlKind::Texteditor), &ControlRecord::visible))
-                bodyBlock += start + QStringLiteral("Edit\"\r\n");
+                bodyBlock += start + u"Edit\"\r\n"_s;
             return;
         }
         for (std::size_t menu = 0; menu < MenuSlots && !form.GuiMenuNames[menu].isEmpty(); ++menu) {
@@ -206,19 +208,19 @@ private:
                     break;
                 AddMenuItem(SplitMenuItem(item));
             }
-            bodyBlock += QStringLiteral("\r\n");
+            bodyBlock += u"\r\n"_s;
         }
     }
 
     void AddMenuItem(const MenuItemParts& item)
     {
         if (item.caption == SeparatorCaption) {
-            bodyBlock += QStringLiteral(", | ");
+            bodyBlock += u", | "_s;
             return;
         }
-        bodyBlock += QStringLiteral(", \"") + item.caption + QStringLiteral("\", ") + item.branch;
+        bodyBlock += u", \""_s + item.caption + u"\", "_s + item.branch;
         if (kind == ProgramKind::Outline && item.branch != QuitBranch)
-            stubBlock += item.branch + QStringLiteral("\r\n    'place code here\r\n    Wait\r\n\r\n");
+            stubBlock += item.branch + u"\r\n    'place code here\r\n    Wait\r\n\r\n"_s;
     }
 
     void AddKind(const KindStatements& statements)
@@ -284,17 +286,15 @@ private:
     void AddOpen()
     {
         ClearValues();
-        const QString handle = QStringLiteral("    #") + form.GuiHandleName + QStringLiteral(" \"");
-        bodyBlock += QStringLiteral("\r\nOpen \"") + form.caption + QStringLiteral("\" for ") + form.GuiWindowType +
-                     QStringLiteral(" as #") + form.GuiHandleName + QStringLiteral("\r\n") + handle +
-                     QStringLiteral("trapclose [quit]\"\r\n");
+        const QString handle = u"    #"_s + form.GuiHandleName + u" \""_s;
+        bodyBlock += u"\r\nOpen \""_s + form.caption + u"\" for "_s + form.GuiWindowType + u" as #"_s +
+                     form.GuiHandleName + u"\r\n"_s + handle + u"trapclose [quit]\"\r\n"_s;
         if (kind == ProgramKind::Outline && inGraphics) {
-            bodyBlock += handle + QStringLiteral("down; fill ") + SurfaceColorName() + QStringLiteral("; flush\"\r\n") +
-                         handle + QStringLiteral("font ") + font + QStringLiteral("\"\r\n") + handle +
-                         QStringLiteral("setfocus; when mouseMove [MouseChange]\"\r\n");
+            bodyBlock += handle + u"down; fill "_s + SurfaceColorName() + u"; flush\"\r\n"_s + handle + u"font "_s +
+                         font + u"\"\r\n"_s + handle + u"setfocus; when mouseMove [MouseChange]\"\r\n"_s;
             Expand(stubBlock, MouseStub);
         } else {
-            postOpenBlock += handle + QStringLiteral("font ") + font + QStringLiteral("\"\r\n\r\n");
+            postOpenBlock += handle + u"font "_s + font + u"\"\r\n\r\n"_s;
         }
     }
 
@@ -303,19 +303,19 @@ private:
     {
         const QString& handle = form.GuiHandleName;
         if (form.GuiTooltipsOn)
-            postOpenBlock += QStringLiteral("    Call MakeTooltips HWND(#") + handle + QStringLiteral(")\r\n\r\n");
+            postOpenBlock += u"    Call MakeTooltips HWND(#"_s + handle + u")\r\n\r\n"_s;
         if (!form.GuiStatusbarOn)
             return;
-        postOpenBlock += QStringLiteral("    '** Change statusbar message at any time with sub ChangeStatusText\r\n"
-                                        "    '** Call ChangeStatusText hStatus, ID_of_Panel, NewText$\r\n"
-                                        "    '** The handle of the statusbar is hStatus\r\n"
-                                        "    hStatus = MakeStatusBar(HWND(#") +
-                         handle + QStringLiteral("), \"StatusBar\")\r\n");
+        postOpenBlock += u"    '** Change statusbar message at any time with sub ChangeStatusText\r\n"
+                         "    '** Call ChangeStatusText hStatus, ID_of_Panel, NewText$\r\n"
+                         "    '** The handle of the statusbar is hStatus\r\n"
+                         "    hStatus = MakeStatusBar(HWND(#"_s +
+                         handle + u"), \"StatusBar\")\r\n"_s;
         if (!form.GuiWindowType.contains(QLatin1String("Window")))
-            postOpenBlock += QStringLiteral("'    statusbar will not work properly in this window type\r\n"
-                                            "'    because resizehandler is not available:\r\n"
-                                            "'");
-        postOpenBlock += QStringLiteral("    #") + handle + QStringLiteral(" \"resizehandler [ResizeStatus]\"\r\n\r\n");
+            postOpenBlock += u"'    statusbar will not work properly in this window type\r\n"
+                             "'    because resizehandler is not available:\r\n"
+                             "'"_s;
+        postOpenBlock += u"    #"_s + handle + u" \"resizehandler [ResizeStatus]\"\r\n\r\n"_s;
     }
 
     QString Join()
@@ -327,11 +327,11 @@ private:
         text += bodyBlock;
         text += postOpenBlock;
         if (form.GuiTimerOn)
-            text += QStringLiteral("    TIMER 500, [activateTimer]    'initialize the timer\r\n\r\n");
-        text += QStringLiteral("[loop]\r\n    Wait\r\n\r\n");
+            text += u"    TIMER 500, [activateTimer]    'initialize the timer\r\n\r\n"_s;
+        text += u"[loop]\r\n    Wait\r\n\r\n"_s;
         if (form.GuiTimerOn)
             (kind == ProgramKind::Outline ? stubBlock : text) += TimerStub;
-        text += QStringLiteral("[quit]\r\n    close #") + form.GuiHandleName + QStringLiteral(" : END\r\n\r\n");
+        text += u"[quit]\r\n    close #"_s + form.GuiHandleName + u" : END\r\n\r\n"_s;
         if (form.GuiTooltipsOn)
             tooltipBlock += QStringView(TooltipEnd);
         text += stubBlock;

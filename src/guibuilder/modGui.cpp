@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -28,12 +30,11 @@ ControlRecord TemplateOf(const KindTraits& traits)
 } // namespace
 
 GuiForm::GuiForm()
-    : GuiWindowType(QStringLiteral("Window")), caption(QStringLiteral("Window Title")), left(FirstLeft), top(FirstTop),
-      width(FirstWidth), height(FirstHeight), GuiHandleName(QStringLiteral("main")),
-      backColor(ColorFromName(QStringLiteral("Buttonface"))), GuiFontName(QStringLiteral("ms sans serif")),
-      GuiFontSize(QStringLiteral("10")), GuiForegroundColor(QStringLiteral("Black")),
-      GuiBackgroundColor(QStringLiteral("Buttonface")), GuiComboboxColor(QStringLiteral("White")),
-      GuiListboxColor(GuiComboboxColor), GuiTextboxColor(GuiComboboxColor), GuiTexteditorColor(GuiComboboxColor)
+    : GuiWindowType(u"Window"_s), caption(u"Window Title"_s), left(FirstLeft), top(FirstTop), width(FirstWidth),
+      height(FirstHeight), GuiHandleName(u"main"_s), backColor(ColorFromName(u"Buttonface"_s)),
+      GuiFontName(u"ms sans serif"_s), GuiFontSize(u"10"_s), GuiForegroundColor(u"Black"_s),
+      GuiBackgroundColor(u"Buttonface"_s), GuiComboboxColor(u"White"_s), GuiListboxColor(GuiComboboxColor),
+      GuiTextboxColor(GuiComboboxColor), GuiTexteditorColor(GuiComboboxColor)
 {
     ClearForm(*this);
 }
@@ -107,7 +108,7 @@ MenuItemParts SplitMenuItem(const QString& item)
 
 QString JoinMenuItem(const QString& caption, const QString& branch)
 {
-    return caption + QStringLiteral("  ") + branch;
+    return caption + u"  "_s + branch;
 }
 
 QString BracketedBranch(const QString& branch)
@@ -126,7 +127,7 @@ QString MenuLabel(const GuiForm& form, const QString& whenEmpty)
     for (const QString& name : form.GuiMenuNames) {
         if (name.isEmpty())
             break;
-        label += name + QStringLiteral("    ");
+        label += name + u"    "_s;
     }
     return label.isEmpty() ? whenEmpty : label;
 }

@@ -20,11 +20,13 @@
 #include <QDir>
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
-const QString SaveItem = QStringLiteral("mnuFileSaveGui");
+const QString SaveItem = u"mnuFileSaveGui"_s;
 
 // A file that cannot be read at all counts as a failed load.
 FormLoad ReadFormFile(const QString& path, GuiForm& form)
@@ -39,8 +41,8 @@ FormLoad ReadFormFile(const QString& path, GuiForm& form)
 // Whether text may be written with a question mark for each character that the code page lacks.
 bool MayLose(const AnsiText& encoded)
 {
-    const QString question = QStringLiteral("Line %1 of the form file holds a character that form files cannot store.\n"
-                                            "Save with a question mark in place of each such character?");
+    const QString question = u"Line %1 of the form file holds a character that form files cannot store.\n"
+                             "Save with a question mark in place of each such character?"_s;
     return encoded.lostCount == 0 ||
            MsgBox(question.arg(encoded.firstLostLine), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::Yes;
 }
@@ -85,7 +87,7 @@ void GuiFormLoaded()
 void GuiFormUnloaded()
 {
     GuiDesign().GuiFormOpen = false;
-    GuiDesign().form.windowTag = QStringLiteral("closed");
+    GuiDesign().form.windowTag = u"closed"_s;
     if (MainForm != nullptr)
         MainForm->EnableItem(SaveItem, false);
 }
@@ -95,7 +97,7 @@ UnloadAnswer QueryGuiUnload()
     const FormDesign& design = GuiDesign();
     if (!design.GuiFormModified || !QuitQuery)
         return UnloadAnswer::Unload;
-    switch (MsgBox(QStringLiteral("Save gui form before closing?"), BoxIcon::Question, BoxButtons::YesNoCancel)) {
+    switch (MsgBox(u"Save gui form before closing?"_s, BoxIcon::Question, BoxButtons::YesNoCancel)) {
     case BoxAnswer::Yes:
         guiSave();
         return design.GuiFormModified ? UnloadAnswer::Stay : UnloadAnswer::Unload;
@@ -117,7 +119,7 @@ void SaveGuiForm(const QString& path)
         GuiWindow->SettleGui(GuiSteps::Keep);
         if (MayLose(encoded)) {
             ReplaceFile(path, encoded.bytes);
-            SetStatusText(QStringLiteral("Form saved as ") + NameOf(path));
+            SetStatusText(u"Form saved as "_s + NameOf(path));
             return;
         }
     } catch (const RuntimeError&) {
@@ -158,18 +160,18 @@ void LoadGuiForm(const QString& path)
 void guiSave()
 {
     if (!GuiDesign().GuiFormOpen) {
-        MsgBox(QStringLiteral("No gui form to save!"), BoxIcon::Critical);
+        MsgBox(u"No gui form to save!"_s, BoxIcon::Critical);
         return;
     }
     if (MainForm->ActiveKind() != ActiveChild::Gui) {
-        MsgBox(QStringLiteral("The gui builder is not active; there is no form to save!"), BoxIcon::Critical);
+        MsgBox(u"The gui builder is not active; there is no form to save!"_s, BoxIcon::Critical);
         return;
     }
     FileSpec box;
     box.purpose = FilePurpose::Save;
-    box.title = QStringLiteral("Save Gui Form As");
+    box.title = u"Save Gui Form As"_s;
     box.folder = QDir::currentPath();
-    box.filter = QStringLiteral("Gui Form (*.obf)|*.obf");
+    box.filter = u"Gui Form (*.obf)|*.obf"_s;
     const QString path = FileBox(box);
     if (!path.isEmpty())
         SaveGuiForm(path);
@@ -177,7 +179,7 @@ void guiSave()
 
 void mnuFileLoadGui_Click()
 {
-    const QString path = OpenFileDialog(QStringLiteral("Gui Form (*.obf)|*.OBF"), QDir::currentPath());
+    const QString path = OpenFileDialog(u"Gui Form (*.obf)|*.OBF"_s, QDir::currentPath());
     if (path.isEmpty())
         return;
     if (path.contains(QLatin1String("obf"), Qt::CaseInsensitive))
@@ -191,7 +193,7 @@ void NewGuiForm()
     if (!GuiWindow->UnloadGui())
         return;
     GuiWindow->ShowGui();
-    GuiDesign().form.windowTag = QStringLiteral("open");
+    GuiDesign().form.windowTag = u"open"_s;
     GuiWindow->ShowGuiDefaults();
     GuiWindow->SettleGui(GuiSteps::Forget);
 }

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -141,25 +143,25 @@ std::optional<int> MoveMenuItem(GuiForm& form, int menu, int item, MoveDirection
 
 QString EditedMenuLabel(const GuiForm& form)
 {
-    return MenuLabel(form, QStringLiteral("    Click here to edit or remove menus."));
+    return MenuLabel(form, u"    Click here to edit or remove menus."_s);
 }
 
 QString AskMenuName()
 {
-    return Ask(QStringLiteral("Please type a name for your menu."));
+    return Ask(u"Please type a name for your menu."_s);
 }
 
 std::optional<MenuItemParts> AskMenuItem()
 {
-    const QString answer = Ask(QStringLiteral("Please type a name for this item."));
+    const QString answer = Ask(u"Please type a name for this item."_s);
     if (answer.isEmpty())
         return std::nullopt;
     QString caption = CaptionBeforeBracket(answer);
     if (caption.contains(u'|'))
         caption = SeparatorCaption;
     if (TrimSpaces(caption) == SeparatorCaption)
-        return MenuItemParts{caption, QStringLiteral("[none]")};
-    const QString branch = Ask(QStringLiteral("Please type a name for this item's branch."));
+        return MenuItemParts{caption, u"[none]"_s};
+    const QString branch = Ask(u"Please type a name for this item's branch."_s);
     if (branch.isEmpty())
         return std::nullopt;
     return MenuItemParts{caption, BranchOf(branch)};
@@ -168,22 +170,22 @@ std::optional<MenuItemParts> AskMenuItem()
 QString AskOtherMenuName(const std::optional<QString>& chosen)
 {
     if (!chosen) {
-        Complain(QStringLiteral("Cannot edit menu.  No menu is selected."));
+        Complain(u"Cannot edit menu.  No menu is selected."_s);
         return {};
     }
-    return Ask(QStringLiteral("Please type a new name for ") + *chosen, *chosen);
+    return Ask(u"Please type a new name for "_s + *chosen, *chosen);
 }
 
 std::optional<MenuItemParts> AskOtherMenuItem(const std::optional<MenuItemParts>& chosen)
 {
     if (!chosen) {
-        Complain(QStringLiteral("Cannot edit item.  No item is selected."));
+        Complain(u"Cannot edit item.  No item is selected."_s);
         return std::nullopt;
     }
-    const QString caption = Ask(QStringLiteral("Please type a new name for ") + chosen->caption, chosen->caption);
+    const QString caption = Ask(u"Please type a new name for "_s + chosen->caption, chosen->caption);
     if (caption.isEmpty())
         return std::nullopt;
-    const QString branch = Ask(QStringLiteral("Please type a new name for branch ") + chosen->branch, chosen->branch);
+    const QString branch = Ask(u"Please type a new name for branch "_s + chosen->branch, chosen->branch);
     if (branch.isEmpty())
         return std::nullopt;
     return MenuItemParts{CaptionBeforeBracket(caption), BranchOf(branch)};
@@ -192,19 +194,19 @@ std::optional<MenuItemParts> AskOtherMenuItem(const std::optional<MenuItemParts>
 bool MayRemoveMenu(const std::optional<QString>& chosen)
 {
     if (!chosen) {
-        Complain(QStringLiteral("Cannot remove item.  No item is selected."));
+        Complain(u"Cannot remove item.  No item is selected."_s);
         return false;
     }
-    return IsYes(QStringLiteral("Remove menu named ") + *chosen + QStringLiteral(" ?"));
+    return IsYes(u"Remove menu named "_s + *chosen + u" ?"_s);
 }
 
 bool MayRemoveMenuItem(const std::optional<MenuItemParts>& chosen)
 {
     if (!chosen) {
-        Complain(QStringLiteral("Cannot remove item.  No item is selected."));
+        Complain(u"Cannot remove item.  No item is selected."_s);
         return false;
     }
-    return IsYes(QStringLiteral("Remove menu item named ") + chosen->caption + QStringLiteral(" ?"));
+    return IsYes(u"Remove menu item named "_s + chosen->caption + u" ?"_s);
 }
 
 } // namespace ob

@@ -12,12 +12,14 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
 const QLatin1String TooltipMark(" *");
-const QString NotApplicableText = QStringLiteral("N/A");
+const QString NotApplicableText = u"N/A"_s;
 
 // What a field shows: the control's text, editable or not; "N/A"; nothing. The last three are disabled.
 enum class FieldUse { Edited, Fixed, NotApplicable, Empty };

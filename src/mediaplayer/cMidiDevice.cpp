@@ -12,6 +12,8 @@
 #include <mutex>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -46,7 +48,7 @@ QString FindSoundFont()
     }
     for (const QString& folder : folders) {
         const QDir found(folder);
-        const QStringList names = found.entryList({QStringLiteral("*.sf2"), QStringLiteral("*.sf3")}, QDir::Files);
+        const QStringList names = found.entryList({u"*.sf2"_s, u"*.sf3"_s}, QDir::Files);
         if (!names.isEmpty())
             return found.filePath(names.first());
     }

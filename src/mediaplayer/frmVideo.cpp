@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -20,7 +22,7 @@ constexpr QSize SmallestWindow(160, 120);
 frmVideo::frmVideo(const QString& title, QSize size, std::function<void()> whenClosed)
     : filmSize(size), closed(std::move(whenClosed))
 {
-    setObjectName(QStringLiteral("frmVideo"));
+    setObjectName(u"frmVideo"_s);
     setWindowTitle(title);
     setAccessibleName(title);
     setAttribute(Qt::WA_OpaquePaintEvent);

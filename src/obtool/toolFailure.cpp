@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 void ThrowAsFailureOf(const std::string& file)
@@ -16,7 +18,7 @@ void ThrowAsFailureOf(const std::string& file)
     } catch (const NumberedError& error) {
         throw ToolFailure(file, QString::fromUtf8(error.what()));
     } catch (const std::bad_alloc&) {
-        throw ToolFailure(file, QStringLiteral("Out of memory"));
+        throw ToolFailure(file, u"Out of memory"_s);
     }
 }
 

@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 QString TextOf(const std::string& argument)
@@ -57,7 +59,7 @@ void WriteOutput(const std::string& out, QByteArrayView bytes)
     // Without bytes the pointer may be null.
     const auto size = static_cast<std::size_t>(bytes.size());
     if ((size != 0 && std::fwrite(bytes.data(), 1, size, stdout) != size) || std::fflush(stdout) != 0)
-        throw ToolFailure("standard output", QStringLiteral("cannot be written"));
+        throw ToolFailure("standard output", u"cannot be written"_s);
 }
 
 void WriteNote(QString text)
@@ -72,7 +74,7 @@ void WriteProgramText(const QString& text)
     const AnsiText ansi = AnsiFromText(text);
     WriteOutput({}, ansi.bytes);
     if (ansi.lostCount > 0)
-        WriteNote(QStringLiteral("Characters that the code page lacks became question marks."));
+        WriteNote(u"Characters that the code page lacks became question marks."_s);
 }
 
 } // namespace ob

@@ -23,6 +23,8 @@
 #include <optional>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -110,7 +112,7 @@ qsizetype LineOf(const SourceArguments& arguments, QByteArrayView text, std::int
 {
     const std::optional<qsizetype> start = StartOfLine(text, line - 1);
     if (!start)
-        throw ToolFailure(arguments.file, QStringLiteral("the text has no line %1").arg(line));
+        throw ToolFailure(arguments.file, u"the text has no line %1"_s.arg(line));
     return *start;
 }
 
@@ -128,7 +130,7 @@ void Comment(const SourceArguments& arguments)
     const qsizetype start = LineOf(arguments, text, arguments.line);
     LineOf(arguments, text, arguments.lastLine);
     if (arguments.lastLine < arguments.line)
-        throw ToolFailure(arguments.file, QStringLiteral("the last line comes before the first"));
+        throw ToolFailure(arguments.file, u"the last line comes before the first"_s);
     const qsizetype end = StartOfLine(text, arguments.lastLine).value_or(text.size());
     WriteChanged(arguments, text, BlockComment(text, start, end));
 }

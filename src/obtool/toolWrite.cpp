@@ -11,15 +11,17 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
 void Library(const std::string& name)
 {
-    const auto text = EmbeddedText(QString::fromStdString(name) + QStringLiteral(".bas"));
+    const auto text = EmbeddedText(QString::fromStdString(name) + u".bas"_s);
     if (!text)
-        throw ToolFailure(name, QStringLiteral("this build does not carry the library"));
+        throw ToolFailure(name, u"this build does not carry the library"_s);
     WriteOutput({}, QByteArrayView(*text));
 }
 
@@ -27,7 +29,7 @@ void Snippets(const std::string& folder)
 {
     const QString path = PathOf(folder);
     if (!FolderExists(path) && !QDir().mkdir(path))
-        throw ToolFailure(folder, QStringLiteral("the folder cannot be made"));
+        throw ToolFailure(folder, u"the folder cannot be made"_s);
     InFolder(folder, [&] { WriteDefaultSnippets(path); });
 }
 

@@ -11,6 +11,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -122,7 +124,7 @@ QStringList EntriesOf(const StylebitsArguments& arguments, const QStringList& li
         while (row < list.size() && StylebitName(list[row]) != TextOf(bit))
             ++row;
         if (row == list.size())
-            throw ToolFailure(bit, QStringLiteral("the list of %1 lacks it").arg(TextOf(arguments.object)));
+            throw ToolFailure(bit, u"the list of %1 lacks it"_s.arg(TextOf(arguments.object)));
         isWanted[static_cast<std::size_t>(row)] = true;
     }
     QStringList entries;
@@ -139,7 +141,7 @@ void WriteStylebits(const StylebitsArguments& arguments)
     if (arguments.list) {
         QString text;
         for (const QString& entry : list)
-            text += entry + QStringLiteral("\r\n");
+            text += entry + u"\r\n"_s;
         WriteProgramText(text);
         return;
     }

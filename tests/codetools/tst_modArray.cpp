@@ -4,6 +4,8 @@
 
 #include "codetools/MakerFiles.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -60,9 +62,9 @@ private Q_SLOTS:
     {
         QCOMPARE(ArrayBound({}), -1);
         QCOMPARE(ArrayBound(ItemsOf({QString()})), 1);
-        QCOMPARE(ArrayBound(ItemsOf({QStringLiteral("a"), QStringLiteral("b")})), 2);
-        QCOMPARE(ArrayBound(ItemsOf({QStringLiteral("a|b")})), 2);
-        QCOMPARE(ArrayBound(ItemsOf({QStringLiteral("|"), QStringLiteral("||")})), 5);
+        QCOMPARE(ArrayBound(ItemsOf({u"a"_s, u"b"_s})), 2);
+        QCOMPARE(ArrayBound(ItemsOf({u"a|b"_s})), 2);
+        QCOMPARE(ArrayBound(ItemsOf({u"|"_s, u"||"_s})), 5);
     }
 
     void theWholeTextMatches_data()
@@ -74,20 +76,18 @@ private Q_SLOTS:
         const auto row = [](const char* file, const char* name, ArrayType type, const QStringList& items) {
             QTest::newRow(file) << QString::fromLatin1(name) << type << items << MakerBytes(file);
         };
-        const QStringList days{QStringLiteral("Mon"), QStringLiteral("Tue")};
+        const QStringList days{u"Mon"_s, u"Tue"_s};
         row("array/days.bas", "days", ArrayType::String, days);
         row("array/no-items.bas", "", ArrayType::String, {});
-        row("array/numeric.bas", "total", ArrayType::Numeric,
-            {QStringLiteral("1"), QStringLiteral("-2.5"), QStringLiteral("x + 1")});
-        row("array/numeric-dollar.bas", "a$", ArrayType::Numeric, {QStringLiteral("7")});
-        row("array/numeric-parenthesis.bas", "x$(foo", ArrayType::Numeric, {QStringLiteral("5"), QStringLiteral(".5")});
-        row("array/string-parenthesis.bas", "days(7)", ArrayType::String, {QStringLiteral("Mon")});
+        row("array/numeric.bas", "total", ArrayType::Numeric, {u"1"_s, u"-2.5"_s, u"x + 1"_s});
+        row("array/numeric-dollar.bas", "a$", ArrayType::Numeric, {u"7"_s});
+        row("array/numeric-parenthesis.bas", "x$(foo", ArrayType::Numeric, {u"5"_s, u".5"_s});
+        row("array/string-parenthesis.bas", "days(7)", ArrayType::String, {u"Mon"_s});
         row("array/string-both.bas", "days$(x", ArrayType::String, days);
-        row("array/string-only-parenthesis.bas", "(7", ArrayType::String, {QStringLiteral("Mon")});
-        row("array/parts.bas", "a$", ArrayType::String, {QStringLiteral("left|right"), QString(), QStringLiteral("|")});
+        row("array/string-only-parenthesis.bas", "(7", ArrayType::String, {u"Mon"_s});
+        row("array/parts.bas", "a$", ArrayType::String, {u"left|right"_s, QString(), u"|"_s});
         row("array/unchanged.bas", "[a,b] c", ArrayType::String,
-            {QStringLiteral("say \"hi\""), QStringLiteral("  two  spaces "), QStringLiteral("[open,close]"),
-             QString::fromUtf8("Grüße"), QStringLiteral("{}"), QStringLiteral("a=b")});
+            {u"say \"hi\""_s, u"  two  spaces "_s, u"[open,close]"_s, QString::fromUtf8("Grüße"), u"{}"_s, u"a=b"_s});
     }
 
     void theWholeTextMatches()
@@ -108,11 +108,10 @@ private Q_SLOTS:
         QStringList items;
         for (int i = 1; i <= 40'000; ++i)
             items.append(QString::number(i));
-        const QStringList lines =
-            ArrayCode({QStringLiteral("n"), ArrayType::Numeric, u'|' + items.join(u'|')}).split(QStringLiteral("\r\n"));
+        const QStringList lines = ArrayCode({u"n"_s, ArrayType::Numeric, u'|' + items.join(u'|')}).split(u"\r\n"_s);
         QCOMPARE(lines.size(), 40'004);
-        QCOMPARE(lines[0], QStringLiteral("    DIM n(40000)"));
-        QCOMPARE(lines[40'000], QStringLiteral("    n(40000) = 40000"));
+        QCOMPARE(lines[0], u"    DIM n(40000)"_s);
+        QCOMPARE(lines[40'000], u"    n(40000) = 40000"_s);
     }
 };
 

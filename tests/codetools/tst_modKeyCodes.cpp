@@ -5,6 +5,8 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -17,7 +19,7 @@ constexpr auto Keypad = Qt::KeypadModifier;
 
 QStringList Lines()
 {
-    return KeyCodeText().split(QStringLiteral("\r\n"));
+    return KeyCodeText().split(u"\r\n"_s);
 }
 
 // The value of a name in the table.
@@ -39,15 +41,15 @@ private Q_SLOTS:
     {
         const QStringList lines = Lines();
         QCOMPARE(lines.size(), 2 + 107 + 1);
-        QCOMPARE(lines[0], QStringLiteral("Key Name   Decimal  Mouse or keyboard equivalent"));
-        QCOMPARE(lines[1], QStringLiteral("            Value"));
-        QCOMPARE(lines[2], QStringLiteral("VK_LBUTTON    01   Left mouse button"));
-        QCOMPARE(lines[5], QStringLiteral("VK_MBUTTON    04   Middle mouse button (three-button mouse)"));
-        QCOMPARE(lines[27], QStringLiteral("VK_SNAPSHOT   44   PRINT SCREEN key for Windows 3.0 and later"));
-        QCOMPARE(lines[71], QStringLiteral("VK_NUMPAD4    100  Numeric keypad 4 key"));
-        QCOMPARE(lines[108], QStringLiteral("VK_SCROLL     145  SCROLL LOCK key"));
+        QCOMPARE(lines[0], u"Key Name   Decimal  Mouse or keyboard equivalent"_s);
+        QCOMPARE(lines[1], u"            Value"_s);
+        QCOMPARE(lines[2], u"VK_LBUTTON    01   Left mouse button"_s);
+        QCOMPARE(lines[5], u"VK_MBUTTON    04   Middle mouse button (three-button mouse)"_s);
+        QCOMPARE(lines[27], u"VK_SNAPSHOT   44   PRINT SCREEN key for Windows 3.0 and later"_s);
+        QCOMPARE(lines[71], u"VK_NUMPAD4    100  Numeric keypad 4 key"_s);
+        QCOMPARE(lines[108], u"VK_SCROLL     145  SCROLL LOCK key"_s);
         QVERIFY(lines.last().isEmpty());
-        QVERIFY(!KeyCodeText().remove(QStringLiteral("\r\n")).contains(QLatin1Char('\n')));
+        QVERIFY(!KeyCodeText().remove(u"\r\n"_s).contains(QLatin1Char('\n')));
     }
 
     void everyLineOfTheTableIsFoundByItsValue()
@@ -67,17 +69,17 @@ private Q_SLOTS:
     void lettersDigitsAndFunctionKeysHaveTheirTableValue()
     {
         for (int i = 0; i < 26; ++i) {
-            const int value = TableValue(QStringLiteral("VK_") + QChar('A' + i));
+            const int value = TableValue(u"VK_"_s + QChar('A' + i));
             QCOMPARE(VirtualKeyOf(Qt::Key_A + i, None), value);
             QCOMPARE(VirtualKeyOf(Qt::Key_A + i, Shift), value);
             QCOMPARE(VirtualKeyOf(Qt::Key_A + i, Control | Alt), value);
         }
         for (int i = 0; i < 10; ++i) {
-            QCOMPARE(VirtualKeyOf(Qt::Key_0 + i, None), TableValue(QStringLiteral("VK_%1").arg(i)));
-            QCOMPARE(VirtualKeyOf(Qt::Key_0 + i, Keypad), TableValue(QStringLiteral("VK_NUMPAD%1").arg(i)));
+            QCOMPARE(VirtualKeyOf(Qt::Key_0 + i, None), TableValue(u"VK_%1"_s.arg(i)));
+            QCOMPARE(VirtualKeyOf(Qt::Key_0 + i, Keypad), TableValue(u"VK_NUMPAD%1"_s.arg(i)));
         }
         for (int i = 1; i <= 24; ++i)
-            QCOMPARE(VirtualKeyOf(Qt::Key_F1 + i - 1, None), TableValue(QStringLiteral("VK_F%1").arg(i)));
+            QCOMPARE(VirtualKeyOf(Qt::Key_F1 + i - 1, None), TableValue(u"VK_F%1"_s.arg(i)));
     }
 
     void namedKeysHaveTheirTableValue_data()
@@ -139,11 +141,11 @@ private Q_SLOTS:
 
     void symbolsCountAsTheirKey()
     {
-        const QString shifted = QStringLiteral(")!@#$%^&*(");
+        const QString shifted = u")!@#$%^&*("_s;
         for (int i = 0; i < 10; ++i)
             QCOMPARE(VirtualKeyOf(shifted[i].unicode(), Shift), 48 + i);
-        const QString keys = QStringLiteral(";=,-./`[\\]'");
-        const QString above = QStringLiteral(":+<_>?~{|}\"");
+        const QString keys = u";=,-./`[\\]'"_s;
+        const QString above = u":+<_>?~{|}\""_s;
         const QList<int> codes = {186, 187, 188, 189, 190, 191, 192, 219, 220, 221, 222};
         for (int i = 0; i < codes.size(); ++i) {
             QCOMPARE(VirtualKeyOf(keys[i].unicode(), None), codes[i]);
@@ -160,20 +162,20 @@ private Q_SLOTS:
 
     void aPressedKeyShowsModifiersAndCode()
     {
-        QCOMPARE(KeyDownText(Qt::Key_A, None), QStringLiteral("65"));
-        QCOMPARE(KeyDownText(Qt::Key_A, Shift), QStringLiteral("Shift  65"));
-        QCOMPARE(KeyDownText(Qt::Key_F5, Control), QStringLiteral("Ctrl  116"));
-        QCOMPARE(KeyDownText(Qt::Key_Delete, Alt | Control), QStringLiteral("Ctrl  Alt  46"));
-        QCOMPARE(KeyDownText(Qt::Key_5, Alt | Control | Shift | Keypad), QStringLiteral("Shift  Ctrl  Alt  101"));
+        QCOMPARE(KeyDownText(Qt::Key_A, None), u"65"_s);
+        QCOMPARE(KeyDownText(Qt::Key_A, Shift), u"Shift  65"_s);
+        QCOMPARE(KeyDownText(Qt::Key_F5, Control), u"Ctrl  116"_s);
+        QCOMPARE(KeyDownText(Qt::Key_Delete, Alt | Control), u"Ctrl  Alt  46"_s);
+        QCOMPARE(KeyDownText(Qt::Key_5, Alt | Control | Shift | Keypad), u"Shift  Ctrl  Alt  101"_s);
     }
 
     void aModifierAloneShowsItsNameAndCode()
     {
-        QCOMPARE(KeyDownText(Qt::Key_Shift, None), QStringLiteral("Shift  16"));
-        QCOMPARE(KeyDownText(Qt::Key_Shift, Shift), QStringLiteral("Shift  16"));
-        QCOMPARE(KeyDownText(Qt::Key_Control, None), QStringLiteral("Ctrl  17"));
-        QCOMPARE(KeyDownText(Qt::Key_Alt, None), QStringLiteral("Alt  18"));
-        QCOMPARE(KeyDownText(Qt::Key_Control, Shift), QStringLiteral("Shift  Ctrl  17"));
+        QCOMPARE(KeyDownText(Qt::Key_Shift, None), u"Shift  16"_s);
+        QCOMPARE(KeyDownText(Qt::Key_Shift, Shift), u"Shift  16"_s);
+        QCOMPARE(KeyDownText(Qt::Key_Control, None), u"Ctrl  17"_s);
+        QCOMPARE(KeyDownText(Qt::Key_Alt, None), u"Alt  18"_s);
+        QCOMPARE(KeyDownText(Qt::Key_Control, Shift), u"Shift  Ctrl  17"_s);
     }
 
     void charactersHaveTheirAnsiValue_data()
@@ -185,23 +187,23 @@ private Q_SLOTS:
         const auto row = [](const char* name, int key, Qt::KeyboardModifiers modifiers, const QString& text, int code) {
             QTest::newRow(name) << key << static_cast<int>(modifiers) << text << code;
         };
-        row("letter", Qt::Key_A, None, QStringLiteral("a"), 97);
-        row("capital", Qt::Key_A, Shift, QStringLiteral("A"), 65);
-        row("keypad digit", Qt::Key_7, Keypad, QStringLiteral("7"), 55);
-        row("space", Qt::Key_Space, None, QStringLiteral(" "), 32);
-        row("umlaut", Qt::Key_Adiaeresis, None, QStringLiteral("\u00e4"), 228);
-        row("euro with the right Alt", Qt::Key_E, Alt | Control, QStringLiteral("\u20ac"), 128);
-        row("not in the code page", Qt::Key_A, None, QStringLiteral("\u0430"), 63);
+        row("letter", Qt::Key_A, None, u"a"_s, 97);
+        row("capital", Qt::Key_A, Shift, u"A"_s, 65);
+        row("keypad digit", Qt::Key_7, Keypad, u"7"_s, 55);
+        row("space", Qt::Key_Space, None, u" "_s, 32);
+        row("umlaut", Qt::Key_Adiaeresis, None, u"\u00e4"_s, 228);
+        row("euro with the right Alt", Qt::Key_E, Alt | Control, u"\u20ac"_s, 128);
+        row("not in the code page", Qt::Key_A, None, u"\u0430"_s, 63);
         row("Backspace", Qt::Key_Backspace, None, {}, 8);
-        row("Ctrl+Backspace", Qt::Key_Backspace, Control, QStringLiteral("\u007f"), 127);
+        row("Ctrl+Backspace", Qt::Key_Backspace, Control, u"\u007f"_s, 127);
         row("Tab", Qt::Key_Tab, None, {}, 9);
         row("Shift+Tab", Qt::Key_Backtab, Shift, {}, 9);
-        row("Enter", Qt::Key_Return, None, QStringLiteral("\r"), 13);
-        row("keypad Enter", Qt::Key_Enter, Keypad, QStringLiteral("\r"), 13);
-        row("Ctrl+Enter", Qt::Key_Return, Control, QStringLiteral("\r"), 10);
+        row("Enter", Qt::Key_Return, None, u"\r"_s, 13);
+        row("keypad Enter", Qt::Key_Enter, Keypad, u"\r"_s, 13);
+        row("Ctrl+Enter", Qt::Key_Return, Control, u"\r"_s, 10);
         row("Escape", Qt::Key_Escape, None, {}, 27);
         row("Ctrl+A", Qt::Key_A, Control, {}, 1);
-        row("Ctrl+Z", Qt::Key_Z, Control, QStringLiteral("\u001a"), 26);
+        row("Ctrl+Z", Qt::Key_Z, Control, u"\u001a"_s, 26);
         row("Ctrl+[", Qt::Key_BracketLeft, Control, {}, 27);
         row("Ctrl+_", Qt::Key_Underscore, Control | Shift, {}, 31);
     }
@@ -228,11 +230,11 @@ private Q_SLOTS:
 
     void aCharacterIsShownWithItsValue()
     {
-        QCOMPARE(KeyPressText(97), QStringLiteral("a   97"));
-        QCOMPARE(KeyPressText(32), QStringLiteral("    32"));
-        QCOMPARE(KeyPressText(228), QStringLiteral("\u00e4   228"));
-        QCOMPARE(KeyPressText(128), QStringLiteral("\u20ac   128"));
-        QCOMPARE(KeyPressText(13), QStringLiteral("\r   13"));
+        QCOMPARE(KeyPressText(97), u"a   97"_s);
+        QCOMPARE(KeyPressText(32), u"    32"_s);
+        QCOMPARE(KeyPressText(228), u"\u00e4   228"_s);
+        QCOMPARE(KeyPressText(128), u"\u20ac   128"_s);
+        QCOMPARE(KeyPressText(13), u"\r   13"_s);
     }
 };
 

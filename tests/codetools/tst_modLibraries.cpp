@@ -8,6 +8,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -105,12 +107,12 @@ QByteArray BytesOf(const QString& name)
 
 QByteArray Wrapper()
 {
-    return BytesOf(QStringLiteral("wrapper32.bas"));
+    return BytesOf(u"wrapper32.bas"_s);
 }
 
 QByteArray Printer()
 {
-    return BytesOf(QStringLiteral("printer32.bas"));
+    return BytesOf(u"printer32.bas"_s);
 }
 
 // The text of one routine between valid neighbours, as in a library.
@@ -146,7 +148,7 @@ private Q_SLOTS:
 
     void wrapperHasItsStructsSectionsAndRoutinesInOrder()
     {
-        QStringList expected = {QStringLiteral("Point"), QStringLiteral("Rect"), QStringLiteral("JOYINFO")};
+        QStringList expected = {u"Point"_s, u"Rect"_s, u"JOYINFO"_s};
         for (const Section& section : WrapperSections)
             expected +=
                 QStringList(QLatin1Char('\'') + QString::fromLatin1(section.heading)) + WordsOf(section.routines);
@@ -172,10 +174,10 @@ private Q_SLOTS:
     void printerBeginsWithTheCallOfItsSampleAndAnIndex()
     {
         const QStringList lines = LinesOf(Printer());
-        QCOMPARE(lines[0], QStringLiteral("'remove this line to stop"));
-        QCOMPARE(lines[1], QStringLiteral("'execution of sample program"));
-        QCOMPARE(lines[2], QStringLiteral("GoSub [demo]"));
-        const qsizetype end = lines.indexOf(QStringLiteral("End"));
+        QCOMPARE(lines[0], u"'remove this line to stop"_s);
+        QCOMPARE(lines[1], u"'execution of sample program"_s);
+        QCOMPARE(lines[2], u"GoSub [demo]"_s);
+        const qsizetype end = lines.indexOf(u"End"_s);
         QVERIFY(end > 0);
         const QMap<QString, QStringList> routines = RoutinesOf(Printer());
         QStringList index;
@@ -200,14 +202,14 @@ private Q_SLOTS:
             if (named.hasMatch())
                 found.append(named.captured(1) + named.captured(2));
         }
-        QCOMPARE(found, WordsOf(PrinterRoutines) + QStringList(QStringLiteral("[demo]")));
+        QCOMPARE(found, WordsOf(PrinterRoutines) + QStringList(u"[demo]"_s));
     }
 
     void theSampleCallsRoutinesThatThereAreAndEndsInAReturn()
     {
         const QStringList lines = LinesOf(Printer());
-        const QStringList sample = lines.mid(lines.indexOf(QStringLiteral("[demo]")) + 1);
-        QCOMPARE(sample.last().trimmed(), QStringLiteral("return"));
+        const QStringList sample = lines.mid(lines.indexOf(u"[demo]"_s) + 1);
+        QCOMPARE(sample.last().trimmed(), u"return"_s);
         const QMap<QString, QStringList> routines = RoutinesOf(Printer());
         QStringList used;
         for (const QString& line : sample) {
@@ -220,15 +222,15 @@ private Q_SLOTS:
             used.append(match.captured(1));
             QVERIFY2(routines.contains(used.last()), qPrintable(line));
             const auto head = Match(R"(^(Function|Sub) \w+[ (](.*?)\)?$)", routines[used.last()].first());
-            QCOMPARE(head.captured(1), call.hasMatch() ? QStringLiteral("Sub") : QStringLiteral("Function"));
+            QCOMPARE(head.captured(1), call.hasMatch() ? u"Sub"_s : u"Function"_s);
             QCOMPARE(Split(match.captured(2), QLatin1Char(',')).size(),
                      Split(head.captured(2), QLatin1Char(',')).size());
         }
         for (const char* routine : {"PrinterDialogDC", "StartDoc", "StartPage", "Logpixelsx", "CreateFont", "CreatePen",
                                     "CreateSolidBrush", "RoundRect", "TextOut", "EndPage", "EndDoc"})
             QVERIFY2(used.contains(QLatin1String(routine)), routine);
-        QCOMPARE(used.mid(used.indexOf(QStringLiteral("EndDoc"))).count(QStringLiteral("DeleteObject")), 3);
-        QCOMPARE(used.last(), QStringLiteral("DeleteDC"));
+        QCOMPARE(used.mid(used.indexOf(u"EndDoc"_s)).count(u"DeleteObject"_s), 3);
+        QCOMPARE(used.last(), u"DeleteDC"_s);
     }
 
     void sharedRoutinesAreTheSameInBothTexts()
@@ -279,12 +281,10 @@ private Q_SLOTS:
             {"PhysicalWidth", 110}, {"PhysicalHeight", 111}, {"PhysicalOffsetx", 112}, {"PhysicalOffsety", 113}};
         const QMap<QString, QStringList> routines = RoutinesOf(Printer());
         for (const auto& [name, number] : numbers)
-            QVERIFY2(
-                routines.value(QLatin1String(name))
-                    .join(QLatin1Char(' '))
-                    .contains(
-                        QStringLiteral("hDC as ulong, %1 as long, %2 as long").arg(number).arg(QLatin1String(name))),
-                name);
+            QVERIFY2(routines.value(QLatin1String(name))
+                         .join(QLatin1Char(' '))
+                         .contains(u"hDC as ulong, %1 as long, %2 as long"_s.arg(number).arg(QLatin1String(name))),
+                     name);
     }
 
     void everyCallHasTheArgumentsOfThePublishedFunction()
@@ -293,7 +293,7 @@ private Q_SLOTS:
         for (const Section& library : PublishedFunctions) {
             const QStringList words = WordsOf(library.routines);
             for (qsizetype i = 0; i + 1 < words.size(); i += 2)
-                expected.insert(QStringLiteral("%1 %2 %3").arg(QLatin1String(library.heading), words[i], words[i + 1]));
+                expected.insert(u"%1 %2 %3"_s.arg(QLatin1String(library.heading), words[i], words[i + 1]));
         }
         const QSet<QString> found = LibraryReader(Wrapper()).published;
         QCOMPARE(QStringList((found - expected).values()).join(QLatin1String("; ")), QString());

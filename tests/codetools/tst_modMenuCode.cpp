@@ -5,6 +5,8 @@
 #include "codetools/MakerFiles.h"
 #include "platform/language/cRuntimeError.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -53,8 +55,8 @@ private Q_SLOTS:
 
     void spacesAreReplacedOneByOne()
     {
-        QCOMPARE(WithoutSpaces(QStringLiteral("  a b  c "), u'_'), QStringLiteral("__a_b__c_"));
-        QCOMPARE(WithoutSpaces(QStringLiteral("a\tb\u00A0c"), u'.'), QStringLiteral("a\tb\u00A0c"));
+        QCOMPARE(WithoutSpaces(u"  a b  c "_s, u'_'), u"__a_b__c_"_s);
+        QCOMPARE(WithoutSpaces(u"a\tb\u00A0c"_s, u'.'), u"a\tb\u00A0c"_s);
         QCOMPARE(WithoutSpaces({}, u'.'), QString());
     }
 
@@ -99,9 +101,9 @@ private Q_SLOTS:
     {
         MenuTail tail;
         for (int i = 1; i < 32'767; ++i)
-            AddMenuItem(tail, QStringLiteral("|"), {});
+            AddMenuItem(tail, u"|"_s, {});
         AddMenuItem(tail, {}, {});
-        QVERIFY(tail.list.endsWith(QStringLiteral(", \"MenuItem  32767\", [BranchLabel.32767]")));
+        QVERIFY(tail.list.endsWith(u", \"MenuItem  32767\", [BranchLabel.32767]"_s));
         const QString before = tail.list;
         int raised = 0;
         try {

@@ -4,6 +4,8 @@
 
 #include "codetools/MakerFiles.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modMessageBox : public QObject {
@@ -45,14 +47,14 @@ private Q_SLOTS:
     void emptyTextsStayEmptyUntilTheyAreFilled()
     {
         const QString code = MessageBoxCode({});
-        QCOMPARE(code.count(QStringLiteral("    \"\" as ptr, _")), 2);
+        QCOMPARE(code.count(u"    \"\" as ptr, _"_s), 2);
     }
 
     void onlyEmptyTextsAreFilled()
     {
-        const MessageBoxSpec filled = WithDefaultTexts({QStringLiteral(" "), {}, BoxIcon::Question, BoxButtons::YesNo});
-        QCOMPARE(filled.title, QStringLiteral(" "));
-        QCOMPARE(filled.message, QStringLiteral("Message text goes here!"));
+        const MessageBoxSpec filled = WithDefaultTexts({u" "_s, {}, BoxIcon::Question, BoxButtons::YesNo});
+        QCOMPARE(filled.title, u" "_s);
+        QCOMPARE(filled.message, u"Message text goes here!"_s);
         QCOMPARE(filled.icon, BoxIcon::Question);
         QCOMPARE(filled.buttons, BoxButtons::YesNo);
     }

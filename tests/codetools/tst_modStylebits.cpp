@@ -4,6 +4,8 @@
 
 #include "codetools/MakerFiles.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -12,7 +14,7 @@ QByteArray ListBytes(const QString& object, StyleKind kind)
 {
     QString text;
     for (const QString& entry : StylebitEntries(object, kind))
-        text += entry + QStringLiteral("\r\n");
+        text += entry + u"\r\n"_s;
     return BytesOf(text);
 }
 
@@ -34,8 +36,8 @@ private Q_SLOTS:
     void theObjectsAreInOrder()
     {
         QCOMPARE(StylebitObjects().join(u' '),
-                 QStringLiteral("Button Checkbox Combobox Dialog Graphicbox Groupbox Listbox Radiobutton StaticText "
-                                "Textbox Window"));
+                 u"Button Checkbox Combobox Dialog Graphicbox Groupbox Listbox Radiobutton StaticText "
+                 "Textbox Window"_s);
     }
 
     void eachObjectHasItsLists_data()
@@ -55,16 +57,16 @@ private Q_SLOTS:
 
     void theStaticBitsAreUnderAnotherSpelling()
     {
-        QCOMPARE(ListBytes(QStringLiteral("Statictext"), StyleKind::Regular), MakerBytes("stylebits/static.list"));
-        QCOMPARE(StylebitEntries(QStringLiteral("StaticText"), StyleKind::Regular).size(), 5);
-        QCOMPARE(StylebitEntries(QStringLiteral("window"), StyleKind::Regular).size(), 5);
-        QCOMPARE(StylebitEntries(QStringLiteral("dialog"), StyleKind::Extended).size(), 4);
+        QCOMPARE(ListBytes(u"Statictext"_s, StyleKind::Regular), MakerBytes("stylebits/static.list"));
+        QCOMPARE(StylebitEntries(u"StaticText"_s, StyleKind::Regular).size(), 5);
+        QCOMPARE(StylebitEntries(u"window"_s, StyleKind::Regular).size(), 5);
+        QCOMPARE(StylebitEntries(u"dialog"_s, StyleKind::Extended).size(), 4);
     }
 
     void aNameEndsAtTheFirstSpace()
     {
-        QCOMPARE(StylebitName(QStringLiteral("WS_BORDER = has border")), QStringLiteral("WS_BORDER"));
-        QCOMPARE(StylebitName(QStringLiteral("CBS_AUTOHSCROLL  = x")), QStringLiteral("CBS_AUTOHSCROLL"));
+        QCOMPARE(StylebitName(u"WS_BORDER = has border"_s), u"WS_BORDER"_s);
+        QCOMPARE(StylebitName(u"CBS_AUTOHSCROLL  = x"_s), u"CBS_AUTOHSCROLL"_s);
     }
 
     void theWholeStatementMatches_data()
@@ -102,7 +104,7 @@ private Q_SLOTS:
     void theHelpHasItsWording()
     {
         QCOMPARE(BytesOf(StylebitsHelp()), MakerBytes("stylebits/help.txt"));
-        QCOMPARE(StylebitsSyntax, QStringLiteral("stylebits #handle, AddBits, RemoveBits, AddExBits, RemoveExBits"));
+        QCOMPARE(StylebitsSyntax, u"stylebits #handle, AddBits, RemoveBits, AddExBits, RemoveExBits"_s);
     }
 };
 

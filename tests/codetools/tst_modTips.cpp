@@ -4,6 +4,8 @@
 
 #include "core/CoreBench.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modTips : public QObject {
@@ -102,10 +104,10 @@ private Q_SLOTS:
         const CoreBench bench;
         ShowTips = false;
         StoreShowTips();
-        QCOMPARE(ReadSetting(QStringLiteral("ShowTips"), QStringLiteral("none")), QStringLiteral("False"));
+        QCOMPARE(ReadSetting(u"ShowTips"_s, u"none"_s), u"False"_s);
         ShowTips = true;
         StoreShowTips();
-        QCOMPARE(ReadSetting(QStringLiteral("ShowTips"), QStringLiteral("none")), QStringLiteral("True"));
+        QCOMPARE(ReadSetting(u"ShowTips"_s, u"none"_s), u"True"_s);
     }
 };
 

@@ -7,13 +7,15 @@
 #include "platform/files/modFiles.h"
 #include "platform/language/modAnsi.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 QByteArray Golden(const char* name)
 {
-    return ReadWhole(QStringLiteral(OB_TEST_DATA "/codetools/") + QString::fromLatin1(name));
+    return ReadWhole(u"" OB_TEST_DATA "/codetools/"_s + QString::fromLatin1(name));
 }
 
 QByteArray CodeOf(const ToolbarSpec& spec)
@@ -30,40 +32,38 @@ private Q_SLOTS:
     void aNewWindowOmitsTheBlockOfItsOwnExit()
     {
         ToolbarSpec spec;
-        spec.buttons = {{QStringLiteral("[open]"), QStringLiteral("Open a file")},
-                        {QStringLiteral("[quit]"), QStringLiteral("Leave")},
-                        {QStringLiteral("[branch3]"), QStringLiteral("branch3 tooltip")}};
-        spec.bitmap = QStringLiteral("toolbar.bmp");
+        spec.buttons = {
+            {u"[open]"_s, u"Open a file"_s}, {u"[quit]"_s, u"Leave"_s}, {u"[branch3]"_s, u"branch3 tooltip"_s}};
+        spec.bitmap = u"toolbar.bmp"_s;
         QCOMPARE(CodeOf(spec), Golden("toolbar-new.bas"));
     }
 
     void textsAreInsertedUnchanged()
     {
         ToolbarSpec spec;
-        spec.buttons = {{QStringLiteral("[a]"), QStringLiteral("{i} \"quoted\" {tip}")}};
+        spec.buttons = {{u"[a]"_s, u"{i} \"quoted\" {tip}"_s}};
         spec.style = ToolbarStyle::Raised;
         spec.border = ToolbarBorder::Thick;
-        spec.program = QStringLiteral("editor.bas");
-        spec.bitmap = QStringLiteral("c:\\pictures\\bar.bmp");
+        spec.program = u"editor.bas"_s;
+        spec.bitmap = u"c:\\pictures\\bar.bmp"_s;
         QCOMPARE(CodeOf(spec), Golden("toolbar-raised.bas"));
     }
 
     void anExistingWindowGetsItsHandleAndTheExit()
     {
         ToolbarSpec spec;
-        spec.buttons = {{QStringLiteral("[open]"), QStringLiteral("\u00d6ffnen")},
-                        {QStringLiteral("[save]"), QStringLiteral("Save")}};
+        spec.buttons = {{u"[open]"_s, u"\u00d6ffnen"_s}, {u"[save]"_s, u"Save"_s}};
         spec.border = ToolbarBorder::Thin;
-        spec.program = QStringLiteral("ignored.bas");
-        spec.bitmap = QStringLiteral("C:\\bench\\\\toolbar.bmp");
-        spec.handle = QStringLiteral("#win");
+        spec.program = u"ignored.bas"_s;
+        spec.bitmap = u"C:\\bench\\\\toolbar.bmp"_s;
+        spec.handle = u"#win"_s;
         QCOMPARE(CodeOf(spec), Golden("toolbar-existing.bas"));
     }
 
     void withoutStylesTheLineIsEightSpaces()
     {
         ToolbarSpec spec;
-        spec.buttons = {{QStringLiteral("[a]"), QStringLiteral("A")}};
+        spec.buttons = {{u"[a]"_s, u"A"_s}};
         spec.style = ToolbarStyle::Raised;
         QVERIFY(CodeOf(spec).contains("TBSTYLE.WRAPABLE _\r\n        \r\n    uStructSize"));
     }
@@ -71,25 +71,25 @@ private Q_SLOTS:
     void labelsGetTheirBrackets()
     {
         const auto label = [](const char* answer) { return ToolbarBranchOf(QString::fromLatin1(answer), 7); };
-        QCOMPARE(label(""), QStringLiteral("[branch7]"));
-        QCOMPARE(label("branch7"), QStringLiteral("[branch7]"));
-        QCOMPARE(label("[open"), QStringLiteral("[open]"));
-        QCOMPARE(label("open]"), QStringLiteral("[open]"));
-        QCOMPARE(label("[open]"), QStringLiteral("[open]"));
-        QCOMPARE(label("["), QStringLiteral("[]"));
-        QCOMPARE(label(" "), QStringLiteral("[ ]"));
+        QCOMPARE(label(""), u"[branch7]"_s);
+        QCOMPARE(label("branch7"), u"[branch7]"_s);
+        QCOMPARE(label("[open"), u"[open]"_s);
+        QCOMPARE(label("open]"), u"[open]"_s);
+        QCOMPARE(label("[open]"), u"[open]"_s);
+        QCOMPARE(label("["), u"[]"_s);
+        QCOMPARE(label(" "), u"[ ]"_s);
     }
 
     void anEmptyTipIsNamedAfterItsButton()
     {
-        QCOMPARE(ToolbarTipOf({}, 12), QStringLiteral("branch12 tooltip"));
-        QCOMPARE(ToolbarTipOf(QStringLiteral("%1"), 12), QStringLiteral("%1"));
+        QCOMPARE(ToolbarTipOf({}, 12), u"branch12 tooltip"_s);
+        QCOMPARE(ToolbarTipOf(u"%1"_s, 12), u"%1"_s);
     }
 
     void handlesGetTheirNumberSign()
     {
-        QCOMPARE(WindowHandleOf(QStringLiteral("main")), std::optional(QStringLiteral("#main")));
-        QCOMPARE(WindowHandleOf(QStringLiteral("#main")), std::optional(QStringLiteral("#main")));
+        QCOMPARE(WindowHandleOf(u"main"_s), std::optional(u"#main"_s));
+        QCOMPARE(WindowHandleOf(u"#main"_s), std::optional(u"#main"_s));
         QVERIFY(!WindowHandleOf({}));
     }
 
@@ -103,10 +103,10 @@ private Q_SLOTS:
         QVERIFY(code.endsWith("    1 as boolean, result as boolean\r\n    end sub\r\n"));
         mnuToolTE_Click();
         cDocument* const first = bench.form.active;
-        QCOMPARE(first->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(first->Caption(), u"untitled.bas"_s);
         mnuToolTE_Click();
         QVERIFY(bench.form.active != first);
-        QCOMPARE(bench.form.active->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(bench.form.active->Caption(), u"untitled.bas"_s);
         QCOMPARE(FakeMainForm::Control(*bench.form.active).text, FakeMainForm::Control(*first).text);
         QCOMPARE(FakeMainForm::Control(*first).text, code);
     }

@@ -24,13 +24,15 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString OpenFilter = QStringLiteral("Images (*.bmp)(*.ico)|*.BMP;*.ICO");
-const QString SaveTitle = QStringLiteral("Save Bitmap");
-const QString SaveFilter = QStringLiteral("Bitmap (*.bmp)|*.bmp");
+const QString OpenFilter = u"Images (*.bmp)(*.ico)|*.BMP;*.ICO"_s;
+const QString SaveTitle = u"Save Bitmap"_s;
+const QString SaveFilter = u"Bitmap (*.bmp)|*.bmp"_s;
 
 template <class Kind>
 Kind* Control(const QWidget& window, const char* name)
@@ -67,12 +69,10 @@ class win_dlgToolbar : public QObject {
 
     void ExpectQuestions(const QString& number, const std::optional<QString>& branch, const std::optional<QString>& tip)
     {
-        const QString title = QStringLiteral("Toolbar Maker");
-        bench->dialogs.ExpectInput({QStringLiteral("Please type a branch label for this button.") + number, title,
-                                    QStringLiteral("branch") + number},
-                                   branch);
+        const QString title = u"Toolbar Maker"_s;
         bench->dialogs.ExpectInput(
-            {QStringLiteral("Please type a tooltip caption for this button."), title, QStringLiteral("tooltip")}, tip);
+            {u"Please type a branch label for this button."_s + number, title, u"branch"_s + number}, branch);
+        bench->dialogs.ExpectInput({u"Please type a tooltip caption for this button."_s, title, u"tooltip"_s}, tip);
     }
 
     void AddFromDisk(const QWidget& window, const QString& path, const QString& number,
@@ -86,7 +86,7 @@ class win_dlgToolbar : public QObject {
     // Answers the window that asks for the purpose of the code, which cannot be cancelled here.
     void ExpectTarget(const std::optional<QString>& handle)
     {
-        bench->ExpectModal(QStringLiteral("dlgTBOK"), [handle](QDialog& target) {
+        bench->ExpectModal(u"dlgTBOK"_s, [handle](QDialog& target) {
             if (!handle)
                 return Press(target, "CancelButton");
             if (!handle->isEmpty()) {
@@ -100,8 +100,8 @@ class win_dlgToolbar : public QObject {
     // Opens the maker from its menu item.
     void WithMaker(std::function<void(QDialog&)> script)
     {
-        bench->ExpectModal(QStringLiteral("dlgToolbar"), std::move(script));
-        bench->Choose(QStringLiteral("mnuToolbar"));
+        bench->ExpectModal(u"dlgToolbar"_s, std::move(script));
+        bench->Choose(u"mnuToolbar"_s);
         QVERIFY(bench->dialogs.Finished());
     }
 
@@ -116,16 +116,16 @@ private Q_SLOTS:
 
     void aNewWindowHasItsBitmap()
     {
-        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red, 40, 20));
-        const QString blue = Picture(QStringLiteral("blue.bmp"), Plain(Qt::blue));
-        const QString strip = bench->Path(QStringLiteral("strip.bmp"));
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red, 40, 20));
+        const QString blue = Picture(u"blue.bmp"_s, Plain(Qt::blue));
+        const QString strip = bench->Path(u"strip.bmp"_s);
         WithMaker([&](QDialog& maker) {
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("open"), QStringLiteral("Open"));
-            AddFromDisk(maker, blue, QStringLiteral("2"), std::nullopt, std::nullopt);
-            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->itemText(1), QStringLiteral("[branch2]"));
-            QCOMPARE(Control<QComboBox>(maker, "cboTips")->itemText(1), QStringLiteral("branch2 tooltip"));
+            AddFromDisk(maker, red, u"1"_s, u"open"_s, u"Open"_s);
+            AddFromDisk(maker, blue, u"2"_s, std::nullopt, std::nullopt);
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->itemText(1), u"[branch2]"_s);
+            QCOMPARE(Control<QComboBox>(maker, "cboTips")->itemText(1), u"branch2 tooltip"_s);
             QCOMPARE(Control<QLabel>(maker, "picBar")->pixmap().size(), QSize(32, 16));
-            QVERIFY(Control<QPlainTextEdit>(maker, "txtPreview")->toPlainText().contains(QStringLiteral("[open]")));
+            QVERIFY(Control<QPlainTextEdit>(maker, "txtPreview")->toPlainText().contains(u"[open]"_s));
             Control<QRadioButton>(maker, "optThick")->click();
             ExpectTarget(QString());
             bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, strip);
@@ -133,12 +133,11 @@ private Q_SLOTS:
             QVERIFY(!maker.isVisible());
         });
         ToolbarSpec spec;
-        spec.buttons = {{QStringLiteral("[open]"), QStringLiteral("Open")},
-                        {QStringLiteral("[branch2]"), QStringLiteral("branch2 tooltip")}};
+        spec.buttons = {{u"[open]"_s, u"Open"_s}, {u"[branch2]"_s, u"branch2 tooltip"_s}};
         spec.border = ToolbarBorder::Thick;
         spec.bitmap = strip;
         QCOMPARE(TestBench::Text(bench->Active()), ToolbarCode(spec).toUtf8());
-        QCOMPARE(bench->Active()->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(bench->Active()->Caption(), u"untitled.bas"_s);
 
         const QImage written(strip);
         QCOMPARE(written.format(), QImage::Format_Indexed8);
@@ -150,31 +149,31 @@ private Q_SLOTS:
     void anExistingWindowFallsBackToTheProgramsFolder()
     {
         WithMaker([&](QDialog& maker) {
-            bench->ExpectModal(QStringLiteral("dlgImage"), [](QDialog& images) { Press(images, "OKButton"); });
-            ExpectQuestions(QStringLiteral("1"), QStringLiteral("[new]"), QStringLiteral("New"));
+            bench->ExpectModal(u"dlgImage"_s, [](QDialog& images) { Press(images, "OKButton"); });
+            ExpectQuestions(u"1"_s, u"[new]"_s, u"New"_s);
             Press(maker, "cmdStandard");
-            ExpectTarget(QStringLiteral("win"));
+            ExpectTarget(u"win"_s);
             bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
             Press(maker, "OKButton");
         });
         const QByteArray code = TestBench::Text(bench->Active());
-        const QString name = QDir::toNativeSeparators(ProgramFolder()) + QStringLiteral("\\\\toolbar.bmp");
-        QVERIFY(code.contains(QStringLiteral("LoadBitmapSystemColors(\"%1\")").arg(name).toUtf8()));
+        const QString name = QDir::toNativeSeparators(ProgramFolder()) + u"\\\\toolbar.bmp"_s;
+        QVERIFY(code.contains(u"LoadBitmapSystemColors(\"%1\")"_s.arg(name).toUtf8()));
         QVERIFY(code.contains("    hMain = Hwnd(#win)"));
         QVERIFY(!code.contains("'Program saved as"));
-        QCOMPARE(QImage(bench->ProgramPath(QStringLiteral("toolbar.bmp"))).convertToFormat(QImage::Format_RGB32),
+        QCOMPARE(QImage(bench->ProgramPath(u"toolbar.bmp"_s)).convertToFormat(QImage::Format_RGB32),
                  dlgImage::StandardImage(1).convertToFormat(QImage::Format_RGB32));
     }
 
     void aNewWindowNeedsANameForTheBitmap()
     {
-        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            AddFromDisk(maker, red, u"1"_s, u"a"_s, u"A"_s);
             ExpectTarget(QString());
             bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
-            bench->dialogs.ExpectMessage(QStringLiteral("You must choose a name for the toolbar bitmap."),
-                                         BoxAnswer::Ok, BoxIcon::Exclamation);
+            bench->dialogs.ExpectMessage(u"You must choose a name for the toolbar bitmap."_s, BoxAnswer::Ok,
+                                         BoxIcon::Exclamation);
             Press(maker, "OKButton");
             QVERIFY(maker.isVisible());
             QVERIFY(bench->Active() == nullptr);
@@ -184,13 +183,13 @@ private Q_SLOTS:
 
     void aBitmapThatCannotBeSavedGivesNoListing()
     {
-        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
-            for (const QString& place : {bench->Path(QStringLiteral("nowhere/strip.bmp")), bench->Path({})}) {
+            AddFromDisk(maker, red, u"1"_s, u"a"_s, u"A"_s);
+            for (const QString& place : {bench->Path(u"nowhere/strip.bmp"_s), bench->Path({})}) {
                 ExpectTarget(QString());
                 bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, place);
-                bench->dialogs.ExpectMessage(QStringLiteral("Error saving bitmap."));
+                bench->dialogs.ExpectMessage(u"Error saving bitmap."_s);
                 Press(maker, "OKButton");
                 QVERIFY(maker.isVisible());
             }
@@ -202,12 +201,12 @@ private Q_SLOTS:
 #ifdef Q_OS_LINUX
     void aFullDiskLeavesTheOldBitmap()
     {
-        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            AddFromDisk(maker, red, u"1"_s, u"a"_s, u"A"_s);
             ExpectTarget(QString());
-            bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, QStringLiteral("/dev/full"));
-            bench->dialogs.ExpectMessage(QStringLiteral("Error saving bitmap."));
+            bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, u"/dev/full"_s);
+            bench->dialogs.ExpectMessage(u"Error saving bitmap."_s);
             Press(maker, "OKButton");
             Press(maker, "CancelButton");
         });
@@ -217,9 +216,9 @@ private Q_SLOTS:
     // Enter presses the button with the focus, or otherwise the one that creates the code.
     void enterOnCancelLeaves()
     {
-        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            AddFromDisk(maker, red, u"1"_s, u"a"_s, u"A"_s);
             auto* cancel = Control<QPushButton>(maker, "CancelButton");
             cancel->setFocus();
             QTest::keyClick(cancel, Qt::Key_Return);
@@ -241,10 +240,10 @@ private Q_SLOTS:
 
     void theHandleIsRequestedUntilItIsValid()
     {
-        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
-            bench->ExpectModal(QStringLiteral("dlgTBOK"), [this](QDialog& target) {
+            AddFromDisk(maker, red, u"1"_s, u"a"_s, u"A"_s);
+            bench->ExpectModal(u"dlgTBOK"_s, [this](QDialog& target) {
                 QVERIFY(!Control<QLineEdit>(target, "txtHandle")->isEnabled());
                 Control<QRadioButton>(target, "optAdd1")->click();
                 QVERIFY(Control<QLineEdit>(target, "txtHandle")->isEnabled());
@@ -261,24 +260,24 @@ private Q_SLOTS:
 
     void theLastButtonCanBeRemoved()
     {
-        const QString red = Picture(QStringLiteral("red.bmp"), Plain(Qt::red));
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
         WithMaker([&](QDialog& maker) {
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("a"), QStringLiteral("A"));
+            AddFromDisk(maker, red, u"1"_s, u"a"_s, u"A"_s);
             Press(maker, "cmdRemove");
             QCOMPARE(Control<QComboBox>(maker, "cboBranch")->count(), 0);
             QVERIFY(Control<QPlainTextEdit>(maker, "txtPreview")->toPlainText().isEmpty());
-            AddFromDisk(maker, red, QStringLiteral("1"), QStringLiteral("b"), QStringLiteral("B"));
-            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->itemText(0), QStringLiteral("[b]"));
+            AddFromDisk(maker, red, u"1"_s, u"b"_s, u"B"_s);
+            QCOMPARE(Control<QComboBox>(maker, "cboBranch")->itemText(0), u"[b]"_s);
             Press(maker, "CancelButton");
         });
     }
 
     void aFileThatIsNotAPictureIsReportedAndAddsNoButton()
     {
-        const QString junk = bench->Write(QStringLiteral("junk.bmp"), "BMjunk");
+        const QString junk = bench->Write(u"junk.bmp"_s, "BMjunk");
         WithMaker([&](QDialog& maker) {
             bench->dialogs.ExpectFile(FilePurpose::Open, {}, OpenFilter, junk);
-            bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '481':\nInvalid picture"));
+            bench->dialogs.ExpectMessage(u"Run-time error '481':\nInvalid picture"_s);
             Press(maker, "cmdAdd");
             QCOMPARE(Control<QComboBox>(maker, "cboBranch")->count(), 0);
             bench->dialogs.ExpectFile(FilePurpose::Open, {}, OpenFilter, {});
@@ -294,7 +293,7 @@ private Q_SLOTS:
         QVERIFY(count >= 24);
         dlgImage images;
         const auto* place = Control<QLabel>(images, "lblPlace");
-        QCOMPARE(place->text(), QStringLiteral("1 of %1").arg(count));
+        QCOMPARE(place->text(), u"1 of %1"_s.arg(count));
         Press(images, "cmdNext0");
         QCOMPARE(ToolImageIndex, count);
         Press(images, "cmdNext1");
@@ -315,8 +314,7 @@ private Q_SLOTS:
     void leavingTheSetAddsNoButton()
     {
         WithMaker([&](QDialog& maker) {
-            bench->ExpectModal(QStringLiteral("dlgImage"),
-                               [](QDialog& images) { QTest::keyClick(&images, Qt::Key_Escape); });
+            bench->ExpectModal(u"dlgImage"_s, [](QDialog& images) { QTest::keyClick(&images, Qt::Key_Escape); });
             Press(maker, "cmdStandard");
             QCOMPARE(Control<QComboBox>(maker, "cboBranch")->count(), 0);
             Press(maker, "CancelButton");
@@ -351,7 +349,7 @@ private Q_SLOTS:
         QImage icon(16, 16, QImage::Format_ARGB32);
         icon.fill(Qt::transparent);
         icon.setPixel(3, 4, qRgb(255, 0, 0));
-        const QString path = Picture(QStringLiteral("a.ico"), icon);
+        const QString path = Picture(u"a.ico"_s, icon);
         const QImage button = ToolbarPicture(path);
         QCOMPARE(button.pixel(0, 0), qRgb(192, 192, 192));
         QCOMPARE(button.pixel(3, 4), qRgb(255, 0, 0));

@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -17,8 +19,8 @@ struct ArrayBench {
     ArrayBench()
     {
         bench.Start();
-        QApplication::clipboard()->setText(QStringLiteral("before"));
-        bench.Choose(QStringLiteral("mnuToolArray"));
+        QApplication::clipboard()->setText(u"before"_s);
+        bench.Choose(u"mnuToolArray"_s);
         maker = OpenWindow<frmArray>();
     }
     ~ArrayBench() { delete maker; }
@@ -66,11 +68,11 @@ void win_frmArray::theWindowStartsWithItsDefaults()
 void win_frmArray::itemsBecomeCodeOnTheClipboard()
 {
     ArrayBench b;
-    Fill(*b.maker, "Text1", QStringLiteral("days"));
-    b.Add(QStringLiteral("Mon"));
+    Fill(*b.maker, "Text1", u"days"_s);
+    b.Add(u"Mon"_s);
     QCOMPARE(Find<QLineEdit>(*b.maker, "Text2")->text(), QString());
     QVERIFY(Find<QLineEdit>(*b.maker, "Text2")->hasFocus());
-    b.Add(QStringLiteral("Tue"));
+    b.Add(u"Tue"_s);
     b.ExpectCopied();
     Press(*b.maker, "OKButton");
     QVERIFY(b.bench.dialogs.Finished());
@@ -81,7 +83,7 @@ void win_frmArray::itemsBecomeCodeOnTheClipboard()
 void win_frmArray::enterAddsTheItem()
 {
     ArrayBench b;
-    Fill(*b.maker, "Text1", QStringLiteral("days"));
+    Fill(*b.maker, "Text1", u"days"_s);
     for (const char* day : {"Mon", "Tue"}) {
         Fill(*b.maker, "Text2", QString::fromLatin1(day));
         QTest::keyClick(Find<QLineEdit>(*b.maker, "Text2"), Qt::Key_Return);
@@ -93,12 +95,12 @@ void win_frmArray::thePreviewIsWhatIsCopied()
 {
     ArrayBench b;
     QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/no-items.bas")));
-    Fill(*b.maker, "Text1", QStringLiteral("days$(x"));
-    b.Add(QStringLiteral("Mon"));
-    b.Add(QStringLiteral("Tue"));
+    Fill(*b.maker, "Text1", u"days$(x"_s);
+    b.Add(u"Mon"_s);
+    b.Add(u"Tue"_s);
     QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/string-both.bas")));
     Press(*b.maker, "optNumeric");
-    QVERIFY(Previewed(*b.maker).contains(QStringLiteral("    days$(2) = Tue\n")));
+    QVERIFY(Previewed(*b.maker).contains(u"    days$(2) = Tue\n"_s));
     Press(*b.maker, "optString");
     QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/string-both.bas")));
 }
@@ -107,7 +109,7 @@ void win_frmArray::numbersAreWithoutQuotes()
 {
     ArrayBench b;
     Press(*b.maker, "optNumeric");
-    Fill(*b.maker, "Text1", QStringLiteral("total"));
+    Fill(*b.maker, "Text1", u"total"_s);
     for (const char* item : {"1", "-2.5", "x + 1"})
         b.Add(QString::fromLatin1(item));
     b.ExpectCopied();
@@ -122,8 +124,8 @@ void win_frmArray::withoutItemsTheQuestionDecides()
     Press(*b.maker, "OKButton");
     QVERIFY(b.bench.dialogs.Finished());
     QVERIFY(b.maker->isVisible());
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
-    QCOMPARE(Find<QLineEdit>(*b.maker, "Text1")->text(), QStringLiteral("Array$"));
+    QCOMPARE(OnClipboard(), u"before"_s);
+    QCOMPARE(Find<QLineEdit>(*b.maker, "Text1")->text(), u"Array$"_s);
     b.bench.dialogs.ExpectMessage(NoArrayItemsText, BoxAnswer::Yes, BoxIcon::Critical, BoxButtons::YesNo);
     b.ExpectCopied();
     Press(*b.maker, "OKButton");
@@ -135,7 +137,7 @@ void win_frmArray::withoutItemsTheQuestionDecides()
 void win_frmArray::anEmptyItemIsAnItemAndABarSplitsOne()
 {
     ArrayBench b;
-    Fill(*b.maker, "Text1", QStringLiteral("a$"));
+    Fill(*b.maker, "Text1", u"a$"_s);
     for (const char* item : {"left|right", "", "|"})
         b.Add(QString::fromLatin1(item));
     b.ExpectCopied();
@@ -146,9 +148,9 @@ void win_frmArray::anEmptyItemIsAnItemAndABarSplitsOne()
 void win_frmArray::aBusyClipboardKeepsTheWindowOpen()
 {
     ArrayBench b;
-    Fill(*b.maker, "Text1", QStringLiteral("days"));
-    b.Add(QStringLiteral("Mon"));
-    b.Add(QStringLiteral("Tue"));
+    Fill(*b.maker, "Text1", u"days"_s);
+    b.Add(u"Mon"_s);
+    b.Add(u"Tue"_s);
     {
         const TakenClipboard taken;
         b.bench.dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
@@ -156,7 +158,7 @@ void win_frmArray::aBusyClipboardKeepsTheWindowOpen()
     }
     QVERIFY(b.bench.dialogs.Finished());
     QVERIFY(b.maker->isVisible());
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(OnClipboard(), u"before"_s);
     b.ExpectCopied();
     Press(*b.maker, "OKButton");
     QCOMPARE(OnClipboard(), MakerText("array/days.bas"));
@@ -166,26 +168,26 @@ void win_frmArray::cancelAndEscapeCopyNothing()
 {
     for (const bool byKey : {false, true}) {
         ArrayBench b;
-        b.Add(QStringLiteral("Mon"));
+        b.Add(u"Mon"_s);
         if (byKey)
             QTest::keyClick(b.maker, Qt::Key_Escape);
         else
             Press(*b.maker, "CancelButton");
         QTRY_VERIFY(b.maker.isNull());
-        QCOMPARE(OnClipboard(), QStringLiteral("before"));
+        QCOMPARE(OnClipboard(), u"before"_s);
     }
 }
 
 void win_frmArray::theWindowStartsEmptyEachTime()
 {
     ArrayBench b;
-    b.Add(QStringLiteral("Mon"));
-    b.bench.Choose(QStringLiteral("mnuToolArray"));
+    b.Add(u"Mon"_s);
+    b.bench.Choose(u"mnuToolArray"_s);
     QCOMPARE(OpenWindow<frmArray>(), b.maker.data());
-    QVERIFY(Previewed(*b.maker).contains(QStringLiteral("Mon")));
+    QVERIFY(Previewed(*b.maker).contains(u"Mon"_s));
     Press(*b.maker, "CancelButton");
     QTRY_VERIFY(b.maker.isNull());
-    b.bench.Choose(QStringLiteral("mnuToolArray"));
+    b.bench.Choose(u"mnuToolArray"_s);
     b.maker = OpenWindow<frmArray>();
     QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/no-items.bas")));
 }
@@ -195,7 +197,7 @@ void win_frmArray::tabFollowsTheReadingOrder()
     const ArrayBench b;
     QVERIFY(QTest::qWaitForWindowActive(b.maker));
     QCOMPARE(TabOrder(*b.maker, "Text1").join(u' '),
-             QStringLiteral("Text1 Text2 cmdAdd optString codePreview OKButton CancelButton"));
+             u"Text1 Text2 cmdAdd optString codePreview OKButton CancelButton"_s);
 }
 
 OB_BENCH_TEST(win_frmArray)

@@ -12,16 +12,18 @@
 #include <QPushButton>
 #include <QTextBlock>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class win_frmKey : public QObject {
     Q_OBJECT
 
 private:
-    QString Key() const { return window->findChild<QLabel*>(QStringLiteral("lblKey"))->text(); }
-    QString Ascii() const { return window->findChild<QLineEdit*>(QStringLiteral("txtAscii"))->text(); }
-    QPlainTextEdit* Codes() const { return window->findChild<QPlainTextEdit*>(QStringLiteral("txtCodes")); }
-    QPushButton* Done() const { return window->findChild<QPushButton*>(QStringLiteral("cmdDone")); }
+    QString Key() const { return window->findChild<QLabel*>(u"lblKey"_s)->text(); }
+    QString Ascii() const { return window->findChild<QLineEdit*>(u"txtAscii"_s)->text(); }
+    QPlainTextEdit* Codes() const { return window->findChild<QPlainTextEdit*>(u"txtCodes"_s); }
+    QPushButton* Done() const { return window->findChild<QPushButton*>(u"cmdDone"_s); }
 
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
@@ -41,7 +43,7 @@ private Q_SLOTS:
 
     void theTableIsShown()
     {
-        QCOMPARE(Codes()->toPlainText(), KeyCodeText().replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+        QCOMPARE(Codes()->toPlainText(), KeyCodeText().replace(u"\r\n"_s, u"\n"_s));
         QVERIFY(Codes()->isReadOnly());
         QVERIFY(Key().isEmpty() && Ascii().isEmpty());
     }
@@ -49,33 +51,33 @@ private Q_SLOTS:
     void aCharacterKeyShowsItsCharacterInBothPlaces()
     {
         QTest::keyClick(window->focusWidget(), 'a');
-        QCOMPARE(Key(), QStringLiteral("a   97"));
-        QCOMPARE(Ascii(), QStringLiteral("a   97"));
+        QCOMPARE(Key(), u"a   97"_s);
+        QCOMPARE(Ascii(), u"a   97"_s);
     }
 
     void otherKeysShowTheirCodeAndLeaveTheLastCharacter()
     {
         QTest::keyClick(window->focusWidget(), 'a');
         Press(Qt::Key_F5, Qt::ShiftModifier);
-        QCOMPARE(Key(), QStringLiteral("Shift  116"));
-        QCOMPARE(Ascii(), QStringLiteral("a   97"));
+        QCOMPARE(Key(), u"Shift  116"_s);
+        QCOMPARE(Ascii(), u"a   97"_s);
         Press(Qt::Key_Left);
-        QCOMPARE(Key(), QStringLiteral("37"));
+        QCOMPARE(Key(), u"37"_s);
         Press(Qt::Key_Control);
-        QCOMPARE(Key(), QStringLiteral("Ctrl  17"));
+        QCOMPARE(Key(), u"Ctrl  17"_s);
     }
 
     void tabEnterAndEscapeAreOrdinaryKeys()
     {
         QWidget* field = window->focusWidget();
         Press(Qt::Key_Tab);
-        QCOMPARE(Key(), QStringLiteral("\t   9"));
+        QCOMPARE(Key(), u"\t   9"_s);
         Press(Qt::Key_Backtab, Qt::ShiftModifier);
-        QCOMPARE(Key(), QStringLiteral("\t   9"));
+        QCOMPARE(Key(), u"\t   9"_s);
         Press(Qt::Key_Return);
-        QCOMPARE(Key(), QStringLiteral("\r   13"));
+        QCOMPARE(Key(), u"\r   13"_s);
         Press(Qt::Key_Escape);
-        QCOMPARE(Key(), QStringLiteral("\u001b   27"));
+        QCOMPARE(Key(), u"\u001b   27"_s);
         QVERIFY(window->isVisible());
         QCOMPARE(window->focusWidget(), field);
     }
@@ -84,29 +86,29 @@ private Q_SLOTS:
     {
         QTest::keyClick(window->focusWidget(), 'a');
         QTest::keyClick(window->focusWidget(), 'b');
-        QCOMPARE(Ascii(), QStringLiteral("b   98"));
+        QCOMPARE(Ascii(), u"b   98"_s);
         Press(Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(Ascii(), QStringLiteral("\u0016   22"));
+        QCOMPARE(Ascii(), u"\u0016   22"_s);
     }
 
     void theTableMarksTheLineOfTheKey()
     {
         Press(Qt::Key_F12);
-        QCOMPARE(Codes()->textCursor().selectedText(), QStringLiteral("VK_F12        123  F12 key"));
+        QCOMPARE(Codes()->textCursor().selectedText(), u"VK_F12        123  F12 key"_s);
         QTest::keyClick(window->focusWidget(), 'q');
-        QCOMPARE(Codes()->textCursor().selectedText(), QStringLiteral("VK_Q          81   Q key"));
+        QCOMPARE(Codes()->textCursor().selectedText(), u"VK_Q          81   Q key"_s);
     }
 
     void altLettersLeaveTheField()
     {
         Press(Qt::Key_T, Qt::AltModifier);
         QCOMPARE(window->focusWidget(), Codes());
-        QCOMPARE(Key(), QStringLiteral("Alt  84"));
+        QCOMPARE(Key(), u"Alt  84"_s);
         Press(Qt::Key_Tab);
         QCOMPARE(window->focusWidget(), Done());
         QVERIFY(window->isVisible());
         Press(Qt::Key_P, Qt::AltModifier);
-        QCOMPARE(window->focusWidget()->objectName(), QStringLiteral("txtAscii"));
+        QCOMPARE(window->focusWidget()->objectName(), u"txtAscii"_s);
         Press(Qt::Key_D, Qt::AltModifier);
         QTRY_VERIFY(!window->isVisible());
     }
@@ -115,10 +117,10 @@ private Q_SLOTS:
     {
         Codes()->setFocus();
         Press(Qt::Key_Down);
-        QCOMPARE(Key(), QStringLiteral("40"));
+        QCOMPARE(Key(), u"40"_s);
         QCOMPARE(Codes()->textCursor().blockNumber(), 1);
         Press(Qt::Key_Escape);
-        QCOMPARE(Key(), QStringLiteral("\u001b   27"));
+        QCOMPARE(Key(), u"\u001b   27"_s);
         QVERIFY(!window->isVisible());
     }
 
@@ -131,8 +133,7 @@ private Q_SLOTS:
     void theMenuItemShowsItModally()
     {
         TestBench bench;
-        bench.ExpectModal(QStringLiteral("frmKey"),
-                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdDone"))->click(); });
+        bench.ExpectModal(u"frmKey"_s, [](QDialog& dialog) { dialog.findChild<QPushButton*>(u"cmdDone"_s)->click(); });
         mnuToolKeyCode_Click();
     }
 };

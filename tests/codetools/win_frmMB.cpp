@@ -7,6 +7,8 @@
 
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -18,9 +20,9 @@ public:
 
     void Play(const std::function<void(QDialog&)>& script)
     {
-        QApplication::clipboard()->setText(QStringLiteral("before"));
-        bench.ExpectModal(QStringLiteral("frmMB"), script);
-        bench.Choose(QStringLiteral("mnuToolMB"));
+        QApplication::clipboard()->setText(u"before"_s);
+        bench.ExpectModal(u"frmMB"_s, script);
+        bench.Choose(u"mnuToolMB"_s);
     }
 
     void ExpectCopied() { bench.dialogs.ExpectMessage(MessageBoxCopiedText, BoxAnswer::Ok, BoxIcon::None); }
@@ -61,7 +63,7 @@ void win_frmMB::theWindowStartsWithItsDefaults()
         QVERIFY(maker.isModal());
         Press(maker, "cmdCancel");
     });
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(OnClipboard(), u"before"_s);
 }
 
 void win_frmMB::createGeneratesTheCodeAndCopyCopiesIt()
@@ -69,8 +71,8 @@ void win_frmMB::createGeneratesTheCodeAndCopyCopiesIt()
     MakerScript s;
     s.ExpectCopied();
     s.Play([](QDialog& maker) {
-        Fill(maker, "txtTitle", QStringLiteral("My \"title\""));
-        Fill(maker, "txtMessage", QStringLiteral("Save \"it\"?"));
+        Fill(maker, "txtTitle", u"My \"title\""_s);
+        Fill(maker, "txtMessage", u"Save \"it\"?"_s);
         Press(maker, "optQuestion");
         Press(maker, "optOK3");
         Press(maker, "cmdCreate");
@@ -102,8 +104,8 @@ void win_frmMB::everyChoiceChangesThePreviewAtOnce()
         chosen("optOK4", "_MB_RETRYCANCEL");
         chosen("optOK5", "_MB_ABORTRETRYIGNORE");
         chosen("optOK0", "_MB_OK");
-        Fill(maker, "txtTitle", QStringLiteral("Halt"));
-        Fill(maker, "txtMessage", QStringLiteral("Stop?"));
+        Fill(maker, "txtTitle", u"Halt"_s);
+        Fill(maker, "txtMessage", u"Stop?"_s);
         Press(maker, "optCritical");
         Press(maker, "optOK1");
         QCOMPARE(Previewed(maker), WithLineFeeds(MakerText("messagebox/critical-okcancel.bas")));
@@ -121,10 +123,10 @@ void win_frmMB::onlyCreateFillsTheFieldsAndTheCode()
         QCOMPARE(Find<QLineEdit>(maker, "txtMessage")->text(), QString());
         QCOMPARE(Code(maker), QString());
         Press(maker, "cmdCreate");
-        QCOMPARE(Find<QLineEdit>(maker, "txtTitle")->text(), QStringLiteral("Information"));
-        QCOMPARE(Find<QLineEdit>(maker, "txtMessage")->text(), QStringLiteral("Message text goes here!"));
+        QCOMPARE(Find<QLineEdit>(maker, "txtTitle")->text(), u"Information"_s);
+        QCOMPARE(Find<QLineEdit>(maker, "txtMessage")->text(), u"Message text goes here!"_s);
         QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
-        Fill(maker, "txtTitle", QStringLiteral("Later"));
+        Fill(maker, "txtTitle", u"Later"_s);
         QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
         Press(maker, "cmdCancel");
     });
@@ -159,11 +161,10 @@ void win_frmMB::previewShowsTheBoxItself()
     QFETCH(BoxButtons, boxButtons);
     QFETCH(BoxAnswer, answer);
     MakerScript s;
-    s.bench.dialogs.ExpectMessage(QStringLiteral("<b>& \"really\"?"), answer, boxIcon, boxButtons,
-                                  QStringLiteral("A title"));
+    s.bench.dialogs.ExpectMessage(u"<b>& \"really\"?"_s, answer, boxIcon, boxButtons, u"A title"_s);
     s.Play([&](QDialog& maker) {
-        Fill(maker, "txtTitle", QStringLiteral("A title"));
-        Fill(maker, "txtMessage", QStringLiteral("<b>& \"really\"?"));
+        Fill(maker, "txtTitle", u"A title"_s);
+        Fill(maker, "txtMessage", u"<b>& \"really\"?"_s);
         Press(maker, icon);
         Press(maker, buttons);
         Press(maker, "cmdTest");
@@ -171,7 +172,7 @@ void win_frmMB::previewShowsTheBoxItself()
         Press(maker, "cmdCancel");
     });
     QVERIFY(s.bench.dialogs.Finished());
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(OnClipboard(), u"before"_s);
 }
 
 void win_frmMB::copyBeforeCreateCopiesAnEmptyText()
@@ -191,11 +192,11 @@ void win_frmMB::editedCodeIsCopiedUnchanged()
         Press(maker, "cmdCreate");
         auto* code = Find<QPlainTextEdit>(maker, "txtCode");
         code->moveCursor(QTextCursor::Start);
-        QTest::keyClicks(code, QStringLiteral("'mine"));
+        QTest::keyClicks(code, u"'mine"_s);
         QTest::keyClick(code, Qt::Key_Return);
         Press(maker, "cmdCopy");
     });
-    QCOMPARE(OnClipboard(), QStringLiteral("'mine\r\n") + MakerText("messagebox/defaults.bas"));
+    QCOMPARE(OnClipboard(), u"'mine\r\n"_s + MakerText("messagebox/defaults.bas"));
 }
 
 void win_frmMB::aBusyClipboardKeepsTheWindowOpen()
@@ -210,7 +211,7 @@ void win_frmMB::aBusyClipboardKeepsTheWindowOpen()
             Press(maker, "cmdCopy");
         }
         QVERIFY(maker.isVisible());
-        QCOMPARE(OnClipboard(), QStringLiteral("before"));
+        QCOMPARE(OnClipboard(), u"before"_s);
         Press(maker, "cmdCopy");
     });
     QVERIFY(s.bench.dialogs.Finished());
@@ -234,8 +235,8 @@ void win_frmMB::tabFollowsTheReadingOrder()
     s.Play([](QDialog& maker) {
         QTRY_COMPARE(QApplication::activeWindow(), &maker);
         QCOMPARE(TabOrder(maker, "txtTitle").join(u' '),
-                 QStringLiteral("txtTitle txtMessage optNone optOK0 txtCode codePreview cmdCreate cmdTest cmdCopy "
-                                "cmdCancel"));
+                 u"txtTitle txtMessage optNone optOK0 txtCode codePreview cmdCreate cmdTest cmdCopy "
+                 "cmdCancel"_s);
         Press(maker, "cmdCancel");
     });
 }

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -18,8 +20,8 @@ struct MenuBench {
     MenuBench()
     {
         bench.Start();
-        QApplication::clipboard()->setText(QStringLiteral("before"));
-        bench.Choose(QStringLiteral("mnuMaker"));
+        QApplication::clipboard()->setText(u"before"_s);
+        bench.Choose(u"mnuMaker"_s);
         maker = OpenWindow<frmMenuMaker>();
     }
     ~MenuBench() { delete maker; }
@@ -75,7 +77,7 @@ void win_frmMenuMaker::theWindowStartsWithItsDefaults()
 void win_frmMenuMaker::itemsBecomeAStatementOnTheClipboard()
 {
     MenuBench b;
-    Fill(*b.maker, "Text1", QStringLiteral("File"));
+    Fill(*b.maker, "Text1", u"File"_s);
     b.Add("Open", "[open]");
     QCOMPARE(b.Field("Text2"), QString());
     QCOMPARE(b.Field("Text3"), QString());
@@ -91,10 +93,10 @@ void win_frmMenuMaker::thePreviewIsTheStatementSoFar()
     MenuBench b;
     QCOMPARE(Previewed(*b.maker), MakerText("menu/no-items.txt"));
     Press(*b.maker, "cmdAdd");
-    QCOMPARE(Previewed(*b.maker), QStringLiteral("Menu #main, \"Menu Name\", \"Item Name\", [BranchLabel]"));
-    Fill(*b.maker, "Text1", QStringLiteral("Edit"));
-    Fill(*b.maker, "Text4", QStringLiteral("my window"));
-    QCOMPARE(Previewed(*b.maker), QStringLiteral("Menu #my_window, \"Edit\", \"Item Name\", [BranchLabel]"));
+    QCOMPARE(Previewed(*b.maker), u"Menu #main, \"Menu Name\", \"Item Name\", [BranchLabel]"_s);
+    Fill(*b.maker, "Text1", u"Edit"_s);
+    Fill(*b.maker, "Text4", u"my window"_s);
+    QCOMPARE(Previewed(*b.maker), u"Menu #my_window, \"Edit\", \"Item Name\", [BranchLabel]"_s);
 }
 
 void win_frmMenuMaker::aPopupMenuHasNoHandle()
@@ -119,8 +121,8 @@ void win_frmMenuMaker::aPopupMenuHasNoHandle()
 void win_frmMenuMaker::emptyFieldsGetNumberedNames()
 {
     MenuBench b;
-    Fill(*b.maker, "Text1", QStringLiteral(" File "));
-    Fill(*b.maker, "Text4", QStringLiteral("  "));
+    Fill(*b.maker, "Text1", u" File "_s);
+    Fill(*b.maker, "Text4", u"  "_s);
     b.Add("", "");
     b.Add("|", "");
     b.Add("  ", " three ");
@@ -132,7 +134,7 @@ void win_frmMenuMaker::emptyFieldsGetNumberedNames()
 void win_frmMenuMaker::labelsAreCompleted()
 {
     MenuBench b;
-    Fill(*b.maker, "Text1", QStringLiteral("M"));
+    Fill(*b.maker, "Text1", u"M"_s);
     b.Add("a", "[a b]");
     b.Add("b", "my item");
     b.Add("c", "[open");
@@ -150,7 +152,7 @@ void win_frmMenuMaker::enterAddsTheItem()
 {
     MenuBench b;
     QTest::keyClick(Find<QLineEdit>(*b.maker, "Text3"), Qt::Key_Return);
-    QVERIFY(Previewed(*b.maker).endsWith(QStringLiteral(", \"Item Name\", [BranchLabel]")));
+    QVERIFY(Previewed(*b.maker).endsWith(u", \"Item Name\", [BranchLabel]"_s));
     QVERIFY(b.maker->isVisible());
 }
 
@@ -164,7 +166,7 @@ void win_frmMenuMaker::aBusyClipboardKeepsTheWindowOpen()
     }
     QVERIFY(b.bench.dialogs.Finished());
     QVERIFY(b.maker->isVisible());
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(OnClipboard(), u"before"_s);
     b.Copy();
     QCOMPARE(OnClipboard(), MakerText("menu/no-items.txt"));
 }
@@ -179,7 +181,7 @@ void win_frmMenuMaker::cancelAndEscapeCopyNothing()
         else
             Press(*b.maker, "cmdCancel");
         QTRY_VERIFY(b.maker.isNull());
-        QCOMPARE(OnClipboard(), QStringLiteral("before"));
+        QCOMPARE(OnClipboard(), u"before"_s);
     }
 }
 
@@ -188,7 +190,7 @@ void win_frmMenuMaker::tabFollowsTheReadingOrder()
     const MenuBench b;
     QVERIFY(QTest::qWaitForWindowActive(b.maker));
     QCOMPARE(TabOrder(*b.maker, "Text1").join(u' '),
-             QStringLiteral("Text1 Text4 optType0 Text2 Text3 cmdAdd codePreview cmdCopy cmdCancel"));
+             u"Text1 Text4 optType0 Text2 Text3 cmdAdd codePreview cmdCopy cmdCancel"_s);
 }
 
 OB_BENCH_TEST(win_frmMenuMaker)

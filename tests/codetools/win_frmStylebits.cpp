@@ -11,6 +11,8 @@
 #include <QListWidget>
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -22,15 +24,15 @@ public:
 
     void Play(const std::function<void(QDialog&)>& script)
     {
-        QApplication::clipboard()->setText(QStringLiteral("before"));
-        bench.ExpectModal(QStringLiteral("frmStylebits"), script);
-        bench.Choose(QStringLiteral("mnuToolStylebit"));
+        QApplication::clipboard()->setText(u"before"_s);
+        bench.ExpectModal(u"frmStylebits"_s, script);
+        bench.Choose(u"mnuToolStylebit"_s);
     }
 
     void ExpectCopied(BoxAnswer answer)
     {
         bench.dialogs.ExpectMessage(StylebitsCopiedText, answer, BoxIcon::None, BoxButtons::OkCancel,
-                                    QStringLiteral("Copied to Clipboard"));
+                                    u"Copied to Clipboard"_s);
     }
 
     TestBench bench;
@@ -45,7 +47,7 @@ QByteArray ListBytes(const QDialog& wizard)
 {
     QString text;
     for (int row = 0; row < Bits(wizard)->count(); ++row)
-        text += Bits(wizard)->item(row)->text() + QStringLiteral("\r\n");
+        text += Bits(wizard)->item(row)->text() + u"\r\n"_s;
     return BytesOf(text);
 }
 
@@ -97,7 +99,7 @@ void win_frmStylebits::theWindowStartsWithItsDefaults()
 {
     WizardScript s;
     s.Play([](QDialog& wizard) {
-        QCOMPARE(Find<QComboBox>(wizard, "cboObject")->currentText(), QStringLiteral("Button"));
+        QCOMPARE(Find<QComboBox>(wizard, "cboObject")->currentText(), u"Button"_s);
         QCOMPARE(Find<QComboBox>(wizard, "cboObject")->count(), 11);
         QVERIFY(Find<QRadioButton>(wizard, "optAdd")->isChecked());
         QVERIFY(!Find<QCheckBox>(wizard, "chkEx")->isChecked());
@@ -105,7 +107,7 @@ void win_frmStylebits::theWindowStartsWithItsDefaults()
         QCOMPARE(ListBytes(wizard), MakerBytes("stylebits/Button.list"));
         Press(wizard, "cmdCancel");
     });
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(OnClipboard(), u"before"_s);
 }
 
 void win_frmStylebits::eachObjectShowsItsBits()
@@ -212,8 +214,7 @@ void win_frmStylebits::cancelInTheMessageStays()
 void win_frmStylebits::withoutBitsThereIsAMessage()
 {
     WizardScript s;
-    s.bench.dialogs.ExpectMessage(NoStylebitsText, BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok,
-                                  QStringLiteral("Error."));
+    s.bench.dialogs.ExpectMessage(NoStylebitsText, BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok, u"Error."_s);
     s.Play([](QDialog& wizard) {
         Tick(wizard, {0});
         Tick(wizard, {0});
@@ -222,7 +223,7 @@ void win_frmStylebits::withoutBitsThereIsAMessage()
         Press(wizard, "cmdCancel");
     });
     QVERIFY(s.bench.dialogs.Finished());
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(OnClipboard(), u"before"_s);
 }
 
 void win_frmStylebits::aBusyClipboardKeepsTheWindowOpen()
@@ -238,7 +239,7 @@ void win_frmStylebits::aBusyClipboardKeepsTheWindowOpen()
         Press(wizard, "cmdCancel");
     });
     QVERIFY(s.bench.dialogs.Finished());
-    QCOMPARE(OnClipboard(), QStringLiteral("before"));
+    QCOMPARE(OnClipboard(), u"before"_s);
 }
 
 void win_frmStylebits::theMouseChecksToo()
@@ -249,7 +250,7 @@ void win_frmStylebits::theMouseChecksToo()
         QTest::mouseClick(Bits(wizard)->viewport(), Qt::LeftButton, {},
                           QPoint(row.left() + row.height() / 2, row.center().y()));
         QCOMPARE(Bits(wizard)->item(2)->checkState(), Qt::Checked);
-        QCOMPARE(Previewed(wizard), QStringLiteral("stylebits #handle.ext, _BS_TOP, 0, 0, 0"));
+        QCOMPARE(Previewed(wizard), u"stylebits #handle.ext, _BS_TOP, 0, 0, 0"_s);
         Press(wizard, "cmdCancel");
     });
 }
@@ -258,7 +259,7 @@ void win_frmStylebits::helpShowsTheInstructions()
 {
     WizardScript s;
     s.Play([&](QDialog& wizard) {
-        s.bench.ExpectModal(QStringLiteral("dlgStylebitsHelp"), [](QDialog& help) {
+        s.bench.ExpectModal(u"dlgStylebitsHelp"_s, [](QDialog& help) {
             const auto* syntax = Find<QLabel>(help, "lblSyntax");
             QCOMPARE(syntax->text(), StylebitsSyntax);
             QVERIFY(QFontInfo(syntax->font()).fixedPitch());
@@ -294,7 +295,7 @@ void win_frmStylebits::tabFollowsTheReadingOrder()
     s.Play([](QDialog& wizard) {
         QTRY_COMPARE(QApplication::activeWindow(), &wizard);
         QCOMPARE(TabOrder(wizard, "cboObject").join(u' '),
-                 QStringLiteral("cboObject chkEx optAdd lstBits codePreview cmdCopy cmdHelp cmdCancel"));
+                 u"cboObject chkEx optAdd lstBits codePreview cmdCopy cmdHelp cmdCancel"_s);
         Press(wizard, "cmdCancel");
     });
 }

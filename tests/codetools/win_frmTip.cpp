@@ -14,13 +14,15 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 QString Shown(const QDialog& tip)
 {
-    return tip.findChild<QLabel*>(QStringLiteral("lblTipText"))->text();
+    return tip.findChild<QLabel*>(u"lblTipText"_s)->text();
 }
 
 QPushButton* Button(const QDialog& tip, const char* name)
@@ -30,12 +32,12 @@ QPushButton* Button(const QDialog& tip, const char* name)
 
 QCheckBox* Switch(const QDialog& tip)
 {
-    return tip.findChild<QCheckBox*>(QStringLiteral("chkLoadTipsAtStartup"));
+    return tip.findChild<QCheckBox*>(u"chkLoadTipsAtStartup"_s);
 }
 
 QString Stored()
 {
-    return ReadSetting(QStringLiteral("ShowTips"), QStringLiteral("never stored"));
+    return ReadSetting(u"ShowTips"_s, u"never stored"_s);
 }
 
 QList<frmTip*> OpenTips()
@@ -78,12 +80,12 @@ private Q_SLOTS:
         frmTip tip(nullptr);
         tip.show();
         QVERIFY(Switch(tip)->isChecked());
-        WriteSetting(QStringLiteral("ShowTips"), QStringLiteral("untouched"));
+        WriteSetting(u"ShowTips"_s, u"untouched"_s);
         Switch(tip)->click();
-        QCOMPARE(Stored(), QStringLiteral("False"));
+        QCOMPARE(Stored(), u"False"_s);
         QVERIFY(!ShowTips);
         Switch(tip)->click();
-        QCOMPARE(Stored(), QStringLiteral("True"));
+        QCOMPARE(Stored(), u"True"_s);
         QVERIFY(ShowTips);
         tip.close();
     }
@@ -126,7 +128,7 @@ private Q_SLOTS:
             tip.close();
         }
         QVERIFY(!tip.isVisible());
-        QCOMPARE(Stored(), QStringLiteral("False"));
+        QCOMPARE(Stored(), u"False"_s);
     }
 
     void theMenuItemShowsOneTipWindowBesideTheFrame()
@@ -145,7 +147,7 @@ private Q_SLOTS:
     void itCanBeShownModallyAsAtTheStart()
     {
         TestBench bench;
-        bench.ExpectModal(QStringLiteral("frmTip"), [](QDialog& tip) { Button(tip, "cmdOK")->click(); });
+        bench.ExpectModal(u"frmTip"_s, [](QDialog& tip) { Button(tip, "cmdOK")->click(); });
         ShowToolModally<frmTip>();
     }
 };

@@ -6,6 +6,8 @@
 
 #include "core/CoreBench.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -55,37 +57,37 @@ private Q_SLOTS:
         QByteArray bytes(size, 'x');
         if (size > 1999)
             bytes[1999] = 'y';
-        const QString preview = CodePreview(bench.Put(QStringLiteral("a.bas"), bytes));
+        const QString preview = CodePreview(bench.Put(u"a.bas"_s, bytes));
         QCOMPARE(preview, QString::fromLatin1(bytes.first(shown)));
     }
 
     void thePreviewIsReadInTheCodePage()
     {
         const CoreBench bench;
-        QCOMPARE(CodePreview(bench.Put(QStringLiteral("a.bas"), "gr\xFC\xDF"
-                                                                "e \x80\r\n")),
-                 QStringLiteral("gr\u00fc\u00dfe \u20ac\r\n"));
+        QCOMPARE(CodePreview(bench.Put(u"a.bas"_s, "gr\xFC\xDF"
+                                                   "e \x80\r\n")),
+                 u"gr\u00fc\u00dfe \u20ac\r\n"_s);
     }
 
     void anExploredFileGoesToANewWindowAndNotToTheRecentList()
     {
         CoreBench bench;
-        RecentFiles.fill(QStringLiteral("untitled"));
-        const QString path = bench.Put(QStringLiteral("game.bas"), "print 1\r\n");
+        RecentFiles.fill(u"untitled"_s);
+        const QString path = bench.Put(u"game.bas"_s, "print 1\r\n");
         OpenExploredFile(path);
         QCOMPARE(FakeMainForm::Control(*bench.form.active).text, QByteArray("print 1"));
         QCOMPARE(bench.form.active->Caption(), path);
-        QVERIFY(bench.form.status.startsWith(QStringLiteral("game.bas  Size: 9 KB   Last Modified: ")));
-        QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
+        QVERIFY(bench.form.status.startsWith(u"game.bas  Size: 9 KB   Last Modified: "_s));
+        QCOMPARE(RecentFiles[0], u"untitled"_s);
         QCOMPARE(RecentCount, 0);
     }
 
     void aFileThatVanishedIsReported()
     {
         CoreBench bench;
-        bench.dialogs.ExpectMessage(QStringLiteral("File does not exist or is corrupt."), BoxAnswer::Ok,
-                                    BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
-        QCOMPARE(RaisedBy([] { OpenExploredFile(QStringLiteral("/nowhere/gone.bas")); }),
+        bench.dialogs.ExpectMessage(u"File does not exist or is corrupt."_s, BoxAnswer::Ok, BoxIcon::Critical,
+                                    BoxButtons::Ok, u"Error"_s);
+        QCOMPARE(RaisedBy([] { OpenExploredFile(u"/nowhere/gone.bas"_s); }),
                  static_cast<int>(ErrorNumber::FileNotFound));
         QVERIFY(bench.dialogs.Finished());
     }
@@ -94,7 +96,7 @@ private Q_SLOTS:
     {
         CoreBench bench;
         bench.form.hasEditLibrary = false;
-        OpenExploredFile(bench.Put(QStringLiteral("game.bas"), "print 1\r\n"));
+        OpenExploredFile(bench.Put(u"game.bas"_s, "print 1\r\n"));
         QVERIFY(bench.form.status.isEmpty());
     }
 };

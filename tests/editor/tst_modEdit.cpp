@@ -10,6 +10,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -212,8 +214,7 @@ private Q_SLOTS:
     void anErrorMidwayIsReported()
     {
         ScriptedDialogs dialogs;
-        dialogs.ExpectMessage(QStringLiteral("Error in Syntax Helper, no help available."), BoxAnswer::Ok,
-                              BoxIcon::None);
+        dialogs.ExpectMessage(u"Error in Syntax Helper, no help available."_s, BoxAnswer::Ok, BoxIcon::None);
         BrokenControl control("beep");
         QVERIFY(!Show(control, 4, 4));
     }

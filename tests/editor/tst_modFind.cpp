@@ -10,6 +10,8 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -132,8 +134,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("find");
         QTest::addColumn<QString>("replace");
         QTest::addColumn<QStringList>("messages");
-        const QString noText = QStringLiteral("No text specified!");
-        const QString noReplacement = QStringLiteral("No replacement text specified!");
+        const QString noText = u"No text specified!"_s;
+        const QString noReplacement = u"No replacement text specified!"_s;
         QTest::newRow("both filled") << "a"
                                      << "b" << QStringList();
         QTest::newRow("no text") << ""
@@ -189,13 +191,13 @@ private Q_SLOTS:
     {
         QFETCH(int, refusal);
         CoreBench bench;
-        cDocument& document = bench.Open(QStringLiteral("a.bas"));
+        cDocument& document = bench.Open(u"a.bas"_s);
         FullSci full{FullSci::Refusal(refusal)};
         document.sci = &full;
-        bench.dialogs.ExpectMessage(QStringLiteral("Confirm each replacement?"), BoxAnswer::No, BoxIcon::Question,
-                                    BoxButtons::YesNo, QStringLiteral("Confirm?"));
-        bench.dialogs.ExpectMessage(QStringLiteral("Error Replacing Text!"), BoxAnswer::Ok, BoxIcon::None);
-        ReplaceAllText(document, QStringLiteral("foo"), QStringLiteral("bar"));
+        bench.dialogs.ExpectMessage(u"Confirm each replacement?"_s, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNo,
+                                    u"Confirm?"_s);
+        bench.dialogs.ExpectMessage(u"Error Replacing Text!"_s, BoxAnswer::Ok, BoxIcon::None);
+        ReplaceAllText(document, u"foo"_s, u"bar"_s);
         QCOMPARE(full.messages.count(SCI_BEGINUNDOACTION), 1);
         QCOMPARE(full.messages.count(SCI_ENDUNDOACTION), 1);
         QCOMPARE(full.messages.count(SCI_REPLACETARGET), 1);

@@ -5,6 +5,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -200,7 +202,7 @@ private Q_SLOTS:
         QElapsedTimer timer;
         timer.start();
         const std::size_t found = LabelIndex(text).size();
-        QVERIFY2(timer.elapsed() < 20'000, qPrintable(QStringLiteral("%1 ms").arg(timer.elapsed())));
+        QVERIFY2(timer.elapsed() < 20'000, qPrintable(u"%1 ms"_s.arg(timer.elapsed())));
         QCOMPARE(found, std::size_t{lines});
     }
 };

@@ -11,18 +11,20 @@
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 struct Pdf {
     QTemporaryDir folder;
-    QString path = folder.filePath(QStringLiteral("out.pdf"));
+    QString path = folder.filePath(u"out.pdf"_s);
 
     // Returns the number of pages.
     int Print(const QString& text, int tabSize = 4) const
     {
-        const auto job = StartPdf(path, QStringLiteral("game.bas"));
+        const auto job = StartPdf(path, u"game.bas"_s);
         cPlainPages pages(text, *job, tabSize);
         int count = 1;
         for (; pages.FillPage() == PageEnd::MoreToCome; ++count)
@@ -36,7 +38,7 @@ QStringList NumberedLines(int count)
 {
     QStringList lines;
     for (int i = 1; i <= count; ++i)
-        lines.append(QStringLiteral("print \"line %1\"").arg(i));
+        lines.append(u"print \"line %1\""_s.arg(i));
     return lines;
 }
 
@@ -65,9 +67,9 @@ private Q_SLOTS:
 void tst_modPlainPages::allLinesArePrintedInOrder_data()
 {
     QTest::addColumn<QString>("lineEnd");
-    QTest::newRow("CR LF") << QStringLiteral("\r\n");
-    QTest::newRow("LF") << QStringLiteral("\n");
-    QTest::newRow("CR") << QStringLiteral("\r");
+    QTest::newRow("CR LF") << u"\r\n"_s;
+    QTest::newRow("LF") << u"\n"_s;
+    QTest::newRow("CR") << u"\r"_s;
 }
 
 void tst_modPlainPages::allLinesArePrintedInOrder()
@@ -77,7 +79,7 @@ void tst_modPlainPages::allLinesArePrintedInOrder()
     const Pdf pdf;
     const int pages = pdf.Print(lines.join(lineEnd) + lineEnd);
     QVERIFY(pages > 2);
-    QCOMPARE(PdfField(pdf.path, QStringLiteral("Pages")), QString::number(pages));
+    QCOMPARE(PdfField(pdf.path, u"Pages"_s), QString::number(pages));
     QCOMPARE(LinesOf(pdf.path), lines);
     for (const QStringList& page : PagesOf(pdf.path))
         QVERIFY(!page.isEmpty());
@@ -94,29 +96,29 @@ void tst_modPlainPages::firstLineOfTheFirstPageIsEmpty()
 void tst_modPlainPages::emptyLinesAtTheEndNeedNoPage()
 {
     const Pdf pdf;
-    QCOMPARE(pdf.Print(QStringLiteral("end\r\n") + QStringLiteral("\r\n").repeated(500)), 1);
+    QCOMPARE(pdf.Print(u"end\r\n"_s + u"\r\n"_s.repeated(500)), 1);
 }
 
 void tst_modPlainPages::emptyLinesInTheMiddleAreKept()
 {
     const Pdf pdf;
-    const int pages = pdf.Print(QStringLiteral("cls") + QStringLiteral("\r\n").repeated(150) + QStringLiteral("end"));
+    const int pages = pdf.Print(u"cls"_s + u"\r\n"_s.repeated(150) + u"end"_s);
     QVERIFY(pages > 1);
-    QCOMPARE(PagesOf(pdf.path).first(), QStringList{QStringLiteral("cls")});
-    QCOMPARE(PagesOf(pdf.path).last(), QStringList{QStringLiteral("end")});
+    QCOMPARE(PagesOf(pdf.path).first(), QStringList{u"cls"_s});
+    QCOMPARE(PagesOf(pdf.path).last(), QStringList{u"end"_s});
 }
 
 void tst_modPlainPages::longLineIsWrapped()
 {
     QStringList words;
     for (int i = 1000; i < 1100; ++i)
-        words.append(QStringLiteral("word%1").arg(i));
+        words.append(u"word%1"_s.arg(i));
     const Pdf pdf;
-    pdf.Print(words.join(QLatin1Char(' ')) + QStringLiteral("\r\nend"));
+    pdf.Print(words.join(QLatin1Char(' ')) + u"\r\nend"_s);
     const QStringList lines = LinesOf(pdf.path);
     QVERIFY(lines.size() > 5);
-    QCOMPARE(lines.last(), QStringLiteral("end"));
-    QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + QStringLiteral(" end"));
+    QCOMPARE(lines.last(), u"end"_s);
+    QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + u" end"_s);
 }
 
 void tst_modPlainPages::endlessLineIsPrintedWhole()
@@ -139,9 +141,8 @@ void tst_modPlainPages::endlessLineIsPrintedWhole()
 void tst_modPlainPages::tabsReachTheirColumns()
 {
     const Pdf pdf;
-    pdf.Print(QStringLiteral("\tx\r\nab\tx\r\n    x\r\n"));
-    const QByteArray words =
-        OutputOf(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf.path, QStringLiteral("-")});
+    pdf.Print(u"\tx\r\nab\tx\r\n    x\r\n"_s);
+    const QByteArray words = OutputOf(u"pdftotext"_s, {u"-bbox"_s, pdf.path, u"-"_s});
     QList<QByteArray> places;
     for (const QByteArray& line : words.split('\n'))
         if (line.contains(">x<"))
@@ -163,23 +164,23 @@ void tst_modPlainPages::emptyTextIsOneEmptyPage()
 {
     const Pdf pdf;
     QCOMPARE(pdf.Print({}), 1);
-    QCOMPARE(PdfField(pdf.path, QStringLiteral("Pages")), QStringLiteral("1"));
+    QCOMPARE(PdfField(pdf.path, u"Pages"_s), u"1"_s);
     QVERIFY(LinesOf(pdf.path).isEmpty());
 }
 
 void tst_modPlainPages::titleIsInTheFile()
 {
     const Pdf pdf;
-    pdf.Print(QStringLiteral("end"));
-    QCOMPARE(PdfField(pdf.path, QStringLiteral("Title")), QStringLiteral("game.bas"));
-    QVERIFY(PdfField(pdf.path, QStringLiteral("Creator")).startsWith(QStringLiteral("Orchard Bench ")));
+    pdf.Print(u"end"_s);
+    QCOMPARE(PdfField(pdf.path, u"Title"_s), u"game.bas"_s);
+    QVERIFY(PdfField(pdf.path, u"Creator"_s).startsWith(u"Orchard Bench "_s));
 }
 
 void tst_modPlainPages::fontsAreInTheFile()
 {
     const Pdf pdf;
-    pdf.Print(QStringLiteral("end"));
-    const QList<QByteArray> table = OutputOf(QStringLiteral("pdffonts"), {pdf.path}).trimmed().split('\n');
+    pdf.Print(u"end"_s);
+    const QList<QByteArray> table = OutputOf(u"pdffonts"_s, {pdf.path}).trimmed().split('\n');
     QVERIFY(table.size() > 2);
     // The column "emb" shows whether a font is embedded in the file.
     const qsizetype column = table[0].indexOf("emb");
@@ -194,23 +195,23 @@ void tst_modPlainPages::droppedJobLeavesTheOldFile()
     QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
     old.close();
     {
-        const auto job = StartPdf(pdf.path, QStringLiteral("game.bas"));
-        cPlainPages(QStringLiteral("end"), *job, 4).FillPage();
+        const auto job = StartPdf(pdf.path, u"game.bas"_s);
+        cPlainPages(u"end"_s, *job, 4).FillPage();
         job->NewPage();
     }
     QVERIFY(old.open(QIODevice::ReadOnly));
     QCOMPARE(old.readAll(), QByteArray("old"));
-    QCOMPARE(QDir(pdf.folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("out.pdf")});
+    QCOMPARE(QDir(pdf.folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"out.pdf"_s});
 }
 
 void tst_modPlainPages::fileThatCannotBeWrittenRaises()
 {
     const Pdf pdf;
     const auto write = [&](const QString& path) {
-        const auto job = StartPdf(path, QStringLiteral("game.bas"));
+        const auto job = StartPdf(path, u"game.bas"_s);
         job->End([](const SendingPlace&) { return SendingRequest::GoOn; });
     };
-    QVERIFY_EXCEPTION_THROWN(write(pdf.folder.filePath(QStringLiteral("gone/out.pdf"))), RuntimeError);
+    QVERIFY_EXCEPTION_THROWN(write(pdf.folder.filePath(u"gone/out.pdf"_s)), RuntimeError);
     QVERIFY_EXCEPTION_THROWN(write(pdf.folder.path()), RuntimeError);
     QVERIFY(QDir(pdf.folder.path()).isEmpty());
 }

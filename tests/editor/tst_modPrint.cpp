@@ -7,17 +7,18 @@
 
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Question =
-    QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
-                   "on your system, then select 'No'.");
+const QString Question = u"Would you like to print in color?  If all pages do not print properly in color "
+                         "on your system, then select 'No'."_s;
 
 // The core with one code window whose control is simulated.
 struct Bench : CoreBench {
-    explicit Bench(const QByteArray& text = {}, const QString& caption = QStringLiteral("/home/me/game.bas"))
+    explicit Bench(const QByteArray& text = {}, const QString& caption = u"/home/me/game.bas"_s)
         : document(Open(caption))
     {
         sci.text = text;
@@ -95,7 +96,7 @@ void tst_modPrint::withoutACodeWindowAMessageIsShown()
     CoreBench bench;
     FakePrinting printing;
     CountingWatch watch;
-    bench.dialogs.ExpectMessage(QStringLiteral("No code window is active!"));
+    bench.dialogs.ExpectMessage(u"No code window is active!"_s);
     PrintActiveDocument(printing, watch);
     QVERIFY(printing.log.isEmpty());
 }
@@ -152,7 +153,7 @@ void tst_modPrint::formatterGetsTheWholePageAndBothDevices()
     }
     QCOMPARE(record.chrg.cpMin, 5);
     QCOMPARE(record.chrg.cpMax, 45);
-    QCOMPARE(bench.printing.log, QStringList{QStringLiteral("end")});
+    QCOMPARE(bench.printing.log, QStringList{u"end"_s});
 }
 
 void tst_modPrint::colorGoesPageByPage()
@@ -162,7 +163,7 @@ void tst_modPrint::colorGoesPageByPage()
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QCOMPARE(Starts(bench.sci), (QList<long>{0, 100, 200}));
-    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), QStringLiteral("page page end"));
+    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), u"page page end"_s);
     QCOMPARE(bench.watch.places.size(), 2);
     QCOMPARE(bench.watch.places.last().page, 3);
     QCOMPARE(bench.watch.places.last().done, 200);
@@ -188,7 +189,7 @@ void tst_modPrint::withoutASelectionTheLastPageIsEmpty()
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QCOMPARE(Starts(bench.sci), (QList<long>{0, 100}));
-    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), QStringLiteral("page page end"));
+    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), u"page page end"_s);
 }
 
 void tst_modPrint::rangeThatEndsBelowTenGivesAnEmptyPage()
@@ -198,7 +199,7 @@ void tst_modPrint::rangeThatEndsBelowTenGivesAnEmptyPage()
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QVERIFY(bench.sci.orders.isEmpty());
-    QCOMPARE(bench.printing.log, QStringList{QStringLiteral("end")});
+    QCOMPARE(bench.printing.log, QStringList{u"end"_s});
 }
 
 void tst_modPrint::caretAtTheEndGivesAnEmptyPage()
@@ -208,7 +209,7 @@ void tst_modPrint::caretAtTheEndGivesAnEmptyPage()
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QVERIFY(bench.sci.orders.isEmpty());
-    QCOMPARE(bench.printing.log, QStringList{QStringLiteral("end")});
+    QCOMPARE(bench.printing.log, QStringList{u"end"_s});
 }
 
 void tst_modPrint::paperWithoutRoomForALineEnds()
@@ -252,7 +253,7 @@ void tst_modPrint::stopEndsTheJobUnsent()
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Stopped);
     QCOMPARE(bench.sci.orders.size(), 3);
-    QVERIFY(!bench.printing.log.contains(QStringLiteral("end")));
+    QVERIFY(!bench.printing.log.contains(u"end"_s));
 }
 
 void tst_modPrint::closedWindowEndsTheJobUnsent()
@@ -262,7 +263,7 @@ void tst_modPrint::closedWindowEndsTheJobUnsent()
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Stopped);
     QCOMPARE(bench.sci.orders.size(), 1);
-    QVERIFY(!bench.printing.log.contains(QStringLiteral("end")));
+    QVERIFY(!bench.printing.log.contains(u"end"_s));
 }
 
 void tst_modPrint::plainSelectionStaysSelected()
@@ -296,14 +297,14 @@ void tst_modPrint::plainGoesPageByPage()
         QCOMPARE(bench.watch.places[i].all, bench.sci.text.size());
         QVERIFY(bench.watch.places[i].done > (i == 0 ? 0 : bench.watch.places[i - 1].done));
     }
-    QCOMPARE(bench.printing.log.count(QStringLiteral("page")), bench.watch.places.size());
+    QCOMPARE(bench.printing.log.count(u"page"_s), bench.watch.places.size());
 
     bench.printing.log.clear();
     bench.watch.places.clear();
     bench.watch.allowed = 1;
     bench.sci.Select(0, 0);
     QVERIFY(bench.Plain(job) == PrintEnd::Stopped);
-    QVERIFY(!bench.printing.log.contains(QStringLiteral("end")));
+    QVERIFY(!bench.printing.log.contains(u"end"_s));
 }
 
 void tst_modPrint::emptyTextPrintsAnEmptyPage_data()
@@ -320,7 +321,7 @@ void tst_modPrint::emptyTextPrintsAnEmptyPage()
     bench.ExpectQuestion(answer);
     PrintActiveDocument(bench.printing, bench.watch);
     QVERIFY(bench.sci.orders.isEmpty());
-    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), QStringLiteral("start game.bas end"));
+    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), u"start game.bas end"_s);
 }
 
 void tst_modPrint::defaultPrinterGetsTheFilesName()
@@ -328,8 +329,8 @@ void tst_modPrint::defaultPrinterGetsTheFilesName()
     Bench bench("print 1\r\nprint 2\r\n");
     bench.ExpectQuestion(BoxAnswer::Yes);
     PrintActiveDocument(bench.printing, bench.watch);
-    QCOMPARE(bench.printing.log.first(), QStringLiteral("start game.bas"));
-    QCOMPARE(bench.printing.log.last(), QStringLiteral("end"));
+    QCOMPARE(bench.printing.log.first(), u"start game.bas"_s);
+    QCOMPARE(bench.printing.log.last(), u"end"_s);
 }
 
 void tst_modPrint::printerThatRejectsJobsIsNotReported()
@@ -355,7 +356,7 @@ void tst_modPrint::printerErrorIsNotReported()
         bench.printing.prepare = [&](FakeJob& job) { (failsAtTheEnd ? job.end : job.newPage) = PrinterState::Failed; };
         bench.ExpectQuestion(answer);
         PrintActiveDocument(bench.printing, bench.watch);
-        QCOMPARE(bench.printing.log.last(), failsAtTheEnd ? QStringLiteral("end") : QStringLiteral("page"));
+        QCOMPARE(bench.printing.log.last(), failsAtTheEnd ? u"end"_s : u"page"_s);
         // The text stays selected: only a successful print clears the selection.
         if (answer == BoxAnswer::No)
             QCOMPARE(bench.sci.caret, bench.sci.text.size());
@@ -380,10 +381,9 @@ void tst_modPrint::noPrinterAsksForAPdf()
 {
     Bench bench("print 1\r\nprint 2\r\n");
     bench.printing.hasPrinter = false;
-    const QString path = bench.Path(QStringLiteral("out.pdf"));
+    const QString path = bench.Path(u"out.pdf"_s);
     bench.ExpectQuestion(BoxAnswer::No);
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Print to PDF"), QStringLiteral("PDF (*.pdf)|*.pdf"),
-                             path);
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Print to PDF"_s, u"PDF (*.pdf)|*.pdf"_s, path);
     PrintActiveDocument(bench.printing, bench.watch);
     QVERIFY(CoreBench::Get(path).startsWith("%PDF-"));
     QVERIFY(bench.printing.log.isEmpty());
@@ -394,8 +394,7 @@ void tst_modPrint::pdfNameCanBeDeclined()
     Bench bench("print 1\r\nprint 2\r\n");
     bench.printing.hasPrinter = false;
     bench.ExpectQuestion(BoxAnswer::No);
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Print to PDF"), QStringLiteral("PDF (*.pdf)|*.pdf"),
-                             {});
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Print to PDF"_s, u"PDF (*.pdf)|*.pdf"_s, {});
     PrintActiveDocument(bench.printing, bench.watch);
     QVERIFY(!bench.sci.messages.contains(SCI_SETSEL));
 }

@@ -4,8 +4,11 @@
 
 #include "core/CoreBench.h"
 #include "platform/files/FileTrouble.h"
+#include "shell/state/modNames.h"
 
 #include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
 
 using namespace ob;
 
@@ -23,7 +26,7 @@ constexpr char DefaultLibrary[] = "[Add your snippets!]\r\n"
                                   "    'place your own snippet here!\r\n"
                                   "RETURN\r\n";
 
-const QString LibraryMissingText = QStringLiteral("Snippets.bas not found!");
+const QString LibraryMissingText = u"Snippets.bas not found!"_s;
 
 QByteArray LoadedText(const FakeMainForm& form)
 {
@@ -38,13 +41,10 @@ class tst_modSnippets : public QObject {
     std::unique_ptr<CoreBench> bench;
 
     QString Folder() const { return bench->ProgramPath({}).chopped(1); }
-    QString Snippet(const char* name) const
-    {
-        return bench->ProgramPath(QStringLiteral("snippets/") + QString::fromUtf8(name));
-    }
+    QString Snippet(const char* name) const { return bench->ProgramPath(u"snippets/"_s + QString::fromUtf8(name)); }
     QByteArray PutAndGet(const QString& text) const
     {
-        const QString path = bench->Path(QStringLiteral("x.snip"));
+        const QString path = bench->Path(u"x.snip"_s);
         return SaveSnippet(path, text) == SnippetSave::Written ? CoreBench::Get(path) : QByteArray("(declined)");
     }
 
@@ -57,7 +57,7 @@ private Q_SLOTS:
     void aMissingLibraryIsWrittenAndOpened()
     {
         mnuToolSnippet_Click();
-        const QString path = bench->ProgramPath(QStringLiteral("snippets.bas"));
+        const QString path = bench->ProgramPath(u"snippets.bas"_s);
         QCOMPARE(CoreBench::Get(path), QByteArray(DefaultLibrary));
         const cDocument* document = bench->form.active;
         QVERIFY(document != nullptr);
@@ -68,7 +68,7 @@ private Q_SLOTS:
 
     void theUsersLibraryStaysAsItIs()
     {
-        const QString path = bench->ProgramPath(QStringLiteral("snippets.bas"));
+        const QString path = bench->ProgramPath(u"snippets.bas"_s);
         CoreBench::PutFile(path, "'mine \xE9\r\n");
         EnsureSnippetFile(Folder());
         QCOMPARE(CoreBench::Get(path), QByteArray("'mine \xE9\r\n"));
@@ -80,7 +80,7 @@ private Q_SLOTS:
 
     void aLibraryThatCannotBeCreatedIsReported()
     {
-        QDir().mkdir(bench->ProgramPath(QStringLiteral("snippets.bas")));
+        QDir().mkdir(bench->ProgramPath(u"snippets.bas"_s));
         bench->dialogs.ExpectMessage(LibraryMissingText);
         mnuToolSnippet_Click();
         QVERIFY(bench->form.active == nullptr);
@@ -89,7 +89,7 @@ private Q_SLOTS:
 
     void aLibraryOfOneByteIsAnError()
     {
-        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("snippets.bas")), "x");
+        CoreBench::PutFile(bench->ProgramPath(u"snippets.bas"_s), "x");
         QCOMPARE(RaisedBy(mnuToolSnippet_Click), 5);
     }
 
@@ -99,9 +99,8 @@ private Q_SLOTS:
     {
         EnsureSnippetFolder(Folder());
         QCOMPARE(SnippetNames(SnippetsPath(Folder())),
-                 QStringLiteral("center_dialog.snip center_window.snip custom_cursor.snip password_textbox.snip "
-                                "play_midi.snip text_linewrap.snip")
-                     .split(QLatin1Char(' ')));
+                 u"center_dialog.snip center_window.snip custom_cursor.snip password_textbox.snip "
+                 "play_midi.snip text_linewrap.snip"_s.split(QLatin1Char(' ')));
     }
 
     void theDefaultsHaveTheirContents_data()
@@ -145,7 +144,7 @@ private Q_SLOTS:
         CoreBench::PutFile(SnippetsPath(Folder()), "x");
         QCOMPARE(RaisedBy([this] { EnsureSnippetFolder(Folder()); }), 75);
         QCOMPARE(CoreBench::Get(SnippetsPath(Folder())), QByteArray("x"));
-        QCOMPARE(RaisedBy([this] { EnsureSnippetFolder(bench->Path(QStringLiteral("gone"))); }), 76);
+        QCOMPARE(RaisedBy([this] { EnsureSnippetFolder(bench->Path(u"gone"_s)); }), 76);
     }
 
 #ifdef Q_OS_UNIX
@@ -163,7 +162,7 @@ private Q_SLOTS:
     void aReadOnlyFolderIsAnError()
     {
         const QString folder = bench->Path({}).chopped(1);
-        bench->Put(QStringLiteral("a.snip"), "old\r\n");
+        bench->Put(u"a.snip"_s, "old\r\n");
         // Everything above the folder must be accessible to the plain user.
         QVERIFY(QFile::setPermissions(QFileInfo(folder).path(), QFile::Permissions(0x7777)));
         QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x5555)));
@@ -171,10 +170,10 @@ private Q_SLOTS:
             const PlainUser user;
             QCOMPARE(RaisedBy([&] { EnsureSnippetFolder(folder); }), 75);
             QCOMPARE(RaisedBy([&] { EnsureSnippetFile(folder); }), 75);
-            QCOMPARE(RaisedBy([&] { SaveSnippet(folder + QStringLiteral("/b.snip"), {}); }), 75);
-            QCOMPARE(RaisedBy([&] { DeleteSnippet(folder + QStringLiteral("/a.snip")); }), 75);
+            QCOMPARE(RaisedBy([&] { SaveSnippet(folder + u"/b.snip"_s, {}); }), 75);
+            QCOMPARE(RaisedBy([&] { DeleteSnippet(folder + u"/a.snip"_s); }), 75);
         }
-        QCOMPARE(CoreBench::Get(bench->Path(QStringLiteral("a.snip"))), QByteArray("old\r\n"));
+        QCOMPARE(CoreBench::Get(bench->Path(u"a.snip"_s)), QByteArray("old\r\n"));
         QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7777)));
     }
 #endif
@@ -183,17 +182,16 @@ private Q_SLOTS:
     {
         for (const char* name : {"b.snip", "A.SNIP", "c.snip.bak", "d", ".snip", "e\\f.Snip", "snip"})
             bench->Put(QString::fromUtf8(name), "x\r\n");
-        QDir().mkdir(bench->Path(QStringLiteral("folder.snip")));
-        QCOMPARE(SnippetNames(bench->Path({})),
-                 (QStringList{QStringLiteral("A.SNIP"), QStringLiteral("b.snip"), QStringLiteral("e\\f.Snip")}));
-        QVERIFY(SnippetNames(bench->Path(QStringLiteral("gone"))).isEmpty());
+        QDir().mkdir(bench->Path(u"folder.snip"_s));
+        QCOMPARE(SnippetNames(bench->Path({})), (QStringList{u"A.SNIP"_s, u"b.snip"_s, u"e\\f.Snip"_s}));
+        QVERIFY(SnippetNames(bench->Path(u"gone"_s)).isEmpty());
     }
 
     void tenThousandSnippetsAreListedAtOnce()
     {
         constexpr int count = 10'000;
         for (int i = 0; i < count; ++i)
-            bench->Put(QStringLiteral("s%1.snip").arg(i), {});
+            bench->Put(u"s%1.snip"_s.arg(i), {});
         QElapsedTimer timer;
         timer.start();
         const QStringList names = SnippetNames(bench->Path({}));
@@ -209,8 +207,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("text");
-        QTest::newRow("line end") << QByteArray("print 1\r\n") << QStringLiteral("print 1");
-        QTest::newRow("no line end") << QByteArray("print 1") << QStringLiteral("print");
+        QTest::newRow("line end") << QByteArray("print 1\r\n") << u"print 1"_s;
+        QTest::newRow("no line end") << QByteArray("print 1") << u"print"_s;
         QTest::newRow("two bytes") << QByteArray("\r\n") << QString();
         QTest::newRow("one byte") << QByteArray("x") << QString();
         QTest::newRow("no byte") << QByteArray() << QString();
@@ -220,27 +218,27 @@ private Q_SLOTS:
     void aSnippetLosesItsLastTwoBytes()
     {
         QFETCH(QByteArray, file);
-        QTEST(SnippetText(bench->Put(QStringLiteral("x.snip"), file)), "text");
+        QTEST(SnippetText(bench->Put(u"x.snip"_s, file)), "text");
     }
 
     void whatCannotBeReadIsAnError()
     {
-        QCOMPARE(RaisedBy([this] { SnippetText(bench->Path(QStringLiteral("gone.snip"))); }), 53);
+        QCOMPARE(RaisedBy([this] { SnippetText(bench->Path(u"gone.snip"_s)); }), 53);
         QCOMPARE(RaisedBy([this] { SnippetText(bench->Path({})); }), 75);
     }
 
     void aSaveAddsOneLineEnd()
     {
-        QCOMPARE(PutAndGet(QStringLiteral("a\nb")), QByteArray("a\r\nb\r\n"));
-        QCOMPARE(PutAndGet(QStringLiteral("a\r\n")), QByteArray("a\r\n\r\n"));
+        QCOMPARE(PutAndGet(u"a\nb"_s), QByteArray("a\r\nb\r\n"));
+        QCOMPARE(PutAndGet(u"a\r\n"_s), QByteArray("a\r\n\r\n"));
         QCOMPARE(PutAndGet({}), QByteArray("\r\n"));
         QCOMPARE(PutAndGet(QString::fromUtf8("é€\u00A0")), QByteArray("\xE9\x80\xA0\r\n"));
     }
 
     void aSavedSnippetReadsTheSame()
     {
-        const QString text = QStringLiteral("print 1\r\n\r\n  'end ");
-        const QString path = bench->Path(QStringLiteral("x.snip"));
+        const QString text = u"print 1\r\n\r\n  'end "_s;
+        const QString path = bench->Path(u"x.snip"_s);
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(SaveSnippet(path, i == 0 ? text : SnippetText(path)), SnippetSave::Written);
             QCOMPARE(SnippetText(path), text);
@@ -249,10 +247,9 @@ private Q_SLOTS:
 
     void aCharacterThatCannotBeStoredRaisesAQuestion()
     {
-        const QString question =
-            QStringLiteral("Line 2 of the snippet holds a character that BASIC source files cannot "
-                           "store.\nSave with a question mark in place of each such character?");
-        const QString path = bench->Put(QStringLiteral("x.snip"), "old\r\n");
+        const QString question = u"Line 2 of the snippet holds a character that BASIC source files cannot "
+                                 "store.\nSave with a question mark in place of each such character?"_s;
+        const QString path = bench->Put(u"x.snip"_s, "old\r\n");
         bench->dialogs.ExpectQuestion(question, BoxAnswer::No);
         QCOMPARE(SaveSnippet(path, QString::fromUtf8("a\n→")), SnippetSave::Declined);
         QCOMPARE(CoreBench::Get(path), QByteArray("old\r\n"));
@@ -264,7 +261,7 @@ private Q_SLOTS:
 #ifdef Q_OS_UNIX
     void aFullDiskKeepsTheOldSnippet()
     {
-        const QString path = bench->Put(QStringLiteral("x.snip"), "old\r\n");
+        const QString path = bench->Put(u"x.snip"_s, "old\r\n");
         {
             const FileSizeLimit limit(400);
             QCOMPARE(RaisedBy([&] { SaveSnippet(path, QString(1000, QLatin1Char('x'))); }), 61);
@@ -276,7 +273,7 @@ private Q_SLOTS:
 
     void aSnippetIsDeletedOnce()
     {
-        const QString path = bench->Put(QStringLiteral("x.snip"), "old\r\n");
+        const QString path = bench->Put(u"x.snip"_s, "old\r\n");
         DeleteSnippet(path);
         QVERIFY(!QFile::exists(path));
         DeleteSnippet(path);
@@ -285,12 +282,12 @@ private Q_SLOTS:
     void anOfferedNameStaysInTheFolder_data()
     {
         QTest::addColumn<QString>("offered");
-        QTest::newRow("a.snip") << QStringLiteral("a.snip");
-        QTest::newRow("read/write") << QStringLiteral("read-write");
-        QTest::newRow("../../x.snip") << QStringLiteral("..-..-x.snip");
-        QTest::newRow("a\\b") << QStringLiteral("a-b");
-        QTest::newRow("..") << QStringLiteral("--");
-        QTest::newRow("...") << QStringLiteral("...");
+        QTest::newRow("a.snip") << u"a.snip"_s;
+        QTest::newRow("read/write") << u"read-write"_s;
+        QTest::newRow("../../x.snip") << u"..-..-x.snip"_s;
+        QTest::newRow("a\\b") << u"a-b"_s;
+        QTest::newRow("..") << u"--"_s;
+        QTest::newRow("...") << u"..."_s;
     }
 
     void anOfferedNameStaysInTheFolder()
@@ -301,11 +298,10 @@ private Q_SLOTS:
     void insertingNeedsACodeWindow()
     {
         bench->dialogs.ExpectMessage(NoCodeWindowText);
-        QCOMPARE(InsertSnippet(QStringLiteral("x")), SnippetInsert::NoWindow);
+        QCOMPARE(InsertSnippet(u"x"_s), SnippetInsert::NoWindow);
         QVERIFY(bench->dialogs.Finished());
     }
 };
 
 OB_CORE_TEST(tst_modSnippets)
-#include "shell/state/modNames.h"
 #include "tst_modSnippets.moc"

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modSyntaxViewer : public QObject {
@@ -27,22 +29,22 @@ private Q_SLOTS:
         QCOMPARE(keys.size(), qsizetype{231});
         for (qsizetype i = 1; i < keys.size(); ++i)
             QVERIFY2(keys[i - 1].toLower() <= keys[i].toLower(), qPrintable(keys[i]));
-        QCOMPARE(keys.first(), QStringLiteral("!contents"));
-        QCOMPARE(keys.last(), QStringLiteral("word$"));
-        QCOMPARE(keys.count(QStringLiteral("select")), qsizetype{2});
+        QCOMPARE(keys.first(), u"!contents"_s);
+        QCOMPARE(keys.last(), u"word$"_s);
+        QCOMPARE(keys.count(u"select"_s), qsizetype{2});
     }
 
     void aKeyWithoutASpaceContinuesIntoTheComment()
     {
         const QStringList keys = SyntaxKeys(SortedSyntaxRows(Words().SyntaxTable));
-        QVERIFY(keys.contains(QStringLiteral("txcount(#handle)\n'return")));
+        QVERIFY(keys.contains(u"txcount(#handle)\n'return"_s));
     }
 
     void lineFeedsBecomeWholeLineEnds()
     {
-        QCOMPARE(SyntaxRowText("a b\n'c\n'd"), QStringLiteral("a b\r\n'c\r\n'd"));
-        QCOMPARE(SyntaxRowText("a\n\nb\n"), QStringLiteral("a\r\n\r\nb\r\n"));
-        QCOMPARE(SyntaxRowText("a"), QStringLiteral("a"));
+        QCOMPARE(SyntaxRowText("a b\n'c\n'd"), u"a b\r\n'c\r\n'd"_s);
+        QCOMPARE(SyntaxRowText("a\n\nb\n"), u"a\r\n\r\nb\r\n"_s);
+        QCOMPARE(SyntaxRowText("a"), u"a"_s);
         QCOMPARE(SyntaxRowText({}), QString());
     }
 };

@@ -20,6 +20,8 @@
 #include <QPushButton>
 #include <QTreeView>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -101,11 +103,11 @@ class win_frmCodeExplorer : public QObject {
 private:
     static void FillWorkFolder(const TestBench& bench)
     {
-        bench.Write(QStringLiteral("game.bas"), "print \"game\"\r\nend\r\n");
-        bench.Write(QStringLiteral("Old.BAK"), "print \"old\"\r\n");
-        bench.Write(QStringLiteral("notes.txt"), "no code");
-        QDir(bench.Path({})).mkpath(QStringLiteral("sub/deep"));
-        bench.Write(QStringLiteral("sub/inner.bas"), QByteArray(1999, 'x') + "yz\r\n");
+        bench.Write(u"game.bas"_s, "print \"game\"\r\nend\r\n");
+        bench.Write(u"Old.BAK"_s, "print \"old\"\r\n");
+        bench.Write(u"notes.txt"_s, "no code");
+        QDir(bench.Path({})).mkpath(u"sub/deep"_s);
+        bench.Write(u"sub/inner.bas"_s, QByteArray(1999, 'x') + "yz\r\n");
     }
 
     static std::unique_ptr<frmCodeExplorer> Open()
@@ -142,7 +144,7 @@ private Q_SLOTS:
         QStringList names;
         for (const QModelIndex& index : Folders(*window))
             names.append(index.data().toString());
-        QCOMPARE(names.first(), QStringLiteral("/"));
+        QCOMPARE(names.first(), u"/"_s);
         QCOMPARE(names.last(2), Words("work sub"));
         QVERIFY(Chosen(*window).isEmpty());
         QVERIFY(Preview(*window).isEmpty());
@@ -154,12 +156,12 @@ private Q_SLOTS:
         FillWorkFolder(bench);
         const auto window = Open();
         QTRY_COMPARE(Files(*window).size(), 2);
-        ClickFile(*window, QStringLiteral("game.bas"));
-        QCOMPARE(Chosen(*window), QStringLiteral("game.bas"));
-        QCOMPARE(Preview(*window), QStringLiteral("print \"game\"\nend\n"));
+        ClickFile(*window, u"game.bas"_s);
+        QCOMPARE(Chosen(*window), u"game.bas"_s);
+        QCOMPARE(Preview(*window), u"print \"game\"\nend\n"_s);
         QTest::keyClick(Control<QListView>(*window, "Fil"), Qt::Key_Down);
-        QCOMPARE(Chosen(*window), QStringLiteral("Old.BAK"));
-        QCOMPARE(Preview(*window), QStringLiteral("print \"old\"\n"));
+        QCOMPARE(Chosen(*window), u"Old.BAK"_s);
+        QCOMPARE(Preview(*window), u"print \"old\"\n"_s);
     }
 
     void theListsFollowTheFolder()
@@ -168,14 +170,14 @@ private Q_SLOTS:
         FillWorkFolder(bench);
         const auto window = Open();
         QTRY_COMPARE(Files(*window).size(), 2);
-        ClickFile(*window, QStringLiteral("game.bas"));
-        DoubleClickFolder(*window, QStringLiteral("sub"));
+        ClickFile(*window, u"game.bas"_s);
+        DoubleClickFolder(*window, u"sub"_s);
         QTRY_COMPARE(Files(*window), Words("inner.bas"));
         QVERIFY(Chosen(*window).isEmpty());
         QVERIFY(Preview(*window).isEmpty());
-        ClickFile(*window, QStringLiteral("inner.bas"));
+        ClickFile(*window, u"inner.bas"_s);
         QCOMPARE(Preview(*window), QString(1999, QLatin1Char('x')) + QLatin1Char('y'));
-        DoubleClickFolder(*window, QStringLiteral("work"));
+        DoubleClickFolder(*window, u"work"_s);
         QTRY_COMPARE(Files(*window).size(), 2);
     }
 
@@ -188,13 +190,13 @@ private Q_SLOTS:
         auto* tree = Control<QTreeView>(*window, "Dir1");
         tree->setFocus();
         QTest::keyClick(tree, Qt::Key_Down);
-        QCOMPARE(tree->currentIndex().data().toString(), QStringLiteral("sub"));
+        QCOMPARE(tree->currentIndex().data().toString(), u"sub"_s);
         QTest::keyClick(tree, Qt::Key_Return);
         QTRY_COMPARE(Files(*window), Words("inner.bas"));
         QVERIFY(window->isVisible());
         QTest::keyClick(tree, Qt::Key_Backspace);
         QTRY_COMPARE(Files(*window).size(), 2);
-        QCOMPARE(tree->currentIndex().data().toString(), QStringLiteral("work"));
+        QCOMPARE(tree->currentIndex().data().toString(), u"work"_s);
     }
 
     void theFoldersFollowTheDrive()
@@ -202,7 +204,7 @@ private Q_SLOTS:
         const TestBench bench;
         const auto window = Open();
         auto* drives = Control<QComboBox>(*window, "Drive1");
-        const int root = drives->findText(QStringLiteral("/"));
+        const int root = drives->findText(u"/"_s);
         QVERIFY(root >= 0);
         drives->setFocus();
         drives->setCurrentIndex(-1);
@@ -219,17 +221,17 @@ private Q_SLOTS:
         FillWorkFolder(bench);
         bench.Start();
         const QString recent = RecentFiles[0];
-        bench.ExpectModal(QStringLiteral("frmCodeExplorer"), [](QDialog& dialog) {
+        bench.ExpectModal(u"frmCodeExplorer"_s, [](QDialog& dialog) {
             QTRY_COMPARE(Files(dialog).size(), 2);
-            ClickFile(dialog, QStringLiteral("game.bas"));
+            ClickFile(dialog, u"game.bas"_s);
             Control<QPushButton>(dialog, "cmdOpen")->click();
         });
         mnuFileExplore_Click();
         QVERIFY(bench.Active() != nullptr);
         QCOMPARE(TestBench::Text(bench.Active()), QByteArray("print \"game\"\r\nend"));
-        QCOMPARE(bench.Active()->Caption(), bench.Path(QStringLiteral("game.bas")));
-        const QString status = bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text();
-        QVERIFY2(status.startsWith(QStringLiteral("game.bas  Size: 19 KB   Last Modified: ")), qPrintable(status));
+        QCOMPARE(bench.Active()->Caption(), bench.Path(u"game.bas"_s));
+        const QString status = bench.Frame().findChild<QLabel*>(u"statusText"_s)->text();
+        QVERIFY2(status.startsWith(u"game.bas  Size: 19 KB   Last Modified: "_s), qPrintable(status));
         QCOMPARE(RecentFiles[0], recent);
     }
 
@@ -247,9 +249,9 @@ private Q_SLOTS:
         NothingToAsk();
         FillWorkFolder(bench);
         bench.Start();
-        bench.ExpectModal(QStringLiteral("frmCodeExplorer"), [byKey](QDialog& dialog) {
+        bench.ExpectModal(u"frmCodeExplorer"_s, [byKey](QDialog& dialog) {
             QTRY_COMPARE(Files(dialog).size(), 2);
-            ClickFile(dialog, QStringLiteral("Old.BAK"));
+            ClickFile(dialog, u"Old.BAK"_s);
             auto* list = Control<QListView>(dialog, "Fil");
             if (byKey)
                 QTest::keyClick(list, Qt::Key_Return);
@@ -258,7 +260,7 @@ private Q_SLOTS:
                                    list->visualRect(list->currentIndex()).center());
         });
         mnuFileExplore_Click();
-        QCOMPARE(bench.Active()->Caption(), bench.Path(QStringLiteral("Old.BAK")));
+        QCOMPARE(bench.Active()->Caption(), bench.Path(u"Old.BAK"_s));
         QCOMPARE(TestBench::Text(bench.Active()), QByteArray("print \"old\""));
     }
 
@@ -266,8 +268,7 @@ private Q_SLOTS:
     {
         TestBench bench;
         const auto window = Open();
-        bench.dialogs.ExpectMessage(QStringLiteral("File not found."), BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok,
-                                    QStringLiteral("Error."));
+        bench.dialogs.ExpectMessage(u"File not found."_s, BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok, u"Error."_s);
         Control<QPushButton>(*window, "cmdOpen")->click();
         QVERIFY(window->isVisible());
         QVERIFY(bench.dialogs.Finished());
@@ -279,10 +280,9 @@ private Q_SLOTS:
         FillWorkFolder(bench);
         const auto window = Open();
         QTRY_COMPARE(Files(*window).size(), 2);
-        ClickFile(*window, QStringLiteral("game.bas"));
-        QFile::remove(bench.Path(QStringLiteral("game.bas")));
-        bench.dialogs.ExpectMessage(QStringLiteral("File not found."), BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok,
-                                    QStringLiteral("Error."));
+        ClickFile(*window, u"game.bas"_s);
+        QFile::remove(bench.Path(u"game.bas"_s));
+        bench.dialogs.ExpectMessage(u"File not found."_s, BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok, u"Error."_s);
         Control<QPushButton>(*window, "cmdOpen")->click();
         QVERIFY(window->isVisible());
     }
@@ -293,8 +293,8 @@ private Q_SLOTS:
         FillWorkFolder(bench);
         const auto window = Open();
         QTRY_COMPARE(Files(*window).size(), 2);
-        QFile::remove(bench.Path(QStringLiteral("game.bas")));
-        ClickFile(*window, QStringLiteral("game.bas"));
+        QFile::remove(bench.Path(u"game.bas"_s));
+        ClickFile(*window, u"game.bas"_s);
         QVERIFY(Preview(*window).isEmpty());
     }
 
@@ -314,7 +314,7 @@ private Q_SLOTS:
         const TestBench bench;
         constexpr int count = 100'000;
         for (int i = 0; i < count; ++i)
-            bench.Write(QStringLiteral("file%1.bas").arg(i), {});
+            bench.Write(u"file%1.bas"_s.arg(i), {});
         QElapsedTimer timer;
         timer.start();
         const auto window = Open();
@@ -328,11 +328,11 @@ private Q_SLOTS:
         }
         QCOMPARE(Files(*window).size(), count);
         timer.restart();
-        ClickFile(*window, QStringLiteral("file99999.bas"));
+        ClickFile(*window, u"file99999.bas"_s);
         QApplication::processEvents();
         qInfo("shown after %lld ms, longest wait %lld ms, click %lld ms", static_cast<long long>(shown),
               static_cast<long long>(longest), static_cast<long long>(timer.elapsed()));
-        QCOMPARE(Chosen(*window), QStringLiteral("file99999.bas"));
+        QCOMPARE(Chosen(*window), u"file99999.bas"_s);
         QVERIFY2(shown < 3'000 && longest < 3'000 && timer.elapsed() < 3'000, "the window was held up");
     }
 
@@ -341,7 +341,7 @@ private Q_SLOTS:
     {
         const TestBench bench;
         for (int i = 0; i < 20'000; ++i)
-            bench.Write(QStringLiteral("file%1.bas").arg(i), {});
+            bench.Write(u"file%1.bas"_s.arg(i), {});
         for (int i = 0; i < 5; ++i)
             Open()->close();
         QTest::qWait(300);

@@ -16,11 +16,13 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Sample = QStringLiteral("[start] ' note\r\nprint #main, \"text\" ; 12\r\nnothing");
+const QString Sample = u"[start] ' note\r\nprint #main, \"text\" ; 12\r\nnothing"_s;
 
 QTextCharFormat FormatAt(const frmCodePreview& preview, int line, int column)
 {
@@ -132,7 +134,7 @@ private Q_SLOTS:
         for (const auto& [line, column] :
              {std::pair{0, 0}, std::pair{0, 8}, std::pair{1, 0}, std::pair{1, 6}, std::pair{1, 13}, std::pair{1, 22}})
             QVERIFY2(Luminance(InkAt(b.preview, line, column)) > 0.15,
-                     qPrintable(QStringLiteral("line %1 column %2").arg(line).arg(column)));
+                     qPrintable(u"line %1 column %2"_s.arg(line).arg(column)));
         // A colour chosen for a dark window stays.
         Editor.KeywordColor = Rgb(255, 255, 128);
         b.preview.ShowCode(Sample);
@@ -152,7 +154,7 @@ private Q_SLOTS:
         PreviewBench b;
         b.preview.ShowCode(Sample);
         b.preview.show();
-        QTest::keyClicks(&b.preview, QStringLiteral("typed"));
+        QTest::keyClicks(&b.preview, u"typed"_s);
         QTest::keyClick(&b.preview, Qt::Key_Delete);
         QCOMPARE(b.preview.toPlainText(), WithLineFeeds(Sample));
         QTest::keyClick(&b.preview, Qt::Key_A, Qt::ControlModifier);
@@ -196,18 +198,18 @@ private Q_SLOTS:
         b.preview.show();
         QString code;
         for (int i = 0; i < 100; ++i)
-            code += QStringLiteral("line %1\r\n").arg(i);
+            code += u"line %1\r\n"_s.arg(i);
         b.preview.ShowCode(code);
         QCOMPARE(b.preview.verticalScrollBar()->value(), 0);
         QString changed = code;
-        changed.replace(QStringLiteral("line 70\r"), QStringLiteral("line 7x\r"));
+        changed.replace(u"line 70\r"_s, u"line 7x\r"_s);
         b.preview.ShowCode(changed);
         const int first = b.preview.verticalScrollBar()->value();
         QVERIFY2(first > 60 && first <= 70, qPrintable(QString::number(first)));
         b.preview.ShowCode(changed);
         QCOMPARE(b.preview.verticalScrollBar()->value(), first);
-        b.preview.ShowCode(QStringLiteral("menu ") + QString(300, u'x'));
-        b.preview.ShowCode(QStringLiteral("menu ") + QString(300, u'x') + QStringLiteral(", [a]"));
+        b.preview.ShowCode(u"menu "_s + QString(300, u'x'));
+        b.preview.ShowCode(u"menu "_s + QString(300, u'x') + u", [a]"_s);
         QVERIFY(b.preview.horizontalScrollBar()->value() > 0);
         b.preview.ShowCode({});
         QCOMPARE(b.preview.toPlainText(), QString());

@@ -22,6 +22,8 @@
 #include <csignal>
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -98,23 +100,23 @@ void win_frmDocument::newWindowIsUntitledAndEmpty()
     TestBench bench;
     bench.Start();
     QVERIFY(bench.Active() == nullptr);
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     QVERIFY(bench.Active() != nullptr);
-    QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+    QCOMPARE(bench.Active()->Caption(), u"untitled.bas"_s);
     QCOMPARE(bench.Active()->number, 1);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray());
     QCOMPARE(Ask(bench.Active(), SCI_GETMODIFY), 0);
-    QCOMPARE(bench.ActiveWindow()->windowTitle(), QStringLiteral("untitled.bas"));
+    QCOMPARE(bench.ActiveWindow()->windowTitle(), u"untitled.bas"_s);
 }
 
 void win_frmDocument::openedFileLosesItsLastTwoBytesAndKeepsTheRest()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "print 1\r\nprint 2 \r\n");
+    const QString path = bench.Write(u"a.bas"_s, "print 1\r\nprint 2 \r\n");
     bench.Start({path});
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("print 1\r\nprint 2 "));
     QCOMPARE(bench.Active()->Caption(), path);
-    QCOMPARE(bench.Active()->Tag, QStringLiteral("Open"));
+    QCOMPARE(bench.Active()->Tag, u"Open"_s);
     QCOMPARE(Ask(bench.Active(), SCI_GETMODIFY), 0);
     QCOMPARE(Ask(bench.Active(), SCI_GETCURRENTPOS), 0);
 }
@@ -122,10 +124,10 @@ void win_frmDocument::openedFileLosesItsLastTwoBytesAndKeepsTheRest()
 void win_frmDocument::loadCanBeUndone()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "print 1\r\n")});
-    bench.Choose(QStringLiteral("mnuEditUndo"));
+    bench.Start({bench.Write(u"a.bas"_s, "print 1\r\n")});
+    bench.Choose(u"mnuEditUndo"_s);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray());
-    bench.Choose(QStringLiteral("mnuEditRedo"));
+    bench.Choose(u"mnuEditRedo"_s);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("print 1"));
 }
 
@@ -136,69 +138,69 @@ void win_frmDocument::everyByteSurvivesLoadAndSave()
         all.append(static_cast<char>(byte));
     all += "\rlone\nends\r\n";
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("all.bas"), all + "\r\n");
+    const QString path = bench.Write(u"all.bas"_s, all + "\r\n");
     bench.Start({path});
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Choose(u"mnuFileSave"_s);
     QCOMPARE(TestBench::Read(path), all + " \r\n");
 }
 
 void win_frmDocument::saveAddsOneSpaceToTheFileAndTwoToTheText()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    const QString path = bench.Write(u"a.bas"_s, "end\r\n");
     bench.Start({path});
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Choose(u"mnuFileSave"_s);
     QCOMPARE(TestBench::Read(path), QByteArray("end \r\n"));
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("end  "));
     QCOMPARE(Ask(bench.Active(), SCI_GETMODIFY), 0);
     QCOMPARE(bench.Active()->Tag, QString());
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Choose(u"mnuFileSave"_s);
     QCOMPARE(TestBench::Read(path), QByteArray("end   \r\n"));
 }
 
 void win_frmDocument::characterOutsideTheCodePageRaisesAQuestion()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "one\r\ntwo\r\n");
+    const QString path = bench.Write(u"a.bas"_s, "one\r\ntwo\r\n");
     bench.Start({path});
     SendSci(bench.Active()->sci, SCI_GOTOPOS, 5);
     TestBench::Type(bench.Active(), "\xe2\x82\xac \xd0\x96");
-    const QString question = QStringLiteral("Line 2 holds a character that BASIC source files cannot store.\n"
-                                            "Save with a question mark in place of each such character?");
+    const QString question = u"Line 2 holds a character that BASIC source files cannot store.\n"
+                             "Save with a question mark in place of each such character?"_s;
     bench.dialogs.ExpectQuestion(question, BoxAnswer::No);
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Choose(u"mnuFileSave"_s);
     QCOMPARE(TestBench::Read(path), QByteArray("one\r\ntwo\r\n"));
     QVERIFY(Ask(bench.Active(), SCI_GETMODIFY) != 0);
-    QCOMPARE(bench.Active()->Tag, QStringLiteral("Open"));
+    QCOMPARE(bench.Active()->Tag, u"Open"_s);
     bench.dialogs.ExpectQuestion(question, BoxAnswer::Yes);
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Choose(u"mnuFileSave"_s);
     QCOMPARE(TestBench::Read(path), QByteArray("one\r\n\x80 ?two \r\n"));
 }
 
 void win_frmDocument::fullDiskLeavesFileTextAndModifiedState()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "old\r\n");
+    const QString path = bench.Write(u"a.bas"_s, "old\r\n");
     bench.Start({path});
     TestBench::Type(bench.Active(), QByteArray(4 * FileLimit, 'x'));
     const QByteArray text = TestBench::Text(bench.Active());
-    bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '61':\nDisk full"));
+    bench.dialogs.ExpectMessage(u"Run-time error '61':\nDisk full"_s);
     {
         const FullDisk full;
-        bench.Choose(QStringLiteral("mnuFileSave"));
+        bench.Choose(u"mnuFileSave"_s);
     }
     QCOMPARE(TestBench::Read(path), QByteArray("old\r\n"));
     QCOMPARE(TestBench::Text(bench.Active()), text);
     QVERIFY(Ask(bench.Active(), SCI_GETMODIFY) != 0);
-    QCOMPARE(bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text(), QStringLiteral("File too large"));
-    QCOMPARE(QDir(bench.Path(QString())).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.bas")});
+    QCOMPARE(bench.Frame().findChild<QLabel*>(u"statusText"_s)->text(), u"File too large"_s);
+    QCOMPARE(QDir(bench.Path(QString())).entryList(QDir::Files | QDir::Hidden), QStringList{u"a.bas"_s});
 }
 
 void win_frmDocument::oddFilesAreReportedAndHarmless_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("message");
-    const QString tooShort = QStringLiteral("Run-time error '5':\nInvalid procedure call or argument");
+    const QString tooShort = u"Run-time error '5':\nInvalid procedure call or argument"_s;
     QTest::newRow("empty") << QByteArray() << tooShort;
     QTest::newRow("one byte") << QByteArray("x") << tooShort;
     QTest::newRow("two bytes") << QByteArray("\r\n") << QString();
@@ -212,7 +214,7 @@ void win_frmDocument::oddFilesAreReportedAndHarmless()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, message);
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("odd.bas"), bytes);
+    const QString path = bench.Write(u"odd.bas"_s, bytes);
     if (!message.isEmpty())
         bench.dialogs.ExpectMessage(message);
     bench.Start({path});
@@ -226,44 +228,44 @@ void win_frmDocument::missingLibraryIsReportedAndTheProgramContinues()
 {
     TestBench bench;
     bench.Start();
-    SetLibraryFolder(bench.Path(QStringLiteral("nowhere")));
-    const QString message = QStringLiteral("Error. Cannot find some components needed to run this program.  Please "
-                                           "reinstall Orchard Bench.");
+    SetLibraryFolder(bench.Path(u"nowhere"_s));
+    const QString message = u"Error. Cannot find some components needed to run this program.  Please "
+                            "reinstall Orchard Bench."_s;
     bench.dialogs.ExpectMessage(message);
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     QVERIFY(bench.Active() == nullptr);
-    QCOMPARE(bench.Frame().Item(QStringLiteral("mnuRun"))->isEnabled(), false);
-    SetLibraryFolder(QStringLiteral(OB_BIN));
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    QCOMPARE(bench.Frame().Item(u"mnuRun"_s)->isEnabled(), false);
+    SetLibraryFolder(u"" OB_BIN ""_s);
+    bench.Choose(u"mnuFileNew"_s);
     QVERIFY(bench.Active() != nullptr);
 }
 
 void win_frmDocument::unchangedWindowClosesWithoutAQuestion()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), Program())});
+    bench.Start({bench.Write(u"a.bas"_s, Program())});
     cDocument* document = bench.Active();
-    bench.Choose(QStringLiteral("mnuFileClose"));
+    bench.Choose(u"mnuFileClose"_s);
     QVERIFY(bench.Active() == nullptr);
     QVERIFY(document->sci == nullptr);
-    QCOMPARE(document->Tag, QStringLiteral("Closed"));
+    QCOMPARE(document->Tag, u"Closed"_s);
 }
 
 void win_frmDocument::changedWindowAsksByItsName()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    const QString path = bench.Write(u"a.bas"_s, "end\r\n");
     bench.Start({path});
     TestBench::Type(bench.Active(), "x");
-    bench.dialogs.ExpectQuestion(QStringLiteral("Save ") + path + QStringLiteral(" before closing?"), BoxAnswer::No);
-    bench.Choose(QStringLiteral("mnuFileClose"));
+    bench.dialogs.ExpectQuestion(u"Save "_s + path + u" before closing?"_s, BoxAnswer::No);
+    bench.Choose(u"mnuFileClose"_s);
     QVERIFY(bench.Active() == nullptr);
     QCOMPARE(TestBench::Read(path), QByteArray("end\r\n"));
 
     OpenFiles({path}, FileSource::CommandLine);
     TestBench::Type(bench.Active(), "x");
-    bench.dialogs.ExpectQuestion(QStringLiteral("Save ") + path + QStringLiteral(" before closing?"), BoxAnswer::Yes);
-    bench.Choose(QStringLiteral("mnuFileClose"));
+    bench.dialogs.ExpectQuestion(u"Save "_s + path + u" before closing?"_s, BoxAnswer::Yes);
+    bench.Choose(u"mnuFileClose"_s);
     QVERIFY(bench.Active() == nullptr);
     QCOMPARE(TestBench::Read(path), QByteArray("xend \r\n"));
 }
@@ -272,27 +274,25 @@ void win_frmDocument::untitledWindowAsksForAName()
 {
     TestBench bench;
     bench.Start();
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     TestBench::Type(bench.Active(), "beep");
-    bench.dialogs.ExpectQuestion(QStringLiteral("Save before closing?"), BoxAnswer::Yes);
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"),
-                             QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)"),
-                             bench.Path(QStringLiteral("new.bas")));
+    bench.dialogs.ExpectQuestion(u"Save before closing?"_s, BoxAnswer::Yes);
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, u"BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)"_s,
+                             bench.Path(u"new.bas"_s));
     QVERIFY(bench.Close());
-    QCOMPARE(TestBench::Read(bench.Path(QStringLiteral("new.bas"))), QByteArray("beep \r\n"));
-    QCOMPARE(RecentFiles[0], bench.Path(QStringLiteral("new.bas")));
+    QCOMPARE(TestBench::Read(bench.Path(u"new.bas"_s)), QByteArray("beep \r\n"));
+    QCOMPARE(RecentFiles[0], bench.Path(u"new.bas"_s));
 }
 
 void win_frmDocument::cancelledNameDiscardsTheText()
 {
     TestBench bench;
     bench.Start();
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     TestBench::Type(bench.Active(), "beep");
-    bench.dialogs.ExpectQuestion(QStringLiteral("Save before closing?"), BoxAnswer::Yes);
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"),
-                             QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)"), QString());
-    bench.Choose(QStringLiteral("mnuFileClose"));
+    bench.dialogs.ExpectQuestion(u"Save before closing?"_s, BoxAnswer::Yes);
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, u"BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)"_s, QString());
+    bench.Choose(u"mnuFileClose"_s);
     QVERIFY(bench.Active() == nullptr);
 }
 
@@ -301,7 +301,7 @@ void win_frmDocument::noQuestionWhenQuitQueryIsOff()
     TestBench bench;
     bench.Start();
     QuitQuery = false;
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     TestBench::Type(bench.Active(), "beep");
     QVERIFY(bench.Close());
 }
@@ -309,17 +309,17 @@ void win_frmDocument::noQuestionWhenQuitQueryIsOff()
 void win_frmDocument::failedSaveKeepsTheWindowOpen()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    const QString path = bench.Write(u"a.bas"_s, "end\r\n");
     bench.Start({path});
     TestBench::Type(bench.Active(), QByteArray(4 * FileLimit, 'x'));
-    bench.dialogs.ExpectQuestion(QStringLiteral("Save ") + path + QStringLiteral(" before closing?"), BoxAnswer::Yes);
-    bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '61':\nDisk full"));
+    bench.dialogs.ExpectQuestion(u"Save "_s + path + u" before closing?"_s, BoxAnswer::Yes);
+    bench.dialogs.ExpectMessage(u"Run-time error '61':\nDisk full"_s);
     {
         const FullDisk full;
         QVERIFY(!bench.Close());
     }
     QVERIFY(bench.Active() != nullptr);
-    QVERIFY(bench.Frame().Item(QStringLiteral("mnuFileSave"))->isEnabled());
+    QVERIFY(bench.Frame().Item(u"mnuFileSave"_s)->isEnabled());
     QCOMPARE(TestBench::Read(path), QByteArray("end\r\n"));
     QuitQuery = false;
 }
@@ -327,14 +327,14 @@ void win_frmDocument::failedSaveKeepsTheWindowOpen()
 void win_frmDocument::savedWindowIsTakenByTheNextNew()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    bench.Start({bench.Write(u"a.bas"_s, "end\r\n")});
     cDocument* document = bench.Active();
-    bench.Choose(QStringLiteral("mnuFileSave"));
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileSave"_s);
+    bench.Choose(u"mnuFileNew"_s);
     QCOMPARE(bench.Active(), document);
-    QCOMPARE(document->Caption(), QStringLiteral("untitled.bas"));
+    QCOMPARE(document->Caption(), u"untitled.bas"_s);
     QCOMPARE(TestBench::Text(document), QByteArray());
-    bench.Choose(QStringLiteral("mnuEditUndo"));
+    bench.Choose(u"mnuEditUndo"_s);
     QCOMPARE(TestBench::Text(document), QByteArray("end  "));
     QuitQuery = false;
 }
@@ -343,13 +343,13 @@ void win_frmDocument::thirdEmptyDocumentReusesTheSecond()
 {
     TestBench bench;
     bench.Start();
-    bench.Choose(QStringLiteral("mnuFileNew"));
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
+    bench.Choose(u"mnuFileNew"_s);
     cDocument* second = bench.Active();
     QCOMPARE(second->number, 2);
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     QCOMPARE(bench.Active(), second);
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     QCOMPARE(bench.Active()->number, 3);
 }
 
@@ -358,16 +358,16 @@ void win_frmDocument::headRowHasItsDimensions()
     TestBench bench;
     bench.Start();
     bench.Frame().resize(900, 600);
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     frmDocument* window = bench.ActiveWindow();
     QCOMPARE(TwipsPerPixelX, 15);
-    QCOMPARE(window->findChild<QToolButton*>(QStringLiteral("cmdToggle"))->geometry(), QRect(0, 8, 13, 19));
-    QCOMPARE(window->findChild<QToolButton*>(QStringLiteral("cmdClear"))->geometry(), QRect(40, 8, 13, 19));
+    QCOMPARE(window->findChild<QToolButton*>(u"cmdToggle"_s)->geometry(), QRect(0, 8, 13, 19));
+    QCOMPARE(window->findChild<QToolButton*>(u"cmdClear"_s)->geometry(), QRect(40, 8, 13, 19));
     const int labels = (window->width() * 15 - 840 - 50 - 3 * 735) / 15;
-    QCOMPARE(window->findChild<QComboBox*>(QStringLiteral("cboLabels"))->geometry(), QRect(56, 8, labels, 19));
-    QCOMPARE(window->findChild<QComboBox*>(QStringLiteral("cboSorted"))->isVisible(), false);
-    QCOMPARE(window->findChild<QCheckBox*>(QStringLiteral("chkWrap"))->width(), 49);
-    QCOMPARE(window->findChild<QWidget*>(QStringLiteral("sci"))->geometry(),
+    QCOMPARE(window->findChild<QComboBox*>(u"cboLabels"_s)->geometry(), QRect(56, 8, labels, 19));
+    QCOMPARE(window->findChild<QComboBox*>(u"cboSorted"_s)->isVisible(), false);
+    QCOMPARE(window->findChild<QCheckBox*>(u"chkWrap"_s)->width(), 49);
+    QCOMPARE(window->findChild<QWidget*>(u"sci"_s)->geometry(),
              QRect(1, 30, window->width() - 4, window->height() - 30));
 }
 
@@ -375,19 +375,17 @@ void win_frmDocument::commandsFollowActivation()
 {
     TestBench bench;
     bench.Start();
-    const QStringList names = {
-        QStringLiteral("mnuFileClose"),   QStringLiteral("mnuFileSave"),  QStringLiteral("mnuFileSaveAs"),
-        QStringLiteral("mnuFileInsert"),  QStringLiteral("mnuFilePrint"), QStringLiteral("mnuFileProject"),
-        QStringLiteral("mnuToolShowVar"), QStringLiteral("mnuRun"),       QStringLiteral("mnuTKN"),
-        QStringLiteral("mnuDebug"),       QStringLiteral("mnuEdit")};
+    const QStringList names = {u"mnuFileClose"_s, u"mnuFileSave"_s,    u"mnuFileSaveAs"_s,  u"mnuFileInsert"_s,
+                               u"mnuFilePrint"_s, u"mnuFileProject"_s, u"mnuToolShowVar"_s, u"mnuRun"_s,
+                               u"mnuTKN"_s,       u"mnuDebug"_s,       u"mnuEdit"_s};
     for (const QString& name : names)
         QVERIFY2(!bench.Frame().Item(name)->isEnabled(), qPrintable(name));
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     for (const QString& name : names)
         QVERIFY2(bench.Frame().Item(name)->isEnabled(), qPrintable(name));
     for (const char* button : {"Save", "Print", "Cut", "Copy", "Paste", "Find", "Run", "Debug"})
         QVERIFY2(bench.Frame().findChild<QAction*>(QString::fromLatin1(button))->isEnabled(), button);
-    bench.Choose(QStringLiteral("mnuFileClose"));
+    bench.Choose(u"mnuFileClose"_s);
     for (const QString& name : names)
         QVERIFY2(!bench.Frame().Item(name)->isEnabled(), qPrintable(name));
 }
@@ -395,7 +393,7 @@ void win_frmDocument::commandsFollowActivation()
 void win_frmDocument::bookmarksAreSetFoundAndCleared()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), Program())});
+    bench.Start({bench.Write(u"a.bas"_s, Program())});
     const cDocument* document = bench.Active();
     const auto press = [&](const char* name) {
         QTest::mouseClick(bench.ActiveWindow()->findChild<QToolButton*>(QString::fromLatin1(name)), Qt::LeftButton);
@@ -426,7 +424,7 @@ void win_frmDocument::bookmarksAreSetFoundAndCleared()
 void win_frmDocument::labelsAreListedAndSorted()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), Program())});
+    bench.Start({bench.Write(u"a.bas"_s, Program())});
     const auto itemsOf = [&](const char* name) {
         QStringList texts;
         const auto* box = bench.ActiveWindow()->findChild<QComboBox*>(QString::fromLatin1(name));
@@ -434,14 +432,12 @@ void win_frmDocument::labelsAreListedAndSorted()
             texts.append(box->itemText(i));
         return texts;
     };
-    QCOMPARE(itemsOf("cboLabels"),
-             (QStringList{QStringLiteral("[start]"), QStringLiteral("sub twice x"), QStringLiteral("[quit]")}));
-    QCOMPARE(itemsOf("cboSorted"),
-             (QStringList{QStringLiteral("[quit]"), QStringLiteral("[start]"), QStringLiteral("sub twice x")}));
+    QCOMPARE(itemsOf("cboLabels"), (QStringList{u"[start]"_s, u"sub twice x"_s, u"[quit]"_s}));
+    QCOMPARE(itemsOf("cboSorted"), (QStringList{u"[quit]"_s, u"[start]"_s, u"sub twice x"_s}));
     SendSci(bench.Active()->sci, SCI_GOTOPOS, 0);
     TestBench::Type(bench.Active(), "[more]\r\n");
-    QTest::mouseClick(bench.ActiveWindow()->findChild<QPushButton*>(QStringLiteral("cmdBranch")), Qt::LeftButton);
-    QCOMPARE(itemsOf("cboLabels").first(), QStringLiteral("[more]"));
+    QTest::mouseClick(bench.ActiveWindow()->findChild<QPushButton*>(u"cmdBranch"_s), Qt::LeftButton);
+    QCOMPARE(itemsOf("cboLabels").first(), u"[more]"_s);
     QuitQuery = false;
 }
 
@@ -449,8 +445,8 @@ void win_frmDocument::wrapFollowsItsBox()
 {
     TestBench bench;
     bench.Start();
-    bench.Choose(QStringLiteral("mnuFileNew"));
-    auto* wrap = bench.ActiveWindow()->findChild<QCheckBox*>(QStringLiteral("chkWrap"));
+    bench.Choose(u"mnuFileNew"_s);
+    auto* wrap = bench.ActiveWindow()->findChild<QCheckBox*>(u"chkWrap"_s);
     QTest::mouseClick(wrap, Qt::LeftButton, {}, QPoint(5, wrap->height() / 2));
     QCOMPARE(Ask(bench.Active(), SCI_GETWRAPMODE), 1);
     QTest::mouseClick(wrap, Qt::LeftButton, {}, QPoint(5, wrap->height() / 2));
@@ -461,13 +457,13 @@ void win_frmDocument::returnKeepsTheIndentation()
 {
     TestBench bench;
     bench.Start();
-    bench.Choose(QStringLiteral("mnuFileNew"));
-    auto* edit = bench.ActiveWindow()->findChild<QWidget*>(QStringLiteral("sci"));
-    QTest::keyClicks(edit, QStringLiteral("  for i = 1 to 5"));
+    bench.Choose(u"mnuFileNew"_s);
+    auto* edit = bench.ActiveWindow()->findChild<QWidget*>(u"sci"_s);
+    QTest::keyClicks(edit, u"  for i = 1 to 5"_s);
     QTest::keyClick(edit, Qt::Key_Return);
-    QTest::keyClicks(edit, QStringLiteral("beep"));
+    QTest::keyClicks(edit, u"beep"_s);
     QTest::keyClick(edit, Qt::Key_Return);
-    QTest::keyClicks(edit, QStringLiteral("x"));
+    QTest::keyClicks(edit, u"x"_s);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("  for i = 1 to 5\r\n      beep\r\n      x"));
     QuitQuery = false;
 }
@@ -475,8 +471,8 @@ void win_frmDocument::returnKeepsTheIndentation()
 void win_frmDocument::menuKeysOverrideTheControlsOwn()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "one\r\ntwo\r\n")});
-    auto* edit = bench.ActiveWindow()->findChild<QWidget*>(QStringLiteral("sci"));
+    bench.Start({bench.Write(u"a.bas"_s, "one\r\ntwo\r\n")});
+    auto* edit = bench.ActiveWindow()->findChild<QWidget*>(u"sci"_s);
     SendSci(bench.Active()->sci, SCI_SETSEL, 0, 3);
     QTest::keyClick(edit, Qt::Key_D, Qt::ControlModifier);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("\r\ntwo"));
@@ -490,8 +486,8 @@ void win_frmDocument::menuKeysOverrideTheControlsOwn()
 void win_frmDocument::caretGoesToOneOnActivation()
 {
     TestBench bench;
-    const QString first = bench.Write(QStringLiteral("a.bas"), Program());
-    const QString second = bench.Write(QStringLiteral("b.bas"), Program());
+    const QString first = bench.Write(u"a.bas"_s, Program());
+    const QString second = bench.Write(u"b.bas"_s, Program());
     bench.Start({first, second});
     cDocument* other = Documents[1].get();
     QCOMPARE(Ask(other, SCI_GETCURRENTPOS), 0);
@@ -503,14 +499,14 @@ void win_frmDocument::caretGoesToOneOnActivation()
 void win_frmDocument::textHasTheKeyboard()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    bench.Start({bench.Write(u"a.bas"_s, "end\r\n")});
     QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     QCOMPARE(bench.Active()->number, 2);
     QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
     bench.Frame().ShowDocument(*Documents[1]);
     QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
-    bench.Choose(QStringLiteral("mnuFileClose"));
+    bench.Choose(u"mnuFileClose"_s);
     QCOMPARE(bench.Active()->number, 2);
     QCOMPARE(bench.Frame().focusWidget(), bench.ActiveWindowEdit());
 }
@@ -518,7 +514,7 @@ void win_frmDocument::textHasTheKeyboard()
 void win_frmDocument::returnOfABoxBreaksNoLine()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "  for i = 1 to 2\r\nx\r\n")});
+    bench.Start({bench.Write(u"a.bas"_s, "  for i = 1 to 2\r\nx\r\n")});
     SendSci(bench.Active()->sci, SCI_GOTOLINE, 1);
     QTest::keyRelease(bench.ActiveWindowEdit(), Qt::Key_Return);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("  for i = 1 to 2\r\nx"));
@@ -528,27 +524,27 @@ void win_frmDocument::returnOfABoxBreaksNoLine()
 void win_frmDocument::minimizedWindowIsRestoredWhenItIsReused()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Start({bench.Write(u"a.bas"_s, "end\r\n")});
+    bench.Choose(u"mnuFileSave"_s);
     auto* window = qobject_cast<QMdiSubWindow*>(bench.ActiveWindow()->parentWidget());
     window->showMinimized();
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     QVERIFY(!window->isMinimized());
-    QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+    QCOMPARE(bench.Active()->Caption(), u"untitled.bas"_s);
     QuitQuery = false;
 }
 
 void win_frmDocument::keywordsOfTheUserAreColoured()
 {
     TestBench bench;
-    QFile words(bench.ProgramPath(QStringLiteral("keywords.txt")));
+    QFile words(bench.ProgramPath(u"keywords.txt"_s));
     QVERIFY(words.open(QIODevice::WriteOnly));
     words.write(QByteArray("gr\xf6\xdf"
                            "e \0zap\r\n",
                            13));
     words.close();
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "gr\xf6\xdf"
-                                                      "e zap print x\r\n")});
+    bench.Start({bench.Write(u"a.bas"_s, "gr\xf6\xdf"
+                                         "e zap print x\r\n")});
     SendSci(bench.Active()->sci, SCI_COLOURISE, 0, -1);
     QByteArray styles;
     for (const std::uintptr_t position : {0, 8, 12, 18})

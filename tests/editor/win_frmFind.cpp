@@ -19,6 +19,8 @@
 #include <QRadioButton>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -119,7 +121,7 @@ private:
         Finding().LastFind.clear();
         bench->Start();
         QuitQuery = false;
-        bench->Choose(QStringLiteral("mnuFileNew"));
+        bench->Choose(u"mnuFileNew"_s);
         TestBench::Type(bench->Active(), text);
         Select(bench->Active(), 0, 0);
         return bench->Active();
@@ -127,8 +129,8 @@ private:
 
     void ExpectConfirm(BoxAnswer answer) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Confirm each replacement?"), answer, BoxIcon::Question,
-                                     BoxButtons::YesNo, QStringLiteral("Confirm?"));
+        bench->dialogs.ExpectMessage(u"Confirm each replacement?"_s, answer, BoxIcon::Question, BoxButtons::YesNo,
+                                     u"Confirm?"_s);
     }
 
     void ExpectEmpty(const char* message) const
@@ -140,8 +142,8 @@ private:
     void ReplaceForEver(const std::function<void()>& meanwhile) const
     {
         OpenDialog();
-        Text1()->setText(QStringLiteral("o"));
-        Text2()->setText(QStringLiteral("(o)"));
+        Text1()->setText(u"o"_s);
+        Text2()->setText(u"(o)"_s);
         Finding().FindFromStart = true;
         ExpectConfirm(BoxAnswer::No);
         QTimer::singleShot(0, bench.get(), meanwhile);
@@ -205,18 +207,18 @@ private Q_SLOTS:
         const cDocument* document = Open("one two");
         Select(document, 4, 7);
         OpenDialog();
-        QCOMPARE(Text1()->text(), QStringLiteral("two"));
-        QCOMPARE(Text1()->selectedText(), QStringLiteral("two"));
+        QCOMPARE(Text1()->text(), u"two"_s);
+        QCOMPARE(Text1()->selectedText(), u"two"_s);
         QVERIFY(Text1()->hasFocus());
-        QCOMPARE(Finding().LastFind, QStringLiteral("two"));
+        QCOMPARE(Finding().LastFind, u"two"_s);
     }
 
     void withoutASelectionTheLastTextIsThere()
     {
         Open("one two");
-        Finding().LastFind = QStringLiteral("before");
+        Finding().LastFind = u"before"_s;
         OpenDialog();
-        QCOMPARE(Text1()->text(), QStringLiteral("before"));
+        QCOMPARE(Text1()->text(), u"before"_s);
         QVERIFY(Text1()->hasFocus());
     }
 
@@ -224,13 +226,13 @@ private Q_SLOTS:
     {
         const cDocument* document = Open("one two");
         OpenDialog();
-        Text1()->setText(QStringLiteral("typed"));
+        Text1()->setText(u"typed"_s);
         Text2()->setFocus();
         bench->Frame().activateWindow();
         QVERIFY(BecomesActive(&bench->Frame()));
         Select(document, 0, 3);
         OpenDialog();
-        QCOMPARE(Text1()->text(), QStringLiteral("one"));
+        QCOMPARE(Text1()->text(), u"one"_s);
         QVERIFY(Text1()->hasFocus());
     }
 
@@ -238,21 +240,21 @@ private Q_SLOTS:
     {
         const cDocument* document = Open("foo bar foo bar");
         OpenDialog();
-        QTest::keyClicks(Text1(), QStringLiteral("BAR"));
+        QTest::keyClicks(Text1(), u"BAR"_s);
         QTest::keyClick(Text1(), Qt::Key_Return);
         QCOMPARE(SelectionStart(document), 4);
         QTest::keyClick(Text1(), Qt::Key_Return);
         QCOMPARE(SelectionStart(document), 12);
         QVERIFY(Dialog() != nullptr);
         QVERIFY(Text1()->hasFocus());
-        QCOMPARE(Text1()->text(), QStringLiteral("BAR"));
+        QCOMPARE(Text1()->text(), u"BAR"_s);
     }
 
     void findReadsTheOptions()
     {
         const cDocument* document = Open("x Foo foobar foo");
         OpenDialog();
-        Text1()->setText(QStringLiteral("foo"));
+        Text1()->setText(u"foo"_s);
         PressKey(Qt::Key_S);
         PressKey(Qt::Key_H);
         PressKey(Qt::Key_T);
@@ -268,9 +270,9 @@ private Q_SLOTS:
         OpenDialog();
         Get<QRadioButton>("optStart0")->setChecked(true);
         Get<QCheckBox>("Check2")->setChecked(true);
-        Text1()->setText(QStringLiteral("bar"));
-        Text2()->setText(QStringLiteral("x"));
-        bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
+        Text1()->setText(u"bar"_s);
+        Text2()->setText(u"x"_s);
+        bench->dialogs.ExpectMessage(u"Text not found."_s, BoxAnswer::Ok, BoxIcon::None);
         Press("cmdReplace");
         QVERIFY(!Finding().FindFromStart);
         QCOMPARE(Finding().FindFlags, int(FindWholeWord));
@@ -285,7 +287,7 @@ private Q_SLOTS:
         ExpectEmpty("No text specified!");
         ExpectEmpty("No replacement text specified!");
         Press("cmdReplace");
-        Text1()->setText(QStringLiteral("foo"));
+        Text1()->setText(u"foo"_s);
         ExpectEmpty("No replacement text specified!");
         Press("cmdReplaceAll");
         QVERIFY(Dialog() != nullptr);
@@ -297,10 +299,9 @@ private Q_SLOTS:
         const cDocument* document = Open("foo foo");
         Select(document, 0, 3);
         OpenDialog();
-        QTest::keyClicks(Text2(), QStringLiteral("quux"));
-        bench->dialogs.ExpectMessage(QStringLiteral("Replace?"), BoxAnswer::Yes, BoxIcon::Question,
-                                     BoxButtons::YesNoCancel);
-        bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
+        QTest::keyClicks(Text2(), u"quux"_s);
+        bench->dialogs.ExpectMessage(u"Replace?"_s, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNoCancel);
+        bench->dialogs.ExpectMessage(u"Text not found."_s, BoxAnswer::Ok, BoxIcon::None);
         PressKey(Qt::Key_R);
         QVERIFY(Dialog() == nullptr);
         QCOMPARE(TestBench::Text(document), QByteArray("quux quux"));
@@ -311,12 +312,11 @@ private Q_SLOTS:
         const cDocument* document = Open("foo foo foo");
         Select(document, 4, 7);
         OpenDialog();
-        QTest::keyClicks(Text2(), QStringLiteral("quux"));
+        QTest::keyClicks(Text2(), u"quux"_s);
         ExpectConfirm(BoxAnswer::No);
-        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok,
-                                     BoxIcon::None);
-        bench->dialogs.ExpectMessage(QStringLiteral("Number of replacements made: 2"), BoxAnswer::Ok,
-                                     BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
+        bench->dialogs.ExpectMessage(u"No more instances of <foo>  found."_s, BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"Number of replacements made: 2"_s, BoxAnswer::Ok, BoxIcon::Information,
+                                     BoxButtons::Ok, u"Finished"_s);
         PressKey(Qt::Key_A);
         QVERIFY(Dialog() == nullptr);
         QCOMPARE(TestBench::Text(document), QByteArray("foo quux quux"));
@@ -328,14 +328,13 @@ private Q_SLOTS:
         SendSci(document->sci, SCI_SELECTALL);
         OpenDialog();
         QCOMPARE(Finding().LastFind.size(), 500'000);
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("<%1...>  not found.").arg(QStringLiteral("abc\r\n").repeated(12).chopped(1)), BoxAnswer::Ok,
-            BoxIcon::None);
-        bench->Choose(QStringLiteral("mnuEditFindAgain"));
+        bench->dialogs.ExpectMessage(u"<%1...>  not found."_s.arg(u"abc\r\n"_s.repeated(12).chopped(1)), BoxAnswer::Ok,
+                                     BoxIcon::None);
+        bench->Choose(u"mnuEditFindAgain"_s);
         const QString line(500, QLatin1Char('x'));
         Text1()->setText(line);
-        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <%1...>  found.").arg(line.left(400)),
-                                     BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"No more instances of <%1...>  found."_s.arg(line.left(400)), BoxAnswer::Ok,
+                                     BoxIcon::None);
         Press("OKButton");
     }
 
@@ -353,8 +352,8 @@ private Q_SLOTS:
     {
         Open("foo");
         OpenDialog();
-        Text1()->setText(QStringLiteral("foo"));
-        bench->Choose(QStringLiteral("mnuFileClose"));
+        Text1()->setText(u"foo"_s);
+        bench->Choose(u"mnuFileClose"_s);
         QVERIFY(bench->Active() == nullptr);
         bench->dialogs.ExpectMessage(NoCodeWindowText);
         Press("OKButton");
@@ -387,7 +386,7 @@ private Q_SLOTS:
         const QRect needle = placeOf(TestBench::Text(document).indexOf("needle"));
         Dialog()->move(needle.topLeft() - QPoint(50, 50));
         QVERIFY(Dialog()->frameGeometry().intersects(needle));
-        Text1()->setText(QStringLiteral("needle"));
+        Text1()->setText(u"needle"_s);
         Press("OKButton");
         QVERIFY(!Dialog()->frameGeometry().intersects(needle));
     }
@@ -414,13 +413,12 @@ private Q_SLOTS:
     {
         const cDocument* document = Open(QByteArray("foo and more of it\r\n").repeated(2000));
         OpenDialog();
-        Text1()->setText(QStringLiteral("foo"));
-        Text2()->setText(QStringLiteral("quux"));
+        Text1()->setText(u"foo"_s);
+        Text2()->setText(u"quux"_s);
         ExpectConfirm(BoxAnswer::No);
-        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <foo>  found."), BoxAnswer::Ok,
-                                     BoxIcon::None);
-        bench->dialogs.ExpectMessage(QStringLiteral("Number of replacements made: 2000"), BoxAnswer::Ok,
-                                     BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
+        bench->dialogs.ExpectMessage(u"No more instances of <foo>  found."_s, BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"Number of replacements made: 2000"_s, BoxAnswer::Ok, BoxIcon::Information,
+                                     BoxButtons::Ok, u"Finished"_s);
         QTest::qWait(50);
         PaintCounter paints(bench->ActiveWindowEdit());
         Press("cmdReplaceAll");
@@ -444,9 +442,8 @@ private Q_SLOTS:
     void cancelOfTheProgressBoxStopsItToo()
     {
         const cDocument* document = Open("o");
-        bench->ExpectModal(QStringLiteral("frmReplaceProgress"), [](QDialog& box) {
-            QVERIFY(qobject_cast<QProgressDialog*>(&box)->labelText().startsWith(
-                QStringLiteral("Replacements made so far: ")));
+        bench->ExpectModal(u"frmReplaceProgress"_s, [](QDialog& box) {
+            QVERIFY(qobject_cast<QProgressDialog*>(&box)->labelText().startsWith(u"Replacements made so far: "_s));
             QTest::mouseClick(box.findChild<QPushButton*>(), Qt::LeftButton);
         });
         ReplaceForEver([] {});
@@ -456,7 +453,7 @@ private Q_SLOTS:
     void escapeInTheProgressBoxStopsItToo()
     {
         const cDocument* document = Open("o");
-        bench->ExpectModal(QStringLiteral("frmReplaceProgress"),
+        bench->ExpectModal(u"frmReplaceProgress"_s,
                            [](QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Escape); });
         ReplaceForEver([] {});
         QVERIFY(TestBench::Text(document).startsWith("((("));
@@ -466,7 +463,7 @@ private Q_SLOTS:
     {
         const cDocument* document = Open("o");
         ReplaceForEver([this] {
-            QTest::keyClicks(bench->ActiveWindowEdit(), QStringLiteral("xyz"));
+            QTest::keyClicks(bench->ActiveWindowEdit(), u"xyz"_s);
             QTest::keyClick(bench->ActiveWindowEdit(), Qt::Key_L, Qt::ControlModifier);
             QTest::mouseClick(bench->ActiveWindowEdit(), Qt::LeftButton);
             bench->Frame().close();

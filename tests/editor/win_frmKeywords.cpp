@@ -12,14 +12,16 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Sentence = QStringLiteral("no custom keywords found");
-const QString NothingText = QStringLiteral("No keywords to add to custom keyword file.\n"
-                                           "Choose OK to close this dialog, or\n"
-                                           "CANCEL to return and edit the keywords further.");
+const QString Sentence = u"no custom keywords found"_s;
+const QString NothingText = u"No keywords to add to custom keyword file.\n"
+                            "Choose OK to close this dialog, or\n"
+                            "CANCEL to return and edit the keywords further."_s;
 
 } // namespace
 
@@ -29,13 +31,13 @@ class win_frmKeywords : public QObject {
     std::unique_ptr<TestBench> bench;
     std::unique_ptr<frmKeywords> window;
 
-    QString File() const { return bench->ProgramPath(QStringLiteral("keywords.txt")); }
+    QString File() const { return bench->ProgramPath(u"keywords.txt"_s); }
     void WriteFile(const QByteArray& bytes) const
     {
         QFile file(File());
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
-    QPlainTextEdit* Field() const { return window->findChild<QPlainTextEdit*>(QStringLiteral("txtDisplay")); }
+    QPlainTextEdit* Field() const { return window->findChild<QPlainTextEdit*>(u"txtDisplay"_s); }
     void Press(const char* button) const
     {
         window->findChild<QPushButton*>(QString::fromLatin1(button))->click();
@@ -51,7 +53,7 @@ class win_frmKeywords : public QObject {
     // A code window with the word in it, and the style of its first character: 3 is a keyword, 7 any other word.
     void OpenCode()
     {
-        bench->Choose(QStringLiteral("mnuFileNew"));
+        bench->Choose(u"mnuFileNew"_s);
         TestBench::Type(bench->Active(), "pear");
     }
     std::intptr_t StyleOfWord() const
@@ -79,26 +81,26 @@ private Q_SLOTS:
         QCOMPARE(Field()->toPlainText(), Sentence);
         QCOMPARE(Field()->textCursor().selectedText(), Sentence);
         QCOMPARE(window->focusWidget(), Field());
-        QTest::keyClicks(Field(), QStringLiteral("Fig"));
-        QCOMPARE(Field()->toPlainText(), QStringLiteral("Fig"));
+        QTest::keyClicks(Field(), u"Fig"_s);
+        QCOMPARE(Field()->toPlainText(), u"Fig"_s);
     }
 
     void keywordsAreShownWithTheirLineEnd()
     {
         WriteFile("pear apple\r\n");
         Open();
-        QCOMPARE(Field()->toPlainText(), QStringLiteral("pear apple\n"));
-        QTest::keyClicks(Field(), QStringLiteral("fig"));
-        QCOMPARE(Field()->toPlainText(), QStringLiteral("pear apple\nfig"));
+        QCOMPARE(Field()->toPlainText(), u"pear apple\n"_s);
+        QTest::keyClicks(Field(), u"fig"_s);
+        QCOMPARE(Field()->toPlainText(), u"pear apple\nfig"_s);
     }
 
     void okayColoursTheWordsInOpenWindows()
     {
         OpenCode();
         QCOMPARE(StyleOfWord(), 7);
-        bench->ExpectModal(QStringLiteral("frmKeywords"), [](QDialog& dialog) {
-            QTest::keyClicks(dialog.focusWidget(), QStringLiteral("PEAR fig"));
-            dialog.findChild<QPushButton*>(QStringLiteral("cmdOkay"))->click();
+        bench->ExpectModal(u"frmKeywords"_s, [](QDialog& dialog) {
+            QTest::keyClicks(dialog.focusWidget(), u"PEAR fig"_s);
+            dialog.findChild<QPushButton*>(u"cmdOkay"_s)->click();
         });
         mnuOptionsKeywords_Click();
         QCOMPARE(TestBench::Read(File()), QByteArray("pear fig\r\n"));
@@ -125,7 +127,7 @@ private Q_SLOTS:
     void enterIsOkay()
     {
         Open();
-        QTest::keyClicks(Field(), QStringLiteral("fig"));
+        QTest::keyClicks(Field(), u"fig"_s);
         QTest::keyClick(Field(), Qt::Key_Return);
         QVERIFY(!window->isVisible());
         QCOMPARE(TestBench::Read(File()), QByteArray("fig\r\n"));
@@ -142,7 +144,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, byKey);
         Open();
-        QTest::keyClicks(Field(), QStringLiteral("fig"));
+        QTest::keyClicks(Field(), u"fig"_s);
         if (byKey)
             QTest::keyClick(Field(), Qt::Key_Escape);
         else
@@ -154,14 +156,13 @@ private Q_SLOTS:
     void theSentenceAloneIsNothingToSave()
     {
         Open();
-        Field()->setPlainText(QStringLiteral("NO custom keywords FOUND"));
+        Field()->setPlainText(u"NO custom keywords FOUND"_s);
         bench->dialogs.ExpectMessage(NothingText, BoxAnswer::Cancel, BoxIcon::Critical, BoxButtons::OkCancel,
-                                     QStringLiteral("Error."));
+                                     u"Error."_s);
         Press("cmdOkay");
         QVERIFY(window->isVisible());
         QVERIFY(Field()->hasFocus());
-        bench->dialogs.ExpectMessage(NothingText, BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::OkCancel,
-                                     QStringLiteral("Error."));
+        bench->dialogs.ExpectMessage(NothingText, BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::OkCancel, u"Error."_s);
         Press("cmdOkay");
         QVERIFY(!window->isVisible());
         QVERIFY(!QFile::exists(File()));
@@ -171,11 +172,11 @@ private Q_SLOTS:
     {
         QDir().mkdir(File());
         Open();
-        QTest::keyClicks(Field(), QStringLiteral("fig"));
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+        QTest::keyClicks(Field(), u"fig"_s);
+        bench->dialogs.ExpectMessage(u"Run-time error '75':\nPath/File access error"_s);
         Press("cmdOkay");
         QVERIFY(window->isVisible());
-        QCOMPARE(Field()->toPlainText(), QStringLiteral("fig"));
+        QCOMPARE(Field()->toPlainText(), u"fig"_s);
     }
 
     void tabLeavesTheField()

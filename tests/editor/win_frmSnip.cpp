@@ -19,12 +19,14 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString SaveTitle = QStringLiteral("Save As");
-const QString SaveFilter = QStringLiteral("Snippet Files (*.snip)|*.snip");
+const QString SaveTitle = u"Save As"_s;
+const QString SaveFilter = u"Snippet Files (*.snip)|*.snip"_s;
 
 } // namespace
 
@@ -57,7 +59,7 @@ class win_frmSnip : public QObject {
         return names;
     }
 
-    QString File(const QString& name) const { return bench->ProgramPath(QStringLiteral("snippets/") + name); }
+    QString File(const QString& name) const { return bench->ProgramPath(u"snippets/"_s + name); }
     void WriteFile(const QString& name, const QByteArray& bytes) const
     {
         QDir().mkpath(File({}));
@@ -68,8 +70,8 @@ class win_frmSnip : public QObject {
     // Two snippets, a.snip and b.snip, instead of the defaults.
     void Open(QWidget* owner = nullptr)
     {
-        WriteFile(QStringLiteral("a.snip"), "print 1\r\nend\r\n");
-        WriteFile(QStringLiteral("b.snip"), "beep\r\n");
+        WriteFile(u"a.snip"_s, "print 1\r\nend\r\n");
+        WriteFile(u"b.snip"_s, "beep\r\n");
         OpenAsItIs(owner);
     }
     void OpenAsItIs(QWidget* owner = nullptr)
@@ -97,8 +99,8 @@ class win_frmSnip : public QObject {
     }
     void Confirm(const QString& name, BoxAnswer answer) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Delete %1 ?").arg(QDir::toNativeSeparators(File(name))), answer,
-                                     BoxIcon::Question, BoxButtons::OkCancel, QStringLiteral("Confirm"));
+        bench->dialogs.ExpectMessage(u"Delete %1 ?"_s.arg(QDir::toNativeSeparators(File(name))), answer,
+                                     BoxIcon::Question, BoxButtons::OkCancel, u"Confirm"_s);
     }
 
 private Q_SLOTS:
@@ -117,19 +119,19 @@ private Q_SLOTS:
     {
         OpenAsItIs();
         QCOMPARE(Names().size(), 6);
-        Click(QStringLiteral("center_window.snip"));
-        QCOMPARE(Name()->text(), QStringLiteral("center_window.snip"));
+        Click(u"center_window.snip"_s);
+        QCOMPARE(Name()->text(), u"center_window.snip"_s);
         const QStringList lines = Text()->toPlainText().split(QLatin1Char('\n'));
         QCOMPARE(lines.size(), 12);
-        QCOMPARE(lines.last(), QStringLiteral("[quit] close #main : end"));
+        QCOMPARE(lines.last(), u"[quit] close #main : end"_s);
     }
 
     void aFolderThatCannotBeCreatedIsReportedAndOpensNothing()
     {
         bench->Start();
-        QFile file(bench->ProgramPath(QStringLiteral("snippets")));
+        QFile file(bench->ProgramPath(u"snippets"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+        bench->dialogs.ExpectMessage(u"Run-time error '75':\nPath/File access error"_s);
         RunCommand(mnuToolSnipBench_Click);
         for (const QWidget* widget : QApplication::topLevelWidgets())
             QVERIFY(qobject_cast<const frmSnip*>(widget) == nullptr);
@@ -140,62 +142,62 @@ private Q_SLOTS:
         Open();
         QVERIFY(Name()->text().isEmpty() && Text()->toPlainText().isEmpty());
         QVERIFY(!Button("cmdDelete")->isEnabled());
-        Click(QStringLiteral("a.snip"));
-        QCOMPARE(Name()->text(), QStringLiteral("a.snip"));
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("print 1\nend"));
+        Click(u"a.snip"_s);
+        QCOMPARE(Name()->text(), u"a.snip"_s);
+        QCOMPARE(Text()->toPlainText(), u"print 1\nend"_s);
         QVERIFY(Button("cmdDelete")->isEnabled());
         QTest::keyClick(List(), Qt::Key_Down);
-        QCOMPARE(Name()->text(), QStringLiteral("b.snip"));
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("beep"));
+        QCOMPARE(Name()->text(), u"b.snip"_s);
+        QCOMPARE(Text()->toPlainText(), u"beep"_s);
     }
 
     void aClickOnTheChosenSnippetReadsItAgain()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
+        Click(u"a.snip"_s);
         Button("cmdNew")->click();
-        Click(QStringLiteral("a.snip"));
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("print 1\nend"));
-        QTest::keyClicks(Text(), QStringLiteral("x"));
-        QTest::keyClicks(Name(), QStringLiteral("x"));
-        Click(QStringLiteral("a.snip"));
-        QCOMPARE(Name()->text(), QStringLiteral("a.snip"));
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("print 1\nend"));
+        Click(u"a.snip"_s);
+        QCOMPARE(Text()->toPlainText(), u"print 1\nend"_s);
+        QTest::keyClicks(Text(), u"x"_s);
+        QTest::keyClicks(Name(), u"x"_s);
+        Click(u"a.snip"_s);
+        QCOMPARE(Name()->text(), u"a.snip"_s);
+        QCOMPARE(Text()->toPlainText(), u"print 1\nend"_s);
     }
 
     void tinySnippetsAreEmpty()
     {
-        WriteFile(QStringLiteral("0.snip"), "");
-        WriteFile(QStringLiteral("1.snip"), "x");
+        WriteFile(u"0.snip"_s, "");
+        WriteFile(u"1.snip"_s, "x");
         Open();
         for (const char* name : {"a.snip", "0.snip", "a.snip", "1.snip"})
             Click(QString::fromLatin1(name));
-        QCOMPARE(Name()->text(), QStringLiteral("1.snip"));
+        QCOMPARE(Name()->text(), u"1.snip"_s);
         QVERIFY(Text()->toPlainText().isEmpty());
-        Click(QStringLiteral("0.snip"));
+        Click(u"0.snip"_s);
         QVERIFY(Text()->toPlainText().isEmpty());
     }
 
     void aSnippetThatVanishedIsReportedAndTheTextStays()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
-        QFile::remove(File(QStringLiteral("b.snip")));
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '53':\nFile not found"));
-        Click(QStringLiteral("b.snip"));
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("print 1\nend"));
+        Click(u"a.snip"_s);
+        QFile::remove(File(u"b.snip"_s));
+        bench->dialogs.ExpectMessage(u"Run-time error '53':\nFile not found"_s);
+        Click(u"b.snip"_s);
+        QCOMPARE(Text()->toPlainText(), u"print 1\nend"_s);
         QVERIFY(bench->dialogs.Finished());
     }
 
     void newClearsAndUndoRestoresTypedText()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
-        QTest::keyClicks(Text(), QStringLiteral("x"));
+        Click(u"a.snip"_s);
+        QTest::keyClicks(Text(), u"x"_s);
         Button("cmdNew")->click();
         QVERIFY(Name()->text().isEmpty() && Text()->toPlainText().isEmpty());
         Text()->undo();
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("xprint 1\nend"));
+        QCOMPARE(Text()->toPlainText(), u"xprint 1\nend"_s);
     }
 
     void aSaveWritesTheTextWithALineEnd()
@@ -203,15 +205,14 @@ private Q_SLOTS:
         Open();
         Button("cmdNew")->click();
         Text()->setPlainText(QString::fromUtf8("cls\n'é\u00A0x"));
-        Name()->setText(QStringLiteral("new"));
-        Save(File(QStringLiteral("new.snip")));
-        QCOMPARE(TestBench::Read(File(QStringLiteral("new.snip"))), QByteArray("cls\r\n'\xE9\xA0x\r\n"));
-        QCOMPARE(Names(),
-                 (QStringList{QStringLiteral("a.snip"), QStringLiteral("b.snip"), QStringLiteral("new.snip")}));
-        QCOMPARE(Name()->text(), QStringLiteral("new.snip"));
-        QCOMPARE(Chosen(), QStringLiteral("new.snip"));
-        Click(QStringLiteral("a.snip"));
-        Click(QStringLiteral("new.snip"));
+        Name()->setText(u"new"_s);
+        Save(File(u"new.snip"_s));
+        QCOMPARE(TestBench::Read(File(u"new.snip"_s)), QByteArray("cls\r\n'\xE9\xA0x\r\n"));
+        QCOMPARE(Names(), (QStringList{u"a.snip"_s, u"b.snip"_s, u"new.snip"_s}));
+        QCOMPARE(Name()->text(), u"new.snip"_s);
+        QCOMPARE(Chosen(), u"new.snip"_s);
+        Click(u"a.snip"_s);
+        Click(u"new.snip"_s);
         QCOMPARE(Text()->document()->toRawText(), QString::fromUtf8("cls\u2029'é\u00A0x"));
     }
 
@@ -219,21 +220,21 @@ private Q_SLOTS:
     {
         Open();
         Save({});
-        QCOMPARE(Name()->text(), QStringLiteral("Untitled Snippet"));
+        QCOMPARE(Name()->text(), u"Untitled Snippet"_s);
         QCOMPARE(Names().size(), 2);
-        Save(File(QStringLiteral("Untitled Snippet")));
-        QCOMPARE(TestBench::Read(File(QStringLiteral("Untitled Snippet"))), QByteArray("\r\n"));
+        Save(File(u"Untitled Snippet"_s));
+        QCOMPARE(TestBench::Read(File(u"Untitled Snippet"_s)), QByteArray("\r\n"));
         QCOMPARE(Names().size(), 2);
-        QCOMPARE(State(), QStringLiteral("Saved. The list shows *.snip files of its own folder only."));
+        QCOMPARE(State(), u"Saved. The list shows *.snip files of its own folder only."_s);
     }
 
     void aSaveElsewhereSelectsNothing()
     {
         Open();
-        Click(QStringLiteral("b.snip"));
-        Save(bench->Path(QStringLiteral("a.snip")));
-        QCOMPARE(TestBench::Read(bench->Path(QStringLiteral("a.snip"))), QByteArray("beep\r\n"));
-        QCOMPARE(Name()->text(), QStringLiteral("a.snip"));
+        Click(u"b.snip"_s);
+        Save(bench->Path(u"a.snip"_s));
+        QCOMPARE(TestBench::Read(bench->Path(u"a.snip"_s)), QByteArray("beep\r\n"));
+        QCOMPARE(Name()->text(), u"a.snip"_s);
         QVERIFY(Chosen().isEmpty());
         QVERIFY(!Button("cmdDelete")->isEnabled());
     }
@@ -241,20 +242,20 @@ private Q_SLOTS:
     void aSaveThatFailsKeepsTheText()
     {
         Open();
-        Text()->setPlainText(QStringLiteral("cls"));
-        Name()->setText(QStringLiteral("x"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, File(QStringLiteral("gone/x.snip")));
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '76':\nPath not found"));
+        Text()->setPlainText(u"cls"_s);
+        Name()->setText(u"x"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, File(u"gone/x.snip"_s));
+        bench->dialogs.ExpectMessage(u"Run-time error '76':\nPath not found"_s);
         Button("cmdSave")->click();
         QVERIFY(window->isVisible());
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("cls"));
-        QCOMPARE(Name()->text(), QStringLiteral("x"));
+        QCOMPARE(Text()->toPlainText(), u"cls"_s);
+        QCOMPARE(Name()->text(), u"x"_s);
     }
 
     void enterInTheNameSaves()
     {
         Open();
-        Name()->setText(QStringLiteral("x"));
+        Name()->setText(u"x"_s);
         bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
         QTest::keyClick(Name(), Qt::Key_Return);
         QVERIFY(bench->dialogs.Finished());
@@ -263,27 +264,27 @@ private Q_SLOTS:
     void deleteAsksFirst()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
-        Confirm(QStringLiteral("a.snip"), BoxAnswer::Cancel);
+        Click(u"a.snip"_s);
+        Confirm(u"a.snip"_s, BoxAnswer::Cancel);
         Button("cmdDelete")->click();
         QCOMPARE(Names().size(), 2);
-        Confirm(QStringLiteral("a.snip"), BoxAnswer::Ok);
+        Confirm(u"a.snip"_s, BoxAnswer::Ok);
         Button("cmdDelete")->click();
-        QCOMPARE(Names(), QStringList{QStringLiteral("b.snip")});
-        QVERIFY(!QFile::exists(File(QStringLiteral("a.snip"))));
+        QCOMPARE(Names(), QStringList{u"b.snip"_s});
+        QVERIFY(!QFile::exists(File(u"a.snip"_s)));
         QVERIFY(Name()->text().isEmpty() && Text()->toPlainText().isEmpty());
         QVERIFY(!Button("cmdDelete")->isEnabled());
         Text()->undo();
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("print 1\nend"));
+        QCOMPARE(Text()->toPlainText(), u"print 1\nend"_s);
     }
 
     void theDeleteKeyInTheListDeletes()
     {
         Open();
-        Click(QStringLiteral("b.snip"));
-        Confirm(QStringLiteral("b.snip"), BoxAnswer::Ok);
+        Click(u"b.snip"_s);
+        Confirm(u"b.snip"_s, BoxAnswer::Ok);
         QTest::keyClick(List(), Qt::Key_Delete);
-        QCOMPARE(Names(), QStringList{QStringLiteral("a.snip")});
+        QCOMPARE(Names(), QStringList{u"a.snip"_s});
         QTest::keyClick(List(), Qt::Key_Delete);
         QCOMPARE(Names().size(), 1);
     }
@@ -291,58 +292,57 @@ private Q_SLOTS:
     void aVanishedSnippetIsDeletedSilently()
     {
         Open();
-        Click(QStringLiteral("b.snip"));
-        QFile::remove(File(QStringLiteral("b.snip")));
-        Confirm(QStringLiteral("b.snip"), BoxAnswer::Ok);
+        Click(u"b.snip"_s);
+        QFile::remove(File(u"b.snip"_s));
+        Confirm(u"b.snip"_s, BoxAnswer::Ok);
         Button("cmdDelete")->click();
-        QCOMPARE(Names(), QStringList{QStringLiteral("a.snip")});
+        QCOMPARE(Names(), QStringList{u"a.snip"_s});
     }
 
     void copyPutsTheTextOnTheClipboard()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("This snippet has been copied to the clipboard. Paste it into your code."), BoxAnswer::Ok,
-            BoxIcon::None, BoxButtons::Ok, QStringLiteral("Okay"));
+        Click(u"a.snip"_s);
+        bench->dialogs.ExpectMessage(u"This snippet has been copied to the clipboard. Paste it into your code."_s,
+                                     BoxAnswer::Ok, BoxIcon::None, BoxButtons::Ok, u"Okay"_s);
         Button("cmdCopy")->click();
-        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("print 1\r\nend"));
+        QCOMPARE(QApplication::clipboard()->text(), u"print 1\r\nend"_s);
         QVERIFY(bench->dialogs.Finished());
     }
 
     void insertReplacesTheSelection()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
+        Click(u"a.snip"_s);
         Text()->moveCursor(QTextCursor::End);
         Text()->moveCursor(QTextCursor::StartOfWord, QTextCursor::KeepAnchor);
-        QApplication::clipboard()->setText(QStringLiteral("cls\r\nbeep"));
+        QApplication::clipboard()->setText(u"cls\r\nbeep"_s);
         Button("cmdPaste")->click();
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("print 1\ncls\nbeep"));
-        QCOMPARE(Name()->text(), QStringLiteral("a.snip"));
+        QCOMPARE(Text()->toPlainText(), u"print 1\ncls\nbeep"_s);
+        QCOMPARE(Name()->text(), u"a.snip"_s);
     }
 
     void pasteMakesANewSnippet()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
-        QApplication::clipboard()->setText(QStringLiteral("cls\r\nbeep"));
+        Click(u"a.snip"_s);
+        QApplication::clipboard()->setText(u"cls\r\nbeep"_s);
         Button("cmdPasteNew")->click();
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("cls\nbeep"));
+        QCOMPARE(Text()->toPlainText(), u"cls\nbeep"_s);
         QVERIFY(Name()->text().isEmpty());
     }
 
     void aClipboardWithoutTextChangesNothing()
     {
         Open();
-        Click(QStringLiteral("a.snip"));
+        Click(u"a.snip"_s);
         auto* data = new QMimeData;
-        data->setData(QStringLiteral("application/x-none"), "x");
+        data->setData(u"application/x-none"_s, "x");
         QApplication::clipboard()->setMimeData(data);
         Button("cmdPaste")->click();
         Button("cmdPasteNew")->click();
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("print 1\nend"));
-        QCOMPARE(Name()->text(), QStringLiteral("a.snip"));
+        QCOMPARE(Text()->toPlainText(), u"print 1\nend"_s);
+        QCOMPARE(Name()->text(), u"a.snip"_s);
     }
 
     void tabInsertsSpacesUpToTheNextColumn()
@@ -350,10 +350,10 @@ private Q_SLOTS:
         Open();
         Editor.TabSize = 4;
         Text()->setFocus();
-        QTest::keyClicks(Text(), QStringLiteral("a"));
+        QTest::keyClicks(Text(), u"a"_s);
         QTest::keyClick(Text(), Qt::Key_Tab);
-        QTest::keyClicks(Text(), QStringLiteral("b"));
-        QCOMPARE(Text()->toPlainText(), QStringLiteral("a   b"));
+        QTest::keyClicks(Text(), u"b"_s);
+        QCOMPARE(Text()->toPlainText(), u"a   b"_s);
         QTest::keyClick(Text(), Qt::Key_Backtab, Qt::ShiftModifier);
         QVERIFY(!Text()->hasFocus());
     }
@@ -370,18 +370,18 @@ private Q_SLOTS:
         QFETCH(bool, byKey);
         bench->Start();
         QuitQuery = false;
-        bench->Choose(QStringLiteral("mnuFileNew"));
+        bench->Choose(u"mnuFileNew"_s);
         TestBench::Type(bench->Active(), "rem x");
         SendSci(bench->Active()->sci, SCI_SETSEL, 4, 5);
         Open(&bench->Frame());
         if (byKey) {
-            Click(QStringLiteral("a.snip"));
+            Click(u"a.snip"_s);
             QTest::keyClick(List(), Qt::Key_Return);
         } else {
-            DoubleClick(QStringLiteral("a.snip"));
+            DoubleClick(u"a.snip"_s);
         }
         QCOMPARE(TestBench::Text(bench->Active()), QByteArray("rem print 1\r\nend"));
-        QCOMPARE(State(), QStringLiteral("Inserted into the active code window."));
+        QCOMPARE(State(), u"Inserted into the active code window."_s);
         SendSci(bench->Active()->sci, SCI_UNDO);
         QCOMPARE(TestBench::Text(bench->Active()), QByteArray("rem x"));
         QVERIFY(window->isVisible());
@@ -391,7 +391,7 @@ private Q_SLOTS:
     {
         Open();
         bench->dialogs.ExpectMessage(NoCodeWindowText);
-        DoubleClick(QStringLiteral("a.snip"));
+        DoubleClick(u"a.snip"_s);
         QVERIFY(bench->dialogs.Finished());
     }
 
@@ -423,16 +423,16 @@ private Q_SLOTS:
     void tenThousandSnippetsStayQuick()
     {
         for (int i = 0; i < 10'000; ++i)
-            WriteFile(QStringLiteral("s%1.snip").arg(i), "beep\r\n");
+            WriteFile(u"s%1.snip"_s.arg(i), "beep\r\n");
         QElapsedTimer timer;
         timer.start();
         OpenAsItIs();
         const auto opened = timer.restart();
-        Click(QStringLiteral("s9999.snip"));
+        Click(u"s9999.snip"_s);
         const auto clicked = timer.restart();
-        Save(File(QStringLiteral("s5000.snip")));
+        Save(File(u"s5000.snip"_s));
         const auto saved = timer.elapsed();
-        QCOMPARE(Chosen(), QStringLiteral("s5000.snip"));
+        QCOMPARE(Chosen(), u"s5000.snip"_s);
         qInfo("opened in %lld ms, clicked in %lld ms, saved in %lld ms", static_cast<long long>(opened),
               static_cast<long long>(clicked), static_cast<long long>(saved));
         QVERIFY(opened < 2'000 && clicked < 1'000 && saved < 1'000);

@@ -13,15 +13,17 @@
 #include <QPointer>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Welcome = QStringLiteral("syntax for chosen keyword\nwill appear here");
+const QString Welcome = u"syntax for chosen keyword\nwill appear here"_s;
 
 frmSyntax* Viewer(TestBench& bench)
 {
-    bench.Choose(QStringLiteral("mnuSyntaxViewer"));
+    bench.Choose(u"mnuSyntaxViewer"_s);
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* viewer = qobject_cast<frmSyntax*>(window); viewer != nullptr && viewer->isVisible())
             return viewer;
@@ -32,10 +34,10 @@ frmSyntax* Viewer(TestBench& bench)
 struct ViewerBench {
     ViewerBench()
     {
-        bench.Start({bench.Write(QStringLiteral("a.bas"), "x\r\n")});
+        bench.Start({bench.Write(u"a.bas"_s, "x\r\n")});
         viewer = Viewer(bench);
-        list = viewer->findChild<QComboBox*>(QStringLiteral("cmbList"));
-        text = viewer->findChild<QPlainTextEdit*>(QStringLiteral("Text1"));
+        list = viewer->findChild<QComboBox*>(u"cmbList"_s);
+        text = viewer->findChild<QPlainTextEdit*>(u"Text1"_s);
     }
     ~ViewerBench() { delete viewer; }
     ViewerBench(const ViewerBench&) = delete;
@@ -76,7 +78,7 @@ void win_frmSyntax::itStartsWithoutASelection()
     const ViewerBench b;
     QVERIFY(b.viewer != nullptr);
     QCOMPARE(b.list->currentText(), QString());
-    QCOMPARE(b.list->lineEdit()->placeholderText(), QStringLiteral("Keyword List"));
+    QCOMPARE(b.list->lineEdit()->placeholderText(), u"Keyword List"_s);
     QCOMPARE(b.text->toPlainText(), Welcome);
     QVERIFY(!b.viewer->isModal());
 }
@@ -85,9 +87,9 @@ void win_frmSyntax::theListHoldsEveryRowsKey()
 {
     const ViewerBench b;
     QCOMPARE(b.list->count(), 231);
-    QCOMPARE(b.list->itemText(0), QStringLiteral("!contents"));
-    QCOMPARE(b.list->itemText(230), QStringLiteral("word$"));
-    QVERIFY(b.list->findText(QStringLiteral("txcount(#handle)\n'return"), Qt::MatchExactly) >= 0);
+    QCOMPARE(b.list->itemText(0), u"!contents"_s);
+    QCOMPARE(b.list->itemText(230), u"word$"_s);
+    QVERIFY(b.list->findText(u"txcount(#handle)\n'return"_s, Qt::MatchExactly) >= 0);
 }
 
 void win_frmSyntax::aChosenWordShowsItsSyntax()
@@ -95,18 +97,18 @@ void win_frmSyntax::aChosenWordShowsItsSyntax()
     const ViewerBench b;
     b.ChooseWord("goto");
     QCOMPARE(b.text->toPlainText(),
-             QStringLiteral("goto x y   -or-  goto branchlabel\n'draw graphics line from current pos to x,y\n'or go to "
-                            "specified branch label in code"));
+             u"goto x y   -or-  goto branchlabel\n'draw graphics line from current pos to x,y\n'or go to "
+             "specified branch label in code"_s);
     b.ChooseWord("DO");
-    QCOMPARE(b.text->toPlainText(), QStringLiteral("do ... loop until/while expr\n'loop until or while expr is true"));
+    QCOMPARE(b.text->toPlainText(), u"do ... loop until/while expr\n'loop until or while expr is true"_s);
     QVERIFY(b.viewer->isVisible());
 }
 
 void win_frmSyntax::bothRowsOfAKeyCanBeChosen()
 {
     const ViewerBench b;
-    const int first = b.list->findText(QStringLiteral("select"), Qt::MatchExactly);
-    QCOMPARE(b.list->itemText(first + 1), QStringLiteral("select"));
+    const int first = b.list->findText(u"select"_s, Qt::MatchExactly);
+    QCOMPARE(b.list->itemText(first + 1), u"select"_s);
     b.list->setCurrentIndex(first);
     Q_EMIT b.list->activated(first);
     QVERIFY(b.text->toPlainText().startsWith(QLatin1String("select case var")));
@@ -129,7 +131,7 @@ void win_frmSyntax::returningFromAnotherWindowResetsIt()
     b.bench.Frame().activateWindow();
     QVERIFY(QTest::qWaitFor([&] { return QApplication::activeWindow() == &b.bench.Frame(); }));
     QApplication::processEvents();
-    b.bench.Choose(QStringLiteral("mnuSyntaxViewer"));
+    b.bench.Choose(u"mnuSyntaxViewer"_s);
     QVERIFY(QTest::qWaitFor([&] { return b.text->toPlainText() == Welcome; }));
     QCOMPARE(b.list->currentText(), QString());
 }
@@ -138,13 +140,12 @@ void win_frmSyntax::copyPutsTheTextOnTheClipboardAndCloses()
 {
     ViewerBench b;
     b.ChooseWord("do");
-    QApplication::clipboard()->setText(QStringLiteral("before"));
+    QApplication::clipboard()->setText(u"before"_s);
     QElapsedTimer timer;
     timer.start();
-    QTest::mouseClick(b.viewer->findChild<QPushButton*>(QStringLiteral("cmdCopy")), Qt::LeftButton);
-    QCOMPARE(QApplication::clipboard()->text(),
-             QStringLiteral("do ... loop until/while expr\r\n'loop until or while expr is true"));
-    QCOMPARE(b.text->toPlainText(), QStringLiteral("Copied to clipboard."));
+    QTest::mouseClick(b.viewer->findChild<QPushButton*>(u"cmdCopy"_s), Qt::LeftButton);
+    QCOMPARE(QApplication::clipboard()->text(), u"do ... loop until/while expr\r\n'loop until or while expr is true"_s);
+    QCOMPARE(b.text->toPlainText(), u"Copied to clipboard."_s);
     QCOMPARE(b.text->palette().color(QPalette::Text), QColor(255, 0, 0));
     QVERIFY(b.viewer->isVisible());
     QVERIFY(QTest::qWaitFor([&] { return b.viewer.isNull(); }, 3000));
@@ -156,7 +157,7 @@ void win_frmSyntax::cancelAndEscapeClose()
 {
     {
         const ViewerBench b;
-        QTest::mouseClick(b.viewer->findChild<QPushButton*>(QStringLiteral("CancelButton")), Qt::LeftButton);
+        QTest::mouseClick(b.viewer->findChild<QPushButton*>(u"CancelButton"_s), Qt::LeftButton);
         QVERIFY(QTest::qWaitFor([&] { return b.viewer.isNull(); }));
     }
     const ViewerBench b;

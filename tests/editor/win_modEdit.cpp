@@ -20,6 +20,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -30,7 +32,7 @@ constexpr char NoCodeWindow[] = "No code window is active!";
 struct EditBench {
     explicit EditBench(const QByteArray& text)
     {
-        bench.Start({bench.Write(QStringLiteral("a.bas"), text + "\r\n")});
+        bench.Start({bench.Write(u"a.bas"_s, text + "\r\n")});
         QuitQuery = false;
     }
 
@@ -207,7 +209,7 @@ void win_modEdit::heldReturnIndentsOnceAtItsEnd()
     const EditBench b("  a");
     b.GoTo(3);
     const auto send = [&](QEvent::Type type, bool repeat) {
-        QKeyEvent key(type, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), repeat);
+        QKeyEvent key(type, Qt::Key_Return, Qt::NoModifier, u"\r"_s, repeat);
         QApplication::sendEvent(b.Edit(), &key);
     };
     send(QEvent::KeyPress, false);
@@ -256,7 +258,7 @@ void win_modEdit::indentationIsCountedInCharacters()
 void win_modEdit::theKeywordListShowsEveryWordInItsOrder()
 {
     EditBench b("");
-    b.bench.Choose(QStringLiteral("mnuEditInsert"));
+    b.bench.Choose(u"mnuEditInsert"_s);
     QVERIFY(b.Ask(SCI_AUTOCACTIVE) != 0);
     QCOMPARE(ShownList(b).join(QLatin1Char(' ')) + QLatin1Char(' '), QString::fromLatin1(Words().KeywordList));
     b.Key(Qt::Key_Escape);
@@ -268,7 +270,7 @@ void win_modEdit::aWordsStartSelectsFromTheList()
 {
     EditBench b("x = LEF(a$, 1)");
     b.GoTo(7);
-    b.bench.Choose(QStringLiteral("mnuEditInsert"));
+    b.bench.Choose(u"mnuEditInsert"_s);
     QCOMPARE(Chosen(b), QByteArray("Left$("));
     b.Key(Qt::Key_Tab);
     QCOMPARE(b.Marked(), QByteArray("x = Left$(|(a$, 1)"));
@@ -294,16 +296,16 @@ void win_modEdit::everyWordOfTheListIsFoundByItsStart()
 void win_modEdit::wordsOfTheUserAreNotOffered()
 {
     TestBench bench;
-    QFile words(bench.ProgramPath(QStringLiteral("keywords.txt")));
+    QFile words(bench.ProgramPath(u"keywords.txt"_s));
     QVERIFY(words.open(QIODevice::WriteOnly));
     words.write("zebra\r\n");
     words.close();
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "\r\n")});
-    bench.Choose(QStringLiteral("mnuEditInsert"));
+    bench.Start({bench.Write(u"a.bas"_s, "\r\n")});
+    bench.Choose(u"mnuEditInsert"_s);
     const auto* list = bench.ActiveWindowEdit()->findChild<QListWidget*>();
     QVERIFY(list != nullptr);
-    QCOMPARE(list->findItems(QStringLiteral("Print"), Qt::MatchExactly).size(), 1);
-    QCOMPARE(list->findItems(QStringLiteral("zebra"), Qt::MatchContains).size(), 0);
+    QCOMPARE(list->findItems(u"Print"_s, Qt::MatchExactly).size(), 1);
+    QCOMPARE(list->findItems(u"zebra"_s, Qt::MatchContains).size(), 0);
 }
 
 void win_modEdit::returnThatSelectedFromTheListIndentsAllTheSame_data()
@@ -323,7 +325,7 @@ void win_modEdit::returnThatSelectedFromTheListIndentsAllTheSame()
     QFETCH(QByteArray, text);
     EditBench b(text);
     b.GoTo(text.indexOf("pri") + 3);
-    b.bench.Choose(QStringLiteral("mnuEditInsert"));
+    b.bench.Choose(u"mnuEditInsert"_s);
     b.Key(Qt::Key_Return);
     QCOMPARE(b.Ask(SCI_AUTOCACTIVE), 0);
     QTEST(b.Marked(), "result");
@@ -334,7 +336,7 @@ void win_modEdit::theTipShowsAtTheWord()
     EditBench b("x = left$(a$, 1)");
     b.bench.Frame().resize(1400, 700);
     b.GoTo(9);
-    b.bench.Choose(QStringLiteral("mnuEditSyntax"));
+    b.bench.Choose(u"mnuEditSyntax"_s);
     QVERIFY(b.Ask(SCI_CALLTIPACTIVE) != 0);
     QCOMPARE(TipOffset(b, 4), QPoint(0, 1));
     QCOMPARE(b.Ask(SCI_GETSELECTIONSTART), 9);
@@ -347,7 +349,7 @@ void win_modEdit::theTipOfASelectionShowsAtTheTextsStart()
 {
     EditBench b("x\r\nx = left$(a$, 1)");
     b.Select(7, 12);
-    b.bench.Choose(QStringLiteral("mnuEditSyntax"));
+    b.bench.Choose(u"mnuEditSyntax"_s);
     QVERIFY(b.Ask(SCI_CALLTIPACTIVE) != 0);
     QCOMPARE(TipOffset(b, 0), QPoint(0, 1));
     QCOMPARE(b.Ask(SCI_GETSELECTIONSTART), 12);
@@ -358,7 +360,7 @@ void win_modEdit::theTipHidesOnAScroll()
 {
     EditBench b(QByteArray("cls\r\n").repeated(300));
     b.GoTo(3);
-    b.bench.Choose(QStringLiteral("mnuEditSyntax"));
+    b.bench.Choose(u"mnuEditSyntax"_s);
     QVERIFY(b.Ask(SCI_CALLTIPACTIVE) != 0);
     qobject_cast<QAbstractScrollArea*>(b.Edit())->verticalScrollBar()->triggerAction(QScrollBar::SliderSingleStepAdd);
     QCOMPARE(b.Ask(SCI_CALLTIPACTIVE), 0);
@@ -369,11 +371,11 @@ void win_modEdit::theListAndTheTipReplaceEachOther()
 {
     EditBench b("cls");
     b.GoTo(3);
-    b.bench.Choose(QStringLiteral("mnuEditSyntax"));
-    b.bench.Choose(QStringLiteral("mnuEditInsert"));
+    b.bench.Choose(u"mnuEditSyntax"_s);
+    b.bench.Choose(u"mnuEditInsert"_s);
     QCOMPARE(b.Ask(SCI_CALLTIPACTIVE), 0);
     QVERIFY(b.Ask(SCI_AUTOCACTIVE) != 0);
-    b.bench.Choose(QStringLiteral("mnuEditSyntax"));
+    b.bench.Choose(u"mnuEditSyntax"_s);
     QVERIFY(b.Ask(SCI_CALLTIPACTIVE) != 0);
     QCOMPARE(b.Ask(SCI_AUTOCACTIVE), 0);
 }
@@ -399,7 +401,7 @@ void win_modEdit::blockCommentLeavesTheCaretAfterTheBlock()
 {
     EditBench b("a\r\nb\r\nc\r\nend ");
     b.Select(6, 3);
-    b.bench.Choose(QStringLiteral("mnuEditComment"));
+    b.bench.Choose(u"mnuEditComment"_s);
     QCOMPARE(b.Marked(), QByteArray("a\r\n'b|\r\nc\r\nend "));
     QCOMPARE(b.Ask(SCI_GETSELECTIONSTART), b.Ask(SCI_GETSELECTIONEND));
 }
@@ -408,7 +410,7 @@ void win_modEdit::blockCommentOfNothingChangesNothing()
 {
     EditBench b("a\r\nbc\r\nend ");
     b.GoTo(4);
-    b.bench.Choose(QStringLiteral("mnuEditComment"));
+    b.bench.Choose(u"mnuEditComment"_s);
     QCOMPARE(b.Marked(), QByteArray("a\r\nb|c\r\nend "));
     QCOMPARE(b.Ask(SCI_GETMODIFY), 0);
 }
@@ -421,7 +423,7 @@ void win_modEdit::blockCommentKeepsBookmarks()
         ToggleBookmark(b.sci());
     }
     b.Select(0, 12);
-    b.bench.Choose(QStringLiteral("mnuEditComment"));
+    b.bench.Choose(u"mnuEditComment"_s);
     QCOMPARE(b.Text(), QByteArray("'a\r\n'b\r\n'c\r\n'd\r\nend "));
     QByteArray marked;
     for (std::uintptr_t line = 0; line < 5; ++line)
@@ -435,24 +437,24 @@ void win_modEdit::blockCommentKeepsNuls()
 {
     EditBench b(QByteArray("a\0b\r\nc\0\r\nend ", 13));
     b.Select(0, 9);
-    b.bench.Choose(QStringLiteral("mnuEditComment"));
+    b.bench.Choose(u"mnuEditComment"_s);
     QCOMPARE(b.Text(), QByteArray("'a\0b\r\n'c\0\r\nend ", 15));
 }
 
 void win_modEdit::commentsOfTheProgrammerAreInsertedAtTheCaret()
 {
     EditBench b("a\r\nend ");
-    QFile comments(b.bench.ProgramPath(QStringLiteral("comments.txt")));
+    QFile comments(b.bench.ProgramPath(u"comments.txt"_s));
     QVERIFY(comments.open(QIODevice::WriteOnly));
     comments.write("'by J\xF6rg\r\n'2005\r\n");
     comments.close();
     b.GoTo(3);
-    b.bench.Choose(QStringLiteral("mnuEditInsertComments"));
+    b.bench.Choose(u"mnuEditInsertComments"_s);
     QCOMPARE(b.Marked(), QByteArray("a\r\n'by J\xC3\xB6rg\r\n'2005|end "));
     SendSci(b.sci(), SCI_UNDO);
     QCOMPARE(b.Text(), QByteArray("a\r\nend "));
     QVERIFY(comments.remove());
-    b.bench.Choose(QStringLiteral("mnuEditInsertComments"));
+    b.bench.Choose(u"mnuEditInsertComments"_s);
     QCOMPARE(b.Text(), QByteArray("a\r\n'no programmer's comments on fileend "));
 }
 

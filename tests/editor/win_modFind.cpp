@@ -11,6 +11,8 @@
 
 #include <QMdiSubWindow>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -71,7 +73,7 @@ private:
         Finding().FoundPos = -1;
         bench->Start();
         QuitQuery = false;
-        bench->Choose(QStringLiteral("mnuFileNew"));
+        bench->Choose(u"mnuFileNew"_s);
         TestBench::Type(bench->Active(), text);
         Select(bench->Active(), 0, 0);
         SendSci(bench->Active()->sci, SCI_EMPTYUNDOBUFFER);
@@ -81,37 +83,36 @@ private:
 
     void ExpectNoMore(const char* text) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("No more instances of <%1>  found.").arg(QString::fromUtf8(text)),
-                                     BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"No more instances of <%1>  found."_s.arg(QString::fromUtf8(text)), BoxAnswer::Ok,
+                                     BoxIcon::None);
     }
 
     void ExpectNotFoundAgain(const char* text) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("<%1>  not found.").arg(QString::fromUtf8(text)), BoxAnswer::Ok,
-                                     BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"<%1>  not found."_s.arg(QString::fromUtf8(text)), BoxAnswer::Ok, BoxIcon::None);
     }
 
     void ExpectReplace(BoxAnswer answer) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Replace?"), answer, BoxIcon::Question, BoxButtons::YesNoCancel);
+        bench->dialogs.ExpectMessage(u"Replace?"_s, answer, BoxIcon::Question, BoxButtons::YesNoCancel);
     }
 
     void ExpectConfirm(BoxAnswer answer) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Confirm each replacement?"), answer, BoxIcon::Question,
-                                     BoxButtons::YesNo, QStringLiteral("Confirm?"));
+        bench->dialogs.ExpectMessage(u"Confirm each replacement?"_s, answer, BoxIcon::Question, BoxButtons::YesNo,
+                                     u"Confirm?"_s);
     }
 
     void ExpectThis(BoxAnswer answer) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Replace this selection?"), answer, BoxIcon::Question,
-                                     BoxButtons::YesNoCancel, QStringLiteral("Replace?"));
+        bench->dialogs.ExpectMessage(u"Replace this selection?"_s, answer, BoxIcon::Question, BoxButtons::YesNoCancel,
+                                     u"Replace?"_s);
     }
 
     void ExpectCount(int count) const
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Number of replacements made: %1").arg(count), BoxAnswer::Ok,
-                                     BoxIcon::Information, BoxButtons::Ok, QStringLiteral("Finished"));
+        bench->dialogs.ExpectMessage(u"Number of replacements made: %1"_s.arg(count), BoxAnswer::Ok,
+                                     BoxIcon::Information, BoxButtons::Ok, u"Finished"_s);
     }
 
     static void Find(const char* text)
@@ -146,7 +147,7 @@ private Q_SLOTS:
         Find("TWO");
         QCOMPARE(State(document), QByteArray("one [two|]\r\none two\r\n"));
         QCOMPARE(Finding().FoundPos, 4);
-        QCOMPARE(Finding().LastFind, QStringLiteral("TWO"));
+        QCOMPARE(Finding().LastFind, u"TWO"_s);
         Find("two");
         QCOMPARE(State(document), QByteArray("one two\r\none [two|]\r\n"));
         QCOMPARE(Finding().FoundPos, 13);
@@ -179,7 +180,7 @@ private Q_SLOTS:
         Find("four");
         QCOMPARE(State(document), QByteArray("one| two three"));
         QCOMPARE(Finding().FoundPos, -1);
-        QCOMPARE(Finding().LastFind, QStringLiteral("four"));
+        QCOMPARE(Finding().LastFind, u"four"_s);
     }
 
     void failedFindLeavesNoCaretInsideACharacter()
@@ -213,7 +214,7 @@ private Q_SLOTS:
         Find("a");
         ExpectNotFoundAgain("a");
         Again("a");
-        bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"Text not found."_s, BoxAnswer::Ok, BoxIcon::None);
         Replace("a", "b");
         ExpectConfirm(BoxAnswer::No);
         ExpectNoMore("a");
@@ -345,7 +346,7 @@ private Q_SLOTS:
         const cDocument* document = Open("foo bar foo");
         ExpectReplace(BoxAnswer::Yes);
         ExpectReplace(BoxAnswer::Yes);
-        bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"Text not found."_s, BoxAnswer::Ok, BoxIcon::None);
         Replace("foo", "x");
         QCOMPARE(State(document), QByteArray("[x|] bar x"));
         QCOMPARE(Finding().FoundPos, -1);
@@ -356,7 +357,7 @@ private Q_SLOTS:
         const cDocument* document = Open("foo bar foo");
         ExpectReplace(BoxAnswer::Yes);
         ExpectReplace(BoxAnswer::Yes);
-        bench->dialogs.ExpectMessage(QStringLiteral("Text not found."), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"Text not found."_s, BoxAnswer::Ok, BoxIcon::None);
         Replace("foo", "x");
         SendSci(document->sci, SCI_UNDO);
         QCOMPARE(TestBench::Text(document), QByteArray("x bar foo"));
@@ -371,7 +372,7 @@ private Q_SLOTS:
         All("foo", "quux");
         QCOMPARE(State(document), QByteArray("|quux bar quux\r\nquux"));
         QCOMPARE(Finding().FoundPos, -1);
-        QCOMPARE(Finding().LastFind, QStringLiteral("foo"));
+        QCOMPARE(Finding().LastFind, u"foo"_s);
     }
 
     void replaceAllIsOneUndoStep()
@@ -563,8 +564,8 @@ private Q_SLOTS:
     void selectionIsTheNextTextToFind()
     {
         const cDocument* document = Open("one \xc3\xa4\r\ntwo");
-        Finding().LastFind = QStringLiteral("before");
-        QCOMPARE(TakeFindText(ActiveDocument()), QStringLiteral("before"));
+        Finding().LastFind = u"before"_s;
+        QCOMPARE(TakeFindText(ActiveDocument()), u"before"_s);
         Select(document, 4, 8);
         QCOMPARE(TakeFindText(ActiveDocument()), QString::fromUtf8("\xc3\xa4\r\n"));
         QCOMPARE(Finding().LastFind, QString::fromUtf8("\xc3\xa4\r\n"));
@@ -581,7 +582,7 @@ private Q_SLOTS:
     {
         bench = std::make_unique<TestBench>();
         bench->Start();
-        Finding().LastFind = QStringLiteral("foo");
+        Finding().LastFind = u"foo"_s;
         for (int turn = 0; turn < 5; ++turn)
             bench->dialogs.ExpectMessage(NoCodeWindowText);
         Find("foo");
@@ -589,7 +590,7 @@ private Q_SLOTS:
         Replace("foo", "x");
         All("foo", "x");
         mnuEditFindAgain_Click();
-        QCOMPARE(TakeFindText(ActiveDocument()), QStringLiteral("foo"));
+        QCOMPARE(TakeFindText(ActiveDocument()), u"foo"_s);
     }
 
     void findAgainDoesNothingBeforeAFirstSearch()
@@ -597,7 +598,7 @@ private Q_SLOTS:
         const cDocument* document = Open("foo foo");
         mnuEditFindAgain_Click();
         QCOMPARE(State(document), QByteArray("|foo foo"));
-        Finding().LastFind = QStringLiteral("foo");
+        Finding().LastFind = u"foo"_s;
         mnuEditFindAgain_Click();
         QCOMPARE(State(document), QByteArray("foo [|foo]"));
     }

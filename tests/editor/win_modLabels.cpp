@@ -17,6 +17,8 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -25,7 +27,7 @@ namespace {
 struct LabelBench {
     explicit LabelBench(const QByteArray& file)
     {
-        bench.Start({bench.Write(QStringLiteral("a.bas"), file)});
+        bench.Start({bench.Write(u"a.bas"_s, file)});
         bench.Frame().resize(900, 600);
         QApplication::processEvents();
         QuitQuery = false;
@@ -119,7 +121,7 @@ void win_modLabels::aTextWithoutLabelsShowsThePlaceholder()
     for (const char* name : {"cboLabels", "cboSorted"}) {
         QCOMPARE(b.List(name)->count(), 0);
         QCOMPARE(b.List(name)->currentText(), QString());
-        QCOMPARE(b.List(name)->lineEdit()->placeholderText(), QStringLiteral("[ branch labels ]"));
+        QCOMPARE(b.List(name)->lineEdit()->placeholderText(), u"[ branch labels ]"_s);
     }
     QVERIFY(b.List("cboLabels")->isVisible());
     QVERIFY(!b.List("cboSorted")->isVisible());
@@ -131,12 +133,12 @@ void win_modLabels::aTextWithoutLabelsShowsThePlaceholder()
 void win_modLabels::theFirstLabelShowsAtFirst()
 {
     LabelBench b("print\r\n[b] 'x\r\n[a]\r\nend \r\n");
-    QCOMPARE(b.Items("cboLabels"), (QStringList{QStringLiteral("[b] 'x"), QStringLiteral("[a]")}));
-    QCOMPARE(b.Items("cboSorted"), (QStringList{QStringLiteral("[a]"), QStringLiteral("[b] 'x")}));
-    QCOMPARE(b.List("cboLabels")->currentText(), QStringLiteral("[b] 'x"));
+    QCOMPARE(b.Items("cboLabels"), (QStringList{u"[b] 'x"_s, u"[a]"_s}));
+    QCOMPARE(b.Items("cboSorted"), (QStringList{u"[a]"_s, u"[b] 'x"_s}));
+    QCOMPARE(b.List("cboLabels")->currentText(), u"[b] 'x"_s);
     QCOMPARE(b.List("cboLabels")->currentIndex(), 0);
     b.Press("cmdSort");
-    QCOMPARE(b.List("cboSorted")->currentText(), QStringLiteral("[b] 'x"));
+    QCOMPARE(b.List("cboSorted")->currentText(), u"[b] 'x"_s);
     QCOMPARE(b.List("cboSorted")->currentIndex(), 1);
 }
 
@@ -146,13 +148,13 @@ void win_modLabels::theLabelShownSurvivesARebuild()
     b.Choose("cboLabels", 1);
     b.Replace(5, 8, "x");
     b.Press("cmdBranch");
-    QCOMPARE(b.Items("cboLabels"), (QStringList{QStringLiteral("[a]"), QStringLiteral("[c]")}));
-    QCOMPARE(b.List("cboLabels")->currentText(), QStringLiteral("[b]"));
+    QCOMPARE(b.Items("cboLabels"), (QStringList{u"[a]"_s, u"[c]"_s}));
+    QCOMPARE(b.List("cboLabels")->currentText(), u"[b]"_s);
     QCOMPARE(b.List("cboLabels")->currentIndex(), -1);
     b.Replace(0, b.Ask(SCI_GETLENGTH), "print");
     b.Press("cmdBranch");
     QCOMPARE(b.List("cboLabels")->count(), 0);
-    QCOMPARE(b.List("cboLabels")->currentText(), QStringLiteral("[b]"));
+    QCOMPARE(b.List("cboLabels")->currentText(), u"[b]"_s);
 }
 
 void win_modLabels::theLabelChosenInTheSortedListSurvivesToo()
@@ -161,9 +163,9 @@ void win_modLabels::theLabelChosenInTheSortedListSurvivesToo()
     b.Press("cmdSort");
     b.Choose("cboSorted", 0);
     b.Press("cmdBranch");
-    QCOMPARE(b.List("cboSorted")->currentText(), QStringLiteral("[a]"));
+    QCOMPARE(b.List("cboSorted")->currentText(), u"[a]"_s);
     b.Press("cmdSort");
-    QCOMPARE(b.List("cboLabels")->currentText(), QStringLiteral("[a]"));
+    QCOMPARE(b.List("cboLabels")->currentText(), u"[a]"_s);
     QCOMPARE(b.List("cboLabels")->currentIndex(), 1);
 }
 
@@ -203,7 +205,7 @@ void win_modLabels::aSelectedLabelIsScrolledToTheTop()
         QCOMPARE(b.TopLine(), index * 10 + 10);
         QCOMPARE(b.Caret(), b.Ask(SCI_POSITIONFROMLINE, static_cast<std::uintptr_t>(b.CaretLine())));
         QCOMPARE(b.bench.Frame().focusWidget(), b.bench.ActiveWindowEdit());
-        QCOMPARE(b.List("cboLabels")->currentText(), QStringLiteral("[l%1]").arg(index * 10 + 10));
+        QCOMPARE(b.List("cboLabels")->currentText(), u"[l%1]"_s.arg(index * 10 + 10));
     }
 }
 
@@ -244,7 +246,7 @@ void win_modLabels::aMissingLabelLeavesTheCaret()
 void win_modLabels::aLabelWithTrailingSpacesLeavesTheCaret()
 {
     LabelBench b("print\r\n[a]  \r\nend \r\n");
-    QCOMPARE(b.Items("cboLabels"), QStringList{QStringLiteral("[a]  ")});
+    QCOMPARE(b.Items("cboLabels"), QStringList{u"[a]  "_s});
     b.Choose("cboLabels", 0);
     QCOMPARE(b.Caret(), 0);
 }
@@ -264,7 +266,7 @@ void win_modLabels::returnJumpsToATypedLabel()
     QLineEdit* field = b.List("cboLabels")->lineEdit();
     field->setFocus();
     field->selectAll();
-    QTest::keyClicks(field, QStringLiteral("[l120]"));
+    QTest::keyClicks(field, u"[l120]"_s);
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(b.CaretLine(), 120);
     QCOMPARE(b.bench.Frame().focusWidget(), b.bench.ActiveWindowEdit());
@@ -280,7 +282,7 @@ void win_modLabels::theWheelSelectsNothing()
     QWheelEvent turn(place, list->mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
                      Qt::NoScrollPhase, false);
     QApplication::sendEvent(list, &turn);
-    QCOMPARE(list->currentText(), QStringLiteral("[l10]"));
+    QCOMPARE(list->currentText(), u"[l10]"_s);
     QCOMPARE(b.Caret(), 0);
 }
 
@@ -288,17 +290,17 @@ void win_modLabels::sortingSwapsTheLists()
 {
     LabelBench b("[b]\r\n[a]\r\nend \r\n");
     auto* sort = b.Find<QPushButton>("cmdSort");
-    QCOMPARE(sort->text(), QStringLiteral("Sort"));
-    QCOMPARE(sort->toolTip(), QStringLiteral("Toggle Branch Label Sort Order"));
+    QCOMPARE(sort->text(), u"Sort"_s);
+    QCOMPARE(sort->toolTip(), u"Toggle Branch Label Sort Order"_s);
     const QRect place = b.List("cboLabels")->geometry();
     b.Press("cmdSort");
-    QCOMPARE(sort->text(), QStringLiteral("No Sort"));
+    QCOMPARE(sort->text(), u"No Sort"_s);
     QVERIFY(!b.List("cboLabels")->isVisible());
     QVERIFY(b.List("cboSorted")->isVisible());
     QCOMPARE(b.List("cboSorted")->geometry(), place);
     QCOMPARE(b.bench.Frame().focusWidget(), b.bench.ActiveWindowEdit());
     b.Press("cmdSort");
-    QCOMPARE(sort->text(), QStringLiteral("Sort"));
+    QCOMPARE(sort->text(), u"Sort"_s);
     QVERIFY(b.List("cboLabels")->isVisible());
     QVERIFY(!b.List("cboSorted")->isVisible());
 }
@@ -319,22 +321,22 @@ void win_modLabels::theSortedListLeadsToItsLabels()
     LabelBench b(LongProgram(500));
     b.Press("cmdSort");
     // A digit's code is lower than the bracket's.
-    QCOMPARE(b.Items("cboSorted").mid(0, 2), (QStringList{QStringLiteral("[l100]"), QStringLiteral("[l10]")}));
+    QCOMPARE(b.Items("cboSorted").mid(0, 2), (QStringList{u"[l100]"_s, u"[l10]"_s}));
     b.Choose("cboSorted", 0);
     QCOMPARE(b.CaretLine(), 100);
     QCOMPARE(b.TopLine(), 100);
-    QCOMPARE(b.List("cboSorted")->currentText(), QStringLiteral("[l100]"));
+    QCOMPARE(b.List("cboSorted")->currentText(), u"[l100]"_s);
 }
 
 void win_modLabels::theLabelsOfTheReturnedLineAreListed()
 {
     LabelBench b("print\r\n");
     SendSci(b.sci(), SCI_GOTOPOS, 0);
-    QTest::keyClicks(b.bench.ActiveWindowEdit(), QStringLiteral("[new]"));
+    QTest::keyClicks(b.bench.ActiveWindowEdit(), u"[new]"_s);
     QCOMPARE(b.Items("cboLabels"), QStringList());
     QTest::keyClick(b.bench.ActiveWindowEdit(), Qt::Key_Return);
-    QCOMPARE(b.Items("cboLabels"), QStringList{QStringLiteral("[new]")});
-    QCOMPARE(b.List("cboLabels")->currentText(), QStringLiteral("[new]"));
+    QCOMPARE(b.Items("cboLabels"), QStringList{u"[new]"_s});
+    QCOMPARE(b.List("cboLabels")->currentText(), u"[new]"_s);
     QCOMPARE(b.Caret(), 7);
 }
 
@@ -394,12 +396,12 @@ void win_modLabels::manyLabelsAreListedAtOnce()
     QElapsedTimer timer;
     timer.start();
     b.Press("cmdBranch");
-    QVERIFY2(timer.elapsed() < 5'000, qPrintable(QStringLiteral("%1 ms").arg(timer.elapsed())));
+    QVERIFY2(timer.elapsed() < 5'000, qPrintable(u"%1 ms"_s.arg(timer.elapsed())));
     QCOMPARE(b.List("cboSorted")->count(), 49'999);
     timer.restart();
     b.List("cboLabels")->showPopup();
     QApplication::processEvents();
-    QVERIFY2(timer.elapsed() < 5'000, qPrintable(QStringLiteral("%1 ms").arg(timer.elapsed())));
+    QVERIFY2(timer.elapsed() < 5'000, qPrintable(u"%1 ms"_s.arg(timer.elapsed())));
     b.List("cboLabels")->hidePopup();
 }
 

@@ -20,13 +20,14 @@
 #include <QTimer>
 #include <QToolBar>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Question =
-    QStringLiteral("Would you like to print in color?  If all pages do not print properly in color "
-                   "on your system, then select 'No'.");
+const QString Question = u"Would you like to print in color?  If all pages do not print properly in color "
+                         "on your system, then select 'No'."_s;
 
 // A printer whose pages go to a file.
 class FilePrinting final : public cPrinting {
@@ -54,7 +55,7 @@ struct PrintBench {
         SetPrinting(&noPrinter);
         // However slow the machine is, the window appears only in a test that waits for it.
         dlgPrinting::Patience = std::chrono::hours(1);
-        bench.Start({bench.Write(QStringLiteral("game.bas"), program)});
+        bench.Start({bench.Write(u"game.bas"_s, program)});
         SendSci(Text(), SCI_GOTOPOS, 0);
     }
     ~PrintBench()
@@ -66,20 +67,19 @@ struct PrintBench {
     PrintBench& operator=(const PrintBench&) = delete;
 
     Sci Text() const { return bench.Active()->sci; }
-    QString Pdf() const { return bench.Path(QStringLiteral("out.pdf")); }
+    QString Pdf() const { return bench.Path(u"out.pdf"_s); }
 
     void ExpectQuestions(BoxAnswer inColor)
     {
         bench.dialogs.ExpectMessage(Question, inColor, BoxIcon::Question, BoxButtons::YesNoCancel);
         if (!Printing().HasDefaultPrinter())
-            bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Print to PDF"),
-                                     QStringLiteral("PDF (*.pdf)|*.pdf"), Pdf());
+            bench.dialogs.ExpectFile(FilePurpose::Save, u"Print to PDF"_s, u"PDF (*.pdf)|*.pdf"_s, Pdf());
     }
 
     void Print(BoxAnswer inColor)
     {
         ExpectQuestions(inColor);
-        bench.Choose(QStringLiteral("mnuFilePrint"));
+        bench.Choose(u"mnuFilePrint"_s);
         QVERIFY(bench.dialogs.Finished());
     }
 
@@ -102,7 +102,7 @@ QByteArray Program(int lines)
 
 QStringList LinesOfProgram(const QByteArray& program)
 {
-    QStringList lines = QString::fromUtf8(program).split(QStringLiteral("\r\n"));
+    QStringList lines = QString::fromUtf8(program).split(u"\r\n"_s);
     lines.removeAll(QString());
     return lines;
 }
@@ -171,8 +171,8 @@ void win_modPrint::programIsPrintedWhole()
     print.Print(way);
     // Loading drops the last two bytes, which are the last line end.
     QCOMPARE(LinesOf(print.Pdf()), LinesOfProgram(Program(300)));
-    QVERIFY(PdfField(print.Pdf(), QStringLiteral("Pages")).toInt() > 4);
-    QCOMPARE(PdfField(print.Pdf(), QStringLiteral("Title")), QStringLiteral("game.bas"));
+    QVERIFY(PdfField(print.Pdf(), u"Pages"_s).toInt() > 4);
+    QCOMPARE(PdfField(print.Pdf(), u"Title"_s), u"game.bas"_s);
 }
 
 void win_modPrint::selectedLineIsPrintedAlone_data()
@@ -194,7 +194,7 @@ void win_modPrint::selectedLineIsPrintedAlone()
     print.Select(4 * length, 5 * length - 2 + lineEnd);
     print.Print(way);
     QCOMPARE(LinesOf(print.Pdf()), QStringList{LinesOfProgram(Program(9))[4]});
-    QCOMPARE(PdfField(print.Pdf(), QStringLiteral("Pages")), QStringLiteral("1"));
+    QCOMPARE(PdfField(print.Pdf(), u"Pages"_s), u"1"_s);
     QCOMPARE(SendSci(print.Text(), SCI_GETSELECTIONSTART), 4 * length);
     QCOMPARE(SendSci(print.Text(), SCI_GETSELECTIONEND), 5 * length - 2 + lineEnd);
 }
@@ -211,7 +211,7 @@ void win_modPrint::caretAtTheEndGivesAnEmptyPage()
     SendSci(print.Text(), SCI_GOTOPOS, static_cast<std::uintptr_t>(Program(9).size()));
     print.Print(way);
     QVERIFY(LinesOf(print.Pdf()).isEmpty());
-    QCOMPARE(PdfField(print.Pdf(), QStringLiteral("Pages")), QStringLiteral("1"));
+    QCOMPARE(PdfField(print.Pdf(), u"Pages"_s), u"1"_s);
 }
 
 void win_modPrint::printBeginsAtTheCaret()
@@ -287,23 +287,23 @@ void win_modPrint::longLinesAreWrapped()
 {
     QStringList words;
     for (int i = 1000; i < 1100; ++i)
-        words.append(QStringLiteral("word%1").arg(i));
+        words.append(u"word%1"_s.arg(i));
     PrintBench print(words.join(QLatin1Char(' ')).toUtf8() + "\r\nend\r\n");
     print.Print(BoxAnswer::Yes);
     const QStringList lines = LinesOf(print.Pdf());
     QVERIFY(lines.size() > 5);
-    QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + QStringLiteral(" end"));
+    QCOMPARE(lines.join(QLatin1Char(' ')), words.join(QLatin1Char(' ')) + u" end"_s);
 }
 
 void win_modPrint::lineOverManyPagesIsPrintedWhole()
 {
     QStringList words;
     for (int i = 10000; i < 11600; ++i)
-        words.append(QStringLiteral("word%1").arg(i));
+        words.append(u"word%1"_s.arg(i));
     PrintBench print("cls\r\n" + words.join(QLatin1Char(' ')).toUtf8() + "\r\n" + Program(30));
     print.Print(BoxAnswer::Yes);
     QVERIFY(PagesOf(print.Pdf()).size() >= 4);
-    const QStringList expected = QStringList{QStringLiteral("cls")} + words + LinesOfProgram(Program(30));
+    const QStringList expected = QStringList{u"cls"_s} + words + LinesOfProgram(Program(30));
     QCOMPARE(LinesOf(print.Pdf()).join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
 
     // From the row where the selection begins.
@@ -311,7 +311,7 @@ void win_modPrint::lineOverManyPagesIsPrintedWhole()
     print.Select(start, SendSci(print.Text(), SCI_GETLENGTH));
     print.Print(BoxAnswer::Yes);
     const QString rest = LinesOf(print.Pdf()).join(QLatin1Char(' '));
-    QVERIFY(rest.first(120).contains(QStringLiteral("word10200")));
+    QVERIFY(rest.first(120).contains(u"word10200"_s));
     QVERIFY(expected.join(QLatin1Char(' ')).endsWith(rest));
 }
 
@@ -323,7 +323,7 @@ void win_modPrint::otherScriptsArePrinted()
     for (const BoxAnswer way : {BoxAnswer::Yes, BoxAnswer::No}) {
         SendSci(print.Text(), SCI_GOTOPOS, 0);
         print.Print(way);
-        QCOMPARE(LinesOf(print.Pdf()).first(), line + QStringLiteral("cls"));
+        QCOMPARE(LinesOf(print.Pdf()).first(), line + u"cls"_s);
     }
 }
 
@@ -331,7 +331,7 @@ void win_modPrint::fontsAreInTheFile()
 {
     PrintBench print(Program(9));
     print.Print(BoxAnswer::Yes);
-    const QList<QByteArray> table = OutputOf(QStringLiteral("pdffonts"), {print.Pdf()}).trimmed().split('\n');
+    const QList<QByteArray> table = OutputOf(u"pdffonts"_s, {print.Pdf()}).trimmed().split('\n');
     QVERIFY(table.size() > 2);
     const qsizetype column = table[0].indexOf("emb");
     for (const QByteArray& row : table.sliced(2))
@@ -351,7 +351,7 @@ void win_modPrint::printerGetsTheSamePages()
     SetPrinting(&printer);
     print.Print(way);
     QCOMPARE(LinesOf(print.Pdf()), LinesOfProgram(Program(300)));
-    const int pages = PdfField(print.Pdf(), QStringLiteral("Pages")).toInt();
+    const int pages = PdfField(print.Pdf(), u"Pages"_s).toInt();
     QVERIFY(pages > 4);
     // The lines fill the width and height of the paper as in a PDF.
     QCOMPARE(PagesOf(print.Pdf()).size(), pages);
@@ -366,7 +366,7 @@ void win_modPrint::toolbarButtonPrints()
 {
     PrintBench print(Program(9));
     print.bench.dialogs.ExpectMessage(Question, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
-    for (QAction* button : print.bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"))->actions())
+    for (QAction* button : print.bench.Frame().findChild<QToolBar*>(u"tbToolBar"_s)->actions())
         if (button->objectName() == QLatin1String("Print"))
             button->trigger();
     QVERIFY(print.bench.dialogs.Finished());
@@ -377,8 +377,8 @@ void win_modPrint::fileThatCannotBeWrittenIsReported()
     PrintBench print(Program(9));
     QVERIFY(QDir().mkdir(print.Pdf()));
     print.ExpectQuestions(BoxAnswer::Yes);
-    print.bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
-    print.bench.Choose(QStringLiteral("mnuFilePrint"));
+    print.bench.dialogs.ExpectMessage(u"Run-time error '75':\nPath/File access error"_s);
+    print.bench.Choose(u"mnuFilePrint"_s);
     QVERIFY(print.bench.dialogs.Finished());
     QVERIFY(QDir(print.Pdf()).isEmpty());
 }
@@ -387,11 +387,11 @@ void win_modPrint::longPrintShowsItsPageAndCanBeCancelled()
 {
     PrintBench print(Program(300));
     dlgPrinting::Patience = {};
-    print.bench.Write(QStringLiteral("out.pdf"), "old");
+    print.bench.Write(u"out.pdf"_s, "old");
     const QStringList files = QDir::current().entryList(QDir::Files | QDir::Hidden);
-    print.bench.ExpectModal(QStringLiteral("dlgPrinting"), [](QDialog& dialog) {
-        QVERIFY(dialog.findChild<QLabel*>(QStringLiteral("lblPage"))->text().startsWith(QStringLiteral("Page ")));
-        QVERIFY(dialog.findChild<QProgressBar*>(QStringLiteral("pgbPages"))->value() < 1000);
+    print.bench.ExpectModal(u"dlgPrinting"_s, [](QDialog& dialog) {
+        QVERIFY(dialog.findChild<QLabel*>(u"lblPage"_s)->text().startsWith(u"Page "_s));
+        QVERIFY(dialog.findChild<QProgressBar*>(u"pgbPages"_s)->value() < 1000);
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     print.Print(BoxAnswer::Yes);
@@ -408,12 +408,11 @@ void win_modPrint::shortPrintShowsNoWindow()
     watch.setModal(false);
     QVERIFY(watch.NextPage({PrintWork::Drawing, 3, 500, 1000}) == PrintRequest::GoOn);
     QVERIFY(watch.isVisible());
-    QCOMPARE(watch.findChild<QLabel*>(QStringLiteral("lblPage"))->text(), QStringLiteral("Page 3"));
-    QCOMPARE(watch.findChild<QProgressBar*>(QStringLiteral("pgbPages"))->value(), 500);
+    QCOMPARE(watch.findChild<QLabel*>(u"lblPage"_s)->text(), u"Page 3"_s);
+    QCOMPARE(watch.findChild<QProgressBar*>(u"pgbPages"_s)->value(), 500);
     watch.NextPage({PrintWork::Sending, 2, 2, 4});
-    QCOMPARE(watch.findChild<QLabel*>(QStringLiteral("lblPage"))->text(),
-             QStringLiteral("Sending page 2 of 4 to the printer"));
-    QTimer::singleShot(0, watch.findChild<QPushButton*>(QStringLiteral("cmdCancel")), &QPushButton::click);
+    QCOMPARE(watch.findChild<QLabel*>(u"lblPage"_s)->text(), u"Sending page 2 of 4 to the printer"_s);
+    QTimer::singleShot(0, watch.findChild<QPushButton*>(u"cmdCancel"_s), &QPushButton::click);
     QVERIFY(watch.NextPage({PrintWork::Sending, 3, 3, 4}) == PrintRequest::Stop);
 }
 

@@ -5,6 +5,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -73,7 +75,7 @@ private Q_SLOTS:
 
     void anArmedToolPlacesOnce()
     {
-        designer->ArmTool(QStringLiteral("Button"));
+        designer->ArmTool(u"Button"_s);
         QVERIFY(designer->IsArmed());
         QCOMPARE(designer->PointerAt(At(5, 5)), cDesigner::Pointer::Cross);
         Pull(At(10, 10), At(110, 60));
@@ -86,7 +88,7 @@ private Q_SLOTS:
 
     void aNewControlIsSelectedForTheKeys()
     {
-        designer->ArmTool(QStringLiteral("Button"));
+        designer->ArmTool(u"Button"_s);
         Pull(At(10, 10), At(110, 60));
         QCOMPARE(designer->Selection(), (std::vector<ControlRef>{{ControlKind::Button, 1}}));
         QVERIFY(!designer->Handles());
@@ -94,14 +96,14 @@ private Q_SLOTS:
 
     void aPullOfLessThanFivePixelsIsAClick()
     {
-        designer->ArmTool(QStringLiteral("Graphicbox"));
+        designer->ArmTool(u"Graphicbox"_s);
         Pull(At(10, 10), At(14, 14));
         QCOMPARE(Rect({ControlKind::Graphicbox, 1}), Px(10, 10, 50, 50));
     }
 
     void aPullBackToTheAnchorIsStillADrag()
     {
-        designer->ArmTool(QStringLiteral("Graphicbox"));
+        designer->ArmTool(u"Graphicbox"_s);
         designer->Press(At(10, 10), Button::Left, Mode::Plain);
         designer->Drag(At(40, 40));
         QCOMPARE(designer->RubberBand(), Px(10, 10, 30, 30));
@@ -113,7 +115,7 @@ private Q_SLOTS:
     void aGroupboxIsDrawnInto()
     {
         Put(ControlKind::Groupbox, Px(0, 0, 200, 200));
-        designer->ArmTool(QStringLiteral("Radiobutton"));
+        designer->ArmTool(u"Radiobutton"_s);
         Pull(At(20, 20), At(120, 50));
         QCOMPARE(Rect({ControlKind::Radiobutton, 1}), Px(20, 20, 100, 30));
         QCOMPARE(Rect({ControlKind::Groupbox, 1}), Px(0, 0, 200, 200));
@@ -122,7 +124,7 @@ private Q_SLOTS:
     void anotherControlUnderAnArmedToolIsPressed()
     {
         const ControlRef list = Put(ControlKind::Listbox, Px(0, 0, 100, 100));
-        designer->ArmTool(QStringLiteral("Button"));
+        designer->ArmTool(u"Button"_s);
         Pull(At(10, 10), At(30, 30));
         QCOMPARE(Rect(list), Px(20, 20, 100, 100));
         QVERIFY(designer->IsArmed());
@@ -135,7 +137,7 @@ private Q_SLOTS:
         designer->Press(At(30, 30), Button::Left, Mode::Plain);
         designer->Drag(At(53, 38));
         QCOMPARE(Rect(button), Px(40, 25, 80, 30));
-        QCOMPARE(bench->form.status, QStringLiteral("X -  40    Y -  25"));
+        QCOMPARE(bench->form.status, u"X -  40    Y -  25"_s);
         designer->Release(At(53, 38), Button::Left);
         QVERIFY(designer->Handles().has_value());
         QCOMPARE(designer->Handles()->lower, At(120, 55));
@@ -199,7 +201,7 @@ private Q_SLOTS:
         designer->Press(At(102, 52), Button::Left, Mode::Plain);
         designer->Drag(At(135, 79));
         QCOMPARE(Rect(button), Px(20, 20, 110, 55));
-        QCOMPARE(bench->form.status, QStringLiteral("Width:   110        Height:   55"));
+        QCOMPARE(bench->form.status, u"Width:   110        Height:   55"_s);
         QCOMPARE(designer->Handles()->lower, At(133, 77));
         QVERIFY(GuiDesign().GuiFormModified);
         designer->Release(At(135, 79), Button::Left);
@@ -275,14 +277,14 @@ private Q_SLOTS:
         designer->Release(At(120, 120), Button::Left);
         QCOMPARE(Rect(button), Px(20, 20, 80, 30));
         QVERIFY(!designer->CanUndo());
-        designer->ArmTool(QStringLiteral("Button"));
+        designer->ArmTool(u"Button"_s);
         designer->Cancel();
         QVERIFY(!designer->IsArmed());
     }
 
     void eachFinishedActionIsOneStepToUndo()
     {
-        designer->ArmTool(QStringLiteral("Button"));
+        designer->ArmTool(u"Button"_s);
         Pull(At(10, 10), At(110, 60));
         Pull(At(20, 20), At(60, 60));
         designer->Nudge(75, 0);
@@ -313,7 +315,7 @@ private Q_SLOTS:
 
     void theWindowsPlaceIsNoStepUnlessADialogSetIt()
     {
-        designer->ArmTool(QStringLiteral("Button"));
+        designer->ArmTool(u"Button"_s);
         Pull(At(10, 10), At(110, 60));
         GuiDesign().form.left = 4500;
         designer->Undo();
@@ -328,20 +330,20 @@ private Q_SLOTS:
 
     void undoNeverRevertsAConfirmedTypeOrItsMark()
     {
-        GuiDesign().form.windowTag = QStringLiteral("open");
+        GuiDesign().form.windowTag = u"open"_s;
         designer->Restart();
-        GuiDesign().form.windowTag = GuiDesign().form.GuiWindowType = QStringLiteral("Graphics_nsb");
+        GuiDesign().form.windowTag = GuiDesign().form.GuiWindowType = u"Graphics_nsb"_s;
         GuiDesign().form.GuiDefaultsState = 1;
         designer->Commit(cFormHistory::WindowRect::Set);
-        designer->ArmTool(QStringLiteral("Button"));
+        designer->ArmTool(u"Button"_s);
         Pull(At(10, 10), At(110, 60));
         designer->Undo();
         designer->Undo();
-        QCOMPARE(GuiDesign().form.GuiWindowType, QStringLiteral("Window"));
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Window"));
+        QCOMPARE(GuiDesign().form.GuiWindowType, u"Window"_s);
+        QCOMPARE(GuiDesign().form.windowTag, u"Window"_s);
         QCOMPARE(GuiDesign().form.GuiDefaultsState, std::int16_t{1});
         designer->Redo();
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Graphics_nsb"));
+        QCOMPARE(GuiDesign().form.windowTag, u"Graphics_nsb"_s);
     }
 
     void aSaveIsNoStepAndItsNamesStay()
@@ -349,17 +351,17 @@ private Q_SLOTS:
         const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
         Pull(At(30, 30), At(60, 60));
         designer->Undo();
-        GuiDesign().form.At(button).tag = QStringLiteral("button1");
-        GuiDesign().form.At(button).branch = QStringLiteral("button1.click");
+        GuiDesign().form.At(button).tag = u"button1"_s;
+        GuiDesign().form.At(button).branch = u"button1.click"_s;
         designer->Adopt();
         Click(At(30, 30));
         QVERIFY(designer->CanRedo());
         QVERIFY(!designer->CanUndo());
         designer->Redo();
         QCOMPARE(GuiDesign().form.At(button).left, 750.0F);
-        QCOMPARE(GuiDesign().form.At(button).tag, QStringLiteral("button1"));
+        QCOMPARE(GuiDesign().form.At(button).tag, u"button1"_s);
         designer->Undo();
-        QCOMPARE(GuiDesign().form.At(button).branch, QStringLiteral("button1.click"));
+        QCOMPARE(GuiDesign().form.At(button).branch, u"button1.click"_s);
     }
 
     void aKeyThatIsHeldDownIsOneStep()
@@ -433,7 +435,7 @@ private Q_SLOTS:
         designer->Copy();
         designer->Nudge(15, 0);
         designer->Lock();
-        designer->ArmTool(QStringLiteral("Listbox"));
+        designer->ArmTool(u"Listbox"_s);
         designer->FormUnloaded();
         QVERIFY(!designer->IsArmed());
         QVERIFY(!designer->CanUndo());

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 Q_DECLARE_METATYPE(ob::ControlKind)
@@ -127,7 +129,7 @@ private Q_SLOTS:
         DeleteControls(form, {first});
         const ControlRef second = PlaceControl(form, ControlKind::Button, At(0, 0), At(0, 0), Drawn::Clicked, Scale);
         QCOMPARE(second.index, 2);
-        QCOMPARE(form.At(second).caption, QStringLiteral("Button  2"));
+        QCOMPARE(form.At(second).caption, u"Button  2"_s);
     }
 
     void aMoveKeepsTheGripUnderThePointerAndSnaps()
@@ -186,8 +188,8 @@ private Q_SLOTS:
 
     void statusTextsShowPixelsWithALeadingSpace()
     {
-        QCOMPARE(PlaceText(Px(40, -5, 0, 0), Scale), QStringLiteral("X -  40    Y - -5"));
-        QCOMPARE(SizeText(Px(0, 0, 80, 30), Scale), QStringLiteral("Width:   80        Height:   30"));
+        QCOMPARE(PlaceText(Px(40, -5, 0, 0), Scale), u"X -  40    Y - -5"_s);
+        QCOMPARE(SizeText(Px(0, 0, 80, 30), Scale), u"Width:   80        Height:   30"_s);
     }
 
     void theFrontControlTakesThePress()
@@ -280,20 +282,20 @@ private Q_SLOTS:
     {
         GuiForm form;
         const ControlRef button = Put(form, ControlKind::Button, Px(0, 0, 80, 30));
-        form.At(button).tag = QStringLiteral("go *Starts it");
-        form.At(button).branch = QStringLiteral("[start]");
-        form.At(button).caption = QStringLiteral("&Go");
+        form.At(button).tag = u"go *Starts it"_s;
+        form.At(button).branch = u"[start]"_s;
+        form.At(button).caption = u"&Go"_s;
         // The name that a second button would get is taken by another control.
         const ControlRef label = Put(form, ControlKind::Statictext, Px(0, 0, 80, 30));
-        form.At(label).tag = QStringLiteral("button2");
+        form.At(label).tag = u"button2"_s;
         const auto pasted = PasteControls(form, CopyControls(form, {button, label}), Scale);
         QCOMPARE(pasted, (std::vector<ControlRef>{{ControlKind::Button, 2}, {ControlKind::Statictext, 2}}));
         const ControlRecord& copy = form.At(pasted[0]);
-        QCOMPARE(copy.tag, QStringLiteral("button3 *Starts it"));
-        QCOMPARE(copy.branch, QStringLiteral("button3.click"));
-        QCOMPARE(copy.caption, QStringLiteral("&Go"));
+        QCOMPARE(copy.tag, u"button3 *Starts it"_s);
+        QCOMPARE(copy.branch, u"button3.click"_s);
+        QCOMPARE(copy.caption, u"&Go"_s);
         QCOMPARE(RectOf(copy), Px(10, 10, 80, 30));
-        QCOMPARE(form.At(pasted[1]).tag, QStringLiteral("statictext2"));
+        QCOMPARE(form.At(pasted[1]).tag, u"statictext2"_s);
         QCOMPARE(form.At(pasted[1]).branch, QString());
     }
 
@@ -302,10 +304,10 @@ private Q_SLOTS:
         GuiForm form;
         const ControlRef box = Put(form, ControlKind::Graphicbox, Px(0, 0, 80, 30));
         form.At(box).backColor = Rgb(255, 0, 0);
-        form.At(box).branch = QStringLiteral("N/A");
+        form.At(box).branch = u"N/A"_s;
         const auto pasted = PasteControls(form, CopyControls(form, {box}), Scale);
         QCOMPARE(form.At(pasted[0]).backColor, Rgb(255, 0, 0));
-        QCOMPARE(form.At(pasted[0]).branch, QStringLiteral("N/A"));
+        QCOMPARE(form.At(pasted[0]).branch, u"N/A"_s);
     }
 };
 

@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modFormFile : public QObject {
@@ -26,8 +28,8 @@ private Q_SLOTS:
             "menu|&File|&Open  [open] * E&xit  [quit] * |none|none|none|none|none|none|False|1|True\r\n"
             "button|Button  1| 600| 300| 1200| 450|button1|button1.click|none|False|1|True\r\n"
             "\r\n");
-        const QDir samples(QStringLiteral(OB_TEST_DATA "/../../samples"));
-        const QStringList names = samples.entryList({QStringLiteral("*.obf")});
+        const QDir samples(u"" OB_TEST_DATA "/../../samples"_s);
+        const QStringList names = samples.entryList({u"*.obf"_s});
         QVERIFY(names.size() >= 4);
         for (const QString& name : names) {
             QFile file(samples.filePath(name));
@@ -51,7 +53,7 @@ private Q_SLOTS:
             for (const KindTraits& traits : KindTable)
                 form.At(AddControl(form, traits.kind)).visible = true;
         form.GuiStatusbarOn = true;
-        form.GuiMenuNames[0] = QStringLiteral("&File");
+        form.GuiMenuNames[0] = u"&File"_s;
         QByteArrayList words;
         for (const QByteArray& line : FileOf(form).split('\n'))
             words.append(line.left(std::max(0, static_cast<int>(line.indexOf('|')))));
@@ -66,7 +68,7 @@ private Q_SLOTS:
     {
         GuiForm form = FormOf(FileOf(FormWith(ControlKind::Button)));
         form.GuiStatusbarOn = true;
-        form.GuiMenuNames[0] = form.GuiMenuItems[0][0] = QStringLiteral("x");
+        form.GuiMenuNames[0] = form.GuiMenuItems[0][0] = u"x"_s;
         const QByteArrayList lines = FileOf(form).split('\n');
         QCOMPARE(lines.size(), 7);
         for (const QByteArray& line : lines.first(5))
@@ -254,13 +256,13 @@ private Q_SLOTS:
         QFETCH(QByteArray, field);
         QFETCH(QByteArray, written);
         const GuiForm form = FormOf("Window|T|0|0|0|0|h|0|" + field);
-        QCOMPARE((form.GuiFontName + QStringLiteral(" *") + form.GuiFontSize).toLatin1(), written);
+        QCOMPARE((form.GuiFontName + u" *"_s + form.GuiFontSize).toLatin1(), written);
     }
 
     void theWindowsTagIsWrittenAndNotItsType()
     {
         GuiForm form;
-        form.GuiWindowType = QStringLiteral("Dialog");
+        form.GuiWindowType = u"Dialog"_s;
         QVERIFY(FileOf(form).contains("\r\nWindow|Window Title|"));
         for (const char* tag : {"open", "closed", "Dialog_modal"}) {
             form.windowTag = QString::fromLatin1(tag);
@@ -273,9 +275,9 @@ private Q_SLOTS:
         GuiForm form;
         form.GuiHandleName.clear();
         QCOMPARE(SavedText(form).toLatin1(), Fresh({}));
-        QCOMPARE(form.GuiHandleName, QStringLiteral("main"));
-        form.GuiHandleName = QStringLiteral(" ");
-        QVERIFY(SavedText(form).contains(QStringLiteral("| |-2147483633|")));
+        QCOMPARE(form.GuiHandleName, u"main"_s);
+        form.GuiHandleName = u" "_s;
+        QVERIFY(SavedText(form).contains(u"| |-2147483633|"_s));
     }
 
     void withoutAWindowLineTheWindowIsAFreshOne()
@@ -293,13 +295,13 @@ private Q_SLOTS:
     {
         GuiForm form;
         QVERIFY(!FileOf(form).contains("menu|"));
-        form.GuiMenuNames[1] = QStringLiteral("&Edit");
-        form.GuiMenuNames[3] = QStringLiteral("&Lost");
+        form.GuiMenuNames[1] = u"&Edit"_s;
+        form.GuiMenuNames[3] = u"&Lost"_s;
         QVERIFY(!FileOf(form).contains("menu|"));
-        form.GuiMenuNames[0] = QStringLiteral("&File");
-        form.GuiMenuItems[0][0] = QStringLiteral("&Open  [open]");
-        form.GuiMenuItems[0][1] = QStringLiteral("--bar--  [none]");
-        form.GuiMenuItems[0][3] = QStringLiteral("Lost  [lost]");
+        form.GuiMenuNames[0] = u"&File"_s;
+        form.GuiMenuItems[0][0] = u"&Open  [open]"_s;
+        form.GuiMenuItems[0][1] = u"--bar--  [none]"_s;
+        form.GuiMenuItems[0][3] = u"Lost  [lost]"_s;
         QCOMPARE(FileOf(form), Fresh({"menu|&File|&Open  [open] * --bar--  [none] * |none|none|none|none|none|none|"
                                       "False|-1|True",
                                       "menu|&Edit||none|none|none|none|none|none|False|-1|True"}));
@@ -308,32 +310,32 @@ private Q_SLOTS:
     void menusFillTheirSlotsInTurn()
     {
         const GuiForm form = FormOf("menu|&File| &Open  [open]  *  [x]*E&xit  [quit] * \r\nmenu|&Edit|\r\n");
-        QCOMPARE(form.GuiMenuNames[0], QStringLiteral("&File"));
-        QCOMPARE(form.GuiMenuItems[0][0], QStringLiteral("&Open  [open]"));
-        QCOMPARE(form.GuiMenuItems[0][1], QStringLiteral("[x]"));
-        QCOMPARE(form.GuiMenuItems[0][2], QStringLiteral("E&xit  [quit]"));
+        QCOMPARE(form.GuiMenuNames[0], u"&File"_s);
+        QCOMPARE(form.GuiMenuItems[0][0], u"&Open  [open]"_s);
+        QCOMPARE(form.GuiMenuItems[0][1], u"[x]"_s);
+        QCOMPARE(form.GuiMenuItems[0][2], u"E&xit  [quit]"_s);
         QCOMPARE(form.GuiMenuItems[0][3], QString());
-        QCOMPARE(form.GuiMenuNames[1], QStringLiteral("&Edit"));
+        QCOMPARE(form.GuiMenuNames[1], u"&Edit"_s);
         QCOMPARE(form.GuiMenuItems[1][0], QString());
-        QCOMPARE(form.menuLabel, QStringLiteral("&File    &Edit    "));
+        QCOMPARE(form.menuLabel, u"&File    &Edit    "_s);
     }
 
     void aStarInAnItemSplitsIt()
     {
         GuiForm form;
-        form.GuiMenuNames[0] = QStringLiteral("&Sum");
-        form.GuiMenuItems[0][0] = QStringLiteral("a * b  [ab]");
+        form.GuiMenuNames[0] = u"&Sum"_s;
+        form.GuiMenuItems[0][0] = u"a * b  [ab]"_s;
         form = FormOf(FileOf(form));
-        QCOMPARE(form.GuiMenuItems[0][0], QStringLiteral("a"));
-        QCOMPARE(form.GuiMenuItems[0][1], QStringLiteral("b  [ab]"));
+        QCOMPARE(form.GuiMenuItems[0][0], u"a"_s);
+        QCOMPARE(form.GuiMenuItems[0][1], u"b  [ab]"_s);
     }
 
     void anUnnamedMenuTakesASlotThatStaysTheFirstEmptyOne()
     {
         const GuiForm form = FormOf("menu||a*b*c\r\nmenu|&File|d*e\r\n");
-        QCOMPARE(form.GuiMenuNames[0], QStringLiteral("&File"));
+        QCOMPARE(form.GuiMenuNames[0], u"&File"_s);
         QCOMPARE(form.GuiMenuNames[1], QString());
-        QCOMPARE(form.GuiMenuItems[0][0] + form.GuiMenuItems[0][1] + form.GuiMenuItems[0][2], QStringLiteral("dec"));
+        QCOMPARE(form.GuiMenuItems[0][0] + form.GuiMenuItems[0][1] + form.GuiMenuItems[0][2], u"dec"_s);
     }
 
     void aMenuAfterTheLastSlotIsDropped()
@@ -342,15 +344,15 @@ private Q_SLOTS:
         for (int menu = 0; menu < 22; ++menu)
             file += "menu|m" + QByteArray::number(menu) + "|i" + QByteArray::number(menu) + "\r\n";
         const GuiForm form = FormOf(file + "menu\r\n");
-        QCOMPARE(form.GuiMenuNames[20], QStringLiteral("m20"));
-        QCOMPARE(form.GuiMenuItems[20][0], QStringLiteral("i20"));
+        QCOMPARE(form.GuiMenuNames[20], u"m20"_s);
+        QCOMPARE(form.GuiMenuItems[20][0], u"i20"_s);
         QCOMPARE(form.menuLabel.count(QLatin1String("    ")), 21);
         QCOMPARE(FileOf(form).count("\r\nmenu|"), 21);
     }
 
     void withoutMenusTheLabelShowsWhatAClickDoes()
     {
-        QCOMPARE(FormOf("").menuLabel, QStringLiteral("Right-click to remove menubar. Left-click to edit menus."));
+        QCOMPARE(FormOf("").menuLabel, u"Right-click to remove menubar. Left-click to edit menus."_s);
     }
 };
 

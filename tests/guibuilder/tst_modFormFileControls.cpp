@@ -10,6 +10,8 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modFormFileControls : public QObject {
@@ -132,25 +134,25 @@ private Q_SLOTS:
         for (const ControlKind kind : {ControlKind::Bmpbutton, ControlKind::Button, ControlKind::Listbox,
                                        ControlKind::Combobox, ControlKind::Radiobutton, ControlKind::Checkbox}) {
             GuiForm form = FormWith(kind);
-            form.At({kind, 1}).branch = QStringLiteral("  go ");
-            QVERIFY(SavedText(form).contains(QStringLiteral("1|go|none|False")));
-            QCOMPARE(form.At({kind, 1}).branch, QStringLiteral("go"));
-            form.At({kind, 1}).branch = QStringLiteral("  ");
-            QVERIFY(SavedText(form).contains(QStringLiteral("1||none|False")));
+            form.At({kind, 1}).branch = u"  go "_s;
+            QVERIFY(SavedText(form).contains(u"1|go|none|False"_s));
+            QCOMPARE(form.At({kind, 1}).branch, u"go"_s);
+            form.At({kind, 1}).branch = u"  "_s;
+            QVERIFY(SavedText(form).contains(u"1||none|False"_s));
         }
         GuiForm form = FormWith(ControlKind::Graphicbox);
-        for (const QString& branch : {QStringLiteral(" N/A "), QString()}) {
+        for (const QString& branch : {u" N/A "_s, QString()}) {
             form.At({ControlKind::Graphicbox, 1}).branch = branch;
-            QVERIFY(SavedText(form).contains(QStringLiteral("|graphicbox1|%1|16777215|").arg(branch)));
+            QVERIFY(SavedText(form).contains(u"|graphicbox1|%1|16777215|"_s.arg(branch)));
         }
     }
 
     void aTagIsWrittenUnchanged()
     {
         GuiForm form = FormWith(ControlKind::Button);
-        for (const QString& tag : {QStringLiteral(" ok  * tip "), QStringLiteral(" "), QStringLiteral(" *tip")}) {
+        for (const QString& tag : {u" ok  * tip "_s, u" "_s, u" *tip"_s}) {
             form.At({ControlKind::Button, 1}).tag = tag;
-            QVERIFY(SavedText(form).contains(QStringLiteral("| 450|%1|button1.click|").arg(tag)));
+            QVERIFY(SavedText(form).contains(u"| 450|%1|button1.click|"_s.arg(tag)));
         }
     }
 
@@ -163,7 +165,7 @@ private Q_SLOTS:
         QVERIFY(file.contains("|button3|button3.click|"));
         form = FormOf(file);
         QCOMPARE(form.List(ControlKind::Button).size(), std::size_t{2});
-        QCOMPARE(form.At({ControlKind::Button, 1}).tag, QStringLiteral("button3"));
+        QCOMPARE(form.At({ControlKind::Button, 1}).tag, u"button3"_s);
 
         form.List(ControlKind::Button)[1].visible = false;
         QCOMPARE(FileOf(form), Fresh({}));
@@ -183,7 +185,7 @@ private Q_SLOTS:
         QTemporaryDir folder;
         QImage image(3, 2, QImage::Format_RGB32);
         image.fill(Qt::red);
-        QVERIFY(image.save(folder.filePath(QStringLiteral("red.bmp")), "BMP"));
+        QVERIFY(image.save(folder.filePath(u"red.bmp"_s), "BMP"));
         const QString before = QDir::currentPath();
         const auto pictureOf = [](const QByteArray& path) {
             return FormOf("bmpbutton|" + path + "|0|0|0|0|n|b").At({ControlKind::Bmpbutton, 1}).picture.Image();
@@ -194,7 +196,7 @@ private Q_SLOTS:
         QDir::setCurrent(before);
         QCOMPARE(relative.size(), QSize(3, 2));
         QCOMPARE(relative.pixel(2, 1), 0xFFFF0000U);
-        QCOMPARE(pictureOf(QFile::encodeName(folder.filePath(QStringLiteral("red.bmp")))), relative);
+        QCOMPARE(pictureOf(QFile::encodeName(folder.filePath(u"red.bmp"_s))), relative);
         QCOMPARE(two.At({ControlKind::Bmpbutton, 1}).picture.Image(), relative);
         QCOMPARE(two.At({ControlKind::Bmpbutton, 2}).picture.Image(), relative);
         QVERIFY(pictureOf("").isNull());

@@ -19,6 +19,8 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -270,7 +272,7 @@ private Q_SLOTS:
             const ControlRecord& control = form.At({controlKind, 1});
             QVERIFY(!control.visible);
             QCOMPARE(control.left, count > 2 ? 1.F : form.At({controlKind, 0}).left);
-            QCOMPARE(control.tag, count > 6 ? QStringLiteral("n") : QString());
+            QCOMPARE(control.tag, count > 6 ? u"n"_s : QString());
             QCOMPARE(FileOf(form), Fresh({"menu|&File||none|none|none|none|none|none|False|-1|True"}));
         }
     }
@@ -278,13 +280,13 @@ private Q_SLOTS:
     void aShortStatusbarLineSetsWhatItHas()
     {
         GuiForm form;
-        const QString fresh = QStringLiteral("Click here to modify Statusbar!");
+        const QString fresh = u"Click here to modify Statusbar!"_s;
         QCOMPARE(ReadForm("statusbar", form), Failed);
         QCOMPARE(form.panels, std::vector{fresh});
         QCOMPARE(ReadForm("statusbar|2", form), Failed);
         QCOMPARE(form.panels, (std::vector{fresh, QString()}));
         QCOMPARE(ReadForm("statusbar|3|a|b", form), Failed);
-        QCOMPARE(form.panels, (std::vector{QStringLiteral("a"), QStringLiteral("b"), QString()}));
+        QCOMPARE(form.panels, (std::vector{u"a"_s, u"b"_s, QString()}));
     }
 
     // --- Invalid numbers. ---
@@ -354,7 +356,7 @@ private Q_SLOTS:
     void twentyOneItemsFit()
     {
         const GuiForm form = FormOf("menu|&File|" + QByteArray("i*").repeated(20) + "last");
-        QCOMPARE(form.GuiMenuItems[0][20], QStringLiteral("last"));
+        QCOMPARE(form.GuiMenuItems[0][20], u"last"_s);
     }
 
     void aTwentySecondItemFails_data()
@@ -375,8 +377,8 @@ private Q_SLOTS:
     void aMenuOfAllItemsIsWrittenButCannotBeRead()
     {
         GuiForm form;
-        form.GuiMenuNames.fill(QStringLiteral("m"));
-        form.GuiMenuItems[20].fill(QStringLiteral("i"));
+        form.GuiMenuNames.fill(u"m"_s);
+        form.GuiMenuItems[20].fill(u"i"_s);
         const QByteArray file = FileOf(form);
         QVERIFY(file.contains("\r\nmenu|m|" + QByteArray("i * ").repeated(21) + "|none|"));
         QCOMPARE(Left(Failed, file), file);
@@ -390,23 +392,23 @@ private Q_SLOTS:
         // A number after the bar is taken for Left; anything else ends the load.
         GuiForm form = FormWith(ControlKind::Button);
         ControlRecord& control = form.At({ControlKind::Button, 1});
-        control.caption = QStringLiteral("5|6");
+        control.caption = u"5|6"_s;
         QCOMPARE(Left(Loaded, FileOf(form)), Fresh({"button|5| 6| 0| 0| 1200| 450|button1|none|False|-1|True"}));
-        control.caption = QStringLiteral("yes|no");
+        control.caption = u"yes|no"_s;
         QCOMPARE(Left(Failed, FileOf(form)), Fresh({}));
     }
 
     void aBarInATagShiftsTheBranch()
     {
         GuiForm form = FormWith(ControlKind::Button);
-        form.At({ControlKind::Button, 1}).tag = QStringLiteral("ok *a|b");
+        form.At({ControlKind::Button, 1}).tag = u"ok *a|b"_s;
         QCOMPARE(Left(Loaded, FileOf(form)), Fresh({"button|| 0| 0| 1200| 450|ok *a|b|none|False|-1|True"}));
     }
 
     void aBarInTheWindowsCaptionEndsTheLoad()
     {
         GuiForm form;
-        form.caption = QStringLiteral("a|b");
+        form.caption = u"a|b"_s;
         QVERIFY(Left(Failed, FileOf(form)).contains("\r\nWindow|a| 1200|"));
     }
 
@@ -420,8 +422,7 @@ private Q_SLOTS:
                 bytes.append(static_cast<char>(byte));
         const QByteArray line = "checkbox|" + bytes + "| 1| 2| 3| 4|" + bytes + "|b|none|False|-1|True";
         QCOMPARE(Left(Loaded, line), Fresh({line}));
-        QCOMPARE(FormOf("checkbox|\x80\xE9|1|2|3|4|n|b").At({ControlKind::Checkbox, 1}).caption,
-                 QStringLiteral("\u20AC\u00E9"));
+        QCOMPARE(FormOf("checkbox|\x80\xE9|1|2|3|4|n|b").At({ControlKind::Checkbox, 1}).caption, u"\u20AC\u00E9"_s);
     }
 
     void aNulIsACharacterLikeAnyOther()
@@ -435,7 +436,7 @@ private Q_SLOTS:
     void aBitmapThatCannotBeLoadedFailsTheLoad_data()
     {
         QTest::addColumn<QByteArray>("path");
-        QVERIFY(QDir().mkdir(QStringLiteral("folder")));
+        QVERIFY(QDir().mkdir(u"folder"_s));
         Put("text.bmp", "10 PRINT \"no bitmap\"\r\n");
         Put("empty.bmp", {});
         Put("short.bmp", QByteArray("BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x04\0\0\0", 22));
@@ -453,7 +454,7 @@ private Q_SLOTS:
         const ControlRecord& control = form.At({ControlKind::Bmpbutton, 1});
         QVERIFY(!control.visible);
         QVERIFY(control.picture.IsNull());
-        QCOMPARE(control.branch, QStringLiteral("b"));
+        QCOMPARE(control.branch, u"b"_s);
         QCOMPARE(FileOf(form), Fresh({"menu|&File||none|none|none|none|none|none|False|-1|True"}));
     }
 
@@ -493,15 +494,15 @@ private Q_SLOTS:
                 FormOf("Dialog|Old|1|2|3|4|old|0|f *8\r\nmenu|&Old|a\r\nbutton|B|1|2|3|4|n|b\r\nstatusbar|2|a|b");
             ReadForm(file, form);
             GuiForm expected;
-            expected.GuiWindowType = QStringLiteral("Dialog");
-            expected.caption = QStringLiteral("Old");
+            expected.GuiWindowType = u"Dialog"_s;
+            expected.caption = u"Old"_s;
             expected.left = 1;
             expected.top = 2;
             expected.width = 3;
             expected.height = 4;
-            expected.GuiHandleName = QStringLiteral("old");
-            expected.GuiFontName = QStringLiteral("f");
-            expected.GuiFontSize = QStringLiteral("8");
+            expected.GuiHandleName = u"old"_s;
+            expected.GuiFontName = u"f"_s;
+            expected.GuiFontSize = u"8"_s;
             QVERIFY2(form == expected, file);
         }
     }

@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -54,12 +56,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, sample);
         QFETCH(bool, isSimple);
-        GuiForm form = FormOf(Read(QStringLiteral(OB_TEST_DATA "/../../samples/%1.obf").arg(sample)));
+        GuiForm form = FormOf(Read(u"" OB_TEST_DATA "/../../samples/%1.obf"_s.arg(sample)));
         const GuiForm asRead = form;
-        const GeneratedProgram program =
-            Compiled(form, isSimple ? Simple : Outline, {QStringLiteral("2026-11-21"), std::nullopt});
-        const QString ending = isSimple ? QStringLiteral("-simple.bas") : QStringLiteral(".bas");
-        QCOMPARE(program.text.toLatin1(), Read(QStringLiteral(OB_TEST_DATA "/forms/") + sample + ending));
+        const GeneratedProgram program = Compiled(form, isSimple ? Simple : Outline, {u"2026-11-21"_s, std::nullopt});
+        const QString ending = isSimple ? u"-simple.bas"_s : u".bas"_s;
+        QCOMPARE(program.text.toLatin1(), Read(u"" OB_TEST_DATA "/forms/"_s + sample + ending));
         QTEST(program.bitmapMissing, "bitmapMissing");
         // These forms have nothing to fill in.
         QVERIFY(form == asRead);
@@ -109,32 +110,31 @@ private Q_SLOTS:
     {
         GuiForm form;
         for (const ProgramKind kind : BothKinds) {
-            const QString plain = Compiled(form, kind, {QStringLiteral("D"), std::nullopt}).text;
-            const ProgramHeader two{QStringLiteral("D"), QStringLiteral("'mine\r\n'all")};
-            QCOMPARE(Compiled(form, kind, two).text, QStringLiteral("'mine\r\n'all\r\n\r\n\r\n") + plain);
-            const ProgramHeader none{QStringLiteral("D"), QString()};
-            QCOMPARE(Compiled(form, kind, none).text, QStringLiteral("\r\n\r\n\r\n") + plain);
+            const QString plain = Compiled(form, kind, {u"D"_s, std::nullopt}).text;
+            const ProgramHeader two{u"D"_s, u"'mine\r\n'all"_s};
+            QCOMPARE(Compiled(form, kind, two).text, u"'mine\r\n'all\r\n\r\n\r\n"_s + plain);
+            const ProgramHeader none{u"D"_s, QString()};
+            QCOMPARE(Compiled(form, kind, none).text, u"\r\n\r\n\r\n"_s + plain);
         }
     }
 
     void theHeaderHasDateAndCaption()
     {
         GuiForm form;
-        form.caption = QStringLiteral("A \"B\" \u20AC");
-        const ProgramHeader header{QStringLiteral("1.2.2026"), std::nullopt};
+        form.caption = u"A \"B\" \u20AC"_s;
+        const ProgramHeader header{u"1.2.2026"_s, std::nullopt};
         QVERIFY(Compiled(form, Simple, header)
-                    .text.startsWith(
-                        QStringLiteral("'** Created by Orchard Bench - 1.2.2026\r\n'** A \"B\" \u20AC\r\n\r\n")));
+                    .text.startsWith(u"'** Created by Orchard Bench - 1.2.2026\r\n'** A \"B\" \u20AC\r\n\r\n"_s));
     }
 
     void eachColorHasItsComment()
     {
         GuiForm form;
-        form.GuiForegroundColor = QStringLiteral("A");
-        form.GuiBackgroundColor = QStringLiteral("B");
-        form.GuiTexteditorColor = QStringLiteral("C");
-        form.GuiTextboxColor = QStringLiteral("D");
-        form.GuiComboboxColor = QStringLiteral("E");
+        form.GuiForegroundColor = u"A"_s;
+        form.GuiBackgroundColor = u"B"_s;
+        form.GuiTexteditorColor = u"C"_s;
+        form.GuiTextboxColor = u"D"_s;
+        form.GuiComboboxColor = u"E"_s;
         form.GuiListboxColor.clear();
         for (const ProgramKind kind : BothKinds)
             QVERIFY(ProgramOf(form, kind)
@@ -186,10 +186,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("handle");
         QTest::addColumn<QString>("used");
-        QTest::newRow("plain") << QStringLiteral("win") << QStringLiteral("win");
-        QTest::newRow("empty") << QString() << QStringLiteral("main");
-        QTest::newRow("spaces around") << QStringLiteral(" my win ") << QStringLiteral("my win");
-        QTest::newRow("spaces") << QStringLiteral("  ") << QString();
+        QTest::newRow("plain") << u"win"_s << u"win"_s;
+        QTest::newRow("empty") << QString() << u"main"_s;
+        QTest::newRow("spaces around") << u" my win "_s << u"my win"_s;
+        QTest::newRow("spaces") << u"  "_s << QString();
     }
 
     void theHandleIsTrimmedAndStays()
@@ -242,7 +242,7 @@ private Q_SLOTS:
     void aFontSizeBeyondNumbersIsAnError()
     {
         GuiForm form;
-        form.GuiFontSize = QStringLiteral("1e999");
+        form.GuiFontSize = u"1e999"_s;
         int number = 0;
         try {
             ProgramOf(form, Outline);
@@ -277,10 +277,9 @@ private Q_SLOTS:
     void userMenusReplaceTheFixedOne()
     {
         GuiForm form = FormWith(ControlKind::Texteditor);
-        form.GuiMenuNames = {QStringLiteral("&File"), QStringLiteral("&Edit"), QString(), QStringLiteral("&Lost")};
-        form.GuiMenuItems[0] = {QStringLiteral("&Open  [open]"), QStringLiteral("--bar--  [none]"),
-                                QStringLiteral("E&xit  [quit]")};
-        form.GuiMenuItems[1][1] = QStringLiteral("Lost  [lost]");
+        form.GuiMenuNames = {u"&File"_s, u"&Edit"_s, QString(), u"&Lost"_s};
+        form.GuiMenuItems[0] = {u"&Open  [open]"_s, u"--bar--  [none]"_s, u"E&xit  [quit]"_s};
+        form.GuiMenuItems[1][1] = u"Lost  [lost]"_s;
         const QByteArray menus = "Menu        #main, \"&File\", \"&Open\", [open], | , \"E&xit\", [quit]\r\n"
                                  "Menu        #main, \"&Edit\"\r\n"
                                  "texteditor  #main.texteditor1, 0, 0, 80, 80\r\n";
@@ -321,7 +320,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, text);
         QFETCH(QByteArray, label);
         GuiForm form;
-        form.GuiMenuNames[0] = QStringLiteral("M");
+        form.GuiMenuNames[0] = u"M"_s;
         form.GuiMenuItems[0][0] = item;
         const ProgramParts parts = PartsOf(form, Outline);
         QCOMPARE(parts.controls, "Menu        #main, \"M\"" + text + "\r\n");
@@ -331,9 +330,9 @@ private Q_SLOTS:
     void allMenusAndItemsAreWritten()
     {
         GuiForm form;
-        form.GuiMenuNames.fill(QStringLiteral("M"));
+        form.GuiMenuNames.fill(u"M"_s);
         for (auto& items : form.GuiMenuItems)
-            items.fill(QStringLiteral("A  [a]"));
+            items.fill(u"A  [a]"_s);
         QCOMPARE(PartsOf(form, Outline).controls,
                  ("Menu        #main, \"M\"" + QByteArray(", \"A\", [a]").repeated(21) + "\r\n").repeated(21));
         QCOMPARE(PartsOf(form, Outline).stubs.count("[a]\r\n"), 441);
@@ -345,7 +344,7 @@ private Q_SLOTS:
     {
         for (const char* type : {"Graphics_nsb", "Graphics_nf_nsb"}) {
             GuiForm form = FormOfType(type);
-            form.GuiBackgroundColor = QStringLiteral("Darkpink");
+            form.GuiBackgroundColor = u"Darkpink"_s;
             const QByteArray open =
                 QByteArray("\r\nOpen \"Window Title\" for ") + type + " as #main\r\n    #main \"trapclose [quit]\"\r\n";
             const ProgramParts outline = PartsOf(form, Outline);
@@ -411,7 +410,7 @@ private Q_SLOTS:
         QFETCH(bool, resizes);
         GuiForm form = FormOfType(type.constData());
         form.GuiStatusbarOn = true;
-        form.panels = {QStringLiteral("a"), QStringLiteral("b")};
+        form.panels = {u"a"_s, u"b"_s};
         for (const ProgramKind kind : BothKinds) {
             const ProgramParts parts = PartsOf(form, kind);
             QByteArray lines = "    '** Change statusbar message at any time with sub ChangeStatusText\r\n"
@@ -448,8 +447,8 @@ private Q_SLOTS:
     {
         GuiForm form = FormOfType("Graphics_nsb");
         form.GuiTimerOn = form.GuiTooltipsOn = form.GuiStatusbarOn = true;
-        form.GuiMenuNames[0] = QStringLiteral("M");
-        form.GuiMenuItems[0][0] = QStringLiteral("A  [a]");
+        form.GuiMenuNames[0] = u"M"_s;
+        form.GuiMenuItems[0][0] = u"A  [a]"_s;
         form.At(AddControl(form, ControlKind::Listbox)).visible = true;
         const auto places = [&](ProgramKind kind, const QByteArrayList& marks) {
             const QByteArray program = ProgramOf(form, kind);

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -28,7 +30,7 @@ GuiForm Second(ControlKind kind, const char* windowType = "Window")
     control.top = 29.5F;
     control.width = 1514;
     control.height = -1;
-    control.caption = QStringLiteral("The Text");
+    control.caption = u"The Text"_s;
     return form;
 }
 
@@ -85,7 +87,7 @@ private Q_SLOTS:
         QTEST(PartsOf(form, Simple).controls, "simple");
         if (controlKind == ControlKind::Groupbox)
             return;
-        form.GuiWindowType = QStringLiteral("Graphics_nsb");
+        form.GuiWindowType = u"Graphics_nsb"_s;
         QTEST(PartsOf(form, Outline).controls, "outline");
         QTEST(PartsOf(form, Simple).controls, "simple");
     }
@@ -97,7 +99,7 @@ private Q_SLOTS:
             QCOMPARE(PartsOf(form, kind).controls,
                      QByteArray("'***You have attempted to add a groupbox to a graphics window.\r\n"
                                 "'***Graphics windows may not contain groupboxes.\r\n"));
-            QCOMPARE(form.At({ControlKind::Groupbox, 2}).tag, QStringLiteral("group2"));
+            QCOMPARE(form.At({ControlKind::Groupbox, 2}).tag, u"group2"_s);
         }
     }
 
@@ -123,9 +125,9 @@ private Q_SLOTS:
     void textsAreWrittenUnchanged()
     {
         GuiForm form = Second(ControlKind::Button);
-        form.At({ControlKind::Button, 2}).caption = QStringLiteral("%B \"q\" %%");
-        form.At({ControlKind::Button, 2}).tag = QStringLiteral("%N");
-        form.At({ControlKind::Button, 2}).branch = QStringLiteral("%H");
+        form.At({ControlKind::Button, 2}).caption = u"%B \"q\" %%"_s;
+        form.At({ControlKind::Button, 2}).tag = u"%N"_s;
+        form.At({ControlKind::Button, 2}).branch = u"%H"_s;
         QCOMPARE(PartsOf(form, Simple).controls,
                  QByteArray("button      #main.%N, \"%B \"q\" %%\",[%H],UL, 10, 1, 100,-1\r\n"));
     }
@@ -265,7 +267,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, others);
         const ControlRef ref{static_cast<ControlKind>(kind), 2};
         GuiForm form = Second(ref.kind);
-        form.At(ref).tag = QStringLiteral(" it  *tip");
+        form.At(ref).tag = u" it  *tip"_s;
         for (const char* branch : {"go", "[go", "go]", "[go]"}) {
             form.At(ref).branch = QString::fromLatin1(branch);
             QCOMPARE(PartsOf(form, Outline).stubs, branchs + others);
@@ -274,7 +276,7 @@ private Q_SLOTS:
             form.At(ref).branch = QString::fromLatin1(branch);
             QCOMPARE(PartsOf(form, Outline).stubs, others);
         }
-        form.At(ref).branch = QStringLiteral("[QUIT]");
+        form.At(ref).branch = u"[QUIT]"_s;
         QCOMPARE(PartsOf(form, Outline).stubs, branchs.replace("[go]", "[QUIT]") + others);
         QCOMPARE(PartsOf(form, Simple).stubs, QByteArray());
     }
@@ -282,7 +284,7 @@ private Q_SLOTS:
     void aButtonThatQuitsStillNamesTheLabel()
     {
         GuiForm form = Second(ControlKind::Button);
-        form.At({ControlKind::Button, 2}).branch = QStringLiteral("[quit]");
+        form.At({ControlKind::Button, 2}).branch = u"[quit]"_s;
         const QByteArray program = ProgramOf(form, Outline);
         QVERIFY(program.contains("\"The Text\", [quit], UL,"));
         QCOMPARE(program.count("\r\n[quit]\r\n"), 1);
@@ -291,8 +293,8 @@ private Q_SLOTS:
     void resetStubsAreNamedByTheIndex()
     {
         GuiForm form = FormWith(ControlKind::Checkbox, 2);
-        form.At({ControlKind::Checkbox, 1}).branch = QStringLiteral("[quit]");
-        form.At({ControlKind::Checkbox, 2}).branch = QStringLiteral("[x]");
+        form.At({ControlKind::Checkbox, 1}).branch = u"[quit]"_s;
+        form.At({ControlKind::Checkbox, 2}).branch = u"[x]"_s;
         QCOMPARE(PartsOf(form, Outline).stubs,
                  QByteArray("[checkbox1.reset]\r\n    'place code here\r\n    wait\r\n\r\n"
                             "[x]\r\n    #main.check2 \"value? result$\"\r\n    wait\r\n\r\n"
@@ -378,15 +380,15 @@ private Q_SLOTS:
     void aBranchIsBracketedInTheFormToo()
     {
         GuiForm form = Second(ControlKind::Listbox);
-        form.At({ControlKind::Listbox, 2}).branch = QStringLiteral(" go ");
+        form.At({ControlKind::Listbox, 2}).branch = u" go "_s;
         QVERIFY(PartsOf(form, Simple).controls.contains("List2$(),[ go ], 10"));
-        QCOMPARE(form.At({ControlKind::Listbox, 2}).branch, QStringLiteral("[ go ]"));
+        QCOMPARE(form.At({ControlKind::Listbox, 2}).branch, u"[ go ]"_s);
     }
 
     void aGraphicboxsBranchStaysAsItIs()
     {
         GuiForm form = Second(ControlKind::Graphicbox);
-        for (const QString& branch : {QStringLiteral("N/A"), QString()}) {
+        for (const QString& branch : {u"N/A"_s, QString()}) {
             form.At({ControlKind::Graphicbox, 2}).branch = branch;
             QVERIFY(!ProgramOf(form, Outline).contains("N/A"));
             QCOMPARE(form.At({ControlKind::Graphicbox, 2}).branch, branch);
@@ -399,14 +401,14 @@ private Q_SLOTS:
         GuiForm generatedFirst = FormWith(ref.kind);
         ProgramOf(generatedFirst, Outline);
         SavedText(generatedFirst);
-        QCOMPARE(generatedFirst.At(ref).branch, QStringLiteral("[radio1.click]"));
-        QCOMPARE(generatedFirst.At(ref).tag, QStringLiteral("radiobutton1"));
+        QCOMPARE(generatedFirst.At(ref).branch, u"[radio1.click]"_s);
+        QCOMPARE(generatedFirst.At(ref).tag, u"radiobutton1"_s);
 
         GuiForm savedFirst = FormWith(ref.kind);
         SavedText(savedFirst);
-        QCOMPARE(savedFirst.At(ref).branch, QStringLiteral("radiobutton1.click"));
+        QCOMPARE(savedFirst.At(ref).branch, u"radiobutton1.click"_s);
         QVERIFY(ProgramOf(savedFirst, Outline).contains("#main.radiobutton1, \"\",[radiobutton1.click],[loop],"));
-        QCOMPARE(savedFirst.At(ref).branch, QStringLiteral("[radiobutton1.click]"));
+        QCOMPARE(savedFirst.At(ref).branch, u"[radiobutton1.click]"_s);
     }
 
     void generatingTwiceGivesTheSameProgram()
@@ -425,17 +427,17 @@ private Q_SLOTS:
     {
         QTest::addColumn<QStringList>("captions"); // "-": a deleted button
         QTest::addColumn<bool>("isMissing");
-        const QString here = QStringLiteral("here.bmp");
+        const QString here = u"here.bmp"_s;
         QTest::newRow("no bmpbutton") << QStringList{} << false;
         QTest::newRow("a file") << QStringList{here} << false;
-        QTest::newRow("two files") << QStringList{here, QStringLiteral("text.txt")} << false;
-        QTest::newRow("placeholder") << QStringList{QStringLiteral("bmpbttn")} << true;
+        QTest::newRow("two files") << QStringList{here, u"text.txt"_s} << false;
+        QTest::newRow("placeholder") << QStringList{u"bmpbttn"_s} << true;
         QTest::newRow("empty") << QStringList{QString()} << true;
-        QTest::newRow("gone") << QStringList{QStringLiteral("gone.bmp")} << true;
-        QTest::newRow("a folder") << QStringList{QStringLiteral(".")} << true;
-        QTest::newRow("the last of three") << QStringList{here, here, QStringLiteral("x")} << true;
-        QTest::newRow("the first of three") << QStringList{QStringLiteral("x"), here, here} << true;
-        QTest::newRow("a deleted one") << QStringList{QStringLiteral("-"), here} << false;
+        QTest::newRow("gone") << QStringList{u"gone.bmp"_s} << true;
+        QTest::newRow("a folder") << QStringList{u"."_s} << true;
+        QTest::newRow("the last of three") << QStringList{here, here, u"x"_s} << true;
+        QTest::newRow("the first of three") << QStringList{u"x"_s, here, here} << true;
+        QTest::newRow("a deleted one") << QStringList{u"-"_s, here} << false;
     }
 
     void aBmpbuttonWithoutAFileIsReported()

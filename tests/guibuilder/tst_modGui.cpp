@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -108,7 +110,7 @@ private Q_SLOTS:
         QStringList captions;
         for (const KindTraits& traits : KindTable)
             captions.append(form.List(traits.kind).front().caption);
-        QCOMPARE(captions.join(u','), QStringLiteral(",bmpbttn,,,TextBox,TextEditor,,,ListBox,,"));
+        QCOMPARE(captions.join(u','), u",bmpbttn,,,TextBox,TextEditor,,,ListBox,,"_s);
     }
 
     // --- Forms. ---
@@ -116,22 +118,22 @@ private Q_SLOTS:
     void aFreshFormHasTheWindowsDefaults()
     {
         const GuiForm form;
-        QCOMPARE(form.GuiWindowType, QStringLiteral("Window"));
-        QCOMPARE(form.caption, QStringLiteral("Window Title"));
-        QCOMPARE(form.GuiHandleName, QStringLiteral("main"));
-        QCOMPARE(form.GuiFontName, QStringLiteral("ms sans serif"));
-        QCOMPARE(form.GuiFontSize, QStringLiteral("10"));
-        QCOMPARE(form.GuiForegroundColor, QStringLiteral("Black"));
-        QCOMPARE(form.GuiBackgroundColor, QStringLiteral("Buttonface"));
+        QCOMPARE(form.GuiWindowType, u"Window"_s);
+        QCOMPARE(form.caption, u"Window Title"_s);
+        QCOMPARE(form.GuiHandleName, u"main"_s);
+        QCOMPARE(form.GuiFontName, u"ms sans serif"_s);
+        QCOMPARE(form.GuiFontSize, u"10"_s);
+        QCOMPARE(form.GuiForegroundColor, u"Black"_s);
+        QCOMPARE(form.GuiBackgroundColor, u"Buttonface"_s);
         for (const QString& color :
              {form.GuiComboboxColor, form.GuiListboxColor, form.GuiTextboxColor, form.GuiTexteditorColor})
-            QCOMPARE(color, QStringLiteral("White"));
+            QCOMPARE(color, u"White"_s);
         QCOMPARE(form.backColor, ColorRef{0x8000000F});
         QVERIFY(!form.GuiTooltipsOn && !form.GuiStatusbarOn && !form.GuiTimerOn);
         QVERIFY(form.GuiMenuOn);
         QCOMPARE(form.GuiDefaultsState, std::int16_t{-1});
         QCOMPARE(form.windowTag, QString());
-        QCOMPARE(form.panels, std::vector<QString>{QStringLiteral("Click here to modify Statusbar!")});
+        QCOMPARE(form.panels, std::vector<QString>{u"Click here to modify Statusbar!"_s});
         QVERIFY(form.width > 0 && form.height > 0);
     }
 
@@ -139,26 +141,26 @@ private Q_SLOTS:
     {
         GuiForm form;
         const auto setRecord = [](GuiForm& target) {
-            target.GuiWindowType = QStringLiteral("Graphics_nsb");
-            target.caption = QStringLiteral("Mine");
+            target.GuiWindowType = u"Graphics_nsb"_s;
+            target.caption = u"Mine"_s;
             target.left = target.top = target.width = target.height = 15;
-            target.GuiHandleName = QStringLiteral("h");
-            target.GuiFontName = QStringLiteral("arial");
-            target.GuiFontSize = QStringLiteral("8");
-            target.GuiForegroundColor = QStringLiteral("Red");
-            target.GuiBackgroundColor = QStringLiteral("Cyan");
-            target.GuiComboboxColor = target.GuiListboxColor = QStringLiteral("Pink");
-            target.GuiTextboxColor = target.GuiTexteditorColor = QStringLiteral("Blue");
+            target.GuiHandleName = u"h"_s;
+            target.GuiFontName = u"arial"_s;
+            target.GuiFontSize = u"8"_s;
+            target.GuiForegroundColor = u"Red"_s;
+            target.GuiBackgroundColor = u"Cyan"_s;
+            target.GuiComboboxColor = target.GuiListboxColor = u"Pink"_s;
+            target.GuiTextboxColor = target.GuiTexteditorColor = u"Blue"_s;
             target.GuiTooltipsOn = target.GuiStatusbarOn = target.GuiTimerOn = true;
             target.GuiDefaultsState = 1;
         };
         setRecord(form);
         for (const KindTraits& traits : KindTable)
             form.At(AddControl(form, traits.kind)).visible = true;
-        form.GuiMenuNames[0] = form.GuiMenuItems[20][20] = QStringLiteral("x");
+        form.GuiMenuNames[0] = form.GuiMenuItems[20][20] = u"x"_s;
         form.GuiMenuOn = false;
         form.panels.resize(3);
-        form.menuLabel = form.windowTag = QStringLiteral("y");
+        form.menuLabel = form.windowTag = u"y"_s;
         ClearForm(form);
 
         GuiForm expected;
@@ -170,18 +172,18 @@ private Q_SLOTS:
     void aCopyIsASnapshot()
     {
         GuiForm form;
-        form.At(AddControl(form, ControlKind::Button)).caption = QStringLiteral("before");
+        form.At(AddControl(form, ControlKind::Button)).caption = u"before"_s;
         const GuiForm copy = form;
         QVERIFY(copy == form);
-        form.At({ControlKind::Button, 1}).caption = QStringLiteral("after");
+        form.At({ControlKind::Button, 1}).caption = u"after"_s;
         QVERIFY(!(copy == form));
-        QCOMPARE(copy.At({ControlKind::Button, 1}).caption, QStringLiteral("before"));
+        QCOMPARE(copy.At({ControlKind::Button, 1}).caption, u"before"_s);
     }
 
     void theProgramsStartResetsEverything()
     {
         FormDesign& design = GuiDesign();
-        design.form.caption = QStringLiteral("x");
+        design.form.caption = u"x"_s;
         design.GuiFormOpen = design.GuiFormModified = design.GuiFormLoading = true;
         design.GuiGridOn = design.GuiStatusNoteOn = false;
         ResetGui();
@@ -224,7 +226,7 @@ private Q_SLOTS:
     void aNewControlTakesTheListsCountAsItsIndex()
     {
         GuiForm form;
-        form.List(ControlKind::Textbox).front().caption = QStringLiteral("template");
+        form.List(ControlKind::Textbox).front().caption = u"template"_s;
         QCOMPARE(AddControl(form, ControlKind::Textbox), (ControlRef{ControlKind::Textbox, 1}));
         QCOMPARE(AddControl(form, ControlKind::Button), (ControlRef{ControlKind::Button, 1}));
         // A deleted one keeps its index.
@@ -232,7 +234,7 @@ private Q_SLOTS:
         QCOMPARE(AddControl(form, ControlKind::Textbox), (ControlRef{ControlKind::Textbox, 2}));
         const ControlRecord& added = form.At({ControlKind::Textbox, 2});
         QVERIFY(!added.visible);
-        QCOMPARE(added.caption, QStringLiteral("template"));
+        QCOMPARE(added.caption, u"template"_s);
         QCOMPARE(KindsIn(form.order), (QList{ControlKind::Textbox, ControlKind::Button, ControlKind::Textbox}));
     }
 
@@ -319,10 +321,7 @@ private Q_SLOTS:
         QTEST(parts.branch, "branch");
     }
 
-    void aMenuItemIsJoinedWithTwoSpaces()
-    {
-        QCOMPARE(JoinMenuItem(QStringLiteral("&Open"), QStringLiteral("[open]")), QStringLiteral("&Open  [open]"));
-    }
+    void aMenuItemIsJoinedWithTwoSpaces() { QCOMPARE(JoinMenuItem(u"&Open"_s, u"[open]"_s), u"&Open  [open]"_s); }
 
     void aBranchGetsItsMissingBrackets_data()
     {
@@ -352,27 +351,27 @@ private Q_SLOTS:
     void theMenuLabelShowsTheMenusUpToTheFirstEmptyOne()
     {
         GuiForm form;
-        const QString none = QStringLiteral("none");
+        const QString none = u"none"_s;
         QCOMPARE(MenuLabel(form, none), none);
-        form.GuiMenuNames[1] = QStringLiteral("&Edit");
+        form.GuiMenuNames[1] = u"&Edit"_s;
         QCOMPARE(MenuLabel(form, none), none);
-        form.GuiMenuNames[0] = QStringLiteral("&File");
-        form.GuiMenuNames[3] = QStringLiteral("&Help");
-        QCOMPARE(MenuLabel(form, none), QStringLiteral("&File    &Edit    "));
-        form.GuiMenuNames.fill(QStringLiteral("x"));
-        QCOMPARE(MenuLabel(form, none), QStringLiteral("x    ").repeated(21));
+        form.GuiMenuNames[0] = u"&File"_s;
+        form.GuiMenuNames[3] = u"&Help"_s;
+        QCOMPARE(MenuLabel(form, none), u"&File    &Edit    "_s);
+        form.GuiMenuNames.fill(u"x"_s);
+        QCOMPARE(MenuLabel(form, none), u"x    "_s.repeated(21));
     }
 
     void anUnknownColorNameLeavesTheColor()
     {
         ColorRef color = 7;
-        SetColorByName(color, QStringLiteral("Pink"));
+        SetColorByName(color, u"Pink"_s);
         QCOMPARE(color, Rgb(255, 0, 255));
-        for (const QString& name : {QStringLiteral("pink"), QStringLiteral("Purple"), QString()}) {
+        for (const QString& name : {u"pink"_s, u"Purple"_s, QString()}) {
             SetColorByName(color, name);
             QCOMPARE(color, Rgb(255, 0, 255));
         }
-        SetColorByName(color, QStringLiteral("Buttonface"));
+        SetColorByName(color, u"Buttonface"_s);
         QCOMPARE(color, ColorRef{0x8000000F});
     }
 };

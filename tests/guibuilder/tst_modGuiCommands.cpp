@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -39,17 +41,17 @@ private Q_SLOTS:
     {
         GuiDesign().GuiFormModified = true;
         GuiDesign().GuiGridOn = GuiDesign().form.GuiMenuOn = false;
-        GuiDesign().form.caption = QStringLiteral("Kept");
-        GuiDesign().form.windowTag = QStringLiteral("closed");
-        GuiDesign().form.GuiMenuNames[0] = GuiDesign().form.GuiMenuItems[0][0] = QStringLiteral("x");
+        GuiDesign().form.caption = u"Kept"_s;
+        GuiDesign().form.windowTag = u"closed"_s;
+        GuiDesign().form.GuiMenuNames[0] = GuiDesign().form.GuiMenuItems[0][0] = u"x"_s;
         AddControl(GuiDesign().form, ControlKind::Button);
         GuiFormLoaded();
         GuiForm expected;
-        expected.caption = QStringLiteral("Kept");
+        expected.caption = u"Kept"_s;
         QVERIFY(GuiDesign().form == expected);
         QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiGridOn);
         QVERIFY(!GuiDesign().GuiFormModified);
-        QCOMPARE(bench->form.status, QStringLiteral("Right click the window or controls for a properties dialog!"));
+        QCOMPARE(bench->form.status, u"Right click the window or controls for a properties dialog!"_s);
         QCOMPARE(bench->form.log, Log({"enable mnuFileSaveGui"}));
     }
 
@@ -59,7 +61,7 @@ private Q_SLOTS:
         bench->form.log.clear();
         GuiFormUnloaded();
         QVERIFY(!GuiDesign().GuiFormOpen);
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("closed"));
+        QCOMPARE(GuiDesign().form.windowTag, u"closed"_s);
         QCOMPARE(bench->form.log, Log({"disable mnuFileSaveGui"}));
     }
 
@@ -69,10 +71,10 @@ private Q_SLOTS:
     {
         OpenModifiedForm(*bench);
         GuiDesign().GuiFormModified = false;
-        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), "Window|Read|1|2|3|4|h|0|f *8\r\nmenu|&File|\r\n"));
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Window"));
-        QCOMPARE(GuiDesign().form.menuLabel, QStringLiteral("&File    "));
+        LoadGuiForm(bench->Put(u"a.obf"_s, "Window|Read|1|2|3|4|h|0|f *8\r\nmenu|&File|\r\n"));
+        QCOMPARE(GuiDesign().form.caption, u"Read"_s);
+        QCOMPARE(GuiDesign().form.windowTag, u"Window"_s);
+        QCOMPARE(GuiDesign().form.menuLabel, u"&File    "_s);
         QVERIFY(GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
         QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui",
                                        "refresh gui", "enable tool Open Menu Editor"}));
@@ -80,7 +82,7 @@ private Q_SLOTS:
 
     void withoutAFormWindowALoadMakesOne()
     {
-        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm));
+        LoadGuiForm(bench->Put(u"a.obf"_s, DialogForm));
         QVERIFY(GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
         QVERIFY(!GuiDesign().form.GuiMenuOn);
         QCOMPARE(bench->form.log,
@@ -91,10 +93,10 @@ private Q_SLOTS:
     {
         OpenModifiedForm(*bench);
         GuiDesign().GuiFormModified = false;
-        bench->dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
-        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), "open|Window Title| 0| 0| 0| 0|main|0|f *8|False|-1|True\r\n"));
+        bench->dialogs.ExpectMessage(u"OBF file is corrupt."_s);
+        LoadGuiForm(bench->Put(u"a.obf"_s, "open|Window Title| 0| 0| 0| 0|main|0|f *8|False|-1|True\r\n"));
         QVERIFY(!GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("closed"));
+        QCOMPARE(GuiDesign().form.windowTag, u"closed"_s);
         QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui",
                                        "unload gui", "disable mnuFileSaveGui"}));
     }
@@ -112,29 +114,29 @@ private Q_SLOTS:
     void aFailedLoadLeavesWhatItBuilt()
     {
         QFETCH(QByteArray, line);
-        bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
-        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm + QByteArray("checkbox|C|0|0|0|0|n|b\r\n") + line +
-                                                            "\r\ntextbox|x|0|0|0|0|n"));
+        bench->dialogs.ExpectMessage(u"Error loading form."_s);
+        LoadGuiForm(bench->Put(u"a.obf"_s, DialogForm + QByteArray("checkbox|C|0|0|0|0|n|b\r\n") + line +
+                                               "\r\ntextbox|x|0|0|0|0|n"));
         QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiFormLoading && !GuiDesign().GuiFormModified);
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
+        QCOMPARE(GuiDesign().form.caption, u"Read"_s);
         QVERIFY(GuiDesign().form.At({ControlKind::Checkbox, 1}).visible);
         QCOMPARE(GuiDesign().form.List(ControlKind::Textbox).size(), std::size_t{1});
         QCOMPARE(bench->form.log,
                  Log({"show gui", "enable mnuFileSaveGui", "refresh gui", "disable tool Open Menu Editor"}));
 
         // The next good load ends it.
-        LoadGuiForm(bench->Put(QStringLiteral("b.obf"), DialogForm));
+        LoadGuiForm(bench->Put(u"b.obf"_s, DialogForm));
         QVERIFY(!GuiDesign().GuiFormLoading);
     }
 
     void aFileThatCannotBeReadIsAFailedLoad_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("gone") << QStringLiteral("gone.obf");
+        QTest::newRow("gone") << u"gone.obf"_s;
         QTest::newRow("empty name") << QString();
-        QTest::newRow("a folder") << QStringLiteral(".");
+        QTest::newRow("a folder") << u"."_s;
 #ifdef Q_OS_UNIX
-        QTest::newRow("a pipe") << QStringLiteral("pipe.obf");
+        QTest::newRow("a pipe") << u"pipe.obf"_s;
 #endif
     }
 
@@ -144,7 +146,7 @@ private Q_SLOTS:
 #ifdef Q_OS_UNIX
         QCOMPARE(mkfifo("pipe.obf", 0600), 0);
 #endif
-        bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
+        bench->dialogs.ExpectMessage(u"Error loading form."_s);
         LoadGuiForm(name);
         QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiFormLoading);
         QCOMPARE(FileOf(GuiDesign().form), Fresh({}));
@@ -153,38 +155,38 @@ private Q_SLOTS:
     void aLoadAsksAboutAModifiedForm()
     {
         OpenModifiedForm(*bench);
-        const QString path = bench->Put(QStringLiteral("a.obf"), DialogForm);
+        const QString path = bench->Put(u"a.obf"_s, DialogForm);
         ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
         LoadGuiForm(path);
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
+        QCOMPARE(GuiDesign().form.caption, u"Drawn"_s);
         QVERIFY(GuiDesign().GuiFormOpen && GuiDesign().GuiFormModified && !GuiDesign().GuiFormLoading);
         QVERIFY(bench->form.log.isEmpty());
 
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
         ExpectSaveBox(*bench, {});
         LoadGuiForm(path);
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
+        QCOMPARE(GuiDesign().form.caption, u"Drawn"_s);
         QVERIFY(!GuiDesign().GuiFormLoading);
 
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
-        ExpectSaveBox(*bench, bench->Path(QStringLiteral("drawn.obf")));
+        ExpectSaveBox(*bench, bench->Path(u"drawn.obf"_s));
         LoadGuiForm(path);
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
-        QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("drawn.obf"))).contains("|Drawn|"));
+        QCOMPARE(GuiDesign().form.caption, u"Read"_s);
+        QVERIFY(CoreBench::Get(bench->Path(u"drawn.obf"_s)).contains("|Drawn|"));
 
         GuiDesign().GuiFormModified = true;
         ExpectCloseQuestion(*bench, BoxAnswer::No);
-        LoadGuiForm(bench->Path(QStringLiteral("drawn.obf")));
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
+        LoadGuiForm(bench->Path(u"drawn.obf"_s));
+        QCOMPARE(GuiDesign().form.caption, u"Drawn"_s);
     }
 
     void aRefusedLoadAfterAFailedOneLeavesItsFlag()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Error loading form."));
-        LoadGuiForm(QStringLiteral("gone.obf"));
+        bench->dialogs.ExpectMessage(u"Error loading form."_s);
+        LoadGuiForm(u"gone.obf"_s);
         GuiDesign().GuiFormModified = true;
         ExpectCloseQuestion(*bench, BoxAnswer::Cancel);
-        LoadGuiForm(bench->Put(QStringLiteral("a.obf"), DialogForm));
+        LoadGuiForm(bench->Put(u"a.obf"_s, DialogForm));
         QVERIFY(GuiDesign().GuiFormLoading);
     }
 
@@ -201,13 +203,13 @@ private Q_SLOTS:
             ExpectLoadBox(QDir(QString::fromLatin1(".")).filePath(QString::fromLatin1(name)));
             GuiDesign().form.caption.clear();
             mnuFileLoadGui_Click();
-            QCOMPARE(GuiDesign().form.caption, QStringLiteral("Read"));
+            QCOMPARE(GuiDesign().form.caption, u"Read"_s);
         }
 
         bench->form.log.clear();
-        QDir().mkdir(QStringLiteral("sub"));
-        bench->Put(QStringLiteral("sub/a.bas"), DialogForm);
-        ExpectLoadBox(QStringLiteral("sub/a.bas"));
+        QDir().mkdir(u"sub"_s);
+        bench->Put(u"sub/a.bas"_s, DialogForm);
+        ExpectLoadBox(u"sub/a.bas"_s);
         mnuFileLoadGui_Click();
         QVERIFY(!GuiDesign().GuiFormOpen && !GuiDesign().GuiFormLoading);
         QCOMPARE(bench->form.log, Log({"unload gui", "disable mnuFileSaveGui"}));
@@ -218,7 +220,7 @@ private Q_SLOTS:
     void aNewFormAsksForItsDefaults()
     {
         NewGuiForm();
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("open"));
+        QCOMPARE(GuiDesign().form.windowTag, u"open"_s);
         QVERIFY(GuiDesign().GuiFormOpen && !GuiDesign().GuiFormModified);
         QCOMPARE(bench->form.log, Log({"show gui", "enable mnuFileSaveGui", "gui defaults"}));
     }
@@ -234,7 +236,7 @@ private Q_SLOTS:
 
         ExpectCloseQuestion(*bench, BoxAnswer::No);
         NewGuiForm();
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Drawn"));
+        QCOMPARE(GuiDesign().form.caption, u"Drawn"_s);
         QCOMPARE(GuiDesign().form.List(ControlKind::Button).size(), std::size_t{1});
         QCOMPARE(bench->form.log,
                  Log({"unload gui", "disable mnuFileSaveGui", "show gui", "enable mnuFileSaveGui", "gui defaults"}));
@@ -243,10 +245,10 @@ private Q_SLOTS:
     void aNewFormSavedAtOnceCannotBeRead()
     {
         NewGuiForm();
-        const QString path = bench->Path(QStringLiteral("a.obf"));
+        const QString path = bench->Path(u"a.obf"_s);
         SaveGuiForm(path);
         QVERIFY(CoreBench::Get(path).contains("\r\nopen|Window Title| 1200|"));
-        bench->dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
+        bench->dialogs.ExpectMessage(u"OBF file is corrupt."_s);
         LoadGuiForm(path);
         QVERIFY(!GuiDesign().GuiFormOpen);
     }
@@ -283,10 +285,10 @@ private Q_SLOTS:
     {
         QFETCH(bool, isSimple);
         OpenModifiedForm(*bench);
-        GuiDesign().form.caption = QStringLiteral("\u00C4\u20AC");
+        GuiDesign().form.caption = u"\u00C4\u20AC"_s;
         isSimple ? CompileSimple() : Compile();
         QCOMPARE(bench->form.log, Log({"show 1"}));
-        QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(bench->form.active->Caption(), u"untitled.bas"_s);
         QCOMPARE(bench->form.ActiveControl().caret, qsizetype{0});
         const QString date = ShortDateText(QDate::currentDate(), QLocale::system());
         const GuiForm form = Completed(GuiDesign().form, CompletedFor::Program);
@@ -304,7 +306,7 @@ private Q_SLOTS:
         OpenModifiedForm(*bench);
         GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Radiobutton)).visible = true;
         CompileSimple();
-        QCOMPARE(GuiDesign().form.At({ControlKind::Radiobutton, 1}).branch, QStringLiteral("[radio1.click]"));
+        QCOMPARE(GuiDesign().form.At({ControlKind::Radiobutton, 1}).branch, u"[radio1.click]"_s);
     }
 
     void commentsComeFirstWhenTheyAreOn_data()
@@ -324,7 +326,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, start);
         if (file != "-")
-            CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), file);
+            CoreBench::PutFile(bench->ProgramPath(u"comments.txt"_s), file);
         OpenModifiedForm(*bench);
         AddComments = true;
         Compile();
@@ -339,8 +341,8 @@ private Q_SLOTS:
         OpenModifiedForm(*bench);
         GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Bmpbutton)).visible = true;
         bench->dialogs.ExpectMessage(
-            QStringLiteral("Code contains at least one bmpbutton that has no valid bitmap file associated.  Please "
-                           "correct this in the code generated."),
+            u"Code contains at least one bmpbutton that has no valid bitmap file associated.  Please "
+            "correct this in the code generated."_s,
             BoxAnswer::Ok, BoxIcon::None);
         Compile();
         QVERIFY(bench->form.ActiveControl().text.contains("bmpbutton   #main.bmpbutton1, \"bmpbttn\","));
@@ -357,8 +359,7 @@ private Q_SLOTS:
 private:
     void ExpectLoadBox(const QString& chosen)
     {
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), QString::fromLatin1(LoadFilter),
-                                  chosen);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, QString::fromLatin1(LoadFilter), chosen);
     }
 
     std::unique_ptr<CoreBench> bench;

@@ -6,6 +6,8 @@
 #include "guibuilder/GuiCommandBench.h"
 #include "platform/files/FileTrouble.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -69,10 +71,10 @@ private Q_SLOTS:
     {
         OpenModifiedForm(*bench);
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
-        ExpectSaveBox(*bench, bench->Path(QStringLiteral("drawn.obf")));
+        ExpectSaveBox(*bench, bench->Path(u"drawn.obf"_s));
         QCOMPARE(QueryGuiUnload(), UnloadAnswer::Unload);
         QVERIFY(!GuiDesign().GuiFormModified);
-        QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("drawn.obf"))).contains("\r\nWindow|Drawn| 1200|"));
+        QVERIFY(CoreBench::Get(bench->Path(u"drawn.obf"_s)).contains("\r\nWindow|Drawn| 1200|"));
     }
 
     void yesWithoutAFileKeepsTheWindow()
@@ -88,7 +90,7 @@ private Q_SLOTS:
     {
         OpenModifiedForm(*bench);
         ExpectCloseQuestion(*bench, BoxAnswer::Yes);
-        ExpectSaveBox(*bench, bench->Path(QStringLiteral("gone/drawn.obf")));
+        ExpectSaveBox(*bench, bench->Path(u"gone/drawn.obf"_s));
         QCOMPARE(RaisedBy(QueryGuiUnload), 76);
         QVERIFY(GuiDesign().GuiFormModified && GuiDesign().GuiFormOpen);
     }
@@ -98,17 +100,17 @@ private Q_SLOTS:
     void aSaveWritesTheFormAndShowsItsName()
     {
         OpenModifiedForm(*bench);
-        GuiDesign().form.caption = QStringLiteral("\u20AC");
+        GuiDesign().form.caption = u"\u20AC"_s;
         GuiDesign().form.GuiHandleName.clear();
         GuiDesign().form.At(AddControl(GuiDesign().form, ControlKind::Button)).visible = true;
-        const QString path = bench->Put(QStringLiteral("my form.obf"), QByteArray(10'000, 'o'));
+        const QString path = bench->Put(u"my form.obf"_s, QByteArray(10'000, 'o'));
         SaveGuiForm(path);
         QCOMPARE(CoreBench::Get(path), Fresh({"button|| 0| 0| 1200| 450|button1|button1.click|none|False|-1|True"})
                                            .replace("Window Title", "\x80"));
-        QCOMPARE(bench->form.status, QStringLiteral("Form saved as my form.obf"));
+        QCOMPARE(bench->form.status, u"Form saved as my form.obf"_s);
         QVERIFY(!GuiDesign().GuiFormModified);
-        QCOMPARE(GuiDesign().form.GuiHandleName, QStringLiteral("main"));
-        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).branch, QStringLiteral("button1.click"));
+        QCOMPARE(GuiDesign().form.GuiHandleName, u"main"_s);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).branch, u"button1.click"_s);
         QVERIFY(bench->form.log.isEmpty());
     }
 
@@ -124,28 +126,28 @@ private Q_SLOTS:
         QFETCH(bool, isYes);
         OpenModifiedForm(*bench);
         const QString status = bench->form.status;
-        GuiDesign().form.caption = QStringLiteral("\u03B1\u03B2");
-        GuiDesign().form.GuiHandleName = QStringLiteral("\u0100");
-        const QString path = bench->Put(QStringLiteral("a.obf"), "old");
+        GuiDesign().form.caption = u"\u03B1\u03B2"_s;
+        GuiDesign().form.GuiHandleName = u"\u0100"_s;
+        const QString path = bench->Put(u"a.obf"_s, "old");
         bench->dialogs.ExpectQuestion(QString::fromLatin1(LostQuestion).arg(2), isYes ? BoxAnswer::Yes : BoxAnswer::No);
         SaveGuiForm(path);
         QCOMPARE(GuiDesign().GuiFormModified, !isYes);
         QCOMPARE(CoreBench::Get(path),
                  isYes ? Fresh({}).replace("Window Title", "\?\?").replace("|main|", "|?|") : QByteArray("old"));
-        QCOMPARE(bench->form.status, isYes ? QStringLiteral("Form saved as a.obf") : status);
+        QCOMPARE(bench->form.status, isYes ? u"Form saved as a.obf"_s : status);
         // The form itself keeps its characters.
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("\u03B1\u03B2"));
+        QCOMPARE(GuiDesign().form.caption, u"\u03B1\u03B2"_s);
     }
 
     void anUnmodifiedFormStaysUnmodifiedAfterNo()
     {
         OpenModifiedForm(*bench);
         GuiDesign().GuiFormModified = false;
-        GuiDesign().form.caption = QStringLiteral("\u03B1");
+        GuiDesign().form.caption = u"\u03B1"_s;
         bench->dialogs.ExpectQuestion(QString::fromLatin1(LostQuestion).arg(2), BoxAnswer::No);
-        SaveGuiForm(bench->Path(QStringLiteral("a.obf")));
+        SaveGuiForm(bench->Path(u"a.obf"_s));
         QVERIFY(!GuiDesign().GuiFormModified);
-        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("a.obf"))));
+        QVERIFY(!QFile::exists(bench->Path(u"a.obf"_s)));
     }
 
     void elevenPanelsAreNotSaved()
@@ -155,7 +157,7 @@ private Q_SLOTS:
             GuiDesign().GuiFormModified = isModified;
             GuiDesign().form.GuiStatusbarOn = true;
             GuiDesign().form.panels.resize(11);
-            const QString path = bench->Put(QStringLiteral("a.obf"), "old");
+            const QString path = bench->Put(u"a.obf"_s, "old");
             bench->form.status.clear();
             QCOMPARE(RaisedBy([&] { SaveGuiForm(path); }), 9);
             QCOMPARE(CoreBench::Get(path), QByteArray("old"));
@@ -171,11 +173,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("number");
-        QTest::newRow("a folder") << QStringLiteral("folder") << 75;
-        QTest::newRow("in a missing folder") << QStringLiteral("gone/a.obf") << 76;
-        QTest::newRow("in a closed folder") << QStringLiteral("closed/a.obf") << 75;
-        QTest::newRow("write-protected") << QStringLiteral("protected.obf") << 75;
-        QTest::newRow("disk full") << QStringLiteral("full.obf") << 61;
+        QTest::newRow("a folder") << u"folder"_s << 75;
+        QTest::newRow("in a missing folder") << u"gone/a.obf"_s << 76;
+        QTest::newRow("in a closed folder") << u"closed/a.obf"_s << 75;
+        QTest::newRow("write-protected") << u"protected.obf"_s << 75;
+        QTest::newRow("disk full") << u"full.obf"_s << 61;
     }
 
     void aSaveThatFailsLeavesFileAndForm()
@@ -184,13 +186,13 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(int, number);
         QFile::setPermissions(bench->Path({}), QFile::Permissions(0x7777));
-        QFile::setPermissions(bench->Path(QStringLiteral("..")), QFile::Permissions(0x7777));
-        QVERIFY(QDir().mkdir(QStringLiteral("folder")) && QDir().mkdir(QStringLiteral("closed")));
+        QFile::setPermissions(bench->Path(u".."_s), QFile::Permissions(0x7777));
+        QVERIFY(QDir().mkdir(u"folder"_s) && QDir().mkdir(u"closed"_s));
         for (const char* old : {"protected.obf", "full.obf"})
             bench->Put(QString::fromLatin1(old), "old");
-        QVERIFY(QFile::setPermissions(QStringLiteral("full.obf"), QFile::Permissions(0x6666)));
-        QVERIFY(QFile::setPermissions(QStringLiteral("closed"), QFile::Permissions(0x5555)));
-        QVERIFY(QFile::setPermissions(QStringLiteral("protected.obf"), QFile::Permissions(0x4444)));
+        QVERIFY(QFile::setPermissions(u"full.obf"_s, QFile::Permissions(0x6666)));
+        QVERIFY(QFile::setPermissions(u"closed"_s, QFile::Permissions(0x5555)));
+        QVERIFY(QFile::setPermissions(u"protected.obf"_s, QFile::Permissions(0x4444)));
         OpenModifiedForm(*bench);
         bench->form.status.clear();
         const QString path = bench->Path(name);
@@ -205,10 +207,10 @@ private Q_SLOTS:
         QCOMPARE(bench->form.status, QString());
         QCOMPARE(QDir(bench->Path({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name),
                  Log({"closed", "folder", "full.obf", "protected.obf"}));
-        QVERIFY(QDir(bench->Path(QStringLiteral("closed"))).isEmpty());
+        QVERIFY(QDir(bench->Path(u"closed"_s)).isEmpty());
         for (const char* old : {"protected.obf", "full.obf"})
             QCOMPARE(CoreBench::Get(bench->Path(QString::fromLatin1(old))), QByteArray("old"));
-        QVERIFY(QFile::setPermissions(QStringLiteral("closed"), QFile::Permissions(0x7777)));
+        QVERIFY(QFile::setPermissions(u"closed"_s, QFile::Permissions(0x7777)));
 #else
         QSKIP("has no such permissions");
 #endif
@@ -216,14 +218,14 @@ private Q_SLOTS:
 
     void theSaveCommandNeedsAnActiveForm()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
+        bench->dialogs.ExpectMessage(u"No gui form to save!"_s);
         guiSave();
-        bench->Open(QStringLiteral("a.bas"));
-        bench->dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
+        bench->Open(u"a.bas"_s);
+        bench->dialogs.ExpectMessage(u"No gui form to save!"_s);
         guiSave();
         OpenModifiedForm(*bench);
         bench->form.ShowDocument(*Documents.back());
-        bench->dialogs.ExpectMessage(QStringLiteral("The gui builder is not active; there is no form to save!"));
+        bench->dialogs.ExpectMessage(u"The gui builder is not active; there is no form to save!"_s);
         guiSave();
         QVERIFY(GuiDesign().GuiFormModified);
     }
@@ -234,11 +236,11 @@ private Q_SLOTS:
         ExpectSaveBox(*bench, {});
         guiSave();
         QVERIFY(GuiDesign().GuiFormModified);
-        ExpectSaveBox(*bench, bench->Path(QStringLiteral("a.obf")));
+        ExpectSaveBox(*bench, bench->Path(u"a.obf"_s));
         guiSave();
         QVERIFY(!GuiDesign().GuiFormModified);
-        QCOMPARE(bench->form.status, QStringLiteral("Form saved as a.obf"));
-        QVERIFY(CoreBench::Get(bench->Path(QStringLiteral("a.obf"))).startsWith(FreshDefaults));
+        QCOMPARE(bench->form.status, u"Form saved as a.obf"_s);
+        QVERIFY(CoreBench::Get(bench->Path(u"a.obf"_s)).startsWith(FreshDefaults));
     }
 
 private:

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -46,22 +48,22 @@ QStringList FullNames()
 {
     QStringList names;
     for (int menu = 0; menu < static_cast<int>(MenuSlots); ++menu)
-        names.append(QStringLiteral("M%1.").arg(menu));
+        names.append(u"M%1."_s.arg(menu));
     return names;
 }
 
-const InputSpec NewMenu{QStringLiteral("Please type a name for your menu."), {}, {}};
-const InputSpec NewItem{QStringLiteral("Please type a name for this item."), {}, {}};
-const InputSpec NewBranch{QStringLiteral("Please type a name for this item's branch."), {}, {}};
+const InputSpec NewMenu{u"Please type a name for your menu."_s, {}, {}};
+const InputSpec NewItem{u"Please type a name for this item."_s, {}, {}};
+const InputSpec NewBranch{u"Please type a name for this item's branch."_s, {}, {}};
 
 InputSpec OtherName(const char* old)
 {
-    return {QStringLiteral("Please type a new name for ") + Text(old), {}, Text(old)};
+    return {u"Please type a new name for "_s + Text(old), {}, Text(old)};
 }
 
 InputSpec OtherBranch(const char* old)
 {
-    return {QStringLiteral("Please type a new name for branch ") + Text(old), {}, Text(old)};
+    return {u"Please type a new name for branch "_s + Text(old), {}, Text(old)};
 }
 
 } // namespace

@@ -9,6 +9,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -26,9 +28,9 @@ ControlRecord Sample()
     control.top = 300;
     control.width = 1200;
     control.height = 450;
-    control.caption = QStringLiteral("Caption");
-    control.tag = QStringLiteral("name *tip");
-    control.branch = QStringLiteral("branch");
+    control.caption = u"Caption"_s;
+    control.tag = u"name *tip"_s;
+    control.branch = u"branch"_s;
     control.backColor = Rgb(255, 0, 0);
     return control;
 }
@@ -130,11 +132,11 @@ void tst_modProperties::eachKindHasItsFields()
     const PropertyFields fields = PropertiesOf(Sample(), kind, Scale);
     QTEST((QStringList{fields.texts.caption, fields.texts.branch, fields.texts.bitmap, fields.texts.tooltip}), "texts");
     QString enabled;
-    enabled += fields.captionEnabled ? QStringLiteral("C") : QString();
-    enabled += fields.branchEnabled ? QStringLiteral("B") : QString();
-    enabled += fields.bitmapEnabled ? QStringLiteral("M") : QString();
-    enabled += fields.tooltipEnabled ? QStringLiteral("T") : QString();
-    enabled += fields.colorEnabled ? QStringLiteral("c") : QString();
+    enabled += fields.captionEnabled ? u"C"_s : QString();
+    enabled += fields.branchEnabled ? u"B"_s : QString();
+    enabled += fields.bitmapEnabled ? u"M"_s : QString();
+    enabled += fields.tooltipEnabled ? u"T"_s : QString();
+    enabled += fields.colorEnabled ? u"c"_s : QString();
     QTEST(enabled, "enabled");
 }
 
@@ -142,9 +144,9 @@ void tst_modProperties::everyKindShowsNameAndRectangle()
 {
     for (const KindTraits& traits : KindTable) {
         const PropertyTexts texts = PropertiesOf(Sample(), traits.kind, Scale).texts;
-        QCOMPARE(texts.name, QStringLiteral("name"));
+        QCOMPARE(texts.name, u"name"_s);
         QCOMPARE((QStringList{texts.left, texts.top, texts.width, texts.height}),
-                 (QStringList{QStringLiteral("10"), QStringLiteral("20"), QStringLiteral("80"), QStringLiteral("30")}));
+                 (QStringList{u"10"_s, u"20"_s, u"80"_s, u"30"_s}));
     }
 }
 
@@ -203,7 +205,7 @@ void tst_modProperties::measuresAreDividedByTheScreensFactors()
     control.left = -30;
     const PropertyTexts texts = PropertiesOf(control, Button, OtherScale).texts;
     QCOMPARE((QStringList{texts.left, texts.top, texts.width, texts.height}),
-             (QStringList{QStringLiteral("-2.5"), QStringLiteral("30"), QStringLiteral("100"), QStringLiteral("45")}));
+             (QStringList{u"-2.5"_s, u"30"_s, u"100"_s, u"45"_s}));
 }
 
 void tst_modProperties::textsBecomeTwips_data()
@@ -262,7 +264,7 @@ void tst_modProperties::untouchedMeasureStaysAsItWas()
     QVERIFY(confirmed == control);
     // The same number written differently is a number that was typed.
     PropertyTexts texts = PropertiesOf(control, Button, Scale).texts;
-    texts.left = QStringLiteral("6.70");
+    texts.left = u"6.70"_s;
     ApplyProperties(confirmed, Button, texts, ControlFate::Kept, Scale);
     QCOMPARE(confirmed.left, 100.5f);
 }
@@ -293,9 +295,7 @@ void tst_modProperties::sizesAreTenTwipsAtLeast()
 
 void tst_modProperties::sizesComeFromTheScreensFactors()
 {
-    const auto change = [](PropertyTexts& texts) {
-        texts.left = texts.top = texts.width = texts.height = QStringLiteral("50");
-    };
+    const auto change = [](PropertyTexts& texts) { texts.left = texts.top = texts.width = texts.height = u"50"_s; };
     const ControlRecord control = Confirmed(Button, change, OtherScale);
     QCOMPARE(control.left, 600.0f);
     QCOMPARE(control.top, 500.0f);
@@ -306,8 +306,8 @@ void tst_modProperties::sizesComeFromTheScreensFactors()
 void tst_modProperties::placesMayBeNegative()
 {
     const ControlRecord control = Confirmed(Button, [](PropertyTexts& texts) {
-        texts.left = QStringLiteral("-3");
-        texts.top = QStringLiteral("-4");
+        texts.left = u"-3"_s;
+        texts.top = u"-4"_s;
     });
     QCOMPARE(control.left, -45.0f);
     QCOMPARE(control.top, -60.0f);
@@ -332,9 +332,9 @@ void tst_modProperties::tooltipJoinsTheTagOfKindsWithTheField()
                          })
             .tag;
     };
-    QCOMPARE(with("ok", "Go | \"on\""), hasField ? QStringLiteral("ok *Go | \"on\"") : QStringLiteral("ok"));
-    QCOMPARE(with("ok", ""), hasField ? QStringLiteral("ok *") : QStringLiteral("ok"));
-    QCOMPARE(with("", ""), hasField ? QStringLiteral(" *") : QString());
+    QCOMPARE(with("ok", "Go | \"on\""), hasField ? u"ok *Go | \"on\""_s : u"ok"_s);
+    QCOMPARE(with("ok", ""), hasField ? u"ok *"_s : u"ok"_s);
+    QCOMPARE(with("", ""), hasField ? u" *"_s : QString());
 }
 
 void tst_modProperties::branchIsStoredUnchanged()
@@ -343,7 +343,7 @@ void tst_modProperties::branchIsStoredUnchanged()
         const QString text = QString::fromLatin1(branch);
         QCOMPARE(Confirmed(Button, [&](PropertyTexts& texts) { texts.branch = text; }).branch, text);
     }
-    QCOMPARE(Confirmed(Groupbox, [](PropertyTexts&) {}).branch, QStringLiteral("N/A"));
+    QCOMPARE(Confirmed(Groupbox, [](PropertyTexts&) {}).branch, u"N/A"_s);
 }
 
 void tst_modProperties::captionIsStoredForKindsThatHaveOne_data()
@@ -357,10 +357,10 @@ void tst_modProperties::captionIsStoredForKindsThatHaveOne()
     const bool hasCaption =
         kind == Groupbox || kind == Button || kind == Radiobutton || kind == Checkbox || kind == Statictext;
     const ControlRecord control = Confirmed(kind, [](PropertyTexts& texts) {
-        texts.caption = QStringLiteral("New | \"one\" *");
+        texts.caption = u"New | \"one\" *"_s;
         texts.bitmap.clear();
     });
-    QCOMPARE(control.caption, hasCaption ? QStringLiteral("New | \"one\" *") : QStringLiteral("Caption"));
+    QCOMPARE(control.caption, hasCaption ? u"New | \"one\" *"_s : u"Caption"_s);
 }
 
 void tst_modProperties::graphicboxTakesTheChosenColor()
@@ -387,7 +387,7 @@ void tst_modProperties::confirmingUnchangedFieldsTwiceChangesNothing()
 {
     QFETCH(ControlKind, kind);
     ControlRecord once = Sample();
-    once.caption = bench->Put(QStringLiteral("two.bmp"), Bitmap(2, 3));
+    once.caption = bench->Put(u"two.bmp"_s, Bitmap(2, 3));
     QCOMPARE(ApplyProperties(once, kind, PropertiesOf(once, kind, Scale).texts, ControlFate::Kept, Scale),
              PropertiesEnd::Applied);
     ControlRecord twice = once;
@@ -397,11 +397,11 @@ void tst_modProperties::confirmingUnchangedFieldsTwiceChangesNothing()
 
 void tst_modProperties::bitmapGivesPictureCaptionAndSize()
 {
-    const QString path = bench->Put(QStringLiteral("Key.bmp"), Bitmap(40, 24));
+    const QString path = bench->Put(u"Key.bmp"_s, Bitmap(40, 24));
     ControlRecord control = Sample();
     PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
     texts.bitmap = path;
-    texts.width = texts.height = QStringLiteral("500");
+    texts.width = texts.height = u"500"_s;
     const SurfaceScale scale = {12, ProgramTwipsPerPixel};
     QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept, scale), PropertiesEnd::Applied);
     QCOMPARE(control.caption, path);
@@ -413,28 +413,28 @@ void tst_modProperties::bitmapGivesPictureCaptionAndSize()
 void tst_modProperties::unreadableBitmapLeavesPictureAndSize_data()
 {
     QTest::addColumn<QString>("path");
-    QTest::newRow("no file") << QStringLiteral("missing.bmp");
-    QTest::newRow("a folder") << QStringLiteral(".");
-    QTest::newRow("no bitmap") << QStringLiteral("text.bmp");
-    QTest::newRow("cut off") << QStringLiteral("short.bmp");
-    QTest::newRow("a space") << QStringLiteral(" ");
+    QTest::newRow("no file") << u"missing.bmp"_s;
+    QTest::newRow("a folder") << u"."_s;
+    QTest::newRow("no bitmap") << u"text.bmp"_s;
+    QTest::newRow("cut off") << u"short.bmp"_s;
+    QTest::newRow("a space") << u" "_s;
 }
 
 void tst_modProperties::unreadableBitmapLeavesPictureAndSize()
 {
     QFETCH(QString, path);
-    bench->Put(QStringLiteral("text.bmp"), "print 1");
-    bench->Put(QStringLiteral("short.bmp"), Bitmap(40, 24).left(30));
+    bench->Put(u"text.bmp"_s, "print 1");
+    bench->Put(u"short.bmp"_s, Bitmap(40, 24).left(30));
     ControlRecord control = Sample();
     control.picture = QImage(8, 9, QImage::Format_RGB32);
     const cButtonPicture before = control.picture;
     PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
-    texts.name = QStringLiteral("key");
+    texts.name = u"key"_s;
     texts.bitmap = path;
-    texts.width = QStringLiteral("64");
+    texts.width = u"64"_s;
     QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept, Scale), PropertiesEnd::Applied);
     QCOMPARE(control.caption, path);
-    QCOMPARE(control.tag, QStringLiteral("key *tip"));
+    QCOMPARE(control.tag, u"key *tip"_s);
     QVERIFY(control.picture == before);
     QCOMPARE(control.width, 960.0f);
     QCOMPARE(control.height, 450.0f);
@@ -443,7 +443,7 @@ void tst_modProperties::unreadableBitmapLeavesPictureAndSize()
 void tst_modProperties::missingBitmapIsAskedFor_data()
 {
     QTest::addColumn<QString>("path");
-    QTest::newRow("placeholder") << QStringLiteral("bmpbttn");
+    QTest::newRow("placeholder") << u"bmpbttn"_s;
     QTest::newRow("empty") << QString();
 }
 
@@ -453,10 +453,10 @@ void tst_modProperties::missingBitmapIsAskedFor()
     ControlRecord control = Sample();
     PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
     texts.bitmap = path;
-    texts.branch = QStringLiteral("[new]");
+    texts.branch = u"[new]"_s;
     QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Kept, Scale), PropertiesEnd::LacksBitmap);
-    QCOMPARE(control.branch, QStringLiteral("[new]"));
-    QCOMPARE(control.caption, QStringLiteral("Caption"));
+    QCOMPARE(control.branch, u"[new]"_s);
+    QCOMPARE(control.caption, u"Caption"_s);
     for (const KindTraits& traits : KindTable)
         if (traits.kind != Bmpbutton)
             QCOMPARE(ApplyProperties(control, traits.kind, texts, ControlFate::Kept, Scale), PropertiesEnd::Applied);
@@ -466,14 +466,14 @@ void tst_modProperties::deletingHidesAndStillSetsTheFields()
 {
     ControlRecord control = Sample();
     PropertyTexts texts = PropertiesOf(control, Button, Scale).texts;
-    texts.name = QStringLiteral("gone");
-    texts.left = QStringLiteral("1");
-    texts.caption = QStringLiteral("Gone");
+    texts.name = u"gone"_s;
+    texts.left = u"1"_s;
+    texts.caption = u"Gone"_s;
     QCOMPARE(ApplyProperties(control, Button, texts, ControlFate::Deleted, Scale), PropertiesEnd::Applied);
     QVERIFY(!control.visible);
-    QCOMPARE(control.tag, QStringLiteral("gone *tip"));
+    QCOMPARE(control.tag, u"gone *tip"_s);
     QCOMPARE(control.left, 15.0f);
-    QCOMPARE(control.caption, QStringLiteral("Gone"));
+    QCOMPARE(control.caption, u"Gone"_s);
 }
 
 void tst_modProperties::deletedBmpbuttonIsNotAskedForItsBitmap()
@@ -488,7 +488,7 @@ void tst_modProperties::deletedBmpbuttonIsNotAskedForItsBitmap()
 void tst_modProperties::deletedBmpbuttonStillTakesItsBitmap()
 {
     ControlRecord control = Sample();
-    control.caption = bench->Put(QStringLiteral("key.bmp"), Bitmap(5, 6));
+    control.caption = bench->Put(u"key.bmp"_s, Bitmap(5, 6));
     const PropertyTexts texts = PropertiesOf(control, Bmpbutton, Scale).texts;
     QCOMPARE(ApplyProperties(control, Bmpbutton, texts, ControlFate::Deleted, Scale), PropertiesEnd::Applied);
     QCOMPARE(control.picture.Image().size(), QSize(5, 6));
@@ -496,7 +496,7 @@ void tst_modProperties::deletedBmpbuttonStillTakesItsBitmap()
 
 void tst_modProperties::bitmapPathKeepsItsCaseWhereItCounts()
 {
-    const QString path = bench->Put(QStringLiteral("Mixed Case.BMP"), Bitmap(1, 1));
+    const QString path = bench->Put(u"Mixed Case.BMP"_s, Bitmap(1, 1));
 #ifdef Q_OS_WIN
     QCOMPARE(BitmapPathOf(path), BitmapPathOf(path).toLower());
 #else

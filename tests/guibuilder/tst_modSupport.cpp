@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -18,7 +20,7 @@ QByteArray Lines(std::initializer_list<const char*> lines)
 
 QByteArray Tooltip(ControlKind kind)
 {
-    QString block = QStringLiteral("before");
+    QString block = u"before"_s;
     AppendTooltip(block, kind, u"main", u"it", u"What it does");
     return block.toLatin1();
 }
@@ -173,7 +175,7 @@ private Q_SLOTS:
             "",
         });
         const QByteArray caption = Lines({"    Call ChangeStatusText hBar, 0, \"Ready\""});
-        QCOMPARE(Status({QStringLiteral("Ready")}), resize + MakeStart + CaptionStart + caption + End);
+        QCOMPARE(Status({u"Ready"_s}), resize + MakeStart + CaptionStart + caption + End);
     }
 
     void morePanelsHaveEdgesFromOneAndNumbersFromZero()
@@ -208,13 +210,12 @@ private Q_SLOTS:
             "    Call ChangeStatusText hBar, 1, \"\"",
             "    Call ChangeStatusText hBar, 2, \"c\"",
         });
-        QCOMPARE(Status({QStringLiteral("a"), {}, QStringLiteral("c")}),
-                 resize + MakeStart + parts + CaptionStart + captions + End);
+        QCOMPARE(Status({u"a"_s, {}, u"c"_s}), resize + MakeStart + parts + CaptionStart + captions + End);
     }
 
     void twoPanelsShareTheWidth()
     {
-        const QByteArray text = Status({QStringLiteral("a"), QStringLiteral("b")});
+        const QByteArray text = Status({u"a"_s, u"b"_s});
         QVERIFY(text.contains("    sizePanel = Int(WindowWidth/2) 'divide WindowWidth by number of panels\r\n"
                               "    prt.edge1.struct = 1 * sizePanel\r\n"
                               "    prt.edge2.struct = -1\r\n"));
@@ -235,10 +236,10 @@ private Q_SLOTS:
 
     void textsAreWrittenUnchanged()
     {
-        QVERIFY(Status({QStringLiteral("%1 \"%2\" |")}).contains("hBar, 0, \"%1 \"%2\" |\"\r\n"));
+        QVERIFY(Status({u"%1 \"%2\" |"_s}).contains("hBar, 0, \"%1 \"%2\" |\"\r\n"));
         QString block;
         AppendTooltip(block, ControlKind::Button, u"%1", u"%2", u"%3 \"x\"");
-        QVERIFY(block.contains(QStringLiteral("hwnd(#%1.%2)\r\n    toolinfo.lpstrText$.struct = \"%3 \"x\"\"  '***")));
+        QVERIFY(block.contains(u"hwnd(#%1.%2)\r\n    toolinfo.lpstrText$.struct = \"%3 \"x\"\"  '***"_s));
     }
 };
 

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -85,9 +87,9 @@ QStringList AllOff()
     return off;
 }
 
-const InputSpec NewMenu{QStringLiteral("Please type a name for your menu."), {}, {}};
-const InputSpec NewItem{QStringLiteral("Please type a name for this item."), {}, {}};
-const InputSpec NewBranch{QStringLiteral("Please type a name for this item's branch."), {}, {}};
+const InputSpec NewMenu{u"Please type a name for your menu."_s, {}, {}};
+const InputSpec NewItem{u"Please type a name for this item."_s, {}, {}};
+const InputSpec NewBranch{u"Please type a name for this item's branch."_s, {}, {}};
 
 InputSpec Other(const char* prompt, const char* old)
 {
@@ -289,7 +291,7 @@ private Q_SLOTS:
     {
         QStringList names;
         for (int menu = 0; menu < 21; ++menu)
-            names.append(QStringLiteral("M%1").arg(menu));
+            names.append(u"M%1"_s.arg(menu));
         SetMenus(names, 1);
         const GuiForm before = GuiDesign().form;
         Edit([&](QDialog& dialog) {

@@ -29,6 +29,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -41,9 +43,9 @@ const QByteArray SmallForm =
     "groupbox|Choose| 300| 1050| 3000| 1500|box|none|none|False|1|True\r\n"
     "statusbar|2|one|two||||||False|1|True\r\n\r\n";
 
-const QString SaveQuestion = QStringLiteral("Save gui form before closing?");
-const QString SaveFilter = QStringLiteral("Gui Form (*.obf)|*.obf");
-const QString LoadFilter = QStringLiteral("Gui Form (*.obf)|*.OBF");
+const QString SaveQuestion = u"Save gui form before closing?"_s;
+const QString SaveFilter = u"Gui Form (*.obf)|*.obf"_s;
+const QString LoadFilter = u"Gui Form (*.obf)|*.OBF"_s;
 
 frmGui* FormWindow(TestBench& bench)
 {
@@ -59,7 +61,7 @@ frmSurface* Surface(TestBench& bench)
 
 QToolButton* Tool(TestBench& bench, int place)
 {
-    return bench.Frame().findChild<QToolButton*>(QStringLiteral("cmdTools%1").arg(place));
+    return bench.Frame().findChild<QToolButton*>(u"cmdTools%1"_s.arg(place));
 }
 
 QToolButton* Switch(TestBench& bench, const char* name)
@@ -69,7 +71,7 @@ QToolButton* Switch(TestBench& bench, const char* name)
 
 QString StatusOf(TestBench& bench)
 {
-    return bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text();
+    return bench.Frame().findChild<QLabel*>(u"statusText"_s)->text();
 }
 
 void Pull(QWidget* surface, QPoint from, QPoint to)
@@ -96,7 +98,7 @@ class win_frmGui : public QObject {
 
     QString Load(TestBench& bench, const QByteArray& form = SmallForm)
     {
-        const QString path = bench.Write(QStringLiteral("small.obf"), form);
+        const QString path = bench.Write(u"small.obf"_s, form);
         bench.Start({path});
         return path;
     }
@@ -107,15 +109,15 @@ private Q_SLOTS:
         TestBench bench;
         Load(bench);
         QVERIFY(FormWindow(bench) != nullptr);
-        QCOMPARE(FormWindow(bench)->windowTitle(), QStringLiteral("Small"));
+        QCOMPARE(FormWindow(bench)->windowTitle(), u"Small"_s);
         QCOMPARE(bench.Frame().ActiveKind(), ActiveChild::Gui);
-        QCOMPARE(FormWindow(bench)->findChild<QLabel*>(QStringLiteral("lblMenu"))->text(), QStringLiteral("&File    "));
-        QVERIFY(FormWindow(bench)->findChild<QWidget*>(QStringLiteral("sBar"))->isVisible());
-        QVERIFY(bench.Frame().findChild<QWidget*>(QStringLiteral("picGui"))->isVisible());
-        QVERIFY(bench.Frame().Item(QStringLiteral("mnuViewGuiBar"))->isChecked());
-        QVERIFY(bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
-        QVERIFY(bench.Frame().Item(QStringLiteral("mnuRun"))->isEnabled());
-        QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveAs"))->isEnabled());
+        QCOMPARE(FormWindow(bench)->findChild<QLabel*>(u"lblMenu"_s)->text(), u"&File    "_s);
+        QVERIFY(FormWindow(bench)->findChild<QWidget*>(u"sBar"_s)->isVisible());
+        QVERIFY(bench.Frame().findChild<QWidget*>(u"picGui"_s)->isVisible());
+        QVERIFY(bench.Frame().Item(u"mnuViewGuiBar"_s)->isChecked());
+        QVERIFY(bench.Frame().Item(u"mnuFileSaveGui"_s)->isEnabled());
+        QVERIFY(bench.Frame().Item(u"mnuRun"_s)->isEnabled());
+        QVERIFY(!bench.Frame().Item(u"mnuFileSaveAs"_s)->isEnabled());
         QCOMPARE(StatusOf(bench), GuiHintText);
         QVERIFY(!GuiDesign().GuiFormModified);
         QVERIFY(!GuiDesign().GuiFormLoading);
@@ -129,11 +131,11 @@ private Q_SLOTS:
         Load(bench);
         OBPath = bench.MakeEngine();
         const QByteArray program = OwnProgram(ProgramKind::Outline);
-        bench.Choose(QStringLiteral("mnuRun"));
+        bench.Choose(u"mnuRun"_s);
         const EngineCall call = bench.WaitForEngine();
-        QCOMPARE(call.arguments.first(), QStringLiteral("-R"));
+        QCOMPARE(call.arguments.first(), u"-R"_s);
         QCOMPARE(call.copy, program + " \r\n");
-        QCOMPARE(bench.Active()->Caption(), bench.ProgramPath(QStringLiteral("untitled.bak")));
+        QCOMPARE(bench.Active()->Caption(), bench.ProgramPath(u"untitled.bak"_s));
     }
 
     void bothCompileToolsOpenTheProgram()
@@ -143,7 +145,7 @@ private Q_SLOTS:
         const QByteArray outline = OwnProgram(ProgramKind::Outline);
         const QByteArray simple = OwnProgram(ProgramKind::Simple);
         Tool(bench, 1)->click();
-        QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(bench.Active()->Caption(), u"untitled.bas"_s);
         QCOMPARE(TestBench::Text(bench.Active()), outline);
         Tool(bench, 17)->click();
         QCOMPARE(TestBench::Text(bench.Active()), simple);
@@ -163,11 +165,11 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench);
-        const QString saved = bench.Path(QStringLiteral("again.obf"));
-        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, saved);
-        bench.Choose(QStringLiteral("mnuFileSaveGui"));
+        const QString saved = bench.Path(u"again.obf"_s);
+        bench.dialogs.ExpectFile(FilePurpose::Save, u"Save Gui Form As"_s, SaveFilter, saved);
+        bench.Choose(u"mnuFileSaveGui"_s);
         QCOMPARE(TestBench::Read(saved), SmallForm);
-        QCOMPARE(StatusOf(bench), QStringLiteral("Form saved as again.obf"));
+        QCOMPARE(StatusOf(bench), u"Form saved as again.obf"_s);
     }
 
     void movingTheWindowChangesOnlyItsPlaceInTheFile()
@@ -223,9 +225,9 @@ private Q_SLOTS:
     {
         TestBench bench;
         bench.Start();
-        bench.ExpectModal(QStringLiteral("frmColorDefault"),
-                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click(); });
-        bench.Choose(QStringLiteral("mnuGui"));
+        bench.ExpectModal(u"frmColorDefault"_s,
+                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(u"OKButton"_s)->click(); });
+        bench.Choose(u"mnuGui"_s);
         QVERIFY(!Surface(bench)->Designer().CanUndo());
     }
 
@@ -246,32 +248,32 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench);
-        bench.Choose(QStringLiteral("mnuFileNew"));
-        bench.dialogs.ExpectMessage(QStringLiteral("The gui builder is not active; there is no form to save!"));
+        bench.Choose(u"mnuFileNew"_s);
+        bench.dialogs.ExpectMessage(u"The gui builder is not active; there is no form to save!"_s);
         Tool(bench, 3)->click();
         // The tool's press has marked the form.
         GuiDesign().GuiFormModified = false;
         QVERIFY(bench.Frame().UnloadGui());
-        bench.dialogs.ExpectMessage(QStringLiteral("No gui form to save!"));
+        bench.dialogs.ExpectMessage(u"No gui form to save!"_s);
         Tool(bench, 3)->click();
-        QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
+        QVERIFY(!bench.Frame().Item(u"mnuFileSaveGui"_s)->isEnabled());
     }
 
     void aSaveThatFailsLeavesTheOldFileAndTheFormModified()
     {
         TestBench bench;
         Load(bench);
-        QDir(bench.Path({})).mkdir(QStringLiteral("there.obf"));
-        const QString folder = bench.Path(QStringLiteral("there.obf"));
+        QDir(bench.Path({})).mkdir(u"there.obf"_s);
+        const QString folder = bench.Path(u"there.obf"_s);
         GuiDesign().GuiFormModified = true;
-        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, folder);
-        bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
-        bench.Choose(QStringLiteral("mnuFileSaveGui"));
+        bench.dialogs.ExpectFile(FilePurpose::Save, u"Save Gui Form As"_s, SaveFilter, folder);
+        bench.dialogs.ExpectMessage(u"Run-time error '75':\nPath/File access error"_s);
+        bench.Choose(u"mnuFileSaveGui"_s);
         QVERIFY(GuiDesign().GuiFormModified);
         // Closing still asks, and a save that fails again keeps the window.
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNoCancel);
-        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, folder);
-        bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+        bench.dialogs.ExpectFile(FilePurpose::Save, u"Save Gui Form As"_s, SaveFilter, folder);
+        bench.dialogs.ExpectMessage(u"Run-time error '75':\nPath/File access error"_s);
         QVERIFY(!bench.Frame().UnloadGui());
         QVERIFY(FormWindow(bench) != nullptr);
         GuiDesign().GuiFormModified = false;
@@ -280,19 +282,19 @@ private Q_SLOTS:
     void aCorruptFileUnloadsTheForm()
     {
         TestBench bench;
-        const QString path = bench.Write(QStringLiteral("bad.obf"), SmallForm + "nonsense|1\r\n");
-        bench.dialogs.ExpectMessage(QStringLiteral("OBF file is corrupt."));
+        const QString path = bench.Write(u"bad.obf"_s, SmallForm + "nonsense|1\r\n");
+        bench.dialogs.ExpectMessage(u"OBF file is corrupt."_s);
         bench.Start({path});
         QVERIFY(FormWindow(bench) == nullptr);
         QVERIFY(!GuiDesign().GuiFormOpen);
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("closed"));
+        QCOMPARE(GuiDesign().form.windowTag, u"closed"_s);
     }
 
     void aDamagedFileLeavesWhatWasReadOnTheSurface()
     {
         TestBench bench;
-        const QString path = bench.Write(QStringLiteral("bad.obf"), SmallForm + "button|x| 1| 2|wide\r\n");
-        bench.dialogs.ExpectMessage(QStringLiteral("Error loading form."));
+        const QString path = bench.Write(u"bad.obf"_s, SmallForm + "button|x| 1| 2|wide\r\n");
+        bench.dialogs.ExpectMessage(u"Error loading form."_s);
         bench.Start({path});
         QVERIFY(FormWindow(bench) != nullptr);
         QVERIFY(GuiDesign().GuiFormLoading);
@@ -307,16 +309,16 @@ private Q_SLOTS:
         TestBench bench;
         const QString path = Load(bench);
         GuiDesign().GuiFormModified = true;
-        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter, path);
+        bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, LoadFilter, path);
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
-        GuiDesign().form.caption = QStringLiteral("kept");
-        bench.Choose(QStringLiteral("mnuFileLoadGui"));
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("kept"));
+        GuiDesign().form.caption = u"kept"_s;
+        bench.Choose(u"mnuFileLoadGui"_s);
+        QCOMPARE(GuiDesign().form.caption, u"kept"_s);
         QVERIFY(!GuiDesign().GuiFormLoading);
-        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter, path);
+        bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, LoadFilter, path);
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
-        bench.Choose(QStringLiteral("mnuFileLoadGui"));
-        QCOMPARE(GuiDesign().form.caption, QStringLiteral("Small"));
+        bench.Choose(u"mnuFileLoadGui"_s);
+        QCOMPARE(GuiDesign().form.caption, u"Small"_s);
         QVERIFY(FormWindow(bench) != nullptr);
         QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
     }
@@ -325,11 +327,10 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench);
-        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), LoadFilter,
-                                 QStringLiteral("/nowhere/x.txt"));
-        bench.Choose(QStringLiteral("mnuFileLoadGui"));
+        bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, LoadFilter, u"/nowhere/x.txt"_s);
+        bench.Choose(u"mnuFileLoadGui"_s);
         QVERIFY(FormWindow(bench) == nullptr);
-        QVERIFY(!bench.Frame().Item(QStringLiteral("mnuFileSaveGui"))->isEnabled());
+        QVERIFY(!bench.Frame().Item(u"mnuFileSaveGui"_s)->isEnabled());
     }
 
     void controlsAreDrawnMovedAndUndone()
@@ -345,7 +346,7 @@ private Q_SLOTS:
         QCOMPARE(RectOf(GuiDesign().form.At({ControlKind::Listbox, 1})), (SurfaceRect{3600, 1500, 1500, 1200}));
         Pull(surface, QPoint(250, 110), QPoint(262, 131));
         QCOMPARE(RectOf(GuiDesign().form.At({ControlKind::Listbox, 1})), (SurfaceRect{3750, 1800, 1500, 1200}));
-        QCOMPARE(StatusOf(bench), QStringLiteral("X -  250    Y -  120"));
+        QCOMPARE(StatusOf(bench), u"X -  250    Y -  120"_s);
         QTest::keyClick(surface, Qt::Key_Right, Qt::ControlModifier);
         QCOMPARE(GuiDesign().form.At({ControlKind::Listbox, 1}).left, 3765.0F);
         QTest::keyClick(surface, Qt::Key_Z, Qt::ControlModifier);
@@ -363,12 +364,10 @@ private Q_SLOTS:
         Load(bench);
         frmSurface* surface = Surface(bench);
         QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(30, 30));
-        bench.dialogs.ExpectMessage(QStringLiteral("Delete this control?"), BoxAnswer::No, BoxIcon::Critical,
-                                    BoxButtons::YesNo);
+        bench.dialogs.ExpectMessage(u"Delete this control?"_s, BoxAnswer::No, BoxIcon::Critical, BoxButtons::YesNo);
         QTest::keyClick(surface, Qt::Key_Delete);
         QVERIFY(GuiDesign().form.At({ControlKind::Button, 1}).visible);
-        bench.dialogs.ExpectMessage(QStringLiteral("Delete this control?"), BoxAnswer::Yes, BoxIcon::Critical,
-                                    BoxButtons::YesNo);
+        bench.dialogs.ExpectMessage(u"Delete this control?"_s, BoxAnswer::Yes, BoxIcon::Critical, BoxButtons::YesNo);
         QTest::keyClick(surface, Qt::Key_Delete);
         QVERIFY(!GuiDesign().form.At({ControlKind::Button, 1}).visible);
         GuiDesign().GuiFormModified = false;
@@ -378,16 +377,16 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench, SmallForm + "textbox|none| 300| 300| 1200| 300|t\r\n");
-        bench.ExpectModal(QStringLiteral("frmProp"), [](QDialog& dialog) {
-            QCOMPARE(dialog.windowTitle(), QStringLiteral("Button Properties"));
-            dialog.findChild<QLineEdit*>(QStringLiteral("txtCaption"))->setText(QStringLiteral("Start"));
-            dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click();
+        bench.ExpectModal(u"frmProp"_s, [](QDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Button Properties"_s);
+            dialog.findChild<QLineEdit*>(u"txtCaption"_s)->setText(u"Start"_s);
+            dialog.findChild<QPushButton*>(u"OKButton"_s)->click();
         });
         QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(30, 45));
-        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).caption, QStringLiteral("Start"));
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).caption, u"Start"_s);
         QCOMPARE(GuiDesign().form.order.back(), (ControlRef{ControlKind::Button, 1}));
         QTest::keyClick(Surface(bench), Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).caption, QStringLiteral("&Go"));
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).caption, u"&Go"_s);
         GuiDesign().GuiFormModified = false;
     }
 
@@ -395,9 +394,9 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench);
-        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
+        bench.ExpectModal(u"frmColorDefault"_s, [](QDialog& dialog) { dialog.reject(); });
         QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(350, 200));
-        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
+        bench.ExpectModal(u"frmColorDefault"_s, [](QDialog& dialog) { dialog.reject(); });
         Tool(bench, 15)->click();
         GuiDesign().GuiFormModified = false;
     }
@@ -406,16 +405,16 @@ private Q_SLOTS:
     {
         TestBench bench;
         bench.Start();
-        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
-        bench.Choose(QStringLiteral("mnuGui"));
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("open"));
+        bench.ExpectModal(u"frmColorDefault"_s, [](QDialog& dialog) { dialog.reject(); });
+        bench.Choose(u"mnuGui"_s);
+        QCOMPARE(GuiDesign().form.windowTag, u"open"_s);
         QVERIFY(FormWindow(bench) != nullptr);
-        QVERIFY(bench.Frame().findChild<QWidget*>(QStringLiteral("picGui"))->isVisible());
+        QVERIFY(bench.Frame().findChild<QWidget*>(u"picGui"_s)->isVisible());
         // Repeating the command starts again without a question: nothing was changed.
-        bench.ExpectModal(QStringLiteral("frmColorDefault"),
-                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->click(); });
-        bench.Choose(QStringLiteral("mnuFileNewGui"));
-        QCOMPARE(GuiDesign().form.windowTag, QStringLiteral("Window"));
+        bench.ExpectModal(u"frmColorDefault"_s,
+                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(u"OKButton"_s)->click(); });
+        bench.Choose(u"mnuFileNewGui"_s);
+        QCOMPARE(GuiDesign().form.windowTag, u"Window"_s);
         QVERIFY(FormWindow(bench) != nullptr);
         QCOMPARE(bench.Frame().findChildren<frmGui*>().size(), 1);
     }
@@ -424,16 +423,14 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench);
-        auto* label = FormWindow(bench)->findChild<QLabel*>(QStringLiteral("lblMenu"));
-        bench.ExpectModal(QStringLiteral("dlgMenu"), [](QDialog& dialog) { dialog.close(); });
+        auto* label = FormWindow(bench)->findChild<QLabel*>(u"lblMenu"_s);
+        bench.ExpectModal(u"dlgMenu"_s, [](QDialog& dialog) { dialog.close(); });
         QTest::mouseClick(label, Qt::LeftButton);
-        const QString question = QStringLiteral("Do you want to remove the menu?");
-        bench.dialogs.ExpectMessage(question, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNo,
-                                    QStringLiteral("MenuBar"));
-        bench.ExpectModal(QStringLiteral("dlgMenu"), [](QDialog& dialog) { dialog.close(); });
+        const QString question = u"Do you want to remove the menu?"_s;
+        bench.dialogs.ExpectMessage(question, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNo, u"MenuBar"_s);
+        bench.ExpectModal(u"dlgMenu"_s, [](QDialog& dialog) { dialog.close(); });
         QTest::mouseClick(label, Qt::RightButton);
-        bench.dialogs.ExpectMessage(question, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNo,
-                                    QStringLiteral("MenuBar"));
+        bench.dialogs.ExpectMessage(question, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNo, u"MenuBar"_s);
         QTest::mouseClick(label, Qt::RightButton);
         QVERIFY(!GuiDesign().form.GuiMenuOn);
         QVERIFY(!label->isVisible());
@@ -445,24 +442,24 @@ private Q_SLOTS:
     {
         TestBench bench;
         Load(bench);
-        auto* bar = FormWindow(bench)->findChild<QWidget*>(QStringLiteral("sBar"));
+        auto* bar = FormWindow(bench)->findChild<QWidget*>(u"sBar"_s);
         const auto ask = [&](BoxAnswer answer) {
-            bench.dialogs.ExpectMessage(QStringLiteral("Click YES to add a panel.  Click NO to delete a panel."),
-                                        answer, BoxIcon::Question, BoxButtons::YesNoCancel,
-                                        QStringLiteral("Would you like to add a panel?"));
+            bench.dialogs.ExpectMessage(u"Click YES to add a panel.  Click NO to delete a panel."_s, answer,
+                                        BoxIcon::Question, BoxButtons::YesNoCancel,
+                                        u"Would you like to add a panel?"_s);
         };
         ask(BoxAnswer::Yes);
-        bench.dialogs.ExpectInput({QStringLiteral("Panel Caption?"), {}, {}}, QStringLiteral("three"));
+        bench.dialogs.ExpectInput({u"Panel Caption?"_s, {}, {}}, u"three"_s);
         QTest::mouseClick(bar, Qt::LeftButton);
         QCOMPARE(GuiDesign().form.panels.size(), std::size_t{3});
-        QCOMPARE(GuiDesign().form.panels[2], QStringLiteral("three"));
+        QCOMPARE(GuiDesign().form.panels[2], u"three"_s);
         for (int left = 2; left >= 1; --left) {
             ask(BoxAnswer::No);
             QTest::mouseClick(bar, Qt::LeftButton);
             QCOMPARE(GuiDesign().form.panels.size(), static_cast<std::size_t>(left));
         }
         ask(BoxAnswer::No);
-        bench.dialogs.ExpectMessage(QStringLiteral("You cannot remove the first panel."));
+        bench.dialogs.ExpectMessage(u"You cannot remove the first panel."_s);
         QTest::mouseClick(bar, Qt::LeftButton);
         ask(BoxAnswer::Cancel);
         QTest::mouseClick(bar, Qt::LeftButton);
@@ -483,7 +480,7 @@ private Q_SLOTS:
         QCOMPARE(GuiDesign().form.At({ControlKind::Button, 1}).left, 300.0F);
         // A new form starts unlocked, with its grid. A tool's press counts as a change.
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
-        bench.ExpectModal(QStringLiteral("frmColorDefault"), [](QDialog& dialog) { dialog.reject(); });
+        bench.ExpectModal(u"frmColorDefault"_s, [](QDialog& dialog) { dialog.reject(); });
         Tool(bench, 0)->click();
         FormWindow(bench);
         QVERIFY(!Surface(bench)->Designer().IsLocked());
@@ -517,9 +514,9 @@ private Q_SLOTS:
         QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(30, 30));
         QTest::mouseClick(surface, Qt::LeftButton, Qt::ControlModifier, QPoint(310, 50));
         QTimer::singleShot(0, surface, [surface] {
-            auto* menu = surface->findChild<QMenu*>(QStringLiteral("mnuSurface"));
+            auto* menu = surface->findChild<QMenu*>(u"mnuSurface"_s);
             QVERIFY(menu != nullptr);
-            menu->findChild<QAction*>(QStringLiteral("mnuAlignTop"))->trigger();
+            menu->findChild<QAction*>(u"mnuAlignTop"_s)->trigger();
             menu->close();
         });
         QTest::keyClick(surface, Qt::Key_F10, Qt::ShiftModifier);
@@ -535,9 +532,9 @@ private Q_SLOTS:
         GuiDesign().GuiFormModified = true;
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::YesNoCancel);
         QVERIFY(!bench.Close());
-        const QString saved = bench.Path(QStringLiteral("saved.obf"));
+        const QString saved = bench.Path(u"saved.obf"_s);
         bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNoCancel);
-        bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save Gui Form As"), SaveFilter, saved);
+        bench.dialogs.ExpectFile(FilePurpose::Save, u"Save Gui Form As"_s, SaveFilter, saved);
         QVERIFY(bench.Close());
         QCOMPARE(TestBench::Read(saved), SmallForm);
     }

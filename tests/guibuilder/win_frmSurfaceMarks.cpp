@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -59,9 +61,8 @@ void win_frmSurfaceMarks::gridHasADotEveryTenPixels()
 
 void win_frmSurfaceMarks::gridDotsAreWhiteOnDarkColors()
 {
-    const QStringList dark = {QStringLiteral("Black"),    QStringLiteral("Darkgray"),  QStringLiteral("Darkred"),
-                              QStringLiteral("Brown"),    QStringLiteral("Darkgreen"), QStringLiteral("Darkblue"),
-                              QStringLiteral("Darkcyan"), QStringLiteral("Darkpink")};
+    const QStringList dark = {u"Black"_s,     u"Darkgray"_s, u"Darkred"_s,  u"Brown"_s,
+                              u"Darkgreen"_s, u"Darkblue"_s, u"Darkcyan"_s, u"Darkpink"_s};
     GuiForm form;
     int whites = 0;
     for (const std::string_view name : ColorName) {

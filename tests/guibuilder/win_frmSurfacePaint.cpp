@@ -12,6 +12,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -113,9 +115,9 @@ void win_frmSurfacePaint::hiddenControlPaintsNothing()
 void win_frmSurfacePaint::nothingIsPaintedOutsideThePaintedRect()
 {
     GuiForm form;
-    form.GuiFontSize = QStringLiteral("24");
+    form.GuiFontSize = u"24"_s;
     const ControlRef ref = Put(form, KindOfRow(), {});
-    form.At(ref).caption = QStringLiteral("&Words that are far too long for so small a place jjjj");
+    form.At(ref).caption = u"&Words that are far too long for so small a place jjjj"_s;
     for (const QRect& place : {QRect(41, 33, 80, 30), QRect(41, 33, 30, 7), QRect(41, 33, 3, 60), QRect(41, 33, 1, 1),
                                QRect(41, 33, 12, 12), QRect(41, 33, 0, 20), QRect(41, 33, 20, 0)}) {
         Place(form.At(ref), place);
@@ -146,7 +148,7 @@ void win_frmSurfacePaint::hostileControlsArePaintedAtOnce()
     control.caption = QString(1000000, u'W') + QString(1000, u'\n') + QString(100000, u'&');
     Place(control, {0, 0, 150, 100});
     Painted(form, ref);
-    form.GuiFontSize = QStringLiteral("99999999999");
+    form.GuiFontSize = u"99999999999"_s;
     Painted(form, ref);
     QVERIFY2(timer.elapsed() < mostMilliseconds, qPrintable(QString::number(timer.elapsed())));
 }
@@ -173,11 +175,11 @@ void win_frmSurfacePaint::painterIsRestored()
 void win_frmSurfacePaint::fieldsHaveTheFormsColors()
 {
     GuiForm form;
-    form.GuiBackgroundColor = QStringLiteral("Darkblue");
-    form.GuiTextboxColor = QStringLiteral("Yellow");
-    form.GuiTexteditorColor = QStringLiteral("Cyan");
-    form.GuiListboxColor = QStringLiteral("Green");
-    form.GuiComboboxColor = QStringLiteral("Pink");
+    form.GuiBackgroundColor = u"Darkblue"_s;
+    form.GuiTextboxColor = u"Yellow"_s;
+    form.GuiTexteditorColor = u"Cyan"_s;
+    form.GuiListboxColor = u"Green"_s;
+    form.GuiComboboxColor = u"Pink"_s;
     const auto middle = [&](ControlKind kind) {
         const ControlRef ref = Put(form, kind, {10, 10, 120, 80});
         form.At(ref).caption.clear();
@@ -208,11 +210,11 @@ void win_frmSurfacePaint::buttonFaceDoesNotFollowTheBenchsPalette()
 void win_frmSurfacePaint::captionHasTheForegroundColor()
 {
     GuiForm form;
-    form.GuiFontSize = QStringLiteral("40"); // thick strokes have pixels that are pure ink
-    form.GuiForegroundColor = QStringLiteral("Red");
+    form.GuiFontSize = u"40"_s; // thick strokes have pixels that are pure ink
+    form.GuiForegroundColor = u"Red"_s;
     const auto ink = [&](ControlKind kind) {
         const ControlRef ref = Put(form, kind, {10, 10, 150, 100});
-        form.At(ref).caption = QStringLiteral("HHH");
+        form.At(ref).caption = u"HHH"_s;
         return !Painted(form, ref).WhereIs(QColor(255, 0, 0)).isEmpty();
     };
     for (const ControlKind kind :
@@ -226,7 +228,7 @@ void win_frmSurfacePaint::captionHasTheForegroundColor()
 void win_frmSurfacePaint::comboboxHasItsArrowAtTheRightEdge()
 {
     GuiForm form;
-    form.GuiForegroundColor = QStringLiteral("White"); // so that only the arrow is black
+    form.GuiForegroundColor = u"White"_s; // so that only the arrow is black
     const ControlRef ref = Put(form, ControlKind::Combobox, {10, 10, 120, 30});
     const QRect arrow = Painted(form, ref).WhereIs(Qt::black);
     QCOMPARE(arrow.size(), QSize(7, 4));
@@ -241,22 +243,22 @@ void win_frmSurfacePaint::comboboxShowsItsIndex()
     GuiForm form;
     const ControlRef first = Put(form, ControlKind::Combobox, {10, 10, 150, 30});
     const ControlRef second = Put(form, ControlKind::Combobox, {10, 10, 150, 30});
-    form.At(second).caption = QStringLiteral("what a file has there");
+    form.At(second).caption = u"what a file has there"_s;
     const QImage one = Painted(form, first).image;
     QVERIFY(one != Painted(form, second).image);
     // The text is that of the kind and the index, not the caption.
     form.At(second).caption.clear();
     const QImage two = Painted(form, second).image;
-    form.At(second).caption = QStringLiteral("other");
+    form.At(second).caption = u"other"_s;
     QCOMPARE(Painted(form, second).image, two);
 }
 
 void win_frmSurfacePaint::comboboxTextBeginsAtTheFieldsCorner()
 {
     GuiForm form;
-    form.GuiFontSize = QStringLiteral("30");
-    form.GuiComboboxColor = QStringLiteral("Yellow");
-    form.GuiForegroundColor = QStringLiteral("Red");
+    form.GuiFontSize = u"30"_s;
+    form.GuiComboboxColor = u"Yellow"_s;
+    form.GuiForegroundColor = u"Red"_s;
     const ControlRef ref = Put(form, ControlKind::Combobox, {10, 10, 180, 100});
     const QRect ink = Painted(form, ref).WhereIs(QColor(255, 0, 0));
     QVERIFY(ink.left() >= 12 && ink.left() <= 17);
@@ -266,7 +268,7 @@ void win_frmSurfacePaint::comboboxTextBeginsAtTheFieldsCorner()
 void win_frmSurfacePaint::checkAndRadioMarksAreAtTheLeft()
 {
     GuiForm form;
-    form.GuiBackgroundColor = QStringLiteral("Darkred");
+    form.GuiBackgroundColor = u"Darkred"_s;
     for (const ControlKind kind : {ControlKind::Checkbox, ControlKind::Radiobutton}) {
         const ControlRef ref = Put(form, kind, {10, 10, 120, 30});
         form.At(ref).caption.clear();
@@ -281,12 +283,12 @@ void win_frmSurfacePaint::checkAndRadioMarksAreAtTheLeft()
 void win_frmSurfacePaint::texteditorHasTwoScrollBarsAndListboxOne()
 {
     GuiForm form;
-    form.GuiTexteditorColor = form.GuiListboxColor = QStringLiteral("Red");
+    form.GuiTexteditorColor = form.GuiListboxColor = u"Red"_s;
     const QColor field(255, 0, 0);
     const QRect place(10, 10, 150, 120);
     QCOMPARE(Painted(form, Put(form, ControlKind::Texteditor, place)).WhereIs(field), QRect(12, 12, 129, 99));
     QCOMPARE(Painted(form, Put(form, ControlKind::Listbox, place)).WhereIs(field), QRect(12, 12, 129, 116));
-    form.GuiTextboxColor = QStringLiteral("Red");
+    form.GuiTextboxColor = u"Red"_s;
     QCOMPARE(Painted(form, Put(form, ControlKind::Textbox, place)).WhereIs(field), QRect(12, 12, 146, 116));
 }
 
@@ -304,7 +306,7 @@ void win_frmSurfacePaint::groupboxFrameHasAGapForTheCaption()
     GuiForm form;
     const QColor shadow(160, 160, 160);
     const ControlRef ref = Put(form, ControlKind::Groupbox, {10, 10, 120, 100});
-    form.At(ref).caption = QStringLiteral("   ");
+    form.At(ref).caption = u"   "_s;
     const SurfacePicture gap = Painted(form, ref);
     const int line = gap.WhereIs(shadow).top();
     QVERIFY(line > 12 && line < 22);
@@ -356,7 +358,7 @@ void win_frmSurfacePaint::buttonWithoutItsPictureShowsAText()
     const QImage bare = Painted(form, ref).image;
     QVERIFY(placeholder != bare);
     // For a missing picture the file's name is shown.
-    form.At(ref).caption = QStringLiteral("c:\\pictures\\bmpbttn");
+    form.At(ref).caption = u"c:\\pictures\\bmpbttn"_s;
     QCOMPARE(Painted(form, ref).image, placeholder);
 }
 
@@ -376,9 +378,9 @@ void win_frmSurfacePaint::fieldsShowAmpersandsUnchanged()
 {
     GuiForm form;
     const ControlRef ref = Put(form, ControlKind::Textbox, {10, 10, 100, 30});
-    form.At(ref).caption = QStringLiteral("A&B");
+    form.At(ref).caption = u"A&B"_s;
     const QImage one = Painted(form, ref).image;
-    form.At(ref).caption = QStringLiteral("A&&B");
+    form.At(ref).caption = u"A&&B"_s;
     QVERIFY(one != Painted(form, ref).image);
 }
 

@@ -9,6 +9,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class win_frmSurfaceStyle : public QObject {
@@ -38,7 +40,7 @@ void win_frmSurfaceStyle::unknownColorNamesFallBackToTheDefaultColors()
     GuiForm form;
     for (QString* name : {&form.GuiForegroundColor, &form.GuiBackgroundColor, &form.GuiTextboxColor,
                           &form.GuiTexteditorColor, &form.GuiListboxColor, &form.GuiComboboxColor})
-        *name = QStringLiteral("Mauve");
+        *name = u"Mauve"_s;
     const SurfaceStyle style(form, PictureScale);
     QCOMPARE(style.fore, QColor(Qt::black));
     QCOMPARE(style.surface, QColor(240, 240, 240));
@@ -49,28 +51,28 @@ void win_frmSurfaceStyle::unknownColorNamesFallBackToTheDefaultColors()
 void win_frmSurfaceStyle::ampersandUnderlinesTheNextCharacter()
 {
     const SurfaceStyle style(GuiForm(), PictureScale);
-    const SurfaceText plain = style.Line(QStringLiteral("Save"), Ampersands::Mark);
+    const SurfaceText plain = style.Line(u"Save"_s, Ampersands::Mark);
     QVERIFY(!plain.underline);
-    const SurfaceText marked = style.Line(QStringLiteral("S&ave"), Ampersands::Mark);
+    const SurfaceText marked = style.Line(u"S&ave"_s, Ampersands::Mark);
     QCOMPARE(marked.size, plain.size);
     QVERIFY(marked.underline);
     const QFontMetricsF metrics(style.font);
     QVERIFY(std::abs(marked.underline->x1() - metrics.horizontalAdvance(u'S')) < 0.5);
     QVERIFY(std::abs(marked.underline->dx() - metrics.horizontalAdvance(u'a')) < 0.5);
-    const SurfaceText twice = style.Line(QStringLiteral("S&&v"), Ampersands::Mark);
+    const SurfaceText twice = style.Line(u"S&&v"_s, Ampersands::Mark);
     QVERIFY(!twice.underline);
-    QCOMPARE(twice.size, style.Line(QStringLiteral("S&v"), Ampersands::Keep).size);
-    QCOMPARE(style.Line(QStringLiteral("Save&"), Ampersands::Mark).size, plain.size);
+    QCOMPARE(twice.size, style.Line(u"S&v"_s, Ampersands::Keep).size);
+    QCOMPARE(style.Line(u"Save&"_s, Ampersands::Mark).size, plain.size);
     QVERIFY(style.Line(QString(), Ampersands::Mark).runs.isEmpty());
 }
 
 void win_frmSurfaceStyle::wordsWrapAtTheWidthOfAStatictext()
 {
     const SurfaceStyle style(GuiForm(), PictureScale);
-    const QString words = QStringLiteral("three short words");
+    const QString words = u"three short words"_s;
     const qreal line = style.Paragraph(words, 500).size.height();
     QCOMPARE(style.Paragraph(words, 1).size.height(), 3 * line);
-    QCOMPARE(style.Paragraph(QStringLiteral("one\r\ntwo\nthree"), 500).size.height(), 3 * line);
+    QCOMPARE(style.Paragraph(u"one\r\ntwo\nthree"_s, 500).size.height(), 3 * line);
     QVERIFY(style.Paragraph(words, 60).size.width() <= 60);
 }
 
@@ -97,21 +99,21 @@ void win_frmSurfaceStyle::fontSizeIsInPoints()
     QFETCH(QString, points);
     QFETCH(int, twips);
     QFETCH(int, pixels);
-    QCOMPARE(SurfaceFont(QStringLiteral("ms sans serif"), points, twips).pixelSize(), pixels);
+    QCOMPARE(SurfaceFont(u"ms sans serif"_s, points, twips).pixelSize(), pixels);
 }
 
 void win_frmSurfaceStyle::missingFontsHaveSubstitutesOfTheirKind()
 {
     const auto families = [](const char* name) {
-        return SurfaceFont(QString::fromLatin1(name), QStringLiteral("10"), SurfaceTwips).families().last();
+        return SurfaceFont(QString::fromLatin1(name), u"10"_s, SurfaceTwips).families().last();
     };
-    QCOMPARE(families("ms sans serif"), QStringLiteral("Liberation Sans"));
-    QCOMPARE(families("a name of no font"), QStringLiteral("Liberation Sans"));
-    QCOMPARE(families(""), QStringLiteral("Liberation Sans"));
-    QCOMPARE(families("courier new"), QStringLiteral("Liberation Mono"));
-    QCOMPARE(families("Lucida Console"), QStringLiteral("Liberation Mono"));
-    QCOMPARE(families("Times New Roman"), QStringLiteral("Liberation Serif"));
-    QCOMPARE(families("ms serif"), QStringLiteral("Liberation Serif"));
+    QCOMPARE(families("ms sans serif"), u"Liberation Sans"_s);
+    QCOMPARE(families("a name of no font"), u"Liberation Sans"_s);
+    QCOMPARE(families(""), u"Liberation Sans"_s);
+    QCOMPARE(families("courier new"), u"Liberation Mono"_s);
+    QCOMPARE(families("Lucida Console"), u"Liberation Mono"_s);
+    QCOMPARE(families("Times New Roman"), u"Liberation Serif"_s);
+    QCOMPARE(families("ms serif"), u"Liberation Serif"_s);
 }
 
 OB_BENCH_TEST(win_frmSurfaceStyle)

@@ -12,13 +12,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 QByteArray Embedded(int number)
 {
-    const auto bytes = EmbeddedText(number, QStringLiteral("CUSTOM"));
+    const auto bytes = EmbeddedText(number, u"CUSTOM"_s);
     return bytes ? QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())) : QByteArray();
 }
 
@@ -138,7 +140,7 @@ void tst_imageLibrary::isSmallAndTheSameInEveryBuild()
 void tst_imageLibrary::demonstrationDeclaresTheThreeFunctions()
 {
     const QByteArray text = Embedded(103);
-    QCOMPARE(EmbeddedText(103, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("jpeg.bas")));
+    QCOMPARE(EmbeddedText(103, u"CUSTOM"_s), EmbeddedText(u"jpeg.bas"_s));
     QCOMPARE(text.count('\n'), text.count("\r\n"));
     QCOMPARE(text.count('\r'), text.count("\r\n"));
     QVERIFY(text.endsWith("\r\n"));
@@ -156,9 +158,9 @@ void tst_imageLibrary::bothAreWrittenIntoAFolder()
     NEED_LIBRARY();
     const QTemporaryDir folder;
     const QString path = WriteImageLibrary(folder.path());
-    QCOMPARE(path, folder.filePath(QStringLiteral("jpeg.dll")));
+    QCOMPARE(path, folder.filePath(u"jpeg.dll"_s));
     QFile library(path);
-    QFile program(folder.filePath(QStringLiteral("jpeg.bas")));
+    QFile program(folder.filePath(u"jpeg.bas"_s));
     QVERIFY(library.open(QIODevice::ReadOnly) && program.open(QIODevice::ReadOnly));
     QCOMPARE(library.readAll(), Embedded(104));
     QCOMPARE(program.readAll(), Embedded(103));
@@ -167,7 +169,7 @@ void tst_imageLibrary::bothAreWrittenIntoAFolder()
 void tst_imageLibrary::unwritableFolderIsAnError()
 {
     const QTemporaryDir folder;
-    QVERIFY_EXCEPTION_THROWN(WriteImageLibrary(folder.filePath(QStringLiteral("missing"))), RuntimeError);
+    QVERIFY_EXCEPTION_THROWN(WriteImageLibrary(folder.filePath(u"missing"_s)), RuntimeError);
 }
 
 QTEST_APPLESS_MAIN(tst_imageLibrary)

@@ -19,6 +19,8 @@
 #include <QTimer>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -54,27 +56,27 @@ qint64 Ask(const QString& command)
 
 MciResult Open(const QString& device, const QString& path)
 {
-    return mciSendStringA(QStringLiteral("open %1!%2 alias PlayFile ").arg(device, path), nullptr, 0, 0);
+    return mciSendStringA(u"open %1!%2 alias PlayFile "_s.arg(device, path), nullptr, 0, 0);
 }
 
 void Play()
 {
-    mciSendStringA(QStringLiteral("play PlayFile"), nullptr, 0, 0);
+    mciSendStringA(u"play PlayFile"_s, nullptr, 0, 0);
 }
 
 qint64 Position()
 {
-    return Ask(QStringLiteral("status PlayFile position"));
+    return Ask(u"status PlayFile position"_s);
 }
 
 qint64 Length()
 {
-    return Ask(QStringLiteral("status PlayFile length"));
+    return Ask(u"status PlayFile length"_s);
 }
 
 void CloseAll()
 {
-    mciSendStringA(QStringLiteral("close all"), nullptr, 0, 0);
+    mciSendStringA(u"close all"_s, nullptr, 0, 0);
 }
 
 // The window of the current film; null when there is none.
@@ -112,9 +114,8 @@ private:
     {
         QProcess ffmpeg;
         ffmpeg.setWorkingDirectory(folder.path());
-        ffmpeg.start(QStringLiteral("ffmpeg"),
-                     QStringList{QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y")} +
-                         QProcess::splitCommand(arguments) + QStringList{name});
+        ffmpeg.start(u"ffmpeg"_s,
+                     QStringList{u"-v"_s, u"error"_s, u"-y"_s} + QProcess::splitCommand(arguments) + QStringList{name});
         if (!ffmpeg.waitForFinished() || ffmpeg.exitCode() != 0)
             QTest::qFail(ffmpeg.readAllStandardError().constData(), __FILE__, __LINE__);
         return Path(name);
@@ -122,7 +123,7 @@ private:
 
     QString Film(const QString& name, const QString& color, const QString& more)
     {
-        return Make(name, QStringLiteral("-f lavfi -i color=%1:size=64x48:rate=10:duration=1 %2").arg(color, more));
+        return Make(name, u"-f lavfi -i color=%1:size=64x48:rate=10:duration=1 %2"_s.arg(color, more));
     }
 
     QTemporaryDir folder;
@@ -130,18 +131,17 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        SetLibraryFolder(QStringLiteral(OB_BIN));
-        Put(Path(QStringLiteral("tone.wav")), WavFile(1'000));
-        Put(Path(QStringLiteral("song.mid")), MidiSongFile(2));
-        Film(QStringLiteral("red.avi"), QStringLiteral("red"), QStringLiteral("-c:v mpeg4 -q:v 2"));
-        Film(QStringLiteral("plain.avi"), QStringLiteral("blue"), QStringLiteral("-c:v rawvideo -pix_fmt bgr24"));
-        Make(QStringLiteral("tone.mp3"), QStringLiteral("-i tone.wav -ar 44100 -c:a libmp3lame"));
-        Make(QStringLiteral("film.mpg"),
-             QStringLiteral("-i tone.wav -f lavfi -i color=lime:size=64x48:rate=25:duration=1 "
-                            "-c:v mpeg1video -c:a mp2 -ar 44100"));
-        Film(QStringLiteral("cover.png"), QStringLiteral("red"), QStringLiteral("-frames:v 1"));
-        Make(QStringLiteral("cover.mp3"), QStringLiteral("-i tone.mp3 -i cover.png -map 0 -map 1 -c copy "
-                                                         "-disposition:v attached_pic"));
+        SetLibraryFolder(u"" OB_BIN ""_s);
+        Put(Path(u"tone.wav"_s), WavFile(1'000));
+        Put(Path(u"song.mid"_s), MidiSongFile(2));
+        Film(u"red.avi"_s, u"red"_s, u"-c:v mpeg4 -q:v 2"_s);
+        Film(u"plain.avi"_s, u"blue"_s, u"-c:v rawvideo -pix_fmt bgr24"_s);
+        Make(u"tone.mp3"_s, u"-i tone.wav -ar 44100 -c:a libmp3lame"_s);
+        Make(u"film.mpg"_s, u"-i tone.wav -f lavfi -i color=lime:size=64x48:rate=25:duration=1 "
+                            "-c:v mpeg1video -c:a mp2 -ar 44100"_s);
+        Film(u"cover.png"_s, u"red"_s, u"-frames:v 1"_s);
+        Make(u"cover.mp3"_s, u"-i tone.mp3 -i cover.png -map 0 -map 1 -c copy "
+                             "-disposition:v attached_pic"_s);
     }
     void cleanup()
     {
@@ -154,12 +154,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("device");
         QTest::addColumn<QString>("name");
-        QTest::newRow("wav") << QStringLiteral("waveaudio") << QStringLiteral("tone.wav");
-        QTest::newRow("avi") << QStringLiteral("AVIvideo") << QStringLiteral("red.avi");
-        QTest::newRow("uncompressed avi") << QStringLiteral("AVIvideo") << QStringLiteral("plain.avi");
-        QTest::newRow("mp3") << QStringLiteral("MPEGvideo") << QStringLiteral("tone.mp3");
-        QTest::newRow("mpg") << QStringLiteral("MPEGvideo") << QStringLiteral("film.mpg");
-        QTest::newRow("mid") << QStringLiteral("sequencer") << QStringLiteral("song.mid");
+        QTest::newRow("wav") << u"waveaudio"_s << u"tone.wav"_s;
+        QTest::newRow("avi") << u"AVIvideo"_s << u"red.avi"_s;
+        QTest::newRow("uncompressed avi") << u"AVIvideo"_s << u"plain.avi"_s;
+        QTest::newRow("mp3") << u"MPEGvideo"_s << u"tone.mp3"_s;
+        QTest::newRow("mpg") << u"MPEGvideo"_s << u"film.mpg"_s;
+        QTest::newRow("mid") << u"sequencer"_s << u"song.mid"_s;
     }
 
     void eachKindPlaysToItsEnd()
@@ -190,12 +190,12 @@ private Q_SLOTS:
 
     void aFilmIsShownInItsShape()
     {
-        Open(QStringLiteral("AVIvideo"), Path(QStringLiteral("plain.avi")));
+        Open(u"AVIvideo"_s, Path(u"plain.avi"_s));
         QVERIFY(FilmWindow() == nullptr);
         Play();
         QWidget* window = FilmWindow();
         QVERIFY(window != nullptr);
-        QCOMPARE(window->windowTitle(), QStringLiteral("plain.avi"));
+        QCOMPARE(window->windowTitle(), u"plain.avi"_s);
         QTRY_VERIFY(IsNear(PixelOf(*window, window->rect().center()), Qt::blue));
         window->resize(400, 120);
         // A picture of 160 by 120 is in the middle.
@@ -209,15 +209,15 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QColor>("color");
-        QTest::newRow("avi") << QStringLiteral("red.avi") << QColor(Qt::red);
-        QTest::newRow("mpg") << QStringLiteral("film.mpg") << QColor(Qt::green);
+        QTest::newRow("avi") << u"red.avi"_s << QColor(Qt::red);
+        QTest::newRow("mpg") << u"film.mpg"_s << QColor(Qt::green);
     }
 
     void compressedFilmsAreShownToo()
     {
         QFETCH(QString, name);
         QFETCH(QColor, color);
-        Open(QStringLiteral("MPEGvideo"), Path(name));
+        Open(u"MPEGvideo"_s, Path(name));
         Play();
         QWidget* window = FilmWindow();
         QVERIFY(window != nullptr);
@@ -226,8 +226,7 @@ private Q_SLOTS:
 
     void pixelsThatAreNotSquareGiveTheRightShape()
     {
-        Open(QStringLiteral("MPEGvideo"), Film(QStringLiteral("wide.mpg"), QStringLiteral("white"),
-                                               QStringLiteral("-vf scale=240:240,setdar=16/9 -r 25 -c:v mpeg2video")));
+        Open(u"MPEGvideo"_s, Film(u"wide.mpg"_s, u"white"_s, u"-vf scale=240:240,setdar=16/9 -r 25 -c:v mpeg2video"_s));
         Play();
         QVERIFY(FilmWindow() != nullptr);
         QCOMPARE(FilmWindow()->size(), QSize(427, 240));
@@ -243,7 +242,7 @@ private Q_SLOTS:
     void closingTheFilmStopsIt()
     {
         QFETCH(bool, byEscape);
-        Open(QStringLiteral("AVIvideo"), Path(QStringLiteral("red.avi")));
+        Open(u"AVIvideo"_s, Path(u"red.avi"_s));
         Play();
         QVERIFY(Position() < Length());
         if (byEscape)
@@ -255,7 +254,7 @@ private Q_SLOTS:
 
     void aSongWithACoverHasNoWindow()
     {
-        QCOMPARE(Open(QStringLiteral("MPEGvideo"), Path(QStringLiteral("cover.mp3"))), MciResult::Done);
+        QCOMPARE(Open(u"MPEGvideo"_s, Path(u"cover.mp3"_s)), MciResult::Done);
         Play();
         QTest::qWait(200);
         QVERIFY(FilmWindow() == nullptr);
@@ -264,49 +263,48 @@ private Q_SLOTS:
 
     void aFilmAsASoundHasNoWindow()
     {
-        QVERIFY(sndPlaySoundA(Path(QStringLiteral("film.mpg")), SND_ASYNC));
+        QVERIFY(sndPlaySoundA(Path(u"film.mpg"_s), SND_ASYNC));
         QTest::qWait(50);
         QVERIFY(FilmWindow() == nullptr);
-        QVERIFY(!sndPlaySoundA(Path(QStringLiteral("red.avi")), SND_ASYNC));
-        QVERIFY(!sndPlaySoundA(QStringLiteral("1"), SND_SYNC));
+        QVERIFY(!sndPlaySoundA(Path(u"red.avi"_s), SND_ASYNC));
+        QVERIFY(!sndPlaySoundA(u"1"_s, SND_SYNC));
     }
 
     void theMediaWindowPlaysAFilm()
     {
         TestBench bench;
         // No dot in a folder's name, as the first one counts.
-        const QTemporaryDir plain(QDir::tempPath() + QStringLiteral("/obmediaXXXXXX"));
-        const QString path = plain.filePath(QStringLiteral("red.avi"));
-        QVERIFY(QFile::copy(Path(QStringLiteral("red.avi")), path));
+        const QTemporaryDir plain(QDir::tempPath() + u"/obmediaXXXXXX"_s);
+        const QString path = plain.filePath(u"red.avi"_s);
+        QVERIFY(QFile::copy(Path(u"red.avi"_s), path));
         frmMedia window;
         window.show();
-        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."),
-                                 QStringLiteral("Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"), path);
-        window.findChild<QPushButton*>(QStringLiteral("cmdOpen"))->click();
-        window.findChild<QPushButton*>(QStringLiteral("cmdPlay"))->click();
-        QCOMPARE(window.findChild<QLabel*>(QStringLiteral("lblNow"))->text(), QStringLiteral("0:00 / 0:01"));
+        bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, u"Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"_s,
+                                 path);
+        window.findChild<QPushButton*>(u"cmdOpen"_s)->click();
+        window.findChild<QPushButton*>(u"cmdPlay"_s)->click();
+        QCOMPARE(window.findChild<QLabel*>(u"lblNow"_s)->text(), u"0:00 / 0:01"_s);
         QTRY_VERIFY(FilmWindow() != nullptr && IsNear(PixelOf(*FilmWindow(), {80, 60}), Qt::red));
         QTRY_VERIFY_WITH_TIMEOUT(FilmWindow() == nullptr, 3'000);
-        QVERIFY(!window.findChild<QTimer*>(QStringLiteral("tmrPlay"))->isActive());
+        QVERIFY(!window.findChild<QTimer*>(u"tmrPlay"_s)->isActive());
     }
 
     void aSoundPlaysToItsEndOnRequest()
     {
-        Put(Path(QStringLiteral("short.wav")), WavFile(300));
+        Put(Path(u"short.wav"_s), WavFile(300));
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(sndPlaySoundA(Path(QStringLiteral("short.wav")), SND_SYNC));
+        QVERIFY(sndPlaySoundA(Path(u"short.wav"_s), SND_SYNC));
         QVERIFY(timer.elapsed() >= 290);
     }
 
     void aTruncatedFilmEndsThere()
     {
-        const QString path = Make(QStringLiteral("long.avi"),
-                                  QStringLiteral("-f lavfi -i testsrc=size=64x48:rate=10:duration=60 -c:v mjpeg"));
+        const QString path = Make(u"long.avi"_s, u"-f lavfi -i testsrc=size=64x48:rate=10:duration=60 -c:v mjpeg"_s);
         const QByteArray bytes = Get(path);
         // The header claims a minute, but there is hardly a second.
         Put(path, bytes.first(bytes.size() / 80));
-        QCOMPARE(Open(QStringLiteral("AVIvideo"), path), MciResult::Done);
+        QCOMPARE(Open(u"AVIvideo"_s, path), MciResult::Done);
         Play();
         QTRY_COMPARE_WITH_TIMEOUT(Position(), Length(), 4'000);
     }
@@ -315,12 +313,12 @@ private Q_SLOTS:
     {
         const QByteArray before = qgetenv("XDG_DATA_DIRS");
         qputenv("XDG_DATA_DIRS", folder.path().toUtf8());
-        QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("song.mid"))), MciResult::InvalidFile);
+        QCOMPARE(Open(u"sequencer"_s, Path(u"song.mid"_s)), MciResult::InvalidFile);
         QCOMPARE(LastMediaTrouble(), MediaTrouble::NoSoundFont);
         qputenv("XDG_DATA_DIRS", before);
         if (before.isEmpty())
             qunsetenv("XDG_DATA_DIRS");
-        QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("song.mid"))), MciResult::Done);
+        QCOMPARE(Open(u"sequencer"_s, Path(u"song.mid"_s)), MciResult::Done);
     }
 
     void otherFilesAreRejected_data()
@@ -335,7 +333,7 @@ private Q_SLOTS:
         for (char& byte : noise)
             byte = static_cast<char>(random.bounded(256));
         QTest::newRow("noise") << noise;
-        const QByteArray film = folder.filePath(QStringLiteral("red.avi")).toUtf8();
+        const QByteArray film = folder.filePath(u"red.avi"_s).toUtf8();
         QTest::newRow("list of films") << QByteArray("ffconcat version 1.0\nfile '" + film + "'\n");
         QTest::newRow("list in the network")
             << QByteArray("#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\n" + film + "\n#EXT-X-ENDLIST\n");
@@ -346,7 +344,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         for (const char* device : {"AVIvideo", "MPEGvideo", "sequencer", "waveaudio"}) {
             for (const char* ending : {"avi", "mpg", "mp3", "mid", "wav"}) {
-                const QString path = Path(QStringLiteral("hostile.") + QString::fromLatin1(ending));
+                const QString path = Path(u"hostile."_s + QString::fromLatin1(ending));
                 Put(path, bytes);
                 QCOMPARE(Open(QString::fromLatin1(device), path), MciResult::InvalidFile);
                 QCOMPARE(Length(), 0);
@@ -356,12 +354,12 @@ private Q_SLOTS:
 
     void foldersAndVanishedFilesAreRejected()
     {
-        QCOMPARE(Open(QStringLiteral("AVIvideo"), folder.path()), MciResult::FileNotFound);
-        QCOMPARE(Open(QStringLiteral("sequencer"), Path(QStringLiteral("gone.mid"))), MciResult::FileNotFound);
+        QCOMPARE(Open(u"AVIvideo"_s, folder.path()), MciResult::FileNotFound);
+        QCOMPARE(Open(u"sequencer"_s, Path(u"gone.mid"_s)), MciResult::FileNotFound);
         // Deleted between opening and playing.
-        const QString path = Path(QStringLiteral("soon-gone.wav"));
+        const QString path = Path(u"soon-gone.wav"_s);
         Put(path, WavFile(400));
-        QCOMPARE(Open(QStringLiteral("waveaudio"), path), MciResult::Done);
+        QCOMPARE(Open(u"waveaudio"_s, path), MciResult::Done);
         QVERIFY(QFile::remove(path));
         Play();
         QTRY_COMPARE_WITH_TIMEOUT(Position(), Length(), 2'000);
@@ -379,10 +377,10 @@ private Q_SLOTS:
                         static_cast<char>(random.bounded(256));
                 if (round % 3 == 0)
                     bytes.truncate(random.bounded(static_cast<int>(bytes.size())));
-                const QString path = Path(QStringLiteral("damaged-") + QString::fromLatin1(name));
+                const QString path = Path(u"damaged-"_s + QString::fromLatin1(name));
                 Put(path, bytes);
                 const bool isSong = path.endsWith(QLatin1String(".mid"));
-                if (Open(isSong ? QStringLiteral("sequencer") : QStringLiteral("AVIvideo"), path) != MciResult::Done)
+                if (Open(isSong ? u"sequencer"_s : u"AVIvideo"_s, path) != MciResult::Done)
                     continue;
                 QVERIFY(Length() >= 0);
                 Play();

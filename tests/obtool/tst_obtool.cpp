@@ -12,12 +12,14 @@
 #include <filesystem>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Data = QStringLiteral(OB_TEST_DATA "/obtool/");
-const QString RunCopyCases = QStringLiteral(OB_TEST_DATA "/runcopy/");
+const QString Data = u"" OB_TEST_DATA "/obtool/"_s;
+const QString RunCopyCases = u"" OB_TEST_DATA "/runcopy/"_s;
 
 constexpr char StylesUsage[] = "usage: obtool source styles FILE";
 constexpr char RunCopyUsage[] = "usage: obtool source runcopy FILE [--folder DIR] [-o OUT]";
@@ -68,9 +70,9 @@ private Q_SLOTS:
 
     void theVersionIsOneLine()
     {
-        const Outcome result = Run({QStringLiteral("--version")});
+        const Outcome result = Run({u"--version"_s});
         QCOMPARE(result.status, 0);
-        const QRegularExpression line(QStringLiteral("^obtool [0-9]+\\.[0-9]+\\.[0-9]+\n$"));
+        const QRegularExpression line(u"^obtool [0-9]+\\.[0-9]+\\.[0-9]+\n$"_s);
         QVERIFY2(line.match(QString::fromUtf8(result.out)).hasMatch(), result.out.constData());
         QCOMPARE(result.error, QByteArray());
     }
@@ -104,7 +106,7 @@ private Q_SLOTS:
 
     void theHelpOfAGroupNamesItsVerbs()
     {
-        const QByteArray help = Run({QStringLiteral("source"), QStringLiteral("--help")}).out;
+        const QByteArray help = Run({u"source"_s, u"--help"_s}).out;
         for (const char* verb : {"styles", "runcopy", "syntax", "keywords"})
             QVERIFY2(help.contains(verb), verb);
     }
@@ -114,7 +116,7 @@ private Q_SLOTS:
     void textIsReadWithoutTheLibrariesOfPicturesAndArchives()
     {
         Surroundings traced;
-        traced.environment.insert(QStringLiteral("LD_TRACE_LOADED_OBJECTS"), QStringLiteral("1"));
+        traced.environment.insert(u"LD_TRACE_LOADED_OBJECTS"_s, u"1"_s);
         const Outcome libraries = RunObtool({}, traced);
         QVERIFY2(libraries.out.contains("libQt6Core"), libraries.out.constData());
         for (const char* library : {"libQt6Gui", "libzip", "libcrypto"})
@@ -124,8 +126,8 @@ private Q_SLOTS:
 
     void aMissingModuleIsAFailureOfItsGroupsAlone()
     {
-        QVERIFY(QFile::copy(Obtool, QStringLiteral("obtool")));
-        const QString alone = folder->filePath(QStringLiteral("obtool"));
+        QVERIFY(QFile::copy(Obtool, u"obtool"_s));
+        const QString alone = folder->filePath(u"obtool"_s);
         Put("x.bas", "print 1\r\n");
         QCOMPARE(Run(WordsOf("source runcopy x.bas"), {}, alone).status, 0);
         QCOMPARE(Run(WordsOf("--help"), {}, alone).out, Run(WordsOf("--help")).out);
@@ -186,18 +188,14 @@ private Q_SLOTS:
         QCOMPARE(result.status, 2);
         QCOMPARE(result.out, QByteArray());
         QVERIFY2(result.error.endsWith("\n" + usage + "\n"), result.error.constData());
-        QCOMPARE(Entries(), QStringList{QStringLiteral("x.bas")});
+        QCOMPARE(Entries(), QStringList{u"x.bas"_s});
     }
 
     void anEmptyNameIsWrongUsage()
     {
         Put("x.bas", "print 1\r\n");
         for (const char* option : {"-o", "--folder"}) {
-            const Outcome result = Run({QStringLiteral("source"),
-                                        QStringLiteral("runcopy"),
-                                        QStringLiteral("x.bas"),
-                                        QLatin1String(option),
-                                        {}});
+            const Outcome result = Run({u"source"_s, u"runcopy"_s, u"x.bas"_s, QLatin1String(option), {}});
             QCOMPARE(result.status, 2);
             QCOMPARE(result.out, QByteArray());
             QVERIFY2(result.error.endsWith(QByteArray("\n") + RunCopyUsage + "\n"), result.error.constData());
@@ -231,7 +229,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, line);
-        QDir().mkdir(QStringLiteral("folder"));
+        QDir().mkdir(u"folder"_s);
         Put("x.bas", "print 1\r\n");
         Put("empty.bas", "");
         Put("one.bas", "x");
@@ -260,7 +258,7 @@ private Q_SLOTS:
         Put("out.bak", "older");
         const QStringList before = Entries();
         QVERIFY(Run(WordsOf(arguments.constData())).status != 0);
-        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("older"));
+        QCOMPARE(Get(u"out.bak"_s), QByteArray("older"));
         QCOMPARE(Entries(), before);
     }
 
@@ -300,7 +298,7 @@ private Q_SLOTS:
         const Outcome result = RunAfter("trap '' XFSZ; ulimit -f 8", "source runcopy x.bas -o out.bak");
         QCOMPARE(result.status, 1);
         QCOMPARE(result.error, QByteArray("obtool: out.bak: Disk full\n"));
-        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("older"));
+        QCOMPARE(Get(u"out.bak"_s), QByteArray("older"));
         QCOMPARE(Entries(), before);
     }
 
@@ -326,17 +324,16 @@ private Q_SLOTS:
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
         QCOMPARE(result.error, QByteArray());
-        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("print 1 \r\n"));
-        QCOMPARE(Get(QStringLiteral("second name")), QByteArray("a much longer older text"));
-        QCOMPARE(Entries(),
-                 (QStringList{QStringLiteral("out.bak"), QStringLiteral("second name"), QStringLiteral("x.bas")}));
+        QCOMPARE(Get(u"out.bak"_s), QByteArray("print 1 \r\n"));
+        QCOMPARE(Get(u"second name"_s), QByteArray("a much longer older text"));
+        QCOMPARE(Entries(), (QStringList{u"out.bak"_s, u"second name"_s, u"x.bas"_s}));
     }
 
     void outMayBeTheFileItself()
     {
         Put("x.bas", "print 1\r\n");
         QCOMPARE(Run(WordsOf("source runcopy -o x.bas x.bas")).status, 0);
-        QCOMPARE(Get(QStringLiteral("x.bas")), QByteArray("print 1 \r\n"));
+        QCOMPARE(Get(u"x.bas"_s), QByteArray("print 1 \r\n"));
     }
 
     void aDashIsStandardInput()
@@ -352,9 +349,7 @@ private Q_SLOTS:
 
         QDir::setCurrent(QDir::rootPath());
         QCOMPARE(Run(WordsOf("source runcopy -"), program).out, QByteArray("'include lib.bas\r\nend \r\n"));
-        result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("--folder"), folder->path(),
-                      QStringLiteral("-")},
-                     program);
+        result = Run({u"source"_s, u"runcopy"_s, u"--folder"_s, folder->path(), u"-"_s}, program);
         QCOMPARE(result.out, copy);
         QCOMPARE(Run(WordsOf("source styles -"), "end\r\n").out, QByteArray("0\t3\t3\n"));
     }
@@ -366,7 +361,7 @@ private Q_SLOTS:
         QCOMPARE(Run(WordsOf("source styles -- -x.bas")).out, QByteArray("0\t3\t3\n"));
         QCOMPARE(Run(WordsOf("source styles -- --help")).out, QByteArray("0\t3\t3\n"));
         QCOMPARE(Run(WordsOf("source runcopy -o out.bak -- -x.bas")).status, 0);
-        QCOMPARE(Get(QStringLiteral("out.bak")), QByteArray("end \r\n"));
+        QCOMPARE(Get(u"out.bak"_s), QByteArray("end \r\n"));
         QCOMPARE(Run(WordsOf("source syntax -- --beep")).out, QByteArray("No syntax help available for that term."));
         const Outcome result = Run(WordsOf("source runcopy -- -x.bas -o out.bak"));
         QCOMPARE(result.status, 2);
@@ -375,24 +370,23 @@ private Q_SLOTS:
     void namesMayHoldAnyCharacter_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("spaces") << QStringLiteral(" my program .bas");
-        QTest::newRow("characters beyond ASCII") << QStringLiteral("\u00DCb\u4E2D.bas");
-        QTest::newRow("brackets and commas") << QStringLiteral("[a,b].bas");
-        QTest::newRow("quotes") << QStringLiteral("'a\".bas");
-        QTest::newRow("equals") << QStringLiteral("a=b.bas");
-        QTest::newRow("a verb") << QStringLiteral("styles");
-        QTest::newRow("a group") << QStringLiteral("source");
+        QTest::newRow("spaces") << u" my program .bas"_s;
+        QTest::newRow("characters beyond ASCII") << u"\u00DCb\u4E2D.bas"_s;
+        QTest::newRow("brackets and commas") << u"[a,b].bas"_s;
+        QTest::newRow("quotes") << u"'a\".bas"_s;
+        QTest::newRow("equals") << u"a=b.bas"_s;
+        QTest::newRow("a verb") << u"styles"_s;
+        QTest::newRow("a group") << u"source"_s;
     }
 
     void namesMayHoldAnyCharacter()
     {
         QFETCH(QString, name);
         Put(name, "end\r\n");
-        const Outcome result = Run({QStringLiteral("source"), QStringLiteral("styles"), name});
+        const Outcome result = Run({u"source"_s, u"styles"_s, name});
         QCOMPARE(result.error, QByteArray());
         QCOMPARE(result.out, QByteArray("0\t3\t3\n"));
-        QCOMPARE(Run({QStringLiteral("source"), QStringLiteral("runcopy"), name, QStringLiteral("-o"), name}).status,
-                 0);
+        QCOMPARE(Run({u"source"_s, u"runcopy"_s, name, u"-o"_s, name}).status, 0);
         QCOMPARE(Get(name), QByteArray("end \r\n"));
     }
 
@@ -400,10 +394,9 @@ private Q_SLOTS:
 
     void stylesAreRunsOfBytes()
     {
-        const Outcome result =
-            Run({QStringLiteral("source"), QStringLiteral("styles"), Data + QStringLiteral("styles.bas")});
+        const Outcome result = Run({u"source"_s, u"styles"_s, Data + u"styles.bas"_s});
         QCOMPARE(result.status, 0);
-        QCOMPARE(result.out, Get(Data + QStringLiteral("styles.txt")));
+        QCOMPARE(result.out, Get(Data + u"styles.txt"_s));
         QCOMPARE(result.error, QByteArray());
     }
 
@@ -427,18 +420,16 @@ private Q_SLOTS:
     void runCopiesAreWholeFiles()
     {
         QFETCH(QString, path);
-        const QByteArray expected = Get(path + QStringLiteral("/expected.copy"));
-        Outcome result =
-            Run({QStringLiteral("source"), QStringLiteral("runcopy"), path + QStringLiteral("/program.bas")});
+        const QByteArray expected = Get(path + u"/expected.copy"_s);
+        Outcome result = Run({u"source"_s, u"runcopy"_s, path + u"/program.bas"_s});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, expected);
         QCOMPARE(result.error, QByteArray());
-        result = Run({QStringLiteral("source"), QStringLiteral("runcopy"), QStringLiteral("-"),
-                      QStringLiteral("--folder"), path, QStringLiteral("-o"), QStringLiteral("out.bak")},
-                     Get(path + QStringLiteral("/program.bas")));
+        result = Run({u"source"_s, u"runcopy"_s, u"-"_s, u"--folder"_s, path, u"-o"_s, u"out.bak"_s},
+                     Get(path + u"/program.bas"_s));
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(Get(QStringLiteral("out.bak")), expected);
+        QCOMPARE(Get(u"out.bak"_s), expected);
         QDir::setCurrent(path);
         QCOMPARE(Run(WordsOf("source runcopy program.bas")).out, expected);
     }
@@ -447,31 +438,31 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("term");
         QTest::addColumn<QByteArray>("tip");
-        QTest::newRow("first row") << QStringLiteral("box") << QByteArray("box x y\n'draw box from current pos to x y");
-        QTest::newRow("any case") << QStringLiteral("CallBack")
+        QTest::newRow("first row") << u"box"_s << QByteArray("box x y\n'draw box from current pos to x y");
+        QTest::newRow("any case") << u"CallBack"_s
                                   << QByteArray("callback addressname, functionname(type1,type2,...typeX), returntype\n"
                                                 "'set up a function address for a callback");
         QTest::newRow("two lines of syntax")
-            << QStringLiteral("menu")
+            << u"menu"_s
             << QByteArray("menu #h , \"title\", \n\"text\", branchLabel, \"text2\", branchLabel2, . . .etc.\n"
                           "'create a top level menu and menu items");
         QTest::newRow("of two rows the first")
-            << QStringLiteral("select") << QByteArray("select string$\n'select list item equal to string$");
-        QTest::newRow("mark in front") << QStringLiteral("!contents")
+            << u"select"_s << QByteArray("select string$\n'select list item equal to string$");
+        QTest::newRow("mark in front") << u"!contents"_s
                                        << QByteArray("!contents varname$ (or) !contents #handle\n'replace text in "
                                                      "texteditor with string or with contents of open file");
         const QByteArray none = "No syntax help available for that term.";
-        QTest::newRow("row without a space") << QStringLiteral("txcount(#handle)") << none;
-        QTest::newRow("no such term") << QStringLiteral("banana") << none;
+        QTest::newRow("row without a space") << u"txcount(#handle)"_s << none;
+        QTest::newRow("no such term") << u"banana"_s << none;
         QTest::newRow("empty") << QString() << none;
-        QTest::newRow("a verb") << QStringLiteral("keywords") << none;
+        QTest::newRow("a verb") << u"keywords"_s << none;
     }
 
     void aTermGivesItsTip()
     {
         QFETCH(QString, term);
         QFETCH(QByteArray, tip);
-        const Outcome result = Run({QStringLiteral("source"), QStringLiteral("syntax"), term});
+        const Outcome result = Run({u"source"_s, u"syntax"_s, term});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, tip);
         QCOMPARE(result.error, QByteArray());
@@ -481,11 +472,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("arguments");
         QTest::addColumn<QString>("file");
-        QTest::newRow("syntax") << QByteArray("source syntax") << QStringLiteral("syntax-keys.txt");
-        QTest::newRow("keywords") << QByteArray("source keywords") << QStringLiteral("keywords.txt");
-        QTest::newRow("keywords of the colouring")
-            << QByteArray("source keywords --lexer") << QStringLiteral("keywords-lexer.txt");
-        QTest::newRow("snippets") << QByteArray("write library snippets") << QStringLiteral("snippets.bas");
+        QTest::newRow("syntax") << QByteArray("source syntax") << u"syntax-keys.txt"_s;
+        QTest::newRow("keywords") << QByteArray("source keywords") << u"keywords.txt"_s;
+        QTest::newRow("keywords of the colouring") << QByteArray("source keywords --lexer") << u"keywords-lexer.txt"_s;
+        QTest::newRow("snippets") << QByteArray("write library snippets") << u"snippets.bas"_s;
     }
 
     void fixedListsAreWrittenWhole()
@@ -500,15 +490,15 @@ private Q_SLOTS:
 
     void keywordsOfTheUserAreBesideTheTool()
     {
-        const QString copy = folder->filePath(QStringLiteral("obtool"));
+        const QString copy = folder->filePath(u"obtool"_s);
         QVERIFY(QFile::copy(Obtool, copy));
         Put("keywords.txt", "PEAR apple\r\n");
         Put("x.bas", "pear print\r\n");
         QCOMPARE(Run(WordsOf("source styles x.bas"), {}, copy).out, QByteArray("0\t4\t3\n4\t1\t0\n5\t5\t3\n"));
         QCOMPARE(Run(WordsOf("source styles x.bas")).out, QByteArray("0\t4\t7\n4\t1\t0\n5\t5\t3\n"));
         QCOMPARE(Run(WordsOf("source keywords --lexer"), {}, copy).out,
-                 "pear apple\r\n" + Get(Data + QStringLiteral("keywords-lexer.txt")));
-        QCOMPARE(Run(WordsOf("source keywords"), {}, copy).out, Get(Data + QStringLiteral("keywords.txt")));
+                 "pear apple\r\n" + Get(Data + u"keywords-lexer.txt"_s));
+        QCOMPARE(Run(WordsOf("source keywords"), {}, copy).out, Get(Data + u"keywords.txt"_s));
     }
 
 private:

@@ -13,12 +13,14 @@
 #include <sys/stat.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Samples = QStringLiteral(OB_TEST_DATA "/../../samples/");
-const QString Programs = QStringLiteral(OB_TEST_DATA "/forms/");
+const QString Samples = u"" OB_TEST_DATA "/../../samples/"_s;
+const QString Programs = u"" OB_TEST_DATA "/forms/"_s;
 
 constexpr char CompileUsage[] = "usage: obtool form compile FORM [--simple] [--date TEXT] [--comments FILE] [-o OUT]";
 constexpr char SaveUsage[] = "usage: obtool form save FORM OUT";
@@ -29,7 +31,7 @@ constexpr char OneButton[] = "Window|T|1|2|3|4|h|0|f *8\r\nbutton|B|0|0|150|150|
 
 Outcome Run(const QStringList& arguments, const QByteArray& input = {})
 {
-    return RunObtool(QStringList{QStringLiteral("form")} + arguments, input);
+    return RunObtool(QStringList{u"form"_s} + arguments, input);
 }
 
 Outcome RunLine(const char* line, const QByteArray& input = {})
@@ -80,26 +82,25 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("note");
         for (const char* name : {"address-book", "drawing", "about-dialog"})
             QTest::newRow(name) << QString::fromLatin1(name) << QByteArray();
-        QTest::newRow("every-control") << QStringLiteral("every-control") << QByteArray(BitmapNote);
+        QTest::newRow("every-control") << u"every-control"_s << QByteArray(BitmapNote);
     }
 
     void samplesGiveTheirPrograms()
     {
         QFETCH(QString, sample);
         QFETCH(QByteArray, note);
-        const QString form = Samples + sample + QStringLiteral(".obf");
-        const QStringList arguments{QStringLiteral("compile"), form, QStringLiteral("--date"),
-                                    QStringLiteral("2026-11-21")};
+        const QString form = Samples + sample + u".obf"_s;
+        const QStringList arguments{u"compile"_s, form, u"--date"_s, u"2026-11-21"_s};
         const Outcome outline = Run(arguments);
         QCOMPARE(outline.status, 0);
-        QCOMPARE(outline.out, Get(Programs + sample + QStringLiteral(".bas")));
+        QCOMPARE(outline.out, Get(Programs + sample + u".bas"_s));
         QCOMPARE(outline.error, note);
 
         const Outcome simple = Run(arguments + WordsOf("--simple -o program.bas"));
         QCOMPARE(simple.status, 0);
         QCOMPARE(simple.out, QByteArray());
         QCOMPARE(simple.error, note);
-        QCOMPARE(Get("program.bas"), Get(Programs + sample + QStringLiteral("-simple.bas")));
+        QCOMPARE(Get("program.bas"), Get(Programs + sample + u"-simple.bas"_s));
 
         QCOMPARE(RunLine("compile - --date 2026-11-21", Get(form)).out, outline.out);
     }
@@ -107,10 +108,8 @@ private Q_SLOTS:
     void theDateIsWrittenAsGiven()
     {
         const QByteArray start = "'** Created by Orchard Bench - ";
-        QVERIFY(Run({QStringLiteral("compile"), QStringLiteral("-"), QStringLiteral("--date"), {}})
-                    .out.startsWith(start + "\r\n'** Window Title\r\n"));
-        const Outcome result = Run({QStringLiteral("compile"), QStringLiteral("-"), QStringLiteral("--date"),
-                                    QStringLiteral("1. M\u00E4rz \u20AC")});
+        QVERIFY(Run({u"compile"_s, u"-"_s, u"--date"_s, {}}).out.startsWith(start + "\r\n'** Window Title\r\n"));
+        const Outcome result = Run({u"compile"_s, u"-"_s, u"--date"_s, u"1. M\u00E4rz \u20AC"_s});
         QVERIFY2(result.out.startsWith(start + "1. M\xE4rz \x80\r\n"), result.out.constData());
     }
 
@@ -173,14 +172,14 @@ private Q_SLOTS:
     void aSampleSavedIsTheSame_data()
     {
         QTest::addColumn<QString>("sample");
-        for (const QString& name : QDir(Samples).entryList({QStringLiteral("*.obf")}))
+        for (const QString& name : QDir(Samples).entryList({u"*.obf"_s}))
             QTest::newRow(qPrintable(name)) << name;
     }
 
     void aSampleSavedIsTheSame()
     {
         QFETCH(QString, sample);
-        const Outcome result = Run({QStringLiteral("save"), Samples + sample, QStringLiteral("out.obf")});
+        const Outcome result = Run({u"save"_s, Samples + sample, u"out.obf"_s});
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out + result.error, QByteArray());
         QCOMPARE(Get("out.obf"), Get(Samples + sample));
@@ -222,8 +221,8 @@ private Q_SLOTS:
 
     void aGoodFormChecksSilently()
     {
-        for (const QString& name : QDir(Samples).entryList({QStringLiteral("*.obf")})) {
-            const Outcome result = Run({QStringLiteral("check"), Samples + name});
+        for (const QString& name : QDir(Samples).entryList({u"*.obf"_s})) {
+            const Outcome result = Run({u"check"_s, Samples + name});
             QCOMPARE(result.status, 0);
             QCOMPARE(result.out + result.error, QByteArray());
         }
@@ -334,17 +333,16 @@ private Q_SLOTS:
         QCOMPARE(result.status, 2);
         QCOMPARE(result.out, QByteArray());
         QVERIFY2(result.error.endsWith("\n" + usage + "\n"), result.error.constData());
-        QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{QStringLiteral("a.obf")});
+        QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{u"a.obf"_s});
     }
 
     void anEmptyNameIsWrongUsage()
     {
         Put("a.obf", OneButton);
-        const QString form = QStringLiteral("a.obf");
+        const QString form = u"a.obf"_s;
         for (const QStringList& arguments :
-             {QStringList{QStringLiteral("save"), form, {}},
-              QStringList{QStringLiteral("compile"), form, QStringLiteral("-o"), {}},
-              QStringList{QStringLiteral("compile"), form, QStringLiteral("--comments"), {}}})
+             {QStringList{u"save"_s, form, {}}, QStringList{u"compile"_s, form, u"-o"_s, {}},
+              QStringList{u"compile"_s, form, u"--comments"_s, {}}})
             QCOMPARE(Run(arguments).status, 2);
     }
 
@@ -360,10 +358,10 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, usage);
         const QString verb = QString::fromLatin1(QTest::currentDataTag());
-        const Outcome result = Run({verb, QStringLiteral("--help")});
+        const Outcome result = Run({verb, u"--help"_s});
         QCOMPARE(result.status, 0);
         QVERIFY2(result.out.split('\n').contains(usage), result.out.constData());
-        QVERIFY(Run({QStringLiteral("--help")}).out.contains(verb.toLatin1()));
+        QVERIFY(Run({u"--help"_s}).out.contains(verb.toLatin1()));
     }
 
     void optionsEndAfterTwoDashes()
@@ -371,7 +369,7 @@ private Q_SLOTS:
         Put("-a.obf", OneButton);
         QCOMPARE(RunLine("check -- -a.obf").status, 0);
         QCOMPARE(RunLine("save -- -a.obf --simple").status, 0);
-        QVERIFY(QFile::exists(QStringLiteral("--simple")));
+        QVERIFY(QFile::exists(u"--simple"_s));
     }
 
 private:

@@ -16,6 +16,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -178,7 +180,7 @@ private Q_SLOTS:
         QImage image(3, 2, QImage::Format_RGB32);
         image.fill(QColor(1, 2, 3));
         for (const char* format : {"png", "jpg"}) {
-            QVERIFY(image.save(QStringLiteral("x.") + QLatin1String(format)));
+            QVERIFY(image.save(u"x."_s + QLatin1String(format)));
             const QByteArray line = QByteArray("image save x.") + format + " out.bmp --depth 24";
             QCOMPARE(Run(line).status, 0);
             QCOMPARE(Get("out.bmp").size(), 54 + 2 * 12);

@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -14,7 +16,7 @@ namespace {
 // The arguments after "obtool source", split at spaces.
 Outcome Run(const char* arguments, const QByteArray& input = {})
 {
-    return RunObtool(QStringList{QStringLiteral("source")} + WordsOf(arguments), input);
+    return RunObtool(QStringList{u"source"_s} + WordsOf(arguments), input);
 }
 
 QByteArray Get(const QString& path)
@@ -134,14 +136,14 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         QDir::setCurrent(folder.path());
-        Put(QStringLiteral("in.bas"), "a\r\nb\r\n");
+        Put(u"in.bas"_s, "a\r\nb\r\n");
         QCOMPARE(Run("comment in.bas 1 1 -o out.bas").status, 0);
-        QCOMPARE(Get(QStringLiteral("out.bas")), QByteArray("'a\r\nb"));
+        QCOMPARE(Get(u"out.bas"_s), QByteArray("'a\r\nb"));
         QCOMPARE(Run("indent in.bas 1 --tab 2 -o out.bas").status, 0);
-        QCOMPARE(Get(QStringLiteral("out.bas")), QByteArray("a\r\n\r\nb"));
+        QCOMPARE(Get(u"out.bas"_s), QByteArray("a\r\n\r\nb"));
         QCOMPARE(Run("comment in.bas 1 5 -o out.bas").status, 1);
-        QCOMPARE(Get(QStringLiteral("out.bas")), QByteArray("a\r\n\r\nb"));
-        QCOMPARE(Get(QStringLiteral("in.bas")), QByteArray("a\r\nb\r\n"));
+        QCOMPARE(Get(u"out.bas"_s), QByteArray("a\r\n\r\nb"));
+        QCOMPARE(Get(u"in.bas"_s), QByteArray("a\r\nb\r\n"));
         QDir::setCurrent(QDir::rootPath());
     }
 

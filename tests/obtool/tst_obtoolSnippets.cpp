@@ -7,16 +7,18 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 constexpr char Usage[] = "usage: obtool write snippets DIR";
-const QString Data = QStringLiteral(OB_TEST_DATA "/obtool/snippets/");
+const QString Data = u"" OB_TEST_DATA "/obtool/snippets/"_s;
 
 Outcome Run(const QStringList& arguments)
 {
-    return RunObtool(QStringList{QStringLiteral("write"), QStringLiteral("snippets")} + arguments);
+    return RunObtool(QStringList{u"write"_s, u"snippets"_s} + arguments);
 }
 
 QByteArray Get(const QString& path)
@@ -69,18 +71,18 @@ private Q_SLOTS:
     void olderFilesAreReplacedAndOthersStay()
     {
         const QTemporaryDir folder;
-        Put(folder.filePath(QStringLiteral("play_midi.snip")), "old");
-        Put(folder.filePath(QStringLiteral("mine.snip")), "mine");
+        Put(folder.filePath(u"play_midi.snip"_s), "old");
+        Put(folder.filePath(u"mine.snip"_s), "mine");
         QCOMPARE(Run({folder.path()}).status, 0);
-        QCOMPARE(Get(folder.filePath(QStringLiteral("play_midi.snip"))), Get(Data + QStringLiteral("play_midi.snip")));
-        QCOMPARE(Get(folder.filePath(QStringLiteral("mine.snip"))), QByteArray("mine"));
+        QCOMPARE(Get(folder.filePath(u"play_midi.snip"_s)), Get(Data + u"play_midi.snip"_s));
+        QCOMPARE(Get(folder.filePath(u"mine.snip"_s)), QByteArray("mine"));
     }
 
     void aFolderThatCannotBeMadeIsAFailure()
     {
         const QTemporaryDir top;
-        const QString inGone = top.filePath(QStringLiteral("gone/new"));
-        const QString file = top.filePath(QStringLiteral("file"));
+        const QString inGone = top.filePath(u"gone/new"_s);
+        const QString file = top.filePath(u"file"_s);
         Put(file, "x");
         for (const QString& path : {inGone, file}) {
             const Outcome outcome = Run({path});
@@ -93,7 +95,7 @@ private Q_SLOTS:
     void aFileThatCannotBeWrittenIsAFailure()
     {
         const QTemporaryDir folder;
-        const QString inTheWay = folder.filePath(QStringLiteral("center_dialog.snip"));
+        const QString inTheWay = folder.filePath(u"center_dialog.snip"_s);
         QVERIFY(QDir().mkdir(inTheWay));
         const Outcome outcome = Run({folder.path()});
         QCOMPARE(outcome.status, 1);
@@ -103,8 +105,7 @@ private Q_SLOTS:
     void wrongUsageIsStatus2()
     {
         for (const QStringList& arguments :
-             {QStringList(), QStringList{QString()}, QStringList{QStringLiteral("a"), QStringLiteral("b")},
-              QStringList{QStringLiteral("a"), QStringLiteral("--bogus")}}) {
+             {QStringList(), QStringList{QString()}, QStringList{u"a"_s, u"b"_s}, QStringList{u"a"_s, u"--bogus"_s}}) {
             const Outcome outcome = Run(arguments);
             QCOMPARE(outcome.status, 2);
             QVERIFY2(outcome.error.endsWith(QByteArray("\n") + Usage + "\n"), outcome.error.constData());
@@ -113,7 +114,7 @@ private Q_SLOTS:
 
     void helpOpensWithTheUsage()
     {
-        const Outcome outcome = Run({QStringLiteral("--help")});
+        const Outcome outcome = Run({u"--help"_s});
         QCOMPARE(outcome.status, 0);
         QVERIFY2(outcome.out.split('\n').contains(Usage), outcome.out.constData());
     }

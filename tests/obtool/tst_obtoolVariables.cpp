@@ -6,18 +6,20 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 Outcome Run(const QStringList& arguments, const QByteArray& input = {})
 {
-    return RunObtool(QStringList{QStringLiteral("source"), QStringLiteral("variables")} + arguments, input);
+    return RunObtool(QStringList{u"source"_s, u"variables"_s} + arguments, input);
 }
 
 Outcome Report(const QByteArray& source)
 {
-    return Run({QStringLiteral("-")}, source);
+    return Run({u"-"_s}, source);
 }
 
 } // namespace
@@ -29,7 +31,7 @@ private Q_SLOTS:
     void namesAndLinesFromZeroAreReportedInScanOrder()
     {
         QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("my game.bas"));
+        const QString path = folder.filePath(u"my game.bas"_s);
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("zoo = 1\r\n\r\nif a=1 then b=2\r\n  cow$ = \"x = 5\"\r\nend\r\n");
@@ -81,7 +83,7 @@ private Q_SLOTS:
 
     void aMissingFileFails()
     {
-        const Outcome outcome = Run({QStringLiteral("/nowhere/missing.bas")});
+        const Outcome outcome = Run({u"/nowhere/missing.bas"_s});
         QCOMPARE(outcome.status, 1);
         QCOMPARE(outcome.out, QByteArray());
         QVERIFY(outcome.error.startsWith("obtool: /nowhere/missing.bas: "));

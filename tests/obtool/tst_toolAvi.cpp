@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -17,13 +19,13 @@ constexpr char WriteUsage[] = "usage: obtool avi write OUT [--fps N] [--codec NA
 Outcome Run(const char* line)
 {
     QStringList arguments = WordsOf(line);
-    arguments.replaceInStrings(QStringLiteral("''"), QString());
+    arguments.replaceInStrings(u"''"_s, QString());
     return RunObtool(arguments);
 }
 
 QByteArray Data(const char* name)
 {
-    return Get(QStringLiteral(OB_TEST_DATA "/avi/") + QString::fromLatin1(name));
+    return Get(u"" OB_TEST_DATA "/avi/"_s + QString::fromLatin1(name));
 }
 
 QString Name(const char* name)
@@ -198,7 +200,7 @@ private Q_SLOTS:
     void withoutThePluginUncompressedVideosStillWork()
     {
         QVERIFY(QFile::copy(Obtool, Name("obtool")));
-        QVERIFY(QFile::copy(QStringLiteral(OB_BIN "/ToolPicturesOB.so"), Name("ToolPicturesOB.so")));
+        QVERIFY(QFile::copy(u"" OB_BIN "/ToolPicturesOB.so"_s, Name("ToolPicturesOB.so")));
         Surroundings alone;
         alone.program = folder->filePath(Name("obtool"));
         Outcome result = RunObtool(WordsOf("avi write out.avi table.bmp"), alone);

@@ -15,13 +15,15 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 Outcome Run(const char* line)
 {
-    return RunObtool(QStringList{QStringLiteral("icon")} + WordsOf(line));
+    return RunObtool(QStringList{u"icon"_s} + WordsOf(line));
 }
 
 QString Name(const char* name)
@@ -181,7 +183,7 @@ private Q_SLOTS:
         QByteArray expected = engine;
         expected.replace(offset, 745, IconFileOf(Drawn(Icons()[0][1])).sliced(21, 745));
         QCOMPARE(Get(Name("run.exe")), expected);
-        QVERIFY(!QFile::exists(QStringLiteral(OB_BIN "/temp.ico")));
+        QVERIFY(!QFile::exists(u"" OB_BIN "/temp.ico"_s));
     }
 
     void aMissingEngineIsAFailure()

@@ -5,19 +5,21 @@
 #include "engine/package/PackageBench.h"
 #include "platform/files/FileTrouble.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 Outcome Run(const QStringList& arguments)
 {
-    return RunObtool(QStringList{QStringLiteral("package")} + arguments);
+    return RunObtool(QStringList{u"package"_s} + arguments);
 }
 
 // Packages the bench's token with its engine's folder, and further arguments.
 Outcome Make(const PackageBench& bench, const QStringList& more = {})
 {
-    return Run(QStringList{QStringLiteral("make"), bench.Token(), QStringLiteral("--engine"), bench.engine} + more);
+    return Run(QStringList{u"make"_s, bench.Token(), u"--engine"_s, bench.engine} + more);
 }
 
 QStringList Sorted(QStringList names)
@@ -67,16 +69,14 @@ private Q_SLOTS:
         for (const char* engine : {"engine/orchard.exe", "engine/", "engine", "./engine/gone.exe"}) {
             QDir::setCurrent(QFileInfo(bench.engine).path());
             QDir(bench.Package()).removeRecursively();
-            const Outcome end = Run({QStringLiteral("make"), QStringLiteral("work/game.tkn"),
-                                     QStringLiteral("--engine"), QString::fromLatin1(engine)});
+            const Outcome end = Run({u"make"_s, u"work/game.tkn"_s, u"--engine"_s, QString::fromLatin1(engine)});
             QCOMPARE(end.error, EngineNote(bench));
             QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
         }
         // A bare name is in the current folder.
         QDir::setCurrent(bench.engine);
         QDir(bench.Package()).removeRecursively();
-        Run({QStringLiteral("make"), QStringLiteral("../work/game.tkn"), QStringLiteral("--engine"),
-             QStringLiteral("orchard.exe")});
+        Run({u"make"_s, u"../work/game.tkn"_s, u"--engine"_s, u"orchard.exe"_s});
         QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
         QDir::setCurrent(before);
     }
@@ -111,13 +111,12 @@ private Q_SLOTS:
         PutFile(bench.At("work/[a,b].txt"), "one");
         PutFile(bench.At("work/two.txt"), "two");
         const Outcome end =
-            Run({QStringLiteral("make"), QStringLiteral("--add"), bench.At("work/[a,b].txt"), QStringLiteral("--add"),
-                 bench.At("work/two.txt"), QStringLiteral("--remove"), QStringLiteral("VTHK31W.dll"),
-                 QStringLiteral("--engine"), bench.engine, bench.Token()});
+            Run({u"make"_s, u"--add"_s, bench.At("work/[a,b].txt"), u"--add"_s, bench.At("work/two.txt"), u"--remove"_s,
+                 u"VTHK31W.dll"_s, u"--engine"_s, bench.engine, bench.Token()});
         QCOMPARE(end.error, EngineNote(bench));
         QCOMPARE(end.status, 0);
         QStringList expected = PackageBench::WholePackage(3) + Words("[a,b].txt two.txt");
-        expected.removeOne(QStringLiteral("Vthk31w.dll"));
+        expected.removeOne(u"Vthk31w.dll"_s);
         QCOMPARE(bench.PackedNames(), Sorted(expected));
         QCOMPARE(bench.Get("[a,b].txt"), QByteArray("one"));
     }
@@ -126,8 +125,8 @@ private Q_SLOTS:
     {
         const PackageBench bench(1);
         PutFile(bench.At("work/vwabort.dll"), "my own");
-        const QStringList add = {QStringLiteral("--add"), bench.At("work/vwabort.dll")};
-        const QStringList remove = {QStringLiteral("--remove"), QStringLiteral("vwabort.dll")};
+        const QStringList add = {u"--add"_s, bench.At("work/vwabort.dll")};
+        const QStringList remove = {u"--remove"_s, u"vwabort.dll"_s};
         QCOMPARE(Make(bench, add + remove).status, 0);
         QCOMPARE(bench.Get("vwabort.dll"), QByteArray("my own"));
         QDir(bench.Package()).removeRecursively();
@@ -138,7 +137,7 @@ private Q_SLOTS:
     void aMissingNameIsAFailureBeforeAnyCopy()
     {
         const PackageBench bench(1);
-        const Outcome end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("gone.dll")});
+        const Outcome end = Make(bench, {u"--remove"_s, u"gone.dll"_s});
         QCOMPARE(end.status, 1);
         QVERIFY2(end.error.startsWith("obtool: gone.dll: "), end.error.constData());
         QCOMPARE(end.error.count('\n'), 1);
@@ -148,7 +147,7 @@ private Q_SLOTS:
     void withoutRunExeThereIsANote()
     {
         const PackageBench bench(1);
-        const Outcome end = Make(bench, {QStringLiteral("--remove"), QStringLiteral("run.exe")});
+        const Outcome end = Make(bench, {u"--remove"_s, u"run.exe"_s});
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, QByteArray("obtool: note: Error renaming runtime engine!\n"));
     }
@@ -157,7 +156,7 @@ private Q_SLOTS:
     {
 #ifdef Q_OS_UNIX
         const PackageBench bench(1);
-        const Outcome end = Make(bench, {QStringLiteral("--add"), QStringLiteral("/proc/self/mem")});
+        const Outcome end = Make(bench, {u"--add"_s, u"/proc/self/mem"_s});
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, "obtool: note: Error occurred!\n" + EngineNote(bench));
         QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
@@ -169,7 +168,7 @@ private Q_SLOTS:
     void anAddedFileThatDoesNotExistIsMissing()
     {
         const PackageBench bench(1);
-        const Outcome end = Make(bench, {QStringLiteral("--add"), bench.At("work/gone.txt")});
+        const Outcome end = Make(bench, {u"--add"_s, bench.At("work/gone.txt")});
         QCOMPARE(end.status, 0);
         QVERIFY(
             end.error.startsWith(EngineNote(bench) + "obtool: note: Orchard Bench could not find these needed files:"));
@@ -179,7 +178,7 @@ private Q_SLOTS:
     void thePackageIsZipped()
     {
         const PackageBench bench(2);
-        const Outcome end = Make(bench, {QStringLiteral("--zip")});
+        const Outcome end = Make(bench, {u"--zip"_s});
         QCOMPARE(end.status, 0);
         QCOMPARE(end.error, EngineNote(bench));
         QCOMPARE(Sorted(NamesInZip(bench.Packed("game.zip"))), PackageBench::WholePackage(2));
@@ -189,7 +188,7 @@ private Q_SLOTS:
     {
         const PackageBench bench(2);
         QVERIFY(QDir().mkpath(bench.Packed("game.zip")));
-        const Outcome end = Make(bench, {QStringLiteral("--zip")});
+        const Outcome end = Make(bench, {u"--zip"_s});
         QCOMPARE(end.status, 1);
         QVERIFY2(end.error.startsWith(EngineNote(bench) + "obtool: " + bench.Packed("game.zip").toUtf8() + ": "),
                  end.error.constData());
@@ -201,8 +200,7 @@ private Q_SLOTS:
         PutFile(bench.At("work/game.bas"), "x");
         QVERIFY(QDir().mkdir(bench.At("work/folder.tkn")));
         for (const char* token : {"work/game.bas", "work/gone.tkn", "work/folder.tkn"}) {
-            const Outcome end =
-                Run({QStringLiteral("make"), bench.At(token), QStringLiteral("--engine"), bench.engine});
+            const Outcome end = Run({u"make"_s, bench.At(token), u"--engine"_s, bench.engine});
             QCOMPARE(end.status, 1);
             QVERIFY2(end.error.startsWith("obtool: " + bench.At(token).toUtf8() + ": "), end.error.constData());
             QCOMPARE(end.error.count('\n'), 1);
@@ -222,11 +220,11 @@ private Q_SLOTS:
     void wrongUsageIsStatusTwo()
     {
         const PackageBench bench(1);
-        QCOMPARE(Run({QStringLiteral("make"), bench.Token()}).status, 2);
-        QCOMPARE(Run({QStringLiteral("make"), QStringLiteral("--engine"), bench.engine}).status, 2);
-        QCOMPARE(Make(bench, {QStringLiteral("--add")}).status, 2);
-        QCOMPARE(Make(bench, {QStringLiteral("--remove"), QString()}).status, 2);
-        const Outcome end = Make(bench, {QStringLiteral("second.tkn")});
+        QCOMPARE(Run({u"make"_s, bench.Token()}).status, 2);
+        QCOMPARE(Run({u"make"_s, u"--engine"_s, bench.engine}).status, 2);
+        QCOMPARE(Make(bench, {u"--add"_s}).status, 2);
+        QCOMPARE(Make(bench, {u"--remove"_s, QString()}).status, 2);
+        const Outcome end = Make(bench, {u"second.tkn"_s});
         QCOMPARE(end.status, 2);
         QVERIFY(
             end.error.contains("usage: obtool package make TOKEN --engine ENGINE [--add FILE]... [--remove NAME]... "

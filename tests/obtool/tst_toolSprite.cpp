@@ -11,6 +11,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -19,7 +21,7 @@ constexpr char Usage[] = "usage: obtool sprite mask IN OUT | obtool sprite mask 
 
 Outcome Run(const QStringList& arguments, const QByteArray& input = {})
 {
-    return RunObtool(QStringList{QStringLiteral("sprite")} + arguments, input);
+    return RunObtool(QStringList{u"sprite"_s} + arguments, input);
 }
 
 Outcome RunWords(const char* line, const QByteArray& input = {})
@@ -49,16 +51,16 @@ private Q_SLOTS:
     void theMaskIsAboveTheSprite()
     {
         const QImage sprite = SpriteImage(21, 17);
-        Put(QStringLiteral("in.bmp"), BitmapBytesOf(sprite));
+        Put(u"in.bmp"_s, BitmapBytesOf(sprite));
         const Outcome result = RunWords("mask in.bmp out.bmp");
         QCOMPARE(result.error, QByteArray());
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
-        QCOMPARE(ImageAt(QStringLiteral("out.bmp")), MaskedImage(sprite));
-        const QByteArray bytes = Get(QStringLiteral("out.bmp"));
+        QCOMPARE(ImageAt(u"out.bmp"_s), MaskedImage(sprite));
+        const QByteArray bytes = Get(u"out.bmp"_s);
         QCOMPARE(bytes.size(), 54 + 64 * 34);
         QCOMPARE(int{bytes[28]}, 24);
-        QCOMPARE(Get(QStringLiteral("in.bmp")), BitmapBytesOf(sprite));
+        QCOMPARE(Get(u"in.bmp"_s), BitmapBytesOf(sprite));
     }
 
     void anyPictureAndStandardInputAreRead()
@@ -68,21 +70,21 @@ private Q_SLOTS:
         png.open(QIODevice::WriteOnly);
         sprite.save(&png, "PNG");
         QCOMPARE(RunWords("mask - out.bmp", png.data()).status, 0);
-        QCOMPARE(ImageAt(QStringLiteral("out.bmp")), MaskedImage(sprite));
+        QCOMPARE(ImageAt(u"out.bmp"_s), MaskedImage(sprite));
     }
 
     void whatCannotBeReadLeavesTheOlderFile()
     {
-        Put(QStringLiteral("bad.bmp"), "BM nothing");
-        Put(QStringLiteral("out.bmp"), "old");
+        Put(u"bad.bmp"_s, "BM nothing");
+        Put(u"out.bmp"_s, "old");
         const Outcome bad = RunWords("mask bad.bmp out.bmp");
         QCOMPARE(bad.status, 1);
         QCOMPARE(bad.error, QByteArray("obtool: bad.bmp: Invalid picture\n"));
         const Outcome missing = RunWords("mask none.bmp out.bmp");
         QCOMPARE(missing.status, 1);
         QCOMPARE(missing.error, QByteArray("obtool: none.bmp: File does not exist or is corrupt.\n"));
-        QCOMPARE(Get(QStringLiteral("out.bmp")), QByteArray("old"));
-        Put(QStringLiteral("in.bmp"), BitmapBytesOf(SpriteImage(4, 4)));
+        QCOMPARE(Get(u"out.bmp"_s), QByteArray("old"));
+        Put(u"in.bmp"_s, BitmapBytesOf(SpriteImage(4, 4)));
         const Outcome closed = RunWords("mask in.bmp no/such/out.bmp");
         QCOMPARE(closed.status, 1);
         QCOMPARE(closed.error, QByteArray("obtool: no/such/out.bmp: Path not found\n"));
@@ -90,37 +92,37 @@ private Q_SLOTS:
 
     void aFolderIsMaskedInPlaceWithALinePerFile()
     {
-        QDir().mkdir(QStringLiteral("art"));
+        QDir().mkdir(u"art"_s);
         const QImage sprite = SpriteImage(9, 8);
         for (const char* name : {"art/b.BMP", "art/a.bmp", "art/C.bmp"})
             Put(QString::fromLatin1(name), BitmapBytesOf(sprite));
-        Put(QStringLiteral("art/note.txt"), "text");
+        Put(u"art/note.txt"_s, "text");
         const Outcome result = RunWords("mask --folder art");
         QCOMPARE(result.status, 0);
         QCOMPARE(result.out, QByteArray());
         QCOMPARE(result.error, QByteArray("art/a.bmp\nart/b.BMP\nart/C.bmp\n"));
         for (const char* name : {"art/b.BMP", "art/a.bmp", "art/C.bmp"})
             QCOMPARE(ImageAt(QString::fromLatin1(name)), MaskedImage(sprite));
-        QCOMPARE(Get(QStringLiteral("art/note.txt")), QByteArray("text"));
+        QCOMPARE(Get(u"art/note.txt"_s), QByteArray("text"));
     }
 
     void aBadBitmapEndsTheFolder()
     {
         const QImage sprite = SpriteImage(9, 8);
-        Put(QStringLiteral("a.bmp"), BitmapBytesOf(sprite));
-        Put(QStringLiteral("b.bmp"), "BM nothing");
-        Put(QStringLiteral("c.bmp"), BitmapBytesOf(sprite));
+        Put(u"a.bmp"_s, BitmapBytesOf(sprite));
+        Put(u"b.bmp"_s, "BM nothing");
+        Put(u"c.bmp"_s, BitmapBytesOf(sprite));
         const Outcome result = RunWords("mask --folder .");
         QCOMPARE(result.status, 1);
         QCOMPARE(result.error, QByteArray("./a.bmp\nobtool: ./b.bmp: Invalid picture\n"));
-        QCOMPARE(ImageAt(QStringLiteral("a.bmp")), MaskedImage(sprite));
-        QCOMPARE(Get(QStringLiteral("b.bmp")), QByteArray("BM nothing"));
-        QCOMPARE(ImageAt(QStringLiteral("c.bmp")), sprite);
+        QCOMPARE(ImageAt(u"a.bmp"_s), MaskedImage(sprite));
+        QCOMPARE(Get(u"b.bmp"_s), QByteArray("BM nothing"));
+        QCOMPARE(ImageAt(u"c.bmp"_s), sprite);
     }
 
     void aFolderWithoutBitmapsIsAFailure()
     {
-        QDir().mkdir(QStringLiteral("empty"));
+        QDir().mkdir(u"empty"_s);
         const Outcome empty = RunWords("mask --folder empty");
         QCOMPARE(empty.status, 1);
         QCOMPARE(empty.error,
@@ -148,8 +150,8 @@ private Q_SLOTS:
 
     void emptyNamesAreWrongUsage()
     {
-        QCOMPARE(Run({QStringLiteral("mask"), QString(), QStringLiteral("out.bmp")}).status, 2);
-        QCOMPARE(Run({QStringLiteral("mask"), QStringLiteral("--folder"), QString()}).status, 2);
+        QCOMPARE(Run({u"mask"_s, QString(), u"out.bmp"_s}).status, 2);
+        QCOMPARE(Run({u"mask"_s, u"--folder"_s, QString()}).status, 2);
     }
 
     void helpShowsTheUsage()

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -20,7 +22,7 @@ QStringList Words(std::initializer_list<const char*> words)
 
 Outcome Run(const QStringList& arguments)
 {
-    return RunObtool(QStringList{QStringLiteral("write")} + arguments);
+    return RunObtool(QStringList{u"write"_s} + arguments);
 }
 
 void Row(const char* file, std::initializer_list<const char*> arguments, const char* note = "")
@@ -38,10 +40,8 @@ class tst_toolWriteCode : public QObject {
 private Q_SLOTS:
     void anOptionMayBeEmpty()
     {
-        const Outcome separate = Run({QStringLiteral("messagebox"), QStringLiteral("--title"), QString(),
-                                      QStringLiteral("--message"), QStringLiteral("x")});
-        const Outcome joined =
-            Run({QStringLiteral("messagebox"), QStringLiteral("--title="), QStringLiteral("--message=x")});
+        const Outcome separate = Run({u"messagebox"_s, u"--title"_s, QString(), u"--message"_s, u"x"_s});
+        const Outcome joined = Run({u"messagebox"_s, u"--title="_s, u"--message=x"_s});
         QCOMPARE(joined.status, 0);
         QVERIFY(joined.out.contains("\"Information\" as ptr"));
         QCOMPARE(joined.out, separate.out);

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -19,24 +21,24 @@ Outcome Run(const QStringList& arguments, const QString& folder = {})
 {
     Surroundings surroundings;
     surroundings.folder = folder;
-    surroundings.environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-    surroundings.environment.remove(QStringLiteral("DISPLAY"));
+    surroundings.environment.remove(u"QT_QPA_PLATFORM"_s);
+    surroundings.environment.remove(u"DISPLAY"_s);
     return RunObtool(arguments, surroundings);
 }
 
 Outcome LoadBmp(const QStringList& arguments, const QString& folder = {})
 {
-    return Run(QStringList{QStringLiteral("write"), QStringLiteral("loadbmp")} + arguments, folder);
+    return Run(QStringList{u"write"_s, u"loadbmp"_s} + arguments, folder);
 }
 
 QByteArray Expected(const char* name)
 {
-    QFile file(QStringLiteral(OB_TEST_DATA "/imagetools/") + QString::fromLatin1(name));
+    QFile file(u"" OB_TEST_DATA "/imagetools/"_s + QString::fromLatin1(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
 }
 
-const QString Rose = QStringLiteral("/pics/rose.bmp");
-const QString Tulip = QStringLiteral("C:\\art\\tulip.jpg");
+const QString Rose = u"/pics/rose.bmp"_s;
+const QString Tulip = u"C:\\art\\tulip.jpg"_s;
 
 } // namespace
 
@@ -61,8 +63,8 @@ void tst_toolWriteLoadBmp::textsAreThoseOfTheWindow_data()
 {
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QByteArray>("file");
-    const QString dll = QStringLiteral("--dll");
-    const QString path = QStringLiteral("--path");
+    const QString dll = u"--dll"_s;
+    const QString path = u"--path"_s;
     QTest::newRow("plain") << QStringList() << QByteArray("loadbmp.txt");
     QTest::newRow("path") << QStringList{path} << QByteArray("loadbmp-path.txt");
     QTest::newRow("library") << QStringList{dll} << QByteArray("loadbmp-dll.txt");
@@ -85,14 +87,14 @@ void tst_toolWriteLoadBmp::relativeNameGetsItsFolder()
 {
     const QTemporaryDir folder;
     const QString path = QDir(folder.path()).canonicalPath();
-    const Outcome result = LoadBmp({QStringLiteral("--path"), QStringLiteral("sub/a.bmp")}, path);
+    const Outcome result = LoadBmp({u"--path"_s, u"sub/a.bmp"_s}, path);
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.contains("    loadbmp \"a\", \"" + path.toLocal8Bit() + "/sub/a.bmp\"\r\n"));
 }
 
 void tst_toolWriteLoadBmp::namesAreAnsi()
 {
-    const Outcome result = LoadBmp({QStringLiteral("/pics/\u00E9t\u00E9.bmp")});
+    const Outcome result = LoadBmp({u"/pics/\u00E9t\u00E9.bmp"_s});
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.contains("    unloadbmp \"\xE9t\xE9\"\r\n"));
 }
@@ -101,7 +103,7 @@ void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsANote()
 {
     QStringList files;
     for (int i = 1; i <= 153; ++i)
-        files.append(QStringLiteral("p%1.bmp").arg(i, 3, 10, QLatin1Char('0')));
+        files.append(u"p%1.bmp"_s.arg(i, 3, 10, QLatin1Char('0')));
     const Outcome all = LoadBmp(files.first(150));
     QCOMPARE(all.error, QByteArray());
     const Outcome more = LoadBmp(files);
@@ -114,7 +116,7 @@ void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsANote()
 
 void tst_toolWriteLoadBmp::shortNameIsAFailure()
 {
-    const Outcome result = LoadBmp({Rose, QStringLiteral("/pics/abc")});
+    const Outcome result = LoadBmp({Rose, u"/pics/abc"_s});
     QCOMPARE(result.status, 1);
     QCOMPARE(result.out, QByteArray());
     QCOMPARE(result.error, QByteArray("obtool: /pics/abc: Invalid procedure call or argument\n"));
@@ -124,9 +126,9 @@ void tst_toolWriteLoadBmp::wrongUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("no file") << QStringList();
-    QTest::newRow("options alone") << QStringList{QStringLiteral("--dll")};
+    QTest::newRow("options alone") << QStringList{u"--dll"_s};
     QTest::newRow("empty name") << QStringList{Rose, QString()};
-    QTest::newRow("unknown option") << QStringList{QStringLiteral("--lib"), Rose};
+    QTest::newRow("unknown option") << QStringList{u"--lib"_s, Rose};
 }
 
 void tst_toolWriteLoadBmp::wrongUsage()
@@ -140,7 +142,7 @@ void tst_toolWriteLoadBmp::wrongUsage()
 
 void tst_toolWriteLoadBmp::demonstrationOfTheLibrary()
 {
-    const Outcome result = Run({QStringLiteral("write"), QStringLiteral("library"), QStringLiteral("jpeg")});
+    const Outcome result = Run({u"write"_s, u"library"_s, u"jpeg"_s});
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.startsWith("'jpeg.bas: "));
     QVERIFY(result.out.endsWith("    End Function\r\n"));
@@ -150,8 +152,8 @@ void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
 {
     qunsetenv("XDG_RUNTIME_DIR"); // the toolkit would print a message about it
     const QTemporaryDir folder;
-    const QString in = folder.filePath(QStringLiteral("a.wmf"));
-    const QString out = folder.filePath(QStringLiteral("a.bmp"));
+    const QString in = folder.filePath(u"a.wmf"_s);
+    const QString out = folder.filePath(u"a.bmp"_s);
     WmfBytes file;
     file.Add(0x2FB, Words({-30, 0, 0, 0, 700}) + QByteArray(8, '\0') + QByteArray("Arial\0", 6)).Add(0x12D, Word(0));
     file.Add(0x102, Word(1)).Add(0x521, Word(2) + QByteArray("HH") + Words({20, 10}));
@@ -159,8 +161,7 @@ void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
     QVERIFY(writer.open(QIODevice::WriteOnly));
     writer.write(file.Placeable(0, 0, 100, 60, 96));
     writer.close();
-    const Outcome result = Run(
-        {QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"), QStringLiteral("24")});
+    const Outcome result = Run({u"image"_s, u"save"_s, in, out, u"--depth"_s, u"24"_s});
     QCOMPARE(result.error, QByteArray());
     QCOMPARE(result.status, 0);
     const QImage image(out);
@@ -176,15 +177,14 @@ void tst_toolWriteLoadBmp::metafileIsAPictureWithItsText()
 void tst_toolWriteLoadBmp::drawingWithTextIsAPicture()
 {
     const QTemporaryDir folder;
-    const QString in = folder.filePath(QStringLiteral("a.svg"));
-    const QString out = folder.filePath(QStringLiteral("a.bmp"));
+    const QString in = folder.filePath(u"a.svg"_s);
+    const QString out = folder.filePath(u"a.bmp"_s);
     QFile writer(in);
     QVERIFY(writer.open(QIODevice::WriteOnly));
     writer.write("<svg xmlns='http://www.w3.org/2000/svg' width='80' height='40'>"
                  "<text x='10' y='30' font-size='24'>HH</text></svg>");
     writer.close();
-    const Outcome result = Run(
-        {QStringLiteral("image"), QStringLiteral("save"), in, out, QStringLiteral("--depth"), QStringLiteral("24")});
+    const Outcome result = Run({u"image"_s, u"save"_s, in, out, u"--depth"_s, u"24"_s});
     if (result.error.contains("Invalid picture"))
         QSKIP("the toolkit here has no reader of such drawings");
     QCOMPARE(result.error, QByteArray());

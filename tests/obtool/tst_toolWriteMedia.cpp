@@ -4,13 +4,15 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 Outcome Media(const QStringList& arguments)
 {
-    return RunObtool(QStringList{QStringLiteral("write"), QStringLiteral("media")} + arguments);
+    return RunObtool(QStringList{u"write"_s, u"media"_s} + arguments);
 }
 
 QByteArray Listing(const QByteArray& opened)
@@ -34,17 +36,14 @@ private Q_SLOTS:
         const auto row = [](const char* name, const QStringList& arguments, const QByteArray& opened) {
             QTest::newRow(name) << arguments << opened;
         };
-        row("name alone", {QStringLiteral("/music/song.mid")}, "song.mid type sequencer alias PlayFile");
-        row("name alone, other separator", {QStringLiteral("C:\\films\\a b.AVI")},
-            "a b.AVI type avivideo alias PlayFile");
-        row("whole path", {QStringLiteral("/music/song.mp3"), QStringLiteral("--path")},
-            "/music/song.mp3 type mpegvideo alias PlayFile");
-        row("path as given", {QStringLiteral("--path"), QStringLiteral("music\\song.mpg")},
-            "music\\song.mpg type mpegvideo alias PlayFile");
-        row("unknown type", {QStringLiteral("song.ogg")}, "song.ogg");
-        row("a dot too many", {QStringLiteral("song.1.mid")}, "song.1.mid");
-        row("like an option", {QStringLiteral("--"), QStringLiteral("--path")}, "--path");
-        row("ANSI", {QStringLiteral("L\u00e4rm.mid")}, "L\xE4rm.mid type sequencer alias PlayFile");
+        row("name alone", {u"/music/song.mid"_s}, "song.mid type sequencer alias PlayFile");
+        row("name alone, other separator", {u"C:\\films\\a b.AVI"_s}, "a b.AVI type avivideo alias PlayFile");
+        row("whole path", {u"/music/song.mp3"_s, u"--path"_s}, "/music/song.mp3 type mpegvideo alias PlayFile");
+        row("path as given", {u"--path"_s, u"music\\song.mpg"_s}, "music\\song.mpg type mpegvideo alias PlayFile");
+        row("unknown type", {u"song.ogg"_s}, "song.ogg");
+        row("a dot too many", {u"song.1.mid"_s}, "song.1.mid");
+        row("like an option", {u"--"_s, u"--path"_s}, "--path");
+        row("ANSI", {u"L\u00e4rm.mid"_s}, "L\xE4rm.mid type sequencer alias PlayFile");
     }
 
     void theCodeIsWritten()
@@ -59,7 +58,7 @@ private Q_SLOTS:
 
     void lostCharactersAreNoted()
     {
-        const Outcome done = Media({QStringLiteral("\u65e5.mid")});
+        const Outcome done = Media({u"\u65e5.mid"_s});
         QCOMPARE(done.status, 0);
         QCOMPARE(done.out, Listing("?.mid type sequencer alias PlayFile"));
         QCOMPARE(done.error, QByteArray("obtool: note: Characters that the code page lacks became question marks.\n"));
@@ -70,8 +69,8 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("arguments");
         QTest::newRow("no file") << QStringList{};
         QTest::newRow("empty file") << QStringList{QString()};
-        QTest::newRow("two files") << QStringList{QStringLiteral("a.mid"), QStringLiteral("b.mid")};
-        QTest::newRow("unknown option") << QStringList{QStringLiteral("a.mid"), QStringLiteral("--full")};
+        QTest::newRow("two files") << QStringList{u"a.mid"_s, u"b.mid"_s};
+        QTest::newRow("unknown option") << QStringList{u"a.mid"_s, u"--full"_s};
     }
 
     void wrongUsageShowsTheUsage()

@@ -5,19 +5,21 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 QByteArray Golden(const char* name)
 {
-    QFile file(QStringLiteral(OB_TEST_DATA "/codetools/") + QString::fromLatin1(name));
+    QFile file(u"" OB_TEST_DATA "/codetools/"_s + QString::fromLatin1(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
 }
 
 Outcome Toolbar(const QStringList& arguments)
 {
-    return RunObtool(QStringList{QStringLiteral("write"), QStringLiteral("toolbar")} + arguments);
+    return RunObtool(QStringList{u"write"_s, u"toolbar"_s} + arguments);
 }
 
 } // namespace
@@ -29,8 +31,7 @@ private Q_SLOTS:
     void aNewWindow()
     {
         const Outcome done =
-            Toolbar({QStringLiteral("--bitmap"), QStringLiteral("toolbar.bmp"), QStringLiteral("open=Open a file"),
-                     QStringLiteral("[quit]=Leave"), QStringLiteral("branch3")});
+            Toolbar({u"--bitmap"_s, u"toolbar.bmp"_s, u"open=Open a file"_s, u"[quit]=Leave"_s, u"branch3"_s});
         QCOMPARE(done.status, 0);
         QCOMPARE(done.error, QByteArray());
         QCOMPARE(done.out, Golden("toolbar-new.bas"));
@@ -39,27 +40,23 @@ private Q_SLOTS:
     void textsAreWrittenUnchanged()
     {
         const Outcome done =
-            Toolbar({QStringLiteral("--bitmap"), QStringLiteral("c:\\pictures\\bar.bmp"), QStringLiteral("--program"),
-                     QStringLiteral("editor.bas"), QStringLiteral("--style"), QStringLiteral("raised"),
-                     QStringLiteral("--border"), QStringLiteral("thick"), QStringLiteral("[a]={i} \"quoted\" {tip}")});
+            Toolbar({u"--bitmap"_s, u"c:\\pictures\\bar.bmp"_s, u"--program"_s, u"editor.bas"_s, u"--style"_s,
+                     u"raised"_s, u"--border"_s, u"thick"_s, u"[a]={i} \"quoted\" {tip}"_s});
         QCOMPARE(done.status, 0);
         QCOMPARE(done.out, Golden("toolbar-raised.bas"));
     }
 
     void anExistingWindow()
     {
-        const Outcome done =
-            Toolbar({QStringLiteral("--existing"), QStringLiteral("win"), QStringLiteral("--bitmap"),
-                     QStringLiteral("C:\\bench\\\\toolbar.bmp"), QStringLiteral("--border"), QStringLiteral("thin"),
-                     QStringLiteral("open=\u00d6ffnen"), QStringLiteral("save=Save")});
+        const Outcome done = Toolbar({u"--existing"_s, u"win"_s, u"--bitmap"_s, u"C:\\bench\\\\toolbar.bmp"_s,
+                                      u"--border"_s, u"thin"_s, u"open=\u00d6ffnen"_s, u"save=Save"_s});
         QCOMPARE(done.status, 0);
         QCOMPARE(done.out, Golden("toolbar-existing.bas"));
     }
 
     void emptyPiecesAreNamedAfterTheirButton()
     {
-        const Outcome done = Toolbar(
-            {QStringLiteral("--bitmap"), QStringLiteral("b"), QStringLiteral("="), QStringLiteral("[a,b]=x=y")});
+        const Outcome done = Toolbar({u"--bitmap"_s, u"b"_s, u"="_s, u"[a,b]=x=y"_s});
         QCOMPARE(done.status, 0);
         QVERIFY(done.out.contains("\r\n[branch1]\r\n"));
         QVERIFY(done.out.contains("lpstrText$.struct = \"branch1 tooltip\"\r\n"));
@@ -69,8 +66,7 @@ private Q_SLOTS:
 
     void bracketsAroundAButtonAreNotAList()
     {
-        const Outcome done = Toolbar({QStringLiteral("--bitmap"), QStringLiteral("b"), QStringLiteral("[a,b]"),
-                                      QStringLiteral("[c]=[d]"), QStringLiteral("[]")});
+        const Outcome done = Toolbar({u"--bitmap"_s, u"b"_s, u"[a,b]"_s, u"[c]=[d]"_s, u"[]"_s});
         QCOMPARE(done.status, 0);
         QCOMPARE(done.out.count("Button #main.hide"), 3);
         QVERIFY(done.out.contains("Button #main.hide0, \"\", [a,b], UL"));
@@ -80,7 +76,7 @@ private Q_SLOTS:
 
     void charactersThatTheCodePageLacksAreReported()
     {
-        const Outcome done = Toolbar({QStringLiteral("--bitmap"), QStringLiteral("b"), QStringLiteral("a=\u0436")});
+        const Outcome done = Toolbar({u"--bitmap"_s, u"b"_s, u"a=\u0436"_s});
         QCOMPARE(done.status, 0);
         QVERIFY(done.out.contains("lpstrText$.struct = \"?\"\r\n"));
         QCOMPARE(done.error, QByteArray("obtool: note: Characters that the code page lacks became question marks.\n"));
@@ -88,8 +84,7 @@ private Q_SLOTS:
 
     void anEmptyHandleFails()
     {
-        const Outcome done = Toolbar({QStringLiteral("--existing"), QString(), QStringLiteral("--bitmap"),
-                                      QStringLiteral("b"), QStringLiteral("a=b")});
+        const Outcome done = Toolbar({u"--existing"_s, QString(), u"--bitmap"_s, u"b"_s, u"a=b"_s});
         QCOMPARE(done.status, 1);
         QCOMPARE(done.out, QByteArray());
         QCOMPARE(done.error, QByteArray("obtool: toolbar: You must specify the handle of the existing window.\n"));
@@ -98,13 +93,10 @@ private Q_SLOTS:
     void wrongUsage_data()
     {
         QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("no button") << QStringList{QStringLiteral("--bitmap"), QStringLiteral("b")};
-        QTest::newRow("no bitmap") << QStringList{QStringLiteral("a=b")};
-        QTest::newRow("no such style") << QStringList{QStringLiteral("--bitmap"), QStringLiteral("b"),
-                                                      QStringLiteral("--style"), QStringLiteral("round"),
-                                                      QStringLiteral("a=b")};
-        QTest::newRow("no such option") << QStringList{QStringLiteral("--bitmap"), QStringLiteral("b"),
-                                                       QStringLiteral("--size"), QStringLiteral("a=b")};
+        QTest::newRow("no button") << QStringList{u"--bitmap"_s, u"b"_s};
+        QTest::newRow("no bitmap") << QStringList{u"a=b"_s};
+        QTest::newRow("no such style") << QStringList{u"--bitmap"_s, u"b"_s, u"--style"_s, u"round"_s, u"a=b"_s};
+        QTest::newRow("no such option") << QStringList{u"--bitmap"_s, u"b"_s, u"--size"_s, u"a=b"_s};
     }
 
     void wrongUsage()
@@ -118,7 +110,7 @@ private Q_SLOTS:
 
     void theTextEditorIsTheEmbeddedText()
     {
-        const Outcome done = RunObtool({QStringLiteral("write"), QStringLiteral("texteditor")});
+        const Outcome done = RunObtool({u"write"_s, u"texteditor"_s});
         QCOMPARE(done.status, 0);
         QCOMPARE(done.out.count("\r\n"), 203);
         QVERIFY(done.out.startsWith("nomainwin\r\n"));

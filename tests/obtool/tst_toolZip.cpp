@@ -7,13 +7,15 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 Outcome Run(const QStringList& arguments)
 {
-    return RunObtool(QStringList{QStringLiteral("zip")} + arguments);
+    return RunObtool(QStringList{u"zip"_s} + arguments);
 }
 
 Outcome Run(const char* arguments)
@@ -34,10 +36,10 @@ private Q_SLOTS:
     {
         folder = std::make_unique<QTemporaryDir>();
         QDir::setCurrent(folder->path());
-        QVERIFY(QDir().mkpath(QStringLiteral("sub")));
-        PutFile(QStringLiteral("a.txt"), "a");
-        PutFile(QStringLiteral("b.DLL"), "b");
-        PutFile(QStringLiteral("sub/c.txt"), "c");
+        QVERIFY(QDir().mkpath(u"sub"_s));
+        PutFile(u"a.txt"_s, "a");
+        PutFile(u"b.DLL"_s, "b");
+        PutFile(u"sub/c.txt"_s, "c");
     }
 
     void cleanup() { QDir::setCurrent(QDir::rootPath()); }
@@ -48,38 +50,34 @@ private Q_SLOTS:
         QCOMPARE(end.status, 0);
         QCOMPARE(end.out, QByteArray());
         QCOMPARE(end.error, QByteArray());
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
-                 QStringList({QStringLiteral("a.txt"), QStringLiteral("c.txt")}));
-        QCOMPARE(FileInZip(QStringLiteral("out.zip"), QStringLiteral("c.txt")), QByteArray("c"));
-        QCOMPARE(NamesIn(QStringLiteral(".")).size(), 4);
+        QCOMPARE(NamesInZip(u"out.zip"_s), QStringList({u"a.txt"_s, u"c.txt"_s}));
+        QCOMPARE(FileInZip(u"out.zip"_s, u"c.txt"_s), QByteArray("c"));
+        QCOMPARE(NamesIn(u"."_s).size(), 4);
     }
 
     void wildcardsAreExpandedByTheTool()
     {
         QCOMPARE(Run("make out.zip *.*").status, 0);
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
-                 QStringList({QStringLiteral("a.txt"), QStringLiteral("b.DLL")}));
+        QCOMPARE(NamesInZip(u"out.zip"_s), QStringList({u"a.txt"_s, u"b.DLL"_s}));
         // Again, now that the archive exists.
         QCOMPARE(Run("make out.zip ?.dll SUB/*.TXT").status, 0);
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
-                 QStringList({QStringLiteral("b.DLL"), QStringLiteral("c.txt")}));
+        QCOMPARE(NamesInZip(u"out.zip"_s), QStringList({u"b.DLL"_s, u"c.txt"_s}));
     }
 
     void aNameWithoutAnExtensionGetsZip()
     {
         QCOMPARE(Run("make out a.txt").status, 0);
-        QVERIFY(QFile::exists(QStringLiteral("out.zip")));
+        QVERIFY(QFile::exists(u"out.zip"_s));
         QCOMPARE(Run("make out.pkg a.txt").status, 0);
-        QVERIFY(QFile::exists(QStringLiteral("out.pkg")));
+        QVERIFY(QFile::exists(u"out.pkg"_s));
     }
 
     void bracketsAndDashesAreCharacters()
     {
-        PutFile(QStringLiteral("[a,b]"), "x");
-        PutFile(QStringLiteral("-n.txt"), "x");
+        PutFile(u"[a,b]"_s, "x");
+        PutFile(u"-n.txt"_s, "x");
         QCOMPARE(Run("make out.zip -- [a,b] -n.txt").status, 0);
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")),
-                 QStringList({QStringLiteral("[a,b]"), QStringLiteral("-n.txt")}));
+        QCOMPARE(NamesInZip(u"out.zip"_s), QStringList({u"[a,b]"_s, u"-n.txt"_s}));
     }
 
     void unmatchedSpecsAreNotes()
@@ -108,39 +106,39 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, arguments);
         QFETCH(QByteArray, error);
-        QVERIFY(QDir().mkdir(QStringLiteral("twin")));
-        PutFile(QStringLiteral("twin/a.txt"), "other");
-        PutFile(QStringLiteral("out.zip"), "old");
+        QVERIFY(QDir().mkdir(u"twin"_s));
+        PutFile(u"twin/a.txt"_s, "other");
+        PutFile(u"out.zip"_s, "old");
         const Outcome end = Run(arguments.constData());
         QCOMPARE(end.status, 1);
         QCOMPARE(end.out, QByteArray());
         QVERIFY2(end.error.startsWith(error), end.error.constData());
         QCOMPARE(end.error.count('\n'), 1);
-        QCOMPARE(GetFile(QStringLiteral("out.zip")), QByteArray("old"));
-        QCOMPARE(NamesIn(QStringLiteral(".")).size(), 5);
+        QCOMPARE(GetFile(u"out.zip"_s), QByteArray("old"));
+        QCOMPARE(NamesIn(u"."_s).size(), 5);
     }
 
     void ninetyNineSpecsAreTheMaximum()
     {
         QStringList specs;
         for (int number = 0; number < 100; ++number) {
-            specs.append(QStringLiteral("f%1").arg(number));
+            specs.append(u"f%1"_s.arg(number));
             PutFile(specs.last(), "x");
         }
-        const QStringList start = {QStringLiteral("make"), QStringLiteral("out.zip")};
+        const QStringList start = {u"make"_s, u"out.zip"_s};
         const Outcome tooMany = Run(start + specs);
         QCOMPARE(tooMany.status, 1);
         QVERIFY(tooMany.error.startsWith("obtool: out.zip: "));
-        QVERIFY(!QFile::exists(QStringLiteral("out.zip")));
+        QVERIFY(!QFile::exists(u"out.zip"_s));
         QCOMPARE(Run(start + specs.first(99)).status, 0);
-        QCOMPARE(NamesInZip(QStringLiteral("out.zip")).size(), 99);
+        QCOMPARE(NamesInZip(u"out.zip"_s).size(), 99);
     }
 
     void aFullDiskLeavesTheOldArchive()
     {
 #ifdef Q_OS_UNIX
-        PutFile(QStringLiteral("noise.bin"), NoiseBytes(400'000));
-        PutFile(QStringLiteral("out.zip"), "old");
+        PutFile(u"noise.bin"_s, NoiseBytes(400'000));
+        PutFile(u"out.zip"_s, "old");
         Outcome end;
         {
             const FileSizeLimit limit(100'000);
@@ -148,8 +146,8 @@ private Q_SLOTS:
         }
         QCOMPARE(end.status, 1);
         QVERIFY2(end.error.startsWith("obtool: out.zip: "), end.error.constData());
-        QCOMPARE(GetFile(QStringLiteral("out.zip")), QByteArray("old"));
-        QCOMPARE(NamesIn(QStringLiteral(".")).size(), 5);
+        QCOMPARE(GetFile(u"out.zip"_s), QByteArray("old"));
+        QCOMPARE(NamesIn(u"."_s).size(), 5);
 #else
         QSKIP("cannot make a disk full");
 #endif
@@ -159,11 +157,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::newRow("no verb") << QStringList();
-        QTest::newRow("no archive") << QStringList(QStringLiteral("make"));
-        QTest::newRow("no file") << QStringList({QStringLiteral("make"), QStringLiteral("out.zip")});
-        QTest::newRow("empty") << QStringList({QStringLiteral("make"), QStringLiteral("out.zip"), QString()});
-        QTest::newRow("option") << QStringList(
-            {QStringLiteral("make"), QStringLiteral("--fast"), QStringLiteral("out.zip"), QStringLiteral("a.txt")});
+        QTest::newRow("no archive") << QStringList(u"make"_s);
+        QTest::newRow("no file") << QStringList({u"make"_s, u"out.zip"_s});
+        QTest::newRow("empty") << QStringList({u"make"_s, u"out.zip"_s, QString()});
+        QTest::newRow("option") << QStringList({u"make"_s, u"--fast"_s, u"out.zip"_s, u"a.txt"_s});
     }
 
     void wrongUsageIsStatusTwo()
@@ -173,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(end.status, 2);
         QCOMPARE(end.out, QByteArray());
         QVERIFY2(end.error.contains("usage: obtool zip "), end.error.constData());
-        QVERIFY(!QFile::exists(QStringLiteral("out.zip")));
+        QVERIFY(!QFile::exists(u"out.zip"_s));
     }
 
     void helpShowsTheUsage()

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -118,12 +120,12 @@ std::string Folded(std::string_view text, const std::vector<int>& states)
 
 QString DataFolder()
 {
-    return QStringLiteral(OB_TEST_DATA "/lexer/");
+    return u"" OB_TEST_DATA "/lexer/"_s;
 }
 
 KeywordSet TestKeywords()
 {
-    return KeywordSet(ReadBytes(DataFolder() + QStringLiteral("keywords.txt")));
+    return KeywordSet(ReadBytes(DataFolder() + u"keywords.txt"_s));
 }
 
 // Compares with the golden file; a differing result is written next to it for scripts/promote-styled.sh.
@@ -131,7 +133,7 @@ bool IsGolden(const QString& goldenPath, const std::string& found)
 {
     if (QFile::exists(goldenPath) && ReadBytes(goldenPath) == found)
         return true;
-    QFile file(goldenPath + QStringLiteral(".new"));
+    QFile file(goldenPath + u".new"_s);
     if (file.open(QIODevice::WriteOnly))
         file.write(found.data(), static_cast<qint64>(found.size()));
     return false;
@@ -177,9 +179,9 @@ void tst_modLexer::goldenFiles_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("lineEnd");
-    for (const QString& old : QDir(DataFolder()).entryList({QStringLiteral("*.new")}, QDir::Files))
+    for (const QString& old : QDir(DataFolder()).entryList({u"*.new"_s}, QDir::Files))
         QFile::remove(DataFolder() + old);
-    const QStringList names = QDir(DataFolder()).entryList({QStringLiteral("*.bas")}, QDir::Files, QDir::Name);
+    const QStringList names = QDir(DataFolder()).entryList({u"*.bas"_s}, QDir::Files, QDir::Name);
     QVERIFY(names.size() >= 12);
     for (const QString& name : names)
         for (const char* lineEnd : {"\n", "\r\n", "\r"}) {
@@ -203,8 +205,8 @@ void tst_modLexer::goldenFiles()
     QCOMPARE(whole, lines.styles);
     QCOMPARE(finalState, lines.states.back());
 
-    const bool areStylesGolden = IsGolden(path + QStringLiteral(".styled"), Styled(text, whole));
-    const bool areFoldsGolden = IsGolden(path + QStringLiteral(".folded"), Folded(text, lines.states));
+    const bool areStylesGolden = IsGolden(path + u".styled"_s, Styled(text, whole));
+    const bool areFoldsGolden = IsGolden(path + u".folded"_s, Folded(text, lines.states));
     QVERIFY2(areStylesGolden, "the styles differ; see the .styled.new file");
     QVERIFY2(areFoldsGolden, "the fold levels differ; see the .folded.new file");
 }
@@ -212,7 +214,7 @@ void tst_modLexer::goldenFiles()
 void tst_modLexer::ansiAndUtf8AgreeCharacterByCharacter()
 {
     const KeywordSet keywords = TestKeywords();
-    const std::string utf8 = ReadBytes(DataFolder() + QStringLiteral("national.bas"));
+    const std::string utf8 = ReadBytes(DataFolder() + u"national.bas"_s);
     const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
     const QByteArray ansi = text.toLatin1();
     QVERIFY(static_cast<std::size_t>(ansi.size()) + 10 < utf8.size());

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class win_SciAccessible : public QObject {
@@ -18,7 +20,7 @@ private Q_SLOTS:
 
 void win_SciAccessible::assistiveToolsReadTheText()
 {
-    const QString text = QStringLiteral("print \"\u00E4\U0001F600\"\r\nlet b = 2. Then c\r\n");
+    const QString text = u"print \"\u00E4\U0001F600\"\r\nlet b = 2. Then c\r\n"_s;
     SciBench bench(text.toUtf8().toStdString());
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(bench.control);
     QVERIFY(accessible != nullptr);
@@ -33,8 +35,8 @@ void win_SciAccessible::assistiveToolsReadTheText()
 
     int start = 0;
     int end = 0;
-    QCOMPARE(reader->textAtOffset(14, QAccessible::WordBoundary, &start, &end), QStringLiteral("let"));
-    QCOMPARE(start, text.indexOf(QStringLiteral("let")));
+    QCOMPARE(reader->textAtOffset(14, QAccessible::WordBoundary, &start, &end), u"let"_s);
+    QCOMPARE(start, text.indexOf(u"let"_s));
     QCOMPARE(end, start + 3);
     QCOMPARE(reader->textAtOffset(2, QAccessible::LineBoundary, &start, &end), text.left(13));
     QCOMPARE(reader->textAfterOffset(2, QAccessible::LineBoundary, &start, &end), text.mid(13));
@@ -51,10 +53,10 @@ void win_SciAccessible::assistiveToolsReadTheText()
     QCOMPARE(reader->cursorPosition(), 13);
     QCOMPARE(reader->offsetAtPoint(reader->characterRect(13).center()), 13);
 
-    accessible->editableTextInterface()->replaceText(13, 16, QStringLiteral("\u00DC"));
+    accessible->editableTextInterface()->replaceText(13, 16, u"\u00DC"_s);
     accessible->editableTextInterface()->deleteText(0, 6);
     QString expected = text;
-    expected.replace(13, 3, QStringLiteral("\u00DC")).remove(0, 6);
+    expected.replace(13, 3, u"\u00DC"_s).remove(0, 6);
     QCOMPARE(bench.Text(), expected.toUtf8().toStdString());
     QCOMPARE(reader->text(0, reader->characterCount()), expected);
 }
@@ -63,10 +65,10 @@ void win_SciAccessible::assistiveToolsReadTheText()
 void win_SciAccessible::anotherControlKeepsItsOwnInterface()
 {
     SciBench bench("text");
-    QLineEdit other(QStringLiteral("words"));
+    QLineEdit other(u"words"_s);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&other);
     QVERIFY(accessible != nullptr && accessible->textInterface() != nullptr);
-    QCOMPARE(accessible->textInterface()->text(0, 5), QStringLiteral("words"));
+    QCOMPARE(accessible->textInterface()->text(0, 5), u"words"_s);
 }
 
 QTEST_MAIN(win_SciAccessible)

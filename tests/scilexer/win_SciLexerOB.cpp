@@ -14,6 +14,8 @@
 #include <string_view>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -475,10 +477,10 @@ void win_SciLexerOB::droppedFilesGoToTheSurroundingWindow()
     SciBench bench("text");
     auto* viewport = qobject_cast<QAbstractScrollArea*>(bench.control)->viewport();
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.bas"))});
-    files.setText(QStringLiteral("/tmp/a.bas"));
+    files.setUrls({QUrl::fromLocalFile(u"/tmp/a.bas"_s)});
+    files.setText(u"/tmp/a.bas"_s);
     QMimeData words;
-    words.setText(QStringLiteral("words"));
+    words.setText(u"words"_s);
 
     const auto enter = [&](const QMimeData& mime) {
         QDragEnterEvent event(QPoint(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
@@ -498,9 +500,9 @@ void win_SciLexerOB::droppedFilesGoToTheSurroundingWindow()
 void win_SciLexerOB::returnAddsCrLf()
 {
     SciBench bench;
-    QTest::keyClicks(bench.control, QStringLiteral("a"));
+    QTest::keyClicks(bench.control, u"a"_s);
     QTest::keyClick(bench.control, Qt::Key_Return);
-    QTest::keyClicks(bench.control, QStringLiteral("b"));
+    QTest::keyClicks(bench.control, u"b"_s);
     QCOMPARE(bench.Text(), std::string("a\r\nb"));
 }
 

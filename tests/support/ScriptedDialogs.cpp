@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -21,13 +23,12 @@ ScriptedDialogs::~ScriptedDialogs()
 {
     SetDialogs(before);
     for (const Step& step : steps)
-        Fail(QStringLiteral("never shown: ") + step.description);
+        Fail(u"never shown: "_s + step.description);
 }
 
 QString ScriptedDialogs::Describe(const MessageSpec& spec)
 {
-    return QStringLiteral("message \"%1\" icon %2 buttons %3 title \"%4\"")
-        .arg(spec.text)
+    return u"message \"%1\" icon %2 buttons %3 title \"%4\""_s.arg(spec.text)
         .arg(static_cast<int>(spec.icon))
         .arg(static_cast<int>(spec.buttons))
         .arg(spec.title);
@@ -35,32 +36,27 @@ QString ScriptedDialogs::Describe(const MessageSpec& spec)
 
 QString ScriptedDialogs::Describe(const InputSpec& spec)
 {
-    return QStringLiteral("input \"%1\" title \"%2\" initial \"%3\"").arg(spec.prompt, spec.title, spec.initial);
+    return u"input \"%1\" title \"%2\" initial \"%3\""_s.arg(spec.prompt, spec.title, spec.initial);
 }
 
 QString ScriptedDialogs::Describe(FilePurpose purpose, const QString& title, const QString& filter)
 {
-    return QStringLiteral("%1 box \"%2\" filter \"%3\"")
-        .arg(purpose == FilePurpose::Open ? QStringLiteral("open") : QStringLiteral("save"), title, filter);
+    return u"%1 box \"%2\" filter \"%3\""_s.arg(purpose == FilePurpose::Open ? u"open"_s : u"save"_s, title, filter);
 }
 
 QString ScriptedDialogs::Describe(const ColorSpec& spec)
 {
-    return QStringLiteral("color box \"%1\" start %2").arg(spec.title).arg(spec.start, 6, 16, QLatin1Char('0'));
+    return u"color box \"%1\" start %2"_s.arg(spec.title).arg(spec.start, 6, 16, QLatin1Char('0'));
 }
 
 QString ScriptedDialogs::Describe(const FontSpec& font)
 {
-    return QStringLiteral("font box \"%1\" size %2 bold %3 italic %4")
-        .arg(font.name)
-        .arg(font.size)
-        .arg(font.bold)
-        .arg(font.italic);
+    return u"font box \"%1\" size %2 bold %3 italic %4"_s.arg(font.name).arg(font.size).arg(font.bold).arg(font.italic);
 }
 
 void ScriptedDialogs::ExpectFolder(const QString& title, const QString& answer)
 {
-    steps.append({QStringLiteral("folder box \"%1\"").arg(title), BoxAnswer::Ok, answer, {}, {}});
+    steps.append({u"folder box \"%1\""_s.arg(title), BoxAnswer::Ok, answer, {}, {}});
 }
 
 void ScriptedDialogs::ExpectColor(const QString& title, std::uint32_t start, std::optional<std::uint32_t> answer)
@@ -105,8 +101,7 @@ bool ScriptedDialogs::Finished() const
 std::optional<ScriptedDialogs::Step> ScriptedDialogs::Next(const QString& shown)
 {
     if (steps.isEmpty() || steps.first().description != shown) {
-        Fail(QStringLiteral("unexpected %1; expected %2")
-                 .arg(shown, steps.isEmpty() ? QStringLiteral("nothing") : steps.first().description));
+        Fail(u"unexpected %1; expected %2"_s.arg(shown, steps.isEmpty() ? u"nothing"_s : steps.first().description));
         return std::nullopt;
     }
     return steps.takeFirst();
@@ -138,7 +133,7 @@ QString ScriptedDialogs::File(const FileSpec& spec)
 
 QString ScriptedDialogs::Folder(const FolderSpec& spec)
 {
-    const auto step = Next(QStringLiteral("folder box \"%1\"").arg(spec.title));
+    const auto step = Next(u"folder box \"%1\""_s.arg(spec.title));
     return step ? step->text.value_or(QString()) : QString();
 }
 

@@ -17,26 +17,28 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 TestBench::TestBench(Store store) : folderBefore(QDir::currentPath())
 {
     const QDir top(folder.path());
-    top.mkdir(QStringLiteral("work"));
-    top.mkdir(QStringLiteral("program"));
-    SetProgramFolder(top.filePath(QStringLiteral("program")));
-    SetLibraryFolder(QStringLiteral(OB_BIN));
-    SetSettingsFile(top.filePath(QStringLiteral("settings.ini")));
+    top.mkdir(u"work"_s);
+    top.mkdir(u"program"_s);
+    SetProgramFolder(top.filePath(u"program"_s));
+    SetLibraryFolder(u"" OB_BIN ""_s);
+    SetSettingsFile(top.filePath(u"settings.ini"_s));
     if (store == Store::Quiet)
-        WriteSetting(QStringLiteral("ShowTips"), QStringLiteral("False"));
-    QDir::setCurrent(top.filePath(QStringLiteral("work")));
+        WriteSetting(u"ShowTips"_s, u"False"_s);
+    QDir::setCurrent(top.filePath(u"work"_s));
     qApp->installEventFilter(this);
 }
 
 TestBench::~TestBench()
 {
     for (const ModalStep& step : modals)
-        QTest::qFail(qPrintable(QStringLiteral("never shown: ") + step.objectName), __FILE__, __LINE__);
+        QTest::qFail(qPrintable(u"never shown: "_s + step.objectName), __FILE__, __LINE__);
     qApp->removeEventFilter(this);
     frame.reset();
     ResetBench();
@@ -68,7 +70,7 @@ void TestBench::Choose(const QString& item)
 {
     QAction* action = frame->Item(item);
     if (action == nullptr || !action->isEnabled())
-        QTest::qFail(qPrintable(QStringLiteral("no such item now: ") + item), __FILE__, __LINE__);
+        QTest::qFail(qPrintable(u"no such item now: "_s + item), __FILE__, __LINE__);
     else
         action->trigger();
     QApplication::processEvents();
@@ -76,12 +78,12 @@ void TestBench::Choose(const QString& item)
 
 QString TestBench::Path(const QString& name) const
 {
-    return folder.filePath(QStringLiteral("work/") + name);
+    return folder.filePath(u"work/"_s + name);
 }
 
 QString TestBench::ProgramPath(const QString& name) const
 {
-    return folder.filePath(QStringLiteral("program/") + name);
+    return folder.filePath(u"program/"_s + name);
 }
 
 QString TestBench::Write(const QString& name, const QByteArray& bytes) const
@@ -110,7 +112,7 @@ frmDocument* TestBench::ActiveWindow() const
 
 QWidget* TestBench::ActiveWindowEdit() const
 {
-    return ActiveWindow()->findChild<QWidget*>(QStringLiteral("sci"));
+    return ActiveWindow()->findChild<QWidget*>(u"sci"_s);
 }
 
 QByteArray TestBench::Text(const cDocument* document)
@@ -127,19 +129,19 @@ void TestBench::Type(const cDocument* document, const QByteArray& text)
 QString TestBench::MakeEngine(const QString& name) const
 {
     const QString engine = Path(name);
-    QFile::copy(QStringLiteral(OB_BIN "/fake-engine"), engine);
+    QFile::copy(u"" OB_BIN "/fake-engine"_s, engine);
     return engine;
 }
 
 EngineCall TestBench::WaitForEngine() const
 {
-    const QString call = Path(QStringLiteral("engine.call"));
+    const QString call = Path(u"engine.call"_s);
     if (!QTest::qWaitFor([&] { return QFile::exists(call); }, 20'000)) {
         QTest::qFail("the engine was not called", __FILE__, __LINE__);
         return {};
     }
     const EngineCall seen{QString::fromLocal8Bit(Read(call)).split(QLatin1Char('\n'), Qt::SkipEmptyParts),
-                          Read(Path(QStringLiteral("engine.copy")))};
+                          Read(Path(u"engine.copy"_s))};
     QFile::remove(call);
     return seen;
 }
@@ -165,8 +167,7 @@ bool TestBench::eventFilter(QObject* watched, QEvent* event)
         });
     } else {
         // A modal window that no script answers would hang the test.
-        QTest::qFail(qPrintable(QStringLiteral("unexpected modal window: ") + dialog->objectName()), __FILE__,
-                     __LINE__);
+        QTest::qFail(qPrintable(u"unexpected modal window: "_s + dialog->objectName()), __FILE__, __LINE__);
         QTimer::singleShot(0, dialog, &QDialog::reject);
     }
     return QObject::eventFilter(watched, event);

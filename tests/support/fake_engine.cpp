@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 static bool Write(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
@@ -19,12 +21,12 @@ int main(int argc, char** argv)
 
     if (!arguments.isEmpty()) {
         QFile copy(arguments.last());
-        if (copy.open(QIODevice::ReadOnly) && !Write(folder.filePath(QStringLiteral("engine.copy")), copy.readAll()))
+        if (copy.open(QIODevice::ReadOnly) && !Write(folder.filePath(u"engine.copy"_s), copy.readAll()))
             return 1;
     }
     // The record appears last and complete, so that a reader who sees it finds everything else.
-    const QString call = folder.filePath(QStringLiteral("engine.call"));
-    if (!Write(call + QStringLiteral(".new"), arguments.join(QLatin1Char('\n')).toLocal8Bit()))
+    const QString call = folder.filePath(u"engine.call"_s);
+    if (!Write(call + u".new"_s, arguments.join(QLatin1Char('\n')).toLocal8Bit()))
         return 1;
-    return QFile::rename(call + QStringLiteral(".new"), call) ? 0 : 1;
+    return QFile::rename(call + u".new"_s, call) ? 0 : 1;
 }

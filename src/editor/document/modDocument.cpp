@@ -8,6 +8,8 @@
 #include "shell/state/cMainForm.h"
 #include "shell/state/modNames.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 cDocument* ActiveDocument()
@@ -41,7 +43,7 @@ int FreeDocumentSlot()
 cDocument* NewDocument()
 {
     cDocument& document = *Documents[static_cast<std::size_t>(FreeDocumentSlot())];
-    document.SetCaption(QStringLiteral("Document %1").arg(document.number));
+    document.SetCaption(u"Document %1"_s.arg(document.number));
     if (document.sci != nullptr)
         SendSci(document.sci, SCI_CLEARALL);
     MainForm->ShowDocument(document);

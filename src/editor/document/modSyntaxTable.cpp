@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 LanguageWords& Words()
@@ -43,7 +45,7 @@ constexpr char KeywordText[] =
 // The catalogue's text; for an uncompressed resource this is the resource's memory, not a copy.
 std::string_view CatalogueText()
 {
-    static const QByteArray text = QResource(QStringLiteral(":/texts/syntax.txt")).uncompressedData();
+    static const QByteArray text = QResource(u":/texts/syntax.txt"_s).uncompressedData();
     return {text.constData(), static_cast<std::size_t>(text.size())};
 }
 

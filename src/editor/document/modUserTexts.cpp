@@ -12,6 +12,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -43,11 +45,11 @@ QString WithLineEnds(const QString& text)
 
 std::optional<QByteArray> BytesToStore(const QString& text, const QString& what)
 {
-    const AnsiText encoded = AnsiFromText(WithLineEnds(text) + QStringLiteral("\r\n"));
+    const AnsiText encoded = AnsiFromText(WithLineEnds(text) + u"\r\n"_s);
     if (encoded.lostCount > 0) {
-        const QString question = QStringLiteral("Line %1 of %2 holds a character that BASIC source files "
-                                                "cannot store.\n"
-                                                "Save with a question mark in place of each such character?");
+        const QString question = u"Line %1 of %2 holds a character that BASIC source files "
+                                 "cannot store.\n"
+                                 "Save with a question mark in place of each such character?"_s;
         if (MsgBox(question.arg(encoded.firstLostLine).arg(what), BoxIcon::Question, BoxButtons::YesNo) ==
             BoxAnswer::No)
             return std::nullopt;
@@ -57,12 +59,12 @@ std::optional<QByteArray> BytesToStore(const QString& text, const QString& what)
 
 QString CommentsPath(const QString& folder)
 {
-    return folder + QStringLiteral("/comments.txt");
+    return folder + u"/comments.txt"_s;
 }
 
 QString KeywordsPath(const QString& folder)
 {
-    return folder + QStringLiteral("/keywords.txt");
+    return folder + u"/keywords.txt"_s;
 }
 
 QByteArray CommentText(const QByteArray& content)
@@ -85,7 +87,7 @@ QByteArray LoadCommentFile(const QString& folder)
 
 void SaveCommentFile(const QString& folder, const QString& text)
 {
-    if (const auto bytes = BytesToStore(text, QStringLiteral("the comments")))
+    if (const auto bytes = BytesToStore(text, u"the comments"_s))
         ReplaceFile(CommentsPath(folder), *bytes);
 }
 
@@ -106,7 +108,7 @@ KeywordSave AddCustomKeywords(const QString& folder, const QString& text)
     const QString words = text.toLower();
     if (words == QLatin1String(NoCustomKeywords))
         return KeywordSave::NothingToAdd;
-    const auto bytes = BytesToStore(words, QStringLiteral("the keywords"));
+    const auto bytes = BytesToStore(words, u"the keywords"_s);
     if (!bytes)
         return KeywordSave::Declined;
     ReplaceFile(KeywordsPath(folder), *bytes);

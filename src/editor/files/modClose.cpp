@@ -11,6 +11,8 @@
 #include "shell/state/modNames.h"
 #include "shell/state/modRecent.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -32,7 +34,7 @@ BoxAnswer Ask(const QString& question)
 
 CloseEnd QueryUnload(cDocument& document)
 {
-    MainForm->EnableItem(QStringLiteral("mnuEdit"), false);
+    MainForm->EnableItem(u"mnuEdit"_s, false);
     EnableRunCommands(Switch::Off);
     EnableCodeCommands(Switch::Off);
     if (!QuitQuery || SendSci(document.sci, SCI_GETMODIFY) == 0)
@@ -40,17 +42,14 @@ CloseEnd QueryUnload(cDocument& document)
 
     const QString caption = document.Caption();
     if (caption.compare(UntitledName, Qt::CaseInsensitive) != 0) {
-        if (Ask(QStringLiteral("Save ") + caption + QStringLiteral(" before closing?")) == BoxAnswer::No)
+        if (Ask(u"Save "_s + caption + u" before closing?"_s) == BoxAnswer::No)
             return CloseEnd::Closes;
         return SaveBeforeClosing(document, caption);
     }
-    if (Ask(QStringLiteral("Save before closing?")) == BoxAnswer::No)
+    if (Ask(u"Save before closing?"_s) == BoxAnswer::No)
         return CloseEnd::Closes;
-    const QString path = FileBox({FilePurpose::Save,
-                                  QStringLiteral("Save As"),
-                                  {},
-                                  {},
-                                  QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)")});
+    const QString path =
+        FileBox({FilePurpose::Save, u"Save As"_s, {}, {}, u"BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)"_s});
     return path.isEmpty() ? CloseEnd::Closes : SaveBeforeClosing(document, path);
 }
 

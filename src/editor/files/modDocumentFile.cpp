@@ -12,6 +12,8 @@
 #include "shell/state/cMainForm.h"
 #include "shell/state/modRecent.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 QByteArray LoadedBytes(QByteArray bytes)
@@ -25,7 +27,7 @@ QByteArray LoadedBytes(QByteArray bytes)
 void LoadDocumentFile(cDocument& document, const QString& path)
 {
     if (!FileExists(path)) {
-        MsgBox(MissingFileText, BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
+        MsgBox(MissingFileText, BoxIcon::Critical, BoxButtons::Ok, u"Error"_s);
         return;
     }
     const auto text = DecodeAnsi(LoadedBytes(ReadWhole(path)));
@@ -41,8 +43,8 @@ void LoadDocumentFile(cDocument& document, const QString& path)
 
 QString OpenedFileStatus(const QString& path)
 {
-    return NameOf(path) + QStringLiteral("  Size: ") + QString::number(SizeOf(path)) +
-           QStringLiteral(" KB   Last Modified: ") + FileDateText(path);
+    return NameOf(path) + u"  Size: "_s + QString::number(SizeOf(path)) + u" KB   Last Modified: "_s +
+           FileDateText(path);
 }
 
 void AfterFileOpen(cDocument& document, const QString& path)
@@ -87,8 +89,8 @@ SaveEnd SaveDocumentFile(cDocument& document, const QString& path)
 {
     const SavedText saved = SavedBytes(QByteArrayView(SciText(document.sci)));
     if (saved.lostLine != 0) {
-        const QString question = QStringLiteral("Line %1 holds a character that BASIC source files cannot store.\n"
-                                                "Save with a question mark in place of each such character?");
+        const QString question = u"Line %1 holds a character that BASIC source files cannot store.\n"
+                                 "Save with a question mark in place of each such character?"_s;
         if (MsgBox(question.arg(saved.lostLine), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::No)
             return SaveEnd::Declined;
     }

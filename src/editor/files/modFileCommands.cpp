@@ -18,6 +18,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 void mnuFileNew_Click()
@@ -32,8 +34,7 @@ void mnuFileNew_Click()
 
 void mnuFileOpenCode_Click()
 {
-    const QString path =
-        OpenFileDialog(QStringLiteral("BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"), QDir::currentPath());
+    const QString path = OpenFileDialog(u"BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"_s, QDir::currentPath());
     if (path.isEmpty() || !FileExists(path))
         return;
     OpenInNewWindow(path, OpenChoice::LastFolder | OpenChoice::Recent | OpenChoice::Status);
@@ -54,11 +55,8 @@ void mnuFileInsert_Click()
     cDocument* document = ActiveDocument();
     if (document == nullptr)
         return;
-    const QString path = FileBox({FilePurpose::Open,
-                                  QStringLiteral("Open"),
-                                  QDir::currentPath(),
-                                  {},
-                                  QStringLiteral("BASIC code |*.bas;*.bak;*.rtf;")});
+    const QString path =
+        FileBox({FilePurpose::Open, u"Open"_s, QDir::currentPath(), {}, u"BASIC code |*.bas;*.bak;*.rtf;"_s});
     if (path.isEmpty())
         return;
     const auto text = DecodeAnsi(LinesOf(ReadWhole(path)));
@@ -87,7 +85,7 @@ void mnuFileMRU_Click(int number)
 {
     const QString path = RecentFiles[static_cast<std::size_t>(number - 1)];
     if (!FileExists(path)) {
-        MsgBox(QStringLiteral("Cannot find ") + path);
+        MsgBox(u"Cannot find "_s + path);
         return;
     }
     OpenRecentFile(path);

@@ -12,21 +12,23 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 QString AskSaveAs()
 {
     return FileBox({FilePurpose::Save,
-                    QStringLiteral("Save As"),
+                    u"Save As"_s,
                     QDir::currentPath(),
                     {},
-                    QStringLiteral("BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*")});
+                    u"BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*"_s});
 }
 
 void AfterFileSave(cDocument& document)
 {
     document.Tag.clear();
-    SetStatusText(QStringLiteral("File saved as ") + document.Caption());
+    SetStatusText(u"File saved as "_s + document.Caption());
     AddRecentFile(document.Caption());
 }
 
@@ -34,7 +36,7 @@ void AfterFileSave(cDocument& document)
 static void SaveUnder(cDocument& document, const QString& path)
 {
     if (path.isEmpty()) {
-        MsgBox(QStringLiteral("Error saving file!"), BoxIcon::Critical);
+        MsgBox(u"Error saving file!"_s, BoxIcon::Critical);
         return;
     }
     if (SaveDocumentFile(document, path) == SaveEnd::Declined)
@@ -50,11 +52,7 @@ void mnuFileSave_Click()
         return;
     QString path = document->Caption();
     if (path.compare(UntitledName, Qt::CaseInsensitive) == 0) {
-        path = FileBox({FilePurpose::Save,
-                        QStringLiteral("Save"),
-                        {},
-                        {},
-                        QStringLiteral("BASIC code (*.bas)(*.bak)|*.bas;*.bak")});
+        path = FileBox({FilePurpose::Save, u"Save"_s, {}, {}, u"BASIC code (*.bas)(*.bak)|*.bas;*.bak"_s});
         if (path.isEmpty())
             return;
     }

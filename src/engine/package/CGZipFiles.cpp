@@ -8,12 +8,14 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
 // In the list from the start, and counted with the names; it represents no file.
-const QString Placeholder = QStringLiteral("querty");
+const QString Placeholder = u"querty"_s;
 
 constexpr std::size_t maximumNames = 100; // with the placeholder
 
@@ -30,7 +32,7 @@ RuntimeError ListError(unsigned number, const char* source, const char* descript
 QStringList NamesForLibrary(const QStringList& files)
 {
     if (static_cast<std::size_t>(files.size()) > maximumNames)
-        throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange, QStringLiteral("CGZipFiles::MakeZipFile"));
+        throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange, u"CGZipFiles::MakeZipFile"_s);
     QStringList names = files;
     names.removeOne(Placeholder);
     return names;
@@ -78,8 +80,7 @@ int CGZipFiles::MakeZipFile(const ZipWatch& watch)
         unmatched = answer.unmatched;
         return answer.code;
     } catch (const RuntimeError& error) {
-        lastMessage =
-            QStringLiteral("Run-time error '%1': %2 (%3)").arg(error.number).arg(error.description, error.source);
+        lastMessage = u"Run-time error '%1': %2 (%3)"_s.arg(error.number).arg(error.description, error.source);
         return runtimeErrorCode;
     }
 }

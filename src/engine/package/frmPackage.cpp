@@ -27,6 +27,8 @@
 #include <functional>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -64,7 +66,8 @@ QStringList LocalFiles(const QMimeData& data)
 
 } // namespace
 
-// Shows the progress of the work, and its boxes. All calls but the constructor's and Cancel come from the work's thread.
+// Shows the progress of the work, and its boxes. All calls but the constructor's and Cancel come from the work's
+// thread.
 class frmPackage::Watch final : public cPackageWatch {
 public:
     explicit Watch(frmPackage& owner)
@@ -102,7 +105,7 @@ public:
         if (isNewFile || !sinceShown.isValid() || sinceShown.elapsed() >= showEvery) {
             shownName = progress.name;
             thread->Ask([&] {
-                window->ShowState(QStringLiteral("Processing ") + progress.name,
+                window->ShowState(u"Processing "_s + progress.name,
                                   Share(static_cast<double>(progress.done), static_cast<double>(progress.all)));
             });
             sinceShown.restart();
@@ -163,7 +166,7 @@ public:
     }
 
 private:
-    static inline const QString ZipText = QStringLiteral("Creating Zip File");
+    static inline const QString ZipText = u"Creating Zip File"_s;
 
     std::unique_ptr<dlgProcess> MakeWindow(dlgProcess::Leaving leaving)
     {
@@ -190,7 +193,7 @@ frmPackage::frmPackage(const QString& token, QWidget* parent)
     ui->TEMPList->viewport()->installEventFilter(this);
     ui->TEMPList->installEventFilter(this);
     setAcceptDrops(true);
-    browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->FileList}, {QStringLiteral("*.*")}, this);
+    browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->FileList}, {u"*.*"_s}, this);
     const auto enable = [this] {
         ui->cmdAdd->setEnabled(ui->FileList->selectionModel()->hasSelection());
         ui->cmdRemove->setEnabled(ui->TEMPList->selectionModel()->hasSelection());
@@ -235,11 +238,10 @@ void frmPackage::FillTEMPList()
         const bool isThere = FileOnDisk(file).has_value();
         missingCount += isThere ? 0 : 1;
         auto* item = new QListWidgetItem(isThere ? there : missing, NameOf(file), ui->TEMPList);
-        item->setToolTip(isThere ? file : QStringLiteral("Not found: ") + file);
+        item->setToolTip(isThere ? file : u"Not found: "_s + file);
     }
-    ui->lblState->setText(missingCount == 0
-                              ? QStringLiteral("Files: %1").arg(plan.files.size())
-                              : QStringLiteral("Files: %1, not found: %2").arg(plan.files.size()).arg(missingCount));
+    ui->lblState->setText(missingCount == 0 ? u"Files: %1"_s.arg(plan.files.size())
+                                            : u"Files: %1, not found: %2"_s.arg(plan.files.size()).arg(missingCount));
 }
 
 void frmPackage::AddFiles(const QStringList& paths)
@@ -366,11 +368,8 @@ void frmPackage::dropEvent(QDropEvent* event)
 
 void mnuPackage_Click()
 {
-    const QString chosen = FileBox({FilePurpose::Open,
-                                    QStringLiteral("Choose TKN"),
-                                    QDir::currentPath(),
-                                    {},
-                                    QStringLiteral("Orchard BASIC TKN (*.tkn)|*.tkn")});
+    const QString chosen =
+        FileBox({FilePurpose::Open, u"Choose TKN"_s, QDir::currentPath(), {}, u"Orchard BASIC TKN (*.tkn)|*.tkn"_s});
     if (!IsTokenName(chosen))
         return;
     frmPackage tool(chosen, ToolOwner());

@@ -20,13 +20,15 @@
 #include <string_view>
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
-const QString RuntimeName = QStringLiteral("run.exe");
-const QString RuntimePattern = QStringLiteral("*run*.exe");
-const QString IniName = QStringLiteral("obasic.ini");
+const QString RuntimeName = u"run.exe"_s;
+const QString RuntimePattern = u"*run*.exe"_s;
+const QString IniName = u"obasic.ini"_s;
 
 enum class RuntimeBy { Name, Pattern }; // an engine found by its pattern brings no ini file
 
@@ -137,8 +139,7 @@ public:
                 return PackageRequest::Stop;
             RemoveOtherSpellings();
         } catch (const RuntimeError& error) {
-            watch.Tell({QStringLiteral("Error occurred!"), BoxIcon::None, BoxButtons::Ok, QStringLiteral("SHCOPY"),
-                        error.reason});
+            watch.Tell({u"Error occurred!"_s, BoxIcon::None, BoxButtons::Ok, u"SHCOPY"_s, error.reason});
         }
         progress.done = std::min(before + QFileInfo(*found).size(), progress.all);
         return watch.Processing(progress);
@@ -203,7 +204,7 @@ std::optional<PackagedEngine> NameEngine(const PackagePlan& plan)
 {
     const QString folder = PackageFolder(plan);
     const QString runtime = FirstRuntime(folder);
-    const QString wanted = NameOf(plan.token).chopped(3) + QStringLiteral("exe");
+    const QString wanted = NameOf(plan.token).chopped(3) + u"exe"_s;
     if (!runtime.isEmpty() && Rename(folder, runtime, RuntimeName) == Renaming::Failed)
         return std::nullopt;
     if (Rename(folder, RuntimeName, wanted) == Renaming::Failed)
@@ -214,9 +215,9 @@ std::optional<PackagedEngine> NameEngine(const PackagePlan& plan)
 
 MessageSpec MissingBox(const QStringList& missing)
 {
-    QString text = QStringLiteral("Orchard Bench could not find these needed files:");
+    QString text = u"Orchard Bench could not find these needed files:"_s;
     for (const QString& file : missing)
-        text += file + QStringLiteral("\r\n");
+        text += file + u"\r\n"_s;
     return {text, BoxIcon::Critical, BoxButtons::Ok, {}};
 }
 
@@ -230,9 +231,9 @@ PackageOutcome ZipPackage(const PackagePlan& plan, cPackageWatch& watch)
         QFile::remove(base);
     CGZipFiles zip;
     // The extension is given explicitly, as a base name with a dot in it would get none.
-    zip.ZipFileName = base + QStringLiteral(".zip");
+    zip.ZipFileName = base + u".zip"_s;
     zip.UpdatingZip = false;
-    zip.AddFile(PackageFolder(plan) + QDir::separator() + QStringLiteral("*.*"));
+    zip.AddFile(PackageFolder(plan) + QDir::separator() + u"*.*"_s);
     const int code = zip.MakeZipFile([&](const ZipProgress& progress) { return watch.Zipping(progress); });
     watch.ZipEnds();
     if (code != 0)
@@ -273,8 +274,8 @@ PackagePlan PlanPackage(const QString& token, const QString& engineFolder)
 
 MessageSpec NoEngineBox()
 {
-    return {QStringLiteral("Orchard Bench cannot find your copy of Orchard BASIC.  Please set the path to "
-                           "'orchard.exe' in the Prefernces Menu, under 'Options/Paths'."),
+    return {u"Orchard Bench cannot find your copy of Orchard BASIC.  Please set the path to "
+            "'orchard.exe' in the Prefernces Menu, under 'Options/Paths'."_s,
             BoxIcon::Exclamation,
             BoxButtons::Ok,
             {}};
@@ -290,7 +291,7 @@ qsizetype PlaceInPackage(const PackagePlan& plan, const QString& name)
 
 QString PackageFolder(const PackagePlan& plan)
 {
-    return FolderOf(plan.token) + QStringLiteral("Package");
+    return FolderOf(plan.token) + u"Package"_s;
 }
 
 QString PackageZipBase(const PackagePlan& plan)
@@ -301,9 +302,8 @@ QString PackageZipBase(const PackagePlan& plan)
 
 MessageSpec TestQuestion(const PackagePlan& plan, const PackagedEngine& engine)
 {
-    return {QStringLiteral("The runtime engine is now called %1  All files can be found in %2\r\n\r\n"
-                           "Would you like to test your new application?")
-                .arg(engine.name, PackageFolder(plan)),
+    return {u"The runtime engine is now called %1  All files can be found in %2\r\n\r\n"
+            "Would you like to test your new application?"_s.arg(engine.name, PackageFolder(plan)),
             BoxIcon::Question,
             BoxButtons::YesNo,
             {}};
@@ -311,7 +311,7 @@ MessageSpec TestQuestion(const PackagePlan& plan, const PackagedEngine& engine)
 
 MessageSpec ZipMadeBox(const QString& base)
 {
-    return {base + QStringLiteral(".zip Created Successfully"), BoxIcon::Information, BoxButtons::Ok, {}};
+    return {base + u".zip Created Successfully"_s, BoxIcon::Information, BoxButtons::Ok, {}};
 }
 
 PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatch& watch)
@@ -320,7 +320,7 @@ PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatc
     Copier copier(plan, watch);
     for (const QString& file : plan.files) {
         if (copier.Copy(file) == PackageRequest::Stop) {
-            watch.Tell({QStringLiteral("File copying operation aborted!"), BoxIcon::Critical, BoxButtons::Ok, {}});
+            watch.Tell({u"File copying operation aborted!"_s, BoxIcon::Critical, BoxButtons::Ok, {}});
             watch.FilesAreDone();
             return {PackageEnd::Aborted, {}};
         }
@@ -328,7 +328,7 @@ PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatc
     if (const std::optional<PackagedEngine> engine = NameEngine(plan))
         watch.EngineIsNamed(*engine);
     else
-        watch.Tell({QStringLiteral("Error renaming runtime engine!"), BoxIcon::Critical, BoxButtons::Ok, {}});
+        watch.Tell({u"Error renaming runtime engine!"_s, BoxIcon::Critical, BoxButtons::Ok, {}});
     watch.FilesAreDone();
     if (!copier.missing.isEmpty())
         watch.Tell(MissingBox(copier.missing));

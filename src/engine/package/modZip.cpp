@@ -21,6 +21,8 @@
 #include <system_error>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -114,7 +116,7 @@ private:
     {
         zip_error_set(&error, code, systemError);
         if (feed.failure.isEmpty() && code != ZIP_ER_CANCELLED)
-            feed.failure = QString::fromUtf8(entry.name) + QStringLiteral(" cannot be read: ") +
+            feed.failure = QString::fromUtf8(entry.name) + u" cannot be read: "_s +
                            SystemText(systemError == 0 ? EIO : systemError);
         return -1;
     }
@@ -291,8 +293,8 @@ QString ObstacleAt(const QString& archive)
     if (!info.exists())
         return {};
     if (!info.isFile())
-        return QStringLiteral("%1 is not a file").arg(archive);
-    return info.isWritable() ? QString() : QStringLiteral("%1 is write-protected").arg(archive);
+        return u"%1 is not a file"_s.arg(archive);
+    return info.isWritable() ? QString() : u"%1 is write-protected"_s.arg(archive);
 }
 
 ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const ZipOptions& options,
@@ -330,7 +332,7 @@ ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const
 
 QString ZipNameOf(const QString& archive)
 {
-    return NameOf(archive).contains(u'.') ? archive : archive + QStringLiteral(".zip");
+    return NameOf(archive).contains(u'.') ? archive : archive + u".zip"_s;
 }
 
 ZipAnswer MakeZip(const QString& archive, const QStringList& specs, const ZipOptions& options, const ZipWatch& watch)
@@ -348,7 +350,7 @@ ZipAnswer MakeZip(const QString& archive, const QStringList& specs, const ZipOpt
     if (!list.clash.isEmpty())
         answer = Failure(ZipTwoOfOneName, list.clash);
     else if (list.entries.empty())
-        answer = Failure(ZipNoFiles, QStringLiteral("No file was found to zip"));
+        answer = Failure(ZipNoFiles, u"No file was found to zip"_s);
     else
         answer = Write(path, list.entries, options, watch);
     answer.unmatched = std::move(list.unmatched);

@@ -15,6 +15,8 @@
 #include <system_error>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -126,7 +128,7 @@ fs::path TruePath(const fs::path& path)
 
 QString ClashText(const QString& name, const fs::path& first, const fs::path& second)
 {
-    return QStringLiteral("Two files are named %1: %2 and %3").arg(name, TextOfName(first), TextOfName(second));
+    return u"Two files are named %1: %2 and %3"_s.arg(name, TextOfName(first), TextOfName(second));
 }
 
 class Collector {

@@ -8,6 +8,8 @@
 #include <numeric>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -86,7 +88,7 @@ QVariant cVariableTable::headerData(int section, Qt::Orientation orientation, in
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return section == NameColumn ? QStringLiteral("Variable Name") : QStringLiteral("Line #");
+    return section == NameColumn ? u"Variable Name"_s : u"Line #"_s;
 }
 
 cVariableTable::Rows cVariableTable::SortedRows(int column, Qt::SortOrder order) const

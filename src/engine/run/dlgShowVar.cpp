@@ -15,6 +15,8 @@
 
 #include <QHeaderView>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 // A long text is scanned on a thread of its own; meanwhile it must stay as it is, so that the lines are those of the
@@ -55,7 +57,7 @@ void dlgShowVar::cmdGoto_Click()
 {
     const QModelIndexList chosen = ui->lvVar->selectionModel()->selectedRows();
     if (chosen.isEmpty()) {
-        MsgBox(QStringLiteral("No variable is selected."), BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
+        MsgBox(u"No variable is selected."_s, BoxIcon::Critical, BoxButtons::Ok, u"Error"_s);
         return;
     }
     GotoVariableLine(document->sci, table->Entry(chosen.first().row()).line);

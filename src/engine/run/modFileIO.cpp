@@ -7,6 +7,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -20,27 +22,24 @@ struct Search {
 
 QString NotFoundText(const QString& what)
 {
-    return what + QStringLiteral(" was not found.  Be sure to specify the path to Orchard BASIC in Options!");
+    return what + u" was not found.  Be sure to specify the path to Orchard BASIC in Options!"_s;
 }
 
 Search SearchOf(OutsideFile file)
 {
     switch (file) {
     case OutsideFile::Orchard:
-        return {QStringLiteral("Orchard BASIC |orchard.exe;*.exe;"), NotFoundText(QStringLiteral("Orchard BASIC"))};
+        return {u"Orchard BASIC |orchard.exe;*.exe;"_s, NotFoundText(u"Orchard BASIC"_s)};
     case OutsideFile::Freeform:
-        return {QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak"), NotFoundText(QStringLiteral("FreeForm"))};
+        return {u"FreeForm |*ff*.bas;*.bas;*.bak"_s, NotFoundText(u"FreeForm"_s)};
     case OutsideFile::Help:
-        return {QStringLiteral("Orchard BASIC Help|orchard.hlp;*.hlp;"),
-                NotFoundText(QStringLiteral("Orchard BASIC help"))};
+        return {u"Orchard BASIC Help|orchard.hlp;*.hlp;"_s, NotFoundText(u"Orchard BASIC help"_s)};
     case OutsideFile::OptionalHelp:
-        return {QStringLiteral("Programming Help|*.hlp;"), QStringLiteral("The chosen Helpfile was not found."),
-                BoxIcon::Critical};
+        return {u"Programming Help|*.hlp;"_s, u"The chosen Helpfile was not found."_s, BoxIcon::Critical};
     case OutsideFile::Runtime:
         break;
     }
-    return {QStringLiteral("Runtime Engine (run.exe))|*.EXE;RUN.EXE"),
-            NotFoundText(QStringLiteral("Orchard BASIC Runtime Engine"))};
+    return {u"Runtime Engine (run.exe))|*.EXE;RUN.EXE"_s, NotFoundText(u"Orchard BASIC Runtime Engine"_s)};
 }
 
 QString ReportedIfMissing(const QString& chosen, const Search& search)
@@ -60,17 +59,17 @@ QString AskForFile(const QString& title, OutsideFile file)
 
 QString BrowseFor(OutsideFile file)
 {
-    return AskForFile(QStringLiteral("Open"), file);
+    return AskForFile(u"Open"_s, file);
 }
 
 void FindOrchard()
 {
-    OBPath = AskForFile(QStringLiteral("Find Orchard BASIC"), OutsideFile::Orchard);
+    OBPath = AskForFile(u"Find Orchard BASIC"_s, OutsideFile::Orchard);
 }
 
 void FindFreeform()
 {
-    if (MsgBox(QStringLiteral("Find FreeForm?"), BoxIcon::Question, BoxButtons::OkCancel) == BoxAnswer::Cancel)
+    if (MsgBox(u"Find FreeForm?"_s, BoxIcon::Question, BoxButtons::OkCancel) == BoxAnswer::Cancel)
         return;
     OBFreeformPath = BrowseFor(OutsideFile::Freeform);
 }
@@ -89,8 +88,7 @@ void FindOptionalHelp()
 
 void FindRuntime()
 {
-    if (MsgBox(QStringLiteral("Find Orchard BASIC Runtime Engine?"), BoxIcon::None, BoxButtons::OkCancel) ==
-        BoxAnswer::Cancel)
+    if (MsgBox(u"Find Orchard BASIC Runtime Engine?"_s, BoxIcon::None, BoxButtons::OkCancel) == BoxAnswer::Cancel)
         return;
     const Search search = SearchOf(OutsideFile::Runtime);
     const QString chosen = ReportedIfMissing(OpenFileDialog(search.filter, QDir::currentPath()), search);

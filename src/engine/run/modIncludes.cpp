@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -51,7 +53,7 @@ QString DecodedName(QByteArrayView name, TextEncoding encoding)
 // may begin with a separator.
 QString InFolder(const QString& folder, const QString& name)
 {
-    return (folder.isEmpty() ? QStringLiteral(".") : folder) + QDir::separator() + name;
+    return (folder.isEmpty() ? u"."_s : folder) + QDir::separator() + name;
 }
 
 } // namespace

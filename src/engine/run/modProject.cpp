@@ -10,6 +10,8 @@
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 void mnuFileProject_Click()
@@ -24,7 +26,7 @@ void mnuFileProject_Click()
         return;
     document->SetCaption(path);
     if (!FileExists(path)) {
-        MsgBox(QStringLiteral("Error saving project."), BoxIcon::Critical);
+        MsgBox(u"Error saving project."_s, BoxIcon::Critical);
         return;
     }
     const QByteArray included = CheckIncludes(*document, FolderOf(path));

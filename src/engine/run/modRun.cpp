@@ -19,14 +19,16 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
-const QString RunSwitches = QStringLiteral(" -R -A ");
-const QString TokenSwitches = QStringLiteral(" -A -T ");
-const QString DebugSwitches = QStringLiteral(" -A -D ");
-const QString FreeformSwitches = QStringLiteral(" -R -A  ");
+const QString RunSwitches = u" -R -A "_s;
+const QString TokenSwitches = u" -A -T "_s;
+const QString DebugSwitches = u" -A -D "_s;
+const QString FreeformSwitches = u" -R -A  "_s;
 
 enum class Found { No, Yes };
 
@@ -67,7 +69,7 @@ void HandToEngine(const QString& switches)
     if (end == CopyEnd::Declined)
         return;
     if (end == CopyEnd::Failed || !FileExists(copy.path)) {
-        MsgBox(QStringLiteral("Error creating file to run."), BoxIcon::Critical);
+        MsgBox(u"Error creating file to run."_s, BoxIcon::Critical);
         return;
     }
     const QByteArray included = CheckIncludes(*document, FolderOf(copy.path));
@@ -84,10 +86,10 @@ CopyPlace PlaceOfCopy(const QString& caption, const QString& programFolder)
     if (FileExists(caption)) {
         if (caption.size() < 3)
             throw RuntimeErrorOf(ErrorNumber::InvalidCall);
-        return {caption.chopped(3) + QStringLiteral("BAK"), caption};
+        return {caption.chopped(3) + u"BAK"_s, caption};
     }
     if (caption.compare(UntitledName, Qt::CaseInsensitive) == 0) {
-        const QString copy = programFolder + QDir::separator() + QStringLiteral("untitled.bak");
+        const QString copy = programFolder + QDir::separator() + u"untitled.bak"_s;
         return {copy, copy};
     }
     return {caption, caption};
@@ -125,12 +127,12 @@ void RunTokenFile(const QString& path)
 
 void mnuRunTKN_Click()
 {
-    const QString chosen = FileBox(
-        {FilePurpose::Open, QStringLiteral("Open"), QDir::currentPath(), {}, QStringLiteral("OB Token (*.tkn)|*.tkn")});
+    const QString chosen =
+        FileBox({FilePurpose::Open, u"Open"_s, QDir::currentPath(), {}, u"OB Token (*.tkn)|*.tkn"_s});
     if (chosen.isEmpty())
         return;
     if (!FileExists(chosen)) {
-        MsgBox(QStringLiteral("Error running TKN."), BoxIcon::Critical);
+        MsgBox(u"Error running TKN."_s, BoxIcon::Critical);
         return;
     }
     RunTokenFile(chosen);
@@ -166,7 +168,7 @@ void mnuToolFreeform_Click()
     } else if (ending == QLatin1String("tkn")) {
         RunTokenFile(OBFreeformPath);
     } else {
-        MsgBox(QStringLiteral("Orchard FreeForm must be in *.bas or *.tkn form!"), BoxIcon::Critical);
+        MsgBox(u"Orchard FreeForm must be in *.bas or *.tkn form!"_s, BoxIcon::Critical);
         return;
     }
     cDocument* document = NewDocument();

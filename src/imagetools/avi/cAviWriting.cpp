@@ -11,6 +11,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -174,14 +176,13 @@ ByteView cAviWriting::CompressedFrame()
         }
     }
     if (!lines) {
-        throw AviFailure(AviErrorText, QStringLiteral("%1 cannot be read as a picture of %2 x %3 pixels.")
-                                           .arg(files[written])
+        throw AviFailure(AviErrorText, u"%1 cannot be read as a picture of %2 x %3 pixels."_s.arg(files[written])
                                            .arg(first.width)
                                            .arg(LinesOf(first)));
     }
     const ByteView bytes = encoder->Encode(lines->top, lines->step);
     if (bytes.empty())
-        throw AviFailure(AviErrorText, QStringLiteral("The compressor failed."));
+        throw AviFailure(AviErrorText, u"The compressor failed."_s);
     return bytes;
 }
 

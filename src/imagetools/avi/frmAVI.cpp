@@ -21,6 +21,8 @@
 #include <exception>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -74,7 +76,7 @@ void frmAVI::reject()
         return;
     }
     work.Cancel();
-    ui->lblStatus->setText(QStringLiteral("Stopping..."));
+    ui->lblStatus->setText(u"Stopping..."_s);
 }
 
 void frmAVI::closeEvent(QCloseEvent* event)
@@ -94,8 +96,8 @@ void frmAVI::cmdFileOpen_Click()
     dialog.OwnerHwnd = winId();
     dialog.FileMustExist = true;
     dialog.HideReadOnly = true;
-    dialog.DlgTitle = QStringLiteral("Choose BMP file to add to video stream");
-    dialog.Filter = QStringLiteral("BMP Files|*.bmp:DIB Files|*.dib");
+    dialog.DlgTitle = u"Choose BMP file to add to video stream"_s;
+    dialog.Filter = u"BMP Files|*.bmp:DIB Files|*.dib"_s;
     dialog.InitDirectory = FolderOf(lastFile);
     QString file;
     if (dialog.VBGetOpenFileName(file))
@@ -159,10 +161,10 @@ void frmAVI::cmdWriteAVI_Click()
 {
     cFileDlg dialog;
     dialog.OwnerHwnd = winId();
-    dialog.DefaultExt = QStringLiteral("avi");
-    dialog.DlgTitle = QStringLiteral("Choose a filename to save AVI to...");
-    dialog.Filter = QStringLiteral("AVI Files|*.avi");
-    QString path = QStringLiteral("MyAVI.avi");
+    dialog.DefaultExt = u"avi"_s;
+    dialog.DlgTitle = u"Choose a filename to save AVI to..."_s;
+    dialog.Filter = u"AVI Files|*.avi"_s;
+    QString path = u"MyAVI.avi"_s;
     if (!dialog.VBGetSaveFileName(path))
         return;
     RunCommand([&] {
@@ -233,7 +235,7 @@ void frmAVI::StartWriting()
 
 void frmAVI::ShowFrame(qsizetype frame)
 {
-    ui->lblStatus->setText(QStringLiteral("Frame number %1 saved").arg(frame));
+    ui->lblStatus->setText(u"Frame number %1 saved"_s.arg(frame));
     ui->pgbFrames->setValue(static_cast<int>(frame + 1));
     const bool isLast = frame + 1 == list.files.size();
     if (!isLast && sincePreview.isValid() && sincePreview.elapsed() < PreviewShare * previewCost)
@@ -274,8 +276,7 @@ void frmAVI::WritingEnded()
             }
         });
     } else {
-        ui->lblStatus->setText(state == AviState::Finished ? QStringLiteral("Finished!")
-                                                           : QStringLiteral("Stopped. No file was written."));
+        ui->lblStatus->setText(state == AviState::Finished ? u"Finished!"_s : u"Stopped. No file was written."_s);
     }
     if (closesAtEnd)
         close();

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -24,13 +26,13 @@ Plugin LoadPlugin()
     static const cAviCodecs* loaded = nullptr;
     if (loaded != nullptr)
         return {loaded, {}};
-    const QString path = LibraryFile(QStringLiteral("AviCodecsOB"));
+    const QString path = LibraryFile(u"AviCodecsOB"_s);
     if (!FileExists(path))
-        return {nullptr, QStringLiteral("The compressors are missing: there is no %1.").arg(path)};
+        return {nullptr, u"The compressors are missing: there is no %1."_s.arg(path)};
     QLibrary library(path);
     const auto open = reinterpret_cast<AviCodecsOB_Function*>(library.resolve(AviCodecsOB_Name));
     if (open == nullptr)
-        return {nullptr, QStringLiteral("The compressors cannot be loaded: %1").arg(library.errorString())};
+        return {nullptr, u"The compressors cannot be loaded: %1"_s.arg(library.errorString())};
     loaded = open();
     return {loaded, {}};
 }
@@ -45,7 +47,7 @@ QString StepRefusal(const AviCodec& codec, int width, int height)
 {
     if (width % codec.sizeStep == 0 && height % codec.sizeStep == 0)
         return {};
-    return QStringLiteral("%1 needs a width and a height that are multiples of %2. These pictures have %3 x %4 pixels.")
+    return u"%1 needs a width and a height that are multiples of %2. These pictures have %3 x %4 pixels."_s
         .arg(TextOf(codec.description.substr(0, codec.description.find(':'))))
         .arg(codec.sizeStep)
         .arg(width)
@@ -83,14 +85,14 @@ AviEncoderResult MakeAviEncoder(const AviOptions& options, int width, int height
     const auto codec =
         std::find_if(codecs.begin(), codecs.end(), [&](const AviCodec& one) { return one.name == options.codec; });
     if (codec == codecs.end())
-        return {nullptr, QStringLiteral("There is no codec \"%1\" here.").arg(TextOf(options.codec))};
+        return {nullptr, u"There is no codec \"%1\" here."_s.arg(TextOf(options.codec))};
     if (const QString refusal = StepRefusal(*codec, width, height); !refusal.isEmpty())
         return {nullptr, refusal};
     std::string reason;
     auto encoder = plugin.codecs->MakeEncoder(options.codec, {width, height, framesPerSecond, options.quality}, reason);
     if (encoder)
         return {std::move(encoder), {}};
-    const QString refusal = QStringLiteral("This codec does not take pictures of %1 x %2 pixels (%3).");
+    const QString refusal = u"This codec does not take pictures of %1 x %2 pixels (%3)."_s;
     return {nullptr, refusal.arg(width).arg(height).arg(TextOf(reason))};
 }
 

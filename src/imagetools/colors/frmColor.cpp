@@ -9,6 +9,8 @@
 #include "shell/state/frmTool.h"
 #include "ui_frmColor.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmColor::frmColor(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmColor>())
@@ -31,9 +33,9 @@ ColorRef frmColor::Mixed() const
 void frmColor::Slider1_Change()
 {
     SetLabelColors(*ui->Colbox, Mixed(), Mixed());
-    ui->Label1->setText(QStringLiteral("Red - %1").arg(ui->Slider1_0->value()));
-    ui->Label2->setText(QStringLiteral("Green - %1").arg(ui->Slider1_1->value()));
-    ui->Label3->setText(QStringLiteral("Blue - %1").arg(ui->Slider1_2->value()));
+    ui->Label1->setText(u"Red - %1"_s.arg(ui->Slider1_0->value()));
+    ui->Label2->setText(u"Green - %1"_s.arg(ui->Slider1_1->value()));
+    ui->Label3->setText(u"Blue - %1"_s.arg(ui->Slider1_2->value()));
 }
 
 void frmColor::Command1_Click()

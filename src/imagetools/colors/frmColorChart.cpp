@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -60,7 +62,7 @@ QSize FieldSize(const QFont& font)
 {
     const QFontMetrics plain(font);
     const QFontMetrics bold(Bold(font));
-    int width = plain.horizontalAdvance(QStringLiteral("255 255 255"));
+    int width = plain.horizontalAdvance(u"255 255 255"_s);
     for (int color = 0; color < ColorCount; ++color)
         width = std::max(width, bold.horizontalAdvance(NameOfColor(color)));
     return {width + 2 * Margin, bold.lineSpacing() + plain.lineSpacing() + 2 * Margin};
@@ -70,7 +72,7 @@ QSize FieldSize(const QFont& font)
 
 QString ColorPartsText(ColorRef color)
 {
-    return QStringLiteral("%1 %2 %3").arg(color & 0xFF).arg((color >> 8) & 0xFF).arg((color >> 16) & 0xFF);
+    return u"%1 %2 %3"_s.arg(color & 0xFF).arg((color >> 8) & 0xFF).arg((color >> 16) & 0xFF);
 }
 
 frmColorChart::frmColorChart(QWidget* parent) : QWidget(parent)
@@ -78,7 +80,7 @@ frmColorChart::frmColorChart(QWidget* parent) : QWidget(parent)
     QStringList texts;
     for (int color = 0; color < ColorCount; ++color)
         texts.append(NameOfColor(color) + u' ' + ColorPartsText(ValueOf(color)));
-    setAccessibleDescription(texts.join(QStringLiteral(", ")));
+    setAccessibleDescription(texts.join(u", "_s));
 }
 
 QSize frmColorChart::sizeHint() const

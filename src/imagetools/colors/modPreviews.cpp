@@ -6,6 +6,8 @@
 #include "platform/language/modRuntime.h"
 #include "shell/state/cMainForm.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 // The last choice in this run, black at first.
@@ -14,13 +16,13 @@ static ColorRef lastColor = 0;
 QString ColorStatus(ColorRef color, NumberForm form)
 {
     const auto number = [form](ColorRef part) { return form == NumberForm::Plain ? NumberText(part) : Str(part); };
-    return QStringLiteral("R-") + number(color & 0xFF) + QStringLiteral("     G-") + number((color >> 8) & 0xFF) +
-           QStringLiteral("     B-") + number((color >> 16) & 0xFF) + QStringLiteral("     Long-") + number(color);
+    return u"R-"_s + number(color & 0xFF) + u"     G-"_s + number((color >> 8) & 0xFF) + u"     B-"_s +
+           number((color >> 16) & 0xFF) + u"     Long-"_s + number(color);
 }
 
 void mnuColorDialog_Click()
 {
-    const auto chosen = ColorBox(QStringLiteral("Color Previewer"), lastColor);
+    const auto chosen = ColorBox(u"Color Previewer"_s, lastColor);
     if (!chosen)
         return;
     lastColor = *chosen;
@@ -29,10 +31,9 @@ void mnuColorDialog_Click()
 
 void mnuToolFont_Click()
 {
-    const auto chosen = FontBox({QStringLiteral("MS Sans Serif"), 10, false, false});
+    const auto chosen = FontBox({u"MS Sans Serif"_s, 10, false, false});
     if (chosen && !chosen->name.isEmpty())
-        SetStatusText(QStringLiteral("Font:  ") + chosen->name + QStringLiteral("     size:  ") +
-                      NumberText(chosen->size));
+        SetStatusText(u"Font:  "_s + chosen->name + u"     size:  "_s + NumberText(chosen->size));
 }
 
 } // namespace ob

@@ -22,6 +22,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -31,7 +33,7 @@ constexpr int TransparentSwatch = 16; // after the sixteen
 
 QString ColorText(ColorRef color)
 {
-    return color == TransparentColor ? QStringLiteral("Transparent") : NameFromColor(QString::number(color));
+    return color == TransparentColor ? u"Transparent"_s : NameFromColor(QString::number(color));
 }
 
 QPixmap PixmapOf(const Icon& icon)
@@ -72,7 +74,7 @@ void frmIcon::MakeSwatches()
 {
     swatches = new QButtonGroup(this);
     for (int index = 0; index < static_cast<int>(SwatchColor.size()); ++index) {
-        auto* swatch = findChild<frmIconSwatch*>(QStringLiteral("Picture2_%1").arg(index));
+        auto* swatch = findChild<frmIconSwatch*>(u"Picture2_%1"_s.arg(index));
         swatch->SetColor(SwatchColor[static_cast<std::size_t>(index)]);
         swatch->setToolTip(ColorText(swatch->Color()));
         swatch->setAccessibleName(ColorText(swatch->Color()));
@@ -136,7 +138,7 @@ void frmIcon::ShowSheet(const QString& news)
 {
     ui->Picture1->setPixmap(PixmapOf(sheet.icon));
     ui->Picture3->ShowIcon(sheet.icon);
-    items.value(QStringLiteral("und"))->setEnabled(sheet.canUndo);
+    items.value(u"und"_s)->setEnabled(sheet.canUndo);
     buttons[RuntimeButton - 1]->setEnabled(!sheet.isEmpty);
     if (news.isEmpty())
         ShowHint();
@@ -147,9 +149,9 @@ void frmIcon::ShowSheet(const QString& news)
 void frmIcon::ShowHint()
 {
     ui->lblState->setText(tool == IconTool::Paint
-                              ? QStringLiteral("Left button: paint. Right button: take the color of a pixel.")
-                              : QStringLiteral("Left button: change every pixel of that color. Right button: take the "
-                                               "color of a pixel."));
+                              ? u"Left button: paint. Right button: take the color of a pixel."_s
+                              : u"Left button: change every pixel of that color. Right button: take the "
+                                "color of a pixel."_s);
 }
 
 void frmIcon::ShowPlace(IconPoint place)
@@ -157,7 +159,7 @@ void frmIcon::ShowPlace(IconPoint place)
     const std::optional<IconPoint> cell = CellAt(place);
     if (cell)
         ui->lblState->setText(
-            QStringLiteral("%1, %2   %3").arg(cell->x).arg(cell->y).arg(ColorText(sheet.icon.At(cell->x, cell->y))));
+            u"%1, %2   %3"_s.arg(cell->x).arg(cell->y).arg(ColorText(sheet.icon.At(cell->x, cell->y))));
     else
         ShowHint();
 }
@@ -174,7 +176,7 @@ void frmIcon::SetTool(IconTool newTool)
 {
     tool = newTool;
     const bool paints = tool == IconTool::Paint;
-    items.value(paints ? QStringLiteral("mnuPaint") : QStringLiteral("chCol"))->setChecked(true);
+    items.value(paints ? u"mnuPaint"_s : u"chCol"_s)->setChecked(true);
     ui->Picture3->setCursor(paints ? Qt::CrossCursor : Qt::UpArrowCursor);
     ShowHint();
 }
@@ -310,10 +312,10 @@ void frmIcon::mnuRight_Click()
 void frmIcon::op_Click()
 {
     const QString path = FileBox({FilePurpose::Open,
-                                  QStringLiteral("Open or Extract Icon"),
+                                  u"Open or Extract Icon"_s,
                                   {},
                                   {},
-                                  QStringLiteral("Icons (*.ico)(*.icl)(*.exe)(*.dll)|*.ICO;*.ICL;*.EXE;*.DLL")});
+                                  u"Icons (*.ico)(*.icl)(*.exe)(*.dll)|*.ICO;*.ICL;*.EXE;*.DLL"_s});
     if (path.isEmpty())
         return;
     heldIcon.reset();
@@ -321,7 +323,7 @@ void frmIcon::op_Click()
     ShowOriginal({}, {});
     iconCount = IconCount(path);
     if (iconCount == 0) {
-        ui->lblState->setText(QStringLiteral("There is no icon in %1.").arg(NameOf(path)));
+        ui->lblState->setText(u"There is no icon in %1."_s.arg(NameOf(path)));
         return;
     }
     iconPath = path;
@@ -338,7 +340,7 @@ void frmIcon::ShowHeldIcon()
     Icon original;
     if (heldIcon)
         DrawIcon(original, *heldIcon);
-    const QString count = iconCount > 1 ? QStringLiteral("%1 of %2").arg(iconIndex + 1).arg(iconCount) : QString();
+    const QString count = iconCount > 1 ? u"%1 of %2"_s.arg(iconIndex + 1).arg(iconCount) : QString();
     ShowOriginal(original, NameOf(iconPath) + (count.isEmpty() ? QString() : u'\n' + count));
     ui->cmdChoose->setEnabled(heldIcon.has_value());
     ui->cmdIcon0->setVisible(iconCount > 1);
@@ -348,7 +350,7 @@ void frmIcon::ShowHeldIcon()
     if (heldIcon)
         ShowHint();
     else
-        ui->lblState->setText(QStringLiteral("This icon cannot be read."));
+        ui->lblState->setText(u"This icon cannot be read."_s);
 }
 
 void frmIcon::cmdIcon_Click(int index)
@@ -370,11 +372,7 @@ void frmIcon::cmdChoose_Click()
 
 void frmIcon::openBitmap_Click()
 {
-    const QString path = FileBox({FilePurpose::Open,
-                                  QStringLiteral("Open Bitmap"),
-                                  {},
-                                  {},
-                                  QStringLiteral("Images (*.bmp)|*.BMP;*.JPG;*.WMF;")});
+    const QString path = FileBox({FilePurpose::Open, u"Open Bitmap"_s, {}, {}, u"Images (*.bmp)|*.BMP;*.JPG;*.WMF;"_s});
     if (path.isEmpty())
         return;
     bitmap = LoadPicture(path);
@@ -415,7 +413,7 @@ void frmIcon::HidePicture()
 void frmIcon::picBmp_Selected(const IconRegion& region)
 {
     const Icon drawn = IconFromPicture(bitmap, region);
-    ShowOriginal(drawn, QStringLiteral("Part of the picture"));
+    ShowOriginal(drawn, u"Part of the picture"_s);
     Edit(sheet, WriteTempIcon(drawn));
     SetTool(IconTool::Paint);
     ShowSheet();
@@ -428,23 +426,22 @@ void frmIcon::sva_Click()
     int filter = 0;
     FileSpec box;
     box.purpose = FilePurpose::Save;
-    box.title = QStringLiteral("Save As");
-    box.filter = QStringLiteral("Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp");
+    box.title = u"Save As"_s;
+    box.filter = u"Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp"_s;
     box.filterIndex = &filter;
     const QString path = FileBox(box);
     if (path.isEmpty())
         return;
     ReplaceFile(path, filter == 1 ? BitmapFileOf(sheet.icon) : IconFileOf(sheet.icon));
     MarkSaved(sheet);
-    ShowSheet(QStringLiteral("Saved as %1.").arg(NameOf(path)));
+    ShowSheet(u"Saved as %1."_s.arg(NameOf(path)));
 }
 
 void frmIcon::runtimeicon_Click()
 {
-    const BoxAnswer answer = MsgBox(QStringLiteral("Is this program written in Orchard BASIC v4.x?"), BoxIcon::Question,
-                                    BoxButtons::YesNo, QStringLiteral("Orchard BASIC Version?"));
-    const QString path =
-        FileBox({FilePurpose::Open, QStringLiteral("Runtime Icon"), {}, {}, QStringLiteral("Runtime engine|*.exe")});
+    const BoxAnswer answer = MsgBox(u"Is this program written in Orchard BASIC v4.x?"_s, BoxIcon::Question,
+                                    BoxButtons::YesNo, u"Orchard BASIC Version?"_s);
+    const QString path = FileBox({FilePurpose::Open, u"Runtime Icon"_s, {}, {}, u"Runtime engine|*.exe"_s});
     if (path.isEmpty())
         return;
     try {
@@ -452,12 +449,12 @@ void frmIcon::runtimeicon_Click()
     } catch (const RuntimeError& error) {
         // There is no box for it.
         ShowReason(error);
-        ShowSheet(QStringLiteral("The icon was not put into %1: %2.").arg(NameOf(path), error.description));
+        ShowSheet(u"The icon was not put into %1: %2."_s.arg(NameOf(path), error.description));
         return;
     }
     sheet.icon = ReducedIcon(sheet.icon);
     ShowSheet();
-    MsgBox(QStringLiteral("Current Icon has been included in copy of runtime engine named ") + path);
+    MsgBox(u"Current Icon has been included in copy of runtime engine named "_s + path);
 }
 
 void frmIcon::hlp_Click()
@@ -467,7 +464,7 @@ void frmIcon::hlp_Click()
 
 void frmIcon::abo_Click()
 {
-    ChooseMenuItem(QStringLiteral("mnuHelpAbout"));
+    ChooseMenuItem(u"mnuHelpAbout"_s);
 }
 
 // --- The end. -------------------------------------------------------------------------------------------------------
@@ -476,7 +473,7 @@ frmIcon::Leaving frmIcon::QueryUnload()
 {
     if (!sheet.isChanged)
         return Leaving::Closes;
-    const BoxAnswer answer = MsgBox(QStringLiteral("Save icon?"), BoxIcon::Question, BoxButtons::YesNoCancel);
+    const BoxAnswer answer = MsgBox(u"Save icon?"_s, BoxIcon::Question, BoxButtons::YesNoCancel);
     if (answer == BoxAnswer::Yes)
         RunCommand([this] { sva_Click(); });
     // A requested save that fails keeps the window open.

@@ -9,6 +9,8 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -86,8 +88,8 @@ constexpr ButtonRow buttonRows[] = {
 
 QAction* AddItem(QMenu& menu, const ItemRow& row, QActionGroup& tools)
 {
-    QAction* item = menu.addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(row.icon))),
-                                   QString::fromLatin1(row.caption));
+    QAction* item =
+        menu.addAction(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(row.icon))), QString::fromLatin1(row.caption));
     item->setObjectName(QString::fromLatin1(row.name));
     item->setShortcut(QKeySequence(QString::fromLatin1(row.key)));
     if (row.kind == ItemKind::Tool) {
@@ -103,7 +105,7 @@ QAction* AddButton(QToolBar& bar, const ButtonRow& row, QAction& item, QActionGr
     QAction* button = bar.addAction(item.icon(), QString::fromLatin1(row.tip));
     button->setObjectName(QString::fromLatin1(row.key));
     if (!key.isEmpty())
-        button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), key));
+        button->setToolTip(u"%1 (%2)"_s.arg(button->text(), key));
     button->setCheckable(item.isCheckable());
     if (item.isCheckable())
         tools.addAction(button);

@@ -18,6 +18,8 @@
 #include <new>
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -367,7 +369,7 @@ Icon IconFromPicture(const cDIBSection& picture, const IconRegion& region)
 
 QString TempIconPath()
 {
-    return ProgramFile(QStringLiteral("temp.ico"));
+    return ProgramFile(u"temp.ico"_s);
 }
 
 Icon WriteTempIcon(const Icon& icon)

@@ -18,6 +18,8 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -34,7 +36,7 @@ QString WithLineFeeds(QString text)
 frmMedia::frmMedia(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMedia>()), tmrPlay(new QTimer(this))
 {
     ui->setupUi(this);
-    tmrPlay->setObjectName(QStringLiteral("tmrPlay"));
+    tmrPlay->setObjectName(u"tmrPlay"_s);
     tmrPlay->setInterval(TickLength);
     On(tmrPlay, &QTimer::timeout, this, &frmMedia::tmrPlay_Timer);
     On(ui->cmdOpen, this, &frmMedia::cmdOpen_Click);
@@ -42,7 +44,7 @@ frmMedia::frmMedia(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     On(ui->cmdStop, this, &frmMedia::cmdStop_Click);
     On(ui->cmdCode, this, &frmMedia::cmdCode_Click);
     On(ui->cmdCopy, this, &frmMedia::cmdCopy_Click);
-    On(ui->cmdAVI, this, [] { ChooseMenuItem(QStringLiteral("mnuToolAVI")); });
+    On(ui->cmdAVI, this, [] { ChooseMenuItem(u"mnuToolAVI"_s); });
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
     On(ui->chkPath, this, &frmMedia::WriteCodeMedia);
     On(ui->txtCode, &QPlainTextEdit::textChanged, this, &frmMedia::WriteCodeMedia);
@@ -71,8 +73,8 @@ void frmMedia::WriteCodeMedia()
 
 void frmMedia::cmdOpen_Click()
 {
-    file = OpenFileDialog(QStringLiteral("Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"), QDir::currentPath());
-    ui->lblFile->setText(file.isEmpty() ? QStringLiteral("No File") : file);
+    file = OpenFileDialog(u"Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"_s, QDir::currentPath());
+    ui->lblFile->setText(file.isEmpty() ? u"No File"_s : file);
     WriteCodeMedia();
     if (!file.isEmpty())
         ui->cmdPlay->setFocus();
@@ -88,7 +90,7 @@ void frmMedia::cmdPlay_Click()
     if (self.isNull())
         return;
     if (!PlayMedia(file)) {
-        MsgBox(QStringLiteral("File does not appear to be a valid media file."), BoxIcon::Critical);
+        MsgBox(u"File does not appear to be a valid media file."_s, BoxIcon::Critical);
         return;
     }
     if (self.isNull()) {
@@ -111,27 +113,27 @@ void frmMedia::cmdStop_Click()
 
 void frmMedia::cmdCode_Click()
 {
-    if (CopyText(ui->txtCode->toPlainText().replace(QLatin1Char('\n'), QStringLiteral("\r\n"))))
-        MsgBox(QStringLiteral("Code has been copied to the clipboard.  Please paste into your program."));
+    if (CopyText(ui->txtCode->toPlainText().replace(QLatin1Char('\n'), u"\r\n"_s)))
+        MsgBox(u"Code has been copied to the clipboard.  Please paste into your program."_s);
 }
 
 void frmMedia::cmdCopy_Click()
 {
     if (file.isEmpty()) {
-        MsgBox(QStringLiteral("No file to save!"));
+        MsgBox(u"No file to save!"_s);
         return;
     }
     const QString target =
-        FileBox({FilePurpose::Save, QStringLiteral("Save As..."), QDir::currentPath(), {}, MediaCopyFilter(file)});
+        FileBox({FilePurpose::Save, u"Save As..."_s, QDir::currentPath(), {}, MediaCopyFilter(file)});
     if (target.isEmpty())
         return;
     try {
         CopyMedia(file, target);
     } catch (const RuntimeError& error) {
-        FailureBox(QStringLiteral("Error saving file!"), error);
+        FailureBox(u"Error saving file!"_s, error);
         return;
     }
-    MsgBox(QStringLiteral("File has been saved as ") + target);
+    MsgBox(u"File has been saved as "_s + target);
 }
 
 void frmMedia::tmrPlay_Timer()

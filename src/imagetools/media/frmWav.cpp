@@ -13,15 +13,17 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmWav::frmWav(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmWav>())
 {
     ui->setupUi(this);
-    browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->Fil}, {QStringLiteral("*.wav")}, this);
+    browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->Fil}, {u"*.wav"_s}, this);
     On(browser, &FolderBrowser::FolderChanged, this, [this] {
         Fil_Click();
-        ui->lblState->setText(QStringLiteral("Reading the folder..."));
+        ui->lblState->setText(u"Reading the folder..."_s);
     });
     On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
     On(browser, &FolderBrowser::ChoiceChanged, this, [this] { Fil_Click(); });
@@ -42,8 +44,7 @@ frmWav::~frmWav()
 void frmWav::ShowCount()
 {
     const qsizetype count = browser->Files().size();
-    ui->lblState->setText(count == 0 ? QStringLiteral("No WAV files in this folder")
-                                     : QStringLiteral("WAV files: %1").arg(count));
+    ui->lblState->setText(count == 0 ? u"No WAV files in this folder"_s : u"WAV files: %1"_s.arg(count));
 }
 
 void frmWav::Fil_Click()
@@ -54,16 +55,16 @@ void frmWav::Fil_Click()
 void frmWav::cmdPlay_Click()
 {
     if (browser->ChosenName().isEmpty()) {
-        MsgBox(QStringLiteral("Please choose a wav from the file box!"), BoxIcon::Exclamation);
+        MsgBox(u"Please choose a wav from the file box!"_s, BoxIcon::Exclamation);
         return;
     }
     const bool isPlaying = sndPlaySoundA(browser->ChosenPath(), SND_ASYNC | SND_NODEFAULT);
     if (const QString missing = MissingMediaText(); !missing.isEmpty())
         MsgBox(missing, BoxIcon::Exclamation);
     else if (!isPlaying)
-        ui->lblState->setText(QStringLiteral("This file cannot be played."));
+        ui->lblState->setText(u"This file cannot be played."_s);
     else if (IsMediaSilent())
-        ui->lblState->setText(QStringLiteral("There is no sound device to play it on."));
+        ui->lblState->setText(u"There is no sound device to play it on."_s);
     else
         ShowCount();
 }
@@ -71,26 +72,23 @@ void frmWav::cmdPlay_Click()
 void frmWav::cmdStop_Click()
 {
     // Not the name of a sound: this only ends the one in progress.
-    sndPlaySoundA(QStringLiteral("1"), SND_SYNC);
+    sndPlaySoundA(u"1"_s, SND_SYNC);
 }
 
 void frmWav::cmdCopy_Click()
 {
     if (browser->ChosenName().isEmpty()) {
-        MsgBox(QStringLiteral("No wav is chosen!"));
+        MsgBox(u"No wav is chosen!"_s);
         return;
     }
-    const QString target = FileBox({FilePurpose::Save,
-                                    QStringLiteral("Save As..."),
-                                    QDir::currentPath(),
-                                    {},
-                                    QStringLiteral("Wav sound file (*.wav)|*.wav")});
+    const QString target =
+        FileBox({FilePurpose::Save, u"Save As..."_s, QDir::currentPath(), {}, u"Wav sound file (*.wav)|*.wav"_s});
     if (target.isEmpty())
         return;
     try {
         CopyMedia(browser->ChosenPath(), target);
     } catch (const RuntimeError& error) {
-        FailureBox(QStringLiteral("Error saving file!"), error);
+        FailureBox(u"Error saving file!"_s, error);
     }
 }
 

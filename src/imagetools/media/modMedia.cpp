@@ -15,6 +15,8 @@
 #include <span>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -34,21 +36,20 @@ void PlayOn(const QString& device, const QString& file)
 {
     StopMedia();
     QByteArray buffer(BufferSize, ' ');
-    mciSendStringA(QStringLiteral("open ") + device + u'!' + file + QStringLiteral(" alias PlayFile "), &buffer,
-                   BufferSize, 0);
-    MediaLength = Ask(QStringLiteral("status PlayFile length"));
-    mciSendStringA(QStringLiteral("play PlayFile"), nullptr, 0, 0);
+    mciSendStringA(u"open "_s + device + u'!' + file + u" alias PlayFile "_s, &buffer, BufferSize, 0);
+    MediaLength = Ask(u"status PlayFile length"_s);
+    mciSendStringA(u"play PlayFile"_s, nullptr, 0, 0);
 }
 
 QString TypeClause(MediaType type)
 {
     switch (type) {
     case MediaType::Midi:
-        return QStringLiteral(" type sequencer alias PlayFile");
+        return u" type sequencer alias PlayFile"_s;
     case MediaType::Avi:
-        return QStringLiteral(" type avivideo alias PlayFile");
+        return u" type avivideo alias PlayFile"_s;
     case MediaType::Mpeg:
-        return QStringLiteral(" type mpegvideo alias PlayFile");
+        return u" type mpegvideo alias PlayFile"_s;
     case MediaType::Unknown:
         break;
     }
@@ -66,39 +67,39 @@ QString ClockText(float milliseconds)
     // A damaged file can claim any length.
     constexpr float longest = 1e12F;
     const auto seconds = std::llround(std::floor(std::clamp(milliseconds, 0.0F, longest) / 1000));
-    const auto twoDigits = [](long long number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
+    const auto twoDigits = [](long long number) { return u"%1"_s.arg(number, 2, 10, QLatin1Char('0')); };
     const QString rest = twoDigits(seconds % 60);
     const auto minutes = seconds / 60;
     if (minutes < 60)
-        return QStringLiteral("%1:%2").arg(minutes).arg(rest);
-    return QStringLiteral("%1:%2:%3").arg(minutes / 60).arg(twoDigits(minutes % 60), rest);
+        return u"%1:%2"_s.arg(minutes).arg(rest);
+    return u"%1:%2:%3"_s.arg(minutes / 60).arg(twoDigits(minutes % 60), rest);
 }
 
 } // namespace
 
 void PlayAVI(const QString& file)
 {
-    PlayOn(QStringLiteral("AVIvideo"), file);
+    PlayOn(u"AVIvideo"_s, file);
 }
 
 void PlayMIDI(const QString& file)
 {
-    PlayOn(QStringLiteral("sequencer"), file);
+    PlayOn(u"sequencer"_s, file);
 }
 
 void PlayMPEG(const QString& file)
 {
-    PlayOn(QStringLiteral("MPEGvideo"), file);
+    PlayOn(u"MPEGvideo"_s, file);
 }
 
 void StopMedia()
 {
-    mciSendStringA(QStringLiteral("close all"), nullptr, 0, 0);
+    mciSendStringA(u"close all"_s, nullptr, 0, 0);
 }
 
 MediaProgress PollMedia()
 {
-    const float position = Ask(QStringLiteral("status PlayFile position"));
+    const float position = Ask(u"status PlayFile position"_s);
     if (position < MediaLength)
         return {position, false};
     StopMedia();
@@ -145,24 +146,22 @@ bool PlayMedia(const QString& file)
 QString MediaCode(const QString& file, MediaPath path)
 {
     const QString name = path == MediaPath::Whole ? file : WithoutFolders(file);
-    const QString call = QStringLiteral("calldll #winmm, \"mciSendStringA\", a$ as ptr, 0 as long, 0 as long, "
-                                        "0 as long, r as long\r\n");
-    return QStringLiteral("a$ = \"open ") + name + TypeClause(MediaTypeOf(file)) + QStringLiteral("\"\r\n") + call +
-           QStringLiteral("a$ = \"play PlayFile wait\"\r\n") + call + QStringLiteral("a$ = \"close PlayFile\"\r\n") +
-           call;
+    const QString call = u"calldll #winmm, \"mciSendStringA\", a$ as ptr, 0 as long, 0 as long, "
+                         "0 as long, r as long\r\n"_s;
+    return u"a$ = \"open "_s + name + TypeClause(MediaTypeOf(file)) + u"\"\r\n"_s + call +
+           u"a$ = \"play PlayFile wait\"\r\n"_s + call + u"a$ = \"close PlayFile\"\r\n"_s + call;
 }
 
 QString MediaCopyFilter(const QString& file)
 {
     switch (MediaTypeOf(file)) {
     case MediaType::Midi:
-        return QStringLiteral("MIDI Files (*.mid)| *.mid");
+        return u"MIDI Files (*.mid)| *.mid"_s;
     case MediaType::Avi:
-        return QStringLiteral("AVI Files (*.avi)| *.avi");
+        return u"AVI Files (*.avi)| *.avi"_s;
     case MediaType::Mpeg:
-        return EqualsIgnoreCase(MediaExtension(file), QLatin1String("mp3"))
-                   ? QStringLiteral("Music Files (*.mp3)| *.mp3")
-                   : QStringLiteral("Movie Files (*.mpg)| *.mpg");
+        return EqualsIgnoreCase(MediaExtension(file), QLatin1String("mp3")) ? u"Music Files (*.mp3)| *.mp3"_s
+                                                                            : u"Movie Files (*.mpg)| *.mpg"_s;
     case MediaType::Unknown:
         break;
     }
@@ -190,18 +189,18 @@ void CopyMedia(const QString& from, const QString& to)
 
 QString MediaTimeText(float position, float length)
 {
-    return ClockText(std::min(position, length)) + QStringLiteral(" / ") + ClockText(length);
+    return ClockText(std::min(position, length)) + u" / "_s + ClockText(length);
 }
 
 QString MissingMediaText()
 {
     switch (LastMediaTrouble()) {
     case MediaTrouble::NoPlayer:
-        return QStringLiteral("The library MediaPlayerOB, which plays media files, cannot be loaded.  Please reinstall "
-                              "Orchard Bench.");
+        return u"The library MediaPlayerOB, which plays media files, cannot be loaded.  Please reinstall "
+               "Orchard Bench."_s;
     case MediaTrouble::NoSoundFont:
-        return QStringLiteral("MIDI files need a sound font, and none was found.  Please install one, for example the "
-                              "package timgm6mb-soundfont.");
+        return u"MIDI files need a sound font, and none was found.  Please install one, for example the "
+               "package timgm6mb-soundfont."_s;
     case MediaTrouble::None:
     case MediaTrouble::NoSoundDevice:
         break;

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -39,7 +41,7 @@ qsizetype UnitsAt(const QString& text, qsizetype place)
 
 QFont FontOf(const MetafileFont& wanted, double pixels)
 {
-    QFont font(wanted.face.isEmpty() ? QStringLiteral("Arial") : wanted.face);
+    QFont font(wanted.face.isEmpty() ? u"Arial"_s : wanted.face);
     font.setStyleHint((wanted.pitch & 3) == 1         ? QFont::Monospace
                       : (wanted.pitch & 0xF0) == 0x10 ? QFont::Serif
                                                       : QFont::SansSerif);
@@ -119,8 +121,7 @@ bool cMetafileCanvas::PayForFont()
     constexpr double familyWork = 2e6;
     constexpr double sizeWork = 2e5;
     const MetafileFont& font = state.font;
-    const QString one = QStringLiteral("%1 %2 %3 %4 %5 %6")
-                            .arg(font.face)
+    const QString one = u"%1 %2 %3 %4 %5 %6"_s.arg(font.face)
                             .arg(font.height)
                             .arg(font.width)
                             .arg(font.weight)

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -82,7 +84,7 @@ MetafileFont StockFont(bool isFixed)
     MetafileFont font;
     font.height = -13;
     font.pitch = isFixed ? 1 : 2;
-    font.face = isFixed ? QStringLiteral("Courier New") : QStringLiteral("Arial");
+    font.face = isFixed ? u"Courier New"_s : u"Arial"_s;
     return font;
 }
 

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 std::uint32_t cFileDlg::AllFlags() const
@@ -64,7 +66,7 @@ bool cFileDlg::VBGetSaveFileName(QString& fileName) const
     if (!chosen.isEmpty() && !DefaultExt.isEmpty() && !NameOf(chosen).contains(u'.')) {
         chosen += u'.' + DefaultExt;
         // The box has asked about the name without its extension.
-        const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(chosen);
+        const QString question = u"%1 already exists.\nDo you want to replace it?"_s.arg(chosen);
         if (ExistFile(chosen) && MsgBox(question, BoxIcon::Question, BoxButtons::YesNo) != BoxAnswer::Yes)
             return false;
     }

@@ -11,6 +11,8 @@
 #include "shell/state/frmTool.h"
 #include "ui_frmBitmap.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 using namespace std::chrono_literals;
@@ -33,7 +35,7 @@ frmBitmap::~frmBitmap() = default;
 void frmBitmap::Connect()
 {
     On(browser, &FolderBrowser::FolderChanged, this, [this] {
-        ui->lblState->setText(QStringLiteral("Reading the folder..."));
+        ui->lblState->setText(u"Reading the folder..."_s);
         File1_Click();
     });
     On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
@@ -57,14 +59,12 @@ void frmBitmap::Connect()
 void frmBitmap::ShowCount()
 {
     const qsizetype count = browser->Files().size();
-    ui->lblState->setText(count == 0 ? QStringLiteral("No pictures in this folder")
-                                     : QStringLiteral("Pictures: %1").arg(count));
+    ui->lblState->setText(count == 0 ? u"No pictures in this folder"_s : u"Pictures: %1"_s.arg(count));
 }
 
 void frmBitmap::ShowListCount()
 {
-    ui->lblList->setText(
-        QStringLiteral("In the LoadBmp list: %1 of %2").arg(list.Paths().size()).arg(cLoadBmpList::Most));
+    ui->lblList->setText(u"In the LoadBmp list: %1 of %2"_s.arg(list.Paths().size()).arg(cLoadBmpList::Most));
 }
 
 void frmBitmap::AskFor(const QString& path)
@@ -88,7 +88,7 @@ void frmBitmap::ShowPreview(const Preview& preview)
     picture2 = preview;
     ui->Picture1->ShowPreview(preview);
     ui->lblName->setText(NameOf(preview.path));
-    ui->Label1->setText(QStringLiteral("Dimensions: %1 x %2").arg(preview.size.width()).arg(preview.size.height()));
+    ui->Label1->setText(u"Dimensions: %1 x %2"_s.arg(preview.size.width()).arg(preview.size.height()));
 }
 
 void frmBitmap::File1_Click()
@@ -122,8 +122,8 @@ void frmBitmap::cmdAdd_Click()
 void frmBitmap::cmdCreate_Click()
 {
     if (list.Count() < 1) {
-        const BoxAnswer answer = MsgBox(QStringLiteral("No bitmaps are selected. Do you want to add bitmaps?"),
-                                        BoxIcon::Question, BoxButtons::YesNo, QStringLiteral("Error!"));
+        const BoxAnswer answer = MsgBox(u"No bitmaps are selected. Do you want to add bitmaps?"_s, BoxIcon::Question,
+                                        BoxButtons::YesNo, u"Error!"_s);
         if (answer == BoxAnswer::No)
             reject();
         return;
@@ -132,7 +132,7 @@ void frmBitmap::cmdCreate_Click()
     const auto information = ui->chkPath->isChecked() ? PathInformation::Full : PathInformation::Left;
     if (!CopyText(LoadBmpText(list.Paths(), library, information)))
         return;
-    MsgBox(QStringLiteral("Bitmap list has been copied to the clipboard.  Please paste it into your program."),
+    MsgBox(u"Bitmap list has been copied to the clipboard.  Please paste it into your program."_s,
            BoxIcon::Information);
     accept();
 }
@@ -146,11 +146,11 @@ void frmBitmap::cmdCopy_Click()
     if (const auto preview = loader.Wait(patience))
         ShowPreview(*preview);
     if (picture2.IsEmpty()) {
-        MsgBox(QStringLiteral("No bitmap to save!"), BoxIcon::Exclamation);
+        MsgBox(u"No bitmap to save!"_s, BoxIcon::Exclamation);
         return;
     }
-    const QString path = FileBox({FilePurpose::Save, QStringLiteral("Save As..."), browser->Folder(), QString(),
-                                  QStringLiteral("Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;")});
+    const QString path = FileBox({FilePurpose::Save, u"Save As..."_s, browser->Folder(), QString(),
+                                  u"Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;"_s});
     if (!path.isEmpty())
         SaveImageFile(picture2.path, path, ui->chk256->isChecked() ? ImageColors::Reduced256 : ImageColors::AsTheyAre);
 }
@@ -161,9 +161,9 @@ void frmBitmap::cmdJpg_Click()
         MsgBox(NoImageLibraryText, BoxIcon::Exclamation);
         return;
     }
-    const QString folder = FolderBox(QStringLiteral("Save Image DLL to Disk"), browser->Folder());
+    const QString folder = FolderBox(u"Save Image DLL to Disk"_s, browser->Folder());
     if (!folder.isEmpty())
-        MsgBox(QStringLiteral("Image DLL saved as ") + WriteImageLibrary(folder));
+        MsgBox(u"Image DLL saved as "_s + WriteImageLibrary(folder));
 }
 
 void mnuToolBitmap_Click()

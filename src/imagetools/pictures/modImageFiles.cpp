@@ -12,6 +12,8 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -21,7 +23,7 @@ constexpr int LibraryNumber = 104;
 
 std::optional<std::string_view> Embedded(int number)
 {
-    return EmbeddedText(number, QStringLiteral("CUSTOM"));
+    return EmbeddedText(number, u"CUSTOM"_s);
 }
 
 void Save(const QString& source, const QString& target, ImageColors colors)
@@ -36,19 +38,18 @@ void Save(const QString& source, const QString& target, ImageColors colors)
 
 QStringList BitmapPatterns(ImageLibrary library)
 {
-    const QString patterns =
-        library == ImageLibrary::Used ? QStringLiteral("*.bmp;*.jpg;*.wmf;*.emf,*.gif") : QStringLiteral("*.bmp");
+    const QString patterns = library == ImageLibrary::Used ? u"*.bmp;*.jpg;*.wmf;*.emf,*.gif"_s : u"*.bmp"_s;
     return patterns.split(QLatin1Char(';'));
 }
 
 QString CannotBeShownText(const QString& path)
 {
-    return NameOf(path) + QStringLiteral(" cannot be shown.");
+    return NameOf(path) + u" cannot be shown."_s;
 }
 
 void SaveImageFile(const QString& source, const QString& target, ImageColors colors)
 {
-    const QString failed = QStringLiteral("Error saving file!");
+    const QString failed = u"Error saving file!"_s;
     try {
         Save(source, target, colors);
     } catch (const RuntimeError& error) {
@@ -58,9 +59,8 @@ void SaveImageFile(const QString& source, const QString& target, ImageColors col
         MsgBox(failed, BoxIcon::Critical);
         return;
     }
-    MsgBox((colors == ImageColors::Reduced256
-                ? QStringLiteral("Image has been saved in Windows default 256-color format as ")
-                : QStringLiteral("Image has been saved as ")) +
+    MsgBox((colors == ImageColors::Reduced256 ? u"Image has been saved in Windows default 256-color format as "_s
+                                              : u"Image has been saved as "_s) +
            target);
 }
 
@@ -71,9 +71,9 @@ bool CarriesImageLibrary()
 
 QString WriteImageLibrary(const QString& folder)
 {
-    const QString path = PathIn(folder, QStringLiteral("jpeg.dll"));
+    const QString path = PathIn(folder, u"jpeg.dll"_s);
     ReplaceFile(path, QByteArrayView(Embedded(LibraryNumber).value_or(std::string_view())), Durability::Unsynced);
-    ReplaceFile(PathIn(folder, QStringLiteral("jpeg.bas")),
+    ReplaceFile(PathIn(folder, u"jpeg.bas"_s),
                 QByteArrayView(Embedded(DemonstrationNumber).value_or(std::string_view())), Durability::Unsynced);
     return path;
 }

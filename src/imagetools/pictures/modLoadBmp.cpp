@@ -6,6 +6,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -32,44 +34,42 @@ QString Quoted(const QString& text)
 
 QString Line(const QString& text)
 {
-    return text + QStringLiteral("\r\n");
+    return text + u"\r\n"_s;
 }
 
 QString LoadLine(const QString& path, ImageLibrary library, PathInformation information)
 {
-    const QString place = information == PathInformation::Full
-                              ? Quoted(path)
-                              : QStringLiteral("DefaultDir$ + ") + Quoted(u'\\' + FileName(path));
-    const QString source = library == ImageLibrary::Used ? QStringLiteral("LoadImageFile(0, %1)").arg(place) : place;
-    return QStringLiteral("    loadbmp ") + Quoted(BitmapName(path)) + QStringLiteral(", ") + source;
+    const QString place =
+        information == PathInformation::Full ? Quoted(path) : u"DefaultDir$ + "_s + Quoted(u'\\' + FileName(path));
+    const QString source = library == ImageLibrary::Used ? u"LoadImageFile(0, %1)"_s.arg(place) : place;
+    return u"    loadbmp "_s + Quoted(BitmapName(path)) + u", "_s + source;
 }
 
 QString LoadSection(const QStringList& paths, ImageLibrary library, PathInformation information)
 {
-    QString text = Line(QStringLiteral("[loadBmps]"));
+    QString text = Line(u"[loadBmps]"_s);
     if (library == ImageLibrary::Used) {
-        text += Line(QStringLiteral("    'be sure jpeg.dll is in same directory as program file"));
-        text += Line(QStringLiteral("    open \"jpeg.dll\" for DLL as #j"));
+        text += Line(u"    'be sure jpeg.dll is in same directory as program file"_s);
+        text += Line(u"    open \"jpeg.dll\" for DLL as #j"_s);
     }
     for (const QString& path : paths)
         text += Line(LoadLine(path, library, information));
     if (library == ImageLibrary::Used)
-        text += Line(QStringLiteral("    close #j"));
-    return text + Line(QStringLiteral("    RETURN"));
+        text += Line(u"    close #j"_s);
+    return text + Line(u"    RETURN"_s);
 }
 
 QString UnloadSection(const QStringList& paths, ImageLibrary library)
 {
-    QString text = Line({}) + Line(QStringLiteral("[unloadBmps]"));
+    QString text = Line({}) + Line(u"[unloadBmps]"_s);
     for (const QString& path : paths)
-        text += Line(QStringLiteral("    unloadbmp ") + Quoted(BitmapName(path)));
-    text += Line(QStringLiteral("    RETURN")) + Line({});
+        text += Line(u"    unloadbmp "_s + Quoted(BitmapName(path)));
+    text += Line(u"    RETURN"_s) + Line({});
     if (library == ImageLibrary::Unused)
         return text;
-    return text + Line(QStringLiteral("Function LoadImageFile(hWnd, file$)")) +
-           Line(QStringLiteral("    calldll #j, \"LoadImageFile\",_")) +
-           Line(QStringLiteral("    hWnd as ulong, file$ as ptr,_")) +
-           Line(QStringLiteral("    LoadImageFile As ulong")) + Line(QStringLiteral("    End Function"));
+    return text + Line(u"Function LoadImageFile(hWnd, file$)"_s) + Line(u"    calldll #j, \"LoadImageFile\",_"_s) +
+           Line(u"    hWnd as ulong, file$ as ptr,_"_s) + Line(u"    LoadImageFile As ulong"_s) +
+           Line(u"    End Function"_s);
 }
 
 } // namespace

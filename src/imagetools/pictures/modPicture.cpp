@@ -15,6 +15,8 @@
 #include <QGuiApplication>
 #include <QImageReader>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -65,7 +67,7 @@ cDIBSection LoadPicture(const QString& path)
 bool CopyToClipboard(const cDIBSection& picture, ClipboardForm form)
 {
     if (form == ClipboardForm::Dib) {
-        MsgBox(QStringLiteral("I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"));
+        MsgBox(u"I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"_s);
         return false;
     }
     if (picture.hDib() == 0 || !qobject_cast<QGuiApplication*>(QCoreApplication::instance()))

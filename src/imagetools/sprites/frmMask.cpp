@@ -14,6 +14,8 @@
 #include <QDir>
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -75,7 +77,7 @@ void frmMask::DoMask(const QString& fileName)
 
 void frmMask::cmdOpen_Click()
 {
-    const QString path = OpenFileDialog(QStringLiteral("Sprite Image (*.bmp)|*.BMP"), QDir::currentPath());
+    const QString path = OpenFileDialog(u"Sprite Image (*.bmp)|*.BMP"_s, QDir::currentPath());
     if (!path.isEmpty())
         DoMask(path);
 }
@@ -84,14 +86,14 @@ void frmMask::cmdSave_Click()
 {
     FileSpec spec;
     spec.purpose = FilePurpose::Save;
-    spec.title = QStringLiteral("Save As");
-    spec.filter = QStringLiteral("Bitmap |*.bmp");
-    spec.extension = QStringLiteral("bmp");
+    spec.title = u"Save As"_s;
+    spec.filter = u"Bitmap |*.bmp"_s;
+    spec.extension = u"bmp"_s;
     QString path;
     try {
         path = FileBox(spec);
     } catch (const RuntimeError&) {
-        MsgBox(QStringLiteral("Sprite/mask was not saved."), BoxIcon::Critical);
+        MsgBox(u"Sprite/mask was not saved."_s, BoxIcon::Critical);
         return;
     }
     if (path.isEmpty())
@@ -99,7 +101,7 @@ void frmMask::cmdSave_Click()
     try {
         SaveMask(path, mask);
     } catch (const RuntimeError& error) {
-        FailureBox(QStringLiteral("Error saving file!"), error);
+        FailureBox(u"Error saving file!"_s, error);
         return;
     }
     setWindowTitle(path);
@@ -116,14 +118,14 @@ void frmMask::cmdBatch_Click()
 
 void frmMask::cmdHelp_Click()
 {
-    MsgBox(QStringLiteral("Click the *Batch* button to open a batch processing dialog.  It will allow you to process "
-                          "all bitmaps in a chosen directory to include masks.  Bitmap files will be overwritten with "
-                          "the masked versions.\n\n"
-                          "Open a sprite image bitmap.  A proper sprite is a figure surrounded by a black background.  "
-                          "The mask maker will automatically place a black and white mask of the image above the "
-                          "sprite, making a proper sprite for use with Orchard BASIC sprite functions.  If the "
-                          "resulting image looks correct, be sure to save it.  It will not be saved automatically.  "
-                          "Images that do not fit within the viewing area will still be masked properly."),
+    MsgBox(u"Click the *Batch* button to open a batch processing dialog.  It will allow you to process "
+           "all bitmaps in a chosen directory to include masks.  Bitmap files will be overwritten with "
+           "the masked versions.\n\n"
+           "Open a sprite image bitmap.  A proper sprite is a figure surrounded by a black background.  "
+           "The mask maker will automatically place a black and white mask of the image above the "
+           "sprite, making a proper sprite for use with Orchard BASIC sprite functions.  If the "
+           "resulting image looks correct, be sure to save it.  It will not be saved automatically.  "
+           "Images that do not fit within the viewing area will still be masked properly."_s,
            BoxIcon::Information);
 }
 

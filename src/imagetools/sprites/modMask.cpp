@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -50,15 +52,15 @@ cDIBSection EmptyPicture()
 
 } // namespace
 
-const QStringList BitmapPatterns = {QStringLiteral("*.bmp")};
+const QStringList BitmapPatterns = {u"*.bmp"_s};
 
-const QString BatchStartText = QStringLiteral("Choose a Directory.\nAll Bitmaps in the Directory will receive masks.\n"
-                                              "The bitmap files will be overwritten with the masked versions.");
-const QString BatchQuestionText = QStringLiteral(
-    "All bitmap files in this directory will receive masks and the files will be overwritten.  After the "
-    "masking has begun, press ESCAPE or the Cancel button to abort the operation.  Continue?");
+const QString BatchStartText = u"Choose a Directory.\nAll Bitmaps in the Directory will receive masks.\n"
+                               "The bitmap files will be overwritten with the masked versions."_s;
+const QString BatchQuestionText =
+    u"All bitmap files in this directory will receive masks and the files will be overwritten.  After the "
+    "masking has begun, press ESCAPE or the Cancel button to abort the operation.  Continue?"_s;
 const QString BatchCancelledText =
-    QStringLiteral("Operation cancelled.  Some bitmaps in this directory may not have received masks.");
+    u"Operation cancelled.  Some bitmaps in this directory may not have received masks."_s;
 
 cDIBSection SpriteWithMask(const cDIBSection& sprite)
 {
@@ -122,19 +124,18 @@ BatchEnd MaskFiles(const QString& folder, const QStringList& names, const BatchW
 
 QString NoBitmapsText(const QString& folder)
 {
-    return QStringLiteral("There are no bitmaps in %1!  Please choose another directory.")
-        .arg(QDir::toNativeSeparators(folder));
+    return u"There are no bitmaps in %1!  Please choose another directory."_s.arg(QDir::toNativeSeparators(folder));
 }
 
 QString BatchProgressText(qsizetype place, qsizetype count, const QString& folder)
 {
-    return QStringLiteral("Click CANCEL to abort.  Processing bitmap number ") + Str(place + 1) +
-           QStringLiteral(" of ") + Str(count) + QStringLiteral(" bitmaps in \n\n") + QDir::toNativeSeparators(folder);
+    return u"Click CANCEL to abort.  Processing bitmap number "_s + Str(place + 1) + u" of "_s + Str(count) +
+           u" bitmaps in \n\n"_s + QDir::toNativeSeparators(folder);
 }
 
 QString BatchFinishedText(const QString& folder)
 {
-    return QStringLiteral("All bitmaps in %1 now include masks.").arg(QDir::toNativeSeparators(folder));
+    return u"All bitmaps in %1 now include masks."_s.arg(QDir::toNativeSeparators(folder));
 }
 
 } // namespace ob

@@ -12,6 +12,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -52,16 +54,16 @@ PackagePlan PlanOf(const PackageArguments& arguments)
 {
     const QString token = PathOf(arguments.token);
     if (!IsTokenName(token))
-        throw ToolFailure(arguments.token, QStringLiteral("the name of a token file ends in tkn"));
+        throw ToolFailure(arguments.token, u"the name of a token file ends in tkn"_s);
     if (!FileExists(token))
-        throw ToolFailure(arguments.token, QStringLiteral("File not found"));
+        throw ToolFailure(arguments.token, u"File not found"_s);
     PackagePlan plan = PlanPackage(token, EngineFolderOf(arguments.engine));
     for (const std::string& file : arguments.added)
         plan.files.append(AbsolutePathOf(PathOf(file)));
     for (const std::string& name : arguments.removed) {
         const qsizetype place = PlaceInPackage(plan, PathOf(name));
         if (place < 0)
-            throw ToolFailure(name, QStringLiteral("no file of that name goes into the package"));
+            throw ToolFailure(name, u"no file of that name goes into the package"_s);
         plan.files.removeAt(place);
     }
     return plan;
@@ -77,7 +79,7 @@ void Make(const PackageArguments& arguments)
         return MakePackage(plan, arguments.zip ? PackageZip::Yes : PackageZip::No, watch);
     });
     if (outcome.end == PackageEnd::ZipFailed)
-        throw ToolFailure((PackageZipBase(plan) + QStringLiteral(".zip")).toStdString(), outcome.reason);
+        throw ToolFailure((PackageZipBase(plan) + u".zip"_s).toStdString(), outcome.reason);
 }
 
 } // namespace

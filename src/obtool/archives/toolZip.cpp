@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -32,7 +34,7 @@ void MakeArchive(const ZipArguments& arguments)
     if (zip.MakeZipFile() != 0)
         throw ToolFailure(arguments.out, zip.GetLastMessage());
     for (const QString& spec : zip.UnmatchedFiles())
-        WriteNote(QStringLiteral("no file matches ") + spec);
+        WriteNote(u"no file matches "_s + spec);
 }
 
 } // namespace

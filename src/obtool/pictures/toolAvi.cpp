@@ -7,6 +7,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -32,7 +34,7 @@ AviList ListOf(const std::vector<std::string>& files)
             if (const auto format = FormatForList(list, path, Notes()))
                 AddToList(list, path, *format);
         } catch (const NumberedError& error) {
-            WriteNote(QStringLiteral("%1: %2").arg(path, QString::fromUtf8(error.what())));
+            WriteNote(u"%1: %2"_s.arg(path, QString::fromUtf8(error.what())));
         }
     }
     return list;
@@ -44,7 +46,7 @@ void Write(const AviArguments& arguments)
         throw CLI::RequiredError("FILE");
     const AviList list = ListOf(arguments.files);
     if (list.files.isEmpty())
-        throw ToolFailure(arguments.out, QStringLiteral("There is no bitmap to make a video of."));
+        throw ToolFailure(arguments.out, u"There is no bitmap to make a video of."_s);
     cAviWriting writing(PathOf(arguments.out), list, QString::fromStdString(arguments.framesPerSecond), Notes());
     OnFile(arguments.out, [&] {
         AviState state = writing.Begin([&](const AviFormat&) {

@@ -10,6 +10,8 @@
 #include <memory>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -28,7 +30,7 @@ void WithIcons(const std::string& file, Work work)
     OnFile(file, [&] {
         const cIconIndex icons = IconsOfFile(PathOf(file));
         if (icons.Count() == 0)
-            throw ToolFailure(file, QStringLiteral("There is no icon in the file."));
+            throw ToolFailure(file, u"There is no icon in the file."_s);
         work(icons);
     });
 }
@@ -38,10 +40,10 @@ Icon IconOf(const std::string& file, int index)
     Icon icon;
     WithIcons(file, [&](const cIconIndex& icons) {
         if (index < 0 || index >= icons.Count())
-            throw ToolFailure(file, QStringLiteral("There is no icon %1 in the file.").arg(index));
+            throw ToolFailure(file, u"There is no icon %1 in the file."_s.arg(index));
         const std::optional<IconImage> image = icons.Extract(index);
         if (!image)
-            throw ToolFailure(file, QStringLiteral("Icon %1 cannot be read.").arg(index));
+            throw ToolFailure(file, u"Icon %1 cannot be read."_s.arg(index));
         DrawIcon(icon, *image);
     });
     return icon;
@@ -65,7 +67,7 @@ void List(const std::string& file)
         }
         WriteOutput({}, report);
         if (unreadable)
-            throw ToolFailure(file, QStringLiteral("Icon %1 cannot be read.").arg(*unreadable));
+            throw ToolFailure(file, u"Icon %1 cannot be read."_s.arg(*unreadable));
     });
 }
 

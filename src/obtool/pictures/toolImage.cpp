@@ -15,6 +15,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -95,7 +97,7 @@ void Resample(const ImageArguments& arguments)
     OnFile(arguments.in, [&] {
         const std::optional<cDIBSection> scaled = picture.Resample(arguments.height, arguments.width);
         if (!scaled)
-            throw ToolFailure(arguments.in, QStringLiteral("A picture of that size cannot be made."));
+            throw ToolFailure(arguments.in, u"A picture of that size cannot be made."_s);
         scaled->WriteFile(arguments.out, ToolWriter());
     });
 }

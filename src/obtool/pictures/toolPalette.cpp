@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -31,7 +33,7 @@ void MakeOptimal(const PaletteArguments& arguments, cPalette& palette)
 {
     const cDIBSection picture = ReadPictureArgument(arguments.from);
     cPalette::OptimalEvents events;
-    events.reducingFailed = [](std::int64_t) { WriteNote(QStringLiteral("Error in reducing nodes")); };
+    events.reducingFailed = [](std::int64_t) { WriteNote(u"Error in reducing nodes"_s); };
     OnFile(arguments.from, [&] {
         palette.CreateOptimal(picture, arguments.colors, static_cast<std::uint8_t>(arguments.level), events);
     });

@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -35,7 +37,7 @@ cPalette ReadPaletteArgument(const std::string& file, PaletteFormat format)
     const bool isRead = format == PaletteFormat::Text ? palette.LoadFromJASCFile(file, ReaderOf(bytes))
                                                       : palette.Load(file, position, ReaderOf(bytes));
     if (!isRead)
-        throw ToolFailure(file, QStringLiteral("The palette cannot be read."));
+        throw ToolFailure(file, u"The palette cannot be read."_s);
     return palette;
 }
 

@@ -6,11 +6,13 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
-const QString Group = QStringLiteral("Desktop Entry");
+const QString Group = u"Desktop Entry"_s;
 
 // A program's name or full path to its full path; empty where it is not installed.
 QString FullPathOf(const QString& program)
@@ -73,20 +75,20 @@ QString cDesktopEntry::Value(const char* key) const
 
 bool cDesktopEntry::ClaimsType(const QString& type) const
 {
-    return file.List(Group, QStringLiteral("MimeType")).contains(type);
+    return file.List(Group, u"MimeType"_s).contains(type);
 }
 
 bool cDesktopEntry::HasCategory(const QString& category) const
 {
-    return file.List(Group, QStringLiteral("Categories")).contains(category);
+    return file.List(Group, u"Categories"_s).contains(category);
 }
 
 bool cDesktopEntry::IsShownIn(const QStringList& desktops) const
 {
-    if (file.IsTrue(Group, QStringLiteral("NoDisplay")))
+    if (file.IsTrue(Group, u"NoDisplay"_s))
         return false;
-    const QStringList shown = file.List(Group, QStringLiteral("OnlyShowIn"));
-    const QStringList notShown = file.List(Group, QStringLiteral("NotShowIn"));
+    const QStringList shown = file.List(Group, u"OnlyShowIn"_s);
+    const QStringList notShown = file.List(Group, u"NotShowIn"_s);
     for (const QString& desktop : desktops)
         if (shown.contains(desktop) || notShown.contains(desktop))
             return shown.contains(desktop);
@@ -106,7 +108,7 @@ std::optional<QString> cDesktopEntry::Expanded(const QString& argument) const
         if (code == u'%')
             text += code;
         else if (code == u'c')
-            text += file.Text(Group, QStringLiteral("Name"), locale);
+            text += file.Text(Group, u"Name"_s, locale);
         else if (code == u'k')
             text += path;
         else if (code != u'i' && !IsDroppedCode(code))
@@ -125,8 +127,8 @@ std::optional<QStringList> cDesktopEntry::ExpandedArguments() const
         if (IsOneCode(argument) && IsDroppedCode(argument[1]))
             continue;
         if (IsOneCode(argument) && argument[1] == u'i') {
-            const QString icon = file.Text(Group, QStringLiteral("Icon"), locale);
-            expanded += icon.isEmpty() ? QStringList() : QStringList{QStringLiteral("--icon"), icon};
+            const QString icon = file.Text(Group, u"Icon"_s, locale);
+            expanded += icon.isEmpty() ? QStringList() : QStringList{u"--icon"_s, icon};
             continue;
         }
         const std::optional<QString> text = Expanded(argument);
@@ -139,8 +141,8 @@ std::optional<QStringList> cDesktopEntry::ExpandedArguments() const
 
 std::optional<QStringList> cDesktopEntry::Command() const
 {
-    if (Value("Type") != QLatin1String("Application") || file.IsTrue(Group, QStringLiteral("Hidden")) ||
-        file.IsTrue(Group, QStringLiteral("Terminal")))
+    if (Value("Type") != QLatin1String("Application") || file.IsTrue(Group, u"Hidden"_s) ||
+        file.IsTrue(Group, u"Terminal"_s))
         return std::nullopt;
     const QString tried = Value("TryExec");
     if (!tried.isEmpty() && FullPathOf(tried).isEmpty())

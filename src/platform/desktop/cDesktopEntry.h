@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A program's desktop entry ("Desktop Entry Specification" 1.5): what it claims to open and how it is started.
+// A program's desktop entry (freedesktop.org, desktop entries 1.5): what it claims to open and how it is started.
 #pragma once
 
 #include "platform/desktop/cKeyFile.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A file of groups with lines "key=value", such as desktop entries and lists of default programs ("Desktop Entry
-// Specification" 1.5, sections 3 to 5).
+// A file of groups with lines "key=value", such as desktop entries and lists of default programs (freedesktop.org, desktop
+// entries 1.5, sections 3 to 5).
 #pragma once
 
 #include <QByteArrayView>

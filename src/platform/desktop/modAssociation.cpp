@@ -16,6 +16,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -31,9 +33,8 @@ QString FolderFromEnvironment(const char* variable, const QString& otherwise)
 
 AssociationPlaces UsersPlaces(const QString& iconFolder)
 {
-    return {QCoreApplication::applicationFilePath(),
-            FolderFromEnvironment("XDG_DATA_HOME", QStringLiteral("/.local/share")),
-            FolderFromEnvironment("XDG_CONFIG_HOME", QStringLiteral("/.config")), iconFolder};
+    return {QCoreApplication::applicationFilePath(), FolderFromEnvironment("XDG_DATA_HOME", u"/.local/share"_s),
+            FolderFromEnvironment("XDG_CONFIG_HOME", u"/.config"_s), iconFolder};
 }
 
 QByteArray ExecutableInEntry(const QString& executable)
@@ -133,7 +134,7 @@ QByteArray WithProgramFirst(const QByteArray& list, const QByteArray& entry)
 
 namespace {
 
-const QString ProgramName = QStringLiteral("orchard-bench");
+const QString ProgramName = u"orchard-bench"_s;
 
 void WriteInto(const QString& folder, const QString& name, const QByteArray& bytes)
 {
@@ -144,12 +145,12 @@ void WriteInto(const QString& folder, const QString& name, const QByteArray& byt
 
 QByteArray EmbeddedFile(const QString& name)
 {
-    return ReadWhole(QStringLiteral(":/texts/") + name);
+    return ReadWhole(u":/texts/"_s + name);
 }
 
 QByteArray DesktopEntry(const QString& executable)
 {
-    QByteArrayList lines = EmbeddedFile(ProgramName + QStringLiteral(".desktop")).split('\n');
+    QByteArrayList lines = EmbeddedFile(ProgramName + u".desktop"_s).split('\n');
     for (QByteArray& line : lines)
         if (line.startsWith("Exec="))
             line = "Exec=" + ExecutableInEntry(executable) + " %f";
@@ -159,15 +160,13 @@ QByteArray DesktopEntry(const QString& executable)
 // app-48.png goes to hicolor/48x48/apps, app.svg to hicolor/scalable/apps.
 void WriteIcons(const AssociationPlaces& places)
 {
-    const QString theme = places.dataFolder + QStringLiteral("/icons/hicolor");
+    const QString theme = places.dataFolder + u"/icons/hicolor"_s;
     const QDir icons(places.iconFolder);
-    for (const QString& name : icons.entryList({QStringLiteral("app-*.png")}, QDir::Files)) {
+    for (const QString& name : icons.entryList({u"app-*.png"_s}, QDir::Files)) {
         const QString side = name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0);
-        WriteInto(QStringLiteral("%1/%2x%2/apps").arg(theme, side), ProgramName + QStringLiteral(".png"),
-                  ReadWhole(icons.filePath(name)));
+        WriteInto(u"%1/%2x%2/apps"_s.arg(theme, side), ProgramName + u".png"_s, ReadWhole(icons.filePath(name)));
     }
-    WriteInto(theme + QStringLiteral("/scalable/apps"), ProgramName + QStringLiteral(".svg"),
-              ReadWhole(icons.filePath(QStringLiteral("app.svg"))));
+    WriteInto(theme + u"/scalable/apps"_s, ProgramName + u".svg"_s, ReadWhole(icons.filePath(u"app.svg"_s)));
 }
 
 enum class ToolEnd { Done, Failed, Missing };
@@ -180,8 +179,8 @@ ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStr
     if (tool.isEmpty())
         return ToolEnd::Missing;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), places.dataFolder);
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), places.configFolder);
+    environment.insert(u"XDG_DATA_HOME"_s, places.dataFolder);
+    environment.insert(u"XDG_CONFIG_HOME"_s, places.configFolder);
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setStandardInputFile(QProcess::nullDevice());
@@ -196,14 +195,14 @@ ToolEnd RunTool(const AssociationPlaces& places, const QString& name, const QStr
 // Completes what the tool has written, or failed to write, for the two types; usually there is nothing left to do.
 void MakeDefault(const AssociationPlaces& places, const QString& entry)
 {
-    const QString name = QStringLiteral("mimeapps.list");
+    const QString name = u"mimeapps.list"_s;
     const QString path = places.configFolder + QLatin1Char('/') + name;
-    QStringList arguments = {QStringLiteral("default"), entry};
+    QStringList arguments = {u"default"_s, entry};
     for (const char* type : fileTypes)
         arguments.append(QString::fromLatin1(type));
     // The tool would replace a link by a file.
     if (!QFileInfo(path).isSymLink())
-        RunTool(places, QStringLiteral("xdg-mime"), arguments);
+        RunTool(places, u"xdg-mime"_s, arguments);
 
     const QByteArray list = FileExists(path) ? ReadWhole(path) : QByteArray();
     const QByteArray wanted = WithProgramFirst(list, entry.toUtf8());
@@ -213,18 +212,18 @@ void MakeDefault(const AssociationPlaces& places, const QString& entry)
 
 void AssociateInFolders(const AssociationPlaces& places)
 {
-    const QString entry = ProgramName + QStringLiteral(".desktop");
-    const QString typeName = ProgramName + QStringLiteral(".xml");
-    const QString types = places.dataFolder + QStringLiteral("/mime");
-    const QString applications = places.dataFolder + QStringLiteral("/applications");
+    const QString entry = ProgramName + u".desktop"_s;
+    const QString typeName = ProgramName + u".xml"_s;
+    const QString types = places.dataFolder + u"/mime"_s;
+    const QString applications = places.dataFolder + u"/applications"_s;
     WriteIcons(places);
-    WriteInto(types + QStringLiteral("/packages"), typeName, EmbeddedFile(typeName));
+    WriteInto(types + u"/packages"_s, typeName, EmbeddedFile(typeName));
     WriteInto(applications, entry, DesktopEntry(places.executable));
     // Without its tool the desktop has no list of types to update.
-    if (RunTool(places, QStringLiteral("update-mime-database"), {types}) == ToolEnd::Failed)
+    if (RunTool(places, u"update-mime-database"_s, {types}) == ToolEnd::Failed)
         throw RuntimeErrorOf(ErrorNumber::DeviceIoError);
     // This one only makes the desktop faster.
-    RunTool(places, QStringLiteral("update-desktop-database"), {applications});
+    RunTool(places, u"update-desktop-database"_s, {applications});
     MakeDefault(places, entry);
 }
 

@@ -10,6 +10,8 @@
 #include <QMimeDatabase>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -35,7 +37,7 @@ public:
     {
         for (const QString& folder : folders) {
             QStringList found;
-            QDirIterator files(folder, {QStringLiteral("*.desktop")}, QDir::Files, QDirIterator::Subdirectories);
+            QDirIterator files(folder, {u"*.desktop"_s}, QDir::Files, QDirIterator::Subdirectories);
             while (files.hasNext())
                 found.append(files.next().sliced(folder.size() + 1));
             found.sort();
@@ -101,19 +103,19 @@ Desktop::Desktop()
     for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation))
         AddFolder(folder, {});
     for (const QString& folder : applicationFolders)
-        AddFolder(folder, {QStringLiteral("defaults.list")});
+        AddFolder(folder, {u"defaults.list"_s});
 }
 
 void Desktop::AddFolder(const QString& folder, const QStringList& legacyLists)
 {
     QStringList names;
     for (const QString& desktop : Desktops())
-        names.append(desktop.toLower() + QStringLiteral("-mimeapps.list"));
-    names.append(QStringLiteral("mimeapps.list"));
+        names.append(desktop.toLower() + u"-mimeapps.list"_s);
+    names.append(u"mimeapps.list"_s);
     QList<cKeyFile> lists;
     for (const QString& name : names + legacyLists)
         lists.append(cKeyFile::Read(folder + u'/' + name));
-    folders.append({lists, cKeyFile::Read(folder + QStringLiteral("/mimeinfo.cache")), installed.NamesIn(folder)});
+    folders.append({lists, cKeyFile::Read(folder + u"/mimeinfo.cache"_s), installed.NamesIn(folder)});
 }
 
 // The programs associated with a type, the default ones first. A default counts even when its program does not claim
@@ -130,16 +132,16 @@ QStringList Desktop::ProgramsFor(const QString& type)
     };
     for (const ChoiceFolder& folder : folders) {
         for (const cKeyFile& list : folder.lists) {
-            addTo(associated, list.List(QStringLiteral("Added Associations"), type));
-            removed += list.List(QStringLiteral("Removed Associations"), type);
-            for (const QString& name : list.List(QStringLiteral("Default Applications"), type))
+            addTo(associated, list.List(u"Added Associations"_s, type));
+            removed += list.List(u"Removed Associations"_s, type);
+            for (const QString& name : list.List(u"Default Applications"_s, type))
                 if (associated.contains(name))
                     defaults.append(name);
                 else
                     addTo(defaults, {name});
         }
         // The cache may be out of date: only its order is used.
-        for (const QString& name : folder.cache.List(QStringLiteral("MIME Cache"), type) + folder.programs)
+        for (const QString& name : folder.cache.List(u"MIME Cache"_s, type) + folder.programs)
             if (folder.programs.contains(name) && installed.Entry(name)->ClaimsType(type))
                 addTo(associated, {name});
     }
@@ -162,7 +164,7 @@ std::optional<ProgramCall> Desktop::CallOf(const QString& program)
 std::optional<ProgramCall> Desktop::ProgramForTypes(QStringList types)
 {
     // A program that opens any bytes at all is not meant for pictures or sounds.
-    types.removeAll(QStringLiteral("application/octet-stream"));
+    types.removeAll(u"application/octet-stream"_s);
     types.removeAll(QString());
     for (const QString& type : types)
         for (const QString& program : ProgramsFor(type))
@@ -186,13 +188,13 @@ std::optional<ProgramCall> Desktop::ProgramOfCategory(const QString& category)
 QStringList TypesOfEnding(const QString& ending)
 {
     if (ending == QLatin1String("txt"))
-        return {QStringLiteral("text/plain")};
+        return {u"text/plain"_s};
     if (ending == QLatin1String("bmp"))
-        return {QStringLiteral("image/bmp")};
+        return {u"image/bmp"_s};
     if (ending == QLatin1String("wav"))
-        return {QStringLiteral("audio/x-wav"), QStringLiteral("audio/vnd.wave"), QStringLiteral("audio/wav")};
+        return {u"audio/x-wav"_s, u"audio/vnd.wave"_s, u"audio/wav"_s};
     if (ending == QLatin1String("doc"))
-        return {QStringLiteral("application/msword")};
+        return {u"application/msword"_s};
     return {};
 }
 
@@ -211,12 +213,12 @@ std::optional<ProgramCall> FindExecutable(const std::u16string& path)
 
 std::optional<ProgramCall> FileManager()
 {
-    return Desktop().ProgramForTypes({QStringLiteral("inode/directory")});
+    return Desktop().ProgramForTypes({u"inode/directory"_s});
 }
 
 std::optional<ProgramCall> Calculator()
 {
-    return Desktop().ProgramOfCategory(QStringLiteral("Calculator"));
+    return Desktop().ProgramOfCategory(u"Calculator"_s);
 }
 
 } // namespace ob

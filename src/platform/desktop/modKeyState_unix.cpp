@@ -7,6 +7,8 @@
 #include <QGuiApplication>
 #include <QLibrary>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -15,8 +17,7 @@ namespace {
 unsigned IndicatorState(void* display)
 {
     using GetState = int (*)(void*, unsigned, unsigned*);
-    static const auto getState =
-        reinterpret_cast<GetState>(QLibrary::resolve(QStringLiteral("X11"), 6, "XkbGetIndicatorState"));
+    static const auto getState = reinterpret_cast<GetState>(QLibrary::resolve(u"X11"_s, 6, "XkbGetIndicatorState"));
     constexpr unsigned CoreKeyboard = 0x100;
     unsigned state = 0;
     return getState != nullptr && getState(display, CoreKeyboard, &state) == 0 ? state : 0;
@@ -24,9 +25,9 @@ unsigned IndicatorState(void* display)
 
 bool IsLampOn(const QString& lamp)
 {
-    const QDir lamps(QStringLiteral("/sys/class/leds"));
-    for (const QString& name : lamps.entryList({QStringLiteral("*::") + lamp}, QDir::Dirs | QDir::System)) {
-        QFile brightness(lamps.filePath(name + QStringLiteral("/brightness")));
+    const QDir lamps(u"/sys/class/leds"_s);
+    for (const QString& name : lamps.entryList({u"*::"_s + lamp}, QDir::Dirs | QDir::System)) {
+        QFile brightness(lamps.filePath(name + u"/brightness"_s));
         if (brightness.open(QIODevice::ReadOnly) && brightness.readAll().trimmed().toInt() > 0)
             return true;
     }
@@ -41,7 +42,7 @@ bool IsLockOn(LockKey key)
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 != nullptr && x11->display() != nullptr)
         return (IndicatorState(x11->display()) & (key == LockKey::CapsLock ? 1u : 2u)) != 0;
-    return IsLampOn(key == LockKey::CapsLock ? QStringLiteral("capslock") : QStringLiteral("numlock"));
+    return IsLampOn(key == LockKey::CapsLock ? u"capslock"_s : u"numlock"_s);
 }
 
 } // namespace ob

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -35,7 +37,7 @@ QString FileNamed(QStringView part, const std::function<bool(const QString&)>& f
     QString asWritten = part.toString();
     if (fileExists(asWritten))
         return asWritten;
-    QString withEnding = asWritten + QStringLiteral(".exe");
+    QString withEnding = asWritten + u".exe"_s;
     return !HasEnding(part) && fileExists(withEnding) ? withEnding : QString();
 }
 

@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -40,7 +42,7 @@ StartEnd Start(QString program, QStringList arguments)
 {
     if (NeedsWine(program)) {
         arguments.prepend(program);
-        program = QStandardPaths::findExecutable(QStringLiteral("wine"));
+        program = QStandardPaths::findExecutable(u"wine"_s);
     }
     const bool started = !program.isEmpty() && QProcess::startDetached(program, arguments, QDir::currentPath());
     return started ? StartEnd::Started : StartEnd::Refused;

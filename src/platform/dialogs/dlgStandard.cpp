@@ -19,6 +19,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -142,11 +144,11 @@ QString ToolkitFilters(const FileSpec& spec)
 {
     QStringList lines;
     for (const FileFilter& filter : FileFiltersOf(spec.filter))
-        lines.append(QStringLiteral("%1 (%2)").arg(filter.label, filter.patterns.join(QLatin1Char(' '))));
+        lines.append(u"%1 (%2)"_s.arg(filter.label, filter.patterns.join(QLatin1Char(' '))));
     // Programs and files need no extension on Unix, so every file must be selectable.
     if (ThisSystem == System::Unix && spec.purpose == FilePurpose::Open)
-        lines.append(QStringLiteral("All Files (*)"));
-    return lines.join(QStringLiteral(";;"));
+        lines.append(u"All Files (*)"_s);
+    return lines.join(u";;"_s);
 }
 
 // The box's field with the chosen family; null when the box is not the toolkit's own.
@@ -164,7 +166,7 @@ BoxAnswer dlgStandard::Message(const MessageSpec& spec)
 {
     const bool needsAnswer = spec.buttons == BoxButtons::YesNo || spec.buttons == BoxButtons::AbortRetryIgnore;
     QuestionBox box(Owner(), needsAnswer ? QuestionBox::NeedsAnswer : QuestionBox::MayBeLeft);
-    box.setWindowTitle(spec.title.isEmpty() ? QStringLiteral("OB Bench") : spec.title);
+    box.setWindowTitle(spec.title.isEmpty() ? u"OB Bench"_s : spec.title);
     box.setTextFormat(Qt::PlainText);
     box.setText(spec.text);
     box.setIcon(IconOf(spec.icon));

@@ -9,6 +9,8 @@
 
 #include <deque>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -114,7 +116,7 @@ std::unique_ptr<cPrintJob> frmPrinter::StartOnDefaultPrinter(const QString& titl
 {
     auto printer = std::make_unique<QPrinter>(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
     printer->setDocName(title);
-    printer->setCreator(QStringLiteral("Orchard Bench " OB_VERSION));
+    printer->setCreator(u"Orchard Bench " OB_VERSION ""_s);
     return StartOn(std::move(printer));
 }
 

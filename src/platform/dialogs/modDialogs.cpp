@@ -12,6 +12,8 @@
 #include <new>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -107,7 +109,7 @@ QString FileBox(const FileSpec& spec)
 
 QString OpenFileDialog(const QString& filter, const QString& folder)
 {
-    return FileBox({FilePurpose::Open, QStringLiteral("Open File..."), folder, {}, filter});
+    return FileBox({FilePurpose::Open, u"Open File..."_s, folder, {}, filter});
 }
 
 QString FolderBox(const QString& title, const QString& start)
@@ -136,7 +138,7 @@ QList<FileFilter> FileFiltersOf(const QString& filter)
             pattern.remove(QLatin1Char('(')).remove(QLatin1Char(')'));
             pattern = pattern.trimmed();
             // "*.*" means every file, also one without a dot.
-            pair.patterns.append(pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern);
+            pair.patterns.append(pattern == QLatin1String("*.*") ? u"*"_s : pattern);
         }
         filters.append(pair);
     }
@@ -155,15 +157,14 @@ void ShowReason(const RuntimeError& error)
 
 void ShowRuntimeError(const NumberedError& error)
 {
-    MsgBox(QStringLiteral("Run-time error '%1':\n%2").arg(error.number).arg(QString::fromUtf8(error.what())),
-           BoxIcon::Critical);
+    MsgBox(u"Run-time error '%1':\n%2"_s.arg(error.number).arg(QString::fromUtf8(error.what())), BoxIcon::Critical);
     if (const auto* runtime = dynamic_cast<const RuntimeError*>(&error))
         GiveReason(runtime->reason);
 }
 
 static void ShowUnexpectedError(const QString& reason)
 {
-    MsgBox(QStringLiteral("This command ended with an unexpected error:\n") + reason, BoxIcon::Critical);
+    MsgBox(u"This command ended with an unexpected error:\n"_s + reason, BoxIcon::Critical);
 }
 
 void ShowCaughtError()
@@ -173,11 +174,11 @@ void ShowCaughtError()
     } catch (const NumberedError& error) {
         ShowRuntimeError(error);
     } catch (const std::bad_alloc&) {
-        ShowRuntimeError(RuntimeError(7, {}, QStringLiteral("Out of memory")));
+        ShowRuntimeError(RuntimeError(7, {}, u"Out of memory"_s));
     } catch (const std::exception& error) {
         ShowUnexpectedError(QString::fromLocal8Bit(error.what()));
     } catch (...) {
-        ShowUnexpectedError(QStringLiteral("no reason is known"));
+        ShowUnexpectedError(u"no reason is known"_s);
     }
 }
 

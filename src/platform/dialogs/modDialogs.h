@@ -116,12 +116,12 @@ void ShowReason(const RuntimeError& error);
 // "Run-time error 'N':", a line break and the description, with the stop icon; the reason goes to the status bar.
 void ShowRuntimeError(const NumberedError& error);
 
-// Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the runtime's
-// error 7, any other with its reason.
+// Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the
+// runtime's error 7, any other with its reason.
 void ShowCaughtError();
 
-// Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the runtime's
-// error 7, any other with its reason.
+// Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the
+// runtime's error 7, any other with its reason.
 void ShowCaughtError();
 
 enum class CommandEnd { Finished, Failed };

@@ -12,6 +12,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -31,7 +33,7 @@ public:
     {
         bytes.open(QIODevice::WriteOnly);
         writer.setTitle(title);
-        writer.setCreator(QStringLiteral("Orchard Bench " OB_VERSION));
+        writer.setCreator(u"Orchard Bench " OB_VERSION ""_s);
         const QMarginsF margins(MarginMillimetres, MarginMillimetres, MarginMillimetres, MarginMillimetres);
         writer.setPageLayout({QPageSize(UsualPaper()), QPageLayout::Portrait, margins, QPageLayout::Millimeter});
         painter.begin(&writer);

@@ -22,7 +22,11 @@ cFileReplacement::cFileReplacement(const QString& path, Durability fileDurabilit
         RaiseFileError(ErrorNumber::PathFileAccess, path, std::errc::operation_not_supported);
     if (fs::exists(status))
         RequireWritable(target, path);
-    if (!fs::is_directory(FolderOfNative(target), error))
+    const bool hasFolder = fs::is_directory(FolderOfNative(target), error);
+    // A folder that may not be looked into can still be there.
+    if (error == std::errc::permission_denied)
+        RaiseFileError(error, path);
+    if (!hasFolder)
         RaiseFileError(ErrorNumber::PathNotFound, path, std::errc::no_such_file_or_directory);
     file.emplace(target, path);
 }

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -161,7 +163,7 @@ std::optional<QString> FindIgnoringCase(const QString& folder, const QString& na
     const QStringList parts = separated.split(u'/', Qt::SkipEmptyParts);
     if (parts.isEmpty())
         return std::nullopt;
-    const QString start = folder.isEmpty() ? QStringLiteral(".") : folder;
+    const QString start = folder.isEmpty() ? u"."_s : folder;
     if (QFileInfo::exists(start + u'/' + name))
         return QDir::toNativeSeparators(name);
     return FindParts(start, parts);

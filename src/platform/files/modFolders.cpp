@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -40,8 +42,8 @@ QString ExpressionOf(const QString& pattern)
         return expression;
     const QString last = pieces.takeLast();
     for (const QString& piece : pieces)
-        expression += QStringLiteral("(?>.*?%1)").arg(piece);
-    return expression + QStringLiteral(".*") + last;
+        expression += u"(?>.*?%1)"_s.arg(piece);
+    return expression + u".*"_s + last;
 }
 
 } // namespace
@@ -54,7 +56,7 @@ QList<Drive> NearDrives()
     const QString home = QDir::homePath();
     if (!home.isEmpty() &&
         std::none_of(drives.begin(), drives.end(), [&](const Drive& each) { return each.path == home; }))
-        drives.append({home, QDir::toNativeSeparators(home) + QStringLiteral(" (home)")});
+        drives.append({home, QDir::toNativeSeparators(home) + u" (home)"_s});
     return drives;
 }
 
@@ -76,7 +78,7 @@ QList<Drive> MountedDrives()
             continue;
         const QString label = volume.name();
         const QString path = QDir::toNativeSeparators(root);
-        drives.append({root, label.isEmpty() ? path : path + QStringLiteral(" (%1)").arg(label)});
+        drives.append({root, label.isEmpty() ? path : path + u" (%1)"_s.arg(label)});
     }
     return drives;
 }
@@ -92,10 +94,10 @@ int DriveOf(const QList<Drive>& drives, const QString& folder)
 
 QRegularExpression NamePattern(const QStringList& patterns)
 {
-    QStringList expressions = {QStringLiteral("(?!)")}; // nothing fits no pattern
+    QStringList expressions = {u"(?!)"_s}; // nothing fits no pattern
     for (const QString& pattern : patterns)
-        expressions.append(ExpressionOf(pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern));
-    return QRegularExpression(QStringLiteral("\\A(?:%1)\\z").arg(expressions.join(QLatin1Char('|'))),
+        expressions.append(ExpressionOf(pattern == QLatin1String("*.*") ? u"*"_s : pattern));
+    return QRegularExpression(u"\\A(?:%1)\\z"_s.arg(expressions.join(QLatin1Char('|'))),
                               QRegularExpression::CaseInsensitiveOption |
                                   QRegularExpression::DotMatchesEverythingOption);
 }

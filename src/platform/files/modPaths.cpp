@@ -12,6 +12,8 @@
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -30,14 +32,13 @@ bool CanWriteInto(const QString& folder)
     if (ThisSystem != System::Windows)
         return QFileInfo(folder).isWritable();
     // Only an attempt is reliable: other checks ignore the system's permission lists.
-    QTemporaryFile probe(folder + QStringLiteral("/obXXXXXX.tmp"));
+    QTemporaryFile probe(folder + u"/obXXXXXX.tmp"_s);
     return probe.open();
 }
 
 QString UsersFolder()
 {
-    const QString folder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/orchard-bench");
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/orchard-bench"_s;
     QDir().mkpath(folder);
     return WithoutTrailingSeparator(folder);
 }
@@ -60,7 +61,7 @@ bool Exists(const QString& path)
 
 QString SystemForm(const QString& path, std::filesystem::path (*convert)(const std::filesystem::path&))
 {
-    const QString error = QStringLiteral("error");
+    const QString error = u"error"_s;
     if (!Exists(path))
         return error;
     // A system without short names gives the path back as it is written.
@@ -98,7 +99,7 @@ QString ProgramFile(const QString& name)
 
 QString LibraryFile(const QString& name)
 {
-    const QString file = name + (ThisSystem == System::Windows ? QStringLiteral(".dll") : QStringLiteral(".so"));
+    const QString file = name + (ThisSystem == System::Windows ? u".dll"_s : u".so"_s);
     if (!libraryFolderSet.isEmpty())
         return Joined(libraryFolderSet, file);
     const QString ofProgram = ProgramFile(file);

@@ -2,35 +2,37 @@
 // The descriptions of the runtime's errors.
 #include "platform/language/cRuntimeError.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 static QString Description(ErrorNumber number)
 {
     switch (number) {
     case ErrorNumber::InvalidCall:
-        return QStringLiteral("Invalid procedure call or argument");
+        return u"Invalid procedure call or argument"_s;
     case ErrorNumber::Overflow:
-        return QStringLiteral("Overflow");
+        return u"Overflow"_s;
     case ErrorNumber::SubscriptOutOfRange:
-        return QStringLiteral("Subscript out of range");
+        return u"Subscript out of range"_s;
     case ErrorNumber::TypeMismatch:
-        return QStringLiteral("Type mismatch");
+        return u"Type mismatch"_s;
     case ErrorNumber::FileNotFound:
-        return QStringLiteral("File not found");
+        return u"File not found"_s;
     case ErrorNumber::DeviceIoError:
-        return QStringLiteral("Device I/O error");
+        return u"Device I/O error"_s;
     case ErrorNumber::DiskFull:
-        return QStringLiteral("Disk full");
+        return u"Disk full"_s;
     case ErrorNumber::PermissionDenied:
-        return QStringLiteral("Permission denied");
+        return u"Permission denied"_s;
     case ErrorNumber::PathFileAccess:
-        return QStringLiteral("Path/File access error");
+        return u"Path/File access error"_s;
     case ErrorNumber::InvalidPicture:
-        return QStringLiteral("Invalid picture");
+        return u"Invalid picture"_s;
     case ErrorNumber::PathNotFound:
-        return QStringLiteral("Path not found");
+        return u"Path not found"_s;
     }
-    return QStringLiteral("Application-defined or object-defined error");
+    return u"Application-defined or object-defined error"_s;
 }
 
 RuntimeError RuntimeErrorOf(ErrorNumber number, const QString& source, const QString& reason)

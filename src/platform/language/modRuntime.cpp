@@ -13,6 +13,8 @@
 #include <string_view>
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -349,7 +351,7 @@ std::optional<bool> BooleanOf(QStringView text)
 
 QString BooleanText(bool value)
 {
-    return value ? QStringLiteral("True") : QStringLiteral("False");
+    return value ? u"True"_s : u"False"_s;
 }
 
 QString TrimSpaces(QStringView text)

@@ -16,6 +16,8 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -51,7 +53,7 @@ void CloseEverything()
 cMediaDevices* LoadedDevices()
 {
     static cMediaDevices* devices = nullptr;
-    const QString path = LibraryFile(QStringLiteral("MediaPlayerOB"));
+    const QString path = LibraryFile(u"MediaPlayerOB"_s);
     if (devices == nullptr && FileExists(path)) {
         auto* function =
             reinterpret_cast<MediaPlayerOB_DevicesFunction*>(QLibrary::resolve(path, MediaPlayerOB_DevicesName));

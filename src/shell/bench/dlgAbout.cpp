@@ -8,14 +8,15 @@
 #include <QIcon>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
 // The system's about box takes the title and the first line as one text, separated by a number sign.
-const QString ApplicationText = QStringLiteral("About OB Bench#     OB Bench  v " OB_VERSION);
-const QString OtherText = QStringLiteral("A bench for Orchard BASIC") + QStringLiteral("    ") +
-                          QStringLiteral("Free software, GPL-3.0-or-later");
+const QString ApplicationText = u"About OB Bench#     OB Bench  v " OB_VERSION ""_s;
+const QString OtherText = u"A bench for Orchard BASIC"_s + u"    "_s + u"Free software, GPL-3.0-or-later"_s;
 
 } // namespace
 
@@ -23,7 +24,7 @@ dlgAbout::dlgAbout(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::d
 {
     ui->setupUi(this);
     setWindowTitle(ApplicationText.section(QLatin1Char('#'), 0, 0));
-    ui->picIcon->setPixmap(QIcon(QStringLiteral(":/icons/app.svg")).pixmap(64, 64));
+    ui->picIcon->setPixmap(QIcon(u":/icons/app.svg"_s).pixmap(64, 64));
     QFont large = font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.3);
@@ -43,9 +44,9 @@ void mnuHelpAbout_Click()
 
 void mnuCredits_Click()
 {
-    MsgBox(QStringLiteral("Thanks to all who try Orchard Bench, report what goes wrong and say what they miss,\n"
-                          "and to the people behind Qt, Scintilla and QScintilla, on whose work it is built."),
-           BoxIcon::None, BoxButtons::Ok, QStringLiteral("Credits"));
+    MsgBox(u"Thanks to all who try Orchard Bench, report what goes wrong and say what they miss,\n"
+           "and to the people behind Qt, Scintilla and QScintilla, on whose work it is built."_s,
+           BoxIcon::None, BoxButtons::Ok, u"Credits"_s);
 }
 
 } // namespace ob

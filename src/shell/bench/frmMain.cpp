@@ -41,6 +41,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -68,7 +70,7 @@ frmMain::frmMain()
     SetToolOwner(this);
     SetManualViewer(ShowManual);
     SetManualTools(ToolsForManual);
-    setObjectName(QStringLiteral("frmMain"));
+    setObjectName(u"frmMain"_s);
     setWindowTitle(ProgramTitle);
     setAcceptDrops(true);
     // The toolkit's own menu of toolbars would hide ours without its menu item knowing.
@@ -119,14 +121,14 @@ void frmMain::MakeCentre()
 
 void frmMain::MakeToolbar()
 {
-    tbToolBar = addToolBar(QStringLiteral("Bench Toolbar"));
-    tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
+    tbToolBar = addToolBar(u"Bench Toolbar"_s);
+    tbToolBar->setObjectName(u"tbToolBar"_s);
     tbToolBar->setMovable(false);
     tbToolBar->setIconSize(QSize(20, 20));
     tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
     tbToolBar->installEventFilter(this);
     toolbar = BuildToolbar(*tbToolBar, items);
-    items[QStringLiteral("mnuOptionsToolbar")]->setChecked(true);
+    items[u"mnuOptionsToolbar"_s]->setChecked(true);
 }
 
 void frmMain::RefreshUserButtonMenu()
@@ -147,9 +149,9 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event)
 
 void frmMain::AskToHideToolbar()
 {
-    if (MsgBox(QStringLiteral("Would you like to hide this toolbar? (Options menu will allow you to display it "
-                              "again.)"),
-               BoxIcon::Question, BoxButtons::YesNo, QStringLiteral("Hide Toolbar?")) == BoxAnswer::Yes)
+    if (MsgBox(u"Would you like to hide this toolbar? (Options menu will allow you to display it "
+               "again.)"_s,
+               BoxIcon::Question, BoxButtons::YesNo, u"Hide Toolbar?"_s) == BoxAnswer::Yes)
         ShowToolbar(false);
 }
 
@@ -342,25 +344,25 @@ bool frmMain::HasShortcut(const QKeyEvent& key) const
 void frmMain::ShowToolbar(bool show)
 {
     tbToolBar->setVisible(show);
-    Item(QStringLiteral("mnuOptionsToolbar"))->setChecked(show);
+    Item(u"mnuOptionsToolbar"_s)->setChecked(show);
 }
 
 void frmMain::ShowPalette(bool show)
 {
     picGui->setVisible(show);
-    Item(QStringLiteral("mnuViewGuiBar"))->setChecked(show);
+    Item(u"mnuViewGuiBar"_s)->setChecked(show);
 }
 
 void mnuOptionsToolbar_Click()
 {
     frmMain* frame = frmMain::Instance();
-    frame->ShowToolbar(frame->Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
+    frame->ShowToolbar(frame->Item(u"mnuOptionsToolbar"_s)->isChecked());
 }
 
 void mnuViewGuiBar_Click()
 {
     frmMain* frame = frmMain::Instance();
-    frame->ShowPalette(frame->Item(QStringLiteral("mnuViewGuiBar"))->isChecked());
+    frame->ShowPalette(frame->Item(u"mnuViewGuiBar"_s)->isChecked());
 }
 
 void frmMain::closeEvent(QCloseEvent* event)

@@ -30,6 +30,8 @@
 #include <algorithm>
 #include <string_view>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -245,7 +247,7 @@ void ShowIconsOnOpening(QMenu& menu)
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu] {
         for (QAction* item : menu.actions())
             if (item->icon().isNull() && !IconName(*item).isEmpty())
-                item->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(IconName(*item))));
+                item->setIcon(QIcon(u":/icons/%1.svg"_s.arg(IconName(*item))));
     });
 }
 
@@ -263,7 +265,7 @@ std::vector<ManualTool> ToolsForManual()
         const auto menu = std::find_if(MenuTree().begin(), MenuTree().end(), isMenu);
         QString item = QString::fromLatin1(tool.caption);
         if (menu->depth > 0)
-            item.prepend(QString::fromLatin1(menu->caption) + QStringLiteral(" > "));
+            item.prepend(QString::fromLatin1(menu->caption) + u" > "_s);
         tools.push_back({item.remove(QLatin1Char('&')), QString::fromLatin1(tool.page)});
     }
     return tools;

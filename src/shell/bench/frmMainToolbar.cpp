@@ -20,6 +20,8 @@
 #include <string_view>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -125,8 +127,8 @@ QList<QAction*> FillUserMenu(QMenu& menu)
         entries.append(entry);
     }
     menu.addSeparator();
-    QAction* manage = menu.addAction(QStringLiteral("Add/Remove"));
-    manage->setObjectName(QStringLiteral("addremove"));
+    QAction* manage = menu.addAction(u"Add/Remove"_s);
+    manage->setObjectName(u"addremove"_s);
     QObject::connect(manage, &QAction::triggered, manage, [] { RunCommand(ShowUserApplications); });
     return entries;
 }
@@ -139,8 +141,8 @@ void UserButton_Click()
 
 QAction* AddButton(QToolBar& bar, const ButtonRow& row, const QHash<QString, QAction*>& items)
 {
-    QAction* button = bar.addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(row.icon))),
-                                    QString::fromLatin1(row.tip));
+    QAction* button =
+        bar.addAction(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(row.icon))), QString::fromLatin1(row.tip));
     button->setObjectName(QString::fromLatin1(row.key));
     if (QAction* item = items.value(QString::fromLatin1(row.item)))
         QObject::connect(button, &QAction::triggered, item, &QAction::trigger);

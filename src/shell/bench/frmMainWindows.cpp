@@ -10,6 +10,8 @@
 #include <QMenu>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -64,7 +66,7 @@ void FillWindowList(QMenu& menu, QMdiArea& area)
         QMdiSubWindow* window = windows[i];
         QString caption = window->windowTitle();
         caption.replace(QLatin1Char('&'), QLatin1String("&&"));
-        const QString number = i < 9 ? QStringLiteral("&%1 ").arg(i + 1) : QStringLiteral("%1 ").arg(i + 1);
+        const QString number = i < 9 ? u"&%1 "_s.arg(i + 1) : u"%1 "_s.arg(i + 1);
         QAction* action = menu.addAction(number + caption);
         action->setProperty(ListMark, true);
         action->setCheckable(true);
@@ -101,7 +103,7 @@ void mnuWindowArrangeIcons_Click()
 
 void KeepWindowList(frmMain& frame)
 {
-    QMenu* menu = frame.Item(QStringLiteral("mnuWindow"))->menu();
+    QMenu* menu = frame.Item(u"mnuWindow"_s)->menu();
     QObject::connect(menu, &QMenu::aboutToShow, menu, [menu, &frame] { FillWindowList(*menu, frame.Area()); });
 }
 

@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -212,7 +214,7 @@ void frmOptions::optColor_Click()
 void frmOptions::ColorSample_Click(const PreferenceRow& row)
 {
     ColorRef& color = values.*std::get<Field<ColorRef>>(row.field).copy;
-    color = ColorBox(QStringLiteral("Color Previewer"), color).value_or(color);
+    color = ColorBox(u"Color Previewer"_s, color).value_or(color);
     ShowSamples();
 }
 
@@ -225,7 +227,7 @@ void frmOptions::chkDefaultColors_Click()
 
 void frmOptions::cmdAssoc_Click()
 {
-    AssociateFiles(UsersPlaces(QStringLiteral(":/icons")));
+    AssociateFiles(UsersPlaces(u":/icons"_s));
 }
 
 void frmOptions::cmdApply_Click()

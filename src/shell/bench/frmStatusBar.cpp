@@ -14,21 +14,23 @@
 #include <QLocale>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmStatusBar::frmStatusBar(QWidget* parent) : QStatusBar(parent)
 {
-    setObjectName(QStringLiteral("sbStatusBar"));
+    setObjectName(u"sbStatusBar"_s);
     textPanel = new QLabel(this);
-    textPanel->setObjectName(QStringLiteral("statusText"));
+    textPanel->setObjectName(u"statusText"_s);
     textPanel->setTextFormat(Qt::PlainText);
     // A long text must not widen the window.
     textPanel->setMinimumWidth(1);
     textPanel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     addWidget(textPanel, 1);
-    numPanel = AddPanel("statusNum", QStringLiteral("NUM"));
-    capsPanel = AddPanel("statusCaps", QStringLiteral("CAPS"));
-    insPanel = AddPanel("statusIns", QStringLiteral("INS"));
+    numPanel = AddPanel("statusNum", u"NUM"_s);
+    capsPanel = AddPanel("statusCaps", u"CAPS"_s);
+    insPanel = AddPanel("statusIns", u"INS"_s);
     datePanel = AddPanel("statusDate", {});
     timePanel = AddPanel("statusTime", {});
     ShowClock();

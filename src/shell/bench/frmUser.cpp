@@ -13,6 +13,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 frmUser::frmUser(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmUser>())
@@ -36,7 +38,7 @@ void frmUser::SetButtons()
 
 void frmUser::cmdAdd_Click()
 {
-    const QString path = OpenFileDialog(QStringLiteral("Executables (*.exe)|*.EXE"), QDir::currentPath());
+    const QString path = OpenFileDialog(u"Executables (*.exe)|*.EXE"_s, QDir::currentPath());
     if (path.isEmpty() || !FileExists(path))
         return;
     ui->lstApps->addItem(path);
@@ -46,8 +48,7 @@ void frmUser::cmdAdd_Click()
 void frmUser::cmdRemove_Click()
 {
     if (ui->lstApps->selectedItems().isEmpty()) {
-        MsgBox(QStringLiteral("No item is selected."), BoxIcon::Critical, BoxButtons::Ok,
-               QStringLiteral("Cannot Remove Item"));
+        MsgBox(u"No item is selected."_s, BoxIcon::Critical, BoxButtons::Ok, u"Cannot Remove Item"_s);
         return;
     }
     delete ui->lstApps->takeItem(ui->lstApps->currentRow());

@@ -18,6 +18,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -73,9 +75,9 @@ void OpenHelp(QString& path, void (*find)())
     if (!FileExists(path))
         find();
     if (path.isEmpty() || path.compare(NoPath, Qt::CaseInsensitive) == 0)
-        MsgBox(QStringLiteral("No helpfile is designated."));
+        MsgBox(u"No helpfile is designated."_s);
     else if (OpenFileWithSystem(path) == PageEnd::Failed)
-        MsgBox(QStringLiteral("No program of this system could open ") + path);
+        MsgBox(u"No program of this system could open "_s + path);
 }
 
 void OpenLibrary(const QString& name, const QString& missing)
@@ -91,7 +93,7 @@ void OpenLibrary(const QString& name, const QString& missing)
 
 QString PageAddress(const QString& item)
 {
-    const auto list = EmbeddedText(QStringLiteral("pages.txt"));
+    const auto list = EmbeddedText(u"pages.txt"_s);
     const QString text = list ? QString::fromUtf8(list->data(), static_cast<qsizetype>(list->size())) : QString();
     for (const QString& line : text.split(QLatin1Char('\n')))
         if (line.section(QLatin1Char(' '), 0, 0) == item)
@@ -101,57 +103,57 @@ QString PageAddress(const QString& item)
 
 void mnuExplorer_Click()
 {
-    StartOr(FileManager(), QStringLiteral("Explorer not found."));
+    StartOr(FileManager(), u"Explorer not found."_s);
 }
 
 void mnuNotepad_Click()
 {
-    StartProgramFor(QStringLiteral("test.txt"), QStringLiteral("Default texteditor not found."));
+    StartProgramFor(u"test.txt"_s, u"Default texteditor not found."_s);
 }
 
 void mnuWordpad_Click()
 {
-    StartProgramFor(QStringLiteral("test.doc"), QStringLiteral("Default word processor not found."));
+    StartProgramFor(u"test.doc"_s, u"Default word processor not found."_s);
 }
 
 void mnuPaint_Click()
 {
-    StartProgramFor(QStringLiteral("test.bmp"), QStringLiteral("Default paint program not found."));
+    StartProgramFor(u"test.bmp"_s, u"Default paint program not found."_s);
 }
 
 void mnuSoundRec_Click()
 {
-    StartProgramFor(QStringLiteral("test.wav"), QStringLiteral("Default WAV program not found."));
+    StartProgramFor(u"test.wav"_s, u"Default WAV program not found."_s);
 }
 
 void mnuCalculator_Click()
 {
-    StartOr(Calculator(), QStringLiteral("Calculator not found."));
+    StartOr(Calculator(), u"Calculator not found."_s);
 }
 
 void mnuOBHome_Click()
 {
-    OpenLink(QStringLiteral("mnuOBHome"));
+    OpenLink(u"mnuOBHome"_s);
 }
 
 void mnuOBGroup_Click()
 {
-    OpenLink(QStringLiteral("mnuOBGroup"));
+    OpenLink(u"mnuOBGroup"_s);
 }
 
 void mnuOBForum_Click()
 {
-    OpenLink(QStringLiteral("mnuOBForum"));
+    OpenLink(u"mnuOBForum"_s);
 }
 
 void mnuOBNews_Click()
 {
-    OpenLink(QStringLiteral("mnuOBNews"));
+    OpenLink(u"mnuOBNews"_s);
 }
 
 void mnuOBLinks_Click()
 {
-    OpenLink(QStringLiteral("mnuOBLinks"));
+    OpenLink(u"mnuOBLinks"_s);
 }
 
 void mnuHelpContents_Click()
@@ -166,12 +168,12 @@ void mnuHelpOption_Click()
 
 void mnuWrapper_Click()
 {
-    OpenLibrary(QStringLiteral("wrapper32.bas"), QStringLiteral("Wrapper32.bas not found!"));
+    OpenLibrary(u"wrapper32.bas"_s, u"Wrapper32.bas not found!"_s);
 }
 
 void mnuToolPrinter_Click()
 {
-    OpenLibrary(QStringLiteral("printer32.bas"), QStringLiteral("Printer32.bas not found!"));
+    OpenLibrary(u"printer32.bas"_s, u"Printer32.bas not found!"_s);
 }
 
 } // namespace ob

@@ -14,6 +14,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -139,19 +141,18 @@ void TakeDefaultColors(Preferences& values)
 
 void AssociateFiles(const AssociationPlaces& places)
 {
-    if (MsgBox(QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), BoxIcon::None,
-               BoxButtons::YesNo, QStringLiteral("Confirm!")) == BoxAnswer::No)
+    if (MsgBox(u"Associate files with extensions *.OBF and *.BAS with Orchard Bench?"_s, BoxIcon::None,
+               BoxButtons::YesNo, u"Confirm!"_s) == BoxAnswer::No)
         return;
     try {
         AssociateFileTypes(places);
     } catch (const RuntimeError& error) {
-        FailureBox(QStringLiteral("The operation to associate file types with Orchard Bench failed."), error,
-                   QStringLiteral("Error!"));
+        FailureBox(u"The operation to associate file types with Orchard Bench failed."_s, error, u"Error!"_s);
         return;
     }
-    MsgBox(QStringLiteral("Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
-                          "double-clicked in Windows Explorer or My Computer."),
-           BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("Success!"));
+    MsgBox(u"Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
+           "double-clicked in Windows Explorer or My Computer."_s,
+           BoxIcon::Exclamation, BoxButtons::Ok, u"Success!"_s);
 }
 
 } // namespace ob

@@ -25,6 +25,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 static void DropMissingPaths()
@@ -44,8 +46,8 @@ void ResetBench()
 
 void StartRoutine(const std::function<cMainForm*()>& create)
 {
-    ExtractResource(101, QStringLiteral("CUSTOM"), ProgramFile(QStringLiteral("wrapper32.bas")));
-    ExtractResource(102, QStringLiteral("CUSTOM"), ProgramFile(QStringLiteral("printer32.bas")));
+    ExtractResource(101, u"CUSTOM"_s, ProgramFile(u"wrapper32.bas"_s));
+    ExtractResource(102, u"CUSTOM"_s, ProgramFile(u"printer32.bas"_s));
 
     ResetBench();
     MainForm = create();
@@ -54,7 +56,7 @@ void StartRoutine(const std::function<cMainForm*()>& create)
     LoadCustomKeywords(ProgramFolder());
     Editor.EditForeColor = GetSysColor(SystemColor::WindowText);
     Editor.EditBackColor = GetSysColor(SystemColor::Window);
-    QDir().mkdir(ProgramFile(QStringLiteral("OBprogs")));
+    QDir().mkdir(ProgramFile(u"OBprogs"_s));
     DropMissingPaths();
 }
 
@@ -118,7 +120,7 @@ void OpenFiles(const QStringList& paths, FileSource source)
 
 QString MainCaption()
 {
-    return ProgramTitle + QStringLiteral("  v" OB_VERSION);
+    return ProgramTitle + u"  v" OB_VERSION ""_s;
 }
 
 } // namespace ob

@@ -16,6 +16,8 @@
 #include <QScrollBar>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -28,7 +30,7 @@ constexpr int ContentsWidth = 270; // at first, in pixels
 
 QIcon IconOf(const char* name)
 {
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
+    return QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(name)));
 }
 
 QTreeWidgetItem* AddItem(QTreeWidgetItem* parent, const QString& caption, const ManualPlace& place)
@@ -170,8 +172,7 @@ void frmHelp::ShowHere()
     ui->txtPage->ShowPage(place.page, place.section);
     const HelpPage* page = FindManualPage(place.page);
     const QString title = page == nullptr || page->name == ManualContentsPage ? QString() : page->title;
-    setWindowTitle((title.isEmpty() ? QString() : title + QStringLiteral(" - ")) + ProgramTitle +
-                   QStringLiteral(" Help"));
+    setWindowTitle((title.isEmpty() ? QString() : title + u" - "_s) + ProgramTitle + u" Help"_s);
     ui->cmdBack->setEnabled(history.CanGoBack());
     ui->cmdForward->setEnabled(history.CanGoForward());
     ShowInContents();
@@ -239,10 +240,9 @@ void frmHelp::txtSearch_Change()
         item->setData(Qt::AccessibleDescriptionRole, hit.snippets.join(QLatin1Char('\n')));
     }
     if (hits.empty())
-        ui->lblFound->setText(QStringLiteral("No page holds all of these words."));
+        ui->lblFound->setText(u"No page holds all of these words."_s);
     else
-        ui->lblFound->setText(hits.size() == 1 ? QStringLiteral("1 page")
-                                               : QStringLiteral("%1 pages").arg(hits.size()));
+        ui->lblFound->setText(hits.size() == 1 ? u"1 page"_s : u"%1 pages"_s.arg(hits.size()));
     ui->stackContents->setCurrentWidget(words.isEmpty() ? ui->picTree : ui->picResults);
     if (words.isEmpty())
         ui->txtPage->MarkWords({});
@@ -268,7 +268,7 @@ void frmHelp::txtPage_Click(const QUrl& link)
     if (IsManualLink(target))
         GoTo(PlaceOfLink(target, Here().page));
     else if (OpenPage(target) == PageEnd::Failed)
-        MsgBox(QStringLiteral("No program of this system could open ") + target);
+        MsgBox(u"No program of this system could open "_s + target);
 }
 
 void frmHelp::Attach(QWidget* modal)

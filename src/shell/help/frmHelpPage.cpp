@@ -12,11 +12,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
-const QString PictureFolder = QStringLiteral(":/manual/");
+const QString PictureFolder = u":/manual/"_s;
 
 constexpr int PageMargin = 28;     // left and right of the text, in pixels
 constexpr int WidestLine = 92;     // in average characters; longer lines are hard to follow

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QTextLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -40,7 +42,7 @@ QString CutAround(const QString& line, const QStringList& words, const QFontMetr
         --start;
     while (start > 0 && start < first && line[start - 1] != u' ')
         ++start;
-    const QString cut = start == 0 ? line : QStringLiteral("… ") + line.mid(start);
+    const QString cut = start == 0 ? line : u"… "_s + line.mid(start);
     return metrics.elidedText(cut, Qt::ElideRight, width);
 }
 

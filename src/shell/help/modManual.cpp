@@ -13,14 +13,16 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
-const QString PageFolder = QStringLiteral(":/manual");
+const QString PageFolder = u":/manual"_s;
 const QLatin1String PageEnding(".md");
-const QString MenusPage = QStringLiteral("menus-and-keys");
-const QString ToolsMark = QStringLiteral("<!-- more tools -->\n");
+const QString MenusPage = u"menus-and-keys"_s;
+const QString ToolsMark = u"<!-- more tools -->\n"_s;
 constexpr int MaximumSnippets = 3;
 
 ManualToolSource toolSource = nullptr;
@@ -138,7 +140,7 @@ std::vector<HelpPage>& Shelf()
     static std::vector<HelpPage> pages = [] {
         std::vector<HelpPage> found;
         const QDir folder(PageFolder);
-        for (const QString& file : folder.entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name)) {
+        for (const QString& file : folder.entryList({u"*.md"_s}, QDir::Files, QDir::Name)) {
             QFile source(folder.filePath(file));
             const QString name = file.chopped(PageEnding.size());
             if (source.open(QIODevice::ReadOnly))
@@ -215,11 +217,11 @@ QString WithTools(const QString& markdown, const std::vector<ManualTool>& tools,
 {
     QString added;
     for (const auto& [item, page] : tools) {
-        const QString link = QStringLiteral("[%1](%2.md)").arg(item.section(QStringLiteral(" > "), -1), page);
-        if (lines == ToolLines::Pages && !markdown.contains(QStringLiteral("](%1.md").arg(page)))
-            added += QStringLiteral("- %1\n").arg(link);
-        if (lines == ToolLines::MenuItems && !markdown.contains(QStringLiteral("| %1 |").arg(item)))
-            added += QStringLiteral("| %1 | | see %2 |\n").arg(item, link);
+        const QString link = u"[%1](%2.md)"_s.arg(item.section(u" > "_s, -1), page);
+        if (lines == ToolLines::Pages && !markdown.contains(u"](%1.md"_s.arg(page)))
+            added += u"- %1\n"_s.arg(link);
+        if (lines == ToolLines::MenuItems && !markdown.contains(u"| %1 |"_s.arg(item)))
+            added += u"| %1 | | see %2 |\n"_s.arg(item, link);
     }
     return QString(markdown).replace(ToolsMark, added);
 }
@@ -254,8 +256,8 @@ QString ManualText(const QString& name)
 {
     if (const HelpPage* page = OnShelf(name))
         return page->markdown;
-    return QStringLiteral("# There is no page on this yet.\n\nThe manual's other pages are in the "
-                          "[contents](index.md).\n");
+    return u"# There is no page on this yet.\n\nThe manual's other pages are in the "
+           "[contents](index.md).\n"_s;
 }
 
 std::vector<ManualEntry> ContentsOf(const HelpPage& contents)

@@ -8,12 +8,14 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 void ResetState()
 {
     MainForm = nullptr;
-    RecentFiles.fill(QStringLiteral("untitled"));
+    RecentFiles.fill(u"untitled"_s);
     RecentCount = 0;
     ToolImageIndex = 1;
     QuitQuery = true;
@@ -22,8 +24,8 @@ void ResetState()
     AddComments = false;
     OBPath = OBHelpPath = OptionalHelpPath = OBFreeformPath = OBRuntimePath = NoPath;
     Editor = {};
-    UserApplications.fill(QStringLiteral("none"));
-    LastDir = QStringLiteral("app.path");
+    UserApplications.fill(u"none"_s);
+    LastDir = u"app.path"_s;
 }
 
 bool IsUsablePath(const QString& path)

@@ -10,6 +10,8 @@
 
 #include <variant>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -178,10 +180,10 @@ WindowPlace ReadWindowPlace()
 
 void SaveWindowPlace(const WindowPlace& place)
 {
-    WriteSetting(QStringLiteral("MainLeft"), NumberText(place.left));
-    WriteSetting(QStringLiteral("MainTop"), NumberText(place.top));
-    WriteSetting(QStringLiteral("MainWidth"), NumberText(place.width));
-    WriteSetting(QStringLiteral("MainHeight"), NumberText(place.height));
+    WriteSetting(u"MainLeft"_s, NumberText(place.left));
+    WriteSetting(u"MainTop"_s, NumberText(place.top));
+    WriteSetting(u"MainWidth"_s, NumberText(place.width));
+    WriteSetting(u"MainHeight"_s, NumberText(place.height));
 }
 
 } // namespace ob

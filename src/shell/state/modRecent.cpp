@@ -10,22 +10,24 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 static QString KeyOf(int number)
 {
-    return QStringLiteral("MRU%1").arg(number);
+    return u"MRU%1"_s.arg(number);
 }
 
 static QString ItemOf(int number)
 {
-    return QStringLiteral("mnuFileMRU%1").arg(number);
+    return u"mnuFileMRU%1"_s.arg(number);
 }
 
 void FillRecentFiles()
 {
     for (int number = 1; number <= RecentFileSlots; ++number) {
-        const QString stored = ReadSetting(KeyOf(number), QStringLiteral("untitled"));
+        const QString stored = ReadSetting(KeyOf(number), u"untitled"_s);
         RecentFiles[static_cast<std::size_t>(number - 1)] = LongPathOf(stored);
     }
     // One pass only: an entry that moves to a place already passed is not checked again, and the last stays.
@@ -39,7 +41,7 @@ RecentMenu ShowRecentFiles()
     RecentCount = 0;
     for (int number = 1; number <= RecentFileSlots; ++number) {
         if (RecentFiles[0].compare(QLatin1String("untitled"), Qt::CaseInsensitive) == 0) {
-            MainForm->SetItemCaption(ItemOf(1), QStringLiteral("no files"));
+            MainForm->SetItemCaption(ItemOf(1), u"no files"_s);
             return RecentMenu::WantsNewWindow;
         }
         const QString& path = RecentFiles[static_cast<std::size_t>(number - 1)];

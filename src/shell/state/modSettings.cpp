@@ -17,13 +17,15 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
 
 QString Address(const QString& key)
 {
-    return QStringLiteral("Settings/") + key;
+    return u"Settings/"_s + key;
 }
 
 // The file that a test asked for; empty for the user's own.
@@ -34,7 +36,7 @@ std::unique_ptr<QSettings> OpenStore()
     if (!askedFile.isEmpty())
         return std::make_unique<QSettings>(askedFile, QSettings::IniFormat);
 
-    auto store = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("OB Bench"));
+    auto store = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, u"OB Bench"_s);
     // The store is the user's only: missing keys are not looked up in a machine-wide file.
     store->setFallbacksEnabled(false);
     return store;
@@ -58,7 +60,7 @@ void RaiseReason(const QString& path)
     cTemporaryFile probe(file, path);
     probe.Write(std::vector<std::uint8_t>(static_cast<std::size_t>(size)));
     probe.Complete(Durability::Synced);
-    throw RuntimeErrorOf(ErrorNumber::DeviceIoError, path, QStringLiteral("The settings could not be written"));
+    throw RuntimeErrorOf(ErrorNumber::DeviceIoError, path, u"The settings could not be written"_s);
 }
 
 void Sync()

@@ -7,6 +7,8 @@
 
 #include <QResource>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 std::optional<std::string_view> EmbeddedText(int id, const QString& type)
@@ -15,13 +17,13 @@ std::optional<std::string_view> EmbeddedText(int id, const QString& type)
         return std::nullopt;
     switch (id) {
     case 101:
-        return EmbeddedText(QStringLiteral("wrapper32.bas"));
+        return EmbeddedText(u"wrapper32.bas"_s);
     case 102:
-        return EmbeddedText(QStringLiteral("printer32.bas"));
+        return EmbeddedText(u"printer32.bas"_s);
     case 103:
-        return EmbeddedText(QStringLiteral("jpeg.bas"));
+        return EmbeddedText(u"jpeg.bas"_s);
     case 104:
-        return EmbeddedText(QStringLiteral("jpeg.dll"));
+        return EmbeddedText(u"jpeg.dll"_s);
     default:
         return std::nullopt;
     }
@@ -29,7 +31,7 @@ std::optional<std::string_view> EmbeddedText(int id, const QString& type)
 
 std::optional<std::string_view> EmbeddedText(const QString& name)
 {
-    const QResource resource(QStringLiteral(":/texts/") + name);
+    const QResource resource(u":/texts/"_s + name);
     if (!resource.isValid() || resource.data() == nullptr)
         return std::nullopt;
     return std::string_view(reinterpret_cast<const char*>(resource.data()), static_cast<std::size_t>(resource.size()));

@@ -6,6 +6,8 @@
 #include "core/CoreBench.h"
 #include "platform/files/modFiles.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modDocument : public QObject {
@@ -25,7 +27,7 @@ private Q_SLOTS:
         QTest::newRow("empty") << QStringList{QString()} << 1;
         QTest::newRow("closed") << QStringList{TagOpen, TagClosed, QString()} << 2;
         QTest::newRow("saved") << QStringList{TagOpen, TagOpen, QString()} << 3;
-        QTest::newRow("another case is not open") << QStringList{TagOpen, QStringLiteral("open")} << 2;
+        QTest::newRow("another case is not open") << QStringList{TagOpen, u"open"_s} << 2;
         QTest::newRow("all open") << QStringList{TagOpen, TagOpen} << 3;
     }
 
@@ -55,16 +57,16 @@ private Q_SLOTS:
         MakeSlots({TagOpen, TagClosed});
         cDocument* document = NewDocument();
         QVERIFY(document != nullptr && document == Documents[2].get());
-        QCOMPARE(document->Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(document->Caption(), u"Document 2"_s);
         QVERIFY(bench->form.active == document);
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("show 2")});
+        QCOMPARE(bench->form.log, QStringList{u"show 2"_s});
     }
 
     void aNewDocumentWithoutAControlIsNone()
     {
         bench->form.hasEditLibrary = false;
         QVERIFY(NewDocument() == nullptr);
-        QCOMPARE(Documents[1]->Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(Documents[1]->Caption(), u"Document 1"_s);
     }
 
     // --- Reading. ---
@@ -87,8 +89,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, loaded);
         QCOMPARE(LoadedBytes(file), loaded);
-        bench->Open(QStringLiteral("Document 1"), "old");
-        LoadDocumentFile(*ActiveDocument(), bench->Put(QStringLiteral("a.bas"), file));
+        bench->Open(u"Document 1"_s, "old");
+        LoadDocumentFile(*ActiveDocument(), bench->Put(u"a.bas"_s, file));
         QCOMPARE(bench->form.ActiveControl().text, loaded);
     }
 
@@ -103,8 +105,8 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, file);
         QCOMPARE(RaisedBy([&] { LoadedBytes(file); }), 5);
-        bench->Open(QStringLiteral("Document 1"), "old");
-        const QString path = bench->Put(QStringLiteral("a.bas"), file);
+        bench->Open(u"Document 1"_s, "old");
+        const QString path = bench->Put(u"a.bas"_s, file);
         QCOMPARE(RaisedBy([&] { LoadDocumentFile(*ActiveDocument(), path); }), 5);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("old"));
         QVERIFY(bench->form.ActiveControl().messages.isEmpty());
@@ -112,10 +114,10 @@ private Q_SLOTS:
 
     void aMissingFileIsReportedAndChangesNothing()
     {
-        bench->Open(QStringLiteral("Document 1"), "old");
-        bench->dialogs.ExpectMessage(QStringLiteral("File does not exist or is corrupt."), BoxAnswer::Ok,
-                                     BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error"));
-        LoadDocumentFile(*ActiveDocument(), bench->Path(QStringLiteral("gone.bas")));
+        bench->Open(u"Document 1"_s, "old");
+        bench->dialogs.ExpectMessage(u"File does not exist or is corrupt."_s, BoxAnswer::Ok, BoxIcon::Critical,
+                                     BoxButtons::Ok, u"Error"_s);
+        LoadDocumentFile(*ActiveDocument(), bench->Path(u"gone.bas"_s));
         QVERIFY(bench->dialogs.Finished());
         QVERIFY(bench->form.ActiveControl().messages.isEmpty());
         QVERIFY(bench->form.log.isEmpty());
@@ -123,42 +125,42 @@ private Q_SLOTS:
 
     void aLoadedFileStaysUndoableAndCountsAsSaved()
     {
-        bench->Open(QStringLiteral("Document 1"), "old");
+        bench->Open(u"Document 1"_s, "old");
         bench->form.ActiveControl().Type("more");
-        LoadDocumentFile(*ActiveDocument(), bench->Put(QStringLiteral("a.bas"), "new\r\n"));
+        LoadDocumentFile(*ActiveDocument(), bench->Put(u"a.bas"_s, "new\r\n"));
         const FakeSci& control = bench->form.ActiveControl();
         QCOMPARE(control.messages,
                  (QList<unsigned>{SCI_EMPTYUNDOBUFFER, SCI_CLEARALL, SCI_ADDTEXT, SCI_GOTOPOS, SCI_SETSAVEPOINT}));
         QCOMPARE(control.text, QByteArray("new"));
         QCOMPARE(control.caret, qsizetype{0});
         QVERIFY(!control.modified);
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("show 1")});
+        QCOMPARE(bench->form.log, QStringList{u"show 1"_s});
     }
 
     void aFileOfTheCodePageIsReadAsText()
     {
-        bench->Open(QStringLiteral("Document 1"));
-        LoadDocumentFile(*ActiveDocument(), bench->Put(QStringLiteral("a.bas"), "'\x80 \xE4\x81\r\n"));
+        bench->Open(u"Document 1"_s);
+        LoadDocumentFile(*ActiveDocument(), bench->Put(u"a.bas"_s, "'\x80 \xE4\x81\r\n"));
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("'\xE2\x82\xAC \xC3\xA4\xC2\x81"));
     }
 
     void anOpenedFileGivesTheWindowItsNameAndItsPlaceInTheList()
     {
-        const QString path = bench->Put(QStringLiteral("a.bas"), QByteArray(2048, 'x'));
-        cDocument& document = bench->Open(QStringLiteral("Document 1"));
+        const QString path = bench->Put(u"a.bas"_s, QByteArray(2048, 'x'));
+        cDocument& document = bench->Open(u"Document 1"_s);
         document.Tag.clear();
         AfterFileOpen(*ActiveDocument(), path);
         QCOMPARE(document.Caption(), path);
         QCOMPARE(document.Tag, TagOpen);
         QCOMPARE(RecentFiles[0], path);
-        QCOMPARE(bench->form.status, QStringLiteral("a.bas  Size: 2048 KB   Last Modified: ") + FileDateText(path));
+        QCOMPARE(bench->form.status, u"a.bas  Size: 2048 KB   Last Modified: "_s + FileDateText(path));
     }
 
     void textSentToAWindowIsInsertedBeforeTheCaret()
     {
-        cDocument& document = bench->Open(QStringLiteral("Document 1"), "'end");
-        SendToDocument(*ActiveDocument(), "print \"\xE4\"\r\n", QStringLiteral("untitled.bas"));
-        QCOMPARE(document.Caption(), QStringLiteral("untitled.bas"));
+        cDocument& document = bench->Open(u"Document 1"_s, "'end");
+        SendToDocument(*ActiveDocument(), "print \"\xE4\"\r\n", u"untitled.bas"_s);
+        QCOMPARE(document.Caption(), u"untitled.bas"_s);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print \"\xC3\xA4\"\r\n'end"));
         QCOMPARE(bench->form.ActiveControl().caret, qsizetype{0});
     }
@@ -184,26 +186,26 @@ private Q_SLOTS:
         QFETCH(QByteArray, file);
         QCOMPARE(SavedBytes(text).bytes, file);
         QCOMPARE(SavedBytes(text).lostLine, 0);
-        bench->Open(QStringLiteral("a.bas"), text);
-        QVERIFY(SaveDocumentFile(*ActiveDocument(), bench->Path(QStringLiteral("a.bas"))) == SaveEnd::Written);
-        QCOMPARE(CoreBench::Get(bench->Path(QStringLiteral("a.bas"))), file);
+        bench->Open(u"a.bas"_s, text);
+        QVERIFY(SaveDocumentFile(*ActiveDocument(), bench->Path(u"a.bas"_s)) == SaveEnd::Written);
+        QCOMPARE(CoreBench::Get(bench->Path(u"a.bas"_s)), file);
         QCOMPARE(bench->form.ActiveControl().text, text + "  ");
     }
 
     void aSaveIsTheSavePointAndLeavesTheCaret()
     {
-        bench->Open(QStringLiteral("a.bas"));
+        bench->Open(u"a.bas"_s);
         FakeSci& control = bench->form.ActiveControl();
         control.Type("print 1");
         control.caret = 3;
-        QVERIFY(SaveDocumentFile(*ActiveDocument(), bench->Path(QStringLiteral("a.bas"))) == SaveEnd::Written);
+        QVERIFY(SaveDocumentFile(*ActiveDocument(), bench->Path(u"a.bas"_s)) == SaveEnd::Written);
         QVERIFY(!control.modified);
         QCOMPARE(control.caret, qsizetype{3});
     }
 
     void eachSaveAddsTwoSpacesToTheTextAndOneToTheFileOfAReload()
     {
-        const QString path = bench->Put(QStringLiteral("a.bas"), "print 1\r\n");
+        const QString path = bench->Put(u"a.bas"_s, "print 1\r\n");
         bench->Open(path);
         LoadDocumentFile(*ActiveDocument(), path);
         SaveDocumentFile(*ActiveDocument(), path);
@@ -238,7 +240,7 @@ private Q_SLOTS:
         QFETCH(int, line);
         QFETCH(QByteArray, file);
         QCOMPARE(SavedBytes(text).lostLine, line);
-        const QString path = bench->Put(QStringLiteral("a.bas"), "old\r\n");
+        const QString path = bench->Put(u"a.bas"_s, "old\r\n");
         bench->Open(path);
         FakeSci& control = bench->form.ActiveControl();
         control.Type(text);
@@ -262,17 +264,17 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("error");
-        QTest::newRow("missing folder") << QStringLiteral("gone/a.bas") << 76;
-        QTest::newRow("a folder") << QStringLiteral("folder") << 75;
+        QTest::newRow("missing folder") << u"gone/a.bas"_s << 76;
+        QTest::newRow("a folder") << u"folder"_s << 75;
     }
 
     void aWriteThatFailsChangesNothing()
     {
         QFETCH(QString, name);
         QFETCH(int, error);
-        QDir().mkdir(QStringLiteral("folder"));
+        QDir().mkdir(u"folder"_s);
         const QStringList before = QDir().entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-        bench->Open(QStringLiteral("a.bas"));
+        bench->Open(u"a.bas"_s);
         FakeSci& control = bench->form.ActiveControl();
         control.Type("print 1");
         QCOMPARE(RaisedBy([&] { SaveDocumentFile(*ActiveDocument(), bench->Path(name)); }), error);
@@ -283,10 +285,10 @@ private Q_SLOTS:
 
     void anotherWindowThanTheActiveOneCanBeSaved()
     {
-        cDocument& first = bench->Open(QStringLiteral("a.bas"), "first");
-        cDocument& second = bench->Open(QStringLiteral("b.bas"), "second");
-        QVERIFY(SaveDocumentFile(first, bench->Path(QStringLiteral("a.bas"))) == SaveEnd::Written);
-        QCOMPARE(CoreBench::Get(bench->Path(QStringLiteral("a.bas"))), QByteArray("first \r\n"));
+        cDocument& first = bench->Open(u"a.bas"_s, "first");
+        cDocument& second = bench->Open(u"b.bas"_s, "second");
+        QVERIFY(SaveDocumentFile(first, bench->Path(u"a.bas"_s)) == SaveEnd::Written);
+        QCOMPARE(CoreBench::Get(bench->Path(u"a.bas"_s)), QByteArray("first \r\n"));
         QCOMPARE(FakeMainForm::Control(second).text, QByteArray("second"));
     }
 
@@ -305,34 +307,31 @@ private Q_SLOTS:
         bench->form.kind = static_cast<ActiveChild>(kind);
         QVERIFY(ActiveDocument() == nullptr);
         QVERIFY(bench->form.log.isEmpty());
-        bench->dialogs.ExpectMessage(QStringLiteral("No code window is active!"));
+        bench->dialogs.ExpectMessage(u"No code window is active!"_s);
         QVERIFY(NeedDocument() == nullptr);
         QVERIFY(bench->dialogs.Finished());
     }
 
     // --- What windows enable and disable. ---
 
-    void CodeCommandsAreSixButtonsSixItemsAndTools()
+    void codeCommandsAreSixButtonsSixItemsAndTools()
     {
         EnableCodeCommands(Switch::On);
-        QCOMPARE(
-            bench->form.log.join(QLatin1Char(',')),
-            QStringLiteral(
-                "enable button Save,enable button Print,enable button Cut,enable button Copy,"
-                "enable button Paste,enable button Find,enable mnuFileClose,enable mnuFileSave,enable mnuFileSaveAs,"
-                "enable mnuFileInsert,enable mnuFilePrint,enable mnuFileProject,enable code tools"));
+        QCOMPARE(bench->form.log.join(QLatin1Char(',')),
+                 u"enable button Save,enable button Print,enable button Cut,enable button Copy,"
+                 "enable button Paste,enable button Find,enable mnuFileClose,enable mnuFileSave,enable mnuFileSaveAs,"
+                 "enable mnuFileInsert,enable mnuFilePrint,enable mnuFileProject,enable code tools"_s);
         bench->form.log.clear();
         EnableCodeCommands(Switch::Off);
         QCOMPARE(bench->form.log.size(), 13);
-        QCOMPARE(bench->form.log.filter(QStringLiteral("disable ")).size(), 13);
+        QCOMPARE(bench->form.log.filter(u"disable "_s).size(), 13);
     }
 
     void runCommandsAreTwoButtonsAndThreeItems()
     {
         EnableRunCommands(Switch::Off);
-        QCOMPARE(
-            bench->form.log.join(QLatin1Char(',')),
-            QStringLiteral("disable button Run,disable button Debug,disable mnuRun,disable mnuTKN,disable mnuDebug"));
+        QCOMPARE(bench->form.log.join(QLatin1Char(',')),
+                 u"disable button Run,disable button Debug,disable mnuRun,disable mnuTKN,disable mnuDebug"_s);
     }
 
 private:
@@ -348,9 +347,8 @@ private:
 
     static QString Question(int line)
     {
-        return QStringLiteral("Line %1 holds a character that BASIC source files cannot store.\n"
-                              "Save with a question mark in place of each such character?")
-            .arg(line);
+        return u"Line %1 holds a character that BASIC source files cannot store.\n"
+               "Save with a question mark in place of each such character?"_s.arg(line);
     }
 
     std::unique_ptr<CoreBench> bench;

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -66,7 +68,7 @@ QByteArray Bytes(std::string_view text)
 
 QList<QByteArray> LinesOfData(const char* name)
 {
-    QFile file(QStringLiteral(OB_TEST_DATA "/syntax/") + QLatin1String(name));
+    QFile file(u"" OB_TEST_DATA "/syntax/"_s + QLatin1String(name));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     QList<QByteArray> lines = file.readAll().split('\n');

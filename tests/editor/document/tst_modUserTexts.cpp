@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -56,8 +58,8 @@ private Q_SLOTS:
 
     void filesHaveTheirNamesInTheFolder()
     {
-        QCOMPARE(CommentsPath(QStringLiteral("/a b")), QStringLiteral("/a b/comments.txt"));
-        QCOMPARE(KeywordsPath(QStringLiteral("/a b")), QStringLiteral("/a b/keywords.txt"));
+        QCOMPARE(CommentsPath(u"/a b"_s), u"/a b/comments.txt"_s);
+        QCOMPARE(KeywordsPath(u"/a b"_s), u"/a b/keywords.txt"_s);
     }
 
     void commentsLoseTheirLastTwoBytes_data()
@@ -76,7 +78,7 @@ private Q_SLOTS:
     void commentsLoseTheirLastTwoBytes()
     {
         QFETCH(QByteArray, content);
-        QVERIFY(WriteBytes(folder + QStringLiteral("/comments.txt"), content));
+        QVERIFY(WriteBytes(folder + u"/comments.txt"_s, content));
         QTEST(ReadComments(folder), "comments");
         QTEST(CommentText(content), "comments");
     }
@@ -84,25 +86,25 @@ private Q_SLOTS:
     void missingCommentsGiveTheSentence()
     {
         QCOMPARE(ReadComments(folder), QByteArray("'no programmer's comments on file"));
-        QCOMPARE(ReadComments(folder + QStringLiteral("/none")), QByteArray("'no programmer's comments on file"));
+        QCOMPARE(ReadComments(folder + u"/none"_s), QByteArray("'no programmer's comments on file"));
     }
 
     void emptyCommentsGiveTheSentence()
     {
-        QVERIFY(WriteBytes(folder + QStringLiteral("/comments.txt"), ""));
+        QVERIFY(WriteBytes(folder + u"/comments.txt"_s, ""));
         QCOMPARE(ReadComments(folder), QByteArray("'no programmer's comments on file"));
     }
 
     void commentsThatCannotBeReadGiveTheSentence()
     {
-        QVERIFY(QDir(folder).mkdir(QStringLiteral("comments.txt")));
+        QVERIFY(QDir(folder).mkdir(u"comments.txt"_s));
         QCOMPARE(ReadComments(folder), QByteArray("'no programmer's comments on file"));
     }
 
     void customKeywordsArePrependedInLowerCaseWithTheirLineEnd()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "Pear$ APPLE( \r\n"));
+        QVERIFY(WriteBytes(folder + u"/keywords.txt"_s, "Pear$ APPLE( \r\n"));
         LoadCustomKeywords(folder);
         QCOMPARE(Words().LexerKeywords, "pear$ apple( \r\n" + builtIn);
     }
@@ -110,7 +112,7 @@ private Q_SLOTS:
     void bytesOutsideAsciiStayInCustomKeywords()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), QByteArray("\xC9T\xE9\0X", 5)));
+        QVERIFY(WriteBytes(folder + u"/keywords.txt"_s, QByteArray("\xC9T\xE9\0X", 5)));
         LoadCustomKeywords(folder);
         QCOMPARE(Words().LexerKeywords, QByteArray("\xE9t\xE9 x") + builtIn);
     }
@@ -120,11 +122,11 @@ private Q_SLOTS:
         const QByteArray builtIn = Words().LexerKeywords;
         LoadCustomKeywords(folder);
         QCOMPARE(Words().LexerKeywords, builtIn);
-        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), ""));
+        QVERIFY(WriteBytes(folder + u"/keywords.txt"_s, ""));
         LoadCustomKeywords(folder);
         QCOMPARE(Words().LexerKeywords, builtIn);
-        QVERIFY(QFile::remove(folder + QStringLiteral("/keywords.txt")));
-        QVERIFY(QDir(folder).mkdir(QStringLiteral("keywords.txt")));
+        QVERIFY(QFile::remove(folder + u"/keywords.txt"_s));
+        QVERIFY(QDir(folder).mkdir(u"keywords.txt"_s));
         LoadCustomKeywords(folder);
         QCOMPARE(Words().LexerKeywords, builtIn);
     }
@@ -132,7 +134,7 @@ private Q_SLOTS:
     void customKeywordsStayOutOfTheListOfKeywordsAndTheCatalogue()
     {
         const QByteArray list = Words().KeywordList;
-        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "pear\r\n"));
+        QVERIFY(WriteBytes(folder + u"/keywords.txt"_s, "pear\r\n"));
         LoadCustomKeywords(folder);
         QCOMPARE(Words().KeywordList, list);
         QVERIFY(!FindSyntaxRow("pear"));
@@ -141,7 +143,7 @@ private Q_SLOTS:
     void buildingTheTableAgainDeletesCustomKeywords()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        QVERIFY(WriteBytes(folder + QStringLiteral("/keywords.txt"), "pear\r\n"));
+        QVERIFY(WriteBytes(folder + u"/keywords.txt"_s, "pear\r\n"));
         LoadCustomKeywords(folder);
         QVERIFY(Words().LexerKeywords != builtIn);
         BuildSyntaxTable();
@@ -152,7 +154,7 @@ private Q_SLOTS:
 
     void theEditorShowsTheWholeFileOrTheSentence()
     {
-        QCOMPARE(CustomKeywordText(folder), QStringLiteral("no custom keywords found"));
+        QCOMPARE(CustomKeywordText(folder), u"no custom keywords found"_s);
         QVERIFY(WriteBytes(KeywordsPath(folder), "pear \xE9\r\n\r\n"));
         QCOMPARE(CustomKeywordText(folder), QString::fromUtf8("pear \u00e9\r\n\r\n"));
         QVERIFY(WriteBytes(KeywordsPath(folder), ""));
@@ -163,12 +165,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QByteArray>("file");
-        QTest::newRow("words") << QStringLiteral("Pear APPLE") << QByteArray("pear apple\r\n");
+        QTest::newRow("words") << u"Pear APPLE"_s << QByteArray("pear apple\r\n");
         QTest::newRow("beyond ASCII") << QString::fromUtf8("\u00C9T\u00c9") << QByteArray("\xE9t\xE9\r\n");
-        QTest::newRow("shown again") << QStringLiteral("pear\n") << QByteArray("pear\r\n\r\n");
+        QTest::newRow("shown again") << u"pear\n"_s << QByteArray("pear\r\n\r\n");
         QTest::newRow("nothing") << QString() << QByteArray("\r\n");
         QTest::newRow("more than the sentence")
-            << QStringLiteral("no custom keywords found ") << QByteArray("no custom keywords found \r\n");
+            << u"no custom keywords found "_s << QByteArray("no custom keywords found \r\n");
     }
 
     void addedKeywordsAreAppendedToTheFileAndTheList()
@@ -187,8 +189,8 @@ private Q_SLOTS:
     void aSecondAdditionJoinsTheFirst()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        QVERIFY(AddCustomKeywords(folder, QStringLiteral("pear")) == KeywordSave::Written);
-        QVERIFY(AddCustomKeywords(folder, QStringLiteral("fig")) == KeywordSave::Written);
+        QVERIFY(AddCustomKeywords(folder, u"pear"_s) == KeywordSave::Written);
+        QVERIFY(AddCustomKeywords(folder, u"fig"_s) == KeywordSave::Written);
         QCOMPARE(Words().LexerKeywords, builtIn + "pearfig");
         QCOMPARE(CoreBench::Get(KeywordsPath(folder)), QByteArray("fig\r\n"));
     }
@@ -196,7 +198,7 @@ private Q_SLOTS:
     void theSentenceIsNothingToAdd()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        QVERIFY(AddCustomKeywords(folder, QStringLiteral("No Custom KEYWORDS found")) == KeywordSave::NothingToAdd);
+        QVERIFY(AddCustomKeywords(folder, u"No Custom KEYWORDS found"_s) == KeywordSave::NothingToAdd);
         QVERIFY(!QFile::exists(KeywordsPath(folder)));
         QCOMPARE(Words().LexerKeywords, builtIn);
     }
@@ -204,9 +206,9 @@ private Q_SLOTS:
     void aKeywordThatCannotBeStoredRaisesAQuestion()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        const QString question = QStringLiteral("Line 1 of the keywords holds a character that BASIC source files "
-                                                "cannot store.\n"
-                                                "Save with a question mark in place of each such character?");
+        const QString question = u"Line 1 of the keywords holds a character that BASIC source files "
+                                 "cannot store.\n"
+                                 "Save with a question mark in place of each such character?"_s;
         ScriptedDialogs dialogs;
         dialogs.ExpectQuestion(question, BoxAnswer::No);
         QVERIFY(AddCustomKeywords(folder, QString::fromUtf8("a\u2192")) == KeywordSave::Declined);
@@ -220,11 +222,11 @@ private Q_SLOTS:
     void aFailedSaveChangesNothing()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        QVERIFY(QDir(folder).mkdir(QStringLiteral("keywords.txt")));
-        QCOMPARE(RaisedBy([this] { AddCustomKeywords(folder, QStringLiteral("pear")); }), 75);
+        QVERIFY(QDir(folder).mkdir(u"keywords.txt"_s));
+        QCOMPARE(RaisedBy([this] { AddCustomKeywords(folder, u"pear"_s); }), 75);
         QCOMPARE(Words().LexerKeywords, builtIn);
 #ifdef Q_OS_UNIX
-        QVERIFY(QDir(folder).rmdir(QStringLiteral("keywords.txt")));
+        QVERIFY(QDir(folder).rmdir(u"keywords.txt"_s));
         QVERIFY(WriteBytes(KeywordsPath(folder), "old\r\n"));
         const FileSizeLimit limit(400);
         QCOMPARE(RaisedBy([this] { AddCustomKeywords(folder, QString(1000, QLatin1Char('x'))); }), 61);
@@ -236,7 +238,7 @@ private Q_SLOTS:
     void deletedKeywordsAreGoneFromFileAndList()
     {
         const QByteArray builtIn = Words().LexerKeywords;
-        QVERIFY(AddCustomKeywords(folder, QStringLiteral("pear")) == KeywordSave::Written);
+        QVERIFY(AddCustomKeywords(folder, u"pear"_s) == KeywordSave::Written);
         DeleteCustomKeywords(folder);
         QVERIFY(!QFile::exists(KeywordsPath(folder)));
         QCOMPARE(Words().LexerKeywords, builtIn);

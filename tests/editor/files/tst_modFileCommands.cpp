@@ -5,6 +5,8 @@
 #include "core/CoreBench.h"
 #include "editor/document/modDocument.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modFileCommands : public QObject {
@@ -24,7 +26,7 @@ private Q_SLOTS:
         mnuFileNew_Click();
         QCOMPARE(Documents.size(), std::size_t{2});
         QCOMPARE(Documents[1]->Tag, TagOpen);
-        QCOMPARE(Documents[1]->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(Documents[1]->Caption(), u"untitled.bas"_s);
         mnuFileNew_Click();
         QCOMPARE(Documents.size(), std::size_t{3});
         QCOMPARE(Documents[2]->Tag, QString());
@@ -37,18 +39,17 @@ private Q_SLOTS:
         QCOMPARE(control.text, QByteArray());
         mnuFileNew_Click();
         QCOMPARE(Documents.size(), std::size_t{4});
-        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show 1"), QStringLiteral("show 2"),
-                                               QStringLiteral("show 2"), QStringLiteral("show 3")}));
+        QCOMPARE(bench->form.log, (QStringList{u"show 1"_s, u"show 2"_s, u"show 2"_s, u"show 3"_s}));
     }
 
     void aNewWindowHasTheProgrammersCommentsOnRequest()
     {
-        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), "'by J\xFCrgen\r\n'2024\r\n");
+        CoreBench::PutFile(bench->ProgramPath(u"comments.txt"_s), "'by J\xFCrgen\r\n'2024\r\n");
         AddComments = true;
         mnuFileNew_Click();
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("'by J\xC3\xBCrgen\r\n'2024"));
         QCOMPARE(bench->form.ActiveControl().caret, qsizetype{0});
-        QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(bench->form.active->Caption(), u"untitled.bas"_s);
     }
 
     void withoutACommentsFileASentenceReplacesThem()
@@ -60,7 +61,7 @@ private Q_SLOTS:
 
     void aCommentsFileOfOneByteIsAnEmptyText()
     {
-        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("comments.txt")), "'");
+        CoreBench::PutFile(bench->ProgramPath(u"comments.txt"_s), "'");
         AddComments = true;
         mnuFileNew_Click();
         QCOMPARE(bench->form.ActiveControl().text, QByteArray());
@@ -72,7 +73,7 @@ private Q_SLOTS:
         AddComments = true;
         mnuFileNew_Click();
         QVERIFY(Documents[1]->sci == nullptr);
-        QCOMPARE(Documents[1]->Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(Documents[1]->Caption(), u"Document 1"_s);
     }
 
     void closeUnloadsTheActiveWindowAndItsNumberIsReused()
@@ -82,9 +83,8 @@ private Q_SLOTS:
         mnuFileClose_Click();
         QCOMPARE(Documents[1]->Tag, TagClosed);
         QVERIFY(NewDocument() != nullptr);
-        QCOMPARE(bench->form.active->Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(bench->form.log,
-                 (QStringList{QStringLiteral("show 1"), QStringLiteral("unload 1"), QStringLiteral("show 1")}));
+        QCOMPARE(bench->form.active->Caption(), u"Document 1"_s);
+        QCOMPARE(bench->form.log, (QStringList{u"show 1"_s, u"unload 1"_s, u"show 1"_s}));
     }
 
     void closeNeedsACodeWindow_data()
@@ -98,7 +98,7 @@ private Q_SLOTS:
     {
         QFETCH(int, kind);
         bench->form.kind = static_cast<ActiveChild>(kind);
-        bench->dialogs.ExpectMessage(QStringLiteral("No code window is active!"));
+        bench->dialogs.ExpectMessage(u"No code window is active!"_s);
         mnuFileClose_Click();
         QVERIFY(bench->dialogs.Finished());
         QVERIFY(bench->form.log.isEmpty());
@@ -107,13 +107,13 @@ private Q_SLOTS:
     void exitUnloadsTheFrame()
     {
         mnuFileExit_Click();
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("unload frame")});
+        QCOMPARE(bench->form.log, QStringList{u"unload frame"_s});
     }
 
     void aRecentItemOpensItsFileAndMovesItToTheFront()
     {
-        const QString first = bench->Put(QStringLiteral("a.bas"), "a\r\n");
-        const QString second = bench->Put(QStringLiteral("b.bas"), "second\r\n");
+        const QString first = bench->Put(u"a.bas"_s, "a\r\n");
+        const QString second = bench->Put(u"b.bas"_s, "second\r\n");
         RecentFiles[0] = first;
         RecentFiles[1] = second;
         RecentCount = 2;
@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(bench->form.active->Caption(), second);
         QCOMPARE(bench->form.active->Tag, TagOpen);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("second"));
-        QVERIFY(bench->form.status.startsWith(QStringLiteral("b.bas  Size: 8 KB   Last Modified: ")));
+        QVERIFY(bench->form.status.startsWith(u"b.bas  Size: 8 KB   Last Modified: "_s));
         QCOMPARE(RecentFiles[0], second);
         QCOMPARE(RecentFiles[1], first);
         QCOMPARE(RecentCount, 2);
@@ -129,25 +129,25 @@ private Q_SLOTS:
 
     void aRecentItemWithoutItsFileShowsAMessage()
     {
-        RecentFiles[2] = bench->Path(QStringLiteral("gone.bas"));
-        bench->dialogs.ExpectMessage(QStringLiteral("Cannot find ") + RecentFiles[2], BoxAnswer::Ok, BoxIcon::None);
+        RecentFiles[2] = bench->Path(u"gone.bas"_s);
+        bench->dialogs.ExpectMessage(u"Cannot find "_s + RecentFiles[2], BoxAnswer::Ok, BoxIcon::None);
         mnuFileMRU_Click(3);
         QVERIFY(bench->dialogs.Finished());
         QVERIFY(bench->form.log.isEmpty());
-        QCOMPARE(RecentFiles[2], bench->Path(QStringLiteral("gone.bas")));
+        QCOMPARE(RecentFiles[2], bench->Path(u"gone.bas"_s));
     }
 
     void aSavedWindowIsTakenByTheNextFile()
     {
-        const QString file = bench->Put(QStringLiteral("b.bas"), "second\r\n");
-        cDocument& document = bench->Open(bench->Path(QStringLiteral("a.bas")), "first");
+        const QString file = bench->Put(u"b.bas"_s, "second\r\n");
+        cDocument& document = bench->Open(bench->Path(u"a.bas"_s), "first");
         Documents[1]->Tag = TagOpen;
         document.Tag.clear();
         OpenRecentFile(file);
         QCOMPARE(document.Caption(), file);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("second"));
         QCOMPARE(Documents.size(), std::size_t{3});
-        QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
+        QCOMPARE(RecentFiles[0], u"untitled"_s);
     }
 
 private:

@@ -2,8 +2,11 @@
 // The list of files and the archive made from it, read back by other programs.
 #include "engine/package/ZipListBench.h"
 #include "platform/files/FileTrouble.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
 
 using namespace ob;
 
@@ -14,7 +17,7 @@ constexpr int fileIsInList = static_cast<int>(0x800407D1);
 // The line that zipinfo shows for an entry, with runs of spaces reduced to one.
 QString InfoOf(const QString& archive, const QString& name)
 {
-    const QByteArray out = RunProgram(QStringLiteral("zipinfo"), {QStringLiteral("-T"), archive, name}).out;
+    const QByteArray out = RunProgram(u"zipinfo"_s, {u"-T"_s, archive, name}).out;
     return QString::fromUtf8(out).simplified();
 }
 
@@ -58,7 +61,7 @@ void tst_CGZipFiles::aNewListHasItsDefaults()
     QCOMPARE(zip.Encrypted, false);
     QCOMPARE(zip.IncludeSystemFiles, false);
     QCOMPARE(zip.ZipFileCount(), std::int16_t(0));
-    QCOMPARE(zip.RootDirectory, QStringLiteral("\\"));
+    QCOMPARE(zip.RootDirectory, u"\\"_s);
     QCOMPARE(zip.UpdatingZip, false);
     QCOMPARE(zip.GetLastMessage(), QString());
 }
@@ -66,15 +69,15 @@ void tst_CGZipFiles::aNewListHasItsDefaults()
 void tst_CGZipFiles::aFileIsListedOnce()
 {
     CGZipFiles zip;
-    zip.AddFile(QStringLiteral("a.txt"));
+    zip.AddFile(u"a.txt"_s);
     for (const char* again : {"a.txt", "A.TXT"}) {
         try {
             zip.AddFile(QString::fromLatin1(again));
             QFAIL("no error");
         } catch (const RuntimeError& error) {
             QCOMPARE(error.number, fileIsInList);
-            QCOMPARE(error.source, QStringLiteral("CGZip::AddFile"));
-            QCOMPARE(error.description, QStringLiteral("File is already in Zip List"));
+            QCOMPARE(error.source, u"CGZip::AddFile"_s);
+            QCOMPARE(error.description, u"File is already in Zip List"_s);
         }
     }
     QCOMPARE(zip.ZipFileCount(), std::int16_t(1));
@@ -84,14 +87,14 @@ void tst_CGZipFiles::onlyListedFilesCanBeRemoved()
 {
     CGZipFiles zip;
     try {
-        zip.RemoveFile(QStringLiteral("a.txt"));
+        zip.RemoveFile(u"a.txt"_s);
         QFAIL("no error");
     } catch (const RuntimeError& error) {
-        QCOMPARE(error.source, QStringLiteral("CGZip::RemoveFile"));
-        QCOMPARE(error.description, QStringLiteral("File is not in Zip List"));
+        QCOMPARE(error.source, u"CGZip::RemoveFile"_s);
+        QCOMPARE(error.description, u"File is not in Zip List"_s);
     }
-    zip.AddFile(QStringLiteral("a.txt"));
-    zip.RemoveFile(QStringLiteral("A.txt"));
+    zip.AddFile(u"a.txt"_s);
+    zip.RemoveFile(u"A.txt"_s);
     QCOMPARE(zip.ZipFileCount(), std::int16_t(0));
 }
 
@@ -101,8 +104,8 @@ void tst_CGZipFiles::thePlaceholderIsReserved()
     folder.Put("querty", "x");
     folder.Put("a.txt", "a");
     CGZipFiles zip = ListOf(Names("a.txt"));
-    QCOMPARE(ErrorOf([&] { zip.AddFile(QStringLiteral("querty")); }), fileIsInList);
-    QCOMPARE(ErrorOf([&] { zip.AddFile(QStringLiteral("QUERTY")); }), fileIsInList);
+    QCOMPARE(ErrorOf([&] { zip.AddFile(u"querty"_s); }), fileIsInList);
+    QCOMPARE(ErrorOf([&] { zip.AddFile(u"QUERTY"_s); }), fileIsInList);
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(Out()), Names("a.txt"));
     QCOMPARE(zip.UnmatchedFiles(), QStringList());
@@ -123,7 +126,7 @@ void tst_CGZipFiles::ninetyNineNamesAreTheMost()
     const ZipFolder folder;
     CGZipFiles zip = ListOf({});
     for (int number = 0; number < count; ++number) {
-        const QString name = QStringLiteral("file%1.txt").arg(number);
+        const QString name = u"file%1.txt"_s.arg(number);
         PutFile(name, "x");
         zip.AddFile(name);
     }
@@ -133,8 +136,7 @@ void tst_CGZipFiles::ninetyNineNamesAreTheMost()
     if (result == 0) {
         QCOMPARE(NamesInZip(Out()).size(), count);
     } else {
-        QCOMPARE(zip.GetLastMessage(),
-                 QStringLiteral("Run-time error '9': Subscript out of range (CGZipFiles::MakeZipFile)"));
+        QCOMPARE(zip.GetLastMessage(), u"Run-time error '9': Subscript out of range (CGZipFiles::MakeZipFile)"_s);
         // A wildcard is one name, however many files match it.
         CGZipFiles wildcard = ListOf(Names("*.txt"));
         QCOMPARE(wildcard.MakeZipFile(), 0);
@@ -145,15 +147,15 @@ void tst_CGZipFiles::ninetyNineNamesAreTheMost()
 void tst_CGZipFiles::filesAreStoredUnderPlainNames()
 {
     const ZipFolder folder;
-    QVERIFY(QDir().mkpath(QStringLiteral("sub/deep")));
+    QVERIFY(QDir().mkpath(u"sub/deep"_s));
     folder.Put("sub/deep/one.txt", "one");
     folder.Put("two.txt", "two");
-    CGZipFiles zip = ListOf({folder.At("sub/deep/one.txt"), QStringLiteral("./two.txt")});
+    CGZipFiles zip = ListOf({folder.At("sub/deep/one.txt"), u"./two.txt"_s});
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(zip.GetLastMessage(), QString());
     QCOMPARE(NamesInZip(Out()), Names("one.txt two.txt"));
-    QCOMPARE(FileInZip(Out(), QStringLiteral("one.txt")), QByteArray("one"));
-    QCOMPARE(FileInZip(Out(), QStringLiteral("two.txt")), QByteArray("two"));
+    QCOMPARE(FileInZip(Out(), u"one.txt"_s), QByteArray("one"));
+    QCOMPARE(FileInZip(Out(), u"two.txt"_s), QByteArray("two"));
 }
 
 void tst_CGZipFiles::wildcardsIgnoreCaseAndStarDotStarIsEveryFile_data()
@@ -178,7 +180,7 @@ void tst_CGZipFiles::wildcardsIgnoreCaseAndStarDotStarIsEveryFile()
     QFETCH(QString, spec);
     QFETCH(QStringList, names);
     const ZipFolder folder;
-    QVERIFY(QDir().mkdir(QStringLiteral("folder.txt")));
+    QVERIFY(QDir().mkdir(u"folder.txt"_s));
     for (const char* name : {".hidden", "A.TXT", "ab.txt", "b.DLL", "noending", "[x].txt", "folder.txt/inner.txt"})
         folder.Put(name, "x");
     CGZipFiles zip = ListOf({spec});
@@ -190,7 +192,7 @@ void tst_CGZipFiles::wildcardsIgnoreCaseAndStarDotStarIsEveryFile()
 void tst_CGZipFiles::namesAreFoundInAnyCase()
 {
     const ZipFolder folder;
-    QVERIFY(QDir().mkdir(QStringLiteral("Sub")));
+    QVERIFY(QDir().mkdir(u"Sub"_s));
     folder.Put("Sub/ReadMe.TXT", "x");
     CGZipFiles zip = ListOf({folder.At("sub/readme.txt")});
     QCOMPARE(zip.MakeZipFile(), 0);
@@ -203,14 +205,14 @@ void tst_CGZipFiles::namesAreFoundInAnyCase()
 void tst_CGZipFiles::relativeNamesStartInTheRootFolder()
 {
     const ZipFolder folder;
-    QVERIFY(QDir().mkdir(QStringLiteral("base")));
+    QVERIFY(QDir().mkdir(u"base"_s));
     folder.Put("base/a.txt", "x");
     CGZipFiles zip = ListOf(Names("a.txt"));
     zip.RootDirectory = folder.At("base");
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(folder.At("base/out.zip")), Names("a.txt"));
     // The default is the root of the disk.
-    zip.RootDirectory = QStringLiteral("\\");
+    zip.RootDirectory = u"\\"_s;
     zip.ZipFileName = folder.At("other.zip");
     QCOMPARE(zip.MakeZipFile(), ZipNoFiles);
     CGZipFiles fromRoot;
@@ -223,7 +225,7 @@ void tst_CGZipFiles::relativeNamesStartInTheRootFolder()
 void tst_CGZipFiles::subfoldersAreEnteredOnRequest()
 {
     const ZipFolder folder;
-    QVERIFY(QDir().mkpath(QStringLiteral("p/sub/deep")));
+    QVERIFY(QDir().mkpath(u"p/sub/deep"_s));
     folder.Put("p/a.txt", "a");
     folder.Put("p/sub/b.txt", "b");
     folder.Put("p/sub/deep/c.txt", "c");
@@ -261,15 +263,15 @@ void tst_CGZipFiles::noMatchAtAllIsAFailure()
 void tst_CGZipFiles::twoFilesOfOneNameAreAFailure()
 {
     const ZipFolder folder;
-    QVERIFY(QDir().mkpath(QStringLiteral("x")));
-    QVERIFY(QDir().mkpath(QStringLiteral("y")));
+    QVERIFY(QDir().mkpath(u"x"_s));
+    QVERIFY(QDir().mkpath(u"y"_s));
     folder.Put("x/a.txt", "1");
     folder.Put("y/A.txt", "2");
     CGZipFiles zip = ListOf(Names("x/a.txt y/*.*"));
     QCOMPARE(zip.MakeZipFile(), ZipTwoOfOneName);
     QVERIFY(zip.GetLastMessage().contains(folder.At("x/a.txt")));
     QVERIFY(zip.GetLastMessage().contains(folder.At("y/A.txt")));
-    QCOMPARE(NamesIn(QStringLiteral(".")), Names("x y"));
+    QCOMPARE(NamesIn(u"."_s), Names("x y"));
 }
 
 void tst_CGZipFiles::aFileMatchedTwiceIsStoredOnce()
@@ -277,7 +279,7 @@ void tst_CGZipFiles::aFileMatchedTwiceIsStoredOnce()
     const ZipFolder folder;
     folder.Put("a.txt", "a");
     folder.Put("b.txt", "b");
-    CGZipFiles zip = ListOf({QStringLiteral("a.txt"), QStringLiteral("*.txt"), folder.At("a.txt")});
+    CGZipFiles zip = ListOf({u"a.txt"_s, u"*.txt"_s, folder.At("a.txt")});
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(Out()), Names("a.txt b.txt"));
     QCOMPARE(zip.UnmatchedFiles(), QStringList());
@@ -291,7 +293,7 @@ void tst_CGZipFiles::theArchiveNeverHoldsItself()
     for (int round = 0; round < 2; ++round) {
         QCOMPARE(zip.MakeZipFile(), 0);
         QCOMPARE(NamesInZip(Out()), Names("a.txt"));
-        QCOMPARE(NamesIn(QStringLiteral(".")), Names("a.txt out.zip"));
+        QCOMPARE(NamesIn(u"."_s), Names("a.txt out.zip"));
     }
     CGZipFiles alone = ListOf(Names("out.zip"));
     QCOMPARE(alone.MakeZipFile(), ZipNoFiles);
@@ -332,9 +334,9 @@ void tst_CGZipFiles::updatingKeepsExistingEntries()
     QStringList names = NamesInZip(Out());
     names.sort();
     QCOMPARE(names, Names("a.txt b.txt c.txt"));
-    QCOMPARE(FileInZip(Out(), QStringLiteral("a.txt")), QByteArray("newer"));
-    QCOMPARE(FileInZip(Out(), QStringLiteral("b.txt")), QByteArray("b"));
-    QCOMPARE(FileInZip(Out(), QStringLiteral("c.txt")), QByteArray("c"));
+    QCOMPARE(FileInZip(Out(), u"a.txt"_s), QByteArray("newer"));
+    QCOMPARE(FileInZip(Out(), u"b.txt"_s), QByteArray("b"));
+    QCOMPARE(FileInZip(Out(), u"c.txt"_s), QByteArray("c"));
     folder.Put("out.zip", "not an archive");
     QVERIFY(second.MakeZipFile() > 0);
     QCOMPARE(GetFile(Out()), QByteArray("not an archive"));
@@ -350,21 +352,18 @@ void tst_CGZipFiles::timesAndAttributesAreKept()
     QVERIFY(QFile::setPermissions(folder.At("b.txt"), QFile::ReadOwner | QFile::ReadGroup));
     CGZipFiles zip = ListOf(Names("a.txt b.txt"));
     QCOMPARE(zip.MakeZipFile(), 0);
-    QVERIFY(InfoOf(Out(), QStringLiteral("a.txt")).contains(QStringLiteral("20010203.04050")));
+    QVERIFY(InfoOf(Out(), u"a.txt"_s).contains(u"20010203.04050"_s));
     // The DOS attributes: archive for both, read-only for the second.
     const auto attributes = [](const QString& name) {
-        const QByteArray out = RunProgram(QStringLiteral("zipinfo"), {QStringLiteral("-v"), Out(), name}).out;
-        const QRegularExpression pattern(QStringLiteral("MS-DOS file attributes \\((\\w+) hex\\)"));
+        const QByteArray out = RunProgram(u"zipinfo"_s, {u"-v"_s, Out(), name}).out;
+        const QRegularExpression pattern(u"MS-DOS file attributes \\((\\w+) hex\\)"_s);
         return pattern.match(QString::fromUtf8(out)).captured(1);
     };
-    QCOMPARE(attributes(QStringLiteral("a.txt")), QStringLiteral("20"));
-    QCOMPARE(attributes(QStringLiteral("b.txt")), QStringLiteral("21"));
+    QCOMPARE(attributes(u"a.txt"_s), u"20"_s);
+    QCOMPARE(attributes(u"b.txt"_s), u"21"_s);
     // Extracted files are the same as before, with times exact to the second.
-    QVERIFY(QDir().mkdir(QStringLiteral("again")));
-    QCOMPARE(
-        RunProgram(QStringLiteral("unzip"), {QStringLiteral("-q"), Out(), QStringLiteral("-d"), folder.At("again")})
-            .status,
-        0);
+    QVERIFY(QDir().mkdir(u"again"_s));
+    QCOMPARE(RunProgram(u"unzip"_s, {u"-q"_s, Out(), u"-d"_s, folder.At("again")}).status, 0);
     QCOMPARE(QFileInfo(folder.At("again/a.txt")).lastModified(), time);
     QCOMPARE(QFileInfo(folder.At("again/b.txt")).permissions() & QFile::WriteOwner, QFile::Permissions());
 }
@@ -379,8 +378,7 @@ void tst_CGZipFiles::timesBeyondTheFormatAreKeptWithinIt()
     CGZipFiles zip = ListOf(Names("old.txt new.txt"));
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(Out()), Names("old.txt new.txt"));
-    QVERIFY2(InfoOf(Out(), QStringLiteral("new.txt")).contains(QStringLiteral(" 2107")),
-             qPrintable(InfoOf(Out(), QStringLiteral("new.txt"))));
+    QVERIFY2(InfoOf(Out(), u"new.txt"_s).contains(u" 2107"_s), qPrintable(InfoOf(Out(), u"new.txt"_s)));
 }
 
 void tst_CGZipFiles::namesOutsideAsciiAreFlaggedAsUtf8()
@@ -412,7 +410,7 @@ void tst_CGZipFiles::emptyFilesAreStored()
     CGZipFiles zip = ListOf(Names("empty.txt"));
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(Out()), Names("empty.txt"));
-    QCOMPARE(FileInZip(Out(), QStringLiteral("empty.txt")), QByteArray());
+    QCOMPARE(FileInZip(Out(), u"empty.txt"_s), QByteArray());
 }
 
 void tst_CGZipFiles::noiseIsStoredAndTextIsDeflated()
@@ -425,25 +423,25 @@ void tst_CGZipFiles::noiseIsStoredAndTextIsDeflated()
                NoiseBytes(900'000) + QByteArray("print \"hello\"\r\n").repeated(100'000) + NoiseBytes(900'000));
     CGZipFiles zip = ListOf(Names("noise.bin text.txt mixed.bin"));
     QCOMPARE(zip.MakeZipFile(), 0);
-    QVERIFY(InfoOf(Out(), QStringLiteral("noise.bin")).contains(QStringLiteral(" stor ")));
-    QVERIFY(InfoOf(Out(), QStringLiteral("text.txt")).contains(QStringLiteral(" def")));
-    QVERIFY(InfoOf(Out(), QStringLiteral("mixed.bin")).contains(QStringLiteral(" def")));
+    QVERIFY(InfoOf(Out(), u"noise.bin"_s).contains(u" stor "_s));
+    QVERIFY(InfoOf(Out(), u"text.txt"_s).contains(u" def"_s));
+    QVERIFY(InfoOf(Out(), u"mixed.bin"_s).contains(u" def"_s));
     QVERIFY(QFileInfo(Out()).size() < 2'000'000 + 1'820'000 + 20'000);
-    QCOMPARE(FileInZip(Out(), QStringLiteral("noise.bin")), NoiseBytes(2'000'000));
+    QCOMPARE(FileInZip(Out(), u"noise.bin"_s), NoiseBytes(2'000'000));
     NamesInZip(Out());
     // No stored size exceeds the original.
     for (const qsizetype size : {1, 20, 8191, 8192, 8193, 16'384, 16'385, 100'000, 262'144, 262'145}) {
         folder.Put("noise.bin", NoiseBytes(size));
         CGZipFiles one = ListOf(Names("noise.bin"));
         QCOMPARE(one.MakeZipFile(), 0);
-        QVERIFY(InfoOf(Out(), QStringLiteral("noise.bin")).contains(QStringLiteral(" stor ")));
-        QCOMPARE(FileInZip(Out(), QStringLiteral("noise.bin")), NoiseBytes(size));
+        QVERIFY(InfoOf(Out(), u"noise.bin"_s).contains(u" stor "_s));
+        QCOMPARE(FileInZip(Out(), u"noise.bin"_s), NoiseBytes(size));
     }
     for (const int count : {50, 600, 700, 20'000}) {
         folder.Put("text.txt", QByteArray("print \"hello\"\r\n").repeated(count));
         CGZipFiles one = ListOf(Names("text.txt"));
         QCOMPARE(one.MakeZipFile(), 0);
-        QVERIFY(InfoOf(Out(), QStringLiteral("text.txt")).contains(QStringLiteral(" def")));
+        QVERIFY(InfoOf(Out(), u"text.txt"_s).contains(u" def"_s));
     }
 }
 

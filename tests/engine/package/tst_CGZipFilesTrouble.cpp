@@ -3,6 +3,8 @@
 #include "engine/package/ZipListBench.h"
 #include "platform/files/FileTrouble.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -27,7 +29,7 @@ private:
 
 qint64 PeakMemoryKb()
 {
-    const QByteArray status = GetFile(QStringLiteral("/proc/self/status"));
+    const QByteArray status = GetFile(u"/proc/self/status"_s);
     const qsizetype place = status.indexOf("VmHWM:");
     return place < 0 ? -1 : status.mid(place + 6, 20).trimmed().split(' ').first().toLongLong();
 }
@@ -80,10 +82,9 @@ void tst_CGZipFilesTrouble::unreadableFilesAreAFailureWithTheirName()
     // A file that can be opened but not read.
     CGZipFiles memory = ListOf(Names("a.txt /proc/self/mem"));
     QCOMPARE(memory.MakeZipFile(), 5);
-    QVERIFY2(memory.GetLastMessage().startsWith(QStringLiteral("mem cannot be read: ")),
-             qPrintable(memory.GetLastMessage()));
+    QVERIFY2(memory.GetLastMessage().startsWith(u"mem cannot be read: "_s), qPrintable(memory.GetLastMessage()));
     QCOMPARE(GetFile(Out()), QByteArray("old"));
-    QCOMPARE(NamesIn(QStringLiteral(".")), Names("a.txt out.zip"));
+    QCOMPARE(NamesIn(u"."_s), Names("a.txt out.zip"));
 
     folder.Put("closed.txt", "secret");
     QVERIFY(QFile::setPermissions(folder.At("closed.txt"), QFile::Permissions()));
@@ -92,7 +93,7 @@ void tst_CGZipFilesTrouble::unreadableFilesAreAFailureWithTheirName()
     const PlainUser user;
     CGZipFiles closed = ListOf(Names("*.txt"));
     QCOMPARE(closed.MakeZipFile(), ZipCannotOpen);
-    QCOMPARE(closed.GetLastMessage(), QStringLiteral("closed.txt cannot be read: Permission denied"));
+    QCOMPARE(closed.GetLastMessage(), u"closed.txt cannot be read: Permission denied"_s);
     QCOMPARE(GetFile(Out()), QByteArray("old"));
 #else
     QSKIP("has no such files");
@@ -103,8 +104,8 @@ void tst_CGZipFilesTrouble::foldersAndPipesAreNotFiles()
 {
 #ifdef Q_OS_UNIX
     const ZipFolder folder;
-    QVERIFY(QDir().mkdir(QStringLiteral("like.txt")));
-    QCOMPARE(RunProgram(QStringLiteral("mkfifo"), {folder.At("pipe.txt")}).status, 0);
+    QVERIFY(QDir().mkdir(u"like.txt"_s));
+    QCOMPARE(RunProgram(u"mkfifo"_s, {folder.At("pipe.txt")}).status, 0);
     QVERIFY(QFile::link(folder.At("gone"), folder.At("dangling.txt")));
     CGZipFiles none = ListOf(Names("like.txt pipe.txt dangling.txt /dev/zero *.txt"));
     QCOMPARE(none.MakeZipFile(), ZipNoFiles);
@@ -113,7 +114,7 @@ void tst_CGZipFilesTrouble::foldersAndPipesAreNotFiles()
     CGZipFiles zip = ListOf(Names("*.txt"));
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(NamesInZip(Out()), Names("a.txt link.txt"));
-    QCOMPARE(FileInZip(Out(), QStringLiteral("link.txt")), QByteArray("a"));
+    QCOMPARE(FileInZip(Out(), u"link.txt"_s), QByteArray("a"));
 #else
     QSKIP("has no such files");
 #endif
@@ -132,7 +133,7 @@ void tst_CGZipFilesTrouble::aFullDiskLeavesTheOldArchive()
     }
     QVERIFY(!zip.GetLastMessage().isEmpty());
     QCOMPARE(GetFile(Out()), QByteArray("old"));
-    QCOMPARE(NamesIn(QStringLiteral(".")), Names("noise.bin out.zip"));
+    QCOMPARE(NamesIn(u"."_s), Names("noise.bin out.zip"));
     QCOMPARE(zip.MakeZipFile(), 0);
     QCOMPARE(zip.GetLastMessage(), QString());
     QCOMPARE(NamesInZip(Out()), Names("noise.bin"));
@@ -146,20 +147,20 @@ void tst_CGZipFilesTrouble::aFolderThatRejectsFilesIsReported()
 #ifdef Q_OS_UNIX
     const ZipFolder folder;
     folder.Put("a.txt", "a");
-    CGZipFiles missing = ListOf(Names("a.txt"), QStringLiteral("nowhere/out.zip"));
+    CGZipFiles missing = ListOf(Names("a.txt"), u"nowhere/out.zip"_s);
     QVERIFY(missing.MakeZipFile() > 0);
-    QVERIFY(missing.GetLastMessage().contains(QStringLiteral("No such file")));
-    CGZipFiles system = ListOf(Names("a.txt"), QStringLiteral("/proc/out.zip"));
+    QVERIFY(missing.GetLastMessage().contains(u"No such file"_s));
+    CGZipFiles system = ListOf(Names("a.txt"), u"/proc/out.zip"_s);
     QVERIFY(system.MakeZipFile() > 0);
     QVERIFY(QFile::setPermissions(QDir::currentPath(), QFile::Permissions(0x5555)));
     {
         const PlainUser user;
         CGZipFiles zip = ListOf(Names("a.txt"));
         QVERIFY(zip.MakeZipFile() > 0);
-        QVERIFY2(zip.GetLastMessage().contains(QStringLiteral("Permission denied")), qPrintable(zip.GetLastMessage()));
+        QVERIFY2(zip.GetLastMessage().contains(u"Permission denied"_s), qPrintable(zip.GetLastMessage()));
     }
     QVERIFY(QFile::setPermissions(QDir::currentPath(), QFile::Permissions(0x7700)));
-    QCOMPARE(NamesIn(QStringLiteral(".")), Names("a.txt"));
+    QCOMPARE(NamesIn(u"."_s), Names("a.txt"));
 #else
     QSKIP("has no such permissions");
 #endif
@@ -170,12 +171,12 @@ void tst_CGZipFilesTrouble::onlyFilesAreReplaced()
 #ifdef Q_OS_UNIX
     const ZipFolder folder;
     folder.Put("a.txt", "a");
-    QVERIFY(QDir().mkdir(QStringLiteral("folder.zip")));
-    CGZipFiles overFolder = ListOf(Names("a.txt"), QStringLiteral("folder.zip"));
+    QVERIFY(QDir().mkdir(u"folder.zip"_s));
+    CGZipFiles overFolder = ListOf(Names("a.txt"), u"folder.zip"_s);
     QCOMPARE(overFolder.MakeZipFile(), ZipCannotOpen);
     QVERIFY(QFileInfo(folder.At("folder.zip")).isDir());
-    QCOMPARE(RunProgram(QStringLiteral("mkfifo"), {folder.At("pipe.zip")}).status, 0);
-    CGZipFiles overPipe = ListOf(Names("a.txt"), QStringLiteral("pipe.zip"));
+    QCOMPARE(RunProgram(u"mkfifo"_s, {folder.At("pipe.zip")}).status, 0);
+    CGZipFiles overPipe = ListOf(Names("a.txt"), u"pipe.zip"_s);
     QCOMPARE(overPipe.MakeZipFile(), ZipCannotOpen);
     QVERIFY(!QFileInfo(folder.At("pipe.zip")).isFile());
     folder.Put("out.zip", "old");
@@ -216,7 +217,7 @@ void tst_CGZipFilesTrouble::stoppingLeavesTheOldArchive()
         };
         QCOMPARE(zip.MakeZipFile(stop), ZipStopped);
         QCOMPARE(GetFile(Out()), QByteArray("old"));
-        QCOMPARE(NamesIn(QStringLiteral(".")), Names("a.bin b.txt out.zip"));
+        QCOMPARE(NamesIn(u"."_s), Names("a.bin b.txt out.zip"));
     }
 }
 
@@ -224,7 +225,7 @@ void tst_CGZipFilesTrouble::aLinkedArchiveStaysALink()
 {
 #ifdef Q_OS_UNIX
     const ZipFolder folder;
-    QVERIFY(QDir().mkdir(QStringLiteral("real")));
+    QVERIFY(QDir().mkdir(u"real"_s));
     folder.Put("a.txt", "a");
     folder.Put("real/true.zip", "old");
     QVERIFY(QFile::link(folder.At("real/true.zip"), Out()));

@@ -5,13 +5,15 @@
 
 #include "engine/package/modPackage.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString CopyError = QStringLiteral("Error occurred!");
-const QString RenameError = QStringLiteral("Error renaming runtime engine!");
-const QString Aborted = QStringLiteral("File copying operation aborted!");
+const QString CopyError = u"Error occurred!"_s;
+const QString RenameError = u"Error renaming runtime engine!"_s;
+const QString Aborted = u"File copying operation aborted!"_s;
 
 // Records what is reported, and stops the work at one call of Processing, from 1.
 class ListeningWatch final : public cPackageWatch {
@@ -34,14 +36,11 @@ public:
         reports.append(box.text);
         boxes.append(box);
     }
-    void EngineIsNamed(const PackagedEngine& engine) override
-    {
-        reports.append(QStringLiteral("named ") + engine.name);
-    }
+    void EngineIsNamed(const PackagedEngine& engine) override { reports.append(u"named "_s + engine.name); }
     void FilesAreDone() override { ++done; }
-    void ZipBegins() override { reports.append(QStringLiteral("zip")); }
+    void ZipBegins() override { reports.append(u"zip"_s); }
     ZipRequest Zipping(const ZipProgress&) override { return ZipRequest::GoOn; }
-    void ZipEnds() override { reports.append(QStringLiteral("zip ends")); }
+    void ZipEnds() override { reports.append(u"zip ends"_s); }
     void ZipIsMade(const QString& base) override { reports.append(ZipMadeBox(base).text); }
 
     int stopAt;
@@ -116,11 +115,11 @@ private Q_SLOTS:
 
 void tst_modPackage::tokensEndInTkn()
 {
-    QVERIFY(IsTokenName(QStringLiteral("/a/game.tkn")));
-    QVERIFY(IsTokenName(QStringLiteral("GAME.TKN")));
-    QVERIFY(!IsTokenName(QStringLiteral("game.bas")));
+    QVERIFY(IsTokenName(u"/a/game.tkn"_s));
+    QVERIFY(IsTokenName(u"GAME.TKN"_s));
+    QVERIFY(!IsTokenName(u"game.bas"_s));
     QVERIFY(!IsTokenName(QString()));
-    QVERIFY(!IsTokenName(QStringLiteral("kn")));
+    QVERIFY(!IsTokenName(u"kn"_s));
 }
 
 void tst_modPackage::theMarkerChoosesTheFiles_data()
@@ -138,7 +137,7 @@ void tst_modPackage::theMarkerChoosesTheFiles()
     QCOMPARE(static_cast<int>(plan.version), version);
     QStringList expected = Words(engineFiles[version - 1].files) + Words("run.exe");
     if (version < 3)
-        expected.append(QStringLiteral("obasic.ini"));
+        expected.append(u"obasic.ini"_s);
     for (QString& name : expected)
         name = bench.engine + QDir::separator() + name;
     expected.append(bench.Token());
@@ -164,7 +163,7 @@ void tst_modPackage::withoutAMarkerOnlyTheTokenIsPlanned()
     QCOMPARE(PlanOf(bench).files, QStringList(bench.Token()));
     const QString before = QDir::currentPath();
     QDir::setCurrent(bench.engine);
-    PutFile(QStringLiteral("vwm11.dll"), "x");
+    PutFile(u"vwm11.dll"_s, "x");
     // A missing engine does not mean the current folder.
     QCOMPARE(PlanPackage(bench.Token(), {}).version, InstalledEngine::None);
     QDir::setCurrent(before);
@@ -191,7 +190,7 @@ void tst_modPackage::namesOnDiskAreFoundInAnyCase()
     Rename(bench.engine, "vwfont.dll", "VWFont.Dll");
     Rename(bench.engine, "run.exe", "RUN.EXE");
     Rename(bench.engine, "obasic.ini", "OBASIC.INI");
-    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(u"named game.exe"_s));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("vwfont.dll"), QByteArray("the vwfont.dll"));
 }
@@ -204,7 +203,7 @@ void tst_modPackage::theFirstEngineOfAPatternIsTaken()
     PutFile(bench.At("engine/Zrun.exe"), "x");
     QVERIFY(QDir().mkdir(bench.At("engine/arun.exe")));
     QVERIFY(PlanOf(bench).files.contains(bench.At("engine/MyRun.EXE")));
-    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(u"named game.exe"_s));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(3));
     QCOMPARE(bench.Get("game.exe"), QByteArray("the first"));
 }
@@ -216,7 +215,7 @@ void tst_modPackage::aPatternWithoutAnEngineIsMissing()
     const QStringList reports = ReportsOf(PlanOf(bench));
     QCOMPARE(reports.size(), 2);
     QCOMPARE(reports[0], RenameError);
-    QVERIFY(reports[1].endsWith(bench.At("engine/*run*.exe") + QStringLiteral("\r\n")));
+    QVERIFY(reports[1].endsWith(bench.At("engine/*run*.exe") + u"\r\n"_s));
 }
 
 void tst_modPackage::aFolderNamedLikeAFileIsMissing()
@@ -224,11 +223,11 @@ void tst_modPackage::aFolderNamedLikeAFileIsMissing()
     const PackageBench bench(1);
     QVERIFY(QFile::remove(bench.At("engine/vwabort.dll")));
     QVERIFY(QDir().mkdir(bench.At("engine/vwabort.dll")));
-    QVERIFY(ReportsOf(PlanOf(bench)).last().endsWith(bench.At("engine/vwabort.dll") + QStringLiteral("\r\n")));
+    QVERIFY(ReportsOf(PlanOf(bench)).last().endsWith(bench.At("engine/vwabort.dll") + u"\r\n"_s));
     QVERIFY(!QFileInfo::exists(bench.Packed("vwabort.dll")));
     // A file in another case matches.
     PutFile(bench.At("engine/VWABORT.dll"), "other");
-    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(u"named game.exe"_s));
     QCOMPARE(bench.Get("vwabort.dll"), QByteArray("other"));
     // A folder with a marker's name selects nothing.
     const PackageBench none(0);
@@ -240,11 +239,11 @@ void tst_modPackage::placesAreFoundByNameInAnyCase()
 {
     const PackageBench bench(1);
     PackagePlan plan = PlanOf(bench);
-    QCOMPARE(PlaceInPackage(plan, QStringLiteral("VWABORT.dll")), 0);
-    QCOMPARE(PlaceInPackage(plan, QStringLiteral("game.tkn")), plan.files.size() - 1);
-    QCOMPARE(PlaceInPackage(plan, QStringLiteral("gone.txt")), -1);
+    QCOMPARE(PlaceInPackage(plan, u"VWABORT.dll"_s), 0);
+    QCOMPARE(PlaceInPackage(plan, u"game.tkn"_s), plan.files.size() - 1);
+    QCOMPARE(PlaceInPackage(plan, u"gone.txt"_s), -1);
     plan.files.append(bench.At("work/vwabort.dll"));
-    QCOMPARE(PlaceInPackage(plan, QStringLiteral("vwabort.dll")), 0);
+    QCOMPARE(PlaceInPackage(plan, u"vwabort.dll"_s), 0);
 }
 
 void tst_modPackage::wholePackagesOfThreeVersions_data()
@@ -258,7 +257,7 @@ void tst_modPackage::wholePackagesOfThreeVersions()
     const PackageBench bench(version);
     ListeningWatch watch;
     QCOMPARE(MakePackage(PlanOf(bench), PackageZip::No, watch).end, PackageEnd::Made);
-    QCOMPARE(watch.reports, QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(watch.reports, QStringList(u"named game.exe"_s));
     QCOMPARE(watch.done, 1);
     QCOMPARE(watch.lastDone, watch.all);
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(version));
@@ -285,7 +284,7 @@ void tst_modPackage::copiesKeepTimesAndPermissions()
     QVERIFY(QFile::setPermissions(bench.At("engine/run.exe"), program));
     QVERIFY(QFile::setPermissions(bench.At("engine/vwhelp.dll"), QFile::ReadOwner));
     for (int round = 0; round < 2; ++round) {
-        QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+        QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(u"named game.exe"_s));
         QCOMPARE(QFileInfo(bench.Packed("game.exe")).lastModified(), time);
         QCOMPARE(QFileInfo(bench.Packed("vwhelp.dll")).lastModified(), time);
         QVERIFY(QFile::permissions(bench.Packed("game.exe")) & QFile::ExeOwner);
@@ -303,9 +302,9 @@ void tst_modPackage::missingFilesAreListedAndSkipped()
     QVERIFY(QFile::link(bench.At("engine/gone"), bench.At("engine/VWFLOAT.DLL")));
 #endif
     const QStringList reports = ReportsOf(PlanOf(bench));
-    const QStringList expected = {QStringLiteral("named game.exe"),
-                                  QStringLiteral("Orchard Bench could not find these needed files:%1\r\n%2\r\n")
-                                      .arg(bench.At("engine/vwfloat.dll"), bench.At("engine/obasic.ini"))};
+    const QStringList expected = {u"named game.exe"_s,
+                                  u"Orchard Bench could not find these needed files:%1\r\n%2\r\n"_s.arg(
+                                      bench.At("engine/vwfloat.dll"), bench.At("engine/obasic.ini"))};
     QCOMPARE(reports, expected);
     QVERIFY(QFileInfo::exists(bench.Packed("vwvm11.dll")));
 }
@@ -314,25 +313,25 @@ void tst_modPackage::withoutRunExeTheRenameFails()
 {
     const PackageBench bench(1);
     PackagePlan plan = PlanOf(bench);
-    plan.files.removeAt(PlaceInPackage(plan, QStringLiteral("run.exe")));
+    plan.files.removeAt(PlaceInPackage(plan, u"run.exe"_s));
     QCOMPARE(ReportsOf(plan), QStringList(RenameError));
-    QVERIFY(!bench.PackedNames().contains(QStringLiteral("game.exe")));
-    QVERIFY(bench.PackedNames().contains(QStringLiteral("game.tkn")));
+    QVERIFY(!bench.PackedNames().contains(u"game.exe"_s));
+    QVERIFY(bench.PackedNames().contains(u"game.tkn"_s));
 }
 
 void tst_modPackage::anotherEngineBecomesRunExeFirst()
 {
     const PackageBench bench(1);
     PackagePlan plan = PlanOf(bench);
-    plan.files.removeAt(PlaceInPackage(plan, QStringLiteral("run.exe")));
+    plan.files.removeAt(PlaceInPackage(plan, u"run.exe"_s));
     QVERIFY(QDir().mkdir(bench.Package()));
     PutFile(bench.Packed("myrun.exe"), "my engine");
-    QCOMPARE(ReportsOf(plan), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(plan), QStringList(u"named game.exe"_s));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("game.exe"), QByteArray("my engine"));
     // It also precedes the existing run.exe, and replaces it.
     PutFile(bench.Packed("MYRUN.exe"), "my second engine");
-    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(u"named game.exe"_s));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("game.exe"), QByteArray("my second engine"));
 }
@@ -343,7 +342,7 @@ void tst_modPackage::aTokenNamedRunNeedsNoRename()
     PutFile(bench.At("work/Run.TKN"), "token");
     const PackagePlan plan = PlanPackage(bench.At("work/Run.TKN"), bench.engine + QDir::separator());
     for (int round = 0; round < 2; ++round) {
-        QCOMPARE(ReportsOf(plan), QStringList(QStringLiteral("named Run.exe")));
+        QCOMPARE(ReportsOf(plan), QStringList(u"named Run.exe"_s));
         QCOMPARE(bench.Get("run.exe"), QByteArray("the engine"));
     }
 }
@@ -355,7 +354,7 @@ void tst_modPackage::aPackageMadeTwiceIsOverwritten()
     PutFile(bench.At("engine/run.exe"), "the new engine");
     PutFile(bench.At("work/game.tkn"), "new token");
     PutFile(bench.Packed("left.txt"), "from before");
-    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(u"named game.exe"_s));
     QStringList expected = PackageBench::WholePackage(2) + Words("left.txt");
     expected.sort(Qt::CaseSensitive);
     QCOMPARE(bench.PackedNames(), expected);
@@ -370,7 +369,7 @@ void tst_modPackage::aFileOfAnotherCaseIsReplaced()
     PutFile(bench.Packed("VWABORT.DLL"), "old");
     PutFile(bench.Packed("GAME.EXE"), "old");
     PutFile(bench.Packed("RUN.EXE"), "old");
-    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(QStringLiteral("named game.exe")));
+    QCOMPARE(ReportsOf(PlanOf(bench)), QStringList(u"named game.exe"_s));
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
     QCOMPARE(bench.Get("game.exe"), QByteArray("the engine"));
 }
@@ -383,7 +382,7 @@ void tst_modPackage::aFailedRenameIsReported()
     const QStringList reports = ReportsOf(PlanOf(bench));
     QCOMPARE(reports.size(), 2);
     QCOMPARE(reports[0], RenameError);
-    QVERIFY(reports[1].contains(QStringLiteral("vwfont.dll")));
+    QVERIFY(reports[1].contains(u"vwfont.dll"_s));
     QCOMPARE(bench.Get("run.exe"), QByteArray("the engine"));
 }
 
@@ -392,12 +391,12 @@ void tst_modPackage::filesThatCannotBeReadAreReported()
 #ifdef Q_OS_UNIX
     const PackageBench bench(1);
     PackagePlan plan = PlanOf(bench);
-    plan.files += QStringList{QStringLiteral("/proc/self/mem"), QStringLiteral("/dev/zero")};
+    plan.files += QStringList{u"/proc/self/mem"_s, u"/dev/zero"_s};
     ListeningWatch watch;
     MakePackage(plan, PackageZip::No, watch);
-    const QStringList expected = {CopyError, CopyError, QStringLiteral("named game.exe")};
+    const QStringList expected = {CopyError, CopyError, u"named game.exe"_s};
     QCOMPARE(watch.reports, expected);
-    QCOMPARE(watch.boxes[0].title, QStringLiteral("SHCOPY"));
+    QCOMPARE(watch.boxes[0].title, u"SHCOPY"_s);
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
 #else
     QSKIP("has no such files");
@@ -413,7 +412,7 @@ void tst_modPackage::aFullDiskIsReportedAndLeavesTheOldCopy()
     PutFile(bench.At("engine/vwvm11.dll"), "small and new");
     {
         const FileSizeLimit limit(100'000);
-        const QStringList expected = {CopyError, QStringLiteral("named game.exe")};
+        const QStringList expected = {CopyError, u"named game.exe"_s};
         QCOMPARE(ReportsOf(PlanOf(bench)), expected);
     }
     QCOMPARE(bench.PackedNames(), PackageBench::WholePackage(1));
@@ -458,8 +457,7 @@ void tst_modPackage::aLockedPackageFolderIsReportedFileByFile()
         QStringList expected;
         for (qsizetype count = 0; count < plan.files.size(); ++count)
             expected.append(CopyError);
-        QCOMPARE(watch.reports,
-                 expected + QStringList({RenameError, QStringLiteral("zip"), QStringLiteral("zip ends")}));
+        QCOMPARE(watch.reports, expected + QStringList({RenameError, u"zip"_s, u"zip ends"_s}));
     }
     QVERIFY(QFile::setPermissions(bench.Package(), QFile::Permissions(0x7777)));
     QCOMPARE(bench.PackedNames(), QStringList());
@@ -489,7 +487,7 @@ void tst_modPackage::stoppingEndsTheWorkAtEachStep()
             QVERIFY(watch.names.contains(name));
             QVERIFY(!bench.Get(qPrintable(name)).isEmpty());
         }
-        QVERIFY(!names.contains(QStringLiteral("game.exe")));
+        QVERIFY(!names.contains(u"game.exe"_s));
     }
 }
 
@@ -520,7 +518,7 @@ void tst_modPackage::addedFilesFollowTheToken()
                                "e \xE6\xBC\xA2.txt"));
     ListeningWatch watch;
     MakePackage(plan, PackageZip::No, watch);
-    QCOMPARE(watch.names.last(), QStringLiteral("Gr\u00FC\u00DFe \u6F22.txt"));
+    QCOMPARE(watch.names.last(), u"Gr\u00FC\u00DFe \u6F22.txt"_s);
     QCOMPARE(bench.Get("Gr\xC3\xBC\xC3\x9F"
                        "e \xE6\xBC\xA2.txt"),
              QByteArray("hello"));
@@ -530,13 +528,13 @@ void tst_modPackage::aPackageIsZipped()
 {
     const PackageBench bench(3);
     for (int round = 0; round < 2; ++round) {
-        const QStringList expected = {QStringLiteral("named game.exe"), QStringLiteral("zip"),
-                                      QStringLiteral("zip ends"), bench.Packed("game.zip Created Successfully")};
+        const QStringList expected = {u"named game.exe"_s, u"zip"_s, u"zip ends"_s,
+                                      bench.Packed("game.zip Created Successfully")};
         QCOMPARE(ReportsOf(PlanOf(bench), PackageZip::Yes), expected);
         QStringList names = NamesInZip(bench.Packed("game.zip"));
         names.sort(Qt::CaseSensitive);
         QCOMPARE(names, PackageBench::WholePackage(3));
-        QCOMPARE(FileInZip(bench.Packed("game.zip"), QStringLiteral("game.exe")), QByteArray("the engine"));
+        QCOMPARE(FileInZip(bench.Packed("game.zip"), u"game.exe"_s), QByteArray("the engine"));
     }
     // A dot in the program's name does not begin an extension; older files go in, folders do not.
     PutFile(bench.At("work/my.game.tkn"), "token");
@@ -559,7 +557,7 @@ void tst_modPackage::theFileOfTheArchivesBareNameIsDeleted()
     QVERIFY(QFileInfo::exists(bench.Packed("game")));
     ReportsOf(PlanOf(bench), PackageZip::Yes);
     QVERIFY(!QFileInfo::exists(bench.Packed("game")));
-    QVERIFY(!NamesInZip(bench.Packed("game.zip")).contains(QStringLiteral("game")));
+    QVERIFY(!NamesInZip(bench.Packed("game.zip")).contains(u"game"_s));
 }
 
 void tst_modPackage::aFailedZipIsNotASuccess()
@@ -569,8 +567,8 @@ void tst_modPackage::aFailedZipIsNotASuccess()
     ListeningWatch watch;
     const PackageOutcome outcome = MakePackage(PlanOf(bench), PackageZip::Yes, watch);
     QCOMPARE(outcome.end, PackageEnd::ZipFailed);
-    QVERIFY(outcome.reason.contains(QStringLiteral("game.zip")));
-    const QStringList expected = {QStringLiteral("named game.exe"), QStringLiteral("zip"), QStringLiteral("zip ends")};
+    QVERIFY(outcome.reason.contains(u"game.zip"_s));
+    const QStringList expected = {u"named game.exe"_s, u"zip"_s, u"zip ends"_s};
     QCOMPARE(watch.reports, expected);
 }
 
@@ -578,16 +576,14 @@ void tst_modPackage::wordingOfTheBoxes()
 {
     const PackageBench bench(1);
     const PackagePlan plan = PlanOf(bench);
-    const MessageSpec question = TestQuestion(plan, {QStringLiteral("100%2.exe"), QString()});
-    QCOMPARE(question.text, QStringLiteral("The runtime engine is now called 100%2.exe  All files can be found in ") +
-                                bench.Package() +
-                                QStringLiteral("\r\n\r\nWould you like to test your new application?"));
+    const MessageSpec question = TestQuestion(plan, {u"100%2.exe"_s, QString()});
+    QCOMPARE(question.text, u"The runtime engine is now called 100%2.exe  All files can be found in "_s +
+                                bench.Package() + u"\r\n\r\nWould you like to test your new application?"_s);
     QCOMPARE(question.buttons, BoxButtons::YesNo);
-    QCOMPARE(NoEngineBox().text,
-             QStringLiteral("Orchard Bench cannot find your copy of Orchard BASIC.  Please set the path to "
-                            "'orchard.exe' in the Prefernces Menu, under 'Options/Paths'."));
+    QCOMPARE(NoEngineBox().text, u"Orchard Bench cannot find your copy of Orchard BASIC.  Please set the path to "
+                                 "'orchard.exe' in the Prefernces Menu, under 'Options/Paths'."_s);
     QCOMPARE(NoEngineBox().icon, BoxIcon::Exclamation);
-    QCOMPARE(ZipMadeBox(QStringLiteral("/x/game")).text, QStringLiteral("/x/game.zip Created Successfully"));
+    QCOMPARE(ZipMadeBox(u"/x/game"_s).text, u"/x/game.zip Created Successfully"_s);
     QCOMPARE(ZipMadeBox(QString()).icon, BoxIcon::Information);
 }
 

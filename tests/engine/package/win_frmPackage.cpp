@@ -5,6 +5,7 @@
 
 #include "engine/package/frmPackage.h"
 #include "engine/run/dlgProcess.h"
+#include "shell/state/modNames.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,13 +16,14 @@
 #include <QTreeView>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString FindFilter = QStringLiteral("Orchard BASIC |orchard.exe;*.exe;");
-const QString NotFound =
-    QStringLiteral("Orchard BASIC was not found.  Be sure to specify the path to Orchard BASIC in Options!");
+const QString FindFilter = u"Orchard BASIC |orchard.exe;*.exe;"_s;
+const QString NotFound = u"Orchard BASIC was not found.  Be sure to specify the path to Orchard BASIC in Options!"_s;
 
 // Selects files of the browser's list by name.
 void ChooseFiles(const QDialog& dialog, const QStringList& names)
@@ -82,8 +84,8 @@ private:
 
 QString Question(const PackageBench& files)
 {
-    return QStringLiteral("The runtime engine is now called game.exe  All files can be found in ") + files.Package() +
-           QStringLiteral("\r\n\r\nWould you like to test your new application?");
+    return u"The runtime engine is now called game.exe  All files can be found in "_s + files.Package() +
+           u"\r\n\r\nWould you like to test your new application?"_s;
 }
 
 } // namespace
@@ -121,7 +123,7 @@ void win_frmPackage::theWizardShowsThePlan()
     WithWizard(bench, files, [&](QDialog& dialog) {
         QCOMPARE(Lines(dialog), Words(engineFiles[1].files) + Words("run.exe obasic.ini game.tkn"));
         QVERIFY(!Find<QCheckBox>(dialog, "chkZip")->isChecked());
-        QCOMPARE(Find<QLabel>(dialog, "lblState")->text(), QStringLiteral("Files: 12"));
+        QCOMPARE(Find<QLabel>(dialog, "lblState")->text(), u"Files: 12"_s);
         QCOMPARE(Find<QListWidget>(dialog, "TEMPList")->item(0)->toolTip(), files.At("engine/vwabort.dll"));
     });
     QVERIFY(!QFileInfo::exists(files.Package()));
@@ -131,9 +133,9 @@ void win_frmPackage::anotherFileEndsTheCommandSilently()
 {
     TestBench bench;
     bench.Start();
-    for (const QString& chosen : {QString(), bench.Write(QStringLiteral("game.bas"), "x")}) {
-        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Choose TKN"), TokenFilter, chosen);
-        bench.Choose(QStringLiteral("mnuPackage"));
+    for (const QString& chosen : {QString(), bench.Write(u"game.bas"_s, "x")}) {
+        bench.dialogs.ExpectFile(FilePurpose::Open, u"Choose TKN"_s, TokenFilter, chosen);
+        bench.Choose(u"mnuPackage"_s);
     }
     QVERIFY(bench.dialogs.Finished());
 }
@@ -143,8 +145,8 @@ void win_frmPackage::aPathNeverSetIsRequested()
     const PackageBench files(1);
     TestBench bench;
     bench.Start();
-    const QString findTitle = QStringLiteral("Find Orchard BASIC");
-    OBPath = QStringLiteral("No Path");
+    const QString findTitle = u"Find Orchard BASIC"_s;
+    OBPath = u"No Path"_s;
     bench.dialogs.ExpectFile(FilePurpose::Open, findTitle, FindFilter, files.At("engine/orchard.exe"));
     QCOMPARE(frmPackage::GetOrchardPath(), files.engine + QDir::separator());
     QCOMPARE(OBPath, files.At("engine/orchard.exe"));
@@ -164,14 +166,14 @@ void win_frmPackage::aMissingEngineIsReported()
     TestBench bench;
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Choose TKN"), TokenFilter, files.Token());
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Choose TKN"_s, TokenFilter, files.Token());
     bench.dialogs.ExpectMessage(NoEngineBox().text, BoxAnswer::Ok, BoxIcon::Exclamation);
-    bench.dialogs.ExpectMessage(QStringLiteral("Error renaming runtime engine!"));
-    bench.ExpectModal(QStringLiteral("frmPackage"), [](QDialog& dialog) {
+    bench.dialogs.ExpectMessage(u"Error renaming runtime engine!"_s);
+    bench.ExpectModal(u"frmPackage"_s, [](QDialog& dialog) {
         QCOMPARE(Lines(dialog), Words("game.tkn"));
         Button(dialog, "cmdOkay")->click();
     });
-    bench.Choose(QStringLiteral("mnuPackage"));
+    bench.Choose(u"mnuPackage"_s);
     QVERIFY(bench.dialogs.Finished());
     QCOMPARE(files.PackedNames(), Words("game.tkn"));
 }
@@ -183,10 +185,10 @@ void win_frmPackage::missingFilesAreMarked()
     TestBench bench;
     WithWizard(bench, files, [&](QDialog& dialog) {
         const auto* list = Find<QListWidget>(dialog, "TEMPList");
-        QCOMPARE(list->item(0)->text(), QStringLiteral("vwabort.dll"));
-        QCOMPARE(list->item(0)->toolTip(), QStringLiteral("Not found: ") + files.At("engine/vwabort.dll"));
+        QCOMPARE(list->item(0)->text(), u"vwabort.dll"_s);
+        QCOMPARE(list->item(0)->toolTip(), u"Not found: "_s + files.At("engine/vwabort.dll"));
         QCOMPARE(list->item(1)->toolTip(), files.At("engine/vwbas11.dll"));
-        QCOMPARE(Find<QLabel>(dialog, "lblState")->text(), QStringLiteral("Files: 11, not found: 1"));
+        QCOMPARE(Find<QLabel>(dialog, "lblState")->text(), u"Files: 11, not found: 1"_s);
     });
 }
 
@@ -198,9 +200,9 @@ void win_frmPackage::theBrowserStartsAtTheToken()
     WithWizard(bench, files, [&](QDialog& dialog) {
         const auto* list = Find<QListView>(dialog, "FileList");
         QTRY_COMPARE(list->model()->rowCount(), 2);
-        QCOMPARE(list->model()->index(0, 0).data().toString(), QStringLiteral("game.tkn"));
+        QCOMPARE(list->model()->index(0, 0).data().toString(), u"game.tkn"_s);
         QVERIFY(Find<QComboBox>(dialog, "Drive1")->count() > 0);
-        QCOMPARE(Find<QTreeView>(dialog, "Dir1")->currentIndex().data().toString(), QStringLiteral("work"));
+        QCOMPARE(Find<QTreeView>(dialog, "Dir1")->currentIndex().data().toString(), u"work"_s);
     });
 }
 
@@ -282,23 +284,23 @@ void win_frmPackage::okayMakesThePackageAndEnds()
 {
     const PackageBench files(2);
     TestBench bench;
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Choose TKN"), TokenFilter, files.Token());
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Choose TKN"_s, TokenFilter, files.Token());
     bench.dialogs.ExpectQuestion(Question(files), BoxAnswer::No);
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
     bool isEnabledMeanwhile = true;
     QStringList states;
     OnProgress progress([&](dlgProcess& window) {
-        states.append(window.findChild<QLabel*>(QStringLiteral("lblProcess"))->accessibleName());
-        isEnabledMeanwhile = window.parentWidget()->findChild<QWidget*>(QStringLiteral("body"))->isEnabled();
-        QVERIFY(window.findChild<QPushButton*>(QStringLiteral("cmdCancel"))->isVisible());
+        states.append(window.findChild<QLabel*>(u"lblProcess"_s)->accessibleName());
+        isEnabledMeanwhile = window.parentWidget()->findChild<QWidget*>(u"body"_s)->isEnabled();
+        QVERIFY(window.findChild<QPushButton*>(u"cmdCancel"_s)->isVisible());
     });
-    bench.ExpectModal(QStringLiteral("frmPackage"), [](QDialog& dialog) { Button(dialog, "cmdOkay")->click(); });
-    bench.Choose(QStringLiteral("mnuPackage"));
+    bench.ExpectModal(u"frmPackage"_s, [](QDialog& dialog) { Button(dialog, "cmdOkay")->click(); });
+    bench.Choose(u"mnuPackage"_s);
     QVERIFY(bench.dialogs.Finished());
     QCOMPARE(progress.shown, 1);
     QVERIFY(!isEnabledMeanwhile);
-    QVERIFY(states.isEmpty() || states.first().isEmpty() || states.first().startsWith(QStringLiteral("Processing ")));
+    QVERIFY(states.isEmpty() || states.first().isEmpty() || states.first().startsWith(u"Processing "_s));
     QCOMPARE(files.PackedNames(), PackageBench::WholePackage(2));
 }
 
@@ -309,12 +311,12 @@ void win_frmPackage::theNewApplicationIsStarted()
     TestBench bench;
     QVERIFY(QFile::remove(files.At("engine/run.exe")));
     QVERIFY(QFile::copy(bench.MakeEngine(), files.At("engine/run.exe")));
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Choose TKN"), TokenFilter, files.Token());
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Choose TKN"_s, TokenFilter, files.Token());
     bench.dialogs.ExpectQuestion(Question(files), BoxAnswer::Yes);
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
-    bench.ExpectModal(QStringLiteral("frmPackage"), [](QDialog& dialog) { Button(dialog, "cmdOkay")->click(); });
-    bench.Choose(QStringLiteral("mnuPackage"));
+    bench.ExpectModal(u"frmPackage"_s, [](QDialog& dialog) { Button(dialog, "cmdOkay")->click(); });
+    bench.Choose(u"mnuPackage"_s);
     QVERIFY(bench.dialogs.Finished());
     // The engine writes a record of its call next to itself.
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(files.Packed("engine.call")), 20'000);
@@ -332,9 +334,9 @@ void win_frmPackage::anApplicationThatCannotStartIsARuntimeError()
     PutFile(files.At("engine/run.exe"), "#!/nowhere/interpreter\n");
     TestBench bench;
     bench.dialogs.ExpectQuestion(Question(files), BoxAnswer::Yes);
-    bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '5':\nInvalid procedure call or argument"));
-    bench.dialogs.ExpectMessage(QStringLiteral("Orchard Bench could not find these needed files:") +
-                                files.At("engine/vwfont.dll") + QStringLiteral("\r\n"));
+    bench.dialogs.ExpectMessage(u"Run-time error '5':\nInvalid procedure call or argument"_s);
+    bench.dialogs.ExpectMessage(u"Orchard Bench could not find these needed files:"_s + files.At("engine/vwfont.dll") +
+                                u"\r\n"_s);
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
     frmPackage dialog(files.Token());
@@ -353,8 +355,8 @@ void win_frmPackage::missingFilesAreReportedAtTheEnd()
     QVERIFY(QFile::remove(files.At("engine/vwfont.dll")));
     TestBench bench;
     bench.dialogs.ExpectQuestion(Question(files), BoxAnswer::No);
-    bench.dialogs.ExpectMessage(QStringLiteral("Orchard Bench could not find these needed files:") +
-                                files.At("engine/vwfont.dll") + QStringLiteral("\r\n"));
+    bench.dialogs.ExpectMessage(u"Orchard Bench could not find these needed files:"_s + files.At("engine/vwfont.dll") +
+                                u"\r\n"_s);
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
     frmPackage dialog(files.Token());
@@ -419,7 +421,7 @@ void win_frmPackage::cancelEndsTheCopying()
     QVERIFY(large.resize(3'000'000'000));
     large.close();
     TestBench bench;
-    bench.dialogs.ExpectMessage(QStringLiteral("File copying operation aborted!"));
+    bench.dialogs.ExpectMessage(u"File copying operation aborted!"_s);
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
     frmPackage dialog(files.Token());
@@ -427,9 +429,9 @@ void win_frmPackage::cancelEndsTheCopying()
     QString shown;
     OnProgress progress([&](dlgProcess& window) {
         QTimer::singleShot(100, &window, [&, way] {
-            shown = window.findChild<QLabel*>(QStringLiteral("lblProcess"))->accessibleName();
+            shown = window.findChild<QLabel*>(u"lblProcess"_s)->accessibleName();
             if (way == 0)
-                window.findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();
+                window.findChild<QPushButton*>(u"cmdCancel"_s)->click();
             else if (way == 1)
                 QTest::keyClick(&window, Qt::Key_Escape);
             else if (way == 2)
@@ -442,7 +444,7 @@ void win_frmPackage::cancelEndsTheCopying()
     Button(dialog, "cmdOkay")->setFocus();
     Button(dialog, "cmdOkay")->click();
     QVERIFY(bench.dialogs.Finished());
-    QCOMPARE(shown, QStringLiteral("Processing vwbas11.dll"));
+    QCOMPARE(shown, u"Processing vwbas11.dll"_s);
     QCOMPARE(files.PackedNames(), Words("vwabort.dll"));
     // The wizard is usable again, and can be closed.
     QVERIFY(dialog.isVisible());
@@ -457,10 +459,10 @@ void win_frmPackage::theZipCannotBeInterrupted()
 {
     dlgProcess window(dlgProcess::Leaving::NotAllowed);
     window.show();
-    window.ShowState(QStringLiteral("Creating Zip File"), 0.25);
-    QVERIFY(!window.findChild<QPushButton*>(QStringLiteral("cmdCancel"))->isVisible());
-    QCOMPARE(window.findChild<QLabel*>(QStringLiteral("lblProcess"))->text(), QStringLiteral("Creating Zip File"));
-    QCOMPARE(window.findChild<QProgressBar*>(QStringLiteral("pgbProcess"))->value(), 250);
+    window.ShowState(u"Creating Zip File"_s, 0.25);
+    QVERIFY(!window.findChild<QPushButton*>(u"cmdCancel"_s)->isVisible());
+    QCOMPARE(window.findChild<QLabel*>(u"lblProcess"_s)->text(), u"Creating Zip File"_s);
+    QCOMPARE(window.findChild<QProgressBar*>(u"pgbProcess"_s)->value(), 250);
     QTest::keyClick(&window, Qt::Key_Escape);
     window.close();
     QVERIFY(window.isVisible());
@@ -472,7 +474,7 @@ void win_frmPackage::aPackageFolderThatCannotBeMadeIsARuntimeError()
     const PackageBench files(1);
     PutFile(files.Package(), "a file");
     TestBench bench;
-    bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+    bench.dialogs.ExpectMessage(u"Run-time error '75':\nPath/File access error"_s);
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
     frmPackage dialog(files.Token());
@@ -503,5 +505,4 @@ void win_frmPackage::keysAndNames()
 }
 
 OB_BENCH_TEST(win_frmPackage)
-#include "shell/state/modNames.h"
 #include "win_frmPackage.moc"

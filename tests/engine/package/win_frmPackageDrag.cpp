@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -35,8 +37,7 @@ class DisplayServer {
 public:
     DisplayServer()
     {
-        server.start(QStringLiteral("Xvfb"),
-                     QStringLiteral("-displayfd 1 -screen 0 1280x1024x24 -nolisten tcp").split(QLatin1Char(' ')));
+        server.start(u"Xvfb"_s, u"-displayfd 1 -screen 0 1280x1024x24 -nolisten tcp"_s.split(QLatin1Char(' ')));
         QByteArray number;
         while (!number.endsWith('\n') && server.waitForReadyRead(20'000))
             number += server.readAllStandardOutput();

@@ -4,14 +4,16 @@
 
 #include "core/CoreBench.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString OrchardFilter = QStringLiteral("Orchard BASIC |orchard.exe;*.exe;");
-const QString FreeformFilter = QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak");
-const QString HelpFilter = QStringLiteral("Orchard BASIC Help|orchard.hlp;*.hlp;");
-const QString RuntimeFilter = QStringLiteral("Runtime Engine (run.exe))|*.EXE;RUN.EXE");
+const QString OrchardFilter = u"Orchard BASIC |orchard.exe;*.exe;"_s;
+const QString FreeformFilter = u"FreeForm |*ff*.bas;*.bas;*.bak"_s;
+const QString HelpFilter = u"Orchard BASIC Help|orchard.hlp;*.hlp;"_s;
+const QString RuntimeFilter = u"Runtime Engine (run.exe))|*.EXE;RUN.EXE"_s;
 
 } // namespace
 
@@ -28,15 +30,15 @@ private Q_SLOTS:
 
     void theEngineThatWasFoundIsKept()
     {
-        const QString file = bench->Put(QStringLiteral("orchard.exe"), "x");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Find Orchard BASIC"), OrchardFilter, file);
+        const QString file = bench->Put(u"orchard.exe"_s, "x");
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Find Orchard BASIC"_s, OrchardFilter, file);
         FindOrchard();
         QCOMPARE(OBPath, file);
     }
 
     void anEngineThatWasNotFoundLeavesAnEmptyPath()
     {
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Find Orchard BASIC"), OrchardFilter, {});
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Find Orchard BASIC"_s, OrchardFilter, {});
         bench->dialogs.ExpectMessage(NotFound("Orchard BASIC"), BoxAnswer::Ok, BoxIcon::None);
         FindOrchard();
         QCOMPARE(OBPath, QString());
@@ -44,9 +46,9 @@ private Q_SLOTS:
 
     void freeformIsSearchedForWhenTheUserAgrees()
     {
-        const QString file = bench->Put(QStringLiteral("ff15.bas"), "x");
+        const QString file = bench->Put(u"ff15.bas"_s, "x");
         ExpectFreeformQuestion(BoxAnswer::Ok);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), FreeformFilter, file);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, FreeformFilter, file);
         FindFreeform();
         QCOMPARE(OBFreeformPath, file);
     }
@@ -54,7 +56,7 @@ private Q_SLOTS:
     void freeformThatWasNotFoundLeavesAnEmptyPath()
     {
         ExpectFreeformQuestion(BoxAnswer::Ok);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), FreeformFilter, {});
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, FreeformFilter, {});
         bench->dialogs.ExpectMessage(NotFound("FreeForm"), BoxAnswer::Ok, BoxIcon::None);
         FindFreeform();
         QCOMPARE(OBFreeformPath, QString());
@@ -64,16 +66,16 @@ private Q_SLOTS:
     {
         ExpectFreeformQuestion(BoxAnswer::Cancel);
         FindFreeform();
-        QCOMPARE(OBFreeformPath, QStringLiteral("no path"));
+        QCOMPARE(OBFreeformPath, u"no path"_s);
     }
 
     void theHelpFileIsKeptOrItsPathIsEmpty()
     {
-        const QString file = bench->Put(QStringLiteral("orchard.hlp"), "x");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), HelpFilter, file);
+        const QString file = bench->Put(u"orchard.hlp"_s, "x");
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, HelpFilter, file);
         FindHelp();
         QCOMPARE(OBHelpPath, file);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), HelpFilter, {});
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, HelpFilter, {});
         bench->dialogs.ExpectMessage(NotFound("Orchard BASIC help"), BoxAnswer::Ok, BoxIcon::None);
         FindHelp();
         QCOMPARE(OBHelpPath, QString());
@@ -81,54 +83,53 @@ private Q_SLOTS:
 
     void theSecondHelpFileKeepsItsPathWhenNoneIsChosen()
     {
-        const QString file = bench->Put(QStringLiteral("win.hlp"), "x");
-        const QString filter = QStringLiteral("Programming Help|*.hlp;");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), filter, file);
+        const QString file = bench->Put(u"win.hlp"_s, "x");
+        const QString filter = u"Programming Help|*.hlp;"_s;
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, filter, file);
         FindOptionalHelp();
         QCOMPARE(OptionalHelpPath, file);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), filter, {});
-        bench->dialogs.ExpectMessage(QStringLiteral("The chosen Helpfile was not found."));
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, filter, {});
+        bench->dialogs.ExpectMessage(u"The chosen Helpfile was not found."_s);
         FindOptionalHelp();
         QCOMPARE(OptionalHelpPath, file);
     }
 
     void theRuntimeEngineThatWasFoundIsKept()
     {
-        const QString file = bench->Put(QStringLiteral("run.exe"), "x");
+        const QString file = bench->Put(u"run.exe"_s, "x");
         ExpectRuntimeQuestion(BoxAnswer::Ok);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), RuntimeFilter, file);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, RuntimeFilter, file);
         FindRuntime();
         QCOMPARE(OBRuntimePath, file);
     }
 
     void theRuntimeEnginesPathStaysWhenNoneIsChosen()
     {
-        OBRuntimePath = QStringLiteral("/old/run.exe");
+        OBRuntimePath = u"/old/run.exe"_s;
         ExpectRuntimeQuestion(BoxAnswer::Ok);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), RuntimeFilter, {});
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, RuntimeFilter, {});
         bench->dialogs.ExpectMessage(NotFound("Orchard BASIC Runtime Engine"), BoxAnswer::Ok, BoxIcon::None);
         FindRuntime();
-        QCOMPARE(OBRuntimePath, QStringLiteral("/old/run.exe"));
+        QCOMPARE(OBRuntimePath, u"/old/run.exe"_s);
         ExpectRuntimeQuestion(BoxAnswer::Cancel);
         FindRuntime();
-        QCOMPARE(OBRuntimePath, QStringLiteral("/old/run.exe"));
+        QCOMPARE(OBRuntimePath, u"/old/run.exe"_s);
     }
 
 private:
     static QString NotFound(const char* what)
     {
-        return QLatin1String(what) +
-               QStringLiteral(" was not found.  Be sure to specify the path to Orchard BASIC in Options!");
+        return QLatin1String(what) + u" was not found.  Be sure to specify the path to Orchard BASIC in Options!"_s;
     }
 
     void ExpectFreeformQuestion(BoxAnswer answer)
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Find FreeForm?"), answer, BoxIcon::Question, BoxButtons::OkCancel);
+        bench->dialogs.ExpectMessage(u"Find FreeForm?"_s, answer, BoxIcon::Question, BoxButtons::OkCancel);
     }
 
     void ExpectRuntimeQuestion(BoxAnswer answer)
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Find Orchard BASIC Runtime Engine?"), answer, BoxIcon::None,
+        bench->dialogs.ExpectMessage(u"Find Orchard BASIC Runtime Engine?"_s, answer, BoxIcon::None,
                                      BoxButtons::OkCancel);
     }
 

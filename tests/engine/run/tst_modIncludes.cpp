@@ -11,11 +11,13 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Cases = QStringLiteral(OB_TEST_DATA "/runcopy/");
+const QString Cases = u"" OB_TEST_DATA "/runcopy/"_s;
 
 QByteArray Heading(const QByteArray& name)
 {
@@ -44,8 +46,8 @@ private Q_SLOTS:
     void theRunCopyHoldsTheTextAndItsIncludes()
     {
         QFETCH(QString, folder);
-        const QByteArray program = LoadedBytes(CoreBench::Get(folder + QStringLiteral("program.bas")));
-        const QByteArray expected = CoreBench::Get(folder + QStringLiteral("expected.copy"));
+        const QByteArray program = LoadedBytes(CoreBench::Get(folder + u"program.bas"_s));
+        const QByteArray expected = CoreBench::Get(folder + u"expected.copy"_s);
 
         QByteArray copy = program + " \r\n";
         const QByteArray included = IncludedText(program, TextEncoding::Ansi, folder);
@@ -55,8 +57,8 @@ private Q_SLOTS:
         QCOMPARE(IncludedText(program, TextEncoding::Ansi, folder.chopped(1)), included);
 
         // The same from a code window, as in the run commands and Save Project.
-        bench->Open(QStringLiteral("x.bas"), DecodeAnsi(program));
-        const QString path = bench->Path(QStringLiteral("x.BAK"));
+        bench->Open(u"x.bas"_s, DecodeAnsi(program));
+        const QString path = bench->Path(u"x.BAK"_s);
         QVERIFY(SaveDocumentFile(*ActiveDocument(), path) == SaveEnd::Written);
         const QByteArray fromWindow = CheckIncludes(*ActiveDocument(), folder);
         if (!fromWindow.isEmpty())
@@ -66,14 +68,13 @@ private Q_SLOTS:
 
     void theCurrentFolderDoesNotMatter()
     {
-        bench->Put(QStringLiteral("a.bas"), "'in the current folder\r\n");
-        QDir().mkdir(QStringLiteral("sub"));
-        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))),
-                 QByteArray());
-        bench->Put(QStringLiteral("sub/a.bas"), "'beside the program\r\n");
-        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))),
+        bench->Put(u"a.bas"_s, "'in the current folder\r\n");
+        QDir().mkdir(u"sub"_s);
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(u"sub/"_s)), QByteArray());
+        bench->Put(u"sub/a.bas"_s, "'beside the program\r\n");
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path(u"sub/"_s)),
                  Heading("a.bas") + "'beside the program\r\n");
-        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, QStringLiteral("sub/")),
+        QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, u"sub/"_s),
                  Heading("a.bas") + "'beside the program\r\n");
         QCOMPARE(IncludedText("'include a.bas\r\n", TextEncoding::Ansi, {}),
                  Heading("a.bas") + "'in the current folder\r\n");
@@ -81,15 +82,15 @@ private Q_SLOTS:
 
     void aFolderAboveCanBeNamed()
     {
-        QDir().mkdir(QStringLiteral("sub"));
-        bench->Put(QStringLiteral("a.bas"), "'a\r\n");
-        QCOMPARE(IncludedText("'include ..\\a.bas\r\n", TextEncoding::Ansi, bench->Path(QStringLiteral("sub/"))),
+        QDir().mkdir(u"sub"_s);
+        bench->Put(u"a.bas"_s, "'a\r\n");
+        QCOMPARE(IncludedText("'include ..\\a.bas\r\n", TextEncoding::Ansi, bench->Path(u"sub/"_s)),
                  Heading("a.bas") + "'a\r\n");
     }
 
     void aNameInTheCodePageFindsItsFile()
     {
-        bench->Put(QStringLiteral("\u00DCber.bas"), "'u\r\n");
+        bench->Put(u"\u00DCber.bas"_s, "'u\r\n");
         const QString folder = bench->Path({});
         QCOMPARE(IncludedText("'include \xDC"
                               "ber.bas\r\n",
@@ -113,15 +114,15 @@ private Q_SLOTS:
 
     void aNameThatTheCodePageLacksFindsNothing()
     {
-        bench->Put(QStringLiteral("\u03B1.bas"), "'alpha\r\n");
+        bench->Put(u"\u03B1.bas"_s, "'alpha\r\n");
         QCOMPARE(IncludedText("'include \xCE\xB1.bas\r\n", TextEncoding::Utf8, bench->Path({})), QByteArray());
     }
 
     void theExactNameWinsOverOneInAnotherCase()
     {
-        bench->Put(QStringLiteral("a.bas"), "'lower\r\n");
-        bench->Put(QStringLiteral("A.BAS"), "'upper\r\n");
-        if (CoreBench::Get(bench->Path(QStringLiteral("a.bas"))) == "'upper\r\n")
+        bench->Put(u"a.bas"_s, "'lower\r\n");
+        bench->Put(u"A.BAS"_s, "'upper\r\n");
+        if (CoreBench::Get(bench->Path(u"a.bas"_s)) == "'upper\r\n")
             QSKIP("the disk ignores case");
         QCOMPARE(IncludedText("'include A.BAS\r\n'include a.bas\r\n", TextEncoding::Ansi, bench->Path({})),
                  Heading("A.BAS") + "'upper\r\n" + Heading("a.bas") + "'lower\r\n");
@@ -130,7 +131,7 @@ private Q_SLOTS:
     void aFileThatCannotBeReadIsAnError()
     {
 #ifdef Q_OS_LINUX
-        QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), bench->Path(QStringLiteral("a.bas"))));
+        QVERIFY(QFile::link(u"/proc/self/mem"_s, bench->Path(u"a.bas"_s)));
         QVERIFY(RaisedBy([&] { IncludedText("'include a.bas\r\n", TextEncoding::Ansi, bench->Path({})); }) != 0);
 #else
         QSKIP("has no such file");
@@ -139,15 +140,15 @@ private Q_SLOTS:
 
     void aLinkLeadsToItsFile()
     {
-        QDir().mkdir(QStringLiteral("other"));
-        bench->Put(QStringLiteral("other/a.bas"), "'a\r\n");
-        QVERIFY(QFile::link(bench->Path(QStringLiteral("other/a.bas")), bench->Path(QStringLiteral("b.bas"))));
+        QDir().mkdir(u"other"_s);
+        bench->Put(u"other/a.bas"_s, "'a\r\n");
+        QVERIFY(QFile::link(bench->Path(u"other/a.bas"_s), bench->Path(u"b.bas"_s)));
         QCOMPARE(IncludedText("'include b.bas\r\n", TextEncoding::Ansi, bench->Path({})), Heading("b.bas") + "'a\r\n");
     }
 
     void aNulInANameFindsNothing()
     {
-        bench->Put(QStringLiteral("a.bas"), "'a\r\n");
+        bench->Put(u"a.bas"_s, "'a\r\n");
         QCOMPARE(
             IncludedText(QByteArray("'include a.bas\0\r\n'include a.bas", 31), TextEncoding::Ansi, bench->Path({})),
             Heading("a.bas") + "'a\r\n");

@@ -9,14 +9,16 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString OpenFilter = QStringLiteral("BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK");
-const QString InsertFilter = QStringLiteral("BASIC code |*.bas;*.bak;*.rtf;");
-const QString SaveFilter = QStringLiteral("BASIC code (*.bas)(*.bak)|*.bas;*.bak");
-const QString SaveAsFilter = QStringLiteral("BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*");
+const QString OpenFilter = u"BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"_s;
+const QString InsertFilter = u"BASIC code |*.bas;*.bak;*.rtf;"_s;
+const QString SaveFilter = u"BASIC code (*.bas)(*.bak)|*.bas;*.bak"_s;
+const QString SaveAsFilter = u"BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*"_s;
 
 } // namespace
 
@@ -35,27 +37,27 @@ private Q_SLOTS:
 
     void anOpenedFileFillsANewWindow()
     {
-        QDir().mkdir(QStringLiteral("programs"));
-        const QString path = bench->Put(QStringLiteral("programs/a.bas"), "print 1\r\n");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, path);
+        QDir().mkdir(u"programs"_s);
+        const QString path = bench->Put(u"programs/a.bas"_s, "print 1\r\n");
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, path);
         mnuFileOpenCode_Click();
         QCOMPARE(bench->form.active->Caption(), path);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print 1"));
-        QCOMPARE(LastDir, bench->Path(QStringLiteral("programs/")));
+        QCOMPARE(LastDir, bench->Path(u"programs/"_s));
         QCOMPARE(RecentFiles[0], path);
-        QCOMPARE(bench->form.status, QStringLiteral("a.bas  Size: 9 KB   Last Modified: ") + FileDateText(path));
+        QCOMPARE(bench->form.status, u"a.bas  Size: 9 KB   Last Modified: "_s + FileDateText(path));
     }
 
     void theTagIsThatOfTheSlotSearch()
     {
         Documents.push_back(nullptr);
         Documents.push_back(std::make_unique<cDocument>(1));
-        const QString path = bench->Put(QStringLiteral("a.bas"), "print 1\r\n");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, path);
+        const QString path = bench->Put(u"a.bas"_s, "print 1\r\n");
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, path);
         mnuFileOpenCode_Click();
         QCOMPARE(Documents[1]->Tag, TagOpen);
         // A slot that had to be added stays unmarked.
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, path);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, path);
         mnuFileOpenCode_Click();
         QCOMPARE(Documents[2]->Tag, QString());
     }
@@ -64,17 +66,17 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("chosen");
         QTest::newRow("none") << QString();
-        QTest::newRow("missing") << QStringLiteral("gone.bas");
+        QTest::newRow("missing") << u"gone.bas"_s;
     }
 
     void noFileOrAMissingOneOpensNothing()
     {
         QFETCH(QString, chosen);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, chosen);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, chosen);
         mnuFileOpenCode_Click();
         QVERIFY(bench->form.log.isEmpty());
         QVERIFY(Documents.empty());
-        QCOMPARE(LastDir, QStringLiteral("app.path"));
+        QCOMPARE(LastDir, u"app.path"_s);
     }
 
     // --- Insert. ---
@@ -96,15 +98,15 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, inserted);
-        cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "[]");
+        cDocument& document = bench->Open(u"untitled.bas"_s, "[]");
         bench->form.ActiveControl().caret = 1;
-        const QString path = bench->Put(QStringLiteral("a.bas"), file);
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), InsertFilter, path);
+        const QString path = bench->Put(u"a.bas"_s, file);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, InsertFilter, path);
         mnuFileInsert_Click();
         QCOMPARE(bench->form.ActiveControl().text, "[" + inserted + "]");
         QCOMPARE(bench->form.ActiveControl().caret, inserted.size() + 1);
-        QCOMPARE(document.Caption(), QStringLiteral("untitled.bas"));
-        QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
+        QCOMPARE(document.Caption(), u"untitled.bas"_s);
+        QCOMPARE(RecentFiles[0], u"untitled"_s);
     }
 
     void insertWithoutACodeWindowIsSilent()
@@ -116,8 +118,8 @@ private Q_SLOTS:
 
     void insertWithoutAFileChangesNothing()
     {
-        bench->Open(QStringLiteral("untitled.bas"), "x");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), InsertFilter, {});
+        bench->Open(u"untitled.bas"_s, "x");
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, InsertFilter, {});
         mnuFileInsert_Click();
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("x"));
     }
@@ -126,7 +128,7 @@ private Q_SLOTS:
 
     void saveWritesUnderTheCaption()
     {
-        const QString path = bench->Put(QStringLiteral("a.bas"), "old\r\n");
+        const QString path = bench->Put(u"a.bas"_s, "old\r\n");
         cDocument& document = bench->Open(path, "new");
         mnuFileSave_Click();
         QCOMPARE(CoreBench::Get(path), QByteArray("new \r\n"));
@@ -136,16 +138,16 @@ private Q_SLOTS:
     void saveOfAnUntitledWindowAsksForAName_data()
     {
         QTest::addColumn<QString>("caption");
-        QTest::newRow("lower case") << QStringLiteral("untitled.bas");
-        QTest::newRow("mixed case") << QStringLiteral("Untitled.Bas");
+        QTest::newRow("lower case") << u"untitled.bas"_s;
+        QTest::newRow("mixed case") << u"Untitled.Bas"_s;
     }
 
     void saveOfAnUntitledWindowAsksForAName()
     {
         QFETCH(QString, caption);
         cDocument& document = bench->Open(caption, "new");
-        const QString path = bench->Path(QStringLiteral("name without an ending"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save"), SaveFilter, path);
+        const QString path = bench->Path(u"name without an ending"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save"_s, SaveFilter, path);
         mnuFileSave_Click();
         QCOMPARE(CoreBench::Get(path), QByteArray("new \r\n"));
         ExpectSaved(document, path);
@@ -153,30 +155,30 @@ private Q_SLOTS:
 
     void noNameSavesNothing()
     {
-        cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "new");
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save"), SaveFilter, {});
+        cDocument& document = bench->Open(u"untitled.bas"_s, "new");
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save"_s, SaveFilter, {});
         mnuFileSave_Click();
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter, {});
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, {});
         mnuFileSaveAs_Click();
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter, {});
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, {});
         mnuFileProject_Click();
-        ExpectUntouched(document, QStringLiteral("untitled.bas"));
+        ExpectUntouched(document, u"untitled.bas"_s);
     }
 
     void saveWithoutANameIsReported()
     {
         cDocument& document = bench->Open({}, "new");
-        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        bench->dialogs.ExpectMessage(u"Error saving file!"_s);
         mnuFileSave_Click();
         ExpectUntouched(document, {});
     }
 
     void saveAsAlwaysAsks()
     {
-        const QString before = bench->Put(QStringLiteral("a.bas"), "old\r\n");
-        const QString path = bench->Path(QStringLiteral("b.bas"));
+        const QString before = bench->Put(u"a.bas"_s, "old\r\n");
+        const QString path = bench->Path(u"b.bas"_s);
         cDocument& document = bench->Open(before, "new");
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter, path);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, path);
         mnuFileSaveAs_Click();
         QCOMPARE(CoreBench::Get(before), QByteArray("old\r\n"));
         QCOMPARE(CoreBench::Get(path), QByteArray("new \r\n"));
@@ -194,31 +196,31 @@ private Q_SLOTS:
     void aSaveThatFailsLeavesTheWindowAsItWas()
     {
         QFETCH(int, command);
-        cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "new");
-        const QString path = bench->Path(QStringLiteral("gone/a.bas"));
+        cDocument& document = bench->Open(u"untitled.bas"_s, "new");
+        const QString path = bench->Path(u"gone/a.bas"_s);
         void (*const commands[])() = {mnuFileSave_Click, mnuFileSaveAs_Click, mnuFileProject_Click};
-        bench->dialogs.ExpectFile(FilePurpose::Save, command == 0 ? QStringLiteral("Save") : QStringLiteral("Save As"),
+        bench->dialogs.ExpectFile(FilePurpose::Save, command == 0 ? u"Save"_s : u"Save As"_s,
                                   command == 0 ? SaveFilter : SaveAsFilter, path);
         QCOMPARE(RaisedBy(commands[command]), 76);
-        ExpectUntouched(document, QStringLiteral("untitled.bas"));
+        ExpectUntouched(document, u"untitled.bas"_s);
     }
 
     void aDeclinedSaveLeavesTheWindowAsItWas()
     {
-        cDocument& document = bench->Open(bench->Path(QStringLiteral("a.bas")), "new\xCE\xB1");
-        bench->dialogs.ExpectQuestion(QStringLiteral("Line 1 holds a character that BASIC source files cannot store.\n"
-                                                     "Save with a question mark in place of each such character?"),
+        cDocument& document = bench->Open(bench->Path(u"a.bas"_s), "new\xCE\xB1");
+        bench->dialogs.ExpectQuestion(u"Line 1 holds a character that BASIC source files cannot store.\n"
+                                      "Save with a question mark in place of each such character?"_s,
                                       BoxAnswer::No);
         mnuFileSave_Click();
         QCOMPARE(document.Tag, TagOpen);
-        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("a.bas"))));
+        QVERIFY(!QFile::exists(bench->Path(u"a.bas"_s)));
         QCOMPARE(bench->form.status, QString());
     }
 
     void commandsThatNeedACodeWindowShowAMessage()
     {
         for (void (*const command)() : {mnuFileSave_Click, mnuFileSaveAs_Click, mnuFileProject_Click}) {
-            bench->dialogs.ExpectMessage(QStringLiteral("No code window is active!"));
+            bench->dialogs.ExpectMessage(u"No code window is active!"_s);
             command();
         }
     }
@@ -227,12 +229,12 @@ private Q_SLOTS:
 
     void aProjectHoldsTheIncludesOfItsOwnFolder()
     {
-        QDir().mkdir(QStringLiteral("out"));
-        bench->Put(QStringLiteral("lib.bas"), "'not this one\r\n");
-        bench->Put(QStringLiteral("out/lib.bas"), "'this one\r\n");
-        cDocument& document = bench->Open(bench->Put(QStringLiteral("a.bas"), "old\r\n"), "'include lib.bas\r\nend");
-        const QString path = bench->Path(QStringLiteral("out/whole.bas"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter, path);
+        QDir().mkdir(u"out"_s);
+        bench->Put(u"lib.bas"_s, "'not this one\r\n");
+        bench->Put(u"out/lib.bas"_s, "'this one\r\n");
+        cDocument& document = bench->Open(bench->Put(u"a.bas"_s, "old\r\n"), "'include lib.bas\r\nend");
+        const QString path = bench->Path(u"out/whole.bas"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, path);
         mnuFileProject_Click();
         QCOMPARE(CoreBench::Get(path), QByteArray("'include lib.bas\r\nend \r\n'*******************************\r\n"
                                                   "'lib.bas begins here:\r\n\r\n'this one\r\n\r\n"));
@@ -247,9 +249,9 @@ private Q_SLOTS:
 
     void aProjectWhoseIncludesAreMissingIsTheCodeAlone()
     {
-        cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "'include gone.bas\r\nend");
-        const QString path = bench->Path(QStringLiteral("whole.bas"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter, path);
+        cDocument& document = bench->Open(u"untitled.bas"_s, "'include gone.bas\r\nend");
+        const QString path = bench->Path(u"whole.bas"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, path);
         mnuFileProject_Click();
         QCOMPARE(CoreBench::Get(path), QByteArray("'include gone.bas\r\nend \r\n"));
         ExpectSaved(document, path);
@@ -260,7 +262,7 @@ private:
     {
         QCOMPARE(document.Caption(), path);
         QCOMPARE(document.Tag, QString());
-        QCOMPARE(bench->form.status, QStringLiteral("File saved as ") + path);
+        QCOMPARE(bench->form.status, u"File saved as "_s + path);
         QCOMPARE(RecentFiles[0], path);
         QVERIFY(!FakeMainForm::Control(document).modified);
     }
@@ -270,7 +272,7 @@ private:
         QCOMPARE(document.Caption(), caption);
         QCOMPARE(document.Tag, TagOpen);
         QCOMPARE(bench->form.status, QString());
-        QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
+        QCOMPARE(RecentFiles[0], u"untitled"_s);
         QCOMPARE(FakeMainForm::Control(document).text, QByteArray("new"));
     }
 

@@ -8,6 +8,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 #ifdef Q_OS_UNIX
@@ -18,8 +20,8 @@ private Q_SLOTS:
     void init()
     {
         bench = std::make_unique<CoreBench>();
-        OBPath = MakeEngine(QStringLiteral("orchard.exe"));
-        OBRuntimePath = MakeEngine(QStringLiteral("run.exe"));
+        OBPath = MakeEngine(u"orchard.exe"_s);
+        OBRuntimePath = MakeEngine(u"run.exe"_s);
     }
     void cleanup()
     {
@@ -33,14 +35,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("copy");
-        QTest::newRow("game.bas") << QStringLiteral("game.bas") << QStringLiteral("game.BAK");
-        QTest::newRow("prog.basic") << QStringLiteral("prog.basic") << QStringLiteral("prog.baBAK");
-        QTest::newRow("a.b") << QStringLiteral("a.b") << QStringLiteral("BAK");
-        QTest::newRow("game.BAK is its own copy") << QStringLiteral("game.BAK") << QStringLiteral("game.BAK");
-        QTest::newRow("no extension") << QStringLiteral("program") << QStringLiteral("progBAK");
-        QTest::newRow("untitled.bas on disk") << QStringLiteral("untitled.bas") << QStringLiteral("untitled.BAK");
-        QTest::newRow("untitled.bak on disk") << QStringLiteral("untitled.bak") << QStringLiteral("untitled.BAK");
-        QTest::newRow("characters beyond ASCII") << QStringLiteral("\u00FC.b\u00E4s") << QStringLiteral("\u00FC.BAK");
+        QTest::newRow("game.bas") << u"game.bas"_s << u"game.BAK"_s;
+        QTest::newRow("prog.basic") << u"prog.basic"_s << u"prog.baBAK"_s;
+        QTest::newRow("a.b") << u"a.b"_s << u"BAK"_s;
+        QTest::newRow("game.BAK is its own copy") << u"game.BAK"_s << u"game.BAK"_s;
+        QTest::newRow("no extension") << u"program"_s << u"progBAK"_s;
+        QTest::newRow("untitled.bas on disk") << u"untitled.bas"_s << u"untitled.BAK"_s;
+        QTest::newRow("untitled.bak on disk") << u"untitled.bak"_s << u"untitled.BAK"_s;
+        QTest::newRow("characters beyond ASCII") << u"\u00FC.b\u00E4s"_s << u"\u00FC.BAK"_s;
     }
 
     void theCopyIsNextToAnExistingFile()
@@ -48,48 +50,46 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(QString, copy);
         const QString path = bench->Put(name, "x\r\n");
-        QCOMPARE(PlaceOfCopy(path, QStringLiteral("/p")).path, bench->Path(copy));
-        QCOMPARE(PlaceOfCopy(path, QStringLiteral("/p")).caption, path);
-        QCOMPARE(PlaceOfCopy(name, QStringLiteral("/p")).path, copy);
+        QCOMPARE(PlaceOfCopy(path, u"/p"_s).path, bench->Path(copy));
+        QCOMPARE(PlaceOfCopy(path, u"/p"_s).caption, path);
+        QCOMPARE(PlaceOfCopy(name, u"/p"_s).path, copy);
     }
 
     void anUntitledWindowIsRenamedToTheCopyInTheProgramsFolder_data()
     {
         QTest::addColumn<QString>("caption");
-        QTest::newRow("lower case") << QStringLiteral("untitled.bas");
-        QTest::newRow("mixed case") << QStringLiteral("Untitled.BAS");
+        QTest::newRow("lower case") << u"untitled.bas"_s;
+        QTest::newRow("mixed case") << u"Untitled.BAS"_s;
     }
 
     void anUntitledWindowIsRenamedToTheCopyInTheProgramsFolder()
     {
         QFETCH(QString, caption);
-        const CopyPlace place = PlaceOfCopy(caption, QStringLiteral("/p"));
-        QCOMPARE(place.path,
-                 QDir::toNativeSeparators(QStringLiteral("/p")) + QDir::separator() + QStringLiteral("untitled.bak"));
+        const CopyPlace place = PlaceOfCopy(caption, u"/p"_s);
+        QCOMPARE(place.path, QDir::toNativeSeparators(u"/p"_s) + QDir::separator() + u"untitled.bak"_s);
         QCOMPARE(place.caption, place.path);
     }
 
     void aMissingFileIsWrittenUnderItsOwnName()
     {
-        const QString path = bench->Path(QStringLiteral("gone.bas"));
-        QCOMPARE(PlaceOfCopy(path, QStringLiteral("/p")).path, path);
-        QCOMPARE(PlaceOfCopy(path, QStringLiteral("/p")).caption, path);
-        QCOMPARE(PlaceOfCopy(QStringLiteral("Document 3"), QStringLiteral("/p")).path, QStringLiteral("Document 3"));
+        const QString path = bench->Path(u"gone.bas"_s);
+        QCOMPARE(PlaceOfCopy(path, u"/p"_s).path, path);
+        QCOMPARE(PlaceOfCopy(path, u"/p"_s).caption, path);
+        QCOMPARE(PlaceOfCopy(u"Document 3"_s, u"/p"_s).path, u"Document 3"_s);
     }
 
     void aNameTooShortToCutIsAnError()
     {
-        bench->Put(QStringLiteral("ab"), "x\r\n");
-        QCOMPARE(RaisedBy([] { (void)PlaceOfCopy(QStringLiteral("ab"), QStringLiteral("/p")); }), 5);
-        bench->Put(QStringLiteral("abc"), "x\r\n");
-        QCOMPARE(PlaceOfCopy(QStringLiteral("abc"), QStringLiteral("/p")).path, QStringLiteral("BAK"));
+        bench->Put(u"ab"_s, "x\r\n");
+        QCOMPARE(RaisedBy([] { (void)PlaceOfCopy(u"ab"_s, u"/p"_s); }), 5);
+        bench->Put(u"abc"_s, "x\r\n");
+        QCOMPARE(PlaceOfCopy(u"abc"_s, u"/p"_s).path, u"BAK"_s);
     }
 
     void pathsAreNeverQuoted()
     {
-        QCOMPARE(
-            EngineCommand(QStringLiteral("c:\\or chard.exe"), QStringLiteral(" -R -A "), QStringLiteral("c:\\a b.BAK")),
-            QStringLiteral("c:\\or chard.exe  -R -A c:\\a b.BAK"));
+        QCOMPARE(EngineCommand(u"c:\\or chard.exe"_s, u" -R -A "_s, u"c:\\a b.BAK"_s),
+                 u"c:\\or chard.exe  -R -A c:\\a b.BAK"_s);
     }
 
     // --- Run, debug and make token. ---
@@ -98,23 +98,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("command");
         QTest::addColumn<QStringList>("switches");
-        QTest::newRow("run") << 0 << QStringList{QStringLiteral("-R"), QStringLiteral("-A")};
-        QTest::newRow("make token") << 1 << QStringList{QStringLiteral("-A"), QStringLiteral("-T")};
-        QTest::newRow("debug") << 2 << QStringList{QStringLiteral("-A"), QStringLiteral("-D")};
+        QTest::newRow("run") << 0 << QStringList{u"-R"_s, u"-A"_s};
+        QTest::newRow("make token") << 1 << QStringList{u"-A"_s, u"-T"_s};
+        QTest::newRow("debug") << 2 << QStringList{u"-A"_s, u"-D"_s};
     }
 
     void theSwitchesDistinguishTheCommands()
     {
         QFETCH(int, command);
         QFETCH(QStringList, switches);
-        const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
-        bench->Put(QStringLiteral("lib.bas"), "'lib\r\n");
+        const QString path = bench->Put(u"game.bas"_s, "old\r\n");
+        bench->Put(u"lib.bas"_s, "'lib\r\n");
         cDocument& document = bench->Open(path, "'include LIB.bas\r\nprint 1");
         bench->form.ActiveControl().modified = true;
         void (*const commands[])() = {mnuRun_Click, mnuTKN_Click, mnuDebug_Click};
         commands[command]();
 
-        const QString copy = bench->Path(QStringLiteral("game.BAK"));
+        const QString copy = bench->Path(u"game.BAK"_s);
         QCOMPARE(Call(OBPath), switches + QStringList{copy});
         QCOMPARE(CoreBench::Get(copy), QByteArray("'include LIB.bas\r\nprint 1 \r\n'*******************************\r\n"
                                                   "'lib.bas begins here:\r\n\r\n'lib\r\n\r\n"));
@@ -124,22 +124,22 @@ private Q_SLOTS:
         // The copy counts as a save although the real file was not written.
         QVERIFY(!bench->form.ActiveControl().modified);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("'include LIB.bas\r\nprint 1  "));
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("back")});
-        QCOMPARE(RecentFiles[0], QStringLiteral("untitled"));
+        QCOMPARE(bench->form.log, QStringList{u"back"_s});
+        QCOMPARE(RecentFiles[0], u"untitled"_s);
     }
 
     void anUntitledWindowKeepsTheCopysName()
     {
-        cDocument& document = bench->Open(QStringLiteral("untitled.bas"), "print 1");
+        cDocument& document = bench->Open(u"untitled.bas"_s, "print 1");
         mnuRun_Click();
-        const QString copy = bench->ProgramPath(QStringLiteral("untitled.bak"));
+        const QString copy = bench->ProgramPath(u"untitled.bak"_s);
         QCOMPARE(document.Caption(), copy);
         QCOMPARE(Call(OBPath).last(), copy);
         QCOMPARE(CoreBench::Get(copy), QByteArray("print 1 \r\n"));
 
         mnuRun_Click();
         QCOMPARE(document.Caption(), copy);
-        QCOMPARE(Call(OBPath).last(), bench->ProgramPath(QStringLiteral("untitled.BAK")));
+        QCOMPARE(Call(OBPath).last(), bench->ProgramPath(u"untitled.BAK"_s));
     }
 
     void withoutAWindowNothingHappens()
@@ -153,12 +153,11 @@ private Q_SLOTS:
     void aFormIsCompiledIntoACodeWindowFirst()
     {
         bench->form.ShowGui();
-        GuiDesign().form.caption = QStringLiteral("From the form");
+        GuiDesign().form.caption = u"From the form"_s;
         mnuRun_Click();
-        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("show gui"), QStringLiteral("enable mnuFileSaveGui"),
-                                               QStringLiteral("show 1"), QStringLiteral("back")}));
-        QCOMPARE(Call(OBPath).last(), bench->ProgramPath(QStringLiteral("untitled.bak")));
-        const QByteArray copy = CoreBench::Get(bench->ProgramPath(QStringLiteral("untitled.bak")));
+        QCOMPARE(bench->form.log, (QStringList{u"show gui"_s, u"enable mnuFileSaveGui"_s, u"show 1"_s, u"back"_s}));
+        QCOMPARE(Call(OBPath).last(), bench->ProgramPath(u"untitled.bak"_s));
+        const QByteArray copy = CoreBench::Get(bench->ProgramPath(u"untitled.bak"_s));
         QVERIFY(copy.startsWith("'** Created by Orchard Bench - "));
         QVERIFY(copy.contains("\r\nOpen \"From the form\" for Window as #main\r\n"));
         QVERIFY(copy.endsWith("[quit]\r\n    close #main : END\r\n\r\n \r\n"));
@@ -166,13 +165,13 @@ private Q_SLOTS:
 
     void anEngineThatIsNotFoundLeavesTheCopyUnwritten()
     {
-        OBPath = QStringLiteral("no path");
-        const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
+        OBPath = u"no path"_s;
+        const QString path = bench->Put(u"game.bas"_s, "old\r\n");
         bench->Open(path, "print 1");
         ExpectEngineSearch({});
         mnuRun_Click();
         QCOMPARE(OBPath, QString());
-        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("game.BAK"))));
+        QVERIFY(!QFile::exists(bench->Path(u"game.BAK"_s)));
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print 1"));
         QVERIFY(bench->form.log.isEmpty());
     }
@@ -180,18 +179,18 @@ private Q_SLOTS:
     void anEngineThatIsFoundIsUsedAtOnce()
     {
         const QString engine = OBPath;
-        OBPath = bench->Path(QStringLiteral("gone.exe"));
-        bench->Open(bench->Put(QStringLiteral("game.bas"), "old\r\n"), "print 1");
+        OBPath = bench->Path(u"gone.exe"_s);
+        bench->Open(bench->Put(u"game.bas"_s, "old\r\n"), "print 1");
         ExpectEngineSearch(engine);
         mnuRun_Click();
         QCOMPARE(OBPath, engine);
-        QCOMPARE(Call(engine).last(), bench->Path(QStringLiteral("game.BAK")));
+        QCOMPARE(Call(engine).last(), bench->Path(u"game.BAK"_s));
     }
 
     void aCopyThatCannotBeWrittenIsReported()
     {
-        bench->Open(bench->Path(QStringLiteral("gone/game.bas")), "print 1");
-        bench->dialogs.ExpectMessage(QStringLiteral("Error creating file to run."));
+        bench->Open(bench->Path(u"gone/game.bas"_s), "print 1");
+        bench->dialogs.ExpectMessage(u"Error creating file to run."_s);
         mnuRun_Click();
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print 1"));
         QVERIFY(bench->form.log.isEmpty());
@@ -199,32 +198,32 @@ private Q_SLOTS:
 
     void anOldCopyIsNotRunWhenTheNewOneCannotBeWritten()
     {
-        const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
-        QDir().mkdir(QStringLiteral("game.BAK"));
+        const QString path = bench->Put(u"game.bas"_s, "old\r\n");
+        QDir().mkdir(u"game.BAK"_s);
         bench->Open(path, "print 1");
-        bench->dialogs.ExpectMessage(QStringLiteral("Error creating file to run."));
+        bench->dialogs.ExpectMessage(u"Error creating file to run."_s);
         mnuRun_Click();
         QVERIFY(bench->form.log.isEmpty());
     }
 
     void aDeclinedCopyEndsTheCommandSilently()
     {
-        const QString path = bench->Put(QStringLiteral("game.bas"), "old\r\n");
+        const QString path = bench->Put(u"game.bas"_s, "old\r\n");
         bench->Open(path, "'\xCE\xB1");
-        bench->dialogs.ExpectQuestion(QStringLiteral("Line 1 holds a character that BASIC source files cannot store.\n"
-                                                     "Save with a question mark in place of each such character?"),
+        bench->dialogs.ExpectQuestion(u"Line 1 holds a character that BASIC source files cannot store.\n"
+                                      "Save with a question mark in place of each such character?"_s,
                                       BoxAnswer::No);
         mnuRun_Click();
-        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("game.BAK"))));
+        QVERIFY(!QFile::exists(bench->Path(u"game.BAK"_s)));
         QVERIFY(bench->form.log.isEmpty());
     }
 
     void aLaunchThatFailsIsARuntimeError()
     {
-        OBPath = bench->Put(QStringLiteral("text.exe"), "#!/no/such/interpreter\n");
-        bench->Open(bench->Put(QStringLiteral("game.bas"), "old\r\n"), "print 1");
+        OBPath = bench->Put(u"text.exe"_s, "#!/no/such/interpreter\n");
+        bench->Open(bench->Put(u"game.bas"_s, "old\r\n"), "print 1");
         QVERIFY(RaisedBy(mnuRun_Click) != 0);
-        QCOMPARE(CoreBench::Get(bench->Path(QStringLiteral("game.BAK"))), QByteArray("print 1 \r\n"));
+        QCOMPARE(CoreBench::Get(bench->Path(u"game.BAK"_s)), QByteArray("print 1 \r\n"));
         QVERIFY(bench->form.log.isEmpty());
     }
 
@@ -232,11 +231,11 @@ private Q_SLOTS:
 
     void aTokenFileGoesToTheRuntimeEngine()
     {
-        const QString token = bench->Put(QStringLiteral("game.tkn"), "t");
+        const QString token = bench->Put(u"game.tkn"_s, "t");
         ExpectTokenBox(token);
         mnuRunTKN_Click();
         QCOMPARE(Call(OBRuntimePath), QStringList{token});
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("back")});
+        QCOMPARE(bench->form.log, QStringList{u"back"_s});
     }
 
     void noTokenFileEndsTheCommand()
@@ -248,19 +247,19 @@ private Q_SLOTS:
 
     void aMissingTokenFileIsReported()
     {
-        ExpectTokenBox(bench->Path(QStringLiteral("gone.tkn")));
-        bench->dialogs.ExpectMessage(QStringLiteral("Error running TKN."));
+        ExpectTokenBox(bench->Path(u"gone.tkn"_s));
+        bench->dialogs.ExpectMessage(u"Error running TKN."_s);
         mnuRunTKN_Click();
         QVERIFY(bench->form.log.isEmpty());
     }
 
     void withoutARuntimeEngineATokenFileEndsInTheSearch()
     {
-        OBRuntimePath = QStringLiteral("No Path");
-        bench->dialogs.ExpectMessage(QStringLiteral("Find Orchard BASIC Runtime Engine?"), BoxAnswer::Cancel,
-                                     BoxIcon::None, BoxButtons::OkCancel);
-        RunTokenFile(bench->Put(QStringLiteral("game.tkn"), "t"));
-        QCOMPARE(OBRuntimePath, QStringLiteral("No Path"));
+        OBRuntimePath = u"No Path"_s;
+        bench->dialogs.ExpectMessage(u"Find Orchard BASIC Runtime Engine?"_s, BoxAnswer::Cancel, BoxIcon::None,
+                                     BoxButtons::OkCancel);
+        RunTokenFile(bench->Put(u"game.tkn"_s, "t"));
+        QCOMPARE(OBRuntimePath, u"No Path"_s);
         QVERIFY(bench->form.log.isEmpty());
     }
 
@@ -268,7 +267,7 @@ private Q_SLOTS:
     {
         mnuRunOB_Click();
         QCOMPARE(Call(OBPath), QStringList{});
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("back")});
+        QCOMPARE(bench->form.log, QStringList{u"back"_s});
     }
 
     void theBareEngineIsSearchedForToo()
@@ -281,42 +280,41 @@ private Q_SLOTS:
 
     void freeformAsSourceRunsAndAWindowForItsOutputOpens()
     {
-        OBFreeformPath = bench->Put(QStringLiteral("ff15.BAS"), "x");
+        OBFreeformPath = bench->Put(u"ff15.BAS"_s, "x");
         mnuToolFreeform_Click();
-        QCOMPARE(Call(OBPath), (QStringList{QStringLiteral("-R"), QStringLiteral("-A"), OBFreeformPath}));
-        QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(Call(OBPath), (QStringList{u"-R"_s, u"-A"_s, OBFreeformPath}));
+        QCOMPARE(bench->form.active->Caption(), u"untitled.bas"_s);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("Paste FreeForm output here!\0", 28));
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("show 1")});
+        QCOMPARE(bench->form.log, QStringList{u"show 1"_s});
     }
 
     void freeformAsTokenGoesToTheRuntimeEngine()
     {
-        OBFreeformPath = bench->Put(QStringLiteral("ff15.tkn"), "x");
+        OBFreeformPath = bench->Put(u"ff15.tkn"_s, "x");
         mnuToolFreeform_Click();
         QCOMPARE(Call(OBRuntimePath), QStringList{OBFreeformPath});
-        QCOMPARE(bench->form.log, (QStringList{QStringLiteral("back"), QStringLiteral("show 1")}));
+        QCOMPARE(bench->form.log, (QStringList{u"back"_s, u"show 1"_s}));
     }
 
     void freeformInAnotherFormIsReported()
     {
-        OBFreeformPath = bench->Put(QStringLiteral("ff15.txt"), "x");
-        bench->dialogs.ExpectMessage(QStringLiteral("Orchard FreeForm must be in *.bas or *.tkn form!"));
+        OBFreeformPath = bench->Put(u"ff15.txt"_s, "x");
+        bench->dialogs.ExpectMessage(u"Orchard FreeForm must be in *.bas or *.tkn form!"_s);
         mnuToolFreeform_Click();
         QVERIFY(bench->form.log.isEmpty());
     }
 
     void withoutFreeformItsSearchComesFirst()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Find FreeForm?"), BoxAnswer::Cancel, BoxIcon::Question,
-                                     BoxButtons::OkCancel);
+        bench->dialogs.ExpectMessage(u"Find FreeForm?"_s, BoxAnswer::Cancel, BoxIcon::Question, BoxButtons::OkCancel);
         mnuToolFreeform_Click();
         QVERIFY(bench->form.log.isEmpty());
     }
 
     void freeformNeedsTheEngineToo()
     {
-        OBFreeformPath = bench->Put(QStringLiteral("ff15.tkn"), "x");
-        OBPath = QStringLiteral("no path");
+        OBFreeformPath = bench->Put(u"ff15.tkn"_s, "x");
+        OBPath = u"no path"_s;
         ExpectEngineSearch({});
         mnuToolFreeform_Click();
         QVERIFY(bench->form.log.isEmpty());
@@ -335,9 +333,9 @@ private:
 
     static QStringList Call(const QString& engine)
     {
-        const QString file = engine + QStringLiteral(".call");
+        const QString file = engine + u".call"_s;
         if (!QTest::qWaitFor([&] { return QFile::exists(file); }, 20'000))
-            return {QStringLiteral("(not called)")};
+            return {u"(not called)"_s};
         const QStringList arguments =
             QString::fromUtf8(CoreBench::Get(file)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         QFile::remove(file);
@@ -346,19 +344,17 @@ private:
 
     void ExpectEngineSearch(const QString& found)
     {
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Find Orchard BASIC"),
-                                  QStringLiteral("Orchard BASIC |orchard.exe;*.exe;"), found);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Find Orchard BASIC"_s, u"Orchard BASIC |orchard.exe;*.exe;"_s,
+                                  found);
         if (found.isEmpty())
             bench->dialogs.ExpectMessage(
-                QStringLiteral(
-                    "Orchard BASIC was not found.  Be sure to specify the path to Orchard BASIC in Options!"),
+                u"Orchard BASIC was not found.  Be sure to specify the path to Orchard BASIC in Options!"_s,
                 BoxAnswer::Ok, BoxIcon::None);
     }
 
     void ExpectTokenBox(const QString& chosen)
     {
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), QStringLiteral("OB Token (*.tkn)|*.tkn"),
-                                  chosen);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, u"OB Token (*.tkn)|*.tkn"_s, chosen);
     }
 
     std::unique_ptr<CoreBench> bench;

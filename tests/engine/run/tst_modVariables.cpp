@@ -7,6 +7,8 @@
 #include <QPersistentModelIndex>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -173,16 +175,16 @@ private Q_SLOTS:
         QCOMPARE(ScanVariables(QByteArray("ab=1:").repeated(1'000'000) + "\r\n").size(), std::size_t{1'000'000});
         for (const char* lineEnd : {"\r\n", "\n", "\r"})
             QCOMPARE(ScanVariables((QByteArray("ab=1") + lineEnd).repeated(1'000'000)).size(), std::size_t{1'000'000});
-        QVERIFY2(timer.elapsed() < 20'000, qPrintable(QStringLiteral("%1 ms").arg(timer.elapsed())));
+        QVERIFY2(timer.elapsed() < 20'000, qPrintable(u"%1 ms"_s.arg(timer.elapsed())));
     }
 
     void theTableShowsNamesAndLinesInScanOrder()
     {
         const cVariableTable table("bb=1\r\naa=2\r\ncc=\xC3\xA4: \xC3\xA4\xC3\xB6=4\r\n");
         QCOMPARE(table.columnCount(), 2);
-        QCOMPARE(table.headerData(0, Qt::Horizontal).toString(), QStringLiteral("Variable Name"));
-        QCOMPARE(table.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Line #"));
-        QCOMPARE(Column(table, 0), Words("bb aa cc") << QStringLiteral("\u00e4\u00f6"));
+        QCOMPARE(table.headerData(0, Qt::Horizontal).toString(), u"Variable Name"_s);
+        QCOMPARE(table.headerData(1, Qt::Horizontal).toString(), u"Line #"_s);
+        QCOMPARE(Column(table, 0), Words("bb aa cc") << u"\u00e4\u00f6"_s);
         QCOMPARE(Column(table, 1), Words("0 1 2 2"));
     }
 
@@ -231,7 +233,7 @@ private Q_SLOTS:
         const QPersistentModelIndex chosen = table.index(0, 1);
         table.sort(0, Qt::AscendingOrder);
         QCOMPARE(chosen.row(), 2);
-        QCOMPARE(chosen.data().toString(), QStringLiteral("0"));
+        QCOMPARE(chosen.data().toString(), u"0"_s);
         QCOMPARE(table.Entry(2).line, 0);
     }
 

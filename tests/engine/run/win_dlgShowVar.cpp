@@ -14,13 +14,15 @@
 #include <QPushButton>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 QTableView* List(const QDialog& dialog)
 {
-    return dialog.findChild<QTableView*>(QStringLiteral("lvVar"));
+    return dialog.findChild<QTableView*>(u"lvVar"_s);
 }
 
 QPushButton* Button(const QDialog& dialog, const char* name)
@@ -71,7 +73,7 @@ private:
         bench.Start();
         mnuFileNew(bench);
         TestBench::Type(bench.Active(), text);
-        bench.ExpectModal(QStringLiteral("dlgShowVar"), [&script](QDialog& dialog) {
+        bench.ExpectModal(u"dlgShowVar"_s, [&script](QDialog& dialog) {
             script(dialog);
             Button(dialog, "cmdExit")->click();
         });
@@ -81,7 +83,7 @@ private:
     static void mnuFileNew(TestBench& bench)
     {
         if (bench.Active() == nullptr)
-            bench.Choose(QStringLiteral("mnuFileNew"));
+            bench.Choose(u"mnuFileNew"_s);
     }
 
 private Q_SLOTS:
@@ -97,8 +99,8 @@ private Q_SLOTS:
         TestBench bench;
         WithText(bench, "total = 1\r\n", [](QDialog& dialog) {
             const QAbstractItemModel* model = List(dialog)->model();
-            QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Variable Name"));
-            QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Line #"));
+            QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), u"Variable Name"_s);
+            QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), u"Line #"_s);
         });
     }
 
@@ -139,8 +141,8 @@ private Q_SLOTS:
     void goToLineWithoutASelectionIsReported()
     {
         TestBench bench;
-        bench.dialogs.ExpectMessage(QStringLiteral("No variable is selected."), BoxAnswer::Ok, BoxIcon::Critical,
-                                    BoxButtons::Ok, QStringLiteral("Error"));
+        bench.dialogs.ExpectMessage(u"No variable is selected."_s, BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::Ok,
+                                    u"Error"_s);
         WithText(bench, "total = 1\r\n", [](QDialog& dialog) { Button(dialog, "cmdGoto")->click(); });
     }
 
@@ -205,7 +207,7 @@ private Q_SLOTS:
         TestBench bench;
         bench.Start();
         if (bench.Active() != nullptr)
-            bench.Choose(QStringLiteral("mnuFileClose"));
+            bench.Choose(u"mnuFileClose"_s);
         bench.dialogs.ExpectMessage(NoCodeWindowText);
         mnuToolShowVar_Click();
     }
@@ -221,7 +223,7 @@ private Q_SLOTS:
         bench.Start();
         mnuFileNew(bench);
         TestBench::Type(bench.Active(), text);
-        bench.ExpectModal(QStringLiteral("dlgShowVar"), [&timer](QDialog& dialog) {
+        bench.ExpectModal(u"dlgShowVar"_s, [&timer](QDialog& dialog) {
             QApplication::processEvents();
             const auto shown = timer.restart();
             ClickColumn(dialog, 0);
@@ -230,7 +232,7 @@ private Q_SLOTS:
             QVERIFY2(shown < 5'000, qPrintable(QString::number(shown)));
             QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
             QCOMPARE(List(dialog)->model()->rowCount(), 1'000'000);
-            QCOMPARE(List(dialog)->model()->index(1, 0).data().toString(), QStringLiteral("name1"));
+            QCOMPARE(List(dialog)->model()->index(1, 0).data().toString(), u"name1"_s);
             Button(dialog, "cmdExit")->click();
         });
         timer.start();

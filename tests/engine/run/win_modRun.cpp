@@ -13,17 +13,19 @@
 #include <QLabel>
 #include <QStatusBar>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString NotFound = QStringLiteral(" was not found.  Be sure to specify the path to Orchard BASIC in Options!");
-const QString EngineFilter = QStringLiteral("Orchard BASIC |orchard.exe;*.exe;");
-const QString SaveAsFilter = QStringLiteral("BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*");
+const QString NotFound = u" was not found.  Be sure to specify the path to Orchard BASIC in Options!"_s;
+const QString EngineFilter = u"Orchard BASIC |orchard.exe;*.exe;"_s;
+const QString SaveAsFilter = u"BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*"_s;
 
 QString StatusOf(TestBench& bench)
 {
-    return bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text();
+    return bench.Frame().findChild<QLabel*>(u"statusText"_s)->text();
 }
 
 } // namespace
@@ -77,13 +79,13 @@ void win_modRun::engineGetsTheCopyAndItsSwitches()
     QFETCH(QString, item);
     QFETCH(QStringList, switches);
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("game.bas"), "print 1\r\n");
+    const QString path = bench.Write(u"game.bas"_s, "print 1\r\n");
     bench.Start({path});
     OBPath = bench.MakeEngine();
     TestBench::Type(bench.Active(), "cls : ");
     bench.Choose(item);
     const EngineCall call = bench.WaitForEngine();
-    const QString copy = bench.Path(QStringLiteral("game.BAK"));
+    const QString copy = bench.Path(u"game.BAK"_s);
     QCOMPARE(call.arguments, switches + QStringList{copy});
     QCOMPARE(call.copy, QByteArray("cls : print 1 \r\n"));
     QCOMPARE(TestBench::Read(path), QByteArray("print 1\r\n"));
@@ -93,8 +95,8 @@ void win_modRun::engineGetsTheCopyAndItsSwitches()
 void win_modRun::includesAreAppendedToTheCopy()
 {
     TestBench bench;
-    bench.Write(QStringLiteral("lib.bas"), "sub a\r\nend sub\r\n");
-    const QString path = bench.Write(QStringLiteral("game.bas"), "'include LIB.bas\r\ncall a\r\n");
+    bench.Write(u"lib.bas"_s, "sub a\r\nend sub\r\n");
+    const QString path = bench.Write(u"game.bas"_s, "'include LIB.bas\r\ncall a\r\n");
     bench.Start({path});
     OBPath = bench.MakeEngine();
     QTest::keyClick(&bench.Frame(), Qt::Key_F5);
@@ -111,15 +113,15 @@ void win_modRun::untitledWindowRunsFromTheProgramFolder()
     TestBench bench;
     bench.Start();
     OBPath = bench.MakeEngine();
-    bench.Choose(QStringLiteral("mnuFileNew"));
+    bench.Choose(u"mnuFileNew"_s);
     TestBench::Type(bench.Active(), "beep");
-    bench.Choose(QStringLiteral("mnuRun"));
-    const QString copy = bench.ProgramPath(QStringLiteral("untitled.bak"));
+    bench.Choose(u"mnuRun"_s);
+    const QString copy = bench.ProgramPath(u"untitled.bak"_s);
     QCOMPARE(bench.WaitForEngine().arguments.last(), copy);
     QCOMPARE(bench.Active()->Caption(), copy);
     // From now on a save goes there, without a question.
     TestBench::Type(bench.Active(), "x");
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Choose(u"mnuFileSave"_s);
     QVERIFY(TestBench::Read(copy).startsWith("beep"));
 }
 
@@ -128,20 +130,20 @@ void win_modRun::secondRunOfAnUntitledWindow()
     TestBench bench;
     bench.Start();
     OBPath = bench.MakeEngine();
-    bench.Choose(QStringLiteral("mnuFileNew"));
-    bench.Choose(QStringLiteral("mnuRun"));
+    bench.Choose(u"mnuFileNew"_s);
+    bench.Choose(u"mnuRun"_s);
     bench.WaitForEngine();
-    bench.Choose(QStringLiteral("mnuRun"));
-    QCOMPARE(bench.WaitForEngine().arguments.last(), bench.ProgramPath(QStringLiteral("untitled.BAK")));
+    bench.Choose(u"mnuRun"_s);
+    QCOMPARE(bench.WaitForEngine().arguments.last(), bench.ProgramPath(u"untitled.BAK"_s));
 }
 
 void win_modRun::ranWindowClosesWithoutAQuestion()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("game.bas"), "print 1\r\n")});
+    bench.Start({bench.Write(u"game.bas"_s, "print 1\r\n")});
     OBPath = bench.MakeEngine();
     TestBench::Type(bench.Active(), "x");
-    bench.Choose(QStringLiteral("mnuRun"));
+    bench.Choose(u"mnuRun"_s);
     bench.WaitForEngine();
     QVERIFY(bench.Close());
 }
@@ -159,52 +161,52 @@ void win_modRun::nothingHappensWithoutAWindow()
 void win_modRun::engineIsRequestedAndKept()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("game.bas"), "print 1\r\n")});
+    bench.Start({bench.Write(u"game.bas"_s, "print 1\r\n")});
     const QString engine = bench.MakeEngine();
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Find Orchard BASIC"), EngineFilter, engine);
-    bench.Choose(QStringLiteral("mnuRun"));
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Find Orchard BASIC"_s, EngineFilter, engine);
+    bench.Choose(u"mnuRun"_s);
     bench.WaitForEngine();
     QCOMPARE(OBPath, engine);
-    bench.Choose(QStringLiteral("mnuRun"));
+    bench.Choose(u"mnuRun"_s);
     bench.WaitForEngine();
 }
 
 void win_modRun::engineNotFoundLeavesTheCopyUnwritten()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("game.bas"), "print 1\r\n")});
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Find Orchard BASIC"), EngineFilter, QString());
-    bench.dialogs.ExpectMessage(QStringLiteral("Orchard BASIC") + NotFound, BoxAnswer::Ok, BoxIcon::None);
-    bench.Choose(QStringLiteral("mnuRun"));
+    bench.Start({bench.Write(u"game.bas"_s, "print 1\r\n")});
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Find Orchard BASIC"_s, EngineFilter, QString());
+    bench.dialogs.ExpectMessage(u"Orchard BASIC"_s + NotFound, BoxAnswer::Ok, BoxIcon::None);
+    bench.Choose(u"mnuRun"_s);
     QCOMPARE(OBPath, QString());
-    QVERIFY(!QFile::exists(bench.Path(QStringLiteral("game.BAK"))));
+    QVERIFY(!QFile::exists(bench.Path(u"game.BAK"_s)));
 }
 
 void win_modRun::copyThatCannotBeWrittenIsNotRun()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("game.bas"), "print 1\r\n")});
+    bench.Start({bench.Write(u"game.bas"_s, "print 1\r\n")});
     OBPath = bench.MakeEngine();
     // A folder in place of the copy prevents the write.
-    QDir().mkdir(bench.Path(QStringLiteral("game.BAK")));
+    QDir().mkdir(bench.Path(u"game.BAK"_s));
     TestBench::Type(bench.Active(), "x");
-    bench.dialogs.ExpectMessage(QStringLiteral("Error creating file to run."));
-    bench.Choose(QStringLiteral("mnuRun"));
+    bench.dialogs.ExpectMessage(u"Error creating file to run."_s);
+    bench.Choose(u"mnuRun"_s);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("xprint 1"));
     QVERIFY(SendSci(bench.Active()->sci, SCI_GETMODIFY) != 0);
     QTest::qWait(200);
-    QVERIFY(!QFile::exists(bench.Path(QStringLiteral("engine.call"))));
+    QVERIFY(!QFile::exists(bench.Path(u"engine.call"_s)));
     QuitQuery = false;
 }
 
 void win_modRun::engineThatCannotStartIsARuntimeError()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("game.bas"), "print 1\r\n")});
-    OBPath = bench.Write(QStringLiteral("engine"), "no program at all\n");
-    bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '5':\nInvalid procedure call or argument"));
-    bench.Choose(QStringLiteral("mnuRun"));
-    QCOMPARE(TestBench::Read(bench.Path(QStringLiteral("game.BAK"))), QByteArray("print 1 \r\n"));
+    bench.Start({bench.Write(u"game.bas"_s, "print 1\r\n")});
+    OBPath = bench.Write(u"engine"_s, "no program at all\n");
+    bench.dialogs.ExpectMessage(u"Run-time error '5':\nInvalid procedure call or argument"_s);
+    bench.Choose(u"mnuRun"_s);
+    QCOMPARE(TestBench::Read(bench.Path(u"game.BAK"_s)), QByteArray("print 1 \r\n"));
 }
 
 void win_modRun::bareEngineStartsAlone()
@@ -220,10 +222,9 @@ void win_modRun::tokenRunsOnTheRuntimeEngine()
 {
     TestBench bench;
     bench.Start();
-    OBRuntimePath = bench.MakeEngine(QStringLiteral("run.exe"));
-    const QString token = bench.Write(QStringLiteral("game.tkn"), "token");
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), QStringLiteral("OB Token (*.tkn)|*.tkn"),
-                             token);
+    OBRuntimePath = bench.MakeEngine(u"run.exe"_s);
+    const QString token = bench.Write(u"game.tkn"_s, "token");
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, u"OB Token (*.tkn)|*.tkn"_s, token);
     QTest::keyClick(&bench.Frame(), Qt::Key_F8);
     const EngineCall call = bench.WaitForEngine();
     QCOMPARE(call.arguments, QStringList{token});
@@ -234,38 +235,36 @@ void win_modRun::tokenThatVanishedIsReported()
 {
     TestBench bench;
     bench.Start();
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), QStringLiteral("OB Token (*.tkn)|*.tkn"),
-                             bench.Path(QStringLiteral("gone.tkn")));
-    bench.dialogs.ExpectMessage(QStringLiteral("Error running TKN."));
-    bench.Choose(QStringLiteral("mnuRunTKN"));
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, u"OB Token (*.tkn)|*.tkn"_s, bench.Path(u"gone.tkn"_s));
+    bench.dialogs.ExpectMessage(u"Error running TKN."_s);
+    bench.Choose(u"mnuRunTKN"_s);
 }
 
 void win_modRun::runtimeSearchCanBeCancelled()
 {
     TestBench bench;
     bench.Start();
-    const QString token = bench.Write(QStringLiteral("game.tkn"), "token");
-    const QString question = QStringLiteral("Find Orchard BASIC Runtime Engine?");
+    const QString token = bench.Write(u"game.tkn"_s, "token");
+    const QString question = u"Find Orchard BASIC Runtime Engine?"_s;
     bench.dialogs.ExpectMessage(question, BoxAnswer::Cancel, BoxIcon::None, BoxButtons::OkCancel);
     RunTokenFile(token);
-    QCOMPARE(OBRuntimePath, QStringLiteral("no path"));
+    QCOMPARE(OBRuntimePath, u"no path"_s);
 
     bench.dialogs.ExpectMessage(question, BoxAnswer::Ok, BoxIcon::None, BoxButtons::OkCancel);
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."),
-                             QStringLiteral("Runtime Engine (run.exe))|*.EXE;RUN.EXE"), QString());
-    bench.dialogs.ExpectMessage(QStringLiteral("Orchard BASIC Runtime Engine") + NotFound, BoxAnswer::Ok,
-                                BoxIcon::None);
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, u"Runtime Engine (run.exe))|*.EXE;RUN.EXE"_s,
+                             QString());
+    bench.dialogs.ExpectMessage(u"Orchard BASIC Runtime Engine"_s + NotFound, BoxAnswer::Ok, BoxIcon::None);
     RunTokenFile(token);
-    QCOMPARE(OBRuntimePath, QStringLiteral("no path"));
+    QCOMPARE(OBRuntimePath, u"no path"_s);
 }
 
 void win_modRun::freeformRunsByItsExtension_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("source") << QStringLiteral("ff.BAS") << QStringList{QStringLiteral("-R"), QStringLiteral("-A")};
-    QTest::newRow("token") << QStringLiteral("ff.tkn") << QStringList();
-    QTest::newRow("other") << QStringLiteral("ff.txt") << QStringList();
+    QTest::newRow("source") << u"ff.BAS"_s << QStringList{u"-R"_s, u"-A"_s};
+    QTest::newRow("token") << u"ff.tkn"_s << QStringList();
+    QTest::newRow("other") << u"ff.txt"_s << QStringList();
 }
 
 void win_modRun::freeformRunsByItsExtension()
@@ -277,14 +276,14 @@ void win_modRun::freeformRunsByItsExtension()
     OBPath = OBRuntimePath = bench.MakeEngine();
     OBFreeformPath = bench.Write(name, "'ff\r\n");
     if (name.endsWith(QLatin1String("txt"))) {
-        bench.dialogs.ExpectMessage(QStringLiteral("Orchard FreeForm must be in *.bas or *.tkn form!"));
-        bench.Choose(QStringLiteral("mnuToolFreeform"));
+        bench.dialogs.ExpectMessage(u"Orchard FreeForm must be in *.bas or *.tkn form!"_s);
+        bench.Choose(u"mnuToolFreeform"_s);
         QVERIFY(bench.Active() == nullptr);
         return;
     }
-    bench.Choose(QStringLiteral("mnuToolFreeform"));
+    bench.Choose(u"mnuToolFreeform"_s);
     QCOMPARE(bench.WaitForEngine().arguments, arguments + QStringList{OBFreeformPath});
-    QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+    QCOMPARE(bench.Active()->Caption(), u"untitled.bas"_s);
     QuitQuery = false;
 }
 
@@ -293,12 +292,10 @@ void win_modRun::freeformHintHasItsNul()
     TestBench bench;
     bench.Start();
     OBPath = bench.MakeEngine();
-    const QString freeform = bench.Write(QStringLiteral("ff.bas"), "'ff\r\n");
-    bench.dialogs.ExpectMessage(QStringLiteral("Find FreeForm?"), BoxAnswer::Ok, BoxIcon::Question,
-                                BoxButtons::OkCancel);
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"),
-                             QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak"), freeform);
-    bench.Choose(QStringLiteral("mnuToolFreeform"));
+    const QString freeform = bench.Write(u"ff.bas"_s, "'ff\r\n");
+    bench.dialogs.ExpectMessage(u"Find FreeForm?"_s, BoxAnswer::Ok, BoxIcon::Question, BoxButtons::OkCancel);
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, u"FreeForm |*ff*.bas;*.bas;*.bak"_s, freeform);
+    bench.Choose(u"mnuToolFreeform"_s);
     bench.WaitForEngine();
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("Paste FreeForm output here!\0", 28));
     QuitQuery = false;
@@ -308,10 +305,10 @@ void win_modRun::openCodeFileRemembersItsFolder()
 {
     TestBench bench;
     bench.Start();
-    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."),
-                             QStringLiteral("BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"), path);
-    bench.Choose(QStringLiteral("mnuFileOpenCode"));
+    const QString path = bench.Write(u"a.bas"_s, "end\r\n");
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s,
+                             u"BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"_s, path);
+    bench.Choose(u"mnuFileOpenCode"_s);
     QCOMPARE(bench.Active()->Caption(), path);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("end"));
     QCOMPARE(LastDir, bench.Path(QString()));
@@ -324,21 +321,20 @@ void win_modRun::openOfNothingChangesNothing()
 {
     TestBench bench;
     bench.Start();
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."),
-                             QStringLiteral("BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"), QString());
-    bench.Choose(QStringLiteral("mnuFileOpenCode"));
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s,
+                             u"BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"_s, QString());
+    bench.Choose(u"mnuFileOpenCode"_s);
     QVERIFY(bench.Active() == nullptr);
-    QCOMPARE(LastDir, QStringLiteral("app.path"));
+    QCOMPARE(LastDir, u"app.path"_s);
 }
 
 void win_modRun::insertedLinesAllEndInCrLf()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "one\r\n")});
-    const QString other = bench.Write(QStringLiteral("b.bas"), "x\ny\r\n\rz");
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"),
-                             QStringLiteral("BASIC code |*.bas;*.bak;*.rtf;"), other);
-    bench.Choose(QStringLiteral("mnuFileInsert"));
+    bench.Start({bench.Write(u"a.bas"_s, "one\r\n")});
+    const QString other = bench.Write(u"b.bas"_s, "x\ny\r\n\rz");
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, u"BASIC code |*.bas;*.bak;*.rtf;"_s, other);
+    bench.Choose(u"mnuFileInsert"_s);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("x\r\ny\r\n\r\nz\r\none"));
     QuitQuery = false;
 }
@@ -346,30 +342,30 @@ void win_modRun::insertedLinesAllEndInCrLf()
 void win_modRun::saveAsRenamesTheWindow()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
-    const QString path = bench.Path(QStringLiteral("b.bas"));
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter, path);
-    bench.Choose(QStringLiteral("mnuFileSaveAs"));
+    bench.Start({bench.Write(u"a.bas"_s, "end\r\n")});
+    const QString path = bench.Path(u"b.bas"_s);
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, path);
+    bench.Choose(u"mnuFileSaveAs"_s);
     QCOMPARE(bench.Active()->Caption(), path);
     QCOMPARE(bench.Active()->Tag, QString());
     QCOMPARE(TestBench::Read(path), QByteArray("end \r\n"));
     QCOMPARE(RecentFiles[0], path);
-    QCOMPARE(StatusOf(bench), QStringLiteral("File saved as ") + path);
+    QCOMPARE(StatusOf(bench), u"File saved as "_s + path);
 }
 
 void win_modRun::untitledSaveAsksForAName()
 {
     TestBench bench;
     bench.Start();
-    bench.Choose(QStringLiteral("mnuFileNew"));
-    const QString filter = QStringLiteral("BASIC code (*.bas)(*.bak)|*.bas;*.bak");
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save"), filter, QString());
-    bench.Choose(QStringLiteral("mnuFileSave"));
-    QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+    bench.Choose(u"mnuFileNew"_s);
+    const QString filter = u"BASIC code (*.bas)(*.bak)|*.bas;*.bak"_s;
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Save"_s, filter, QString());
+    bench.Choose(u"mnuFileSave"_s);
+    QCOMPARE(bench.Active()->Caption(), u"untitled.bas"_s);
     // The program adds no extension of its own.
-    const QString path = bench.Path(QStringLiteral("plain"));
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save"), filter, path);
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    const QString path = bench.Path(u"plain"_s);
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Save"_s, filter, path);
+    bench.Choose(u"mnuFileSave"_s);
     QCOMPARE(TestBench::Read(path), QByteArray(" \r\n"));
     QCOMPARE(bench.Active()->Caption(), path);
 }
@@ -377,12 +373,11 @@ void win_modRun::untitledSaveAsksForAName()
 void win_modRun::failedSaveAsKeepsTheOldName()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
+    const QString path = bench.Write(u"a.bas"_s, "end\r\n");
     bench.Start({path});
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter,
-                             bench.Path(QStringLiteral("no/such/folder.bas")));
-    bench.dialogs.ExpectMessage(QStringLiteral("Run-time error '76':\nPath not found"));
-    bench.Choose(QStringLiteral("mnuFileSaveAs"));
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, bench.Path(u"no/such/folder.bas"_s));
+    bench.dialogs.ExpectMessage(u"Run-time error '76':\nPath not found"_s);
+    bench.Choose(u"mnuFileSaveAs"_s);
     QCOMPARE(bench.Active()->Caption(), path);
     QCOMPARE(RecentFiles[0], path);
 }
@@ -390,20 +385,20 @@ void win_modRun::failedSaveAsKeepsTheOldName()
 void win_modRun::saveProjectMergesTheIncludes()
 {
     TestBench bench;
-    bench.Write(QStringLiteral("lib.bas"), "sub a\r\nend sub\r\n");
-    bench.Start({bench.Write(QStringLiteral("game.bas"), "'include lib.bas\r\ncall a\r\n")});
-    const QString path = bench.Path(QStringLiteral("whole.bas"));
-    bench.dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveAsFilter, path);
-    bench.Choose(QStringLiteral("mnuFileProject"));
+    bench.Write(u"lib.bas"_s, "sub a\r\nend sub\r\n");
+    bench.Start({bench.Write(u"game.bas"_s, "'include lib.bas\r\ncall a\r\n")});
+    const QString path = bench.Path(u"whole.bas"_s);
+    bench.dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveAsFilter, path);
+    bench.Choose(u"mnuFileProject"_s);
     const QByteArray merged = "'include lib.bas\r\ncall a \r\n"
                               "'*******************************\r\n'lib.bas begins here:\r\n\r\n"
                               "sub a\r\nend sub\r\n\r\n";
     QCOMPARE(TestBench::Read(path), merged);
     QCOMPARE(bench.Active()->Caption(), path);
     QCOMPARE(bench.Active()->Tag, QString());
-    QCOMPARE(StatusOf(bench), QStringLiteral("File saved as ") + path);
+    QCOMPARE(StatusOf(bench), u"File saved as "_s + path);
     // A plain save goes to the same file and writes only the code.
-    bench.Choose(QStringLiteral("mnuFileSave"));
+    bench.Choose(u"mnuFileSave"_s);
     QCOMPARE(TestBench::Read(path), QByteArray("'include lib.bas\r\ncall a   \r\n"));
 }
 

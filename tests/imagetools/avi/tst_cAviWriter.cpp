@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_cAviWriter : public QObject {
@@ -21,10 +23,7 @@ class tst_cAviWriter : public QObject {
         return QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
-    static QByteArray Data(const char* name)
-    {
-        return Get(QStringLiteral(OB_TEST_DATA "/avi/") + QString::fromLatin1(name));
-    }
+    static QByteArray Data(const char* name) { return Get(u"" OB_TEST_DATA "/avi/"_s + QString::fromLatin1(name)); }
 
     static AviStreamInfo Info(int width, int height, int size, unsigned rate)
     {
@@ -65,7 +64,7 @@ private Q_SLOTS:
         const QList<QByteArray> bitmaps = {Data("color1.bmp"), Data("color2.bmp"), Data("color3.bmp")};
         WriteVideo(At("color.avi"), bitmaps, Info(3, 2, 24, 12), AviSegmentBytes);
         QCOMPARE(Get(At("color.avi")), Data("color.avi"));
-        QCOMPARE(Entries(), QStringList{QStringLiteral("color.avi")});
+        QCOMPARE(Entries(), QStringList{u"color.avi"_s});
     }
 
     void videosBeyondTheLimitHaveTheLargeForm()
@@ -107,11 +106,9 @@ private Q_SLOTS:
     {
         const QList<QByteArray> bitmaps = Noise(50);
         WriteVideo(At("x.avi"), bitmaps, Info(37, 11, NoiseBytes, 1), 20'000);
-        const QByteArray late = OutputOf(QStringLiteral("ffmpeg"),
-                                         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-ss"),
-                                          QStringLiteral("47"), QStringLiteral("-i"), At("x.avi"), QStringLiteral("-f"),
-                                          QStringLiteral("rawvideo"), QStringLiteral("-frames:v"), QStringLiteral("1"),
-                                          QStringLiteral("-pix_fmt"), QStringLiteral("bgr24"), QStringLiteral("-")});
+        const QByteArray late =
+            OutputOf(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-ss"_s, u"47"_s, u"-i"_s, At("x.avi"), u"-f"_s, u"rawvideo"_s,
+                                   u"-frames:v"_s, u"1"_s, u"-pix_fmt"_s, u"bgr24"_s, u"-"_s});
         QVERIFY(late == PixelsOf(PictureOfBytes(bitmaps[47])));
     }
 

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modAvi : public QObject {
@@ -26,7 +28,7 @@ class tst_modAvi : public QObject {
     NoticeSink Sink()
     {
         return [this](const std::string& text, NoticeIcon icon) {
-            notices.append(QString::fromStdString(text) + (icon == NoticeIcon::Stop ? QStringLiteral("!") : QString()));
+            notices.append(QString::fromStdString(text) + (icon == NoticeIcon::Stop ? u"!"_s : QString()));
         };
     }
 
@@ -35,7 +37,7 @@ class tst_modAvi : public QObject {
     {
         AviList list;
         for (int frame = 0; frame < count; ++frame) {
-            const QString path = At(QStringLiteral("%1.bmp").arg(frame));
+            const QString path = At(u"%1.bmp"_s.arg(frame));
             Put(path, NoiseBitmap(kind, static_cast<unsigned>(frame)));
             const auto format = FormatForList(list, path, Sink());
             if (format)
@@ -46,7 +48,7 @@ class tst_modAvi : public QObject {
 
     AviState Write(const AviList& list, const char* out = "out.avi", const AviOptions& options = {})
     {
-        cAviWriting writing(At(out), list, QStringLiteral("5"), Sink());
+        cAviWriting writing(At(out), list, u"5"_s, Sink());
         const AviOutcome outcome = OutcomeOf(writing, options);
         message = outcome.message;
         reason = outcome.reason;
@@ -116,7 +118,7 @@ private Q_SLOTS:
             QVERIFY(!FormatForList(list, At("other.bmp"), Sink()));
         }
         QCOMPARE(notices, QStringList(4, DifferentFormatText));
-        QCOMPARE(DifferentFormatText, QStringLiteral("Chosen bitmap file is a different format!"));
+        QCOMPARE(DifferentFormatText, u"Chosen bitmap file is a different format!"_s);
         list = {};
         QVERIFY(FormatForList(list, At("other.bmp"), Sink()));
     }
@@ -128,10 +130,9 @@ private Q_SLOTS:
         QVERIFY(!FormatForList({}, At("text.bmp"), Sink()));
         Put(At("empty.bmp"), "");
         QVERIFY(!FormatForList({}, At("empty.bmp"), Sink()));
-        QCOMPARE(notices,
-                 (QStringList{QStringLiteral("File does not exist:\r\n") + At("gone.bmp") + u'!',
-                              QStringLiteral("File is not a supported bitmap format:\r\n") + At("text.bmp"),
-                              QStringLiteral("File is not a supported bitmap format:\r\n") + At("empty.bmp")}));
+        QCOMPARE(notices, (QStringList{u"File does not exist:\r\n"_s + At("gone.bmp") + u'!',
+                                       u"File is not a supported bitmap format:\r\n"_s + At("text.bmp"),
+                                       u"File is not a supported bitmap format:\r\n"_s + At("empty.bmp")}));
         QByteArray noSize = NoiseBitmap({}, 1);
         noSize.replace(34, 4, QByteArray(4, '\0'));
         Put(At("noSize.bmp"), noSize);
@@ -264,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(writing.FramesWritten(), 2);
         QVERIFY(QFile::remove(list.files[2]));
         QCOMPARE(writing.WriteFrame(), AviState::Writing);
-        QCOMPARE(notices, QStringList{QStringLiteral("File does not exist:\r\n") + list.files[2] + u'!'});
+        QCOMPARE(notices, QStringList{u"File does not exist:\r\n"_s + list.files[2] + u'!'});
         QCOMPARE(writing.WriteFrame(), AviState::Finished);
         const auto pixels = [&](int frame) { return PixelsOf(LoadPicture(list.files[frame])); };
         QVERIFY(Decoded(At("out.avi")) == pixels(0) + pixels(1) + pixels(1) + pixels(3));
@@ -299,7 +300,7 @@ private Q_SLOTS:
         QByteArray bitmap = Get(list.files[1]);
         Put(list.files[1], bitmap.replace(34, 4, QByteArray(4, '\0')));
         QCOMPARE(ErrorOf([&] { Write(list); }), 9);
-        QCOMPARE(Entries("*"), (QStringList{QStringLiteral("0.bmp"), QStringLiteral("1.bmp")}));
+        QCOMPARE(Entries("*"), (QStringList{u"0.bmp"_s, u"1.bmp"_s}));
     }
 
     void withoutTheFirstBitmapThereIsNoVideo()
@@ -307,9 +308,9 @@ private Q_SLOTS:
         const AviList list = Bitmaps({}, 2);
         QVERIFY(QFile::remove(list.files[0]));
         QCOMPARE(Write(list), Unfinished);
-        QCOMPARE(message, QStringLiteral("Could not load first bitmap file in list!"));
-        QCOMPARE(notices, QStringList{QStringLiteral("File does not exist:\r\n") + list.files[0] + u'!'});
-        QCOMPARE(Entries("*"), QStringList{QStringLiteral("1.bmp")});
+        QCOMPARE(message, u"Could not load first bitmap file in list!"_s);
+        QCOMPARE(notices, QStringList{u"File does not exist:\r\n"_s + list.files[0] + u'!'});
+        QCOMPARE(Entries("*"), QStringList{u"1.bmp"_s});
     }
 
     void anUnwritablePlaceIsReportedBeforeTheOptions()
@@ -323,9 +324,9 @@ private Q_SLOTS:
             });
             QFAIL("no failure");
         } catch (const AviFailure& failure) {
-            QCOMPARE(failure.message, QStringLiteral("There was an error writing the file."));
-            QCOMPARE(failure.reason, QStringLiteral("Path not found"));
-            QCOMPARE(failure.description, QStringLiteral("There was an error writing the file. Path not found"));
+            QCOMPARE(failure.message, u"There was an error writing the file."_s);
+            QCOMPARE(failure.reason, u"Path not found"_s);
+            QCOMPARE(failure.description, u"There was an error writing the file. Path not found"_s);
         }
         QVERIFY(!isAsked);
     }
@@ -385,8 +386,8 @@ private Q_SLOTS:
             const FileSizeLimit full(static_cast<rlim_t>(limit));
             QCOMPARE(Write(list), Unfinished);
         }
-        QCOMPARE(message, QStringLiteral("There was an error writing the file."));
-        QCOMPARE(reason, QStringLiteral("Disk full"));
+        QCOMPARE(message, u"There was an error writing the file."_s);
+        QCOMPARE(reason, u"Disk full"_s);
         QCOMPARE(Entries("*.avi") + Entries("*.tmp"), QStringList());
     }
 #endif

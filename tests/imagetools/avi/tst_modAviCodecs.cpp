@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modAviCodecs : public QObject {
@@ -25,7 +27,7 @@ class tst_modAviCodecs : public QObject {
     {
         AviList list;
         for (const QByteArray& bitmap : bitmaps) {
-            const QString path = At(QStringLiteral("%1.bmp").arg(list.files.size()));
+            const QString path = At(u"%1.bmp"_s.arg(list.files.size()));
             Put(path, bitmap);
             const auto format = FormatForList(list, path, [](const std::string&, NoticeIcon) {});
             if (format)
@@ -59,7 +61,7 @@ class tst_modAviCodecs : public QObject {
 
     AviState Write(const AviList& list, const char* codec, const char* out = "out.avi", int quality = 90)
     {
-        cAviWriting writing(At(out), list, QStringLiteral("5"), [](const std::string&, NoticeIcon) {});
+        cAviWriting writing(At(out), list, u"5"_s, [](const std::string&, NoticeIcon) {});
         const AviOutcome outcome = OutcomeOf(writing, {codec, quality});
         message = (outcome.message + u' ' + outcome.reason).trimmed();
         return outcome.state;
@@ -81,7 +83,7 @@ class tst_modAviCodecs : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() { SetLibraryFolder(QStringLiteral(OB_BIN)); }
+    void initTestCase() { SetLibraryFolder(u"" OB_BIN ""_s); }
     void init() { folder = std::make_unique<QTemporaryDir>(); }
     void cleanup() { folder.reset(); }
 
@@ -90,17 +92,17 @@ private Q_SLOTS:
     {
         SetLibraryFolder(folder->path());
         QCOMPARE(AviCodecs().size(), std::size_t{1});
-        QVERIFY(AviCodecsTrouble().startsWith(QStringLiteral("The compressors are missing: there is no ")));
+        QVERIFY(AviCodecsTrouble().startsWith(u"The compressors are missing: there is no "_s));
         const AviList list = Noise({}, 2);
         QCOMPARE(Write(list, "none"), AviState::Finished);
         QVERIFY(Decoded(At("out.avi")) == AllPixels(list));
         QVERIFY(QFile::remove(At("out.avi")));
         QCOMPARE(Write(list, "ffv1"), Unfinished);
-        QVERIFY(message.startsWith(QStringLiteral("The compressors are missing: ")));
-        Put(LibraryFile(QStringLiteral("AviCodecsOB")), "no library");
-        QVERIFY(AviCodecsTrouble().startsWith(QStringLiteral("The compressors cannot be loaded: ")));
+        QVERIFY(message.startsWith(u"The compressors are missing: "_s));
+        Put(LibraryFile(u"AviCodecsOB"_s), "no library");
+        QVERIFY(AviCodecsTrouble().startsWith(u"The compressors cannot be loaded: "_s));
         QVERIFY(!QFile::exists(At("out.avi")));
-        SetLibraryFolder(QStringLiteral(OB_BIN));
+        SetLibraryFolder(u"" OB_BIN ""_s);
         QVERIFY(AviCodecsTrouble().isEmpty());
     }
 
@@ -142,7 +144,7 @@ private Q_SLOTS:
 
     void runLengthsAreUnpackedForACompressor()
     {
-        const QByteArray runs = Get(QStringLiteral(OB_TEST_DATA "/avi/runs.bmp"));
+        const QByteArray runs = Get(u"" OB_TEST_DATA "/avi/runs.bmp"_s);
         const AviList list = Bitmaps({runs});
         QCOMPARE(Write(list, "png"), AviState::Finished);
         QCOMPARE(Decoded(At("out.avi")).toHex(), AllPixels(list).toHex());
@@ -187,11 +189,8 @@ private Q_SLOTS:
         QVERIFY(FramesIn(At("out.avi")) == (FrameKinds{3, 0}));
         QCOMPARE(Probed(At("out.avi"), "stream=codec_name,nb_frames,r_frame_rate,width,height"),
                  codec + ",96,80,5/1,3");
-        const QByteArray last =
-            OutputOf(QStringLiteral("ffmpeg"),
-                     {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-ss"), QStringLiteral("0.4"),
-                      QStringLiteral("-i"), At("out.avi"), QStringLiteral("-f"), QStringLiteral("rawvideo"),
-                      QStringLiteral("-pix_fmt"), QStringLiteral("bgr24"), QStringLiteral("-")});
+        const QByteArray last = OutputOf(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-ss"_s, u"0.4"_s, u"-i"_s, At("out.avi"),
+                                                       u"-f"_s, u"rawvideo"_s, u"-pix_fmt"_s, u"bgr24"_s, u"-"_s});
         QVERIFY(last == Decoded(At("out.avi")).last(96 * 80 * 3));
     }
 
@@ -214,19 +213,19 @@ private Q_SLOTS:
     {
         const AviOptions cinepak{"cinepak", 90};
         QCOMPARE(AviRefusal(cinepak, 64, 48), QString());
-        const QString refusal = QStringLiteral("Cinepak needs a width and a height that are multiples of 4. "
-                                               "These pictures have 37 x 11 pixels.");
+        const QString refusal = u"Cinepak needs a width and a height that are multiples of 4. "
+                                "These pictures have 37 x 11 pixels."_s;
         QCOMPARE(AviRefusal(cinepak, 37, 11), refusal);
         QVERIFY(!AviRefusal(cinepak, 36, 11).isEmpty());
         QCOMPARE(Write(Noise({}, 1), "cinepak"), Unfinished);
         QCOMPARE(message, refusal);
-        QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("0.bmp")});
+        QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"0.bmp"_s});
         const QString tooWide = AviRefusal({"mpeg4", 90}, 20'000, 16);
-        QVERIFY2(tooWide.startsWith(QStringLiteral("This codec does not take pictures of 20000 x 16 pixels (")),
+        QVERIFY2(tooWide.startsWith(u"This codec does not take pictures of 20000 x 16 pixels ("_s),
                  qPrintable(tooWide));
         QVERIFY(!AviRefusal({"png", 90}, 0, 10).isEmpty());
         QVERIFY(!AviRefusal({"png", 90}, -5, 10).isEmpty());
-        QCOMPARE(AviRefusal({"nosuch", 90}, 16, 16), QStringLiteral("There is no codec \"nosuch\" here."));
+        QCOMPARE(AviRefusal({"nosuch", 90}, 16, 16), u"There is no codec \"nosuch\" here."_s);
         QCOMPARE(AviRefusal({}, 37, 11), QString());
     }
 
@@ -235,10 +234,8 @@ private Q_SLOTS:
         const AviList list = Noise({}, 2);
         Put(list.files[1], NoiseBitmap({.width = 36}, 1));
         QCOMPARE(Write(list, "ffv1"), Unfinished);
-        QCOMPARE(message,
-                 QStringLiteral("There was an error writing the file. %1 cannot be read as a picture of 37 x 11 "
-                                "pixels.")
-                     .arg(list.files[1]));
+        QCOMPARE(message, u"There was an error writing the file. %1 cannot be read as a picture of 37 x 11 "
+                          "pixels."_s.arg(list.files[1]));
         QVERIFY(!QFile::exists(At("out.avi")));
     }
 

@@ -18,17 +18,19 @@
 #include <QPushButton>
 #include <QSlider>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString OpenTitle = QStringLiteral("Choose BMP file to add to video stream");
-const QString OpenFilter = QStringLiteral("BMP Files|*.bmp|DIB Files|*.dib");
-const QString SaveTitle = QStringLiteral("Choose a filename to save AVI to...");
-const QString SaveFilter = QStringLiteral("AVI Files|*.avi");
-const QString DifferentFormat = QStringLiteral("Chosen bitmap file is a different format!");
-const QString SubscriptError = QStringLiteral("Run-time error '9':\nSubscript out of range");
-const QString WriteError = QStringLiteral("There was an error writing the file.");
+const QString OpenTitle = u"Choose BMP file to add to video stream"_s;
+const QString OpenFilter = u"BMP Files|*.bmp|DIB Files|*.dib"_s;
+const QString SaveTitle = u"Choose a filename to save AVI to..."_s;
+const QString SaveFilter = u"AVI Files|*.avi"_s;
+const QString DifferentFormat = u"Chosen bitmap file is a different format!"_s;
+const QString SubscriptError = u"Run-time error '9':\nSubscript out of range"_s;
+const QString WriteError = u"There was an error writing the file."_s;
 
 } // namespace
 
@@ -55,7 +57,7 @@ class win_frmAVI : public QObject {
 
     QString Bitmap(int number, const BitmapKind& kind = {}) const
     {
-        return bench->Write(QStringLiteral("%1.bmp").arg(number), NoiseBitmap(kind, static_cast<unsigned>(number)));
+        return bench->Write(u"%1.bmp"_s.arg(number), NoiseBitmap(kind, static_cast<unsigned>(number)));
     }
     // The message is the one that the choice should cause; empty for none.
     void Add(const QString& file, const QString& message = {}, BoxIcon icon = BoxIcon::Information)
@@ -73,9 +75,9 @@ class win_frmAVI : public QObject {
     }
     void ChooseCodec(int row)
     {
-        bench->ExpectModal(QStringLiteral("dlgAviOptions"), [row](QDialog& dialog) {
-            dialog.findChild<QListWidget*>(QStringLiteral("lstCodec"))->setCurrentRow(row);
-            dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+        bench->ExpectModal(u"dlgAviOptions"_s, [row](QDialog& dialog) {
+            dialog.findChild<QListWidget*>(u"lstCodec"_s)->setCurrentRow(row);
+            dialog.findChild<QPushButton*>(u"cmdOK"_s)->click();
         });
     }
     // Frames that take a while in total, with a slow compressor.
@@ -131,11 +133,11 @@ private Q_SLOTS:
     void filesAreListedWithTheirPicture()
     {
         AddBitmaps(2);
-        QCOMPARE(List()->item(1)->text(), At(QStringLiteral("1.bmp")));
-        QVERIFY(Preview() == ImageOf(LoadPicture(At(QStringLiteral("1.bmp")))));
+        QCOMPARE(List()->item(1)->text(), At(u"1.bmp"_s));
+        QVERIFY(Preview() == ImageOf(LoadPicture(At(u"1.bmp"_s))));
         QVERIFY(Button("cmdClearList")->isEnabled() && Button("cmdWriteAVI")->isEnabled());
         List()->setCurrentRow(0);
-        QVERIFY(Preview() == ImageOf(LoadPicture(At(QStringLiteral("0.bmp")))));
+        QVERIFY(Preview() == ImageOf(LoadPicture(At(u"0.bmp"_s))));
         Add({});
         QCOMPARE(List()->count(), 2);
         Button("cmdClearList")->click();
@@ -174,21 +176,20 @@ private Q_SLOTS:
     {
         AddBitmaps(1);
         Add(Bitmap(1, {.bits = 8}), DifferentFormat);
-        const QString text = bench->Write(QStringLiteral("text.bmp"), "text");
-        Add(text, QStringLiteral("File is not a supported bitmap format:\r\n") + text);
+        const QString text = bench->Write(u"text.bmp"_s, "text");
+        Add(text, u"File is not a supported bitmap format:\r\n"_s + text);
         QByteArray noSize = NoiseBitmap({}, 1);
         noSize.replace(34, 4, QByteArray(4, '\0'));
-        Add(bench->Write(QStringLiteral("noSize.bmp"), noSize), SubscriptError, BoxIcon::Critical);
+        Add(bench->Write(u"noSize.bmp"_s, noSize), SubscriptError, BoxIcon::Critical);
         QCOMPARE(List()->count(), 1);
-        QVERIFY(Preview() == ImageOf(LoadPicture(At(QStringLiteral("0.bmp")))));
+        QVERIFY(Preview() == ImageOf(LoadPicture(At(u"0.bmp"_s))));
     }
 
     void aBitmapThatIsNoPictureIsNotAdded()
     {
         QByteArray bitmap = NoiseBitmap({}, 1);
         bitmap[28] = 7; // bits per pixel
-        Add(bench->Write(QStringLiteral("odd.bmp"), bitmap), QStringLiteral("Run-time error '481':\nInvalid picture"),
-            BoxIcon::Critical);
+        Add(bench->Write(u"odd.bmp"_s, bitmap), u"Run-time error '481':\nInvalid picture"_s, BoxIcon::Critical);
         QCOMPARE(List()->count(), 0);
         QVERIFY(!Button("cmdWriteAVI")->isEnabled());
     }
@@ -196,26 +197,26 @@ private Q_SLOTS:
     void theListIsWrittenFrameByFrame()
     {
         AddBitmaps(5);
-        Find<QLineEdit>("txtFPS")->setText(QStringLiteral("12.5"));
+        Find<QLineEdit>("txtFPS")->setText(u"12.5"_s);
         ChooseCodec(0);
         auto* status = Find<QLabel>("lblStatus");
-        PressWrite(At(QStringLiteral("film")));
+        PressWrite(At(u"film"_s));
         QVERIFY(Find<QProgressBar>("pgbFrames")->isVisible());
         QVERIFY(!Button("cmdFileOpen")->isEnabled() && !Button("cmdClearList")->isEnabled() &&
                 !Button("cmdWriteAVI")->isEnabled() && Button("cmdCancel")->isEnabled());
-        QTRY_VERIFY2(Status() == QStringLiteral("Finished!"), qPrintable(status->text()));
-        const QString video = At(QStringLiteral("film.avi"));
+        QTRY_VERIFY2(Status() == u"Finished!"_s, qPrintable(status->text()));
+        const QString video = At(u"film.avi"_s);
         QVERIFY(Decoded(video) == AllPixels());
         QCOMPARE(Probed(video, "stream=r_frame_rate,nb_frames"), QByteArray("12/1,5"));
         QVERIFY(!Find<QProgressBar>("pgbFrames")->isVisible());
         QVERIFY(Button("cmdFileOpen")->isEnabled() && Button("cmdWriteAVI")->isEnabled());
         QCOMPARE(List()->currentRow(), 4);
-        QVERIFY(Preview() == ImageOf(LoadPicture(At(QStringLiteral("4.bmp")))));
+        QVERIFY(Preview() == ImageOf(LoadPicture(At(u"4.bmp"_s))));
         // A second video in the same window.
         ChooseCodec(0);
-        PressWrite(At(QStringLiteral("again.avi")));
-        QTRY_COMPARE(Status(), QStringLiteral("Finished!"));
-        QVERIFY(bench->Read(video) == bench->Read(At(QStringLiteral("again.avi"))));
+        PressWrite(At(u"again.avi"_s));
+        QTRY_COMPARE(Status(), u"Finished!"_s);
+        QVERIFY(bench->Read(video) == bench->Read(At(u"again.avi"_s)));
     }
 
     void theStatusNamesEachFrameFromZero()
@@ -228,7 +229,7 @@ private Q_SLOTS:
             bool eventFilter(QObject* watched, QEvent* event) override
             {
                 const QString text = static_cast<QLabel*>(watched)->text();
-                if (event->type() == QEvent::Paint && text.startsWith(QStringLiteral("Frame")) && !texts.contains(text))
+                if (event->type() == QEvent::Paint && text.startsWith(u"Frame"_s) && !texts.contains(text))
                     texts.append(text);
                 return false;
             }
@@ -236,36 +237,33 @@ private Q_SLOTS:
         AddBitmaps(3);
         Find<QLabel>("lblStatus")->installEventFilter(&watch);
         ChooseCodec(0);
-        PressWrite(At(QStringLiteral("x.avi")));
-        QTRY_COMPARE(Status(), QStringLiteral("Finished!"));
+        PressWrite(At(u"x.avi"_s));
+        QTRY_COMPARE(Status(), u"Finished!"_s);
         Find<QLabel>("lblStatus")->removeEventFilter(&watch);
         QCOMPARE(watch.texts,
-                 (QStringList{QStringLiteral("Frame number 0 saved"), QStringLiteral("Frame number 1 saved"),
-                              QStringLiteral("Frame number 2 saved")}));
+                 (QStringList{u"Frame number 0 saved"_s, u"Frame number 1 saved"_s, u"Frame number 2 saved"_s}));
     }
 
     void cancelOfTheSaveBoxDoesNothing()
     {
         AddBitmaps(1);
         PressWrite({});
-        QCOMPARE(Status(), QStringLiteral("AVI Status"));
+        QCOMPARE(Status(), u"AVI Status"_s);
         QCOMPARE(Files("*.avi"), QStringList());
     }
 
     void cancelOfTheOptionsLeavesAnEmptyFileAndSaysNothing()
     {
         AddBitmaps(1);
-        const auto dismiss = [](QDialog& dialog) {
-            dialog.findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();
-        };
-        bench->ExpectModal(QStringLiteral("dlgAviOptions"), dismiss);
-        PressWrite(At(QStringLiteral("new.avi")));
-        QCOMPARE(Files("*.avi"), QStringList{QStringLiteral("new.avi")});
-        QCOMPARE(bench->Read(At(QStringLiteral("new.avi"))), QByteArray());
-        bench->Write(QStringLiteral("old.avi"), "old");
-        bench->ExpectModal(QStringLiteral("dlgAviOptions"), dismiss);
-        PressWrite(At(QStringLiteral("old.avi")));
-        QCOMPARE(bench->Read(At(QStringLiteral("old.avi"))), QByteArray("old"));
+        const auto dismiss = [](QDialog& dialog) { dialog.findChild<QPushButton*>(u"cmdCancel"_s)->click(); };
+        bench->ExpectModal(u"dlgAviOptions"_s, dismiss);
+        PressWrite(At(u"new.avi"_s));
+        QCOMPARE(Files("*.avi"), QStringList{u"new.avi"_s});
+        QCOMPARE(bench->Read(At(u"new.avi"_s)), QByteArray());
+        bench->Write(u"old.avi"_s, "old");
+        bench->ExpectModal(u"dlgAviOptions"_s, dismiss);
+        PressWrite(At(u"old.avi"_s));
+        QCOMPARE(bench->Read(At(u"old.avi"_s)), QByteArray("old"));
         QVERIFY(Button("cmdWriteAVI")->isEnabled());
         QCOMPARE(Files("*.tmp"), QStringList());
     }
@@ -273,89 +271,88 @@ private Q_SLOTS:
     void enterPressesTheButtonThatHasTheFocus()
     {
         AddBitmaps(1);
-        bench->ExpectModal(QStringLiteral("dlgAviOptions"), [](QDialog& dialog) {
-            auto* cancel = dialog.findChild<QPushButton*>(QStringLiteral("cmdCancel"));
+        bench->ExpectModal(u"dlgAviOptions"_s, [](QDialog& dialog) {
+            auto* cancel = dialog.findChild<QPushButton*>(u"cmdCancel"_s);
             cancel->setFocus();
             QTest::keyClick(cancel, Qt::Key_Return);
             QVERIFY(!dialog.isVisible());
             QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
         });
-        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, At(QStringLiteral("x.avi")));
+        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, At(u"x.avi"_s));
         Button("cmdWriteAVI")->setFocus();
         QTest::keyClick(Button("cmdWriteAVI"), Qt::Key_Return);
         QVERIFY(bench->dialogs.Finished());
-        QCOMPARE(bench->Read(At(QStringLiteral("x.avi"))), QByteArray());
+        QCOMPARE(bench->Read(At(u"x.avi"_s)), QByteArray());
     }
 
     void oneMoreEnterDoesNotEndTheWriting()
     {
         AddForLongWork();
         Button("cmdWriteAVI")->setFocus();
-        PressWrite(At(QStringLiteral("x.avi")));
+        PressWrite(At(u"x.avi"_s));
         QTest::keyClick(window->focusWidget(), Qt::Key_Return);
         QTest::keyClick(window->focusWidget(), Qt::Key_Space);
-        QVERIFY(!Status().startsWith(QStringLiteral("Stop")));
+        QVERIFY(!Status().startsWith(u"Stop"_s));
         QTest::keyClick(window.get(), Qt::Key_Escape);
-        QTRY_COMPARE(Status(), QStringLiteral("Stopped. No file was written."));
+        QTRY_COMPARE(Status(), u"Stopped. No file was written."_s);
     }
 
     void aCompressorIsChosenWithItsQuality()
     {
         AddBitmaps(2, {.height = 24, .width = 32});
-        bench->ExpectModal(QStringLiteral("dlgAviOptions"), [](QDialog& dialog) {
-            auto* list = dialog.findChild<QListWidget*>(QStringLiteral("lstCodec"));
-            auto* quality = dialog.findChild<QSlider*>(QStringLiteral("sldQuality"));
+        bench->ExpectModal(u"dlgAviOptions"_s, [](QDialog& dialog) {
+            auto* list = dialog.findChild<QListWidget*>(u"lstCodec"_s);
+            auto* quality = dialog.findChild<QSlider*>(u"sldQuality"_s);
             QVERIFY(!quality->isEnabled());
-            const auto found = list->findItems(QStringLiteral("Motion JPEG"), Qt::MatchStartsWith);
+            const auto found = list->findItems(u"Motion JPEG"_s, Qt::MatchStartsWith);
             QCOMPARE(found.size(), 1);
             list->setCurrentItem(found.first());
             QVERIFY(quality->isEnabled());
             quality->setValue(40);
-            QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblValue"))->text(), QStringLiteral("40"));
+            QCOMPARE(dialog.findChild<QLabel*>(u"lblValue"_s)->text(), u"40"_s);
             const AviOptions options = static_cast<dlgAviOptions&>(dialog).Options();
             QCOMPARE(options.codec, std::string("mjpeg"));
             QCOMPARE(options.quality, 40);
-            dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+            dialog.findChild<QPushButton*>(u"cmdOK"_s)->click();
         });
-        PressWrite(At(QStringLiteral("x.avi")));
-        QTRY_COMPARE(Status(), QStringLiteral("Finished!"));
-        QCOMPARE(Probed(At(QStringLiteral("x.avi")), "stream=codec_name,nb_frames"), QByteArray("mjpeg,2"));
+        PressWrite(At(u"x.avi"_s));
+        QTRY_COMPARE(Status(), u"Finished!"_s);
+        QCOMPARE(Probed(At(u"x.avi"_s), "stream=codec_name,nb_frames"), QByteArray("mjpeg,2"));
     }
 
     void aCompressorThatRefusesTheSizeCannotBeChosen()
     {
         AddBitmaps(1);
-        bench->ExpectModal(QStringLiteral("dlgAviOptions"), [](QDialog& dialog) {
-            auto* list = dialog.findChild<QListWidget*>(QStringLiteral("lstCodec"));
-            auto* ok = dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"));
-            auto* note = dialog.findChild<QLabel*>(QStringLiteral("lblNote"));
+        bench->ExpectModal(u"dlgAviOptions"_s, [](QDialog& dialog) {
+            auto* list = dialog.findChild<QListWidget*>(u"lstCodec"_s);
+            auto* ok = dialog.findChild<QPushButton*>(u"cmdOK"_s);
+            auto* note = dialog.findChild<QLabel*>(u"lblNote"_s);
             QVERIFY(ok->isEnabled() && note->text().isEmpty());
-            list->setCurrentItem(list->findItems(QStringLiteral("Cinepak"), Qt::MatchStartsWith).first());
+            list->setCurrentItem(list->findItems(u"Cinepak"_s, Qt::MatchStartsWith).first());
             QVERIFY(!ok->isEnabled());
-            QVERIFY(note->text().contains(QStringLiteral("multiples of 4")));
+            QVERIFY(note->text().contains(u"multiples of 4"_s));
             list->setCurrentRow(0);
             QVERIFY(ok->isEnabled() && note->text().isEmpty());
             dialog.reject();
         });
-        PressWrite(At(QStringLiteral("x.avi")));
+        PressWrite(At(u"x.avi"_s));
     }
 
     void anUnwritablePlaceIsReportedAtOnce()
     {
         AddBitmaps(1);
-        PressWrite(At(QStringLiteral("gone/x.avi")), {{WriteError}});
-        QCOMPARE(Status(), QStringLiteral("Path not found"));
+        PressWrite(At(u"gone/x.avi"_s), {{WriteError}});
+        QCOMPARE(Status(), u"Path not found"_s);
         QVERIFY(Button("cmdWriteAVI")->isEnabled());
     }
 
     void aMissingFirstBitmapIsReported()
     {
         AddBitmaps(2);
-        const QString first = At(QStringLiteral("0.bmp"));
+        const QString first = At(u"0.bmp"_s);
         QVERIFY(QFile::remove(first));
-        PressWrite(At(QStringLiteral("x.avi")),
-                   {{QStringLiteral("File does not exist:\r\n") + first, BoxIcon::Critical},
-                    {QStringLiteral("Could not load first bitmap file in list!")}});
+        PressWrite(At(u"x.avi"_s), {{u"File does not exist:\r\n"_s + first, BoxIcon::Critical},
+                                    {u"Could not load first bitmap file in list!"_s}});
         QCOMPARE(Files("*.avi"), QStringList());
         QVERIFY(Button("cmdWriteAVI")->isEnabled());
     }
@@ -363,19 +360,19 @@ private Q_SLOTS:
     void vanishedBitmapsAreReportedAndTheFrameBeforeRepeats()
     {
         AddBitmaps(4);
-        const QByteArray first = PixelsOf(LoadPicture(At(QStringLiteral("0.bmp"))));
-        const QByteArray last = PixelsOf(LoadPicture(At(QStringLiteral("3.bmp"))));
+        const QByteArray first = PixelsOf(LoadPicture(At(u"0.bmp"_s)));
+        const QByteArray last = PixelsOf(LoadPicture(At(u"3.bmp"_s)));
         QList<Message> messages;
         for (const char* name : {"1.bmp", "2.bmp"}) {
             const QString file = At(QString::fromLatin1(name));
             QVERIFY(QFile::remove(file));
-            messages.append({QStringLiteral("File does not exist:\r\n") + file, BoxIcon::Critical});
+            messages.append({u"File does not exist:\r\n"_s + file, BoxIcon::Critical});
         }
         ChooseCodec(0);
-        PressWrite(At(QStringLiteral("x.avi")), messages);
-        QTRY_COMPARE(Status(), QStringLiteral("Finished!"));
+        PressWrite(At(u"x.avi"_s), messages);
+        QTRY_COMPARE(Status(), u"Finished!"_s);
         QTRY_VERIFY(bench->dialogs.Finished());
-        QVERIFY(Decoded(At(QStringLiteral("x.avi"))) == first + first + first + last);
+        QVERIFY(Decoded(At(u"x.avi"_s)) == first + first + first + last);
     }
 
     void aBitmapWithoutItsSizeEndsTheWriting()
@@ -383,9 +380,9 @@ private Q_SLOTS:
         AddBitmaps(2);
         QByteArray noSize = NoiseBitmap({}, 1);
         noSize.replace(34, 4, QByteArray(4, '\0'));
-        bench->Write(QStringLiteral("1.bmp"), noSize);
+        bench->Write(u"1.bmp"_s, noSize);
         ChooseCodec(0);
-        PressWrite(At(QStringLiteral("x.avi")), {{SubscriptError, BoxIcon::Critical}});
+        PressWrite(At(u"x.avi"_s), {{SubscriptError, BoxIcon::Critical}});
         QTRY_VERIFY(Button("cmdWriteAVI")->isEnabled());
         QVERIFY(bench->dialogs.Finished());
         QCOMPARE(Files("*.avi") + Files("*.tmp"), QStringList());
@@ -397,8 +394,8 @@ private Q_SLOTS:
         AddBitmaps(6);
         const FileSizeLimit limit(9000);
         ChooseCodec(0);
-        PressWrite(At(QStringLiteral("x.avi")), {{WriteError}});
-        QTRY_COMPARE(Status(), QStringLiteral("Disk full"));
+        PressWrite(At(u"x.avi"_s), {{WriteError}});
+        QTRY_COMPARE(Status(), u"Disk full"_s);
         QTRY_VERIFY(bench->dialogs.Finished());
         QCOMPARE(Files("*.avi") + Files("*.tmp"), QStringList());
     }
@@ -407,10 +404,10 @@ private Q_SLOTS:
     void cancelEndsTheWritingAndThenCloses()
     {
         AddForLongWork();
-        PressWrite(At(QStringLiteral("x.avi")));
-        QTRY_VERIFY(Status().startsWith(QStringLiteral("Frame number")));
+        PressWrite(At(u"x.avi"_s));
+        QTRY_VERIFY(Status().startsWith(u"Frame number"_s));
         QTest::keyClick(window.get(), Qt::Key_Escape);
-        QTRY_COMPARE(Status(), QStringLiteral("Stopped. No file was written."));
+        QTRY_COMPARE(Status(), u"Stopped. No file was written."_s);
         QVERIFY(window->isVisible());
         QCOMPARE(Files("*.avi") + Files("*.tmp"), QStringList());
         QVERIFY(Button("cmdWriteAVI")->isEnabled());
@@ -422,7 +419,7 @@ private Q_SLOTS:
     void closingTheWindowEndsTheWriting()
     {
         AddForLongWork();
-        PressWrite(At(QStringLiteral("x.avi")));
+        PressWrite(At(u"x.avi"_s));
         window->close();
         QTRY_VERIFY(!window->isVisible());
         QCOMPARE(Files("*.avi") + Files("*.tmp"), QStringList());
@@ -431,7 +428,7 @@ private Q_SLOTS:
     void aWindowThatIsDestroyedEndsTheWriting()
     {
         AddForLongWork();
-        PressWrite(At(QStringLiteral("x.avi")));
+        PressWrite(At(u"x.avi"_s));
         window.reset();
         QCOMPARE(Files("*.avi") + Files("*.tmp"), QStringList());
     }
@@ -459,9 +456,9 @@ private Q_SLOTS:
         QCOMPARE(List()->count(), 2);
         QVERIFY(Preview() == ImageOf(LoadPicture(List()->currentItem()->text())));
         ChooseCodec(0);
-        PressWrite(At(QStringLiteral("x.avi")));
-        QTRY_COMPARE(Status(), QStringLiteral("Finished!"));
-        QVERIFY(Decoded(At(QStringLiteral("x.avi"))) == AllPixels());
+        PressWrite(At(u"x.avi"_s));
+        QTRY_COMPARE(Status(), u"Finished!"_s);
+        QVERIFY(Decoded(At(u"x.avi"_s)) == AllPixels());
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
         List()->setFocus();

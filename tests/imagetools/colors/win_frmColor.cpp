@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QSlider>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class win_frmColor : public QObject {
@@ -22,7 +24,7 @@ private:
     {
         return window->findChild<Control*>(QString::fromLatin1(name));
     }
-    QString Status() { return bench->Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text(); }
+    QString Status() { return bench->Frame().findChild<QLabel*>(u"statusText"_s)->text(); }
     QColor Pane() const
     {
         auto* pane = Find<QLabel>("Colbox");
@@ -49,12 +51,12 @@ private Q_SLOTS:
 
     void itStartsWithGrey()
     {
-        QCOMPARE(window->windowTitle(), QStringLiteral("Color Choice"));
-        QCOMPARE(Find<QLabel>("Label1")->text(), QStringLiteral("Red - 128"));
-        QCOMPARE(Find<QLabel>("Label2")->text(), QStringLiteral("Green - 128"));
-        QCOMPARE(Find<QLabel>("Label3")->text(), QStringLiteral("Blue - 128"));
-        QCOMPARE(Find<QLabel>("Colbox")->toolTip(), QStringLiteral("Color Preview Pane"));
-        QCOMPARE(Find<QPushButton>("Command1")->toolTip(), QStringLiteral("Exit Color Choice"));
+        QCOMPARE(window->windowTitle(), u"Color Choice"_s);
+        QCOMPARE(Find<QLabel>("Label1")->text(), u"Red - 128"_s);
+        QCOMPARE(Find<QLabel>("Label2")->text(), u"Green - 128"_s);
+        QCOMPARE(Find<QLabel>("Label3")->text(), u"Blue - 128"_s);
+        QCOMPARE(Find<QLabel>("Colbox")->toolTip(), u"Color Preview Pane"_s);
+        QCOMPARE(Find<QPushButton>("Command1")->toolTip(), u"Exit Color Choice"_s);
         QCOMPARE(Pane(), QColor(128, 128, 128));
         for (const char* name : {"Slider1_0", "Slider1_1", "Slider1_2"}) {
             QCOMPARE(Find<QSlider>(name)->minimum(), 0);
@@ -68,9 +70,9 @@ private Q_SLOTS:
         Find<QSlider>("Slider1_1")->setValue(200);
         QTest::keyClick(Find<QSlider>("Slider1_2"), Qt::Key_End);
         QCOMPARE(Pane(), QColor(1, 200, 255));
-        QCOMPARE(Find<QLabel>("Label1")->text(), QStringLiteral("Red - 1"));
-        QCOMPARE(Find<QLabel>("Label2")->text(), QStringLiteral("Green - 200"));
-        QCOMPARE(Find<QLabel>("Label3")->text(), QStringLiteral("Blue - 255"));
+        QCOMPARE(Find<QLabel>("Label1")->text(), u"Red - 1"_s);
+        QCOMPARE(Find<QLabel>("Label2")->text(), u"Green - 200"_s);
+        QCOMPARE(Find<QLabel>("Label3")->text(), u"Blue - 255"_s);
     }
 
     void exitShowsTheNumbers()
@@ -80,13 +82,13 @@ private Q_SLOTS:
         Find<QSlider>("Slider1_2")->setValue(3);
         Find<QPushButton>("Command1")->click();
         QVERIFY(!window->isVisible());
-        QCOMPARE(Status(), QStringLiteral("R-1     G-2     B-3     Long-197121"));
+        QCOMPARE(Status(), u"R-1     G-2     B-3     Long-197121"_s);
     }
 
     void enterShowsTheNumbersToo()
     {
         QTest::keyClick(window.get(), Qt::Key_Return);
-        QCOMPARE(Status(), QStringLiteral("R-128     G-128     B-128     Long-8421504"));
+        QCOMPARE(Status(), u"R-128     G-128     B-128     Long-8421504"_s);
     }
 
     void escapeLeavesTheStatusAlone()
@@ -108,9 +110,9 @@ private Q_SLOTS:
 
     void theChartHasAFieldForEachColor()
     {
-        bench->ExpectModal(QStringLiteral("frmColorNames"), [](QDialog& dialog) {
-            QCOMPARE(dialog.windowTitle(), QStringLiteral("Orchard BASIC Color Names"));
-            auto* chart = dialog.findChild<frmColorChart*>(QStringLiteral("chart"));
+        bench->ExpectModal(u"frmColorNames"_s, [](QDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), u"Orchard BASIC Color Names"_s);
+            auto* chart = dialog.findChild<frmColorChart*>(u"chart"_s);
             const QImage picture = chart->grab().toImage();
             for (int color = 0; color < ColorCount - 1; ++color) {
                 const ColorRef value = ColorValue[static_cast<std::size_t>(color)];

@@ -17,6 +17,8 @@
 #include <functional>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -62,7 +64,7 @@ Icon Repeated(Icon icon, Icon (*operation)(const Icon&), int times)
 
 QByteArray Golden(const char* name)
 {
-    return Get(QStringLiteral(OB_TEST_DATA "/icons/") + QString::fromLatin1(name));
+    return Get(u"" OB_TEST_DATA "/icons/"_s + QString::fromLatin1(name));
 }
 
 std::uint32_t NumberAt(const QByteArray& bytes, int offset, int size)
@@ -391,7 +393,7 @@ private Q_SLOTS:
     {
         Put(Path("colors.ico"), IconFileOf(Colors()));
         QProcess tool;
-        tool.start(QStringLiteral("icotool"), {QStringLiteral("-l"), Path("colors.ico")});
+        tool.start(u"icotool"_s, {u"-l"_s, Path("colors.ico")});
         if (!tool.waitForStarted())
             QSKIP("icotool is not installed");
         QVERIFY(tool.waitForFinished());
@@ -399,9 +401,7 @@ private Q_SLOTS:
         QCOMPARE(tool.readAllStandardOutput().trimmed(),
                  QByteArray("--icon --index=1 --width=32 --height=32 --bit-depth=4 --palette-size=16"));
         QCOMPARE(tool.readAllStandardError(), QByteArray());
-        QCOMPARE(QProcess::execute(QStringLiteral("icotool"), {QStringLiteral("-x"), QStringLiteral("-o"),
-                                                               Path("colors.png"), Path("colors.ico")}),
-                 0);
+        QCOMPARE(QProcess::execute(u"icotool"_s, {u"-x"_s, u"-o"_s, Path("colors.png"), Path("colors.ico")}), 0);
         QVERIFY(LooksEqual(QImage(Path("colors.png")), ImageWithAlpha(Colors())));
     }
 
@@ -550,7 +550,7 @@ private Q_SLOTS:
 
     void anUnwritableTemporaryFolderIsAnErrorBeforeTheEngineIsTouched()
     {
-        QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("temp.ico")));
+        QVERIFY(QDir(folder->path()).mkdir(u"temp.ico"_s));
         Put(Path("run.exe"), QByteArray(30'000, 'e'));
         QCOMPARE(ErrorOf([this] { InstallIcon(Path("run.exe"), Colors(), EngineVersion::Four); }), +pathFileAccess);
         QCOMPARE(Get(Path("run.exe")), QByteArray(30'000, 'e'));

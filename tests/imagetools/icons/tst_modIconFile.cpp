@@ -19,6 +19,8 @@
 #include <sys/stat.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 using icons::Entry;
 using icons::PeKind;
@@ -114,31 +116,27 @@ class tst_modIconFile : public QObject {
         QByteArray script;
         const QList<QByteArray> names = {"200", "BETA", "7", "ALPHA"};
         for (qsizetype index = 0; index < names.size(); ++index) {
-            const QString icon = QStringLiteral("icon%1.ico").arg(index);
+            const QString icon = u"icon%1.ico"_s.arg(index);
             Write(icon, icons::IcoFile(SomeIcons()[index]));
             script += names[index] + " ICON \"" + icon.toUtf8() + "\"\n";
         }
-        Write(QStringLiteral("icons.rc"), script);
+        Write(u"icons.rc"_s, script);
         const bool isBuilt =
-            RunTool(system + QStringLiteral("-windres"),
-                    {QStringLiteral("--preprocessor=cat"), QStringLiteral("icons.rc"), QStringLiteral("icons.o")}) &&
-            RunTool(system + QStringLiteral("-ld"),
-                    {QStringLiteral("-shared"), QStringLiteral("--entry=0"), QStringLiteral("icons.o"),
-                     QStringLiteral("-o"), QStringLiteral("icons.dll")});
-        return isBuilt ? Read(Path(QStringLiteral("icons.dll"))) : QByteArray();
+            RunTool(system + u"-windres"_s, {u"--preprocessor=cat"_s, u"icons.rc"_s, u"icons.o"_s}) &&
+            RunTool(system + u"-ld"_s, {u"-shared"_s, u"--entry=0"_s, u"icons.o"_s, u"-o"_s, u"icons.dll"_s});
+        return isBuilt ? Read(Path(u"icons.dll"_s)) : QByteArray();
     }
 
     // What wrestool finds, by name; each as an icon file.
     QMap<QString, QByteArray> Wrestool(const QString& program) const
     {
-        QDir(Path(QStringLiteral("found"))).removeRecursively();
-        QDir(folder.path()).mkdir(QStringLiteral("found"));
+        QDir(Path(u"found"_s)).removeRecursively();
+        QDir(folder.path()).mkdir(u"found"_s);
         QMap<QString, QByteArray> found;
-        if (!RunTool(QStringLiteral("wrestool"), {QStringLiteral("-x"), QStringLiteral("-t14"), QStringLiteral("-o"),
-                                                  QStringLiteral("found"), program}))
+        if (!RunTool(u"wrestool"_s, {u"-x"_s, u"-t14"_s, u"-o"_s, u"found"_s, program}))
             return found;
-        static const QRegularExpression pattern(QStringLiteral("_14_([A-Za-z0-9]+)"));
-        const QDir list(Path(QStringLiteral("found")));
+        static const QRegularExpression pattern(u"_14_([A-Za-z0-9]+)"_s);
+        const QDir list(Path(u"found"_s));
         for (const QString& name : list.entryList(QDir::Files))
             found.insert(pattern.match(name).captured(1), Read(list.filePath(name)));
         return found;
@@ -235,7 +233,7 @@ private Q_SLOTS:
         QCOMPARE(cIconIndex(ViewOf(file)).Count(), 4);
         for (int index = 0; index < 4; ++index)
             QVERIFY(Holds(file, index, taken[index]));
-        const QString path = Write(QStringLiteral("program"), file);
+        const QString path = Write(u"program"_s, file);
         QCOMPARE(IconCount(path), 4);
         QVERIFY(Same(ExtractIcon(path, 3), ReadIconImage(ViewOf(taken[3].bytes))));
         QVERIFY(!ExtractIcon(path, 4));
@@ -244,13 +242,13 @@ private Q_SLOTS:
     void librariesOfTheResourceCompilerAreRead_data()
     {
         QTest::addColumn<QString>("system");
-        QTest::newRow("32 bits") << QStringLiteral("i686-w64-mingw32");
-        QTest::newRow("64 bits") << QStringLiteral("x86_64-w64-mingw32");
+        QTest::newRow("32 bits") << u"i686-w64-mingw32"_s;
+        QTest::newRow("64 bits") << u"x86_64-w64-mingw32"_s;
     }
     void librariesOfTheResourceCompilerAreRead()
     {
         QFETCH(QString, system);
-        if (!Has(qPrintable(system + QStringLiteral("-windres"))))
+        if (!Has(qPrintable(system + u"-windres"_s)))
             QSKIP("no resource compiler");
         const QByteArray library = BuildLibrary(system);
         QVERIFY(!library.isEmpty());
@@ -262,9 +260,8 @@ private Q_SLOTS:
             QVERIFY2(Holds(library, index, taken[order[index]]), qPrintable(QString::number(index)));
         if (!Has("wrestool"))
             QSKIP("no wrestool");
-        const QMap<QString, QByteArray> found = Wrestool(QStringLiteral("icons.dll"));
-        const QList<QString> names = {QStringLiteral("ALPHA"), QStringLiteral("BETA"), QStringLiteral("7"),
-                                      QStringLiteral("200")};
+        const QMap<QString, QByteArray> found = Wrestool(u"icons.dll"_s);
+        const QList<QString> names = {u"ALPHA"_s, u"BETA"_s, u"7"_s, u"200"_s};
         QCOMPARE(found.size(), names.size());
         for (int index = 0; index < 4; ++index)
             QVERIFY2(Same(cIconIndex(ViewOf(library)).Extract(index),
@@ -277,7 +274,7 @@ private Q_SLOTS:
         if (!Has("wrestool"))
             QSKIP("no wrestool");
         const QByteArray file = icons::NeFile(icons::ResourcesOf(SomeIcons()));
-        const QString path = Write(QStringLiteral("old.dll"), file);
+        const QString path = Write(u"old.dll"_s, file);
         const QMap<QString, QByteArray> found = Wrestool(path);
         QCOMPARE(found.size(), 4);
         for (int index = 0; index < 4; ++index) {
@@ -299,10 +296,9 @@ private Q_SLOTS:
         if (!Has("icotool"))
             QSKIP("no icotool");
         const QByteArray file = icons::IcoFile({icons::RandomImage(48, 40, bits, 9)});
-        Write(QStringLiteral("one.ico"), file);
-        QVERIFY(RunTool(QStringLiteral("icotool"), {QStringLiteral("-x"), QStringLiteral("-o"),
-                                                    QStringLiteral("one.png"), QStringLiteral("one.ico")}));
-        const QImage other(Path(QStringLiteral("one.png")));
+        Write(u"one.ico"_s, file);
+        QVERIFY(RunTool(u"icotool"_s, {u"-x"_s, u"-o"_s, u"one.png"_s, u"one.ico"_s}));
+        const QImage other(Path(u"one.png"_s));
         const auto image = cIconIndex(ViewOf(file)).Extract(0);
         QVERIFY(image.has_value());
         QCOMPARE(other.size(), QSize(48, 40));
@@ -465,7 +461,7 @@ private Q_SLOTS:
     void aHugeProgramIsNotReadWhole()
     {
         const QList<Entry> taken = Taken();
-        QFile file(Write(QStringLiteral("huge.exe"), icons::PeFile(icons::ResourcesOf(SomeIcons()), PeKind::Bits64)));
+        QFile file(Write(u"huge.exe"_s, icons::PeFile(icons::ResourcesOf(SomeIcons()), PeKind::Bits64)));
         QVERIFY(file.open(QIODevice::ReadWrite));
         if (!file.resize(qint64{8} << 30))
             QSKIP("no room for a file with a hole");
@@ -479,8 +475,7 @@ private Q_SLOTS:
 
     void aFileThatIsShortenedMeanwhileIsAnError()
     {
-        const QString path =
-            Write(QStringLiteral("short.exe"), icons::PeFile(icons::ResourcesOf(SomeIcons()), PeKind::Bits32));
+        const QString path = Write(u"short.exe"_s, icons::PeFile(icons::ResourcesOf(SomeIcons()), PeKind::Bits32));
         const cIconIndex index = IconsOfFile(path);
         QCOMPARE(index.Count(), 4);
         QVERIFY(QFile::resize(path, 100));
@@ -491,13 +486,13 @@ private Q_SLOTS:
 
     void whatCannotBeReadHasNoIcon()
     {
-        QCOMPARE(IconCount(Path(QStringLiteral("missing.exe"))), 0);
-        QVERIFY(!ExtractIcon(Path(QStringLiteral("missing.exe")), 0));
+        QCOMPARE(IconCount(Path(u"missing.exe"_s)), 0);
+        QVERIFY(!ExtractIcon(Path(u"missing.exe"_s), 0));
         QCOMPARE(IconCount(folder.path()), 0);
         QCOMPARE(IconCount({}), 0);
-        QCOMPARE(IconCount(Write(QStringLiteral("empty.ico"), {})), 0);
+        QCOMPARE(IconCount(Write(u"empty.ico"_s, {})), 0);
 #ifdef Q_OS_UNIX
-        const QString pipe = Path(QStringLiteral("pipe.ico"));
+        const QString pipe = Path(u"pipe.ico"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(IconCount(pipe), 0);
 #endif

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -63,7 +65,7 @@ private Q_SLOTS:
         QCOMPARE(Find<QWidget>("Picture5")->toolTip(), Text("Current color"));
         QCOMPARE(Find<QWidget>("Picture4")->toolTip(), Text("Transparent color"));
         for (int index = 0; index < 16; ++index)
-            QCOMPARE(window->findChild<frmIconSwatch*>(QStringLiteral("Picture2_%1").arg(index))->Color(),
+            QCOMPARE(window->findChild<frmIconSwatch*>(u"Picture2_%1"_s.arg(index))->Color(),
                      SwatchColor[static_cast<std::size_t>(index)]);
     }
 

@@ -10,15 +10,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString IconFilter = QStringLiteral("Icons (*.ico)(*.icl)(*.exe)(*.dll)|*.ICO;*.ICL;*.EXE;*.DLL");
-const QString PictureFilter = QStringLiteral("Images (*.bmp)|*.BMP;*.JPG;*.WMF;");
-const QString SaveFilter = QStringLiteral("Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp");
-const QString EngineFilter = QStringLiteral("Runtime engine|*.exe");
-const QString EngineQuestion = QStringLiteral("Is this program written in Orchard BASIC v4.x?");
+const QString IconFilter = u"Icons (*.ico)(*.icl)(*.exe)(*.dll)|*.ICO;*.ICL;*.EXE;*.DLL"_s;
+const QString PictureFilter = u"Images (*.bmp)|*.BMP;*.JPG;*.WMF;"_s;
+const QString SaveFilter = u"Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp"_s;
+const QString EngineFilter = u"Runtime engine|*.exe"_s;
+const QString EngineQuestion = u"Is this program written in Orchard BASIC v4.x?"_s;
 
 // Quarters of four colours.
 QImage Quarters(int side)

@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modMedia : public QObject {
@@ -23,7 +25,7 @@ private Q_SLOTS:
     void init()
     {
         // No dot in the folder's name, as the first one decides.
-        folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/obmediaXXXXXX"));
+        folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + u"/obmediaXXXXXX"_s);
         for (const char* name :
              {"song.mid", "film.AVI", "film.mpg", "film.Mpeg", "song.mp3", "song.wav", "two.parts.mid"})
             Put(Path(name), name);
@@ -71,12 +73,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("file");
         QTest::addColumn<QByteArray>("clause");
-        QTest::newRow("mid") << QStringLiteral("x.MID") << QByteArray(" type sequencer alias PlayFile");
-        QTest::newRow("avi") << QStringLiteral("x.avi") << QByteArray(" type avivideo alias PlayFile");
-        QTest::newRow("mpg") << QStringLiteral("x.mpg") << QByteArray(" type mpegvideo alias PlayFile");
-        QTest::newRow("mpeg") << QStringLiteral("x.mpeg") << QByteArray(" type mpegvideo alias PlayFile");
-        QTest::newRow("mp3") << QStringLiteral("x.mp3") << QByteArray(" type mpegvideo alias PlayFile");
-        QTest::newRow("unknown") << QStringLiteral("x.ogg") << QByteArray();
+        QTest::newRow("mid") << u"x.MID"_s << QByteArray(" type sequencer alias PlayFile");
+        QTest::newRow("avi") << u"x.avi"_s << QByteArray(" type avivideo alias PlayFile");
+        QTest::newRow("mpg") << u"x.mpg"_s << QByteArray(" type mpegvideo alias PlayFile");
+        QTest::newRow("mpeg") << u"x.mpeg"_s << QByteArray(" type mpegvideo alias PlayFile");
+        QTest::newRow("mp3") << u"x.mp3"_s << QByteArray(" type mpegvideo alias PlayFile");
+        QTest::newRow("unknown") << u"x.ogg"_s << QByteArray();
     }
 
     void theCodeHasTheTypeClauseOfTheFile()
@@ -93,26 +95,26 @@ private Q_SLOTS:
     void theCodeNamesTheFileWithOrWithoutItsPath()
     {
         const auto firstLine = [](const char* file, MediaPath path) {
-            return MediaCode(QString::fromLatin1(file), path).section(QStringLiteral("\r\n"), 0, 0);
+            return MediaCode(QString::fromLatin1(file), path).section(u"\r\n"_s, 0, 0);
         };
         QCOMPARE(firstLine("/music/my song.mid", MediaPath::NameOnly),
-                 QStringLiteral("a$ = \"open my song.mid type sequencer alias PlayFile\""));
+                 u"a$ = \"open my song.mid type sequencer alias PlayFile\""_s);
         QCOMPARE(firstLine("/music/my song.mid", MediaPath::Whole),
-                 QStringLiteral("a$ = \"open /music/my song.mid type sequencer alias PlayFile\""));
+                 u"a$ = \"open /music/my song.mid type sequencer alias PlayFile\""_s);
         QCOMPARE(firstLine("C:\\music\\song.mid", MediaPath::NameOnly),
-                 QStringLiteral("a$ = \"open song.mid type sequencer alias PlayFile\""));
-        QCOMPARE(firstLine("/my.music/song.mid", MediaPath::NameOnly), QStringLiteral("a$ = \"open song.mid\""));
+                 u"a$ = \"open song.mid type sequencer alias PlayFile\""_s);
+        QCOMPARE(firstLine("/my.music/song.mid", MediaPath::NameOnly), u"a$ = \"open song.mid\""_s);
     }
 
     void eachTypePlaysOnItsDevice_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("kind");
-        QTest::newRow("avi") << QStringLiteral("film.AVI") << QStringLiteral("video");
-        QTest::newRow("mid") << QStringLiteral("song.mid") << QStringLiteral("midi");
-        QTest::newRow("mpg") << QStringLiteral("film.mpg") << QStringLiteral("video");
-        QTest::newRow("mpeg") << QStringLiteral("film.Mpeg") << QStringLiteral("video");
-        QTest::newRow("mp3") << QStringLiteral("song.mp3") << QStringLiteral("video");
+        QTest::newRow("avi") << u"film.AVI"_s << u"video"_s;
+        QTest::newRow("mid") << u"song.mid"_s << u"midi"_s;
+        QTest::newRow("mpg") << u"film.mpg"_s << u"video"_s;
+        QTest::newRow("mpeg") << u"film.Mpeg"_s << u"video"_s;
+        QTest::newRow("mp3") << u"song.mp3"_s << u"video"_s;
     }
 
     void eachTypePlaysOnItsDevice()
@@ -123,7 +125,7 @@ private Q_SLOTS:
         media.length = 61'500;
         const QString path = folder->filePath(name);
         QVERIFY(PlayMedia(path));
-        QCOMPARE(media.log, (QStringList{QStringLiteral("open %1 %2").arg(kind, path), QStringLiteral("play")}));
+        QCOMPARE(media.log, (QStringList{u"open %1 %2"_s.arg(kind, path), u"play"_s}));
         QCOMPARE(MediaLength, 61'500.0F);
     }
 
@@ -142,7 +144,7 @@ private Q_SLOTS:
         PlayMIDI(Path("song.mid"));
         PlayMPEG(Path("song.mp3"));
         QCOMPARE(media.openCount, 1);
-        QCOMPARE(media.log.indexOf(QStringLiteral("close")), 2);
+        QCOMPARE(media.log.indexOf(u"close"_s), 2);
     }
 
     void theTickFollowsThePlayingAndStopsAtTheEnd()
@@ -168,7 +170,7 @@ private Q_SLOTS:
         PlayAVI(Path("film.AVI"));
         QCOMPARE(MediaLength, 0.0F);
         QVERIFY(PollMedia().hasEnded);
-        QVERIFY(!media.log.mid(3).contains(QStringLiteral("play")));
+        QVERIFY(!media.log.mid(3).contains(u"play"_s));
     }
 
     void missingSoundFontsAndDevicesAreReported()
@@ -197,12 +199,12 @@ private Q_SLOTS:
         QTest::addColumn<float>("position");
         QTest::addColumn<float>("length");
         QTest::addColumn<QString>("text");
-        QTest::newRow("start") << 0.0F << 0.0F << QStringLiteral("0:00 / 0:00");
-        QTest::newRow("seconds") << 7'999.0F << 90'000.0F << QStringLiteral("0:07 / 1:30");
-        QTest::newRow("hours") << 59 * 60'000.0F << 3'661'000.0F << QStringLiteral("59:00 / 1:01:01");
-        QTest::newRow("beyond the end") << 5'000.0F << 2'000.0F << QStringLiteral("0:02 / 0:02");
-        QTest::newRow("absurd") << 0.0F << 9e18F << QStringLiteral("0:00 / 277777:46:40");
-        QTest::newRow("below nothing") << -5.0F << -1.0F << QStringLiteral("0:00 / 0:00");
+        QTest::newRow("start") << 0.0F << 0.0F << u"0:00 / 0:00"_s;
+        QTest::newRow("seconds") << 7'999.0F << 90'000.0F << u"0:07 / 1:30"_s;
+        QTest::newRow("hours") << 59 * 60'000.0F << 3'661'000.0F << u"59:00 / 1:01:01"_s;
+        QTest::newRow("beyond the end") << 5'000.0F << 2'000.0F << u"0:02 / 0:02"_s;
+        QTest::newRow("absurd") << 0.0F << 9e18F << u"0:00 / 277777:46:40"_s;
+        QTest::newRow("below nothing") << -5.0F << -1.0F << u"0:00 / 0:00"_s;
     }
 
     void timesAreShownInMinutesAndHours()
@@ -217,12 +219,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("filter");
-        QTest::newRow("mid") << QStringLiteral("a.mid") << QStringLiteral("MIDI Files (*.mid)| *.mid");
-        QTest::newRow("avi") << QStringLiteral("a.AVI") << QStringLiteral("AVI Files (*.avi)| *.avi");
-        QTest::newRow("mpg") << QStringLiteral("a.mpg") << QStringLiteral("Movie Files (*.mpg)| *.mpg");
-        QTest::newRow("mpeg") << QStringLiteral("a.mpeg") << QStringLiteral("Movie Files (*.mpg)| *.mpg");
-        QTest::newRow("mp3") << QStringLiteral("a.Mp3") << QStringLiteral("Music Files (*.mp3)| *.mp3");
-        QTest::newRow("other") << QStringLiteral("a.ogg") << QString();
+        QTest::newRow("mid") << u"a.mid"_s << u"MIDI Files (*.mid)| *.mid"_s;
+        QTest::newRow("avi") << u"a.AVI"_s << u"AVI Files (*.avi)| *.avi"_s;
+        QTest::newRow("mpg") << u"a.mpg"_s << u"Movie Files (*.mpg)| *.mpg"_s;
+        QTest::newRow("mpeg") << u"a.mpeg"_s << u"Movie Files (*.mpg)| *.mpg"_s;
+        QTest::newRow("mp3") << u"a.Mp3"_s << u"Music Files (*.mp3)| *.mp3"_s;
+        QTest::newRow("other") << u"a.ogg"_s << QString();
     }
 
     void copyFiltersFollowTheType()

@@ -19,12 +19,14 @@
 #include <QPushButton>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString OpenTitle = QStringLiteral("Open File...");
-const QString OpenFilter = QStringLiteral("Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3");
+const QString OpenTitle = u"Open File..."_s;
+const QString OpenFilter = u"Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"_s;
 
 } // namespace
 
@@ -64,7 +66,7 @@ private:
 private Q_SLOTS:
     void init()
     {
-        folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/obmediaXXXXXX"));
+        folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + u"/obmediaXXXXXX"_s);
         bench = std::make_unique<TestBench>();
         media = std::make_unique<ScriptedMedia>();
         media->length = 90'000;
@@ -84,14 +86,14 @@ private Q_SLOTS:
 
     void itStartsWithoutAFile()
     {
-        QCOMPARE(Find<QLineEdit>("lblFile")->text(), QStringLiteral("No File"));
+        QCOMPARE(Find<QLineEdit>("lblFile")->text(), u"No File"_s);
         QCOMPARE(Code(), QString());
         QVERIFY(!IsTicking());
         Click("cmdPlay");
         Find<QCheckBox>("chkPath")->click();
         QCOMPARE(Code(), QString());
         QVERIFY(media->log.isEmpty());
-        bench->dialogs.ExpectMessage(QStringLiteral("No file to save!"), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"No file to save!"_s, BoxAnswer::Ok, BoxIcon::None);
         Click("cmdCopy");
     }
 
@@ -112,7 +114,7 @@ private Q_SLOTS:
         const QString code = Code();
         auto* field = Find<QPlainTextEdit>("txtCode");
         QVERIFY(field->isReadOnly());
-        field->setPlainText(QStringLiteral("something else"));
+        field->setPlainText(u"something else"_s);
         QCOMPARE(Code(), code);
     }
 
@@ -122,7 +124,7 @@ private Q_SLOTS:
         const QString code = Code();
         bench->dialogs.ExpectFile(FilePurpose::Open, OpenTitle, OpenFilter, QString());
         Click("cmdOpen");
-        QCOMPARE(Find<QLineEdit>("lblFile")->text(), QStringLiteral("No File"));
+        QCOMPARE(Find<QLineEdit>("lblFile")->text(), u"No File"_s);
         QCOMPARE(Code(), code);
         Click("cmdPlay");
         QVERIFY(media->log.isEmpty());
@@ -132,16 +134,16 @@ private Q_SLOTS:
     {
         const QString path = OpenFile("film.avi");
         Click("cmdPlay");
-        QCOMPARE(media->log, (QStringList{QStringLiteral("open video ") + path, QStringLiteral("play")}));
-        QCOMPARE(Now(), QStringLiteral("0:00 / 1:30"));
+        QCOMPARE(media->log, (QStringList{u"open video "_s + path, u"play"_s}));
+        QCOMPARE(Now(), u"0:00 / 1:30"_s);
         QVERIFY(IsTicking());
         media->position = 45'000;
-        QTRY_COMPARE(Now(), QStringLiteral("0:45 / 1:30"));
+        QTRY_COMPARE(Now(), u"0:45 / 1:30"_s);
         QCOMPARE(Find<QProgressBar>("prgNow")->value(), 500);
         media->position = 90'000;
         QTRY_VERIFY(!IsTicking());
         QCOMPARE(media->openCount, 0);
-        QCOMPARE(Now(), QStringLiteral("0:00 / 1:30"));
+        QCOMPARE(Now(), u"0:00 / 1:30"_s);
         QCOMPARE(Find<QProgressBar>("prgNow")->value(), 0);
     }
 
@@ -162,13 +164,13 @@ private Q_SLOTS:
         Click("cmdPlay");
         QVERIFY(IsTicking());
         QTRY_VERIFY(!IsTicking());
-        QCOMPARE(Now(), QStringLiteral("0:00 / 0:00"));
+        QCOMPARE(Now(), u"0:00 / 0:00"_s);
     }
 
     void aFileThatIsNotMediaIsRejected()
     {
         OpenFile("two.parts.mid");
-        bench->dialogs.ExpectMessage(QStringLiteral("File does not appear to be a valid media file."));
+        bench->dialogs.ExpectMessage(u"File does not appear to be a valid media file."_s);
         Click("cmdPlay");
         QVERIFY(media->log.isEmpty() && !IsTicking());
     }
@@ -178,10 +180,9 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(OpenFile("song.mid")));
         Click("cmdPlay");
         QVERIFY(media->log.isEmpty());
-        const QString target = folder->filePath(QStringLiteral("copy.mid"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
-                                  QStringLiteral("MIDI Files (*.mid)| *.mid"), target);
-        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        const QString target = folder->filePath(u"copy.mid"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, u"MIDI Files (*.mid)| *.mid"_s, target);
+        bench->dialogs.ExpectMessage(u"Error saving file!"_s);
         Click("cmdCopy");
         QVERIFY(!QFile::exists(target));
     }
@@ -192,8 +193,8 @@ private Q_SLOTS:
         media->length = -1;
         media->trouble = MediaTrouble::NoSoundFont;
         bench->dialogs.ExpectMessage(
-            QStringLiteral("MIDI files need a sound font, and none was found.  Please install one, for example the "
-                           "package timgm6mb-soundfont."),
+            u"MIDI files need a sound font, and none was found.  Please install one, for example the "
+            "package timgm6mb-soundfont."_s,
             BoxAnswer::Ok, BoxIcon::Exclamation);
         Click("cmdPlay");
     }
@@ -219,9 +220,8 @@ private Q_SLOTS:
             copied = text;
             return true;
         });
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("Code has been copied to the clipboard.  Please paste into your program."), BoxAnswer::Ok,
-            BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"Code has been copied to the clipboard.  Please paste into your program."_s,
+                                     BoxAnswer::Ok, BoxIcon::None);
         Click("cmdCode");
         SetClipboardWriter({});
         QCOMPARE(copied, MediaCode(path, MediaPath::NameOnly));
@@ -230,14 +230,12 @@ private Q_SLOTS:
     void theFileIsCopiedUnderAnotherName()
     {
         OpenFile("film.AVI");
-        const QString target = folder->filePath(QStringLiteral("copy.avi"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
-                                  QStringLiteral("AVI Files (*.avi)| *.avi"), target);
-        bench->dialogs.ExpectMessage(QStringLiteral("File has been saved as ") + target, BoxAnswer::Ok, BoxIcon::None);
+        const QString target = folder->filePath(u"copy.avi"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, u"AVI Files (*.avi)| *.avi"_s, target);
+        bench->dialogs.ExpectMessage(u"File has been saved as "_s + target, BoxAnswer::Ok, BoxIcon::None);
         Click("cmdCopy");
         QCOMPARE(TestBench::Read(target), QByteArray("film.AVI"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
-                                  QStringLiteral("AVI Files (*.avi)| *.avi"), QString());
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, u"AVI Files (*.avi)| *.avi"_s, QString());
         Click("cmdCopy");
     }
 
@@ -249,7 +247,7 @@ private Q_SLOTS:
         QCOMPARE(media->openCount, 1);
         Click("cmdPlay");
         QCOMPARE(media->openCount, 1);
-        QCOMPARE(media->log.count(QStringLiteral("close")), 1);
+        QCOMPARE(media->log.count(u"close"_s), 1);
     }
 
     void leavingStopsThePlaying_data()
@@ -282,14 +280,13 @@ private Q_SLOTS:
             names.append(window->focusWidget()->objectName());
             QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
         } while (window->focusWidget() != first && names.size() < 20);
-        QCOMPARE(names.join(u' '),
-                 QStringLiteral("lblFile cmdOpen cmdPlay cmdStop cmdCopy cmdAVI txtCode chkPath cmdCode cmdExit"));
+        QCOMPARE(names.join(u' '), u"lblFile cmdOpen cmdPlay cmdStop cmdCopy cmdAVI txtCode chkPath cmdCode cmdExit"_s);
     }
 
     void theAviMakerIsOneClickAway()
     {
         bench->Start();
-        bench->ExpectModal(QStringLiteral("frmAVI"), [](QDialog& dialog) { dialog.reject(); });
+        bench->ExpectModal(u"frmAVI"_s, [](QDialog& dialog) { dialog.reject(); });
         Click("cmdAVI");
     }
 

@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QTreeView>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class win_frmWav : public QObject {
@@ -44,17 +46,17 @@ private Q_SLOTS:
     void init()
     {
         bench = std::make_unique<TestBench>();
-        bench->Write(QStringLiteral("Beep.WAV"), "beep");
-        bench->Write(QStringLiteral("horn.wav"), "horn");
-        bench->Write(QStringLiteral("horn.mid"), "no wav");
-        QDir().mkdir(bench->Path(QStringLiteral("more")));
-        bench->Write(QStringLiteral("more/deep.wav"), "deep");
+        bench->Write(u"Beep.WAV"_s, "beep");
+        bench->Write(u"horn.wav"_s, "horn");
+        bench->Write(u"horn.mid"_s, "no wav");
+        QDir().mkdir(bench->Path(u"more"_s));
+        bench->Write(u"more/deep.wav"_s, "deep");
         media = std::make_unique<ScriptedMedia>();
         media->length = 2'000;
         window = std::make_unique<frmWav>();
         window->show();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        QTRY_COMPARE(State(), QStringLiteral("WAV files: 2"));
+        QTRY_COMPARE(State(), u"WAV files: 2"_s);
     }
     void cleanup()
     {
@@ -67,11 +69,11 @@ private Q_SLOTS:
 
     void theFolderShowsItsWavFiles()
     {
-        QCOMPARE(Row(0).data().toString(), QStringLiteral("Beep.WAV"));
-        QCOMPARE(Row(1).data().toString(), QStringLiteral("horn.wav"));
+        QCOMPARE(Row(0).data().toString(), u"Beep.WAV"_s);
+        QCOMPARE(Row(1).data().toString(), u"horn.wav"_s);
         QCOMPARE(Find<QLineEdit>("Text1")->text(), QString());
         ChooseFile(1);
-        QCOMPARE(Find<QLineEdit>("Text1")->text(), QStringLiteral("horn.wav"));
+        QCOMPARE(Find<QLineEdit>("Text1")->text(), u"horn.wav"_s);
     }
 
     void anotherFolderForgetsTheFile()
@@ -80,21 +82,20 @@ private Q_SLOTS:
         auto* folders = Find<QTreeView>("Dir1");
         // The folder shown is the current one, with its subfolder below.
         const QModelIndex below = folders->indexBelow(folders->currentIndex());
-        QCOMPARE(below.data().toString(), QStringLiteral("more"));
+        QCOMPARE(below.data().toString(), u"more"_s);
         folders->setFocus();
         folders->setCurrentIndex(below);
         QTest::keyClick(folders, Qt::Key_Return);
-        QTRY_COMPARE(State(), QStringLiteral("WAV files: 1"));
+        QTRY_COMPARE(State(), u"WAV files: 1"_s);
         QCOMPARE(Find<QLineEdit>("Text1")->text(), QString());
         ChooseFile(0);
         Click("cmdPlay");
-        QCOMPARE(media->log.first(), QStringLiteral("open sound ") + bench->Path(QStringLiteral("more/deep.wav")));
+        QCOMPARE(media->log.first(), u"open sound "_s + bench->Path(u"more/deep.wav"_s));
     }
 
     void playNeedsAChosenFile()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Please choose a wav from the file box!"), BoxAnswer::Ok,
-                                     BoxIcon::Exclamation);
+        bench->dialogs.ExpectMessage(u"Please choose a wav from the file box!"_s, BoxAnswer::Ok, BoxIcon::Exclamation);
         Click("cmdPlay");
         QVERIFY(media->log.isEmpty());
     }
@@ -103,8 +104,8 @@ private Q_SLOTS:
     {
         ChooseFile(0);
         Click("cmdPlay");
-        const QString path = bench->Path(QStringLiteral("Beep.WAV"));
-        QCOMPARE(media->log, (QStringList{QStringLiteral("open sound ") + path, QStringLiteral("play")}));
+        const QString path = bench->Path(u"Beep.WAV"_s);
+        QCOMPARE(media->log, (QStringList{u"open sound "_s + path, u"play"_s}));
         Click("cmdStop");
         QCOMPARE(media->openCount, 0);
     }
@@ -113,11 +114,11 @@ private Q_SLOTS:
     {
         ChooseFile(0);
         QTest::keyClick(Find<QListView>("Fil"), Qt::Key_Return);
-        QCOMPARE(media->log.count(QStringLiteral("play")), 1);
+        QCOMPARE(media->log.count(u"play"_s), 1);
         auto* list = Find<QListView>("Fil");
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(1));
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(1));
-        QCOMPARE(media->log.count(QStringLiteral("play")), 2);
+        QCOMPARE(media->log.count(u"play"_s), 2);
         QCOMPARE(media->openCount, 1);
     }
 
@@ -126,20 +127,19 @@ private Q_SLOTS:
         media->length = -1;
         ChooseFile(0);
         Click("cmdPlay");
-        QCOMPARE(State(), QStringLiteral("This file cannot be played."));
+        QCOMPARE(State(), u"This file cannot be played."_s);
     }
 
     void aVanishedFileIsReportedNextToTheList()
     {
         ChooseFile(0);
-        QVERIFY(QFile::remove(bench->Path(QStringLiteral("Beep.WAV"))));
+        QVERIFY(QFile::remove(bench->Path(u"Beep.WAV"_s)));
         Click("cmdPlay");
         QVERIFY(media->log.isEmpty());
-        QCOMPARE(State(), QStringLiteral("This file cannot be played."));
-        const QString target = bench->Path(QStringLiteral("copy.wav"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
-                                  QStringLiteral("Wav sound file (*.wav)|*.wav"), target);
-        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        QCOMPARE(State(), u"This file cannot be played."_s);
+        const QString target = bench->Path(u"copy.wav"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, u"Wav sound file (*.wav)|*.wav"_s, target);
+        bench->dialogs.ExpectMessage(u"Error saving file!"_s);
         Click("cmdCopy");
         QVERIFY(!QFile::exists(target));
     }
@@ -149,20 +149,19 @@ private Q_SLOTS:
         media->trouble = MediaTrouble::NoSoundDevice;
         ChooseFile(0);
         Click("cmdPlay");
-        QCOMPARE(State(), QStringLiteral("There is no sound device to play it on."));
+        QCOMPARE(State(), u"There is no sound device to play it on."_s);
         media->trouble = MediaTrouble::None;
         Click("cmdPlay");
-        QCOMPARE(State(), QStringLiteral("WAV files: 2"));
+        QCOMPARE(State(), u"WAV files: 2"_s);
     }
 
     void theFileIsCopied()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("No wav is chosen!"), BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"No wav is chosen!"_s, BoxAnswer::Ok, BoxIcon::None);
         Click("cmdCopy");
         ChooseFile(1);
-        const QString target = bench->Path(QStringLiteral("copy.wav"));
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As..."),
-                                  QStringLiteral("Wav sound file (*.wav)|*.wav"), target);
+        const QString target = bench->Path(u"copy.wav"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, u"Wav sound file (*.wav)|*.wav"_s, target);
         Click("cmdCopy");
         QCOMPARE(TestBench::Read(target), QByteArray("horn"));
     }
@@ -190,7 +189,7 @@ private Q_SLOTS:
 
     void theMenuItemShowsItModally()
     {
-        bench->ExpectModal(QStringLiteral("frmWav"), [](QDialog& dialog) { dialog.reject(); });
+        bench->ExpectModal(u"frmWav"_s, [](QDialog& dialog) { dialog.reject(); });
         mnuToolWav_Click();
     }
 };

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_cMetafileCanvas : public QObject {
@@ -88,7 +90,7 @@ void tst_cMetafileCanvas::shapes()
     const QImage image = Drawn(Drawing().Add(function, parameters));
     QCOMPARE(image.size(), QSize(100, 100));
     for (const QPoint& point : outline)
-        QVERIFY2(IsNear(image, point, Red), qPrintable(QStringLiteral("%1, %2").arg(point.x()).arg(point.y())));
+        QVERIFY2(IsNear(image, point, Red), qPrintable(u"%1, %2"_s.arg(point.x()).arg(point.y())));
     for (const QPoint& point : inside)
         QCOMPARE(image.pixel(point), Green);
     for (const QPoint& point : outside)
@@ -161,7 +163,7 @@ void tst_cMetafileCanvas::shapes32()
     const QImage image = Played(file);
     QCOMPARE(image.size(), QSize(100, 100));
     for (const QPoint& point : outline)
-        QVERIFY2(IsNear(image, point, Red), qPrintable(QStringLiteral("%1, %2").arg(point.x()).arg(point.y())));
+        QVERIFY2(IsNear(image, point, Red), qPrintable(u"%1, %2"_s.arg(point.x()).arg(point.y())));
     for (const QPoint& point : inside)
         QCOMPARE(image.pixel(point), Green);
     for (const QPoint& point : outside)

@@ -12,6 +12,8 @@
 #include <functional>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modMetafile : public QObject {
@@ -273,7 +275,7 @@ void tst_modMetafile::everyPictureReaderAcceptsThem()
         QCOMPARE(image.pixel(10, 40), Red);
         QCOMPARE(image.pixel(80, 40), White);
     }
-    QVERIFY_EXCEPTION_THROWN(LoadPicture(folder.filePath(QStringLiteral("bad.wmf"))), RuntimeError);
+    QVERIFY_EXCEPTION_THROWN(LoadPicture(folder.filePath(u"bad.wmf"_s)), RuntimeError);
 }
 
 QTEST_MAIN(tst_modMetafile)

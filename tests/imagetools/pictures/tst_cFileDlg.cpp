@@ -11,6 +11,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_cFileDlg : public QObject {
@@ -57,12 +59,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("filter");
         QTest::addColumn<int>("index");
         QTest::addColumn<QString>("shown");
-        const QString all = QStringLiteral("B|*.bmp|D|*.dib|A|*.*");
-        QTest::newRow("colons") << QStringLiteral("B:*.bmp:D:*.dib:A:*.*") << 1 << all;
+        const QString all = u"B|*.bmp|D|*.dib|A|*.*"_s;
+        QTest::newRow("colons") << u"B:*.bmp:D:*.dib:A:*.*"_s << 1 << all;
         QTest::newRow("lines") << all << 0 << all;
-        QTest::newRow("both") << QStringLiteral("B|*.bmp:D|*.dib:A|*.*") << 1 << all;
-        QTest::newRow("the second first") << all << 2 << QStringLiteral("D|*.dib|B|*.bmp|A|*.*");
-        QTest::newRow("the last first") << all << 3 << QStringLiteral("A|*.*|B|*.bmp|D|*.dib");
+        QTest::newRow("both") << u"B|*.bmp:D|*.dib:A|*.*"_s << 1 << all;
+        QTest::newRow("the second first") << all << 2 << u"D|*.dib|B|*.bmp|A|*.*"_s;
+        QTest::newRow("the last first") << all << 3 << u"A|*.*|B|*.bmp|D|*.dib"_s;
         QTest::newRow("one that is not there") << all << 4 << all;
     }
     void bothSeparatorsSplitTheFilter()
@@ -71,11 +73,11 @@ private Q_SLOTS:
         QFETCH(int, index);
         QFETCH(QString, shown);
         cFileDlg dialog;
-        dialog.DlgTitle = QStringLiteral("Choose");
+        dialog.DlgTitle = u"Choose"_s;
         dialog.Filter = filter;
         dialog.FilterIndex = index;
         const QString path = Made("a.bmp");
-        boxes->ExpectFile(FilePurpose::Open, QStringLiteral("Choose"), shown, path);
+        boxes->ExpectFile(FilePurpose::Open, u"Choose"_s, shown, path);
         QString name;
         QVERIFY(dialog.VBGetOpenFileName(name));
         QCOMPARE(name, path);
@@ -87,11 +89,11 @@ private Q_SLOTS:
         boxes->ExpectFile(FilePurpose::Open, {}, {}, {});
         boxes->ExpectFile(FilePurpose::Open, {}, {}, {});
         boxes->ExpectFile(FilePurpose::Save, {}, {}, {});
-        QString name = QStringLiteral("before");
+        QString name = u"before"_s;
         QVERIFY(!dialog.VBGetOpenFileName(name));
         QVERIFY(!dialog.VBGetOpenFileNamePreview(name));
         QVERIFY(!dialog.VBGetSaveFileName(name));
-        QCOMPARE(name, QStringLiteral("before"));
+        QCOMPARE(name, u"before"_s);
     }
 
     void aMissingFileIsRejectedOnlyWhereItMustExist()
@@ -120,7 +122,7 @@ private Q_SLOTS:
     void theEndingIsAddedToANameWithoutOne()
     {
         cFileDlg dialog;
-        dialog.DefaultExt = QStringLiteral("avi");
+        dialog.DefaultExt = u"avi"_s;
         QString name;
         boxes->ExpectFile(FilePurpose::Save, {}, {}, At("film"));
         QVERIFY(dialog.VBGetSaveFileName(name));
@@ -133,14 +135,14 @@ private Q_SLOTS:
     void anOldFileUnderTheNameWithItsEndingIsAskedFor()
     {
         cFileDlg dialog;
-        dialog.DefaultExt = QStringLiteral("avi");
-        const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(Made("film.avi"));
+        dialog.DefaultExt = u"avi"_s;
+        const QString question = u"%1 already exists.\nDo you want to replace it?"_s.arg(Made("film.avi"));
         for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
-            QString name = QStringLiteral("before");
+            QString name = u"before"_s;
             boxes->ExpectFile(FilePurpose::Save, {}, {}, At("film"));
             boxes->ExpectMessage(question, answer, BoxIcon::Question, BoxButtons::YesNo);
             QCOMPARE(dialog.VBGetSaveFileName(name), answer == BoxAnswer::Yes);
-            QCOMPARE(name, answer == BoxAnswer::Yes ? At("film.avi") : QStringLiteral("before"));
+            QCOMPARE(name, answer == BoxAnswer::Yes ? At("film.avi") : u"before"_s);
         }
     }
 
@@ -149,7 +151,7 @@ private Q_SLOTS:
         QVERIFY(cFileDlg::ExistFile(Made("a.bmp")));
         QVERIFY(!cFileDlg::ExistFile(At("gone.bmp")));
         QVERIFY(!cFileDlg::ExistFile(folder->path()));
-        QCOMPARE(cFileDlg::VBGetFileTitle(At("a.bmp")), QStringLiteral("a.bmp"));
+        QCOMPARE(cFileDlg::VBGetFileTitle(At("a.bmp")), u"a.bmp"_s);
     }
 };
 

@@ -18,12 +18,14 @@
 
 #include <atomic>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 using namespace std::chrono_literals;
 
 namespace {
 
-const QStringList TwoFiles = {QStringLiteral("/pics/rose.bmp"), QStringLiteral("C:\\art\\tulip.jpg")};
+const QStringList TwoFiles = {u"/pics/rose.bmp"_s, u"C:\\art\\tulip.jpg"_s};
 
 QByteArray Get(const QString& path)
 {
@@ -83,10 +85,10 @@ void tst_modLoadBmp::texts_data()
     QTest::addColumn<ImageLibrary>("library");
     QTest::addColumn<PathInformation>("information");
     QTest::addColumn<QString>("file");
-    QTest::newRow("plain") << ImageLibrary::Unused << PathInformation::Left << QStringLiteral("loadbmp.txt");
-    QTest::newRow("path") << ImageLibrary::Unused << PathInformation::Full << QStringLiteral("loadbmp-path.txt");
-    QTest::newRow("library") << ImageLibrary::Used << PathInformation::Left << QStringLiteral("loadbmp-dll.txt");
-    QTest::newRow("both") << ImageLibrary::Used << PathInformation::Full << QStringLiteral("loadbmp-dll-path.txt");
+    QTest::newRow("plain") << ImageLibrary::Unused << PathInformation::Left << u"loadbmp.txt"_s;
+    QTest::newRow("path") << ImageLibrary::Unused << PathInformation::Full << u"loadbmp-path.txt"_s;
+    QTest::newRow("library") << ImageLibrary::Used << PathInformation::Left << u"loadbmp-dll.txt"_s;
+    QTest::newRow("both") << ImageLibrary::Used << PathInformation::Full << u"loadbmp-dll-path.txt"_s;
 }
 
 void tst_modLoadBmp::texts()
@@ -95,28 +97,27 @@ void tst_modLoadBmp::texts()
     QFETCH(PathInformation, information);
     QFETCH(QString, file);
     QCOMPARE(AnsiFromText(LoadBmpText(TwoFiles, library, information)).bytes,
-             Get(QStringLiteral(OB_TEST_DATA "/imagetools/") + file));
+             Get(u"" OB_TEST_DATA "/imagetools/"_s + file));
 }
 
 void tst_modLoadBmp::twoFilesOfOneNameGiveOneNameTwice()
 {
-    const QString text = LoadBmpText({QStringLiteral("/a/x.bmp"), QStringLiteral("/b/x.bmp")}, ImageLibrary::Unused,
-                                     PathInformation::Full);
-    QCOMPARE(text.count(QStringLiteral("    loadbmp \"x\", ")), 2);
-    QCOMPARE(text.count(QStringLiteral("    unloadbmp \"x\"\r\n")), 2);
+    const QString text = LoadBmpText({u"/a/x.bmp"_s, u"/b/x.bmp"_s}, ImageLibrary::Unused, PathInformation::Full);
+    QCOMPARE(text.count(u"    loadbmp \"x\", "_s), 2);
+    QCOMPARE(text.count(u"    unloadbmp \"x\"\r\n"_s), 2);
 }
 
 void tst_modLoadBmp::nameOfFourCharactersIsAnEmptyName()
 {
-    QVERIFY(LoadBmpText({QStringLiteral("/a/.bmp")}, ImageLibrary::Unused, PathInformation::Left)
-                .contains(QStringLiteral("    loadbmp \"\", DefaultDir$ + \"\\.bmp\"\r\n")));
+    QVERIFY(LoadBmpText({u"/a/.bmp"_s}, ImageLibrary::Unused, PathInformation::Left)
+                .contains(u"    loadbmp \"\", DefaultDir$ + \"\\.bmp\"\r\n"_s));
 }
 
 void tst_modLoadBmp::shorterNameIsAnError_data()
 {
     QTest::addColumn<QString>("path");
-    QTest::newRow("three") << QStringLiteral("/a/bmp");
-    QTest::newRow("none") << QStringLiteral("/a/");
+    QTest::newRow("three") << u"/a/bmp"_s;
+    QTest::newRow("none") << u"/a/"_s;
     QTest::newRow("nothing") << QString();
 }
 
@@ -136,29 +137,27 @@ void tst_modLoadBmp::listTakes150AndRefusesEachFurtherOne()
 {
     cLoadBmpList list;
     for (int i = 1; i <= 150; ++i)
-        QCOMPARE(list.Add(QStringLiteral("/a/%1.bmp").arg(i)), cLoadBmpList::Answer::Added);
-    QCOMPARE(list.Add(QStringLiteral("/a/151.bmp")), cLoadBmpList::Answer::Full);
-    QCOMPARE(list.Add(QStringLiteral("/a/152.bmp")), cLoadBmpList::Answer::Full);
+        QCOMPARE(list.Add(u"/a/%1.bmp"_s.arg(i)), cLoadBmpList::Answer::Added);
+    QCOMPARE(list.Add(u"/a/151.bmp"_s), cLoadBmpList::Answer::Full);
+    QCOMPARE(list.Add(u"/a/152.bmp"_s), cLoadBmpList::Answer::Full);
     QCOMPARE(list.Count(), 152);
     QCOMPARE(list.Paths().size(), 150);
-    QCOMPARE(list.Paths().first(), QStringLiteral("/a/1.bmp"));
-    QCOMPARE(list.Paths().last(), QStringLiteral("/a/150.bmp"));
+    QCOMPARE(list.Paths().first(), u"/a/1.bmp"_s);
+    QCOMPARE(list.Paths().last(), u"/a/150.bmp"_s);
 }
 
 void tst_modLoadBmp::refusalsBeyond16BitsAreRefusals()
 {
     cLoadBmpList list;
     for (int i = 0; i < 70'000; ++i)
-        QCOMPARE(list.Add(QStringLiteral("/a/x.bmp")),
-                 i < 150 ? cLoadBmpList::Answer::Added : cLoadBmpList::Answer::Full);
+        QCOMPARE(list.Add(u"/a/x.bmp"_s), i < 150 ? cLoadBmpList::Answer::Added : cLoadBmpList::Answer::Full);
     QCOMPARE(list.Paths().size(), 150);
 }
 
 void tst_modLoadBmp::patternWithTheCommaIsOnePattern()
 {
-    QCOMPARE(BitmapPatterns(ImageLibrary::Unused), QStringList{QStringLiteral("*.bmp")});
-    QCOMPARE(BitmapPatterns(ImageLibrary::Used).join(QLatin1Char('|')),
-             QStringLiteral("*.bmp|*.jpg|*.wmf|*.emf,*.gif"));
+    QCOMPARE(BitmapPatterns(ImageLibrary::Unused), QStringList{u"*.bmp"_s});
+    QCOMPARE(BitmapPatterns(ImageLibrary::Used).join(QLatin1Char('|')), u"*.bmp|*.jpg|*.wmf|*.emf,*.gif"_s);
 }
 
 // --- Previews. ------------------------------------------------------------------------------------------------------
@@ -186,10 +185,10 @@ void tst_modLoadBmp::previewIsFittedAndNeverEnlarged()
 void tst_modLoadBmp::previewShowsTheSizeOfThePicture_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("bitmap") << QStringLiteral("a.bmp");
-    QTest::newRow("jpeg") << QStringLiteral("a.jpg");
-    QTest::newRow("png") << QStringLiteral("a.png");
-    QTest::newRow("metafile") << QStringLiteral("a.wmf");
+    QTest::newRow("bitmap") << u"a.bmp"_s;
+    QTest::newRow("jpeg") << u"a.jpg"_s;
+    QTest::newRow("png") << u"a.png"_s;
+    QTest::newRow("metafile") << u"a.wmf"_s;
 }
 
 void tst_modLoadBmp::previewShowsTheSizeOfThePicture()
@@ -212,7 +211,7 @@ void tst_modLoadBmp::previewShowsTheSizeOfThePicture()
 void tst_modLoadBmp::previewOfATurnedPhotograph()
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.jpg"));
+    const QString path = folder.filePath(u"a.jpg"_s);
     QVERIFY(Plain(600, 300).save(path));
     // The camera's orientation tag for a quarter turn.
     const QByteArray exif = QByteArray::fromHex("ffe100224578696600004d4d002a0000000800010112000300000001000600000000"
@@ -227,7 +226,7 @@ void tst_modLoadBmp::previewOfATurnedPhotograph()
 void tst_modLoadBmp::previewOnAFinerScreenHasItsPixels()
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.png"));
+    const QString path = folder.filePath(u"a.png"_s);
     QVERIFY(Plain(1000, 500).save(path));
     QCOMPARE(LoadPreview({path, {200, 200}, 2}).image.size(), QSize(400, 200));
     QVERIFY(Plain(300, 150).save(path));
@@ -238,7 +237,7 @@ void tst_modLoadBmp::previewOnAFinerScreenHasItsPixels()
 void tst_modLoadBmp::previewOfTransparentPartsIsWhite()
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.png"));
+    const QString path = folder.filePath(u"a.png"_s);
     QImage image(10, 10, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     QVERIFY(image.save(path));
@@ -262,12 +261,12 @@ void tst_modLoadBmp::previewOfAHostileFileIsEmpty()
 {
     QFETCH(QByteArray, bytes);
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.bmp"));
+    const QString path = folder.filePath(u"a.bmp"_s);
     Put(path, bytes);
     const Preview preview = LoadPreview({path, {200, 200}, 1});
     QVERIFY(preview.IsEmpty());
     QCOMPARE(preview.path, path);
-    QVERIFY(LoadPreview({folder.filePath(QStringLiteral("gone.bmp")), {200, 200}, 1}).IsEmpty());
+    QVERIFY(LoadPreview({folder.filePath(u"gone.bmp"_s), {200, 200}, 1}).IsEmpty());
     QVERIFY(LoadPreview({folder.path(), {200, 200}, 1}).IsEmpty());
 }
 
@@ -289,7 +288,7 @@ void tst_modLoadBmp::newestRequestWins()
     *mayGoOn = true;
     std::optional<Preview> preview;
     QTRY_VERIFY(preview || (preview = loader.Take()));
-    QCOMPARE(preview->path, QStringLiteral("999"));
+    QCOMPARE(preview->path, u"999"_s);
     QVERIFY(!loader.IsBusy());
     QVERIFY(!loader.Take());
     QCOMPARE(readCount->load(), 2);
@@ -302,12 +301,12 @@ void tst_modLoadBmp::waitTakesTheNewest()
         return Preview{request.path, {1, 1}, Plain(1, 1)};
     });
     QVERIFY(!loader.Wait(10s));
-    loader.Ask({QStringLiteral("a"), {1, 1}, 1});
-    loader.Ask({QStringLiteral("b"), {1, 1}, 1});
+    loader.Ask({u"a"_s, {1, 1}, 1});
+    loader.Ask({u"b"_s, {1, 1}, 1});
     const auto preview = loader.Wait(10s);
     QVERIFY(preview);
-    QCOMPARE(preview->path, QStringLiteral("b"));
-    loader.Ask({QStringLiteral("c"), {1, 1}, 1});
+    QCOMPARE(preview->path, u"b"_s);
+    loader.Ask({u"c"_s, {1, 1}, 1});
     QVERIFY(!loader.Wait(1ms));
     QVERIFY(loader.Wait(10s));
 }
@@ -317,11 +316,11 @@ void tst_modLoadBmp::waitTakesTheNewest()
 void tst_modLoadBmp::savedCopyIsTheSameFile()
 {
     const QTemporaryDir folder;
-    const QString source = folder.filePath(QStringLiteral("a.jpg"));
-    const QString target = folder.filePath(QStringLiteral("b.bmp"));
+    const QString source = folder.filePath(u"a.jpg"_s);
+    const QString target = folder.filePath(u"b.bmp"_s);
     QVERIFY(Plain(30, 20).save(source));
     ScriptedDialogs dialogs;
-    dialogs.ExpectMessage(QStringLiteral("Image has been saved as ") + target, BoxAnswer::Ok, BoxIcon::None);
+    dialogs.ExpectMessage(u"Image has been saved as "_s + target, BoxAnswer::Ok, BoxIcon::None);
     SaveImageFile(source, target, ImageColors::AsTheyAre);
     QVERIFY(dialogs.Finished());
     QCOMPARE(Get(target), Get(source));
@@ -330,12 +329,12 @@ void tst_modLoadBmp::savedCopyIsTheSameFile()
 void tst_modLoadBmp::savedConversionHas256Colors()
 {
     const QTemporaryDir folder;
-    const QString source = folder.filePath(QStringLiteral("a.png"));
-    const QString target = folder.filePath(QStringLiteral("b.bmp"));
+    const QString source = folder.filePath(u"a.png"_s);
+    const QString target = folder.filePath(u"b.bmp"_s);
     QVERIFY(Plain(32, 20, QColor(255, 0, 0)).save(source));
     ScriptedDialogs dialogs;
-    dialogs.ExpectMessage(QStringLiteral("Image has been saved in Windows default 256-color format as ") + target,
-                          BoxAnswer::Ok, BoxIcon::None);
+    dialogs.ExpectMessage(u"Image has been saved in Windows default 256-color format as "_s + target, BoxAnswer::Ok,
+                          BoxIcon::None);
     SaveImageFile(source, target, ImageColors::Reduced256);
     QVERIFY(dialogs.Finished());
     const QByteArray bytes = Get(target);
@@ -349,30 +348,30 @@ void tst_modLoadBmp::savedConversionHas256Colors()
 void tst_modLoadBmp::conversionInPlace()
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.bmp"));
-    const QString other = folder.filePath(QStringLiteral("b.bmp"));
+    const QString path = folder.filePath(u"a.bmp"_s);
+    const QString other = folder.filePath(u"b.bmp"_s);
     QVERIFY(Plain(32, 20, QColor(250, 3, 2)).save(path));
     SaveAs256(LoadPicture(path), other);
     ConvertTo256(path);
     QCOMPARE(Get(path).size(), 1078 + 32 * 20);
     QCOMPARE(Get(path), Get(other));
     QVERIFY_EXCEPTION_THROWN(SaveAs256(cDIBSection(), path), RuntimeError);
-    QVERIFY_EXCEPTION_THROWN(ConvertTo256(folder.filePath(QStringLiteral("gone.bmp"))), RuntimeError);
+    QVERIFY_EXCEPTION_THROWN(ConvertTo256(folder.filePath(u"gone.bmp"_s)), RuntimeError);
 }
 
 void tst_modLoadBmp::failedSaveLeavesTheOlderFile()
 {
     const QTemporaryDir folder;
-    const QString target = folder.filePath(QStringLiteral("b.bmp"));
-    const QString words = folder.filePath(QStringLiteral("words.bmp"));
+    const QString target = folder.filePath(u"b.bmp"_s);
+    const QString words = folder.filePath(u"words.bmp"_s);
     Put(target, "older");
     Put(words, "no picture");
     ScriptedDialogs dialogs;
     for (int i = 0; i < 3; ++i)
-        dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
-    SaveImageFile(folder.filePath(QStringLiteral("gone.bmp")), target, ImageColors::AsTheyAre);
+        dialogs.ExpectMessage(u"Error saving file!"_s);
+    SaveImageFile(folder.filePath(u"gone.bmp"_s), target, ImageColors::AsTheyAre);
     SaveImageFile(words, target, ImageColors::Reduced256);
-    SaveImageFile(words, folder.filePath(QStringLiteral("no/folder.bmp")), ImageColors::AsTheyAre);
+    SaveImageFile(words, folder.filePath(u"no/folder.bmp"_s), ImageColors::AsTheyAre);
     QVERIFY(dialogs.Finished());
     QCOMPARE(Get(target), QByteArray("older"));
 }

@@ -3,19 +3,27 @@
 #include "imagetools/pictures/modPicture.h"
 #include "imaging/BitmapBytes.h"
 #include "imaging/PlainImaging.h"
-#include "platform/files/FileTrouble.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QBuffer>
 #include <QClipboard>
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
+
+QByteArray Get(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
+}
 
 QByteArray Encoded(const QImage& image, const char* format)
 {
@@ -35,6 +43,9 @@ int ErrorNumberOf(const std::function<void()>& work)
     }
     return 0;
 }
+
+const ByteView Abc(reinterpret_cast<const std::uint8_t*>("abc"), 3);
+const ByteView De(reinterpret_cast<const std::uint8_t*>("de"), 2);
 
 } // namespace
 
@@ -87,14 +98,14 @@ private Q_SLOTS:
         QCOMPARE(ErrorNumberOf([] { PictureOfBytes("B"); }), 481);
         QCOMPARE(ErrorNumberOf([] { PictureOfBytes("BM, but otherwise text"); }), 481);
         QCOMPARE(ErrorNumberOf([] { PictureOfBytes("text"); }), 481);
-        QCOMPARE(ErrorNumberOf([] { LoadPicture(QStringLiteral("gone.bmp")); }), 53);
+        QCOMPARE(ErrorNumberOf([] { LoadPicture(u"gone.bmp"_s); }), 53);
     }
 
     void aBitmapThatTheToolkitRejectsIsOpened()
     {
         BitmapBytes file;
         file.FileHeader(54).InfoHeader(2, 2, 24).Bytes({1, 2, 3, 4, 5, 6, 0, 0, 7});
-        const QString path = folder.filePath(QStringLiteral("short.bmp"));
+        const QString path = folder.filePath(u"short.bmp"_s);
         QFile disk(path);
         QVERIFY(disk.open(QIODevice::WriteOnly));
         disk.write(reinterpret_cast<const char*>(file.bytes.data()), static_cast<qint64>(file.bytes.size()));
@@ -116,7 +127,7 @@ private Q_SLOTS:
     void theClipboardTakesNoDib()
     {
         ScriptedDialogs boxes;
-        boxes.ExpectMessage(QStringLiteral("I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"),
+        boxes.ExpectMessage(u"I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!"_s,
                             BoxAnswer::Ok, BoxIcon::None);
         QVERIFY(!CopyToClipboard(plain::SectionOf(plain::Random(4, 3, plain::Kind::Noise, 1)), ClipboardForm::Dib));
         QVERIFY(boxes.Finished());
@@ -125,16 +136,16 @@ private Q_SLOTS:
     void noticesAreBoxesWithTheirIcons()
     {
         ScriptedDialogs boxes;
-        boxes.ExpectMessage(QStringLiteral("a\r\nb"), BoxAnswer::Ok, BoxIcon::Critical);
-        boxes.ExpectMessage(QStringLiteral("c"), BoxAnswer::Ok, BoxIcon::Information);
+        boxes.ExpectMessage(u"a\r\nb"_s, BoxAnswer::Ok, BoxIcon::Critical);
+        boxes.ExpectMessage(u"c"_s, BoxAnswer::Ok, BoxIcon::Information);
         NoticeBoxes()("a\r\nb", NoticeIcon::Stop);
         NoticeBoxes()("c", NoticeIcon::Information);
         QVERIFY(boxes.Finished());
     }
 
-    void filesAreRead()
+    void filesAreReadAndReplaced()
     {
-        const QString path = folder.filePath(QStringLiteral("ä.bin"));
+        const QString path = folder.filePath(u"ä.bin"_s);
         const std::array<ByteView, 2> pieces = {Abc, De};
         QVERIFY(DiskWriter()(path.toStdString(), pieces).outcome == FileOutcome::Done);
         QCOMPARE(Get(path), QByteArray("abcde"));
@@ -144,13 +155,13 @@ private Q_SLOTS:
         const FileContent content = DiskReader()(path.toStdString());
         QVERIFY(content.outcome == FileOutcome::Done);
         QCOMPARE(content.bytes, (std::vector<std::uint8_t>{'d', 'e'}));
-        QVERIFY(DiskReader()(folder.filePath(QStringLiteral("gone")).toStdString()).outcome == FileOutcome::Missing);
+        QVERIFY(DiskReader()(folder.filePath(u"gone"_s).toStdString()).outcome == FileOutcome::Missing);
         QVERIFY(DiskReader()(folder.path().toStdString()).outcome == FileOutcome::Missing);
     }
 
     void aFileThatCannotBeCreatedIsReportedThroughTheLibrary()
     {
-        const QString path = folder.filePath(QStringLiteral("gone/x"));
+        const QString path = folder.filePath(u"gone/x"_s);
         const std::array<ByteView, 1> pieces = {Abc};
         QCOMPARE(ErrorNumberOf([&] { DiskWriter()(path.toStdString(), pieces); }), 76);
         const cDIBSection picture = plain::SectionOf(plain::Random(4, 3, plain::Kind::Noise, 1));

@@ -23,15 +23,16 @@
 #include <QPointer>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString SaveTitle = QStringLiteral("Save As...");
-const QString SaveFilter = QStringLiteral("Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;");
-const QString CopiedText =
-    QStringLiteral("Bitmap list has been copied to the clipboard.  Please paste it into your program.");
-const QString NoneText = QStringLiteral("No bitmaps are selected. Do you want to add bitmaps?");
+const QString SaveTitle = u"Save As..."_s;
+const QString SaveFilter = u"Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;"_s;
+const QString CopiedText = u"Bitmap list has been copied to the clipboard.  Please paste it into your program."_s;
+const QString NoneText = u"No bitmaps are selected. Do you want to add bitmaps?"_s;
 
 void SavePicture(const QString& path, QSize size, QColor color)
 {
@@ -99,12 +100,12 @@ class win_frmBitmap : public QObject {
     void Open()
     {
         bench->Start();
-        bench->Choose(QStringLiteral("mnuToolBitmap"));
+        bench->Choose(u"mnuToolBitmap"_s);
         for (QWidget* window : QApplication::topLevelWidgets())
             if (auto* found = qobject_cast<frmBitmap*>(window))
                 form = found;
         QVERIFY(form != nullptr);
-        QTRY_VERIFY(Text("lblState") != QStringLiteral("Reading the folder..."));
+        QTRY_VERIFY(Text("lblState") != u"Reading the folder..."_s);
     }
 
 private Q_SLOTS:
@@ -146,27 +147,27 @@ void win_frmBitmap::listsOnlyBitmapsUntilTheLibraryIsUsed()
 {
     for (const char* name : {"a.bmp", "B.BMP", "c.jpg", "d.png"})
         Picture(name);
-    bench->Write(QStringLiteral("e.wmf"), WmfBytes().Placeable(0, 0, 9, 9, 96));
-    bench->Write(QStringLiteral("f.emf"), EmfBytes().File(9, 9));
-    bench->Write(QStringLiteral("g.gif"), "GIF");
+    bench->Write(u"e.wmf"_s, WmfBytes().Placeable(0, 0, 9, 9, 96));
+    bench->Write(u"f.emf"_s, EmfBytes().File(9, 9));
+    bench->Write(u"g.gif"_s, "GIF");
     Open();
-    QCOMPARE(Files().join(QLatin1Char(' ')), QStringLiteral("a.bmp B.BMP"));
-    QCOMPARE(Text("lblState"), QStringLiteral("Pictures: 2"));
+    QCOMPARE(Files().join(QLatin1Char(' ')), u"a.bmp B.BMP"_s);
+    QCOMPARE(Text("lblState"), u"Pictures: 2"_s);
     Tick("chkDLL");
-    QTRY_COMPARE(Files().join(QLatin1Char(' ')), QStringLiteral("a.bmp B.BMP c.jpg e.wmf"));
+    QTRY_COMPARE(Files().join(QLatin1Char(' ')), u"a.bmp B.BMP c.jpg e.wmf"_s);
     Tick("chkDLL");
-    QTRY_COMPARE(Files().join(QLatin1Char(' ')), QStringLiteral("a.bmp B.BMP"));
+    QTRY_COMPARE(Files().join(QLatin1Char(' ')), u"a.bmp B.BMP"_s);
 }
 
 void win_frmBitmap::showsNameSizeAndFittedPicture()
 {
     const QString path = Picture("large.bmp", {2000, 500}, Qt::blue);
     Open();
-    QCOMPARE(form->windowTitle(), QStringLiteral("Bitmap Preview"));
-    QCOMPARE(Text("lblName"), QStringLiteral("Bitmap Name"));
-    QCOMPARE(Text("Label1"), QStringLiteral("Dimensions:"));
-    Show(QStringLiteral("large.bmp"));
-    QCOMPARE(Text("Label1"), QStringLiteral("Dimensions: 2000 x 500"));
+    QCOMPARE(form->windowTitle(), u"Bitmap Preview"_s);
+    QCOMPARE(Text("lblName"), u"Bitmap Name"_s);
+    QCOMPARE(Text("Label1"), u"Dimensions:"_s);
+    Show(u"large.bmp"_s);
+    QCOMPARE(Text("Label1"), u"Dimensions: 2000 x 500"_s);
     QCOMPARE(QFileInfo(Control<QLineEdit>("Text1")->text()), QFileInfo(path));
     const auto* box = Control<frmPreviewBox>("Picture1");
     QCOMPARE(box->PictureRect().width(), box->contentsRect().width());
@@ -179,7 +180,7 @@ void win_frmBitmap::pictureIsNeverEnlarged()
 {
     Picture("small.bmp", {20, 10}, Qt::green);
     Open();
-    Show(QStringLiteral("small.bmp"));
+    Show(u"small.bmp"_s);
     QCOMPARE(Control<frmPreviewBox>("Picture1")->PictureRect().size(), QSize(20, 10));
     QCOMPARE(PixelOfPreview(), QColor(Qt::green));
 }
@@ -188,7 +189,7 @@ void win_frmBitmap::resizingTheWindowFitsItAgain()
 {
     Picture("large.bmp", {3000, 3000});
     Open();
-    Show(QStringLiteral("large.bmp"));
+    Show(u"large.bmp"_s);
     auto* box = Control<frmPreviewBox>("Picture1");
     const QSize before = box->PictureRect().size();
     form->resize(form->width() + 300, form->height() + 300);
@@ -203,13 +204,13 @@ void win_frmBitmap::windowThatGrowsWhileAPictureIsReadShowsItSharp()
     QImage halves(4000, 4000, QImage::Format_RGB32);
     halves.fill(Qt::red);
     QPainter(&halves).fillRect(2000, 0, 2000, 4000, Qt::blue);
-    QVERIFY(halves.save(bench->Path(QStringLiteral("halves.bmp"))));
+    QVERIFY(halves.save(bench->Path(u"halves.bmp"_s)));
     Open();
     form->resize(form->minimumSizeHint());
     QApplication::processEvents();
-    Click(QStringLiteral("halves.bmp"));
+    Click(u"halves.bmp"_s);
     form->resize(2400, 2200);
-    QTRY_COMPARE(Text("lblName"), QStringLiteral("halves.bmp"));
+    QTRY_COMPARE(Text("lblName"), u"halves.bmp"_s);
     QTest::qWait(100);
     auto* box = Control<frmPreviewBox>("Picture1");
     const QImage shown = box->grab().toImage();
@@ -222,25 +223,25 @@ void win_frmBitmap::windowThatGrowsWhileAPictureIsReadShowsItSharp()
 void win_frmBitmap::pictureThatCannotBeShownLeavesThePreviousOne()
 {
     Picture("good.bmp");
-    bench->Write(QStringLiteral("hostile.bmp"),
+    bench->Write(u"hostile.bmp"_s,
                  "BM" + Longs({54, 0, 54, 40, 30'000, 30'000}) + Words({1, 24}) + Longs({0, 0, 0, 0, 0, 0}));
-    bench->Write(QStringLiteral("empty.bmp"), {});
+    bench->Write(u"empty.bmp"_s, {});
     Open();
-    Show(QStringLiteral("good.bmp"));
+    Show(u"good.bmp"_s);
     QVERIFY(Text("lblProblem").isEmpty());
     for (const char* name : {"hostile.bmp", "empty.bmp"}) {
         Click(QLatin1String(name));
-        QTRY_COMPARE(Text("lblProblem"), QLatin1String(name) + QStringLiteral(" cannot be shown."));
+        QTRY_COMPARE(Text("lblProblem"), QLatin1String(name) + u" cannot be shown."_s);
         QVERIFY(Control<QLabel>("lblProblem")->isVisible());
         // Fitting the previous one again does not make it the chosen one.
         form->resize(form->width() + 10, form->height());
         QTest::qWait(100);
-        QCOMPARE(Text("lblProblem"), QLatin1String(name) + QStringLiteral(" cannot be shown."));
-        QCOMPARE(Text("lblName"), QStringLiteral("good.bmp"));
-        QCOMPARE(Text("Label1"), QStringLiteral("Dimensions: 40 x 30"));
+        QCOMPARE(Text("lblProblem"), QLatin1String(name) + u" cannot be shown."_s);
+        QCOMPARE(Text("lblName"), u"good.bmp"_s);
+        QCOMPARE(Text("Label1"), u"Dimensions: 40 x 30"_s);
         QCOMPARE(PixelOfPreview(), QColor(Qt::red));
     }
-    Click(QStringLiteral("good.bmp"));
+    Click(u"good.bmp"_s);
     QTRY_VERIFY(Text("lblProblem").isEmpty());
 }
 
@@ -249,11 +250,11 @@ void win_frmBitmap::vanishedFileLeavesThePreviousOne()
     Picture("a.bmp");
     const QString gone = Picture("b.bmp", {50, 50}, Qt::blue);
     Open();
-    Show(QStringLiteral("a.bmp"));
+    Show(u"a.bmp"_s);
     QVERIFY(QFile::remove(gone));
-    Click(QStringLiteral("b.bmp"));
-    QTRY_COMPARE(Text("lblProblem"), QStringLiteral("b.bmp cannot be shown."));
-    QCOMPARE(Text("lblName"), QStringLiteral("a.bmp"));
+    Click(u"b.bmp"_s);
+    QTRY_COMPARE(Text("lblProblem"), u"b.bmp cannot be shown."_s);
+    QCOMPARE(Text("lblName"), u"a.bmp"_s);
     QCOMPARE(PixelOfPreview(), QColor(Qt::red));
 }
 
@@ -263,39 +264,39 @@ void win_frmBitmap::addTakesTheFileAndGoesToTheNext()
         Picture(name);
     Open();
     QVERIFY(!Control<QPushButton>("cmdAdd")->isEnabled());
-    Click(QStringLiteral("b.bmp"));
+    Click(u"b.bmp"_s);
     Press("cmdAdd");
-    QCOMPARE(ChosenFile(), QStringLiteral("c.bmp"));
+    QCOMPARE(ChosenFile(), u"c.bmp"_s);
     Press("cmdAdd");
-    QCOMPARE(ChosenFile(), QStringLiteral("c.bmp")); // the last one stays
-    QCOMPARE(Text("lblList"), QStringLiteral("In the LoadBmp list: 2 of 150"));
-    QTRY_COMPARE(Text("lblName"), QStringLiteral("c.bmp"));
+    QCOMPARE(ChosenFile(), u"c.bmp"_s); // the last one stays
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 2 of 150"_s);
+    QTRY_COMPARE(Text("lblName"), u"c.bmp"_s);
     bench->dialogs.ExpectMessage(CopiedText, BoxAnswer::Ok, BoxIcon::Information);
     Press("cmdCreate");
-    QCOMPARE(QApplication::clipboard()->text().count(QStringLiteral("    loadbmp \"")), 2);
-    QVERIFY(QApplication::clipboard()->text().contains(QStringLiteral("    loadbmp \"b\", DefaultDir$ + \"\\b.bmp\"")));
+    QCOMPARE(QApplication::clipboard()->text().count(u"    loadbmp \""_s), 2);
+    QVERIFY(QApplication::clipboard()->text().contains(u"    loadbmp \"b\", DefaultDir$ + \"\\b.bmp\""_s));
 }
 
 void win_frmBitmap::the151stBitmapIsRefusedAndSoIsEachFurtherOne()
 {
     for (int i = 1; i <= 152; ++i)
-        Picture(qPrintable(QStringLiteral("p%1.bmp").arg(i, 3, 10, QLatin1Char('0'))), {2, 2});
+        Picture(qPrintable(u"p%1.bmp"_s.arg(i, 3, 10, QLatin1Char('0'))), {2, 2});
     Open();
-    Click(QStringLiteral("p001.bmp"));
+    Click(u"p001.bmp"_s);
     for (int i = 1; i <= 150; ++i)
         Press("cmdAdd");
     QVERIFY(bench->dialogs.Finished());
-    QCOMPARE(ChosenFile(), QStringLiteral("p151.bmp"));
+    QCOMPARE(ChosenFile(), u"p151.bmp"_s);
     for (int i = 0; i < 2; ++i)
         bench->dialogs.ExpectMessage(BmpListFullText, BoxAnswer::Ok, BoxIcon::None);
     Press("cmdAdd");
     Press("cmdAdd");
-    QCOMPARE(ChosenFile(), QStringLiteral("p151.bmp"));
+    QCOMPARE(ChosenFile(), u"p151.bmp"_s);
     bench->dialogs.ExpectMessage(CopiedText, BoxAnswer::Ok, BoxIcon::Information);
     Press("cmdCreate");
     const QString text = QApplication::clipboard()->text();
-    QCOMPARE(text.count(QStringLiteral("    loadbmp \"")), 150);
-    QVERIFY(text.contains(QStringLiteral("\"p150\"")) && !text.contains(QStringLiteral("p151")));
+    QCOMPARE(text.count(u"    loadbmp \""_s), 150);
+    QVERIFY(text.contains(u"\"p150\""_s) && !text.contains(u"p151"_s));
 }
 
 void win_frmBitmap::createPutsTheListOnTheClipboard_data()
@@ -320,7 +321,7 @@ void win_frmBitmap::createPutsTheListOnTheClipboard()
     if (path)
         Tick("chkPath");
     QTRY_COMPARE(Files().size(), 2);
-    Click(QStringLiteral("rose.bmp"));
+    Click(u"rose.bmp"_s);
     Press("cmdAdd");
     Press("cmdAdd");
     QString copied;
@@ -332,22 +333,20 @@ void win_frmBitmap::createPutsTheListOnTheClipboard()
     Press("cmdCreate");
     QTRY_VERIFY(form.isNull());
     const QString folder = QDir::currentPath();
-    const QStringList paths = {folder + QStringLiteral("/rose.bmp"), folder + QStringLiteral("/tulip.bmp")};
+    const QStringList paths = {folder + u"/rose.bmp"_s, folder + u"/tulip.bmp"_s};
     QCOMPARE(copied, LoadBmpText(paths, library ? ImageLibrary::Used : ImageLibrary::Unused,
                                  path ? PathInformation::Full : PathInformation::Left));
-    QCOMPARE(copied.contains(QStringLiteral("Function LoadImageFile(hWnd, file$)\r\n")), library);
-    QCOMPARE(copied.contains(folder + QStringLiteral("/rose.bmp\"")), path);
+    QCOMPARE(copied.contains(u"Function LoadImageFile(hWnd, file$)\r\n"_s), library);
+    QCOMPARE(copied.contains(folder + u"/rose.bmp\""_s), path);
 }
 
 void win_frmBitmap::createWithoutBitmapsAsks()
 {
     Open();
-    bench->dialogs.ExpectMessage(NoneText, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNo,
-                                 QStringLiteral("Error!"));
+    bench->dialogs.ExpectMessage(NoneText, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNo, u"Error!"_s);
     Press("cmdCreate");
     QVERIFY(!form.isNull() && form->isVisible());
-    bench->dialogs.ExpectMessage(NoneText, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNo,
-                                 QStringLiteral("Error!"));
+    bench->dialogs.ExpectMessage(NoneText, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNo, u"Error!"_s);
     Press("cmdCreate");
     QTRY_VERIFY(form.isNull());
 }
@@ -356,28 +355,28 @@ void win_frmBitmap::createStaysWhenTheClipboardIsTaken()
 {
     Picture("a.bmp");
     Open();
-    Click(QStringLiteral("a.bmp"));
+    Click(u"a.bmp"_s);
     Press("cmdAdd");
     SetClipboardWriter([](const QString&) { return false; });
     bench->dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
     Press("cmdCreate");
     QVERIFY(form->isVisible());
-    QCOMPARE(Text("lblList"), QStringLiteral("In the LoadBmp list: 1 of 150"));
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 1 of 150"_s);
 }
 
 void win_frmBitmap::closingForgetsTheList()
 {
     Picture("a.bmp");
     Open();
-    Click(QStringLiteral("a.bmp"));
+    Click(u"a.bmp"_s);
     Press("cmdAdd");
     Press("cmdExit");
     QTRY_VERIFY(form.isNull());
-    bench->Choose(QStringLiteral("mnuToolBitmap"));
+    bench->Choose(u"mnuToolBitmap"_s);
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* found = qobject_cast<frmBitmap*>(window))
             form = found;
-    QCOMPARE(Text("lblList"), QStringLiteral("In the LoadBmp list: 0 of 150"));
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 0 of 150"_s);
 }
 
 // --- Saving. --------------------------------------------------------------------------------------------------------
@@ -386,20 +385,20 @@ void win_frmBitmap::saveAsWithoutAPicture()
 {
     Picture("a.bmp");
     Open();
-    bench->dialogs.ExpectMessage(QStringLiteral("No bitmap to save!"), BoxAnswer::Ok, BoxIcon::Exclamation);
+    bench->dialogs.ExpectMessage(u"No bitmap to save!"_s, BoxAnswer::Ok, BoxIcon::Exclamation);
     Press("cmdCopy");
 }
 
 void win_frmBitmap::saveAsCopiesTheFile()
 {
     const QString source = Picture("a.bmp");
-    const QString target = bench->Path(QStringLiteral("copy.jpg"));
+    const QString target = bench->Path(u"copy.jpg"_s);
     Open();
-    Show(QStringLiteral("a.bmp"));
+    Show(u"a.bmp"_s);
     bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
     Press("cmdCopy");
     bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, target);
-    bench->dialogs.ExpectMessage(QStringLiteral("Image has been saved as ") + target, BoxAnswer::Ok, BoxIcon::None);
+    bench->dialogs.ExpectMessage(u"Image has been saved as "_s + target, BoxAnswer::Ok, BoxIcon::None);
     Press("cmdCopy");
     QCOMPARE(TestBench::Read(target), TestBench::Read(source));
 }
@@ -408,27 +407,26 @@ void win_frmBitmap::saveAsAppliesToTheLastChosenFile()
 {
     Picture("a.bmp", {3000, 2000});
     const QString source = Picture("b.bmp", {3000, 2000}, Qt::blue);
-    const QString target = bench->Path(QStringLiteral("copy.bmp"));
+    const QString target = bench->Path(u"copy.bmp"_s);
     Open();
     bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, target);
-    bench->dialogs.ExpectMessage(QStringLiteral("Image has been saved as ") + target, BoxAnswer::Ok, BoxIcon::None);
-    Click(QStringLiteral("a.bmp"));
-    Click(QStringLiteral("b.bmp"));
+    bench->dialogs.ExpectMessage(u"Image has been saved as "_s + target, BoxAnswer::Ok, BoxIcon::None);
+    Click(u"a.bmp"_s);
+    Click(u"b.bmp"_s);
     Press("cmdCopy");
-    QCOMPARE(Text("lblName"), QStringLiteral("b.bmp"));
+    QCOMPARE(Text("lblName"), u"b.bmp"_s);
     QCOMPARE(TestBench::Read(target), TestBench::Read(source));
 }
 
 void win_frmBitmap::saveAsConvertsTo256Colors()
 {
     Picture("a.bmp", {32, 16}, QColor(0, 0, 255));
-    const QString target = bench->Path(QStringLiteral("copy.bmp"));
+    const QString target = bench->Path(u"copy.bmp"_s);
     Open();
-    Show(QStringLiteral("a.bmp"));
+    Show(u"a.bmp"_s);
     Tick("chk256");
     bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, target);
-    bench->dialogs.ExpectMessage(QStringLiteral("Image has been saved in Windows default 256-color format as ") +
-                                     target,
+    bench->dialogs.ExpectMessage(u"Image has been saved in Windows default 256-color format as "_s + target,
                                  BoxAnswer::Ok, BoxIcon::None);
     Press("cmdCopy");
     const QByteArray bytes = TestBench::Read(target);
@@ -441,19 +439,19 @@ void win_frmBitmap::saveAsThatFails()
 {
     const QString source = Picture("a.bmp");
     Open();
-    Show(QStringLiteral("a.bmp"));
+    Show(u"a.bmp"_s);
     for (const bool is256 : {false, true}) {
         if (is256)
             Tick("chk256");
         // A folder that accepts no file from any user.
-        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, QStringLiteral("/proc/self/a.bmp"));
-        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, u"/proc/self/a.bmp"_s);
+        bench->dialogs.ExpectMessage(u"Error saving file!"_s);
         Press("cmdCopy");
     }
     QVERIFY(QFile::remove(source));
-    const QString older = bench->Write(QStringLiteral("older.bmp"), "older");
+    const QString older = bench->Write(u"older.bmp"_s, "older");
     bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, older);
-    bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+    bench->dialogs.ExpectMessage(u"Error saving file!"_s);
     Press("cmdCopy");
     QCOMPARE(TestBench::Read(older), QByteArray("older"));
 }
@@ -466,16 +464,16 @@ void win_frmBitmap::imageLibraryIsSaved()
         Press("cmdJpg");
         return;
     }
-    bench->dialogs.ExpectFolder(QStringLiteral("Save Image DLL to Disk"), {});
+    bench->dialogs.ExpectFolder(u"Save Image DLL to Disk"_s, {});
     Press("cmdJpg");
     const QString folder = bench->Path({});
-    const QString path = QDir(folder).filePath(QStringLiteral("jpeg.dll"));
-    bench->dialogs.ExpectFolder(QStringLiteral("Save Image DLL to Disk"), QDir::cleanPath(folder));
-    bench->dialogs.ExpectMessage(QStringLiteral("Image DLL saved as ") + path, BoxAnswer::Ok, BoxIcon::None);
+    const QString path = QDir(folder).filePath(u"jpeg.dll"_s);
+    bench->dialogs.ExpectFolder(u"Save Image DLL to Disk"_s, QDir::cleanPath(folder));
+    bench->dialogs.ExpectMessage(u"Image DLL saved as "_s + path, BoxAnswer::Ok, BoxIcon::None);
     Press("cmdJpg");
-    const auto embedded = EmbeddedText(104, QStringLiteral("CUSTOM"));
+    const auto embedded = EmbeddedText(104, u"CUSTOM"_s);
     QCOMPARE(TestBench::Read(path), QByteArray(embedded->data(), static_cast<qsizetype>(embedded->size())));
-    QVERIFY(TestBench::Read(bench->Path(QStringLiteral("jpeg.bas"))).startsWith("'jpeg.bas: "));
+    QVERIFY(TestBench::Read(bench->Path(u"jpeg.bas"_s)).startsWith("'jpeg.bas: "));
 }
 
 void win_frmBitmap::imageLibraryIntoAnUnwritableFolder()
@@ -483,8 +481,8 @@ void win_frmBitmap::imageLibraryIntoAnUnwritableFolder()
     if (!CarriesImageLibrary())
         QSKIP("the library is not embedded in this build");
     Open();
-    bench->dialogs.ExpectFolder(QStringLiteral("Save Image DLL to Disk"), QStringLiteral("/proc/self"));
-    bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '75':\nPath/File access error"));
+    bench->dialogs.ExpectFolder(u"Save Image DLL to Disk"_s, u"/proc/self"_s);
+    bench->dialogs.ExpectMessage(u"Run-time error '75':\nPath/File access error"_s);
     Press("cmdJpg");
 }
 
@@ -502,7 +500,7 @@ void win_frmBitmap::keysAndEscape()
     QTRY_COMPARE(Text("lblName"), first);
     // Enter adds and moves on.
     QTest::keyClick(File1(), Qt::Key_Return);
-    QCOMPARE(Text("lblList"), QStringLiteral("In the LoadBmp list: 1 of 150"));
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 1 of 150"_s);
     for (const QWidget* control : form->findChildren<QWidget*>())
         if (control->focusPolicy() != Qt::NoFocus && control->parentWidget() != nullptr &&
             qobject_cast<const QAbstractButton*>(control) != nullptr)
@@ -516,10 +514,10 @@ void win_frmBitmap::manyLargePicturesStayFluid()
 {
     const QString first = Picture("p0000.bmp", {4000, 3000}, Qt::blue);
     for (int i = 1; i < 1000; ++i)
-        QVERIFY(QFile::link(first, bench->Path(QStringLiteral("p%1.bmp").arg(i, 4, 10, QLatin1Char('0')))));
+        QVERIFY(QFile::link(first, bench->Path(u"p%1.bmp"_s.arg(i, 4, 10, QLatin1Char('0')))));
     Open();
     QTRY_COMPARE(Files().size(), 1000);
-    Click(QStringLiteral("p0000.bmp"));
+    Click(u"p0000.bmp"_s);
     qint64 longest = 0;
     QElapsedTimer timer;
     for (int i = 1; i < 1000; ++i) {
@@ -528,7 +526,7 @@ void win_frmBitmap::manyLargePicturesStayFluid()
         QApplication::processEvents();
         longest = std::max(longest, timer.elapsed());
     }
-    QTRY_COMPARE_WITH_TIMEOUT(Text("lblName"), QStringLiteral("p0999.bmp"), 30'000);
+    QTRY_COMPARE_WITH_TIMEOUT(Text("lblName"), u"p0999.bmp"_s, 30'000);
     // A picture of this size takes longer to read than this, so none was awaited.
     qInfo("longest step %lld ms", longest);
     QVERIFY2(longest < 1000, qPrintable(QString::number(longest)));

@@ -11,6 +11,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -174,12 +176,11 @@ private Q_SLOTS:
         const cDIBSection sprite = Sprite(6, 5);
         for (const char* name : {"b.bmp", "C.BMP", "a.Bmp", ".hidden.bmp", "note.txt", "d.bmp.bak"})
             SaveMask(Path(name), sprite);
-        QDir(folder->path()).mkdir(QStringLiteral("sub.bmp"));
+        QDir(folder->path()).mkdir(u"sub.bmp"_s);
         SaveMask(Path("sub.bmp/inner.bmp"), sprite);
         const QByteArray single = Get(Path("b.bmp"));
         QCOMPARE(MaskAll(), BatchEnd::Finished);
-        QCOMPARE(reports, QStringList({QStringLiteral("0 a.Bmp 10"), QStringLiteral("1 b.bmp 10"),
-                                       QStringLiteral("2 C.BMP 10")}));
+        QCOMPARE(reports, QStringList({u"0 a.Bmp 10"_s, u"1 b.bmp 10"_s, u"2 C.BMP 10"_s}));
         const QImage masked = PlainMask(Plain(sprite));
         for (const char* name : {"b.bmp", "C.BMP", "a.Bmp"})
             QCOMPARE(Plain(LoadPicture(Path(name))), masked);
@@ -206,7 +207,7 @@ private Q_SLOTS:
         Put(Path("b.bmp"), "BM, but no bitmap");
         SaveMask(Path("c.bmp"), Sprite(4, 3));
         QCOMPARE(ErrorOf([this] { MaskAll(); }), 481);
-        QCOMPARE(reports, QStringList({QStringLiteral("0 a.bmp 6"), QStringLiteral("1")}));
+        QCOMPARE(reports, QStringList({u"0 a.bmp 6"_s, u"1"_s}));
         QCOMPARE(LoadPicture(Path("a.bmp")).Height(), 6);
         QCOMPARE(Get(Path("b.bmp")), QByteArray("BM, but no bitmap"));
         QCOMPARE(LoadPicture(Path("c.bmp")).Height(), 3);
@@ -249,22 +250,21 @@ private Q_SLOTS:
 
     void textsAreAsExpected()
     {
-        const QString where = QStringLiteral("/home/me/art");
-        QCOMPARE(NoBitmapsText(where),
-                 QStringLiteral("There are no bitmaps in /home/me/art!  Please choose another directory."));
+        const QString where = u"/home/me/art"_s;
+        QCOMPARE(NoBitmapsText(where), u"There are no bitmaps in /home/me/art!  Please choose another directory."_s);
         QCOMPARE(BatchProgressText(0, 12, where),
-                 QStringLiteral("Click CANCEL to abort.  Processing bitmap number  1 of  12 bitmaps in \n\n"
-                                "/home/me/art"));
-        QCOMPARE(BatchFinishedText(where), QStringLiteral("All bitmaps in /home/me/art now include masks."));
-        QCOMPARE(BatchStartText, QStringLiteral("Choose a Directory.\nAll Bitmaps in the Directory will receive masks."
-                                                "\nThe bitmap files will be overwritten with the masked versions."));
+                 u"Click CANCEL to abort.  Processing bitmap number  1 of  12 bitmaps in \n\n"
+                 "/home/me/art"_s);
+        QCOMPARE(BatchFinishedText(where), u"All bitmaps in /home/me/art now include masks."_s);
+        QCOMPARE(BatchStartText, u"Choose a Directory.\nAll Bitmaps in the Directory will receive masks."
+                                 "\nThe bitmap files will be overwritten with the masked versions."_s);
     }
 
     void twoHundredSpritesTakeNoTime()
     {
         const cDIBSection sprite = Sprite(256, 256);
         for (int index = 0; index < 200; ++index)
-            SaveMask(folder->filePath(QStringLiteral("%1.bmp").arg(index)), sprite);
+            SaveMask(folder->filePath(u"%1.bmp"_s.arg(index)), sprite);
         QElapsedTimer timer;
         timer.start();
         QCOMPARE(MaskAll(), BatchEnd::Finished);

@@ -19,15 +19,16 @@
 #include <QTimer>
 #include <QTreeView>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
 const QString Question =
-    QStringLiteral("All bitmap files in this directory will receive masks and the files will be overwritten.  After "
-                   "the masking has begun, press ESCAPE or the Cancel button to abort the operation.  Continue?");
-const QString Cancelled =
-    QStringLiteral("Operation cancelled.  Some bitmaps in this directory may not have received masks.");
+    u"All bitmap files in this directory will receive masks and the files will be overwritten.  After "
+    "the masking has begun, press ESCAPE or the Cancel button to abort the operation.  Continue?"_s;
+const QString Cancelled = u"Operation cancelled.  Some bitmaps in this directory may not have received masks."_s;
 
 QPushButton* Button(const QDialog& dialog, const char* name)
 {
@@ -36,12 +37,12 @@ QPushButton* Button(const QDialog& dialog, const char* name)
 
 QString Instructions(const QDialog& dialog)
 {
-    return dialog.findChild<QLabel*>(QStringLiteral("Label3"))->text();
+    return dialog.findChild<QLabel*>(u"Label3"_s)->text();
 }
 
 QStringList Files(const QDialog& dialog)
 {
-    const QAbstractItemModel* model = dialog.findChild<QListView*>(QStringLiteral("File1"))->model();
+    const QAbstractItemModel* model = dialog.findChild<QListView*>(u"File1"_s)->model();
     QStringList names;
     for (int row = 0; row < model->rowCount(); ++row)
         names.append(model->index(row, 0).data().toString());
@@ -73,7 +74,7 @@ class win_frmBatch : public QObject {
 
     void InBatch(const std::function<void(QDialog&)>& script) const
     {
-        bench->ExpectModal(QStringLiteral("frmBatch"), script);
+        bench->ExpectModal(u"frmBatch"_s, script);
         QTest::mouseClick(Button(*form, "cmdBatch"), Qt::LeftButton);
     }
     void ExpectQuestion(BoxAnswer answer = BoxAnswer::Ok) const
@@ -88,7 +89,7 @@ private Q_SLOTS:
         QuitQuery = false;
         bench = std::make_unique<TestBench>();
         bench->Start();
-        bench->Choose(QStringLiteral("mnuToolMask"));
+        bench->Choose(u"mnuToolMask"_s);
         form = bench->Frame().findChild<frmMask*>();
         QVERIFY(form);
     }
@@ -102,10 +103,9 @@ private Q_SLOTS:
     void itStartsWithItsInstructions()
     {
         InBatch([](QDialog& dialog) {
-            QCOMPARE(Instructions(dialog),
-                     QStringLiteral("Choose a Directory.\nAll Bitmaps in the Directory will receive "
-                                    "masks.\nThe bitmap files will be overwritten with the masked "
-                                    "versions."));
+            QCOMPARE(Instructions(dialog), u"Choose a Directory.\nAll Bitmaps in the Directory will receive "
+                                           "masks.\nThe bitmap files will be overwritten with the masked "
+                                           "versions."_s);
             dialog.reject();
         });
     }
@@ -114,10 +114,9 @@ private Q_SLOTS:
     {
         for (const char* name : {"b.BMP", "a.bmp", "C.bmp"})
             WriteSprite(name);
-        bench->Write(QStringLiteral("note.txt"), "text");
+        bench->Write(u"note.txt"_s, "text");
         InBatch([](QDialog& dialog) {
-            QTRY_COMPARE(Files(dialog),
-                         QStringList({QStringLiteral("a.bmp"), QStringLiteral("b.BMP"), QStringLiteral("C.bmp")}));
+            QTRY_COMPARE(Files(dialog), QStringList({u"a.bmp"_s, u"b.BMP"_s, u"C.bmp"_s}));
             dialog.reject();
         });
     }
@@ -127,9 +126,8 @@ private Q_SLOTS:
         for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
             WriteSprite(name);
         ExpectQuestion();
-        bench->dialogs.ExpectMessage(QStringLiteral("All bitmaps in ") + Folder() +
-                                         QStringLiteral(" now include masks."),
-                                     BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"All bitmaps in "_s + Folder() + u" now include masks."_s, BoxAnswer::Ok,
+                                     BoxIcon::None);
         QPointer<QDialog> shown;
         InBatch([&](QDialog& dialog) {
             shown = &dialog;
@@ -139,9 +137,9 @@ private Q_SLOTS:
         for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
             QVERIFY(IsMasked(name));
         // The mask maker shows the last one, ready for Save As.
-        const auto* view = form->findChild<frmPictureView*>(QStringLiteral("picMask"));
+        const auto* view = form->findChild<frmPictureView*>(u"picMask"_s);
         QCOMPARE(view->Picture().convertToFormat(QImage::Format_RGB32), MaskedImage(SpriteImage(8, 8)));
-        QCOMPARE(form->windowTitle(), bench->Path(QStringLiteral("c.bmp")));
+        QCOMPARE(form->windowTitle(), bench->Path(u"c.bmp"_s));
     }
 
     void progressIsReported()
@@ -149,9 +147,8 @@ private Q_SLOTS:
         for (const char* name : {"a.bmp", "b.bmp"})
             WriteSprite(name);
         ExpectQuestion();
-        bench->dialogs.ExpectMessage(QStringLiteral("All bitmaps in ") + Folder() +
-                                         QStringLiteral(" now include masks."),
-                                     BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"All bitmaps in "_s + Folder() + u" now include masks."_s, BoxAnswer::Ok,
+                                     BoxIcon::None);
         QStringList shown;
         QTimer watch;
         InBatch([&](QDialog& dialog) {
@@ -159,7 +156,7 @@ private Q_SLOTS:
             QObject::connect(&watch, &QTimer::timeout, &dialog, [&] {
                 shown.append(Instructions(dialog));
                 QVERIFY(!Button(dialog, "OKButton")->isEnabled());
-                QVERIFY(!dialog.findChild<QTreeView*>(QStringLiteral("Dir1"))->isEnabled());
+                QVERIFY(!dialog.findChild<QTreeView*>(u"Dir1"_s)->isEnabled());
                 QVERIFY(Button(dialog, "CancelButton")->isEnabled());
             });
             watch.start(0);
@@ -168,7 +165,7 @@ private Q_SLOTS:
         });
         shown.removeDuplicates();
         const QString number =
-            QStringLiteral("Click CANCEL to abort.  Processing bitmap number  %1 of  2 bitmaps in \n\n") + Folder();
+            u"Click CANCEL to abort.  Processing bitmap number  %1 of  2 bitmaps in \n\n"_s + Folder();
         QCOMPARE(shown, QStringList({number.arg(1), number.arg(2)}));
     }
 
@@ -216,8 +213,8 @@ private Q_SLOTS:
 
     void aFolderWithoutBitmapsIsReported()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("There are no bitmaps in ") + Folder() +
-                                     QStringLiteral("!  Please choose another directory."));
+        bench->dialogs.ExpectMessage(u"There are no bitmaps in "_s + Folder() +
+                                     u"!  Please choose another directory."_s);
         InBatch([](QDialog& dialog) {
             Button(dialog, "OKButton")->click();
             QVERIFY(dialog.isVisible());
@@ -228,40 +225,38 @@ private Q_SLOTS:
     void aBitmapThatCannotBeReadEndsTheBatch()
     {
         WriteSprite("a.bmp");
-        bench->Write(QStringLiteral("b.bmp"), "BM, but no bitmap");
+        bench->Write(u"b.bmp"_s, "BM, but no bitmap");
         WriteSprite("c.bmp");
         ExpectQuestion();
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '481':\nInvalid picture"));
+        bench->dialogs.ExpectMessage(u"Run-time error '481':\nInvalid picture"_s);
         InBatch([](QDialog& dialog) {
             Button(dialog, "OKButton")->click();
             // The window stays, with the bad file marked.
             QVERIFY(dialog.isVisible());
             QVERIFY(Button(dialog, "OKButton")->isEnabled());
-            QCOMPARE(dialog.findChild<QListView*>(QStringLiteral("File1"))->currentIndex().data().toString(),
-                     QStringLiteral("b.bmp"));
+            QCOMPARE(dialog.findChild<QListView*>(u"File1"_s)->currentIndex().data().toString(), u"b.bmp"_s);
             QVERIFY(Instructions(dialog).startsWith(QLatin1String("Choose a Directory.")));
             dialog.reject();
         });
         QVERIFY(IsMasked("a.bmp"));
-        QCOMPARE(TestBench::Read(bench->Path(QStringLiteral("b.bmp"))), QByteArray("BM, but no bitmap"));
+        QCOMPARE(TestBench::Read(bench->Path(u"b.bmp"_s)), QByteArray("BM, but no bitmap"));
         QVERIFY(!IsMasked("c.bmp"));
     }
 
     void anotherFolderIsChosenByKeys()
     {
         WriteSprite("a.bmp");
-        QDir().mkdir(QStringLiteral("sub"));
+        QDir().mkdir(u"sub"_s);
         WriteSprite("sub/inner.bmp");
         ExpectQuestion();
-        bench->dialogs.ExpectMessage(QStringLiteral("All bitmaps in ") + bench->Path(QStringLiteral("sub")) +
-                                         QStringLiteral(" now include masks."),
+        bench->dialogs.ExpectMessage(u"All bitmaps in "_s + bench->Path(u"sub"_s) + u" now include masks."_s,
                                      BoxAnswer::Ok, BoxIcon::None);
         InBatch([](QDialog& dialog) {
-            auto* folders = dialog.findChild<QTreeView*>(QStringLiteral("Dir1"));
+            auto* folders = dialog.findChild<QTreeView*>(u"Dir1"_s);
             QTRY_COMPARE(Files(dialog).size(), 1);
             QTest::keyClick(folders, Qt::Key_Down);
             QTest::keyClick(folders, Qt::Key_Return);
-            QTRY_COMPARE(Files(dialog), QStringList(QStringLiteral("inner.bmp")));
+            QTRY_COMPARE(Files(dialog), QStringList(u"inner.bmp"_s));
             Button(dialog, "OKButton")->click();
         });
         QVERIFY(!IsMasked("a.bmp"));
@@ -271,11 +266,10 @@ private Q_SLOTS:
     void twoHundredSpritesTakeNoTime()
     {
         for (int index = 0; index < 200; ++index)
-            WriteSprite(qPrintable(QStringLiteral("%1.bmp").arg(index)), 256);
+            WriteSprite(qPrintable(u"%1.bmp"_s.arg(index)), 256);
         ExpectQuestion();
-        bench->dialogs.ExpectMessage(QStringLiteral("All bitmaps in ") + Folder() +
-                                         QStringLiteral(" now include masks."),
-                                     BoxAnswer::Ok, BoxIcon::None);
+        bench->dialogs.ExpectMessage(u"All bitmaps in "_s + Folder() + u" now include masks."_s, BoxAnswer::Ok,
+                                     BoxIcon::None);
         QElapsedTimer timer;
         InBatch([&timer](QDialog& dialog) {
             timer.start();

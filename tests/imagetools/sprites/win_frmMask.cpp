@@ -19,12 +19,14 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString OpenFilter = QStringLiteral("Sprite Image (*.bmp)|*.BMP");
-const QString SaveFilter = QStringLiteral("Bitmap |*.bmp");
+const QString OpenFilter = u"Sprite Image (*.bmp)|*.BMP"_s;
+const QString SaveFilter = u"Bitmap |*.bmp"_s;
 
 // A save box that fails.
 class BrokenFileBox final : public cDialogs {
@@ -55,17 +57,17 @@ class win_frmMask : public QObject {
     {
         QTest::mouseClick(form->findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
     }
-    frmPictureView* View() const { return form->findChild<frmPictureView*>(QStringLiteral("picMask")); }
+    frmPictureView* View() const { return form->findChild<frmPictureView*>(u"picMask"_s); }
     QImage Shown() const { return View()->Picture().convertToFormat(QImage::Format_RGB32); }
 
     void Open(const QString& path) const
     {
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, path);
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, path);
         Press("cmdOpen");
     }
     void SaveTo(const QString& path) const
     {
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveFilter, path);
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveFilter, path);
         Press("cmdSave");
     }
 
@@ -76,7 +78,7 @@ private Q_SLOTS:
         QuitQuery = false;
         bench = std::make_unique<TestBench>();
         bench->Start();
-        bench->Choose(QStringLiteral("mnuToolMask"));
+        bench->Choose(u"mnuToolMask"_s);
         form = bench->Frame().findChild<frmMask*>();
         QVERIFY(form);
     }
@@ -90,7 +92,7 @@ private Q_SLOTS:
 
     void itStartsWithoutAPicture()
     {
-        const auto* label = form->findChild<QLabel*>(QStringLiteral("lblWork"));
+        const auto* label = form->findChild<QLabel*>(u"lblWork"_s);
         QVERIFY(label->isVisible());
         QVERIFY(!View()->isVisible());
     }
@@ -98,14 +100,13 @@ private Q_SLOTS:
     void helpIsAsExpected()
     {
         bench->dialogs.ExpectMessage(
-            QStringLiteral(
-                "Click the *Batch* button to open a batch processing dialog.  It will allow you to process all bitmaps "
-                "in a chosen directory to include masks.  Bitmap files will be overwritten with the masked versions."
-                "\n\nOpen a sprite image bitmap.  A proper sprite is a figure surrounded by a black background.  The "
-                "mask maker will automatically place a black and white mask of the image above the sprite, making a "
-                "proper sprite for use with Orchard BASIC sprite functions.  If the resulting image looks correct, be "
-                "sure to save it.  It will not be saved automatically.  Images that do not fit within the viewing area "
-                "will still be masked properly."),
+            u"Click the *Batch* button to open a batch processing dialog.  It will allow you to process all bitmaps "
+            "in a chosen directory to include masks.  Bitmap files will be overwritten with the masked versions."
+            "\n\nOpen a sprite image bitmap.  A proper sprite is a figure surrounded by a black background.  The "
+            "mask maker will automatically place a black and white mask of the image above the sprite, making a "
+            "proper sprite for use with Orchard BASIC sprite functions.  If the resulting image looks correct, be "
+            "sure to save it.  It will not be saved automatically.  Images that do not fit within the viewing area "
+            "will still be masked properly."_s,
             BoxAnswer::Ok, BoxIcon::Information);
         Press("cmdHelp");
     }
@@ -113,16 +114,16 @@ private Q_SLOTS:
     void aSpriteIsMaskedShownAndSaved()
     {
         const QImage sprite = SpriteImage(37, 23);
-        const QString path = bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite));
+        const QString path = bench->Write(u"ship.bmp"_s, BitmapBytesOf(sprite));
         Open(path);
         QCOMPARE(Shown(), MaskedImage(sprite));
         QCOMPARE(form->windowTitle(), path);
         QVERIFY(View()->isVisible());
-        QVERIFY(!form->findChild<QLabel*>(QStringLiteral("lblWork"))->isVisible());
+        QVERIFY(!form->findChild<QLabel*>(u"lblWork"_s)->isVisible());
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
         // Nothing is saved by itself.
         QCOMPARE(TestBench::Read(path), BitmapBytesOf(sprite));
-        const QString target = bench->Path(QStringLiteral("masked.bmp"));
+        const QString target = bench->Path(u"masked.bmp"_s);
         SaveTo(target);
         QCOMPARE(ImageAt(target), MaskedImage(sprite));
         QCOMPARE(TestBench::Read(target).size(), 54 + 112 * 46); // 24 bits a pixel
@@ -132,7 +133,7 @@ private Q_SLOTS:
     void theScreenShowsEachPixel()
     {
         const QImage sprite = SpriteImage(40, 30);
-        Open(bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite)));
+        Open(bench->Write(u"ship.bmp"_s, BitmapBytesOf(sprite)));
         const QImage grabbed = View()->grab().toImage().convertToFormat(QImage::Format_RGB32);
         QCOMPARE(grabbed.size(), QSize(40, 60));
         for (int y = 0; y < 60; ++y) {
@@ -144,9 +145,9 @@ private Q_SLOTS:
     void aSpriteBeyondTheWindowIsMaskedWhole()
     {
         const QImage sprite = SpriteImage(1500, 900);
-        Open(bench->Write(QStringLiteral("large.bmp"), BitmapBytesOf(sprite)));
+        Open(bench->Write(u"large.bmp"_s, BitmapBytesOf(sprite)));
         QCOMPARE(Shown(), MaskedImage(sprite));
-        const auto* area = form->findChild<QScrollArea*>(QStringLiteral("scrWork"));
+        const auto* area = form->findChild<QScrollArea*>(u"scrWork"_s);
         QVERIFY(area->viewport()->width() < 1500);
         QCOMPARE(View()->size(), QSize(1500, 1800));
     }
@@ -154,19 +155,19 @@ private Q_SLOTS:
     void nothingChosenChangesNothing()
     {
         Open({});
-        QCOMPARE(form->windowTitle(), QStringLiteral("Make a Mask"));
+        QCOMPARE(form->windowTitle(), u"Make a Mask"_s);
         SaveTo({});
-        QCOMPARE(form->windowTitle(), QStringLiteral("Make a Mask"));
+        QCOMPARE(form->windowTitle(), u"Make a Mask"_s);
     }
 
     void aFileThatCannotBeReadKeepsWhatWasShown()
     {
         const QImage sprite = SpriteImage(10, 10);
-        const QString path = bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite));
+        const QString path = bench->Write(u"ship.bmp"_s, BitmapBytesOf(sprite));
         Open(path);
-        const QString bad = bench->Write(QStringLiteral("bad.bmp"), "BM nothing");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, bad);
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '481':\nInvalid picture"));
+        const QString bad = bench->Write(u"bad.bmp"_s, "BM nothing");
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, bad);
+        bench->dialogs.ExpectMessage(u"Run-time error '481':\nInvalid picture"_s);
         Press("cmdOpen");
         QCOMPARE(Shown(), MaskedImage(sprite));
         QCOMPARE(form->windowTitle(), path);
@@ -174,7 +175,7 @@ private Q_SLOTS:
 
     void aSaveBeforeAnyOpenSavesAnEmptyPicture()
     {
-        const QString target = bench->Path(QStringLiteral("empty.bmp"));
+        const QString target = bench->Path(u"empty.bmp"_s);
         SaveTo(target);
         QImage white = ImageAt(target);
         QVERIFY(!white.isNull());
@@ -185,14 +186,13 @@ private Q_SLOTS:
     void aFailedSaveIsReported()
     {
         const QImage sprite = SpriteImage(10, 10);
-        const QString path = bench->Write(QStringLiteral("ship.bmp"), BitmapBytesOf(sprite));
+        const QString path = bench->Write(u"ship.bmp"_s, BitmapBytesOf(sprite));
         Open(path);
-        bench->dialogs.ExpectFile(FilePurpose::Save, QStringLiteral("Save As"), SaveFilter,
-                                  bench->Path(QStringLiteral("no/such/folder.bmp")));
-        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As"_s, SaveFilter, bench->Path(u"no/such/folder.bmp"_s));
+        bench->dialogs.ExpectMessage(u"Error saving file!"_s);
         Press("cmdSave");
         QCOMPARE(form->windowTitle(), path);
-        bench->dialogs.ExpectMessage(QStringLiteral("Sprite/mask was not saved."));
+        bench->dialogs.ExpectMessage(u"Sprite/mask was not saved."_s);
         const BrokenFileBox box;
         Press("cmdSave");
         QCOMPARE(form->windowTitle(), path);
@@ -200,7 +200,7 @@ private Q_SLOTS:
 
     void keysWork()
     {
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), OpenFilter, QString());
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, QString());
         QTest::keyClick(form, Qt::Key_Return);
         QVERIFY(bench->dialogs.Finished());
         QTest::keyClick(form, Qt::Key_Escape);

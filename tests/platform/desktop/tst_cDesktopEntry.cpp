@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using ob::cDesktopEntry;
 
 class tst_cDesktopEntry : public QObject {
@@ -55,16 +57,16 @@ void tst_cDesktopEntry::PutProgram(const QString& name, QFile::Permissions permi
 void tst_cDesktopEntry::initTestCase()
 {
     qputenv("PATH", QFile::encodeName(folder.path()));
-    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("folder")));
-    PutProgram(QStringLiteral("editor"), QFile::ReadOwner | QFile::ExeOwner);
-    PutProgram(QStringLiteral("my editor"), QFile::ReadOwner | QFile::ExeOwner);
-    PutProgram(QStringLiteral("a=b"), QFile::ReadOwner | QFile::ExeOwner);
-    PutProgram(QStringLiteral("text"), QFile::ReadOwner);
+    QVERIFY(QDir(folder.path()).mkpath(u"folder"_s));
+    PutProgram(u"editor"_s, QFile::ReadOwner | QFile::ExeOwner);
+    PutProgram(u"my editor"_s, QFile::ReadOwner | QFile::ExeOwner);
+    PutProgram(u"a=b"_s, QFile::ReadOwner | QFile::ExeOwner);
+    PutProgram(u"text"_s, QFile::ReadOwner);
 }
 
 cDesktopEntry tst_cDesktopEntry::Entry(const QByteArray& lines, const QString& locale) const
 {
-    QFile file(At(QStringLiteral("test.desktop")));
+    QFile file(At(u"test.desktop"_s));
     if (!file.open(QIODevice::WriteOnly) || file.write("[Desktop Entry]\nName=Test\n" + lines + '\n') < 0)
         QTest::qFail("the desktop file cannot be written", __FILE__, __LINE__);
     file.close();
@@ -118,20 +120,19 @@ void tst_cDesktopEntry::escapesAreReplacedBeforeQuotes_data()
 {
     QTest::addColumn<QByteArray>("exec");
     QTest::addColumn<QString>("argument");
-    QTest::newRow("double quote") << QByteArray(R"(editor "a\\"b")") << QStringLiteral("a\"b");
-    QTest::newRow("dollar sign") << QByteArray(R"(editor "\\$a")") << QStringLiteral("$a");
-    QTest::newRow("backslash") << QByteArray(R"(editor "a\\\\b")") << QStringLiteral("a\\b");
-    QTest::newRow("space") << QByteArray(R"(editor "a\sb")") << QStringLiteral("a b");
-    QTest::newRow("line feed") << QByteArray(R"(editor "a\nb")") << QStringLiteral("a\nb");
-    QTest::newRow("space between arguments") << QByteArray(R"(editor\sa)") << QStringLiteral("a");
+    QTest::newRow("double quote") << QByteArray(R"(editor "a\\"b")") << u"a\"b"_s;
+    QTest::newRow("dollar sign") << QByteArray(R"(editor "\\$a")") << u"$a"_s;
+    QTest::newRow("backslash") << QByteArray(R"(editor "a\\\\b")") << u"a\\b"_s;
+    QTest::newRow("space") << QByteArray(R"(editor "a\sb")") << u"a b"_s;
+    QTest::newRow("line feed") << QByteArray(R"(editor "a\nb")") << u"a\nb"_s;
+    QTest::newRow("space between arguments") << QByteArray(R"(editor\sa)") << u"a"_s;
 }
 
 void tst_cDesktopEntry::escapesAreReplacedBeforeQuotes()
 {
     QFETCH(QByteArray, exec);
     QFETCH(QString, argument);
-    QCOMPARE(Entry("Type=Application\nExec=" + exec).Command().value(),
-             QStringList({At(QStringLiteral("editor")), argument}));
+    QCOMPARE(Entry("Type=Application\nExec=" + exec).Command().value(), QStringList({At(u"editor"_s), argument}));
 }
 
 void tst_cDesktopEntry::codesAreExpanded_data()
@@ -143,7 +144,7 @@ void tst_cDesktopEntry::codesAreExpanded_data()
     };
     for (const char* code : {"%f", "%F", "%u", "%U", "%d", "%D", "%n", "%N", "%v", "%m"}) {
         row(code, "");
-        QTest::addRow("-a %s -b", code) << QByteArray("-a ") + code + " -b" << QStringLiteral("[-a][-b]");
+        QTest::addRow("-a %s -b", code) << QByteArray("-a ") + code + " -b" << u"[-a][-b]"_s;
     }
     row("--file=%f", "[--file=]");
     row("\"%f\"", "");
@@ -172,12 +173,12 @@ void tst_cDesktopEntry::codesAreExpanded()
     const auto command = Entry("Type=Application\nName[de]=Pr\xC3\xBC"
                                "fung 1\nIcon=an icon\nExec=editor " +
                                    arguments,
-                               QStringLiteral("de_DE.UTF-8"))
+                               u"de_DE.UTF-8"_s)
                              .Command();
-    QString shown = command ? QString() : QStringLiteral("malformed");
+    QString shown = command ? QString() : u"malformed"_s;
     for (const QString& argument : command.value_or(QStringList()).mid(1))
         shown += u'[' + argument + u']';
-    QCOMPARE(shown.replace(folder.path(), QStringLiteral("FOLDER")), expanded);
+    QCOMPARE(shown.replace(folder.path(), u"FOLDER"_s), expanded);
 }
 
 void tst_cDesktopEntry::programsThatCannotStartHaveNoCommand_data()
@@ -194,8 +195,8 @@ void tst_cDesktopEntry::programsThatCannotStartHaveNoCommand_data()
     row("not on the search path", "Type=Application\nExec=surely-no-program-has-this-name");
     row("not at the full path", "Type=Application\nExec=/nowhere/editor");
     row("not executable", "Type=Application\nExec=text");
-    row("not executable at the full path", "Type=Application\nExec=" + At(QStringLiteral("text")).toUtf8());
-    row("a folder", "Type=Application\nExec=" + At(QStringLiteral("folder")).toUtf8());
+    row("not executable at the full path", "Type=Application\nExec=" + At(u"text"_s).toUtf8());
+    row("a folder", "Type=Application\nExec=" + At(u"folder"_s).toUtf8());
     row("neither a name nor a full path", "Type=Application\nExec=./editor");
     row("an equals sign in the program", "Type=Application\nExec=a=b");
     row("TryExec not on the search path", "Type=Application\nExec=editor\nTryExec=surely-no-program-has-this-name");
@@ -214,15 +215,14 @@ void tst_cDesktopEntry::programsThatCanStartHaveACommand_data()
 {
     QTest::addColumn<QByteArray>("lines");
     QTest::addColumn<QString>("program");
-    const QByteArray path = At(QStringLiteral("my editor")).toUtf8();
-    QTest::newRow("name") << QByteArray("Exec=editor") << QStringLiteral("editor");
-    QTest::newRow("quoted name") << QByteArray("Exec=\"my editor\"") << QStringLiteral("my editor");
-    QTest::newRow("full path") << "Exec=\"" + path + '"' << QStringLiteral("my editor");
-    QTest::newRow("TryExec by name") << QByteArray("Exec=editor\nTryExec=editor") << QStringLiteral("editor");
-    QTest::newRow("TryExec by path") << "Exec=editor\nTryExec=" + path << QStringLiteral("editor");
-    QTest::newRow("not in menus") << QByteArray("Exec=editor\nNoDisplay=true") << QStringLiteral("editor");
-    QTest::newRow("not hidden, no terminal")
-        << QByteArray("Exec=editor\nHidden=false\nTerminal=false") << QStringLiteral("editor");
+    const QByteArray path = At(u"my editor"_s).toUtf8();
+    QTest::newRow("name") << QByteArray("Exec=editor") << u"editor"_s;
+    QTest::newRow("quoted name") << QByteArray("Exec=\"my editor\"") << u"my editor"_s;
+    QTest::newRow("full path") << "Exec=\"" + path + '"' << u"my editor"_s;
+    QTest::newRow("TryExec by name") << QByteArray("Exec=editor\nTryExec=editor") << u"editor"_s;
+    QTest::newRow("TryExec by path") << "Exec=editor\nTryExec=" + path << u"editor"_s;
+    QTest::newRow("not in menus") << QByteArray("Exec=editor\nNoDisplay=true") << u"editor"_s;
+    QTest::newRow("not hidden, no terminal") << QByteArray("Exec=editor\nHidden=false\nTerminal=false") << u"editor"_s;
 }
 
 void tst_cDesktopEntry::programsThatCanStartHaveACommand()
@@ -266,12 +266,12 @@ void tst_cDesktopEntry::menusShowWhatTheirDesktopMay()
 void tst_cDesktopEntry::typesAndCategoriesAreClaimed()
 {
     const cDesktopEntry entry = Entry("MimeType=text/plain;a/b\nCategories=Utility;Calculator;");
-    QVERIFY(entry.ClaimsType(QStringLiteral("text/plain")));
-    QVERIFY(entry.ClaimsType(QStringLiteral("a/b")));
-    QVERIFY(!entry.ClaimsType(QStringLiteral("text")));
+    QVERIFY(entry.ClaimsType(u"text/plain"_s));
+    QVERIFY(entry.ClaimsType(u"a/b"_s));
+    QVERIFY(!entry.ClaimsType(u"text"_s));
     QVERIFY(!entry.ClaimsType(QString()));
-    QVERIFY(entry.HasCategory(QStringLiteral("Calculator")));
-    QVERIFY(!entry.HasCategory(QStringLiteral("calculator")));
+    QVERIFY(entry.HasCategory(u"Calculator"_s));
+    QVERIFY(!entry.HasCategory(u"calculator"_s));
 }
 
 void tst_cDesktopEntry::whatAssociatingWritesIsReadBack_data()

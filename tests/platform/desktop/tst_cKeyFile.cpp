@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using ob::cKeyFile;
 
 class tst_cKeyFile : public QObject {
@@ -50,28 +52,28 @@ void tst_cKeyFile::linesAreGroupsKeysOrComments_data()
 void tst_cKeyFile::linesAreGroupsKeysOrComments()
 {
     QFETCH(QByteArray, text);
-    QTEST(cKeyFile(text).Text(QStringLiteral("G"), QStringLiteral("k")), "value");
+    QTEST(cKeyFile(text).Text(u"G"_s, u"k"_s), "value");
 }
 
 void tst_cKeyFile::escapesAreReplaced_data()
 {
     QTest::addColumn<QByteArray>("written");
     QTest::addColumn<QString>("value");
-    QTest::newRow("space") << QByteArray(R"(\sa\s)") << QStringLiteral(" a ");
-    QTest::newRow("line feed") << QByteArray(R"(a\nb)") << QStringLiteral("a\nb");
-    QTest::newRow("tab") << QByteArray(R"(a\tb)") << QStringLiteral("a\tb");
-    QTest::newRow("return") << QByteArray(R"(a\rb)") << QStringLiteral("a\rb");
-    QTest::newRow("backslash") << QByteArray(R"(a\\nb)") << QStringLiteral("a\\nb");
-    QTest::newRow("four backslashes") << QByteArray(R"(a\\\\b)") << QStringLiteral("a\\\\b");
-    QTest::newRow("no escape") << QByteArray(R"(a\"b)") << QStringLiteral("a\\\"b");
-    QTest::newRow("backslash at the end") << QByteArray("a\\") << QStringLiteral("a\\");
-    QTest::newRow("semicolons") << QByteArray("a;b;") << QStringLiteral("a;b;");
+    QTest::newRow("space") << QByteArray(R"(\sa\s)") << u" a "_s;
+    QTest::newRow("line feed") << QByteArray(R"(a\nb)") << u"a\nb"_s;
+    QTest::newRow("tab") << QByteArray(R"(a\tb)") << u"a\tb"_s;
+    QTest::newRow("return") << QByteArray(R"(a\rb)") << u"a\rb"_s;
+    QTest::newRow("backslash") << QByteArray(R"(a\\nb)") << u"a\\nb"_s;
+    QTest::newRow("four backslashes") << QByteArray(R"(a\\\\b)") << u"a\\\\b"_s;
+    QTest::newRow("no escape") << QByteArray(R"(a\"b)") << u"a\\\"b"_s;
+    QTest::newRow("backslash at the end") << QByteArray("a\\") << u"a\\"_s;
+    QTest::newRow("semicolons") << QByteArray("a;b;") << u"a;b;"_s;
 }
 
 void tst_cKeyFile::escapesAreReplaced()
 {
     QFETCH(QByteArray, written);
-    QTEST(cKeyFile("[G]\nk=" + written + '\n').Text(QStringLiteral("G"), QStringLiteral("k")), "value");
+    QTEST(cKeyFile("[G]\nk=" + written + '\n').Text(u"G"_s, u"k"_s), "value");
 }
 
 void tst_cKeyFile::listsAreSplitAtSemicolons_data()
@@ -81,22 +83,22 @@ void tst_cKeyFile::listsAreSplitAtSemicolons_data()
     const auto row = [](const char* name, const char* written, const QStringList& parts) {
         QTest::newRow(name) << QByteArray(written) << parts;
     };
-    const QString a = QStringLiteral("a");
-    const QString b = QStringLiteral("b");
+    const QString a = u"a"_s;
+    const QString b = u"b"_s;
     row("ended", "a;b;", {a, b});
     row("not ended", "a;b", {a, b});
     row("one", "a", {a});
     row("none", "", {});
     row("empty parts", ";a;;b;", {a, b});
-    row("a semicolon in a part", R"(a\;b;b)", {QStringLiteral("a;b"), b});
-    row("a backslash before the end", R"(a\\;b)", {QStringLiteral("a\\"), b});
-    row("a space in a part", R"(a\sb;b)", {QStringLiteral("a b"), b});
+    row("a semicolon in a part", R"(a\;b;b)", {u"a;b"_s, b});
+    row("a backslash before the end", R"(a\\;b)", {u"a\\"_s, b});
+    row("a space in a part", R"(a\sb;b)", {u"a b"_s, b});
 }
 
 void tst_cKeyFile::listsAreSplitAtSemicolons()
 {
     QFETCH(QByteArray, written);
-    QTEST(cKeyFile("[G]\nk=" + written + '\n').List(QStringLiteral("G"), QStringLiteral("k")), "parts");
+    QTEST(cKeyFile("[G]\nk=" + written + '\n').List(u"G"_s, u"k"_s), "parts");
 }
 
 void tst_cKeyFile::theBestTranslationIsTaken_data()
@@ -125,22 +127,22 @@ void tst_cKeyFile::theBestTranslationIsTaken()
 {
     QFETCH(QString, locale);
     QFETCH(QByteArray, keys);
-    QTEST(cKeyFile("[G]\n" + keys).Text(QStringLiteral("G"), QStringLiteral("k"), locale), "value");
+    QTEST(cKeyFile("[G]\n" + keys).Text(u"G"_s, u"k"_s, locale), "value");
 }
 
 void tst_cKeyFile::onlyTheWordTrueIsTrue()
 {
     const cKeyFile file("[G]\na=true\nb=false\nc=True\nd=1\n");
-    QVERIFY(file.IsTrue(QStringLiteral("G"), QStringLiteral("a")));
+    QVERIFY(file.IsTrue(u"G"_s, u"a"_s));
     for (const char* key : {"b", "c", "d", "e"})
-        QVERIFY2(!file.IsTrue(QStringLiteral("G"), QString::fromLatin1(key)), key);
+        QVERIFY2(!file.IsTrue(u"G"_s, QString::fromLatin1(key)), key);
 }
 
 void tst_cKeyFile::aMissingFileHasNoGroups()
 {
-    const cKeyFile file = cKeyFile::Read(QStringLiteral("/nowhere/at/all"));
-    QCOMPARE(file.Text(QStringLiteral("G"), QStringLiteral("k")), QString());
-    QCOMPARE(file.List(QStringLiteral("G"), QStringLiteral("k")), QStringList());
+    const cKeyFile file = cKeyFile::Read(u"/nowhere/at/all"_s);
+    QCOMPARE(file.Text(u"G"_s, u"k"_s), QString());
+    QCOMPARE(file.List(u"G"_s, u"k"_s), QStringList());
 }
 
 QTEST_GUILESS_MAIN(tst_cKeyFile)

@@ -17,12 +17,14 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString BasicType = QStringLiteral("application/x-orchard-basic");
-const QString FormType = QStringLiteral("application/x-orchard-form");
+const QString BasicType = u"application/x-orchard-basic"_s;
+const QString FormType = u"application/x-orchard-form"_s;
 
 QByteArray Get(const QString& path)
 {
@@ -67,8 +69,8 @@ private Q_SLOTS:
         QSKIP("the registry of this user is no place for a test");
 #endif
         folder = std::make_unique<QTemporaryDir>();
-        places = {folder->filePath(QStringLiteral("orchard-bench")), folder->filePath(QStringLiteral("data")),
-                  folder->filePath(QStringLiteral("config")), QStringLiteral(OB_TEST_DATA "/../../resources/icons")};
+        places = {folder->filePath(u"orchard-bench"_s), folder->filePath(u"data"_s), folder->filePath(u"config"_s),
+                  u"" OB_TEST_DATA "/../../resources/icons"_s};
         PutProgram(places.executable,
                    "printf '%s\\n' \"$@\" > \"$0.called.new\"\nmv \"$0.called.new\" \"$0.called\"\n");
         qputenv("PATH", usualPath);
@@ -84,16 +86,16 @@ private Q_SLOTS:
     {
         qputenv("XDG_DATA_HOME", "/a/data/");
         qputenv("XDG_CONFIG_HOME", "/a/config");
-        const AssociationPlaces set = UsersPlaces(QStringLiteral(":/icons"));
+        const AssociationPlaces set = UsersPlaces(u":/icons"_s);
         QCOMPARE(set.executable, QCoreApplication::applicationFilePath());
-        QCOMPARE(set.dataFolder, QStringLiteral("/a/data"));
-        QCOMPARE(set.configFolder, QStringLiteral("/a/config"));
-        QCOMPARE(set.iconFolder, QStringLiteral(":/icons"));
+        QCOMPARE(set.dataFolder, u"/a/data"_s);
+        QCOMPARE(set.configFolder, u"/a/config"_s);
+        QCOMPARE(set.iconFolder, u":/icons"_s);
         qputenv("XDG_DATA_HOME", "not/a/full/path");
         qunsetenv("XDG_CONFIG_HOME");
         const AssociationPlaces usual = UsersPlaces({});
-        QCOMPARE(usual.dataFolder, QDir::homePath() + QStringLiteral("/.local/share"));
-        QCOMPARE(usual.configFolder, QDir::homePath() + QStringLiteral("/.config"));
+        QCOMPARE(usual.dataFolder, QDir::homePath() + u"/.local/share"_s);
+        QCOMPARE(usual.configFolder, QDir::homePath() + u"/.config"_s);
         qunsetenv("XDG_DATA_HOME");
     }
 
@@ -101,15 +103,15 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("executable");
         QTest::addColumn<QByteArray>("entry");
-        QTest::newRow("plain") << QStringLiteral("/usr/bin/orchard-bench") << QByteArray("/usr/bin/orchard-bench");
-        QTest::newRow("space") << QStringLiteral("/a b/bench") << QByteArray("\"/a b/bench\"");
-        QTest::newRow("percent") << QStringLiteral("/100%/bench") << QByteArray("/100%%/bench");
-        QTest::newRow("quote") << QStringLiteral("/a\"b/bench") << QByteArray("\"/a\\\\\"b/bench\"");
-        QTest::newRow("dollar") << QStringLiteral("/$a/bench") << QByteArray("\"/\\\\$a/bench\"");
-        QTest::newRow("backslash") << QStringLiteral("/a\\b/bench") << QByteArray("\"/a\\\\\\\\b/bench\"");
-        QTest::newRow("apostrophe") << QStringLiteral("/a'b/bench") << QByteArray("\"/a'b/bench\"");
-        QTest::newRow("line feed") << QStringLiteral("/a\nb/bench") << QByteArray("\"/a\\nb/bench\"");
-        QTest::newRow("beyond ASCII") << QStringLiteral("/\u00E4/bench") << QByteArray("/\xC3\xA4/bench");
+        QTest::newRow("plain") << u"/usr/bin/orchard-bench"_s << QByteArray("/usr/bin/orchard-bench");
+        QTest::newRow("space") << u"/a b/bench"_s << QByteArray("\"/a b/bench\"");
+        QTest::newRow("percent") << u"/100%/bench"_s << QByteArray("/100%%/bench");
+        QTest::newRow("quote") << u"/a\"b/bench"_s << QByteArray("\"/a\\\\\"b/bench\"");
+        QTest::newRow("dollar") << u"/$a/bench"_s << QByteArray("\"/\\\\$a/bench\"");
+        QTest::newRow("backslash") << u"/a\\b/bench"_s << QByteArray("\"/a\\\\\\\\b/bench\"");
+        QTest::newRow("apostrophe") << u"/a'b/bench"_s << QByteArray("\"/a'b/bench\"");
+        QTest::newRow("line feed") << u"/a\nb/bench"_s << QByteArray("\"/a\\nb/bench\"");
+        QTest::newRow("beyond ASCII") << u"/\u00E4/bench"_s << QByteArray("/\xC3\xA4/bench");
     }
 
     void aProgramsNameIsQuotedWhereItHasToBe()
@@ -164,17 +166,16 @@ private Q_SLOTS:
     void theFilesAreWhereTheDesktopLooks()
     {
         AssociateFileTypes(places);
-        QVERIFY(Get(Data(QStringLiteral("mime/packages/orchard-bench.xml"))).contains("\"*.oba\""));
-        const QByteArray entry = Get(Data(QStringLiteral("applications/orchard-bench.desktop")));
+        QVERIFY(Get(Data(u"mime/packages/orchard-bench.xml"_s)).contains("\"*.oba\""));
+        const QByteArray entry = Get(Data(u"applications/orchard-bench.desktop"_s));
         QVERIFY(entry.contains("\nExec=" + places.executable.toUtf8() + " %f\n"));
         QVERIFY(entry.contains("\nMimeType=application/x-orchard-basic;application/x-orchard-form;\n"));
         for (const char* size : {"16", "32", "48", "64", "128", "256"}) {
             const QString side = QString::fromLatin1(size);
-            QCOMPARE(Get(Data(QStringLiteral("icons/hicolor/%1x%1/apps/orchard-bench.png").arg(side))),
-                     Get(places.iconFolder + QStringLiteral("/app-%1.png").arg(side)));
+            QCOMPARE(Get(Data(u"icons/hicolor/%1x%1/apps/orchard-bench.png"_s.arg(side))),
+                     Get(places.iconFolder + u"/app-%1.png"_s.arg(side)));
         }
-        QCOMPARE(Get(Data(QStringLiteral("icons/hicolor/scalable/apps/orchard-bench.svg"))),
-                 Get(places.iconFolder + QStringLiteral("/app.svg")));
+        QCOMPARE(Get(Data(u"icons/hicolor/scalable/apps/orchard-bench.svg"_s)), Get(places.iconFolder + u"/app.svg"_s));
     }
 
     void filesHaveTheProgramsTypes_data()
@@ -184,10 +185,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("type");
         for (const bool withTools : {true, false}) {
             const char* how = withTools ? "with" : "without";
-            QTest::addRow("bas, %s the desktop's tools", how) << withTools << QStringLiteral("a.bas") << BasicType;
-            QTest::addRow("BAS, %s the desktop's tools", how) << withTools << QStringLiteral("A.BAS") << BasicType;
-            QTest::addRow("oba, %s the desktop's tools", how) << withTools << QStringLiteral("a b.oba") << BasicType;
-            QTest::addRow("obf, %s the desktop's tools", how) << withTools << QStringLiteral("a.obf") << FormType;
+            QTest::addRow("bas, %s the desktop's tools", how) << withTools << u"a.bas"_s << BasicType;
+            QTest::addRow("BAS, %s the desktop's tools", how) << withTools << u"A.BAS"_s << BasicType;
+            QTest::addRow("oba, %s the desktop's tools", how) << withTools << u"a b.oba"_s << BasicType;
+            QTest::addRow("obf, %s the desktop's tools", how) << withTools << u"a.obf"_s << FormType;
         }
     }
 
@@ -199,16 +200,16 @@ private Q_SLOTS:
             qputenv("PATH", "/nowhere");
         AssociateFileTypes(places);
         qputenv("PATH", usualPath);
-        QCOMPARE(QFile::exists(Data(QStringLiteral("mime/mime.cache"))),
-                 withTools && !QStandardPaths::findExecutable(QStringLiteral("update-mime-database")).isEmpty());
+        QCOMPARE(QFile::exists(Data(u"mime/mime.cache"_s)),
+                 withTools && !QStandardPaths::findExecutable(u"update-mime-database"_s).isEmpty());
         QTEST(TypeOf(file), "type");
     }
 
     void theRunCopysExtensionIsLeftAlone()
     {
-        const QString before = TypeOf(QStringLiteral("a.bak"));
+        const QString before = TypeOf(u"a.bak"_s);
         AssociateFileTypes(places);
-        QCOMPARE(TypeOf(QStringLiteral("a.bak")), before);
+        QCOMPARE(TypeOf(u"a.bak"_s), before);
         QVERIFY(before != BasicType);
         QDirIterator written(folder->path(), QDir::Files, QDirIterator::Subdirectories);
         while (written.hasNext())
@@ -218,17 +219,17 @@ private Q_SLOTS:
     void aProgramIsPlainTextToo()
     {
         AssociateFileTypes(places);
-        QCOMPARE(Ask(QCoreApplication::applicationFilePath(), {QStringLiteral("--parent-of"), BasicType}).trimmed(),
+        QCOMPARE(Ask(QCoreApplication::applicationFilePath(), {u"--parent-of"_s, BasicType}).trimmed(),
                  QByteArray("text/plain"));
     }
 
     void theDesktopNamesTheProgramForBothTypes()
     {
-        const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+        const QString gio = QStandardPaths::findExecutable(u"gio"_s);
         QVERIFY2(!gio.isEmpty(), "gio is not installed; ./test installs it");
         AssociateFileTypes(places);
         for (const QString& type : {BasicType, FormType}) {
-            const QByteArrayList lines = Ask(gio, {QStringLiteral("mime"), type}).split('\n');
+            const QByteArrayList lines = Ask(gio, {u"mime"_s, type}).split('\n');
             QVERIFY2(lines.first().endsWith(": orchard-bench.desktop"), lines.first().constData());
         }
     }
@@ -237,18 +238,18 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("program");
         QTest::addColumn<bool>("withTools");
-        QTest::newRow("plain name") << QStringLiteral("orchard-bench") << true;
-        QTest::newRow("plain name, no tools") << QStringLiteral("orchard-bench") << false;
-        QTest::newRow("name with signs") << QStringLiteral("my $1 \"own\" \\ `bench`") << true;
+        QTest::newRow("plain name") << u"orchard-bench"_s << true;
+        QTest::newRow("plain name, no tools") << u"orchard-bench"_s << false;
+        QTest::newRow("name with signs") << u"my $1 \"own\" \\ `bench`"_s << true;
     }
 
     void aDoubleClickStartsTheProgramOnTheFile()
     {
         QFETCH(QString, program);
         QFETCH(bool, withTools);
-        const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+        const QString gio = QStandardPaths::findExecutable(u"gio"_s);
         QVERIFY2(!gio.isEmpty(), "gio is not installed; ./test installs it");
-        QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("update-mime-database")).isEmpty(),
+        QVERIFY2(!QStandardPaths::findExecutable(u"update-mime-database"_s).isEmpty(),
                  "update-mime-database is not installed; ./test installs it");
         if (program != QLatin1String("orchard-bench")) {
             QVERIFY(QFile::rename(places.executable, folder->filePath(program)));
@@ -262,25 +263,25 @@ private Q_SLOTS:
             AssociateFileTypes(places);
             qputenv("PATH", usualPath);
         }
-        const QString file = folder->filePath(QStringLiteral("my program.bas"));
+        const QString file = folder->filePath(u"my program.bas"_s);
         Put(file, "print 1\r\n");
-        Ask(gio, {QStringLiteral("open"), file});
-        const QString called = places.executable + QStringLiteral(".called");
+        Ask(gio, {u"open"_s, file});
+        const QString called = places.executable + u".called"_s;
         QVERIFY(QTest::qWaitFor([&] { return QFile::exists(called); }, 20'000));
         QCOMPARE(Get(called), file.toUtf8() + '\n');
     }
 
     void theDesktopsToolIsAskedFirst()
     {
-        const QString tools = folder->filePath(QStringLiteral("tools"));
-        PutProgram(tools + QStringLiteral("/xdg-mime"),
+        const QString tools = folder->filePath(u"tools"_s);
+        PutProgram(tools + u"/xdg-mime"_s,
                    "echo \"$XDG_CONFIG_HOME $XDG_DATA_HOME $@\" > \"$XDG_CONFIG_HOME.asked\"\n");
         qputenv("PATH", tools.toUtf8());
         AssociateFileTypes(places);
         const QByteArray asked = places.configFolder.toUtf8() + ' ' + places.dataFolder.toUtf8() +
                                  " default orchard-bench.desktop " + BasicType.toUtf8() + ' ' + FormType.toUtf8() +
                                  '\n';
-        QCOMPARE(Get(places.configFolder + QStringLiteral(".asked")), asked);
+        QCOMPARE(Get(places.configFolder + u".asked"_s), asked);
         // The association is written even when the tool wrote nothing.
         QVERIFY(Get(Config()).contains("application/x-orchard-form=orchard-bench.desktop;\n"));
     }
@@ -297,7 +298,7 @@ private Q_SLOTS:
 
     void aListThatIsALinkStaysOne()
     {
-        const QString target = folder->filePath(QStringLiteral("dots/mimeapps.list"));
+        const QString target = folder->filePath(u"dots/mimeapps.list"_s);
         Put(target, "[Default Applications]\ntext/plain=edit.desktop\n");
         QDir().mkpath(places.configFolder);
         QVERIFY(QFile::link(target, Config()));
@@ -316,21 +317,21 @@ private Q_SLOTS:
 
     void aListThatCannotBeWrittenIsAFailure()
     {
-        QVERIFY(QDir().mkpath(Config() + QStringLiteral("/a folder in the way")));
+        QVERIFY(QDir().mkpath(Config() + u"/a folder in the way"_s));
         QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::PathFileAccess));
     }
 
     void aTypeDatabaseThatCannotBeBuiltIsAFailure()
     {
-        const QString tools = folder->filePath(QStringLiteral("tools"));
-        PutProgram(tools + QStringLiteral("/update-mime-database"), "exit 1\n");
+        const QString tools = folder->filePath(u"tools"_s);
+        PutProgram(tools + u"/update-mime-database"_s, "exit 1\n");
         qputenv("PATH", tools.toUtf8());
         QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::DeviceIoError));
     }
 
     void missingIconsAreAFailure()
     {
-        places.iconFolder = folder->filePath(QStringLiteral("none"));
+        places.iconFolder = folder->filePath(u"none"_s);
         QCOMPARE(RaisedBy(places), static_cast<int>(ErrorNumber::FileNotFound));
     }
 
@@ -341,23 +342,23 @@ private:
     }
     QString Config() const
     {
-        return places.configFolder + QStringLiteral("/mimeapps.list");
+        return places.configFolder + u"/mimeapps.list"_s;
     }
 
     // Runs a program on the test's desktop and returns its output.
     QByteArray Ask(const QString& program, const QStringList& arguments) const
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), places.dataFolder);
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), places.configFolder);
-        environment.remove(QStringLiteral("XDG_CURRENT_DESKTOP"));
+        environment.insert(u"XDG_DATA_HOME"_s, places.dataFolder);
+        environment.insert(u"XDG_CONFIG_HOME"_s, places.configFolder);
+        environment.remove(u"XDG_CURRENT_DESKTOP"_s);
         QProcess process;
         process.setProcessEnvironment(environment);
         process.start(program, arguments);
         if (!process.waitForFinished() || process.exitCode() != 0)
-            QTest::qFail(qPrintable(QStringLiteral("%1 failed: ").arg(program) +
-                                    QString::fromLocal8Bit(process.readAllStandardError())),
-                         __FILE__, __LINE__);
+            QTest::qFail(
+                qPrintable(u"%1 failed: "_s.arg(program) + QString::fromLocal8Bit(process.readAllStandardError())),
+                __FILE__, __LINE__);
         return process.readAllStandardOutput();
     }
 
@@ -365,8 +366,7 @@ private:
     {
         const QString file = folder->filePath(name);
         Put(file, "x");
-        return QString::fromUtf8(
-            Ask(QCoreApplication::applicationFilePath(), {QStringLiteral("--type-of"), file}).trimmed());
+        return QString::fromUtf8(Ask(QCoreApplication::applicationFilePath(), {u"--type-of"_s, file}).trimmed());
     }
 
     QMap<QString, QByteArray> Everything() const

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modClipboard : public QObject {
@@ -15,7 +17,7 @@ private Q_SLOTS:
     {
         ScriptedDialogs dialogs;
         dialogs.ExpectMessage(ClipboardTakenText, BoxAnswer::Ok, BoxIcon::Exclamation);
-        QVERIFY(!CopyText(QStringLiteral("mine")));
+        QVERIFY(!CopyText(u"mine"_s));
         QVERIFY(dialogs.Finished());
     }
 };

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 // A setting consists of lines "file: a line of that file", with these files of the test's desktop:
 //   home/    the user's lists     home-data/       the user's programs
 //   system/  the system's lists   data/ and more/  the system's programs
@@ -76,7 +78,7 @@ void tst_modDesktop::Set(const QString& setting) const
 {
     QStringList entries;
     for (const QString& line : setting.split(u'\n', Qt::SkipEmptyParts)) {
-        const QString file = line.section(QStringLiteral(": "), 0, 0);
+        const QString file = line.section(u": "_s, 0, 0);
         if (file.endsWith(QLatin1String(".desktop")) && !entries.contains(file)) {
             entries.append(file);
             const QString program = QFileInfo(file).completeBaseName();
@@ -85,14 +87,14 @@ void tst_modDesktop::Set(const QString& setting) const
             Append(file, "[Desktop Entry]\nType=Application\nName=T\nExec=" +
                              QFile::encodeName(folder->filePath(program)) + " %f");
         }
-        Append(file, line.section(QStringLiteral(": "), 1).toUtf8());
+        Append(file, line.section(u": "_s, 1).toUtf8());
     }
 }
 
 QString tst_modDesktop::NameOf(const std::optional<ob::ProgramCall>& call) const
 {
     if (!call)
-        return QStringLiteral("none");
+        return u"none"_s;
     const QString program = QString::fromStdU16String(call->program);
     return program.startsWith(folder->path()) ? program.sliced(folder->path().size() + 1) : program;
 }
@@ -116,8 +118,7 @@ void tst_modDesktop::theListsAreReadInTheirOrder_data()
             .replace(QLatin1String(": C "), QLatin1String(": [MIME Cache]\n\t"));
         QStringList whole;
         for (const QString& line : lines.split(u'\n', Qt::SkipEmptyParts))
-            whole.append(line.startsWith(u'\t') ? whole.last().section(u':', 0, 0) + QStringLiteral(": ") + line.mid(1)
-                                                : line);
+            whole.append(line.startsWith(u'\t') ? whole.last().section(u':', 0, 0) + u": "_s + line.mid(1) : line);
         QTest::newRow(name) << whole.join(u'\n') << QString::fromLatin1(program);
     };
     const QByteArray programs = "data/applications/a.desktop: MimeType=text/plain;\n"
@@ -198,7 +199,7 @@ void tst_modDesktop::theListsAreReadInTheirOrder()
 {
     QFETCH(QString, setting);
     Set(setting);
-    QTEST(ProgramFor(QStringLiteral("test.txt")), "program");
+    QTEST(ProgramFor(u"test.txt"_s), "program");
 }
 
 void tst_modDesktop::theTypeOfTheFileCountsBeforeItsParents_data()
@@ -224,26 +225,25 @@ void tst_modDesktop::theTypeOfTheFileCountsBeforeItsParents()
 {
     QFETCH(QString, file);
     QFETCH(QString, type);
-    Set(QStringLiteral("data/applications/p.desktop: MimeType=%1;").arg(type));
+    Set(u"data/applications/p.desktop: MimeType=%1;"_s.arg(type));
     QTEST(ProgramFor(file), "program");
     if (file != QLatin1String("a.html"))
         return;
-    Set(QStringLiteral("more/applications/web.desktop: MimeType=text/html;"));
-    QCOMPARE(ProgramFor(file), QStringLiteral("web"));
+    Set(u"more/applications/web.desktop: MimeType=text/html;"_s);
+    QCOMPARE(ProgramFor(file), u"web"_s);
 }
 
 void tst_modDesktop::aMissingFileHasNoProgram()
 {
-    Set(QStringLiteral("data/applications/a.desktop: MimeType=text/plain;"));
-    QCOMPARE(NameOf(ob::FindExecutable(folder->filePath(QStringLiteral("gone.txt")).toStdU16String())),
-             QStringLiteral("none"));
+    Set(u"data/applications/a.desktop: MimeType=text/plain;"_s);
+    QCOMPARE(NameOf(ob::FindExecutable(folder->filePath(u"gone.txt"_s).toStdU16String())), u"none"_s);
 }
 
 void tst_modDesktop::theFileManagerOpensFolders()
 {
-    QCOMPARE(NameOf(ob::FileManager()), QStringLiteral("none"));
-    Set(QStringLiteral("data/applications/files.desktop: MimeType=inode/directory;"));
-    QCOMPARE(NameOf(ob::FileManager()), QStringLiteral("files"));
+    QCOMPARE(NameOf(ob::FileManager()), u"none"_s);
+    Set(u"data/applications/files.desktop: MimeType=inode/directory;"_s);
+    QCOMPARE(NameOf(ob::FileManager()), u"files"_s);
 }
 
 void tst_modDesktop::theCalculatorIsTheFirstThatMenusShow_data()
@@ -251,8 +251,8 @@ void tst_modDesktop::theCalculatorIsTheFirstThatMenusShow_data()
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("program");
     const auto row = [](const char* name, const char* more, const char* program) {
-        QTest::newRow(name) << QStringLiteral("data/applications/b.desktop: Categories=Calculator;Utility;\n"
-                                              "data/applications/c.desktop: Categories=Calculator;\n") +
+        QTest::newRow(name) << u"data/applications/b.desktop: Categories=Calculator;Utility;\n"
+                               "data/applications/c.desktop: Categories=Calculator;\n"_s +
                                    QString::fromLatin1(more)
                             << QString::fromLatin1(program);
     };
@@ -271,22 +271,22 @@ void tst_modDesktop::theCalculatorIsTheFirstThatMenusShow_data()
 void tst_modDesktop::theCalculatorIsTheFirstThatMenusShow()
 {
     QFETCH(QString, setting);
-    qputenv("XDG_DATA_DIRS", QFile::encodeName(folder->filePath(QStringLiteral("data"))));
+    qputenv("XDG_DATA_DIRS", QFile::encodeName(folder->filePath(u"data"_s)));
     Set(setting);
     QTEST(NameOf(ob::Calculator()), "program");
 }
 
 void tst_modDesktop::argumentsArePassedOn()
 {
-    Set(QStringLiteral("data/applications/a.desktop: MimeType=text/plain;"));
-    const QString entry = QStringLiteral("home-data/applications/a.desktop");
+    Set(u"data/applications/a.desktop: MimeType=text/plain;"_s);
+    const QString entry = u"home-data/applications/a.desktop"_s;
     Append(entry, "[Desktop Entry]\nType=Application\nName[de]=Rechner\nName=Other\nMimeType=text/plain;\nExec=" +
-                      QFile::encodeName(folder->filePath(QStringLiteral("a"))) + R"( -n "a b \\"c\\"" %c %F)");
+                      QFile::encodeName(folder->filePath(u"a"_s)) + R"( -n "a b \\"c\\"" %c %F)");
     qputenv("LC_ALL", "de_DE.UTF-8");
-    Append(QStringLiteral("test.txt"), "x");
-    const auto call = ob::FindExecutable(folder->filePath(QStringLiteral("test.txt")).toStdU16String());
+    Append(u"test.txt"_s, "x");
+    const auto call = ob::FindExecutable(folder->filePath(u"test.txt"_s).toStdU16String());
     qputenv("LC_ALL", "C.UTF-8");
-    QCOMPARE(NameOf(call), QStringLiteral("a"));
+    QCOMPARE(NameOf(call), u"a"_s);
     const std::vector<std::u16string> expected = {u"-n", u"a b \"c\"", u"Rechner"};
     QVERIFY(call->arguments == expected);
 }

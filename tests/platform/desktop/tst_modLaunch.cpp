@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int invalidCall = 5;
@@ -84,7 +86,7 @@ void tst_modLaunch::cleanup()
 
 void tst_modLaunch::MakeProgram(const QString& name, const QByteArray& start) const
 {
-    const QByteArray log = QFile::encodeName(At(QStringLiteral("log")));
+    const QByteArray log = QFile::encodeName(At(u"log"_s));
     QFile file(At(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(start);
@@ -96,16 +98,16 @@ void tst_modLaunch::MakeProgram(const QString& name, const QByteArray& start) co
 
 QStringList tst_modLaunch::WaitForLog() const
 {
-    const QString log = At(QStringLiteral("log"));
+    const QString log = At(u"log"_s);
     if (!QTest::qWaitFor([&] { return QFileInfo::exists(log); }, 10000))
-        return {QStringLiteral("nothing was written down")};
+        return {u"nothing was written down"_s};
     QFile file(log);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
     const QString directory = lines.takeFirst();
     if (QFileInfo(directory).canonicalFilePath() != QFileInfo(folder->path()).canonicalFilePath())
-        lines.prepend(QStringLiteral("started in ") + directory);
+        lines.prepend(u"started in "_s + directory);
     return lines;
 }
 
@@ -158,19 +160,18 @@ void tst_modLaunch::noFileMeansNoCommand_data()
 {
     QTest::addColumn<QString>("line");
     QTest::newRow("empty") << QString();
-    QTest::newRow("spaces") << QStringLiteral("   ");
-    QTest::newRow("missing") << QStringLiteral("/p/gone.exe x");
-    QTest::newRow("extension is not added twice") << QStringLiteral("/p/run.com");
-    QTest::newRow("quoted, missing") << QStringLiteral("\"/p/gone\" /p/run.exe");
-    QTest::newRow("nothing in quotes") << QStringLiteral("\"\" x");
-    QTest::newRow("one quote") << QStringLiteral("\"");
+    QTest::newRow("spaces") << u"   "_s;
+    QTest::newRow("missing") << u"/p/gone.exe x"_s;
+    QTest::newRow("extension is not added twice") << u"/p/run.com"_s;
+    QTest::newRow("quoted, missing") << u"\"/p/gone\" /p/run.exe"_s;
+    QTest::newRow("nothing in quotes") << u"\"\" x"_s;
+    QTest::newRow("one quote") << u"\""_s;
 }
 
 void tst_modLaunch::noFileMeansNoCommand()
 {
     QFETCH(QString, line);
-    const QSet<QString> files = {QStringLiteral("/p/run.exe"), QStringLiteral("/p/run.com.exe"),
-                                 QStringLiteral(".exe")};
+    const QSet<QString> files = {u"/p/run.exe"_s, u"/p/run.com.exe"_s, u".exe"_s};
     QVERIFY(!ob::ResolveCommand(line, [&](const QString& path) { return files.contains(path); }));
 }
 
@@ -203,95 +204,95 @@ void tst_modLaunch::argumentsAreSplitAtSpaces()
 
 void tst_modLaunch::aProgramIsStartedWithItsArguments()
 {
-    MakeProgram(QStringLiteral("engine"));
-    ob::Launch(At(QStringLiteral("engine")) + QStringLiteral("  -R -A /tmp/a \"b c\""));
-    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("engine [-R] [-A] [/tmp/a] [b c]"));
+    MakeProgram(u"engine"_s);
+    ob::Launch(At(u"engine"_s) + u"  -R -A /tmp/a \"b c\""_s);
+    QCOMPARE(WaitForLog().join(u' '), u"engine [-R] [-A] [/tmp/a] [b c]"_s);
 }
 
 void tst_modLaunch::aProgramWithSpacesInItsPathIsStarted()
 {
-    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("my programs")));
-    MakeProgram(QStringLiteral("my programs/the engine"));
-    ob::Launch(At(QStringLiteral("my programs/the engine")) + QStringLiteral("  -R x"), ob::WindowMode::Minimized);
-    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("my programs/the engine [-R] [x]"));
+    QVERIFY(QDir(folder->path()).mkdir(u"my programs"_s));
+    MakeProgram(u"my programs/the engine"_s);
+    ob::Launch(At(u"my programs/the engine"_s) + u"  -R x"_s, ob::WindowMode::Minimized);
+    QCOMPARE(WaitForLog().join(u' '), u"my programs/the engine [-R] [x]"_s);
 }
 
 void tst_modLaunch::aKnownProgramGetsItsArgumentsUnchanged()
 {
-    MakeProgram(QStringLiteral("my engine"));
-    ob::Launch(ob::ProgramCall{At(QStringLiteral("my engine")).toStdU16String(), {u"a b", u"\"c\"", u"", u"d\\"}});
-    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("my engine [a b] [\"c\"] [] [d\\]"));
+    MakeProgram(u"my engine"_s);
+    ob::Launch(ob::ProgramCall{At(u"my engine"_s).toStdU16String(), {u"a b", u"\"c\"", u"", u"d\\"}});
+    QCOMPARE(WaitForLog().join(u' '), u"my engine [a b] [\"c\"] [] [d\\]"_s);
 }
 
 void tst_modLaunch::anExtensionIsAddedToAProgramOnDisk()
 {
-    MakeProgram(QStringLiteral("engine.exe"));
-    ob::Launch(At(QStringLiteral("engine")) + QStringLiteral(" x"));
-    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("engine.exe [x]"));
+    MakeProgram(u"engine.exe"_s);
+    ob::Launch(At(u"engine"_s) + u" x"_s);
+    QCOMPARE(WaitForLog().join(u' '), u"engine.exe [x]"_s);
 }
 
 void tst_modLaunch::aRelativeProgramIsTakenFromTheCurrentDirectory()
 {
-    MakeProgram(QStringLiteral("sleep"));
-    ob::Launch(QStringLiteral("sleep 0"));
-    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("sleep [0]"));
+    MakeProgram(u"sleep"_s);
+    ob::Launch(u"sleep 0"_s);
+    QCOMPARE(WaitForLog().join(u' '), u"sleep [0]"_s);
 }
 
 void tst_modLaunch::aBareNameIsSearchedForOnTheSearchPath()
 {
-    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("tools")));
-    MakeProgram(QStringLiteral("tools/viewer"));
-    qputenv("PATH", QFile::encodeName(At(QStringLiteral("tools"))) + ":" + oldPath);
-    ob::Launch(QStringLiteral("viewer  a.txt"));
-    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("tools/viewer [a.txt]"));
+    QVERIFY(QDir(folder->path()).mkdir(u"tools"_s));
+    MakeProgram(u"tools/viewer"_s);
+    qputenv("PATH", QFile::encodeName(At(u"tools"_s)) + ":" + oldPath);
+    ob::Launch(u"viewer  a.txt"_s);
+    QCOMPARE(WaitForLog().join(u' '), u"tools/viewer [a.txt]"_s);
 }
 
 void tst_modLaunch::aProgramForWindowsRunsThroughWine()
 {
-    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("tools")));
-    MakeProgram(QStringLiteral("tools/wine"));
-    qputenv("PATH", QFile::encodeName(At(QStringLiteral("tools"))) + ":" + oldPath);
-    MakeProgram(QStringLiteral("Orchard.EXE"), QByteArray("MZ\x90\0\n", 5));
-    ob::Launch(QStringLiteral("Orchard.EXE  -R -A x.bak"));
+    QVERIFY(QDir(folder->path()).mkdir(u"tools"_s));
+    MakeProgram(u"tools/wine"_s);
+    qputenv("PATH", QFile::encodeName(At(u"tools"_s)) + ":" + oldPath);
+    MakeProgram(u"Orchard.EXE"_s, QByteArray("MZ\x90\0\n", 5));
+    ob::Launch(u"Orchard.EXE  -R -A x.bak"_s);
     const QStringList log = WaitForLog();
     QCOMPARE(log.size(), 5);
-    QCOMPARE(log[0], QStringLiteral("tools/wine"));
+    QCOMPARE(log[0], u"tools/wine"_s);
     QCOMPARE(QFileInfo(log[1].mid(1, log[1].size() - 2)).canonicalFilePath(),
-             QFileInfo(At(QStringLiteral("Orchard.EXE"))).canonicalFilePath());
-    QCOMPARE(log.mid(2).join(u' '), QStringLiteral("[-R] [-A] [x.bak]"));
+             QFileInfo(At(u"Orchard.EXE"_s)).canonicalFilePath());
+    QCOMPARE(log.mid(2).join(u' '), u"[-R] [-A] [x.bak]"_s);
 }
 
 void tst_modLaunch::withoutWineTheStartFails()
 {
-    MakeProgram(QStringLiteral("orchard.exe"), QByteArray("MZ\x90\0\n", 5));
+    MakeProgram(u"orchard.exe"_s, QByteArray("MZ\x90\0\n", 5));
     qputenv("PATH", QFile::encodeName(folder->path()));
-    QCOMPARE(LaunchError(At(QStringLiteral("orchard.exe"))), invalidCall);
+    QCOMPARE(LaunchError(At(u"orchard.exe"_s)), invalidCall);
 }
 
 void tst_modLaunch::aScriptWithThatExtensionRunsByItself()
 {
-    MakeProgram(QStringLiteral("wine"));
-    MakeProgram(QStringLiteral("orchard.exe"));
+    MakeProgram(u"wine"_s);
+    MakeProgram(u"orchard.exe"_s);
     qputenv("PATH", QFile::encodeName(folder->path()) + ":" + oldPath);
-    ob::Launch(At(QStringLiteral("orchard.exe")));
-    QCOMPARE(WaitForLog().join(u' '), QStringLiteral("orchard.exe"));
+    ob::Launch(At(u"orchard.exe"_s));
+    QCOMPARE(WaitForLog().join(u' '), u"orchard.exe"_s);
 }
 
 void tst_modLaunch::aMissingProgramIsReported()
 {
-    QCOMPARE(LaunchError(At(QStringLiteral("gone.exe")) + QStringLiteral(" x")), fileNotFound);
-    QCOMPARE(LaunchError(QStringLiteral("surely-no-program-has-this-name x")), fileNotFound);
+    QCOMPARE(LaunchError(At(u"gone.exe"_s) + u" x"_s), fileNotFound);
+    QCOMPARE(LaunchError(u"surely-no-program-has-this-name x"_s), fileNotFound);
     QCOMPARE(LaunchError(QString()), fileNotFound);
     QCOMPARE(LaunchError(folder->path()), fileNotFound);
-    QCOMPARE(LaunchError(QStringLiteral("no path  -R -A x")), fileNotFound);
+    QCOMPARE(LaunchError(u"no path  -R -A x"_s), fileNotFound);
 }
 
 void tst_modLaunch::aProgramThatIsNotExecutableIsReported()
 {
-    MakeProgram(QStringLiteral("engine"));
-    QVERIFY(QFile::setPermissions(At(QStringLiteral("engine")), QFile::Permissions(0x6644)));
-    QCOMPARE(LaunchError(At(QStringLiteral("engine"))), invalidCall);
-    QVERIFY(!QFileInfo::exists(At(QStringLiteral("log"))));
+    MakeProgram(u"engine"_s);
+    QVERIFY(QFile::setPermissions(At(u"engine"_s), QFile::Permissions(0x6644)));
+    QCOMPARE(LaunchError(At(u"engine"_s)), invalidCall);
+    QVERIFY(!QFileInfo::exists(At(u"log"_s)));
 }
 
 QTEST_GUILESS_MAIN(tst_modLaunch)

@@ -7,20 +7,22 @@
 
 #include <QClipboard>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class win_modClipboard : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { QApplication::clipboard()->setText(QStringLiteral("before")); }
+    void init() { QApplication::clipboard()->setText(u"before"_s); }
     void cleanup() { SetClipboardWriter({}); }
 
     void aTextReplacesThePreviousOne_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("one line") << QStringLiteral("print");
-        QTest::newRow("lines") << QStringLiteral("    a\r\n\r\n    b\r\n\r\n");
+        QTest::newRow("one line") << u"print"_s;
+        QTest::newRow("lines") << u"    a\r\n\r\n    b\r\n\r\n"_s;
         QTest::newRow("beyond ASCII") << QString::fromUtf8("Grüße, 日本, 😀");
         QTest::newRow("empty") << QString();
         QTest::newRow("long") << QString(2'000'000, u'x');
@@ -43,13 +45,13 @@ private Q_SLOTS:
             asked = text;
             return false;
         });
-        QVERIFY(!CopyText(QStringLiteral("mine")));
+        QVERIFY(!CopyText(u"mine"_s));
         QVERIFY(dialogs.Finished());
-        QCOMPARE(asked, QStringLiteral("mine"));
-        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("before"));
+        QCOMPARE(asked, u"mine"_s);
+        QCOMPARE(QApplication::clipboard()->text(), u"before"_s);
         SetClipboardWriter({});
-        QVERIFY(CopyText(QStringLiteral("mine")));
-        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("mine"));
+        QVERIFY(CopyText(u"mine"_s));
+        QCOMPARE(QApplication::clipboard()->text(), u"mine"_s);
     }
 };
 

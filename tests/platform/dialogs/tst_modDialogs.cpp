@@ -9,6 +9,8 @@
 #include <new>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -34,24 +36,21 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("filter");
         QTest::addColumn<QStringList>("pairs");
-        QTest::newRow("one pair") << QStringLiteral("OB Token (*.tkn)|*.tkn")
-                                  << QStringList{QStringLiteral("OB Token (*.tkn)=*.tkn")};
-        QTest::newRow("two patterns") << QStringLiteral("BASIC code (*.bas)(*.bak)|*.bas;*.bak")
-                                      << QStringList{QStringLiteral("BASIC code (*.bas)(*.bak)=*.bas *.bak")};
+        QTest::newRow("one pair") << u"OB Token (*.tkn)|*.tkn"_s << QStringList{u"OB Token (*.tkn)=*.tkn"_s};
+        QTest::newRow("two patterns") << u"BASIC code (*.bas)(*.bak)|*.bas;*.bak"_s
+                                      << QStringList{u"BASIC code (*.bas)(*.bak)=*.bas *.bak"_s};
         QTest::newRow("two pairs, a space before the pattern")
-            << QStringLiteral("BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*")
-            << QStringList{QStringLiteral("BASIC code (*.bas),(*.bak)=*.bas *.bak"),
-                           QStringLiteral("All Files (*.*)=*")};
+            << u"BASIC code (*.bas),(*.bak)|*.bas;*.bak|All Files (*.*)| *.*"_s
+            << QStringList{u"BASIC code (*.bas),(*.bak)=*.bas *.bak"_s, u"All Files (*.*)=*"_s};
         QTest::newRow("a pattern in parentheses")
-            << QStringLiteral("BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)")
-            << QStringList{QStringLiteral("BASIC Code (*.bas)(*.bak)=*.bas *.bak")};
-        QTest::newRow("semicolon at the end") << QStringLiteral("Orchard BASIC |orchard.exe;*.exe;")
-                                              << QStringList{QStringLiteral("Orchard BASIC=orchard.exe *.exe")};
-        QTest::newRow("name pattern") << QStringLiteral("FreeForm |*ff*.bas;*.bas;*.bak")
-                                      << QStringList{QStringLiteral("FreeForm=*ff*.bas *.bas *.bak")};
-        QTest::newRow("words without patterns") << QStringLiteral("Words") << QStringList{};
+            << u"BASIC Code (*.bas)(*.bak)|*.bas;(*.bak)"_s << QStringList{u"BASIC Code (*.bas)(*.bak)=*.bas *.bak"_s};
+        QTest::newRow("semicolon at the end")
+            << u"Orchard BASIC |orchard.exe;*.exe;"_s << QStringList{u"Orchard BASIC=orchard.exe *.exe"_s};
+        QTest::newRow("name pattern") << u"FreeForm |*ff*.bas;*.bas;*.bak"_s
+                                      << QStringList{u"FreeForm=*ff*.bas *.bas *.bak"_s};
+        QTest::newRow("words without patterns") << u"Words"_s << QStringList{};
         QTest::newRow("empty") << QString() << QStringList{};
-        QTest::newRow("bar at the end") << QStringLiteral("A|*.a|") << QStringList{QStringLiteral("A=*.a")};
+        QTest::newRow("bar at the end") << u"A|*.a|"_s << QStringList{u"A=*.a"_s};
     }
 
     void aFilterIsPairsOfWordsAndPatterns()
@@ -69,22 +68,21 @@ private Q_SLOTS:
 
     void anUncaughtErrorIsShownOnce()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '53':\nFile not found"));
+        bench->dialogs.ExpectMessage(u"Run-time error '53':\nFile not found"_s);
         QVERIFY(RunCommand([] { throw RuntimeErrorOf(ErrorNumber::FileNotFound); }) == CommandEnd::Failed);
         QVERIFY(bench->dialogs.Finished());
     }
 
     void anErrorOfItsOwnKeepsItsNumberAndWords()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '17':\nCan't write"));
-        QVERIFY(RunCommand([] { throw RuntimeError(17, QStringLiteral("x"), QStringLiteral("Can't write")); }) ==
-                CommandEnd::Failed);
+        bench->dialogs.ExpectMessage(u"Run-time error '17':\nCan't write"_s);
+        QVERIFY(RunCommand([] { throw RuntimeError(17, u"x"_s, u"Can't write"_s); }) == CommandEnd::Failed);
         QVERIFY(bench->dialogs.Finished());
     }
 
     void wantOfMemoryIsAnErrorLikeOthers()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '7':\nOut of memory"));
+        bench->dialogs.ExpectMessage(u"Run-time error '7':\nOut of memory"_s);
         QVERIFY(RunCommand([] { throw std::bad_alloc(); }) == CommandEnd::Failed);
         QVERIFY(bench->dialogs.Finished());
     }
@@ -92,30 +90,30 @@ private Q_SLOTS:
     void aReasonGoesToTheStatusBarBeforeTheBox()
     {
         SetReasonSink(SetStatusText);
-        const RuntimeError full = RuntimeErrorOf(ErrorNumber::DiskFull, {}, QStringLiteral("No space left on device"));
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '61':\nDisk full"));
+        const RuntimeError full = RuntimeErrorOf(ErrorNumber::DiskFull, {}, u"No space left on device"_s);
+        bench->dialogs.ExpectMessage(u"Run-time error '61':\nDisk full"_s);
         QVERIFY(RunCommand([&] { throw full; }) == CommandEnd::Failed);
-        QCOMPARE(bench->form.status, QStringLiteral("No space left on device"));
+        QCOMPARE(bench->form.status, u"No space left on device"_s);
 
         bench->form.status.clear();
-        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
-        FailureBox(QStringLiteral("Error saving file!"), full);
-        QCOMPARE(bench->form.status, QStringLiteral("No space left on device"));
+        bench->dialogs.ExpectMessage(u"Error saving file!"_s);
+        FailureBox(u"Error saving file!"_s, full);
+        QCOMPARE(bench->form.status, u"No space left on device"_s);
 
-        bench->form.status = QStringLiteral("as it was");
-        bench->dialogs.ExpectMessage(QStringLiteral("Error saving file!"));
-        FailureBox(QStringLiteral("Error saving file!"), RuntimeErrorOf(ErrorNumber::InvalidPicture));
+        bench->form.status = u"as it was"_s;
+        bench->dialogs.ExpectMessage(u"Error saving file!"_s);
+        FailureBox(u"Error saving file!"_s, RuntimeErrorOf(ErrorNumber::InvalidPicture));
         ShowReason(RuntimeErrorOf(ErrorNumber::InvalidPicture));
-        QCOMPARE(bench->form.status, QStringLiteral("as it was"));
+        QCOMPARE(bench->form.status, u"as it was"_s);
         SetReasonSink({});
         ShowReason(full);
-        QCOMPARE(bench->form.status, QStringLiteral("as it was"));
+        QCOMPARE(bench->form.status, u"as it was"_s);
         QVERIFY(bench->dialogs.Finished());
     }
 
     void aCommandInsideACommandShowsItsErrorOnce()
     {
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '5':\nInvalid procedure call or argument"));
+        bench->dialogs.ExpectMessage(u"Run-time error '5':\nInvalid procedure call or argument"_s);
         bool wentOn = false;
         const CommandEnd outer = RunCommand([&] {
             (void)RunCommand([] { throw RuntimeErrorOf(ErrorNumber::InvalidCall); });
@@ -127,19 +125,19 @@ private Q_SLOTS:
 
     void theFolderOfAChoiceBecomesTheCurrentOne()
     {
-        QDir().mkdir(QStringLiteral("other"));
-        const QString file = bench->Put(QStringLiteral("other/a.bas"), "a");
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), QStringLiteral("A|*.a"), file);
-        QCOMPARE(OpenFileDialog(QStringLiteral("A|*.a"), QDir::currentPath()), file);
+        QDir().mkdir(u"other"_s);
+        const QString file = bench->Put(u"other/a.bas"_s, "a");
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, u"A|*.a"_s, file);
+        QCOMPARE(OpenFileDialog(u"A|*.a"_s, QDir::currentPath()), file);
         QCOMPARE(QFileInfo(QDir::currentPath()).canonicalFilePath(),
-                 QFileInfo(bench->Path(QStringLiteral("other"))).canonicalFilePath());
+                 QFileInfo(bench->Path(u"other"_s)).canonicalFilePath());
     }
 
     void noChoiceLeavesTheCurrentFolder()
     {
         const QString before = QDir::currentPath();
-        bench->dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."), QStringLiteral("A|*.a"), {});
-        QCOMPARE(OpenFileDialog(QStringLiteral("A|*.a"), before), QString());
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, u"A|*.a"_s, {});
+        QCOMPARE(OpenFileDialog(u"A|*.a"_s, before), QString());
         QCOMPARE(QDir::currentPath(), before);
     }
 

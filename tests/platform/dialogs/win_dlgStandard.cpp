@@ -16,6 +16,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -56,26 +58,26 @@ private Q_SLOTS:
             QVERIFY(box.isVisible());
             Press(box, QMessageBox::No);
         });
-        QCOMPARE(boxes.Message({QStringLiteral("Save?"), BoxIcon::Question, BoxButtons::YesNo, {}}), BoxAnswer::No);
+        QCOMPARE(boxes.Message({u"Save?"_s, BoxIcon::Question, BoxButtons::YesNo, {}}), BoxAnswer::No);
     }
 
     void enterSaysYes()
     {
         dlgStandard boxes;
         WithBox([](QWidget& box) {
-            QCOMPARE(box.windowTitle(), QStringLiteral("OB Bench"));
+            QCOMPARE(box.windowTitle(), u"OB Bench"_s);
             QTest::keyClick(&box, Qt::Key_Return);
         });
-        QCOMPARE(boxes.Message({QStringLiteral("Save?"), BoxIcon::Question, BoxButtons::YesNo, {}}), BoxAnswer::Yes);
+        QCOMPARE(boxes.Message({u"Save?"_s, BoxIcon::Question, BoxButtons::YesNo, {}}), BoxAnswer::Yes);
     }
 
     void escapeCancels()
     {
         dlgStandard boxes;
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-        QCOMPARE(boxes.Message({QStringLiteral("Find?"), BoxIcon::None, BoxButtons::OkCancel, {}}), BoxAnswer::Cancel);
+        QCOMPARE(boxes.Message({u"Find?"_s, BoxIcon::None, BoxButtons::OkCancel, {}}), BoxAnswer::Cancel);
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-        QCOMPARE(boxes.Message({QStringLiteral("Done."), BoxIcon::Critical, BoxButtons::Ok, {}}), BoxAnswer::Ok);
+        QCOMPARE(boxes.Message({u"Done."_s, BoxIcon::Critical, BoxButtons::Ok, {}}), BoxAnswer::Ok);
     }
 
     void theBoxOfAToolThatHasClosedBelongsToTheMainWindow()
@@ -92,24 +94,24 @@ private Q_SLOTS:
             QVERIFY(box.isVisible());
             Press(box, QMessageBox::Ok);
         });
-        boxes.Message({QStringLiteral("Copied."), BoxIcon::None, BoxButtons::Ok, {}});
+        boxes.Message({u"Copied."_s, BoxIcon::None, BoxButtons::Ok, {}});
     }
 
     void textIsShownUnchanged()
     {
         dlgStandard boxes;
         WithBox([](QWidget& box) {
-            QCOMPARE(dynamic_cast<QMessageBox&>(box).text(), QStringLiteral("<b>a & b</b>"));
+            QCOMPARE(dynamic_cast<QMessageBox&>(box).text(), u"<b>a & b</b>"_s);
             QCOMPARE(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
             Press(box, QMessageBox::Ok);
         });
-        boxes.Message({QStringLiteral("<b>a & b</b>"), BoxIcon::None, BoxButtons::Ok, QStringLiteral("T")});
+        boxes.Message({u"<b>a & b</b>"_s, BoxIcon::None, BoxButtons::Ok, u"T"_s});
     }
 
     void retryIsPressedByEnterAndCancelByEscape()
     {
         dlgStandard boxes;
-        const MessageSpec spec{QStringLiteral("Again?"), BoxIcon::None, BoxButtons::RetryCancel, {}};
+        const MessageSpec spec{u"Again?"_s, BoxIcon::None, BoxButtons::RetryCancel, {}};
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
         QCOMPARE(boxes.Message(spec), BoxAnswer::Retry);
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
@@ -119,7 +121,7 @@ private Q_SLOTS:
     void abortRetryIgnoreIsClosedOnlyByItsButtons()
     {
         dlgStandard boxes;
-        const MessageSpec spec{QStringLiteral("Failed."), BoxIcon::None, BoxButtons::AbortRetryIgnore, {}};
+        const MessageSpec spec{u"Failed."_s, BoxIcon::None, BoxButtons::AbortRetryIgnore, {}};
         WithBox([](QWidget& box) {
             QTest::keyClick(&box, Qt::Key_Escape);
             box.close();
@@ -138,14 +140,13 @@ private Q_SLOTS:
         dlgStandard boxes;
         WithBox([](QWidget& box) {
             auto* field = box.findChild<QLineEdit*>();
-            QCOMPARE(field->text(), QStringLiteral("1"));
-            field->setText(QStringLiteral("42"));
+            QCOMPARE(field->text(), u"1"_s);
+            field->setText(u"42"_s);
             QTest::keyClick(field, Qt::Key_Return);
         });
-        QCOMPARE(boxes.Input({QStringLiteral("Line number?"), QStringLiteral("Go to Line"), QStringLiteral("1")}),
-                 std::optional(QStringLiteral("42")));
+        QCOMPARE(boxes.Input({u"Line number?"_s, u"Go to Line"_s, u"1"_s}), std::optional(u"42"_s));
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-        QCOMPARE(boxes.Input({QStringLiteral("Line number?"), {}, {}}), std::optional<QString>());
+        QCOMPARE(boxes.Input({u"Line number?"_s, {}, {}}), std::optional<QString>());
     }
 
     void aSavedNameGetsTheExtensionAndReturnsItsFilter()
@@ -153,8 +154,8 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         dlgStandard boxes;
         int filterIndex = 1;
-        FileSpec spec{FilePurpose::Save, QStringLiteral("Save"), folder.path(), {}, {}, QStringLiteral("bmp")};
-        spec.filter = QStringLiteral("Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp");
+        FileSpec spec{FilePurpose::Save, u"Save"_s, folder.path(), {}, {}, u"bmp"_s};
+        spec.filter = u"Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp"_s;
         spec.filterIndex = &filterIndex;
         const auto saveAs = [&](const char* name, int filter) {
             WithBox([name, filter, &filterIndex](QWidget& box) {
@@ -167,9 +168,9 @@ private Q_SLOTS:
             });
             return QDir::fromNativeSeparators(boxes.File(spec));
         };
-        QCOMPARE(saveAs("strip", 0), folder.filePath(QStringLiteral("strip.bmp")));
+        QCOMPARE(saveAs("strip", 0), folder.filePath(u"strip.bmp"_s));
         QCOMPARE(filterIndex, 0);
-        QCOMPARE(saveAs("strip.ico", 1), folder.filePath(QStringLiteral("strip.ico")));
+        QCOMPARE(saveAs("strip.ico", 1), folder.filePath(u"strip.ico"_s));
         QCOMPARE(filterIndex, 1);
     }
 
@@ -177,13 +178,13 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         dlgStandard boxes;
-        FileSpec spec{FilePurpose::Save, QStringLiteral("Save"), folder.path(), QStringLiteral("a.txt"), {}};
+        FileSpec spec{FilePurpose::Save, u"Save"_s, folder.path(), u"a.txt"_s, {}};
         WithBox([](QWidget& box) {
             auto* field = box.findChild<QLineEdit*>();
-            QCOMPARE(field->text(), QStringLiteral("a.txt"));
+            QCOMPARE(field->text(), u"a.txt"_s);
             QTest::keyClick(field, Qt::Key_Return);
         });
-        QCOMPARE(QDir::fromNativeSeparators(boxes.File(spec)), folder.filePath(QStringLiteral("a.txt")));
+        QCOMPARE(QDir::fromNativeSeparators(boxes.File(spec)), folder.filePath(u"a.txt"_s));
         WithBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         QVERIFY(boxes.File(spec).isEmpty());
     }

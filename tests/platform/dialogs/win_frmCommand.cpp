@@ -14,11 +14,13 @@
 #include <memory>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString Unexpected = QStringLiteral("This command ended with an unexpected error:\nmelted");
+const QString Unexpected = u"This command ended with an unexpected error:\nmelted"_s;
 
 // A window whose handlers fail.
 class Window final : public QWidget {
@@ -62,7 +64,7 @@ private Q_SLOTS:
     void aClickRunsItsHandlerAsACommand()
     {
         ScriptedDialogs dialogs;
-        dialogs.ExpectMessage(QStringLiteral("Run-time error '53':\nFile not found"));
+        dialogs.ExpectMessage(u"Run-time error '53':\nFile not found"_s);
         Window window;
         On(window.button, &window, &Window::button_Click);
         window.button->click();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imaging/cNumberedError.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QFile>
 #include <QTest>

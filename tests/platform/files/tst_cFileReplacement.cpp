@@ -10,6 +10,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_cFileReplacement : public QObject {
@@ -46,7 +48,7 @@ private Q_SLOTS:
         QCOMPARE(Get(At("x")), QByteArray("old"));
         file.Finish();
         QCOMPARE(Get(At("x")), "0XY3" + QByteArray(100'000, 'a') + "end");
-        QCOMPARE(Entries(), QStringList{QStringLiteral("x")});
+        QCOMPARE(Entries(), QStringList{u"x"_s});
     }
 
     void whatIsLetGoLeavesNothing()
@@ -65,24 +67,24 @@ private Q_SLOTS:
         QCOMPARE(ErrorOf([&] { cFileReplacement file(At("gone/x")); }), pathNotFound);
         Put(At("file"), "x");
         QCOMPARE(ErrorOf([&] { cFileReplacement file(At("file/x")); }), pathNotFound);
-        QCOMPARE(Entries(), QStringList{QStringLiteral("file")});
+        QCOMPARE(Entries(), QStringList{u"file"_s});
     }
 
 #ifdef Q_OS_UNIX
     void devicesAreRefused()
     {
-        QCOMPARE(ErrorOf([] { cFileReplacement file(QStringLiteral("/dev/full")); }), pathFileAccess);
-        QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")));
+        QCOMPARE(ErrorOf([] { cFileReplacement file(u"/dev/full"_s); }), pathFileAccess);
+        QVERIFY(QFileInfo::exists(u"/dev/full"_s));
     }
 
     void linksStayLinks()
     {
         Put(At("target"), "old");
-        QVERIFY(QFile::link(QStringLiteral("target"), At("link")));
+        QVERIFY(QFile::link(u"target"_s, At("link")));
         Write(At("link"), "new");
         QVERIFY(QFileInfo(At("link")).isSymLink());
         QCOMPARE(Get(At("target")), QByteArray("new"));
-        QVERIFY(QFile::link(QStringLiteral("round"), At("round")));
+        QVERIFY(QFile::link(u"round"_s, At("round")));
         QCOMPARE(ErrorOf([&] { cFileReplacement file(At("round")); }), pathFileAccess);
     }
 
@@ -111,7 +113,7 @@ private Q_SLOTS:
             QCOMPARE(ErrorOf([&] { cFileReplacement file(At("new")); }), pathFileAccess);
         }
         QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
-        QCOMPARE(Entries(), QStringList{QStringLiteral("x")});
+        QCOMPARE(Entries(), QStringList{u"x"_s});
     }
 
     void aFullDiskIsReportedByTheEndAtTheLatest()

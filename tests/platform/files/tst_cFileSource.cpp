@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_cFileSource : public QObject {
@@ -22,7 +24,7 @@ class tst_cFileSource : public QObject {
     QTemporaryDir folder;
     QByteArray content;
 
-    QString Path() const { return folder.filePath(QStringLiteral("file")); }
+    QString Path() const { return folder.filePath(u"file"_s); }
     static QByteArray Range(const cFileSource& source, std::uint64_t offset, std::uint64_t size)
     {
         return QtViewOf(source.Bytes({offset, size})).toByteArray();
@@ -93,11 +95,11 @@ private Q_SLOTS:
 
     void whatIsNoFileIsNotOpened()
     {
-        QCOMPARE(ErrorOf([&] { cFileSource(folder.filePath(QStringLiteral("gone"))); }), int(fileNotFound));
+        QCOMPARE(ErrorOf([&] { cFileSource(folder.filePath(u"gone"_s)); }), int(fileNotFound));
         QCOMPARE(ErrorOf([&] { cFileSource(folder.path()); }), int(fileNotFound));
         QCOMPARE(ErrorOf([&] { cFileSource({}); }), int(fileNotFound));
 #ifdef Q_OS_UNIX
-        const QString pipe = folder.filePath(QStringLiteral("pipe"));
+        const QString pipe = folder.filePath(u"pipe"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(ErrorOf([&] { cFileSource{pipe}; }), int(pathFileAccess));
 #endif

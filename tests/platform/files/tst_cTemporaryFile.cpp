@@ -15,6 +15,8 @@
 #include <sys/xattr.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -42,7 +44,7 @@ QString ReasonOf(const std::function<void()>& work)
     } catch (const RuntimeError& error) {
         return error.reason;
     }
-    return QStringLiteral("no error");
+    return u"no error"_s;
 }
 
 } // namespace
@@ -87,12 +89,12 @@ private Q_SLOTS:
         Put(At("x"), "old");
         QStringList steps;
         const FakeDisk disk([&](SyncStep step) {
-            steps += (step == SyncStep::Bytes ? QStringLiteral("bytes, file is ") : QStringLiteral("names, file is ")) +
+            steps += (step == SyncStep::Bytes ? u"bytes, file is "_s : u"names, file is "_s) +
                      QString::fromLatin1(Get(At("x")));
             return std::error_code();
         });
         ReplaceFile(At("x"), "new");
-        QCOMPARE(steps, (QStringList{QStringLiteral("bytes, file is old"), QStringLiteral("names, file is new")}));
+        QCOMPARE(steps, (QStringList{u"bytes, file is old"_s, u"names, file is new"_s}));
     }
 
     void whatCanBeMadeAgainDoesNotWaitForTheDisk()
@@ -119,9 +121,9 @@ private Q_SLOTS:
         QCOMPARE(ErrorOf([&] { ReplaceFile(At("y"), "new"); }), deviceIoError);
         QCOMPARE(ErrorOf([&] { AppendToFile(At("x"), "new"); }), deviceIoError);
         QCOMPARE(ErrorOf([&] { AppendToFile(At("y"), "new"); }), deviceIoError);
-        QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), "new"); }), QStringLiteral("Input/output error"));
+        QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), "new"); }), u"Input/output error"_s);
         QCOMPARE(Get(At("x")), QByteArray("old"));
-        QCOMPARE(Entries(), QStringList{QStringLiteral("x")});
+        QCOMPARE(Entries(), QStringList{u"x"_s});
     }
 
     void aDiskThatLosesTheNameIsAnErrorToo()
@@ -130,7 +132,7 @@ private Q_SLOTS:
         const FakeDisk disk(FailingAt(SyncStep::Names));
         QCOMPARE(ErrorOf([&] { ReplaceFile(At("x"), "new"); }), deviceIoError);
         QCOMPARE(Get(At("x")), QByteArray("new"));
-        QCOMPARE(Entries(), QStringList{QStringLiteral("x")});
+        QCOMPARE(Entries(), QStringList{u"x"_s});
     }
 
 #ifdef Q_OS_UNIX
@@ -154,17 +156,16 @@ private Q_SLOTS:
 
     void theReasonIsTheSystemsText()
     {
-        QCOMPARE(ReasonOf([&] { ReplaceFile(At("gone/x"), "new"); }), QStringLiteral("No such file or directory"));
-        QCOMPARE(ReasonOf([&] { ReplaceFile(folder->path(), "new"); }), QStringLiteral("Is a directory"));
+        QCOMPARE(ReasonOf([&] { ReplaceFile(At("gone/x"), "new"); }), u"No such file or directory"_s);
+        QCOMPARE(ReasonOf([&] { ReplaceFile(folder->path(), "new"); }), u"Is a directory"_s);
         {
             const FileSizeLimit limit(10'000);
-            QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), QByteArray(20'000, 'n')); }),
-                     QStringLiteral("File too large"));
+            QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), QByteArray(20'000, 'n')); }), u"File too large"_s);
         }
         QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
         {
             const PlainUser user;
-            QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), "new"); }), QStringLiteral("Permission denied"));
+            QCOMPARE(ReasonOf([&] { ReplaceFile(At("x"), "new"); }), u"Permission denied"_s);
         }
         QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
     }
@@ -173,9 +174,9 @@ private Q_SLOTS:
 #ifdef Q_OS_LINUX
     void aFullDeviceSaysSo()
     {
-        const QString full = QStringLiteral("No space left on device");
-        QCOMPARE(ReasonOf([] { ReplaceFile(QStringLiteral("/dev/full"), "x"); }), full);
-        QCOMPARE(ReasonOf([] { AppendToFile(QStringLiteral("/dev/full"), "x"); }), full);
+        const QString full = u"No space left on device"_s;
+        QCOMPARE(ReasonOf([] { ReplaceFile(u"/dev/full"_s, "x"); }), full);
+        QCOMPARE(ReasonOf([] { AppendToFile(u"/dev/full"_s, "x"); }), full);
     }
 
     void extendedAttributesStay()

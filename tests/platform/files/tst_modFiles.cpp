@@ -17,6 +17,8 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 class tst_modFiles : public QObject {
     Q_OBJECT
 
@@ -68,24 +70,24 @@ void tst_modFiles::cleanup()
 
 void tst_modFiles::aFolderIsNotAFile()
 {
-    Put(At(QStringLiteral("a.bas")), "x");
-    QVERIFY(ob::FileExists(At(QStringLiteral("a.bas"))));
-    QVERIFY(!ob::FolderExists(At(QStringLiteral("a.bas"))));
+    Put(At(u"a.bas"_s), "x");
+    QVERIFY(ob::FileExists(At(u"a.bas"_s)));
+    QVERIFY(!ob::FolderExists(At(u"a.bas"_s)));
     QVERIFY(!ob::FileExists(folder->path()));
     QVERIFY(ob::FolderExists(folder->path()));
     QVERIFY(!ob::FileExists(QString()));
     QVERIFY(!ob::FolderExists(QString()));
-    QVERIFY(!ob::FileExists(At(QStringLiteral("b.bas"))));
-    QVERIFY(!ob::FileExists(QStringLiteral("no path")));
-    QVERIFY(!ob::FileExists(At(QStringLiteral("a.bas")) + QChar::Null));
+    QVERIFY(!ob::FileExists(At(u"b.bas"_s)));
+    QVERIFY(!ob::FileExists(u"no path"_s));
+    QVERIFY(!ob::FileExists(At(u"a.bas"_s) + QChar::Null));
 #ifdef Q_OS_UNIX
-    QVERIFY(QFile::link(At(QStringLiteral("a.bas")), At(QStringLiteral("link"))));
-    QVERIFY(QFile::link(At(QStringLiteral("b.bas")), At(QStringLiteral("dangling"))));
-    QVERIFY(QFile::link(folder->path(), At(QStringLiteral("folderlink"))));
-    QVERIFY(ob::FileExists(At(QStringLiteral("link"))));
-    QVERIFY(!ob::FileExists(At(QStringLiteral("dangling"))));
-    QVERIFY(!ob::FileExists(At(QStringLiteral("folderlink"))));
-    QVERIFY(ob::FolderExists(At(QStringLiteral("folderlink"))));
+    QVERIFY(QFile::link(At(u"a.bas"_s), At(u"link"_s)));
+    QVERIFY(QFile::link(At(u"b.bas"_s), At(u"dangling"_s)));
+    QVERIFY(QFile::link(folder->path(), At(u"folderlink"_s)));
+    QVERIFY(ob::FileExists(At(u"link"_s)));
+    QVERIFY(!ob::FileExists(At(u"dangling"_s)));
+    QVERIFY(!ob::FileExists(At(u"folderlink"_s)));
+    QVERIFY(ob::FolderExists(At(u"folderlink"_s)));
 #endif
 }
 
@@ -95,15 +97,15 @@ void tst_modFiles::readingGivesAllBytes()
         QByteArray bytes(size, '\0');
         for (qsizetype index = 0; index < size; ++index)
             bytes[index] = static_cast<char>(index * 31 + index / 256);
-        Put(At(QStringLiteral("a.bin")), bytes);
-        QCOMPARE(ob::ReadWhole(At(QStringLiteral("a.bin"))), bytes);
+        Put(At(u"a.bin"_s), bytes);
+        QCOMPARE(ob::ReadWhole(At(u"a.bin"_s)), bytes);
     }
 }
 
 void tst_modFiles::readingAMadeUpFileGivesAllBytes()
 {
 #ifdef Q_OS_LINUX
-    const QByteArray status = ob::ReadWhole(QStringLiteral("/proc/self/status"));
+    const QByteArray status = ob::ReadWhole(u"/proc/self/status"_s);
     QVERIFY(status.startsWith("Name:\ttst_modFiles\n"));
     QVERIFY(status.endsWith('\n'));
 #else
@@ -113,7 +115,7 @@ void tst_modFiles::readingAMadeUpFileGivesAllBytes()
 
 void tst_modFiles::replacingMakesAndReplaces()
 {
-    const QString path = At(QStringLiteral("a.bas"));
+    const QString path = At(u"a.bas"_s);
     ob::ReplaceFile(path, QByteArrayView("first\0text", 10));
     QCOMPARE(Get(path), QByteArray("first\0text", 10));
     ob::ReplaceFile(path, "2");
@@ -123,7 +125,7 @@ void tst_modFiles::replacingMakesAndReplaces()
     const QByteArray big(5000000, 'b');
     ob::ReplaceFile(path, big);
     QCOMPARE(Get(path), big);
-    QCOMPARE(Entries(), QStringList{QStringLiteral("a.bas")});
+    QCOMPARE(Entries(), QStringList{u"a.bas"_s});
 
     const QString longName = At(QString(255, u'n'));
     ob::ReplaceFile(longName, "long");
@@ -131,15 +133,15 @@ void tst_modFiles::replacingMakesAndReplaces()
 
     const QString oldFolder = QDir::currentPath();
     QVERIFY(QDir::setCurrent(folder->path()));
-    ob::ReplaceFile(QStringLiteral("relative.bas"), "here");
+    ob::ReplaceFile(u"relative.bas"_s, "here");
     QVERIFY(QDir::setCurrent(oldFolder));
-    QCOMPARE(Get(At(QStringLiteral("relative.bas"))), QByteArray("here"));
+    QCOMPARE(Get(At(u"relative.bas"_s)), QByteArray("here"));
 }
 
 void tst_modFiles::replacingKeepsPermissions()
 {
 #ifdef Q_OS_UNIX
-    const QByteArray path = QFile::encodeName(At(QStringLiteral("a.bas")));
+    const QByteArray path = QFile::encodeName(At(u"a.bas"_s));
     for (const mode_t mode : {mode_t{0640}, mode_t{0755}, mode_t{0600}, mode_t{0666}}) {
         Put(QFile::decodeName(path), "old");
         QCOMPARE(chmod(path.constData(), mode), 0);
@@ -163,8 +165,8 @@ void tst_modFiles::aNewFileHasTheUsualPermissions()
 {
 #ifdef Q_OS_UNIX
     const mode_t oldMask = umask(027);
-    ob::ReplaceFile(At(QStringLiteral("new.bas")), "x");
-    ob::AppendToFile(At(QStringLiteral("newer.bas")), "x");
+    ob::ReplaceFile(At(u"new.bas"_s), "x");
+    ob::AppendToFile(At(u"newer.bas"_s), "x");
     umask(oldMask);
     for (const char* name : {"new.bas", "newer.bas"}) {
         struct stat status = {};
@@ -179,15 +181,15 @@ void tst_modFiles::aNewFileHasTheUsualPermissions()
 void tst_modFiles::replacingFollowsLinks()
 {
 #ifdef Q_OS_UNIX
-    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("sub")));
-    Put(At(QStringLiteral("sub/real.bas")), "old");
-    QCOMPARE(symlink("sub/real.bas", QFile::encodeName(At(QStringLiteral("one.bas"))).constData()), 0);
-    QCOMPARE(symlink("one.bas", QFile::encodeName(At(QStringLiteral("two.bas"))).constData()), 0);
-    ob::ReplaceFile(At(QStringLiteral("two.bas")), "new");
-    QCOMPARE(Get(At(QStringLiteral("sub/real.bas"))), QByteArray("new"));
-    QVERIFY(QFileInfo(At(QStringLiteral("one.bas"))).isSymLink());
-    QVERIFY(QFileInfo(At(QStringLiteral("two.bas"))).isSymLink());
-    QCOMPARE(QDir(At(QStringLiteral("sub"))).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    QVERIFY(QDir(folder->path()).mkdir(u"sub"_s));
+    Put(At(u"sub/real.bas"_s), "old");
+    QCOMPARE(symlink("sub/real.bas", QFile::encodeName(At(u"one.bas"_s)).constData()), 0);
+    QCOMPARE(symlink("one.bas", QFile::encodeName(At(u"two.bas"_s)).constData()), 0);
+    ob::ReplaceFile(At(u"two.bas"_s), "new");
+    QCOMPARE(Get(At(u"sub/real.bas"_s)), QByteArray("new"));
+    QVERIFY(QFileInfo(At(u"one.bas"_s)).isSymLink());
+    QVERIFY(QFileInfo(At(u"two.bas"_s)).isSymLink());
+    QCOMPARE(QDir(At(u"sub"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1);
 #else
     QSKIP("links need rights here");
 #endif
@@ -196,13 +198,13 @@ void tst_modFiles::replacingFollowsLinks()
 void tst_modFiles::replacingThroughADanglingLinkMakesItsTarget()
 {
 #ifdef Q_OS_UNIX
-    QCOMPARE(symlink("real.bas", QFile::encodeName(At(QStringLiteral("link.bas"))).constData()), 0);
-    ob::ReplaceFile(At(QStringLiteral("link.bas")), "new");
-    QCOMPARE(Get(At(QStringLiteral("real.bas"))), QByteArray("new"));
-    QVERIFY(QFileInfo(At(QStringLiteral("link.bas"))).isSymLink());
-    QCOMPARE(symlink("made.bas", QFile::encodeName(At(QStringLiteral("other.bas"))).constData()), 0);
-    ob::AppendToFile(At(QStringLiteral("other.bas")), "x");
-    QCOMPARE(Get(At(QStringLiteral("made.bas"))), QByteArray("x\r\n"));
+    QCOMPARE(symlink("real.bas", QFile::encodeName(At(u"link.bas"_s)).constData()), 0);
+    ob::ReplaceFile(At(u"link.bas"_s), "new");
+    QCOMPARE(Get(At(u"real.bas"_s)), QByteArray("new"));
+    QVERIFY(QFileInfo(At(u"link.bas"_s)).isSymLink());
+    QCOMPARE(symlink("made.bas", QFile::encodeName(At(u"other.bas"_s)).constData()), 0);
+    ob::AppendToFile(At(u"other.bas"_s), "x");
+    QCOMPARE(Get(At(u"made.bas"_s)), QByteArray("x\r\n"));
 #else
     QSKIP("links need rights here");
 #endif
@@ -211,11 +213,11 @@ void tst_modFiles::replacingThroughADanglingLinkMakesItsTarget()
 void tst_modFiles::replacingWritesDevicesInPlace()
 {
 #ifdef Q_OS_UNIX
-    ob::ReplaceFile(QStringLiteral("/dev/null"), "gone");
+    ob::ReplaceFile(u"/dev/null"_s, "gone");
     struct stat status = {};
     QCOMPARE(stat("/dev/null", &status), 0);
     QVERIFY(S_ISCHR(status.st_mode));
-    const QString pipe = At(QStringLiteral("pipe"));
+    const QString pipe = At(u"pipe"_s);
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     QCOMPARE(ErrorOf([&] { ob::ReplaceFile(pipe, "nobody reads"); }), deviceIoError);
 #else
@@ -228,7 +230,7 @@ void tst_modFiles::replacingWritesAPipeThatIsRead()
 #ifdef Q_OS_LINUX
     int ends[2] = {};
     QCOMPARE(pipe(ends), 0);
-    ob::ReplaceFile(QStringLiteral("/proc/self/fd/%1").arg(ends[1]), "through the pipe");
+    ob::ReplaceFile(u"/proc/self/fd/%1"_s.arg(ends[1]), "through the pipe");
     char bytes[100];
     const ssize_t count = read(ends[0], bytes, sizeof bytes);
     close(ends[0]);
@@ -241,7 +243,7 @@ void tst_modFiles::replacingWritesAPipeThatIsRead()
 
 void tst_modFiles::appendingAddsALineEnd()
 {
-    const QString path = At(QStringLiteral("game.BAK"));
+    const QString path = At(u"game.BAK"_s);
     ob::AppendToFile(path, "one");
     ob::AppendToFile(path, QByteArrayView("t\0o", 3));
     ob::AppendToFile(path, {});
@@ -250,7 +252,7 @@ void tst_modFiles::appendingAddsALineEnd()
 
 void tst_modFiles::writingKeepsALongerFilesTail()
 {
-    const QString path = At(QStringLiteral("wrapper32.bas"));
+    const QString path = At(u"wrapper32.bas"_s);
     ob::WriteKeepingTail(path, "0123456789");
     QCOMPARE(Get(path), QByteArray("0123456789"));
     ob::WriteKeepingTail(path, "abc");
@@ -266,11 +268,11 @@ void tst_modFiles::namesAndFoldersOfPaths_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("folderPart");
     QTest::addColumn<QString>("name");
-    QTest::newRow("absolute") << QStringLiteral("/a/b/c.bas") << QStringLiteral("/a/b/") << QStringLiteral("c.bas");
-    QTest::newRow("root") << QStringLiteral("/c.bas") << QStringLiteral("/") << QStringLiteral("c.bas");
-    QTest::newRow("bare") << QStringLiteral("c.bas") << QString() << QStringLiteral("c.bas");
-    QTest::newRow("relative") << QStringLiteral("a/c.bas") << QStringLiteral("a/") << QStringLiteral("c.bas");
-    QTest::newRow("folder") << QStringLiteral("/a/b/") << QStringLiteral("/a/b/") << QString();
+    QTest::newRow("absolute") << u"/a/b/c.bas"_s << u"/a/b/"_s << u"c.bas"_s;
+    QTest::newRow("root") << u"/c.bas"_s << u"/"_s << u"c.bas"_s;
+    QTest::newRow("bare") << u"c.bas"_s << QString() << u"c.bas"_s;
+    QTest::newRow("relative") << u"a/c.bas"_s << u"a/"_s << u"c.bas"_s;
+    QTest::newRow("folder") << u"/a/b/"_s << u"/a/b/"_s << QString();
     QTest::newRow("empty") << QString() << QString() << QString();
 }
 
@@ -285,7 +287,7 @@ void tst_modFiles::namesAndFoldersOfPaths()
 
 void tst_modFiles::sizeAndDateOfAFile()
 {
-    const QString path = At(QStringLiteral("a.bas"));
+    const QString path = At(u"a.bas"_s);
     Put(path, QByteArray(12345, 'x'));
     const QDateTime when(QDate(2024, 3, 5), QTime(14, 5, 9));
     QFile file(path);
@@ -295,8 +297,8 @@ void tst_modFiles::sizeAndDateOfAFile()
     QCOMPARE(ob::SizeOf(path), 12345);
     QCOMPARE(ob::ModifiedOf(path), when);
     QCOMPARE(ob::FileDateText(path), ob::DateText(when, QLocale::system()));
-    QVERIFY(ob::FileDateText(path).contains(QStringLiteral("2024")));
-    for (const QString& gone : {At(QStringLiteral("gone")), folder->path(), QString()}) {
+    QVERIFY(ob::FileDateText(path).contains(u"2024"_s));
+    for (const QString& gone : {At(u"gone"_s), folder->path(), QString()}) {
         QCOMPARE(ErrorOf([&] { ob::SizeOf(gone); }), fileNotFound);
         QCOMPARE(ErrorOf([&] { ob::ModifiedOf(gone); }), fileNotFound);
         QCOMPARE(ErrorOf([&] { ob::FileDateText(gone); }), fileNotFound);
@@ -307,13 +309,11 @@ void tst_modFiles::datesAreTextInTheShortFormat_data()
 {
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<QString>("text");
-    QTest::newRow("C") << QLocale::c() << QStringLiteral("5 Mar 2024 14:05:09");
-    QTest::newRow("American") << QLocale(QLocale::English, QLocale::UnitedStates)
-                              << QStringLiteral("3/5/2024 2:05:09 PM");
-    QTest::newRow("British") << QLocale(QLocale::English, QLocale::UnitedKingdom)
-                             << QStringLiteral("05/03/2024 14:05:09");
-    QTest::newRow("German") << QLocale(QLocale::German, QLocale::Germany) << QStringLiteral("05.03.2024 14:05:09");
-    QTest::newRow("Danish") << QLocale(QLocale::Danish, QLocale::Denmark) << QStringLiteral("05.03.2024 14.05.09");
+    QTest::newRow("C") << QLocale::c() << u"5 Mar 2024 14:05:09"_s;
+    QTest::newRow("American") << QLocale(QLocale::English, QLocale::UnitedStates) << u"3/5/2024 2:05:09 PM"_s;
+    QTest::newRow("British") << QLocale(QLocale::English, QLocale::UnitedKingdom) << u"05/03/2024 14:05:09"_s;
+    QTest::newRow("German") << QLocale(QLocale::German, QLocale::Germany) << u"05.03.2024 14:05:09"_s;
+    QTest::newRow("Danish") << QLocale(QLocale::Danish, QLocale::Denmark) << u"05.03.2024 14.05.09"_s;
 }
 
 void tst_modFiles::datesAreTextInTheShortFormat()
@@ -328,35 +328,30 @@ void tst_modFiles::datesAreTextInTheShortFormat()
 
 void tst_modFiles::namesAreFoundInAnyCase()
 {
-    Put(At(QStringLiteral("Lib.Bas")), "x");
-    QCOMPARE(ob::FindIgnoringCase(folder->path(), QStringLiteral("lib.bas")).value_or(QString()),
-             QStringLiteral("Lib.Bas"));
-    QCOMPARE(ob::FindIgnoringCase(folder->path() + u'/', QStringLiteral("LIB.BAS")).value_or(QString()),
-             QStringLiteral("Lib.Bas"));
-    QVERIFY(!ob::FindIgnoringCase(folder->path(), QStringLiteral("lib.ba")));
+    Put(At(u"Lib.Bas"_s), "x");
+    QCOMPARE(ob::FindIgnoringCase(folder->path(), u"lib.bas"_s).value_or(QString()), u"Lib.Bas"_s);
+    QCOMPARE(ob::FindIgnoringCase(folder->path() + u'/', u"LIB.BAS"_s).value_or(QString()), u"Lib.Bas"_s);
+    QVERIFY(!ob::FindIgnoringCase(folder->path(), u"lib.ba"_s));
     QVERIFY(!ob::FindIgnoringCase(folder->path(), QString()));
-    QVERIFY(!ob::FindIgnoringCase(folder->path(), QStringLiteral("/")));
-    QVERIFY(!ob::FindIgnoringCase(At(QStringLiteral("gone")), QStringLiteral("lib.bas")));
-    QVERIFY(!ob::FindIgnoringCase(folder->path(), QStringLiteral("lib.bas") + QChar::Null));
+    QVERIFY(!ob::FindIgnoringCase(folder->path(), u"/"_s));
+    QVERIFY(!ob::FindIgnoringCase(At(u"gone"_s), u"lib.bas"_s));
+    QVERIFY(!ob::FindIgnoringCase(folder->path(), u"lib.bas"_s + QChar::Null));
 
     const QString oldFolder = QDir::currentPath();
     QVERIFY(QDir::setCurrent(folder->path()));
-    const std::optional<QString> inCurrent = ob::FindIgnoringCase(QString(), QStringLiteral("LIB.bas"));
+    const std::optional<QString> inCurrent = ob::FindIgnoringCase(QString(), u"LIB.bas"_s);
     QVERIFY(QDir::setCurrent(oldFolder));
-    QCOMPARE(inCurrent.value_or(QString()), QStringLiteral("Lib.Bas"));
+    QCOMPARE(inCurrent.value_or(QString()), u"Lib.Bas"_s);
 }
 
 void tst_modFiles::theNameAsWrittenComesFirst()
 {
 #ifdef Q_OS_LINUX
-    Put(At(QStringLiteral("A.bas")), "x");
-    Put(At(QStringLiteral("a.bas")), "x");
-    QCOMPARE(ob::FindIgnoringCase(folder->path(), QStringLiteral("a.bas")).value_or(QString()),
-             QStringLiteral("a.bas"));
-    QCOMPARE(ob::FindIgnoringCase(folder->path(), QStringLiteral("A.bas")).value_or(QString()),
-             QStringLiteral("A.bas"));
-    QCOMPARE(ob::FindIgnoringCase(folder->path(), QStringLiteral("a.BAS")).value_or(QString()),
-             QStringLiteral("A.bas"));
+    Put(At(u"A.bas"_s), "x");
+    Put(At(u"a.bas"_s), "x");
+    QCOMPARE(ob::FindIgnoringCase(folder->path(), u"a.bas"_s).value_or(QString()), u"a.bas"_s);
+    QCOMPARE(ob::FindIgnoringCase(folder->path(), u"A.bas"_s).value_or(QString()), u"A.bas"_s);
+    QCOMPARE(ob::FindIgnoringCase(folder->path(), u"a.BAS"_s).value_or(QString()), u"A.bas"_s);
 #else
     QSKIP("the disk minds no case");
 #endif
@@ -365,18 +360,18 @@ void tst_modFiles::theNameAsWrittenComesFirst()
 void tst_modFiles::namesInFoldersAreFoundInAnyCase()
 {
 #ifdef Q_OS_LINUX
-    QVERIFY(QDir(folder->path()).mkpath(QStringLiteral("Lib/Deep")));
-    QVERIFY(QDir(folder->path()).mkpath(QStringLiteral("lib")));
-    Put(At(QStringLiteral("Lib/Deep/X.bas")), "x");
+    QVERIFY(QDir(folder->path()).mkpath(u"Lib/Deep"_s));
+    QVERIFY(QDir(folder->path()).mkpath(u"lib"_s));
+    Put(At(u"Lib/Deep/X.bas"_s), "x");
     const auto find = [&](const char* name) {
-        return ob::FindIgnoringCase(folder->path(), QLatin1String(name)).value_or(QStringLiteral("nothing"));
+        return ob::FindIgnoringCase(folder->path(), QLatin1String(name)).value_or(u"nothing"_s);
     };
-    QCOMPARE(find("Lib/Deep/X.bas"), QStringLiteral("Lib/Deep/X.bas"));
-    QCOMPARE(find("lib/deep/x.bas"), QStringLiteral("Lib/Deep/X.bas"));
-    QCOMPARE(find("LIB\\deep\\x.BAS"), QStringLiteral("Lib/Deep/X.bas"));
-    QCOMPARE(find("lib/../LIB/deep//x.bas"), QStringLiteral("lib/../Lib/Deep/X.bas"));
-    QCOMPARE(find("lib/deep/y.bas"), QStringLiteral("nothing"));
-    QCOMPARE(find("Lib/Deep/X.bas/z"), QStringLiteral("nothing"));
+    QCOMPARE(find("Lib/Deep/X.bas"), u"Lib/Deep/X.bas"_s);
+    QCOMPARE(find("lib/deep/x.bas"), u"Lib/Deep/X.bas"_s);
+    QCOMPARE(find("LIB\\deep\\x.BAS"), u"Lib/Deep/X.bas"_s);
+    QCOMPARE(find("lib/../LIB/deep//x.bas"), u"lib/../Lib/Deep/X.bas"_s);
+    QCOMPARE(find("lib/deep/y.bas"), u"nothing"_s);
+    QCOMPARE(find("Lib/Deep/X.bas/z"), u"nothing"_s);
 #else
     QSKIP("the disk minds no case");
 #endif

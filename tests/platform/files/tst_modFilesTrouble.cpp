@@ -16,6 +16,8 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 class tst_modFilesTrouble : public QObject {
     Q_OBJECT
 
@@ -59,34 +61,34 @@ void tst_modFilesTrouble::cleanup()
 
 void tst_modFilesTrouble::readingFailsWithTheRightNumber()
 {
-    QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(QStringLiteral("gone.bas"))); }), fileNotFound);
-    QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(QStringLiteral("gone/a.bas"))); }), fileNotFound);
+    QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(u"gone.bas"_s)); }), fileNotFound);
+    QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(u"gone/a.bas"_s)); }), fileNotFound);
     QCOMPARE(ErrorOf([] { ob::ReadWhole(QString()); }), fileNotFound);
     QCOMPARE(ErrorOf([&] { ob::ReadWhole(folder->path()); }), pathFileAccess);
 #ifdef Q_OS_LINUX
-    QCOMPARE(ErrorOf([] { ob::ReadWhole(QStringLiteral("/proc/self/mem")); }), deviceIoError);
+    QCOMPARE(ErrorOf([] { ob::ReadWhole(u"/proc/self/mem"_s); }), deviceIoError);
     QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
-    Put(At(QStringLiteral("closed.bas")), "x");
-    QVERIFY(QFile::setPermissions(At(QStringLiteral("closed.bas")), {}));
+    Put(At(u"closed.bas"_s), "x");
+    QVERIFY(QFile::setPermissions(At(u"closed.bas"_s), {}));
     const PlainUser user;
-    QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(QStringLiteral("closed.bas"))); }), pathFileAccess);
+    QCOMPARE(ErrorOf([&] { ob::ReadWhole(At(u"closed.bas"_s)); }), pathFileAccess);
 #endif
     try {
-        ob::ReadWhole(At(QStringLiteral("gone.bas")));
+        ob::ReadWhole(At(u"gone.bas"_s));
         QFAIL("nothing raised");
     } catch (const ob::RuntimeError& error) {
-        QCOMPARE(error.description, QStringLiteral("File not found"));
-        QCOMPARE(error.source, QDir::toNativeSeparators(At(QStringLiteral("gone.bas"))));
+        QCOMPARE(error.description, u"File not found"_s);
+        QCOMPARE(error.source, QDir::toNativeSeparators(At(u"gone.bas"_s)));
     }
 }
 
 void tst_modFilesTrouble::linksInACircleAreAnError()
 {
 #ifdef Q_OS_UNIX
-    QCOMPARE(symlink("b", QFile::encodeName(At(QStringLiteral("a"))).constData()), 0);
-    QCOMPARE(symlink("a", QFile::encodeName(At(QStringLiteral("b"))).constData()), 0);
-    QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("a")), "x"); }), pathFileAccess);
-    QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(QStringLiteral("a")), "x"); }), pathFileAccess);
+    QCOMPARE(symlink("b", QFile::encodeName(At(u"a"_s)).constData()), 0);
+    QCOMPARE(symlink("a", QFile::encodeName(At(u"b"_s)).constData()), 0);
+    QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(u"a"_s), "x"); }), pathFileAccess);
+    QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(u"a"_s), "x"); }), pathFileAccess);
     QCOMPARE(Entries().size(), 2);
 #else
     QSKIP("links need rights here");
@@ -96,7 +98,7 @@ void tst_modFilesTrouble::linksInACircleAreAnError()
 void tst_modFilesTrouble::aFullDeviceIsAFullDisk()
 {
 #ifdef Q_OS_LINUX
-    const QString full = QStringLiteral("/dev/full");
+    const QString full = u"/dev/full"_s;
     QCOMPARE(ErrorOf([&] { ob::ReplaceFile(full, "x"); }), diskFull);
     QCOMPARE(ErrorOf([&] { ob::AppendToFile(full, "x"); }), diskFull);
     QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(full, "x"); }), diskFull);
@@ -109,14 +111,14 @@ void tst_modFilesTrouble::aFullDeviceIsAFullDisk()
 void tst_modFilesTrouble::aFullDiskLeavesTheOldFile()
 {
 #ifdef Q_OS_UNIX
-    const QString path = At(QStringLiteral("a.bas"));
+    const QString path = At(u"a.bas"_s);
     Put(path, "the old text");
     {
         const FileSizeLimit limit(10000);
         QCOMPARE(ErrorOf([&] { ob::ReplaceFile(path, QByteArray(10001, 'n')); }), diskFull);
     }
     QCOMPARE(Get(path), QByteArray("the old text"));
-    QCOMPARE(Entries(), QStringList{QStringLiteral("a.bas")});
+    QCOMPARE(Entries(), QStringList{u"a.bas"_s});
 #else
     QSKIP("cannot make a disk full");
 #endif
@@ -128,9 +130,9 @@ void tst_modFilesTrouble::aFullDiskLeavesNoNewFile()
     {
         const FileSizeLimit limit(10000);
         const QByteArray bytes(20000, 'n');
-        QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("a.bas")), bytes); }), diskFull);
-        QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(QStringLiteral("b.bas")), bytes); }), diskFull);
-        QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(At(QStringLiteral("c.bas")), bytes); }), diskFull);
+        QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(u"a.bas"_s), bytes); }), diskFull);
+        QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(u"b.bas"_s), bytes); }), diskFull);
+        QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(At(u"c.bas"_s), bytes); }), diskFull);
     }
     QCOMPARE(Entries(), QStringList());
 #else
@@ -140,12 +142,12 @@ void tst_modFilesTrouble::aFullDiskLeavesNoNewFile()
 
 void tst_modFilesTrouble::missingFoldersAreReported()
 {
-    const QString path = At(QStringLiteral("gone/a.bas"));
+    const QString path = At(u"gone/a.bas"_s);
     QCOMPARE(ErrorOf([&] { ob::ReplaceFile(path, "x"); }), pathNotFound);
     QCOMPARE(ErrorOf([&] { ob::AppendToFile(path, "x"); }), pathNotFound);
     QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(path, "x"); }), pathNotFound);
-    Put(At(QStringLiteral("file")), "x");
-    QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("file/a.bas")), "x"); }), pathNotFound);
+    Put(At(u"file"_s), "x");
+    QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(u"file/a.bas"_s), "x"); }), pathNotFound);
     QCOMPARE(ErrorOf([] { ob::ReplaceFile(QString(), "x"); }), pathFileAccess);
     QCOMPARE(ErrorOf([] { ob::AppendToFile(QString(), "x"); }), pathFileAccess);
 }
@@ -153,7 +155,7 @@ void tst_modFilesTrouble::missingFoldersAreReported()
 void tst_modFilesTrouble::foldersThatTakeNoFileAreReported()
 {
 #ifdef Q_OS_LINUX
-    for (const QString& path : {QStringLiteral("/proc/a.bas"), QStringLiteral("/proc/self/a.bas")}) {
+    for (const QString& path : {u"/proc/a.bas"_s, u"/proc/self/a.bas"_s}) {
         QCOMPARE(ErrorOf([&] { ob::ReplaceFile(path, "x"); }), pathFileAccess);
         QCOMPARE(ErrorOf([&] { ob::AppendToFile(path, "x"); }), pathFileAccess);
         QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(path, "x"); }), pathFileAccess);
@@ -166,25 +168,25 @@ void tst_modFilesTrouble::foldersThatTakeNoFileAreReported()
 void tst_modFilesTrouble::aWritableFileInAClosedFolderIsWrittenInPlace()
 {
 #ifdef Q_OS_UNIX
-    Put(At(QStringLiteral("a.bas")), "old");
-    QVERIFY(QFile::setPermissions(At(QStringLiteral("a.bas")), QFile::Permissions(0x6666)));
+    Put(At(u"a.bas"_s), "old");
+    QVERIFY(QFile::setPermissions(At(u"a.bas"_s), QFile::Permissions(0x6666)));
     QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
     {
         const PlainUser user;
-        ob::ReplaceFile(At(QStringLiteral("a.bas")), "a longer new one");
-        QCOMPARE(Get(At(QStringLiteral("a.bas"))), QByteArray("a longer new one"));
+        ob::ReplaceFile(At(u"a.bas"_s), "a longer new one");
+        QCOMPARE(Get(At(u"a.bas"_s)), QByteArray("a longer new one"));
         {
             const FileSizeLimit full(16);
-            QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("a.bas")), QByteArray(100, 'x')); }), diskFull);
+            QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(u"a.bas"_s), QByteArray(100, 'x')); }), diskFull);
         }
-        QCOMPARE(Get(At(QStringLiteral("a.bas"))), QByteArray("a longer new one"));
-        ob::ReplaceFile(At(QStringLiteral("a.bas")), "old");
-        QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("b.bas")), "new"); }), pathFileAccess);
-        ob::AppendToFile(At(QStringLiteral("a.bas")), "er");
+        QCOMPARE(Get(At(u"a.bas"_s)), QByteArray("a longer new one"));
+        ob::ReplaceFile(At(u"a.bas"_s), "old");
+        QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(u"b.bas"_s), "new"); }), pathFileAccess);
+        ob::AppendToFile(At(u"a.bas"_s), "er");
     }
     QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
-    QCOMPARE(Get(At(QStringLiteral("a.bas"))), QByteArray("older\r\n"));
-    QCOMPARE(Entries(), QStringList{QStringLiteral("a.bas")});
+    QCOMPARE(Get(At(u"a.bas"_s)), QByteArray("older\r\n"));
+    QCOMPARE(Entries(), QStringList{u"a.bas"_s});
 #else
     QSKIP("has no such permissions");
 #endif
@@ -193,17 +195,17 @@ void tst_modFilesTrouble::aWritableFileInAClosedFolderIsWrittenInPlace()
 void tst_modFilesTrouble::aWriteProtectedFileIsNotReplaced()
 {
 #ifdef Q_OS_UNIX
-    Put(At(QStringLiteral("a.bas")), "old");
+    Put(At(u"a.bas"_s), "old");
     QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
-    QVERIFY(QFile::setPermissions(At(QStringLiteral("a.bas")), QFile::Permissions(0x4444)));
+    QVERIFY(QFile::setPermissions(At(u"a.bas"_s), QFile::Permissions(0x4444)));
     {
         const PlainUser user;
-        QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("a.bas")), "new"); }), pathFileAccess);
-        QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(QStringLiteral("a.bas")), "new"); }), pathFileAccess);
-        QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(At(QStringLiteral("a.bas")), "new"); }), pathFileAccess);
+        QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(u"a.bas"_s), "new"); }), pathFileAccess);
+        QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(u"a.bas"_s), "new"); }), pathFileAccess);
+        QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(At(u"a.bas"_s), "new"); }), pathFileAccess);
     }
-    QCOMPARE(Get(At(QStringLiteral("a.bas"))), QByteArray("old"));
-    QCOMPARE(Entries(), QStringList{QStringLiteral("a.bas")});
+    QCOMPARE(Get(At(u"a.bas"_s)), QByteArray("old"));
+    QCOMPARE(Entries(), QStringList{u"a.bas"_s});
 #else
     QSKIP("has no such permissions");
 #endif
@@ -211,18 +213,18 @@ void tst_modFilesTrouble::aWriteProtectedFileIsNotReplaced()
 
 void tst_modFilesTrouble::aFolderIsNotReplaced()
 {
-    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("sub")));
-    QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(QStringLiteral("sub")), "x"); }), pathFileAccess);
-    QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(QStringLiteral("sub")), "x"); }), pathFileAccess);
-    QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(At(QStringLiteral("sub")), "x"); }), pathFileAccess);
-    QVERIFY(QFileInfo(At(QStringLiteral("sub"))).isDir());
+    QVERIFY(QDir(folder->path()).mkdir(u"sub"_s));
+    QCOMPARE(ErrorOf([&] { ob::ReplaceFile(At(u"sub"_s), "x"); }), pathFileAccess);
+    QCOMPARE(ErrorOf([&] { ob::AppendToFile(At(u"sub"_s), "x"); }), pathFileAccess);
+    QCOMPARE(ErrorOf([&] { ob::WriteKeepingTail(At(u"sub"_s), "x"); }), pathFileAccess);
+    QVERIFY(QFileInfo(At(u"sub"_s)).isDir());
     QCOMPARE(Entries().size(), 1);
 }
 
 void tst_modFilesTrouble::appendingToAFullDiskLeavesTheOldFile()
 {
 #ifdef Q_OS_UNIX
-    const QString path = At(QStringLiteral("game.BAK"));
+    const QString path = At(u"game.BAK"_s);
     Put(path, QByteArray(9000, 'o'));
     {
         const FileSizeLimit limit(10000);
@@ -241,7 +243,7 @@ void tst_modFilesTrouble::appendingToAFullDiskLeavesTheOldFile()
 void tst_modFilesTrouble::writingBeyondAFullDiskKeepsTheOldLength()
 {
 #ifdef Q_OS_UNIX
-    const QString path = At(QStringLiteral("wrapper32.bas"));
+    const QString path = At(u"wrapper32.bas"_s);
     Put(path, "old");
     {
         const FileSizeLimit limit(10000);

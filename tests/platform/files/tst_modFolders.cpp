@@ -10,11 +10,13 @@
 #include <sys/stat.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QStringList shown = {QStringLiteral("*.bas"), QStringLiteral("*.bak")};
+const QStringList shown = {u"*.bas"_s, u"*.bak"_s};
 
 QStringList Words(const char* words)
 {
@@ -59,10 +61,10 @@ private Q_SLOTS:
 
     void theEmptyNameFitsStarsOnly()
     {
-        QVERIFY(Fits(QStringLiteral(""), NamePattern({QStringLiteral("*")})));
-        QVERIFY(Fits(QStringLiteral(""), NamePattern({QStringLiteral("")})));
-        QVERIFY(!Fits(QStringLiteral(""), NamePattern({QStringLiteral("?")})));
-        QVERIFY(!Fits(QStringLiteral("a"), NamePattern({QStringLiteral("")})));
+        QVERIFY(Fits(u""_s, NamePattern({u"*"_s})));
+        QVERIFY(Fits(u""_s, NamePattern({u""_s})));
+        QVERIFY(!Fits(u""_s, NamePattern({u"?"_s})));
+        QVERIFY(!Fits(u"a"_s, NamePattern({u""_s})));
     }
 
     // A naive matcher's work doubles with each star.
@@ -91,7 +93,7 @@ private Q_SLOTS:
 
     void aFolderThatIsNotThereHoldsNothing()
     {
-        const FolderContents contents = ReadFolder(QStringLiteral("/nowhere/at/all"), shown);
+        const FolderContents contents = ReadFolder(u"/nowhere/at/all"_s, shown);
         QVERIFY(contents.files.isEmpty());
         QVERIFY(contents.folders.isEmpty());
     }
@@ -101,11 +103,11 @@ private Q_SLOTS:
     void onlyRegularFilesAreShown()
     {
         const CoreBench bench;
-        const QString real = bench.Put(QStringLiteral("real.bas"), "x");
-        QCOMPARE(::mkfifo(qPrintable(bench.Path(QStringLiteral("pipe.bas"))), 0600), 0);
-        QVERIFY(QFile::link(real, bench.Path(QStringLiteral("link.bas"))));
-        QVERIFY(QFile::link(QStringLiteral("/nowhere"), bench.Path(QStringLiteral("broken.bas"))));
-        QVERIFY(QFile::link(bench.Path(QStringLiteral("pipe.bas")), bench.Path(QStringLiteral("topipe.bas"))));
+        const QString real = bench.Put(u"real.bas"_s, "x");
+        QCOMPARE(::mkfifo(qPrintable(bench.Path(u"pipe.bas"_s)), 0600), 0);
+        QVERIFY(QFile::link(real, bench.Path(u"link.bas"_s)));
+        QVERIFY(QFile::link(u"/nowhere"_s, bench.Path(u"broken.bas"_s)));
+        QVERIFY(QFile::link(bench.Path(u"pipe.bas"_s), bench.Path(u"topipe.bas"_s)));
         QCOMPARE(ReadFolder(QDir::currentPath(), shown).files, Words("link.bas real.bas"));
     }
 #endif
@@ -115,7 +117,7 @@ private Q_SLOTS:
         const CoreBench bench;
         constexpr int count = 20'000;
         for (int i = 0; i < count; ++i)
-            bench.Put(QStringLiteral("file%1.bas").arg(i), {});
+            bench.Put(u"file%1.bas"_s.arg(i), {});
         QElapsedTimer timer;
         timer.start();
         QCOMPARE(ReadFolder(QDir::currentPath(), shown).files.size(), count);
@@ -124,22 +126,21 @@ private Q_SLOTS:
 
     void theChainLeadsFromTheRootToTheFolder()
     {
-        QCOMPARE(FolderChain(QStringLiteral("/")), Words("/"));
-        QCOMPARE(FolderChain(QStringLiteral("/home")), Words("/ /home"));
-        QCOMPARE(FolderChain(QStringLiteral("/home/me/code/")), Words("/ /home /home/me /home/me/code"));
+        QCOMPARE(FolderChain(u"/"_s), Words("/"));
+        QCOMPARE(FolderChain(u"/home"_s), Words("/ /home"));
+        QCOMPARE(FolderChain(u"/home/me/code/"_s), Words("/ /home /home/me /home/me/code"));
 #ifdef Q_OS_WIN
-        QCOMPARE(FolderChain(QStringLiteral("C:/")), Words("C:/"));
-        QCOMPARE(FolderChain(QStringLiteral("C:/code/old")), Words("C:/ C:/code C:/code/old"));
+        QCOMPARE(FolderChain(u"C:/"_s), Words("C:/"));
+        QCOMPARE(FolderChain(u"C:/code/old"_s), Words("C:/ C:/code C:/code/old"));
 #endif
     }
 
     void aPathIsJoinedWithOneSeparator()
     {
         const QChar separator = QDir::separator();
-        QCOMPARE(PathIn(QStringLiteral("/code"), QStringLiteral("a.bas")),
-                 separator + QStringLiteral("code") + separator + QStringLiteral("a.bas"));
-        QCOMPARE(PathIn(QStringLiteral("/"), QStringLiteral("a.bas")), separator + QStringLiteral("a.bas"));
-        QVERIFY(PathIn(QStringLiteral("/code"), {}).endsWith(separator));
+        QCOMPARE(PathIn(u"/code"_s, u"a.bas"_s), separator + u"code"_s + separator + u"a.bas"_s);
+        QCOMPARE(PathIn(u"/"_s, u"a.bas"_s), separator + u"a.bas"_s);
+        QVERIFY(PathIn(u"/code"_s, {}).endsWith(separator));
     }
 
     void rootAndHomeAreAmongTheDrivesOnce()
@@ -190,15 +191,14 @@ private Q_SLOTS:
 
     void aFolderBelongsToTheInnermostDrive()
     {
-        const QList<Drive> drives = {
-            {QStringLiteral("/"), {}}, {QStringLiteral("/home/me"), {}}, {QStringLiteral("/mnt/disk"), {}}};
-        QCOMPARE(DriveOf(drives, QStringLiteral("/")), 0);
-        QCOMPARE(DriveOf(drives, QStringLiteral("/home")), 0);
-        QCOMPARE(DriveOf(drives, QStringLiteral("/home/me")), 1);
-        QCOMPARE(DriveOf(drives, QStringLiteral("/home/me/code")), 1);
-        QCOMPARE(DriveOf(drives, QStringLiteral("/home/mean")), 0);
-        QCOMPARE(DriveOf(drives, QStringLiteral("/mnt/disk/a/b")), 2);
-        QCOMPARE(DriveOf({}, QStringLiteral("/home")), -1);
+        const QList<Drive> drives = {{u"/"_s, {}}, {u"/home/me"_s, {}}, {u"/mnt/disk"_s, {}}};
+        QCOMPARE(DriveOf(drives, u"/"_s), 0);
+        QCOMPARE(DriveOf(drives, u"/home"_s), 0);
+        QCOMPARE(DriveOf(drives, u"/home/me"_s), 1);
+        QCOMPARE(DriveOf(drives, u"/home/me/code"_s), 1);
+        QCOMPARE(DriveOf(drives, u"/home/mean"_s), 0);
+        QCOMPARE(DriveOf(drives, u"/mnt/disk/a/b"_s), 2);
+        QCOMPARE(DriveOf({}, u"/home"_s), -1);
     }
 };
 

@@ -8,6 +8,8 @@
 #include <random>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The characters of windows-1252 between 80 and 9F, in order.
@@ -155,14 +157,14 @@ void tst_modAnsi::theFirstLostLineIsNamed_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("line");
-    QTest::newRow("first line") << QStringLiteral("\u0436\r\na") << 1;
-    QTest::newRow("CR LF") << QStringLiteral("a\r\nb\r\n\u0436") << 3;
-    QTest::newRow("LF") << QStringLiteral("a\nb\n\n\u0436") << 4;
-    QTest::newRow("CR") << QStringLiteral("a\rb\r\u0436") << 3;
-    QTest::newRow("LF CR are two ends") << QStringLiteral("a\n\r\u0436") << 3;
-    QTest::newRow("CR right before it") << QStringLiteral("\r\u0436") << 2;
-    QTest::newRow("the first of several") << QStringLiteral("a\n\u0436\n\u0436") << 2;
-    QTest::newRow("other characters do not count") << QStringLiteral("\u00E4\u20AC\n\u00FC") << -1;
+    QTest::newRow("first line") << u"\u0436\r\na"_s << 1;
+    QTest::newRow("CR LF") << u"a\r\nb\r\n\u0436"_s << 3;
+    QTest::newRow("LF") << u"a\nb\n\n\u0436"_s << 4;
+    QTest::newRow("CR") << u"a\rb\r\u0436"_s << 3;
+    QTest::newRow("LF CR are two ends") << u"a\n\r\u0436"_s << 3;
+    QTest::newRow("CR right before it") << u"\r\u0436"_s << 2;
+    QTest::newRow("the first of several") << u"a\n\u0436\n\u0436"_s << 2;
+    QTest::newRow("other characters do not count") << u"\u00E4\u20AC\n\u00FC"_s << -1;
 }
 
 void tst_modAnsi::theFirstLostLineIsNamed()
@@ -245,7 +247,7 @@ void tst_modAnsi::qStringsGoBothWays()
 {
     QCOMPARE(ob::TextFromAnsi("5 \x80 f\xFCr \x93"
                               "alles\x94"),
-             QStringLiteral("5 \u20AC f\u00FCr \u201Calles\u201D"));
+             u"5 \u20AC f\u00FCr \u201Calles\u201D"_s);
     const ob::AnsiText ansi = ob::AnsiFromText(u"\u00DCbung \u20AC \U0001F600");
     QCOMPARE(ansi.bytes, QByteArray("\xDC"
                                     "bung \x80 ?"));
@@ -254,9 +256,9 @@ void tst_modAnsi::qStringsGoBothWays()
 
 void tst_modAnsi::unpairedSurrogatesCountAsLost()
 {
-    QString text = QStringLiteral("a\n?b");
+    QString text = u"a\n?b"_s;
     text[2] = QChar(0xD83D);
-    const ob::AnsiText ansi = ob::AnsiFromText(text + QStringLiteral("\u00E4\U0001F600") + QChar(0xDE00));
+    const ob::AnsiText ansi = ob::AnsiFromText(text + u"\u00E4\U0001F600"_s + QChar(0xDE00));
     QCOMPARE(ansi.bytes, QByteArray("a\n?b\xE4??"));
     QCOMPARE(ansi.lostCount, std::size_t{3});
     QCOMPARE(ansi.firstLostLine, 2);

@@ -10,6 +10,8 @@
 #include <limits>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The number of the error raised by a call; 0 for none.
@@ -141,11 +143,11 @@ void tst_modRuntime::valRaisesOverflow()
     for (const char* text : {"1e309", "-1e309", "1e99999999999999999999", "0.1e310", "&H100000000", "&O40000000000",
                              "&HFFFFFFFFFFFFFFFFFFFF"})
         QCOMPARE(ErrorOf([&] { ob::Val(text); }), overflow);
-    QCOMPARE(ErrorOf([] { ob::Val(QStringLiteral("1e308")); }), 0);
+    QCOMPARE(ErrorOf([] { ob::Val(u"1e308"_s); }), 0);
     QCOMPARE(ErrorOf([] { ob::Val(QByteArray(400, '9')); }), overflow);
     QCOMPARE(ErrorOf([] { ob::Val("0." + QByteArray(400, '0') + "1"); }), 0);
-    QCOMPARE(ob::Val(QStringLiteral("1\u00E45")), 1.0);
-    QCOMPARE(ob::Val(QStringLiteral("\u0661")), 0.0);
+    QCOMPARE(ob::Val(u"1\u00E45"_s), 1.0);
+    QCOMPARE(ob::Val(u"\u0661"_s), 0.0);
 }
 
 void tst_modRuntime::valReadsBackWhatStrWrites()
@@ -239,25 +241,25 @@ void tst_modRuntime::strWritesSingles()
 
 void tst_modRuntime::strWritesWholeNumbers()
 {
-    QCOMPARE(ob::Str(0), QStringLiteral(" 0"));
-    QCOMPARE(ob::Str(42), QStringLiteral(" 42"));
-    QCOMPARE(ob::Str(-42), QStringLiteral("-42"));
-    QCOMPARE(ob::Str(std::int16_t{-32768}), QStringLiteral("-32768"));
-    QCOMPARE(ob::Str(std::uint32_t{0x8000000F}), QStringLiteral(" 2147483663"));
-    QCOMPARE(ob::Str(std::numeric_limits<std::int64_t>::min()), QStringLiteral("-9223372036854775808"));
+    QCOMPARE(ob::Str(0), u" 0"_s);
+    QCOMPARE(ob::Str(42), u" 42"_s);
+    QCOMPARE(ob::Str(-42), u"-42"_s);
+    QCOMPARE(ob::Str(std::int16_t{-32768}), u"-32768"_s);
+    QCOMPARE(ob::Str(std::uint32_t{0x8000000F}), u" 2147483663"_s);
+    QCOMPARE(ob::Str(std::numeric_limits<std::int64_t>::min()), u"-9223372036854775808"_s);
 }
 
 void tst_modRuntime::numberTextHasNoLeadingSpaceAndAZero()
 {
-    QCOMPARE(ob::NumberText(5), QStringLiteral("5"));
-    QCOMPARE(ob::NumberText(-5), QStringLiteral("-5"));
-    QCOMPARE(ob::NumberText(0.5), QStringLiteral("0.5"));
-    QCOMPARE(ob::NumberText(-0.5), QStringLiteral("-0.5"));
-    QCOMPARE(ob::NumberText(0.0), QStringLiteral("0"));
-    QCOMPARE(ob::NumberText(-0.0), QStringLiteral("0"));
-    QCOMPARE(ob::NumberText(12.25F), QStringLiteral("12.25"));
-    QCOMPARE(ob::NumberText(0.1F), QStringLiteral("0.1"));
-    QCOMPARE(ob::NumberText(1e15), QStringLiteral("1E+15"));
+    QCOMPARE(ob::NumberText(5), u"5"_s);
+    QCOMPARE(ob::NumberText(-5), u"-5"_s);
+    QCOMPARE(ob::NumberText(0.5), u"0.5"_s);
+    QCOMPARE(ob::NumberText(-0.5), u"-0.5"_s);
+    QCOMPARE(ob::NumberText(0.0), u"0"_s);
+    QCOMPARE(ob::NumberText(-0.0), u"0"_s);
+    QCOMPARE(ob::NumberText(12.25F), u"12.25"_s);
+    QCOMPARE(ob::NumberText(0.1F), u"0.1"_s);
+    QCOMPARE(ob::NumberText(1e15), u"1E+15"_s);
 }
 
 void tst_modRuntime::halvesRoundToEven_data()
@@ -381,17 +383,17 @@ void tst_modRuntime::booleanOfTakesWordsAndNumbers()
     QCOMPARE(value ? int{*value} : -1, expected);
     if (value)
         QCOMPARE(ob::BooleanOf(ob::BooleanText(*value)), value);
-    QCOMPARE(ob::BooleanText(true), QStringLiteral("True"));
-    QCOMPARE(ob::BooleanText(false), QStringLiteral("False"));
+    QCOMPARE(ob::BooleanText(true), u"True"_s);
+    QCOMPARE(ob::BooleanText(false), u"False"_s);
 }
 
 void tst_modRuntime::trimmingRemovesSpacesOnly()
 {
-    const QString text = QStringLiteral("  \t a b\r\n \u00A0  ");
-    QCOMPARE(ob::TrimSpaces(text), QStringLiteral("\t a b\r\n \u00A0"));
-    QCOMPARE(ob::LTrimSpaces(text), QStringLiteral("\t a b\r\n \u00A0  "));
-    QCOMPARE(ob::RTrimSpaces(text), QStringLiteral("  \t a b\r\n \u00A0"));
-    QCOMPARE(ob::TrimSpaces(QStringLiteral("    ")), QString());
+    const QString text = u"  \t a b\r\n \u00A0  "_s;
+    QCOMPARE(ob::TrimSpaces(text), u"\t a b\r\n \u00A0"_s);
+    QCOMPARE(ob::LTrimSpaces(text), u"\t a b\r\n \u00A0  "_s);
+    QCOMPARE(ob::RTrimSpaces(text), u"  \t a b\r\n \u00A0"_s);
+    QCOMPARE(ob::TrimSpaces(u"    "_s), QString());
     QCOMPARE(ob::TrimSpaces(QString()), QString());
     QCOMPARE(ob::TrimSpaces("  \t x  ").toByteArray(), QByteArray("\t x"));
     QCOMPARE(ob::LTrimSpaces("  x  ").toByteArray(), QByteArray("x  "));
@@ -401,7 +403,7 @@ void tst_modRuntime::trimmingRemovesSpacesOnly()
 
 void tst_modRuntime::caseFoldingIsAsciiOnly()
 {
-    QCOMPARE(ob::LowerAscii(QStringLiteral("AbZ@[`{\u00C4\u0130")), QStringLiteral("abz@[`{\u00C4\u0130"));
+    QCOMPARE(ob::LowerAscii(u"AbZ@[`{\u00C4\u0130"_s), u"abz@[`{\u00C4\u0130"_s);
     QCOMPARE(ob::LowerAscii("AbZ\xC4"), QByteArray("abz\xC4"));
     for (int code = 0; code < 128; ++code)
         QCOMPARE(ob::LowerAscii(static_cast<char>(code)), QChar(code).toLower().toLatin1());
@@ -409,11 +411,11 @@ void tst_modRuntime::caseFoldingIsAsciiOnly()
 
 void tst_modRuntime::equalsIgnoreCaseComparesWholeTexts()
 {
-    QVERIFY(ob::EqualsIgnoreCase(QStringLiteral("No Path"), QLatin1String("no path")));
-    QVERIFY(!ob::EqualsIgnoreCase(QStringLiteral("No Paths"), QLatin1String("no path")));
-    QVERIFY(!ob::EqualsIgnoreCase(QStringLiteral("\u00C4"), QStringLiteral("\u00E4")));
-    QVERIFY(!ob::EqualsIgnoreCase(QStringLiteral("\u212A"), QLatin1String("k")));
-    QVERIFY(ob::EqualsIgnoreCase(QStringLiteral("a\u00C4B"), QStringLiteral("A\u00C4b")));
+    QVERIFY(ob::EqualsIgnoreCase(u"No Path"_s, QLatin1String("no path")));
+    QVERIFY(!ob::EqualsIgnoreCase(u"No Paths"_s, QLatin1String("no path")));
+    QVERIFY(!ob::EqualsIgnoreCase(u"\u00C4"_s, u"\u00E4"_s));
+    QVERIFY(!ob::EqualsIgnoreCase(u"\u212A"_s, QLatin1String("k")));
+    QVERIFY(ob::EqualsIgnoreCase(u"a\u00C4B"_s, u"A\u00C4b"_s));
     QVERIFY(ob::EqualsIgnoreCase(QString(), QString()));
     QVERIFY(ob::EqualsIgnoreCase("GoTo", "gOtO"));
     QVERIFY(!ob::EqualsIgnoreCase("GoTo", "gOsO"));

@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -64,10 +66,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("device");
         QTest::addColumn<QString>("kind");
-        QTest::newRow("avi") << QStringLiteral("AVIvideo") << QStringLiteral("video");
-        QTest::newRow("midi") << QStringLiteral("sequencer") << QStringLiteral("midi");
-        QTest::newRow("mpeg") << QStringLiteral("MPEGvideo") << QStringLiteral("video");
-        QTest::newRow("wave") << QStringLiteral("WAVEAUDIO") << QStringLiteral("sound");
+        QTest::newRow("avi") << u"AVIvideo"_s << u"video"_s;
+        QTest::newRow("midi") << u"sequencer"_s << u"midi"_s;
+        QTest::newRow("mpeg") << u"MPEGvideo"_s << u"video"_s;
+        QTest::newRow("wave") << u"WAVEAUDIO"_s << u"sound"_s;
     }
 
     void aFileIsOpenedOnTheDeviceBeforeTheMark()
@@ -76,84 +78,82 @@ private Q_SLOTS:
         QFETCH(QString, kind);
         for (const char* name : {"a.avi", "two words.avi", "x ! alias y.mid"}) {
             media->log.clear();
-            QCOMPARE(Send(QStringLiteral("open %1!%2 alias PlayFile ").arg(device, Path(name))), 0);
-            QCOMPARE(media->log, QStringList{QStringLiteral("open %1 %2").arg(kind, Path(name))});
-            QCOMPARE(Ask("status PlayFile length"), QStringLiteral("5000"));
-            QCOMPARE(Send(QStringLiteral("close PlayFile")), 0);
+            QCOMPARE(Send(u"open %1!%2 alias PlayFile "_s.arg(device, Path(name))), 0);
+            QCOMPARE(media->log, QStringList{u"open %1 %2"_s.arg(kind, Path(name))});
+            QCOMPARE(Ask("status PlayFile length"), u"5000"_s);
+            QCOMPARE(Send(u"close PlayFile"_s), 0);
         }
     }
 
     void theTypeFormAndQuotesOpenTheSameFile()
     {
-        QCOMPARE(Send(QStringLiteral("open %1 type avivideo alias A").arg(Path("a.avi"))), 0);
-        QCOMPARE(Send(QStringLiteral("OPEN \"%1\" TYPE mpegvideo ALIAS B").arg(Path("two words.avi"))), 0);
-        QCOMPARE(Send(QStringLiteral("open sequencer!%1").arg(Path("a.avi"))), 0);
-        QCOMPARE(media->log, (QStringList{QStringLiteral("open video ") + Path("a.avi"),
-                                          QStringLiteral("open video ") + Path("two words.avi"),
-                                          QStringLiteral("open midi ") + Path("a.avi")}));
-        QCOMPARE(Send(QStringLiteral("close ") + Path("a.avi")), 0);
+        QCOMPARE(Send(u"open %1 type avivideo alias A"_s.arg(Path("a.avi"))), 0);
+        QCOMPARE(Send(u"OPEN \"%1\" TYPE mpegvideo ALIAS B"_s.arg(Path("two words.avi"))), 0);
+        QCOMPARE(Send(u"open sequencer!%1"_s.arg(Path("a.avi"))), 0);
+        QCOMPARE(media->log, (QStringList{u"open video "_s + Path("a.avi"), u"open video "_s + Path("two words.avi"),
+                                          u"open midi "_s + Path("a.avi")}));
+        QCOMPARE(Send(u"close "_s + Path("a.avi")), 0);
         QCOMPARE(media->openCount, 2);
     }
 
     void theAnswerEndsInANulAndLeavesTheRest()
     {
-        Send(QStringLiteral("open avivideo!%1 alias P").arg(Path("a.avi")));
+        Send(u"open avivideo!%1 alias P"_s.arg(Path("a.avi")));
         QByteArray buffer(8, ' ');
-        QCOMPARE(Number(mciSendStringA(QStringLiteral("status P length"), &buffer, 8, 0)), 0);
+        QCOMPARE(Number(mciSendStringA(u"status P length"_s, &buffer, 8, 0)), 0);
         QCOMPARE(buffer, QByteArray("5000\0   ", 8));
         QByteArray small(3, ' ');
-        QCOMPARE(mciSendStringA(QStringLiteral("status P length"), &small, 3, 0), MciResult::AnswerTooLong);
+        QCOMPARE(mciSendStringA(u"status P length"_s, &small, 3, 0), MciResult::AnswerTooLong);
         QCOMPARE(small, QByteArray("50\0", 3));
         QByteArray none;
-        QCOMPARE(Number(mciSendStringA(QStringLiteral("status P length"), &none, 2, 0)),
-                 Number(MciResult::AnswerTooLong));
+        QCOMPARE(Number(mciSendStringA(u"status P length"_s, &none, 2, 0)), Number(MciResult::AnswerTooLong));
         QCOMPARE(none, QByteArray("5\0", 2));
-        QCOMPARE(Number(mciSendStringA(QStringLiteral("status P length"), nullptr, 128, 0)), 0);
+        QCOMPARE(Number(mciSendStringA(u"status P length"_s, nullptr, 128, 0)), 0);
     }
 
     void positionAndModeFollowThePlaying()
     {
-        Send(QStringLiteral("open avivideo!%1 alias PlayFile").arg(Path("a.avi")));
-        QCOMPARE(Ask("status PlayFile position"), QStringLiteral("0"));
-        QCOMPARE(Ask("status PlayFile mode"), QStringLiteral("stopped"));
-        QCOMPARE(Send(QStringLiteral("play PlayFile")), 0);
-        QCOMPARE(media->log.last(), QStringLiteral("play"));
+        Send(u"open avivideo!%1 alias PlayFile"_s.arg(Path("a.avi")));
+        QCOMPARE(Ask("status PlayFile position"), u"0"_s);
+        QCOMPARE(Ask("status PlayFile mode"), u"stopped"_s);
+        QCOMPARE(Send(u"play PlayFile"_s), 0);
+        QCOMPARE(media->log.last(), u"play"_s);
         media->position = 1'234;
-        QCOMPARE(Ask("status playfile POSITION"), QStringLiteral("1234"));
-        QCOMPARE(Ask("status PlayFile mode"), QStringLiteral("playing"));
+        QCOMPARE(Ask("status playfile POSITION"), u"1234"_s);
+        QCOMPARE(Ask("status PlayFile mode"), u"playing"_s);
         media->position = 5'000;
-        QCOMPARE(Ask("status PlayFile mode"), QStringLiteral("stopped"));
+        QCOMPARE(Ask("status PlayFile mode"), u"stopped"_s);
     }
 
     void closeAllClosesEveryDevice()
     {
-        Send(QStringLiteral("open avivideo!%1 alias A").arg(Path("a.avi")));
-        Send(QStringLiteral("open avivideo!%1 alias B").arg(Path("two words.avi")));
+        Send(u"open avivideo!%1 alias A"_s.arg(Path("a.avi")));
+        Send(u"open avivideo!%1 alias B"_s.arg(Path("two words.avi")));
         QCOMPARE(media->openCount, 2);
-        QCOMPARE(Send(QStringLiteral("close all")), 0);
+        QCOMPARE(Send(u"close all"_s), 0);
         QCOMPARE(media->openCount, 0);
         QCOMPARE(Ask("status A length"), QString());
-        QCOMPARE(Send(QStringLiteral("close all")), 0);
+        QCOMPARE(Send(u"close all"_s), 0);
     }
 
     void stopEndsOneDevice()
     {
-        Send(QStringLiteral("open avivideo!%1 alias A").arg(Path("a.avi")));
-        QCOMPARE(Send(QStringLiteral("stop A")), 0);
+        Send(u"open avivideo!%1 alias A"_s.arg(Path("a.avi")));
+        QCOMPARE(Send(u"stop A"_s), 0);
         QCOMPARE(media->openCount, 0);
     }
 
     void playAndWaitReturnsAtTheEnd()
     {
-        Send(QStringLiteral("open avivideo!%1 alias A").arg(Path("a.avi")));
+        Send(u"open avivideo!%1 alias A"_s.arg(Path("a.avi")));
         QTimer::singleShot(60, this, [this] { media->position = 5'000; });
         QElapsedTimer timer;
         timer.start();
-        QCOMPARE(Send(QStringLiteral("play A wait")), 0);
+        QCOMPARE(Send(u"play A wait"_s), 0);
         QVERIFY(timer.elapsed() >= 55);
-        QTimer::singleShot(30, this, [] { Send(QStringLiteral("close all")); });
+        QTimer::singleShot(30, this, [] { Send(u"close all"_s); });
         media->position = 0;
-        QCOMPARE(Send(QStringLiteral("play A wait")), 0);
+        QCOMPARE(Send(u"play A wait"_s), 0);
         QCOMPARE(media->openCount, 0);
     }
 
@@ -190,7 +190,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, command);
         QFETCH(int, result);
-        Send(QStringLiteral("open avivideo!%1 alias P").arg(Path("a.avi")));
+        Send(u"open avivideo!%1 alias P"_s.arg(Path("a.avi")));
         command.replace(QLatin1String("FILE"), Path("a.avi")).replace(QLatin1String("FOLDER"), folder->path());
         QCOMPARE(Send(command), result);
         QCOMPARE(media->openCount, 1);
@@ -200,7 +200,7 @@ private Q_SLOTS:
     {
         media->length = -1;
         media->trouble = MediaTrouble::NoSoundFont;
-        QCOMPARE(Send(QStringLiteral("open sequencer!%1 alias P").arg(Path("a.avi"))), Number(MciResult::InvalidFile));
+        QCOMPARE(Send(u"open sequencer!%1 alias P"_s.arg(Path("a.avi"))), Number(MciResult::InvalidFile));
         QCOMPARE(LastMediaTrouble(), MediaTrouble::NoSoundFont);
         QCOMPARE(Ask("status P length"), QString());
     }
@@ -210,7 +210,7 @@ private Q_SLOTS:
         media.reset();
         SetLibraryFolder(folder->path());
         SetProgramFolder(folder->path());
-        QCOMPARE(Send(QStringLiteral("open avivideo!%1 alias P").arg(Path("a.avi"))), Number(MciResult::InvalidFile));
+        QCOMPARE(Send(u"open avivideo!%1 alias P"_s.arg(Path("a.avi"))), Number(MciResult::InvalidFile));
         QCOMPARE(LastMediaTrouble(), MediaTrouble::NoPlayer);
         QVERIFY(!sndPlaySoundA(Path("s.wav"), SND_ASYNC));
         SetLibraryFolder({});
@@ -220,12 +220,12 @@ private Q_SLOTS:
     void aSoundPlaysBesideTheDevicesAndTheNextOneEndsIt()
     {
         QVERIFY(sndPlaySoundA(Path("s.wav"), SND_ASYNC | SND_NODEFAULT));
-        QCOMPARE(media->log, (QStringList{QStringLiteral("open sound ") + Path("s.wav"), QStringLiteral("play")}));
-        Send(QStringLiteral("close all"));
+        QCOMPARE(media->log, (QStringList{u"open sound "_s + Path("s.wav"), u"play"_s}));
+        Send(u"close all"_s);
         QCOMPARE(media->openCount, 1);
         QVERIFY(sndPlaySoundA(Path("s.wav"), SND_ASYNC | SND_NODEFAULT));
         QCOMPARE(media->openCount, 1);
-        QCOMPARE(media->log.count(QStringLiteral("close")), 1);
+        QCOMPARE(media->log.count(u"close"_s), 1);
     }
 
     void theNameOfNoSoundEndsTheOneInProgress()
@@ -235,10 +235,10 @@ private Q_SLOTS:
         const QString before = QDir::currentPath();
         QDir::setCurrent(folder->path());
         Put(Path("1"), "bytes");
-        QVERIFY(!sndPlaySoundA(QStringLiteral("1"), SND_SYNC));
+        QVERIFY(!sndPlaySoundA(u"1"_s, SND_SYNC));
         QDir::setCurrent(before);
         QCOMPARE(media->openCount, 0);
-        QCOMPARE(media->log.last(), QStringLiteral("close"));
+        QCOMPARE(media->log.last(), u"close"_s);
     }
 
     void aSoundWithoutTheFlagPlaysToItsEnd()

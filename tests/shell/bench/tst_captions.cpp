@@ -5,6 +5,8 @@
 #include <QTest>
 #include <QXmlStreamReader>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Row {
@@ -225,7 +227,7 @@ constexpr Row Rows[] = {
 QHash<QString, QString> TextsOf(const QString& window)
 {
     QHash<QString, QString> texts;
-    QFile file(QStringLiteral(OB_TEST_DATA "/../../src/") + window + QStringLiteral(".ui"));
+    QFile file(u"" OB_TEST_DATA "/../../src/"_s + window + u".ui"_s);
     if (!file.open(QIODevice::ReadOnly))
         return texts;
     QString control;

@@ -8,6 +8,8 @@
 
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -53,7 +55,7 @@ Preferences Changed()
     for (const PreferenceRow& row : PreferenceRows()) {
         ++number;
         if (const auto* text = std::get_if<Field<QString>>(&row.field))
-            values.*text->copy = QStringLiteral("text %1").arg(number);
+            values.*text->copy = u"text %1"_s.arg(number);
         else if (const auto* color = std::get_if<Field<ColorRef>>(&row.field))
             values.*color->copy = static_cast<ColorRef>(0x010203 * number);
         else if (const auto* choice = std::get_if<Field<bool>>(&row.field))
@@ -67,7 +69,7 @@ Preferences Changed()
 
 QString Stored(const char* key)
 {
-    return ReadSetting(QString::fromLatin1(key), QStringLiteral("(none)"));
+    return ReadSetting(QString::fromLatin1(key), u"(none)"_s);
 }
 
 } // namespace
@@ -80,7 +82,7 @@ private Q_SLOTS:
     {
         bench = std::make_unique<CoreBench>();
         ReadAllSettings();
-        folder = QFileInfo(bench->ProgramPath(QStringLiteral("x"))).path();
+        folder = QFileInfo(bench->ProgramPath(u"x"_s)).path();
     }
 
     void cleanup()
@@ -103,16 +105,16 @@ private Q_SLOTS:
 
     void copiesHoldWhatTheSettingsHold()
     {
-        OBPath = QStringLiteral("/e/orchard.exe");
+        OBPath = u"/e/orchard.exe"_s;
         Editor.FontHeight = 0;
         Editor.TabSize = 70000;
         Editor.SyntaxColor = 1;
         Editor.HandleColor = 0x12345678;
         AddComments = true;
         const Preferences values = LoadPreferences(folder);
-        QCOMPARE(values.orchardPath, QStringLiteral("/e/orchard.exe"));
-        QCOMPARE(values.helpPath, QStringLiteral("no path"));
-        QCOMPARE(values.fontName, QStringLiteral("Courier New"));
+        QCOMPARE(values.orchardPath, u"/e/orchard.exe"_s);
+        QCOMPARE(values.helpPath, u"no path"_s);
+        QCOMPARE(values.fontName, u"Courier New"_s);
         QCOMPARE(values.fontSize, 0);
         QCOMPARE(values.tabSize, 70000);
         QCOMPARE(values.syntaxColor, 1);
@@ -147,7 +149,7 @@ private Q_SLOTS:
     {
         const Preferences values = Changed();
         QCOMPARE(Editor.TabSize, 4);
-        QCOMPARE(Editor.FontName, QStringLiteral("Courier New"));
+        QCOMPARE(Editor.FontName, u"Courier New"_s);
         QVERIFY(values.fontName != Editor.FontName);
     }
 
@@ -155,22 +157,22 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<int>("size");
-        QTest::newRow("99") << QStringLiteral("99") << 12;
-        QTest::newRow("13") << QStringLiteral("13") << 12;
-        QTest::newRow("12") << QStringLiteral("12") << 12;
-        QTest::newRow("1") << QStringLiteral("1") << 1;
-        QTest::newRow("0 stays") << QStringLiteral("0") << 0;
-        QTest::newRow("-1 stays") << QStringLiteral("-1") << -1;
-        QTest::newRow("-2") << QStringLiteral("-2") << 1;
-        QTest::newRow("a word") << QStringLiteral("wide") << 0;
-        QTest::newRow("minus alone") << QStringLiteral("-") << 0;
-        QTest::newRow("number and a character") << QStringLiteral("8x") << 8;
-        QTest::newRow("half to even") << QStringLiteral("2.5") << 2;
-        QTest::newRow("beyond 32 bits") << QStringLiteral("99999999999") << 12;
-        QTest::newRow("beyond 32 bits below") << QStringLiteral("-99999999999") << 1;
-        QTest::newRow("beyond a double") << QStringLiteral("1e999") << 12;
-        QTest::newRow("beyond a double below") << QStringLiteral("-1e999") << 1;
-        QTest::newRow("hexadecimal") << QStringLiteral("&HA") << 10;
+        QTest::newRow("99") << u"99"_s << 12;
+        QTest::newRow("13") << u"13"_s << 12;
+        QTest::newRow("12") << u"12"_s << 12;
+        QTest::newRow("1") << u"1"_s << 1;
+        QTest::newRow("0 stays") << u"0"_s << 0;
+        QTest::newRow("-1 stays") << u"-1"_s << -1;
+        QTest::newRow("-2") << u"-2"_s << 1;
+        QTest::newRow("a word") << u"wide"_s << 0;
+        QTest::newRow("minus alone") << u"-"_s << 0;
+        QTest::newRow("number and a character") << u"8x"_s << 8;
+        QTest::newRow("half to even") << u"2.5"_s << 2;
+        QTest::newRow("beyond 32 bits") << u"99999999999"_s << 12;
+        QTest::newRow("beyond 32 bits below") << u"-99999999999"_s << 1;
+        QTest::newRow("beyond a double") << u"1e999"_s << 12;
+        QTest::newRow("beyond a double below") << u"-1e999"_s << 1;
+        QTest::newRow("hexadecimal") << u"&HA"_s << 10;
     }
 
     void aTypedTabSizeIsClampedAtItsEnds()
@@ -237,12 +239,12 @@ private Q_SLOTS:
         AddDocument(&broken);
         AddDocument(&sound);
         Preferences values = Changed();
-        values.comments = QStringLiteral("'me");
+        values.comments = u"'me"_s;
         ApplyPreferences(values, folder);
         QCOMPARE(sound.times, 1);
         QCOMPARE(AddComments, true);
         QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'me\r\n"));
-        QCOMPARE(Stored("TabSize"), QStringLiteral("7"));
+        QCOMPARE(Stored("TabSize"), u"7"_s);
     }
 
     void applyStoresEverything()
@@ -250,17 +252,17 @@ private Q_SLOTS:
         Preferences values = Changed();
         ApplyPreferences(values, folder);
         QCOMPARE(Stored("OBPath"), values.orchardPath);
-        QCOMPARE(Stored("FontHeight"), QStringLiteral("33"));
-        QCOMPARE(Stored("QuitQuery"), QStringLiteral("False"));
-        QCOMPARE(Stored("AddComments"), QStringLiteral("True"));
+        QCOMPARE(Stored("FontHeight"), u"33"_s);
+        QCOMPARE(Stored("QuitQuery"), u"False"_s);
+        QCOMPARE(Stored("AddComments"), u"True"_s);
         QCOMPARE(Stored("HandleColor"), QString::number(values.handleColor));
         QVERIFY(CoreBench::Get(bench->StorePath()).contains("TabSize=7"));
     }
 
     void aStoreThatCannotBeWrittenStopsNothing()
     {
-        const QString inTheWay = bench->Put(QStringLiteral("file"), "x");
-        SetSettingsFile(inTheWay + QStringLiteral("/store.ini"));
+        const QString inTheWay = bench->Put(u"file"_s, "x");
+        SetSettingsFile(inTheWay + u"/store.ini"_s);
         Preferences values = Changed();
         ApplyPreferences(values, folder);
         QCOMPARE(Editor.TabSize, 7);
@@ -273,13 +275,13 @@ private Q_SLOTS:
         CoreBench::PutFile(CommentsPath(folder), "");
         QCOMPARE(LoadPreferences(folder).comments, QString());
         CoreBench::PutFile(CommentsPath(folder), "'by \xE9\r\n'me\r\n");
-        QCOMPARE(LoadPreferences(folder).comments, QStringLiteral("'by \u00E9\r\n'me\r\n"));
+        QCOMPARE(LoadPreferences(folder).comments, u"'by \u00E9\r\n'me\r\n"_s);
     }
 
     void commentsAreWrittenWithALineEndAfterThem()
     {
         Preferences values = LoadPreferences(folder);
-        values.comments = QStringLiteral("'by \u00E9\n'me");
+        values.comments = u"'by \u00E9\n'me"_s;
         ApplyPreferences(values, folder);
         QCOMPARE(CoreBench::Get(CommentsPath(folder)), QByteArray("'by \xE9\r\n'me\r\n"));
         // Writing the same text again gives the same file.
@@ -322,10 +324,10 @@ private Q_SLOTS:
         QFETCH(BoxAnswer, answer);
         CoreBench::PutFile(CommentsPath(folder), "'old\r\n");
         Preferences values = LoadPreferences(folder);
-        values.comments = QStringLiteral("'a\n'\u4E2D");
+        values.comments = u"'a\n'\u4E2D"_s;
         bench->dialogs.ExpectQuestion(
-            QStringLiteral("Line 2 of the comments holds a character that BASIC source files cannot store.\n"
-                           "Save with a question mark in place of each such character?"),
+            u"Line 2 of the comments holds a character that BASIC source files cannot store.\n"
+            "Save with a question mark in place of each such character?"_s,
             answer);
         ApplyPreferences(values, folder);
         QTEST(CoreBench::Get(CommentsPath(folder)), "file");
@@ -335,9 +337,9 @@ private Q_SLOTS:
     {
         QVERIFY(QDir().mkpath(CommentsPath(folder)));
         Preferences values = Changed();
-        values.comments = QStringLiteral("'me");
+        values.comments = u"'me"_s;
         ApplyPreferences(values, folder);
-        QCOMPARE(Stored("TabSize"), QStringLiteral("7"));
+        QCOMPARE(Stored("TabSize"), u"7"_s);
     }
 
     void defaultColorsAreInForceAtOnce()
@@ -360,7 +362,7 @@ private Q_SLOTS:
     {
         ExpectAssociationQuestion(BoxAnswer::No);
         AssociateFiles(Places());
-        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("data"))));
+        QVERIFY(!QFile::exists(bench->Path(u"data"_s)));
     }
 
     void associatingSaysThatItWorked()
@@ -370,11 +372,11 @@ private Q_SLOTS:
 #endif
         ExpectAssociationQuestion(BoxAnswer::Yes);
         bench->dialogs.ExpectMessage(
-            QStringLiteral("Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
-                           "double-clicked in Windows Explorer or My Computer."),
-            BoxAnswer::Ok, BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("Success!"));
+            u"Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
+            "double-clicked in Windows Explorer or My Computer."_s,
+            BoxAnswer::Ok, BoxIcon::Exclamation, BoxButtons::Ok, u"Success!"_s);
         AssociateFiles(Places());
-        QVERIFY(QFile::exists(bench->Path(QStringLiteral("config/mimeapps.list"))));
+        QVERIFY(QFile::exists(bench->Path(u"config/mimeapps.list"_s)));
     }
 
     void associatingSaysThatItFailed()
@@ -382,25 +384,24 @@ private Q_SLOTS:
 #ifdef Q_OS_WIN
         QSKIP("the registry of this user is no place for a test");
 #endif
-        bench->Put(QStringLiteral("data"), "a file in the way");
+        bench->Put(u"data"_s, "a file in the way");
         ExpectAssociationQuestion(BoxAnswer::Yes);
-        bench->dialogs.ExpectMessage(QStringLiteral("The operation to associate file types with Orchard Bench failed."),
-                                     BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::Ok, QStringLiteral("Error!"));
+        bench->dialogs.ExpectMessage(u"The operation to associate file types with Orchard Bench failed."_s,
+                                     BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::Ok, u"Error!"_s);
         AssociateFiles(Places());
     }
 
 private:
     AssociationPlaces Places() const
     {
-        return {QCoreApplication::applicationFilePath(), bench->Path(QStringLiteral("data")),
-                bench->Path(QStringLiteral("config")), QStringLiteral(OB_TEST_DATA "/../../resources/icons")};
+        return {QCoreApplication::applicationFilePath(), bench->Path(u"data"_s), bench->Path(u"config"_s),
+                u"" OB_TEST_DATA "/../../resources/icons"_s};
     }
 
     void ExpectAssociationQuestion(BoxAnswer answer)
     {
-        bench->dialogs.ExpectMessage(
-            QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), answer,
-            BoxIcon::None, BoxButtons::YesNo, QStringLiteral("Confirm!"));
+        bench->dialogs.ExpectMessage(u"Associate files with extensions *.OBF and *.BAS with Orchard Bench?"_s, answer,
+                                     BoxIcon::None, BoxButtons::YesNo, u"Confirm!"_s);
     }
 
     std::unique_ptr<CoreBench> bench;

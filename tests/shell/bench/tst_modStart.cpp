@@ -10,6 +10,8 @@
 #include <QGuiApplication>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modStart : public QObject {
@@ -26,8 +28,8 @@ private Q_SLOTS:
     void theStartRoutineMakesTheStateAndTheFolders()
     {
         Editor.FontHeight = 77;
-        OBPath = QStringLiteral("gone");
-        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("keywords.txt")), "PEAR Apple\r\n");
+        OBPath = u"gone"_s;
+        CoreBench::PutFile(bench->ProgramPath(u"keywords.txt"_s), "PEAR Apple\r\n");
         bool wasReset = false;
         StartRoutine([&] {
             wasReset = MainForm == nullptr && Editor.FontHeight == 12;
@@ -35,9 +37,9 @@ private Q_SLOTS:
         });
         QVERIFY(wasReset);
         QVERIFY(MainForm == &bench->form);
-        QVERIFY(QDir(bench->ProgramPath(QStringLiteral("OBprogs"))).exists());
+        QVERIFY(QDir(bench->ProgramPath(u"OBprogs"_s)).exists());
         for (const QString& path : {OBPath, OBHelpPath, OptionalHelpPath, OBFreeformPath, OBRuntimePath})
-            QCOMPARE(path, QStringLiteral("no path"));
+            QCOMPARE(path, u"no path"_s);
         QVERIFY(Words().SyntaxTable.size() == 231);
         QVERIFY(Words().LexerKeywords.startsWith("pear apple\r\nabs( "));
         QVERIFY(bench->form.log.isEmpty());
@@ -63,17 +65,17 @@ private Q_SLOTS:
 
     void aStartInAFolderThatCannotBeWrittenContinues()
     {
-        SetProgramFolder(QStringLiteral("/proc/nothing"));
+        SetProgramFolder(u"/proc/nothing"_s);
         StartRoutine([&] { return &bench->form; });
         QVERIFY(MainForm == &bench->form);
     }
 
     void anExistingProgramsFolderIsLeftAlone()
     {
-        QDir().mkpath(bench->ProgramPath(QStringLiteral("OBprogs")));
-        CoreBench::PutFile(bench->ProgramPath(QStringLiteral("OBprogs/mine.bas")), "x");
+        QDir().mkpath(bench->ProgramPath(u"OBprogs"_s));
+        CoreBench::PutFile(bench->ProgramPath(u"OBprogs/mine.bas"_s), "x");
         StartRoutine([&] { return &bench->form; });
-        QCOMPARE(CoreBench::Get(bench->ProgramPath(QStringLiteral("OBprogs/mine.bas"))), QByteArray("x"));
+        QCOMPARE(CoreBench::Get(bench->ProgramPath(u"OBprogs/mine.bas"_s)), QByteArray("x"));
     }
 
     void theFirstStartHasNoRecentFilesAndNoWindow()
@@ -83,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(Documents.size(), std::size_t{2});
         QCOMPARE(Documents[1]->Tag, QString());
         for (const QString& path : RecentFiles)
-            QCOMPARE(path, QStringLiteral("error"));
+            QCOMPARE(path, u"error"_s);
         QVERIFY(bench->form.ShownItems().isEmpty());
         QVERIFY(bench->form.log.isEmpty());
         QVERIFY(bench->form.kind == ActiveChild::None);
@@ -91,39 +93,39 @@ private Q_SLOTS:
 
     void aFileNamedUntitledOpensOneEmptyWindow()
     {
-        bench->Put(QStringLiteral("untitled"), "x");
-        WriteSetting(QStringLiteral("MRU1"), QStringLiteral("untitled"));
+        bench->Put(u"untitled"_s, "x");
+        WriteSetting(u"MRU1"_s, u"untitled"_s);
         LoadState();
         OpenAtLoad();
-        QCOMPARE(bench->form.captions[0], QStringLiteral("no files"));
-        QCOMPARE(bench->form.log, QStringList{QStringLiteral("show 1")});
-        QCOMPARE(bench->form.active->Caption(), QStringLiteral("untitled.bas"));
+        QCOMPARE(bench->form.captions[0], u"no files"_s);
+        QCOMPARE(bench->form.log, QStringList{u"show 1"_s});
+        QCOMPARE(bench->form.active->Caption(), u"untitled.bas"_s);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray());
     }
 
     void storedPathsReplaceThoseOfTheStart()
     {
-        WriteSetting(QStringLiteral("OBPath"), QStringLiteral("/gone/orchard.exe"));
+        WriteSetting(u"OBPath"_s, u"/gone/orchard.exe"_s);
         StartRoutine([&] { return &bench->form; });
-        QCOMPARE(OBPath, QStringLiteral("no path"));
+        QCOMPARE(OBPath, u"no path"_s);
         LoadState();
-        QCOMPARE(OBPath, QStringLiteral("/gone/orchard.exe"));
+        QCOMPARE(OBPath, u"/gone/orchard.exe"_s);
     }
 
     void theLastFolderBecomesTheCurrentOne()
     {
-        QDir().mkdir(QStringLiteral("programs"));
+        QDir().mkdir(u"programs"_s);
         const QString folder = QDir::currentPath();
-        WriteSetting(QStringLiteral("LastDir"), folder + QStringLiteral("/programs/"));
+        WriteSetting(u"LastDir"_s, folder + u"/programs/"_s);
         LoadState();
-        QCOMPARE(QDir::currentPath(), folder + QStringLiteral("/programs"));
+        QCOMPARE(QDir::currentPath(), folder + u"/programs"_s);
     }
 
     void aLastFolderThatHasGoneChangesNothing_data()
     {
         QTest::addColumn<QString>("stored");
-        QTest::newRow("first start") << QStringLiteral("app.path");
-        QTest::newRow("gone") << QStringLiteral("/gone/folder/");
+        QTest::newRow("first start") << u"app.path"_s;
+        QTest::newRow("gone") << u"/gone/folder/"_s;
         QTest::newRow("empty") << QString();
     }
 
@@ -131,53 +133,50 @@ private Q_SLOTS:
     {
         QFETCH(QString, stored);
         const QString folder = QDir::currentPath();
-        WriteSetting(QStringLiteral("LastDir"), stored);
+        WriteSetting(u"LastDir"_s, stored);
         LoadState();
         QCOMPARE(QDir::currentPath(), folder);
     }
 
     void theNewestFileOpensWhenThatIsWanted()
     {
-        const QString first = bench->Put(QStringLiteral("a.bas"), "print 1\r\n");
-        const QString second = bench->Put(QStringLiteral("b.bas"), "print 2\r\n");
-        WriteSetting(QStringLiteral("MRU1"), first);
-        WriteSetting(QStringLiteral("MRU2"), second);
-        WriteSetting(QStringLiteral("OpenFileOn"), QStringLiteral("True"));
+        const QString first = bench->Put(u"a.bas"_s, "print 1\r\n");
+        const QString second = bench->Put(u"b.bas"_s, "print 2\r\n");
+        WriteSetting(u"MRU1"_s, first);
+        WriteSetting(u"MRU2"_s, second);
+        WriteSetting(u"OpenFileOn"_s, u"True"_s);
         LoadState();
         OpenAtLoad();
         QCOMPARE(bench->form.active->Caption(), first);
         QCOMPARE(bench->form.active->Tag, TagOpen);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("print 1"));
-        QVERIFY(bench->form.status.startsWith(QStringLiteral("a.bas  Size: 9 KB   Last Modified: ")));
+        QVERIFY(bench->form.status.startsWith(u"a.bas  Size: 9 KB   Last Modified: "_s));
         QCOMPARE(RecentFiles[0], first);
         QCOMPARE(RecentCount, 2);
-        QCOMPARE(ReadSetting(QStringLiteral("MRU3"), QStringLiteral("(never written)")),
-                 QStringLiteral("(never written)"));
+        QCOMPARE(ReadSetting(u"MRU3"_s, u"(never written)"_s), u"(never written)"_s);
     }
 
     void aNewestFileThatCannotBeReadIsSkipped()
     {
-        const QString path = bench->Put(QStringLiteral("a.bas"), "x");
-        WriteSetting(QStringLiteral("MRU1"), path);
-        WriteSetting(QStringLiteral("OpenFileOn"), QStringLiteral("True"));
+        const QString path = bench->Put(u"a.bas"_s, "x");
+        WriteSetting(u"MRU1"_s, path);
+        WriteSetting(u"OpenFileOn"_s, u"True"_s);
         LoadState();
         OpenAtLoad();
         QCOMPARE(bench->form.active->Caption(), path);
         QCOMPARE(bench->form.ActiveControl().text, QByteArray());
-        QVERIFY(bench->form.status.startsWith(QStringLiteral("a.bas  Size: 1 KB")));
+        QVERIFY(bench->form.status.startsWith(u"a.bas  Size: 1 KB"_s));
     }
 
     void filesOfTheCommandLineOpenByTheirExtension()
     {
-        const QString code = bench->Put(QStringLiteral("ab"), "print 1\r\n");
-        const QString form = bench->Put(QStringLiteral("x.OBF"), "\r\n");
-        const QString text = bench->Put(QStringLiteral("read me.txt"), "text\r\n");
-        OpenFiles({code, bench->Path(QStringLiteral("gone.bas")), QString(), form, text}, FileSource::CommandLine);
+        const QString code = bench->Put(u"ab"_s, "print 1\r\n");
+        const QString form = bench->Put(u"x.OBF"_s, "\r\n");
+        const QString text = bench->Put(u"read me.txt"_s, "text\r\n");
+        OpenFiles({code, bench->Path(u"gone.bas"_s), QString(), form, text}, FileSource::CommandLine);
         QCOMPARE(bench->form.log,
-                 (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"), QStringLiteral("show gui"),
-                              QStringLiteral("enable mnuFileSaveGui"), QStringLiteral("refresh gui"),
-                              QStringLiteral("enable tool Open Menu Editor"), QStringLiteral("show 2"),
-                              QStringLiteral("show 2")}));
+                 (QStringList{u"show 1"_s, u"show 1"_s, u"show gui"_s, u"enable mnuFileSaveGui"_s, u"refresh gui"_s,
+                              u"enable tool Open Menu Editor"_s, u"show 2"_s, u"show 2"_s}));
         QCOMPARE(Documents[1]->Caption(), code);
         QCOMPARE(Documents[1]->Tag, TagOpen);
         QCOMPARE(FakeMainForm::Control(*Documents[1]).text, QByteArray("print 1"));
@@ -189,40 +188,38 @@ private Q_SLOTS:
 
     void aRelativeNameOpensUnderItsFullPath()
     {
-        const QString file = bench->Put(QStringLiteral("ab"), "print 1\r\n");
-        OpenFiles({QStringLiteral("ab")}, FileSource::CommandLine);
+        const QString file = bench->Put(u"ab"_s, "print 1\r\n");
+        OpenFiles({u"ab"_s}, FileSource::CommandLine);
         QCOMPARE(QFileInfo(bench->form.active->Caption()).canonicalFilePath(), QFileInfo(file).canonicalFilePath());
         QVERIFY(QDir::isAbsolutePath(bench->form.active->Caption()));
     }
 
     void aFormOnTheCommandLineIsNotTheLastFile()
     {
-        const QString form = bench->Put(QStringLiteral("b.obf"), "\r\n");
-        const QString code = bench->Put(QStringLiteral("c.bas"), "c\r\n");
+        const QString form = bench->Put(u"b.obf"_s, "\r\n");
+        const QString code = bench->Put(u"c.bas"_s, "c\r\n");
         OpenFiles({form, code}, FileSource::CommandLine);
-        QCOMPARE(bench->form.log.first(), QStringLiteral("show gui"));
+        QCOMPARE(bench->form.log.first(), u"show gui"_s);
         QCOMPARE(bench->form.active->Caption(), code);
     }
 
     void aDroppedFormIsTheLastFile()
     {
-        const QString first = bench->Put(QStringLiteral("a.bas"), "a\r\n");
-        const QString form = bench->Put(QStringLiteral("b.obf"), "\r\n");
-        const QString last = bench->Put(QStringLiteral("c.bas"), "c\r\n");
-        OpenFiles({bench->Path(QStringLiteral("gone.obf")), first, form, last}, FileSource::Drop);
-        QCOMPARE(bench->form.log,
-                 (QStringList{QStringLiteral("show 1"), QStringLiteral("show 1"), QStringLiteral("show gui"),
-                              QStringLiteral("enable mnuFileSaveGui"), QStringLiteral("refresh gui"),
-                              QStringLiteral("enable tool Open Menu Editor")}));
+        const QString first = bench->Put(u"a.bas"_s, "a\r\n");
+        const QString form = bench->Put(u"b.obf"_s, "\r\n");
+        const QString last = bench->Put(u"c.bas"_s, "c\r\n");
+        OpenFiles({bench->Path(u"gone.obf"_s), first, form, last}, FileSource::Drop);
+        QCOMPARE(bench->form.log, (QStringList{u"show 1"_s, u"show 1"_s, u"show gui"_s, u"enable mnuFileSaveGui"_s,
+                                               u"refresh gui"_s, u"enable tool Open Menu Editor"_s}));
         QVERIFY(GuiDesign().GuiFormOpen);
         QCOMPARE(bench->form.active->Caption(), first);
     }
 
     void aFileThatCannotBeReadDoesNotStopTheOthers()
     {
-        const QString broken = bench->Put(QStringLiteral("a.bas"), "x");
-        const QString code = bench->Put(QStringLiteral("c.bas"), "c\r\n");
-        bench->dialogs.ExpectMessage(QStringLiteral("Run-time error '5':\nInvalid procedure call or argument"));
+        const QString broken = bench->Put(u"a.bas"_s, "x");
+        const QString code = bench->Put(u"c.bas"_s, "c\r\n");
+        bench->dialogs.ExpectMessage(u"Run-time error '5':\nInvalid procedure call or argument"_s);
         OpenFiles({broken, code}, FileSource::CommandLine);
         QVERIFY(bench->dialogs.Finished());
         QCOMPARE(bench->form.active->Caption(), code);
@@ -230,7 +227,7 @@ private Q_SLOTS:
 
     void theCaptionHoldsTheThreeNumbersOfTheVersion()
     {
-        const QRegularExpression pattern(QStringLiteral("^Orchard Bench  v[0-9]+\\.[0-9]+\\.[0-9]+$"));
+        const QRegularExpression pattern(u"^Orchard Bench  v[0-9]+\\.[0-9]+\\.[0-9]+$"_s);
         QVERIFY2(pattern.match(MainCaption()).hasMatch(), qPrintable(MainCaption()));
     }
 

@@ -22,6 +22,8 @@
 #include <QToolBar>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -42,7 +44,7 @@ void Drop(TestBench& bench, const QStringList& paths)
 
 QAction* Recent(TestBench& bench, int number)
 {
-    return bench.Frame().Item(QStringLiteral("mnuFileMRU%1").arg(number));
+    return bench.Frame().Item(u"mnuFileMRU%1"_s.arg(number));
 }
 
 } // namespace
@@ -80,18 +82,18 @@ void win_frmMain::firstStartHasNoWindowAndNoRecentFile()
     bench.Start();
     QVERIFY(bench.Active() == nullptr);
     QVERIFY(bench.Frame().isVisible());
-    QCOMPARE(OBPath, QStringLiteral("no path"));
+    QCOMPARE(OBPath, u"no path"_s);
     for (int number = 1; number <= RecentFileSlots; ++number) {
         QVERIFY(!Recent(bench, number)->isVisible());
-        QCOMPARE(RecentFiles[static_cast<std::size_t>(number - 1)], QStringLiteral("error"));
+        QCOMPARE(RecentFiles[static_cast<std::size_t>(number - 1)], u"error"_s);
     }
 }
 
 void win_frmMain::firstStartShowsATip()
 {
     TestBench bench(TestBench::Store::Bare);
-    bench.ExpectModal(QStringLiteral("frmTip"), [](QDialog& dialog) { dialog.reject(); });
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    bench.ExpectModal(u"frmTip"_s, [](QDialog& dialog) { dialog.reject(); });
+    bench.Start({bench.Write(u"a.bas"_s, "end\r\n")});
     QVERIFY(bench.Active() != nullptr);
     QApplication::processEvents();
 }
@@ -100,36 +102,36 @@ void win_frmMain::titleHoldsTheVersion()
 {
     TestBench bench;
     bench.Start();
-    QCOMPARE(bench.Frame().windowTitle(), QStringLiteral("Orchard Bench  v" OB_VERSION));
+    QCOMPARE(bench.Frame().windowTitle(), u"Orchard Bench  v" OB_VERSION ""_s);
 }
 
 void win_frmMain::programFolderGetsItsFolderForPrograms()
 {
     TestBench bench;
     bench.Start();
-    QVERIFY(QDir(bench.ProgramPath(QStringLiteral("OBprogs"))).exists());
+    QVERIFY(QDir(bench.ProgramPath(u"OBprogs"_s)).exists());
 }
 
 void win_frmMain::storedUntitledThatExistsOpensAnEmptyWindow()
 {
     TestBench bench;
-    bench.Write(QStringLiteral("untitled"), "x\r\n");
-    WriteSetting(QStringLiteral("MRU1"), QStringLiteral("untitled"));
+    bench.Write(u"untitled"_s, "x\r\n");
+    WriteSetting(u"MRU1"_s, u"untitled"_s);
     bench.Start();
-    QCOMPARE(Recent(bench, 1)->text(), QStringLiteral("no files"));
+    QCOMPARE(Recent(bench, 1)->text(), u"no files"_s);
     QVERIFY(bench.Active() != nullptr);
-    QCOMPARE(bench.Active()->Caption(), QStringLiteral("untitled.bas"));
+    QCOMPARE(bench.Active()->Caption(), u"untitled.bas"_s);
 }
 
 void win_frmMain::newestRecentFileIsOpenedWhenWanted()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
-    WriteSetting(QStringLiteral("MRU1"), path);
-    WriteSetting(QStringLiteral("OpenFileOn"), QStringLiteral("True"));
+    const QString path = bench.Write(u"a.bas"_s, "end\r\n");
+    WriteSetting(u"MRU1"_s, path);
+    WriteSetting(u"OpenFileOn"_s, u"True"_s);
     bench.Start();
     QCOMPARE(bench.Active()->Caption(), path);
-    QCOMPARE(bench.Active()->Tag, QStringLiteral("Open"));
+    QCOMPARE(bench.Active()->Tag, u"Open"_s);
     QVERIFY(Recent(bench, 1)->isVisible());
     QCOMPARE(RecentCount, 1);
 }
@@ -137,8 +139,8 @@ void win_frmMain::newestRecentFileIsOpenedWhenWanted()
 void win_frmMain::newestRecentFileThatCannotBeReadIsSkipped()
 {
     TestBench bench;
-    WriteSetting(QStringLiteral("MRU1"), bench.Write(QStringLiteral("a.bas"), "x"));
-    WriteSetting(QStringLiteral("OpenFileOn"), QStringLiteral("True"));
+    WriteSetting(u"MRU1"_s, bench.Write(u"a.bas"_s, "x"));
+    WriteSetting(u"OpenFileOn"_s, u"True"_s);
     bench.Start();
     QVERIFY(bench.Frame().isVisible());
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray());
@@ -147,9 +149,9 @@ void win_frmMain::newestRecentFileThatCannotBeReadIsSkipped()
 void win_frmMain::commandLineOpensFilesAndSkipsMissingOnes()
 {
     TestBench bench;
-    const QString spaced = bench.Write(QStringLiteral("a file with spaces"), "end\r\n");
-    const QString shortName = bench.Write(QStringLiteral("ab"), "beep\r\n");
-    bench.Start({QStringLiteral("gone.bas"), QStringLiteral("a file with spaces"), shortName});
+    const QString spaced = bench.Write(u"a file with spaces"_s, "end\r\n");
+    const QString shortName = bench.Write(u"ab"_s, "beep\r\n");
+    bench.Start({u"gone.bas"_s, u"a file with spaces"_s, shortName});
     QCOMPARE(Documents.size(), 3u);
     QCOMPARE(Documents[1]->Caption(), spaced);
     QCOMPARE(Documents[2]->Caption(), shortName);
@@ -159,10 +161,10 @@ void win_frmMain::commandLineOpensFilesAndSkipsMissingOnes()
 void win_frmMain::lastDirectoryBecomesTheCurrentOne()
 {
     TestBench bench;
-    QDir().mkdir(bench.Path(QStringLiteral("sub")));
-    WriteSetting(QStringLiteral("LastDir"), bench.Path(QStringLiteral("sub")));
+    QDir().mkdir(bench.Path(u"sub"_s));
+    WriteSetting(u"LastDir"_s, bench.Path(u"sub"_s));
     bench.Start();
-    QCOMPARE(QDir::currentPath(), QDir(bench.Path(QStringLiteral("sub"))).canonicalPath());
+    QCOMPARE(QDir::currentPath(), QDir(bench.Path(u"sub"_s)).canonicalPath());
 }
 
 void win_frmMain::closingStoresPlaceAndSettings()
@@ -173,14 +175,14 @@ void win_frmMain::closingStoresPlaceAndSettings()
     bench.Frame().resize(600, 500);
     Editor.TabSize = 7;
     QVERIFY(bench.Close());
-    const auto stored = [](const char* key) { return ReadSetting(QString::fromLatin1(key), QStringLiteral("(none)")); };
-    QCOMPARE(stored("MainLeft"), QStringLiteral("450"));
-    QCOMPARE(stored("MainTop"), QStringLiteral("600"));
-    QCOMPARE(stored("MainWidth"), QStringLiteral("9000"));
-    QCOMPARE(stored("MainHeight"), QStringLiteral("7500"));
-    QCOMPARE(stored("TabSize"), QStringLiteral("7"));
-    QCOMPARE(stored("QuitQuery"), QStringLiteral("True"));
-    QCOMPARE(stored("MRU8"), QStringLiteral("error"));
+    const auto stored = [](const char* key) { return ReadSetting(QString::fromLatin1(key), u"(none)"_s); };
+    QCOMPARE(stored("MainLeft"), u"450"_s);
+    QCOMPARE(stored("MainTop"), u"600"_s);
+    QCOMPARE(stored("MainWidth"), u"9000"_s);
+    QCOMPARE(stored("MainHeight"), u"7500"_s);
+    QCOMPARE(stored("TabSize"), u"7"_s);
+    QCOMPARE(stored("QuitQuery"), u"True"_s);
+    QCOMPARE(stored("MRU8"), u"error"_s);
 }
 
 void win_frmMain::storedPlaceIsRestored()
@@ -203,7 +205,7 @@ void win_frmMain::garbageInTheStoreStillGivesAWindow()
                                 "KeywordColor", "OBPath",         "MRU1"})
             WriteSetting(QString::fromLatin1(key), QString::fromLatin1(garbage));
         bench.Start();
-        bench.Choose(QStringLiteral("mnuFileNew"));
+        bench.Choose(u"mnuFileNew"_s);
         QVERIFY(bench.Active() != nullptr);
         const QRect screen = bench.Frame().screen()->geometry();
         QVERIFY2(screen.intersects(QRect(bench.Frame().pos(), QSize(bench.Frame().width(), 20))), garbage);
@@ -216,11 +218,11 @@ void win_frmMain::garbageInTheStoreStillGivesAWindow()
 void win_frmMain::recentItemOpensItsFile()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("R&D.bas"), "end\r\n");
-    WriteSetting(QStringLiteral("MRU1"), path);
+    const QString path = bench.Write(u"R&D.bas"_s, "end\r\n");
+    WriteSetting(u"MRU1"_s, path);
     bench.Start();
     QCOMPARE(Recent(bench, 1)->text(), QString(path).replace(QLatin1Char('&'), QLatin1String("&&")));
-    bench.Choose(QStringLiteral("mnuFileMRU1"));
+    bench.Choose(u"mnuFileMRU1"_s);
     QCOMPARE(bench.Active()->Caption(), path);
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("end"));
 }
@@ -228,12 +230,12 @@ void win_frmMain::recentItemOpensItsFile()
 void win_frmMain::recentItemOfAMissingFileSaysSo()
 {
     TestBench bench;
-    const QString path = bench.Write(QStringLiteral("a.bas"), "end\r\n");
-    WriteSetting(QStringLiteral("MRU1"), path);
+    const QString path = bench.Write(u"a.bas"_s, "end\r\n");
+    WriteSetting(u"MRU1"_s, path);
     bench.Start();
     QFile::remove(path);
-    bench.dialogs.ExpectMessage(QStringLiteral("Cannot find ") + path, BoxAnswer::Ok, BoxIcon::None);
-    bench.Choose(QStringLiteral("mnuFileMRU1"));
+    bench.dialogs.ExpectMessage(u"Cannot find "_s + path, BoxAnswer::Ok, BoxIcon::None);
+    bench.Choose(u"mnuFileMRU1"_s);
     QVERIFY(bench.Active() == nullptr);
 }
 
@@ -242,7 +244,7 @@ void win_frmMain::openedFileMovesToTheTopOfTheList()
     TestBench bench;
     QStringList paths;
     for (int i = 0; i < 3; ++i)
-        paths.append(bench.Write(QStringLiteral("f%1.bas").arg(i), "end\r\n"));
+        paths.append(bench.Write(u"f%1.bas"_s.arg(i), "end\r\n"));
     bench.Start(paths + QStringList{paths[0]});
     QCOMPARE(RecentCount, 3);
     QCOMPARE(Recent(bench, 1)->text(), paths[0]);
@@ -250,17 +252,17 @@ void win_frmMain::openedFileMovesToTheTopOfTheList()
     QCOMPARE(Recent(bench, 3)->text(), paths[1]);
     QVERIFY(Recent(bench, 3)->isVisible());
     QVERIFY(!Recent(bench, 4)->isVisible());
-    QCOMPARE(ReadSetting(QStringLiteral("MRU1"), QString()), paths[0]);
+    QCOMPARE(ReadSetting(u"MRU1"_s, QString()), paths[0]);
 }
 
 void win_frmMain::droppedFilesOpen()
 {
     TestBench bench;
     bench.Start();
-    const QString first = bench.Write(QStringLiteral("a.bas"), "end\r\n");
-    const QString form = bench.Write(QStringLiteral("b.OBF"), "\r\n");
-    const QString last = bench.Write(QStringLiteral("c.bas"), "end\r\n");
-    Drop(bench, {bench.Path(QStringLiteral("gone.bas")), first, form, last});
+    const QString first = bench.Write(u"a.bas"_s, "end\r\n");
+    const QString form = bench.Write(u"b.OBF"_s, "\r\n");
+    const QString last = bench.Write(u"c.bas"_s, "end\r\n");
+    Drop(bench, {bench.Path(u"gone.bas"_s), first, form, last});
     // The form is the last one that opens.
     QCOMPARE(bench.Frame().ActiveKind(), ActiveChild::Gui);
     QCOMPARE(Documents[1]->Caption(), first);
@@ -283,11 +285,10 @@ void win_frmMain::menuTreeIsInItsOrder()
         if (row.depth == 0)
             bar.append(name);
     }
-    QCOMPARE(bar, (QStringList{QStringLiteral("mnuFile"), QStringLiteral("mnuEdit"), QStringLiteral("mnuViewOptions"),
-                               QStringLiteral("mnuOrchard"), QStringLiteral("mnuToolS"), QStringLiteral("mnuWindow"),
-                               QStringLiteral("mnuHelp")}));
-    QCOMPARE(bench.Frame().Item(QStringLiteral("mnuFileOpenCode"))->shortcut(), QKeySequence(QStringLiteral("Ctrl+O")));
-    const auto* recent = bench.Frame().findChild<QMenu*>(QStringLiteral("mnuRecentList"));
+    QCOMPARE(bar, (QStringList{u"mnuFile"_s, u"mnuEdit"_s, u"mnuViewOptions"_s, u"mnuOrchard"_s, u"mnuToolS"_s,
+                               u"mnuWindow"_s, u"mnuHelp"_s}));
+    QCOMPARE(bench.Frame().Item(u"mnuFileOpenCode"_s)->shortcut(), QKeySequence(u"Ctrl+O"_s));
+    const auto* recent = bench.Frame().findChild<QMenu*>(u"mnuRecentList"_s);
     QCOMPARE(recent->actions().size(), 8);
 }
 
@@ -296,33 +297,32 @@ void win_frmMain::toolbarHasItsButtonsAndSeparators()
     TestBench bench;
     bench.Start();
     QStringList shown;
-    for (const QAction* action : bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"))->actions()) {
-        shown.append(action->isSeparator() ? QStringLiteral("-") : action->objectName());
+    for (const QAction* action : bench.Frame().findChild<QToolBar*>(u"tbToolBar"_s)->actions()) {
+        shown.append(action->isSeparator() ? u"-"_s : action->objectName());
         if (!action->isSeparator())
             QVERIFY2(!action->icon().pixmap(24, 24).isNull(), qPrintable(action->objectName()));
     }
-    QCOMPARE(shown.join(QLatin1Char(' ')),
-             QStringLiteral("New Open Save Print - Cut Copy Paste Find - Run Debug Options "
-                            "User Construct View Help"));
+    QCOMPARE(shown.join(QLatin1Char(' ')), u"New Open Save Print - Cut Copy Paste Find - Run Debug Options "
+                                           "User Construct View Help"_s);
 }
 
 void win_frmMain::toolbarCanBeHidden()
 {
     TestBench bench;
     bench.Start();
-    auto* bar = bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"));
+    auto* bar = bench.Frame().findChild<QToolBar*>(u"tbToolBar"_s);
     QVERIFY(bar->isVisible());
-    bench.Choose(QStringLiteral("mnuOptionsToolbar"));
+    bench.Choose(u"mnuOptionsToolbar"_s);
     QVERIFY(!bar->isVisible());
-    QVERIFY(!bench.Frame().Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
-    bench.Choose(QStringLiteral("mnuOptionsToolbar"));
+    QVERIFY(!bench.Frame().Item(u"mnuOptionsToolbar"_s)->isChecked());
+    bench.Choose(u"mnuOptionsToolbar"_s);
     QVERIFY(bar->isVisible());
 }
 
 void win_frmMain::controlF4Ends()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "end\r\n")});
+    bench.Start({bench.Write(u"a.bas"_s, "end\r\n")});
     QTest::keyClick(&bench.Frame(), Qt::Key_F4, Qt::ControlModifier);
     QVERIFY(!bench.Frame().isVisible());
 }
@@ -330,13 +330,13 @@ void win_frmMain::controlF4Ends()
 void win_frmMain::closingAFrameWithSeveralWindowsAsksForEach()
 {
     TestBench bench;
-    const QString a = bench.Write(QStringLiteral("a.bas"), "end\r\n");
-    const QString b = bench.Write(QStringLiteral("b.bas"), "end\r\n");
+    const QString a = bench.Write(u"a.bas"_s, "end\r\n");
+    const QString b = bench.Write(u"b.bas"_s, "end\r\n");
     bench.Start({a, b});
     TestBench::Type(Documents[1].get(), "x");
     TestBench::Type(Documents[2].get(), "y");
-    bench.dialogs.ExpectQuestion(QStringLiteral("Save ") + b + QStringLiteral(" before closing?"), BoxAnswer::Yes);
-    bench.dialogs.ExpectQuestion(QStringLiteral("Save ") + a + QStringLiteral(" before closing?"), BoxAnswer::No);
+    bench.dialogs.ExpectQuestion(u"Save "_s + b + u" before closing?"_s, BoxAnswer::Yes);
+    bench.dialogs.ExpectQuestion(u"Save "_s + a + u" before closing?"_s, BoxAnswer::No);
     QVERIFY(bench.Close());
     QCOMPARE(TestBench::Read(a), QByteArray("end\r\n"));
     QCOMPARE(TestBench::Read(b), QByteArray("yend \r\n"));

@@ -10,6 +10,8 @@
 #include <QPlainTextEdit>
 #include <QTabBar>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class win_frmOptions : public QObject {
@@ -49,11 +51,9 @@ void win_frmOptions::fourTabsHaveTheirCaptionsAndTips()
 {
     OptionsBench options;
     const auto* tabs = options.Find<QTabWidget>("tbsOptions");
-    const QStringList captions = {QStringLiteral("Editor"), QStringLiteral("Paths"), QStringLiteral("Syntax Coloring"),
-                                  QStringLiteral("Customize")};
-    const QStringList tips = {QStringLiteral("Choose font for edit windows"),
-                              QStringLiteral("Set Paths for Orchard BASIC"), QStringLiteral("Syntax Color Options"),
-                              QStringLiteral("Customize Options")};
+    const QStringList captions = {u"Editor"_s, u"Paths"_s, u"Syntax Coloring"_s, u"Customize"_s};
+    const QStringList tips = {u"Choose font for edit windows"_s, u"Set Paths for Orchard BASIC"_s,
+                              u"Syntax Color Options"_s, u"Customize Options"_s};
     QCOMPARE(tabs->count(), 4);
     QCOMPARE(tabs->currentIndex(), 0);
     for (int page = 0; page < 4; ++page) {
@@ -61,19 +61,18 @@ void win_frmOptions::fourTabsHaveTheirCaptionsAndTips()
         QCOMPARE(tabs->tabToolTip(page), tips[page]);
         QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(page).center());
         for (int other = 0; other < 4; ++other)
-            QCOMPARE(options.Find<QWidget>(qPrintable(QStringLiteral("picOptions%1").arg(other)))->isVisible(),
-                     other == page);
+            QCOMPARE(options.Find<QWidget>(qPrintable(u"picOptions%1"_s.arg(other)))->isVisible(), other == page);
     }
 }
 
 void win_frmOptions::controlsShowTheSettings()
 {
     OptionsBench options;
-    QCOMPARE(options.Text("txtFontName"), QStringLiteral("Courier New"));
-    QCOMPARE(options.Text("txtFontSize"), QStringLiteral("12"));
-    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("4"));
+    QCOMPARE(options.Text("txtFontName"), u"Courier New"_s);
+    QCOMPARE(options.Text("txtFontSize"), u"12"_s);
+    QCOMPARE(options.Text("txtTabSize"), u"4"_s);
     for (const char* path : {"txtOBexe", "txtOBHelp", "txtOBFreeForm", "txtOBRuntime", "txtOptionalHelp"})
-        QCOMPARE(options.Text(path), QStringLiteral("no path"));
+        QCOMPARE(options.Text(path), u"no path"_s);
     for (const char* on : {"chkIndent", "chkLinenums", "chkHighlight", "chkIndentGuides", "chkQuery", "optColorOn"})
         QVERIFY2(options.On(on), on);
     for (const char* off : {"chkBold", "chkFile", "chkComments", "chkDefaultColors", "optColorOff"})
@@ -103,15 +102,15 @@ void win_frmOptions::thereIsOneWindowAtATime()
     OptionsBench options;
     const frmOptions* first = options.form;
     QVERIFY(!options.form->isModal());
-    options.Type("txtTabSize", QStringLiteral("9"));
+    options.Type("txtTabSize", u"9"_s);
     options.Open();
     QCOMPARE(options.form.data(), first);
-    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("9"));
+    QCOMPARE(options.Text("txtTabSize"), u"9"_s);
     options.Click("cmdCancel");
     options.Settle();
     QVERIFY(options.form.isNull());
     options.Open();
-    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("4"));
+    QCOMPARE(options.Text("txtTabSize"), u"4"_s);
 }
 
 void win_frmOptions::tabSizeIsClampedAsItIsTyped_data()
@@ -119,11 +118,11 @@ void win_frmOptions::tabSizeIsClampedAsItIsTyped_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("shown");
     QTest::addColumn<int>("applied");
-    QTest::newRow("99") << QStringLiteral("99") << QStringLiteral("12") << 12;
-    QTest::newRow("12") << QStringLiteral("12") << QStringLiteral("12") << 12;
-    QTest::newRow("0") << QStringLiteral("0") << QStringLiteral("0") << 1;
-    QTest::newRow("7") << QStringLiteral("7") << QStringLiteral("7") << 7;
-    QTest::newRow("a character") << QStringLiteral("x") << QStringLiteral("0") << 1;
+    QTest::newRow("99") << u"99"_s << u"12"_s << 12;
+    QTest::newRow("12") << u"12"_s << u"12"_s << 12;
+    QTest::newRow("0") << u"0"_s << u"0"_s << 1;
+    QTest::newRow("7") << u"7"_s << u"7"_s << 7;
+    QTest::newRow("a character") << u"x"_s << u"0"_s << 1;
 }
 
 void win_frmOptions::tabSizeIsClampedAsItIsTyped()
@@ -148,12 +147,12 @@ void win_frmOptions::emptyTabSizeBecomesOne()
     QCOMPARE(options.Text("txtTabSize"), QString());
     options.Click("cmdApply");
     QCOMPARE(Editor.TabSize, 1);
-    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("1"));
+    QCOMPARE(options.Text("txtTabSize"), u"1"_s);
     // A pasted -1 stays until it is applied; anything below does not.
-    options.Find<QLineEdit>("txtTabSize")->setText(QStringLiteral("-1"));
-    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("-1"));
-    options.Find<QLineEdit>("txtTabSize")->setText(QStringLiteral("-2"));
-    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("1"));
+    options.Find<QLineEdit>("txtTabSize")->setText(u"-1"_s);
+    QCOMPARE(options.Text("txtTabSize"), u"-1"_s);
+    options.Find<QLineEdit>("txtTabSize")->setText(u"-2"_s);
+    QCOMPARE(options.Text("txtTabSize"), u"1"_s);
 }
 
 void win_frmOptions::storedTabSizeOutOfBoundsIsShownClamped()
@@ -163,28 +162,28 @@ void win_frmOptions::storedTabSizeOutOfBoundsIsShownClamped()
     options.Settle();
     Editor.TabSize = 70000;
     options.Open();
-    QCOMPARE(options.Text("txtTabSize"), QStringLiteral("12"));
+    QCOMPARE(options.Text("txtTabSize"), u"12"_s);
     QCOMPARE(Editor.TabSize, 70000);
 }
 
 void win_frmOptions::fontBoxSetsTheFont()
 {
     OptionsBench options;
-    options.bench.dialogs.ExpectFont({QStringLiteral("Courier New"), 12, false, false},
-                                     FontSpec{QStringLiteral("DejaVu Sans Mono"), 17, true, true});
+    options.bench.dialogs.ExpectFont({u"Courier New"_s, 12, false, false},
+                                     FontSpec{u"DejaVu Sans Mono"_s, 17, true, true});
     options.Click("cmdFont");
-    QCOMPARE(options.Text("txtFontName"), QStringLiteral("DejaVu Sans Mono"));
-    QCOMPARE(options.Text("txtFontSize"), QStringLiteral("17"));
+    QCOMPARE(options.Text("txtFontName"), u"DejaVu Sans Mono"_s);
+    QCOMPARE(options.Text("txtFontSize"), u"17"_s);
     QVERIFY(options.On("chkBold"));
     const QFont sample = options.Find<QLabel>("lblSample")->font();
-    QCOMPARE(sample.families(), QStringList{QStringLiteral("DejaVu Sans Mono")});
+    QCOMPARE(sample.families(), QStringList{u"DejaVu Sans Mono"_s});
     QCOMPARE(sample.pointSize(), 17);
     QVERIFY(sample.bold());
-    QCOMPARE(Editor.FontName, QStringLiteral("Courier New"));
+    QCOMPARE(Editor.FontName, u"Courier New"_s);
     options.Click("chkBold");
     QVERIFY(!options.Find<QLabel>("lblSample")->font().bold());
     options.Click("cmdApply");
-    QCOMPARE(Editor.FontName, QStringLiteral("DejaVu Sans Mono"));
+    QCOMPARE(Editor.FontName, u"DejaVu Sans Mono"_s);
     QCOMPARE(Editor.FontHeight, 17);
     QCOMPARE(Editor.FontBold, false);
     QVERIFY(options.bench.dialogs.Finished());
@@ -193,9 +192,9 @@ void win_frmOptions::fontBoxSetsTheFont()
 void win_frmOptions::cancelledFontBoxChangesNothing()
 {
     OptionsBench options;
-    options.bench.dialogs.ExpectFont({QStringLiteral("Courier New"), 12, false, false}, std::nullopt);
+    options.bench.dialogs.ExpectFont({u"Courier New"_s, 12, false, false}, std::nullopt);
     options.Click("cmdFont");
-    QCOMPARE(options.Text("txtFontName"), QStringLiteral("Courier New"));
+    QCOMPARE(options.Text("txtFontName"), u"Courier New"_s);
     options.Click("cmdApply");
     QCOMPARE(Editor.FontHeight, 12);
 }
@@ -205,13 +204,13 @@ void win_frmOptions::fontThatIsNotInstalledKeepsItsName()
     OptionsBench options;
     options.Click("cmdCancel");
     options.Settle();
-    Editor.FontName = QStringLiteral("No Such, Font");
+    Editor.FontName = u"No Such, Font"_s;
     options.Open();
-    QCOMPARE(options.Text("txtFontName"), QStringLiteral("No Such, Font"));
+    QCOMPARE(options.Text("txtFontName"), u"No Such, Font"_s);
     options.Click("cmdApply");
-    QCOMPARE(Editor.FontName, QStringLiteral("No Such, Font"));
-    QCOMPARE(Stored("FontName"), QStringLiteral("No Such, Font"));
-    options.bench.dialogs.ExpectFont({QStringLiteral("No Such, Font"), 12, false, false}, std::nullopt);
+    QCOMPARE(Editor.FontName, u"No Such, Font"_s);
+    QCOMPARE(Stored("FontName"), u"No Such, Font"_s);
+    options.bench.dialogs.ExpectFont({u"No Such, Font"_s, 12, false, false}, std::nullopt);
     options.Click("cmdFont");
 }
 
@@ -225,8 +224,8 @@ void win_frmOptions::strangeFontSizesDoNoHarm()
         options.Open();
         QCOMPARE(options.Text("txtFontSize"), QString::number(size));
         QVERIFY(options.form->width() < 2000 && options.form->height() < 2000);
-        options.bench.dialogs.ExpectFont({QStringLiteral("Courier New"), size, false, false},
-                                         FontSpec{QStringLiteral("Courier New"), -1, false, false});
+        options.bench.dialogs.ExpectFont({u"Courier New"_s, size, false, false},
+                                         FontSpec{u"Courier New"_s, -1, false, false});
         options.Click("cmdFont");
         options.Click("cmdApply");
         QCOMPARE(Editor.FontHeight, size);
@@ -254,11 +253,11 @@ void win_frmOptions::browseFillsItsBox()
     QFETCH(QString, filter);
     QFETCH(QString*, setting);
     OptionsBench options;
-    const QString file = options.bench.Write(QStringLiteral("a file"), "x");
-    options.bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), filter, file);
+    const QString file = options.bench.Write(u"a file"_s, "x");
+    options.bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, filter, file);
     options.Click(QTest::currentDataTag());
     QCOMPARE(options.Text(qPrintable(box)), file);
-    QCOMPARE(*setting, QStringLiteral("no path"));
+    QCOMPARE(*setting, u"no path"_s);
     options.Click("cmdApply");
     QCOMPARE(*setting, file);
     QVERIFY(options.bench.dialogs.Finished());
@@ -267,80 +266,78 @@ void win_frmOptions::browseFillsItsBox()
 void win_frmOptions::browseWithoutAChoiceKeepsTheBox()
 {
     OptionsBench options;
-    const QString advice = QStringLiteral(" was not found.  Be sure to specify the path to Orchard BASIC in Options!");
+    const QString advice = u" was not found.  Be sure to specify the path to Orchard BASIC in Options!"_s;
     const auto nothingChosen = [&](const char* button, const char* filter, const QString& message, BoxIcon icon) {
-        options.bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), QString::fromLatin1(filter), {});
+        options.bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, QString::fromLatin1(filter), {});
         options.bench.dialogs.ExpectMessage(message, BoxAnswer::Ok, icon);
         options.Click(button);
         QVERIFY(options.bench.dialogs.Finished());
     };
-    options.Type("txtOBexe", QStringLiteral("/e/orchard.exe"));
-    nothingChosen("cmdOBexe", "Orchard BASIC |orchard.exe;*.exe;", QStringLiteral("Orchard BASIC") + advice,
+    options.Type("txtOBexe", u"/e/orchard.exe"_s);
+    nothingChosen("cmdOBexe", "Orchard BASIC |orchard.exe;*.exe;", u"Orchard BASIC"_s + advice, BoxIcon::None);
+    QCOMPARE(options.Text("txtOBexe"), u"/e/orchard.exe"_s);
+    nothingChosen("cmdOBRuntime", "Runtime Engine (run.exe))|*.EXE;RUN.EXE", u"Orchard BASIC Runtime Engine"_s + advice,
                   BoxIcon::None);
-    QCOMPARE(options.Text("txtOBexe"), QStringLiteral("/e/orchard.exe"));
-    nothingChosen("cmdOBRuntime", "Runtime Engine (run.exe))|*.EXE;RUN.EXE",
-                  QStringLiteral("Orchard BASIC Runtime Engine") + advice, BoxIcon::None);
-    nothingChosen("cmdOBFreeForm", "FreeForm |*ff*.bas;*.bas;*.bak", QStringLiteral("FreeForm") + advice,
+    nothingChosen("cmdOBFreeForm", "FreeForm |*ff*.bas;*.bas;*.bak", u"FreeForm"_s + advice, BoxIcon::None);
+    nothingChosen("cmdOBHelp", "Orchard BASIC Help|orchard.hlp;*.hlp;", u"Orchard BASIC help"_s + advice,
                   BoxIcon::None);
-    nothingChosen("cmdOBHelp", "Orchard BASIC Help|orchard.hlp;*.hlp;", QStringLiteral("Orchard BASIC help") + advice,
-                  BoxIcon::None);
-    nothingChosen("cmdOptionalHelp", "Programming Help|*.hlp;", QStringLiteral("The chosen Helpfile was not found."),
+    nothingChosen("cmdOptionalHelp", "Programming Help|*.hlp;", u"The chosen Helpfile was not found."_s,
                   BoxIcon::Critical);
-    QCOMPARE(options.Text("txtOptionalHelp"), QStringLiteral("no path"));
+    QCOMPARE(options.Text("txtOptionalHelp"), u"no path"_s);
 }
 
 void win_frmOptions::typedPathIsApplied()
 {
     OptionsBench options;
-    options.Type("txtOBRuntime", QStringLiteral("/e/run.exe"));
+    options.Type("txtOBRuntime", u"/e/run.exe"_s);
     options.Type("txtOBHelp", {});
     options.Click("cmdApply");
-    QCOMPARE(OBRuntimePath, QStringLiteral("/e/run.exe"));
+    QCOMPARE(OBRuntimePath, u"/e/run.exe"_s);
     QCOMPARE(OBHelpPath, QString());
-    QCOMPARE(Stored("OBRuntimePath"), QStringLiteral("/e/run.exe"));
-    QCOMPARE(OBPath, QStringLiteral("no path"));
+    QCOMPARE(Stored("OBRuntimePath"), u"/e/run.exe"_s);
+    QCOMPARE(OBPath, u"no path"_s);
 }
 
 void win_frmOptions::switchesReachTheOpenWindow()
 {
     OptionsBench options;
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
+    options.bench.Choose(u"mnuFileNew"_s);
     const std::size_t slot = Documents.size() - 1;
     QVERIFY(options.Sci(slot, 2243 /* SCI_GETMARGINWIDTHN */) > 0);
     for (const char* box : {"chkIndent", "chkLinenums", "chkHighlight", "chkIndentGuides", "chkFile", "chkQuery"})
         options.Click(box);
     QVERIFY(Editor.AutoIndent && Editor.LineNums && Editor.HighlightOn && Editor.IndentGuidesOn && !OpenFileOn &&
             QuitQuery);
-    options.Type("txtTabSize", QStringLiteral("3"));
+    options.Type("txtTabSize", u"3"_s);
     options.Click("cmdApply");
     QVERIFY(!Editor.AutoIndent && !Editor.LineNums && !Editor.HighlightOn && !Editor.IndentGuidesOn && OpenFileOn &&
             !QuitQuery);
     QCOMPARE(options.Sci(slot, 2243), std::intptr_t{0});
     QCOMPARE(options.Sci(slot, 2121 /* SCI_GETTABWIDTH */), std::intptr_t{3});
-    QCOMPARE(Stored("OpenFileOn"), QStringLiteral("True"));
-    QCOMPARE(Stored("AutoIndent"), QStringLiteral("False"));
+    QCOMPARE(Stored("OpenFileOn"), u"True"_s);
+    QCOMPARE(Stored("AutoIndent"), u"False"_s);
 }
 
 void win_frmOptions::okAppliesAndCloses()
 {
     OptionsBench options;
-    options.Type("txtTabSize", QStringLiteral("6"));
+    options.Type("txtTabSize", u"6"_s);
     QTest::keyClick(options.Find<QLineEdit>("txtTabSize"), Qt::Key_Return);
     options.Settle();
     QVERIFY(options.form.isNull());
     QCOMPARE(Editor.TabSize, 6);
-    QCOMPARE(Stored("TabSize"), QStringLiteral("6"));
+    QCOMPARE(Stored("TabSize"), u"6"_s);
 }
 
 void win_frmOptions::escapeClosesWithoutApplying()
 {
     OptionsBench options;
-    options.Type("txtTabSize", QStringLiteral("6"));
+    options.Type("txtTabSize", u"6"_s);
     QTest::keyClick(options.form, Qt::Key_Escape);
     options.Settle();
     QVERIFY(options.form.isNull());
     QCOMPARE(Editor.TabSize, 4);
-    QCOMPARE(Stored("TabSize"), QStringLiteral("(none)"));
+    QCOMPARE(Stored("TabSize"), u"(none)"_s);
 }
 
 void win_frmOptions::commentsAreShownRawAndWritten()
@@ -357,9 +354,9 @@ void win_frmOptions::commentsAreShownRawAndWritten()
     QCOMPARE(box->document()->blockCount(), 2);
     options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(3);
     box->moveCursor(QTextCursor::End);
-    QTest::keyClicks(box, QStringLiteral("'2"));
+    QTest::keyClicks(box, u"'2"_s);
     QTest::keyClick(box, Qt::Key_Return);
-    QTest::keyClicks(box, QStringLiteral("'3"));
+    QTest::keyClicks(box, u"'3"_s);
     options.Click("cmdApply");
     // The no-break space is still one.
     QCOMPARE(TestBench::Read(CommentsPath(ProgramFolder())), QByteArray("'by \xE9\xA0x\r\n'2\r\n'3\r\n"));
@@ -369,7 +366,7 @@ void win_frmOptions::clearedCommentsLeaveTheFile()
 {
     OptionsBench options;
     auto* box = options.Find<QPlainTextEdit>("txtComments");
-    box->setPlainText(QStringLiteral("'me"));
+    box->setPlainText(u"'me"_s);
     options.Click("cmdApply");
     box->clear();
     options.Click("cmdApply");
@@ -379,18 +376,18 @@ void win_frmOptions::clearedCommentsLeaveTheFile()
 void win_frmOptions::newWindowGetsTheNewComments()
 {
     OptionsBench options;
-    options.Find<QPlainTextEdit>("txtComments")->setPlainText(QStringLiteral("'me\n'too"));
+    options.Find<QPlainTextEdit>("txtComments")->setPlainText(u"'me\n'too"_s);
     options.Click("chkComments");
     options.Click("cmdOK");
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
+    options.bench.Choose(u"mnuFileNew"_s);
     QCOMPARE(TestBench::Text(options.bench.Active()), QByteArray("'me\r\n'too"));
 }
 
 void win_frmOptions::storeThatCannotBeWrittenLetsTheRunGoOn()
 {
     OptionsBench options;
-    SetSettingsFile(options.bench.Write(QStringLiteral("file"), "x") + QStringLiteral("/store.ini"));
-    options.Type("txtTabSize", QStringLiteral("6"));
+    SetSettingsFile(options.bench.Write(u"file"_s, "x") + u"/store.ini"_s);
+    options.Type("txtTabSize", u"6"_s);
     options.Click("cmdOK");
     options.Settle();
     QCOMPARE(Editor.TabSize, 6);
@@ -401,7 +398,7 @@ void win_frmOptions::userApplicationsAreShownModally()
 {
     OptionsBench options;
     bool shown = false;
-    options.bench.ExpectModal(QStringLiteral("frmUser"), [&](QDialog& user) {
+    options.bench.ExpectModal(u"frmUser"_s, [&](QDialog& user) {
         shown = true;
         user.reject();
     });
@@ -415,36 +412,34 @@ void win_frmOptions::associationGoesToTheUsersDesktop()
     QSKIP("the registry of this user is no place for a test");
 #endif
     OptionsBench options;
-    const QString data = options.bench.Path(QStringLiteral("data"));
+    const QString data = options.bench.Path(u"data"_s);
     qputenv("XDG_DATA_HOME", data.toUtf8());
-    qputenv("XDG_CONFIG_HOME", options.bench.Path(QStringLiteral("config")).toUtf8());
+    qputenv("XDG_CONFIG_HOME", options.bench.Path(u"config"_s).toUtf8());
     for (int round = 0; round < 2; ++round) {
+        options.bench.dialogs.ExpectMessage(u"Associate files with extensions *.OBF and *.BAS with Orchard Bench?"_s,
+                                            BoxAnswer::Yes, BoxIcon::None, BoxButtons::YesNo, u"Confirm!"_s);
         options.bench.dialogs.ExpectMessage(
-            QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), BoxAnswer::Yes,
-            BoxIcon::None, BoxButtons::YesNo, QStringLiteral("Confirm!"));
-        options.bench.dialogs.ExpectMessage(
-            QStringLiteral("Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
-                           "double-clicked in Windows Explorer or My Computer."),
-            BoxAnswer::Ok, BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("Success!"));
+            u"Files with extensions *.OBF and *.BAS will now open with Orchard Bench when they are "
+            "double-clicked in Windows Explorer or My Computer."_s,
+            BoxAnswer::Ok, BoxIcon::Exclamation, BoxButtons::Ok, u"Success!"_s);
         options.Click("cmdAssoc");
         QVERIFY(options.bench.dialogs.Finished());
     }
     qunsetenv("XDG_DATA_HOME");
     qunsetenv("XDG_CONFIG_HOME");
-    QVERIFY(TestBench::Read(data + QStringLiteral("/applications/orchard-bench.desktop"))
+    QVERIFY(TestBench::Read(data + u"/applications/orchard-bench.desktop"_s)
                 .contains("\nExec=" + QCoreApplication::applicationFilePath().toUtf8() + " %f\n"));
-    QVERIFY(QFile::exists(data + QStringLiteral("/icons/hicolor/48x48/apps/orchard-bench.png")));
-    QVERIFY(QFile::exists(data + QStringLiteral("/icons/hicolor/scalable/apps/orchard-bench.svg")));
+    QVERIFY(QFile::exists(data + u"/icons/hicolor/48x48/apps/orchard-bench.png"_s));
+    QVERIFY(QFile::exists(data + u"/icons/hicolor/scalable/apps/orchard-bench.svg"_s));
 }
 
 void win_frmOptions::associationCanBeDeclined()
 {
     OptionsBench options;
-    const QString data = options.bench.Path(QStringLiteral("data"));
+    const QString data = options.bench.Path(u"data"_s);
     qputenv("XDG_DATA_HOME", data.toUtf8());
-    options.bench.dialogs.ExpectMessage(
-        QStringLiteral("Associate files with extensions *.OBF and *.BAS with Orchard Bench?"), BoxAnswer::No,
-        BoxIcon::None, BoxButtons::YesNo, QStringLiteral("Confirm!"));
+    options.bench.dialogs.ExpectMessage(u"Associate files with extensions *.OBF and *.BAS with Orchard Bench?"_s,
+                                        BoxAnswer::No, BoxIcon::None, BoxButtons::YesNo, u"Confirm!"_s);
     options.Click("cmdAssoc");
     qunsetenv("XDG_DATA_HOME");
     QVERIFY(!QFile::exists(data));

@@ -3,6 +3,8 @@
 #include "shell/bench/OptionsBench.h"
 #include "support/BenchTest.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -48,7 +50,7 @@ void win_frmOptionsColors::sampleAsksForAColor()
     constexpr ColorRef chosen = 0x123456;
     OptionsBench options;
     const ColorRef before = *setting;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), before, chosen);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, before, chosen);
     options.ClickSample(sample);
     QCOMPARE(back ? options.Back(sample) : options.Fore(sample), Shown(chosen));
     QCOMPARE(*setting, before);
@@ -61,9 +63,9 @@ void win_frmOptionsColors::sampleAsksForAColor()
 void win_frmOptionsColors::commentSamplesShowThePair()
 {
     OptionsBench options;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.CommentColor, 0x0000FF);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, Editor.CommentColor, 0x0000FF);
     options.ClickSample("lblComments");
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.CommentBackColor, 0x00FF00);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, Editor.CommentBackColor, 0x00FF00);
     options.ClickSample("lblCommentback");
     for (const char* sample : {"lblComments", "lblCommentback"}) {
         QCOMPARE(options.Fore(sample), QColor(255, 0, 0));
@@ -79,7 +81,7 @@ void win_frmOptionsColors::cancelledColorBoxChangesNothing()
     options.Settle();
     Editor.QuoteColor = 0xFFFFFFFF;
     options.Open();
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), 0xFFFFFFFF, std::nullopt);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, 0xFFFFFFFF, std::nullopt);
     options.ClickSample("lblQuote");
     options.Click("cmdApply");
     QCOMPARE(Editor.QuoteColor, ColorRef{0xFFFFFFFF});
@@ -89,7 +91,7 @@ void win_frmOptionsColors::spaceOnASampleAsksForAColor()
 {
     OptionsBench options;
     options.Find<QTabWidget>("tbsOptions")->setCurrentIndex(2);
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.NumberColor, 0x0000FF);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, Editor.NumberColor, 0x0000FF);
     QTest::keyClick(options.Find<QLabel>("lblNumber"), Qt::Key_Space);
     QCOMPARE(options.Fore("lblNumber"), QColor(255, 0, 0));
     // The right button and a release elsewhere open no box.
@@ -102,11 +104,11 @@ void win_frmOptionsColors::spaceOnASampleAsksForAColor()
 void win_frmOptionsColors::colorAloneStylesAllOpenWindows()
 {
     OptionsBench options;
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
+    options.bench.Choose(u"mnuFileNew"_s);
+    options.bench.Choose(u"mnuFileNew"_s);
     const std::size_t last = Documents.size() - 1;
     QVERIFY(last >= 2 && Documents[last - 1]->sci != nullptr && Documents[last]->sci != nullptr);
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.BranchColor, 0x123456);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, Editor.BranchColor, 0x123456);
     options.ClickSample("lblBranch");
     for (const std::size_t slot : {last - 1, last})
         QVERIFY(options.Sci(slot, 2481 /* SCI_STYLEGETFORE */, LabelStyle) != 0x123456);
@@ -119,7 +121,7 @@ void win_frmOptionsColors::colorAndThenCancelKeepsTheOldColor()
 {
     OptionsBench options;
     const ColorRef before = Editor.KeywordColor;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), before, 0x123456);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, before, 0x123456);
     options.ClickSample("lblKeywords");
     options.Click("cmdCancel");
     options.Settle();
@@ -131,9 +133,9 @@ void win_frmOptionsColors::colorAndThenCancelKeepsTheOldColor()
 void win_frmOptionsColors::defaultColorsStayAfterCancel()
 {
     OptionsBench options;
-    options.bench.Choose(QStringLiteral("mnuFileNew"));
+    options.bench.Choose(u"mnuFileNew"_s);
     const std::size_t slot = Documents.size() - 1;
-    options.bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Editor.BranchColor, 0x123456);
+    options.bench.dialogs.ExpectColor(u"Color Previewer"_s, Editor.BranchColor, 0x123456);
     options.ClickSample("lblBranch");
     options.Click("cmdApply");
     QCOMPARE(Editor.BranchColor, ColorRef{0x123456});

@@ -15,6 +15,8 @@
 #include <QShortcut>
 #include <QToolBar>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -30,22 +32,20 @@ QStringList Captions(const QList<QAction*>& actions)
 
 QMenu* ButtonMenu(TestBench& bench, const char* button)
 {
-    const auto* bar = bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"));
+    const auto* bar = bench.Frame().findChild<QToolBar*>(u"tbToolBar"_s);
     return bar->findChild<QAction*>(QString::fromLatin1(button))->menu();
 }
 
 // What the menus of tools show, from top to bottom; tools that came later may follow.
 const QStringList Construction = {
-    QStringLiteral("&Array Maker"),         QStringLiteral("Men&u Maker"),          QStringLiteral("&Message Boxes"),
-    QStringLiteral("AP&I Wrapper Library"), QStringLiteral("&Printer API Library"), QStringLiteral("Snipp&et Bench"),
-    QStringLiteral("&Snippet Library"),     QStringLiteral("Mas&k Maker"),          QStringLiteral("A&VI Maker"),
-    QStringLiteral("Packaging &Wizard"),    QStringLiteral("&Toolbar Maker"),       QStringLiteral("Style&Bits Wizard"),
-    QStringLiteral("API &Texteditor"),
+    u"&Array Maker"_s,         u"Men&u Maker"_s,       u"&Message Boxes"_s,   u"AP&I Wrapper Library"_s,
+    u"&Printer API Library"_s, u"Snipp&et Bench"_s,    u"&Snippet Library"_s, u"Mas&k Maker"_s,
+    u"A&VI Maker"_s,           u"Packaging &Wizard"_s, u"&Toolbar Maker"_s,   u"Style&Bits Wizard"_s,
+    u"API &Texteditor"_s,
 };
 const QStringList Preview = {
-    QStringLiteral("&Wav Preview"),       QStringLiteral("&Bitmap Preview"),   QStringLiteral("Med&ia Preview"),
-    QStringLiteral("RGB &Color Preview"), QStringLiteral("Color &Dialog"),     QStringLiteral("Color &Names"),
-    QStringLiteral("&Font Dialog"),       QStringLiteral("&Key Code Preview"),
+    u"&Wav Preview"_s,  u"&Bitmap Preview"_s, u"Med&ia Preview"_s, u"RGB &Color Preview"_s,
+    u"Color &Dialog"_s, u"Color &Names"_s,    u"&Font Dialog"_s,   u"&Key Code Preview"_s,
 };
 
 // The menu item as the manual writes it: "Construction Tools > Array Maker".
@@ -54,14 +54,14 @@ QString PathOf(const ToolRow& tool)
     QString path = QString::fromLatin1(tool.caption);
     for (const MenuRow& row : MenuTree())
         if (row.depth > 0 && std::string_view(row.name) == tool.menu)
-            path.prepend(QString::fromLatin1(row.caption) + QStringLiteral(" > "));
+            path.prepend(QString::fromLatin1(row.caption) + u" > "_s);
     return path.remove(QLatin1Char('&'));
 }
 
 bool HasRow(const HelpPage& page, const QString& item)
 {
     return std::any_of(page.blocks.begin(), page.blocks.end(), [&item](const ManualBlock& block) {
-        return block.kind == BlockKind::Row && block.text.startsWith(item + QStringLiteral("  "));
+        return block.kind == BlockKind::Row && block.text.startsWith(item + u"  "_s);
     });
 }
 
@@ -96,9 +96,8 @@ QString PageByF1(const QDialog& tool)
 
 // These open a code window, a form, a box of the system's or another program, or ask for files first.
 const QStringList WithoutWindow = {
-    QStringLiteral("mnuWrapper"),      QStringLiteral("mnuToolPrinter"), QStringLiteral("mnuToolSnippet"),
-    QStringLiteral("mnuToolTE"),       QStringLiteral("mnuColorDialog"), QStringLiteral("mnuToolFont"),
-    QStringLiteral("mnuToolFreeform"), QStringLiteral("mnuGui"),         QStringLiteral("mnuPackage"),
+    u"mnuWrapper"_s,  u"mnuToolPrinter"_s,  u"mnuToolSnippet"_s, u"mnuToolTE"_s,  u"mnuColorDialog"_s,
+    u"mnuToolFont"_s, u"mnuToolFreeform"_s, u"mnuGui"_s,         u"mnuPackage"_s,
 };
 
 } // namespace
@@ -125,8 +124,8 @@ void win_frmTools::toolsHaveNamesOfTheirOwn()
         names.append(QString::fromLatin1(tool.name));
     QVERIFY(names.size() >= 25);
     QCOMPARE(names.removeDuplicates(), 0);
-    QVERIFY(FindTool(QStringLiteral("mnuToolArray")) != nullptr);
-    QVERIFY(FindTool(QStringLiteral("mnuFileNew")) == nullptr);
+    QVERIFY(FindTool(u"mnuToolArray"_s) != nullptr);
+    QVERIFY(FindTool(u"mnuFileNew"_s) == nullptr);
 }
 
 void win_frmTools::menusShowTheToolsInTheirOrder()
@@ -136,10 +135,8 @@ void win_frmTools::menusShowTheToolsInTheirOrder()
     const auto captions = [&](const char* menu, const QStringList& expected) {
         return Captions(bench.Frame().Item(QString::fromLatin1(menu))->menu()->actions()).mid(0, expected.size());
     };
-    const QStringList others = {QStringLiteral("&Applications"),  QStringLiteral("&Construction Tools"),
-                                QStringLiteral("&Preview Tools"), QStringLiteral("&Gui Builder"),
-                                QStringLiteral("&Icon Editor"),   QStringLiteral("&FreeForm"),
-                                QStringLiteral("Show &Variables")};
+    const QStringList others = {u"&Applications"_s, u"&Construction Tools"_s, u"&Preview Tools"_s, u"&Gui Builder"_s,
+                                u"&Icon Editor"_s,  u"&FreeForm"_s,           u"Show &Variables"_s};
     QCOMPARE(captions(ConstructionTools, Construction), Construction);
     QCOMPARE(captions(PreviewTools, Preview), Preview);
     QCOMPARE(captions(OtherTools, others), others);
@@ -150,7 +147,7 @@ void win_frmTools::buttonsOfferTheToolsInTheirOrder()
     TestBench bench;
     bench.Start();
     QStringList construction = Construction;
-    construction.insert(construction.indexOf(QStringLiteral("&Toolbar Maker")), QStringLiteral("&Icon Editor"));
+    construction.insert(construction.indexOf(u"&Toolbar Maker"_s), u"&Icon Editor"_s);
     QCOMPARE(Captions(ButtonMenu(bench, "Construct")->actions()).mid(0, construction.size()), construction);
     QCOMPARE(Captions(ButtonMenu(bench, "View")->actions()).mid(0, Preview.size()), Preview);
 }
@@ -171,7 +168,7 @@ void win_frmTools::everyToolIsOnceInTheMenuTree()
 void win_frmTools::everyToolHasAnIcon()
 {
     for (const ToolRow& tool : Tools())
-        QVERIFY2(QFile::exists(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(tool.icon))), tool.name);
+        QVERIFY2(QFile::exists(u":/icons/%1.svg"_s.arg(QLatin1String(tool.icon))), tool.name);
 }
 
 void win_frmTools::everyToolHasAPageInTheContents()
@@ -208,7 +205,7 @@ void win_frmTools::f1OpensThePageOfATool()
 {
     QFETCH(QString, name);
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "a = 1\r\nend\r\n")});
+    bench.Start({bench.Write(u"a.bas"_s, "a = 1\r\nend\r\n")});
     QString page;
     const auto pressF1 = [&page](QDialog& tool) {
         page = PageByF1(tool);

@@ -23,6 +23,8 @@
 #include <QToolButton>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -39,17 +41,15 @@ void Press(QDialog& dialog, const char* name)
 
 QAction* ToolbarEntry(TestBench& bench, const char* key)
 {
-    return bench.Frame()
-        .findChild<QToolBar*>(QStringLiteral("tbToolBar"))
-        ->findChild<QAction*>(QString::fromLatin1(key));
+    return bench.Frame().findChild<QToolBar*>(u"tbToolBar"_s)->findChild<QAction*>(QString::fromLatin1(key));
 }
 
 // The programs and types of the test's desktop.
 class TestDesktop {
 public:
-    explicit TestDesktop(const TestBench& bench) : data(bench.Path(QStringLiteral("data")))
+    explicit TestDesktop(const TestBench& bench) : data(bench.Path(u"data"_s))
     {
-        QDir().mkpath(data + QStringLiteral("/applications"));
+        QDir().mkpath(data + u"/applications"_s);
         for (const char* name : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
             before.append(qMakePair(QByteArray(name), qgetenv(name)));
             qputenv(name, data.toUtf8());
@@ -113,58 +113,57 @@ void win_launchers::applicationsAreAddedAndRemoved()
 {
     TestBench bench;
     bench.Start();
-    const QString first = bench.Write(QStringLiteral("one.exe"), "x");
-    const QString second = bench.Write(QStringLiteral("two.exe"), "x");
-    bench.ExpectModal(QStringLiteral("frmUser"), [&](QDialog& dialog) {
+    const QString first = bench.Write(u"one.exe"_s, "x");
+    const QString second = bench.Write(u"two.exe"_s, "x");
+    bench.ExpectModal(u"frmUser"_s, [&](QDialog& dialog) {
         QVERIFY(!Button(dialog, "cmdRemove")->isEnabled());
-        for (const QString& path : {first, second, bench.Path(QStringLiteral("gone.exe")), QString()}) {
-            bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open File..."),
-                                     QStringLiteral("Executables (*.exe)|*.EXE"), path);
+        for (const QString& path : {first, second, bench.Path(u"gone.exe"_s), QString()}) {
+            bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, u"Executables (*.exe)|*.EXE"_s, path);
             Press(dialog, "cmdAdd");
         }
-        QCOMPARE(dialog.findChild<QListWidget*>(QStringLiteral("lstApps"))->count(), 2);
+        QCOMPARE(dialog.findChild<QListWidget*>(u"lstApps"_s)->count(), 2);
         QTest::keyClick(&dialog, Qt::Key_Return);
     });
     ToolbarEntry(bench, "addremove")->trigger();
     QCOMPARE(HotKey, first);
     QCOMPARE(UserApplications[1], second);
-    QCOMPARE(UserApplications[2], QStringLiteral("none"));
-    QCOMPARE(ToolbarEntry(bench, "two")->text(), QStringLiteral("two.exe"));
+    QCOMPARE(UserApplications[2], u"none"_s);
+    QCOMPARE(ToolbarEntry(bench, "two")->text(), u"two.exe"_s);
     QVERIFY(!ToolbarEntry(bench, "three")->isVisible());
 
-    bench.ExpectModal(QStringLiteral("frmUser"), [](QDialog& dialog) {
-        dialog.findChild<QListWidget*>(QStringLiteral("lstApps"))->setCurrentRow(0);
+    bench.ExpectModal(u"frmUser"_s, [](QDialog& dialog) {
+        dialog.findChild<QListWidget*>(u"lstApps"_s)->setCurrentRow(0);
         Press(dialog, "cmdRemove");
         Press(dialog, "OKButton");
     });
     ToolbarEntry(bench, "addremove")->trigger();
     QCOMPARE(HotKey, second);
-    QCOMPARE(UserApplications[1], QStringLiteral("none"));
+    QCOMPARE(UserApplications[1], u"none"_s);
 }
 
 void win_launchers::removingWithoutASelectionIsReported()
 {
     TestBench bench;
     bench.Start();
-    HotKey = QStringLiteral("/a/b.exe");
-    bench.ExpectModal(QStringLiteral("frmUser"), [&](QDialog& dialog) {
-        bench.dialogs.ExpectMessage(QStringLiteral("No item is selected."), BoxAnswer::Ok, BoxIcon::Critical,
-                                    BoxButtons::Ok, QStringLiteral("Cannot Remove Item"));
+    HotKey = u"/a/b.exe"_s;
+    bench.ExpectModal(u"frmUser"_s, [&](QDialog& dialog) {
+        bench.dialogs.ExpectMessage(u"No item is selected."_s, BoxAnswer::Ok, BoxIcon::Critical, BoxButtons::Ok,
+                                    u"Cannot Remove Item"_s);
         Press(dialog, "cmdRemove");
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     ToolbarEntry(bench, "addremove")->trigger();
-    QCOMPARE(HotKey, QStringLiteral("/a/b.exe"));
+    QCOMPARE(HotKey, u"/a/b.exe"_s);
 }
 
 void win_launchers::tenApplicationsAreTheMaximum()
 {
     TestBench bench;
     bench.Start();
-    UserApplications.fill(QStringLiteral("/a/b.exe"));
-    bench.ExpectModal(QStringLiteral("frmUser"), [](QDialog& dialog) {
+    UserApplications.fill(u"/a/b.exe"_s);
+    bench.ExpectModal(u"frmUser"_s, [](QDialog& dialog) {
         QVERIFY(!Button(dialog, "cmdAdd")->isEnabled());
-        dialog.findChild<QListWidget*>(QStringLiteral("lstApps"))->setCurrentRow(3);
+        dialog.findChild<QListWidget*>(u"lstApps"_s)->setCurrentRow(3);
         Press(dialog, "cmdRemove");
         QVERIFY(Button(dialog, "cmdAdd")->isEnabled());
         Press(dialog, "CancelButton");
@@ -176,20 +175,20 @@ void win_launchers::cancelKeepsTheApplications()
 {
     TestBench bench;
     bench.Start();
-    UserApplications[4] = QStringLiteral("/a/b.exe");
-    bench.ExpectModal(QStringLiteral("frmUser"), [](QDialog& dialog) { Press(dialog, "CancelButton"); });
+    UserApplications[4] = u"/a/b.exe"_s;
+    bench.ExpectModal(u"frmUser"_s, [](QDialog& dialog) { Press(dialog, "CancelButton"); });
     ToolbarEntry(bench, "addremove")->trigger();
-    QCOMPARE(UserApplications[4], QStringLiteral("/a/b.exe"));
-    QCOMPARE(HotKey, QStringLiteral("none"));
+    QCOMPARE(UserApplications[4], u"/a/b.exe"_s);
+    QCOMPARE(HotKey, u"none"_s);
 }
 
 void win_launchers::hotButtonStartsTheFirstOrOpensTheList()
 {
     TestBench bench;
     bench.Start();
-    UserApplications[1] = bench.MakeEngine(QStringLiteral("second.exe"));
+    UserApplications[1] = bench.MakeEngine(u"second.exe"_s);
     // A plain click uses only the first.
-    bench.ExpectModal(QStringLiteral("frmUser"), [](QDialog& dialog) { dialog.reject(); });
+    bench.ExpectModal(u"frmUser"_s, [](QDialog& dialog) { dialog.reject(); });
     ToolbarEntry(bench, "User")->trigger();
     HotKey = UserApplications[1];
     ToolbarEntry(bench, "User")->trigger();
@@ -200,7 +199,7 @@ void win_launchers::missingHotProgramDoesNothing()
 {
     TestBench bench;
     bench.Start();
-    HotKey = bench.Path(QStringLiteral("gone.exe"));
+    HotKey = bench.Path(u"gone.exe"_s);
     ToolbarEntry(bench, "User")->trigger();
     ToolbarEntry(bench, "one")->trigger();
     QVERIFY(bench.dialogs.Finished());
@@ -209,7 +208,7 @@ void win_launchers::missingHotProgramDoesNothing()
 void win_launchers::applicationItemsStartTheirPrograms()
 {
     TestBench bench;
-    WriteSetting(QStringLiteral("User10"), bench.MakeEngine());
+    WriteSetting(u"User10"_s, bench.MakeEngine());
     bench.Start();
     QVERIFY(ToolbarEntry(bench, "ten")->isVisible());
     QVERIFY(!ToolbarEntry(bench, "one")->isVisible());
@@ -222,17 +221,17 @@ void win_launchers::desktopProgramsAreFoundByType()
     TestBench bench;
     const TestDesktop desktop(bench);
     bench.Start();
-    const QString program = bench.MakeEngine(QStringLiteral("my editor"));
-    desktop.Add(QStringLiteral("applications/a-terminal.desktop"),
+    const QString program = bench.MakeEngine(u"my editor"_s);
+    desktop.Add(u"applications/a-terminal.desktop"_s,
                 TestDesktop::Entry(program, "MimeType=text/plain;\nTerminal=true\n"));
-    desktop.Add(QStringLiteral("applications/editor.desktop"),
+    desktop.Add(u"applications/editor.desktop"_s,
                 TestDesktop::Entry(QLatin1Char('"') + program + QLatin1Char('"'),
                                    "MimeType=text/plain;audio/x-wav;\nCategories=Utility;Calculator;\n"));
     for (const char* item : {"mnuNotepad", "mnuCalculator"}) {
         bench.Choose(QString::fromLatin1(item));
         QCOMPARE(bench.WaitForEngine().arguments, QStringList());
     }
-    QVERIFY(!QFile::exists(bench.ProgramPath(QStringLiteral("test.txt"))));
+    QVERIFY(!QFile::exists(bench.ProgramPath(u"test.txt"_s)));
 }
 
 void win_launchers::missingDesktopProgramsAreReported()
@@ -240,21 +239,21 @@ void win_launchers::missingDesktopProgramsAreReported()
     TestBench bench;
     const TestDesktop desktop(bench);
     bench.Start();
-    desktop.Add(QStringLiteral("applications/hex.desktop"),
+    desktop.Add(u"applications/hex.desktop"_s,
                 TestDesktop::Entry(bench.MakeEngine(), "MimeType=application/octet-stream;\n"));
     const QList<QPair<QString, QString>> messages = {
-        {QStringLiteral("mnuExplorer"), QStringLiteral("Explorer not found.")},
-        {QStringLiteral("mnuNotepad"), QStringLiteral("Default texteditor not found.")},
-        {QStringLiteral("mnuWordpad"), QStringLiteral("Default word processor not found.")},
-        {QStringLiteral("mnuPaint"), QStringLiteral("Default paint program not found.")},
-        {QStringLiteral("mnuSoundRec"), QStringLiteral("Default WAV program not found.")},
-        {QStringLiteral("mnuCalculator"), QStringLiteral("Calculator not found.")},
+        {u"mnuExplorer"_s, u"Explorer not found."_s},
+        {u"mnuNotepad"_s, u"Default texteditor not found."_s},
+        {u"mnuWordpad"_s, u"Default word processor not found."_s},
+        {u"mnuPaint"_s, u"Default paint program not found."_s},
+        {u"mnuSoundRec"_s, u"Default WAV program not found."_s},
+        {u"mnuCalculator"_s, u"Calculator not found."_s},
     };
     for (const auto& [item, message] : messages) {
         bench.dialogs.ExpectMessage(message);
         bench.Choose(item);
     }
-    QCOMPARE(QDir(bench.ProgramPath(QString())).entryList({QStringLiteral("test.*")}), QStringList());
+    QCOMPARE(QDir(bench.ProgramPath(QString())).entryList({u"test.*"_s}), QStringList());
 }
 
 class UrlCatcher : public QObject {
@@ -272,12 +271,12 @@ void win_launchers::pagesOpenInTheBrowser()
     TestBench bench;
     bench.Start();
     UrlCatcher catcher;
-    QDesktopServices::setUrlHandler(QStringLiteral("https"), &catcher, "Take");
+    QDesktopServices::setUrlHandler(u"https"_s, &catcher, "Take");
     for (const char* item : {"mnuOBHome", "mnuOBGroup", "mnuOBForum", "mnuOBNews", "mnuOBLinks"})
         bench.Choose(QString::fromLatin1(item));
-    QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+    QDesktopServices::unsetUrlHandler(u"https"_s);
     QCOMPARE(catcher.urls.size(), 5);
-    QCOMPARE(catcher.urls.first().toString(), PageAddress(QStringLiteral("mnuOBHome")));
+    QCOMPARE(catcher.urls.first().toString(), PageAddress(u"mnuOBHome"_s));
     QVERIFY(catcher.urls.first().isValid() && !catcher.urls.first().host().isEmpty());
 }
 
@@ -285,14 +284,13 @@ void win_launchers::helpFileIsChosenThenOpened()
 {
     TestBench bench;
     bench.Start();
-    const QString help = bench.Write(QStringLiteral("orchard.hlp"), "help");
+    const QString help = bench.Write(u"orchard.hlp"_s, "help");
     UrlCatcher catcher;
-    QDesktopServices::setUrlHandler(QStringLiteral("file"), &catcher, "Take");
-    bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"),
-                             QStringLiteral("Orchard BASIC Help|orchard.hlp;*.hlp;"), help);
+    QDesktopServices::setUrlHandler(u"file"_s, &catcher, "Take");
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, u"Orchard BASIC Help|orchard.hlp;*.hlp;"_s, help);
     QTest::keyClick(&bench.Frame(), Qt::Key_F1);
-    bench.Choose(QStringLiteral("mnuHelpContents"));
-    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    bench.Choose(u"mnuHelpContents"_s);
+    QDesktopServices::unsetUrlHandler(u"file"_s);
     QCOMPARE(catcher.urls, QList<QUrl>(2, QUrl::fromLocalFile(help)));
     QCOMPARE(OBHelpPath, help);
 }
@@ -301,27 +299,27 @@ void win_launchers::helpWithoutAFileIsReported()
 {
     TestBench bench;
     bench.Start();
-    const QString filter = QStringLiteral("Programming Help|*.hlp;");
+    const QString filter = u"Programming Help|*.hlp;"_s;
     for (int i = 0; i < 2; ++i) {
-        bench.dialogs.ExpectFile(FilePurpose::Open, QStringLiteral("Open"), filter, QString());
-        bench.dialogs.ExpectMessage(QStringLiteral("The chosen Helpfile was not found."));
+        bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, filter, QString());
+        bench.dialogs.ExpectMessage(u"The chosen Helpfile was not found."_s);
     }
-    bench.dialogs.ExpectMessage(QStringLiteral("No helpfile is designated."), BoxAnswer::Ok, BoxIcon::None);
-    bench.Choose(QStringLiteral("mnuHelpOption"));
+    bench.dialogs.ExpectMessage(u"No helpfile is designated."_s, BoxAnswer::Ok, BoxIcon::None);
+    bench.Choose(u"mnuHelpOption"_s);
 }
 
 void win_launchers::librariesOpenOrAreReportedAsMissing()
 {
     TestBench bench;
     bench.Start();
-    QFile::remove(bench.ProgramPath(QStringLiteral("wrapper32.bas")));
-    bench.dialogs.ExpectMessage(QStringLiteral("Wrapper32.bas not found!"));
-    bench.Choose(QStringLiteral("mnuWrapper"));
-    QFile library(bench.ProgramPath(QStringLiteral("printer32.bas")));
+    QFile::remove(bench.ProgramPath(u"wrapper32.bas"_s));
+    bench.dialogs.ExpectMessage(u"Wrapper32.bas not found!"_s);
+    bench.Choose(u"mnuWrapper"_s);
+    QFile library(bench.ProgramPath(u"printer32.bas"_s));
     QVERIFY(library.open(QIODevice::WriteOnly) && library.write("end\r\n") == 5);
     library.close();
-    bench.Choose(QStringLiteral("mnuToolPrinter"));
-    QCOMPARE(bench.Active()->Caption(), bench.ProgramPath(QStringLiteral("printer32.bas")));
+    bench.Choose(u"mnuToolPrinter"_s);
+    QCOMPARE(bench.Active()->Caption(), bench.ProgramPath(u"printer32.bas"_s));
     QCOMPARE(TestBench::Text(bench.Active()), QByteArray("end"));
 }
 
@@ -329,46 +327,45 @@ void win_launchers::chosenColorIsShownInTheStatusBar()
 {
     TestBench bench;
     bench.Start();
-    bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), 0, Rgb(1, 20, 255));
-    bench.Choose(QStringLiteral("mnuColorDialog"));
-    auto* text = bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"));
-    QCOMPARE(text->text(), QStringLiteral("R- 1     G- 20     B- 255     Long- 16716801"));
-    bench.dialogs.ExpectColor(QStringLiteral("Color Previewer"), Rgb(1, 20, 255), std::nullopt);
-    bench.Choose(QStringLiteral("mnuColorDialog"));
-    QCOMPARE(text->text(), QStringLiteral("R- 1     G- 20     B- 255     Long- 16716801"));
+    bench.dialogs.ExpectColor(u"Color Previewer"_s, 0, Rgb(1, 20, 255));
+    bench.Choose(u"mnuColorDialog"_s);
+    auto* text = bench.Frame().findChild<QLabel*>(u"statusText"_s);
+    QCOMPARE(text->text(), u"R- 1     G- 20     B- 255     Long- 16716801"_s);
+    bench.dialogs.ExpectColor(u"Color Previewer"_s, Rgb(1, 20, 255), std::nullopt);
+    bench.Choose(u"mnuColorDialog"_s);
+    QCOMPARE(text->text(), u"R- 1     G- 20     B- 255     Long- 16716801"_s);
 }
 
 void win_launchers::chosenFontIsShownInTheStatusBar()
 {
     TestBench bench;
     bench.Start();
-    const FontSpec start{QStringLiteral("MS Sans Serif"), 10, false, false};
-    bench.dialogs.ExpectFont(start, FontSpec{QStringLiteral("Liberation Mono"), 14, true, false});
-    bench.Choose(QStringLiteral("mnuToolFont"));
-    QCOMPARE(bench.Frame().findChild<QLabel*>(QStringLiteral("statusText"))->text(),
-             QStringLiteral("Font:  Liberation Mono     size:  14"));
+    const FontSpec start{u"MS Sans Serif"_s, 10, false, false};
+    bench.dialogs.ExpectFont(start, FontSpec{u"Liberation Mono"_s, 14, true, false});
+    bench.Choose(u"mnuToolFont"_s);
+    QCOMPARE(bench.Frame().findChild<QLabel*>(u"statusText"_s)->text(), u"Font:  Liberation Mono     size:  14"_s);
     bench.dialogs.ExpectFont(start, std::nullopt);
-    bench.Choose(QStringLiteral("mnuToolFont"));
+    bench.Choose(u"mnuToolFont"_s);
 }
 
 void win_launchers::goToLineMovesTheCaret()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "one\r\ntwo\r\nthree\r\n")});
-    const InputSpec question{QStringLiteral("Line number?"), QStringLiteral("Go to Line"), QStringLiteral("1")};
-    bench.dialogs.ExpectInput(question, QStringLiteral("3"));
-    bench.Choose(QStringLiteral("mnuLine"));
+    bench.Start({bench.Write(u"a.bas"_s, "one\r\ntwo\r\nthree\r\n")});
+    const InputSpec question{u"Line number?"_s, u"Go to Line"_s, u"1"_s};
+    bench.dialogs.ExpectInput(question, u"3"_s);
+    bench.Choose(u"mnuLine"_s);
     QCOMPARE(SendSci(bench.Active()->sci, SCI_GETCURRENTPOS), 10);
 }
 
 void win_launchers::goToLineOfNoNumberIsTheFirst()
 {
     TestBench bench;
-    bench.Start({bench.Write(QStringLiteral("a.bas"), "one\r\ntwo\r\nthree\r\n")});
-    const InputSpec question{QStringLiteral("Line number?"), QStringLiteral("Go to Line"), QStringLiteral("1")};
+    bench.Start({bench.Write(u"a.bas"_s, "one\r\ntwo\r\nthree\r\n")});
+    const InputSpec question{u"Line number?"_s, u"Go to Line"_s, u"1"_s};
     SendSci(bench.Active()->sci, SCI_GOTOPOS, 7);
     bench.dialogs.ExpectInput(question, std::nullopt);
-    bench.Choose(QStringLiteral("mnuLine"));
+    bench.Choose(u"mnuLine"_s);
     QCOMPARE(SendSci(bench.Active()->sci, SCI_GETCURRENTPOS), 0);
 }
 
@@ -376,13 +373,12 @@ void win_launchers::aboutShowsTheVersion()
 {
     TestBench bench;
     bench.Start();
-    bench.ExpectModal(QStringLiteral("dlgAbout"), [](QDialog& dialog) {
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("About OB Bench"));
-        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblName"))->text(),
-                 QStringLiteral("OB Bench  v " OB_VERSION));
+    bench.ExpectModal(u"dlgAbout"_s, [](QDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), u"About OB Bench"_s);
+        QCOMPARE(dialog.findChild<QLabel*>(u"lblName"_s)->text(), u"OB Bench  v " OB_VERSION ""_s);
         QTest::keyClick(&dialog, Qt::Key_Return);
     });
-    bench.Choose(QStringLiteral("mnuHelpAbout"));
+    bench.Choose(u"mnuHelpAbout"_s);
 }
 
 void win_launchers::windowsAreTiledAndCascaded()
@@ -390,40 +386,40 @@ void win_launchers::windowsAreTiledAndCascaded()
     TestBench bench;
     QStringList paths;
     for (int i = 0; i < 3; ++i)
-        paths.append(bench.Write(QStringLiteral("f%1.bas").arg(i), "end\r\n"));
+        paths.append(bench.Write(u"f%1.bas"_s.arg(i), "end\r\n"));
     bench.Start(paths);
     bench.Frame().resize(800, 700);
     const QSize area = bench.Frame().Area().viewport()->size();
     const auto geometry = [&](int i) { return bench.Frame().Area().subWindowList()[i]->geometry(); };
-    bench.Choose(QStringLiteral("mnuWindowTileHorizontal"));
+    bench.Choose(u"mnuWindowTileHorizontal"_s);
     for (int i = 0; i < 3; ++i) {
         QCOMPARE(geometry(i).width(), area.width());
         QCOMPARE(geometry(i).top(), area.height() * i / 3);
     }
-    bench.Choose(QStringLiteral("mnuWindowTileVertical"));
+    bench.Choose(u"mnuWindowTileVertical"_s);
     for (int i = 0; i < 3; ++i)
         QCOMPARE(geometry(i).left(), area.width() * i / 3);
-    bench.Choose(QStringLiteral("mnuWindowCascade"));
+    bench.Choose(u"mnuWindowCascade"_s);
     QVERIFY(geometry(1).left() > geometry(0).left() && geometry(1).top() > geometry(0).top());
     QCOMPARE(geometry(2).size(), geometry(0).size());
     bench.Frame().Area().subWindowList()[0]->showMinimized();
-    bench.Choose(QStringLiteral("mnuWindowArrangeIcons"));
+    bench.Choose(u"mnuWindowArrangeIcons"_s);
     QCOMPARE(geometry(0).bottom(), area.height() - 1);
 }
 
 void win_launchers::windowMenuListsTheChildren()
 {
     TestBench bench;
-    const QString a = bench.Write(QStringLiteral("a&b.bas"), "end\r\n");
-    const QString b = bench.Write(QStringLiteral("b.bas"), "end\r\n");
+    const QString a = bench.Write(u"a&b.bas"_s, "end\r\n");
+    const QString b = bench.Write(u"b.bas"_s, "end\r\n");
     bench.Start({a, b});
-    QMenu* menu = bench.Frame().Item(QStringLiteral("mnuWindow"))->menu();
+    QMenu* menu = bench.Frame().Item(u"mnuWindow"_s)->menu();
     for (int opening = 0; opening < 2; ++opening) {
         Q_EMIT menu->aboutToShow();
         QCOMPARE(menu->actions().size(), 8);
     }
     QAction* first = menu->actions()[6];
-    QCOMPARE(first->text(), QStringLiteral("&1 ") + QString(a).replace(QLatin1Char('&'), QLatin1String("&&")));
+    QCOMPARE(first->text(), u"&1 "_s + QString(a).replace(QLatin1Char('&'), QLatin1String("&&")));
     QVERIFY(!first->isChecked());
     QVERIFY(menu->actions()[7]->isChecked());
     first->trigger();
@@ -434,13 +430,13 @@ void win_launchers::paletteOpensAndCloses()
 {
     TestBench bench;
     bench.Start();
-    auto* palette = bench.Frame().findChild<QWidget*>(QStringLiteral("picGui"));
+    auto* palette = bench.Frame().findChild<QWidget*>(u"picGui"_s);
     QVERIFY(!palette->isVisible());
-    bench.Choose(QStringLiteral("mnuViewGuiBar"));
+    bench.Choose(u"mnuViewGuiBar"_s);
     QVERIFY(palette->isVisible());
-    QTest::mouseClick(palette->findChild<QToolButton*>(QStringLiteral("cmdGuiX")), Qt::LeftButton);
+    QTest::mouseClick(palette->findChild<QToolButton*>(u"cmdGuiX"_s), Qt::LeftButton);
     QVERIFY(!palette->isVisible());
-    QVERIFY(!bench.Frame().Item(QStringLiteral("mnuViewGuiBar"))->isChecked());
+    QVERIFY(!bench.Frame().Item(u"mnuViewGuiBar"_s)->isChecked());
 }
 
 void win_launchers::doubleClickOnTheToolbarAsks()
@@ -448,16 +444,15 @@ void win_launchers::doubleClickOnTheToolbarAsks()
     TestBench bench;
     bench.Start();
     bench.Frame().resize(900, 500);
-    auto* bar = bench.Frame().findChild<QToolBar*>(QStringLiteral("tbToolBar"));
+    auto* bar = bench.Frame().findChild<QToolBar*>(u"tbToolBar"_s);
     const QString question =
-        QStringLiteral("Would you like to hide this toolbar? (Options menu will allow you to display it again.)");
+        u"Would you like to hide this toolbar? (Options menu will allow you to display it again.)"_s;
     for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
-        bench.dialogs.ExpectMessage(question, answer, BoxIcon::Question, BoxButtons::YesNo,
-                                    QStringLiteral("Hide Toolbar?"));
+        bench.dialogs.ExpectMessage(question, answer, BoxIcon::Question, BoxButtons::YesNo, u"Hide Toolbar?"_s);
         QTest::mouseDClick(bar, Qt::LeftButton, {}, QPoint(bar->width() - 5, bar->height() / 2));
         QCOMPARE(bar->isVisible(), answer == BoxAnswer::No);
     }
-    QVERIFY(!bench.Frame().Item(QStringLiteral("mnuOptionsToolbar"))->isChecked());
+    QVERIFY(!bench.Frame().Item(u"mnuOptionsToolbar"_s)->isChecked());
     bench.Frame().ShowToolbar(true);
     // A disabled button is not free area.
     QTest::mouseDClick(bar, Qt::LeftButton, {}, bar->actionGeometry(ToolbarEntry(bench, "Save")).center());
@@ -471,12 +466,12 @@ void win_launchers::statusBarHasSixPanels()
     QStringList texts;
     for (const char* name : {"statusNum", "statusCaps", "statusIns"})
         texts.append(bench.Frame().findChild<QLabel*>(QString::fromLatin1(name))->text());
-    QCOMPARE(texts.join(QLatin1Char(' ')), QStringLiteral("NUM CAPS INS"));
-    QVERIFY(!bench.Frame().findChild<QLabel*>(QStringLiteral("statusDate"))->text().isEmpty());
-    QVERIFY(!bench.Frame().findChild<QLabel*>(QStringLiteral("statusTime"))->text().isEmpty());
+    QCOMPARE(texts.join(QLatin1Char(' ')), u"NUM CAPS INS"_s);
+    QVERIFY(!bench.Frame().findChild<QLabel*>(u"statusDate"_s)->text().isEmpty());
+    QVERIFY(!bench.Frame().findChild<QLabel*>(u"statusTime"_s)->text().isEmpty());
 
-    bench.Choose(QStringLiteral("mnuFileNew"));
-    auto* insert = bench.Frame().findChild<QLabel*>(QStringLiteral("statusIns"));
+    bench.Choose(u"mnuFileNew"_s);
+    auto* insert = bench.Frame().findChild<QLabel*>(u"statusIns"_s);
     QVERIFY(insert->isEnabled());
     QTest::keyClick(bench.ActiveWindowEdit(), Qt::Key_Insert);
     QVERIFY(!insert->isEnabled());

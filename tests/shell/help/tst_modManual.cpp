@@ -7,16 +7,18 @@
 #include <QFileInfo>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
 
-const QString SourceFolder = QStringLiteral(OB_TEST_DATA "/../../docs/manual/");
+const QString SourceFolder = u"" OB_TEST_DATA "/../../docs/manual/"_s;
 constexpr qint64 LargestPicture = 60 * 1024;
 
 HelpPage Parse(const char* text)
 {
-    return ParseManualPage(QStringLiteral("page"), QString::fromUtf8(text));
+    return ParseManualPage(u"page"_s, QString::fromUtf8(text));
 }
 
 QStringList TextsOf(const HelpPage& page)
@@ -37,10 +39,9 @@ QStringList NamesOf(const std::vector<ManualHit>& hits)
 
 std::vector<HelpPage> SmallManual()
 {
-    return {ParseManualPage(QStringLiteral("apples"), QStringLiteral("# Apples\n\nRed or green, like pears.\n")),
-            ParseManualPage(QStringLiteral("pears"), QStringLiteral("# Pears\n\n## Green pears\n\nEat them.\n")),
-            ParseManualPage(QStringLiteral("plums"),
-                            QStringLiteral("# Plums\n\nBlue, never green. Green ones wait.\n\nNot pears.\n"))};
+    return {ParseManualPage(u"apples"_s, u"# Apples\n\nRed or green, like pears.\n"_s),
+            ParseManualPage(u"pears"_s, u"# Pears\n\n## Green pears\n\nEat them.\n"_s),
+            ParseManualPage(u"plums"_s, u"# Plums\n\nBlue, never green. Green ones wait.\n\nNot pears.\n"_s)};
 }
 
 bool HasSection(const HelpPage& page, const QString& section)
@@ -57,13 +58,12 @@ QString TroubleWith(const ManualLink& link, const HelpPage& from)
     if (link.target.startsWith(QLatin1String("https://")))
         return {};
     if (!IsManualLink(link.target))
-        return QStringLiteral("%1: no kind of link: %2").arg(from.name, link.target);
+        return u"%1: no kind of link: %2"_s.arg(from.name, link.target);
     const ManualPlace place = PlaceOfLink(link.target, from.name);
     const HelpPage* page = FindManualPage(place.page);
     if (page == nullptr)
-        return QStringLiteral("%1: no such page: %2").arg(from.name, link.target);
-    return HasSection(*page, place.section) ? QString()
-                                            : QStringLiteral("%1: no such section: %2").arg(from.name, link.target);
+        return u"%1: no such page: %2"_s.arg(from.name, link.target);
+    return HasSection(*page, place.section) ? QString() : u"%1: no such section: %2"_s.arg(from.name, link.target);
 }
 
 } // namespace
@@ -101,11 +101,11 @@ private Q_SLOTS:
 
 void tst_modManual::everyPageIsEmbedded()
 {
-    QStringList files = QDir(SourceFolder).entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name);
-    QVERIFY(files.contains(QStringLiteral("index.md")));
+    QStringList files = QDir(SourceFolder).entryList({u"*.md"_s}, QDir::Files, QDir::Name);
+    QVERIFY(files.contains(u"index.md"_s));
     QStringList embedded;
     for (const HelpPage& page : Manual())
-        embedded.append(page.name + QStringLiteral(".md"));
+        embedded.append(page.name + u".md"_s);
     QCOMPARE(embedded, files);
 }
 
@@ -136,7 +136,7 @@ void tst_modManual::everyPictureIsThereAndSmall()
                 ++pictures;
                 const QFileInfo file(SourceFolder + picture.target);
                 if (!file.isFile() || file.size() > LargestPicture || picture.text.isEmpty())
-                    trouble.append(QStringLiteral("%1: %2").arg(page.name, picture.target));
+                    trouble.append(u"%1: %2"_s.arg(page.name, picture.target));
             }
         }
     }
@@ -160,22 +160,21 @@ void tst_modManual::everyPageHasOneTitleAndItsHeadingsDiffer()
 void tst_modManual::marksAreTakenOffTheText()
 {
     QCOMPARE(TextsOf(Parse("Press **F5** or *twice* `a**b` and \\*not\\* 2 * 3.")),
-             QStringList{QStringLiteral("Press F5 or twice a**b and *not* 2 * 3.")});
-    QCOMPARE(TextsOf(Parse("> said\n> before")), QStringList{QStringLiteral("said before")});
+             QStringList{u"Press F5 or twice a**b and *not* 2 * 3."_s});
+    QCOMPARE(TextsOf(Parse("> said\n> before")), QStringList{u"said before"_s});
 }
 
 void tst_modManual::wrappedLinesAreOneParagraph()
 {
-    QCOMPARE(TextsOf(Parse("one\ntwo\r\n\nthree")), (QStringList{QStringLiteral("one two"), QStringLiteral("three")}));
+    QCOMPARE(TextsOf(Parse("one\ntwo\r\n\nthree")), (QStringList{u"one two"_s, u"three"_s}));
 }
 
 void tst_modManual::itemsRowsAndCodeAreBlocksOfTheirOwn()
 {
     const HelpPage page = Parse("- first\n  goes on\n- second\n12. third\n\n| a | b\\|c |\n|---|:-:|\n| d | |\n\n"
                                 "```\n# no [heading](x.md)\n\n```\nend");
-    QCOMPARE(TextsOf(page), (QStringList{QStringLiteral("first goes on"), QStringLiteral("second"),
-                                         QStringLiteral("third"), QStringLiteral("a  b|c"), QStringLiteral("d  "),
-                                         QStringLiteral("# no [heading](x.md)"), QString(), QStringLiteral("end")}));
+    QCOMPARE(TextsOf(page), (QStringList{u"first goes on"_s, u"second"_s, u"third"_s, u"a  b|c"_s, u"d  "_s,
+                                         u"# no [heading](x.md)"_s, QString(), u"end"_s}));
     QCOMPARE(page.blocks[2].kind, BlockKind::Item);
     QCOMPARE(page.blocks[3].kind, BlockKind::Row);
     QCOMPARE(page.blocks[5].kind, BlockKind::Code);
@@ -186,34 +185,34 @@ void tst_modManual::linksAndPicturesAreFoundOutsideOfCode()
 {
     const HelpPage page = Parse("See [the **bold** [x]](a.md#b) and ![a view](pictures/p.png), not `[c](d.md)`.");
     const ManualBlock& block = page.blocks.front();
-    QCOMPARE(block.text, QStringLiteral("See the bold [x] and , not [c](d.md)."));
+    QCOMPARE(block.text, u"See the bold [x] and , not [c](d.md)."_s);
     QCOMPARE(block.links.size(), 1);
-    QCOMPARE(block.links[0].target, QStringLiteral("a.md#b"));
+    QCOMPARE(block.links[0].target, u"a.md#b"_s);
     QCOMPARE(block.pictures.size(), 1);
-    QCOMPARE(block.pictures[0].text, QStringLiteral("a view"));
-    QCOMPARE(block.pictures[0].target, QStringLiteral("pictures/p.png"));
+    QCOMPARE(block.pictures[0].text, u"a view"_s);
+    QCOMPARE(block.pictures[0].target, u"pictures/p.png"_s);
 }
 
 void tst_modManual::halfALinkIsText()
 {
-    QCOMPARE(TextsOf(Parse("a [b] c [d](e ![ [")), QStringList{QStringLiteral("a [b] c [d](e ![ [")});
+    QCOMPARE(TextsOf(Parse("a [b] c [d](e ![ [")), QStringList{u"a [b] c [d](e ![ ["_s});
 }
 
 void tst_modManual::sectionsFollowTheirHeadings()
 {
     const HelpPage page = Parse("# Title\n\nzero\n\n## The first `one`\n\ntext\n\n### Deeper\n\nmore");
-    QCOMPARE(page.title, QStringLiteral("Title"));
+    QCOMPARE(page.title, u"Title"_s);
     QStringList sections;
     for (const ManualBlock& block : page.blocks)
         sections.append(block.section);
-    const QString first = QStringLiteral("the-first-one");
-    const QString deeper = QStringLiteral("deeper");
+    const QString first = u"the-first-one"_s;
+    const QString deeper = u"deeper"_s;
     QCOMPARE(sections, (QStringList{{}, {}, first, first, deeper, deeper}));
 }
 
 void tst_modManual::pageWithoutATitleHasItsName()
 {
-    QCOMPARE(Parse("").title, QStringLiteral("page"));
+    QCOMPARE(Parse("").title, u"page"_s);
     QVERIFY(Parse("").blocks.empty());
 }
 
@@ -221,10 +220,10 @@ void tst_modManual::anchorsAreThoseOfTheMarkdownHost_data()
 {
     QTest::addColumn<QString>("heading");
     QTest::addColumn<QString>("anchor");
-    QTest::newRow("spaces") << QStringLiteral("What a save does") << QStringLiteral("what-a-save-does");
-    QTest::newRow("signs") << QStringLiteral("Save & close?") << QStringLiteral("save--close");
-    QTest::newRow("dot") << QStringLiteral("untitled.bak") << QStringLiteral("untitledbak");
-    QTest::newRow("dash") << QStringLiteral("Re-use_it") << QStringLiteral("re-use_it");
+    QTest::newRow("spaces") << u"What a save does"_s << u"what-a-save-does"_s;
+    QTest::newRow("signs") << u"Save & close?"_s << u"save--close"_s;
+    QTest::newRow("dot") << u"untitled.bak"_s << u"untitledbak"_s;
+    QTest::newRow("dash") << u"Re-use_it"_s << u"re-use_it"_s;
 }
 
 void tst_modManual::anchorsAreThoseOfTheMarkdownHost()
@@ -235,10 +234,10 @@ void tst_modManual::anchorsAreThoseOfTheMarkdownHost()
 
 void tst_modManual::linksGoToPagesAndSections()
 {
-    const QString from = QStringLiteral("here");
-    QCOMPARE(PlaceOfLink(u"files.md", from), (ManualPlace{QStringLiteral("files"), {}}));
-    QCOMPARE(PlaceOfLink(u"files.md#save", from), (ManualPlace{QStringLiteral("files"), QStringLiteral("save")}));
-    QCOMPARE(PlaceOfLink(u"#save", from), (ManualPlace{from, QStringLiteral("save")}));
+    const QString from = u"here"_s;
+    QCOMPARE(PlaceOfLink(u"files.md", from), (ManualPlace{u"files"_s, {}}));
+    QCOMPARE(PlaceOfLink(u"files.md#save", from), (ManualPlace{u"files"_s, u"save"_s}));
+    QCOMPARE(PlaceOfLink(u"#save", from), (ManualPlace{from, u"save"_s}));
     QVERIFY(IsManualLink(u"files.md") && IsManualLink(u"files.md#a") && IsManualLink(u"#a"));
     QVERIFY(!IsManualLink(u"https://example.org/a.md"));
     QVERIFY(!IsManualLink(u"mailto:a.md"));
@@ -251,36 +250,35 @@ void tst_modManual::contentsAreGroupsAndTheirItems()
         ContentsOf(Parse("# Title\n\nRead [this](x.md).\n\n## Group\n\n- [A page](a.md#b): and [another](b.md)\n- "
                          "[out](https://a.b)\n"));
     QCOMPARE(entries.size(), 3U);
-    QCOMPARE(entries[0].caption, QStringLiteral("Group"));
+    QCOMPARE(entries[0].caption, u"Group"_s);
     QVERIFY(entries[0].page.isEmpty());
-    QCOMPARE(entries[1].caption, QStringLiteral("A page"));
-    QCOMPARE(entries[1].page, QStringLiteral("a"));
-    QCOMPARE(entries[2].page, QStringLiteral("b"));
+    QCOMPARE(entries[1].caption, u"A page"_s);
+    QCOMPARE(entries[1].page, u"a"_s);
+    QCOMPARE(entries[2].page, u"b"_s);
 }
 
 void tst_modManual::missingPageSaysSo()
 {
     QVERIFY(FindManualPage(u"no-such-page") == nullptr);
-    const HelpPage page = ParseManualPage(QStringLiteral("x"), ManualText(QStringLiteral("no-such-page")));
-    QCOMPARE(page.title, QStringLiteral("There is no page on this yet."));
+    const HelpPage page = ParseManualPage(u"x"_s, ManualText(u"no-such-page"_s));
+    QCOMPARE(page.title, u"There is no page on this yet."_s);
     QCOMPARE(PlaceOfLink(page.blocks.back().links.value(0).target, page.name).page, ManualContentsPage);
 }
 
 void tst_modManual::toolsThatATextDoesNotNameComeAtItsMark()
 {
-    const std::vector<ManualTool> tools = {{QStringLiteral("Preview > Wav"), QStringLiteral("wav")},
-                                           {QStringLiteral("Gui"), QStringLiteral("form")}};
-    QCOMPARE(WithTools(QStringLiteral("- [Forms](form.md#a)\n<!-- more tools -->\n\nend"), tools, ToolLines::Pages),
-             QStringLiteral("- [Forms](form.md#a)\n- [Wav](wav.md)\n\nend"));
-    QCOMPARE(WithTools(QStringLiteral("| Gui | | draws |\n<!-- more tools -->\n"), tools, ToolLines::MenuItems),
-             QStringLiteral("| Gui | | draws |\n| Preview > Wav | | see [Wav](wav.md) |\n"));
-    QCOMPARE(WithTools(QStringLiteral("text\n"), tools, ToolLines::Pages), QStringLiteral("text\n"));
+    const std::vector<ManualTool> tools = {{u"Preview > Wav"_s, u"wav"_s}, {u"Gui"_s, u"form"_s}};
+    QCOMPARE(WithTools(u"- [Forms](form.md#a)\n<!-- more tools -->\n\nend"_s, tools, ToolLines::Pages),
+             u"- [Forms](form.md#a)\n- [Wav](wav.md)\n\nend"_s);
+    QCOMPARE(WithTools(u"| Gui | | draws |\n<!-- more tools -->\n"_s, tools, ToolLines::MenuItems),
+             u"| Gui | | draws |\n| Preview > Wav | | see [Wav](wav.md) |\n"_s);
+    QCOMPARE(WithTools(u"text\n"_s, tools, ToolLines::Pages), u"text\n"_s);
 }
 
 void tst_modManual::wordsAreFoundWhereTheyBegin()
 {
     const QStringList words = SearchWords(u"  Save SAVE  .bak ");
-    QCOMPARE(words, (QStringList{QStringLiteral("save"), QStringLiteral(".bak")}));
+    QCOMPARE(words, (QStringList{u"save"_s, u".bak"_s}));
     QCOMPARE(FindWords(u"Saved, unsaved: x.BAK", words), (QList<TextSpan>{{0, 4}, {17, 4}}));
     // Of two words that start at the same place the longer one counts.
     QCOMPARE(FindWords(u"a saver", SearchWords(u"save saver")), (QList<TextSpan>{{2, 5}}));
@@ -289,29 +287,27 @@ void tst_modManual::wordsAreFoundWhereTheyBegin()
 void tst_modManual::searchNeedsEveryWord()
 {
     const auto pages = SmallManual();
-    QCOMPARE(NamesOf(SearchManual(pages, u"blue green")), QStringList{QStringLiteral("plums")});
+    QCOMPARE(NamesOf(SearchManual(pages, u"blue green")), QStringList{u"plums"_s});
     QVERIFY(SearchManual(pages, u"blue red").empty());
 }
 
 void tst_modManual::searchPutsHeadingsFirstThenCounts()
 {
     const auto pages = SmallManual();
-    QCOMPARE(NamesOf(SearchManual(pages, u"green")),
-             (QStringList{QStringLiteral("pears"), QStringLiteral("plums"), QStringLiteral("apples")}));
-    QCOMPARE(NamesOf(SearchManual(pages, u"pears")),
-             (QStringList{QStringLiteral("pears"), QStringLiteral("apples"), QStringLiteral("plums")}));
+    QCOMPARE(NamesOf(SearchManual(pages, u"green")), (QStringList{u"pears"_s, u"plums"_s, u"apples"_s}));
+    QCOMPARE(NamesOf(SearchManual(pages, u"pears")), (QStringList{u"pears"_s, u"apples"_s, u"plums"_s}));
 }
 
 void tst_modManual::searchShowsTheLinesAndTheSection()
 {
     const auto pages = SmallManual();
     const ManualHit hit = SearchManual(pages, u"EAT green").at(0);
-    QCOMPARE(hit.title, QStringLiteral("Pears"));
-    QCOMPARE(hit.snippets, (QStringList{QStringLiteral("Green pears"), QStringLiteral("Eat them.")}));
-    QCOMPARE(hit.place.section, QStringLiteral("green-pears"));
+    QCOMPARE(hit.title, u"Pears"_s);
+    QCOMPARE(hit.snippets, (QStringList{u"Green pears"_s, u"Eat them."_s}));
+    QCOMPARE(hit.place.section, u"green-pears"_s);
     QCOMPARE(hit.inHeadings, 1);
     QCOMPARE(hit.count, 2);
-    const auto many = {ParseManualPage(QStringLiteral("p"), QStringLiteral("# T\n\n- x 1\n- x 2\n- x 3\n- x 4\n"))};
+    const auto many = {ParseManualPage(u"p"_s, u"# T\n\n- x 1\n- x 2\n- x 3\n- x 4\n"_s)};
     QCOMPARE(SearchManual(many, u"x").at(0).snippets.size(), 3);
 }
 
@@ -325,7 +321,7 @@ void tst_modManual::searchFindsInTheManual()
 {
     const auto hits = SearchManual(Manual(), u"include lines");
     QVERIFY(!hits.empty());
-    QCOMPARE(hits[0].place, (ManualPlace{QStringLiteral("running"), QStringLiteral("include-lines")}));
+    QCOMPARE(hits[0].place, (ManualPlace{u"running"_s, u"include-lines"_s}));
     QVERIFY(SearchManual(Manual(), u"zyxwvu").empty());
 }
 
@@ -333,8 +329,8 @@ void tst_modManual::historyGoesBackAndForward()
 {
     cManualHistory history;
     QVERIFY(history.IsEmpty() && !history.CanGoBack() && !history.CanGoForward());
-    const ManualPlace first{QStringLiteral("a"), {}};
-    const ManualPlace second{QStringLiteral("b"), QStringLiteral("s")};
+    const ManualPlace first{u"a"_s, {}};
+    const ManualPlace second{u"b"_s, u"s"_s};
     history.Visit(first);
     history.Here().scroll = 70;
     QVERIFY(!history.CanGoBack());
@@ -353,9 +349,9 @@ void tst_modManual::newStopForgetsTheWayAhead()
         history.Visit({QString::fromLatin1(page), {}});
     history.Back();
     history.Back();
-    history.Visit({QStringLiteral("d"), {}});
+    history.Visit({u"d"_s, {}});
     QVERIFY(!history.CanGoForward());
-    QCOMPARE(history.Back().place.page, QStringLiteral("a"));
+    QCOMPARE(history.Back().place.page, u"a"_s);
 }
 
 QTEST_MAIN(tst_modManual)

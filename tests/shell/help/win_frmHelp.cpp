@@ -22,6 +22,8 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -111,7 +113,7 @@ QTreeWidgetItem* TreeItem(const frmHelp* help, const QString& caption)
 class frmSample final : public QDialog {
 public:
     static constexpr char ManualPage[] = "files";
-    explicit frmSample(QWidget* parent) : QDialog(parent) { setObjectName(QStringLiteral("frmSample")); }
+    explicit frmSample(QWidget* parent) : QDialog(parent) { setObjectName(u"frmSample"_s); }
 };
 
 } // namespace
@@ -170,7 +172,7 @@ void win_frmHelp::instructionsOpenTheContents()
     QCOMPARE(OpenHelp().size(), 1);
     const frmHelp* help = OpenHelp().first();
     QCOMPARE(help->Here(), Contents);
-    QCOMPARE(help->windowTitle(), QStringLiteral("Orchard Bench Help"));
+    QCOMPARE(help->windowTitle(), u"Orchard Bench Help"_s);
     QVERIFY(Shown(help).startsWith(QLatin1String("Orchard Bench\n")));
     QVERIFY(!Find<QToolButton>(help, "cmdBack")->isEnabled());
     QVERIFY(!Find<QToolButton>(help, "cmdForward")->isEnabled());
@@ -188,8 +190,8 @@ void win_frmHelp::treeHoldsTheContentsAndTheirSections()
         expected.append(entry.caption);
     QVERIFY(expected.size() > 10);
     QCOMPARE(shown, expected);
-    TreeItem(help, QStringLiteral("Files"))->setExpanded(true);
-    QVERIFY(TreeItem(help, QStringLiteral("What a save does to the text")) != nullptr);
+    TreeItem(help, u"Files"_s)->setExpanded(true);
+    QVERIFY(TreeItem(help, u"What a save does to the text"_s) != nullptr);
 }
 
 void win_frmHelp::treeOpensPagesAndSections()
@@ -199,15 +201,15 @@ void win_frmHelp::treeOpensPagesAndSections()
     const auto click = [tree](QTreeWidgetItem* item) {
         QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
     };
-    click(TreeItem(help, QStringLiteral("Running programs")));
+    click(TreeItem(help, u"Running programs"_s));
     QCOMPARE(help->Here(), PageNamed("running"));
-    QCOMPARE(help->windowTitle(), QStringLiteral("Running programs - Orchard Bench Help"));
-    QVERIFY(TreeItem(help, QStringLiteral("Running programs"))->isExpanded());
-    click(TreeItem(help, QStringLiteral("Include lines")));
+    QCOMPARE(help->windowTitle(), u"Running programs - Orchard Bench Help"_s);
+    QVERIFY(TreeItem(help, u"Running programs"_s)->isExpanded());
+    click(TreeItem(help, u"Include lines"_s));
     QCOMPARE(help->Here(), PageNamed("running", "include-lines"));
     QVERIFY(Find<QTextBrowser>(help, "txtPage")->verticalScrollBar()->value() > 0);
     // A group is not a page.
-    click(TreeItem(help, QStringLiteral("Start here")));
+    click(TreeItem(help, u"Start here"_s));
     QCOMPARE(help->Here(), PageNamed("running", "include-lines"));
 }
 
@@ -220,7 +222,7 @@ void win_frmHelp::searchListsThePagesAndAClickOpensOne()
     const auto hits = SearchManual(Manual(), u"include lines");
     QVERIFY(hits.size() >= 2);
     QCOMPARE(list->count(), static_cast<int>(hits.size()));
-    QCOMPARE(Find<QLabel>(help, "lblFound")->text(), QStringLiteral("%1 pages").arg(hits.size()));
+    QCOMPARE(Find<QLabel>(help, "lblFound")->text(), u"%1 pages"_s.arg(hits.size()));
     for (int row = 0; row < list->count(); ++row)
         QCOMPARE(list->item(row)->text(), hits[static_cast<std::size_t>(row)].title);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
@@ -250,7 +252,7 @@ void win_frmHelp::searchThatFindsNothingSaysSo()
     const frmHelp* help = Help();
     Search(help, "zyxwvu");
     QCOMPARE(Find<QListWidget>(help, "lstResults")->count(), 0);
-    QCOMPARE(Find<QLabel>(help, "lblFound")->text(), QStringLiteral("No page holds all of these words."));
+    QCOMPARE(Find<QLabel>(help, "lblFound")->text(), u"No page holds all of these words."_s);
     QTest::keyClick(Find<QLineEdit>(help, "txtSearch"), Qt::Key_Return);
     QTest::keyClick(Find<QLineEdit>(help, "txtSearch"), Qt::Key_Down);
     QCOMPARE(help->Here(), Contents);
@@ -263,7 +265,7 @@ void win_frmHelp::keysLeadFromTheSearchIntoThePage()
     QVERIFY(!field->hasFocus());
     QTest::keyClick(help, Qt::Key_F, Qt::ControlModifier);
     QVERIFY(field->hasFocus());
-    QTest::keyClicks(field, QStringLiteral("save"));
+    QTest::keyClicks(field, u"save"_s);
     const auto hits = SearchManual(Manual(), u"save");
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(help->Here(), hits[0].place);
@@ -279,31 +281,31 @@ void win_frmHelp::keysLeadFromTheSearchIntoThePage()
 void win_frmHelp::linkGoesToItsPageAndSection()
 {
     const frmHelp* help = Help();
-    ClickLink(help, QStringLiteral("Files"));
+    ClickLink(help, u"Files"_s);
     QCOMPARE(help->Here(), PageNamed("files"));
-    help = Help(QStringLiteral("running"));
-    ClickLink(help, QStringLiteral("program's folder"));
+    help = Help(u"running"_s);
+    ClickLink(help, u"program's folder"_s);
     QCOMPARE(help->Here(), PageNamed("files", "untitledbak"));
     auto* page = Find<QTextBrowser>(help, "txtPage");
     const QTextCursor top = page->cursorForPosition(QPoint(60, 24));
-    QCOMPARE(top.block().text(), QStringLiteral("untitled.bak"));
-    QCOMPARE(Find<QTreeWidget>(help, "treeContents")->currentItem()->text(0), QStringLiteral("untitled.bak"));
+    QCOMPARE(top.block().text(), u"untitled.bak"_s);
+    QCOMPARE(Find<QTreeWidget>(help, "treeContents")->currentItem()->text(0), u"untitled.bak"_s);
 }
 
 void win_frmHelp::linkToTheWebLeavesTheProgram()
 {
-    QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "TakeUrl");
+    QDesktopServices::setUrlHandler(u"https"_s, this, "TakeUrl");
     const frmHelp* help = Help();
-    const QString address = QStringLiteral("https://www.orchardbasic.example/");
+    const QString address = u"https://www.orchardbasic.example/"_s;
     Q_EMIT Find<QTextBrowser>(help, "txtPage")->anchorClicked(QUrl(address));
-    QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+    QDesktopServices::unsetUrlHandler(u"https"_s);
     QCOMPARE(opened, QStringList{address});
     QCOMPARE(help->Here(), Contents);
 }
 
 void win_frmHelp::backAndForwardComeBackToTheirLines()
 {
-    frmHelp* help = Help(QStringLiteral("files"));
+    frmHelp* help = Help(u"files"_s);
     QScrollBar* bar = Find<QTextBrowser>(help, "txtPage")->verticalScrollBar();
     bar->setValue(333);
     QCOMPARE(bar->value(), 333);
@@ -323,7 +325,7 @@ void win_frmHelp::backAndForwardComeBackToTheirLines()
 
 void win_frmHelp::keysGoBackAndForward()
 {
-    frmHelp* help = Help(QStringLiteral("files"));
+    frmHelp* help = Help(u"files"_s);
     QTest::keyClick(Find<QTextBrowser>(help, "txtPage"), Qt::Key_Left, Qt::AltModifier);
     QCOMPARE(help->Here(), Contents);
     QTest::keyClick(Find<QLineEdit>(help, "txtSearch"), Qt::Key_Right, Qt::AltModifier);
@@ -335,10 +337,10 @@ void win_frmHelp::keysGoBackAndForward()
 
 void win_frmHelp::missingPageLeadsToTheContents()
 {
-    const frmHelp* help = Help(QStringLiteral("no-such-page"));
+    const frmHelp* help = Help(u"no-such-page"_s);
     QVERIFY(Shown(help).startsWith(QLatin1String("There is no page on this yet.\n")));
-    QCOMPARE(help->windowTitle(), QStringLiteral("Orchard Bench Help"));
-    ClickLink(help, QStringLiteral("contents"));
+    QCOMPARE(help->windowTitle(), u"Orchard Bench Help"_s);
+    ClickLink(help, u"contents"_s);
     QCOMPARE(help->Here(), Contents);
     Press(help, "cmdBack");
     QVERIFY(Shown(help).startsWith(QLatin1String("There is no page on this yet.\n")));
@@ -358,7 +360,7 @@ void win_frmHelp::escapeCloses()
 
 void win_frmHelp::f1ShowsTheContents()
 {
-    frmHelp* help = Help(QStringLiteral("files"));
+    frmHelp* help = Help(u"files"_s);
     QTest::keyClick(help, Qt::Key_F1);
     QCOMPARE(help->Here(), Contents);
     QCOMPARE(OpenHelp().size(), 1);
@@ -366,8 +368,8 @@ void win_frmHelp::f1ShowsTheContents()
 
 void win_frmHelp::allHelpUsesOneWindow()
 {
-    const frmHelp* first = Help(QStringLiteral("files"));
-    const frmHelp* second = Help(QStringLiteral("running"));
+    const frmHelp* first = Help(u"files"_s);
+    const frmHelp* second = Help(u"running"_s);
     QCOMPARE(first, second);
     QCOMPARE(second->Here(), PageNamed("running"));
     QVERIFY(Find<QToolButton>(second, "cmdBack")->isEnabled());
@@ -389,8 +391,8 @@ void win_frmHelp::helpOfAModalToolCanBeUsedAndStays()
 {
     TestBench bench;
     bench.Start();
-    Help(QStringLiteral("running"));
-    bench.ExpectModal(QStringLiteral("frmSample"), [](QDialog& tool) {
+    Help(u"running"_s);
+    bench.ExpectModal(u"frmSample"_s, [](QDialog& tool) {
         QVERIFY(IsActive(&tool));
         QTest::keyClick(&tool, Qt::Key_F1);
         QCOMPARE(OpenHelp().size(), 1);
@@ -432,16 +434,16 @@ void win_frmHelp::openHelpDoesNotKeepTheProgramAlive()
 
 void win_frmHelp::picturesFitTheWidth()
 {
-    frmHelp* help = Help(QStringLiteral("first-steps"));
+    frmHelp* help = Help(u"first-steps"_s);
     auto* page = Find<QTextBrowser>(help, "txtPage");
-    const QUrl picture(QStringLiteral("pictures/bench.png"));
+    const QUrl picture(u"pictures/bench.png"_s);
     const auto width = [&] {
         const auto image = page->document()->resource(QTextDocument::ImageResource, picture).value<QImage>();
         return qRound(image.width() / image.devicePixelRatio());
     };
     help->resize(1400, 800);
     QApplication::processEvents();
-    const int natural = QImage(QStringLiteral(":/manual/pictures/bench.png")).width();
+    const int natural = QImage(u":/manual/pictures/bench.png"_s).width();
     QCOMPARE(width(), natural);
     help->resize(640, 500);
     QApplication::processEvents();
@@ -456,12 +458,12 @@ void win_frmHelp::everyPictureOfTheManualIsEmbedded()
     for (const HelpPage& page : Manual())
         for (const ManualBlock& block : page.blocks)
             for (const ManualLink& picture : block.pictures)
-                QVERIFY2(!QImage(QStringLiteral(":/manual/") + picture.target).isNull(), qPrintable(picture.target));
+                QVERIFY2(!QImage(u":/manual/"_s + picture.target).isNull(), qPrintable(picture.target));
 }
 
 void win_frmHelp::darkPaletteTurnsThePageDark()
 {
-    frmHelp* help = Help(QStringLiteral("running"));
+    frmHelp* help = Help(u"running"_s);
     auto* page = Find<QTextBrowser>(help, "txtPage");
     const auto linkColor = [&] {
         for (QTextBlock block = page->document()->begin(); block.isValid(); block = block.next())
@@ -497,8 +499,8 @@ void win_frmHelp::everyCommandOfTheMenuIsInTheManual()
         const QString key = QString::fromLatin1(row.key);
         bool isThere = false;
         for (const ManualBlock& block : page->blocks) {
-            const QString item = block.text.section(QStringLiteral("  "), 0, 0).section(QStringLiteral(" > "), -1);
-            const QString itemKey = block.text.section(QStringLiteral("  "), 1, 1);
+            const QString item = block.text.section(u"  "_s, 0, 0).section(u" > "_s, -1);
+            const QString itemKey = block.text.section(u"  "_s, 1, 1);
             isThere = isThere || (block.kind == BlockKind::Row && item == caption && itemKey == key);
         }
         if (!isThere)

@@ -7,6 +7,8 @@
 #include "shell/bench/modStart.h"
 #include "shell/state/modTexts.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_Module1 : public QObject {
@@ -20,23 +22,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<ColorRef>("value");
-        QTest::newRow("Black") << QStringLiteral("Black") << ColorRef{0};
-        QTest::newRow("White") << QStringLiteral("White") << ColorRef{16777215};
-        QTest::newRow("Lightgray") << QStringLiteral("Lightgray") << ColorRef{12632256};
-        QTest::newRow("Darkgray") << QStringLiteral("Darkgray") << ColorRef{8421504};
-        QTest::newRow("Red") << QStringLiteral("Red") << ColorRef{255};
-        QTest::newRow("Darkred") << QStringLiteral("Darkred") << ColorRef{128};
-        QTest::newRow("Yellow") << QStringLiteral("Yellow") << ColorRef{65535};
-        QTest::newRow("Brown") << QStringLiteral("Brown") << ColorRef{32896};
-        QTest::newRow("Green") << QStringLiteral("Green") << ColorRef{65280};
-        QTest::newRow("Darkgreen") << QStringLiteral("Darkgreen") << ColorRef{32768};
-        QTest::newRow("Cyan") << QStringLiteral("Cyan") << ColorRef{16776960};
-        QTest::newRow("Darkcyan") << QStringLiteral("Darkcyan") << ColorRef{8421376};
-        QTest::newRow("Blue") << QStringLiteral("Blue") << ColorRef{16711680};
-        QTest::newRow("Darkblue") << QStringLiteral("Darkblue") << ColorRef{8388608};
-        QTest::newRow("Pink") << QStringLiteral("Pink") << ColorRef{16711935};
-        QTest::newRow("Darkpink") << QStringLiteral("Darkpink") << ColorRef{8388736};
-        QTest::newRow("Buttonface") << QStringLiteral("Buttonface") << ColorRef{0x8000000F};
+        QTest::newRow("Black") << u"Black"_s << ColorRef{0};
+        QTest::newRow("White") << u"White"_s << ColorRef{16777215};
+        QTest::newRow("Lightgray") << u"Lightgray"_s << ColorRef{12632256};
+        QTest::newRow("Darkgray") << u"Darkgray"_s << ColorRef{8421504};
+        QTest::newRow("Red") << u"Red"_s << ColorRef{255};
+        QTest::newRow("Darkred") << u"Darkred"_s << ColorRef{128};
+        QTest::newRow("Yellow") << u"Yellow"_s << ColorRef{65535};
+        QTest::newRow("Brown") << u"Brown"_s << ColorRef{32896};
+        QTest::newRow("Green") << u"Green"_s << ColorRef{65280};
+        QTest::newRow("Darkgreen") << u"Darkgreen"_s << ColorRef{32768};
+        QTest::newRow("Cyan") << u"Cyan"_s << ColorRef{16776960};
+        QTest::newRow("Darkcyan") << u"Darkcyan"_s << ColorRef{8421376};
+        QTest::newRow("Blue") << u"Blue"_s << ColorRef{16711680};
+        QTest::newRow("Darkblue") << u"Darkblue"_s << ColorRef{8388608};
+        QTest::newRow("Pink") << u"Pink"_s << ColorRef{16711935};
+        QTest::newRow("Darkpink") << u"Darkpink"_s << ColorRef{8388736};
+        QTest::newRow("Buttonface") << u"Buttonface"_s << ColorRef{0x8000000F};
     }
 
     void aColorIsFoundByItsNameAndItsValue()
@@ -84,42 +86,42 @@ private Q_SLOTS:
 
     void aPathIsUsableWhenItNamesAFile()
     {
-        const QString file = bench->Put(QStringLiteral("orchard.exe"), "x");
+        const QString file = bench->Put(u"orchard.exe"_s, "x");
         QVERIFY(IsUsablePath(file));
-        QVERIFY(IsUsablePath(QStringLiteral("orchard.exe")));
+        QVERIFY(IsUsablePath(u"orchard.exe"_s));
         QVERIFY(!IsUsablePath({}));
-        QVERIFY(!IsUsablePath(bench->Path(QStringLiteral("run.exe"))));
+        QVERIFY(!IsUsablePath(bench->Path(u"run.exe"_s)));
         QVERIFY(!IsUsablePath(bench->Path({})));
         // Not even if there is such a file.
-        bench->Put(QStringLiteral("no path"), "x");
-        QVERIFY(!IsUsablePath(QStringLiteral("no path")));
-        bench->Put(QStringLiteral("No Path"), "x");
-        QVERIFY(!IsUsablePath(QStringLiteral("No Path")));
+        bench->Put(u"no path"_s, "x");
+        QVERIFY(!IsUsablePath(u"no path"_s));
+        bench->Put(u"No Path"_s, "x");
+        QVERIFY(!IsUsablePath(u"No Path"_s));
     }
 
     void theLibrariesAreEmbeddedByNumber()
     {
         for (const int id : {100, 105, 0, -1})
-            QVERIFY(!EmbeddedText(id, QStringLiteral("CUSTOM")));
-        QVERIFY(!EmbeddedText(101, QStringLiteral("BITMAP")));
-        QVERIFY(!EmbeddedText(QStringLiteral("nothing.bas")));
-        QCOMPARE(EmbeddedText(101, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("wrapper32.bas")));
-        QCOMPARE(EmbeddedText(102, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("printer32.bas")));
-        QCOMPARE(EmbeddedText(103, QStringLiteral("CUSTOM")), EmbeddedText(QStringLiteral("jpeg.bas")));
+            QVERIFY(!EmbeddedText(id, u"CUSTOM"_s));
+        QVERIFY(!EmbeddedText(101, u"BITMAP"_s));
+        QVERIFY(!EmbeddedText(u"nothing.bas"_s));
+        QCOMPARE(EmbeddedText(101, u"CUSTOM"_s), EmbeddedText(u"wrapper32.bas"_s));
+        QCOMPARE(EmbeddedText(102, u"CUSTOM"_s), EmbeddedText(u"printer32.bas"_s));
+        QCOMPARE(EmbeddedText(103, u"CUSTOM"_s), EmbeddedText(u"jpeg.bas"_s));
     }
 
     void anUnknownResourceWritesNothing()
     {
-        ExtractResource(100, QStringLiteral("CUSTOM"), bench->Path(QStringLiteral("out.bas")));
-        ExtractResource(101, QStringLiteral("OTHER"), bench->Path(QStringLiteral("out.bas")));
-        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("out.bas"))));
+        ExtractResource(100, u"CUSTOM"_s, bench->Path(u"out.bas"_s));
+        ExtractResource(101, u"OTHER"_s, bench->Path(u"out.bas"_s));
+        QVERIFY(!QFile::exists(bench->Path(u"out.bas"_s)));
     }
 
     void aResourceIsWrittenAtTheStartAndALongerFileKeepsItsTail()
     {
         const QByteArray text = LibraryOrNothing();
-        const QString path = bench->Path(QStringLiteral("wrapper32.bas"));
-        ExtractResource(101, QStringLiteral("CUSTOM"), path);
+        const QString path = bench->Path(u"wrapper32.bas"_s);
+        ExtractResource(101, u"CUSTOM"_s, path);
         if (text.isEmpty()) {
             QVERIFY2(!QFile::exists(path), "nothing is embedded, and yet a file was written");
             return;
@@ -127,59 +129,59 @@ private Q_SLOTS:
         QCOMPARE(CoreBench::Get(path), text);
 
         CoreBench::PutFile(path, QByteArray(text.size(), '#') + "'my own routines\r\n");
-        ExtractResource(101, QStringLiteral("CUSTOM"), path);
+        ExtractResource(101, u"CUSTOM"_s, path);
         QCOMPARE(CoreBench::Get(path), text + "'my own routines\r\n");
 
         CoreBench::PutFile(path, "short");
-        ExtractResource(101, QStringLiteral("CUSTOM"), path);
+        ExtractResource(101, u"CUSTOM"_s, path);
         QCOMPARE(CoreBench::Get(path), text);
     }
 
     void anErrorInWritingAResourceIsSwallowed()
     {
-        ExtractResource(101, QStringLiteral("CUSTOM"), bench->Path(QStringLiteral("gone/wrapper32.bas")));
-        ExtractResource(101, QStringLiteral("CUSTOM"), bench->Path({}));
-        QVERIFY(!QFile::exists(bench->Path(QStringLiteral("gone"))));
+        ExtractResource(101, u"CUSTOM"_s, bench->Path(u"gone/wrapper32.bas"_s));
+        ExtractResource(101, u"CUSTOM"_s, bench->Path({}));
+        QVERIFY(!QFile::exists(bench->Path(u"gone"_s)));
     }
 
     void theStatusTextIsTheFirstPanel()
     {
-        SetStatusText(QStringLiteral("File saved as x"));
-        QCOMPARE(bench->form.status, QStringLiteral("File saved as x"));
+        SetStatusText(u"File saved as x"_s);
+        QCOMPARE(bench->form.status, u"File saved as x"_s);
         MainForm = nullptr;
-        SetStatusText(QStringLiteral("nobody there"));
-        QCOMPARE(bench->form.status, QStringLiteral("File saved as x"));
+        SetStatusText(u"nobody there"_s);
+        QCOMPARE(bench->form.status, u"File saved as x"_s);
     }
 
     void theStateStartsWithItsDefaults()
     {
-        GuiDesign().form.GuiHandleName = QStringLiteral("x");
+        GuiDesign().form.GuiHandleName = u"x"_s;
         RecentCount = 3;
         ToolImageIndex = 0;
-        bench->Open(QStringLiteral("a.bas"));
+        bench->Open(u"a.bas"_s);
         ResetBench();
         QVERIFY(MainForm == nullptr);
         QVERIFY(Documents.empty());
         QCOMPARE(Finding().FoundPos, std::intptr_t{-1});
         QCOMPARE(RecentCount, 0);
         QCOMPARE(ToolImageIndex, 1);
-        QCOMPARE(GuiDesign().form.GuiHandleName, QStringLiteral("main"));
-        QCOMPARE(GuiDesign().form.GuiWindowType, QStringLiteral("Window"));
-        QCOMPARE(GuiDesign().form.GuiFontName, QStringLiteral("ms sans serif"));
-        QCOMPARE(GuiDesign().form.GuiFontSize, QStringLiteral("10"));
-        QCOMPARE(GuiDesign().form.GuiForegroundColor, QStringLiteral("Black"));
-        QCOMPARE(GuiDesign().form.GuiBackgroundColor, QStringLiteral("Buttonface"));
+        QCOMPARE(GuiDesign().form.GuiHandleName, u"main"_s);
+        QCOMPARE(GuiDesign().form.GuiWindowType, u"Window"_s);
+        QCOMPARE(GuiDesign().form.GuiFontName, u"ms sans serif"_s);
+        QCOMPARE(GuiDesign().form.GuiFontSize, u"10"_s);
+        QCOMPARE(GuiDesign().form.GuiForegroundColor, u"Black"_s);
+        QCOMPARE(GuiDesign().form.GuiBackgroundColor, u"Buttonface"_s);
         for (const QString& color : {GuiDesign().form.GuiTexteditorColor, GuiDesign().form.GuiTextboxColor,
                                      GuiDesign().form.GuiComboboxColor, GuiDesign().form.GuiListboxColor})
-            QCOMPARE(color, QStringLiteral("White"));
+            QCOMPARE(color, u"White"_s);
         for (const QString& path : RecentFiles)
-            QCOMPARE(path, QStringLiteral("untitled"));
+            QCOMPARE(path, u"untitled"_s);
     }
 
 private:
     static QByteArray LibraryOrNothing()
     {
-        const auto text = EmbeddedText(101, QStringLiteral("CUSTOM"));
+        const auto text = EmbeddedText(101, u"CUSTOM"_s);
         return text ? QByteArray(text->data(), static_cast<qsizetype>(text->size())) : QByteArray();
     }
 

@@ -6,6 +6,8 @@
 #include "shell/bench/modStart.h"
 #include "shell/state/modRecent.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 namespace {
@@ -15,8 +17,8 @@ void SpoilSettings()
 {
     for (QString* path :
          {&OBPath, &OBHelpPath, &OptionalHelpPath, &OBFreeformPath, &OBRuntimePath, &Editor.FontName, &LastDir})
-        *path = QStringLiteral("spoilt");
-    UserApplications.fill(QStringLiteral("spoilt"));
+        *path = u"spoilt"_s;
+    UserApplications.fill(u"spoilt"_s);
     Editor.FontHeight = Editor.SyntaxColor = Editor.TabSize = 77;
     Editor.FontBold = OpenFileOn = AddComments = true;
     QuitQuery = ShowTips = Editor.AutoIndent = Editor.LineNums = Editor.HighlightOn = Editor.IndentGuidesOn = false;
@@ -53,16 +55,16 @@ private Q_SLOTS:
         SpoilSettings();
         ReadAllSettings();
         for (const QString& path : {OBPath, OBHelpPath, OptionalHelpPath, OBFreeformPath, OBRuntimePath})
-            QCOMPARE(path, QStringLiteral("no path"));
+            QCOMPARE(path, u"no path"_s);
         QCOMPARE(Editor.FontHeight, 12);
-        QCOMPARE(Editor.FontName, QStringLiteral("Courier New"));
+        QCOMPARE(Editor.FontName, u"Courier New"_s);
         QCOMPARE(Editor.FontBold, false);
         QCOMPARE(Editor.SyntaxColor, 1);
         for (const QString& application : UserApplications)
-            QCOMPARE(application, QStringLiteral("none"));
-        QCOMPARE(HotKey, QStringLiteral("none"));
+            QCOMPARE(application, u"none"_s);
+        QCOMPARE(HotKey, u"none"_s);
         QCOMPARE(QuitQuery, true);
-        QCOMPARE(LastDir, QStringLiteral("app.path"));
+        QCOMPARE(LastDir, u"app.path"_s);
         QCOMPARE(Editor.TabSize, 4);
         QCOMPARE(ShowTips, true);
         QCOMPARE(Editor.AutoIndent, true);
@@ -116,12 +118,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<int>("read");
-        QTest::newRow("off") << QStringLiteral("0") << 0;
-        QTest::newRow("on") << QStringLiteral("1") << 1;
-        QTest::newRow("two") << QStringLiteral("2") << 1;
-        QTest::newRow("five") << QStringLiteral("5") << 1;
-        QTest::newRow("a half is even") << QStringLiteral("1.5") << 1;
-        QTest::newRow("text") << QStringLiteral("on") << 0;
+        QTest::newRow("off") << u"0"_s << 0;
+        QTest::newRow("on") << u"1"_s << 1;
+        QTest::newRow("two") << u"2"_s << 1;
+        QTest::newRow("five") << u"5"_s << 1;
+        QTest::newRow("a half is even") << u"1.5"_s << 1;
+        QTest::newRow("text") << u"on"_s << 0;
     }
 
     void syntaxColoringIsOffOrOn()
@@ -136,16 +138,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<int>("read");
-        QTest::newRow("below") << QStringLiteral("12.4") << 12;
-        QTest::newRow("half down") << QStringLiteral("12.5") << 12;
-        QTest::newRow("half up") << QStringLiteral("13.5") << 14;
-        QTest::newRow("above") << QStringLiteral("12.51") << 13;
-        QTest::newRow("negative half") << QStringLiteral("-2.5") << -2;
-        QTest::newRow("spaces around") << QStringLiteral(" 9 ") << 9;
-        QTest::newRow("text") << QStringLiteral("large") << 0;
+        QTest::newRow("below") << u"12.4"_s << 12;
+        QTest::newRow("half down") << u"12.5"_s << 12;
+        QTest::newRow("half up") << u"13.5"_s << 14;
+        QTest::newRow("above") << u"12.51"_s << 13;
+        QTest::newRow("negative half") << u"-2.5"_s << -2;
+        QTest::newRow("spaces around") << u" 9 "_s << 9;
+        QTest::newRow("text") << u"large"_s << 0;
         QTest::newRow("empty") << QString() << 0;
-        QTest::newRow("largest") << QStringLiteral("32767") << 32767;
-        QTest::newRow("too large stays as it was") << QStringLiteral("32768") << 77;
+        QTest::newRow("largest") << u"32767"_s << 32767;
+        QTest::newRow("too large stays as it was") << u"32768"_s << 77;
     }
 
     void aFontHeightWithAFractionIsRoundedHalvesToEven()
@@ -161,11 +163,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<int>("read");
-        QTest::newRow("text") << QStringLiteral("wide") << 0;
-        QTest::newRow("number with more") << QStringLiteral("8x") << 0;
-        QTest::newRow("not clamped") << QStringLiteral("70000") << 70000;
-        QTest::newRow("negative") << QStringLiteral("-1") << -1;
-        QTest::newRow("too large stays as it was") << QStringLiteral("2147483648") << 77;
+        QTest::newRow("text") << u"wide"_s << 0;
+        QTest::newRow("number with more") << u"8x"_s << 0;
+        QTest::newRow("not clamped") << u"70000"_s << 70000;
+        QTest::newRow("negative") << u"-1"_s << -1;
+        QTest::newRow("too large stays as it was") << u"2147483648"_s << 77;
     }
 
     void aTabSizeIsANumberOf32Bits()
@@ -184,19 +186,19 @@ private Q_SLOTS:
         QTest::addColumn<bool>("read");
         for (const bool before : {false, true}) {
             const char* suffix = before ? "true before" : "false before";
-            QTest::addRow("True, %s", suffix) << QStringLiteral("True") << before << true;
-            QTest::addRow("true, %s", suffix) << QStringLiteral("true") << before << true;
-            QTest::addRow("tRUE, %s", suffix) << QStringLiteral("tRUE") << before << true;
-            QTest::addRow("False, %s", suffix) << QStringLiteral("False") << before << false;
-            QTest::addRow("false, %s", suffix) << QStringLiteral("false") << before << false;
-            QTest::addRow("0, %s", suffix) << QStringLiteral("0") << before << false;
-            QTest::addRow("0.0, %s", suffix) << QStringLiteral("0.0") << before << false;
-            QTest::addRow("1, %s", suffix) << QStringLiteral("1") << before << true;
-            QTest::addRow("-1, %s", suffix) << QStringLiteral("-1") << before << true;
-            QTest::addRow("0.1, %s", suffix) << QStringLiteral("0.1") << before << true;
-            QTest::addRow("yes, %s", suffix) << QStringLiteral("yes") << before << before;
+            QTest::addRow("True, %s", suffix) << u"True"_s << before << true;
+            QTest::addRow("true, %s", suffix) << u"true"_s << before << true;
+            QTest::addRow("tRUE, %s", suffix) << u"tRUE"_s << before << true;
+            QTest::addRow("False, %s", suffix) << u"False"_s << before << false;
+            QTest::addRow("false, %s", suffix) << u"false"_s << before << false;
+            QTest::addRow("0, %s", suffix) << u"0"_s << before << false;
+            QTest::addRow("0.0, %s", suffix) << u"0.0"_s << before << false;
+            QTest::addRow("1, %s", suffix) << u"1"_s << before << true;
+            QTest::addRow("-1, %s", suffix) << u"-1"_s << before << true;
+            QTest::addRow("0.1, %s", suffix) << u"0.1"_s << before << true;
+            QTest::addRow("yes, %s", suffix) << u"yes"_s << before << before;
             QTest::addRow("empty, %s", suffix) << QString() << before << before;
-            QTest::addRow("True with more, %s", suffix) << QStringLiteral("Trues") << before << before;
+            QTest::addRow("True with more, %s", suffix) << u"Trues"_s << before << before;
         }
     }
 
@@ -223,11 +225,11 @@ private Q_SLOTS:
 
     void anErrorInOneSettingDoesNotStopTheOthers()
     {
-        Store("FontHeight", QStringLiteral("99999"));
-        Store("FontBold", QStringLiteral("perhaps"));
-        Store("TabSize", QStringLiteral("3"));
-        Store("CommentColor", QStringLiteral("99999999999"));
-        Store("CommentBackColor", QStringLiteral("1"));
+        Store("FontHeight", u"99999"_s);
+        Store("FontBold", u"perhaps"_s);
+        Store("TabSize", u"3"_s);
+        Store("CommentColor", u"99999999999"_s);
+        Store("CommentBackColor", u"1"_s);
         ReadAllSettings();
         QCOMPARE(Editor.FontHeight, 12);
         QCOMPARE(Editor.FontBold, false);
@@ -240,10 +242,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<ColorRef>("color");
-        QTest::newRow("red") << QStringLiteral("255") << ColorRef{0x0000FF};
-        QTest::newRow("white") << QStringLiteral("16777215") << ColorRef{0xFFFFFF};
-        QTest::newRow("the system's button face") << QStringLiteral("-2147483633") << ColorRef{0x8000000F};
-        QTest::newRow("text is black") << QStringLiteral("green") << ColorRef{0};
+        QTest::newRow("red") << u"255"_s << ColorRef{0x0000FF};
+        QTest::newRow("white") << u"16777215"_s << ColorRef{0xFFFFFF};
+        QTest::newRow("the system's button face") << u"-2147483633"_s << ColorRef{0x8000000F};
+        QTest::newRow("text is black") << u"green"_s << ColorRef{0};
         QTest::newRow("empty is black") << QString() << ColorRef{0};
     }
 
@@ -257,35 +259,35 @@ private Q_SLOTS:
 
     void textsAreReadUnchanged()
     {
-        Store("OBPath", QStringLiteral("NO PATH"));
-        Store("OBHelpPath", QStringLiteral("c:\\help files\\orchard.hlp"));
+        Store("OBPath", u"NO PATH"_s);
+        Store("OBHelpPath", u"c:\\help files\\orchard.hlp"_s);
         Store("FontName", QString());
-        Store("HotKey", QStringLiteral(" /bin/true "));
-        Store("User10", QStringLiteral("None"));
+        Store("HotKey", u" /bin/true "_s);
+        Store("User10", u"None"_s);
         ReadAllSettings();
-        QCOMPARE(OBPath, QStringLiteral("NO PATH"));
-        QCOMPARE(OBHelpPath, QStringLiteral("c:\\help files\\orchard.hlp"));
+        QCOMPARE(OBPath, u"NO PATH"_s);
+        QCOMPARE(OBHelpPath, u"c:\\help files\\orchard.hlp"_s);
         QCOMPARE(Editor.FontName, QString());
-        QCOMPARE(HotKey, QStringLiteral(" /bin/true "));
-        QCOMPARE(UserApplications[9], QStringLiteral("None"));
+        QCOMPARE(HotKey, u" /bin/true "_s);
+        QCOMPARE(UserApplications[9], u"None"_s);
     }
 
     void theWholeStoreIsWritten()
     {
         for (std::size_t i = 0; i < RecentFiles.size(); ++i)
-            RecentFiles[i] = QStringLiteral("/b/%1.bas").arg(i);
+            RecentFiles[i] = u"/b/%1.bas"_s.arg(i);
         ReadAllSettings();
-        OBPath = QStringLiteral("/e/orchard.exe");
-        OBRuntimePath = QStringLiteral("/e/run.exe");
-        UserApplications[1] = QStringLiteral("/bin/two");
+        OBPath = u"/e/orchard.exe"_s;
+        OBRuntimePath = u"/e/run.exe"_s;
+        UserApplications[1] = u"/bin/two"_s;
         Editor.FontBold = true;
         Editor.TabSize = 8;
         Editor.KeywordColor = 0x8000000F;
         SaveAllSettings();
 
-        QStringList expected = {QStringLiteral("[Settings]")};
+        QStringList expected = {u"[Settings]"_s};
         for (int number = 1; number <= 8; ++number)
-            expected.append(QStringLiteral("MRU%1=/b/%2.bas").arg(number).arg(number - 1));
+            expected.append(u"MRU%1=/b/%2.bas"_s.arg(number).arg(number - 1));
         const char* const lines[] = {"OBPath=/e/orchard.exe",
                                      "OBHelpPath=no path",
                                      "OptionalHelpPath=no path",
@@ -337,9 +339,9 @@ private Q_SLOTS:
         SaveAllSettings();
         ResetBench();
         ReadAllSettings();
-        QCOMPARE(OBFreeformPath, QStringLiteral("spoilt"));
-        QCOMPARE(UserApplications[5], QStringLiteral("spoilt"));
-        QCOMPARE(LastDir, QStringLiteral("spoilt"));
+        QCOMPARE(OBFreeformPath, u"spoilt"_s);
+        QCOMPARE(UserApplications[5], u"spoilt"_s);
+        QCOMPARE(LastDir, u"spoilt"_s);
         QCOMPARE(Editor.FontHeight, -3);
         QCOMPARE(Editor.TabSize, 77);
         QCOMPARE(Editor.SyntaxColor, 0);
@@ -353,10 +355,8 @@ private Q_SLOTS:
     {
         SaveWindowPlace({-120, 0, 15375.5f, 9000});
         SyncSettings();
-        QCOMPARE(StoredLines(bench->StorePath()),
-                 (QStringList{QStringLiteral("MainHeight=9000"), QStringLiteral("MainLeft=-120"),
-                              QStringLiteral("MainTop=0"), QStringLiteral("MainWidth=15375.5"),
-                              QStringLiteral("[Settings]")}));
+        QCOMPARE(StoredLines(bench->StorePath()), (QStringList{u"MainHeight=9000"_s, u"MainLeft=-120"_s, u"MainTop=0"_s,
+                                                               u"MainWidth=15375.5"_s, u"[Settings]"_s}));
         const WindowPlace place = ReadWindowPlace();
         QCOMPARE(place.left, -120.0f);
         QCOMPARE(place.top, 0.0f);
@@ -366,7 +366,7 @@ private Q_SLOTS:
 
     void aPlaceThatIsNotANumberCountsAsZero()
     {
-        Store("MainLeft", QStringLiteral("left"));
+        Store("MainLeft", u"left"_s);
         Store("MainWidth", QString());
         const WindowPlace place = ReadWindowPlace();
         QCOMPARE(place.left, 0.0f);

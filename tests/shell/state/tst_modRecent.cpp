@@ -4,6 +4,8 @@
 
 #include "core/CoreBench.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ob;
 
 class tst_modRecent : public QObject {
@@ -16,7 +18,7 @@ private Q_SLOTS:
     void anEmptyStoreGivesErrors()
     {
         FillRecentFiles();
-        QCOMPARE(Recent(), QStringList(8, QStringLiteral("error")));
+        QCOMPARE(Recent(), QStringList(8, u"error"_s));
         QVERIFY(ShowRecentFiles() == RecentMenu::Filled);
         QCOMPARE(RecentCount, 0);
         QVERIFY(bench->form.ShownItems().isEmpty());
@@ -27,37 +29,37 @@ private Q_SLOTS:
     void aFileNamedUntitledInTheCurrentFolderMakesTheListEmpty_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("as the default") << QStringLiteral("untitled");
-        QTest::newRow("in another case") << QStringLiteral("UnTitled");
+        QTest::newRow("as the default") << u"untitled"_s;
+        QTest::newRow("in another case") << u"UnTitled"_s;
     }
 
     void aFileNamedUntitledInTheCurrentFolderMakesTheListEmpty()
     {
         QFETCH(QString, name);
         bench->Put(name, "x");
-        bench->Put(QStringLiteral("b.bas"), "b");
-        WriteSetting(QStringLiteral("MRU1"), name);
-        WriteSetting(QStringLiteral("MRU2"), bench->Path(QStringLiteral("b.bas")));
+        bench->Put(u"b.bas"_s, "b");
+        WriteSetting(u"MRU1"_s, name);
+        WriteSetting(u"MRU2"_s, bench->Path(u"b.bas"_s));
         RecentCount = 5;
         FillRecentFiles();
         QCOMPARE(RecentFiles[0], name);
         QVERIFY(ShowRecentFiles() == RecentMenu::WantsNewWindow);
         QCOMPARE(RecentCount, 0);
-        QCOMPARE(bench->form.captions[0], QStringLiteral("no files"));
+        QCOMPARE(bench->form.captions[0], u"no files"_s);
         QCOMPARE(bench->form.captions[1], QString());
         QVERIFY(bench->form.ShownItems().isEmpty());
     }
 
     void untitledAfterTheFirstEntryIsAFileLikeOthers()
     {
-        bench->Put(QStringLiteral("untitled"), "x");
-        const QString first = bench->Put(QStringLiteral("a.bas"), "a");
-        WriteSetting(QStringLiteral("MRU1"), first);
+        bench->Put(u"untitled"_s, "x");
+        const QString first = bench->Put(u"a.bas"_s, "a");
+        WriteSetting(u"MRU1"_s, first);
         FillRecentFiles();
-        QCOMPARE(Recent(), QStringList{first} + QStringList(7, QStringLiteral("untitled")));
+        QCOMPARE(Recent(), QStringList{first} + QStringList(7, u"untitled"_s));
         QVERIFY(ShowRecentFiles() == RecentMenu::Filled);
         QCOMPARE(RecentCount, 8);
-        QCOMPARE(bench->form.captions[7], QStringLiteral("untitled"));
+        QCOMPARE(bench->form.captions[7], u"untitled"_s);
     }
 
     // One digit for each stored entry, 0 for a missing file; the second text is the list after reading, "e" being
@@ -90,11 +92,11 @@ private Q_SLOTS:
         for (char digit = '1'; digit <= '8'; ++digit)
             bench->Put(QString(QLatin1Char(digit)), "x");
         for (int i = 0; i < 8; ++i)
-            WriteSetting(QStringLiteral("MRU%1").arg(i + 1), bench->Path(QString(QLatin1Char(stored[i]))));
+            WriteSetting(u"MRU%1"_s.arg(i + 1), bench->Path(QString(QLatin1Char(stored[i]))));
         FillRecentFiles();
         QStringList expected;
         for (const char name : read)
-            expected.append(name == 'e' ? QStringLiteral("error") : bench->Path(QString(QLatin1Char(name))));
+            expected.append(name == 'e' ? u"error"_s : bench->Path(QString(QLatin1Char(name))));
         QCOMPARE(Recent(), expected);
 
         QVERIFY(ShowRecentFiles() == RecentMenu::Filled);
@@ -106,10 +108,10 @@ private Q_SLOTS:
 
     void anEntryThatIsAFolderIsNotAFile()
     {
-        QDir().mkdir(QStringLiteral("folder"));
-        WriteSetting(QStringLiteral("MRU1"), bench->Path(QStringLiteral("folder")));
-        const QString second = bench->Put(QStringLiteral("b.bas"), "b");
-        WriteSetting(QStringLiteral("MRU2"), second);
+        QDir().mkdir(u"folder"_s);
+        WriteSetting(u"MRU1"_s, bench->Path(u"folder"_s));
+        const QString second = bench->Put(u"b.bas"_s, "b");
+        WriteSetting(u"MRU2"_s, second);
         FillRecentFiles();
         QCOMPARE(RecentFiles[0], second);
     }
@@ -126,7 +128,7 @@ private Q_SLOTS:
     {
         SetRecent("abcdefgh");
         RecentCount = 8;
-        AddRecentFile(QStringLiteral("x"));
+        AddRecentFile(u"x"_s);
         QCOMPARE(Recent(), Split("xabcdefg"));
         QCOMPARE(Captions(), Split("xabcdefg"));
         QCOMPARE(Stored(), Split("xabcdefg"));
@@ -160,7 +162,7 @@ private Q_SLOTS:
     {
         SetRecent("abcdefgh");
         RecentCount = 2;
-        AddRecentFile(QStringLiteral("C"));
+        AddRecentFile(u"C"_s);
         QCOMPARE(Recent(), Split("Cabcdefg"));
         QCOMPARE(RecentCount, 3);
     }
@@ -168,7 +170,7 @@ private Q_SLOTS:
     void theFirstOfTwoEqualEntriesMoves()
     {
         SetRecent("abcdegg!");
-        AddRecentFile(QStringLiteral("g"));
+        AddRecentFile(u"g"_s);
         QCOMPARE(Recent(), Split("gabcdeg!"));
     }
 
@@ -176,13 +178,13 @@ private Q_SLOTS:
     {
         FillRecentFiles();
         ShowRecentFiles();
-        AddRecentFile(QStringLiteral("a"));
+        AddRecentFile(u"a"_s);
         QCOMPARE(RecentCount, 1);
         QCOMPARE(bench->form.ShownItems(), QList<int>{1});
-        AddRecentFile(QStringLiteral("b"));
+        AddRecentFile(u"b"_s);
         QCOMPARE(bench->form.ShownItems(), (QList<int>{1, 2}));
-        QCOMPARE(bench->form.captions[0], QStringLiteral("b"));
-        QCOMPARE(bench->form.captions[2], QStringLiteral("error"));
+        QCOMPARE(bench->form.captions[0], u"b"_s);
+        QCOMPARE(bench->form.captions[2], u"error"_s);
     }
 
     void theCountGrowsPastTheListAndPastNineNothingIsStored()
@@ -190,23 +192,23 @@ private Q_SLOTS:
         SetRecent("abcdefgh");
         SaveRecentFiles();
         RecentCount = 7;
-        AddRecentFile(QStringLiteral("1"));
+        AddRecentFile(u"1"_s);
         QCOMPARE(RecentCount, 8);
         QCOMPARE(Stored(), Split("1abcdefg"));
-        AddRecentFile(QStringLiteral("2"));
+        AddRecentFile(u"2"_s);
         QCOMPARE(RecentCount, 9);
         QCOMPARE(bench->form.ShownItems(), (QList<int>{1, 2, 3, 4, 5, 6, 7, 8}));
         QCOMPARE(Stored(), Split("21abcdef"));
-        AddRecentFile(QStringLiteral("1"));
+        AddRecentFile(u"1"_s);
         QCOMPARE(RecentCount, 9);
         QCOMPARE(Stored(), Split("12abcdef"));
 
-        AddRecentFile(QStringLiteral("3"));
+        AddRecentFile(u"3"_s);
         QCOMPARE(RecentCount, 10);
         QCOMPARE(Recent(), Split("312abcde"));
         QCOMPARE(Captions(), Split("312abcde"));
         QCOMPARE(Stored(), Split("12abcdef"));
-        AddRecentFile(QStringLiteral("2"));
+        AddRecentFile(u"2"_s);
         QCOMPARE(RecentCount, 10);
         QCOMPARE(Recent(), Split("231abcde"));
         QCOMPARE(Stored(), Split("12abcdef"));
@@ -219,14 +221,14 @@ private Q_SLOTS:
     {
         SetRecent("abcdefgh");
         RecentCount = 9;
-        AddRecentFile(QStringLiteral("x"));
+        AddRecentFile(u"x"_s);
         QVERIFY(bench->form.ShownItems().isEmpty());
     }
 
     void aStoredListIsOnTheDiskAtOnce()
     {
         SetRecent("abcdefgh");
-        AddRecentFile(QStringLiteral("x"));
+        AddRecentFile(u"x"_s);
         const QByteArray store = CoreBench::Get(bench->StorePath());
         QVERIFY(store.contains("MRU1=x"));
         QVERIFY(store.contains("MRU8=g"));
@@ -254,7 +256,7 @@ private:
     {
         QStringList list;
         for (int number = 1; number <= 8; ++number)
-            list.append(ReadSetting(QStringLiteral("MRU%1").arg(number), QStringLiteral("(none)")));
+            list.append(ReadSetting(u"MRU%1"_s.arg(number), u"(none)"_s));
         return list;
     }
 

@@ -20,6 +20,8 @@
 #include <limits>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 class tst_modSettings : public QObject {
     Q_OBJECT
 
@@ -42,12 +44,12 @@ private Q_SLOTS:
     void readingAllKeysTakesLessThanAMillisecond();
 
 private:
-    QString StoreFile() const { return folder->filePath(QStringLiteral("store.ini")); }
+    QString StoreFile() const { return folder->filePath(u"store.ini"_s); }
     // Reads the store from disk again, under another name because the toolkit caches a file it has opened.
     void Reopen() const
     {
         ob::SyncSettings();
-        const QString copy = folder->filePath(QStringLiteral("copy.ini"));
+        const QString copy = folder->filePath(u"copy.ini"_s);
         QVERIFY(QFile::copy(ob::SettingsFile(), copy));
         ob::SetSettingsFile(copy);
     }
@@ -63,67 +65,67 @@ void tst_modSettings::init()
 
 void tst_modSettings::cleanup()
 {
-    ob::SetSettingsFile(folder->filePath(QStringLiteral("last.ini")));
+    ob::SetSettingsFile(folder->filePath(u"last.ini"_s));
 }
 
 void tst_modSettings::aMissingKeyGivesTheFallback()
 {
-    QCOMPARE(ob::ReadSetting(QStringLiteral("FontName"), QStringLiteral("Courier New")), QStringLiteral("Courier New"));
-    ob::WriteSetting(QStringLiteral("FontName"), QString());
-    QCOMPARE(ob::ReadSetting(QStringLiteral("FontName"), QStringLiteral("Courier New")), QString());
+    QCOMPARE(ob::ReadSetting(u"FontName"_s, u"Courier New"_s), u"Courier New"_s);
+    ob::WriteSetting(u"FontName"_s, QString());
+    QCOMPARE(ob::ReadSetting(u"FontName"_s, u"Courier New"_s), QString());
     Reopen();
-    QCOMPARE(ob::ReadSetting(QStringLiteral("FontName"), QStringLiteral("Courier New")), QString());
-    QCOMPARE(ob::ReadSetting(QStringLiteral("TabSize"), QStringLiteral("4")), QStringLiteral("4"));
+    QCOMPARE(ob::ReadSetting(u"FontName"_s, u"Courier New"_s), QString());
+    QCOMPARE(ob::ReadSetting(u"TabSize"_s, u"4"_s), u"4"_s);
 }
 
 void tst_modSettings::everyTextComesBackExactly_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << QStringLiteral("");
-    QTest::newRow("word") << QStringLiteral("untitled");
-    QTest::newRow("boolean") << QStringLiteral("True");
-    QTest::newRow("number") << QStringLiteral("0012.50");
-    QTest::newRow("comma") << QStringLiteral("a,b, c,");
-    QTest::newRow("one comma") << QStringLiteral(",");
-    QTest::newRow("backslashes") << QStringLiteral("c:\\new folder\\x00\\\\server\\");
-    QTest::newRow("quotes") << QStringLiteral("\"a\" 'b\"");
-    QTest::newRow("semicolon, equals, percent") << QStringLiteral("a;b=c%20%d#e");
-    QTest::newRow("spaces at the ends") << QStringLiteral("  a  ");
-    QTest::newRow("tab and lines") << QStringLiteral("a\tb\r\nc\nd\re");
-    QTest::newRow("unicode") << QStringLiteral("/home/j\u00FCrgen/\u0436\u4E2D/\U0001F600.bas");
-    QTest::newRow("at sign") << QStringLiteral("@ByteArray(x)");
-    QTest::newRow("invalid mark") << QStringLiteral("@Invalid()");
-    QTest::newRow("two at signs") << QStringLiteral("@@");
-    QTest::newRow("brackets") << QStringLiteral("[Settings]");
-    QTest::newRow("NUL") << QStringLiteral("a") + QChar::Null + QStringLiteral("b");
-    QTest::newRow("hexadecimal after unicode") << QStringLiteral("\u0001abc\u00E4def");
+    QTest::newRow("empty") << u""_s;
+    QTest::newRow("word") << u"untitled"_s;
+    QTest::newRow("boolean") << u"True"_s;
+    QTest::newRow("number") << u"0012.50"_s;
+    QTest::newRow("comma") << u"a,b, c,"_s;
+    QTest::newRow("one comma") << u","_s;
+    QTest::newRow("backslashes") << u"c:\\new folder\\x00\\\\server\\"_s;
+    QTest::newRow("quotes") << u"\"a\" 'b\""_s;
+    QTest::newRow("semicolon, equals, percent") << u"a;b=c%20%d#e"_s;
+    QTest::newRow("spaces at the ends") << u"  a  "_s;
+    QTest::newRow("tab and lines") << u"a\tb\r\nc\nd\re"_s;
+    QTest::newRow("unicode") << u"/home/j\u00FCrgen/\u0436\u4E2D/\U0001F600.bas"_s;
+    QTest::newRow("at sign") << u"@ByteArray(x)"_s;
+    QTest::newRow("invalid mark") << u"@Invalid()"_s;
+    QTest::newRow("two at signs") << u"@@"_s;
+    QTest::newRow("brackets") << u"[Settings]"_s;
+    QTest::newRow("NUL") << u"a"_s + QChar::Null + u"b"_s;
+    QTest::newRow("hexadecimal after unicode") << u"\u0001abc\u00E4def"_s;
     QTest::newRow("long") << QString(100000, u'x');
 }
 
 void tst_modSettings::everyTextComesBackExactly()
 {
     QFETCH(QString, text);
-    ob::WriteSetting(QStringLiteral("MRU1"), text);
-    ob::WriteSetting(QStringLiteral("User10"), QStringLiteral("after"));
-    QCOMPARE(ob::ReadSetting(QStringLiteral("MRU1"), QStringLiteral("fallback")), text);
+    ob::WriteSetting(u"MRU1"_s, text);
+    ob::WriteSetting(u"User10"_s, u"after"_s);
+    QCOMPARE(ob::ReadSetting(u"MRU1"_s, u"fallback"_s), text);
     Reopen();
-    QCOMPARE(ob::ReadSetting(QStringLiteral("MRU1"), QStringLiteral("fallback")), text);
-    QCOMPARE(ob::ReadSetting(QStringLiteral("User10"), QStringLiteral("fallback")), QStringLiteral("after"));
+    QCOMPARE(ob::ReadSetting(u"MRU1"_s, u"fallback"_s), text);
+    QCOMPARE(ob::ReadSetting(u"User10"_s, u"fallback"_s), u"after"_s);
 }
 
 void tst_modSettings::textsSurviveInAnotherProcess()
 {
-    ob::WriteSetting(QStringLiteral("LastDir"), QStringLiteral("/tmp/a, b"));
+    ob::WriteSetting(u"LastDir"_s, u"/tmp/a, b"_s);
     ob::SyncSettings();
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--print-setting"), StoreFile()});
+    process.start(QCoreApplication::applicationFilePath(), {u"--print-setting"_s, StoreFile()});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.readAllStandardOutput(), QByteArray("/tmp/a, b"));
 }
 
 void tst_modSettings::theSectionIsSettings()
 {
-    ob::WriteSetting(QStringLiteral("TabSize"), QStringLiteral("8"));
+    ob::WriteSetting(u"TabSize"_s, u"8"_s);
     ob::SyncSettings();
     QFile file(StoreFile());
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -132,23 +134,23 @@ void tst_modSettings::theSectionIsSettings()
 
 void tst_modSettings::aListWrittenByHandIsOneText()
 {
-    QFile file(folder->filePath(QStringLiteral("hand.ini")));
+    QFile file(folder->filePath(u"hand.ini"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("[Settings]\nFontName=Courier, New\n");
     file.close();
     ob::SetSettingsFile(file.fileName());
-    QCOMPARE(ob::ReadSetting(QStringLiteral("FontName"), {}), QStringLiteral("Courier, New"));
+    QCOMPARE(ob::ReadSetting(u"FontName"_s, {}), u"Courier, New"_s);
 }
 
 void tst_modSettings::aStoreThatCannotBeWrittenKeepsItsTexts()
 {
 #ifdef Q_OS_LINUX
-    ob::SetSettingsFile(QStringLiteral("/proc/store.ini"));
-    QCOMPARE(ob::ReadSetting(QStringLiteral("TabSize"), QStringLiteral("4")), QStringLiteral("4"));
-    ob::WriteSetting(QStringLiteral("TabSize"), QStringLiteral("8"));
+    ob::SetSettingsFile(u"/proc/store.ini"_s);
+    QCOMPARE(ob::ReadSetting(u"TabSize"_s, u"4"_s), u"4"_s);
+    ob::WriteSetting(u"TabSize"_s, u"8"_s);
     ob::SyncSettings();
-    QCOMPARE(ob::ReadSetting(QStringLiteral("TabSize"), QStringLiteral("4")), QStringLiteral("8"));
-    QVERIFY(!QFileInfo::exists(QStringLiteral("/proc/store.ini")));
+    QCOMPARE(ob::ReadSetting(u"TabSize"_s, u"4"_s), u"8"_s);
+    QVERIFY(!QFileInfo::exists(u"/proc/store.ini"_s));
 #else
     QSKIP("has no such folder");
 #endif
@@ -166,7 +168,7 @@ public:
 
     QString AfterSync()
     {
-        form.status = QStringLiteral("as it was");
+        form.status = u"as it was"_s;
         ob::SyncSettings();
         QCoreApplication::processEvents();
         return form.status;
@@ -185,11 +187,11 @@ void tst_modSettings::theReasonOfAFailedSyncIsInTheStatusBar()
     QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x5555)));
     {
         const PlainUser user;
-        ob::WriteSetting(QStringLiteral("TabSize"), QStringLiteral("8"));
-        QCOMPARE(bar.AfterSync(), QStringLiteral("Permission denied"));
+        ob::WriteSetting(u"TabSize"_s, u"8"_s);
+        QCOMPARE(bar.AfterSync(), u"Permission denied"_s);
     }
     QVERIFY(QFile::setPermissions(folder->path(), QFile::Permissions(0x7777)));
-    QCOMPARE(bar.AfterSync(), QStringLiteral("as it was"));
+    QCOMPARE(bar.AfterSync(), u"as it was"_s);
     QVERIFY(Get(StoreFile()).contains("TabSize=8"));
 #else
     QSKIP("has no such permissions");
@@ -199,28 +201,28 @@ void tst_modSettings::theReasonOfAFailedSyncIsInTheStatusBar()
 void tst_modSettings::aDiskThatLosesTheNameIsReported()
 {
     StatusBar bar;
-    ob::WriteSetting(QStringLiteral("TabSize"), QStringLiteral("8"));
+    ob::WriteSetting(u"TabSize"_s, u"8"_s);
     ob::SetDisk([](ob::SyncStep) { return std::make_error_code(std::errc::io_error); });
     const QString status = bar.AfterSync();
     ob::SetDisk({});
-    QCOMPARE(status, QStringLiteral("Input/output error"));
-    QCOMPARE(bar.AfterSync(), QStringLiteral("as it was"));
+    QCOMPARE(status, u"Input/output error"_s);
+    QCOMPARE(bar.AfterSync(), u"as it was"_s);
 }
 
 void tst_modSettings::aBrokenFileGivesFallbacks()
 {
-    QFile file(folder->filePath(QStringLiteral("broken.ini")));
+    QFile file(folder->filePath(u"broken.ini"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("\xFF\xFE\x01no section\n[Settings\nTabSize\n[]=\n");
     file.close();
     ob::SetSettingsFile(file.fileName());
-    QCOMPARE(ob::ReadSetting(QStringLiteral("TabSize"), QStringLiteral("4")), QStringLiteral("4"));
+    QCOMPARE(ob::ReadSetting(u"TabSize"_s, u"4"_s), u"4"_s);
 }
 
 void tst_modSettings::theUsersOwnStoreBearsTheApplicationsName()
 {
     ob::SetSettingsFile({});
-    QCOMPARE(QFileInfo(ob::SettingsFile()).completeBaseName(), QStringLiteral("OB Bench"));
+    QCOMPARE(QFileInfo(ob::SettingsFile()).completeBaseName(), u"OB Bench"_s);
 }
 
 void tst_modSettings::readingAllKeysTakesLessThanAMillisecond_data()
@@ -235,17 +237,17 @@ void tst_modSettings::readingAllKeysTakesLessThanAMillisecond()
     QFETCH(bool, isFilled);
     QStringList keys;
     for (int number = 1; number <= 60; ++number)
-        keys += QStringLiteral("Key%1").arg(number);
+        keys += u"Key%1"_s.arg(number);
     if (isFilled) {
         for (const QString& key : std::as_const(keys))
-            ob::WriteSetting(key, QStringLiteral("/home/user/a folder/") + key);
+            ob::WriteSetting(key, u"/home/user/a folder/"_s + key);
         ob::SyncSettings();
     }
     // The best of several runs: other programs may take the processor in between.
     qint64 best = std::numeric_limits<qint64>::max();
     for (int round = 0; round < 20; ++round) {
-        ob::SetSettingsFile(folder->filePath(QStringLiteral("other.ini")));
-        const QString copy = folder->filePath(QStringLiteral("copy%1.ini").arg(round));
+        ob::SetSettingsFile(folder->filePath(u"other.ini"_s));
+        const QString copy = folder->filePath(u"copy%1.ini"_s.arg(round));
         if (isFilled)
             QVERIFY(QFile::copy(StoreFile(), copy));
         QElapsedTimer timer;
@@ -253,7 +255,7 @@ void tst_modSettings::readingAllKeysTakesLessThanAMillisecond()
         ob::SetSettingsFile(copy);
         qsizetype length = 0;
         for (const QString& key : std::as_const(keys))
-            length += ob::ReadSetting(key, QStringLiteral("-")).size();
+            length += ob::ReadSetting(key, u"-"_s).size();
         best = std::min(best, timer.nsecsElapsed());
         QVERIFY(isFilled ? length > 60 * 20 : length == 60);
     }
@@ -267,7 +269,7 @@ int main(int argc, char** argv)
     if (argc == 3 && qstrcmp(argv[1], "--print-setting") == 0) {
         ob::SetSettingsFile(QString::fromLocal8Bit(argv[2]));
         QFile out;
-        const QByteArray value = ob::ReadSetting(QStringLiteral("LastDir"), {}).toUtf8();
+        const QByteArray value = ob::ReadSetting(u"LastDir"_s, {}).toUtf8();
         return out.open(1, QIODevice::WriteOnly) && out.write(value) == value.size() ? 0 : 1;
     }
     QStandardPaths::setTestModeEnabled(true);
