@@ -293,7 +293,7 @@ QString ObstacleAt(const QString& archive)
     if (!info.exists())
         return {};
     if (!info.isFile())
-        return u"%1 is not a file"_s.arg(archive);
+        return u"%1 is no file"_s.arg(archive);
     return info.isWritable() ? QString() : u"%1 is write-protected"_s.arg(archive);
 }
 

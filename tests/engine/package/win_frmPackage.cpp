@@ -392,7 +392,7 @@ void win_frmPackage::aFailedZipIsReported()
     QVERIFY(QDir().mkpath(files.Packed("game.zip")));
     TestBench bench;
     bench.dialogs.ExpectQuestion(Question(files), BoxAnswer::No);
-    bench.dialogs.ExpectMessage(files.Packed("game.zip is not a file"), BoxAnswer::Ok, BoxIcon::None);
+    bench.dialogs.ExpectMessage(files.Packed("game.zip is no file"), BoxAnswer::Ok, BoxIcon::None);
     bench.Start();
     OBPath = files.At("engine/orchard.exe");
     frmPackage dialog(files.Token());
