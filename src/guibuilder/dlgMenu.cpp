@@ -4,6 +4,7 @@
 
 #include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modGuiCommands.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "ui_dlgMenu.h"
 
@@ -92,8 +93,7 @@ void dlgMenu::ConnectLists()
     };
     pair(ui->lstItems0, ui->lstItems1);
     pair(ui->lstItems1, ui->lstItems0);
-    connect(ui->lstNames, &QListWidget::itemSelectionChanged, this,
-            [this] { RunCommand([this] { lstNames_Click(); }); });
+    On(ui->lstNames, &QListWidget::itemSelectionChanged, this, &dlgMenu::lstNames_Click);
 
     const std::initializer_list<std::pair<QListWidget*, Qt::Key>> keys = {
         {ui->lstNames, Qt::Key_N}, {ui->lstItems0, Qt::Key_T}, {ui->lstItems1, Qt::Key_H}};

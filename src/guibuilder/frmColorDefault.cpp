@@ -6,6 +6,7 @@
 #include "guibuilder/modGui.h"
 #include "guibuilder/modGuiCommands.h"
 #include "guibuilder/modWindowDefaults.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/language/modRuntime.h"
 #include "shell/state/frmTool.h"
@@ -30,14 +31,14 @@ frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::mak
         field->home(false);
     ui->txtCaption->setFocus();
     ui->txtCaption->selectAll();
-    connect(ui->Combo1, &QComboBox::currentIndexChanged, this, [this] { RunCommand([this] { Combo1_Click(); }); });
-    connect(ui->chkMenu, &QCheckBox::toggled, this, [this] { RunCommand([this] { chkMenu_Click(); }); });
+    On(ui->Combo1, &QComboBox::currentIndexChanged, this, &frmColorDefault::Combo1_Click);
+    On(ui->chkMenu, &QCheckBox::toggled, this, &frmColorDefault::chkMenu_Click);
     connect(ui->chkStatusbar, &QCheckBox::toggled, this, [this](bool on) {
         StatusActive();
         ShowStatusNote(on);
     });
-    connect(ui->cmdFont, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdFont_Click(); }); });
-    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    On(ui->cmdFont, this, &frmColorDefault::cmdFont_Click);
+    On(ui->OKButton, this, &frmColorDefault::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 

@@ -5,6 +5,7 @@
 #include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modBitmap.h"
 #include "guibuilder/modGuiCommands.h"
+#include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
@@ -76,9 +77,9 @@ frmProp::frmProp(ControlRef edited, const QString& kindWord, QWidget* parent)
         ShowPreview();
         connect(ui->txtBitmap, &QLineEdit::textChanged, this, &frmProp::ShowPreview);
     }
-    connect(ui->cmdBitmap, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdBitmap_Click(); }); });
-    connect(ui->cmdDelete, &QPushButton::clicked, this, [this] { RunCommand([this] { cmdDelete_Click(); }); });
-    connect(ui->OKButton, &QPushButton::clicked, this, [this] { RunCommand([this] { OKButton_Click(); }); });
+    On(ui->cmdBitmap, this, &frmProp::cmdBitmap_Click);
+    On(ui->cmdDelete, this, &frmProp::cmdDelete_Click);
+    On(ui->OKButton, this, &frmProp::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
