@@ -149,8 +149,8 @@ void frmMedia::tmrPlay_Timer()
 
 void frmMedia::ShowTime(float position)
 {
-    ui->lblNow->setText(MediaTimeText(position, MediaLength));
-    const float part = MediaLength > 0 ? position / MediaLength : 0;
+    ui->lblNow->setText(MediaTimeText(position, MediaLength()));
+    const float part = MediaLength() > 0 ? position / MediaLength() : 0;
     ui->prgNow->setValue(static_cast<int>(part * static_cast<float>(ui->prgNow->maximum())));
 }
 

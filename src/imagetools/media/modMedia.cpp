@@ -21,6 +21,9 @@ namespace ob {
 
 namespace {
 
+// There is one device for all, so the playing file is the process's.
+float mediaLength = 0;
+
 constexpr int BufferSize = 128;
 
 // The answer to a query about the playing file: the number at its start.
@@ -37,7 +40,7 @@ void PlayOn(const QString& device, const QString& file)
     StopMedia();
     QByteArray buffer(BufferSize, ' ');
     mciSendStringA(u"open "_s + device + u'!' + file + u" alias PlayFile "_s, &buffer, BufferSize, 0);
-    MediaLength = Ask(u"status PlayFile length"_s);
+    mediaLength = Ask(u"status PlayFile length"_s);
     mciSendStringA(u"play PlayFile"_s, nullptr, 0, 0);
 }
 
@@ -77,6 +80,11 @@ QString ClockText(float milliseconds)
 
 } // namespace
 
+float MediaLength()
+{
+    return mediaLength;
+}
+
 void PlayAVI(const QString& file)
 {
     PlayOn(u"AVIvideo"_s, file);
@@ -100,7 +108,7 @@ void StopMedia()
 MediaProgress PollMedia()
 {
     const float position = Ask(u"status PlayFile position"_s);
-    if (position < MediaLength)
+    if (position < mediaLength)
         return {position, false};
     StopMedia();
     return {position, true};

@@ -7,7 +7,7 @@
 namespace ob {
 
 // Of the last opened file, in milliseconds; 0 when it could not be opened.
-inline float MediaLength = 0;
+float MediaLength();
 
 // Each closes what plays, opens the file as "PlayFile" on its device and starts it. Errors are ignored; the length is
 // then 0.

@@ -126,7 +126,7 @@ private Q_SLOTS:
         const QString path = folder->filePath(name);
         QVERIFY(PlayMedia(path));
         QCOMPARE(media.log, (QStringList{u"open %1 %2"_s.arg(kind, path), u"play"_s}));
-        QCOMPARE(MediaLength, 61'500.0F);
+        QCOMPARE(MediaLength(), 61'500.0F);
     }
 
     void otherTypesPlayNothing()
@@ -168,7 +168,7 @@ private Q_SLOTS:
         PlayAVI(Path("film.AVI"));
         media.length = -1;
         PlayAVI(Path("film.AVI"));
-        QCOMPARE(MediaLength, 0.0F);
+        QCOMPARE(MediaLength(), 0.0F);
         QVERIFY(PollMedia().hasEnded);
         QVERIFY(!media.log.mid(3).contains(u"play"_s));
     }
