@@ -114,7 +114,7 @@ void SaveGuiForm(const QString& path)
     const bool wasModified = design.GuiFormModified;
     design.GuiFormModified = false;
     try {
-        design.form = Completed(std::move(design.form), CompletedFor::File);
+        design.form = Completed(design.form, CompletedFor::File);
         const AnsiText encoded = AnsiFromText(WriteForm(design.form));
         GuiWindow->SettleGui(GuiSteps::Keep);
         if (MayLose(encoded)) {
@@ -122,7 +122,7 @@ void SaveGuiForm(const QString& path)
             SetStatusText(u"Form saved as "_s + NameOf(path));
             return;
         }
-    } catch (const RuntimeError&) {
+    } catch (...) {
         design.GuiFormModified = wasModified;
         throw;
     }

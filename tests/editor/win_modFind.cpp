@@ -3,6 +3,7 @@
 #include "support/BenchTest.h"
 #include "support/TestBench.h"
 
+#include "editor/StoppedReplace.h"
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
 #include "editor/modFind.h"
@@ -36,24 +37,6 @@ void Select(const cDocument* document, qsizetype anchor, qsizetype caret)
     SendSci(document->sci, SCI_SETSEL, static_cast<std::uintptr_t>(anchor), static_cast<std::intptr_t>(caret));
 }
 
-// Stops after that many rounds, as Escape does.
-class StopAfter final : public cReplaceWatch {
-public:
-    explicit StopAfter(std::int64_t roundLimit) : limit(roundLimit) {}
-    RoundEnd Round(std::int64_t replacements) override
-    {
-        return replacements >= limit ? RoundEnd::Stop : RoundEnd::GoOn;
-    }
-
-private:
-    std::int64_t limit;
-};
-
-MakeReplaceWatch StoppedAfter(std::int64_t rounds)
-{
-    return [rounds] { return std::make_unique<StopAfter>(rounds); };
-}
-
 } // namespace
 
 class win_modFind : public QObject {
@@ -67,10 +50,6 @@ private:
     {
         bench.reset();
         bench = std::make_unique<TestBench>();
-        Finding().FindFlags = 0;
-        Finding().FindFromStart = false;
-        Finding().LastFind.clear();
-        Finding().FoundPos = -1;
         bench->Start();
         QuitQuery = false;
         bench->Choose(u"mnuFileNew"_s);
@@ -115,25 +94,29 @@ private:
                                      BoxIcon::Information, BoxButtons::Ok, u"Finished"_s);
     }
 
-    static void Find(const char* text)
+    // As the buttons do: the active code window, or the box that there is none.
+    template <class Work>
+    static void OnDocument(Work work)
     {
         if (const cDocument* document = NeedDocument())
-            FindText(*document, QString::fromUtf8(text));
+            work(*document);
+    }
+    static QString T(const char* text) { return QString::fromUtf8(text); }
+    static void Find(const char* text)
+    {
+        OnDocument([&](auto& document) { FindText(document, T(text)); });
     }
     static void Again(const char* text)
     {
-        if (const cDocument* document = NeedDocument())
-            FindAgain(*document, QString::fromUtf8(text));
+        OnDocument([&](auto& document) { FindAgain(document, T(text)); });
     }
-    static void Replace(const char* find, const char* replace)
+    static void Replace(const char* find, const char* by)
     {
-        if (const cDocument* document = NeedDocument())
-            ReplaceText(*document, QString::fromUtf8(find), QString::fromUtf8(replace));
+        OnDocument([&](auto& document) { ReplaceText(document, T(find), T(by)); });
     }
-    static void All(const char* find, const char* replace, const MakeReplaceWatch& makeWatch = {})
+    static void All(const char* find, const char* by, const MakeReplaceWatch& makeWatch = {})
     {
-        if (const cDocument* document = NeedDocument())
-            ReplaceAllText(*document, QString::fromUtf8(find), QString::fromUtf8(replace), makeWatch);
+        OnDocument([&](auto& document) { ReplaceAllText(document, T(find), T(by), makeWatch); });
     }
 
     std::unique_ptr<TestBench> bench;

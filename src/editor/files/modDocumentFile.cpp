@@ -5,7 +5,6 @@
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
 #include "platform/dialogs/modDialogs.h"
-#include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
 #include "shell/state/Module1.h"
@@ -85,7 +84,7 @@ SavedText SavedBytes(QByteArrayView text)
     return saved;
 }
 
-SaveEnd SaveDocumentFile(cDocument& document, const QString& path)
+SaveEnd SaveDocumentFile(cDocument& document, const QString& path, Durability durability)
 {
     const SavedText saved = SavedBytes(QByteArrayView(SciText(document.sci)));
     if (saved.lostLine != 0) {
@@ -94,7 +93,7 @@ SaveEnd SaveDocumentFile(cDocument& document, const QString& path)
         if (MsgBox(question.arg(saved.lostLine), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::No)
             return SaveEnd::Declined;
     }
-    ReplaceFile(path, saved.bytes);
+    ReplaceFile(path, saved.bytes, durability);
     // Only a successful save leaves its two spaces in the text.
     SendSci(document.sci, SCI_APPENDTEXT, 2, "  ");
     SendSci(document.sci, SCI_SETSAVEPOINT);

@@ -2,6 +2,8 @@
 // Files in and out of code windows: the load and the save themselves.
 #pragma once
 
+#include "platform/files/modFiles.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
@@ -46,7 +48,7 @@ constexpr OpenChoices operator|(OpenChoices a, OpenChoice b)
 
 // Opens a file in a new code window, whose caption is its path; null when no window could be created. Throws as
 // LoadDocumentFile does; the window then exists, empty.
-cDocument* OpenInNewWindow(const QString& path, OpenChoices choices);
+cDocument* OpenInNewWindow(const QString& path, OpenChoices choices = 0);
 
 // The bytes of a saved text (UTF-8): in the code page, followed by a space and a line end. lostLine is the first line,
 // from 1, with a character that the code page lacks ('?' is in its place), or 0.
@@ -60,6 +62,6 @@ enum class SaveEnd { Written, Declined };
 
 // Writes the document, which gains two spaces, and sets its save point. When a character cannot be stored the user is
 // asked first. Throws RuntimeError when the file cannot be written; the document is then unchanged.
-SaveEnd SaveDocumentFile(cDocument& document, const QString& path);
+SaveEnd SaveDocumentFile(cDocument& document, const QString& path, Durability durability = Durability::Synced);
 
 } // namespace ob

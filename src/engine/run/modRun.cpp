@@ -42,10 +42,10 @@ Found NeedEngine()
 enum class CopyEnd { Written, Failed, Declined };
 
 // The copy of an earlier run must not pass for this one's, so the result of the write counts.
-CopyEnd WriteCopy(cDocument& document, const QString& path)
+CopyEnd WriteCopy(cDocument& document, const QString& path, Durability durability)
 {
     try {
-        return SaveDocumentFile(document, path) == SaveEnd::Written ? CopyEnd::Written : CopyEnd::Declined;
+        return SaveDocumentFile(document, path, durability) == SaveEnd::Written ? CopyEnd::Written : CopyEnd::Declined;
     } catch (const RuntimeError& error) {
         ShowReason(error);
         return CopyEnd::Failed;
@@ -65,7 +65,9 @@ void HandToEngine(const QString& switches)
     const CopyPlace copy = PlaceOfCopy(document->Caption(), ProgramFolder());
     if (copy.caption != document->Caption())
         document->SetCaption(copy.caption);
-    const CopyEnd end = WriteCopy(*document, copy.path);
+    // A copy can be made again; a program that has no other file cannot.
+    const Durability durability = copy.path == copy.caption ? Durability::Synced : Durability::Unsynced;
+    const CopyEnd end = WriteCopy(*document, copy.path, durability);
     if (end == CopyEnd::Declined)
         return;
     if (end == CopyEnd::Failed || !FileExists(copy.path)) {
@@ -74,7 +76,7 @@ void HandToEngine(const QString& switches)
     }
     const QByteArray included = CheckIncludes(*document, FolderOf(copy.path));
     if (!included.isEmpty())
-        AppendToFile(copy.path, included);
+        AppendToFile(copy.path, included, durability);
     Launch(EngineCommand(OBPath, switches, copy.path), WindowMode::Normal);
     MainForm->SendToBack();
 }

@@ -52,7 +52,7 @@ struct MetafileBlt {
 };
 
 // Coordinates are logical unless stated otherwise. The work of a file is limited: once its records have used it up, the
-// rest draws nothing and IsExhausted is true.
+// rest draws nothing.
 class cMetafileCanvas {
 public:
     // Draws on the picture (RGB32). Without one nothing is drawn, and Extent is what would have been.
@@ -73,7 +73,6 @@ public:
     void Select(const MetafileObject& object);
 
     bool Spend(double points);
-    bool IsExhausted() const { return work <= 0; }
     QRectF Extent() const { return extent; }
 
     void MoveTo(QPointF place);

@@ -50,7 +50,7 @@ std::optional<QString> FindParts(const QString& folder, const QStringList& parts
     return std::nullopt;
 }
 
-// A time format with seconds, put behind the minutes with the mark that stands before them.
+// A time format with seconds, added after the minutes with the mark that separates hours and minutes.
 QString WithSeconds(QString format)
 {
     const qsizetype minutes = format.indexOf(QLatin1String("mm"));
@@ -97,7 +97,7 @@ QByteArray ReadWhole(const QString& path)
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         Raise(ErrorNumber::PathFileAccess, path);
-    // Files that the system makes up as they are read tell no size, and any file may grow while it is read.
+    // Files that the system generates as they are read have no size, and any file may grow while it is read.
     constexpr qint64 step = 1 << 16;
     QByteArray bytes(std::max(file.size() + 1, step), Qt::Uninitialized);
     qsizetype length = 0;

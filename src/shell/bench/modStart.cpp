@@ -113,7 +113,10 @@ void OpenFiles(const QStringList& paths, FileSource source)
             if (source == FileSource::Drop)
                 return;
         } else {
-            RunCommand([&] { OpenInNewWindow(path, OpenChoice::Recent | OpenChoice::Status | OpenChoice::Tag); });
+            RunCommand([&] {
+                if (cDocument* document = OpenInNewWindow(path))
+                    AfterFileOpen(*document, path);
+            });
         }
     }
 }
