@@ -34,7 +34,7 @@ auto OnVideo(Work work)
     } catch (const AviFailure&) {
         throw;
     } catch (const RuntimeError& error) {
-        throw AviFailure(AviErrorText, error.description);
+        throw AviFailure(AviErrorText, error.description, error.reason);
     }
 }
 
@@ -61,9 +61,9 @@ FrameLines LinesOfPicture(const cDIBSection& picture)
 
 } // namespace
 
-AviFailure::AviFailure(const QString& words, const QString& cause)
-    : RuntimeError(static_cast<int>(ErrorNumber::DeviceIoError), {}, (words + u' ' + cause).trimmed(), cause),
-      message(words)
+AviFailure::AviFailure(const QString& words, const QString& detail, const QString& systemReason)
+    : RuntimeError(static_cast<int>(ErrorNumber::DeviceIoError), {}, (words + u' ' + detail).trimmed(), systemReason),
+      message(words), cause(detail)
 {
 }
 

@@ -19,9 +19,10 @@ inline const QString AviErrorText = QStringLiteral("There was an error writing t
 // A video that cannot be made: the words for the user, and what happened, which may be empty. The description is both.
 class AviFailure final : public RuntimeError {
 public:
-    explicit AviFailure(const QString& words, const QString& cause = {});
+    explicit AviFailure(const QString& words, const QString& detail = {}, const QString& systemReason = {});
 
     QString message;
+    QString cause;
 };
 
 enum class AviState {

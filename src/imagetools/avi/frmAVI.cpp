@@ -192,8 +192,9 @@ AviState frmAVI::BeginWriting(const QString& path)
 
 void frmAVI::ShowFailure(const AviFailure& failure)
 {
-    ui->lblStatus->setText(failure.reason);
+    ui->lblStatus->setText(failure.cause);
     MsgBox(failure.message, BoxIcon::Information);
+    ShowReason(failure);
 }
 
 // Notices come from either thread; their boxes are shown here, one after the other.

@@ -39,7 +39,7 @@ inline AviOutcome OutcomeOf(ob::cAviWriting& writing, const ob::AviOptions& opti
             outcome.state = writing.WriteFrame();
     } catch (const ob::AviFailure& failure) {
         outcome.message = failure.message;
-        outcome.reason = failure.reason;
+        outcome.reason = failure.cause;
     }
     return outcome;
 }

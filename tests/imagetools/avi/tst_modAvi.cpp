@@ -325,7 +325,9 @@ private Q_SLOTS:
             QFAIL("no failure");
         } catch (const AviFailure& failure) {
             QCOMPARE(failure.message, u"There was an error writing the file."_s);
-            QCOMPARE(failure.reason, u"Path not found"_s);
+            QCOMPARE(failure.cause, u"Path not found"_s);
+            QCOMPARE(failure.reason,
+                     QString::fromStdString(std::make_error_code(std::errc::no_such_file_or_directory).message()));
             QCOMPARE(failure.description, u"There was an error writing the file. Path not found"_s);
         }
         QVERIFY(!isAsked);
