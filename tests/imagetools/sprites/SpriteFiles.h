@@ -13,9 +13,9 @@ inline QImage SpriteImage(int width, int height, QRgb color = qRgb(200, 40, 10))
     image.fill(qRgb(0, 0, 0));
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const int across = 2 * x - width;
-            const int down = 2 * y - height;
-            if (across * across * height * height + down * down * width * width < width * width * height * height)
+            const double across = (2.0 * x - width) / width;
+            const double down = (2.0 * y - height) / height;
+            if (across * across + down * down < 1)
                 image.setPixel(x, y, color);
         }
     }
