@@ -109,9 +109,12 @@ private:
     {
         constexpr int perByte = 8 / Bits;
         constexpr unsigned mask = (1U << Bits) - 1;
-        for (std::int32_t x = 0; x < layout.width; ++x, target += 3) {
+        // Copies, as the compiler must reckon with a target that overlaps the layout.
+        const Color* const colors = layout.colors.data();
+        const std::int32_t width = layout.width;
+        for (std::int32_t x = 0; x < width; ++x, target += 3) {
             const int shift = 8 - Bits * (x % perByte + 1);
-            const Color& color = layout.colors[source[x / perByte] >> shift & mask];
+            const Color color = colors[source[x / perByte] >> shift & mask];
             std::copy(color.begin(), color.end(), target);
         }
     }
