@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop's own programs by the freedesktop.org rules ("Association between MIME types and applications" 1.0.1,
-// "Desktop Entry Specification" 1.5).
+// desktop entries 1.5).
 #include "platform/desktop/cDesktopEntry.h"
 #include "platform/desktop/modDesktop.h"
 
