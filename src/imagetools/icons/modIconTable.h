@@ -22,7 +22,13 @@ struct IconTable {
     // The images by number; of several with one number the first counts.
     std::vector<std::pair<std::uint16_t, ByteRange>> images;
 
-    void SortImages() { std::ranges::stable_sort(images, {}, &std::pair<std::uint16_t, ByteRange>::first); }
+    void SortImages()
+    {
+        constexpr auto number = &std::pair<std::uint16_t, ByteRange>::first;
+        // Linkers write them in order.
+        if (!std::ranges::is_sorted(images, {}, number))
+            std::ranges::stable_sort(images, {}, number);
+    }
 
     // Requires sorted images; empty when there is none of that number.
     ByteRange Image(std::uint16_t number) const

@@ -164,9 +164,13 @@ IconTable ReadPeIcons(const cByteSource& file, std::uint64_t header)
         return {};
     Tree tree = {file, program->From(program->resources)};
     IconTable table;
-    for (const TreeEntry& entry : ResourcesOfType(tree, GroupResource))
+    const std::vector<TreeEntry> groups = ResourcesOfType(tree, GroupResource);
+    table.groups.reserve(groups.size());
+    for (const TreeEntry& entry : groups)
         table.groups.push_back(ResourceAt(*program, tree, entry));
-    for (const TreeEntry& entry : ResourcesOfType(tree, ImageResource)) {
+    const std::vector<TreeEntry> images = ResourcesOfType(tree, ImageResource);
+    table.images.reserve(images.size());
+    for (const TreeEntry& entry : images) {
         if (entry.name <= 0xFFFF)
             table.images.emplace_back(static_cast<std::uint16_t>(entry.name), ResourceAt(*program, tree, entry));
     }

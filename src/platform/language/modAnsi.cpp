@@ -74,7 +74,7 @@ struct Utf8Character {
     std::size_t length;
 };
 
-Utf8Character ReadUtf8(const char* bytes, std::size_t length)
+inline Utf8Character ReadUtf8(const char* bytes, std::size_t length)
 {
     const auto at = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
     const auto follows = [&](std::size_t index) { return (at(index) & 0xC0U) == 0x80U; };
