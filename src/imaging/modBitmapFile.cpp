@@ -56,6 +56,8 @@ public:
           hasPlainBytes(bitmap.bits == 32 && bitmap.masks[0] == 0xFF && bitmap.masks[1] == 0xFF00 &&
                         bitmap.masks[2] == 0xFF0000)
     {
+        for (std::size_t index = 0; index < wideColors.size(); ++index)
+            std::copy(bitmap.colors[index].begin(), bitmap.colors[index].end(), wideColors[index].begin());
     }
 
     void Decode(const std::uint8_t* source, std::uint8_t* target) const
@@ -109,19 +111,27 @@ private:
     {
         constexpr int perByte = 8 / Bits;
         constexpr unsigned mask = (1U << Bits) - 1;
-        // Copies, as the compiler must reckon with a target that overlaps the layout.
-        const Color* const colors = layout.colors.data();
-        const std::int32_t width = layout.width;
-        for (std::int32_t x = 0; x < width; ++x, target += 3) {
+        // Copies, as the compiler must reckon with a target that overlaps this object.
+        const WideColor* const colors = wideColors.data();
+        const std::int32_t last = layout.width - 1;
+        const auto colorAt = [=](std::int32_t x) {
             const int shift = 8 - Bits * (x % perByte + 1);
-            const Color color = colors[source[x / perByte] >> shift & mask];
-            std::copy(color.begin(), color.end(), target);
-        }
+            return colors[source[x / perByte] >> shift & mask].data();
+        };
+        // The next pixel overwrites the fourth byte.
+        for (std::int32_t x = 0; x < last; ++x, target += 3)
+            std::memcpy(target, colorAt(x), sizeof(WideColor));
+        if (last >= 0)
+            std::memcpy(target, colorAt(last), 3);
     }
+
+    // A colour of the table and a byte more: one load and one store.
+    using WideColor = std::array<std::uint8_t, 4>;
 
     const BitmapLayout& layout;
     std::array<Channel, 3> channels;
     bool hasPlainBytes;
+    std::array<WideColor, 256> wideColors = {};
 };
 
 void DecodeLines(const BitmapLayout& layout, cDIBSection& picture)
