@@ -123,6 +123,8 @@ std::optional<QString> ScriptedDialogs::Input(const InputSpec& spec)
 
 QString ScriptedDialogs::File(const FileSpec& spec)
 {
+    lastFile = spec;
+    lastFile.filterIndex = nullptr;
     const auto step = Next(Describe(spec.purpose, spec.title, spec.filter));
     if (!step)
         return {};

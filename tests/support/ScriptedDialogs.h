@@ -26,6 +26,9 @@ public:
     void ExpectColor(const QString& title, std::uint32_t start, std::optional<std::uint32_t> answer);
     void ExpectFont(const FontSpec& start, const std::optional<FontSpec>& answer);
 
+    // What the last file box was asked for.
+    const FileSpec& LastFile() const { return lastFile; }
+
     // Whether the whole script has been played; writes the rest of it to the test's log.
     bool Finished() const;
 
@@ -54,6 +57,7 @@ private:
     std::optional<Step> Next(const QString& shown);
 
     QList<Step> steps;
+    FileSpec lastFile;
     cDialogs* before = nullptr;
 };
 

@@ -206,7 +206,7 @@ frmPackage::frmPackage(const QString& token, QWidget* parent)
     On(ui->cmdRemove, this, &frmPackage::cmdRemove_Click);
     On(ui->cmdOkay, this, &frmPackage::cmdOkay_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    browser->Start();
+    StartInLastFolder(*this, *browser);
     enable();
     Load();
 }
@@ -373,7 +373,7 @@ void mnuPackage_Click()
     if (!IsTokenName(chosen))
         return;
     frmPackage tool(chosen, ToolOwner());
-    BindManualPage(tool, frmPackage::ManualPage);
+    PrepareTool(tool, frmPackage::ManualPage);
     tool.exec();
 }
 

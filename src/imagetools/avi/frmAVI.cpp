@@ -9,6 +9,7 @@
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "shell/state/frmTool.h"
+#include "shell/state/modPlaces.h"
 #include "ui_frmAVI.h"
 
 #include <QCloseEvent>
@@ -98,7 +99,7 @@ void frmAVI::cmdFileOpen_Click()
     dialog.HideReadOnly = true;
     dialog.DlgTitle = u"Choose BMP file to add to video stream"_s;
     dialog.Filter = u"BMP Files|*.bmp:DIB Files|*.dib"_s;
-    dialog.InitDirectory = FolderOf(lastFile);
+    dialog.InitDirectory = lastFile.isEmpty() ? LastFolder(objectName()) : FolderOf(lastFile);
     QString file;
     if (dialog.VBGetOpenFileName(file))
         AddFile(file);
@@ -107,6 +108,7 @@ void frmAVI::cmdFileOpen_Click()
 frmAVI::Adding frmAVI::AddFile(const QString& file)
 {
     lastFile = file;
+    RememberFolder(objectName(), FolderOf(file));
     const std::optional<AviFormat> format = FormatForList(list, file, NoticeBoxes());
     if (!format)
         return Adding::Refused;
@@ -181,7 +183,7 @@ AviState frmAVI::BeginWriting(const QString& path)
     try {
         return writing->Begin([this](const AviFormat& first) -> std::optional<AviOptions> {
             dlgAviOptions dialog(first, this);
-            BindManualPage(dialog, dlgAviOptions::ManualPage);
+            PrepareTool(dialog, dlgAviOptions::ManualPage);
             return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Options()) : std::nullopt;
         });
     } catch (const AviFailure& failure) {

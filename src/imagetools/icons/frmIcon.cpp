@@ -311,11 +311,11 @@ void frmIcon::mnuRight_Click()
 
 void frmIcon::op_Click()
 {
-    const QString path = FileBox({FilePurpose::Open,
-                                  u"Open or Extract Icon"_s,
-                                  {},
-                                  {},
-                                  u"Icons (*.ico)(*.icl)(*.exe)(*.dll)|*.ICO;*.ICL;*.EXE;*.DLL"_s});
+    const QString path = ToolFileBox(*this, {FilePurpose::Open,
+                                             u"Open or Extract Icon"_s,
+                                             {},
+                                             {},
+                                             u"Icons (*.ico)(*.icl)(*.exe)(*.dll)|*.ICO;*.ICL;*.EXE;*.DLL"_s});
     if (path.isEmpty())
         return;
     heldIcon.reset();
@@ -372,7 +372,8 @@ void frmIcon::cmdChoose_Click()
 
 void frmIcon::openBitmap_Click()
 {
-    const QString path = FileBox({FilePurpose::Open, u"Open Bitmap"_s, {}, {}, u"Images (*.bmp)|*.BMP;*.JPG;*.WMF;"_s});
+    const QString path =
+        ToolFileBox(*this, {FilePurpose::Open, u"Open Bitmap"_s, {}, {}, u"Images (*.bmp)|*.BMP;*.JPG;*.WMF;"_s});
     if (path.isEmpty())
         return;
     bitmap = LoadPicture(path);
@@ -429,7 +430,7 @@ void frmIcon::sva_Click()
     box.title = u"Save As"_s;
     box.filter = u"Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp"_s;
     box.filterIndex = &filter;
-    const QString path = FileBox(box);
+    const QString path = ToolFileBox(*this, box);
     if (path.isEmpty())
         return;
     ReplaceFile(path, filter == 1 ? BitmapFileOf(sheet.icon) : IconFileOf(sheet.icon));
@@ -441,7 +442,7 @@ void frmIcon::runtimeicon_Click()
 {
     const BoxAnswer answer = MsgBox(u"Is this program written in Orchard BASIC v4.x?"_s, BoxIcon::Question,
                                     BoxButtons::YesNo, u"Orchard BASIC Version?"_s);
-    const QString path = FileBox({FilePurpose::Open, u"Runtime Icon"_s, {}, {}, u"Runtime engine|*.exe"_s});
+    const QString path = ToolFileBox(*this, {FilePurpose::Open, u"Runtime Icon"_s, {}, {}, u"Runtime engine|*.exe"_s});
     if (path.isEmpty())
         return;
     try {

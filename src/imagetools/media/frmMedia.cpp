@@ -13,7 +13,6 @@
 #include "shell/state/frmTool.h"
 #include "ui_frmMedia.h"
 
-#include <QDir>
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -73,7 +72,8 @@ void frmMedia::WriteCodeMedia()
 
 void frmMedia::cmdOpen_Click()
 {
-    file = OpenFileDialog(u"Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"_s, QDir::currentPath());
+    file = ToolFileBox(*this,
+                       {FilePurpose::Open, u"Open File..."_s, {}, {}, u"Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"_s});
     ui->lblFile->setText(file.isEmpty() ? u"No File"_s : file);
     WriteCodeMedia();
     if (!file.isEmpty())
@@ -123,8 +123,7 @@ void frmMedia::cmdCopy_Click()
         MsgBox(u"No file to save!"_s);
         return;
     }
-    const QString target =
-        FileBox({FilePurpose::Save, u"Save As..."_s, QDir::currentPath(), {}, MediaCopyFilter(file)});
+    const QString target = ToolFileBox(*this, {FilePurpose::Save, u"Save As..."_s, {}, {}, MediaCopyFilter(file)});
     if (target.isEmpty())
         return;
     try {

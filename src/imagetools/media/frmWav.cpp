@@ -11,8 +11,6 @@
 #include "shell/state/frmTool.h"
 #include "ui_frmWav.h"
 
-#include <QDir>
-
 using namespace Qt::StringLiterals;
 
 namespace ob {
@@ -32,7 +30,7 @@ frmWav::frmWav(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmWa
     On(ui->cmdStop, this, &frmWav::cmdStop_Click);
     On(ui->cmdCopy, this, &frmWav::cmdCopy_Click);
     On(ui->cmdExit, this, &frmWav::cmdExit_Click);
-    browser->Start();
+    StartInLastFolder(*this, *browser);
     ui->Fil->setFocus();
 }
 
@@ -82,7 +80,7 @@ void frmWav::cmdCopy_Click()
         return;
     }
     const QString target =
-        FileBox({FilePurpose::Save, u"Save As..."_s, QDir::currentPath(), {}, u"Wav sound file (*.wav)|*.wav"_s});
+        FileBox({FilePurpose::Save, u"Save As..."_s, browser->Folder(), {}, u"Wav sound file (*.wav)|*.wav"_s});
     if (target.isEmpty())
         return;
     try {

@@ -26,7 +26,7 @@ frmBitmap::frmBitmap(QWidget* parent)
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns(ImageLibrary::Unused), this);
     Connect();
     ShowListCount();
-    browser->Start();
+    StartInLastFolder(*this, *browser);
     ui->File1->setFocus();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/work/cWork.h"
+#include "shell/state/frmToolPlace.h"
 #include "ui_frmBatch.h"
 
 namespace ob {
@@ -21,7 +22,7 @@ frmBatch::frmBatch(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     On(ui->OKButton, this, &frmBatch::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &frmBatch::reject);
     SetState(State::Choosing);
-    browser->Start();
+    StartInLastFolder(*this, *browser);
     ui->Dir1->setFocus();
 }
 

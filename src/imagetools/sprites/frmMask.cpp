@@ -91,7 +91,7 @@ void frmMask::cmdSave_Click()
     spec.extension = u"bmp"_s;
     QString path;
     try {
-        path = FileBox(spec);
+        path = ToolFileBox(*this, spec);
     } catch (const RuntimeError&) {
         MsgBox(u"Sprite/mask was not saved."_s, BoxIcon::Critical);
         return;
@@ -110,7 +110,7 @@ void frmMask::cmdSave_Click()
 void frmMask::cmdBatch_Click()
 {
     frmBatch batch(this);
-    BindManualPage(batch, frmBatch::ManualPage);
+    PrepareTool(batch, frmBatch::ManualPage);
     On(&batch, &frmBatch::Masked, this,
        [this](const QString& path, const cDIBSection& picture) { ShowPicture(path, CopyOf(picture)); });
     batch.exec();
@@ -131,7 +131,7 @@ void frmMask::cmdHelp_Click()
 
 void mnuToolMask_Click()
 {
-    ShowTool<frmMask>();
+    ShowToolModally<frmMask>();
 }
 
 } // namespace ob

@@ -15,6 +15,7 @@
 #include <QTreeView>
 
 #include <algorithm>
+#include <utility>
 
 namespace ob {
 
@@ -42,12 +43,12 @@ FolderBrowser::FolderBrowser(const Controls& of, const QStringList& shown, QObje
        [this] { Q_EMIT ChoiceChanged(); });
 }
 
-void FolderBrowser::Start()
+void FolderBrowser::Start(const QString& first)
 {
     mountedDrives.Start([](cWorkLink&) { return MountedDrives(); },
                         [this] { RunCommand([this] { FillDrives(mountedDrives.Take()); }); });
     FillDrives(NearDrives());
-    ShowFolder(QDir::currentPath());
+    ShowFolder(first.isEmpty() ? QDir::currentPath() : first);
 }
 
 bool FolderBrowser::eventFilter(QObject* watched, QEvent* event)
@@ -125,6 +126,10 @@ void FolderBrowser::SetPatterns(const QStringList& shown)
 
 void FolderBrowser::ShowContents(const FolderContents& contents)
 {
+    if (std::exchange(isFirst, false) && !contents.isThere && folder != QDir::currentPath()) {
+        ShowFolder(QDir::currentPath());
+        return;
+    }
     const QModelIndex current = controls.folders->currentIndex();
     QStandardItem* here = folders->invisibleRootItem();
     while (here->hasChildren())

@@ -31,9 +31,10 @@ public:
         QListView* files;
     };
 
-    // Shows the current folder. Connect to the signals, then call Start.
+    // Connect to the signals, then call Start. It shows the folder, or the current one when none is given or it has
+    // gone.
     FolderBrowser(const Controls& controls, const QStringList& patterns, QObject* parent);
-    void Start();
+    void Start(const QString& first = {});
 
     void ShowFolder(const QString& path);
     void SetPatterns(const QStringList& patterns); // rereads the folder
@@ -68,6 +69,7 @@ private:
     QList<Drive> drives;
     QStringList patterns;
     QString folder;
+    bool isFirst = true; // nothing has been listed yet
     cWork<QList<Drive>> mountedDrives{Farewell::LetGo};
     cWork<FolderContents> folderContents{Farewell::LetGo};
 };

@@ -110,6 +110,7 @@ bool Fits(const QString& name, const QRegularExpression& pattern)
 FolderContents ReadFolder(const QString& folder, const QStringList& patterns)
 {
     FolderContents contents;
+    contents.isThere = QFileInfo(folder).isDir();
     const QRegularExpression wanted = NamePattern(patterns);
     QDirIterator entries(folder, QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot);
     while (entries.hasNext()) {

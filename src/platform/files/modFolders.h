@@ -38,6 +38,7 @@ bool Fits(const QString& name, const QRegularExpression& pattern);
 struct FolderContents {
     QStringList folders;
     QStringList files;
+    bool isThere = false; // the folder itself, whether or not it can be read
 };
 FolderContents ReadFolder(const QString& folder, const QStringList& patterns);
 

@@ -42,4 +42,10 @@ void BindManualPage(QWidget& tool, const char* page)
     On(key, &QShortcut::activated, &tool, [page] { OpenManual(QString::fromLatin1(page)); });
 }
 
+void PrepareTool(QDialog& tool, const char* page)
+{
+    BindManualPage(tool, page);
+    KeepPlace(tool);
+}
+
 } // namespace ob

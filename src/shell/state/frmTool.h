@@ -4,6 +4,7 @@
 
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/frmToolPlace.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -24,6 +25,9 @@ void OpenManual(const QString& page);
 // Makes F1 in the window open that page of the manual.
 void BindManualPage(QWidget& tool, const char* page);
 
+// What every tool gets before it is shown: F1, and the size and place that it had when it was last closed.
+void PrepareTool(QDialog& tool, const char* page);
+
 // Shows the one window of this kind beside the main window, or brings it to the front when it is open. A tool is a
 // QDialog whose constructor does its loading, and whose ManualPage names its page.
 template <class Tool>
@@ -33,7 +37,7 @@ Tool* ShowTool()
     if (open.isNull()) {
         open = new Tool(ToolOwner());
         open->setAttribute(Qt::WA_DeleteOnClose);
-        BindManualPage(*open, Tool::ManualPage);
+        PrepareTool(*open, Tool::ManualPage);
     }
     open->show();
     open->raise();
@@ -46,7 +50,7 @@ template <class Tool>
 void ShowToolModally()
 {
     Tool tool(ToolOwner());
-    BindManualPage(tool, Tool::ManualPage);
+    PrepareTool(tool, Tool::ManualPage);
     tool.exec();
 }
 
@@ -56,7 +60,7 @@ void OpenToolModally()
 {
     auto* tool = new Tool(ToolOwner());
     tool->setAttribute(Qt::WA_DeleteOnClose);
-    BindManualPage(*tool, Tool::ManualPage);
+    PrepareTool(*tool, Tool::ManualPage);
     tool->open();
 }
 

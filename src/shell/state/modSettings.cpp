@@ -23,10 +23,12 @@ namespace ob {
 
 namespace {
 
-QString Address(const QString& key)
+QString Address(const QString& section, const QString& key)
 {
-    return u"Settings/"_s + key;
+    return section + u'/' + key;
 }
+
+const QString Settings = u"Settings"_s;
 
 // The file that a test asked for; empty for the user's own.
 QString askedFile;
@@ -47,6 +49,15 @@ std::unique_ptr<QSettings>& Store()
 {
     static std::unique_ptr<QSettings> store = OpenStore();
     return store;
+}
+
+QString Read(const QString& section, const QString& key, const QString& fallback)
+{
+    const QVariant value = Store()->value(Address(section, key));
+    if (!value.isValid())
+        return fallback;
+    // A file edited by hand may contain a comma outside quotes, which the format reads as a list.
+    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QLatin1String(", ")) : value.toString();
 }
 
 // The toolkit keeps no reason for a store that it could not write; a file beside it, as large, meets the same one.
@@ -82,16 +93,22 @@ void Sync()
 
 QString ReadSetting(const QString& key, const QString& fallback)
 {
-    const QVariant value = Store()->value(Address(key));
-    if (!value.isValid())
-        return fallback;
-    // A file edited by hand may contain a comma outside quotes, which the format reads as a list.
-    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QLatin1String(", ")) : value.toString();
+    return Read(Settings, key, fallback);
 }
 
 void WriteSetting(const QString& key, const QString& value)
 {
-    Store()->setValue(Address(key), value);
+    Store()->setValue(Address(Settings, key), value);
+}
+
+QString ReadRemembered(const QString& section, const QString& key)
+{
+    return Read(section, key, {});
+}
+
+void WriteRemembered(const QString& section, const QString& key, const QString& value)
+{
+    Store()->setValue(Address(section, key), value);
 }
 
 void SyncSettings()

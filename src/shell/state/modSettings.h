@@ -13,6 +13,10 @@ QString ReadSetting(const QString& key, const QString& fallback);
 // orderly end, whichever comes first.
 void WriteSetting(const QString& key, const QString& value);
 
+// The same for what the bench remembers by itself, in sections beside "Settings". The empty text for a missing key.
+QString ReadRemembered(const QString& section, const QString& key);
+void WriteRemembered(const QString& section, const QString& key, const QString& value);
+
 // Waits until the disk has all that was stored. There is no box for a store that cannot be written: its reason goes to
 // the status bar's first panel at the next turn of the event loop, and the next call tries again.
 void SyncSettings();

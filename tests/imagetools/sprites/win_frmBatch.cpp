@@ -55,7 +55,7 @@ class win_frmBatch : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestBench> bench;
-    QPointer<frmMask> form;
+    std::unique_ptr<frmMask> form;
 
     QString Folder() const { return QDir::toNativeSeparators(QDir::currentPath()); }
 
@@ -89,14 +89,13 @@ private Q_SLOTS:
         QuitQuery = false;
         bench = std::make_unique<TestBench>();
         bench->Start();
-        bench->Choose(u"mnuToolMask"_s);
-        form = bench->Frame().findChild<frmMask*>();
-        QVERIFY(form);
+        form = std::make_unique<frmMask>();
+        form->show();
+        QVERIFY(QTest::qWaitForWindowActive(form.get()));
     }
     void cleanup()
     {
-        form->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        form.reset();
         bench.reset();
     }
 

@@ -13,7 +13,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QPainter>
-#include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
 
@@ -51,7 +50,7 @@ class win_frmMask : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestBench> bench;
-    QPointer<frmMask> form;
+    std::unique_ptr<frmMask> form;
 
     void Press(const char* name) const
     {
@@ -78,15 +77,13 @@ private Q_SLOTS:
         QuitQuery = false;
         bench = std::make_unique<TestBench>();
         bench->Start();
-        bench->Choose(u"mnuToolMask"_s);
-        form = bench->Frame().findChild<frmMask*>();
-        QVERIFY(form);
+        form = std::make_unique<frmMask>();
+        form->show();
+        QVERIFY(QTest::qWaitForWindowActive(form.get()));
     }
     void cleanup()
     {
-        if (form)
-            form->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        form.reset();
         bench.reset();
     }
 
@@ -201,16 +198,27 @@ private Q_SLOTS:
     void keysWork()
     {
         bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, QString());
-        QTest::keyClick(form, Qt::Key_Return);
+        QTest::keyClick(form.get(), Qt::Key_Return);
         QVERIFY(bench->dialogs.Finished());
-        QTest::keyClick(form, Qt::Key_Escape);
-        QVERIFY(!form || !form->isVisible());
+        QTest::keyClick(form.get(), Qt::Key_Escape);
+        QVERIFY(!form->isVisible());
     }
 
     void exitCloses()
     {
         Press("cmdExit");
-        QVERIFY(!form || !form->isVisible());
+        QVERIFY(!form->isVisible());
+    }
+
+    void theMenuItemShowsItModally()
+    {
+        bool wasShown = false;
+        bench->ExpectModal(u"frmMask"_s, [&wasShown](QDialog& dialog) {
+            wasShown = true;
+            dialog.reject();
+        });
+        bench->Choose(u"mnuToolMask"_s);
+        QVERIFY(wasShown);
     }
 };
 
