@@ -7,6 +7,9 @@
 #include "scilexer/SciPrintView.h"
 
 #include <QDropEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 
 #include <algorithm>
@@ -56,6 +59,20 @@ std::intptr_t Address(const void* pointer)
     return reinterpret_cast<std::intptr_t>(pointer);
 }
 
+// Where the system has no key of its own for a third character on a key, Ctrl and Alt together are that key.
+bool HasAltGr(Qt::KeyboardModifiers modifiers)
+{
+    return modifiers.testFlag(Qt::ControlModifier) && modifiers.testFlag(Qt::AltModifier) &&
+           QGuiApplication::platformName() == QLatin1String("windows");
+}
+
+// Only a key without Ctrl, Alt and the like is typed: a combination is a command, or nothing.
+bool IsTyped(const QKeyEvent& key)
+{
+    constexpr auto commandKeys = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return (key.modifiers() & commandKeys) == 0 || HasAltGr(key.modifiers());
+}
+
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
 {
     auto* control = dynamic_cast<cSciLexerOB*>(object);
@@ -70,7 +87,10 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
                                          const Position gap = Direct(SCI_GETGAPPOSITION);
                                          return Bytes(from, from < gap && gap < to ? gap : to);
                                      },
-                                     [this] { return Direct(SCI_GETLENGTH); })
+                                     [this] { return Direct(SCI_GETLENGTH); }),
+      ownParts([this](unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
+          return Direct(message, wParam, lParam);
+      })
 {
     directFunction = reinterpret_cast<DirectFunction>(SendScintillaPtrResult(SCI_GETDIRECTFUNCTION));
     directPointer = Address(SendScintillaPtrResult(SCI_GETDIRECTPOINTER));
@@ -82,6 +102,7 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
     Direct(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
     // Only the announcements: for each change it is notified of, QScintilla counts the characters of the whole text.
     Direct(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
+    ownParts.Start();
     // Installed after QScintilla's own factory, this one is asked first.
     QAccessible::installFactory(MakeAccessible);
 
@@ -95,9 +116,13 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
         if ((updated & (SC_UPDATE_CONTENT | SC_UPDATE_SELECTION)) == 0)
             return;
+        ownParts.FitLineNumbers();
         ShowBraces();
         ReportToAssistants();
     });
+    // The window around the control learns by the toolkit's own event whether there is anything to save.
+    connect(this, &QsciScintillaBase::SCN_SAVEPOINTLEFT, this, [this] { setWindowModified(true); });
+    connect(this, &QsciScintillaBase::SCN_SAVEPOINTREACHED, this, [this] { setWindowModified(false); });
 }
 
 std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam)
@@ -124,6 +149,26 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
         break;
     case SCI_CLEARDOCUMENTSTYLE:
         Forget(0);
+        break;
+    case SCI_STYLESETFORE:
+    case SCI_STYLESETBACK:
+        if (wParam == STYLE_LINENUMBER)
+            ownParts.NoteLineNumberColor();
+        break;
+    case SCI_STYLECLEARALL:
+        ownParts.ClearStyles();
+        return 0;
+    case SCI_SETMARGINWIDTHN:
+        Direct(message, wParam, lParam);
+        ownParts.FitLineNumbers();
+        return 0;
+    case SCI_CLEARALL:
+        ownParts.ForgetLineWidth();
+        break;
+    case SCI_EMPTYUNDOBUFFER:
+    case SCI_UNDO:
+    case SCI_REDO:
+        undoSteps.End();
         break;
     case SCI_GRABFOCUS:
         // QScintilla ignores this message.
@@ -393,6 +438,35 @@ void cSciLexerOB::ReportToAssistants()
         QAccessible::updateAccessibility(&event);
     }
     reported = now;
+}
+
+// A combination of keys that is no command must not type its character.
+void cSciLexerOB::keyPressEvent(QKeyEvent* event)
+{
+    if (!IsTyped(*event)) {
+        QKeyEvent command(event->type(), event->key(), event->modifiers(), QString(), event->isAutoRepeat(),
+                          static_cast<quint16>(event->count()));
+        QsciScintillaBase::keyPressEvent(&command);
+        event->setAccepted(command.isAccepted());
+        return;
+    }
+    NoteTyping(event->text());
+    QsciScintillaBase::keyPressEvent(event);
+}
+
+void cSciLexerOB::inputMethodEvent(QInputMethodEvent* event)
+{
+    NoteTyping(event->commitString());
+    QsciScintillaBase::inputMethodEvent(event);
+}
+
+// Runs before the text is typed. An empty group of actions parts the steps before and after it.
+void cSciLexerOB::NoteTyping(const QString& text)
+{
+    if (text.isEmpty() || !undoSteps.Begins(text))
+        return;
+    Direct(SCI_BEGINUNDOACTION);
+    Direct(SCI_ENDUNDOACTION);
 }
 
 // A dropped file belongs to the window around the control, which opens it.

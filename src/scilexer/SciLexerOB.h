@@ -3,6 +3,8 @@
 #pragma once
 
 #include "scilexer/QsciBase.h"
+#include "scilexer/SciOwnParts.h"
+#include "scilexer/SciUndoSteps.h"
 #include "scilexer/modLexer.h"
 #include "scilexer/modSci.h"
 #include "scilexer/modTextOffsets.h"
@@ -25,6 +27,8 @@ public:
     TextOffsets& Offsets() { return offsets; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -68,6 +72,8 @@ private:
     Agreement StyleBlock(Place& place, Position end);
     bool IsUnchanged(Position lineStart) const { return lineStart > changedEnd && lineStart < styledEnd; }
 
+    void NoteTyping(const QString& text);
+
     void ShowBraces();
     bool ShowBraceAt(Position position);
 
@@ -79,6 +85,7 @@ private:
 
     Lexer lexer = Lexer::None;
     Folding folding = Folding::Off;
+    SciUndoSteps undoSteps;
     KeywordSet keywords;
     std::vector<unsigned char> styles;
     std::intptr_t lexedLines = 0;
@@ -106,6 +113,7 @@ private:
         int selectionEnd = 0;
     };
     TextOffsets offsets;
+    SciOwnParts ownParts;
     std::optional<PendingChange> pending;
     Reported reported;
 };
