@@ -18,7 +18,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <string_view>
 #include <vector>
 
@@ -28,48 +27,8 @@ namespace ob {
 
 namespace {
 
-constexpr int MiddleLightness = 128; // of 255
-constexpr double ReadableContrast = 5.5;
 constexpr int FewestLines = 3;
 constexpr int ShownColumns = 60;
-
-bool IsDark(const QColor& color)
-{
-    return color.lightness() < MiddleLightness;
-}
-
-QColor WithLightness(const QColor& color, int lightness)
-{
-    return QColor::fromHsl(color.hslHue(), color.hslSaturation(), lightness);
-}
-
-// Relative luminance from 0, black, to 1, white.
-double LuminanceOf(const QColor& color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double ContrastOf(const QColor& first, const QColor& second)
-{
-    const auto [low, high] = std::minmax({LuminanceOf(first), LuminanceOf(second)});
-    return (high + 0.05) / (low + 0.05);
-}
-
-// The color, made lighter or darker until it is readable on the background.
-QColor ReadableOn(const QColor& ground, const QColor& color)
-{
-    const int step = IsDark(ground) ? 5 : -5;
-    QColor readable = color;
-    for (int lightness = color.lightness(); ContrastOf(readable, ground) < ReadableContrast; lightness += step) {
-        if (lightness < 0 || lightness > 255)
-            break;
-        readable = WithLightness(color, lightness);
-    }
-    return readable;
-}
 
 std::string_view ViewOf(const QByteArray& bytes)
 {
@@ -101,9 +60,7 @@ public:
         set(StyleOperator, settings.NumberColor);
         set(StyleHandle, settings.HandleColor);
         set(StyleLabel, settings.BranchColor);
-        QColor back = ColorOf(settings.CommentBackColor);
-        if (IsDark(back) != IsDark(ground))
-            back = WithLightness(back, 255 - back.lightness());
+        const QColor back = GroundLike(ground, ColorOf(settings.CommentBackColor));
         formats[StyleComment].setBackground(back);
         formats[StyleComment].setForeground(ReadableOn(back, ColorOf(settings.CommentColor)));
         formats[StyleComment].setFontItalic(true);

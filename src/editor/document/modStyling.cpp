@@ -6,6 +6,7 @@
 #include "editor/document/modSyntaxTable.h"
 #include "platform/language/modAnsi.h"
 #include "scilexer/modLexer.h"
+#include "shell/state/modColors.h"
 
 namespace ob {
 
@@ -43,6 +44,21 @@ void SetSyntaxColors(Sci sci, const EditorSettings& settings)
     SetFore(sci, StyleBadBrace, settings.BranchColor);
 }
 
+void SetLineNumberColors(Sci sci, const TextColors& colors)
+{
+    SetFore(sci, StyleLineNumber, colors.fore);
+    SendSci(sci, SCI_STYLESETBACK, StyleLineNumber, static_cast<std::intptr_t>(colors.back));
+}
+
+// The colours are chosen for a light window; in a dark one they follow in a form that can be read there.
+void ShowOnDark(Sci sci, const EditorSettings& settings)
+{
+    const EditorSettings shown = ShownColors(settings);
+    SendSci(sci, SCI_SETCARETLINEBACK, shown.HighlightColor);
+    if (settings.SyntaxColor > 0)
+        SetSyntaxColors(sci, shown);
+}
+
 } // namespace
 
 void UpdateKeywords(Sci sci)
@@ -68,6 +84,8 @@ void SetSciColors(Sci sci, const EditorSettings& settings)
     // Otherwise there is nothing to do: the styles have just been reset to the default.
     if (settings.SyntaxColor > 0)
         SetSyntaxColors(sci, settings);
+    if (IsDark(ColorOf(settings.EditBackColor)))
+        ShowOnDark(sci, settings);
     if (settings.TabSize > 0)
         SendSci(sci, SCI_SETTABWIDTH, static_cast<std::uintptr_t>(settings.TabSize));
     const std::intptr_t width = settings.LineNums ? SendSci(sci, SCI_TEXTWIDTH, StyleLineNumber, "_9999") : 0;
@@ -86,8 +104,7 @@ void SetUpSci(Sci sci, const EditorSettings& settings)
     SendSci(sci, SCI_SETMARGINWIDTHN, BookmarkMargin, 10);
     SendSci(sci, SCI_MARKERDEFINE, BookmarkMarker, 1);
     SendSci(sci, SCI_MARKERSETBACK, BookmarkMarker, static_cast<std::intptr_t>(Rgb(255, 255, 0)));
-    SetFore(sci, StyleLineNumber, Rgb(92, 92, 92));
-    SendSci(sci, SCI_STYLESETBACK, StyleLineNumber, static_cast<std::intptr_t>(Rgb(234, 234, 234)));
+    SetLineNumberColors(sci, ShownLineNumbers(settings));
     SendSci(sci, SCI_SETWORDCHARS, 0, "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789!$?");
 }
 

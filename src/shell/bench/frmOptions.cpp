@@ -11,6 +11,7 @@
 #include "shell/state/Module1.h"
 #include "shell/state/frmColorSample.h"
 #include "shell/state/frmTool.h"
+#include "shell/state/modColors.h"
 #include "ui_frmOptions.h"
 
 #include <QShortcut>
@@ -101,19 +102,21 @@ void frmOptions::ShowField(const PreferenceRow& row)
 
 void frmOptions::ShowSamples()
 {
+    const ColorRef ground = Editor.EditBackColor;
     for (const PreferenceRow& row : PreferenceRows()) {
         const auto* color = std::get_if<Field<ColorRef>>(&row.field);
         if (color == nullptr)
             continue;
-        const ColorRef shown = values.*color->copy;
+        const ColorRef chosen = values.*color->copy;
         auto& sample = static_cast<frmColorSample&>(Control(row.control));
-        SetLabelColors(sample, row.ground == Ground::Text ? shown : Editor.EditForeColor,
-                       row.ground == Ground::Back ? shown : Editor.EditBackColor);
+        SetLabelColors(sample, row.ground == Ground::Text ? ShownText(ground, chosen) : Editor.EditForeColor,
+                       row.ground == Ground::Back ? ShownGround(ground, chosen) : ground);
     }
     // Only comments have a background colour of their own.
+    const ColorRef back = ShownGround(ground, values.commentBackColor);
     for (frmColorSample* sample : {ui->lblComments, ui->lblCommentback})
-        SetLabelColors(*sample, values.commentColor, values.commentBackColor);
-    SetLabelColors(*ui->lblSample, Editor.EditForeColor, Editor.EditBackColor);
+        SetLabelColors(*sample, ShownText(back, values.commentColor), back);
+    SetLabelColors(*ui->lblSample, Editor.EditForeColor, ground);
 }
 
 void frmOptions::ShowSampleFonts()

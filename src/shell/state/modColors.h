@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colours in the toolkit's form.
+// Colours in the toolkit's form, and colours that can be read on a given background.
 #pragma once
 
 #include "platform/language/modColorNames.h"
@@ -8,10 +8,46 @@
 
 namespace ob {
 
+struct EditorSettings;
+
 inline QColor ColorOf(ColorRef color)
 {
     const auto part = [color](int shift) { return static_cast<int>((color >> shift) & 0xFF); };
     return {part(0), part(8), part(16)};
 }
+
+inline ColorRef RefOf(const QColor& color)
+{
+    return Rgb(static_cast<unsigned>(color.red()), static_cast<unsigned>(color.green()),
+               static_cast<unsigned>(color.blue()));
+}
+
+bool IsDark(const QColor& color);
+
+// From 1, the same colour, to 21, black on white.
+double ContrastOf(const QColor& first, const QColor& second);
+
+// The colour, made lighter or darker until text in it can be read on that background. One that can be read already is
+// returned as it is.
+QColor ReadableOn(const QColor& ground, const QColor& color);
+
+// A background for parts of a window, such as a mark, made dark or light as the window's own background is. One that is
+// so already is returned as it is.
+QColor GroundLike(const QColor& ground, const QColor& part);
+
+// A chosen colour of text, and of a background, as a code window with that background shows it: on a light one as it
+// is, on a dark one made readable.
+ColorRef ShownText(ColorRef ground, ColorRef color);
+ColorRef ShownGround(ColorRef ground, ColorRef part);
+
+// The settings with the colours that a code window shows.
+EditorSettings ShownColors(const EditorSettings& settings);
+
+// The line numbers of such a window.
+struct TextColors {
+    ColorRef fore = 0;
+    ColorRef back = 0;
+};
+TextColors ShownLineNumbers(const EditorSettings& settings);
 
 } // namespace ob
