@@ -6,15 +6,15 @@ namespace ob {
 
 namespace {
 
-bool SameWindowRect(const GuiForm& one, const GuiForm& other)
+void TakeWindowPlace(GuiForm& form, const GuiForm& from)
 {
-    return one.left == other.left && one.top == other.top && one.width == other.width && one.height == other.height;
+    form.left = from.left;
+    form.top = from.top;
 }
 
 void TakeWindowRect(GuiForm& form, const GuiForm& from)
 {
-    form.left = from.left;
-    form.top = from.top;
+    TakeWindowPlace(form, from);
     form.width = from.width;
     form.height = from.height;
 }
@@ -33,6 +33,8 @@ void cFormHistory::Settle(const GuiForm& form, WindowRect rect)
 {
     if (rect == WindowRect::Drawn)
         TakeWindowRect(current, form);
+    else
+        TakeWindowPlace(current, form);
     if (current.order.size() == form.order.size())
         current.order = form.order;
     current.windowTag = form.windowTag;
@@ -44,7 +46,8 @@ bool cFormHistory::Commit(const GuiForm& form, WindowRect rect)
     Settle(form, rect);
     if (form == current)
         return false;
-    before.push_back(std::move(current));
+    const bool sameSize = form.width == current.width && form.height == current.height;
+    before.push_back({std::move(current), sameSize ? WindowRect::Drawn : WindowRect::Set});
     current = form;
     after.clear();
     const std::size_t fit = ControlLimit / (form.order.size() + 1);
@@ -73,10 +76,11 @@ void cFormHistory::Adopt(const GuiForm& form)
                 if (old[index].*text == now[index].*text)
                     return;
                 for (auto* steps : {&before, &after})
-                    for (GuiForm& step : *steps)
-                        if (index < step.List(traits.kind).size() &&
-                            step.List(traits.kind)[index].*text == old[index].*text)
-                            step.List(traits.kind)[index].*text = now[index].*text;
+                    for (Step& step : *steps) {
+                        auto& list = step.form.List(traits.kind);
+                        if (index < list.size() && list[index].*text == old[index].*text)
+                            list[index].*text = now[index].*text;
+                    }
             };
             fill(&ControlRecord::tag);
             fill(&ControlRecord::branch);
@@ -87,24 +91,28 @@ void cFormHistory::Adopt(const GuiForm& form)
 
 std::optional<GuiForm> cFormHistory::Undo(const GuiForm& form)
 {
-    return Step(before, after, form);
+    return Go(before, after, form);
 }
 
 std::optional<GuiForm> cFormHistory::Redo(const GuiForm& form)
 {
-    return Step(after, before, form);
+    return Go(after, before, form);
 }
 
-std::optional<GuiForm> cFormHistory::Step(std::deque<GuiForm>& from, std::deque<GuiForm>& to, const GuiForm& form)
+std::optional<GuiForm> cFormHistory::Go(std::deque<Step>& from, std::deque<Step>& to, const GuiForm& form)
 {
     if (from.empty())
         return std::nullopt;
-    GuiForm target = std::move(from.back());
+    const WindowRect rect = from.back().rect;
+    GuiForm target = std::move(from.back().form);
     from.pop_back();
-    const bool setRect = !SameWindowRect(target, current);
-    to.push_back(std::move(current));
-    if (!setRect)
+    // What the user has pulled the window to since then is there again on the way back.
+    TakeWindowRect(current, form);
+    to.push_back({std::move(current), rect});
+    if (rect == WindowRect::Drawn)
         TakeWindowRect(target, form);
+    else
+        TakeWindowPlace(target, form);
     // Once the tag follows the type it keeps doing so; a form whose defaults were confirmed stays confirmed.
     const bool tagIsType =
         std::ranges::any_of(WindowTypes, [&](std::string_view type) { return form.windowTag == LatinText(type); });

@@ -20,7 +20,7 @@ public:
     // Discards all steps; undo ends at the form's present state.
     void Restart(const GuiForm& form);
 
-    // An action has ended; it has set the window's rectangle, or the user has merely moved or resized the window since.
+    // An action has ended; it may have set the window's size, or the user has merely moved or resized the window since.
     // False when it changed nothing.
     enum class WindowRect { Drawn, Set };
     bool Commit(const GuiForm& form, WindowRect rect = WindowRect::Drawn);
@@ -32,8 +32,8 @@ public:
     // with the old texts get the new ones.
     void Adopt(const GuiForm& form);
 
-    // The form before, and after, the last action undone; nothing at the end. The rectangle of the window is that of
-    // form unless the action itself had set it.
+    // The form before, and after, the last action undone; nothing at the end. The window stays where form has it, and
+    // keeps its size unless the action itself had set it.
     std::optional<GuiForm> Undo(const GuiForm& form);
     std::optional<GuiForm> Redo(const GuiForm& form);
 
@@ -44,12 +44,18 @@ public:
     bool CanRedo() const { return !after.empty(); }
 
 private:
+    // The form on the other side of an action, and whether that action has set the window's size.
+    struct Step {
+        GuiForm form;
+        WindowRect rect = WindowRect::Drawn;
+    };
+
     void Settle(const GuiForm& form, WindowRect rect);
-    std::optional<GuiForm> Step(std::deque<GuiForm>& from, std::deque<GuiForm>& to, const GuiForm& form);
+    std::optional<GuiForm> Go(std::deque<Step>& from, std::deque<Step>& to, const GuiForm& form);
 
     GuiForm current;
-    std::deque<GuiForm> before;
-    std::deque<GuiForm> after;
+    std::deque<Step> before;
+    std::deque<Step> after;
 };
 
 } // namespace ob
