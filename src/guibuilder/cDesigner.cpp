@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace {
@@ -89,7 +91,7 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
 {
     action = Action::None;
     anchor = end = point;
-    taken = false;
+    taken = pulled = false;
     if (button == MouseButton::Right && HandleAt(point)) {
         ClearSelection();
         taken = true;
@@ -110,10 +112,10 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
     if (handle) {
         action = *handle == Handle::Lower ? Action::ResizingLower : Action::ResizingUpper;
         grip = Difference(point, *handle == Handle::Lower ? handles->lower : handles->upper);
+        moving = selection;
         return {};
     }
-    // Other controls are drawn inside a groupbox.
-    if (GuiPlacing && (!control || control->kind == ControlKind::Groupbox)) {
+    if (Draws(control, mode)) {
         GuiDragged = false;
         action = Action::Placing;
     } else if (control) {
@@ -126,12 +128,32 @@ cDesigner::Request cDesigner::Press(SurfacePoint point, MouseButton button, Pres
     return {};
 }
 
+// Other controls are drawn inside a groupbox.
+bool cDesigner::Draws(const std::optional<ControlRef>& under, PressMode mode) const
+{
+    return GuiPlacing && (!under || under->kind == ControlKind::Groupbox || mode == PressMode::Over);
+}
+
+// The pixels that what is moved or sized snaps to.
+int cDesigner::MoveStep() const
+{
+    return snapMode == SnapMode::Usual || design.GuiGridOn ? SnapPixels : 1;
+}
+
+// Where a corner is that is drawn at that point.
+SurfacePoint cDesigner::DrawnPoint(SurfacePoint point) const
+{
+    if (snapMode == SnapMode::Usual || !design.GuiGridOn)
+        return point;
+    return {SnapDown(point.x, scale.x), SnapDown(point.y, scale.y)};
+}
+
 void cDesigner::PressControl(ControlRef ref, SurfacePoint point, PressMode mode)
 {
     if (MarksWhenPressed(ref.kind))
         design.GuiFormModified = true;
     pressed = ref;
-    narrows = mode == PressMode::Plain;
+    narrows = mode != PressMode::Adding;
     grip = Difference(point, {form.At(ref).left, form.At(ref).top});
     SpoilSelection();
     if (mode == PressMode::Adding) {
@@ -148,18 +170,26 @@ void cDesigner::PressControl(ControlRef ref, SurfacePoint point, PressMode mode)
     }
     handles.reset();
     SpoilSelection();
+    moving = WithHeld(form, selection);
     if (IsSelected(ref))
         action = Action::Moving;
 }
 
 void cDesigner::Drag(SurfacePoint point)
 {
+    pulled = pulled || LeftAnchor(anchor, point, scale, ClickPixels);
     switch (action) {
     case Action::None:
         return;
-    case Action::Placing:
+    case Action::Placing: {
         GuiDragged = GuiDragged || LeftAnchor(anchor, point, scale);
-        [[fallthrough]];
+        Spoil(RectBetween(DrawnPoint(anchor), DrawnPoint(end)));
+        end = point;
+        const SurfaceRect drawn = RectBetween(DrawnPoint(anchor), DrawnPoint(end));
+        Spoil(drawn);
+        SetStatusText(PlaceText(drawn, scale) + u"    "_s + SizeText(drawn, scale));
+        return;
+    }
     case Action::Selecting:
         Spoil(RectBetween(anchor, end));
         end = point;
@@ -180,18 +210,17 @@ void cDesigner::Drag(SurfacePoint point)
 
 void cDesigner::DragControls(SurfacePoint point)
 {
-    const SurfacePoint place = MovedTo(point, grip, scale);
+    const SurfacePoint place = MovedTo(point, grip, scale, MoveStep());
     const SurfacePoint step = Difference(place, {form.At(pressed).left, form.At(pressed).top});
     SetStatusText(PlaceText({place.x, place.y, 0, 0}, scale));
     if (step == SurfacePoint{})
         return;
-    narrows = false;
-    SpoilSelection();
-    MoveControls(form, selection, step.x, step.y);
+    SpoilControls(moving);
+    MoveControls(form, moving, step.x, step.y);
     // Not only by steps: a rounding error would accumulate over many of them.
     form.At(pressed).left = place.x;
     form.At(pressed).top = place.y;
-    SpoilSelection();
+    SpoilControls(moving);
 }
 
 void cDesigner::DragHandle(Handle handle, SurfacePoint point)
@@ -202,7 +231,7 @@ void cDesigner::DragHandle(Handle handle, SurfacePoint point)
     ControlRecord& control = form.At(selection.front());
     SpoilSelection();
     (handle == Handle::Lower ? handles->lower : handles->upper) = Difference(point, grip);
-    if (const auto rect = ResizedBy(handle, *handles, selection.front().kind, RectOf(control), scale)) {
+    if (const auto rect = ResizedBy(handle, *handles, selection.front().kind, RectOf(control), scale, MoveStep())) {
         SetRect(control, *rect);
         SetStatusText(SizeText(*rect, scale));
     }
@@ -229,16 +258,12 @@ cDesigner::Request cDesigner::Release(SurfacePoint point, MouseButton button)
         return {};
     }
     case Action::Moving:
-        BringToFront(form, pressed);
-        if (narrows && selection.size() > 1) {
-            SpoilSelection();
-            selection = {pressed};
-        }
-        ShowHandles();
-        history.Commit(form);
+        EndMove();
         return {};
     case Action::ResizingLower:
     case Action::ResizingUpper:
+        if (!pulled)
+            PutBack();
         ClearSelection();
         history.Commit(form);
         return {};
@@ -257,12 +282,56 @@ cDesigner::Request cDesigner::Release(SurfacePoint point, MouseButton button)
     return {};
 }
 
+void cDesigner::EndMove()
+{
+    BringToFront(form, pressed);
+    if (pulled)
+        StayReachable(pressed);
+    else
+        PutBack();
+    if (!pulled && narrows && selection.size() > 1) {
+        SpoilSelection();
+        selection = {pressed};
+    }
+    ShowHandles();
+    history.Commit(form);
+}
+
+// The controls of the current press where they were before it.
+void cDesigner::PutBack()
+{
+    SpoilControls(moving);
+    for (const ControlRef ref : moving)
+        SetRect(form.At(ref), RectOf(history.Current().At(ref)));
+    SpoilControls(moving);
+}
+
+// What has just been moved beyond an edge comes back until the mouse can reach it. What was out of reach before may be
+// so for a reason; only the leader comes back from there.
+void cDesigner::StayReachable(ControlRef leader)
+{
+    const auto wasOut = [this](ControlRef ref) {
+        const auto& list = history.Current().List(ref.kind);
+        const auto index = static_cast<std::size_t>(ref.index);
+        return index < list.size() && !IsReachable(RectOf(list[index]));
+    };
+    for (const ControlRef ref : selection) {
+        const SurfacePoint step = StepOnto(surface, RectOf(form.At(ref)), scale);
+        if (step == SurfacePoint{} || (ref != leader && wasOut(ref)))
+            continue;
+        const std::vector<ControlRef> all = WithHeld(form, selection);
+        SpoilControls(all);
+        MoveControls(form, all, step.x, step.y);
+        SpoilControls(all);
+        SetStatusText(PlaceText(RectOf(form.At(leader)), scale));
+    }
+}
+
 void cDesigner::Cancel()
 {
     if (action == Action::Moving || action == Action::ResizingLower || action == Action::ResizingUpper) {
         SpoilSelection();
-        for (const ControlRef ref : selection)
-            form.At(ref) = history.Current().At(ref);
+        PutBack();
         ShowHandles();
     }
     if (const auto band = RubberBand())
@@ -274,10 +343,10 @@ void cDesigner::Cancel()
 void cDesigner::FinishPlacing(SurfacePoint point)
 {
     ClearSelection();
-    Spoil(RectBetween(anchor, end));
+    Spoil(RectBetween(DrawnPoint(anchor), DrawnPoint(end)));
     if (const auto kind = KindOfTool(GuiToolName)) {
-        const ControlRef ref =
-            PlaceControl(form, *kind, anchor, point, GuiDragged ? Drawn::Dragged : Drawn::Clicked, scale);
+        const ControlRef ref = PlaceControl(form, *kind, DrawnPoint(anchor), DrawnPoint(point),
+                                            GuiDragged ? Drawn::Dragged : Drawn::Clicked, scale);
         selection = {ref};
         SpoilSelection();
         history.Commit(form);
@@ -294,14 +363,14 @@ void cDesigner::ShowHandles()
     SpoilSelection();
 }
 
-cDesigner::Pointer cDesigner::PointerAt(SurfacePoint point) const
+cDesigner::Pointer cDesigner::PointerAt(SurfacePoint point, PressMode mode) const
 {
     if (action == Action::Placing)
         return Pointer::Cross;
     if (HandleAt(point))
         return GuiLocked ? Pointer::NoDrop : Pointer::Size;
     const auto control = ControlAt(form, point);
-    if (GuiPlacing && (!control || control->kind == ControlKind::Groupbox))
+    if (Draws(control, mode))
         return Pointer::Cross;
     if (!control)
         return Pointer::Arrow;
@@ -314,31 +383,33 @@ void cDesigner::Changed(KeyPress press)
         history.Extend(form);
     else if (!history.Commit(form))
         return;
+    design.GuiFormModified = true;
     ShowHandles();
     damage.everything = true;
 }
 
-void cDesigner::MarkAsPress()
+// Nothing is changed while the controls are locked, and the status bar says why.
+bool cDesigner::RefusesChange() const
 {
-    if (std::ranges::any_of(selection, MarksWhenPressed, &ControlRef::kind))
-        design.GuiFormModified = true;
+    if (GuiLocked)
+        SetStatusText(u"The controls are locked."_s);
+    return GuiLocked;
 }
 
 void cDesigner::Nudge(float x, float y, KeyPress press)
 {
-    if (GuiLocked || selection.empty())
+    if (selection.empty() || RefusesChange())
         return;
-    MarkAsPress();
-    MoveControls(form, selection, x, y);
+    MoveControls(form, WithHeld(form, selection), x, y);
+    StayReachable(selection.front());
     SetStatusText(PlaceText(RectOf(form.At(selection.front())), scale));
     Changed(press);
 }
 
 void cDesigner::Grow(float width, float height, KeyPress press)
 {
-    if (GuiLocked || selection.empty())
+    if (selection.empty() || RefusesChange())
         return;
-    design.GuiFormModified = true;
     GrowControls(form, selection, width, height, scale);
     SetStatusText(SizeText(RectOf(form.At(selection.front())), scale));
     Changed(press);
@@ -346,7 +417,8 @@ void cDesigner::Grow(float width, float height, KeyPress press)
 
 void cDesigner::Delete()
 {
-    MarkAsPress();
+    if (selection.empty() || RefusesChange())
+        return;
     DeleteControls(form, selection);
     ClearSelection();
     Changed();
@@ -354,11 +426,8 @@ void cDesigner::Delete()
 
 void cDesigner::Align(Alignment alignment)
 {
-    if (GuiLocked)
+    if (RefusesChange())
         return;
-    if (alignment == Alignment::SameWidth || alignment == Alignment::SameHeight)
-        design.GuiFormModified = true;
-    MarkAsPress();
     AlignControls(form, selection, alignment);
     Changed();
 }
@@ -369,12 +438,20 @@ void cDesigner::Copy()
         GuiCopies = CopyControls(form, selection);
 }
 
+void cDesigner::Cut()
+{
+    if (RefusesChange())
+        return;
+    Copy();
+    Delete();
+}
+
 void cDesigner::Paste()
 {
-    if (GuiCopies.empty())
+    if (GuiCopies.empty() || RefusesChange())
         return;
-    design.GuiFormModified = true;
     selection = PasteControls(form, GuiCopies, scale);
+    StayReachable(selection.front());
     // A second paste continues from the place of the first.
     GuiCopies = CopyControls(form, selection);
     Changed();
@@ -441,26 +518,31 @@ void cDesigner::Take(const std::optional<GuiForm>& step)
 void cDesigner::Commit(cFormHistory::WindowRect rect)
 {
     std::erase_if(selection, [this](ControlRef ref) { return !form.At(ref).visible; });
+    // The control may have another place or size now.
+    if (handles)
+        ShowHandles();
     history.Commit(form, rect);
     damage.everything = true;
 }
 
 std::optional<SurfaceRect> cDesigner::RubberBand() const
 {
-    if ((action == Action::Placing && end != anchor) || (action == Action::Selecting && LeftAnchor(anchor, end, scale)))
+    if (action == Action::Placing && end != anchor)
+        return RectBetween(DrawnPoint(anchor), DrawnPoint(end));
+    if (action == Action::Selecting && LeftAnchor(anchor, end, scale))
         return RectBetween(anchor, end);
     return std::nullopt;
 }
 
-void cDesigner::SpoilControl(ControlRef ref)
+void cDesigner::SpoilControls(const std::vector<ControlRef>& controls)
 {
-    Spoil(RectOf(form.At(ref)));
+    for (const ControlRef ref : controls)
+        Spoil(RectOf(form.At(ref)));
 }
 
 void cDesigner::SpoilSelection()
 {
-    for (const ControlRef ref : selection)
-        SpoilControl(ref);
+    SpoilControls(selection);
     if (handles) {
         Spoil(HandleRect(handles->lower));
         Spoil(HandleRect(handles->upper));

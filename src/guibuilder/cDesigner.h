@@ -22,8 +22,8 @@ public:
     void FormUnloaded();
 
     enum class MouseButton { Left, Right, Other };
-    // Adding: the press adds to the selection or removes from it.
-    enum class PressMode { Plain, Adding };
+    // Adding: the press adds to the selection or removes from it. Over: an armed tool draws over other controls too.
+    enum class PressMode { Plain, Adding, Over };
 
     // What the window has to do after an event.
     struct Request {
@@ -36,10 +36,23 @@ public:
     bool IsArmed() const { return GuiPlacing; }
     bool IsArmed(const QString& toolName) const { return GuiPlacing && GuiToolName == toolName; }
 
-    // Locked controls can be neither moved nor resized.
+    // The part of the surface that its window shows; without it no control is brought back from beyond its edges.
+    void SetSurface(float width, float height) { surface = {0, 0, width, height}; }
+    // Whether enough of a control is on the surface for the mouse.
+    bool IsReachable(ControlRef ref) const { return IsReachable(RectOf(form.At(ref))); }
+
+    // What snaps to multiples of 5 pixels. Usual: controls that are moved or sized, but not those that are drawn.
+    // WithGrid: all of these while the grid is shown, none of them while it is not.
+    enum class SnapMode { Usual, WithGrid };
+    void SetSnapMode(SnapMode mode) { snapMode = mode; }
+    SnapMode Snapping() const { return snapMode; }
+
+    // Locked controls can be neither moved, resized, deleted nor joined by others.
     void Lock() { GuiLocked = true; }
     void Unlock() { GuiLocked = false; }
     bool IsLocked() const { return GuiLocked; }
+    // Whether the lock is on; the status bar then says so.
+    bool RefusesChange() const;
 
     Request Press(SurfacePoint point, MouseButton button, PressMode mode);
     void Drag(SurfacePoint point); // with the left button down
@@ -49,7 +62,7 @@ public:
     void Cancel();
 
     enum class Pointer { Arrow, Cross, Move, Size, NoDrop };
-    Pointer PointerAt(SurfacePoint point) const;
+    Pointer PointerAt(SurfacePoint point, PressMode mode = PressMode::Plain) const;
 
     // Keys and commands on the selection; each change is one step to undo.
     enum class KeyPress { First, Repeated }; // repeats of a key that is held down are one step
@@ -58,6 +71,7 @@ public:
     void Delete();
     void Align(Alignment alignment);
     void Copy();
+    void Cut();
     void Paste();
     void SelectAll();
     void SelectNext(int direction); // in the order in which controls are painted
@@ -69,7 +83,7 @@ public:
     bool CanUndo() const { return history.CanUndo(); }
     bool CanRedo() const { return history.CanRedo(); }
 
-    // A dialog has changed the form.
+    // A dialog may have changed the form.
     void Commit(cFormHistory::WindowRect rect = cFormHistory::WindowRect::Drawn);
     // Names and branches were filled in by a save or a compilation.
     void Adopt() { history.Adopt(form); }
@@ -96,22 +110,29 @@ private:
 
     void Forget();
     bool IsSelected(ControlRef ref) const;
+    bool IsReachable(const SurfaceRect& rect) const { return StepOnto(surface, rect, scale) == SurfacePoint{}; }
+    bool Draws(const std::optional<ControlRef>& under, PressMode mode) const;
+    int MoveStep() const;
+    SurfacePoint DrawnPoint(SurfacePoint point) const;
     std::optional<Handle> HandleAt(SurfacePoint point) const;
     void PressControl(ControlRef ref, SurfacePoint point, PressMode mode);
     void DragControls(SurfacePoint point);
     void DragHandle(Handle handle, SurfacePoint point);
+    void EndMove();
+    void PutBack();
+    void StayReachable(ControlRef leader);
     void FinishPlacing(SurfacePoint point);
     void ShowHandles();
     void Spoil(const SurfaceRect& rect) { damage.parts.push_back(rect); }
-    void SpoilControl(ControlRef ref);
+    void SpoilControls(const std::vector<ControlRef>& controls);
     void SpoilSelection();
     void Changed(KeyPress press = KeyPress::First); // a command of the keyboard has changed the form
-    void MarkAsPress();                             // modifies the form for the kinds that mark it when pressed
     void Take(const std::optional<GuiForm>& step);
 
     FormDesign& design;
     GuiForm& form; // of the design
     SurfaceScale scale;
+    SurfaceRect surface;
     cFormHistory history;
     std::vector<ControlRef> selection; // the others are aligned with the first
     std::optional<HandlePlaces> handles;
@@ -120,6 +141,7 @@ private:
     bool GuiPlacing = false; // a control tool is armed
     bool GuiDragged = false; // the pointer has moved away from the anchor
     bool GuiLocked = false;
+    SnapMode snapMode = SnapMode::Usual;
     QString GuiToolName; // of the last armed tool: KindTraits::toolName
 
     // The controls taken by Copy.
@@ -131,8 +153,10 @@ private:
     SurfacePoint end;    // where the pointer is
     SurfacePoint grip;   // of the pressed control or handle
     ControlRef pressed;
-    bool taken = false;   // the press has been handled; its release does nothing
-    bool narrows = false; // a press without a move leaves only the pressed control selected
+    std::vector<ControlRef> moving; // the selection, and what the groupboxes in it hold
+    bool pulled = false;            // the pointer has moved further than in a click
+    bool taken = false;             // the press has been handled; its release does nothing
+    bool narrows = false;           // a press without a move leaves only the pressed control selected
     Damage damage;
 };
 

@@ -73,7 +73,8 @@ frmPalette::frmPalette(cDesigner& target, QWidget* parent) : QFrame(parent), des
     connect(cmdGuiX, &QToolButton::clicked, this, &frmPalette::CloseWanted);
     chkGrid = MakeButton("chkGrid", "grid", u"Visible Grid On/Off"_s);
     chkLock = MakeButton("chkLock", "lock", u"Lock/Unlock Controls"_s);
-    for (QToolButton* button : {chkGrid, chkLock})
+    chkSnap = MakeButton("chkSnap", "snap", u"Snap Drawing to the Grid On/Off"_s);
+    for (QToolButton* button : {chkGrid, chkLock, chkSnap})
         button->setCheckable(true);
     connect(chkGrid, &QToolButton::toggled, this, [this](bool down) {
         designer.Design().GuiGridOn = !down;
@@ -83,6 +84,9 @@ frmPalette::frmPalette(cDesigner& target, QWidget* parent) : QFrame(parent), des
         down ? designer.Lock() : designer.Unlock();
         RepaintSurface();
     });
+    connect(chkSnap, &QToolButton::toggled, this, [this](bool down) {
+        designer.SetSnapMode(down ? cDesigner::SnapMode::WithGrid : cDesigner::SnapMode::Usual);
+    });
 
     auto* top = new QHBoxLayout;
     top->addWidget(heading, 1);
@@ -91,11 +95,12 @@ frmPalette::frmPalette(cDesigner& target, QWidget* parent) : QFrame(parent), des
     column->setContentsMargins(6, 4, 4, 6);
     column->addLayout(top);
     MakeTools(*column);
-    auto* switches = new QHBoxLayout;
+    auto* switches = new QGridLayout;
     switches->setSpacing(2);
-    switches->addWidget(chkGrid);
-    switches->addWidget(chkLock);
-    switches->addStretch(1);
+    switches->setColumnStretch(2, 1);
+    switches->addWidget(chkGrid, 0, 0);
+    switches->addWidget(chkLock, 0, 1);
+    switches->addWidget(chkSnap, 1, 0);
     column->addLayout(switches);
     column->addStretch(1);
     Refresh();
@@ -174,6 +179,7 @@ void frmPalette::Refresh()
     }
     chkGrid->setChecked(!design.GuiGridOn);
     chkLock->setChecked(designer.IsLocked());
+    chkSnap->setChecked(designer.Snapping() == cDesigner::SnapMode::WithGrid);
 }
 
 void frmPalette::RepaintSurface()

@@ -45,6 +45,7 @@ private:
     QToolButton* cmdGuiX = nullptr;
     QToolButton* chkGrid = nullptr;
     QToolButton* chkLock = nullptr;
+    QToolButton* chkSnap = nullptr;
     std::vector<QToolButton*> cmdTools;
     std::vector<bool> usable; // as the form allows; none while there is no form
 };

@@ -28,6 +28,12 @@ namespace ob {
 
 namespace {
 
+constexpr int ViewMargin = 12; // pixels around a control that the view has gone to: room for its handles
+
+const QString ArmedText =
+    u"Draw the control, or click for its usual size. With Shift you can draw over other controls."_s;
+const QString OutsideText = u"This control is outside the form. An arrow key brings it back."_s;
+
 cDesigner::MouseButton ButtonOf(Qt::MouseButton button)
 {
     switch (button) {
@@ -55,6 +61,22 @@ Qt::CursorShape ShapeOf(cDesigner::Pointer pointer)
         return Qt::ForbiddenCursor;
     }
     return Qt::ArrowCursor;
+}
+
+// Ctrl selects several; an armed tool draws over other controls with Shift.
+cDesigner::PressMode ModeOf(Qt::KeyboardModifiers held)
+{
+    if (held.testFlag(Qt::ControlModifier))
+        return cDesigner::PressMode::Adding;
+    return held.testFlag(Qt::ShiftModifier) ? cDesigner::PressMode::Over : cDesigner::PressMode::Plain;
+}
+
+// The way from a to b along one axis that brings the part onto a view of that extent, its start first.
+int WayTo(int start, int extent, int view)
+{
+    if (start < 0)
+        return start;
+    return std::max(0, std::min(start, start + extent - view));
 }
 
 // The keys of the surface that the main window's menu would otherwise take.
@@ -99,40 +121,85 @@ void frmSurface::ArmTool(const QString& toolName)
     designer.ArmTool(toolName);
     setCursor(Qt::CrossCursor);
     setFocus();
+    SetStatusText(ArmedText);
 }
 
 SurfacePoint frmSurface::PointAt(QPointF pixel) const
 {
-    return {static_cast<float>(pixel.x() * designer.Scale().x), static_cast<float>(pixel.y() * designer.Scale().y)};
+    const QPointF place = pixel + scroll;
+    return {static_cast<float>(place.x() * designer.Scale().x), static_cast<float>(place.y() * designer.Scale().y)};
 }
 
-QRect frmSurface::PixelsOf(const SurfaceRect& rect) const
+QRect frmSurface::FormPixels(const SurfaceRect& rect) const
 {
     ControlRecord record;
     SetRect(record, rect);
     return PixelRect(record, designer.Scale());
 }
 
+QRect frmSurface::PixelsOf(const SurfaceRect& rect) const
+{
+    return FormPixels(rect).translated(-scroll);
+}
+
+void frmSurface::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    designer.SetSurface(static_cast<float>(width() * designer.Scale().x),
+                        static_cast<float>(height() * designer.Scale().y));
+    FollowSelection();
+}
+
+// The view stays at the form but for a selected control that is out of reach there.
+void frmSurface::FollowSelection()
+{
+    QPoint wanted;
+    const auto& selection = designer.Selection();
+    if (selection.size() == 1 && !designer.IsReachable(selection.front())) {
+        const QRect control = FormPixels(RectOf(designer.Form().At(selection.front())))
+                                  .adjusted(-ViewMargin, -ViewMargin, ViewMargin, ViewMargin);
+        wanted = {WayTo(control.x(), control.width(), width()), WayTo(control.y(), control.height(), height())};
+        SetStatusText(OutsideText);
+    }
+    if (wanted == scroll)
+        return;
+    scroll = wanted;
+    update();
+}
+
+// What is beyond the form's edges is hatched.
+void frmSurface::PaintOutside(QPainter& painter, const QRect& exposed) const
+{
+    const QRegion outside = QRegion(exposed) - QRect(QPoint(), size());
+    for (const QRect& part : outside) {
+        painter.fillRect(part, palette().color(QPalette::Mid));
+        painter.fillRect(part, QBrush(palette().color(QPalette::Dark), Qt::BDiagPattern));
+    }
+}
+
 void frmSurface::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    painter.fillRect(event->rect(), style->surface);
+    painter.translate(-scroll);
+    const QRect exposed = event->rect().translated(scroll);
+    painter.fillRect(exposed, style->surface);
     const GuiForm& form = designer.Form();
     if (designer.Design().GuiGridOn)
-        PaintGrid(painter, event->rect(), form, designer.Scale());
-    const QRegion& region = event->region();
+        PaintGrid(painter, exposed, form, designer.Scale());
+    PaintOutside(painter, exposed);
+    const QRegion region = event->region().translated(scroll);
     for (const ControlRef ref : PaintOrder(form))
         if (region.intersects(PaintedRect(form, ref, designer.Scale())))
             PaintControl(painter, *style, form, ref);
     const auto& selection = designer.Selection();
     if (const auto& handles = designer.Handles())
-        PaintHandles(painter, PixelsOf(HandleRect(handles->lower)), PixelsOf(HandleRect(handles->upper)),
+        PaintHandles(painter, FormPixels(HandleRect(handles->lower)), FormPixels(HandleRect(handles->upper)),
                      designer.IsLocked() ? HandleState::Locked : HandleState::Free);
     else
         for (const ControlRef ref : selection)
-            PaintSelectionFrame(painter, PixelsOf(RectOf(form.At(ref))));
+            PaintSelectionFrame(painter, FormPixels(RectOf(form.At(ref))));
     if (const auto band = designer.RubberBand())
-        PaintRubberBand(painter, PixelsOf(*band));
+        PaintRubberBand(painter, FormPixels(*band));
 }
 
 void frmSurface::UpdateDamage()
@@ -146,9 +213,9 @@ void frmSurface::UpdateDamage()
         update(PixelsOf(part).adjusted(-SelectionMargin, -SelectionMargin, SelectionMargin, SelectionMargin));
 }
 
-void frmSurface::UpdatePointer(QPointF pixel)
+void frmSurface::UpdatePointer(QPointF pixel, Qt::KeyboardModifiers held)
 {
-    const Qt::CursorShape shape = ShapeOf(designer.PointerAt(PointAt(pixel)));
+    const Qt::CursorShape shape = ShapeOf(designer.PointerAt(PointAt(pixel), ModeOf(held)));
     if (cursor().shape() != shape)
         setCursor(shape);
 }
@@ -156,9 +223,8 @@ void frmSurface::UpdatePointer(QPointF pixel)
 void frmSurface::mousePressEvent(QMouseEvent* event)
 {
     RunCommand([&] {
-        const auto mode = event->modifiers().testFlag(Qt::ControlModifier) ? cDesigner::PressMode::Adding
-                                                                           : cDesigner::PressMode::Plain;
-        const auto request = designer.Press(PointAt(event->position()), ButtonOf(event->button()), mode);
+        const auto request =
+            designer.Press(PointAt(event->position()), ButtonOf(event->button()), ModeOf(event->modifiers()));
         UpdateDamage();
         if (request.kind == cDesigner::Request::Kind::Properties)
             ShowProperties(request.control);
@@ -170,7 +236,7 @@ void frmSurface::mouseMoveEvent(QMouseEvent* event)
     if (event->buttons().testFlag(Qt::LeftButton))
         designer.Drag(PointAt(event->position()));
     UpdateDamage();
-    UpdatePointer(event->position());
+    UpdatePointer(event->position(), event->modifiers());
 }
 
 void frmSurface::mouseReleaseEvent(QMouseEvent* event)
@@ -178,7 +244,8 @@ void frmSurface::mouseReleaseEvent(QMouseEvent* event)
     RunCommand([&] {
         const auto request = designer.Release(PointAt(event->position()), ButtonOf(event->button()));
         UpdateDamage();
-        UpdatePointer(event->position());
+        FollowSelection();
+        UpdatePointer(event->position(), event->modifiers());
         Q_EMIT ToolUsed();
         if (request.kind == cDesigner::Request::Kind::WindowDefaults)
             ShowWindowDefaults();
@@ -196,10 +263,13 @@ void frmSurface::ShowProperties(ControlRef control)
     BringToFront(designer.Design().form, control);
     designer.Commit();
     UpdateDamage();
+    FollowSelection();
 }
 
 void frmSurface::ShowWindowDefaults()
 {
+    // A window that the user has pulled before is no change of the dialog's.
+    designer.Commit();
     ShowColorDefault();
     designer.Commit(cFormHistory::WindowRect::Set);
     UpdateDamage();
@@ -215,10 +285,10 @@ void frmSurface::ShowMenuEditor()
 void frmSurface::AskToDelete()
 {
     const auto count = designer.Selection().size();
-    if (count == 0)
+    if (count == 0 || designer.RefusesChange())
         return;
     const QString question = count == 1 ? u"Delete this control?"_s : u"Delete these %1 controls?"_s.arg(count);
-    if (MsgBox(question, BoxIcon::Critical, BoxButtons::YesNo) == BoxAnswer::Yes)
+    if (MsgBox(question, BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::Yes)
         designer.Delete();
 }
 
@@ -270,6 +340,8 @@ bool frmSurface::TakeKey(const QKeyEvent& event)
         TakeStep(&cDesigner::Redo);
     else if (event.matches(QKeySequence::Copy))
         designer.Copy();
+    else if (event.matches(QKeySequence::Cut))
+        designer.Cut();
     else if (event.matches(QKeySequence::Paste))
         designer.Paste();
     else if (event.matches(QKeySequence::SelectAll))
@@ -296,7 +368,8 @@ void frmSurface::keyPressEvent(QKeyEvent* event)
         return;
     }
     UpdateDamage();
-    UpdatePointer(mapFromGlobal(QCursor::pos()));
+    FollowSelection();
+    UpdatePointer(mapFromGlobal(QCursor::pos()), event->modifiers());
     Q_EMIT ToolUsed();
 }
 
@@ -305,6 +378,7 @@ bool frmSurface::focusNextPrevChild(bool next)
 {
     designer.SelectNext(next ? 1 : -1);
     UpdateDamage();
+    FollowSelection();
     return true;
 }
 
@@ -363,14 +437,16 @@ void frmSurface::ShowMenu(QPoint place)
         });
     };
     const bool any = !designer.Selection().empty();
+    const bool open = !designer.IsLocked();
     QMenu* format = menu.addMenu(u"&Format"_s);
-    format->setEnabled(designer.Selection().size() > 1 && !designer.IsLocked());
+    format->setEnabled(designer.Selection().size() > 1 && open);
     for (const Entry& entry : entries)
         add(*format, entry.name, entry.caption, true, [this, entry] { designer.Align(entry.alignment); });
     menu.addSeparator();
+    add(menu, "mnuSurfaceCut", "Cu&t", any && open, [this] { designer.Cut(); });
     add(menu, "mnuSurfaceCopy", "&Copy", any, [this] { designer.Copy(); });
-    add(menu, "mnuSurfacePaste", "&Paste", designer.CanPaste(), [this] { designer.Paste(); });
-    add(menu, "mnuSurfaceDelete", "&Delete", any, [this] { AskToDelete(); });
+    add(menu, "mnuSurfacePaste", "&Paste", designer.CanPaste() && open, [this] { designer.Paste(); });
+    add(menu, "mnuSurfaceDelete", "&Delete", any && open, [this] { AskToDelete(); });
     menu.addSeparator();
     add(menu, "mnuSurfaceProperties", "P&roperties...", any, [this] { ShowProperties(designer.Selection().front()); });
     add(menu, "mnuSurfaceDefaults", "&Window Defaults...", true, [this] { ShowWindowDefaults(); });

@@ -31,7 +31,7 @@ public:
     cDesigner& Designer() { return designer; }
     const SurfaceStyle& Style() const { return *style; }
 
-    // From a place on the surface to one on the widget, and the reverse.
+    // From a place on the widget to one on the surface, and the reverse.
     SurfacePoint PointAt(QPointF pixel) const;
     QRect PixelsOf(const SurfaceRect& rect) const;
 
@@ -47,6 +47,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
@@ -58,11 +59,15 @@ private:
     void AskToDelete();
     void ShowMenu(QPoint place);
     void UpdateDamage();
-    void UpdatePointer(QPointF pixel);
+    void UpdatePointer(QPointF pixel, Qt::KeyboardModifiers held);
+    void FollowSelection();
+    QRect FormPixels(const SurfaceRect& rect) const;
+    void PaintOutside(QPainter& painter, const QRect& exposed) const;
     QString BranchUnder(QPointF pixel) const;
 
     cDesigner& designer;
     std::unique_ptr<SurfaceStyle> style;
+    QPoint scroll; // the pixel of the form at the widget's upper left corner; zero but for a control that is beyond it
 };
 
 } // namespace ob

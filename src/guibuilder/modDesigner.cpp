@@ -22,9 +22,32 @@ float Twips(int pixels, int twipsPerPixel)
 }
 
 // The sides set by a handle: not too small, snapped.
-float HandleSide(float side, int twipsPerPixel)
+float HandleSide(float side, int twipsPerPixel, int stepPixels)
 {
-    return SnapDown(std::max(side, LeastSideTwips), twipsPerPixel);
+    return SnapDown(std::max(side, LeastSideTwips), twipsPerPixel, stepPixels);
+}
+
+// One axis of StepOnto.
+float StepOntoSide(float surface, float start, float extent, int twipsPerPixel)
+{
+    const float shown = std::min({Twips(LeastShownPixels, twipsPerPixel), extent, surface});
+    const float snap = Twips(SnapPixels, twipsPerPixel);
+    if (surface <= 0)
+        return 0;
+    if (start + extent < shown)
+        return std::ceil((shown - start - extent) / snap) * snap;
+    if (start > surface - shown)
+        return -std::ceil((start - surface + shown) / snap) * snap;
+    return 0;
+}
+
+// Whether the caption is that of a new control of the kind, whatever its number.
+bool IsNewCaption(ControlKind kind, const QString& caption)
+{
+    const QString stem = LatinText(TraitsOf(kind).newCaption) + u' ';
+    const QStringView number = QStringView(caption).mid(stem.size());
+    return NewCaption(kind, 1).startsWith(stem) && caption.startsWith(stem) && !number.isEmpty() &&
+           std::ranges::all_of(number, [](QChar each) { return each >= u'0' && each <= u'9'; });
 }
 
 QString PixelText(float twips, int twipsPerPixel)
@@ -35,6 +58,22 @@ QString PixelText(float twips, int twipsPerPixel)
 bool TakesPart(const GuiForm& form, ControlRef ref)
 {
     return form.At(ref).visible;
+}
+
+// A name and a branch made of the kind and the first number from the control's own on that are not in use.
+void GiveFreshName(ControlRecord& control, ControlRef ref, const QSet<QString>& taken)
+{
+    const KindTraits& traits = TraitsOf(ref.kind);
+    const auto nameOf = [&](int number) { return LatinText(traits.keyword) + QString::number(number); };
+    const auto branchOf = [&](int number) { return nameOf(number) + u".click"_s; };
+    int number = ref.index;
+    while (taken.contains(nameOf(number)) || taken.contains(branchOf(number)) ||
+           taken.contains(BracketedBranch(branchOf(number))))
+        ++number;
+    const QString tooltip = SplitTag(control.tag).tooltip;
+    control.tag = tooltip.isEmpty() ? nameOf(number) : nameOf(number) + u" *"_s + tooltip;
+    if (traits.branch == BranchUse::Label)
+        control.branch = branchOf(number);
 }
 
 } // namespace
@@ -57,16 +96,16 @@ SurfaceRect RectBetween(SurfacePoint one, SurfacePoint other)
     return {std::min(one.x, other.x), std::min(one.y, other.y), std::abs(one.x - other.x), std::abs(one.y - other.y)};
 }
 
-float SnapDown(float twips, int twipsPerPixel)
+float SnapDown(float twips, int twipsPerPixel, int stepPixels)
 {
-    const double step = static_cast<double>(twipsPerPixel) * SnapPixels;
+    const double step = static_cast<double>(twipsPerPixel) * stepPixels;
     return static_cast<float>(std::floor(static_cast<double>(twips) / step) * step);
 }
 
-bool LeftAnchor(SurfacePoint anchor, SurfacePoint point, SurfaceScale scale)
+bool LeftAnchor(SurfacePoint anchor, SurfacePoint point, SurfaceScale scale, int pixels)
 {
-    return std::abs(point.x - anchor.x) >= Twips(DragPixels, scale.x) ||
-           std::abs(point.y - anchor.y) >= Twips(DragPixels, scale.y);
+    return std::abs(point.x - anchor.x) >= Twips(pixels, scale.x) ||
+           std::abs(point.y - anchor.y) >= Twips(pixels, scale.y);
 }
 
 QString NewCaption(ControlKind kind, int index)
@@ -101,9 +140,9 @@ ControlRef PlaceControl(GuiForm& form, ControlKind kind, SurfacePoint anchor, Su
     return ref;
 }
 
-SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip, SurfaceScale scale)
+SurfacePoint MovedTo(SurfacePoint pointer, SurfacePoint grip, SurfaceScale scale, int stepPixels)
 {
-    return {SnapDown(pointer.x - grip.x, scale.x), SnapDown(pointer.y - grip.y, scale.x)};
+    return {SnapDown(pointer.x - grip.x, scale.x, stepPixels), SnapDown(pointer.y - grip.y, scale.x, stepPixels)};
 }
 
 HandlePlaces HandlesOf(const SurfaceRect& control)
@@ -117,17 +156,17 @@ SurfaceRect HandleRect(SurfacePoint place)
 }
 
 std::optional<SurfaceRect> ResizedBy(Handle moved, const HandlePlaces& handles, ControlKind kind,
-                                     const SurfaceRect& control, SurfaceScale scale)
+                                     const SurfaceRect& control, SurfaceScale scale, int stepPixels)
 {
     if (handles.lower.x <= handles.upper.x - HandleTwips || handles.lower.y <= handles.upper.y - HandleTwips)
         return std::nullopt;
     SurfaceRect rect = control;
     if (moved == Handle::Lower) {
-        rect.width = HandleSide(handles.lower.x - control.left, scale.x);
-        rect.height = HandleSide(handles.lower.y - control.top, scale.y);
+        rect.width = HandleSide(handles.lower.x - control.left, scale.x, stepPixels);
+        rect.height = HandleSide(handles.lower.y - control.top, scale.y, stepPixels);
     } else {
-        rect.width = HandleSide(control.Right() - (handles.upper.x + HandleTwips), scale.x);
-        rect.height = HandleSide(control.Bottom() - (handles.upper.y + HandleTwips), scale.y);
+        rect.width = HandleSide(control.Right() - (handles.upper.x + HandleTwips), scale.x, stepPixels);
+        rect.height = HandleSide(control.Bottom() - (handles.upper.y + HandleTwips), scale.y, stepPixels);
     }
     if (kind == ControlKind::Combobox)
         rect.height = control.height;
@@ -179,6 +218,26 @@ std::vector<ControlRef> ControlsIn(const GuiForm& form, const SurfaceRect& rect)
         if (RectOf(form.At(ref)).Meets(rect))
             found.push_back(ref);
     return found;
+}
+
+std::vector<ControlRef> WithHeld(const GuiForm& form, const std::vector<ControlRef>& controls)
+{
+    std::vector<ControlRef> all = controls;
+    for (const ControlRef box : controls) {
+        if (box.kind != ControlKind::Groupbox)
+            continue;
+        for (const ControlRef ref : form.order)
+            if (TakesPart(form, ref) && RectOf(form.At(box)).Holds(RectOf(form.At(ref))) &&
+                std::ranges::find(all, ref) == all.end())
+                all.push_back(ref);
+    }
+    return all;
+}
+
+SurfacePoint StepOnto(const SurfaceRect& surface, const SurfaceRect& control, SurfaceScale scale)
+{
+    return {StepOntoSide(surface.width, control.left, control.width, scale.x),
+            StepOntoSide(surface.height, control.top, control.height, scale.y)};
 }
 
 void AlignControls(GuiForm& form, const std::vector<ControlRef>& controls, Alignment alignment)
@@ -260,24 +319,18 @@ std::vector<ControlRef> PasteControls(GuiForm& form, const std::vector<CopiedCon
     }
     std::vector<ControlRef> pasted;
     for (const CopiedControl& copy : copies) {
-        const KindTraits& traits = TraitsOf(copy.kind);
         const ControlRef ref = AddControl(form, copy.kind);
         ControlRecord& control = form.At(ref);
         control = copy.record;
         control.left += Twips(2 * SnapPixels, scale.x);
         control.top += Twips(2 * SnapPixels, scale.y);
-        const auto nameOf = [&](int number) { return LatinText(traits.keyword) + QString::number(number); };
-        const auto branchOf = [&](int number) { return nameOf(number) + u".click"_s; };
-        int number = ref.index;
-        while (taken.contains(nameOf(number)) || taken.contains(branchOf(number)) ||
-               taken.contains(BracketedBranch(branchOf(number))))
-            ++number;
-        taken.insert(nameOf(number));
-        const QString tooltip = SplitTag(control.tag).tooltip;
-        control.tag = tooltip.isEmpty() ? nameOf(number) : nameOf(number) + u" *"_s + tooltip;
-        if (traits.branch == BranchUse::Label)
-            control.branch = branchOf(number);
+        if (IsNewCaption(copy.kind, control.caption))
+            control.caption = NewCaption(copy.kind, ref.index);
         pasted.push_back(ref);
+        const QString name = SplitTag(control.tag).name;
+        if (name.isEmpty() || taken.contains(name))
+            GiveFreshName(control, ref, taken);
+        taken.insert(SplitTag(control.tag).name);
     }
     return pasted;
 }

@@ -378,19 +378,237 @@ private Q_SLOTS:
         QCOMPARE(designer->Selection(), std::vector{button});
     }
 
-    void keysMarkTheFormAsTheMouseWould()
+    void everyChangeByKeysMarksTheForm()
+    {
+        const auto marks = [&](const char* name, const auto& change) {
+            Put(ControlKind::Button, Px(20, 20, 80, 30));
+            Put(ControlKind::Textbox, Px(200, 60, 60, 20));
+            designer->SelectAll();
+            designer->Copy();
+            GuiDesign().GuiFormModified = false;
+            change();
+            QVERIFY2(GuiDesign().GuiFormModified, name);
+        };
+        marks("nudge", [&] { designer->Nudge(75, 0); });
+        marks("grow", [&] { designer->Grow(75, 0); });
+        for (const Alignment each : {Alignment::Left, Alignment::Top, Alignment::Right, Alignment::Bottom,
+                                     Alignment::SameWidth, Alignment::SameHeight})
+            marks("align", [&] { designer->Align(each); });
+        marks("delete", [&] { designer->Delete(); });
+        marks("cut", [&] { designer->Cut(); });
+        marks("paste", [&] { designer->Paste(); });
+    }
+
+    void whatChangesNothingDoesNotMarkTheForm()
     {
         Put(ControlKind::Button, Px(20, 20, 80, 30));
-        Put(ControlKind::Statictext, Px(20, 60, 80, 30));
+        designer->Delete();
+        designer->Nudge(75, 0);
         Click(At(30, 30));
-        designer->Nudge(75, 0);
+        designer->Align(Alignment::Left);
         QVERIFY(!GuiDesign().GuiFormModified);
-        designer->Grow(75, 0);
-        QVERIFY(GuiDesign().GuiFormModified);
-        Click(At(30, 70));
-        GuiDesign().GuiFormModified = false;
+    }
+
+    void theHandlesFollowADialogsChange()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Click(At(30, 30));
+        SetRect(GuiDesign().form.At(button), Px(200, 100, 60, 40));
+        designer->Commit();
+        QCOMPARE(designer->Handles()->lower, At(260, 140));
+        Pull(At(262, 142), At(272, 152));
+        QCOMPARE(Rect(button), Px(200, 100, 70, 50));
+        Click(At(210, 110));
+        GuiDesign().form.At(button).visible = false;
+        designer->Commit();
+        QVERIFY(!designer->Handles());
+    }
+
+    void aSizePulledByTheMouseSurvivesUndoAndRedo()
+    {
+        designer->ArmTool(u"Button"_s);
+        Pull(At(10, 10), At(110, 60));
+        GuiDesign().form.width = 5000;
+        GuiDesign().form.height = 4000;
+        designer->Undo();
+        QCOMPARE(GuiDesign().form.width, 5000.0F);
+        designer->Redo();
+        QCOMPARE(GuiDesign().form.width, 5000.0F);
+        QCOMPARE(GuiDesign().form.height, 4000.0F);
+        // A dialog that left the size alone does not bring an older one back.
+        GuiDesign().form.caption = u"other"_s;
+        designer->Commit(cFormHistory::WindowRect::Set);
+        GuiDesign().form.width = 6000;
+        designer->Undo();
+        QCOMPARE(GuiDesign().form.width, 6000.0F);
+        designer->Redo();
+        QCOMPARE(GuiDesign().form.width, 6000.0F);
+    }
+
+    void aSizeSetByADialogIsUndoneAndRedone()
+    {
+        const float first = GuiDesign().form.width;
+        GuiDesign().form.width = 3000;
+        designer->Commit(cFormHistory::WindowRect::Set);
+        GuiDesign().form.width = 3600;
+        designer->Undo();
+        QCOMPARE(GuiDesign().form.width, first);
+        designer->Redo();
+        QCOMPARE(GuiDesign().form.width, 3600.0F);
+    }
+
+    void cutTakesControlsAwayAndPasteBringsThemBackUnderTheirNames()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        GuiDesign().form.At(button).tag = u"go *Starts it"_s;
+        GuiDesign().form.At(button).branch = u"[start]"_s;
+        Click(At(30, 30));
+        designer->Cut();
+        QVERIFY(!GuiDesign().form.At(button).visible);
+        designer->Paste();
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 2}).tag, u"go *Starts it"_s);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 2}).branch, u"[start]"_s);
+        designer->Paste();
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 3}).tag, u"button3 *Starts it"_s);
+        designer->Undo();
+        designer->Undo();
+        designer->Undo();
+        QVERIFY(GuiDesign().form.At(button).visible);
+    }
+
+    void theLockHoldsControlsAgainstEveryCommand()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        const ControlRef text = Put(ControlKind::Textbox, Px(200, 60, 60, 20));
+        designer->SelectAll();
+        designer->Copy();
+        designer->Lock();
+        bench->form.status.clear();
+        designer->Delete();
+        QCOMPARE(bench->form.status, u"The controls are locked."_s);
+        designer->Cut();
+        designer->Paste();
+        designer->Align(Alignment::Left);
+        QVERIFY(GuiDesign().form.At(button).visible);
+        QCOMPARE(Rect(text), Px(200, 60, 60, 20));
+        QCOMPARE(GuiDesign().form.order.size(), std::size_t{2});
+        QVERIFY(!GuiDesign().GuiFormModified);
+        designer->Unlock();
+        designer->Delete();
+        QVERIFY(!GuiDesign().form.At(button).visible);
+    }
+
+    void aClickNeverMovesHoweverUnsteadyTheHand()
+    {
+        const ControlRef button = Put(ControlKind::Button, Px(22, 22, 80, 30));
+        Click(At(30, 30));
+        for (const SurfacePoint end : {At(29, 30), At(31, 31), At(30, 28), At(32, 32)}) {
+            Pull(At(30, 30), end);
+            QCOMPARE(Rect(button), Px(22, 22, 80, 30));
+            QVERIFY(designer->Handles().has_value());
+        }
+        Pull(At(104, 54), At(103, 53));
+        QCOMPARE(Rect(button), Px(22, 22, 80, 30));
+        QVERIFY(!designer->CanUndo());
+        Pull(At(30, 30), At(33, 30));
+        QCOMPARE(Rect(button), Px(25, 20, 80, 30));
+    }
+
+    void anUnsteadyClickSelectsOneOfSeveral()
+    {
+        const ControlRef one = Put(ControlKind::Button, Px(22, 22, 80, 30));
+        const ControlRef two = Put(ControlKind::Button, Px(22, 82, 80, 30));
+        designer->SelectAll();
+        Pull(At(30, 30), At(29, 29));
+        QCOMPARE(designer->Selection(), std::vector{one});
+        QCOMPARE(Rect(two), Px(22, 82, 80, 30));
+    }
+
+    void drawingShowsItsPlaceAndSize()
+    {
+        designer->ArmTool(u"Button"_s);
+        designer->Press(At(12, 13), Button::Left, Mode::Plain);
+        designer->Drag(At(112, 63));
+        QCOMPARE(bench->form.status, u"X -  12    Y -  13    Width:   100        Height:   50"_s);
+    }
+
+    void drawingSnapsWithTheGridWhenItIsSwitchedOn()
+    {
+        const auto draw = [&] {
+            designer->ArmTool(u"Button"_s);
+            Pull(At(12, 13), At(118, 64), Mode::Over);
+            return Rect(GuiDesign().form.order.back());
+        };
+        QCOMPARE(draw(), Px(12, 13, 106, 51));
+        designer->SetSnapMode(cDesigner::SnapMode::WithGrid);
+        QCOMPARE(draw(), Px(10, 10, 105, 50));
+        GuiDesign().GuiGridOn = false;
+        QCOMPARE(draw(), Px(12, 13, 106, 51));
+        Pull(At(50, 30), At(57, 33));
+        QCOMPARE(Rect(GuiDesign().form.order.back()), Px(19, 16, 106, 51));
+        Pull(At(127, 69), At(130, 70));
+        QCOMPARE(Rect(GuiDesign().form.order.back()), Px(19, 16, 109, 52));
+    }
+
+    void aControlPulledOffTheFormStaysWithinReach()
+    {
+        designer->SetSurface(400 * 15, 300 * 15);
+        const ControlRef button = Put(ControlKind::Button, Px(20, 20, 80, 30));
+        Pull(At(30, 30), At(900, 30));
+        QCOMPARE(Rect(button), Px(390, 20, 80, 30));
+        Pull(At(392, 30), At(392, -500));
+        QCOMPARE(Rect(button), Px(390, -20, 80, 30));
+        QVERIFY(designer->IsReachable(button));
+        QCOMPARE(bench->form.status, u"X -  390    Y - -20"_s);
+        for (int step = 0; step < 5; ++step)
+            designer->Nudge(75, 0);
+        QCOMPARE(Rect(button), Px(390, -20, 80, 30));
+        designer->Undo();
+        QCOMPARE(Rect(button), Px(390, 20, 80, 30));
+    }
+
+    void anArrowKeyBringsBackWhatAFileHasBeyondTheForm()
+    {
+        designer->SetSurface(400 * 15, 300 * 15);
+        const ControlRef lost = Put(ControlKind::Button, Px(2000, 2000, 80, 30));
+        const ControlRef near = Put(ControlKind::Textbox, Px(20, 20, 80, 30));
+        designer->SelectNext(1);
+        QVERIFY(!designer->IsReachable(lost));
+        designer->Nudge(-75, 0);
+        QCOMPARE(Rect(lost), Px(390, 290, 80, 30));
+        QCOMPARE(Rect(near), Px(20, 20, 80, 30));
+    }
+
+    void aGroupboxMovesWhatItHolds()
+    {
+        const ControlRef box = Put(ControlKind::Groupbox, Px(20, 20, 200, 100));
+        const ControlRef inside = Put(ControlKind::Radiobutton, Px(30, 40, 80, 30));
+        const ControlRef across = Put(ControlKind::Textbox, Px(200, 40, 80, 30));
+        Pull(At(25, 25), At(45, 55));
+        QCOMPARE(Rect(box), Px(40, 50, 200, 100));
+        QCOMPARE(Rect(inside), Px(50, 70, 80, 30));
+        QCOMPARE(Rect(across), Px(200, 40, 80, 30));
         designer->Nudge(75, 0);
-        QVERIFY(GuiDesign().GuiFormModified);
+        QCOMPARE(Rect(inside), Px(55, 70, 80, 30));
+        designer->Press(At(50, 55), Button::Left, Mode::Plain);
+        designer->Drag(At(90, 90));
+        designer->Cancel();
+        QCOMPARE(Rect(inside), Px(55, 70, 80, 30));
+        designer->Undo();
+        designer->Undo();
+        QCOMPARE(Rect(box), Px(20, 20, 200, 100));
+        QCOMPARE(Rect(inside), Px(30, 40, 80, 30));
+    }
+
+    void withShiftAnArmedToolDrawsOverOtherControls()
+    {
+        const ControlRef list = Put(ControlKind::Listbox, Px(0, 0, 100, 100));
+        designer->ArmTool(u"Button"_s);
+        QCOMPARE(designer->PointerAt(At(10, 10), Mode::Over), cDesigner::Pointer::Cross);
+        Pull(At(10, 10), At(60, 40), Mode::Over);
+        QCOMPARE(Rect(list), Px(0, 0, 100, 100));
+        QCOMPARE(Rect({ControlKind::Button, 1}), Px(10, 10, 50, 30));
+        QVERIFY(!designer->IsArmed());
     }
 
     void aRightPressOnAHandleOnlyHidesTheHandles()

@@ -225,6 +225,18 @@ private Q_SLOTS:
         QCOMPARE(ControlsIn(form, Px(50, 0, 20, 20)), std::vector<ControlRef>{});
     }
 
+    void aControlBeyondAnEdgeComesBackByWholeSnaps()
+    {
+        const SurfaceRect surface = Px(0, 0, 400, 300);
+        QCOMPARE(StepOnto(surface, Px(10, 10, 80, 30), Scale), At(0, 0));
+        QCOMPARE(StepOnto(surface, Px(392, 292, 80, 30), Scale), At(0, 0));
+        QCOMPARE(StepOnto(surface, Px(393, 10, 80, 30), Scale), At(-5, 0));
+        QCOMPARE(StepOnto(surface, Px(-72, -22, 80, 30), Scale), At(0, 0));
+        QCOMPARE(StepOnto(surface, Px(-75, -100, 80, 30), Scale), At(5, 80));
+        QCOMPARE(StepOnto(surface, Px(398, 10, 3, 3), Scale), At(-5, 0));
+        QCOMPARE(StepOnto(SurfaceRect{}, Px(5000, 10, 80, 30), Scale), At(0, 0));
+    }
+
     void controlsAlignWithTheFirst_data()
     {
         QTest::addColumn<int>("alignment");
@@ -296,7 +308,29 @@ private Q_SLOTS:
         QCOMPARE(copy.caption, u"&Go"_s);
         QCOMPARE(RectOf(copy), Px(10, 10, 80, 30));
         QCOMPARE(form.At(pasted[1]).tag, u"statictext2"_s);
+        // In a form that has no such name the copies keep theirs.
+        GuiForm other;
+        const auto there = PasteControls(other, CopyControls(form, {button}), Scale);
+        QCOMPARE(other.At(there[0]).tag, u"go *Starts it"_s);
+        QCOMPARE(other.At(there[0]).branch, u"[start]"_s);
         QCOMPARE(form.At(pasted[1]).branch, QString());
+    }
+
+    void captionsThatWereNeverChangedFollowTheCopysNumber()
+    {
+        GuiForm form;
+        for (const KindTraits& traits : KindTable) {
+            const ControlRef first = Put(form, traits.kind, Px(0, 0, 80, 30));
+            form.At(first).caption = NewCaption(traits.kind, first.index);
+            const auto pasted = PasteControls(form, CopyControls(form, {first}), Scale);
+            QCOMPARE(form.At(pasted[0]).caption, NewCaption(traits.kind, 2));
+        }
+        const ControlRef button{ControlKind::Button, 1};
+        for (const char* own : {"Button", "Button  1a", "Button  ", "OK"}) {
+            form.At(button).caption = QString::fromLatin1(own);
+            const auto pasted = PasteControls(form, CopyControls(form, {button}), Scale);
+            QCOMPARE(form.At(pasted[0]).caption, QString::fromLatin1(own));
+        }
     }
 
     void aCopiedGraphicboxKeepsItsFillAndItsBranchText()

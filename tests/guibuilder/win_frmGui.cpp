@@ -364,12 +364,124 @@ private Q_SLOTS:
         Load(bench);
         frmSurface* surface = Surface(bench);
         QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(30, 30));
-        bench.dialogs.ExpectMessage(u"Delete this control?"_s, BoxAnswer::No, BoxIcon::Critical, BoxButtons::YesNo);
+        bench.dialogs.ExpectMessage(u"Delete this control?"_s, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNo);
         QTest::keyClick(surface, Qt::Key_Delete);
         QVERIFY(GuiDesign().form.At({ControlKind::Button, 1}).visible);
-        bench.dialogs.ExpectMessage(u"Delete this control?"_s, BoxAnswer::Yes, BoxIcon::Critical, BoxButtons::YesNo);
+        bench.dialogs.ExpectMessage(u"Delete this control?"_s, BoxAnswer::Yes, BoxIcon::Question, BoxButtons::YesNo);
         QTest::keyClick(surface, Qt::Key_Delete);
         QVERIFY(!GuiDesign().form.At({ControlKind::Button, 1}).visible);
+        // Closing asks for what the key has done.
+        bench.dialogs.ExpectMessage(SaveQuestion, BoxAnswer::No, BoxIcon::Question, BoxButtons::YesNoCancel);
+        QVERIFY(bench.Frame().UnloadGui());
+    }
+
+    void deleteAsksOnceForSeveralAndNotWhileTheyAreLocked()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        QTest::keyClick(surface, Qt::Key_A, Qt::ControlModifier);
+        Switch(bench, "chkLock")->click();
+        QTest::keyClick(surface, Qt::Key_Delete);
+        QCOMPARE(StatusOf(bench), u"The controls are locked."_s);
+        Switch(bench, "chkLock")->click();
+        bench.dialogs.ExpectMessage(u"Delete these 2 controls?"_s, BoxAnswer::Yes, BoxIcon::Question,
+                                    BoxButtons::YesNo);
+        QTest::keyClick(surface, Qt::Key_Delete);
+        QVERIFY(PaintOrder(GuiDesign().form).empty());
+        GuiDesign().GuiFormModified = false;
+    }
+
+    void cutAndPasteWorkByTheirKeys()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(30, 30));
+        QTest::keyClick(surface, Qt::Key_X, Qt::ControlModifier);
+        QVERIFY(!GuiDesign().form.At({ControlKind::Button, 1}).visible);
+        QTest::keyClick(surface, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 2}).tag, u"go"_s);
+        QCOMPARE(GuiDesign().form.At({ControlKind::Button, 2}).caption, u"&Go"_s);
+        GuiDesign().GuiFormModified = false;
+    }
+
+    void theHandlesFollowThePropertiesAfterEnter()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        QTest::mouseClick(surface, Qt::LeftButton, {}, QPoint(30, 30));
+        bench.ExpectModal(u"frmProp"_s, [](QDialog& dialog) {
+            dialog.findChild<QLineEdit*>(u"txtX"_s)->setText(u"200"_s);
+            dialog.findChild<QPushButton*>(u"OKButton"_s)->click();
+        });
+        QTest::keyClick(surface, Qt::Key_Return);
+        QCOMPARE(surface->Designer().Handles()->upper, (SurfacePoint{200 * 15 - 135, 300 - 135}));
+        bench.ExpectModal(u"frmProp"_s,
+                          [](QDialog& dialog) { dialog.findChild<QPushButton*>(u"cmdDelete"_s)->click(); });
+        bench.dialogs.ExpectMessage(u"Delete this control?"_s, BoxAnswer::Yes, BoxIcon::Critical, BoxButtons::YesNo);
+        QTest::keyClick(surface, Qt::Key_Return);
+        QVERIFY(!surface->Designer().Handles());
+        GuiDesign().GuiFormModified = false;
+    }
+
+    void redoKeepsTheSizeThatTheWindowWasPulledTo()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        Tool(bench, 4)->click();
+        Pull(surface, QPoint(240, 100), QPoint(340, 180));
+        QMdiSubWindow* window = bench.Frame().Area().currentSubWindow();
+        window->resize(500, 380);
+        QTest::keyClick(surface, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(surface, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(window->size(), QSize(500, 380));
+        QCOMPARE(GuiDesign().form.height, 380 * 15.0F);
+        GuiDesign().GuiFormModified = false;
+    }
+
+    void tabScrollsToAControlOutsideTheForm()
+    {
+        TestBench bench;
+        Load(bench, SmallForm + "textbox|none| 15000| 12000| 1200| 300|t\r\n");
+        frmSurface* surface = Surface(bench);
+        const SurfacePoint home = surface->PointAt(QPointF(0, 0));
+        QCOMPARE(home, SurfacePoint{});
+        for (int control = 0; control < 3; ++control)
+            QTest::keyClick(surface, Qt::Key_Tab);
+        QCOMPARE(surface->Designer().Selection(), (std::vector<ControlRef>{{ControlKind::Textbox, 1}}));
+        const QRect shown = surface->PixelsOf(RectOf(GuiDesign().form.At({ControlKind::Textbox, 1})));
+        QVERIFY(surface->rect().contains(shown));
+        // The mouse works on what is seen, and an arrow key brings the control to the form.
+        QTest::mouseClick(surface, Qt::LeftButton, {}, shown.center());
+        QVERIFY(surface->Designer().Handles().has_value());
+        QTest::keyClick(surface, Qt::Key_Left);
+        QCOMPARE(surface->PointAt(QPointF(0, 0)), SurfacePoint{});
+        QVERIFY(surface->Designer().IsReachable({ControlKind::Textbox, 1}));
+        GuiDesign().GuiFormModified = false;
+    }
+
+    void aControlPulledBeyondTheEdgeComesBack()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        Pull(surface, QPoint(30, 30), QPoint(3000, 30));
+        const QRect shown = surface->PixelsOf(RectOf(GuiDesign().form.At({ControlKind::Button, 1})));
+        QVERIFY(surface->rect().intersected(shown).width() >= 8);
+    }
+
+    void theSnapSwitchRoundsWhatIsDrawn()
+    {
+        TestBench bench;
+        Load(bench);
+        frmSurface* surface = Surface(bench);
+        Switch(bench, "chkSnap")->click();
+        Tool(bench, 12)->click();
+        Pull(surface, QPoint(243, 104), QPoint(344, 183));
+        QCOMPARE(RectOf(GuiDesign().form.At({ControlKind::Listbox, 1})), (SurfaceRect{3600, 1500, 1500, 1200}));
         GuiDesign().GuiFormModified = false;
     }
 
