@@ -8,8 +8,8 @@ namespace ob {
 
 class frmCodeColors;
 
-// Read-only; its text can be selected and copied, and Tab leaves it. In a Designer file it is a QPlainTextEdit promoted
-// to ob::frmCodePreview, header editor/frmCodePreview.h.
+// Read-only unless a window makes it editable; its text can be selected and copied, and Tab leaves it. In a Designer
+// file it is a QPlainTextEdit promoted to ob::frmCodePreview, header editor/frmCodePreview.h.
 class frmCodePreview final : public QPlainTextEdit {
     Q_OBJECT
     // The preferred height; the widget can shrink and grow.

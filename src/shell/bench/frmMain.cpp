@@ -19,6 +19,7 @@
 #include "shell/help/frmHelp.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/frmStyle.h"
 #include "shell/state/frmTool.h"
 #include "shell/state/modNames.h"
 #include "shell/state/modOptions.h"
@@ -65,6 +66,7 @@ frmMain* frmMain::Instance()
 
 frmMain::frmMain()
 {
+    UseBenchStyle();
     instance = this;
     GuiWindow = this;
     SetToolOwner(this);

@@ -12,7 +12,6 @@ namespace ob {
 namespace {
 
 constexpr int MiddleLightness = 128; // of 255
-constexpr double ReadableContrast = 5.5;
 constexpr TextColors LineNumbers{Rgb(92, 92, 92), Rgb(234, 234, 234)};
 
 QColor WithLightness(const QColor& color, int lightness)
@@ -48,11 +47,11 @@ double ContrastOf(const QColor& first, const QColor& second)
     return (high + 0.05) / (low + 0.05);
 }
 
-QColor ReadableOn(const QColor& ground, const QColor& color)
+QColor ReadableOn(const QColor& ground, const QColor& color, double contrast)
 {
     const int step = IsDark(ground) ? 5 : -5;
     QColor readable = color;
-    for (int lightness = color.lightness(); ContrastOf(readable, ground) < ReadableContrast; lightness += step) {
+    for (int lightness = color.lightness(); ContrastOf(readable, ground) < contrast; lightness += step) {
         if (lightness < 0 || lightness > 255)
             break;
         readable = WithLightness(color, lightness);

@@ -27,9 +27,13 @@ bool IsDark(const QColor& color);
 // From 1, the same colour, to 21, black on white.
 double ContrastOf(const QColor& first, const QColor& second);
 
-// The colour, made lighter or darker until text in it can be read on that background. One that can be read already is
+// What text needs, and what pictures need.
+constexpr double ReadableContrast = 5.5;
+constexpr double PictureContrast = 3.0;
+
+// The colour, made lighter or darker until it has that contrast with the background. One that has it already is
 // returned as it is.
-QColor ReadableOn(const QColor& ground, const QColor& color);
+QColor ReadableOn(const QColor& ground, const QColor& color, double contrast = ReadableContrast);
 
 // A background for parts of a window, such as a mark, made dark or light as the window's own background is. One that is
 // so already is returned as it is.

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What every window has beyond the desktop's style.
+#include "shell/state/frmStyle.h"
+
+#include "shell/state/cOneLine.h"
+#include "shell/state/modColors.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHash>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPointer>
+#include <QStyleOption>
+
+namespace ob {
+
+namespace {
+
+constexpr char KeepsLineEnds[] = "keepsLineEnds";
+
+// The picture with each of its colours lighter or darker, so that it can be seen on the ground.
+QPixmap PictureOn(const QColor& ground, const QPixmap& picture)
+{
+    QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    QHash<QRgb, QRgb> readable; // few colours, as shapes are smoothed by their alpha
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(line[x]) == 0)
+                continue;
+            const QRgb color = line[x] | 0xFF000000U;
+            auto found = readable.constFind(color);
+            if (found == readable.constEnd())
+                found = readable.insert(color, ReadableOn(ground, QColor(color), PictureContrast).rgb());
+            line[x] = (*found & RGB_MASK) | (line[x] & ~RGB_MASK);
+        }
+    }
+    return QPixmap::fromImage(image);
+}
+
+QIcon IconOnSelection(const QStyleOptionMenuItem& item, const QStyle& style, const QWidget* widget)
+{
+    const int size = style.pixelMetric(QStyle::PM_SmallIconSize, &item, widget);
+    const qreal scale = widget == nullptr ? qApp->devicePixelRatio() : widget->devicePixelRatioF();
+    const QPixmap picture =
+        item.icon.pixmap(QSize(size, size), scale, QIcon::Active, item.checked ? QIcon::On : QIcon::Off);
+    return picture.isNull() ? item.icon : QIcon(PictureOn(item.palette.color(QPalette::Highlight), picture));
+}
+
+bool IsFocusedList(const QWidget* widget)
+{
+    return qobject_cast<const QAbstractItemView*>(widget) != nullptr && widget->hasFocus();
+}
+
+} // namespace
+
+void frmStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    auto* field = qobject_cast<QLineEdit*>(widget);
+    if (field != nullptr && field->validator() == nullptr && !field->property(KeepsLineEnds).toBool())
+        field->setValidator(new cOneLine(field));
+}
+
+void frmStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                           const QWidget* widget) const
+{
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    const int shown = State_Selected | State_Enabled;
+    if (element == CE_MenuItem && item != nullptr && !item->icon.isNull() && (item->state & shown) == shown) {
+        QStyleOptionMenuItem selected = *item;
+        selected.icon = IconOnSelection(*item, *this, widget);
+        QProxyStyle::drawControl(element, &selected, painter, widget);
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (element == CE_ShapedFrame && frame != nullptr && frame->frameShape != QFrame::NoFrame &&
+        IsFocusedList(widget)) {
+        painter->setPen(option->palette.color(QPalette::Highlight));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
+}
+
+void UseBenchStyle()
+{
+    static QPointer<frmStyle> style;
+    if (!style.isNull())
+        return;
+    style = new frmStyle;
+    QApplication::setStyle(style);
+}
+
+} // namespace ob

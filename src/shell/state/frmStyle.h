@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What every window has beyond the desktop's style.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace ob {
+
+// A list that has the keyboard has a frame in the colour of the selection. A menu item's icon can be seen on the
+// selected row. A field of one line holds what it shows, unless it has a validator of its own or its property
+// "keepsLineEnds" is set.
+class frmStyle final : public QProxyStyle {
+public:
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+};
+
+// Gives the application this style; does nothing when it has it.
+void UseBenchStyle();
+
+} // namespace ob
