@@ -15,11 +15,14 @@
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/Module1.h"
+#include "shell/state/frmLoss.h"
 #include "shell/state/frmTool.h"
 #include "shell/state/modNames.h"
 #include "ui_dlgToolbar.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QScrollBar>
 
 #include <new>
 
@@ -68,7 +71,7 @@ bool SaveStrip(const QList<QImage>& pictures, const QString& path)
 
 } // namespace
 
-dlgToolbar::dlgToolbar(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::dlgToolbar>())
+dlgToolbar::dlgToolbar(QWidget* parent) : frmMaker(parent), ui(std::make_unique<Ui::dlgToolbar>())
 {
     ui->setupUi(this);
     ui->cboBranch->hide();
@@ -78,6 +81,7 @@ dlgToolbar::dlgToolbar(QWidget* parent) : QDialog(parent), ui(std::make_unique<U
     On(ui->cmdRemove, this, &dlgToolbar::cmdRemove_Click);
     On(ui->OKButton, this, &dlgToolbar::OKButton_Click);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+    SetInsertButton(ui->cmdInsert);
     for (const QRadioButton* option : findChildren<QRadioButton*>())
         On(option, &QRadioButton::toggled, this, &dlgToolbar::ShowButtons);
     ShowButtons();
@@ -104,9 +108,19 @@ void dlgToolbar::ShowButtons()
     if (isEmpty)
         ui->picBar->setText(u"No buttons: add the first one with Custom or Standard."_s);
     ui->cmdRemove->setEnabled(!isEmpty);
+    ui->OKButton->setEnabled(!isEmpty);
+    RefreshInsert();
     ToolbarSpec spec = Spec();
     spec.bitmap = u"toolbar.bmp"_s;
     ui->txtPreview->ShowCode(isEmpty ? QString() : ToolbarCode(spec));
+}
+
+// Scrolls to the last button. The strip takes its new width when it is laid out next.
+void dlgToolbar::ShowNewest()
+{
+    ui->picBar->resize(ui->picBar->sizeHint());
+    QCoreApplication::sendPostedEvents(ui->bar, QEvent::LayoutRequest);
+    ui->bar->horizontalScrollBar()->setValue(ui->bar->horizontalScrollBar()->maximum());
 }
 
 // The button is added after both questions; Cancel counts as an empty answer.
@@ -121,6 +135,7 @@ void dlgToolbar::AddButton(const QImage& picture)
     ui->cboBranch->addItem(ToolbarBranchOf(branch.value_or(QString()), number));
     ui->cboTips->addItem(ToolbarTipOf(tip.value_or(QString()), number));
     ShowButtons();
+    ShowNewest();
 }
 
 void dlgToolbar::cmdAdd_Click()
@@ -149,25 +164,36 @@ void dlgToolbar::cmdRemove_Click()
     ShowButtons();
 }
 
-void dlgToolbar::OKButton_Click()
+std::optional<QString> dlgToolbar::FinishedCode()
 {
-    if (pictures.isEmpty())
-        return;
     dlgTBOK target(this);
     BindManualPage(target, dlgTBOK::ManualPage);
     if (target.exec() != QDialog::Accepted)
-        return;
+        return std::nullopt;
     ToolbarSpec spec = Spec();
     spec.handle = target.Handle();
     const auto place = AskForBitmap(spec);
     if (!place || !SaveStrip(pictures, place->path))
-        return;
+        return std::nullopt;
     spec.bitmap = place->text;
+    return ToolbarCode(spec);
+}
+
+QString dlgToolbar::Lost() const
+{
+    return CountOf(pictures.size(), u"button"_s, u"buttons"_s);
+}
+
+void dlgToolbar::OKButton_Click()
+{
+    const auto code = FinishedCode();
+    if (!code)
+        return;
     accept();
     cDocument* document = NewDocument();
     if (document == nullptr)
         return;
-    SendTextToDocument(*document, ToolbarCode(spec), UntitledName);
+    SendTextToDocument(*document, *code, UntitledName);
     document->Tag = TagOpen; // keeps the slot from being reused by the next new window
 }
 

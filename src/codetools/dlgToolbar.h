@@ -2,9 +2,9 @@
 // Lays out the buttons of a toolbar, saves their pictures as one bitmap and writes the code for it.
 #pragma once
 
+#include "codetools/frmMaker.h"
 #include "codetools/modToolbarCode.h"
 
-#include <QDialog>
 #include <QImage>
 
 #include <memory>
@@ -15,7 +15,7 @@ class dlgToolbar;
 
 namespace ob {
 
-class dlgToolbar final : public QDialog {
+class dlgToolbar final : public frmMaker {
     Q_OBJECT
 
 public:
@@ -24,9 +24,15 @@ public:
     explicit dlgToolbar(QWidget* parent = nullptr);
     ~dlgToolbar() override;
 
+protected:
+    bool HasCode() const override { return !pictures.isEmpty(); }
+    std::optional<QString> FinishedCode() override;
+    QString Lost() const override;
+
 private:
     void AddButton(const QImage& picture);
     void ShowButtons();
+    void ShowNewest();
     ToolbarSpec Spec() const;
 
     void cmdAdd_Click();

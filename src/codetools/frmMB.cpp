@@ -10,23 +10,25 @@
 #include "shell/state/frmTool.h"
 #include "ui_frmMB.h"
 
-#include <QFontDatabase>
+using namespace Qt::StringLiterals;
 
 namespace ob {
 
-frmMB::frmMB(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMB>())
+frmMB::frmMB(QWidget* parent) : frmMaker(parent), ui(std::make_unique<Ui::frmMB>())
 {
     ui->setupUi(this);
-    ui->txtCode->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    On(ui->txtTitle, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
-    On(ui->txtMessage, &QLineEdit::textChanged, this, &frmMB::ShowPreview);
+    resize(size().expandedTo(sizeHint()));
+    On(ui->txtTitle, &QLineEdit::textChanged, this, &frmMB::ShowState);
+    On(ui->txtMessage, &QLineEdit::textChanged, this, &frmMB::ShowState);
+    On(ui->txtCode, &QPlainTextEdit::textChanged, this, &frmMB::ShowState);
     for (const QRadioButton* option : findChildren<QRadioButton*>())
-        On(option, this, &frmMB::ShowPreview);
+        On(option, &QRadioButton::toggled, this, &frmMB::ShowState);
     On(ui->cmdCreate, this, &frmMB::cmdCreate_Click);
     On(ui->cmdTest, this, &frmMB::cmdTest_Click);
     On(ui->cmdCopy, this, &frmMB::cmdCopy_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    ShowPreview();
+    SetInsertButton(ui->cmdInsert);
+    ShowState();
 }
 
 frmMB::~frmMB() = default;
@@ -52,9 +54,32 @@ MessageBoxSpec frmMB::Spec() const
     return spec;
 }
 
-void frmMB::ShowPreview()
+bool frmMB::HasCode() const
 {
-    ui->codePreview->ShowCode(MessageBoxCode(WithDefaultTexts(Spec())));
+    return !ui->txtCode->document()->isEmpty();
+}
+
+std::optional<QString> frmMB::FinishedCode()
+{
+    return WithLineEnds(PlainTextOf(*ui->txtCode));
+}
+
+QString frmMB::Lost() const
+{
+    const bool isTyped = !ui->txtTitle->text().isEmpty() || !ui->txtMessage->text().isEmpty();
+    return isTyped || HasCode() ? u"The message"_s : QString();
+}
+
+// Copy with an empty pane copies an empty text; its grey says so.
+void frmMB::ShowState()
+{
+    QPalette colors = palette();
+    if (!HasCode())
+        colors.setColor(QPalette::ButtonText, colors.color(QPalette::Disabled, QPalette::ButtonText));
+    ui->cmdCopy->setPalette(colors);
+    const bool isStale = HasCode() && MessageBoxCode(WithDefaultTexts(Spec())) != created;
+    ui->lblState->setText(isStale ? u"The choices have changed: press Create again."_s : QString());
+    RefreshInsert();
 }
 
 void frmMB::cmdCreate_Click()
@@ -62,7 +87,9 @@ void frmMB::cmdCreate_Click()
     const MessageBoxSpec spec = WithDefaultTexts(Spec());
     ui->txtTitle->setText(spec.title);
     ui->txtMessage->setText(spec.message);
-    ui->txtCode->setPlainText(MessageBoxCode(spec));
+    created = MessageBoxCode(spec);
+    ui->txtCode->setPlainText(created);
+    ShowState();
 }
 
 void frmMB::cmdTest_Click()
@@ -82,6 +109,7 @@ void frmMB::cmdCopy_Click()
 void mnuToolMB_Click()
 {
     ShowToolModally<frmMB>();
+    ReturnToProgram();
 }
 
 } // namespace ob

@@ -2,7 +2,7 @@
 // The MessageBox Maker: the code of a message box, which can be previewed here.
 #pragma once
 
-#include <QDialog>
+#include "codetools/frmMaker.h"
 
 #include <memory>
 
@@ -14,7 +14,7 @@ namespace ob {
 
 struct MessageBoxSpec;
 
-class frmMB final : public QDialog {
+class frmMB final : public frmMaker {
     Q_OBJECT
 
 public:
@@ -23,15 +23,21 @@ public:
     explicit frmMB(QWidget* parent = nullptr);
     ~frmMB() override;
 
+protected:
+    bool HasCode() const override;
+    std::optional<QString> FinishedCode() override;
+    QString Lost() const override;
+
 private:
     MessageBoxSpec Spec() const;
-    void ShowPreview();
+    void ShowState();
 
     void cmdCreate_Click();
     void cmdTest_Click();
     void cmdCopy_Click();
 
     std::unique_ptr<Ui::frmMB> ui;
+    QString created; // what Create would have put into the pane when it was pressed last
 };
 
 void mnuToolMB_Click();

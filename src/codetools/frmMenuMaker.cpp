@@ -5,20 +5,30 @@
 #include "platform/desktop/modClipboard.h"
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
+#include "shell/state/frmLoss.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMenuMaker.h"
 
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
-frmMenuMaker::frmMenuMaker(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMenuMaker>())
+frmMenuMaker::frmMenuMaker(QWidget* parent) : frmMaker(parent), ui(std::make_unique<Ui::frmMenuMaker>())
 {
     ui->setupUi(this);
-    On(ui->Text1, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
-    On(ui->Text4, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
+    for (const QLineEdit* field : {ui->Text2, ui->Text3})
+        connect(field, &QLineEdit::textEdited, this, [this, field] { typed.insert(field); });
+    for (const QLineEdit* field : findChildren<QLineEdit*>())
+        On(field, &QLineEdit::textChanged, this, &frmMenuMaker::ShowPreview);
     On(ui->optType0, &QRadioButton::toggled, this, &frmMenuMaker::optType_Click);
     On(ui->cmdAdd, this, &frmMenuMaker::cmdAdd_Click);
+    On(ui->cmdRemove, this, &frmMenuMaker::cmdRemove_Click);
     On(ui->cmdCopy, this, &frmMenuMaker::cmdCopy_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    SetEnterOrder({ui->Text1, ui->Text4, ui->Text2, ui->Text3});
+    SetInsertButton(ui->cmdInsert);
     ui->Text1->setFocus();
     ui->Text1->selectAll();
     ShowPreview();
@@ -26,15 +36,35 @@ frmMenuMaker::frmMenuMaker(QWidget* parent) : QDialog(parent), ui(std::make_uniq
 
 frmMenuMaker::~frmMenuMaker() = default;
 
+// Whether the user has typed an item that is not added yet. The texts of a new window do not count.
+bool frmMenuMaker::HasTypedItem() const
+{
+    return std::any_of(typed.cbegin(), typed.cend(), [](const QLineEdit* field) { return !field->text().isEmpty(); });
+}
+
+MenuTail frmMenuMaker::WholeTail() const
+{
+    MenuTail whole = tail;
+    if (HasTypedItem())
+        AddMenuItem(whole, ui->Text2->text(), ui->Text3->text());
+    return whole;
+}
+
 MenuSpec frmMenuMaker::Spec() const
 {
     return {ui->optType0->isChecked() ? MenuType::Regular : MenuType::Popup, ui->Text1->text(), ui->Text4->text(),
-            tail};
+            WholeTail()};
+}
+
+QString frmMenuMaker::Lost() const
+{
+    return CountOf(WholeTail().count, u"item"_s, u"items"_s);
 }
 
 void frmMenuMaker::ShowPreview()
 {
     ui->codePreview->ShowCode(MenuCode(Spec()));
+    ui->cmdRemove->setEnabled(!ends.isEmpty() || HasTypedItem());
 }
 
 // A popup menu has no handle.
@@ -45,13 +75,37 @@ void frmMenuMaker::optType_Click()
     ShowPreview();
 }
 
-void frmMenuMaker::cmdAdd_Click()
+// Without a way back by undo, which would make it an item once more.
+void frmMenuMaker::EmptyItem()
 {
-    AddMenuItem(tail, ui->Text2->text(), ui->Text3->text());
-    ui->Text2->clear();
-    ui->Text3->clear();
+    typed.clear();
+    ui->Text2->setText({});
+    ui->Text3->setText({});
     ui->Text2->setFocus();
     ShowPreview();
+}
+
+void frmMenuMaker::cmdAdd_Click()
+{
+    const qsizetype end = tail.list.size();
+    AddMenuItem(tail, ui->Text2->text(), ui->Text3->text());
+    ends.append(end);
+    EmptyItem();
+}
+
+// What has been typed and not added is the last item in the code.
+void frmMenuMaker::cmdRemove_Click()
+{
+    if (!HasTypedItem()) {
+        tail.list.truncate(ends.takeLast());
+        --tail.count;
+    }
+    EmptyItem();
+}
+
+std::optional<QString> frmMenuMaker::FinishedCode()
+{
+    return MenuCode(Spec());
 }
 
 void frmMenuMaker::cmdCopy_Click()

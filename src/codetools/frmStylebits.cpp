@@ -7,16 +7,40 @@
 #include "platform/desktop/modClipboard.h"
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
+#include "shell/state/frmLoss.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmStylebits.h"
 
+#include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
 
 namespace ob {
 
-frmStylebits::frmStylebits(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmStylebits>())
+namespace {
+
+// A click anywhere on a row ticks it, or takes the tick away.
+class CheckedRows final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override
+    {
+        const bool isRelease = event->type() == QEvent::MouseButtonRelease;
+        if (!isRelease || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+            return QStyledItemDelegate::editorEvent(event, model, option, index);
+        const bool wasChecked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        return model->setData(index, wasChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    }
+};
+
+} // namespace
+
+frmStylebits::frmStylebits(QWidget* parent) : frmMaker(parent), ui(std::make_unique<Ui::frmStylebits>())
 {
     ui->setupUi(this);
     ui->cboObject->addItems(StylebitObjects());
@@ -27,6 +51,8 @@ frmStylebits::frmStylebits(QWidget* parent) : QDialog(parent), ui(std::make_uniq
     On(ui->cmdCopy, this, &frmStylebits::cmdCopy_Click);
     On(ui->cmdHelp, this, &frmStylebits::cmdHelp_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    ui->lstBits->setItemDelegate(new CheckedRows(ui->lstBits));
+    SetInsertButton(ui->cmdInsert);
     cboObject_Click();
 }
 
@@ -41,6 +67,13 @@ StylebitsSpec frmStylebits::Spec() const
         if (ui->lstBits->item(row)->checkState() == Qt::Checked)
             spec.entries.append(ui->lstBits->item(row)->text());
     return spec;
+}
+
+QString frmStylebits::Lost() const
+{
+    const StylebitsSpec spec = Spec();
+    const bool isKept = StylebitsCode(spec) == copied;
+    return isKept ? QString() : CountOf(spec.entries.size(), u"ticked bit"_s, u"ticked bits"_s);
 }
 
 void frmStylebits::ShowPreview()
@@ -61,15 +94,20 @@ void frmStylebits::cboObject_Click()
     ShowPreview();
 }
 
-void frmStylebits::cmdCopy_Click()
+std::optional<QString> frmStylebits::FinishedCode()
 {
     const auto code = StylebitsCode(Spec());
-    if (!code) {
+    if (!code)
         MsgBox(NoStylebitsText, BoxIcon::None, BoxButtons::Ok, u"Error."_s);
+    return code;
+}
+
+void frmStylebits::cmdCopy_Click()
+{
+    const auto code = FinishedCode();
+    if (!code || !CopyText(*code))
         return;
-    }
-    if (!CopyText(*code))
-        return;
+    copied = *code;
     if (MsgBox(StylebitsCopiedText, BoxIcon::None, BoxButtons::OkCancel, u"Copied to Clipboard"_s) == BoxAnswer::Ok)
         accept();
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The Stylebits Wizard: checked style bits become a stylebits statement on the clipboard.
+// The Stylebits Wizard: checked style bits become a stylebits statement, on the clipboard or in the
+// active program.
 #pragma once
 
-#include <QDialog>
+#include "codetools/frmMaker.h"
 
 #include <memory>
 
@@ -14,7 +15,7 @@ namespace ob {
 
 struct StylebitsSpec;
 
-class frmStylebits final : public QDialog {
+class frmStylebits final : public frmMaker {
     Q_OBJECT
 
 public:
@@ -22,6 +23,10 @@ public:
 
     explicit frmStylebits(QWidget* parent = nullptr);
     ~frmStylebits() override;
+
+protected:
+    std::optional<QString> FinishedCode() override;
+    QString Lost() const override;
 
 private:
     StylebitsSpec Spec() const;
@@ -32,6 +37,7 @@ private:
     void cmdHelp_Click();
 
     std::unique_ptr<Ui::frmStylebits> ui;
+    QString copied; // the statement that is on the clipboard
 };
 
 void mnuToolStylebit_Click();

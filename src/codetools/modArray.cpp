@@ -2,7 +2,7 @@
 // The array maker.
 #include "codetools/modArray.h"
 
-#include <QStringList>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +17,25 @@ constexpr QChar ItemMark = u'|';
 QString WithArrayItem(const QString& items, const QString& item)
 {
     return items + ItemMark + item;
+}
+
+QString WithoutLastArrayItem(const QString& items)
+{
+    return items.first(std::max<qsizetype>(0, items.lastIndexOf(ItemMark)));
+}
+
+QStringList PastedArrayItems(const QString& text)
+{
+    QString lines = text;
+    lines.replace(u"\r\n"_s, u"\n"_s);
+    for (const QChar end :
+         {QChar(u'\r'), QChar(u'\v'), QChar(u'\f'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        lines.replace(end, u'\n');
+    if (!lines.contains(u'\n'))
+        return {};
+    if (lines.endsWith(u'\n'))
+        lines.chop(1);
+    return lines.split(u'\n');
 }
 
 qsizetype ArrayBound(const QString& items)

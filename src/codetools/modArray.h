@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace ob {
 
@@ -21,6 +22,13 @@ inline const QString ArrayCopiedText =
 
 // The items with one more. A "|" within it makes it two.
 QString WithArrayItem(const QString& items, const QString& item);
+
+// The items without the last one; empty stays empty.
+QString WithoutLastArrayItem(const QString& items);
+
+// The lines of a text that came in with line ends, an item each; nothing for a text without any. A line end at the end
+// begins no further item.
+QStringList PastedArrayItems(const QString& text);
 
 // The number of the last item; -1 when there is none.
 qsizetype ArrayBound(const QString& items);

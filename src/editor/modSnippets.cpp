@@ -4,6 +4,7 @@
 
 #include "editor/document/cDocument.h"
 #include "editor/document/modDocument.h"
+#include "editor/document/modInsert.h"
 #include "editor/document/modUserTexts.h"
 #include "editor/files/modDocumentFile.h"
 #include "platform/dialogs/modDialogs.h"
@@ -151,13 +152,7 @@ SnippetInsert InsertSnippet(const QString& text)
     const cDocument* document = NeedDocument();
     if (document == nullptr)
         return SnippetInsert::NoWindow;
-    const QByteArray utf8 = WithLineEnds(text).toUtf8();
-    // The text may contain a NUL, which would end the argument of SCI_REPLACESEL.
-    SendSci(document->sci, SCI_BEGINUNDOACTION);
-    SendSci(document->sci, SCI_REPLACESEL, 0, "");
-    SendSci(document->sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(utf8.size()), utf8.constData());
-    SendSci(document->sci, SCI_ENDUNDOACTION);
-    SendSci(document->sci, SCI_SCROLLCARET);
+    InsertAtCaret(*document, text);
     return SnippetInsert::Done;
 }
 

@@ -41,6 +41,15 @@ inline void Fill(const QWidget& window, const char* name, const QString& text)
     QTest::keyClicks(field, text);
 }
 
+// Puts the text on the clipboard and pastes it at the end of the field.
+inline void Paste(const QWidget& window, const char* name, const QString& text)
+{
+    auto* field = Find<QLineEdit>(window, name);
+    QApplication::clipboard()->setText(text);
+    field->end(false);
+    QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+}
+
 inline QString Previewed(const QWidget& window)
 {
     return Find<QPlainTextEdit>(window, "codePreview")->toPlainText();

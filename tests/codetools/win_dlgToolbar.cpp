@@ -10,6 +10,7 @@
 #include "platform/files/modPaths.h"
 #include "platform/language/modAnsi.h"
 #include "shell/state/Module1.h"
+#include "shell/state/frmLoss.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -19,6 +20,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -231,11 +234,67 @@ private Q_SLOTS:
     {
         WithMaker([&](QDialog& maker) {
             QVERIFY(!Control<QPushButton>(maker, "cmdRemove")->isEnabled());
+            QVERIFY(!Control<QPushButton>(maker, "OKButton")->isEnabled());
             Press(maker, "OKButton");
             QVERIFY(maker.isVisible());
             QTest::keyClick(&maker, Qt::Key_Escape);
             QVERIFY(!maker.isVisible());
         });
+    }
+
+    void escapeAsksBeforeButtonsAreLost()
+    {
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
+        WithMaker([&](QDialog& maker) {
+            AddFromDisk(maker, red, u"1"_s, u"a"_s, u"A"_s);
+            for (const BoxAnswer answer : {BoxAnswer::Cancel, BoxAnswer::Ok}) {
+                bench->dialogs.ExpectMessage(LossQuestion(u"1 button"_s), answer, BoxIcon::Question,
+                                             BoxButtons::OkCancel, u"Toolbar Maker"_s);
+                QTest::keyClick(&maker, Qt::Key_Escape);
+                QCOMPARE(maker.isVisible(), answer == BoxAnswer::Cancel);
+            }
+        });
+    }
+
+    void theNewestButtonIsInView()
+    {
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
+        WithMaker([&](QDialog& maker) {
+            const auto* strip = Control<QScrollArea>(maker, "bar");
+            for (int number = 1; number <= 60; ++number)
+                AddFromDisk(maker, red, QString::number(number), u"a"_s, u"A"_s);
+            QVERIFY(strip->horizontalScrollBar()->maximum() > 0);
+            QCOMPARE(strip->horizontalScrollBar()->value(), strip->horizontalScrollBar()->maximum());
+            QApplication::processEvents();
+            QCOMPARE(strip->horizontalScrollBar()->value(), strip->horizontalScrollBar()->maximum());
+            Press(maker, "CancelButton");
+        });
+    }
+
+    void insertPutsTheListingAtTheCaret()
+    {
+        const QString red = Picture(u"red.bmp"_s, Plain(Qt::red));
+        const QString strip = bench->Path(u"strip.bmp"_s);
+        bench->Choose(u"mnuFileNew"_s);
+        cDocument* program = bench->Active();
+        TestBench::Type(program, "'mine\r\n");
+        WithMaker([&](QDialog& maker) {
+            QVERIFY(!Control<QPushButton>(maker, "cmdInsert")->isEnabled());
+            AddFromDisk(maker, red, u"1"_s, u"open"_s, u"Open"_s);
+            QVERIFY(Control<QPushButton>(maker, "cmdInsert")->isEnabled());
+            ExpectTarget(u"win"_s);
+            bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, strip);
+            Press(maker, "cmdInsert");
+            QVERIFY(!maker.isVisible());
+        });
+        QCOMPARE(bench->Active(), program);
+        ToolbarSpec spec;
+        spec.buttons = {{u"[open]"_s, u"Open"_s}};
+        spec.bitmap = strip;
+        spec.handle = u"#win"_s;
+        QCOMPARE(TestBench::Text(program), "'mine\r\n" + ToolbarCode(spec).toUtf8());
+        SendSci(program->sci, SCI_UNDO);
+        QCOMPARE(TestBench::Text(program), QByteArray("'mine\r\n"));
     }
 
     void theHandleIsRequestedUntilItIsValid()

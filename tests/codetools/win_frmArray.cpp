@@ -4,6 +4,7 @@
 
 #include "codetools/frmArray.h"
 #include "codetools/modArray.h"
+#include "shell/state/frmLoss.h"
 
 #include <QPointer>
 #include <QRadioButton>
@@ -33,6 +34,12 @@ struct ArrayBench {
         Press(*maker, "cmdAdd");
     }
 
+    void ExpectLoss(const QString& lost, BoxAnswer answer)
+    {
+        bench.dialogs.ExpectMessage(LossQuestion(lost), answer, BoxIcon::Question, BoxButtons::OkCancel,
+                                    u"Array Maker"_s);
+    }
+
     void ExpectCopied() { bench.dialogs.ExpectMessage(ArrayCopiedText, BoxAnswer::Ok, BoxIcon::None); }
 
     TestBench bench;
@@ -56,6 +63,12 @@ private Q_SLOTS:
     void cancelAndEscapeCopyNothing();
     void theWindowStartsEmptyEachTime();
     void tabFollowsTheReadingOrder();
+    void pastedLinesAreItems();
+    void theCodeIsWhatTheFieldsShow();
+    void enterInTheNameGoesToTheItem();
+    void removeLastTakesTheLastItemOut();
+    void anItemThatIsTypedAndNotAddedCounts();
+    void escapeAsksBeforeItemsAreLost();
 };
 
 void win_frmArray::theWindowStartsWithItsDefaults()
@@ -169,9 +182,10 @@ void win_frmArray::cancelAndEscapeCopyNothing()
     for (const bool byKey : {false, true}) {
         ArrayBench b;
         b.Add(u"Mon"_s);
-        if (byKey)
+        if (byKey) {
+            b.ExpectLoss(u"1 item"_s, BoxAnswer::Ok);
             QTest::keyClick(b.maker, Qt::Key_Escape);
-        else
+        } else
             Press(*b.maker, "CancelButton");
         QTRY_VERIFY(b.maker.isNull());
         QCOMPARE(OnClipboard(), u"before"_s);
@@ -198,6 +212,87 @@ void win_frmArray::tabFollowsTheReadingOrder()
     QVERIFY(QTest::qWaitForWindowActive(b.maker));
     QCOMPARE(TabOrder(*b.maker, "Text1").join(u' '),
              u"Text1 Text2 cmdAdd optString codePreview OKButton CancelButton"_s);
+}
+
+void win_frmArray::pastedLinesAreItems()
+{
+    ArrayBench b;
+    Fill(*b.maker, "Text1", u"days"_s);
+    Paste(*b.maker, "Text2", u"Mon\r\nTue\n"_s);
+    QCOMPARE(Find<QLineEdit>(*b.maker, "Text2")->text(), QString());
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/days.bas")));
+    Paste(*b.maker, "Text2", u"We"_s);
+    Paste(*b.maker, "Text2", u"d\n\nFri"_s);
+    QVERIFY(Previewed(*b.maker).contains(u"DIM days$(5)\n"_s));
+    QVERIFY(Previewed(*b.maker).contains(u"days$(3) = \"Wed\"\n    days$(4) = \"\"\n    days$(5) = \"Fri\"\n"_s));
+}
+
+void win_frmArray::theCodeIsWhatTheFieldsShow()
+{
+    ArrayBench b;
+    Paste(*b.maker, "Text1", u"two\nwords\n"_s);
+    QCOMPARE(Find<QLineEdit>(*b.maker, "Text1")->text(), u"two words"_s);
+    QVERIFY(Previewed(*b.maker).startsWith(u"    DIM two words$(-1)\n"_s));
+}
+
+void win_frmArray::enterInTheNameGoesToTheItem()
+{
+    const ArrayBench b;
+    QVERIFY(QTest::qWaitForWindowActive(b.maker));
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        Find<QLineEdit>(*b.maker, "Text1")->setFocus();
+        QTest::keyClick(Find<QLineEdit>(*b.maker, "Text1"), static_cast<Qt::Key>(key));
+        QVERIFY(Find<QLineEdit>(*b.maker, "Text2")->hasFocus());
+        QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/no-items.bas")));
+    }
+}
+
+void win_frmArray::removeLastTakesTheLastItemOut()
+{
+    ArrayBench b;
+    const auto* remove = Find<QAbstractButton>(*b.maker, "cmdRemove");
+    QVERIFY(!remove->isEnabled());
+    Fill(*b.maker, "Text1", u"days"_s);
+    for (const char* item : {"Mon", "Tue", ""})
+        b.Add(QString::fromLatin1(item));
+    Press(*b.maker, "cmdRemove");
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/days.bas")));
+    Fill(*b.maker, "Text2", u"Wed"_s);
+    Press(*b.maker, "cmdRemove");
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/days.bas")));
+    Press(*b.maker, "cmdRemove");
+    Press(*b.maker, "cmdRemove");
+    QVERIFY(Previewed(*b.maker).startsWith(u"    DIM days$(-1)\n"_s));
+    QVERIFY(!remove->isEnabled());
+}
+
+void win_frmArray::anItemThatIsTypedAndNotAddedCounts()
+{
+    ArrayBench b;
+    Fill(*b.maker, "Text1", u"days"_s);
+    b.Add(u"Mon"_s);
+    Fill(*b.maker, "Text2", u"Tue"_s);
+    QCOMPARE(Previewed(*b.maker), WithLineFeeds(MakerText("array/days.bas")));
+    b.ExpectCopied();
+    Press(*b.maker, "OKButton");
+    QVERIFY(b.bench.dialogs.Finished());
+    QCOMPARE(OnClipboard(), MakerText("array/days.bas"));
+}
+
+void win_frmArray::escapeAsksBeforeItemsAreLost()
+{
+    ArrayBench b;
+    b.Add(u"Mon"_s);
+    Fill(*b.maker, "Text2", u"Tue"_s);
+    b.ExpectLoss(u"2 items"_s, BoxAnswer::Cancel);
+    QTest::keyClick(Find<QLineEdit>(*b.maker, "Text2"), Qt::Key_Escape);
+    QVERIFY(b.maker->isVisible());
+    b.ExpectLoss(u"2 items"_s, BoxAnswer::Cancel);
+    QVERIFY(!b.maker->close());
+    QVERIFY(b.maker->isVisible());
+    b.ExpectLoss(u"2 items"_s, BoxAnswer::Ok);
+    QVERIFY(b.maker->close());
+    QVERIFY(b.bench.dialogs.Finished());
 }
 
 OB_BENCH_TEST(win_frmArray)

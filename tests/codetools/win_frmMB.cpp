@@ -4,8 +4,12 @@
 
 #include "codetools/frmMB.h"
 #include "codetools/modMessageBox.h"
+#include "shell/state/frmLoss.h"
 
+#include <QLabel>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -43,7 +47,7 @@ class win_frmMB : public QObject {
 private Q_SLOTS:
     void theWindowStartsWithItsDefaults();
     void createGeneratesTheCodeAndCopyCopiesIt();
-    void everyChoiceChangesThePreviewAtOnce();
+    void createTakesEveryChoice();
     void onlyCreateFillsTheFieldsAndTheCode();
     void previewShowsTheBoxItself_data();
     void previewShowsTheBoxItself();
@@ -52,6 +56,12 @@ private Q_SLOTS:
     void aBusyClipboardKeepsTheWindowOpen();
     void enterCreatesAndEscapeCloses();
     void tabFollowsTheReadingOrder();
+    void theWholeCodeIsSeenInOnePane();
+    void aChangeAfterCreateIsPointedOut();
+    void copyLooksGreyWithNothingToCopy();
+    void theCodeIsWhatTheFieldsShow();
+    void theWindowFitsTheScreenWithLargeFonts();
+    void theMainWindowIsActiveAfterCopyAndExit();
 };
 
 void win_frmMB::theWindowStartsWithItsDefaults()
@@ -83,14 +93,16 @@ void win_frmMB::createGeneratesTheCodeAndCopyCopiesIt()
     QCOMPARE(OnClipboard(), MakerText("messagebox/question-yesnocancel.bas"));
 }
 
-void win_frmMB::everyChoiceChangesThePreviewAtOnce()
+void win_frmMB::createTakesEveryChoice()
 {
     MakerScript s;
     s.Play([](QDialog& maker) {
-        QCOMPARE(Previewed(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
+        Press(maker, "cmdCreate");
+        QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
         const auto chosen = [&](const char* option, const char* word) {
             Press(maker, option);
-            const QString flags = Previewed(maker).section(u'\n', 2, 2);
+            Press(maker, "cmdCreate");
+            const QString flags = Code(maker).section(u'\n', 2, 2);
             QVERIFY2(flags.contains(QLatin1Char(' ') + QLatin1String(word) + QLatin1Char(' ')), qPrintable(flags));
         };
         chosen("optCritical", "_MB_ICONHAND");
@@ -108,7 +120,8 @@ void win_frmMB::everyChoiceChangesThePreviewAtOnce()
         Fill(maker, "txtMessage", u"Stop?"_s);
         Press(maker, "optCritical");
         Press(maker, "optOK1");
-        QCOMPARE(Previewed(maker), WithLineFeeds(MakerText("messagebox/critical-okcancel.bas")));
+        Press(maker, "cmdCreate");
+        QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/critical-okcancel.bas")));
         Press(maker, "cmdCancel");
     });
 }
@@ -221,12 +234,15 @@ void win_frmMB::aBusyClipboardKeepsTheWindowOpen()
 void win_frmMB::enterCreatesAndEscapeCloses()
 {
     MakerScript s;
-    s.Play([](QDialog& maker) {
+    s.Play([&](QDialog& maker) {
         QTest::keyClick(Find<QLineEdit>(maker, "txtMessage"), Qt::Key_Return);
         QCOMPARE(Code(maker), WithLineFeeds(MakerText("messagebox/defaults.bas")));
+        s.bench.dialogs.ExpectMessage(LossQuestion(u"The message"_s), BoxAnswer::Ok, BoxIcon::Question,
+                                      BoxButtons::OkCancel, u"MessageBox Maker"_s);
         QTest::keyClick(&maker, Qt::Key_Escape);
         QVERIFY(!maker.isVisible());
     });
+    QVERIFY(s.bench.dialogs.Finished());
 }
 
 void win_frmMB::tabFollowsTheReadingOrder()
@@ -235,10 +251,99 @@ void win_frmMB::tabFollowsTheReadingOrder()
     s.Play([](QDialog& maker) {
         QTRY_COMPARE(QApplication::activeWindow(), &maker);
         QCOMPARE(TabOrder(maker, "txtTitle").join(u' '),
-                 u"txtTitle txtMessage optNone optOK0 txtCode codePreview cmdCreate cmdTest cmdCopy "
-                 "cmdCancel"_s);
+                 u"txtTitle txtMessage optNone optOK0 txtCode cmdCreate cmdTest cmdCopy cmdCancel"_s);
         Press(maker, "cmdCancel");
     });
+}
+
+void win_frmMB::theWholeCodeIsSeenInOnePane()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        QCOMPARE(maker.findChildren<QPlainTextEdit*>().size(), 1);
+        Press(maker, "optInfo");
+        Press(maker, "optOK5");
+        Press(maker, "cmdCreate");
+        const auto* code = Find<QPlainTextEdit>(maker, "txtCode");
+        QCOMPARE(code->verticalScrollBar()->maximum(), 0);
+        QCOMPARE(code->horizontalScrollBar()->maximum(), 0);
+        Press(maker, "cmdCancel");
+    });
+}
+
+void win_frmMB::aChangeAfterCreateIsPointedOut()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        const auto* state = Find<QLabel>(maker, "lblState");
+        Press(maker, "optInfo");
+        QCOMPARE(state->text(), QString());
+        Press(maker, "cmdCreate");
+        QCOMPARE(state->text(), QString());
+        Press(maker, "optOK2");
+        QCOMPARE(state->text(), u"The choices have changed: press Create again."_s);
+        Press(maker, "cmdCreate");
+        QCOMPARE(state->text(), QString());
+        Press(maker, "cmdCancel");
+    });
+}
+
+// It can be pressed all the same, as copyBeforeCreateCopiesAnEmptyText does.
+void win_frmMB::copyLooksGreyWithNothingToCopy()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        const auto isGrey = [&] {
+            return Find<QAbstractButton>(maker, "cmdCopy")->palette().color(QPalette::Active, QPalette::ButtonText) ==
+                   maker.palette().color(QPalette::Disabled, QPalette::ButtonText);
+        };
+        QVERIFY(isGrey());
+        Press(maker, "cmdCreate");
+        QVERIFY(!isGrey());
+        Find<QPlainTextEdit>(maker, "txtCode")->clear();
+        QVERIFY(isGrey());
+        Press(maker, "cmdCancel");
+    });
+}
+
+void win_frmMB::theCodeIsWhatTheFieldsShow()
+{
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        Paste(maker, "txtTitle", u"One\r\ntwo"_s);
+        Paste(maker, "txtMessage", u"Three\nfour\n"_s);
+        Press(maker, "cmdCreate");
+        QVERIFY(Code(maker).contains(u"    \"Three four\" as ptr, _ \n    \"One two\" as ptr, _\n"_s));
+        Press(maker, "cmdCancel");
+    });
+}
+
+void win_frmMB::theWindowFitsTheScreenWithLargeFonts()
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(before.pointSizeF() * 2);
+    QApplication::setFont(large);
+    MakerScript s;
+    s.Play([](QDialog& maker) {
+        const QSize screen = maker.screen()->availableSize();
+        QVERIFY2(maker.width() <= screen.width(), qPrintable(QString::number(maker.width())));
+        QVERIFY(maker.height() <= screen.height());
+        QVERIFY2(maker.minimumSizeHint().width() <= screen.width(), "its fields can be used");
+        Press(maker, "cmdCancel");
+    });
+    QApplication::setFont(before);
+}
+
+void win_frmMB::theMainWindowIsActiveAfterCopyAndExit()
+{
+    MakerScript s;
+    s.ExpectCopied();
+    s.Play([](QDialog& maker) {
+        Press(maker, "cmdCreate");
+        Press(maker, "cmdCopy");
+    });
+    QTRY_COMPARE(QApplication::activeWindow(), &s.bench.Frame());
 }
 
 OB_BENCH_TEST(win_frmMB)

@@ -4,6 +4,7 @@
 
 #include "codetools/frmMenuMaker.h"
 #include "codetools/modMenuCode.h"
+#include "shell/state/frmLoss.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -64,6 +65,10 @@ private Q_SLOTS:
     void aBusyClipboardKeepsTheWindowOpen();
     void cancelAndEscapeCopyNothing();
     void tabFollowsTheReadingOrder();
+    void enterGoesThroughTheFields();
+    void removeLastTakesTheLastItemOut();
+    void anItemThatIsTypedAndNotAddedCounts();
+    void theCodeIsWhatTheFieldsShow();
 };
 
 void win_frmMenuMaker::theWindowStartsWithItsDefaults()
@@ -176,9 +181,11 @@ void win_frmMenuMaker::cancelAndEscapeCopyNothing()
     for (const bool byKey : {false, true}) {
         MenuBench b;
         b.Add("Open", "[open]");
-        if (byKey)
+        if (byKey) {
+            b.bench.dialogs.ExpectMessage(LossQuestion(u"1 item"_s), BoxAnswer::Ok, BoxIcon::Question,
+                                          BoxButtons::OkCancel, u"Menu Maker"_s);
             QTest::keyClick(b.maker, Qt::Key_Escape);
-        else
+        } else
             Press(*b.maker, "cmdCancel");
         QTRY_VERIFY(b.maker.isNull());
         QCOMPARE(OnClipboard(), u"before"_s);
@@ -191,6 +198,73 @@ void win_frmMenuMaker::tabFollowsTheReadingOrder()
     QVERIFY(QTest::qWaitForWindowActive(b.maker));
     QCOMPARE(TabOrder(*b.maker, "Text1").join(u' '),
              u"Text1 Text4 optType0 Text2 Text3 cmdAdd codePreview cmdCopy cmdCancel"_s);
+}
+
+void win_frmMenuMaker::enterGoesThroughTheFields()
+{
+    const MenuBench b;
+    QVERIFY(QTest::qWaitForWindowActive(b.maker));
+    const auto enter = [&](const char* from, const char* to) {
+        QVERIFY(Find<QLineEdit>(*b.maker, from)->hasFocus());
+        QTest::keyClick(Find<QLineEdit>(*b.maker, from), Qt::Key_Return);
+        QVERIFY2(Find<QLineEdit>(*b.maker, to)->hasFocus(), to);
+    };
+    enter("Text1", "Text4");
+    enter("Text4", "Text2");
+    enter("Text2", "Text3");
+    QCOMPARE(Previewed(*b.maker), MakerText("menu/no-items.txt"));
+    enter("Text3", "Text2");
+    QVERIFY(Previewed(*b.maker).endsWith(u", \"Item Name\", [BranchLabel]"_s));
+    Press(*b.maker, "optType1");
+    Find<QLineEdit>(*b.maker, "Text1")->setFocus();
+    enter("Text1", "Text2");
+}
+
+void win_frmMenuMaker::removeLastTakesTheLastItemOut()
+{
+    MenuBench b;
+    const auto* remove = Find<QAbstractButton>(*b.maker, "cmdRemove");
+    QVERIFY(!remove->isEnabled());
+    Fill(*b.maker, "Text1", u"File"_s);
+    b.Add("Open", "[open]");
+    b.Add("Exit", "[quit]");
+    b.Add("", "");
+    b.Add("|", "");
+    Press(*b.maker, "cmdRemove");
+    Press(*b.maker, "cmdRemove");
+    QCOMPARE(Previewed(*b.maker), MakerText("menu/file.txt"));
+    Fill(*b.maker, "Text2", u"More"_s);
+    Press(*b.maker, "cmdRemove");
+    QCOMPARE(Previewed(*b.maker), MakerText("menu/file.txt"));
+    b.Add("", "");
+    QVERIFY(Previewed(*b.maker).endsWith(u", \"MenuItem  3\", [BranchLabel.3]"_s));
+    for (int i = 0; i < 3; ++i)
+        Press(*b.maker, "cmdRemove");
+    QCOMPARE(Previewed(*b.maker), u"Menu #main, \"File\""_s);
+    QVERIFY(!remove->isEnabled());
+}
+
+void win_frmMenuMaker::anItemThatIsTypedAndNotAddedCounts()
+{
+    MenuBench b;
+    Fill(*b.maker, "Text1", u"File"_s);
+    b.Add("Open", "[open]");
+    Fill(*b.maker, "Text2", u"Exit"_s);
+    Fill(*b.maker, "Text3", u"[quit]"_s);
+    QCOMPARE(Previewed(*b.maker), MakerText("menu/file.txt"));
+    b.Copy();
+    QCOMPARE(OnClipboard(), MakerText("menu/file.txt"));
+}
+
+void win_frmMenuMaker::theCodeIsWhatTheFieldsShow()
+{
+    MenuBench b;
+    for (const char* name : {"Text1", "Text2", "Text3", "Text4"}) {
+        Fill(*b.maker, name, {});
+        Paste(*b.maker, name, u"a\r\nb\n"_s);
+        QCOMPARE(b.Field(name), u"a b"_s);
+    }
+    QCOMPARE(Previewed(*b.maker), u"Menu #a_b, \"a b\", \"a b\", [a.b]"_s);
 }
 
 OB_BENCH_TEST(win_frmMenuMaker)

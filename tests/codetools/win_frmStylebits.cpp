@@ -3,6 +3,7 @@
 #include "codetools/MakerBench.h"
 
 #include "codetools/modStylebits.h"
+#include "shell/state/frmLoss.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -93,6 +94,8 @@ private Q_SLOTS:
     void helpShowsTheInstructions();
     void enterCopiesAndEscapeCloses();
     void tabFollowsTheReadingOrder();
+    void aClickOnTheTextTicksTheRow();
+    void escapeAsksBeforeTicksAreLost();
 };
 
 void win_frmStylebits::theWindowStartsWithItsDefaults()
@@ -298,6 +301,42 @@ void win_frmStylebits::tabFollowsTheReadingOrder()
                  u"cboObject chkEx optAdd lstBits codePreview cmdCopy cmdHelp cmdCancel"_s);
         Press(wizard, "cmdCancel");
     });
+}
+
+void win_frmStylebits::aClickOnTheTextTicksTheRow()
+{
+    WizardScript s;
+    s.Play([](QDialog& wizard) {
+        const QRect row = Bits(wizard)->visualItemRect(Bits(wizard)->item(2));
+        const auto click = [&](Qt::MouseButton button) {
+            QTest::mouseClick(Bits(wizard)->viewport(), button, {}, row.center());
+        };
+        click(Qt::LeftButton);
+        QCOMPARE(Bits(wizard)->item(2)->checkState(), Qt::Checked);
+        QCOMPARE(Previewed(wizard), u"stylebits #handle.ext, _BS_TOP, 0, 0, 0"_s);
+        click(Qt::RightButton);
+        QCOMPARE(Ticked(wizard), 1);
+        click(Qt::LeftButton);
+        QCOMPARE(Ticked(wizard), 0);
+        Press(wizard, "cmdCancel");
+    });
+}
+
+void win_frmStylebits::escapeAsksBeforeTicksAreLost()
+{
+    WizardScript s;
+    s.bench.dialogs.ExpectMessage(LossQuestion(u"2 ticked bits"_s), BoxAnswer::Cancel, BoxIcon::Question,
+                                  BoxButtons::OkCancel, u"Stylebits Wizard"_s);
+    s.ExpectCopied(BoxAnswer::Cancel);
+    s.Play([](QDialog& wizard) {
+        Tick(wizard, {0, 1});
+        QTest::keyClick(Bits(wizard), Qt::Key_Escape);
+        QVERIFY(wizard.isVisible());
+        Press(wizard, "cmdCopy");
+        QTest::keyClick(Bits(wizard), Qt::Key_Escape);
+        QVERIFY(!wizard.isVisible());
+    });
+    QVERIFY(s.bench.dialogs.Finished());
 }
 
 OB_BENCH_TEST(win_frmStylebits)

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the windows of all makers of code share.
+#include "codetools/frmMaker.h"
+
+#include "editor/document/modDocument.h"
+#include "editor/document/modInsert.h"
+#include "platform/dialogs/frmCommand.h"
+#include "shell/state/frmLoss.h"
+#include "shell/state/frmTool.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace ob {
+
+frmMaker::frmMaker(QWidget* parent) : QDialog(parent)
+{
+    AskBeforeLoss(*this, [this] { return Lost(); });
+}
+
+void frmMaker::SetInsertButton(QPushButton* button)
+{
+    insert = button;
+    On(insert, this, &frmMaker::cmdInsert_Click);
+    const QWidget* frame = ToolOwner();
+    if (const auto* programs = frame == nullptr ? nullptr : frame->findChild<QMdiArea*>())
+        connect(programs, &QMdiArea::subWindowActivated, this, &frmMaker::RefreshInsert);
+    RefreshInsert();
+}
+
+void frmMaker::RefreshInsert()
+{
+    insert->setEnabled(ActiveDocument() != nullptr && HasCode());
+}
+
+void frmMaker::cmdInsert_Click()
+{
+    const auto code = FinishedCode();
+    const cDocument* document = code ? NeedDocument() : nullptr;
+    if (document == nullptr)
+        return;
+    InsertAtCaret(*document, *code);
+    accept();
+    ReturnToProgram();
+}
+
+void frmMaker::SetEnterOrder(const QList<QLineEdit*>& fields)
+{
+    enterOrder = fields;
+    for (QLineEdit* field : fields)
+        field->installEventFilter(this);
+}
+
+bool frmMaker::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto isEnter = [&] {
+        const int key = static_cast<const QKeyEvent*>(event)->key();
+        return key == Qt::Key_Return || key == Qt::Key_Enter;
+    };
+    const auto field = std::find(enterOrder.cbegin(), enterOrder.cend(), watched);
+    if (event->type() != QEvent::KeyPress || field == enterOrder.cend() || !isEnter())
+        return QDialog::eventFilter(watched, event);
+    const auto next = std::find_if(field + 1, enterOrder.cend(), [](QLineEdit* each) { return each->isEnabled(); });
+    if (next == enterOrder.cend())
+        return QDialog::eventFilter(watched, event);
+    (*next)->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
+void ReturnToProgram()
+{
+    if (ToolOwner() != nullptr)
+        ToolOwner()->activateWindow();
+}
+
+} // namespace ob
