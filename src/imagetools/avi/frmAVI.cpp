@@ -8,6 +8,7 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
+#include "shell/state/frmLoss.h"
 #include "shell/state/frmTool.h"
 #include "shell/state/modPlaces.h"
 #include "ui_frmAVI.h"
@@ -62,6 +63,7 @@ frmAVI::frmAVI(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmAV
     On(ui->cmdClearList, this, &frmAVI::cmdClearList_Click);
     On(ui->cmdWriteAVI, this, &frmAVI::cmdWriteAVI_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmAVI::reject);
+    AskBeforeLoss(*this, [this] { return Lost(); });
     On(ui->lstDIBList, &QListWidget::currentRowChanged, this, &frmAVI::lstDIBList_Click);
     auto* remove = new QShortcut(QKeySequence::Delete, ui->lstDIBList, nullptr, nullptr, Qt::WidgetShortcut);
     On(remove, &QShortcut::activated, this, &frmAVI::lstDIBList_Delete);
@@ -69,6 +71,14 @@ frmAVI::frmAVI(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmAV
 }
 
 frmAVI::~frmAVI() = default;
+
+// Escape during the writing stops it, closing then has been wanted, and a list that is in a video is not lost.
+QString frmAVI::Lost() const
+{
+    const QString files = CountOf(list.files.size(), u"file"_s, u"files"_s);
+    const bool isAnswered = work.IsStarted() || closesAtEnd;
+    return isAnswered || files.isEmpty() || list.files == filesWritten ? QString() : u"The list of "_s + files;
+}
 
 void frmAVI::reject()
 {
@@ -279,6 +289,8 @@ void frmAVI::WritingEnded()
             }
         });
     } else {
+        if (state == AviState::Finished)
+            filesWritten = list.files;
         ui->lblStatus->setText(state == AviState::Finished ? u"Finished!"_s : u"Stopped. No file was written."_s);
     }
     if (closesAtEnd)

@@ -46,6 +46,7 @@ private:
     void lstDIBList_Click(int row);
     void lstDIBList_Delete();
 
+    QString Lost() const;
     Adding AddFile(const QString& file);
     void ShowFile(const QString& file);
     AviState BeginWriting(const QString& path);
@@ -59,6 +60,7 @@ private:
 
     std::unique_ptr<Ui::frmAVI> ui;
     AviList list;
+    QStringList filesWritten; // in the last video
     QString lastFile;
     std::unique_ptr<cAviWriting> writing;
     cWork<AviState> work; // gone before what it works on

@@ -8,6 +8,7 @@
 #include "imagetools/avi/frmAVI.h"
 #include "imagetools/pictures/frmScaledPicture.h"
 #include "platform/files/modPaths.h"
+#include "shell/state/frmLoss.h"
 
 #include <QDropEvent>
 #include <QLabel>
@@ -242,6 +243,30 @@ private Q_SLOTS:
         Find<QLabel>("lblStatus")->removeEventFilter(&watch);
         QCOMPARE(watch.texts,
                  (QStringList{u"Frame number 0 saved"_s, u"Frame number 1 saved"_s, u"Frame number 2 saved"_s}));
+    }
+
+    void escapeAsksBeforeTheListIsLost()
+    {
+        AddBitmaps(2);
+        const auto escape = [this](const QString& lost, BoxAnswer answer) {
+            bench->dialogs.ExpectMessage(LossQuestion(lost), answer, BoxIcon::Question, BoxButtons::OkCancel,
+                                         u"AVI Maker"_s);
+            QTest::keyClick(window.get(), Qt::Key_Escape);
+            QVERIFY(bench->dialogs.Finished());
+        };
+        escape(u"The list of 2 files"_s, BoxAnswer::Cancel);
+        QVERIFY(window->isVisible());
+        ChooseCodec(0);
+        PressWrite(At(u"film.avi"_s));
+        QTRY_COMPARE(Status(), u"Finished!"_s);
+        Add(Bitmap(2));
+        escape(u"The list of 3 files"_s, BoxAnswer::Cancel);
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        List()->setFocus();
+        QTest::keyClick(List(), Qt::Key_Delete);
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+        QVERIFY(!window->isVisible());
     }
 
     void cancelOfTheSaveBoxDoesNothing()

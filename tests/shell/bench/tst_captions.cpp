@@ -2,6 +2,7 @@
 // The captions and tool tips of the windows, in one table against the Designer files.
 #include <QFile>
 #include <QHash>
+#include <QSet>
 #include <QTest>
 #include <QXmlStreamReader>
 
@@ -276,6 +277,40 @@ private Q_SLOTS:
         if (!caption.contains(QLatin1Char('&')))
             text.remove(QLatin1Char('&'));
         QCOMPARE(text, caption);
+    }
+
+    void accessKeysAreShownAndDiffer_data()
+    {
+        QTest::addColumn<QStringList>("controls");
+        QTest::newRow("imagetools/sprites/frmMask") << u"cmdOpen cmdSave cmdBatch cmdHelp cmdExit"_s.split(u' ');
+        QTest::newRow("imagetools/sprites/frmBatch") << u"Label1 Label2 Label4"_s.split(u' ');
+        QTest::newRow("imagetools/avi/frmAVI") << u"cmdFileOpen cmdClearList cmdWriteAVI lblFrameRate"_s.split(u' ');
+        QTest::newRow("codetools/frmArray")
+            << u"Label1 Label2 cmdAdd cmdRemove optNumeric optString lblPreview cmdInsert OKButton"_s.split(u' ');
+        QTest::newRow("codetools/frmMenuMaker")
+            << u"Label1 Label2 Label3 Label4 optType0 optType1 cmdAdd cmdRemove lblPreview cmdInsert cmdCopy"_s.split(
+                   u' ');
+        QTest::newRow("codetools/frmMB") << u"lblTitle lblMessage optNone optCritical optExclaim optQuestion optInfo "
+                                            "lblCode cmdCreate cmdTest cmdInsert cmdCopy"_s.split(u' ');
+        QTest::newRow("codetools/frmStylebits")
+            << u"lblObject chkEx optAdd optRemove lblBits lblPreview cmdInsert cmdCopy cmdHelp"_s.split(u' ');
+        QTest::newRow("codetools/dlgToolbar") << u"cmdAdd cmdStandard cmdRemove optFlat optRaised optBorder optThick "
+                                                 "optNoborder lblPreview cmdInsert OKButton"_s.split(u' ');
+    }
+
+    void accessKeysAreShownAndDiffer()
+    {
+        QFETCH(QStringList, controls);
+        const QHash<QString, QString> captions = TextsOf(QString::fromLatin1(QTest::currentDataTag()));
+        QSet<QChar> keys;
+        for (const QString& control : controls) {
+            const QString caption = captions.value(control + u".text"_s);
+            const qsizetype mark = caption.indexOf(u'&');
+            QVERIFY2(mark >= 0 && mark + 1 < caption.size(), qPrintable(control));
+            const QChar key = caption[mark + 1].toLower();
+            QVERIFY2(!keys.contains(key), qPrintable(caption));
+            keys.insert(key);
+        }
     }
 
 private:
