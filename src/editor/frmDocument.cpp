@@ -15,6 +15,7 @@
 #include "scilexer/SciLexerOB_Api.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modIcons.h"
 
 #include <QAbstractScrollArea>
 #include <QCheckBox>
@@ -132,7 +133,7 @@ void frmDocument::MakeHeadRow()
     for (const ButtonRow& row : rows) {
         row.button = new QToolButton(this);
         row.button->setObjectName(QString::fromLatin1(row.name));
-        row.button->setIcon(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(row.icon))));
+        row.button->setIcon(BenchIcon(QString::fromLatin1(row.icon)));
         row.button->setIconSize(QSize(12, 12));
         row.button->setAutoRaise(true);
         row.button->setToolTip(QString::fromLatin1(row.tip));

@@ -9,6 +9,7 @@
 #include "platform/dialogs/modDialogs.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
+#include "shell/state/modIcons.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -70,7 +71,7 @@ frmGui::frmGui(cDesigner& target, QWidget* parent) : QWidget(parent), designer(t
     setObjectName(u"frmGui"_s);
     GuiFormLoaded();
     designer.FormLoaded();
-    setWindowIcon(QIcon(u":/icons/form.svg"_s));
+    setWindowIcon(BenchIcon(u"form"_s, IconGround::Title));
 
     lblMenu = new MenuBarLabel(this);
     lblMenu->setObjectName(u"lblMenu"_s);

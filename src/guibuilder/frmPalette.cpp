@@ -7,6 +7,7 @@
 #include "guibuilder/frmSurface.h"
 #include "guibuilder/modGuiCommands.h"
 #include "platform/dialogs/modDialogs.h"
+#include "shell/state/modIcons.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -110,7 +111,7 @@ QToolButton* frmPalette::MakeButton(const char* name, const char* icon, const QS
 {
     auto* button = new QToolButton(this);
     button->setObjectName(QString::fromLatin1(name));
-    button->setIcon(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(icon))));
+    button->setIcon(BenchIcon(QString::fromLatin1(icon)));
     button->setIconSize(QSize(20, 20));
     button->setAutoRaise(true);
     button->setToolTip(tip);

@@ -2,6 +2,8 @@
 // The menus and the toolbar of the icon editor.
 #include "imagetools/icons/frmIconMenu.h"
 
+#include "shell/state/modIcons.h"
+
 #include <QAction>
 #include <QActionGroup>
 #include <QIcon>
@@ -88,8 +90,7 @@ constexpr ButtonRow buttonRows[] = {
 
 QAction* AddItem(QMenu& menu, const ItemRow& row, QActionGroup& tools)
 {
-    QAction* item =
-        menu.addAction(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(row.icon))), QString::fromLatin1(row.caption));
+    QAction* item = menu.addAction(BenchIcon(QString::fromLatin1(row.icon)), QString::fromLatin1(row.caption));
     item->setObjectName(QString::fromLatin1(row.name));
     item->setShortcut(QKeySequence(QString::fromLatin1(row.key)));
     if (row.kind == ItemKind::Tool) {

@@ -23,6 +23,7 @@
 #include "shell/bench/modLaunchers.h"
 #include "shell/help/frmHelp.h"
 #include "shell/state/Module1.h"
+#include "shell/state/modIcons.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -247,7 +248,7 @@ void ShowIconsOnOpening(QMenu& menu)
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu] {
         for (QAction* item : menu.actions())
             if (item->icon().isNull() && !IconName(*item).isEmpty())
-                item->setIcon(QIcon(u":/icons/%1.svg"_s.arg(IconName(*item))));
+                item->setIcon(BenchIcon(IconName(*item)));
     });
 }
 

@@ -8,6 +8,7 @@
 #include "shell/bench/frmUser.h"
 #include "shell/bench/modUserApplications.h"
 #include "shell/state/Module1.h"
+#include "shell/state/modIcons.h"
 
 #include <QAction>
 #include <QIcon>
@@ -141,8 +142,7 @@ void UserButton_Click()
 
 QAction* AddButton(QToolBar& bar, const ButtonRow& row, const QHash<QString, QAction*>& items)
 {
-    QAction* button =
-        bar.addAction(QIcon(u":/icons/%1.svg"_s.arg(QLatin1String(row.icon))), QString::fromLatin1(row.tip));
+    QAction* button = bar.addAction(BenchIcon(QString::fromLatin1(row.icon)), QString::fromLatin1(row.tip));
     button->setObjectName(QString::fromLatin1(row.key));
     if (QAction* item = items.value(QString::fromLatin1(row.item)))
         QObject::connect(button, &QAction::triggered, item, &QAction::trigger);
