@@ -18,14 +18,52 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char usage[] = "usage: orchard-bench [--grab OUT.png] [FILE]\n"
+constexpr char usage[] = "usage: orchard-bench [--grab OUT.png] [--size WxH] [FILE]\n"
                          "       orchard-bench --version | --help\n"
                          "\n"
                          "Opens the bench, and in it FILE: a form (.obf) or BASIC source.\n"
                          "\n"
                          "  --grab OUT.png  open as usual, paint, save a picture of the main window, end\n"
+                         "  --size WxH      open the main window in that size, in pixels; a picture is 1280x800\n"
                          "  --version       print the version\n"
                          "  --help          print this text\n";
+
+// What the command line asks of the bench.
+struct Request {
+    QString picture;
+    std::optional<QSize> size;
+    QStringList files;
+};
+
+// From "1280x800"; nothing for anything else, or a size that no window could have.
+std::optional<QSize> SizeOf(const QString& text)
+{
+    constexpr QSize least(100, 100);
+    constexpr QSize most(16'000, 16'000);
+    const QStringList sides = text.split(QLatin1Char('x'));
+    const QSize size(sides.value(0).toInt(), sides.value(1).toInt());
+    if (sides.size() != 2 || size.expandedTo(least) != size || size.boundedTo(most) != size)
+        return std::nullopt;
+    return size;
+}
+
+// The options come first. Nothing when one has no value, or one that means nothing.
+std::optional<Request> RequestOf(QStringList words)
+{
+    Request request;
+    while (!words.isEmpty() && (words[0] == QLatin1String("--grab") || words[0] == QLatin1String("--size"))) {
+        const QString option = words.takeFirst();
+        if (words.isEmpty())
+            return std::nullopt;
+        const QString value = words.takeFirst();
+        if (option == QLatin1String("--grab"))
+            request.picture = value;
+        else if (request.size = SizeOf(value); !request.size)
+            return std::nullopt;
+    }
+    request.files = words;
+    return request;
+}
 
 // Handles requests that need no window before the toolkit starts: the exit status, or nothing.
 std::optional<int> AnswerAtOnce(int count, char** arguments)
@@ -35,7 +73,10 @@ std::optional<int> AnswerAtOnce(int count, char** arguments)
         return std::puts("orchard-bench " OB_VERSION) < 0 ? 1 : 0;
     if (std::strcmp(first, "--help") == 0)
         return std::fputs(usage, stdout) < 0 ? 1 : 0;
-    if (std::strcmp(first, "--grab") == 0 && count < 3) {
+    QStringList words;
+    for (int i = 1; i < count; ++i)
+        words.append(QString::fromLocal8Bit(arguments[i]));
+    if (!RequestOf(words)) {
         std::fputs(usage, stderr);
         return 2;
     }
@@ -64,12 +105,9 @@ int main(int argc, char** argv)
     QApplication::setDesktopFileName(u"orchard-bench"_s);
     QApplication::setWindowIcon(QIcon(u":/icons/app.svg"_s));
 
-    QStringList pieces = QApplication::arguments().mid(1);
-    QString picture;
-    if (pieces.size() >= 2 && pieces[0] == QLatin1String("--grab")) {
-        picture = pieces[1];
-        pieces = pieces.mid(2);
-    }
+    Request request = RequestOf(QApplication::arguments().mid(1)).value_or(Request());
+    if (!request.picture.isEmpty() && !request.size)
+        request.size = ob::frmMain::FirstSize;
 
     ob::dlgStandard boxes;
     ob::SetDialogs(&boxes);
@@ -79,10 +117,10 @@ int main(int argc, char** argv)
             frame = std::make_unique<ob::frmMain>();
             return frame.get();
         });
-        frame->Load();
-        ob::OpenFiles(pieces, ob::FileSource::CommandLine);
+        frame->Load(request.size);
+        ob::OpenFiles(request.files, ob::FileSource::CommandLine);
     });
     if (start == ob::CommandEnd::Failed)
         return 1;
-    return picture.isEmpty() ? QApplication::exec() : SavePicture(*frame, picture);
+    return request.picture.isEmpty() ? QApplication::exec() : SavePicture(*frame, request.picture);
 }

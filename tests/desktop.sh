@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The program on a real X server, with mouse and keyboard: open a file, click into it, type, save, run it with an
-# engine, exit.
+# engine, exit. And the pictures that it saves of itself.
 # usage: desktop.sh BIN_FOLDER
 set -euo pipefail
 bin=$1
@@ -61,4 +61,17 @@ wait_for 10 ended || fail "the program did not end"
 wait "$bench" || fail "the program ended with status $?"
 bench=
 grep -q '^MainWidth=' "$XDG_CONFIG_HOME/OB Bench.ini" || fail "the settings were not stored"
+
+# A picture has a size of its own, whatever the screen's.
+size_of() { od -An -tu1 -j16 -N8 "$1" | awk '{ print $3 * 256 + $4 "x" $7 * 256 + $8 }'; }
+export QT_QPA_PLATFORM=offscreen
+"$bin/orchard-bench" --grab "$work/usual.png" "$work/game.bas" 2>/dev/null || fail "no picture was saved"
+[ "$(size_of "$work/usual.png")" = 1280x800 ] || fail "the picture is $(size_of "$work/usual.png")"
+"$bin/orchard-bench" --grab "$work/small.png" --size 700x500 2>/dev/null || fail "no small picture was saved"
+[ "$(size_of "$work/small.png")" = 700x500 ] || fail "the small picture is $(size_of "$work/small.png")"
+for wrong in 700 700x 0x500 700x500x2 big; do
+  status=0
+  "$bin/orchard-bench" --size "$wrong" 2>"$work/usage" || status=$?
+  [ $status = 2 ] && grep -q usage "$work/usage" || fail "--size $wrong ended with $status"
+done
 echo "Opened, typed, saved, ran and ended on a real server."

@@ -12,9 +12,9 @@
 #include "platform/dialogs/modDialogs.h"
 #include "shell/bench/frmMainMenu.h"
 #include "shell/bench/frmMainWindows.h"
+#include "shell/bench/frmStartPage.h"
 #include "shell/bench/frmStatusBar.h"
 #include "shell/bench/frmTools.h"
-#include "shell/bench/modArrange.h"
 #include "shell/bench/modStart.h"
 #include "shell/help/frmHelp.h"
 #include "shell/state/Module1.h"
@@ -49,11 +49,6 @@ namespace ob {
 namespace {
 
 constexpr int TwipsPerInch = 1440;
-
-float ToTwips(int pixels, int perPixel)
-{
-    return static_cast<float>(pixels * perPixel);
-}
 
 } // namespace
 
@@ -113,6 +108,7 @@ void frmMain::MakeCentre()
     mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     connect(mdi, &QMdiArea::subWindowActivated, this, &frmMain::SubWindowActivated);
+    startPage = new frmStartPage(*mdi);
     auto* row = new QHBoxLayout(centre);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
@@ -157,31 +153,21 @@ void frmMain::AskToHideToolbar()
         ShowToolbar(false);
 }
 
-void frmMain::Load()
+void frmMain::Load(std::optional<QSize> size)
 {
     LoadState();
-    PlaceWindow();
+    const StartState state = PlaceWindow(size);
     RefreshUserButtonMenu();
     OpenAtLoad();
-    show();
+    startPage->Follow();
+    if (state == StartState::Maximized)
+        showMaximized();
+    else
+        show();
     setWindowTitle(MainCaption());
     // The files of the command line need not wait until the tip has been read.
     if (ShowTips)
         QTimer::singleShot(0, this, [] { RunCommand(OpenToolModally<frmTip>); });
-}
-
-void frmMain::PlaceWindow()
-{
-    const WindowPlace twips = ReadWindowPlace();
-    const auto pixels = [](float value, int perPixel) { return static_cast<double>(value) / perPixel; };
-    QList<QRect> screens;
-    for (const QScreen* each : QApplication::screens())
-        screens.append(each->geometry());
-    const QRect place = ReachablePlace({pixels(twips.left, TwipsPerPixelX), pixels(twips.top, TwipsPerPixelY),
-                                        pixels(twips.width, TwipsPerPixelX), pixels(twips.height, TwipsPerPixelY)},
-                                       screens);
-    move(place.topLeft());
-    resize(place.size());
 }
 
 ActiveChild frmMain::ActiveKind() const
@@ -377,10 +363,7 @@ void frmMain::closeEvent(QCloseEvent* event)
             return;
         }
     }
-    if (!isMinimized()) {
-        SaveWindowPlace({ToTwips(x(), TwipsPerPixelX), ToTwips(y(), TwipsPerPixelY), ToTwips(width(), TwipsPerPixelX),
-                         ToTwips(height(), TwipsPerPixelY)});
-    }
+    StorePlace();
     SaveAllSettings();
     event->accept();
 }

@@ -8,8 +8,10 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QRect>
 
 #include <memory>
+#include <optional>
 
 class QKeyEvent;
 class QMdiArea;
@@ -22,7 +24,11 @@ class cDesigner;
 class frmDocument;
 class frmGui;
 class frmPalette;
+class frmStartPage;
 class frmStatusBar;
+
+// How the window comes up.
+enum class StartState { Normal, Maximized };
 
 class frmMain final : public QMainWindow, public cMainForm, public cGuiWindow {
     Q_OBJECT
@@ -34,8 +40,12 @@ public:
     // The main window; null while there is none.
     static frmMain* Instance();
 
-    // Everything between creating and showing the window: settings, recent files, the first code window.
-    void Load();
+    // The size in pixels at the first start, where nothing maximizes windows, and of a picture.
+    static constexpr QSize FirstSize{1280, 800};
+
+    // Everything between creating and showing the window: settings, recent files, the first code window. With a size
+    // it opens in that one, otherwise as it was closed, and maximized before anything was ever stored.
+    void Load(std::optional<QSize> size = {});
 
     ActiveChild ActiveKind() const override;
     cDocument* ActiveDocument() const override;
@@ -71,6 +81,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -79,7 +90,8 @@ private:
     void MakeToolbar();
     void MakeCentre();
     void AskToHideToolbar();
-    void PlaceWindow();
+    StartState PlaceWindow(std::optional<QSize> size);
+    void StorePlace();
     frmDocument* AddWindow(cDocument& document);
     QMdiSubWindow* AddChild(QWidget& child);
     void SubWindowActivated(QMdiSubWindow* window);
@@ -87,6 +99,8 @@ private:
     QMdiSubWindow* SubWindowOf(const QWidget* child) const;
 
     QMdiArea* mdi = nullptr;
+    frmStartPage* startPage = nullptr;
+    std::optional<QRect> normalPlace; // until the window leaves the maximized state of a first start
     QToolBar* tbToolBar = nullptr;
     std::unique_ptr<cDesigner> designer; // of the form shown by gui
     frmPalette* picGui = nullptr;

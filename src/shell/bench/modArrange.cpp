@@ -2,8 +2,11 @@
 // The places of arranged child windows.
 #include "shell/bench/modArrange.h"
 
+#include "shell/state/modPlaces.h"
+
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace ob {
 
@@ -47,6 +50,11 @@ QList<QRect> Columns(QSize area, int count)
     return places;
 }
 
+qint64 AreaOf(const QRect& place)
+{
+    return place.isEmpty() ? 0 : qint64{place.width()} * place.height();
+}
+
 } // namespace
 
 QList<QRect> ArrangedPlaces(Arrangement arrangement, QSize area, int count, int titleHeight)
@@ -74,11 +82,9 @@ QList<QRect> IconPlaces(QSize area, int count, QSize icon)
     return places;
 }
 
-QRect ReachablePlace(const StoredPlace& stored, const QList<QRect>& screens)
+QRect PlaceOnScreens(const StoredPlace& stored, const QList<QRect>& screens)
 {
     constexpr QSize least(200, 150);
-    constexpr int gripWidth = 60;
-    constexpr int gripHeight = 24;
     QRect span;
     for (const QRect& screen : screens)
         span = span.united(screen);
@@ -89,12 +95,17 @@ QRect ReachablePlace(const StoredPlace& stored, const QList<QRect>& screens)
                      whole(stored.height, least.height(), span.height()));
     const auto coordinate = [](double value) { return static_cast<int>(std::round(std::clamp(value, -1e6, 1e6))); };
     const QRect place(QPoint(coordinate(stored.left), coordinate(stored.top)), size);
-    for (const QRect& screen : screens) {
-        const QRect grip = QRect(place.topLeft(), QSize(size.width(), gripHeight)).intersected(screen);
-        if (grip.width() >= gripWidth && grip.height() >= gripHeight / 2)
-            return place;
-    }
-    return QRect(screens.isEmpty() ? QPoint() : screens.first().topLeft(), size);
+    if (screens.isEmpty())
+        return place;
+    const auto shared = [&place](const QRect& screen) { return AreaOf(place.intersected(screen)); };
+    const qint64 seen = std::accumulate(screens.begin(), screens.end(), qint64{0},
+                                        [&](qint64 sum, const QRect& screen) { return sum + shared(screen); });
+    if (seen == AreaOf(place))
+        return place;
+    const auto fullest = std::max_element(screens.begin(), screens.end(), [&](const QRect& one, const QRect& other) {
+        return shared(one) < shared(other);
+    });
+    return PulledOnto(*fullest, place);
 }
 
 } // namespace ob

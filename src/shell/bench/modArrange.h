@@ -16,15 +16,15 @@ enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2, Icon
 QList<QRect> ArrangedPlaces(Arrangement arrangement, QSize area, int count, int titleHeight);
 QList<QRect> IconPlaces(QSize area, int count, QSize icon);
 
-// The place of a main window with this stored rectangle (in pixels, with any values): the rectangle itself when enough
-// of its upper edge to drag it by is on one of the screens, otherwise the same size in the first screen's corner. No
-// side is below a minimum size or beyond the extent of all screens together.
+// The place of a main window with this stored rectangle (in pixels, with any values): the rectangle itself when all of
+// it is on the screens, otherwise pulled whole onto the one that has most of it, or the first. No side is below a
+// minimum size.
 struct StoredPlace {
     double left = 0;
     double top = 0;
     double width = 0;
     double height = 0;
 };
-QRect ReachablePlace(const StoredPlace& stored, const QList<QRect>& screens);
+QRect PlaceOnScreens(const StoredPlace& stored, const QList<QRect>& screens);
 
 } // namespace ob

@@ -111,6 +111,11 @@ void WriteRemembered(const QString& section, const QString& key, const QString& 
     Store()->setValue(Address(section, key), value);
 }
 
+bool HasSettings()
+{
+    return !Store()->allKeys().isEmpty();
+}
+
 void SyncSettings()
 {
     try {

@@ -17,6 +17,9 @@ void WriteSetting(const QString& key, const QString& value);
 QString ReadRemembered(const QString& section, const QString& key);
 void WriteRemembered(const QString& section, const QString& key, const QString& value);
 
+// False before the bench has stored anything for this user.
+bool HasSettings();
+
 // Waits until the disk has all that was stored. There is no box for a store that cannot be written: its reason goes to
 // the status bar's first panel at the next turn of the event loop, and the next call tries again.
 void SyncSettings();

@@ -66,9 +66,20 @@ private Q_SLOTS:
     void aStoredPlaceOnAScreenIsKept()
     {
         const QList<QRect> screens = {QRect(0, 0, 1280, 800), QRect(1280, 0, 1000, 800)};
-        QCOMPARE(ReachablePlace({100, 50, 600, 400}, screens), QRect(100, 50, 600, 400));
-        QCOMPARE(ReachablePlace({1500, 700, 600, 400}, screens), QRect(1500, 700, 600, 400));
-        QCOMPARE(ReachablePlace({-500, 0, 600, 400}, screens), QRect(-500, 0, 600, 400));
+        QCOMPARE(PlaceOnScreens({100, 50, 600, 400}, screens), QRect(100, 50, 600, 400));
+        QCOMPARE(PlaceOnScreens({1500, 300, 600, 400}, screens), QRect(1500, 300, 600, 400));
+        QCOMPARE(PlaceOnScreens({1000, 50, 600, 400}, screens), QRect(1000, 50, 600, 400));
+    }
+
+    void aStoredPlaceThatHangsOffItsScreenIsPulledInWhole()
+    {
+        const QList<QRect> screens = {QRect(0, 0, 1280, 800), QRect(1280, 0, 1000, 600)};
+        QCOMPARE(PlaceOnScreens({-500, 0, 600, 400}, screens), QRect(0, 0, 600, 400));
+        QCOMPARE(PlaceOnScreens({900, 700, 300, 400}, screens), QRect(900, 400, 300, 400));
+        QCOMPARE(PlaceOnScreens({1500, 300, 600, 400}, screens), QRect(1500, 200, 600, 400));
+        QCOMPARE(PlaceOnScreens({2200, -40, 300, 400}, screens), QRect(1980, 0, 300, 400));
+        // As large as a font four times the usual size makes it.
+        QCOMPARE(PlaceOnScreens({100, 100, 1733, 1733}, screens), QRect(0, 0, 1280, 800));
     }
 
     void aStoredPlaceOffEveryScreenIsMovedOntoOne_data()
@@ -87,15 +98,18 @@ private Q_SLOTS:
     {
         QFETCH(double, left);
         QFETCH(double, top);
-        QCOMPARE(ReachablePlace({left, top, 600, 400}, {QRect(0, 0, 1280, 800)}), QRect(0, 0, 600, 400));
+        const QRect screen(0, 0, 1280, 800);
+        const QRect place = PlaceOnScreens({left, top, 600, 400}, {screen});
+        QCOMPARE(place.size(), QSize(600, 400));
+        QVERIFY(screen.contains(place));
     }
 
     void aStoredSizeIsNeverAbsurd()
     {
         const QList<QRect> screens = {QRect(0, 0, 1280, 800)};
-        QCOMPARE(ReachablePlace({0, 0, 0, -5}, screens).size(), QSize(200, 150));
-        QCOMPARE(ReachablePlace({0, 0, 1e12, 1e30}, screens).size(), QSize(1280, 800));
-        QCOMPARE(ReachablePlace({0, 0, std::nan(""), 400}, screens).size(), QSize(200, 400));
+        QCOMPARE(PlaceOnScreens({0, 0, 0, -5}, screens).size(), QSize(200, 150));
+        QCOMPARE(PlaceOnScreens({0, 0, 1e12, 1e30}, screens).size(), QSize(1280, 800));
+        QCOMPARE(PlaceOnScreens({0, 0, std::nan(""), 400}, screens).size(), QSize(200, 400));
     }
 };
 
