@@ -19,20 +19,36 @@ namespace {
 
 constexpr char KeepsLineEnds[] = "keepsLineEnds";
 
-// The picture with each of its colours lighter or darker, so that it can be seen on the ground.
-QPixmap PictureOn(const QColor& ground, const QPixmap& picture)
+// The colour, mixed with that of the row's text as far as it takes to be seen on the row.
+QColor SeenOn(const QPalette& row, const QColor& color)
+{
+    const QColor text = row.color(QPalette::HighlightedText);
+    const auto mixed = [&](float share) {
+        const auto part = [share](float from, float to) { return from + share * (to - from); };
+        return QColor::fromRgbF(part(color.redF(), text.redF()), part(color.greenF(), text.greenF()),
+                                part(color.blueF(), text.blueF()));
+    };
+    for (int tenths = 0; tenths < 10; ++tenths)
+        if (const QColor seen = mixed(static_cast<float>(tenths) / 10);
+            ContrastOf(row.color(QPalette::Highlight), seen) >= PictureContrast)
+            return seen;
+    return text;
+}
+
+// The picture as it is shown on a selected row.
+QPixmap PictureOn(const QPalette& row, const QPixmap& picture)
 {
     QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
-    QHash<QRgb, QRgb> readable; // few colours, as shapes are smoothed by their alpha
+    QHash<QRgb, QRgb> seen; // few colours, as shapes are smoothed by their alpha
     for (int y = 0; y < image.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
             if (qAlpha(line[x]) == 0)
                 continue;
-            const QRgb color = line[x] | 0xFF000000U;
-            auto found = readable.constFind(color);
-            if (found == readable.constEnd())
-                found = readable.insert(color, ReadableOn(ground, QColor(color), PictureContrast).rgb());
+            const QRgb color = line[x] | ~RGB_MASK;
+            auto found = seen.constFind(color);
+            if (found == seen.constEnd())
+                found = seen.insert(color, SeenOn(row, QColor(color)).rgb());
             line[x] = (*found & RGB_MASK) | (line[x] & ~RGB_MASK);
         }
     }
@@ -45,7 +61,7 @@ QIcon IconOnSelection(const QStyleOptionMenuItem& item, const QStyle& style, con
     const qreal scale = widget == nullptr ? qApp->devicePixelRatio() : widget->devicePixelRatioF();
     const QPixmap picture =
         item.icon.pixmap(QSize(size, size), scale, QIcon::Active, item.checked ? QIcon::On : QIcon::Off);
-    return picture.isNull() ? item.icon : QIcon(PictureOn(item.palette.color(QPalette::Highlight), picture));
+    return picture.isNull() ? item.icon : QIcon(PictureOn(item.palette, picture));
 }
 
 bool IsFocusedList(const QWidget* widget)

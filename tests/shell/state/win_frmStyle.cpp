@@ -32,7 +32,8 @@ void PasteInto(QLineEdit& field, const QString& text)
 QPalette DarkPalette()
 {
     QPalette dark(QColor(45, 45, 45));
-    dark.setColor(QPalette::Highlight, QColor(20, 60, 110));
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
     return dark;
 }
 
