@@ -10,7 +10,9 @@
 #include "imagetools/pictures/modPicture.h"
 #include "imagetools/pictures/modStrip256.h"
 #include "platform/dialogs/frmCommand.h"
+#include "platform/dialogs/frmPatience.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
 #include "platform/files/modFolders.h"
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
@@ -143,8 +145,11 @@ void dlgToolbar::cmdAdd_Click()
     FileSpec box{FilePurpose::Open, {}, {}, {}, u"Images (*.bmp)(*.ico)|*.BMP;*.ICO"_s};
     box.extension = u"BMP"_s;
     const QString path = FileBox(box);
-    if (!path.isEmpty())
-        AddButton(ToolbarPicture(path));
+    if (path.isEmpty())
+        return;
+    const auto picture = RunPatiently(u"Reading %1..."_s.arg(NameOf(path)), [path] { return ToolbarPicture(path); });
+    if (picture)
+        AddButton(*picture);
 }
 
 void dlgToolbar::cmdStandard_Click()

@@ -189,8 +189,8 @@ void frmSnip::cmdSave_Click()
     ui->lblState->clear();
     if (ui->txtName->text().isEmpty())
         ui->txtName->setText(u"Untitled Snippet"_s);
-    const QString path =
-        FileBox({FilePurpose::Save, u"Save As"_s, folder, OfferedSnippetName(ui->txtName->text()), SnippetFilter});
+    const QString path = FileBox(
+        {FilePurpose::Save, u"Save As"_s, folder, OfferedSnippetName(ui->txtName->text()), SnippetFilter, u"snip"_s});
     if (path.isEmpty() || SaveSnippet(path, PlainTextOf(*ui->txtSnipDisplay)) == SnippetSave::Declined)
         return;
     ui->txtSnipDisplay->document()->setModified(false);

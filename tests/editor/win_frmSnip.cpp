@@ -252,6 +252,16 @@ private Q_SLOTS:
         QCOMPARE(Name()->text(), u"x"_s);
     }
 
+    void aSavedSnippetGetsItsEnding()
+    {
+        Open();
+        Name()->setText(u"x"_s);
+        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
+        Button("cmdSave")->click();
+        QCOMPARE(bench->dialogs.LastFile().name, u"x"_s);
+        QCOMPARE(bench->dialogs.LastFile().extension, u"snip"_s);
+    }
+
     void enterInTheNameSaves()
     {
         Open();

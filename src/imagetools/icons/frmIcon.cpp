@@ -5,6 +5,7 @@
 #include "imagetools/icons/dlgBmp.h"
 #include "imagetools/icons/frmIconMenu.h"
 #include "imagetools/icons/modIconFile.h"
+#include "imagetools/pictures/frmPictureReading.h"
 #include "imagetools/pictures/modPicture.h"
 #include "platform/dialogs/frmCommand.h"
 #include "platform/files/modFiles.h"
@@ -376,7 +377,10 @@ void frmIcon::openBitmap_Click()
         ToolFileBox(*this, {FilePurpose::Open, u"Open Bitmap"_s, {}, {}, u"Images (*.bmp)|*.BMP;*.JPG;*.WMF;"_s});
     if (path.isEmpty())
         return;
-    bitmap = LoadPicture(path);
+    std::optional<cDIBSection> read = ReadPicture(path);
+    if (!read)
+        return;
+    bitmap = *std::move(read);
     heldIcon.reset();
     ui->fraChoose->hide();
     ShowOriginal({}, {});
@@ -430,10 +434,16 @@ void frmIcon::sva_Click()
     box.title = u"Save As"_s;
     box.filter = u"Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp"_s;
     box.filterIndex = &filter;
+    box.extension = u"ico"_s;
     const QString path = ToolFileBox(*this, box);
     if (path.isEmpty())
         return;
-    ReplaceFile(path, filter == 1 ? BitmapFileOf(sheet.icon) : IconFileOf(sheet.icon));
+    try {
+        ReplaceFile(path, filter == 1 ? BitmapFileOf(sheet.icon) : IconFileOf(sheet.icon));
+    } catch (RuntimeError& error) {
+        error.reason += u". Choose another folder or another name."_s;
+        throw;
+    }
     MarkSaved(sheet);
     ShowSheet(u"Saved as %1."_s.arg(NameOf(path)));
 }

@@ -7,12 +7,14 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
+#include "platform/files/modFolders.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/work/cWork.h"
 #include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMedia.h"
 
+#include <QFileInfo>
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -76,6 +78,8 @@ void frmMedia::cmdOpen_Click()
                        {FilePurpose::Open, u"Open File..."_s, {}, {}, u"Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"_s});
     ui->lblFile->setText(file.isEmpty() ? u"No File"_s : file);
     WriteCodeMedia();
+    if (!tmrPlay->isActive())
+        ShowTime(0);
     if (!file.isEmpty())
         ui->cmdPlay->setFocus();
 }
@@ -98,6 +102,7 @@ void frmMedia::cmdPlay_Click()
         return;
     }
     tmrPlay->start();
+    played = file;
     ShowTime(0);
     ui->lblSilent->setVisible(IsMediaSilent());
     if (const QString missing = MissingMediaText(); !missing.isEmpty())
@@ -123,7 +128,9 @@ void frmMedia::cmdCopy_Click()
         MsgBox(u"No file to save!"_s);
         return;
     }
-    const QString target = ToolFileBox(*this, {FilePurpose::Save, u"Save As..."_s, {}, {}, MediaCopyFilter(file)});
+    const QString target = ToolFileBox(
+        *this,
+        {FilePurpose::Save, u"Save As..."_s, {}, CopyNameOf(file), MediaCopyFilter(file), QFileInfo(file).suffix()});
     if (target.isEmpty())
         return;
     try {
@@ -148,8 +155,14 @@ void frmMedia::tmrPlay_Timer()
 
 void frmMedia::ShowTime(float position)
 {
-    ui->lblNow->setText(MediaTimeText(position, MediaLength()));
-    const float part = MediaLength() > 0 ? position / MediaLength() : 0;
+    // Times belong to the file last played, which the one in the field need not be.
+    const bool isOther = played != file;
+    const float length = isOther && !tmrPlay->isActive() ? 0 : MediaLength();
+    ui->lblNow->setText((isOther && length > 0 ? NameOf(played) + u"  "_s : QString()) +
+                        MediaTimeText(position, length));
+    if (isOther && !tmrPlay->isActive())
+        ui->lblSilent->hide();
+    const float part = length > 0 ? position / length : 0;
     ui->prgNow->setValue(static_cast<int>(part * static_cast<float>(ui->prgNow->maximum())));
 }
 

@@ -37,7 +37,8 @@ private:
 
     std::unique_ptr<Ui::frmMedia> ui;
     QTimer* tmrPlay;
-    QString file; // empty for none
+    QString file;   // empty for none
+    QString played; // the file last played
 };
 
 void mnuToolMedia_Click();

@@ -6,6 +6,7 @@
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFolders.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/media/modMci.h"
 #include "shell/state/frmTool.h"
@@ -24,7 +25,10 @@ frmWav::frmWav(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmWa
         ui->lblState->setText(u"Reading the folder..."_s);
     });
     On(browser, &FolderBrowser::FilesListed, this, [this] { ShowCount(); });
-    On(browser, &FolderBrowser::ChoiceChanged, this, [this] { Fil_Click(); });
+    On(browser, &FolderBrowser::ChoiceChanged, this, [this] {
+        Fil_Click();
+        ShowCount();
+    });
     On(ui->Fil, &QListView::doubleClicked, this, &frmWav::cmdPlay_Click);
     On(ui->cmdPlay, this, &frmWav::cmdPlay_Click);
     On(ui->cmdStop, this, &frmWav::cmdStop_Click);
@@ -79,15 +83,17 @@ void frmWav::cmdCopy_Click()
         MsgBox(u"No wav is chosen!"_s);
         return;
     }
-    const QString target =
-        FileBox({FilePurpose::Save, u"Save As..."_s, browser->Folder(), {}, u"Wav sound file (*.wav)|*.wav"_s});
+    const QString target = FileBox({FilePurpose::Save, u"Save As..."_s, browser->Folder(),
+                                    CopyNameOf(browser->ChosenName()), u"Wav sound file (*.wav)|*.wav"_s, u"wav"_s});
     if (target.isEmpty())
         return;
     try {
         CopyMedia(browser->ChosenPath(), target);
     } catch (const RuntimeError& error) {
         FailureBox(u"Error saving file!"_s, error);
+        return;
     }
+    browser->FileSaved(target);
 }
 
 void frmWav::cmdExit_Click()

@@ -2,28 +2,32 @@
 // Browses pictures. They are read away from the window's thread, so that a large one delays nothing.
 #include "imagetools/pictures/frmBitmap.h"
 
+#include "imagetools/pictures/frmFileList.h"
+#include "imagetools/pictures/frmPictureReading.h"
 #include "imagetools/pictures/modImageFiles.h"
 #include "platform/desktop/modClipboard.h"
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/frmFolderBrowser.h"
+#include "platform/dialogs/frmPatience.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmBitmap.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace ob {
-
-using namespace std::chrono_literals;
 
 frmBitmap::frmBitmap(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmBitmap>()),
       loader(LoadPreview, [this] { RunCommand([this] { TakePreview(); }); })
 {
     ui->setupUi(this);
-    ui->splitter->setSizes({width() / 2, width() / 2});
+    ui->splitter->setSizes({width() * 2 / 5, width() * 2 / 5, width() / 5});
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns(ImageLibrary::Unused), this);
+    order = new frmFileList({ui->lstBmps, ui->cmdRemove, ui->cmdUp, ui->cmdDown}, this);
     Connect();
     ShowListCount();
     StartInLastFolder(*this, *browser);
@@ -46,6 +50,11 @@ void frmBitmap::Connect()
         if (!path.isEmpty())
             AskFor(path);
     });
+    On(order, &frmFileList::Removed, this, [this](int place) {
+        list.Remove(place);
+        ShowListCount();
+    });
+    On(order, &frmFileList::Moved, this, [this](int from, int to) { list.Move(from, to); });
     On(ui->chkDLL, this, &frmBitmap::chkDLL_Click);
     On(ui->cmdAdd, this, &frmBitmap::cmdAdd_Click);
     On(ui->cmdCreate, this, &frmBitmap::cmdCreate_Click);
@@ -82,6 +91,7 @@ void frmBitmap::TakePreview()
 void frmBitmap::ShowPreview(const Preview& preview)
 {
     if (preview.IsEmpty()) {
+        refused = preview.path;
         ui->lblProblem->setText(CannotBeShownText(preview.path));
         return;
     }
@@ -99,6 +109,7 @@ void frmBitmap::File1_Click()
     if (name.isEmpty())
         return;
     ui->lblProblem->clear();
+    refused.clear();
     AskFor(browser->ChosenPath());
 }
 
@@ -109,13 +120,38 @@ void frmBitmap::chkDLL_Click()
 
 // --- The list. ------------------------------------------------------------------------------------------------------
 
+// What is done with a picture applies to the last choice, even while that is still being read.
+frmBitmap::Reading frmBitmap::FinishReading()
+{
+    constexpr std::chrono::milliseconds moment(100);
+    if (const auto newest = loader.Wait(moment))
+        ShowPreview(*newest);
+    if (!loader.IsBusy())
+        return Reading::Finished;
+    const auto preview =
+        RunPatiently(ReadingText(asked), [request = ui->Picture1->RequestFor(asked)] { return LoadPreview(request); });
+    if (!preview)
+        return Reading::Cancelled;
+    ShowPreview(*preview);
+    return Reading::Finished;
+}
+
 void frmBitmap::cmdAdd_Click()
 {
+    const QString path = browser->ChosenPath();
+    // A program could not load what cannot be shown; the line below the preview says so.
+    if (FinishReading() == Reading::Cancelled || refused == path)
+        return;
     const qsizetype place = browser->ChosenPlace();
-    if (list.Add(browser->ChosenPath()) == cLoadBmpList::Answer::Full)
+    if (list.Add(path) == cLoadBmpList::Answer::Full) {
         MsgBox(BmpListFullText);
-    else
+    } else {
+        ui->lstBmps->addItem(NameOf(path));
+        ui->lstBmps->item(ui->lstBmps->count() - 1)->setToolTip(path);
+        ui->lstBmps->setCurrentRow(ui->lstBmps->count() - 1);
         browser->Choose(place + 1);
+    }
+    order->ShowButtons();
     ShowListCount();
 }
 
@@ -141,18 +177,18 @@ void frmBitmap::cmdCreate_Click()
 
 void frmBitmap::cmdCopy_Click()
 {
-    constexpr auto patience = 5s;
-    // Applies to the last choice, even while it is still being read.
-    if (const auto preview = loader.Wait(patience))
-        ShowPreview(*preview);
+    if (FinishReading() == Reading::Cancelled)
+        return;
     if (picture2.IsEmpty()) {
         MsgBox(u"No bitmap to save!"_s, BoxIcon::Exclamation);
         return;
     }
-    const QString path = FileBox({FilePurpose::Save, u"Save As..."_s, browser->Folder(), QString(),
-                                  u"Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;"_s});
-    if (!path.isEmpty())
-        SaveImageFile(picture2.path, path, ui->chk256->isChecked() ? ImageColors::Reduced256 : ImageColors::AsTheyAre);
+    const ImageColors colors = ui->chk256->isChecked() ? ImageColors::Reduced256 : ImageColors::AsTheyAre;
+    const QString copy = CopyNameFor(picture2.path, colors);
+    const QString path = FileBox({FilePurpose::Save, u"Save As..."_s, browser->Folder(), copy,
+                                  u"Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;"_s, QFileInfo(copy).suffix()});
+    if (!path.isEmpty() && SaveImageFile(picture2.path, path, colors, ReadPicture) == ImageSave::Done)
+        browser->FileSaved(path);
 }
 
 void frmBitmap::cmdJpg_Click()

@@ -16,6 +16,7 @@ class frmBitmap;
 namespace ob {
 
 class FolderBrowser;
+class frmFileList;
 
 class frmBitmap final : public QDialog {
     Q_OBJECT
@@ -33,6 +34,8 @@ private:
     void TakePreview();
     void ShowPreview(const Preview& preview);
     void ShowListCount();
+    enum class Reading { Finished, Cancelled };
+    Reading FinishReading();
 
     void File1_Click();
     void chkDLL_Click();
@@ -45,8 +48,10 @@ private:
     FolderBrowser* browser = nullptr; // owned by this window
     cPreviewLoader loader;
     QString asked;    // the picture last requested from the loader
+    QString refused;  // the picture that was asked for last, if it cannot be shown
     Preview picture2; // the picture on the screen
     cLoadBmpList list;
+    frmFileList* order = nullptr; // of the list
 };
 
 void mnuToolBitmap_Click();

@@ -2,13 +2,14 @@
 // The bitmap previewer's file operations.
 #include "imagetools/pictures/modImageFiles.h"
 
-#include "imagetools/pictures/modPicture.h"
 #include "imagetools/pictures/modStrip256.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modFolders.h"
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/modTexts.h"
+
+#include <QFileInfo>
 
 #include <new>
 
@@ -26,12 +27,17 @@ std::optional<std::string_view> Embedded(int number)
     return EmbeddedText(number, u"CUSTOM"_s);
 }
 
-void Save(const QString& source, const QString& target, ImageColors colors)
+ImageSave Save(const QString& source, const QString& target, ImageColors colors, const PictureReader& read)
 {
-    if (colors == ImageColors::Reduced256)
-        SaveAs256(LoadPicture(source), target);
-    else
+    if (colors == ImageColors::AsTheyAre) {
         ReplaceFile(target, ReadWhole(source), Durability::Unsynced);
+        return ImageSave::Done;
+    }
+    const std::optional<cDIBSection> picture = read(source);
+    if (!picture)
+        return ImageSave::Not;
+    SaveAs256(*picture, target);
+    return ImageSave::Done;
 }
 
 } // namespace
@@ -47,21 +53,28 @@ QString CannotBeShownText(const QString& path)
     return NameOf(path) + u" cannot be shown."_s;
 }
 
-void SaveImageFile(const QString& source, const QString& target, ImageColors colors)
+ImageSave SaveImageFile(const QString& source, const QString& target, ImageColors colors, const PictureReader& read)
 {
     const QString failed = u"Error saving file!"_s;
     try {
-        Save(source, target, colors);
+        if (Save(source, target, colors, read) == ImageSave::Not)
+            return ImageSave::Not;
     } catch (const RuntimeError& error) {
         FailureBox(failed, error);
-        return;
+        return ImageSave::Not;
     } catch (const std::bad_alloc&) {
         MsgBox(failed, BoxIcon::Critical);
-        return;
+        return ImageSave::Not;
     }
     MsgBox((colors == ImageColors::Reduced256 ? u"Image has been saved in Windows default 256-color format as "_s
                                               : u"Image has been saved as "_s) +
            target);
+    return ImageSave::Done;
+}
+
+QString CopyNameFor(const QString& source, ImageColors colors)
+{
+    return CopyNameOf(colors == ImageColors::Reduced256 ? QFileInfo(source).completeBaseName() + u".bmp"_s : source);
 }
 
 bool CarriesImageLibrary()

@@ -84,6 +84,17 @@ cLoadBmpList::Answer cLoadBmpList::Add(const QString& path)
     return Answer::Added;
 }
 
+void cLoadBmpList::Remove(int place)
+{
+    paths.removeAt(place);
+    count = static_cast<std::int16_t>(paths.size());
+}
+
+void cLoadBmpList::Move(int from, int to)
+{
+    paths.move(from, to);
+}
+
 QString LoadBmpText(const QStringList& paths, ImageLibrary library, PathInformation information)
 {
     return LoadSection(paths, library, information) + UnloadSection(paths, library);

@@ -20,6 +20,10 @@ public:
     // Increments the count, and takes the path unless the count exceeds the maximum; counts also when it takes no path.
     Answer Add(const QString& path);
 
+    // Takes one out, after which there is room again, or moves one; places from 0 to those of the paths.
+    void Remove(int place);
+    void Move(int from, int to);
+
     int Count() const { return count; }
     const QStringList& Paths() const { return paths; }
 

@@ -11,6 +11,7 @@
 
 #include <QBuffer>
 #include <QClipboard>
+#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImageReader>
@@ -47,6 +48,20 @@ cDIBSection PictureOfMetafile(QByteArrayView bytes)
     return picture;
 }
 
+QString AdviceOn(const RuntimeError& error)
+{
+    switch (static_cast<ErrorNumber>(error.number)) {
+    case ErrorNumber::InvalidPicture:
+        return u"The file is damaged or holds no picture. Open it in a paint program and save it again."_s;
+    case ErrorNumber::FileNotFound:
+        return u"The file is not there any more."_s;
+    case ErrorNumber::PathFileAccess:
+        return u"The file cannot be opened. Check that you may read it."_s;
+    default:
+        return error.reason.isEmpty() ? u"The file cannot be read from its disk."_s : error.reason;
+    }
+}
+
 } // namespace
 
 cDIBSection PictureOfBytes(QByteArrayView bytes)
@@ -61,7 +76,11 @@ cDIBSection PictureOfBytes(QByteArrayView bytes)
 
 cDIBSection LoadPicture(const QString& path)
 {
-    return PictureOfBytes(ReadWhole(path));
+    try {
+        return PictureOfBytes(ReadWhole(path));
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.number, QDir::toNativeSeparators(path), error.description, AdviceOn(error));
+    }
 }
 
 bool CopyToClipboard(const cDIBSection& picture, ClipboardForm form)

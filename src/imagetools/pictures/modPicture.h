@@ -19,7 +19,8 @@ constexpr int MostPictureMegabytes = 512;
 // laid on white. Raises InvalidPicture.
 cDIBSection PictureOfBytes(QByteArrayView bytes);
 
-// The picture of a file. Raises FileNotFound, PathFileAccess, DeviceIoError, InvalidPicture.
+// The picture of a file. Raises FileNotFound, PathFileAccess, DeviceIoError, InvalidPicture, with the path as the
+// source and a reason that says what the user can do. May be called on any thread.
 cDIBSection LoadPicture(const QString& path);
 
 // Puts the picture on the clipboard. False when there is no picture or no clipboard, and, after a message, for the

@@ -2,9 +2,11 @@
 // Gives all bitmaps of a folder their masks.
 #pragma once
 
-#include "imaging/cDIBSection.h"
+#include "imagetools/sprites/modMask.h"
 
+#include <QDateTime>
 #include <QDialog>
+#include <QHash>
 
 #include <atomic>
 #include <memory>
@@ -36,14 +38,26 @@ Q_SIGNALS:
 private:
     enum class State { Choosing, AtWork, Cancelled };
 
+    // A file as this window wrote it; one that has been changed since is another sprite.
+    struct Written {
+        qint64 size = 0;
+        QDateTime time;
+        bool operator==(const Written&) const = default;
+    };
+
     void SetState(State next);
+    static Written StateOf(const QString& path);
+    bool IsMasked(const QString& path) const;
     void MaskAll(const QString& folder, const QStringList& names);
-    void ShowProgress(const QString& folder, qsizetype place, qsizetype count);
+    BatchEnd Mask(const QString& folder, const QStringList& left, qsizetype count);
+    void ShowProgress(const QString& folder, const QString& name, qsizetype place, qsizetype count);
+    void ShowOutcome(const QString& text);
 
     void OKButton_Click();
 
     std::unique_ptr<Ui::frmBatch> ui;
     FolderBrowser* browser;
+    QHash<QString, Written> masked;             // by this window, by path
     std::atomic<State> state = State::Choosing; // the work looks at it
 };
 

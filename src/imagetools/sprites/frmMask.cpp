@@ -2,17 +2,21 @@
 // Makes the mask of a sprite and shows both.
 #include "imagetools/sprites/frmMask.h"
 
-#include "imagetools/pictures/modPicture.h"
+#include "imagetools/pictures/frmPictureReading.h"
 #include "imagetools/sprites/frmBatch.h"
 #include "imagetools/sprites/modMask.h"
 #include "platform/dialogs/frmCommand.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/language/cRuntimeError.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmMask.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +68,11 @@ void frmMask::ShowPicture(const QString& fileName, cDIBSection picture)
 void frmMask::DoMask(const QString& fileName)
 {
     constexpr int columnsPerStep = 10;
-    ShowPicture(fileName, SpriteTwice(LoadPicture(fileName)));
+    const std::optional<cDIBSection> read = ReadPicture(fileName);
+    if (!read)
+        return;
+    ShowPicture(fileName, SpriteTwice(*read));
+    sprite = fileName;
     const Hourglass pointer;
     // The picture must be laid out before parts of it are painted.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
@@ -88,6 +96,7 @@ void frmMask::cmdSave_Click()
     spec.purpose = FilePurpose::Save;
     spec.title = u"Save As"_s;
     spec.filter = u"Bitmap |*.bmp"_s;
+    spec.name = sprite.isEmpty() ? u"mask.bmp"_s : QFileInfo(sprite).completeBaseName() + u" mask.bmp"_s;
     spec.extension = u"bmp"_s;
     QString path;
     try {

@@ -23,7 +23,8 @@ public:
     explicit frmMask(QWidget* parent = nullptr);
     ~frmMask() override;
 
-    // Reads a sprite and shows its mask growing. Raises what LoadPicture raises, and then keeps what it showed before.
+    // Reads a sprite and shows its mask growing. Raises what LoadPicture raises; after that, and when the user cancels
+    // the reading, it shows what it showed before.
     void DoMask(const QString& fileName);
 
 private:
@@ -35,6 +36,7 @@ private:
     static void cmdHelp_Click();
 
     std::unique_ptr<Ui::frmMask> ui;
+    QString sprite;   // the file last read
     cDIBSection mask; // the sprite with its mask; without pixels at first
 };
 

@@ -138,4 +138,13 @@ QString BatchFinishedText(const QString& folder)
     return u"All bitmaps in %1 now include masks."_s.arg(QDir::toNativeSeparators(folder));
 }
 
+QString BatchFailedText(const QString& name, qsizetype done, qsizetype count)
+{
+    return u"%1 ended the work; %2 of %3 bitmaps have received masks. Mend it or take it away and press OK: the work "
+           u"goes "
+           "on with the others."_s.arg(name)
+               .arg(done)
+               .arg(count);
+}
+
 } // namespace ob

@@ -53,4 +53,7 @@ QString NoBitmapsText(const QString& folder);
 QString BatchProgressText(qsizetype place, qsizetype count, const QString& folder);
 QString BatchFinishedText(const QString& folder);
 
+// Which file ended a batch, the number of those done by then, and how to go on.
+QString BatchFailedText(const QString& name, qsizetype done, qsizetype count);
+
 } // namespace ob

@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QListView>
 #include <QStandardItemModel>
@@ -93,6 +94,7 @@ void FolderBrowser::FillDrives(const QList<Drive>& found)
 
 void FolderBrowser::ShowFolder(const QString& path)
 {
+    keptChoice.clear();
     folder = path.isEmpty() ? QDir::rootPath() : path;
     folders->clear();
     QStandardItem* above = folders->invisibleRootItem();
@@ -124,6 +126,23 @@ void FolderBrowser::SetPatterns(const QStringList& shown)
     ShowFolder(folder);
 }
 
+void FolderBrowser::FileSaved(const QString& path)
+{
+    if (QDir(QFileInfo(path).absolutePath()) != QDir(folder))
+        return;
+    const QString chosen = ChosenName();
+    ShowFolder(folder);
+    keptChoice = chosen;
+    if (!folderContents.IsStarted())
+        ChooseAgain();
+}
+
+void FolderBrowser::ChooseAgain()
+{
+    if (const QString name = std::exchange(keptChoice, {}); !name.isEmpty())
+        Choose(files->stringList().indexOf(name));
+}
+
 void FolderBrowser::ShowContents(const FolderContents& contents)
 {
     if (std::exchange(isFirst, false) && !contents.isThere && folder != QDir::currentPath()) {
@@ -142,6 +161,7 @@ void FolderBrowser::ShowContents(const FolderContents& contents)
     controls.folders->scrollTo(current);
     files->setStringList(contents.files);
     Q_EMIT FilesListed();
+    ChooseAgain();
 }
 
 void FolderBrowser::GoInto(const QModelIndex& chosen)

@@ -39,6 +39,9 @@ public:
     void ShowFolder(const QString& path);
     void SetPatterns(const QStringList& patterns); // rereads the folder
 
+    // To be called when a file has been written: one in this folder appears in the list. The chosen file stays chosen.
+    void FileSaved(const QString& path);
+
     const QString& Folder() const { return folder; }
 
     // The names in the list, and the chosen one ("" for none).
@@ -60,6 +63,7 @@ private:
     void FillDrives(const QList<Drive>& found);
     void ShowContents(const FolderContents& contents);
     void ReadFolderAgain();
+    void ChooseAgain();
     void GoInto(const QModelIndex& chosen);
     QStandardItem* FolderItem(const QString& path, const QString& name, bool open) const;
 
@@ -70,6 +74,7 @@ private:
     QStringList patterns;
     QString folder;
     bool isFirst = true; // nothing has been listed yet
+    QString keptChoice;  // chosen again when the folder has been read
     cWork<QList<Drive>> mountedDrives{Farewell::LetGo};
     cWork<FolderContents> folderContents{Farewell::LetGo};
 };

@@ -137,6 +137,13 @@ QStringList FolderChain(const QString& folder)
     return chain;
 }
 
+QString CopyNameOf(const QString& path)
+{
+    const QFileInfo file(path);
+    const QString name = file.completeBaseName() + u" copy"_s;
+    return file.suffix().isEmpty() ? name : name + u'.' + file.suffix();
+}
+
 QString PathIn(const QString& folder, const QString& name)
 {
     const QString path = QDir::toNativeSeparators(folder);

@@ -45,6 +45,9 @@ FolderContents ReadFolder(const QString& folder, const QStringList& patterns);
 // The folders from the root down to the folder itself, inclusive.
 QStringList FolderChain(const QString& folder);
 
+// The name to offer for a copy of a file, "rose copy.jpg".
+QString CopyNameOf(const QString& path);
+
 // The path of an entry in a folder. The empty name gives a path that ends in a separator.
 QString PathIn(const QString& folder, const QString& name);
 

@@ -4,6 +4,7 @@
 #include "imagetools/icons/IconBytes.h"
 #include "platform/files/FileTrouble.h"
 #include "support/BenchTest.h"
+#include "support/HeldThreads.h"
 
 #include <QCheckBox>
 #include <QFile>
@@ -322,6 +323,36 @@ private Q_SLOTS:
         QCOMPARE(TestBench::Read(bench->Path(Text("drawn.bmp"))), BitmapFileOf(Shown()));
         QVERIFY(Shown() != icon);
         QVERIFY(window->close());
+    }
+
+    void aSavedIconGetsItsEnding()
+    {
+        DrawSomething();
+        ExpectSave({});
+        Choose("sva");
+        QCOMPARE(bench->dialogs.LastFile().extension, Text("ico"));
+        QCOMPARE(bench->dialogs.LastFile().name, QString());
+    }
+
+    void aSaveThatFailsSaysWhatToDo()
+    {
+        DrawSomething();
+        QString reason;
+        SetReasonSink([&reason](const QString& text) { reason = text; });
+        ExpectSave(Text("/proc/self/a.ico"));
+        bench->dialogs.ExpectMessage(Text("Run-time error '75':\nPath/File access error"));
+        Choose("sva");
+        SetReasonSink({});
+        QVERIFY2(reason.endsWith(Text("Choose another folder or another name.")), qPrintable(reason));
+    }
+
+    void aPictureThatTakesTooLongCanBeCancelled()
+    {
+        ExpectOpenBitmap(bench->Write(Text("slow.bmp"), "BM and no more"));
+        const HeldThreads held;
+        bench->ExpectModal(Text("dlgPatience"), [](QDialog& box) { box.findChild<QPushButton*>()->click(); });
+        Choose("openBitmap");
+        QVERIFY(!Picture()->isVisible());
     }
 
     void aCancelledSaveChangesNothing()

@@ -97,6 +97,33 @@ private Q_SLOTS:
         Click("cmdCopy");
     }
 
+    void timesBelongToTheFileThatPlays()
+    {
+        OpenFile("song.mid");
+        Click("cmdPlay");
+        QCOMPARE(Now(), u"0:00 / 1:30"_s);
+        // While it plays on, the line says whose times these are.
+        OpenFile("film.avi");
+        QTRY_COMPARE(Now(), u"song.mid  0:00 / 1:30"_s);
+        Click("cmdStop");
+        QCOMPARE(Now(), u"0:00 / 0:00"_s);
+        OpenFile("song.mid");
+        Click("cmdPlay");
+        Click("cmdStop");
+        QCOMPARE(Now(), u"0:00 / 1:30"_s);
+        OpenFile("film.avi");
+        QCOMPARE(Now(), u"0:00 / 0:00"_s);
+    }
+
+    void aCopyHasANameWithTheEndingOfTheFile()
+    {
+        OpenFile("song.mid");
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, u"MIDI Files (*.mid)| *.mid"_s, {});
+        Click("cmdCopy");
+        QCOMPARE(bench->dialogs.LastFile().name, u"song copy.mid"_s);
+        QCOMPARE(bench->dialogs.LastFile().extension, u"mid"_s);
+    }
+
     void anOpenedFileIsShownWithItsCode()
     {
         const QString path = OpenFile("song.mid");

@@ -76,6 +76,34 @@ private Q_SLOTS:
         QCOMPARE(Find<QLineEdit>("Text1")->text(), u"horn.wav"_s);
     }
 
+    void whatIsSaidOfOneFileGoesWithIt()
+    {
+        ChooseFile(0);
+        media->length = -1;
+        Click("cmdPlay");
+        QCOMPARE(State(), u"This file cannot be played."_s);
+        ChooseFile(1);
+        QCOMPARE(State(), u"WAV files: 2"_s);
+    }
+
+    void aCopyHasANameAndAppearsInTheList()
+    {
+        ChooseFile(1);
+        const QString filter = u"Wav sound file (*.wav)|*.wav"_s;
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, filter, bench->Path(u"horn copy.wav"_s));
+        Click("cmdCopy");
+        QCOMPARE(bench->dialogs.LastFile().name, u"horn copy.wav"_s);
+        QCOMPARE(bench->dialogs.LastFile().extension, u"wav"_s);
+        QTRY_COMPARE(State(), u"WAV files: 3"_s);
+        QCOMPARE(Row(1).data().toString(), u"horn copy.wav"_s);
+        // The chosen file is still chosen.
+        QTRY_COMPARE(Find<QLineEdit>("Text1")->text(), u"horn.wav"_s);
+        // A copy elsewhere changes nothing here.
+        bench->dialogs.ExpectFile(FilePurpose::Save, u"Save As..."_s, filter, bench->Path(u"more/x.wav"_s));
+        Click("cmdCopy");
+        QCOMPARE(State(), u"WAV files: 3"_s);
+    }
+
     void anotherFolderForgetsTheFile()
     {
         ChooseFile(1);

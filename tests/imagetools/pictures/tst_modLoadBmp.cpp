@@ -321,7 +321,7 @@ void tst_modLoadBmp::savedCopyIsTheSameFile()
     QVERIFY(Plain(30, 20).save(source));
     ScriptedDialogs dialogs;
     dialogs.ExpectMessage(u"Image has been saved as "_s + target, BoxAnswer::Ok, BoxIcon::None);
-    SaveImageFile(source, target, ImageColors::AsTheyAre);
+    SaveImageFile(source, target, ImageColors::AsTheyAre, LoadPicture);
     QVERIFY(dialogs.Finished());
     QCOMPARE(Get(target), Get(source));
 }
@@ -335,7 +335,7 @@ void tst_modLoadBmp::savedConversionHas256Colors()
     ScriptedDialogs dialogs;
     dialogs.ExpectMessage(u"Image has been saved in Windows default 256-color format as "_s + target, BoxAnswer::Ok,
                           BoxIcon::None);
-    SaveImageFile(source, target, ImageColors::Reduced256);
+    SaveImageFile(source, target, ImageColors::Reduced256, LoadPicture);
     QVERIFY(dialogs.Finished());
     const QByteArray bytes = Get(target);
     QCOMPARE(bytes.size(), 1078 + 32 * 20);
@@ -369,9 +369,9 @@ void tst_modLoadBmp::failedSaveLeavesTheOlderFile()
     ScriptedDialogs dialogs;
     for (int i = 0; i < 3; ++i)
         dialogs.ExpectMessage(u"Error saving file!"_s);
-    SaveImageFile(folder.filePath(u"gone.bmp"_s), target, ImageColors::AsTheyAre);
-    SaveImageFile(words, target, ImageColors::Reduced256);
-    SaveImageFile(words, folder.filePath(u"no/folder.bmp"_s), ImageColors::AsTheyAre);
+    SaveImageFile(folder.filePath(u"gone.bmp"_s), target, ImageColors::AsTheyAre, LoadPicture);
+    SaveImageFile(words, target, ImageColors::Reduced256, LoadPicture);
+    SaveImageFile(words, folder.filePath(u"no/folder.bmp"_s), ImageColors::AsTheyAre, LoadPicture);
     QVERIFY(dialogs.Finished());
     QCOMPARE(Get(target), QByteArray("older"));
 }

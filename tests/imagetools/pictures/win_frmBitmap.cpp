@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The bitmap previewer, by its controls, over real folders.
 #include "support/BenchTest.h"
+#include "support/HeldThreads.h"
 #include "support/TestBench.h"
 
 #include "imagetools/metafiles/MetafileBytes.h"
@@ -19,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QListWidget>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
@@ -126,6 +128,9 @@ private Q_SLOTS:
     void pictureThatCannotBeShownLeavesThePreviousOne();
     void vanishedFileLeavesThePreviousOne();
     void addTakesTheFileAndGoesToTheNext();
+    void aPictureThatCannotBeShownIsNotAdded();
+    void theListIsSeenAndCorrected();
+    void aReadingThatTakesTooLongCanBeCancelled();
     void the151stBitmapIsRefusedAndSoIsEachFurtherOne();
     void createPutsTheListOnTheClipboard_data();
     void createPutsTheListOnTheClipboard();
@@ -137,6 +142,7 @@ private Q_SLOTS:
     void saveAsAppliesToTheLastChosenFile();
     void saveAsConvertsTo256Colors();
     void saveAsThatFails();
+    void saveAsSuggestsANameAndListsTheCopy();
     void imageLibraryIsSaved();
     void imageLibraryIntoAnUnwritableFolder();
     void keysAndEscape();
@@ -275,6 +281,78 @@ void win_frmBitmap::addTakesTheFileAndGoesToTheNext()
     Press("cmdCreate");
     QCOMPARE(QApplication::clipboard()->text().count(u"    loadbmp \""_s), 2);
     QVERIFY(QApplication::clipboard()->text().contains(u"    loadbmp \"b\", DefaultDir$ + \"\\b.bmp\""_s));
+}
+
+void win_frmBitmap::aPictureThatCannotBeShownIsNotAdded()
+{
+    Picture("a.bmp");
+    bench->Write(u"b.bmp"_s, "BM, but no bitmap");
+    Open();
+    Click(u"b.bmp"_s);
+    Press("cmdAdd"); // at once, before the preview has been read
+    QCOMPARE(Text("lblProblem"), u"b.bmp cannot be shown."_s);
+    QCOMPARE(ChosenFile(), u"b.bmp"_s);
+    Press("cmdAdd");
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 0 of 150"_s);
+    Click(u"a.bmp"_s);
+    Press("cmdAdd");
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 1 of 150"_s);
+}
+
+void win_frmBitmap::theListIsSeenAndCorrected()
+{
+    for (const char* name : {"a.bmp", "b.bmp", "c.bmp", "d.bmp"})
+        Picture(name);
+    Open();
+    Click(u"a.bmp"_s);
+    for (int i = 0; i < 4; ++i)
+        Press("cmdAdd");
+    auto* shown = Control<QListWidget>("lstBmps");
+    const auto listed = [shown] {
+        QString names;
+        for (int row = 0; row < shown->count(); ++row)
+            names += shown->item(row)->text().left(1);
+        return names;
+    };
+    QCOMPARE(listed(), u"abcd"_s);
+    QCOMPARE(shown->item(1)->toolTip(), QDir::toNativeSeparators(bench->Path(u"b.bmp"_s)));
+    QVERIFY(!Control<QPushButton>("cmdDown")->isEnabled());
+    Press("cmdUp");
+    QCOMPARE(listed(), u"abdc"_s);
+    shown->setCurrentRow(0);
+    QVERIFY(!Control<QPushButton>("cmdUp")->isEnabled());
+    Press("cmdDown");
+    Press("cmdDown");
+    QCOMPARE(listed(), u"bdac"_s);
+    shown->setFocus();
+    QTest::keyClick(shown, Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(listed(), u"badc"_s);
+    QTest::keyClick(shown, Qt::Key_Delete);
+    QCOMPARE(listed(), u"bdc"_s);
+    Press("cmdRemove");
+    QCOMPARE(listed(), u"bc"_s);
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 2 of 150"_s);
+    bench->dialogs.ExpectMessage(CopiedText, BoxAnswer::Ok, BoxIcon::Information);
+    Press("cmdCreate");
+    const QString folder = bench->Path({});
+    QCOMPARE(QApplication::clipboard()->text().remove(u'\r'),
+             LoadBmpText({folder + u"b.bmp"_s, folder + u"c.bmp"_s}, ImageLibrary::Unused, PathInformation::Left)
+                 .remove(u'\r'));
+}
+
+void win_frmBitmap::aReadingThatTakesTooLongCanBeCancelled()
+{
+    Picture("a.bmp");
+    Open();
+    const HeldThreads held;
+    Click(u"a.bmp"_s);
+    for (const char* button : {"cmdAdd", "cmdCopy"}) {
+        bench->ExpectModal(u"dlgPatience"_s, [](QDialog& box) { box.findChild<QPushButton*>()->click(); });
+        Press(button);
+    }
+    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 0 of 150"_s);
+    held.Release();
+    QTRY_COMPARE(Text("lblName"), u"a.bmp"_s);
 }
 
 void win_frmBitmap::the151stBitmapIsRefusedAndSoIsEachFurtherOne()
@@ -454,6 +532,30 @@ void win_frmBitmap::saveAsThatFails()
     bench->dialogs.ExpectMessage(u"Error saving file!"_s);
     Press("cmdCopy");
     QCOMPARE(TestBench::Read(older), QByteArray("older"));
+}
+
+void win_frmBitmap::saveAsSuggestsANameAndListsTheCopy()
+{
+    Picture("rose.bmp");
+    Picture("tulip.jpg");
+    Open();
+    Show(u"rose.bmp"_s);
+    const QString target = bench->Path(u"rose copy.bmp"_s);
+    bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, target);
+    bench->dialogs.ExpectMessage(u"Image has been saved as "_s + target, BoxAnswer::Ok, BoxIcon::None);
+    Press("cmdCopy");
+    QCOMPARE(bench->dialogs.LastFile().name, u"rose copy.bmp"_s);
+    QCOMPARE(bench->dialogs.LastFile().extension, u"bmp"_s);
+    QTRY_COMPARE(Files().join(QLatin1Char(' ')), u"rose copy.bmp rose.bmp"_s);
+    QTRY_COMPARE(ChosenFile(), u"rose.bmp"_s);
+    Tick("chkDLL");
+    Show(u"tulip.jpg"_s);
+    for (const char* name : {"tulip copy.jpg", "tulip copy.bmp"}) {
+        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
+        Press("cmdCopy");
+        QCOMPARE(bench->dialogs.LastFile().name, QLatin1String(name));
+        Tick("chk256");
+    }
 }
 
 void win_frmBitmap::imageLibraryIsSaved()

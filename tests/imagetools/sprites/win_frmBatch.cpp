@@ -242,6 +242,57 @@ private Q_SLOTS:
         QVERIFY(!IsMasked("c.bmp"));
     }
 
+    void aBatchThatFailedSaysWhereAndGoesOnFromThere()
+    {
+        for (const char* name : {"a.bmp", "b.bmp", "d.bmp"})
+            WriteSprite(name);
+        const QString bad = bench->Write(u"c.bmp"_s, "BM, but no bitmap");
+        QString reason;
+        SetReasonSink([&reason](const QString& text) { reason = text; });
+        ExpectQuestion();
+        bench->dialogs.ExpectMessage(u"Run-time error '481':\nInvalid picture"_s);
+        ExpectQuestion();
+        bench->dialogs.ExpectMessage(u"Run-time error '481':\nInvalid picture"_s);
+        ExpectQuestion();
+        bench->dialogs.ExpectMessage(u"All bitmaps in "_s + Folder() + u" now include masks."_s, BoxAnswer::Ok,
+                                     BoxIcon::None);
+        InBatch([&](QDialog& dialog) {
+            const auto* outcome = dialog.findChild<QLabel*>(u"lblOutcome"_s);
+            QVERIFY(!outcome->isVisible());
+            for (int times = 0; times < 2; ++times) {
+                Button(dialog, "OKButton")->click();
+                QVERIFY(outcome->isVisible());
+                QVERIFY2(outcome->text().startsWith(u"c.bmp ended the work; 2 of 4 "_s), qPrintable(outcome->text()));
+                QVERIFY2(reason.contains(outcome->text()), qPrintable(reason));
+                // IsMasked ends the test for a file that was masked twice.
+                QVERIFY(IsMasked("a.bmp") && IsMasked("b.bmp") && !IsMasked("d.bmp"));
+            }
+            QVERIFY(QFile::remove(bad));
+            Button(dialog, "OKButton")->click();
+            QVERIFY(!dialog.isVisible());
+        });
+        SetReasonSink({});
+        QVERIFY(IsMasked("a.bmp") && IsMasked("b.bmp") && IsMasked("d.bmp"));
+    }
+
+    void aSpriteThatWasDrawnAnewAfterAFailureGetsItsMask()
+    {
+        WriteSprite("a.bmp");
+        const QString bad = bench->Write(u"b.bmp"_s, "BM, but no bitmap");
+        ExpectQuestion();
+        bench->dialogs.ExpectMessage(u"Run-time error '481':\nInvalid picture"_s);
+        ExpectQuestion();
+        bench->dialogs.ExpectMessage(u"All bitmaps in "_s + Folder() + u" now include masks."_s, BoxAnswer::Ok,
+                                     BoxIcon::None);
+        InBatch([&](QDialog& dialog) {
+            Button(dialog, "OKButton")->click();
+            WriteSprite("a.bmp", 12);
+            QVERIFY(QFile::remove(bad));
+            Button(dialog, "OKButton")->click();
+        });
+        QVERIFY(IsMasked("a.bmp", 12));
+    }
+
     void anotherFolderIsChosenByKeys()
     {
         WriteSprite("a.bmp");

@@ -2,6 +2,7 @@
 // The mask maker, by its controls.
 #include "SpriteFiles.h"
 #include "support/BenchTest.h"
+#include "support/HeldThreads.h"
 #include "support/TestBench.h"
 
 #include "imagetools/pictures/frmPictureView.h"
@@ -10,6 +11,7 @@
 #include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QPainter>
@@ -168,6 +170,50 @@ private Q_SLOTS:
         Press("cmdOpen");
         QCOMPARE(Shown(), MaskedImage(sprite));
         QCOMPARE(form->windowTitle(), path);
+    }
+
+    void whatIsWrongWithAFileIsSaid()
+    {
+        const QString bad = bench->Write(u"bad.bmp"_s, "BM nothing");
+        QString reason;
+        SetReasonSink([&reason](const QString& text) { reason = text; });
+        bench->dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s, OpenFilter, bad);
+        bench->dialogs.ExpectMessage(u"Run-time error '481':\nInvalid picture"_s);
+        Press("cmdOpen");
+        SetReasonSink({});
+        QVERIFY2(reason.contains(u"paint program"_s), qPrintable(reason));
+        // The file's name comes from the error's source.
+        try {
+            form->DoMask(bad);
+            QFAIL("a picture was read");
+        } catch (const RuntimeError& error) {
+            QCOMPARE(error.source, QDir::toNativeSeparators(bad));
+            QCOMPARE(error.number, static_cast<int>(ErrorNumber::InvalidPicture));
+        }
+    }
+
+    void aReadingThatTakesTooLongCanBeCancelled()
+    {
+        const QImage sprite = SpriteImage(10, 10);
+        const QString path = bench->Write(u"ship.bmp"_s, BitmapBytesOf(sprite));
+        Open(path);
+        const QString other = bench->Write(u"slow.bmp"_s, BitmapBytesOf(SpriteImage(20, 20)));
+        const HeldThreads held;
+        bench->ExpectModal(u"dlgPatience"_s, [](QDialog& box) { box.findChild<QPushButton*>()->click(); });
+        Open(other);
+        QCOMPARE(held.Made(), 1);
+        QCOMPARE(form->windowTitle(), path);
+        QCOMPARE(Shown(), MaskedImage(sprite));
+    }
+
+    void saveSuggestsANameWithItsEnding()
+    {
+        SaveTo({});
+        QCOMPARE(bench->dialogs.LastFile().name, u"mask.bmp"_s);
+        QCOMPARE(bench->dialogs.LastFile().extension, u"bmp"_s);
+        Open(bench->Write(u"big ship.bmp"_s, BitmapBytesOf(SpriteImage(10, 10))));
+        SaveTo({});
+        QCOMPARE(bench->dialogs.LastFile().name, u"big ship mask.bmp"_s);
     }
 
     void aSaveBeforeAnyOpenSavesAnEmptyPicture()
