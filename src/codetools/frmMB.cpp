@@ -109,7 +109,6 @@ void frmMB::cmdCopy_Click()
 void mnuToolMB_Click()
 {
     ShowToolModally<frmMB>();
-    ReturnToProgram();
 }
 
 } // namespace ob

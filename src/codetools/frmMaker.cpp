@@ -23,6 +23,13 @@ frmMaker::frmMaker(QWidget* parent) : QDialog(parent)
     AskBeforeLoss(*this, [this] { return Lost(); });
 }
 
+void frmMaker::done(int result)
+{
+    QDialog::done(result);
+    if (ToolOwner() != nullptr)
+        ToolOwner()->activateWindow();
+}
+
 void frmMaker::SetInsertButton(QPushButton* button)
 {
     insert = button;
@@ -46,7 +53,6 @@ void frmMaker::cmdInsert_Click()
         return;
     InsertAtCaret(*document, *code);
     accept();
-    ReturnToProgram();
 }
 
 void frmMaker::SetEnterOrder(const QList<QLineEdit*>& fields)
@@ -70,12 +76,6 @@ bool frmMaker::eventFilter(QObject* watched, QEvent* event)
         return QDialog::eventFilter(watched, event);
     (*next)->setFocus(Qt::TabFocusReason);
     return true;
-}
-
-void ReturnToProgram()
-{
-    if (ToolOwner() != nullptr)
-        ToolOwner()->activateWindow();
 }
 
 } // namespace ob

@@ -18,6 +18,9 @@ class frmMaker : public QDialog {
 public:
     explicit frmMaker(QWidget* parent);
 
+    // The main window is the active one afterwards, with the keyboard in the program.
+    void done(int result) override;
+
 protected:
     // The button inserts the code at the caret of the active program, as one step of undo, and closes the window. It is
     // grey while no program is active, or there is no code.
@@ -44,8 +47,5 @@ private:
     QPushButton* insert = nullptr;
     QList<QLineEdit*> enterOrder;
 };
-
-// Makes the main window the active one, with the keyboard in the program, after a maker has closed.
-void ReturnToProgram();
 
 } // namespace ob

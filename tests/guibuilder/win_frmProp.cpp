@@ -7,7 +7,9 @@
 #include "core/FakeMainForm.h"
 #include "guibuilder/frmColorPicker.h"
 #include "guibuilder/frmProp.h"
+#include "shell/state/frmStyle.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QImage>
 #include <QKeySequence>
@@ -152,6 +154,26 @@ private Q_SLOTS:
             keys.removeAll(QString());
             QVERIFY(keys.size() > 10);
             QCOMPARE(keys.removeDuplicates(), 0);
+            dialog->reject();
+        });
+    }
+
+    void fieldsHoldWhatTheyShow()
+    {
+        UseBenchStyle();
+        QGuiApplication::clipboard()->setText(Text("one\r\ntwo\n"));
+        Place(ControlKind::Button);
+        Play(ControlKind::Button, [this] {
+            int pasted = 0;
+            for (QLineEdit* field : dialog->findChildren<QLineEdit*>()) {
+                if (!field->isEnabled() || !field->isVisible() || field->isReadOnly())
+                    continue;
+                ++pasted;
+                field->clear();
+                QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+                QVERIFY2(field->text() == Text("one two"), qPrintable(field->objectName()));
+            }
+            QVERIFY(pasted >= 3);
             dialog->reject();
         });
     }

@@ -8,9 +8,12 @@
 #include "shell/help/frmHelp.h"
 #include "shell/help/modManual.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
+#include <QLineEdit>
 #include <QMenu>
 #include <QShortcut>
 #include <QToolBar>
@@ -94,6 +97,24 @@ QString PageByF1(const QDialog& tool)
     return help == nullptr ? QString() : help->Here().page;
 }
 
+// Opens the tool, passes its window to the script, and closes it.
+void WithTool(const QString& name, const std::function<void(QDialog&)>& script)
+{
+    TestBench bench;
+    bench.Start({bench.Write(u"a.bas"_s, "a = 1\r\nend\r\n")});
+    const auto play = [&script](QDialog& tool) {
+        tool.activateWindow();
+        if (!QTest::qWaitFor([&tool] { return tool.isActiveWindow(); }))
+            QTest::qFail("the tool did not become the active window", __FILE__, __LINE__);
+        script(tool);
+        tool.reject();
+    };
+    bench.AnswerModals(play);
+    bench.Choose(name);
+    if (QDialog* tool = OpenTool())
+        play(*tool);
+}
+
 // These open a code window, a form, a box of the system's or another program, or ask for files first.
 const QStringList WithoutWindow = {
     u"mnuWrapper"_s,  u"mnuToolPrinter"_s,  u"mnuToolSnippet"_s, u"mnuToolTE"_s,  u"mnuColorDialog"_s,
@@ -113,8 +134,15 @@ private Q_SLOTS:
     void everyToolHasAnIcon();
     void everyToolHasAPageInTheContents();
     void everyToolIsAmongMenusAndKeys();
-    void f1OpensThePageOfATool_data();
+    void f1OpensThePageOfATool_data() { AddToolsWithWindows(); }
     void f1OpensThePageOfATool();
+    void everyListShowsTheKeyboard_data() { AddToolsWithWindows(); }
+    void everyListShowsTheKeyboard();
+    void everyFieldHoldsWhatItShows_data() { AddToolsWithWindows(); }
+    void everyFieldHoldsWhatItShows();
+
+private:
+    static void AddToolsWithWindows();
 };
 
 void win_frmTools::toolsHaveNamesOfTheirOwn()
@@ -193,7 +221,7 @@ void win_frmTools::everyToolIsAmongMenusAndKeys()
         QVERIFY2(HasRow(*page, PathOf(tool)), qPrintable(PathOf(tool)));
 }
 
-void win_frmTools::f1OpensThePageOfATool_data()
+void win_frmTools::AddToolsWithWindows()
 {
     QTest::addColumn<QString>("name");
     for (const ToolRow& tool : Tools())
@@ -204,19 +232,44 @@ void win_frmTools::f1OpensThePageOfATool_data()
 void win_frmTools::f1OpensThePageOfATool()
 {
     QFETCH(QString, name);
-    TestBench bench;
-    bench.Start({bench.Write(u"a.bas"_s, "a = 1\r\nend\r\n")});
     QString page;
-    const auto pressF1 = [&page](QDialog& tool) {
+    WithTool(name, [&page](QDialog& tool) {
         page = PageByF1(tool);
-        tool.close();
-    };
-    bench.AnswerModals(pressF1);
-    bench.Choose(name);
-    if (QDialog* tool = OpenTool())
-        pressF1(*tool);
+        OpenHelp()->close();
+    });
     QCOMPARE(page, QString::fromLatin1(FindTool(name)->page));
-    OpenHelp()->close();
+}
+
+void win_frmTools::everyListShowsTheKeyboard()
+{
+    QFETCH(QString, name);
+    WithTool(name, [](QDialog& tool) {
+        for (auto* list : tool.findChildren<QAbstractItemView*>()) {
+            if (!list->isVisible() || !list->isEnabled() || list->focusPolicy() == Qt::NoFocus)
+                continue;
+            list->setFocus();
+            const QImage shown = list->grab().toImage();
+            const QColor frame = list->palette().color(QPalette::Active, QPalette::Highlight);
+            QVERIFY2(shown.pixelColor(shown.width() / 2, 0) == frame, qPrintable(list->objectName()));
+            QVERIFY2(shown.pixelColor(0, shown.height() / 2) == frame, qPrintable(list->objectName()));
+        }
+    });
+}
+
+void win_frmTools::everyFieldHoldsWhatItShows()
+{
+    QFETCH(QString, name);
+    QApplication::clipboard()->setText(u"one\r\ntwo\nthree\n"_s);
+    WithTool(name, [](QDialog& tool) {
+        for (auto* field : tool.findChildren<QLineEdit*>()) {
+            if (!field->isVisible() || !field->isEnabled() || field->isReadOnly())
+                continue;
+            field->clear();
+            QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+            QVERIFY2(field->text() == field->displayText(), qPrintable(field->objectName()));
+            field->clear();
+        }
+    });
 }
 
 OB_BENCH_TEST(win_frmTools)

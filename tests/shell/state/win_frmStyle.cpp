@@ -37,21 +37,21 @@ QPalette DarkPalette()
     return dark;
 }
 
-// The least contrast between the icon of a selected item, drawn in brown, and its row.
+// The contrast between the icon of a selected item, drawn in brown, and its row.
 double ContrastOfIcon(const QPalette& palette)
 {
     QMenu menu;
     menu.setPalette(palette);
     QPixmap brown(16, 16);
     brown.fill(QColor(0x9c, 0x73, 0x58));
-    QAction* item = menu.addAction(QIcon(brown), u"Item"_s);
+    QAction* item = menu.addAction(QIcon(brown), u" "_s); // no text that could be taken for the icon
     menu.popup(QPoint(20, 20));
     menu.setActiveAction(item);
     const QImage row = menu.grab(menu.actionGeometry(item)).toImage();
     const QColor ground = palette.color(QPalette::Highlight);
     const int middle = row.height() / 2;
     double most = 0;
-    for (int x = 0; x < row.width() / 3; ++x)
+    for (int x = 2; x < row.width() - 2; ++x)
         most = std::max(most, ContrastOf(ground, row.pixelColor(x, middle)));
     return row.pixelColor(row.width() - 4, middle) == ground ? most : 0;
 }
