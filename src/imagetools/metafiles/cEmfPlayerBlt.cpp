@@ -30,7 +30,7 @@ cEmfPlayer::DibPlace cEmfPlayer::Dib(Record& record)
 QImage cEmfPlayer::PayFor(const DibPlace& place, bool withAlpha)
 {
     const DibSize size = SizeOfDib(place.info);
-    return size.width != 0 && canvas.Spend(2000 + 5 * size.Points())
+    return size.width != 0 && canvas.Spend(2000 + 8 * size.Points())
                ? ImageOfDib(place.info, place.pixels, withAlpha ? DibAlpha::Used : DibAlpha::Ignored)
                : QImage();
 }

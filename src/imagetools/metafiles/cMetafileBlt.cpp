@@ -3,6 +3,7 @@
 #include "imagetools/metafiles/cMetafileCanvas.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace ob {
@@ -10,6 +11,11 @@ namespace ob {
 namespace {
 
 constexpr std::uint32_t SourceCopy = 0x00CC0020;
+
+// In nanoseconds.
+constexpr double StretchedPixelCost = 14;
+constexpr double SmoothPixelCost = 26;
+constexpr double CombinedPixelCost = 10;
 
 // The table of a raster operation: bit 4p + 2s + d is its result for one bit of pattern, source and destination.
 std::uint8_t TableOf(std::uint32_t operation)
@@ -27,14 +33,31 @@ bool NeedsSource(std::uint8_t table)
     return ((table >> 2) & 0x33) != (table & 0x33);
 }
 
-std::uint32_t Combined(std::uint8_t table, std::uint32_t pattern, std::uint32_t source, std::uint32_t destination)
+// For each of the table's bits either all ones or none.
+using TableMasks = std::array<std::uint32_t, 8>;
+
+TableMasks MasksOf(std::uint8_t table)
 {
-    std::uint32_t result = 0;
+    TableMasks masks = {};
     for (unsigned bit = 0; bit < 8; ++bit)
-        if ((table >> bit & 1) != 0)
-            result |= ((bit & 4) != 0 ? pattern : ~pattern) & ((bit & 2) != 0 ? source : ~source) &
-                      ((bit & 1) != 0 ? destination : ~destination);
-    return result | 0xFF000000;
+        masks[bit] = (table >> bit & 1) != 0 ? 0xFFFFFFFF : 0;
+    return masks;
+}
+
+// The bits of the first where the choice has ones, else those of the second.
+constexpr std::uint32_t Choose(std::uint32_t choice, std::uint32_t first, std::uint32_t second)
+{
+    return second ^ (choice & (first ^ second));
+}
+
+void CombineLine(const TableMasks& masks, const QRgb* pattern, const QRgb* source, QRgb* line, int width)
+{
+    for (int x = 0; x < width; ++x) {
+        const std::uint32_t d = line[x];
+        const std::uint32_t with = Choose(source[x], Choose(d, masks[7], masks[6]), Choose(d, masks[5], masks[4]));
+        const std::uint32_t without = Choose(source[x], Choose(d, masks[3], masks[2]), Choose(d, masks[1], masks[0]));
+        line[x] = Choose(pattern[x], with, without) | 0xFF000000;
+    }
 }
 
 } // namespace
@@ -54,15 +77,15 @@ void cMetafileCanvas::CombineArea(const QRect& area, const QImage& source, std::
         all.addRect(area);
         PaintBrush(brush, all, state.brush);
     }
+    const TableMasks masks = MasksOf(table);
     for (int y = 0; y < area.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
-        const auto* sourceLine = source.isNull() ? nullptr : reinterpret_cast<const QRgb*>(source.constScanLine(y));
-        const auto* brushLine = pattern.isNull() ? nullptr : reinterpret_cast<const QRgb*>(pattern.constScanLine(y));
-        for (int x = 0; x < area.width(); ++x)
-            line[x] = Combined(table, brushLine == nullptr ? 0 : brushLine[x],
-                               sourceLine == nullptr ? 0 : sourceLine[x], line[x]);
+        // Where the operation does not ask for one, any line will do.
+        const auto lineOf = [&](const QImage& each) {
+            return each.isNull() ? line : reinterpret_cast<const QRgb*>(each.constScanLine(y));
+        };
+        CombineLine(masks, lineOf(pattern), lineOf(source), line, area.width());
     }
-    UseClip();
     painter->setCompositionMode(QPainter::CompositionMode_Source);
     painter->drawImage(area.topLeft(), result);
 }
@@ -79,8 +102,8 @@ void cMetafileCanvas::PatternBlt(QRectF box, std::uint32_t operation)
     const std::uint8_t table = TableOf(operation);
     if (visible.isEmpty() || NeedsSource(table))
         return;
-    const double points = static_cast<double>(visible.width()) * visible.height();
-    if (!Spend(500 + (operation == patternCopy ? 1 : 20) * points))
+    const double brushCost = PixelCost(state.brush, state.backMode, MetafileMixing::Replace);
+    if (!UseClip() || !PayForArea(visible, operation == patternCopy ? brushCost : brushCost + CombinedPixelCost))
         return;
     if (operation != patternCopy) {
         CombineArea(visible, {}, operation);
@@ -88,7 +111,6 @@ void cMetafileCanvas::PatternBlt(QRectF box, std::uint32_t operation)
     }
     QPainterPath all;
     all.addRect(visible);
-    UseClip();
     painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
     const int before = state.rasterOperation;
     state.rasterOperation = 13;
@@ -134,10 +156,10 @@ void cMetafileCanvas::Blt(const MetafileBlt& blt)
         return;
     }
     const QRect visible = area & image->rect();
-    if (visible.isEmpty() || blt.image.isNull() || blt.source.isEmpty() ||
-        !Spend(2000 + (blt.operation == SourceCopy ? 10.0 : 25.0) * visible.width() * visible.height()))
+    const double pixelCost = state.isSmoothStretch ? SmoothPixelCost : StretchedPixelCost;
+    if (visible.isEmpty() || blt.image.isNull() || blt.source.isEmpty() || !UseClip() ||
+        !PayForArea(visible, blt.operation == SourceCopy ? pixelCost : pixelCost + CombinedPixelCost))
         return;
-    UseClip();
     if (toPixels.type() > QTransform::TxScale) {
         TurnedBlt(blt);
         return;

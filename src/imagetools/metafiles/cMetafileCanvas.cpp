@@ -2,15 +2,18 @@
 // The metafile's device: state, mapping, clipping, paths and their painting.
 #include "imagetools/metafiles/cMetafileCanvas.h"
 
+#include "imagetools/metafiles/modMetafileRegion.h"
+
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace ob {
 
 namespace {
 
-// Points that all records of a file together may paint: a few seconds of work.
-constexpr double AllWork = 2e9;
+// What all records of a file may cost together, in nanoseconds.
+constexpr double AllWork = 8e8;
 
 // Beyond this the toolkit's own arithmetic loses precision; no picture is that large.
 constexpr double FarAway = 32'000;
@@ -145,9 +148,9 @@ void cMetafileCanvas::Select(const MetafileObject& object)
         state.font = *font;
 }
 
-bool cMetafileCanvas::Spend(double points)
+bool cMetafileCanvas::Spend(double nanoseconds)
 {
-    work -= points;
+    work -= nanoseconds;
     return work > 0;
 }
 
@@ -183,33 +186,45 @@ QRect cMetafileCanvas::PixelArea(const QRectF& box) const
 
 // --- Painting. ------------------------------------------------------------------------------------------------------
 
+MetafileMixing cMetafileCanvas::Mixing() const
+{
+    return ModeOf(state.rasterOperation) == QPainter::CompositionMode_SourceOver ? MetafileMixing::Replace
+                                                                                 : MetafileMixing::Combine;
+}
+
+MetafileStroke cMetafileCanvas::StrokeForPixels() const
+{
+    const QPen pen = PenForPixels();
+    MetafileStroke stroke;
+    stroke.width = pen.widthF();
+    stroke.reach = stroke.width * (pen.joinStyle() == Qt::MiterJoin ? pen.miterLimit() : 1);
+    const QList<qreal> dashes = state.pen.dashes;
+    const double dashSum = std::accumulate(dashes.begin(), dashes.end(), 0.0);
+    stroke.dashLength = dashes.isEmpty() ? 0 : dashSum * 2 / static_cast<double>(dashes.size()) * stroke.width;
+    stroke.hasGround = pen.style() != Qt::SolidLine && state.backMode == BackgroundMode::Opaque;
+    stroke.mixing = Mixing();
+    return stroke;
+}
+
 double cMetafileCanvas::CostOf(const QPainterPath& drawn, Parts parts) const
 {
-    const double count = drawn.elementCount();
-    double length = 0;
-    double height = 0;
-    QPointF before;
-    for (int i = 0; i < drawn.elementCount(); ++i) {
-        const QPointF place = drawn.elementAt(i);
-        if (!drawn.elementAt(i).isMoveTo()) {
-            length += std::abs(place.x() - before.x()) + std::abs(place.y() - before.y());
-            height += std::abs(place.y() - before.y());
-        }
-        before = place;
-    }
-    const QRectF box = drawn.controlPointRect();
-    // Crossing edges have to be sorted: each against all others on the same line of pixels.
-    const double sorting = 10 * count * height / std::max(box.height(), 1.0);
-    double cost = 500 + 20 * count + 10 * length;
-    if (parts != Parts::Stroke && image != nullptr) {
-        const QRectF seen = box.intersected(QRectF(image->rect()));
-        cost += seen.width() * seen.height() + sorting;
-    }
-    if (parts != Parts::Fill && state.pen.style != Qt::NoPen) {
-        const double width = std::clamp(state.pen.width * ScaleOf(toPixels), 1.0, FarAway);
-        cost += 4 * length * width + (width > 1 ? 4 * sorting : 0);
-    }
-    return cost + (state.isClipped ? 20.0 * state.clip.rectCount() : 0);
+    if (image == nullptr)
+        return 500 + 20.0 * drawn.elementCount();
+    const QRectF seen = drawn.controlPointRect().intersected(QRectF(image->rect()));
+    double cost = 0;
+    if (parts != Parts::Stroke)
+        cost += FillCost(drawn, image->size()) +
+                seen.width() * seen.height() * PixelCost(state.brush, state.backMode, Mixing());
+    if (parts != Parts::Fill && state.pen.style != Qt::NoPen)
+        cost += StrokeCost(drawn, StrokeForPixels(), image->size());
+    return cost + ClippedCost(linesOfClip, seen.height() / image->height());
+}
+
+// For the pixels of an area, each at that cost.
+bool cMetafileCanvas::PayForArea(const QRect& visible, double pixelCost)
+{
+    const double share = static_cast<double>(visible.height()) / image->height();
+    return Spend(2000 + pixelCost * visible.width() * visible.height() + ClippedCost(linesOfClip, share));
 }
 
 void cMetafileCanvas::Note(const QRectF& pixels)
@@ -217,15 +232,19 @@ void cMetafileCanvas::Note(const QRectF& pixels)
     extent = extent.isNull() ? pixels : extent.united(pixels);
 }
 
-void cMetafileCanvas::UseClip()
+bool cMetafileCanvas::UseClip()
 {
     if (isClipUsed)
-        return;
+        return true;
+    linesOfClip = state.isClipped ? LinesOfClip(state.clip) : 0;
+    if (!Spend(ClipCost(linesOfClip)))
+        return false;
     isClipUsed = true;
     if (state.isClipped)
         painter->setClipRegion(state.clip);
     else
         painter->setClipping(false);
+    return true;
 }
 
 // A path bracket collects what is drawn.
@@ -235,20 +254,19 @@ void cMetafileCanvas::Draw(const QPainterPath& drawn, Parts parts)
         Paint(drawn, parts);
         return;
     }
-    if (Spend(100 + 20.0 * drawn.elementCount()))
+    if (Spend(100 + 30.0 * drawn.elementCount()))
         path.addPath(drawn);
 }
 
 void cMetafileCanvas::Paint(const QPainterPath& drawn, Parts parts)
 {
-    if (drawn.isEmpty() || !Spend(CostOf(drawn, parts)))
+    if (drawn.isEmpty() || (painter && !UseClip()) || !Spend(CostOf(drawn, parts)))
         return;
     if (!painter) {
         // A line without height still has a place.
         Note(drawn.controlPointRect().adjusted(0, 0, 1, 1));
         return;
     }
-    UseClip();
     painter->setCompositionMode(ModeOf(state.rasterOperation));
     if (parts != Parts::Stroke) {
         QPainterPath filled = drawn;
@@ -298,14 +316,13 @@ void cMetafileCanvas::PaintBrush(QPainter& target, const QPainterPath& drawn, co
 
 void cMetafileCanvas::SetPixel(QPointF place, QRgb color)
 {
-    if (!Spend(50))
-        return;
     const QPointF pixel = ToPixels(place);
     if (!painter) {
         Note(QRectF(pixel, QSizeF(1, 1)));
         return;
     }
-    UseClip();
+    if (!UseClip() || !Spend(500 + ClippedCost(linesOfClip, 0)))
+        return;
     painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter->fillRect(
         QRect(QPoint(static_cast<int>(std::floor(pixel.x())), static_cast<int>(std::floor(pixel.y()))), QSize(1, 1)),
@@ -319,18 +336,16 @@ void cMetafileCanvas::GradientBox(QRectF box, QRgb first, QRgb last, Qt::Orienta
                                                        : ToPixels(box.topLeft()).y() <= ToPixels(box.bottomRight()).y();
     if (!isForward)
         std::swap(first, last);
-    QPainterPath area;
-    area.addRect(pixels);
-    if (!Spend(2 * CostOf(area, Parts::Fill)))
-        return;
     if (!painter) {
         Note(pixels);
         return;
     }
+    constexpr double pixelCost = 0.5;
+    if (!UseClip() || !PayForArea(pixels.toAlignedRect() & image->rect(), pixelCost))
+        return;
     QLinearGradient gradient(pixels.topLeft(), direction == Qt::Horizontal ? pixels.topRight() : pixels.bottomLeft());
     gradient.setColorAt(0, QColor(first));
     gradient.setColorAt(1, QColor(last));
-    UseClip();
     painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter->fillRect(pixels, gradient);
 }
@@ -375,10 +390,12 @@ void cMetafileCanvas::ClipToPath(ClipMode mode)
     QPainterPath drawn;
     drawn.swap(path);
     drawn.setFillRule(state.fillRule);
-    // A region may hold a box for every crossing of every line.
-    if (!painter || !Spend(25 * CostOf(drawn, Parts::Stroke)))
+    if (!painter)
         return;
-    CombineClip(QRegion(drawn.toFillPolygon().toPolygon(), state.fillRule), mode);
+    constexpr double pixelCost = 2;
+    const QRect area = drawn.controlPointRect().toAlignedRect().adjusted(-1, -1, 1, 1) & image->rect();
+    if (Spend(FillCost(drawn, image->size()) + pixelCost * area.width() * area.height()))
+        CombineClip(RegionOfPath(drawn, area), mode);
 }
 
 // --- Clipping. ------------------------------------------------------------------------------------------------------
@@ -390,7 +407,7 @@ void cMetafileCanvas::CombineClip(QRegion region, ClipMode mode)
     region &= image->rect();
     if (!state.isClipped && mode != ClipMode::Copy)
         state.clip = image->rect();
-    if (!Spend(1000 + 50.0 * (region.rectCount() + state.clip.rectCount())))
+    if (!Spend(CombiningCost(region.rectCount() + state.clip.rectCount())))
         return;
     switch (mode) {
     case ClipMode::And:
@@ -426,7 +443,7 @@ void cMetafileCanvas::ExcludeClip(QRectF box)
 void cMetafileCanvas::OffsetClip(QPointF distance)
 {
     const QPointF pixels = ToPixels(distance) - ToPixels({0, 0});
-    if (!state.isClipped || !Spend(100 + 5.0 * state.clip.rectCount()))
+    if (!state.isClipped || !Spend(CombiningCost(state.clip.rectCount())))
         return;
     state.clip.translate(pixels.toPoint());
     isClipUsed = false;
@@ -436,7 +453,7 @@ void cMetafileCanvas::ClipToRegion(const MetafileRegion& region, ClipMode mode)
 {
     QRegion pixels;
     for (const QRectF& box : region.boxes) {
-        if (!Spend(100 + 10.0 * pixels.rectCount()))
+        if (!Spend(CombiningCost(pixels.rectCount()) / 3))
             return;
         const QRectF mapped = toPicture.mapRect(box);
         pixels |= QRectF(QPointF(Near(mapped.left()), Near(mapped.top())),

@@ -2,6 +2,7 @@
 // The device that the records of a metafile draw on: a picture, with the drawing state and rules of the format.
 #pragma once
 
+#include "imagetools/metafiles/modMetafileCost.h"
 #include "imagetools/metafiles/modMetafileObjects.h"
 
 #include <QByteArrayView>
@@ -72,7 +73,8 @@ public:
     void RestoreState(int which); // negative: relative to the last; positive: the one of that number
     void Select(const MetafileObject& object);
 
-    bool Spend(double points);
+    // Pays for a step before it is taken; false when the file has used up its work.
+    bool Spend(double nanoseconds);
     QRectF Extent() const { return extent; }
 
     void MoveTo(QPointF place);
@@ -126,12 +128,15 @@ private:
     QPainterPath PathOfBox(const QRectF& box, void (QPainterPath::*add)(const QRectF&)) const;
     void AddLines(QPainterPath& path, std::span<const QPointF> points, Outline outline) const;
     void AddBeziers(QPainterPath& path, std::span<const QPointF> points) const;
+    MetafileMixing Mixing() const;
+    MetafileStroke StrokeForPixels() const;
     double CostOf(const QPainterPath& path, Parts parts) const;
+    bool PayForArea(const QRect& visible, double pixelCost);
     QPainterPath FromHere() const;
     void Draw(const QPainterPath& path, Parts parts);
     void Paint(const QPainterPath& path, Parts parts);
     void Note(const QRectF& pixels);
-    void UseClip();
+    bool UseClip();
     void CombineClip(QRegion region, ClipMode mode);
     QPen PenForPixels() const;
     void PaintBrush(QPainter& target, const QPainterPath& path, const MetafileBrush& brush) const;
@@ -152,6 +157,7 @@ private:
     QPainterPath path; // in pixels
     bool isPathOpen = false;
     bool isClipUsed = false;
+    double linesOfClip = 0;      // of the clip in use
     std::set<QString> fontsUsed; // families, and families with all properties of a font
     double work;
     QRectF extent;

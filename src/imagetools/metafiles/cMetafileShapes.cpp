@@ -269,14 +269,14 @@ void cMetafileCanvas::FrameRegion(const MetafileRegion& region, const MetafileBr
 {
     QRegion whole;
     for (const QRectF& box : region.boxes) {
-        if (!Spend(100 + 10.0 * whole.rectCount()))
+        if (!Spend(CombiningCost(whole.rectCount()) / 3))
             return;
         whole |= PixelArea(box);
     }
     const QPointF size = ToPixels(thickness) - ToPixels({0, 0});
     const int across = std::max(1, static_cast<int>(std::abs(size.x())));
     const int down = std::max(1, static_cast<int>(std::abs(size.y())));
-    if (!Spend(500.0 * whole.rectCount()))
+    if (!Spend(CombiningCost(10 * whole.rectCount())))
         return;
     const QRegion inner = whole.translated(across, 0) & whole.translated(-across, 0) & whole.translated(0, down) &
                           whole.translated(0, -down);

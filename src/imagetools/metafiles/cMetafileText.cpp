@@ -148,13 +148,13 @@ void cMetafileCanvas::Text(const MetafileText& text)
     if (text.text.isEmpty() || (text.options & MetafileText::GlyphNumbers) != 0 || !std::isfinite(scale * across))
         return;
     const double height = std::clamp(std::abs(state.font.height) * scale, 8.0, LargestCharacters);
-    if (!Spend(static_cast<double>(text.text.size()) * (2000 + height * height)))
+    if (!Spend(static_cast<double>(text.text.size()) * CharacterCost(height)))
         return;
     if (!painter) {
         Note(QRectF(ToPixels(place), QSizeF(height * 0.6 * static_cast<double>(text.text.size()), height)));
         return;
     }
-    if (!PayForFont() || !CanDrawText())
+    if (!UseClip() || !Spend(ClippedCost(linesOfClip, height / image->height())) || !PayForFont() || !CanDrawText())
         return;
     const QFont font = FontInPixels(state.font, scale, across);
     double width = QFontMetricsF(font).horizontalAdvance(text.text);
@@ -185,7 +185,6 @@ void cMetafileCanvas::PaintText(const MetafileText& text, const QFont& font, QPo
     const QPointF direction = toPixels.map(QPointF(1, 0)) - toPixels.map(QPointF(0, 0));
     const double turned =
         toPixels.type() > QTransform::TxScale ? qRadiansToDegrees(std::atan2(direction.y(), direction.x())) : 0;
-    UseClip();
     painter->save();
     if ((text.options & MetafileText::Clipped) != 0)
         painter->setClipRect(PixelArea(text.box), Qt::IntersectClip);

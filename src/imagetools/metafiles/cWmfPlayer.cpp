@@ -309,7 +309,7 @@ void cWmfPlayer::CreatePalette(cMetafileRecord&)
 QImage cWmfPlayer::PayFor(QByteArrayView dib)
 {
     const DibSize size = SizeOfDib(dib);
-    return size.width != 0 && canvas.Spend(2000 + 5 * size.Points()) ? ImageOfPackedDib(dib) : QImage();
+    return size.width != 0 && canvas.Spend(2000 + 8 * size.Points()) ? ImageOfPackedDib(dib) : QImage();
 }
 
 void cWmfPlayer::CreatePatternBrush(cMetafileRecord& record)

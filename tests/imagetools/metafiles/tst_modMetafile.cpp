@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <ctime>
 #include <functional>
 #include <limits>
 
@@ -34,6 +35,9 @@ private Q_SLOTS:
     void damagedFilesAreErrors();
     void hostileFilesEnd_data();
     void hostileFilesEnd();
+    void smallHostileFilesEndSoon_data();
+    void smallHostileFilesEndSoon();
+    void ordinaryClipsAndPensAreWithinTheLimits();
     void everyPictureReaderAcceptsThem();
 };
 
@@ -253,6 +257,84 @@ void tst_modMetafile::hostileFilesEnd()
     QVERIFY(std::holds_alternative<QImage>(played) || std::get<MetafileError>(played) == MetafileError::TooMuchWork);
     // Slow machines and sanitizers need their time; a hang would need far more.
     QVERIFY2(timer.elapsed() < 60'000, qPrintable(QString::number(timer.elapsed())));
+}
+
+// Files of 32 kilobytes for a picture of 4000 x 4000.
+void tst_modMetafile::smallHostileFilesEndSoon_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    constexpr int bytes = 32 * 1024;
+    constexpr int side = 4000;
+    const auto filled = [](EmfBytes file, const std::function<void(EmfBytes&, int)>& add) {
+        const qsizetype start = file.File(side, side).size();
+        for (int i = 0; file.File(side, side).size() - start < bytes; ++i)
+            add(file, i);
+        return file.File(side, side);
+    };
+    const auto zigzag = [](int count, int step) {
+        QByteArray points = Box32(0, 0, -1, -1) + Long(count);
+        for (int i = 0; i < count; ++i)
+            points += Words({i * step % side, i % 2 == 0 ? 0 : side});
+        return points;
+    };
+    // Stripes of one pixel, cut into as many lines as they are high.
+    QByteArray stripes = Box32(0, 0, -1, -1) + Long(2000);
+    for (int x = 0; x < 1000; x += 2)
+        stripes += Words({x, 0, x, side, x + 1, side, x + 1, 0});
+    const EmfBytes striped = Drawing32().Add(59).Add(86, stripes).Add(60).Add(67, Long(5));
+
+    QByteArray figures = Box32(0, 0, -1, -1) + Longs({2500, 5000});
+    QByteArray points;
+    for (int i = 0; i < 2500; ++i) {
+        const int x = i * 7919 % 32'000;
+        const int y = i % 2 == 0 ? -32'000 : 32'000;
+        figures += Long(2);
+        points += Words({x, y, x + 1, y});
+    }
+    QTest::newRow("figures of a clip that are far apart")
+        << Drawing32().Add(59).Add(91, figures + points).Add(60).Add(67, Long(5)).File(side, side);
+    QTest::newRow("holes in a striped clip") << filled(
+        striped, [](EmfBytes& file, int i) { file.Add(29, Box32(i, i * 7 % side, i + 1, i * 7 % side + 1)); });
+    QTest::newRow("a striped clip that moves") << filled(striped, [](EmfBytes& file, int i) {
+        file.Add(26, Longs({1, 0})).Add(15, Longs({5, 5, i}));
+    });
+    EmfBytes dots;
+    dots.Add(95, Longs({1, 0, 0, 0, 0, 0x10002, 2, 0, 255, 0, 0})).Add(37, Long(1));
+    QTest::newRow("dots of two pixels") << filled(dots, [&](EmfBytes& file, int) { file.Add(87, zigzag(3000, 7919)); });
+    EmfBytes texture;
+    const QByteArray dib = Longs({40, 1, 1}) + Words({1, 24}) + Longs({0, 0, 0, 0, 0, 0});
+    texture.Add(94, Longs({3, 0, 32, 40, 72, 4}) + dib + QByteArray(4, '\x5A')).Add(37, Long(3));
+    QTest::newRow("textures of one pixel")
+        << filled(texture, [](EmfBytes& file, int) { file.Add(43, Box32(0, 0, side, side)); });
+    QTest::newRow("zigzags") << filled(Drawing32(), [&](EmfBytes& file, int) { file.Add(86, zigzag(4000, 7919)); });
+}
+
+void tst_modMetafile::smallHostileFilesEndSoon()
+{
+    QFETCH(QByteArray, file);
+    const std::clock_t start = std::clock();
+    const auto played = PlayMetafile(file);
+    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    QVERIFY(std::holds_alternative<QImage>(played) || std::get<MetafileError>(played) == MetafileError::TooMuchWork);
+    // Less than one second of an ordinary processor; sanitizers take longer.
+    QVERIFY2(seconds < 3, qPrintable(QString::number(seconds)));
+}
+
+// What drawing programs write, more than once over.
+void tst_modMetafile::ordinaryClipsAndPensAreWithinTheLimits()
+{
+    EmfBytes file = Drawing32();
+    QByteArray star = Box32(0, 0, -1, -1) + Long(60);
+    for (int i = 0; i < 60; ++i)
+        star += Words({500 + (i * 37 % 60) * 8, 500 + (i * 23 % 60) * 8});
+    for (int i = 0; i < 40; ++i) {
+        file.Add(33).Add(59).Add(86, star).Add(60).Add(67, Long(5));
+        file.Add(43, Box32(0, 0, 1600, 1200)).Add(34, Long(-1));
+    }
+    file.Add(95, Longs({3, 0, 0, 0, 0, 0x10001, 3, 0, 255, 0, 0})).Add(37, Long(3));
+    for (int i = 0; i < 500; ++i)
+        file.Add(27, Longs({0, i * 2})).Add(54, Longs({1600, 1200 - i * 2}));
+    QVERIFY(!Played(file.File(1600, 1200)).isNull());
 }
 
 void tst_modMetafile::everyPictureReaderAcceptsThem()
