@@ -77,7 +77,7 @@ void HandToEngine(const QString& switches)
     const QByteArray included = CheckIncludes(*document, FolderOf(copy.path));
     if (!included.isEmpty())
         AppendToFile(copy.path, included, durability);
-    Launch(EngineCommand(OBPath, switches, copy.path), WindowMode::Normal);
+    LaunchSetting(OBPath, EngineArguments(switches, copy.path));
     MainForm->SendToBack();
 }
 
@@ -97,9 +97,9 @@ CopyPlace PlaceOfCopy(const QString& caption, const QString& programFolder)
     return {caption, caption};
 }
 
-QString EngineCommand(const QString& engine, const QString& switches, const QString& copy)
+QString EngineArguments(const QString& switches, const QString& copy)
 {
-    return engine + QLatin1Char(' ') + switches + copy;
+    return QLatin1Char(' ') + switches + copy;
 }
 
 void mnuRun_Click()
@@ -123,7 +123,7 @@ void RunTokenFile(const QString& path)
         FindRuntime();
     if (!IsUsablePath(OBRuntimePath))
         return;
-    Launch(OBRuntimePath + QLatin1Char(' ') + path, WindowMode::Normal);
+    LaunchSetting(OBRuntimePath, u' ' + path);
     MainForm->SendToBack();
 }
 
@@ -144,7 +144,7 @@ void mnuRunOB_Click()
 {
     if (NeedEngine() == Found::No)
         return;
-    Launch(OBPath, WindowMode::Normal);
+    LaunchSetting(OBPath, {});
     MainForm->SendToBack();
 }
 
@@ -166,7 +166,7 @@ void mnuToolFreeform_Click()
         return;
     const QString ending = OBFreeformPath.right(3).toLower();
     if (ending == QLatin1String("bas")) {
-        Launch(EngineCommand(OBPath, FreeformSwitches, OBFreeformPath), WindowMode::Minimized);
+        LaunchSetting(OBPath, EngineArguments(FreeformSwitches, OBFreeformPath), WindowMode::Minimized);
     } else if (ending == QLatin1String("tkn")) {
         RunTokenFile(OBFreeformPath);
     } else {

@@ -16,8 +16,8 @@ struct CopyPlace {
 };
 CopyPlace PlaceOfCopy(const QString& caption, const QString& programFolder);
 
-// The engine's command line. Nothing is quoted.
-QString EngineCommand(const QString& engine, const QString& switches, const QString& copy);
+// What follows the engine's path on its command line. Nothing is quoted.
+QString EngineArguments(const QString& switches, const QString& copy);
 
 void mnuRun_Click();
 void mnuTKN_Click();

@@ -2,6 +2,7 @@
 // Command lines: resolved, split into arguments, started.
 #include "platform/desktop/modLaunch.h"
 
+#include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
 
 #include <algorithm>
@@ -111,6 +112,12 @@ QStringList SplitArguments(QStringView argumentText)
 void Launch(const QString& commandLine, WindowMode mode)
 {
     RaiseUnlessStarted(StartCommandLine(commandLine.toStdU16String(), mode));
+}
+
+void LaunchSetting(const QString& setting, const QString& added, WindowMode mode)
+{
+    const bool isHeld = setting.contains(u' ') && !setting.contains(u'"') && FileExists(setting);
+    Launch((isHeld ? u'"' + setting + u'"' : setting) + added, mode);
 }
 
 void Launch(const ProgramCall& call)

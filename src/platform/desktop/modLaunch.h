@@ -30,11 +30,15 @@ std::optional<ResolvedCommand> ResolveCommand(QStringView commandLine,
 // makes an empty argument.
 QStringList SplitArguments(QStringView argumentText);
 
-// Starts a command line in the current directory and does not wait for it. A program named without a folder is also
-// searched for as the system does. On Unix, an ".exe" that is not a native program runs through wine, and the window
-// mode has no effect. Raises FileNotFound when the line names no program, InvalidCall when the program cannot be
-// started.
+// Starts a command line in the current directory and does not wait for it. A program named without a folder is searched
+// for as the system does; on Unix that is its search path and never the current directory. On Unix, an ".exe" that is
+// not a native program runs through wine, and the window mode has no effect. Raises FileNotFound when the line names no
+// program, InvalidCall when the program cannot be started.
 void Launch(const QString& commandLine, WindowMode mode = WindowMode::Normal);
+
+// The same for a setting that names a program, and what is added to it. Where the whole setting names a file, that file
+// is the program, whatever spaces are in its path; otherwise the two are one command line.
+void LaunchSetting(const QString& setting, const QString& added, WindowMode mode = WindowMode::Normal);
 
 // The same for a program and its arguments.
 void Launch(const ProgramCall& call);

@@ -18,7 +18,7 @@ struct ProgramCall {
 };
 
 // Both start in the current directory and do not wait. A command line is resolved by ResolveCommand; a program named
-// without a folder is also searched for as the system does.
+// without a folder is searched for as the system does.
 StartEnd StartCommandLine(const std::u16string& commandLine, WindowMode mode);
 StartEnd StartProgram(const ProgramCall& call);
 

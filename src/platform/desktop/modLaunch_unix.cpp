@@ -26,15 +26,26 @@ bool NeedsWine(const QString& program)
     return !start.startsWith("\177ELF") && !start.startsWith("#!");
 }
 
-// The program found on the system's search path, when it is named without a folder.
+bool HasFolder(const QString& name)
+{
+    return name.contains(u'/');
+}
+
+// A program named without a folder, on the system's search path; empty when there is none. Folders of the path that are
+// relative mean whatever project is open, so they do not count.
+QString OnSearchPath(const QString& name)
+{
+    QStringList folders = qEnvironmentVariable("PATH").split(u':', Qt::SkipEmptyParts);
+    folders.removeIf([](const QString& each) { return !QDir::isAbsolutePath(each); });
+    return folders.isEmpty() ? QString() : QStandardPaths::findExecutable(name, folders);
+}
+
 std::optional<ResolvedCommand> ResolveBySearch(QStringView commandLine)
 {
-    const auto onSearchPath = [](const QString& name) {
-        return !name.contains(u'/') && !QStandardPaths::findExecutable(name).isEmpty();
-    };
-    std::optional<ResolvedCommand> command = ResolveCommand(commandLine, onSearchPath);
+    const auto isFound = [](const QString& name) { return !HasFolder(name) && !OnSearchPath(name).isEmpty(); };
+    std::optional<ResolvedCommand> command = ResolveCommand(commandLine, isFound);
     if (command)
-        command->program = QStandardPaths::findExecutable(command->program);
+        command->program = OnSearchPath(command->program);
     return command;
 }
 
@@ -42,7 +53,7 @@ StartEnd Start(QString program, QStringList arguments)
 {
     if (NeedsWine(program)) {
         arguments.prepend(program);
-        program = QStandardPaths::findExecutable(u"wine"_s);
+        program = OnSearchPath(u"wine"_s);
     }
     const bool started = !program.isEmpty() && QProcess::startDetached(program, arguments, QDir::currentPath());
     return started ? StartEnd::Started : StartEnd::Refused;
@@ -53,12 +64,13 @@ StartEnd Start(QString program, QStringList arguments)
 StartEnd StartCommandLine(const std::u16string& commandLine, WindowMode)
 {
     const QString line = QString::fromStdU16String(commandLine);
-    std::optional<ResolvedCommand> command = ResolveCommand(line, FileExists);
+    // A file of the current directory runs only when the line says so, as "./name".
+    const auto isNamed = [](const QString& name) { return HasFolder(name) && FileExists(name); };
+    std::optional<ResolvedCommand> command = ResolveCommand(line, isNamed);
     if (!command)
         command = ResolveBySearch(line);
     if (!command)
         return StartEnd::NotFound;
-    // A bare name would be searched for on the search path instead of the current directory.
     return Start(QDir::current().absoluteFilePath(command->program), command->arguments);
 }
 

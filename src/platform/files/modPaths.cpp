@@ -6,7 +6,6 @@
 #include "platform/files/modSystemPaths.h"
 #include "platform/language/modSystem.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -76,10 +75,8 @@ QString SystemForm(const QString& path, std::filesystem::path (*convert)(const s
 QString ExecutableFolder()
 {
     static const QString folder = [] {
-        if (QCoreApplication::instance())
-            return WithoutTrailingSeparator(QCoreApplication::applicationDirPath());
         const QString executable = TextOfPath(ExecutablePath());
-        return executable.isEmpty() ? QDir::currentPath() : WithoutTrailingSeparator(QFileInfo(executable).path());
+        return executable.isEmpty() ? QDir::rootPath() : WithoutTrailingSeparator(QFileInfo(executable).path());
     }();
     return folder;
 }
@@ -100,10 +97,7 @@ QString ProgramFile(const QString& name)
 QString LibraryFile(const QString& name)
 {
     const QString file = name + (ThisSystem == System::Windows ? u".dll"_s : u".so"_s);
-    if (!libraryFolderSet.isEmpty())
-        return Joined(libraryFolderSet, file);
-    const QString ofProgram = ProgramFile(file);
-    return QFileInfo(ofProgram).isFile() ? ofProgram : Joined(ExecutableFolder(), file);
+    return Joined(libraryFolderSet.isEmpty() ? ExecutableFolder() : libraryFolderSet, file);
 }
 
 void SetProgramFolder(const QString& path)

@@ -6,7 +6,7 @@
 
 namespace ob {
 
-// The folder of the running executable, without a separator at its end.
+// The folder of the running executable, without a separator at its end; the disk's root where the system does not say.
 QString ExecutableFolder();
 
 // The folder of the program's own files: the executable's when it is writable, otherwise "orchard-bench" in the user's
@@ -16,8 +16,8 @@ QString ProgramFolder();
 // The path of a file or folder with that name in the program's folder; it need not exist.
 QString ProgramFile(const QString& name);
 
-// The path of a library that the program loads, named without the platform's extension: in the program's folder if it
-// exists there, otherwise beside the executable (where it may be missing).
+// The path of a library that the program loads, named without the platform's extension: beside the executable and
+// nowhere else, as code from a folder that others may write to would run as the program. It may be missing.
 QString LibraryFile(const QString& name);
 
 // For tests: other folders from now on. The empty path restores the usual ones.

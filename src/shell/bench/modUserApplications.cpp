@@ -40,7 +40,7 @@ QString ApplicationItemText(const QString& path)
 void StartUserApplication(int number)
 {
     try {
-        Launch(UserApplications[static_cast<std::size_t>(number - 1)], WindowMode::Normal);
+        LaunchSetting(UserApplications[static_cast<std::size_t>(number - 1)], {});
     } catch (const RuntimeError&) {
         // Nothing is shown for a missing program.
     }

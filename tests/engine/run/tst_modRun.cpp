@@ -88,8 +88,7 @@ private Q_SLOTS:
 
     void pathsAreNeverQuoted()
     {
-        QCOMPARE(EngineCommand(u"c:\\or chard.exe"_s, u" -R -A "_s, u"c:\\a b.BAK"_s),
-                 u"c:\\or chard.exe  -R -A c:\\a b.BAK"_s);
+        QCOMPARE(EngineArguments(u" -R -A "_s, u"c:\\a b.BAK"_s), u"  -R -A c:\\a b.BAK"_s);
     }
 
     // --- Run, debug and make token. ---

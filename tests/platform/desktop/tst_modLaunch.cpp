@@ -51,6 +51,10 @@ private Q_SLOTS:
     void aKnownProgramGetsItsArgumentsUnchanged();
     void anExtensionIsAddedToAProgramOnDisk();
     void aRelativeProgramIsTakenFromTheCurrentDirectory();
+    void aBareNameIsNeverTakenFromTheCurrentDirectory();
+    void aProgramOfTheSearchPathComesBeforeOneOfTheCurrentDirectory();
+    void aSettingThatNamesAFileIsTheProgram();
+    void aSettingThatNamesNoFileIsACommandLine();
     void aBareNameIsSearchedForOnTheSearchPath();
     void aProgramForWindowsRunsThroughWine();
     void withoutWineTheStartFails();
@@ -234,8 +238,48 @@ void tst_modLaunch::anExtensionIsAddedToAProgramOnDisk()
 void tst_modLaunch::aRelativeProgramIsTakenFromTheCurrentDirectory()
 {
     MakeProgram(u"sleep"_s);
-    ob::Launch(u"sleep 0"_s);
+    ob::Launch(u"./sleep 0"_s);
     QCOMPARE(WaitForLog().join(u' '), u"sleep [0]"_s);
+}
+
+void tst_modLaunch::aBareNameIsNeverTakenFromTheCurrentDirectory()
+{
+    MakeProgram(u"orchard-of-a-project"_s);
+    MakeProgram(u"orchard.exe"_s);
+    QCOMPARE(LaunchError(u"orchard-of-a-project x"_s), fileNotFound);
+    QCOMPARE(LaunchError(u"orchard.exe  -R -A x"_s), fileNotFound);
+    QCOMPARE(LaunchError(u"orchard"_s), fileNotFound);
+    for (const char* path : {".:", ":", "./", ""}) {
+        qputenv("PATH", path);
+        QCOMPARE(LaunchError(u"orchard-of-a-project x"_s), fileNotFound);
+    }
+    QVERIFY(!QFileInfo::exists(At(u"log"_s)));
+}
+
+void tst_modLaunch::aProgramOfTheSearchPathComesBeforeOneOfTheCurrentDirectory()
+{
+    QVERIFY(QDir(folder->path()).mkdir(u"tools"_s));
+    MakeProgram(u"tools/viewer"_s);
+    MakeProgram(u"viewer"_s);
+    qputenv("PATH", ".:" + QFile::encodeName(At(u"tools"_s)) + ":" + oldPath);
+    ob::Launch(u"viewer  a.txt"_s);
+    QCOMPARE(WaitForLog().join(u' '), u"tools/viewer [a.txt]"_s);
+}
+
+void tst_modLaunch::aSettingThatNamesAFileIsTheProgram()
+{
+    QVERIFY(QDir(folder->path()).mkdir(u"My Apps"_s));
+    MakeProgram(u"My"_s);
+    MakeProgram(u"My Apps/orchard.exe"_s);
+    ob::LaunchSetting(At(u"My Apps/orchard.exe"_s), u"  -R -A x"_s);
+    QCOMPARE(WaitForLog().join(u' '), u"My Apps/orchard.exe [-R] [-A] [x]"_s);
+}
+
+void tst_modLaunch::aSettingThatNamesNoFileIsACommandLine()
+{
+    MakeProgram(u"engine"_s);
+    ob::LaunchSetting(At(u"engine -s"_s), u"  -R -A x"_s);
+    QCOMPARE(WaitForLog().join(u' '), u"engine [-s] [-R] [-A] [x]"_s);
 }
 
 void tst_modLaunch::aBareNameIsSearchedForOnTheSearchPath()
@@ -253,7 +297,7 @@ void tst_modLaunch::aProgramForWindowsRunsThroughWine()
     MakeProgram(u"tools/wine"_s);
     qputenv("PATH", QFile::encodeName(At(u"tools"_s)) + ":" + oldPath);
     MakeProgram(u"Orchard.EXE"_s, QByteArray("MZ\x90\0\n", 5));
-    ob::Launch(u"Orchard.EXE  -R -A x.bak"_s);
+    ob::Launch(u"./Orchard.EXE  -R -A x.bak"_s);
     const QStringList log = WaitForLog();
     QCOMPARE(log.size(), 5);
     QCOMPARE(log[0], u"tools/wine"_s);
