@@ -69,6 +69,11 @@ StylebitsSpec frmStylebits::Spec() const
     return spec;
 }
 
+bool frmStylebits::HasCode() const
+{
+    return !Spec().entries.isEmpty();
+}
+
 QString frmStylebits::Lost() const
 {
     const StylebitsSpec spec = Spec();
@@ -79,6 +84,7 @@ QString frmStylebits::Lost() const
 void frmStylebits::ShowPreview()
 {
     ui->codePreview->ShowCode(StylebitsCode(Spec()).value_or(QString()));
+    RefreshInsert();
 }
 
 // Refills the list, with nothing checked.

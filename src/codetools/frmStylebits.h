@@ -25,6 +25,7 @@ public:
     ~frmStylebits() override;
 
 protected:
+    bool HasCode() const override;
     std::optional<QString> FinishedCode() override;
     QString Lost() const override;
 
