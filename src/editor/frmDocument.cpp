@@ -21,6 +21,8 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFontMetrics>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLibrary>
 #include <QLineEdit>
@@ -28,7 +30,9 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStringListModel>
+#include <QStyle>
 #include <QToolButton>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +45,11 @@ constexpr int RowTop = 120;
 constexpr int RowHeight = 285;
 constexpr int LabelsLeft = 840;
 constexpr int ButtonWidth = 735;
+constexpr int BookmarkWidth = 200;
+
+// Of the head row, in pixels.
+constexpr int RowBottom = 30;
+constexpr int RowPadding = 4;
 
 int ToPixels(int twips)
 {
@@ -84,7 +93,7 @@ QStringList TextsOf(const std::vector<LabelEntry>& index)
     return texts;
 }
 
-void ShowLabels(QComboBox& box, const QStringList& entries, const QString& current)
+void ShowLabelsIn(QComboBox& box, const QStringList& entries, const QString& current)
 {
     static_cast<QStringListModel*>(box.model())->setStringList(entries);
     box.setCurrentIndex(static_cast<int>(entries.indexOf(current)));
@@ -138,24 +147,41 @@ void frmDocument::MakeHeadRow()
         row.button->setAutoRaise(true);
         row.button->setToolTip(QString::fromLatin1(row.tip));
         row.button->setAccessibleName(QString::fromLatin1(row.tip));
-        row.button->setGeometry(ToPixels(left), ToPixels(RowTop), ToPixels(200), ToPixels(RowHeight));
+        row.button->setGeometry(ToPixels(left), ToPixels(RowTop), ToPixels(BookmarkWidth), ToPixels(RowHeight));
         On(row.button, this, [this, click = row.click] {
             click(document.sci);
             SendSci(document.sci, SCI_GRABFOCUS);
         });
-        left += 200;
+        left += BookmarkWidth;
     }
     MakeLabelControls();
     chkWrap = new QCheckBox(u"Wrap"_s, this);
     chkWrap->setObjectName(u"chkWrap"_s);
     On(chkWrap, &QCheckBox::toggled, this, &frmDocument::chkWrap_Click);
 
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * 0.85);
+    FitHeadRowFont();
+}
+
+// The window's font, made smaller only as far as the row's dimensions need it.
+void frmDocument::FitHeadRowFont()
+{
+    constexpr double smallest = 6; // points
+    constexpr double step = 0.5;
+    const int check = style()->pixelMetric(QStyle::PM_IndicatorWidth) +
+                      style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
+    QFont fitting = font();
+    const auto fits = [&] {
+        const QFontMetrics metrics(fitting);
+        return metrics.height() <= ToPixels(RowHeight) - RowPadding / 2 &&
+               metrics.horizontalAdvance(cmdBranch->text()) <= ToPixels(ButtonWidth) - RowPadding &&
+               metrics.horizontalAdvance(chkWrap->text()) <= ToPixels(ButtonWidth) - check;
+    };
+    while (!fits() && fitting.pointSizeF() > smallest)
+        fitting.setPointSizeF(fitting.pointSizeF() - step);
     for (QWidget* control :
          {static_cast<QWidget*>(cboLabels), static_cast<QWidget*>(cboSorted), static_cast<QWidget*>(cmdBranch),
           static_cast<QWidget*>(cmdSort), static_cast<QWidget*>(chkWrap)})
-        control->setFont(small);
+        control->setFont(fitting);
 }
 
 void frmDocument::MakeLabelControls()
@@ -167,6 +193,7 @@ void frmDocument::MakeLabelControls()
         // The wheel would jump through the text label by label.
         list->installEventFilter(this);
         On(list, &QComboBox::activated, this, [this, list] { GoToLabelOf(*list); });
+        connect(list->lineEdit(), &QLineEdit::editingFinished, this, [this, list] { KeepLabel(*list); });
     }
     cmdBranch = new QPushButton(u"Refresh"_s, this);
     cmdBranch->setObjectName(u"cmdBranch"_s);
@@ -195,6 +222,7 @@ frmDocument::Birth frmDocument::LoadControl()
     document.sci = made.sci;
     SetUpSci(document.sci, Editor);
     setFocusProxy(edit);
+    edit->installEventFilter(this);
     return Birth::Done;
 }
 
@@ -209,13 +237,48 @@ void frmDocument::ShowCaption(const QString& caption)
 {
     QString title = caption;
     setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    // The window has been emptied for another text.
+    if (SendSci(document.sci, SCI_GETLENGTH) == 0)
+        ShowLabels({}, {}, {});
+}
+
+QToolButton* frmDocument::BookmarkButtonOver(QPoint place) const
+{
+    if (place.y() >= RowBottom)
+        return nullptr;
+    for (QToolButton* button : {cmdToggle, cmdNext, cmdPrev, cmdClear})
+        if (place.x() >= button->x() && place.x() < button->x() + button->width())
+            return button;
+    return nullptr;
+}
+
+// The buttons are small: the row's space above and below them is theirs too.
+void frmDocument::mousePressEvent(QMouseEvent* event)
+{
+    QToolButton* button = BookmarkButtonOver(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && button != nullptr)
+        button->click();
+    else
+        QWidget::mousePressEvent(event);
+}
+
+bool frmDocument::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        if (const QToolButton* button = BookmarkButtonOver(help->pos())) {
+            QToolTip::showText(help->globalPos(), button->toolTip(), this);
+            return true;
+        }
+    }
+    return QWidget::event(event);
 }
 
 void frmDocument::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     if (edit != nullptr)
-        edit->setGeometry(1, 30, std::max(0, width() - 4), std::max(0, height() - 30));
+        edit->setGeometry(1, RowBottom, std::max(0, width() - 4), std::max(0, height() - RowBottom));
 
     const int top = ToPixels(RowTop);
     const int high = ToPixels(RowHeight);
@@ -259,8 +322,21 @@ void frmDocument::FillLabelLists()
     QString current = cboLabels->currentText();
     if (current.isEmpty() && !entries.isEmpty())
         current = entries.first();
-    ShowLabels(*cboLabels, entries, current);
-    ShowLabels(*cboSorted, TextsOf(SortedLabels(std::move(index))), current);
+    ShowLabels(entries, TextsOf(SortedLabels(std::move(index))), current);
+}
+
+void frmDocument::ShowLabels(const QStringList& entries, const QStringList& sorted, const QString& current)
+{
+    shownLabel = current;
+    ShowLabelsIn(*cboLabels, entries, current);
+    ShowLabelsIn(*cboSorted, sorted, current);
+}
+
+// A text that was typed into the list's field and is no label goes when the field is left.
+void frmDocument::KeepLabel(QComboBox& list)
+{
+    if (list.findText(list.currentText(), Qt::MatchFixedString) < 0)
+        list.setEditText(shownLabel);
 }
 
 void frmDocument::FillBranchBox()
@@ -275,6 +351,7 @@ void frmDocument::GoToLabelOf(const QComboBox& list)
     const QString target = list.currentText();
     // This field decides what the list shows next, whichever list is visible.
     cboLabels->setEditText(target);
+    shownLabel = target;
     GoToLabel(document.sci, target.toUtf8());
 }
 
@@ -295,6 +372,7 @@ void frmDocument::cmdSort_Click()
 void frmDocument::chkWrap_Click()
 {
     SendSci(document.sci, SCI_SETWRAPMODE, chkWrap->isChecked() ? 1 : 0);
+    SendSci(document.sci, SCI_GRABFOCUS);
 }
 
 void frmDocument::HookSci(Hook enable)
@@ -304,11 +382,9 @@ void frmDocument::HookSci(Hook enable)
     hook = enable;
     auto* area = qobject_cast<QAbstractScrollArea*>(edit);
     if (enable == Hook::On) {
-        edit->installEventFilter(this);
         for (QScrollBar* bar : {area->verticalScrollBar(), area->horizontalScrollBar()})
             On(bar, &QScrollBar::actionTriggered, this, [this] { HideSyntax(document); });
     } else {
-        edit->removeEventFilter(this);
         for (QScrollBar* bar : {area->verticalScrollBar(), area->horizontalScrollBar()})
             disconnect(bar, &QScrollBar::actionTriggered, this, nullptr);
     }
@@ -331,6 +407,10 @@ bool frmDocument::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != edit)
         return event->type() == QEvent::Wheel || QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::ModifiedChange && edit->isWindowModified())
+        Q_EMIT TextChanged(this);
+    if (hook == Hook::Off)
+        return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::ShortcutOverride) {
         // The menu's keys take precedence over the control's own bindings.
         const auto* key = static_cast<QKeyEvent*>(event);

@@ -45,8 +45,13 @@ Q_SIGNALS:
     // The window has closed for good; its slot is free.
     void Unloaded(ob::frmDocument* window);
 
+    // The text had nothing to save and is changed now.
+    void TextChanged(ob::frmDocument* window);
+
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -57,6 +62,10 @@ private:
     void MakeLabelControls();
     void FilterKey(const QKeyEvent& key);
     void GoToLabelOf(const QComboBox& list);
+    void KeepLabel(QComboBox& list);
+    void ShowLabels(const QStringList& entries, const QStringList& sorted, const QString& current);
+    void FitHeadRowFont();
+    QToolButton* BookmarkButtonOver(QPoint place) const;
     void cmdSort_Click();
     void HookSci(Hook enable);
     void LetGo();
@@ -73,6 +82,7 @@ private:
     QPushButton* cmdBranch = nullptr;
     QPushButton* cmdSort = nullptr;
     QCheckBox* chkWrap = nullptr;
+    QString shownLabel; // the one shown last, which may have left the text
     Hook hook = Hook::Off;
     bool returnPressed = false;
 };

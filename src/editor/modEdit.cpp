@@ -7,8 +7,10 @@
 #include "editor/document/modDocument.h"
 #include "editor/document/modSyntaxTable.h"
 #include "editor/document/modUserTexts.h"
+#include "editor/files/modDocumentFile.h"
 #include "editor/modEditText.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
 #include "platform/language/modAnsi.h"
 #include "platform/language/modRuntime.h"
@@ -36,6 +38,11 @@ constexpr std::uintptr_t OrderCustom = 2;
 cDocument* EditedDocument()
 {
     return MainForm->ActiveKind() == ActiveChild::None ? nullptr : NeedDocument();
+}
+
+bool IsEmpty(const cDocument& document)
+{
+    return SendSci(document.sci, SCI_GETLENGTH) == 0;
 }
 
 void SendToActive(unsigned message)
@@ -117,12 +124,25 @@ void ShowTip(cDocument& document)
 
 void mnuEditUndo_Click()
 {
-    SendToActive(SCI_UNDO);
+    const cDocument* document = EditedDocument();
+    if (document == nullptr)
+        return;
+    const bool wasEmpty = IsEmpty(*document);
+    SendSci(document->sci, SCI_UNDO);
+    // Loading a file is a step like any other.
+    if (!wasEmpty && IsEmpty(*document) && FileExists(document->Caption()))
+        SetStatusText(u"The text of the file is undone. Ctrl+R brings it back."_s);
 }
 
 void mnuEditRedo_Click()
 {
-    SendToActive(SCI_REDO);
+    const cDocument* document = EditedDocument();
+    if (document == nullptr)
+        return;
+    const bool wasEmpty = IsEmpty(*document);
+    SendSci(document->sci, SCI_REDO);
+    if (wasEmpty && !IsEmpty(*document) && FileExists(document->Caption()))
+        SetStatusText(OpenedFileStatus(document->Caption()));
 }
 
 void mnuEditCut_Click()
@@ -263,7 +283,14 @@ void CommentSelection(Sci sci)
     SendSci(sci, SCI_SETTARGETRANGE, Unsigned(change->from), change->to);
     SendSci(sci, SCI_REPLACETARGET, Unsigned(change->replacement.size()), change->replacement.constData());
     SetBookmarks(sci, first, last, bookmarks);
-    SendSci(sci, SCI_GOTOPOS, Unsigned(change->from + change->replacement.size()));
+    const std::intptr_t after = change->from + change->replacement.size();
+    if (start == end) {
+        SendSci(sci, SCI_GOTOPOS, Unsigned(after));
+        return;
+    }
+    // Whole lines, so that the same command takes the same lines again.
+    const std::intptr_t next = SendSci(sci, SCI_LINEFROMPOSITION, Unsigned(after)) + 1;
+    SendSci(sci, SCI_SETSEL, Unsigned(change->from), SendSci(sci, SCI_POSITIONFROMLINE, Unsigned(next)));
 }
 
 } // namespace ob

@@ -120,7 +120,8 @@ private Q_SLOTS:
     void theListAndTheTipReplaceEachOther();
 
     void blockCommentIsOneStep();
-    void blockCommentLeavesTheCaretAfterTheBlock();
+    void blockCommentKeepsTheSelection();
+    void blockCommentWithoutASelectionLeavesTheCaretAfterTheLine();
     void blockCommentOfNothingChangesNothing();
     void blockCommentKeepsBookmarks();
     void blockCommentKeepsNuls();
@@ -397,12 +398,29 @@ void win_modEdit::blockCommentIsOneStep()
     QCOMPARE(b.Ask(SCI_GETMODIFY), 0);
 }
 
-void win_modEdit::blockCommentLeavesTheCaretAfterTheBlock()
+void win_modEdit::blockCommentKeepsTheSelection()
 {
     EditBench b("a\r\nb\r\nc\r\nend ");
-    b.Select(6, 3);
+    b.Select(3, 9);
     b.bench.Choose(u"mnuEditComment"_s);
-    QCOMPARE(b.Marked(), QByteArray("a\r\n'b|\r\nc\r\nend "));
+    QCOMPARE(b.Text(), QByteArray("a\r\n'b\r\n'c\r\nend "));
+    QCOMPARE(b.Ask(SCI_GETSELECTIONSTART), 3);
+    QCOMPARE(b.Ask(SCI_GETSELECTIONEND), 11);
+    // The same lines again, however short they are.
+    for (int i = 0; i < 2; ++i) {
+        b.bench.Choose(u"mnuEditComment"_s);
+        QCOMPARE(b.Text(), QByteArray("a\r\nb\r\nc\r\nend "));
+        b.bench.Choose(u"mnuEditComment"_s);
+        QCOMPARE(b.Text(), QByteArray("a\r\n'b\r\n'c\r\nend "));
+    }
+}
+
+void win_modEdit::blockCommentWithoutASelectionLeavesTheCaretAfterTheLine()
+{
+    EditBench b("a\r\nbcd\r\nc\r\nend ");
+    b.GoTo(6);
+    b.bench.Choose(u"mnuEditComment"_s);
+    QCOMPARE(b.Marked(), QByteArray("a\r\n'bcd|\r\nc\r\nend "));
     QCOMPARE(b.Ask(SCI_GETSELECTIONSTART), b.Ask(SCI_GETSELECTIONEND));
 }
 

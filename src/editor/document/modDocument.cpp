@@ -43,9 +43,9 @@ int FreeDocumentSlot()
 cDocument* NewDocument()
 {
     cDocument& document = *Documents[static_cast<std::size_t>(FreeDocumentSlot())];
+    // A window that shows a caption with an empty text forgets the labels of the text before.
+    SendSci(document.sci, SCI_CLEARALL);
     document.SetCaption(u"Document %1"_s.arg(document.number));
-    if (document.sci != nullptr)
-        SendSci(document.sci, SCI_CLEARALL);
     MainForm->ShowDocument(document);
     return document.sci == nullptr ? nullptr : &document;
 }

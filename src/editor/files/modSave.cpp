@@ -28,7 +28,7 @@ QString AskSaveAs()
 void AfterFileSave(cDocument& document)
 {
     document.Tag.clear();
-    SetStatusText(u"File saved as "_s + document.Caption());
+    SetStatusText(SavedStatus + document.Caption());
     AddRecentFile(document.Caption());
 }
 

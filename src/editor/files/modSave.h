@@ -6,6 +6,9 @@
 
 namespace ob {
 
+// The status after a save begins with it; it is true until the text changes.
+inline const QString SavedStatus = QStringLiteral("File saved as ");
+
 class cDocument;
 
 // The box "Save As". Empty: nothing was chosen.

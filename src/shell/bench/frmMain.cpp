@@ -3,6 +3,7 @@
 #include "shell/bench/frmMain.h"
 
 #include "codetools/frmTip.h"
+#include "editor/files/modSave.h"
 #include "editor/frmDocument.h"
 #include "guibuilder/cDesigner.h"
 #include "guibuilder/frmGui.h"
@@ -195,9 +196,10 @@ frmDocument* frmMain::AddWindow(cDocument& document)
     auto child = std::make_unique<frmDocument>(document);
     if (child->LoadControl() == frmDocument::Birth::LibraryMissing)
         return nullptr;
-    connect(child.get(), &frmDocument::Unloaded, this, [this](frmDocument* gone) {
-        if (activeChild == gone)
-            activeChild = nullptr;
+    connect(child.get(), &frmDocument::Unloaded, this, [this](frmDocument* gone) { ForgetChild(gone); });
+    connect(child.get(), &frmDocument::TextChanged, this, [this](frmDocument* changed) {
+        if (statusTexts.value(changed).startsWith(SavedStatus))
+            SetStatusOf(changed, {});
     });
     const QMdiSubWindow* current = mdi->currentSubWindow();
     const bool maximized = current == nullptr || current->isMaximized();
@@ -257,6 +259,7 @@ void frmMain::ActivateChild(QWidget* child)
     if (auto* before = qobject_cast<frmDocument*>(activeChild))
         before->Deactivate();
     activeChild = child;
+    sbStatusBar->SetText(statusTexts.value(child));
     if (auto* after = qobject_cast<frmDocument*>(activeChild))
         after->Activate();
     else if (activeChild != nullptr)
@@ -265,7 +268,23 @@ void frmMain::ActivateChild(QWidget* child)
 
 void frmMain::SetStatusPanel(const QString& text)
 {
-    sbStatusBar->SetText(text);
+    SetStatusOf(activeChild, text);
+}
+
+void frmMain::SetStatusOf(const QWidget* child, const QString& text)
+{
+    statusTexts.insert(child, text);
+    if (child == activeChild)
+        sbStatusBar->SetText(text);
+}
+
+void frmMain::ForgetChild(const QWidget* child)
+{
+    statusTexts.remove(child);
+    if (activeChild != child)
+        return;
+    activeChild = nullptr;
+    sbStatusBar->SetText(statusTexts.value(nullptr));
 }
 
 void frmMain::EnableItem(const QString& name, bool enable)

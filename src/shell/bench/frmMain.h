@@ -96,6 +96,8 @@ private:
     QMdiSubWindow* AddChild(QWidget& child);
     void SubWindowActivated(QMdiSubWindow* window);
     void ActivateChild(QWidget* child);
+    void SetStatusOf(const QWidget* child, const QString& text);
+    void ForgetChild(const QWidget* child);
     QMdiSubWindow* SubWindowOf(const QWidget* child) const;
 
     QMdiArea* mdi = nullptr;
@@ -109,6 +111,7 @@ private:
     QHash<QString, QAction*> items;
     ToolbarParts toolbar;
     QWidget* activeChild = nullptr;
+    QHash<const QWidget*, QString> statusTexts; // the last one of each child, and of the frame without one
 };
 
 void mnuOptionsToolbar_Click();

@@ -19,11 +19,15 @@ bool frmMain::UnloadGui()
 void frmMain::ShowGui()
 {
     ShowPalette(true);
+    // What a form says while it is made is its own status.
+    QWidget* before = activeChild;
+    const QString statusBefore = statusTexts.value(before);
     gui = new frmGui(*designer);
+    statusTexts.insert(gui, statusTexts.value(before));
+    statusTexts.insert(before, statusBefore);
     connect(gui, &frmGui::Unloaded, this, [this](const QWidget* gone) {
         gui = nullptr;
-        if (activeChild == gone)
-            activeChild = nullptr;
+        ForgetChild(gone);
         picGui->Follow(nullptr);
     });
     connect(&gui->Surface(), &frmSurface::ToolUsed, picGui, &frmPalette::Refresh);

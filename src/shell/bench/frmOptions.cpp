@@ -48,6 +48,14 @@ void ShowOn(QWidget& control, int number)
         ShowOn(control, QString::number(number));
 }
 
+void LookReadOnly(QLineEdit& field)
+{
+    QPalette colors = field.palette();
+    colors.setColor(QPalette::Base, Qt::transparent);
+    field.setPalette(colors);
+    field.setFrame(false);
+}
+
 QFont FontOf(const Preferences& values, int largest)
 {
     QFont font;
@@ -63,6 +71,9 @@ frmOptions::frmOptions(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), values(LoadPreferences(ProgramFolder()))
 {
     ui->setupUi(this);
+    // Change sets them; a field that looks like one to type into would mislead.
+    for (QLineEdit* shown : {ui->txtFontName, ui->txtFontSize})
+        LookReadOnly(*shown);
     ShowFields();
     ui->optColorOff->setChecked(values.syntaxColor == 0);
     ui->txtComments->setPlainText(values.comments);

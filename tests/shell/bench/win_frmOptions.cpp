@@ -20,6 +20,7 @@ class win_frmOptions : public QObject {
 private Q_SLOTS:
     void fourTabsHaveTheirCaptionsAndTips();
     void controlsShowTheSettings();
+    void shownFontLooksLikeNoField();
     void controlTabGoesRoundTheTabs();
     void thereIsOneWindowAtATime();
     void tabSizeIsClampedAsItIsTyped_data();
@@ -82,6 +83,17 @@ void win_frmOptions::controlsShowTheSettings()
     QCOMPARE(options.Back("lblHighlight"), Shown(Editor.HighlightColor));
     QCOMPARE(options.Find<QLabel>("lblSample")->text().count(QLatin1Char('\n')), 1);
     QCOMPARE(options.Find<QLabel>("lblSample")->font().pointSize(), 12);
+}
+
+void win_frmOptions::shownFontLooksLikeNoField()
+{
+    const OptionsBench options;
+    for (const char* name : {"txtFontName", "txtFontSize"}) {
+        const auto* shown = options.Find<QLineEdit>(name);
+        QVERIFY(shown->isReadOnly() && !shown->hasFrame());
+        QCOMPARE(shown->palette().color(QPalette::Base).alpha(), 0);
+    }
+    QVERIFY(options.Find<QLineEdit>("txtTabSize")->hasFrame());
 }
 
 void win_frmOptions::controlTabGoesRoundTheTabs()
