@@ -129,12 +129,13 @@ PrintEnd PrintInColor(const cDocument& document, const PrintRange& range, cPrint
     // The formatter would draw the line at whose end the caret is.
     const bool isEmpty = range.start >= SendSci(sci, SCI_GETLENGTH);
     PrintPlace place{PrintWork::Drawing, 1, 0, range.end - range.start};
-    std::intptr_t reached = 0;
-    while (!isEmpty && reached < range.end - RestWithoutPage) {
+    // A range within the first few bytes gives an empty page.
+    while (!isEmpty && range.end > RestWithoutPage) {
         const std::intptr_t begin = formatter.Position();
-        reached = formatter.DrawPage(&job.Painter());
-        // On paper shorter than a row, no progress is ever made.
-        if (reached >= range.end || reached <= begin)
+        const std::intptr_t reached = formatter.DrawPage(&job.Painter());
+        // A page on which nothing would be drawn is not turned to. On paper shorter than a row, no progress is ever
+        // made.
+        if (reached >= range.end - RestWithoutPage || reached <= begin)
             break;
         ++place.page;
         place.done = reached - range.start;

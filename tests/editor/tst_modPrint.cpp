@@ -67,7 +67,7 @@ private Q_SLOTS:
     void formatterGetsTheWholePageAndBothDevices();
     void colorGoesPageByPage();
     void restOfTenBytesGetsNoPage();
-    void withoutASelectionTheLastPageIsEmpty();
+    void withoutASelectionNoEmptyPageFollows();
     void rangeThatEndsBelowTenGivesAnEmptyPage();
     void caretAtTheEndGivesAnEmptyPage();
     void paperWithoutRoomForALineEnds();
@@ -177,19 +177,20 @@ void tst_modPrint::restOfTenBytesGetsNoPage()
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QCOMPARE(Starts(bench.sci), (QList<long>{0, 100}));
+    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), u"page end"_s);
     bench.sci.orders.clear();
     bench.sci.Select(0, 211);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QCOMPARE(Starts(bench.sci), (QList<long>{0, 100, 200}));
 }
 
-void tst_modPrint::withoutASelectionTheLastPageIsEmpty()
+void tst_modPrint::withoutASelectionNoEmptyPageFollows()
 {
     Bench bench(Lines(15));
     FakeJob job(bench.printing.log);
     QVERIFY(bench.Color(job) == PrintEnd::Printed);
     QCOMPARE(Starts(bench.sci), (QList<long>{0, 100}));
-    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), u"page page end"_s);
+    QCOMPARE(bench.printing.log.join(QLatin1Char(' ')), u"page end"_s);
 }
 
 void tst_modPrint::rangeThatEndsBelowTenGivesAnEmptyPage()

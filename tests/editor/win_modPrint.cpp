@@ -139,7 +139,7 @@ private Q_SLOTS:
     void caretAtTheEndGivesAnEmptyPage_data();
     void caretAtTheEndGivesAnEmptyPage();
     void printBeginsAtTheCaret();
-    void lastPageIsEmptyWithoutASelection();
+    void noPageWithoutTextFollowsTheLast();
     void colorsAreOnThePage();
     void plainTextIsBlack();
     void darkWindowPrintsReadably();
@@ -224,12 +224,12 @@ void win_modPrint::printBeginsAtTheCaret()
     QVERIFY(!lines.contains(LinesOfProgram(Program(20)).first()));
 }
 
-void win_modPrint::lastPageIsEmptyWithoutASelection()
+void win_modPrint::noPageWithoutTextFollowsTheLast()
 {
     PrintBench print(Program(9));
     print.Print(BoxAnswer::Yes);
-    QCOMPARE(PagesOf(print.Pdf()).size(), 2);
-    QVERIFY(PagesOf(print.Pdf()).last().isEmpty());
+    QCOMPARE(PagesOf(print.Pdf()).size(), 1);
+    QVERIFY(!PagesOf(print.Pdf()).last().isEmpty());
 }
 
 void win_modPrint::colorsAreOnThePage()
