@@ -58,6 +58,25 @@ protected:
     }
 };
 
+// A panel of the status bar. In a form that is too narrow for its text, the text ends in dots and the tip has all of
+// it.
+class PanelLabel final : public QLabel {
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        drawFrame(&painter);
+        const QRect room = contentsRect();
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+        setToolTip(shown == text() ? QString() : text());
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine, shown);
+    }
+};
+
 void TakeChange(float& twips, int before, int change, int twipsPerPixel)
 {
     if (change != 0)
@@ -195,8 +214,7 @@ void frmGui::ShowPanels()
         panelLabels.pop_back();
     }
     while (panelLabels.size() < texts.size()) {
-        auto* label = new QLabel(sBar);
-        label->setTextFormat(Qt::PlainText);
+        auto* label = new PanelLabel(sBar);
         label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
         label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
         label->setMinimumWidth(20);
