@@ -77,12 +77,16 @@ void frmHelpPage::ShowPage(const QString& name, const QString& section)
         Render();
     }
     GoToSection(section);
+    // The first layout is that of the window's size when it appears.
+    sectionToShow = isVisible() ? std::nullopt : std::optional(section);
 }
 
 void frmHelpPage::Render()
 {
     // The document's own text colours come from the application's palette, which a picture of the window may not share.
     document()->setMarkdown(ManualText(shown), QTextDocument::MarkdownDialectGitHub);
+    // The caret follows the text into the document's end, and a control scrolls to its caret when it appears.
+    setTextCursor(QTextCursor(document()));
     fittedWidth = 0;
     Style();
     FitPictures();
@@ -281,6 +285,14 @@ void frmHelpPage::changeEvent(QEvent* event)
     const int scroll = verticalScrollBar()->value();
     Render();
     verticalScrollBar()->setValue(scroll);
+}
+
+void frmHelpPage::showEvent(QShowEvent* event)
+{
+    QTextBrowser::showEvent(event);
+    if (sectionToShow)
+        GoToSection(*sectionToShow);
+    sectionToShow.reset();
 }
 
 void frmHelpPage::resizeEvent(QResizeEvent* event)

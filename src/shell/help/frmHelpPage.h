@@ -6,6 +6,8 @@
 
 #include <QTextBrowser>
 
+#include <optional>
+
 namespace ob {
 
 class frmHelpPage final : public QTextBrowser {
@@ -25,6 +27,7 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void Render();
@@ -39,6 +42,7 @@ private:
 
     QString shown; // the page's name
     QStringList marked;
+    std::optional<QString> sectionToShow; // gone to once the page is visible
     int fittedWidth = 0;
 };
 

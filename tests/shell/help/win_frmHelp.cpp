@@ -127,6 +127,8 @@ public Q_SLOTS:
 private Q_SLOTS:
     void cleanup();
     void instructionsOpenTheContents();
+    void aPageOpensAtItsTop();
+    void aSectionIsGoneToBeforeTheWindowIsShown();
     void treeHoldsTheContentsAndTheirSections();
     void treeOpensPagesAndSections();
     void searchListsThePagesAndAClickOpensOne();
@@ -176,6 +178,32 @@ void win_frmHelp::instructionsOpenTheContents()
     QVERIFY(Shown(help).startsWith(QLatin1String("Orchard Bench\n")));
     QVERIFY(!Find<QToolButton>(help, "cmdBack")->isEnabled());
     QVERIFY(!Find<QToolButton>(help, "cmdForward")->isEnabled());
+}
+
+// The window stays open between pages or is made anew, and its first page is longer than the window.
+void win_frmHelp::aPageOpensAtItsTop()
+{
+    for (const char* page : {"index", "files", "running", "files"}) {
+        frmHelp* help = Help(QString::fromLatin1(page));
+        const QScrollBar* bar = Find<QTextBrowser>(help, "txtPage")->verticalScrollBar();
+        QApplication::processEvents();
+        QVERIFY2(bar->maximum() > 0, page);
+        QCOMPARE(bar->value(), 0);
+        if (help->Here() == PageNamed("running"))
+            continue;
+        help->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+void win_frmHelp::aSectionIsGoneToBeforeTheWindowIsShown()
+{
+    frmHelp help(nullptr);
+    help.GoTo(PageNamed("files", "untitledbak"));
+    help.show();
+    QVERIFY(IsActive(&help));
+    const QTextCursor top = Find<QTextBrowser>(&help, "txtPage")->cursorForPosition(QPoint(60, 24));
+    QCOMPARE(top.block().text(), u"untitled.bak"_s);
 }
 
 void win_frmHelp::treeHoldsTheContentsAndTheirSections()
