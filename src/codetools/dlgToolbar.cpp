@@ -155,7 +155,7 @@ void dlgToolbar::cmdAdd_Click()
 void dlgToolbar::cmdStandard_Click()
 {
     dlgImage images(this);
-    BindManualPage(images, dlgImage::ManualPage);
+    PrepareTool(images, dlgImage::ManualPage);
     images.exec();
     if (ToolImageIndex != 0)
         AddButton(dlgImage::StandardImage(ToolImageIndex));
@@ -172,7 +172,7 @@ void dlgToolbar::cmdRemove_Click()
 std::optional<QString> dlgToolbar::FinishedCode()
 {
     dlgTBOK target(this);
-    BindManualPage(target, dlgTBOK::ManualPage);
+    PrepareTool(target, dlgTBOK::ManualPage);
     if (target.exec() != QDialog::Accepted)
         return std::nullopt;
     ToolbarSpec spec = Spec();

@@ -53,7 +53,7 @@ void dlgPrinting::Show(const PrintPlace& place)
 void mnuFilePrint_Click()
 {
     dlgPrinting watch(ToolOwner());
-    BindManualPage(watch, dlgPrinting::ManualPage);
+    PrepareTool(watch, dlgPrinting::ManualPage);
     PrintActiveDocument(Printing(), watch);
 }
 

@@ -143,7 +143,7 @@ void frmColorDefault::OKButton_Click()
 DefaultsEnd ShowColorDefault()
 {
     frmColorDefault dialog(ToolOwner());
-    BindManualPage(dialog, frmColorDefault::ManualPage);
+    PrepareTool(dialog, frmColorDefault::ManualPage);
     if (dialog.exec() != QDialog::Accepted)
         return DefaultsEnd::Cancelled;
     GuiWindow->RefreshGui();

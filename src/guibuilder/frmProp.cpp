@@ -191,7 +191,7 @@ PropEnd ShowProp(ControlRef control, const QString& kindWord)
     if (GuiDesign().GuiFormLoading)
         return PropEnd::Cancelled;
     frmProp dialog(control, kindWord, ToolOwner());
-    BindManualPage(dialog, frmProp::ManualPage);
+    PrepareTool(dialog, frmProp::ManualPage);
     dialog.exec();
     if (dialog.End() != PropEnd::Cancelled)
         GuiWindow->RefreshGui();

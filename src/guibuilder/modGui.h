@@ -167,6 +167,7 @@ struct GuiForm {
 // The form under design: its value and its state.
 struct FormDesign {
     GuiForm form;
+    QString file; // the form file that it was loaded from or saved to; empty for a new form
 
     // From opening to closing.
     bool GuiFormOpen = false;     // the form window exists

@@ -119,6 +119,7 @@ void SaveGuiForm(const QString& path)
         GuiWindow->SettleGui(GuiSteps::Keep);
         if (MayLose(encoded)) {
             ReplaceFile(path, encoded.bytes);
+            design.file = path;
             SetStatusText(u"Form saved as "_s + NameOf(path));
             return;
         }
@@ -139,6 +140,7 @@ void LoadGuiForm(const QString& path)
         return;
     }
     GuiWindow->ShowGui();
+    design.file = path;
     const FormLoad end = ReadFormFile(path, design.form);
     if (end == FormLoad::Corrupt) {
         design.GuiFormLoading = design.GuiFormModified = false;
@@ -193,6 +195,7 @@ void NewGuiForm()
     if (!GuiWindow->UnloadGui())
         return;
     GuiWindow->ShowGui();
+    GuiDesign().file.clear();
     GuiDesign().form.windowTag = u"open"_s;
     GuiWindow->ShowGuiDefaults();
     GuiWindow->SettleGui(GuiSteps::Forget);

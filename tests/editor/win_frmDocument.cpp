@@ -192,7 +192,7 @@ void win_frmDocument::fullDiskLeavesFileTextAndModifiedState()
     QCOMPARE(TestBench::Read(path), QByteArray("old\r\n"));
     QCOMPARE(TestBench::Text(bench.Active()), text);
     QVERIFY(Ask(bench.Active(), SCI_GETMODIFY) != 0);
-    QCOMPARE(bench.Frame().findChild<QLabel*>(u"statusText"_s)->text(), u"File too large"_s);
+    QCOMPARE(bench.Frame().findChild<QLabel*>(u"statusText"_s)->text(), path + u": File too large"_s);
     QCOMPARE(QDir(bench.Path(QString())).entryList(QDir::Files | QDir::Hidden), QStringList{u"a.bas"_s});
 }
 

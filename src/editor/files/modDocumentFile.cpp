@@ -15,10 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace ob {
 
-QByteArray LoadedBytes(QByteArray bytes)
+QByteArray LoadedBytes(QByteArray bytes, const QString& path)
 {
     if (bytes.size() < 2)
-        throw RuntimeErrorOf(ErrorNumber::InvalidCall);
+        throw RuntimeErrorOf(ErrorNumber::InvalidCall, path,
+                             bytes.isEmpty() ? u"The file is empty"_s : u"The file has only one byte"_s);
     bytes.chop(2);
     return bytes;
 }
@@ -29,7 +30,7 @@ void LoadDocumentFile(cDocument& document, const QString& path)
         MsgBox(MissingFileText, BoxIcon::Critical, BoxButtons::Ok, u"Error"_s);
         return;
     }
-    const auto text = DecodeAnsi(LoadedBytes(ReadWhole(path)));
+    const auto text = DecodeAnsi(LoadedBytes(ReadWhole(path), path));
     SendSci(document.sci, SCI_EMPTYUNDOBUFFER);
     SendSci(document.sci, SCI_CLEARALL);
     SendSci(document.sci, SCI_ADDTEXT, static_cast<std::uintptr_t>(text.size()), text.data());

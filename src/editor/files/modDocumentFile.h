@@ -15,8 +15,8 @@ class cDocument;
 inline const QString MissingFileText = QStringLiteral("File does not exist or is corrupt.");
 
 // A file's bytes as the code window loads them: all but the last two, which the program's own save appends. Fewer than
-// two bytes raise InvalidCall.
-QByteArray LoadedBytes(QByteArray bytes);
+// two bytes raise InvalidCall with the path as its file.
+QByteArray LoadedBytes(QByteArray bytes, const QString& path = {});
 
 // Reads a file into the document; the load itself can be undone. A missing file shows a box.
 // Throws RuntimeError for a file that cannot be read or has fewer than two bytes.

@@ -389,7 +389,7 @@ void frmIcon::openBitmap_Click()
     ui->picBmp->setFocus();
     if (dlgBmp::isWanted) {
         dlgBmp instructions(this);
-        BindManualPage(instructions, dlgBmp::ManualPage);
+        PrepareTool(instructions, dlgBmp::ManualPage);
         instructions.exec();
     }
 }

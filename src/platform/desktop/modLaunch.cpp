@@ -59,10 +59,12 @@ std::optional<ResolvedCommand> ResolveQuoted(QStringView line, const std::functi
     return CommandOf(program, line.sliced(std::min(end + 1, line.size())));
 }
 
-void RaiseUnlessStarted(StartEnd end)
+void RaiseUnlessStarted(StartEnd end, const QString& what)
 {
+    if (end == StartEnd::NotFound)
+        throw RuntimeErrorOf(ErrorNumber::FileNotFound, {}, u"There is no such program: "_s + what);
     if (end != StartEnd::Started)
-        throw RuntimeErrorOf(end == StartEnd::NotFound ? ErrorNumber::FileNotFound : ErrorNumber::InvalidCall);
+        throw RuntimeErrorOf(ErrorNumber::InvalidCall, {}, u"The system could not start "_s + what);
 }
 
 } // namespace
@@ -111,7 +113,7 @@ QStringList SplitArguments(QStringView argumentText)
 
 void Launch(const QString& commandLine, WindowMode mode)
 {
-    RaiseUnlessStarted(StartCommandLine(commandLine.toStdU16String(), mode));
+    RaiseUnlessStarted(StartCommandLine(commandLine.toStdU16String(), mode), commandLine);
 }
 
 void LaunchSetting(const QString& setting, const QString& added, WindowMode mode)
@@ -122,7 +124,7 @@ void LaunchSetting(const QString& setting, const QString& added, WindowMode mode
 
 void Launch(const ProgramCall& call)
 {
-    RaiseUnlessStarted(StartProgram(call));
+    RaiseUnlessStarted(StartProgram(call), QString::fromStdU16String(call.program));
 }
 
 } // namespace ob

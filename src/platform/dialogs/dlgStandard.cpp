@@ -2,20 +2,24 @@
 // The toolkit's own message, input and file boxes.
 #include "platform/dialogs/dlgStandard.h"
 
-#include "platform/language/modSystem.h"
+#include "platform/dialogs/frmManners.h"
+#include "platform/dialogs/modFileBox.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFontDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMainWindow>
 #include <QMessageBox>
+#include <QMimeDatabase>
+#include <QSpacerItem>
 
 #include <algorithm>
 
@@ -25,24 +29,16 @@ namespace ob {
 
 namespace {
 
-// A tool that has just closed leaves no window active; its box then belongs over the main window.
-QWidget* Owner()
-{
-    QWidget* active = QApplication::activeWindow();
-    if (active != nullptr && active->isVisible())
-        return active;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr)
-            return window;
-    return nullptr;
-}
-
 // A question without Cancel is closed only by its buttons: neither Escape nor the close button is an answer.
 class QuestionBox final : public QMessageBox {
 public:
     enum Leaving { MayBeLeft, NeedsAnswer };
 
-    QuestionBox(QWidget* parent, Leaving howLeft) : QMessageBox(parent), leaving(howLeft) {}
+    QuestionBox(QWidget* parent, Leaving howLeft) : QMessageBox(parent), leaving(howLeft)
+    {
+        if (leaving == NeedsAnswer)
+            setWindowFlags((windowFlags() | Qt::CustomizeWindowHint) & ~Qt::WindowCloseButtonHint);
+    }
 
 protected:
     void closeEvent(QCloseEvent* event) override
@@ -140,15 +136,88 @@ BoxAnswer AnswerOf(int button)
 }
 
 // One line for each pair, the patterns after the words; the boxes show only the words.
-QString ToolkitFilters(const FileSpec& spec)
+QStringList ToolkitFilters(const FileSpec& spec)
 {
+    const QList<FileFilter> filters = FileFiltersOf(spec.filter);
     QStringList lines;
-    for (const FileFilter& filter : FileFiltersOf(spec.filter))
+    for (const FileFilter& filter : filters)
         lines.append(u"%1 (%2)"_s.arg(filter.label, filter.patterns.join(QLatin1Char(' '))));
-    // Programs and files need no extension on Unix, so every file must be selectable.
-    if (ThisSystem == System::Unix && spec.purpose == FilePurpose::Open)
+    const auto showsAll = [](const FileFilter& filter) { return filter.patterns.contains(u"*"_s); };
+    if (std::none_of(filters.begin(), filters.end(), showsAll))
         lines.append(u"All Files (*)"_s);
-    return lines.join(u";;"_s);
+    return lines;
+}
+
+// A file's type and icon come from its name alone: a look into the files of a slow or strange folder could take for
+// ever.
+class NameTypes final : public QFileIconProvider {
+public:
+    QIcon icon(const QFileInfo& file) const override
+    {
+        return QFileIconProvider::icon(file.isDir() ? QAbstractFileIconProvider::Folder
+                                                    : QAbstractFileIconProvider::File);
+    }
+
+    QString type(const QFileInfo& file) const override
+    {
+        if (file.isDir())
+            return u"Folder"_s;
+        const QList<QMimeType> types = QMimeDatabase().mimeTypesForFileName(file.fileName());
+        return types.isEmpty() ? u"File"_s : types.first().comment();
+    }
+};
+
+// The toolkit's box in a folder, as large as the user left the last one. The toolkit's own constructor would list the
+// folder before it knows where types come from; the top of the disk holds folders.
+class FileDialog final : public QFileDialog {
+public:
+    // The types must live as long as the box, which asks for them on a thread of its own.
+    FileDialog(NameTypes& types, const QString& title, const QString& folder)
+        : QFileDialog(BoxOwner(), title, QDir::rootPath())
+    {
+        setIconProvider(&types);
+        setDirectory(folder);
+        if (const QSize size = FileBoxSize(); !size.isEmpty())
+            resize(size.boundedTo(screen()->availableSize()));
+    }
+
+    // The chosen path, or nothing.
+    QString Choose()
+    {
+        const QSize before = size();
+        const bool isChosen = exec() == QDialog::Accepted;
+        if (size() != before)
+            StoreFileBoxSize(size());
+        return isChosen ? QDir::toNativeSeparators(selectedFiles().value(0)) : QString();
+    }
+};
+
+// Window managers have buttons and an icon beside the title, for which the toolkit reckons too little.
+constexpr int TitleButtons = 170; // pixels
+
+// The width that a window needs to show its title.
+int WidthOfTitle(const QWidget& window)
+{
+    QFont bold = window.font();
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + TitleButtons;
+}
+
+// A message box has a size of its own making, which only its layout changes.
+void MakeRoomForTitle(QMessageBox& box)
+{
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(WidthOfTitle(box), 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+// File and reason of a failure, below the message's own words.
+void ShowDetails(QMessageBox& box, const QString& details)
+{
+    if (details.isEmpty())
+        return;
+    box.setInformativeText(details);
+    if (auto* label = box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_s))
+        label->setTextFormat(Qt::PlainText);
 }
 
 // The box's field with the chosen family; null when the box is not the toolkit's own.
@@ -162,23 +231,30 @@ QLineEdit* FamilyShownBy(const QFontDialog& box)
 
 } // namespace
 
+static QString TitleOf(const QString& title)
+{
+    return title.isEmpty() ? u"OB Bench"_s : title;
+}
+
 BoxAnswer dlgStandard::Message(const MessageSpec& spec)
 {
     const bool needsAnswer = spec.buttons == BoxButtons::YesNo || spec.buttons == BoxButtons::AbortRetryIgnore;
-    QuestionBox box(Owner(), needsAnswer ? QuestionBox::NeedsAnswer : QuestionBox::MayBeLeft);
-    box.setWindowTitle(spec.title.isEmpty() ? u"OB Bench"_s : spec.title);
+    QuestionBox box(BoxOwner(), needsAnswer ? QuestionBox::NeedsAnswer : QuestionBox::MayBeLeft);
+    box.setWindowTitle(TitleOf(spec.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(spec.text);
+    ShowDetails(box, spec.reason);
     box.setIcon(IconOf(spec.icon));
     box.setStandardButtons(ButtonsOf(spec.buttons));
     box.setDefaultButton(DefaultOf(spec.buttons));
+    MakeRoomForTitle(box);
     return AnswerOf(box.exec());
 }
 
 std::optional<QString> dlgStandard::Input(const InputSpec& spec)
 {
-    QInputDialog box(Owner());
-    box.setWindowTitle(spec.title);
+    QInputDialog box(BoxOwner());
+    box.setWindowTitle(TitleOf(spec.title));
     box.setLabelText(QString());
     box.setTextValue(spec.initial);
     // The prompt may quote the user's text: its "&" and "<" have no special meaning.
@@ -187,8 +263,10 @@ std::optional<QString> dlgStandard::Input(const InputSpec& spec)
         prompt->setTextFormat(Qt::PlainText);
         prompt->setText(spec.prompt);
     }
-    if (auto* field = box.findChild<QLineEdit*>())
+    if (auto* field = box.findChild<QLineEdit*>()) {
         field->setAccessibleName(spec.prompt);
+        field->setMinimumWidth(WidthOfTitle(box));
+    }
     return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
 }
 
@@ -206,9 +284,10 @@ static int PlaceOfFilter(const QFileDialog& box)
 
 QString dlgStandard::File(const FileSpec& spec)
 {
-    const QDir folder(spec.folder.isEmpty() ? QDir::currentPath() : spec.folder);
-    const QString filters = ToolkitFilters(spec);
-    QFileDialog box(Owner(), spec.title, folder.path(), filters);
+    const QDir folder(FileBoxStart(spec.folder));
+    NameTypes types;
+    FileDialog box(types, spec.title, folder.path());
+    box.setNameFilters(ToolkitFilters(spec));
     box.setOption(QFileDialog::HideNameFilterDetails);
     const bool saves = spec.purpose == FilePurpose::Save;
     box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -218,23 +297,25 @@ QString dlgStandard::File(const FileSpec& spec)
         box.selectFile(folder.filePath(spec.name));
     if (spec.filterIndex != nullptr)
         box.selectNameFilter(box.nameFilters().value(*spec.filterIndex));
-    if (box.exec() != QDialog::Accepted)
-        return {};
-    if (spec.filterIndex != nullptr)
+    const QString chosen = box.Choose();
+    if (spec.filterIndex != nullptr && !chosen.isEmpty())
         *spec.filterIndex = PlaceOfFilter(box);
-    const QString chosen = box.selectedFiles().value(0);
-    return QDir::toNativeSeparators(chosen);
+    return chosen;
 }
 
 QString dlgStandard::Folder(const FolderSpec& spec)
 {
-    return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(Owner(), spec.title, spec.start));
+    NameTypes types;
+    FileDialog box(types, spec.title, FileBoxStart(spec.start));
+    box.setFileMode(QFileDialog::Directory);
+    box.setOption(QFileDialog::ShowDirsOnly);
+    return box.Choose();
 }
 
 std::optional<std::uint32_t> dlgStandard::Color(const ColorSpec& spec)
 {
     const auto channel = [&](int shift) { return static_cast<int>((spec.start >> shift) & 0xFF); };
-    const QColor chosen = QColorDialog::getColor(QColor(channel(0), channel(8), channel(16)), Owner(), spec.title);
+    const QColor chosen = QColorDialog::getColor(QColor(channel(0), channel(8), channel(16)), BoxOwner(), spec.title);
     if (!chosen.isValid())
         return std::nullopt;
     return static_cast<std::uint32_t>(chosen.red() | (chosen.green() << 8) | (chosen.blue() << 16));
@@ -244,7 +325,7 @@ std::optional<FontSpec> dlgStandard::Font(const FontSpec& start)
 {
     QFont font(QString(), start.size, start.bold ? QFont::Bold : QFont::Normal, start.italic);
     font.setFamilies({start.name});
-    QFontDialog box(font, Owner());
+    QFontDialog box(font, BoxOwner());
     // For a font that is not installed the box shows a substitute; the name is kept until the user picks another.
     QLineEdit* const shown = FamilyShownBy(box);
     if (shown != nullptr)

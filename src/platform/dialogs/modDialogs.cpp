@@ -88,9 +88,18 @@ BoxAnswer MsgBox(const MessageSpec& spec)
     return Current()->Message(spec);
 }
 
+// The file, where the error's source is one, and the reason.
+static QString DetailsOf(const RuntimeError& error)
+{
+    const bool isFile = QFileInfo(error.source).isAbsolute();
+    if (!isFile || error.reason.isEmpty())
+        return isFile ? error.source : error.reason;
+    return error.source + u": "_s + error.reason;
+}
+
 void FailureBox(const QString& text, const RuntimeError& error, const QString& title)
 {
-    MsgBox({text, BoxIcon::Critical, BoxButtons::Ok, title, error.reason});
+    MsgBox({text, BoxIcon::Critical, BoxButtons::Ok, title, DetailsOf(error)});
 }
 
 std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial)
@@ -152,14 +161,15 @@ void SetReasonSink(std::function<void(const QString&)> sink)
 
 void ShowReason(const RuntimeError& error)
 {
-    GiveReason(error.reason);
+    GiveReason(DetailsOf(error));
 }
 
 void ShowRuntimeError(const NumberedError& error)
 {
-    MsgBox(u"Run-time error '%1':\n%2"_s.arg(error.number).arg(QString::fromUtf8(error.what())), BoxIcon::Critical);
-    if (const auto* runtime = dynamic_cast<const RuntimeError*>(&error))
-        GiveReason(runtime->reason);
+    const auto* runtime = dynamic_cast<const RuntimeError*>(&error);
+    const QString words = QString::fromUtf8(error.what());
+    MsgBox({u"Run-time error '%1':\n%2"_s.arg(error.number).arg(words), BoxIcon::Critical, BoxButtons::Ok, QString(),
+            runtime == nullptr ? QString() : DetailsOf(*runtime)});
 }
 
 static void ShowUnexpectedError(const QString& reason)

@@ -3,18 +3,27 @@
 #include "support/BenchTest.h"
 
 #include "platform/dialogs/dlgStandard.h"
+#include "platform/dialogs/frmManners.h"
+#include "platform/dialogs/modFileBox.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
+#include <QFileSystemModel>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QMimeDatabase>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +44,26 @@ void WithBox(const std::function<void(QWidget&)>& script)
         if (QTest::currentTestFailed())
             dynamic_cast<QDialog&>(*box).done(0);
     });
+}
+
+void Write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        QTest::qFail("the test's own file cannot be written", __FILE__, __LINE__);
+}
+
+// What the file box says about a file's type.
+QString TypeOf(const QWidget& box, const QString& path)
+{
+    auto* model = box.findChild<QFileSystemModel*>();
+    const QModelIndex index = model->index(path);
+    return index.isValid() ? model->type(index) : u"not listed"_s;
+}
+
+QStringList FiltersOf(const QWidget& box)
+{
+    return dynamic_cast<const QFileDialog&>(box).nameFilters();
 }
 
 void Press(QWidget& box, QMessageBox::StandardButton button)
@@ -95,6 +124,163 @@ private Q_SLOTS:
             Press(box, QMessageBox::Ok);
         });
         boxes.Message({u"Copied."_s, BoxIcon::None, BoxButtons::Ok, {}});
+    }
+
+    void aFailureGivesFileAndReasonBelowItsWords()
+    {
+        dlgStandard boxes;
+        cDialogs* const before = SetDialogs(&boxes);
+        const QString file = u"/home/me/a<b>&c.bas"_s;
+        const QString words = u"Run-time error '75':\nPath/File access error"_s;
+        WithBox([&](QWidget& box) {
+            QCOMPARE(dynamic_cast<QMessageBox&>(box).text(), words);
+            QCOMPARE(dynamic_cast<QMessageBox&>(box).informativeText(), file + u": Permission denied"_s);
+            const auto* details = box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_s);
+            QVERIFY(details->isVisible());
+            QCOMPARE(details->textFormat(), Qt::PlainText);
+            Press(box, QMessageBox::Ok);
+        });
+        (void)RunCommand([&] { throw RuntimeErrorOf(ErrorNumber::PathFileAccess, file, u"Permission denied"_s); });
+        WithBox([&](QWidget& box) {
+            QCOMPARE(dynamic_cast<QMessageBox&>(box).informativeText(), QString());
+            Press(box, QMessageBox::Ok);
+        });
+        MsgBox(u"No code window is active!"_s);
+        SetDialogs(before);
+    }
+
+    void aShortBoxShowsItsWholeTitle()
+    {
+        dlgStandard boxes;
+        const auto needed = [](const QWidget& box) {
+            QFont bold = box.font();
+            bold.setBold(true);
+            return QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + 150;
+        };
+        for (const QString& title : {u"Error"_s, u"Cannot Remove Item"_s, u"A title much longer than its text"_s}) {
+            WithBox([&](QWidget& box) {
+                QVERIFY2(box.width() >= needed(box), qPrintable(title));
+                Press(box, QMessageBox::Ok);
+            });
+            boxes.Message({u"No."_s, BoxIcon::None, BoxButtons::Ok, title});
+            WithBox([&](QWidget& box) {
+                QVERIFY2(box.width() >= needed(box), qPrintable(title));
+                QTest::keyClick(&box, Qt::Key_Escape);
+            });
+            boxes.Input({u"?"_s, title, {}});
+        }
+    }
+
+    void aQuestionThatNeedsAnAnswerHasNoCloseButton()
+    {
+        dlgStandard boxes;
+        const auto hasClose = [&boxes](BoxButtons buttons) {
+            bool has = false;
+            WithBox([&has](QWidget& box) {
+                has = box.windowFlags().testFlag(Qt::WindowCloseButtonHint);
+                dynamic_cast<QDialog&>(box).reject();
+            });
+            boxes.Message({u"Save?"_s, BoxIcon::Question, buttons, {}});
+            return has;
+        };
+        QVERIFY(!hasClose(BoxButtons::YesNo));
+        QVERIFY(!hasClose(BoxButtons::AbortRetryIgnore));
+        QVERIFY(hasClose(BoxButtons::YesNoCancel));
+        QVERIFY(hasClose(BoxButtons::Ok));
+    }
+
+    void aBoxWithoutATitleBearsTheProgramsName()
+    {
+        dlgStandard boxes;
+        WithBox([](QWidget& box) {
+            QCOMPARE(box.windowTitle(), u"OB Bench"_s);
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        boxes.Input({u"Panel Caption?"_s, {}, {}});
+    }
+
+    void noBoxHasIconsOnItsButtons()
+    {
+        const frmManners manners;
+        dlgStandard boxes;
+        const auto look = [](QWidget& box) {
+            const auto buttons = box.findChild<QDialogButtonBox*>()->buttons();
+            QVERIFY(!buttons.isEmpty());
+            for (const QAbstractButton* button : buttons)
+                QVERIFY2(button->icon().isNull(), qPrintable(button->text()));
+            dynamic_cast<QDialog&>(box).reject();
+        };
+        WithBox(look);
+        boxes.Message({u"Save?"_s, BoxIcon::Question, BoxButtons::YesNoCancel, {}});
+        WithBox(look);
+        boxes.Input({u"?"_s, {}, {}});
+        WithBox(look);
+        boxes.File({FilePurpose::Save, u"Save"_s, QDir::tempPath(), {}, {}});
+        WithBox(look);
+        boxes.Color({u"Color"_s, 0});
+        WithBox(look);
+        boxes.Font({u"Liberation Sans"_s, 10, false, false});
+    }
+
+    void aFilesTypeComesFromItsNameAlone()
+    {
+        const QTemporaryDir folder;
+        const QByteArray picture = QByteArray::fromHex("89504e470d0a1a0a0000000d49484452");
+        Write(folder.filePath(u"picture"_s), picture);
+        Write(folder.filePath(u"notes.txt"_s), picture);
+        dlgStandard boxes;
+        WithBox([&](QWidget& box) {
+            QTRY_COMPARE(TypeOf(box, folder.filePath(u"picture"_s)), u"File"_s);
+            QTRY_COMPARE(TypeOf(box, folder.filePath(u"notes.txt"_s)),
+                         QMimeDatabase().mimeTypeForName(u"text/plain"_s).comment());
+            dynamic_cast<QDialog&>(box).reject();
+        });
+        boxes.File({FilePurpose::Open, u"Open"_s, folder.path(), {}, {}});
+    }
+
+    void allFilesCanAlwaysBeChosen()
+    {
+        dlgStandard boxes;
+        const auto filters = [&boxes](FilePurpose purpose, const QString& filter) {
+            QStringList shown;
+            WithBox([&shown](QWidget& box) {
+                shown = FiltersOf(box);
+                dynamic_cast<QDialog&>(box).reject();
+            });
+            boxes.File({purpose, u"Box"_s, QDir::tempPath(), {}, filter});
+            return shown;
+        };
+        const QStringList bitmaps = {u"Bitmap (*.bmp)"_s, u"All Files (*)"_s};
+        QCOMPARE(filters(FilePurpose::Open, u"Bitmap |*.bmp"_s), bitmaps);
+        QCOMPARE(filters(FilePurpose::Save, u"Bitmap |*.bmp"_s), bitmaps);
+        // One that the caller gives is not doubled.
+        QCOMPARE(filters(FilePurpose::Save, u"A|*.a|All Files (*.*)| *.*"_s).size(), 2);
+    }
+
+    void aFileBoxStartsWhereItsHostSaysAndKeepsItsSize()
+    {
+        const QTemporaryDir folder;
+        QSize kept;
+        SetFileBoxHost({[&] { return folder.path(); }, [&] { return kept; }, [&](const QSize& size) { kept = size; }});
+        dlgStandard boxes;
+        const auto open = [&](const QString& start, const QSize& leave) {
+            std::pair<QString, QSize> seen;
+            WithBox([&](QWidget& box) {
+                seen = {dynamic_cast<QFileDialog&>(box).directory().path(), box.size()};
+                if (!leave.isEmpty())
+                    box.resize(leave);
+                dynamic_cast<QDialog&>(box).reject();
+            });
+            boxes.File({FilePurpose::Open, u"Open"_s, start, {}, {}});
+            return seen;
+        };
+        QCOMPARE(open({}, {}).first, folder.path());
+        QVERIFY(kept.isEmpty());
+        QCOMPARE(open(QDir::tempPath(), QSize(733, 455)).first, QDir::tempPath());
+        QCOMPARE(kept, QSize(733, 455));
+        QCOMPARE(open({}, {}).second, QSize(733, 455));
+        SetFileBoxHost({});
+        QCOMPARE(open({}, {}).first, QDir::currentPath());
     }
 
     void textIsShownUnchanged()
