@@ -4,7 +4,7 @@
 run_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev qt6-multimedia-dev libgl-dev
               libqscintilla2-qt6-dev libcli11-dev libzip-dev libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
               libswresample-dev libfluidsynth-dev timgm6mb-soundfont g++-mingw-w64-i686 fonts-liberation)
-test_packages=(libbenchmark-dev xvfb xdotool poppler-utils libglib2.0-bin shared-mime-info desktop-file-utils
+test_packages=(libbenchmark-dev xvfb xdotool x11-utils openbox xfwm4 dbus-daemon poppler-utils libglib2.0-bin shared-mime-info desktop-file-utils
                binutils-mingw-w64-x86-64 icoutils ffmpeg zip unzip)
 
 # need_packages NAME...: installs those that are missing, or names them and stops.

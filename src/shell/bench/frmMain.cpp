@@ -3,6 +3,7 @@
 #include "shell/bench/frmMain.h"
 
 #include "codetools/frmTip.h"
+#include "editor/document/cDocument.h"
 #include "editor/files/modSave.h"
 #include "editor/frmDocument.h"
 #include "guibuilder/cDesigner.h"
@@ -10,12 +11,16 @@
 #include "guibuilder/frmPalette.h"
 #include "guibuilder/frmSurface.h"
 #include "guibuilder/modGuiCommands.h"
+#include "platform/dialogs/frmManners.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/dialogs/modFileBox.h"
 #include "shell/bench/frmMainMenu.h"
 #include "shell/bench/frmMainWindows.h"
+#include "shell/bench/frmMenuBar.h"
 #include "shell/bench/frmStartPage.h"
 #include "shell/bench/frmStatusBar.h"
 #include "shell/bench/frmTools.h"
+#include "shell/bench/modLaunchers.h"
 #include "shell/bench/modStart.h"
 #include "shell/help/frmHelp.h"
 #include "shell/state/Module1.h"
@@ -65,6 +70,8 @@ frmMain::frmMain()
     UseBenchStyle();
     instance = this;
     GuiWindow = this;
+    new frmManners(this);
+    HostFileBoxes();
     SetToolOwner(this);
     SetManualViewer(ShowManual);
     SetManualTools(ToolsForManual);
@@ -76,6 +83,7 @@ frmMain::frmMain()
     TwipsPerPixelX = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchX()));
     TwipsPerPixelY = std::max(1, qRound(TwipsPerInch / screen()->logicalDotsPerInchY()));
 
+    setMenuBar(new frmMenuBar(this));
     items = BuildMenu(*menuBar());
     MakeCentre();
     MakeToolbar();
@@ -93,6 +101,7 @@ frmMain::~frmMain()
         MainForm = nullptr;
     if (GuiWindow == this)
         GuiWindow = nullptr;
+    SetFileBoxHost({});
     if (instance == this)
         instance = nullptr;
 }
@@ -319,10 +328,15 @@ void frmMain::SetItemCaption(const QString& name, const QString& caption)
         item->setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 
+// Its menu is disabled as long as it would open empty.
 void frmMain::ShowItem(const QString& name)
 {
-    if (QAction* item = Item(name))
-        item->setVisible(true);
+    QAction* item = Item(name);
+    if (item == nullptr)
+        return;
+    item->setVisible(true);
+    if (auto* menu = qobject_cast<QMenu*>(item->associatedObjects().value(0)))
+        menu->menuAction()->setEnabled(true);
 }
 
 void frmMain::SendToBack()
@@ -370,6 +384,12 @@ void mnuViewGuiBar_Click()
 {
     frmMain* frame = frmMain::Instance();
     frame->ShowPalette(frame->Item(u"mnuViewGuiBar"_s)->isChecked());
+}
+
+void mnuHelpContents_Click()
+{
+    if (OpenLanguageHelp() == HelpEnd::NoFile)
+        OpenManual(u"language"_s);
 }
 
 void frmMain::closeEvent(QCloseEvent* event)

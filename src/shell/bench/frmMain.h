@@ -92,6 +92,11 @@ private:
     void AskToHideToolbar();
     StartState PlaceWindow(std::optional<QSize> size);
     void StorePlace();
+
+    // Gives file boxes their first folder and their size.
+    void HostFileBoxes();
+    QString ActiveFolder() const;
+
     frmDocument* AddWindow(cDocument& document);
     QMdiSubWindow* AddChild(QWidget& child);
     void SubWindowActivated(QMdiSubWindow* window);
@@ -116,5 +121,6 @@ private:
 
 void mnuOptionsToolbar_Click();
 void mnuViewGuiBar_Click();
+void mnuHelpContents_Click();
 
 } // namespace ob

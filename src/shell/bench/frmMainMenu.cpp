@@ -67,7 +67,7 @@ constexpr MenuRow rows[] = {
     {1, "mnuFileBar3", "", "", "", Bar, nullptr},
     {1, "mnuFileExit", "E&xit   ( Alt+F4)", "Ctrl+F4", "exit", On, mnuFileExit_Click},
     {1, "mnuFileBar4", "", "", "", Bar, nullptr},
-    {1, "mnuRecentList", "Recent Files &List", "", "recent", Menu, nullptr},
+    {1, "mnuRecentList", "Recent Files &List", "", "recent", ItemKind::OffMenu, nullptr},
     {2, "mnuFileMRU", "", "", "", ItemKind::Recent, nullptr},
 
     {0, "mnuEdit", "&Edit", "", "", ItemKind::OffMenu, nullptr},

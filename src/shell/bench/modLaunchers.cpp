@@ -68,16 +68,19 @@ void OpenLink(const QString& item)
     OpenPage(PageAddress(item));
 }
 
-void OpenHelp(QString& path, void (*find)())
+HelpEnd OpenHelp(QString& path, void (*find)())
 {
     if (path.compare(NoPath, Qt::CaseInsensitive) == 0)
         find();
     if (!FileExists(path))
         find();
-    if (path.isEmpty() || path.compare(NoPath, Qt::CaseInsensitive) == 0)
+    if (path.isEmpty() || path.compare(NoPath, Qt::CaseInsensitive) == 0) {
         MsgBox(u"No helpfile is designated."_s);
-    else if (OpenFileWithSystem(path) == PageEnd::Failed)
+        return HelpEnd::NoFile;
+    }
+    if (OpenFileWithSystem(path) == PageEnd::Failed)
         MsgBox(u"No program of this system could open "_s + path);
+    return HelpEnd::Shown;
 }
 
 void OpenLibrary(const QString& name, const QString& missing)
@@ -156,9 +159,9 @@ void mnuOBLinks_Click()
     OpenLink(u"mnuOBLinks"_s);
 }
 
-void mnuHelpContents_Click()
+HelpEnd OpenLanguageHelp()
 {
-    OpenHelp(OBHelpPath, FindHelp);
+    return OpenHelp(OBHelpPath, FindHelp);
 }
 
 void mnuHelpOption_Click()

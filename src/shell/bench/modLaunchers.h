@@ -19,7 +19,10 @@ void mnuOBForum_Click();
 void mnuOBNews_Click();
 void mnuOBLinks_Click();
 
-void mnuHelpContents_Click();
+// The help file of the language, which is asked for when it is not there.
+enum class HelpEnd { Shown, NoFile };
+HelpEnd OpenLanguageHelp();
+
 void mnuHelpOption_Click();
 
 // The libraries beside the program, each in a new code window.

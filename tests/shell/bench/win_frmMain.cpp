@@ -4,7 +4,10 @@
 #include "support/TestBench.h"
 
 #include "editor/document/cDocument.h"
+#include "guibuilder/modGuiCommands.h"
+#include "platform/dialogs/modFileBox.h"
 #include "shell/bench/frmMainMenu.h"
+#include "shell/bench/modStart.h"
 #include "shell/state/Module1.h"
 #include "shell/state/modOptions.h"
 #include "shell/state/modSettings.h"
@@ -14,6 +17,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -72,6 +76,8 @@ private Q_SLOTS:
     void menuTreeIsInItsOrder();
     void toolbarHasItsButtonsAndSeparators();
     void toolbarCanBeHidden();
+    void fileBoxesStartInTheFolderOfTheActiveFile();
+    void anEmptyFileIsReportedWithItsName();
     void controlF4Ends();
     void closingAFrameWithSeveralWindowsAsksForEach();
 };
@@ -317,6 +323,44 @@ void win_frmMain::toolbarCanBeHidden()
     QVERIFY(!bench.Frame().Item(u"mnuOptionsToolbar"_s)->isChecked());
     bench.Choose(u"mnuOptionsToolbar"_s);
     QVERIFY(bar->isVisible());
+}
+
+void win_frmMain::fileBoxesStartInTheFolderOfTheActiveFile()
+{
+    TestBench bench;
+    bench.Start();
+    QCOMPARE(FileBoxStart({}), QDir::currentPath());
+    for (const char* folder : {"code", "forms"})
+        QDir().mkdir(bench.Path(QString::fromLatin1(folder)));
+    const QString code = bench.Write(u"code/a.bas"_s, "end\r\n\r\n");
+    OpenFiles({code}, FileSource::CommandLine);
+    QCOMPARE(FileBoxStart({}), bench.Path(u"code"_s));
+    // A folder that the caller names has precedence.
+    QCOMPARE(FileBoxStart(QDir::tempPath()), QDir::tempPath());
+    bench.Choose(u"mnuFileNew"_s);
+    QCOMPARE(FileBoxStart({}), QDir::currentPath());
+
+    bench.AnswerModals([](QDialog& defaults) { defaults.accept(); });
+    bench.Choose(u"mnuFileNewGui"_s);
+    QCOMPARE(FileBoxStart({}), QDir::currentPath());
+    SaveGuiForm(bench.Path(u"forms/a.obf"_s));
+    QCOMPARE(FileBoxStart({}), bench.Path(u"forms"_s));
+    bench.Choose(u"mnuFileNewGui"_s);
+    QCOMPARE(FileBoxStart({}), QDir::currentPath());
+    QVERIFY(QFile::copy(u"" OB_TEST_DATA "/../../samples/about-dialog.obf"_s, bench.Path(u"forms/b.obf"_s)));
+    LoadGuiForm(bench.Path(u"forms/b.obf"_s));
+    QCOMPARE(FileBoxStart({}), bench.Path(u"forms"_s));
+}
+
+void win_frmMain::anEmptyFileIsReportedWithItsName()
+{
+    TestBench bench;
+    bench.Start();
+    const QString empty = bench.Write(u"empty.bas"_s, {});
+    bench.dialogs.ExpectMessage(u"Run-time error '5':\nInvalid procedure call or argument"_s);
+    OpenFiles({empty}, FileSource::CommandLine);
+    QVERIFY(bench.dialogs.Finished());
+    QCOMPARE(bench.Frame().findChild<QLabel*>(u"statusText"_s)->text(), empty + u": The file is empty"_s);
 }
 
 void win_frmMain::controlF4Ends()

@@ -96,6 +96,7 @@ private Q_SLOTS:
     void pagesOpenInTheBrowser();
     void helpFileIsChosenThenOpened();
     void helpWithoutAFileIsReported();
+    void withoutALanguageHelpFileTheManualOpens();
     void librariesOpenOrAreReportedAsMissing();
     void chosenColorIsShownInTheStatusBar();
     void chosenFontIsShownInTheStatusBar();
@@ -306,6 +307,28 @@ void win_launchers::helpWithoutAFileIsReported()
     }
     bench.dialogs.ExpectMessage(u"No helpfile is designated."_s, BoxAnswer::Ok, BoxIcon::None);
     bench.Choose(u"mnuHelpOption"_s);
+}
+
+void win_launchers::withoutALanguageHelpFileTheManualOpens()
+{
+    TestBench bench;
+    bench.Start();
+    for (int i = 0; i < 2; ++i) {
+        bench.dialogs.ExpectFile(FilePurpose::Open, u"Open"_s, u"Orchard BASIC Help|orchard.hlp;*.hlp;"_s, QString());
+        bench.dialogs.ExpectMessage(
+            u"Orchard BASIC help was not found.  Be sure to specify the path to Orchard BASIC in "
+            "Options!"_s,
+            BoxAnswer::Ok, BoxIcon::None);
+    }
+    bench.dialogs.ExpectMessage(u"No helpfile is designated."_s, BoxAnswer::Ok, BoxIcon::None);
+    QTest::keyClick(&bench.Frame(), Qt::Key_F1);
+    QVERIFY(bench.dialogs.Finished());
+    const QWidget* manual = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == u"frmHelp"_s && window->isVisible())
+            manual = window;
+    QVERIFY(manual != nullptr);
+    QCOMPARE(manual->windowTitle(), u"Help on the language - Orchard Bench Help"_s);
 }
 
 void win_launchers::librariesOpenOrAreReportedAsMissing()
