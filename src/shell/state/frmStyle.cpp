@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QFileDialog>
 #include <QHash>
 #include <QLineEdit>
 #include <QPainter>
@@ -75,7 +76,10 @@ void frmStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
     auto* field = qobject_cast<QLineEdit*>(widget);
-    if (field != nullptr && field->validator() == nullptr && !field->property(KeepsLineEnds).toBool())
+    if (field == nullptr || field->validator() != nullptr || field->property(KeepsLineEnds).toBool())
+        return;
+    // The name of a file may hold any character.
+    if (qobject_cast<QFileDialog*>(field->window()) == nullptr)
         field->setValidator(new cOneLine(field));
 }
 

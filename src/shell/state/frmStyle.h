@@ -7,8 +7,8 @@
 namespace ob {
 
 // A list that has the keyboard has a frame in the colour of the selection. A menu item's icon can be seen on the
-// selected row. A field of one line holds what it shows, unless it has a validator of its own or its property
-// "keepsLineEnds" is set.
+// selected row. A field of one line holds what it shows, unless it has a validator of its own, its property
+// "keepsLineEnds" is set, or it belongs to a file box.
 class frmStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -123,6 +124,16 @@ private Q_SLOTS:
         box.show();
         PasteInto(*box.findChild<QLineEdit*>(), u"save\nas"_s);
         QCOMPARE(box.textValue(), u"save as"_s);
+    }
+
+    void theNameInAFileBoxMayHoldAnyCharacter()
+    {
+        QFileDialog box;
+        box.setOption(QFileDialog::DontUseNativeDialog);
+        box.show();
+        auto* name = box.findChild<QLineEdit*>(u"fileNameEdit"_s);
+        PasteInto(*name, u"a\nb"_s);
+        QCOMPARE(name->text(), u"a\nb"_s);
     }
 
     void aFieldCanKeepLineEndsOrItsOwnValidator()
