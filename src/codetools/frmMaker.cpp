@@ -23,13 +23,6 @@ frmMaker::frmMaker(QWidget* parent) : QDialog(parent)
     AskBeforeLoss(*this, [this] { return Lost(); });
 }
 
-void frmMaker::done(int result)
-{
-    QDialog::done(result);
-    if (ToolOwner() != nullptr)
-        ToolOwner()->activateWindow();
-}
-
 void frmMaker::SetInsertButton(QPushButton* button)
 {
     insert = button;

@@ -18,9 +18,6 @@ class frmMaker : public QDialog {
 public:
     explicit frmMaker(QWidget* parent);
 
-    // The main window is the active one afterwards, with the keyboard in the program.
-    void done(int result) override;
-
 protected:
     // The button inserts the code at the caret of the active program, as one step of undo, and closes the window. It is
     // grey while no program is active, or there is no code.

@@ -340,6 +340,7 @@ void win_frmMB::theMainWindowIsActiveAfterCopyAndExit()
     MakerScript s;
     s.ExpectCopied();
     s.Play([](QDialog& maker) {
+        QTRY_COMPARE(QApplication::activeWindow(), &maker);
         Press(maker, "cmdCreate");
         Press(maker, "cmdCopy");
     });
