@@ -20,6 +20,7 @@
 #include <QMessageBox>
 #include <QMimeDatabase>
 #include <QSpacerItem>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -177,6 +178,9 @@ public:
     {
         setIconProvider(&types);
         setDirectory(folder);
+        // The user has not been at the top of the disk.
+        if (auto* back = findChild<QToolButton*>(u"backButton"_s))
+            back->setEnabled(false);
         if (const QSize size = FileBoxSize(); !size.isEmpty())
             resize(size.boundedTo(screen()->availableSize()));
     }
@@ -203,11 +207,20 @@ int WidthOfTitle(const QWidget& window)
     return QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + TitleButtons;
 }
 
-// A message box has a size of its own making, which only its layout changes.
-void MakeRoomForTitle(QMessageBox& box)
+// The width of a text within limits, with space for the box's picture and margins beside it.
+int WidthOfDetails(const QMessageBox& box)
 {
+    constexpr int widest = 460;
+    constexpr int beside = 100;
+    return std::min(widest, box.fontMetrics().horizontalAdvance(box.informativeText())) + beside;
+}
+
+// A message box has a size of its own making, which only its layout changes.
+void MakeRoom(QMessageBox& box)
+{
+    const int width = std::max(WidthOfTitle(box), WidthOfDetails(box));
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
-        grid->addItem(new QSpacerItem(WidthOfTitle(box), 0), grid->rowCount(), 0, 1, grid->columnCount());
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 // File and reason of a failure, below the message's own words.
@@ -247,7 +260,7 @@ BoxAnswer dlgStandard::Message(const MessageSpec& spec)
     box.setIcon(IconOf(spec.icon));
     box.setStandardButtons(ButtonsOf(spec.buttons));
     box.setDefaultButton(DefaultOf(spec.buttons));
-    MakeRoomForTitle(box);
+    MakeRoom(box);
     return AnswerOf(box.exec());
 }
 

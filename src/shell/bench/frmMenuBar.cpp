@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QShortcutEvent>
+#include <QStyleOptionMenuItem>
 
 namespace ob {
 
@@ -52,6 +53,14 @@ bool frmMenuBar::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+// A selected menu is as easy to see as an open one.
+void frmMenuBar::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
+{
+    QMenuBar::initStyleOption(option, action);
+    if (selecting == Selecting::Yes && action == activeAction())
+        option->state |= QStyle::State_Sunken;
+}
+
 QList<QAction*> frmMenuBar::UsableMenus() const
 {
     QList<QAction*> menus = actions();
@@ -76,6 +85,7 @@ void frmMenuBar::Select(QAction* menu)
     if (selecting == Selecting::No)
         qApp->installEventFilter(this);
     selecting = Selecting::Yes;
+    update();
 }
 
 void frmMenuBar::SelectNeighbour(int step)

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 
 class QKeyEvent;
+class QStyleOptionMenuItem;
 
 namespace ob {
 
@@ -20,6 +21,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
 private:
     enum class Selecting { No, Yes };

@@ -78,6 +78,8 @@ private Q_SLOTS:
     void toolbarCanBeHidden();
     void fileBoxesStartInTheFolderOfTheActiveFile();
     void anEmptyFileIsReportedWithItsName();
+    void aFolderThatIsGoneIsReportedWithTheFilesName();
+    void anEngineThatCannotBeStartedIsReportedWithItsName();
     void controlF4Ends();
     void closingAFrameWithSeveralWindowsAsksForEach();
 };
@@ -361,6 +363,32 @@ void win_frmMain::anEmptyFileIsReportedWithItsName()
     OpenFiles({empty}, FileSource::CommandLine);
     QVERIFY(bench.dialogs.Finished());
     QCOMPARE(bench.Frame().findChild<QLabel*>(u"statusText"_s)->text(), empty + u": The file is empty"_s);
+}
+
+void win_frmMain::aFolderThatIsGoneIsReportedWithTheFilesName()
+{
+    TestBench bench;
+    QDir().mkdir(bench.Path(u"gone"_s));
+    const QString path = bench.Write(u"gone/a.bas"_s, "end\r\n\r\n");
+    bench.Start({path});
+    QVERIFY(QDir(bench.Path(u"gone"_s)).removeRecursively());
+    bench.dialogs.ExpectMessage(u"Run-time error '76':\nPath not found"_s);
+    bench.Choose(u"mnuFileSave"_s);
+    QVERIFY(bench.dialogs.Finished());
+    const QString status = bench.Frame().findChild<QLabel*>(u"statusText"_s)->text();
+    QVERIFY2(status.startsWith(path + u": "_s) && status.size() > path.size() + 5, qPrintable(status));
+}
+
+void win_frmMain::anEngineThatCannotBeStartedIsReportedWithItsName()
+{
+    TestBench bench;
+    bench.Start({bench.Write(u"a.bas"_s, "end\r\n\r\n")});
+    OBPath = bench.Write(u"orchard.exe"_s, "no program");
+    bench.dialogs.ExpectMessage(u"Run-time error '5':\nInvalid procedure call or argument"_s);
+    bench.Choose(u"mnuRun"_s);
+    QVERIFY(bench.dialogs.Finished());
+    const QString status = bench.Frame().findChild<QLabel*>(u"statusText"_s)->text();
+    QVERIFY2(status.contains(OBPath), qPrintable(status));
 }
 
 void win_frmMain::controlF4Ends()

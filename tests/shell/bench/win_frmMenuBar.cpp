@@ -28,6 +28,7 @@ private Q_SLOTS:
 private:
     frmMenuBar& Bar() const { return *bench->Frame().findChild<frmMenuBar*>(); }
     QString Selected() const { return Bar().activeAction() == nullptr ? QString() : Bar().activeAction()->text(); }
+    QStringList Marked() const;
     bool IsAnyOpen() const { return QApplication::activePopupWidget() != nullptr; }
 
     std::unique_ptr<TestBench> bench;
@@ -42,6 +43,19 @@ void win_frmMenuBar::init()
     bench->ActiveWindowEdit()->setFocus();
 }
 
+// The menus that the bar paints as selected.
+QStringList win_frmMenuBar::Marked() const
+{
+    const QImage picture = Bar().grab().toImage();
+    const QColor mark = Bar().palette().color(QPalette::Highlight);
+    QStringList marked;
+    for (const QAction* menu : Bar().actions())
+        if (const QRect place = Bar().actionGeometry(const_cast<QAction*>(menu)); picture.rect().contains(place))
+            if (picture.pixelColor(place.left() + 3, place.center().y()) == mark)
+                marked.append(menu->text());
+    return marked;
+}
+
 void win_frmMenuBar::aLetterOfTwoMenusSelectsOneAfterTheOther()
 {
     const QStringList order = {u"&Options"_s, u"&Orchard BASIC"_s, u"&Options"_s};
@@ -49,6 +63,7 @@ void win_frmMenuBar::aLetterOfTwoMenusSelectsOneAfterTheOther()
         QTest::keyClick(bench->ActiveWindowEdit(), Qt::Key_O, Qt::AltModifier);
         QCOMPARE(Selected(), menu);
         QVERIFY(!IsAnyOpen());
+        QCOMPARE(Marked(), QStringList{menu});
     }
     // Without Alt too, once a menu is selected; a key that means nothing does nothing.
     QTest::keyClicks(bench->ActiveWindowEdit(), u"oq"_s);
