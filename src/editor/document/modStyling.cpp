@@ -6,7 +6,7 @@
 #include "editor/document/modSyntaxTable.h"
 #include "platform/language/modAnsi.h"
 #include "scilexer/modLexer.h"
-#include "shell/state/modColors.h"
+#include "shell/state/modContrast.h"
 
 namespace ob {
 
@@ -84,7 +84,7 @@ void SetSciColors(Sci sci, const EditorSettings& settings)
     // Otherwise there is nothing to do: the styles have just been reset to the default.
     if (settings.SyntaxColor > 0)
         SetSyntaxColors(sci, settings);
-    if (IsDark(ColorOf(settings.EditBackColor)))
+    if (IsDark(settings.EditBackColor))
         ShowOnDark(sci, settings);
     if (settings.TabSize > 0)
         SendSci(sci, SCI_SETTABWIDTH, static_cast<std::uintptr_t>(settings.TabSize));

@@ -11,7 +11,7 @@
 #include "shell/state/Module1.h"
 #include "shell/state/frmColorSample.h"
 #include "shell/state/frmTool.h"
-#include "shell/state/modColors.h"
+#include "shell/state/modContrast.h"
 #include "ui_frmOptions.h"
 
 #include <QShortcut>
@@ -125,8 +125,9 @@ void frmOptions::ShowSamples()
     }
     // Only comments have a background colour of their own.
     const ColorRef back = ShownGround(ground, values.commentBackColor);
+    const ColorRef fore = IsDark(ground) ? ReadableOn(back, values.commentColor) : values.commentColor;
     for (frmColorSample* sample : {ui->lblComments, ui->lblCommentback})
-        SetLabelColors(*sample, ShownText(back, values.commentColor), back);
+        SetLabelColors(*sample, fore, back);
     SetLabelColors(*ui->lblSample, Editor.EditForeColor, ground);
 }
 

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colours in the toolkit's form, and colours that can be read on a given background.
+// Colours in the toolkit's form.
 #pragma once
 
-#include "platform/language/modColorNames.h"
+#include "shell/state/modContrast.h"
 
 #include <QColor>
 
 namespace ob {
-
-struct EditorSettings;
 
 inline QColor ColorOf(ColorRef color)
 {
@@ -22,36 +20,25 @@ inline ColorRef RefOf(const QColor& color)
                static_cast<unsigned>(color.blue()));
 }
 
-bool IsDark(const QColor& color);
+// The same as those of modContrast.
+inline bool IsDark(const QColor& color)
+{
+    return IsDark(RefOf(color));
+}
 
-// From 1, the same colour, to 21, black on white.
-double ContrastOf(const QColor& first, const QColor& second);
+inline double ContrastOf(const QColor& first, const QColor& second)
+{
+    return ContrastOf(RefOf(first), RefOf(second));
+}
 
-// What text needs, and what pictures need.
-constexpr double ReadableContrast = 5.5;
-constexpr double PictureContrast = 3.0;
+inline QColor ReadableOn(const QColor& ground, const QColor& color, double contrast = ReadableContrast)
+{
+    return ColorOf(ReadableOn(RefOf(ground), RefOf(color), contrast));
+}
 
-// The colour, made lighter or darker until it has that contrast with the background. One that has it already is
-// returned as it is.
-QColor ReadableOn(const QColor& ground, const QColor& color, double contrast = ReadableContrast);
-
-// A background for parts of a window, such as a mark, made dark or light as the window's own background is. One that is
-// so already is returned as it is.
-QColor GroundLike(const QColor& ground, const QColor& part);
-
-// A chosen colour of text, and of a background, as a code window with that background shows it: on a light one as it
-// is, on a dark one made readable.
-ColorRef ShownText(ColorRef ground, ColorRef color);
-ColorRef ShownGround(ColorRef ground, ColorRef part);
-
-// The settings with the colours that a code window shows.
-EditorSettings ShownColors(const EditorSettings& settings);
-
-// The line numbers of such a window.
-struct TextColors {
-    ColorRef fore = 0;
-    ColorRef back = 0;
-};
-TextColors ShownLineNumbers(const EditorSettings& settings);
+inline QColor GroundLike(const QColor& ground, const QColor& part)
+{
+    return ColorOf(GroundLike(RefOf(ground), RefOf(part)));
+}
 
 } // namespace ob
