@@ -65,6 +65,7 @@ private Q_SLOTS:
     void typedTextThatIsNoLabelGoes();
     void typedLabelIsGoneTo();
     void reusedWindowForgetsTheLabels();
+    void reusedWindowShowsTheLabelsOfItsNewText();
     void savedAsWindowKeepsItsLabel();
     void wrapGivesTheKeyboardBack();
 };
@@ -72,10 +73,10 @@ private Q_SLOTS:
 void win_frmDocumentRow::fontIsThatOfTheWindowWhereItFits()
 {
     TestBench bench;
-    QFont nine = QApplication::font();
-    const QFont before = nine;
-    nine.setPointSizeF(8);
-    QApplication::setFont(nine);
+    QFont small = QApplication::font();
+    const QFont before = small;
+    small.setPointSizeF(8);
+    QApplication::setFont(small);
     bench.Start({bench.Write(u"a.bas"_s, Program())});
     QCOMPARE(Find<QComboBox>(bench, "cboLabels")->font().pointSizeF(), 8.0);
     QCOMPARE(Find<QPushButton>(bench, "cmdBranch")->font().pointSizeF(), 8.0);
@@ -147,7 +148,6 @@ void win_frmDocumentRow::typedLabelIsGoneTo()
 void win_frmDocumentRow::reusedWindowForgetsTheLabels()
 {
     TestBench bench;
-    const QString other = bench.Write(u"b.bas"_s, "print 2\r\n[other]\r\nend \r\n");
     bench.Start({bench.Write(u"a.bas"_s, Program())});
     const cDocument* document = bench.Active();
     bench.Choose(u"mnuFileSave"_s);
@@ -156,12 +156,20 @@ void win_frmDocumentRow::reusedWindowForgetsTheLabels()
     QCOMPARE(Label(bench), QString());
     QCOMPARE(Find<QComboBox>(bench, "cboLabels")->count(), 0);
     QCOMPARE(Find<QComboBox>(bench, "cboSorted")->count(), 0);
-    // And takes those of the text that comes.
     QuitQuery = false;
-    bench.Choose(u"mnuFileClose"_s);
+}
+
+void win_frmDocumentRow::reusedWindowShowsTheLabelsOfItsNewText()
+{
+    TestBench bench;
+    const QString other = bench.Write(u"b.bas"_s, "print 2\r\n[other]\r\nend \r\n");
+    bench.Start({bench.Write(u"a.bas"_s, Program())});
+    const cDocument* document = bench.Active();
+    bench.Choose(u"mnuFileSave"_s);
     bench.dialogs.ExpectFile(FilePurpose::Open, u"Open File..."_s,
                              u"BASIC Code (*.bas)(*.oba)(*.bak)|*.BAS;*.OBA;*.BAK"_s, other);
     bench.Choose(u"mnuFileOpenCode"_s);
+    QCOMPARE(bench.Active(), document);
     QCOMPARE(Label(bench), u"[other]"_s);
 }
 
