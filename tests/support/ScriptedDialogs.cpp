@@ -91,6 +91,11 @@ void ScriptedDialogs::ExpectFile(FilePurpose purpose, const QString& title, cons
     steps.append({Describe(purpose, title, filter), BoxAnswer::Ok, answer, {}, {}, filterIndex});
 }
 
+void ScriptedDialogs::ExpectFiles(const QString& title, const QString& filter, const QStringList& answer)
+{
+    steps.append({Describe(FilePurpose::Open, title, filter), BoxAnswer::Ok, answer.value(0), {}, {}, 0, answer});
+}
+
 bool ScriptedDialogs::Finished() const
 {
     for (const Step& step : steps)
@@ -131,6 +136,13 @@ QString ScriptedDialogs::File(const FileSpec& spec)
     if (spec.filterIndex != nullptr)
         *spec.filterIndex = step->filterIndex;
     return step->text.value_or(QString());
+}
+
+QStringList ScriptedDialogs::Files(const FileSpec& spec)
+{
+    const QStringList several = steps.isEmpty() ? QStringList() : steps.first().files;
+    const QString one = File(spec);
+    return one.isEmpty() ? QStringList() : several.isEmpty() ? QStringList(one) : several;
 }
 
 QString ScriptedDialogs::Folder(const FolderSpec& spec)

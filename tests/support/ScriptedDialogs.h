@@ -22,6 +22,9 @@ public:
     void ExpectFile(FilePurpose purpose, const QString& title, const QString& filter, const QString& answer,
                     int filterIndex = 0);
 
+    // A box for several files; ExpectFile does for one.
+    void ExpectFiles(const QString& title, const QString& filter, const QStringList& answer);
+
     void ExpectFolder(const QString& title, const QString& answer);
     void ExpectColor(const QString& title, std::uint32_t start, std::optional<std::uint32_t> answer);
     void ExpectFont(const FontSpec& start, const std::optional<FontSpec>& answer);
@@ -35,6 +38,7 @@ public:
     BoxAnswer Message(const MessageSpec& spec) override;
     std::optional<QString> Input(const InputSpec& spec) override;
     QString File(const FileSpec& spec) override;
+    QStringList Files(const FileSpec& spec) override;
     QString Folder(const FolderSpec& spec) override;
     std::optional<std::uint32_t> Color(const ColorSpec& spec) override;
     std::optional<FontSpec> Font(const FontSpec& start) override;
@@ -47,6 +51,7 @@ private:
         std::optional<std::uint32_t> color;
         std::optional<FontSpec> font;
         int filterIndex = 0;
+        QStringList files = {}; // of a box for several
     };
 
     static QString Describe(const MessageSpec& spec);

@@ -204,9 +204,10 @@ frmPackage::frmPackage(const QString& token, QWidget* parent)
     On(ui->FileList, &QListView::doubleClicked, this, &frmPackage::cmdAdd_Click);
     On(ui->cmdAdd, this, &frmPackage::cmdAdd_Click);
     On(ui->cmdRemove, this, &frmPackage::cmdRemove_Click);
+    On(ui->cmdFind, this, &frmPackage::cmdFind_Click);
     On(ui->cmdOkay, this, &frmPackage::cmdOkay_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    StartInLastFolder(*this, *browser);
+    browser->Start();
     enable();
     Load();
 }
@@ -223,9 +224,27 @@ QString frmPackage::GetOrchardPath()
 void frmPackage::Load()
 {
     FillTEMPList();
+    ShowEngine();
     ui->FileList->setFocus();
     if (plan.version == InstalledEngine::None)
         Show(NoEngineBox());
+}
+
+void frmPackage::ShowEngine()
+{
+    ui->lblEngine->setText(NoEngineText(plan));
+    const bool isMissing = plan.version == InstalledEngine::None;
+    ui->lblEngine->setVisible(isMissing);
+    ui->cmdFind->setVisible(isMissing);
+}
+
+void frmPackage::cmdFind_Click()
+{
+    FindOrchard();
+    plan = WithEngine(plan, FolderOf(OBPath));
+    FillTEMPList();
+    ShowEngine();
+    ui->FileList->setFocus();
 }
 
 void frmPackage::FillTEMPList()

@@ -40,12 +40,14 @@ private:
 
     void Load();
     void FillTEMPList();
+    void ShowEngine();
     void AddFiles(const QStringList& paths);
 
     void TEMPList_DragDrop(const QDropEvent& drop);
     void FileList_DragDrop();
     void cmdAdd_Click();
     void cmdRemove_Click();
+    void cmdFind_Click();
     void cmdOkay_Click();
 
     std::unique_ptr<Ui::frmPackage> ui;

@@ -218,7 +218,7 @@ MessageSpec MissingBox(const QStringList& missing)
     QString text = u"Orchard Bench could not find these needed files:"_s;
     for (const QString& file : missing)
         text += file + u"\r\n"_s;
-    return {text, BoxIcon::Critical, BoxButtons::Ok, {}};
+    return {text, BoxIcon::Critical, BoxButtons::Ok, {}, {}, missing};
 }
 
 // --- The archive. ---------------------------------------------------------------------------------------------------
@@ -272,6 +272,26 @@ PackagePlan PlanPackage(const QString& token, const QString& engineFolder)
     return plan;
 }
 
+PackagePlan WithEngine(const PackagePlan& plan, const QString& engineFolder)
+{
+    const PackagePlan before = PlanPackage(plan.token, plan.engineFolder);
+    PackagePlan next = PlanPackage(plan.token, engineFolder);
+    for (const QString& file : plan.files)
+        if (!before.files.contains(file))
+            next.files.append(file);
+    return next;
+}
+
+QString NoEngineText(const PackagePlan& plan)
+{
+    if (plan.version != InstalledEngine::None)
+        return {};
+    const QString rest = u" The package will have no runtime files."_s;
+    return plan.engineFolder.isEmpty()
+               ? u"No engine was chosen, and so the path of Orchard BASIC is empty now."_s + rest
+               : u"There is no copy of Orchard BASIC in %1."_s.arg(QDir::toNativeSeparators(plan.engineFolder)) + rest;
+}
+
 MessageSpec NoEngineBox()
 {
     return {u"Orchard Bench cannot find your copy of Orchard BASIC.  Please set the path to "
@@ -306,12 +326,15 @@ MessageSpec TestQuestion(const PackagePlan& plan, const PackagedEngine& engine)
             "Would you like to test your new application?"_s.arg(engine.name, PackageFolder(plan)),
             BoxIcon::Question,
             BoxButtons::YesNo,
-            {}};
+            {},
+            {},
+            {engine.name, PackageFolder(plan)}};
 }
 
 MessageSpec ZipMadeBox(const QString& base)
 {
-    return {base + u".zip Created Successfully"_s, BoxIcon::Information, BoxButtons::Ok, {}};
+    const QString path = base + u".zip"_s;
+    return {path + u" Created Successfully"_s, BoxIcon::Information, BoxButtons::Ok, {}, {}, {path}};
 }
 
 PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatch& watch)

@@ -32,6 +32,12 @@ bool IsTokenName(const QString& path);
 PackagePlan PlanPackage(const QString& token, const QString& engineFolder);
 
 // The message when the version is None.
+// The same package with the runtime files of another engine; the files that were added to it stay.
+PackagePlan WithEngine(const PackagePlan& plan, const QString& engineFolder);
+
+// Why a plan has no runtime files, and what follows from it; empty for one that has.
+QString NoEngineText(const PackagePlan& plan);
+
 MessageSpec NoEngineBox();
 
 // The position of the first file of that plain name in the plan, case-insensitively; -1 when there is none.

@@ -4,8 +4,12 @@
 
 #include "imagetools/avi/dlgAviOptions.h"
 #include "imagetools/pictures/cFileDlg.h"
+#include "imagetools/pictures/frmFileList.h"
+#include "imagetools/pictures/frmPictureReading.h"
+#include "imagetools/pictures/modImageFiles.h"
 #include "imagetools/pictures/modPicture.h"
 #include "platform/dialogs/frmCommand.h"
+#include "platform/dialogs/frmPatience.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "shell/state/frmLoss.h"
@@ -17,7 +21,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QShortcut>
+#include <QTimer>
 
 #include <algorithm>
 #include <exception>
@@ -29,8 +33,8 @@ namespace ob {
 
 namespace {
 
-// The preview may take this fraction of the writing time.
-constexpr int PreviewShare = 8;
+// While frames are written, their pictures are shown at most that often, in milliseconds.
+constexpr qint64 PreviewPause = 100;
 
 QStringList FilesIn(const QMimeData& dropped)
 {
@@ -55,18 +59,29 @@ AviState WriteFrames(cAviWriting& writing, cWorkLink& window, const std::functio
 
 } // namespace
 
-frmAVI::frmAVI(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmAVI>())
+frmAVI::frmAVI(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmAVI>()),
+      loader(LoadPreview, [this] { RunCommand([this] { TakePreview(); }); }), tmrPlay(new QTimer(this))
 {
     ui->setupUi(this);
     setAcceptDrops(true);
+    order = new frmFileList({ui->lstDIBList, ui->cmdRemove, ui->cmdEarlier, ui->cmdLater}, this);
+    On(order, &frmFileList::Removed, this, &frmAVI::lstDIBList_Removed);
+    On(order, &frmFileList::Moved, this, &frmAVI::lstDIBList_Moved);
+    On(ui->cmdFolder, this, &frmAVI::cmdFolder_Click);
+    On(ui->cmdPlay, this, &frmAVI::cmdPlay_Click);
+    On(ui->txtFPS, &QLineEdit::textChanged, this, [this] {
+        if (tmrPlay->isActive())
+            Play();
+    });
+    tmrPlay->setTimerType(Qt::PreciseTimer);
+    On(tmrPlay, &QTimer::timeout, this, &frmAVI::tmrPlay_Timer);
     On(ui->cmdFileOpen, this, &frmAVI::cmdFileOpen_Click);
     On(ui->cmdClearList, this, &frmAVI::cmdClearList_Click);
     On(ui->cmdWriteAVI, this, &frmAVI::cmdWriteAVI_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmAVI::reject);
     AskBeforeLoss(*this, [this] { return Lost(); });
     On(ui->lstDIBList, &QListWidget::currentRowChanged, this, &frmAVI::lstDIBList_Click);
-    auto* remove = new QShortcut(QKeySequence::Delete, ui->lstDIBList, nullptr, nullptr, Qt::WidgetShortcut);
-    On(remove, &QShortcut::activated, this, &frmAVI::lstDIBList_Delete);
     cmdClearList_Click();
 }
 
@@ -101,73 +116,188 @@ void frmAVI::closeEvent(QCloseEvent* event)
     event->ignore();
 }
 
+QString frmAVI::FolderOfLastFile() const
+{
+    return lastFile.isEmpty() ? LastFolder(objectName()) : FolderOf(lastFile);
+}
+
+// --- The list. ------------------------------------------------------------------------------------------------------
+
 void frmAVI::cmdFileOpen_Click()
 {
     cFileDlg dialog;
     dialog.OwnerHwnd = winId();
     dialog.FileMustExist = true;
     dialog.HideReadOnly = true;
+    dialog.MultiSelect = true;
     dialog.DlgTitle = u"Choose BMP file to add to video stream"_s;
     dialog.Filter = u"BMP Files|*.bmp:DIB Files|*.dib"_s;
-    dialog.InitDirectory = lastFile.isEmpty() ? LastFolder(objectName()) : FolderOf(lastFile);
-    QString file;
-    if (dialog.VBGetOpenFileName(file))
-        AddFile(file);
+    dialog.InitDirectory = FolderOfLastFile();
+    AddFiles(dialog.VBGetOpenFileNames());
 }
 
-frmAVI::Adding frmAVI::AddFile(const QString& file)
+// One box for files that do not fit, not one for each.
+void frmAVI::AddFiles(const QStringList& files)
+{
+    const Check check = files.size() == 1 ? Check::WholePicture : Check::Headers;
+    const QStringList ordered = InNumberOrder(files);
+    (void)std::any_of(ordered.begin(), ordered.end(),
+                      [&](const QString& file) { return AddFile(file, check) == Adding::Refused; });
+}
+
+frmAVI::Adding frmAVI::AddFile(const QString& file, Check check)
 {
     lastFile = file;
     RememberFolder(objectName(), FolderOf(file));
     const std::optional<AviFormat> format = FormatForList(list, file, NoticeBoxes());
     if (!format)
         return Adding::Refused;
-    ShowFile(file);
+    std::optional<cDIBSection> picture;
+    if (check == Check::WholePicture && !(picture = ReadPicture(file)))
+        return Adding::Refused;
+    StopPlaying();
     AddToList(list, file, *format);
-    const QSignalBlocker isShown(ui->lstDIBList);
-    ui->lstDIBList->addItem(file);
-    ui->lstDIBList->setCurrentRow(ui->lstDIBList->count() - 1);
+    {
+        const QSignalBlocker isShown(ui->lstDIBList);
+        ui->lstDIBList->addItem(file);
+        ui->lstDIBList->setCurrentRow(ui->lstDIBList->count() - 1);
+    }
+    if (picture) {
+        shownFile = file;
+        ui->imgPreview->SetPicture(ImageOf(*picture));
+    } else {
+        AskFor(file);
+    }
     EnableControls();
     return Adding::Added;
 }
 
-void frmAVI::ShowFile(const QString& file)
+void frmAVI::cmdFolder_Click()
 {
-    ui->imgPreview->SetPicture(ImageOf(LoadPicture(file)));
+    const QString folder = FolderBox(u"Add the bitmaps of a folder"_s, FolderOfLastFile());
+    if (folder.isEmpty())
+        return;
+    const auto read = RunPatiently(ReadingText(folder), [from = list, folder] { return WithFolder(from, folder); });
+    if (!read)
+        return;
+    StopPlaying();
+    RememberFolder(objectName(), folder);
+    const qsizetype before = list.files.size();
+    list = read->list;
+    if (list.files.size() > before) {
+        lastFile = list.files.last();
+        const QSignalBlocker isShown(ui->lstDIBList);
+        ui->lstDIBList->addItems(list.files.sliced(before));
+        ui->lstDIBList->setCurrentRow(static_cast<int>(before));
+        ShowFile(list.files[before]);
+    }
+    EnableControls();
+    ui->lblStatus->setText(FolderAddedText(list.files.size() - before, read->leftOut));
 }
 
 void frmAVI::cmdClearList_Click()
 {
+    StopPlaying();
     list = {};
     const QSignalBlocker isShown(ui->lstDIBList);
     ui->lstDIBList->clear();
+    shownFile.clear();
     ui->imgPreview->SetPicture({});
     EnableControls();
 }
 
-void frmAVI::lstDIBList_Click(int row)
+void frmAVI::lstDIBList_Removed(int row)
 {
-    if (row >= 0)
-        ShowFile(list.files[row]);
-}
-
-void frmAVI::lstDIBList_Delete()
-{
-    const int row = ui->lstDIBList->currentRow();
-    if (row < 0 || writing)
-        return;
     list.files.removeAt(row);
     if (list.files.isEmpty()) {
         cmdClearList_Click();
         return;
     }
-    {
-        // Meanwhile the list reports a row whose number is about to change.
-        const QSignalBlocker isMoving(ui->lstDIBList);
-        delete ui->lstDIBList->takeItem(row);
-    }
+    StopPlaying();
     lstDIBList_Click(ui->lstDIBList->currentRow());
+    EnableControls();
 }
+
+void frmAVI::lstDIBList_Moved(int from, int to)
+{
+    StopPlaying();
+    list.files.move(from, to);
+}
+
+// --- The preview. ---------------------------------------------------------------------------------------------------
+
+void frmAVI::lstDIBList_Click(int row)
+{
+    if (row < 0)
+        return;
+    if (tmrPlay->isActive())
+        Play();
+    ShowFile(list.files[row]);
+}
+
+// A small picture is there at once, without an older one before it.
+void frmAVI::ShowFile(const QString& file)
+{
+    constexpr std::chrono::milliseconds moment(50);
+    AskFor(file);
+    if (!loader.IsDone(moment))
+        return;
+    TakePreview();
+}
+
+void frmAVI::AskFor(const QString& file)
+{
+    shownFile = file;
+    loader.Ask({file, ui->imgPreview->size(), devicePixelRatioF()});
+}
+
+void frmAVI::TakePreview()
+{
+    const auto preview = loader.Take();
+    if (!preview || preview->path != shownFile)
+        return;
+    if (!preview->IsEmpty())
+        ui->imgPreview->SetPicture(preview->image);
+    else if (!writing)
+        ui->lblStatus->setText(CannotBeShownText(shownFile));
+}
+
+void frmAVI::cmdPlay_Click()
+{
+    if (ui->cmdPlay->isChecked())
+        Play();
+    else
+        StopPlaying();
+}
+
+// From the chosen frame on, at the rate that the field has now.
+void frmAVI::Play()
+{
+    playedFrom = std::max(ui->lstDIBList->currentRow(), 0);
+    playing.start();
+    tmrPlay->start(1000 / FramesPerSecondOf(ui->txtFPS->text()));
+}
+
+void frmAVI::StopPlaying()
+{
+    tmrPlay->stop();
+    ui->cmdPlay->setChecked(false);
+}
+
+void frmAVI::tmrPlay_Timer()
+{
+    const qint64 frames = playing.elapsed() * FramesPerSecondOf(ui->txtFPS->text()) / 1000;
+    const auto row = static_cast<int>((playedFrom + frames) % list.files.size());
+    if (row == ui->lstDIBList->currentRow())
+        return;
+    const QSignalBlocker isShown(ui->lstDIBList);
+    ui->lstDIBList->setCurrentRow(row);
+    // A picture that takes longer than its turn is shown late, and those of the meantime are left out.
+    if (!loader.IsBusy())
+        AskFor(list.files[row]);
+}
+
+// --- Writing. -------------------------------------------------------------------------------------------------------
 
 void frmAVI::cmdWriteAVI_Click()
 {
@@ -241,6 +371,7 @@ void frmAVI::StartWriting()
     ui->pgbFrames->setValue(0);
     ui->pgbFrames->setVisible(true);
     ui->lblStatus->clear();
+    StopPlaying();
     sincePreview.invalidate();
     closesAtEnd = false;
     EnableControls();
@@ -251,19 +382,11 @@ void frmAVI::ShowFrame(qsizetype frame)
     ui->lblStatus->setText(u"Frame number %1 saved"_s.arg(frame));
     ui->pgbFrames->setValue(static_cast<int>(frame + 1));
     const bool isLast = frame + 1 == list.files.size();
-    if (!isLast && sincePreview.isValid() && sincePreview.elapsed() < PreviewShare * previewCost)
+    if (!isLast && sincePreview.isValid() && sincePreview.elapsed() < PreviewPause)
         return;
-    QElapsedTimer clock;
-    clock.start();
     const QSignalBlocker isShown(ui->lstDIBList);
     ui->lstDIBList->setCurrentRow(static_cast<int>(frame));
-    try {
-        ShowFile(list.files[frame]);
-    } catch (const RuntimeError&) {
-        // A missing file has been reported; the previous picture stays, like its frame.
-    }
-    ui->imgPreview->repaint();
-    previewCost = std::max<qint64>(clock.elapsed(), 5);
+    AskFor(list.files[frame]);
     sincePreview.start();
 }
 
@@ -305,6 +428,9 @@ void frmAVI::EnableControls()
     if (!isIdle)
         ui->lstDIBList->setFocus();
     ui->cmdFileOpen->setEnabled(isIdle);
+    ui->cmdFolder->setEnabled(isIdle);
+    ui->cmdPlay->setEnabled(isIdle && list.files.size() > 1);
+    order->SetUse(isIdle ? frmFileList::Use::Open : frmFileList::Use::Held);
     ui->cmdClearList->setEnabled(isIdle && hasFiles);
     ui->cmdWriteAVI->setEnabled(isIdle && hasFiles);
     ui->txtFPS->setEnabled(isIdle);
@@ -322,11 +448,7 @@ void frmAVI::dropEvent(QDropEvent* event)
         return;
     const QStringList files = FilesIn(*event->mimeData());
     event->acceptProposedAction();
-    // One box for a batch that does not fit, not one for each file.
-    RunCommand([&] {
-        (void)std::any_of(files.begin(), files.end(),
-                          [&](const QString& file) { return AddFile(file) == Adding::Refused; });
-    });
+    RunCommand([&] { AddFiles(files); });
 }
 
 void mnuToolAVI_Click()

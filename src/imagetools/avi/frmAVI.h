@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imagetools/avi/cAviWriting.h"
+#include "imagetools/pictures/cPreviewLoader.h"
 #include "platform/work/cWork.h"
 
 #include <QDialog>
@@ -13,11 +14,15 @@
 #include <string>
 #include <utility>
 
+class QTimer;
+
 namespace Ui {
 class frmAVI;
 }
 
 namespace ob {
+
+class frmFileList;
 
 // Frames are written on their own thread, so that the window stays responsive. Cancel and Escape first end the writing
 // and close the window only the next time; the close button does both.
@@ -39,16 +44,27 @@ protected:
 
 private:
     enum class Adding { Added, Refused };
+    enum class Check { Headers, WholePicture };
 
     void cmdFileOpen_Click();
+    void cmdFolder_Click();
+    void cmdPlay_Click();
     void cmdClearList_Click();
     void cmdWriteAVI_Click();
     void lstDIBList_Click(int row);
-    void lstDIBList_Delete();
+    void lstDIBList_Removed(int row);
+    void lstDIBList_Moved(int from, int to);
+    void tmrPlay_Timer();
 
     QString Lost() const;
-    Adding AddFile(const QString& file);
+    void AddFiles(const QStringList& files);
+    Adding AddFile(const QString& file, Check check);
+    QString FolderOfLastFile() const;
     void ShowFile(const QString& file);
+    void AskFor(const QString& file);
+    void TakePreview();
+    void Play();
+    void StopPlaying();
     AviState BeginWriting(const QString& path);
     NoticeSink NoticesHere();
     void ShowNotices();
@@ -60,6 +76,12 @@ private:
 
     std::unique_ptr<Ui::frmAVI> ui;
     AviList list;
+    frmFileList* order = nullptr; // of the list
+    cPreviewLoader loader;
+    QString shownFile; // whose picture is wanted
+    QTimer* tmrPlay;
+    QElapsedTimer playing; // since the frame from which it plays
+    int playedFrom = 0;
     QStringList filesWritten; // in the last video
     QString lastFile;
     std::unique_ptr<cAviWriting> writing;
@@ -68,7 +90,6 @@ private:
     QList<std::pair<std::string, NoticeIcon>> notices; // waiting for the one being shown
     bool isShowingNotice = false;
     QElapsedTimer sincePreview;
-    qint64 previewCost = 0; // milliseconds
 };
 
 void mnuToolAVI_Click();

@@ -5,8 +5,10 @@
 #include "imagetools/pictures/modPicture.h"
 #include "imaging/cByteReader.h"
 #include "imaging/cByteWriter.h"
+#include "imaging/cNumberedError.h"
 #include "imaging/modBitmapHeaders.h"
 #include "platform/files/modFiles.h"
+#include "platform/files/modFolders.h"
 #include "platform/language/modRuntime.h"
 
 #include <QFile>
@@ -17,6 +19,8 @@
 #include <cstdlib>
 #include <limits>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace ob {
 
@@ -86,6 +90,39 @@ bool HasUsualMasks(const cDIB& dib, ByteView masks)
     return dib.BitCount() == 32 && values == std::array<std::uint32_t, 3>{0xFF0000, 0xFF00, 0xFF};
 }
 
+// The digits from a place on, without the zeros before them.
+QStringView NumberAt(QStringView text, qsizetype& place)
+{
+    while (place < text.size() && text[place] == u'0')
+        ++place;
+    const qsizetype start = place;
+    while (place < text.size() && text[place].isDigit())
+        ++place;
+    return text.sliced(start, place - start);
+}
+
+int CompareByNumbers(QStringView left, QStringView right)
+{
+    qsizetype i = 0;
+    qsizetype j = 0;
+    while (i < left.size() && j < right.size()) {
+        if (left[i].isDigit() && right[j].isDigit()) {
+            const QStringView one = NumberAt(left, i);
+            const QStringView other = NumberAt(right, j);
+            if (one.size() != other.size())
+                return one.size() < other.size() ? -1 : 1;
+            if (const int order = one.compare(other))
+                return order;
+        } else {
+            if (const int order = left.sliced(i, 1).compare(right.sliced(j, 1), Qt::CaseInsensitive))
+                return order;
+            ++i;
+            ++j;
+        }
+    }
+    return static_cast<int>((left.size() - i > 0) - (right.size() - j > 0));
+}
+
 } // namespace
 
 bool LoadAviBitmap(cDIB& dib, const QString& path, AviBitmapPart part, const NoticeSink& notice)
@@ -128,6 +165,47 @@ void AddToList(AviList& list, const QString& file, const AviFormat& format)
     list.files.append(file);
     if (!list.first)
         list.first = format;
+}
+
+QStringList InNumberOrder(QStringList paths)
+{
+    std::sort(paths.begin(), paths.end(), [](const QString& left, const QString& right) {
+        const int order = CompareByNumbers(left, right);
+        return order != 0 ? order < 0 : left < right;
+    });
+    return paths;
+}
+
+AviFolder WithFolder(AviList list, const QString& folder)
+{
+    AviFolder result = {std::move(list), {}};
+    for (const QString& name : InNumberOrder(ReadFolder(folder, {u"*.bmp"_s, u"*.dib"_s}).files)) {
+        const QString file = PathIn(folder, name);
+        std::optional<AviFormat> format;
+        try {
+            format = FormatForList(result.list, file, [](const std::string&, NoticeIcon) {});
+        } catch (const NumberedError&) {
+            // It is left out like any other that does not fit.
+        }
+        if (format)
+            AddToList(result.list, file, *format);
+        else
+            result.leftOut.append(name);
+    }
+    return result;
+}
+
+QString FolderAddedText(qsizetype added, const QStringList& leftOut)
+{
+    constexpr qsizetype mostNames = 3;
+    if (added == 0 && leftOut.isEmpty())
+        return u"There are no bitmaps in this folder."_s;
+    const QString text = u"Files added: %1."_s.arg(added);
+    if (leftOut.isEmpty())
+        return text;
+    const QString more = leftOut.size() > mostNames ? u", ..."_s : QString();
+    return text + u" Left out, as they cannot be read or have another format: %1 (%2%3)."_s.arg(leftOut.size())
+                      .arg(leftOut.first(std::min(mostNames, leftOut.size())).join(u", "_s), more);
 }
 
 std::int32_t FramesPerSecondOf(QStringView text)

@@ -44,6 +44,19 @@ bool LoadAviBitmap(cDIB& dib, const QString& path, AviBitmapPart part, const Not
 std::optional<AviFormat> FormatForList(const AviList& list, const QString& file, const NoticeSink& notice);
 void AddToList(AviList& list, const QString& file, const AviFormat& format);
 
+// Paths in the order of the numbers in them: "f2.bmp" before "f10.bmp". Case and leading zeros decide between equals.
+QStringList InNumberOrder(QStringList paths);
+
+// A list with all bitmaps of a folder that fit into it added in number order, and the names of those that do not.
+struct AviFolder {
+    AviList list;
+    QStringList leftOut;
+};
+AviFolder WithFolder(AviList list, const QString& folder);
+
+// What the user is shown of that: how many files were added and which were not.
+QString FolderAddedText(qsizetype added, const QStringList& leftOut);
+
 // The number in a text, rounded, within 1 to 30; 1 for a text without one. Raises Overflow beyond a double.
 std::int32_t FramesPerSecondOf(QStringView text);
 

@@ -55,6 +55,18 @@ bool cFileDlg::VBGetOpenFileName(QString& fileName) const
     return Accept(chosen, fileName);
 }
 
+QStringList cFileDlg::VBGetOpenFileNames() const
+{
+    const FileSpec box = {FilePurpose::Open, DlgTitle, Folder(), {}, BoxFilter()};
+    const bool takesSeveral = (AllFlags() & OFN_ALLOWMULTISELECT) != 0;
+    QStringList files = takesSeveral ? FilesBox(box) : QStringList(FileBox(box));
+    files.removeIf([this](const QString& file) {
+        const bool isMissing = (AllFlags() & OFN_FILEMUSTEXIST) != 0 && !ExistFile(file);
+        return isMissing || file.isEmpty() || file.size() >= BufferSize;
+    });
+    return files;
+}
+
 bool cFileDlg::VBGetOpenFileNamePreview(QString& fileName) const
 {
     return VBGetOpenFileName(fileName);

@@ -4,6 +4,7 @@
 
 #include <QStandardPaths>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <optional>
@@ -17,7 +18,7 @@ inline constexpr std::uint32_t OFN_HIDEREADONLY = 0x4;
 inline constexpr std::uint32_t OFN_ALLOWMULTISELECT = 0x200;
 inline constexpr std::uint32_t OFN_FILEMUSTEXIST = 0x1000;
 
-// Options that this system's boxes lack (read-only tick, several names) are only kept in the record. The boxes are
+// The read-only tick, which this system's boxes lack, is only kept in the record. The boxes are
 // modal to the active window, and the box for a new name always asks before an existing file would be replaced.
 class cFileDlg {
 public:
@@ -41,6 +42,7 @@ public:
     // True on OK, with the chosen name in the argument, which is the suggested name before. A name that does not fit
     // into the record counts as Cancel, as does one that must exist and does not.
     bool VBGetOpenFileName(QString& fileName) const;
+    QStringList VBGetOpenFileNames() const; // several, when MultiSelect is set; empty after Cancel
     bool VBGetOpenFileNamePreview(QString& fileName) const;
     bool VBGetSaveFileName(QString& fileName) const;
 

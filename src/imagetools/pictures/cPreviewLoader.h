@@ -31,6 +31,9 @@ public:
     // Whether a preview is to come.
     bool IsBusy() const { return running.IsStarted(); }
 
+    // Whether one is ready to be taken, waiting for it that long at most.
+    bool IsDone(std::chrono::milliseconds patience) const { return running.IsDone(patience); }
+
     // Waits for the newest preview, at most that long, and takes it.
     std::optional<Preview> Wait(std::chrono::milliseconds patience);
 

@@ -6,6 +6,7 @@
 #include "platform/dialogs/modFileBox.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QColorDialog>
 #include <QDir>
@@ -30,6 +31,39 @@ namespace ob {
 
 namespace {
 
+// Hold a line together, and take no space or that of the space that they stand for.
+constexpr QChar WordJoiner(0x2060);
+constexpr QChar NoBreakSpace(0x00A0);
+
+// The name of a file or folder as one word, however a line could otherwise end in it.
+QString AsOneWord(QStringView name)
+{
+    QString word;
+    for (const QChar character : name) {
+        if (!word.isEmpty())
+            word += WordJoiner;
+        word += character == u' ' ? NoBreakSpace : character;
+    }
+    return word;
+}
+
+// The text with lines that end in these paths only after a separator.
+QString WithWholeNames(QString text, const QStringList& paths)
+{
+    for (const QString& path : paths) {
+        QStringList names = path.split(QDir::separator());
+        for (QString& name : names)
+            name = AsOneWord(name);
+        text.replace(path, names.join(QDir::separator()));
+    }
+    return text;
+}
+
+QString WithPlainNames(QString text)
+{
+    return text.remove(WordJoiner).replace(NoBreakSpace, u' ');
+}
+
 // A question without Cancel is closed only by its buttons: neither Escape nor the close button is an answer.
 class QuestionBox final : public QMessageBox {
 public:
@@ -52,7 +86,9 @@ protected:
 
     void keyPressEvent(QKeyEvent* event) override
     {
-        if (leaving == NeedsAnswer && event->matches(QKeySequence::Cancel))
+        if (event->matches(QKeySequence::Copy))
+            QGuiApplication::clipboard()->setText(WithPlainNames(text()));
+        else if (leaving == NeedsAnswer && event->matches(QKeySequence::Cancel))
             event->accept();
         else
             QMessageBox::keyPressEvent(event);
@@ -185,14 +221,17 @@ public:
             resize(size.boundedTo(screen()->availableSize()));
     }
 
-    // The chosen path, or nothing.
-    QString Choose()
+    // The chosen paths, or none.
+    QStringList Choose()
     {
         const QSize before = size();
         const bool isChosen = exec() == QDialog::Accepted;
         if (size() != before)
             StoreFileBoxSize(size());
-        return isChosen ? QDir::toNativeSeparators(selectedFiles().value(0)) : QString();
+        QStringList chosen = isChosen ? selectedFiles() : QStringList();
+        for (QString& path : chosen)
+            path = QDir::toNativeSeparators(path);
+        return chosen;
     }
 };
 
@@ -255,7 +294,7 @@ BoxAnswer dlgStandard::Message(const MessageSpec& spec)
     QuestionBox box(BoxOwner(), needsAnswer ? QuestionBox::NeedsAnswer : QuestionBox::MayBeLeft);
     box.setWindowTitle(TitleOf(spec.title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(spec.text);
+    box.setText(WithWholeNames(spec.text, spec.paths));
     ShowDetails(box, spec.reason);
     box.setIcon(IconOf(spec.icon));
     box.setStandardButtons(ButtonsOf(spec.buttons));
@@ -295,7 +334,17 @@ static int PlaceOfFilter(const QFileDialog& box)
     return 0;
 }
 
-QString dlgStandard::File(const FileSpec& spec)
+// The ending follows the filter that the user picks, where the filter has just one.
+static void FollowFilter(QFileDialog& box, const QList<FileFilter>& filters)
+{
+    QObject::connect(&box, &QFileDialog::filterSelected, &box, [&box, filters] {
+        const QStringList patterns = filters.value(PlaceOfFilter(box)).patterns;
+        if (patterns.size() == 1 && patterns.first().startsWith(u"*."_s))
+            box.setDefaultSuffix(patterns.first().sliced(2));
+    });
+}
+
+static QStringList ChooseFiles(const FileSpec& spec, QFileDialog::FileMode mode)
 {
     const QDir folder(FileBoxStart(spec.folder));
     NameTypes types;
@@ -304,16 +353,28 @@ QString dlgStandard::File(const FileSpec& spec)
     box.setOption(QFileDialog::HideNameFilterDetails);
     const bool saves = spec.purpose == FilePurpose::Save;
     box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    box.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    box.setFileMode(saves ? QFileDialog::AnyFile : mode);
     box.setDefaultSuffix(spec.extension);
+    if (!spec.extension.isEmpty())
+        FollowFilter(box, FileFiltersOf(spec.filter));
     if (!spec.name.isEmpty())
         box.selectFile(folder.filePath(spec.name));
     if (spec.filterIndex != nullptr)
         box.selectNameFilter(box.nameFilters().value(*spec.filterIndex));
-    const QString chosen = box.Choose();
+    const QStringList chosen = box.Choose();
     if (spec.filterIndex != nullptr && !chosen.isEmpty())
         *spec.filterIndex = PlaceOfFilter(box);
     return chosen;
+}
+
+QString dlgStandard::File(const FileSpec& spec)
+{
+    return ChooseFiles(spec, QFileDialog::ExistingFile).value(0);
+}
+
+QStringList dlgStandard::Files(const FileSpec& spec)
+{
+    return ChooseFiles(spec, QFileDialog::ExistingFiles);
 }
 
 QString dlgStandard::Folder(const FolderSpec& spec)
@@ -322,7 +383,7 @@ QString dlgStandard::Folder(const FolderSpec& spec)
     FileDialog box(types, spec.title, FileBoxStart(spec.start));
     box.setFileMode(QFileDialog::Directory);
     box.setOption(QFileDialog::ShowDirsOnly);
-    return box.Choose();
+    return box.Choose().value(0);
 }
 
 std::optional<std::uint32_t> dlgStandard::Color(const ColorSpec& spec)

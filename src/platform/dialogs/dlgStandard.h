@@ -13,6 +13,7 @@ public:
     BoxAnswer Message(const MessageSpec& spec) override;
     std::optional<QString> Input(const InputSpec& spec) override;
     QString File(const FileSpec& spec) override;
+    QStringList Files(const FileSpec& spec) override;
     QString Folder(const FolderSpec& spec) override;
     std::optional<std::uint32_t> Color(const ColorSpec& spec) override;
     std::optional<FontSpec> Font(const FontSpec& start) override;

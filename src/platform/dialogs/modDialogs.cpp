@@ -107,12 +107,30 @@ std::optional<QString> InputBox(const QString& prompt, const QString& title, con
     return Current()->Input({prompt, title, initial});
 }
 
+QStringList cDialogs::Files(const FileSpec& spec)
+{
+    const QString chosen = File(spec);
+    return chosen.isEmpty() ? QStringList() : QStringList(chosen);
+}
+
+// The next box starts in the folder of this choice.
+static void GoToFolderOf(const QString& chosen)
+{
+    if (!chosen.isEmpty())
+        QDir::setCurrent(QFileInfo(chosen).absolutePath());
+}
+
 QString FileBox(const FileSpec& spec)
 {
     const QString chosen = Current()->File(spec);
-    // The next box starts in the folder of this choice.
-    if (!chosen.isEmpty())
-        QDir::setCurrent(QFileInfo(chosen).absolutePath());
+    GoToFolderOf(chosen);
+    return chosen;
+}
+
+QStringList FilesBox(const FileSpec& spec)
+{
+    const QStringList chosen = Current()->Files(spec);
+    GoToFolderOf(chosen.value(0));
     return chosen;
 }
 

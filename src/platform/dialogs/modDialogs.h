@@ -25,6 +25,9 @@ struct MessageSpec {
     BoxButtons buttons = BoxButtons::Ok;
     QString title;       // empty: the program's name
     QString reason = {}; // what the status bar shows while and after the box is there; empty: as it is
+
+    // Paths in the text: a line may end after one of their separators, but not within a name.
+    QStringList paths = {};
 };
 
 struct InputSpec {
@@ -75,6 +78,7 @@ public:
     virtual BoxAnswer Message(const MessageSpec& spec) = 0;
     virtual std::optional<QString> Input(const InputSpec& spec) = 0;
     virtual QString File(const FileSpec& spec) = 0;
+    virtual QStringList Files(const FileSpec& spec); // several at once, where a box can; else the one of File
     virtual QString Folder(const FolderSpec& spec) = 0;
     virtual std::optional<std::uint32_t> Color(const ColorSpec& spec) = 0;
     virtual std::optional<FontSpec> Font(const FontSpec& start) = 0;
@@ -92,6 +96,9 @@ void FailureBox(const QString& text, const RuntimeError& error, const QString& t
 
 std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& initial);
 QString FileBox(const FileSpec& spec);
+
+// A file box that takes several files. Empty: nothing chosen.
+QStringList FilesBox(const FileSpec& spec);
 
 // A file box titled "Open File..." for files that exist. Empty: nothing chosen.
 QString OpenFileDialog(const QString& filter, const QString& folder);

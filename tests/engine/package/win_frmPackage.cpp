@@ -97,6 +97,7 @@ private Q_SLOTS:
     void theWizardShowsThePlan();
     void anotherFileEndsTheCommandSilently();
     void aPathNeverSetIsRequested();
+    void theSearchForTheEngineIsOfferedAgain();
     void aMissingEngineIsReported();
     void missingFilesAreMarked();
     void theBrowserStartsAtTheToken();
@@ -157,6 +158,44 @@ void win_frmPackage::aPathNeverSetIsRequested()
     bench.dialogs.ExpectMessage(NotFound, BoxAnswer::Ok, BoxIcon::None);
     QCOMPARE(frmPackage::GetOrchardPath(), QString());
     QCOMPARE(frmPackage::GetOrchardPath(), QString());
+    QVERIFY(bench.dialogs.Finished());
+}
+
+void win_frmPackage::theSearchForTheEngineIsOfferedAgain()
+{
+    const PackageBench files(1);
+    TestBench bench;
+    bench.Start();
+    const QString findTitle = u"Find Orchard BASIC"_s;
+    const auto cancelSearch = [&] {
+        bench.dialogs.ExpectFile(FilePurpose::Open, findTitle, FindFilter, QString());
+        bench.dialogs.ExpectMessage(NotFound, BoxAnswer::Ok, BoxIcon::None);
+    };
+    OBPath = NoPath;
+    bench.dialogs.ExpectFile(FilePurpose::Open, u"Choose TKN"_s, TokenFilter, files.Token());
+    cancelSearch();
+    bench.dialogs.ExpectMessage(NoEngineBox().text, BoxAnswer::Ok, BoxIcon::Exclamation);
+    bench.ExpectModal(u"frmPackage"_s, [&](QDialog& dialog) {
+        const auto* line = Find<QLabel>(dialog, "lblEngine");
+        QVERIFY(line->isVisible() && line->text().startsWith(u"No engine was chosen"_s));
+        QCOMPARE(OBPath, QString());
+        // What the user has added stays in the package.
+        DropFiles(Find<QListWidget>(dialog, "TEMPList")->viewport(), {files.At("engine/orchard.exe")});
+        cancelSearch();
+        Button(dialog, "cmdFind")->click();
+        QVERIFY(line->isVisible());
+        QCOMPARE(Lines(dialog), Words("game.tkn orchard.exe"));
+        bench.dialogs.ExpectFile(FilePurpose::Open, findTitle, FindFilter, files.At("work/orchard.exe"));
+        Button(dialog, "cmdFind")->click();
+        QVERIFY2(line->text().contains(QDir::toNativeSeparators(files.work)), qPrintable(line->text()));
+        bench.dialogs.ExpectFile(FilePurpose::Open, findTitle, FindFilter, files.At("engine/orchard.exe"));
+        Button(dialog, "cmdFind")->click();
+        QVERIFY(!line->isVisible() && !Button(dialog, "cmdFind")->isVisible());
+        QCOMPARE(Lines(dialog).first(), u"vwabort.dll"_s);
+        QCOMPARE(Lines(dialog).last(2), Words("game.tkn orchard.exe"));
+        dialog.reject();
+    });
+    bench.Choose(u"mnuPackage"_s);
     QVERIFY(bench.dialogs.Finished());
 }
 

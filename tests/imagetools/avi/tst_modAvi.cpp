@@ -365,6 +365,45 @@ private Q_SLOTS:
         QCOMPARE(Entries("*.tmp").size(), 0);
     }
 
+    void pathsAreSortedByTheirNumbers()
+    {
+        QCOMPARE(InNumberOrder({u"/a/f10.bmp"_s, u"/a/f9.bmp"_s, u"/a/F1.bmp"_s, u"/a/f2.bmp"_s}),
+                 QStringList({u"/a/F1.bmp"_s, u"/a/f2.bmp"_s, u"/a/f9.bmp"_s, u"/a/f10.bmp"_s}));
+        QCOMPARE(InNumberOrder({u"7b"_s, u"007a"_s, u"7"_s, u"b"_s, u""_s, u"7a"_s}),
+                 QStringList({u""_s, u"7"_s, u"007a"_s, u"7a"_s, u"7b"_s, u"b"_s}));
+        // Longer than every integer.
+        QCOMPARE(InNumberOrder({u"f99999999999999999999999.bmp"_s, u"f100000000000000000000000.bmp"_s}).first(),
+                 u"f99999999999999999999999.bmp"_s);
+    }
+
+    void aFolderIsAddedInNumberOrder()
+    {
+        const QString frames = At("frames");
+        QVERIFY(QDir().mkdir(frames));
+        const auto put = [&](const char* name, const QByteArray& bytes) {
+            Put(frames + u'/' + QLatin1String(name), bytes);
+        };
+        for (const char* name : {"10.bmp", "9.BMP", "2.dib"})
+            put(name, NoiseBitmap({}, 1));
+        put("3.bmp", NoiseBitmap({.bits = 8}, 1));
+        put("4.bmp", "no bitmap");
+        QByteArray noSize = NoiseBitmap({}, 1);
+        noSize.replace(34, 4, QByteArray(4, '\0'));
+        put("5.bmp", noSize);
+        put("notes.txt", "text");
+        const AviFolder added = WithFolder({}, frames);
+        QStringList names;
+        for (const QString& file : added.list.files)
+            names.append(QFileInfo(file).fileName());
+        QCOMPARE(names, QStringList({u"2.dib"_s, u"9.BMP"_s, u"10.bmp"_s}));
+        QCOMPARE(added.leftOut, QStringList({u"3.bmp"_s, u"4.bmp"_s, u"5.bmp"_s}));
+        QCOMPARE(
+            FolderAddedText(3, added.leftOut),
+            u"Files added: 3. Left out, as they cannot be read or have another format: 3 (3.bmp, 4.bmp, 5.bmp)."_s);
+        QCOMPARE(FolderAddedText(2, {}), u"Files added: 2."_s);
+        QCOMPARE(FolderAddedText(0, {}), u"There are no bitmaps in this folder."_s);
+    }
+
     void theVideoMayReplaceOneOfItsBitmaps()
     {
         const AviList list = Bitmaps({}, 2);

@@ -107,6 +107,23 @@ private Q_SLOTS:
         QVERIFY(!dialog.VBGetOpenFileName(name));
     }
 
+    void severalFilesCanBeChosen()
+    {
+        cFileDlg dialog;
+        const QStringList files = {Made("a.bmp"), Made("b.bmp"), At("gone.bmp")};
+        dialog.MultiSelect = true;
+        boxes->ExpectFiles({}, {}, files);
+        QCOMPARE(dialog.VBGetOpenFileNames(), files);
+        dialog.FileMustExist = true;
+        boxes->ExpectFiles({}, {}, files);
+        QCOMPARE(dialog.VBGetOpenFileNames(), files.first(2));
+        boxes->ExpectFiles({}, {}, {});
+        QCOMPARE(dialog.VBGetOpenFileNames(), QStringList());
+        dialog.MultiSelect = false;
+        boxes->ExpectFile(FilePurpose::Open, {}, {}, files[1]);
+        QCOMPARE(dialog.VBGetOpenFileNames(), QStringList(files[1]));
+    }
+
     void aNameThatIsTooLongForTheRecordCountsAsCancel()
     {
         cFileDlg dialog;

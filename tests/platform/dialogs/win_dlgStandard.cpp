@@ -8,6 +8,8 @@
 #include "platform/language/cRuntimeError.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
+#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -19,7 +21,9 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QMimeDatabase>
+#include <QPushButton>
 #include <QTemporaryDir>
+#include <QTextBoundaryFinder>
 #include <QTimer>
 
 #include <functional>
@@ -169,6 +173,76 @@ private Q_SLOTS:
             });
             boxes.Input({u"?"_s, title, {}});
         }
+    }
+
+    void namesInPathsAreNotBroken()
+    {
+        dlgStandard boxes;
+        const QString path = QDir::toNativeSeparators(u"/home/me/My old-games (2)/Space-Race/game-one.exe"_s);
+        const QString text = u"The engine is now called "_s + path + u"  All is well-made"_s;
+        WithBox([&](QWidget& box) {
+            const QString shown = dynamic_cast<QMessageBox&>(box).text();
+            const qsizetype start = shown.indexOf(QDir::separator());
+            const qsizetype end = shown.indexOf(u"  All"_s);
+            QTextBoundaryFinder ends(QTextBoundaryFinder::Line, shown);
+            bool isAfterSeparator = false;
+            for (qsizetype place = ends.toNextBoundary(); place > 0; place = ends.toNextBoundary()) {
+                if (place <= start || place >= end)
+                    continue;
+                QVERIFY2(shown[place - 1] == QDir::separator(), qPrintable(shown.sliced(place)));
+                isAfterSeparator = true;
+            }
+            QVERIFY(isAfterSeparator);
+            // What holds the names together is not seen and not copied.
+            const QFontMetrics metrics(box.findChild<QLabel*>(u"qt_msgbox_label"_s)->font());
+            QCOMPARE(metrics.horizontalAdvance(shown), metrics.horizontalAdvance(text));
+            QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+            QCOMPARE(QApplication::clipboard()->text(), text);
+            Press(box, QMessageBox::Ok);
+        });
+        boxes.Message({text, BoxIcon::None, BoxButtons::Ok, {}, {}, {path}});
+    }
+
+    void theEndingFollowsTheFilter()
+    {
+        const QTemporaryDir folder;
+        dlgStandard boxes;
+        int filter = 0;
+        FileSpec spec;
+        spec.purpose = FilePurpose::Save;
+        spec.folder = folder.path();
+        spec.filter = u"Icons (*.ico)|*.ico|Bitmaps (*.bmp)|*.bmp"_s;
+        spec.extension = u"ico"_s;
+        spec.filterIndex = &filter;
+        for (const char* ending : {"ico", "bmp"}) {
+            WithBox([&](QWidget& box) {
+                auto* filters = box.findChild<QComboBox*>(u"fileTypeCombo"_s);
+                const int place = QLatin1String(ending) == QLatin1String("bmp") ? 1 : 0;
+                filters->setCurrentIndex(place);
+                Q_EMIT filters->textActivated(filters->currentText());
+                Q_EMIT dynamic_cast<QFileDialog&>(box).filterSelected(filters->currentText());
+                box.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"drawn"_s);
+                dynamic_cast<QFileDialog&>(box).findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+            });
+            QCOMPARE(QFileInfo(boxes.File(spec)).fileName(), u"drawn."_s + QLatin1String(ending));
+        }
+        QCOMPARE(filter, 1);
+    }
+
+    void severalFilesAreChosenInOneBox()
+    {
+        const QTemporaryDir folder;
+        for (const char* name : {"a.bmp", "b.bmp"})
+            Write(folder.filePath(QLatin1String(name)), "x");
+        dlgStandard boxes;
+        FileSpec spec;
+        spec.folder = folder.path();
+        spec.filter = u"BMP Files|*.bmp"_s;
+        WithBox([&](QWidget& box) {
+            box.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"\"a.bmp\" \"b.bmp\""_s);
+            dynamic_cast<QFileDialog&>(box).findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();
+        });
+        QCOMPARE(boxes.Files(spec), QStringList({folder.filePath(u"a.bmp"_s), folder.filePath(u"b.bmp"_s)}));
     }
 
     void aQuestionThatNeedsAnAnswerHasNoCloseButton()
