@@ -83,6 +83,21 @@ void frmStyle::polish(QWidget* widget)
         field->setValidator(new cOneLine(field));
 }
 
+// Some desktops name all colours of a dark palette but this one, which is then a transparent black.
+void frmStyle::polish(QPalette& palette)
+{
+    constexpr int half = 128; // of 255
+    QProxyStyle::polish(palette);
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor ground = palette.color(group, QPalette::Base);
+        if (ContrastOf(ground, palette.color(group, QPalette::PlaceholderText)) >= PictureContrast)
+            continue;
+        QColor hint = palette.color(group, QPalette::Text);
+        hint.setAlpha(half);
+        palette.setColor(group, QPalette::PlaceholderText, hint);
+    }
+}
+
 void frmStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                            const QWidget* widget) const
 {

@@ -65,6 +65,21 @@ class win_frmStyle : public QObject {
 private Q_SLOTS:
     void initTestCase() { UseBenchStyle(); }
 
+    void hintsCanBeSeenInADarkPalette()
+    {
+        QPalette dark = DarkPalette();
+        dark.setColor(QPalette::Base, QColor(27, 30, 32));
+        dark.setColor(QPalette::Text, Qt::white);
+        dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+        frmStyle().polish(dark);
+        QCOMPARE(dark.color(QPalette::PlaceholderText), QColor(255, 255, 255, 128));
+        QPalette light;
+        light.setColor(QPalette::Base, Qt::white);
+        light.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+        frmStyle().polish(light);
+        QCOMPARE(light.color(QPalette::PlaceholderText), QColor(0, 0, 0, 128));
+    }
+
     void aListWithTheKeyboardHasAFrame()
     {
         for (const QPalette& palette : {QPalette(), DarkPalette()}) {
