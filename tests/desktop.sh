@@ -47,6 +47,8 @@ sleep 0.5
 xdotool mousemove --window "$window" 150 93 click 1
 sleep 0.5
 xdotool key Home
+# Combinations that are no command type nothing.
+xdotool key ctrl+1 ctrl+minus ctrl+KP_Add alt+1 alt+z
 xdotool type --delay 20 'cls:'
 xdotool key ctrl+s
 saved() { [ "$(od -An -c "$work/game.bas" | tr -d ' \n')" = 'cls:print1\r\n' ]; }
