@@ -7,9 +7,12 @@ bin=$1
 work=$(mktemp -d)
 server= manager=
 stop() {
-  [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
+  # The session of a manager that has one ends with it.
+  [ ! -s "$work/manager" ] || kill "$(cat "$work/manager")" 2>/dev/null || true
+  [ -z "$manager" ] || wait "$manager" 2>/dev/null || true
   [ -z "$server" ] || kill "$server" 2>/dev/null || true
   wait 2>/dev/null || true
+  rm -f "$work/manager"
   server= manager=
 }
 cleanup() {
@@ -33,7 +36,9 @@ wait_for() { # SECONDS COMMAND...
 }
 is_managed() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
-export QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$work XDG_CONFIG_HOME=$work/config XDG_CACHE_HOME=$work/cache LC_ALL=C.UTF-8
+declare -A options=([openbox]= [xfwm4]=--compositor=off)
+export NO_AT_BRIDGE=1 GTK_A11Y=none QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+export XDG_RUNTIME_DIR=$work XDG_CONFIG_HOME=$work/config XDG_CACHE_HOME=$work/cache
 mkdir -p "$XDG_CONFIG_HOME"
 for name in openbox xfwm4; do
   : >"$work/display"
@@ -43,10 +48,10 @@ for name in openbox xfwm4; do
   wait_for 20 test -s "$work/display" || fail "the X server did not start"
   DISPLAY=:$(tr -d '\n' <"$work/display")
   export DISPLAY
-  case $name in
-    openbox) openbox >"$work/manager.log" 2>&1 & ;;
-    xfwm4) dbus-run-session -- xfwm4 --compositor=off >"$work/manager.log" 2>&1 & ;;
-  esac
+  command=(sh -c "echo \$\$ >'$work/manager'; exec $name ${options[$name]}")
+  # This one keeps its settings in a service of a session bus.
+  [ $name != xfwm4 ] || command=(dbus-run-session -- "${command[@]}")
+  "${command[@]}" >"$work/manager.log" 2>&1 &
   manager=$!
   wait_for 20 is_managed || fail "$name did not start: $(cat "$work/manager.log")"
   echo "== $name"
