@@ -21,7 +21,7 @@ void SetFileBoxHost(FileBoxHost host)
 
 QString FileBoxStart(const QString& folder)
 {
-    if (!folder.isEmpty())
+    if (!folder.isEmpty() && QDir(folder).exists())
         return folder;
     const QString own = Host().folder ? Host().folder() : QString();
     return own.isEmpty() ? QDir::currentPath() : own;

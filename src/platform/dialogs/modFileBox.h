@@ -18,7 +18,8 @@ struct FileBoxHost {
 // The host of this process; at first one that has nothing.
 void SetFileBoxHost(FileBoxHost host);
 
-// Where a box with this folder starts: there, or in the host's folder, or in the current directory.
+// Where a box with this folder starts: there, or, if it names none or one that is gone, in the host's folder, or in the
+// current directory.
 QString FileBoxStart(const QString& folder);
 
 QSize FileBoxSize();

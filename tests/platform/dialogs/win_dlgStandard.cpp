@@ -349,6 +349,7 @@ private Q_SLOTS:
             return seen;
         };
         QCOMPARE(open({}, {}).first, folder.path());
+        QCOMPARE(open(folder.filePath(u"gone"_s), {}).first, folder.path());
         QVERIFY(kept.isEmpty());
         QCOMPARE(open(QDir::tempPath(), QSize(733, 455)).first, QDir::tempPath());
         QCOMPARE(kept, QSize(733, 455));
