@@ -282,6 +282,7 @@ void frmAVI::StopPlaying()
 {
     tmrPlay->stop();
     ui->cmdPlay->setChecked(false);
+    order->ShowButtons();
 }
 
 void frmAVI::tmrPlay_Timer()

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The AVI maker's window, as used.
 #include "support/BenchTest.h"
-#include "support/HeldThreads.h"
 #include "support/TestBench.h"
 
-#include "imagetools/avi/AviBench.h"
+#include "imagetools/avi/AviWindowBench.h"
 #include "imagetools/avi/dlgAviOptions.h"
 #include "imagetools/avi/frmAVI.h"
 #include "imagetools/pictures/frmScaledPicture.h"
@@ -12,7 +11,6 @@
 #include "shell/state/frmLoss.h"
 
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,112 +24,12 @@ using namespace Qt::StringLiterals;
 
 using namespace ob;
 
-namespace {
-
-const QString OpenTitle = u"Choose BMP file to add to video stream"_s;
-const QString OpenFilter = u"BMP Files|*.bmp|DIB Files|*.dib"_s;
-const QString SaveTitle = u"Choose a filename to save AVI to..."_s;
-const QString SaveFilter = u"AVI Files|*.avi"_s;
-const QString DifferentFormat = u"Chosen bitmap file is a different format!"_s;
-const QString SubscriptError = u"Run-time error '9':\nSubscript out of range"_s;
-const QString WriteError = u"There was an error writing the file."_s;
-
-} // namespace
-
-class win_frmAVI : public QObject {
+class win_frmAVI : public AviWindowBench {
     Q_OBJECT
 
-    std::unique_ptr<TestBench> bench;
-    std::unique_ptr<frmAVI> window;
-
-    template <class Control>
-    Control* Find(const char* name) const
-    {
-        return window->findChild<Control*>(QString::fromLatin1(name));
-    }
-    QPushButton* Button(const char* name) const { return Find<QPushButton>(name); }
-    QListWidget* List() const { return Find<QListWidget>("lstDIBList"); }
-    QString Status() const { return Find<QLabel>("lblStatus")->text(); }
-    const QImage& Preview() const { return Find<frmScaledPicture>("imgPreview")->Picture(); }
-    QString Names() const
-    {
-        QStringList names;
-        for (int row = 0; row < List()->count(); ++row)
-            names.append(QFileInfo(List()->item(row)->text()).fileName());
-        return names.join(u' ');
-    }
-    QString At(const QString& name) const { return bench->Path(name); }
-    QStringList Files(const char* pattern) const
-    {
-        return QDir(At(QString())).entryList({QString::fromLatin1(pattern)}, QDir::Files | QDir::Hidden);
-    }
-
-    QString Bitmap(int number, const BitmapKind& kind = {}) const
-    {
-        return bench->Write(u"%1.bmp"_s.arg(number), NoiseBitmap(kind, static_cast<unsigned>(number)));
-    }
-    // The message is the one that the choice should cause; empty for none.
-    void Add(const QString& file, const QString& message = {}, BoxIcon icon = BoxIcon::Information)
-    {
-        bench->dialogs.ExpectFile(FilePurpose::Open, OpenTitle, OpenFilter, file);
-        if (!message.isEmpty())
-            bench->dialogs.ExpectMessage(message, BoxAnswer::Ok, icon);
-        Button("cmdFileOpen")->click();
-    }
-    void AddBitmaps(int count, const BitmapKind& kind = {})
-    {
-        for (int number = 0; number < count; ++number)
-            Add(Bitmap(number, kind));
-        QCOMPARE(List()->count(), count);
-    }
-    void ChooseCodec(int row)
-    {
-        bench->ExpectModal(u"dlgAviOptions"_s, [row](QDialog& dialog) {
-            dialog.findChild<QListWidget*>(u"lstCodec"_s)->setCurrentRow(row);
-            dialog.findChild<QPushButton*>(u"cmdOK"_s)->click();
-        });
-    }
-    // Frames that take a while in total, with a slow compressor.
-    void AddForLongWork()
-    {
-        const QString file = Bitmap(0, {.height = 256, .width = 256});
-        for (int count = 0; count < 100; ++count)
-            Add(file);
-        ChooseCodec(4);
-    }
-
-    struct Message {
-        QString text;
-        BoxIcon icon = BoxIcon::Information;
-    };
-    void PressWrite(const QString& out, const QList<Message>& messages = {})
-    {
-        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, out);
-        for (const Message& message : messages)
-            bench->dialogs.ExpectMessage(message.text, BoxAnswer::Ok, message.icon);
-        Button("cmdWriteAVI")->click();
-    }
-    QByteArray AllPixels() const
-    {
-        QByteArray pixels;
-        for (int row = 0; row < List()->count(); ++row)
-            pixels += PixelsOf(LoadPicture(List()->item(row)->text()));
-        return pixels;
-    }
-
 private Q_SLOTS:
-    void init()
-    {
-        bench = std::make_unique<TestBench>();
-        window = std::make_unique<frmAVI>();
-        window->show();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    }
-    void cleanup()
-    {
-        window.reset();
-        bench.reset();
-    }
+    void init() { Begin(); }
+    void cleanup() { End(); }
 
     void itStartsEmpty()
     {
@@ -203,107 +101,6 @@ private Q_SLOTS:
         Add(bench->Write(u"odd.bmp"_s, bitmap), u"Run-time error '481':\nInvalid picture"_s, BoxIcon::Critical);
         QCOMPARE(List()->count(), 0);
         QVERIFY(!Button("cmdWriteAVI")->isEnabled());
-    }
-
-    void manyFilesOfOneBoxAreAddedInNumberOrder()
-    {
-        QStringList files;
-        for (const int number : {10, 9, 1})
-            files.append(Bitmap(number));
-        bench->dialogs.ExpectFiles(OpenTitle, OpenFilter, files);
-        Button("cmdFileOpen")->click();
-        QCOMPARE(Names(), u"1.bmp 9.bmp 10.bmp"_s);
-        QTRY_VERIFY(Preview() == ImageOf(LoadPicture(At(u"10.bmp"_s))));
-    }
-
-    void aWholeFolderIsAdded()
-    {
-        for (const int number : {12, 3, 1})
-            Bitmap(number);
-        Bitmap(2, {.bits = 8});
-        bench->dialogs.ExpectFolder(u"Add the bitmaps of a folder"_s, At(QString()));
-        Button("cmdFolder")->click();
-        QCOMPARE(Names(), u"1.bmp 3.bmp 12.bmp"_s);
-        QVERIFY2(Status().startsWith(u"Files added: 3. Left out"_s) && Status().contains(u"2.bmp"_s),
-                 qPrintable(Status()));
-        QTRY_VERIFY(Preview() == ImageOf(LoadPicture(At(u"1.bmp"_s))));
-        bench->dialogs.ExpectFolder(u"Add the bitmaps of a folder"_s, {});
-        Button("cmdFolder")->click();
-        QCOMPARE(List()->count(), 3);
-    }
-
-    void entriesAreMovedAndTheVideoFollows()
-    {
-        AddBitmaps(3);
-        QVERIFY(!Button("cmdLater")->isEnabled());
-        Button("cmdEarlier")->click();
-        QCOMPARE(Names(), u"0.bmp 2.bmp 1.bmp"_s);
-        List()->setFocus();
-        QTest::keyClick(List(), Qt::Key_Up, Qt::AltModifier);
-        QCOMPARE(Names(), u"2.bmp 0.bmp 1.bmp"_s);
-        QVERIFY(!Button("cmdEarlier")->isEnabled());
-        Button("cmdLater")->click();
-        Button("cmdLater")->click();
-        QCOMPARE(Names(), u"0.bmp 1.bmp 2.bmp"_s);
-        List()->setCurrentRow(1);
-        Button("cmdRemove")->click();
-        QCOMPARE(Names(), u"0.bmp 2.bmp"_s);
-        ChooseCodec(0);
-        PressWrite(At(u"film.avi"_s));
-        QVERIFY(!Button("cmdRemove")->isEnabled() && !Button("cmdPlay")->isEnabled());
-        QTRY_COMPARE(Status(), u"Finished!"_s);
-        QVERIFY(Decoded(At(u"film.avi"_s)) == AllPixels());
-    }
-
-    void thePreviewPlaysAtTheChosenRate()
-    {
-        AddBitmaps(1);
-        QVERIFY(!Button("cmdPlay")->isEnabled());
-        for (int number = 1; number < 5; ++number)
-            Add(Bitmap(number));
-        List()->setCurrentRow(0);
-        Find<QLineEdit>("txtFPS")->setText(u"20"_s);
-        QElapsedTimer clock;
-        clock.start();
-        Button("cmdPlay")->click();
-        // The fifth frame is due after four twentieths of a second.
-        QTRY_COMPARE(List()->currentRow(), 4);
-        QVERIFY(clock.elapsed() >= 190);
-        QTRY_VERIFY(List()->currentRow() < 4);
-        QVERIFY(clock.elapsed() >= 240);
-        QTRY_VERIFY(Preview() != ImageOf(LoadPicture(At(u"0.bmp"_s))));
-        Button("cmdPlay")->click();
-        const int stopped = List()->currentRow();
-        QTest::qWait(150);
-        QCOMPARE(List()->currentRow(), stopped);
-        // At one frame a second nothing moves within a third of one.
-        Find<QLineEdit>("txtFPS")->setText(u"1"_s);
-        Button("cmdPlay")->click();
-        QTest::qWait(300);
-        QCOMPARE(List()->currentRow(), stopped);
-        Button("cmdClearList")->click();
-        QVERIFY(!Button("cmdPlay")->isChecked());
-        QTest::qWait(50);
-    }
-
-    void aBitmapThatTakesTooLongCanBeCancelled()
-    {
-        const HeldThreads held;
-        bench->ExpectModal(u"dlgPatience"_s, [](QDialog& box) { box.findChild<QPushButton*>()->click(); });
-        Add(Bitmap(1));
-        QCOMPARE(List()->count(), 0);
-        bench->ExpectModal(u"dlgPatience"_s, [](QDialog& box) { box.findChild<QPushButton*>()->click(); });
-        bench->dialogs.ExpectFolder(u"Add the bitmaps of a folder"_s, At(QString()));
-        Button("cmdFolder")->click();
-        QCOMPARE(List()->count(), 0);
-    }
-
-    void aFileThatHasGoneIsNamed()
-    {
-        AddBitmaps(2);
-        QVERIFY(QFile::remove(At(u"0.bmp"_s)));
-        List()->setCurrentRow(0);
-        QTRY_COMPARE(Status(), u"0.bmp cannot be shown."_s);
     }
 
     void theListIsWrittenFrameByFrame()

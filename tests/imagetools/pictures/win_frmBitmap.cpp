@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The bitmap previewer, by its controls, over real folders.
+#include "imagetools/pictures/BitmapBench.h"
 #include "support/BenchTest.h"
-#include "support/HeldThreads.h"
 #include "support/TestBench.h"
 
 #include "imagetools/metafiles/MetafileBytes.h"
@@ -20,7 +20,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QListWidget>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
@@ -29,96 +28,12 @@ using namespace Qt::StringLiterals;
 
 using namespace ob;
 
-namespace {
-
-const QString SaveTitle = u"Save As..."_s;
-const QString SaveFilter = u"Image Files |*.bmp;*.jpg;*.gif;*.emf;*.wmf;"_s;
-const QString CopiedText = u"Bitmap list has been copied to the clipboard.  Please paste it into your program."_s;
-const QString NoneText = u"No bitmaps are selected. Do you want to add bitmaps?"_s;
-
-void SavePicture(const QString& path, QSize size, QColor color)
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(color);
-    QVERIFY(image.save(path));
-}
-
-} // namespace
-
-class win_frmBitmap : public QObject {
+class win_frmBitmap : public BitmapBench {
     Q_OBJECT
 
-    std::unique_ptr<TestBench> bench;
-    QPointer<frmBitmap> form;
-
-    template <class Widget>
-    Widget* Control(const char* name) const
-    {
-        auto* found = form->findChild<Widget*>(QString::fromLatin1(name));
-        if (found == nullptr)
-            qFatal("no control %s", name);
-        return found;
-    }
-    QString Text(const char* name) const { return Control<QLabel>(name)->text(); }
-    void Press(const char* name) const { QTest::mouseClick(Control<QPushButton>(name), Qt::LeftButton); }
-    void Tick(const char* name) const
-    {
-        auto* box = Control<QCheckBox>(name);
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
-    }
-    QListView* File1() const { return Control<QListView>("File1"); }
-    QStringList Files() const
-    {
-        QStringList names;
-        for (int row = 0; row < File1()->model()->rowCount(); ++row)
-            names.append(File1()->model()->index(row, 0).data().toString());
-        return names;
-    }
-    QString ChosenFile() const { return File1()->currentIndex().data().toString(); }
-    void Click(const QString& name) const
-    {
-        const QModelIndex index = File1()->model()->index(static_cast<int>(Files().indexOf(name)), 0);
-        QVERIFY2(index.isValid(), qPrintable(name));
-        File1()->scrollTo(index);
-        QTest::mouseClick(File1()->viewport(), Qt::LeftButton, {}, File1()->visualRect(index).center());
-    }
-    void Show(const QString& name) const
-    {
-        Click(name);
-        QTRY_COMPARE(Text("lblName"), name);
-    }
-    QColor PixelOfPreview() const
-    {
-        auto* box = Control<frmPreviewBox>("Picture1");
-        return box->grab().toImage().pixelColor(box->PictureRect().center());
-    }
-    QString Picture(const char* name, QSize size = {40, 30}, QColor color = Qt::red) const
-    {
-        const QString path = bench->Path(QString::fromLatin1(name));
-        SavePicture(path, size, color);
-        return path;
-    }
-
-    void Open()
-    {
-        bench->Start();
-        bench->Choose(u"mnuToolBitmap"_s);
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (auto* found = qobject_cast<frmBitmap*>(window))
-                form = found;
-        QVERIFY(form != nullptr);
-        QTRY_VERIFY(Text("lblState") != u"Reading the folder..."_s);
-    }
-
 private Q_SLOTS:
-    void init() { bench = std::make_unique<TestBench>(); }
-    void cleanup()
-    {
-        delete form;
-        QVERIFY(bench->dialogs.Finished());
-        bench.reset();
-        SetClipboardWriter({});
-    }
+    void init() { Begin(); }
+    void cleanup() { End(); }
 
     void listsOnlyBitmapsUntilTheLibraryIsUsed();
     void showsNameSizeAndFittedPicture();
@@ -128,9 +43,6 @@ private Q_SLOTS:
     void pictureThatCannotBeShownLeavesThePreviousOne();
     void vanishedFileLeavesThePreviousOne();
     void addTakesTheFileAndGoesToTheNext();
-    void aPictureThatCannotBeShownIsNotAdded();
-    void theListIsSeenAndCorrected();
-    void aReadingThatTakesTooLongCanBeCancelled();
     void the151stBitmapIsRefusedAndSoIsEachFurtherOne();
     void createPutsTheListOnTheClipboard_data();
     void createPutsTheListOnTheClipboard();
@@ -142,7 +54,6 @@ private Q_SLOTS:
     void saveAsAppliesToTheLastChosenFile();
     void saveAsConvertsTo256Colors();
     void saveAsThatFails();
-    void saveAsSuggestsANameAndListsTheCopy();
     void imageLibraryIsSaved();
     void imageLibraryIntoAnUnwritableFolder();
     void keysAndEscape();
@@ -281,78 +192,6 @@ void win_frmBitmap::addTakesTheFileAndGoesToTheNext()
     Press("cmdCreate");
     QCOMPARE(QApplication::clipboard()->text().count(u"    loadbmp \""_s), 2);
     QVERIFY(QApplication::clipboard()->text().contains(u"    loadbmp \"b\", DefaultDir$ + \"\\b.bmp\""_s));
-}
-
-void win_frmBitmap::aPictureThatCannotBeShownIsNotAdded()
-{
-    Picture("a.bmp");
-    bench->Write(u"b.bmp"_s, "BM, but no bitmap");
-    Open();
-    Click(u"b.bmp"_s);
-    Press("cmdAdd"); // at once, before the preview has been read
-    QCOMPARE(Text("lblProblem"), u"b.bmp cannot be shown."_s);
-    QCOMPARE(ChosenFile(), u"b.bmp"_s);
-    Press("cmdAdd");
-    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 0 of 150"_s);
-    Click(u"a.bmp"_s);
-    Press("cmdAdd");
-    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 1 of 150"_s);
-}
-
-void win_frmBitmap::theListIsSeenAndCorrected()
-{
-    for (const char* name : {"a.bmp", "b.bmp", "c.bmp", "d.bmp"})
-        Picture(name);
-    Open();
-    Click(u"a.bmp"_s);
-    for (int i = 0; i < 4; ++i)
-        Press("cmdAdd");
-    auto* shown = Control<QListWidget>("lstBmps");
-    const auto listed = [shown] {
-        QString names;
-        for (int row = 0; row < shown->count(); ++row)
-            names += shown->item(row)->text().left(1);
-        return names;
-    };
-    QCOMPARE(listed(), u"abcd"_s);
-    QCOMPARE(shown->item(1)->toolTip(), QDir::toNativeSeparators(bench->Path(u"b.bmp"_s)));
-    QVERIFY(!Control<QPushButton>("cmdDown")->isEnabled());
-    Press("cmdUp");
-    QCOMPARE(listed(), u"abdc"_s);
-    shown->setCurrentRow(0);
-    QVERIFY(!Control<QPushButton>("cmdUp")->isEnabled());
-    Press("cmdDown");
-    Press("cmdDown");
-    QCOMPARE(listed(), u"bdac"_s);
-    shown->setFocus();
-    QTest::keyClick(shown, Qt::Key_Up, Qt::AltModifier);
-    QCOMPARE(listed(), u"badc"_s);
-    QTest::keyClick(shown, Qt::Key_Delete);
-    QCOMPARE(listed(), u"bdc"_s);
-    Press("cmdRemove");
-    QCOMPARE(listed(), u"bc"_s);
-    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 2 of 150"_s);
-    bench->dialogs.ExpectMessage(CopiedText, BoxAnswer::Ok, BoxIcon::Information);
-    Press("cmdCreate");
-    const QString folder = bench->Path({});
-    QCOMPARE(QApplication::clipboard()->text().remove(u'\r'),
-             LoadBmpText({folder + u"b.bmp"_s, folder + u"c.bmp"_s}, ImageLibrary::Unused, PathInformation::Left)
-                 .remove(u'\r'));
-}
-
-void win_frmBitmap::aReadingThatTakesTooLongCanBeCancelled()
-{
-    Picture("a.bmp");
-    Open();
-    const HeldThreads held;
-    Click(u"a.bmp"_s);
-    for (const char* button : {"cmdAdd", "cmdCopy"}) {
-        bench->ExpectModal(u"dlgPatience"_s, [](QDialog& box) { box.findChild<QPushButton*>()->click(); });
-        Press(button);
-    }
-    QCOMPARE(Text("lblList"), u"In the LoadBmp list: 0 of 150"_s);
-    held.Release();
-    QTRY_COMPARE(Text("lblName"), u"a.bmp"_s);
 }
 
 void win_frmBitmap::the151stBitmapIsRefusedAndSoIsEachFurtherOne()
@@ -532,30 +371,6 @@ void win_frmBitmap::saveAsThatFails()
     bench->dialogs.ExpectMessage(u"Error saving file!"_s);
     Press("cmdCopy");
     QCOMPARE(TestBench::Read(older), QByteArray("older"));
-}
-
-void win_frmBitmap::saveAsSuggestsANameAndListsTheCopy()
-{
-    Picture("rose.bmp");
-    Picture("tulip.jpg");
-    Open();
-    Show(u"rose.bmp"_s);
-    const QString target = bench->Path(u"rose copy.bmp"_s);
-    bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, target);
-    bench->dialogs.ExpectMessage(u"Image has been saved as "_s + target, BoxAnswer::Ok, BoxIcon::None);
-    Press("cmdCopy");
-    QCOMPARE(bench->dialogs.LastFile().name, u"rose copy.bmp"_s);
-    QCOMPARE(bench->dialogs.LastFile().extension, u"bmp"_s);
-    QTRY_COMPARE(Files().join(QLatin1Char(' ')), u"rose copy.bmp rose.bmp"_s);
-    QTRY_COMPARE(ChosenFile(), u"rose.bmp"_s);
-    Tick("chkDLL");
-    Show(u"tulip.jpg"_s);
-    for (const char* name : {"tulip copy.jpg", "tulip copy.bmp"}) {
-        bench->dialogs.ExpectFile(FilePurpose::Save, SaveTitle, SaveFilter, {});
-        Press("cmdCopy");
-        QCOMPARE(bench->dialogs.LastFile().name, QLatin1String(name));
-        Tick("chk256");
-    }
 }
 
 void win_frmBitmap::imageLibraryIsSaved()
