@@ -6,6 +6,7 @@
 #include "editor/document/cDocument.h"
 #include "platform/dialogs/dlgStandard.h"
 #include "shell/bench/frmTools.h"
+#include "shell/bench/frmUser.h"
 
 #include <QAction>
 #include <QColorDialog>
@@ -17,6 +18,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QSet>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -71,7 +73,7 @@ void XDo(const QStringList& arguments)
 }
 
 // Returns when the click has been worked off, boxes and all.
-void Click(QPushButton& button)
+void Click(QAbstractButton& button)
 {
     if (!IsOnServer()) {
         QTest::mouseClick(&button, Qt::LeftButton);
@@ -79,7 +81,7 @@ void Click(QPushButton& button)
     }
     bool isClicked = false;
     QObject scope;
-    QObject::connect(&button, &QPushButton::clicked, &scope, [&isClicked] { isClicked = true; });
+    QObject::connect(&button, &QAbstractButton::clicked, &scope, [&isClicked] { isClicked = true; });
     const QPoint place = button.mapToGlobal(button.rect().center());
     XDo({u"mousemove"_s, QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});
     if (!QTest::qWaitFor([&isClicked] { return isClicked; }))
@@ -96,6 +98,16 @@ void Leave(QDialog& box)
     if (!QTest::qWaitFor([&box] { return !box.isVisible(); }, 1000))
         box.reject();
 }
+
+// Check boxes and options raise no boxes, nor does a button that stays down.
+bool IsCommand(const QAbstractButton& button)
+{
+    const bool isButton =
+        qobject_cast<const QPushButton*>(&button) != nullptr || qobject_cast<const QToolButton*>(&button) != nullptr;
+    return isButton && !button.isCheckable();
+}
+
+const QString AddIns = u"Manage Add-ins"_s; // has no menu item
 
 // The association with the desktop is the user's own; what is inserted changes the program.
 const QSet<QString> Untouched = {u"cmdAssoc"_s, u"cmdInsert"_s};
@@ -165,15 +177,16 @@ void win_focus::Answer(QDialog& modal)
 // Presses the tool's next button and looks where the keyboard is after the boxes that this brought up.
 void win_focus::PressNext(QDialog& tool)
 {
-    QList<QPushButton*> buttons;
-    for (auto* button : tool.findChildren<QPushButton*>())
-        if (button->isVisible() && button->isEnabled() && !Untouched.contains(button->objectName()))
+    QList<QAbstractButton*> buttons;
+    for (auto* button : tool.findChildren<QAbstractButton*>())
+        if (IsCommand(*button) && button->isVisible() && button->isEnabled() &&
+            !Untouched.contains(button->objectName()))
             buttons.append(button);
     if (next >= buttons.size()) {
         isDone = true;
         return;
     }
-    QPushButton* button = buttons[next++];
+    QAbstractButton* button = buttons[next++];
     const QString name = button->objectName();
     const QPointer<QDialog> asked = &tool;
     const int before = shown;
@@ -194,7 +207,10 @@ void win_focus::PressNext(QDialog& tool)
 
 void win_focus::OpenAndPress()
 {
-    bench->Choose(item);
+    if (item == AddIns)
+        ShowUserApplications();
+    else
+        bench->Choose(item);
     const QPointer<QDialog> tool = OpenTool();
     while (!tool.isNull() && tool->isVisible() && !isDone)
         PressNext(*tool);
@@ -215,6 +231,7 @@ void win_focus::aToolIsActiveAfterItsBoxes_data()
             QTest::newRow(tool.name) << name;
     for (const char* name : {"mnuEditFind", "mnuShowOptions", "mnuOptionsKeywords", "mnuFileExplore"})
         QTest::newRow(name) << QString::fromLatin1(name);
+    QTest::newRow("add-ins") << AddIns;
 }
 
 void win_focus::aToolIsActiveAfterItsBoxes()
