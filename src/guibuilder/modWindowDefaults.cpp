@@ -92,6 +92,7 @@ FontSpec FontOf(const WindowDefaults& values)
     const double points = NumberOf(values.fontSize);
     FontSpec font;
     font.name = values.fontName;
+    font.styles = FontStyles::Ignored;
     font.size = points >= 1 && points <= MostPoints ? static_cast<int>(std::lround(points)) : UsualPoints;
     return font;
 }

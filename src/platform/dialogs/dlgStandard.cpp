@@ -6,6 +6,7 @@
 #include "platform/dialogs/modFileBox.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QColorDialog>
@@ -14,10 +15,12 @@
 #include <QFileIconProvider>
 #include <QFontDialog>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QMimeDatabase>
 #include <QSpacerItem>
@@ -281,6 +284,35 @@ QLineEdit* FamilyShownBy(const QFontDialog& box)
     return nullptr;
 }
 
+// Takes the styles out of the toolkit's own box, whose lists are families, styles and sizes, each with its field.
+void HideStyles(const QFontDialog& box)
+{
+    const auto lists = box.findChildren<QListView*>();
+    const auto fields = box.findChildren<QLineEdit*>();
+    if (lists.size() < 3 || fields.size() < 3)
+        return;
+    for (QLabel* label : box.findChildren<QLabel*>())
+        if (label->buddy() == lists[1] || label->buddy() == fields[1])
+            label->hide();
+    lists[1]->hide();
+    fields[1]->hide();
+}
+
+// No font of ours is underlined or struck out.
+void HideEffects(const QFontDialog& box)
+{
+    for (QGroupBox* group : box.findChildren<QGroupBox*>())
+        if (group->findChild<QCheckBox*>() != nullptr)
+            group->hide();
+}
+
+// Where two makers have a family of one name the toolkit adds the maker: "Courier [Adobe]".
+QString WithoutMaker(const QString& family)
+{
+    const qsizetype mark = family.lastIndexOf(QLatin1String(" ["));
+    return mark > 0 && family.endsWith(u']') ? family.first(mark) : family;
+}
+
 } // namespace
 
 static QString TitleOf(const QString& title)
@@ -404,11 +436,17 @@ std::optional<FontSpec> dlgStandard::Font(const FontSpec& start)
     QLineEdit* const shown = FamilyShownBy(box);
     if (shown != nullptr)
         shown->setText(start.name);
+    HideEffects(box);
+    if (start.styles == FontStyles::Ignored)
+        HideStyles(box);
     if (box.exec() != QDialog::Accepted)
         return std::nullopt;
     font = box.selectedFont();
     const bool kept = shown != nullptr && shown->text() == start.name;
-    return FontSpec{kept ? start.name : font.family(), font.pointSize(), font.bold(), font.italic()};
+    const QString name = kept ? start.name : WithoutMaker(font.family());
+    if (start.styles == FontStyles::Ignored)
+        return FontSpec{name, font.pointSize(), start.bold, start.italic, start.styles};
+    return FontSpec{name, font.pointSize(), font.bold(), font.italic()};
 }
 
 } // namespace ob

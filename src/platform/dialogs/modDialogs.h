@@ -54,12 +54,16 @@ struct ColorSpec {
     std::uint32_t start = 0; // red in the low byte, like the answer
 };
 
+// Whether the font box lets the user choose among a family's styles; not where they would be ignored.
+enum class FontStyles { Offered, Ignored };
+
 // A font as passed to and returned by the font box; the size is in points.
 struct FontSpec {
     QString name;
     int size = 10;
     bool bold = false;
     bool italic = false;
+    FontStyles styles = FontStyles::Offered;
 };
 
 struct FolderSpec {

@@ -4,12 +4,16 @@
 
 #include "platform/dialogs/dlgStandard.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QDirIterator>
+#include <QFile>
 #include <QFontDatabase>
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include <functional>
@@ -48,6 +52,19 @@ QString Pick(QListView& list, int row)
     const QModelIndex index = list.model()->index(row, 0);
     list.setCurrentIndex(index);
     return index.data().toString();
+}
+
+// The font's file with another maker in it.
+QByteArray WithMaker(QByteArray font, const QByteArray& maker)
+{
+    const auto number = [&](qsizetype at, int bytes) {
+        qsizetype value = 0;
+        for (int i = 0; i < bytes; ++i)
+            value = value * 256 + static_cast<unsigned char>(font[at + i]);
+        return value;
+    };
+    const qsizetype record = font.indexOf("OS/2");
+    return font.replace(number(record + 8, 4) + 58, maker.size(), maker);
 }
 
 } // namespace
@@ -93,7 +110,7 @@ private Q_SLOTS:
         });
         const auto font = boxes.Font({Missing, 12, false, false});
         QVERIFY(font.has_value());
-        QCOMPARE(font->name, family);
+        QCOMPARE(font->name, family.section(u" ["_s, 0, 0));
     }
 
     void installedFontIsReturnedUnchanged()
@@ -107,6 +124,51 @@ private Q_SLOTS:
         QCOMPARE(font->name, family);
         QCOMPARE(font->size, 17);
         QVERIFY(!font->bold);
+    }
+
+    void stylesAreOfferedOnlyWhereTheyCount()
+    {
+        dlgStandard boxes;
+        const auto isVisible = [](const QFontDialog& box, qsizetype place) {
+            return List(box, place).isVisible() && box.findChildren<QLineEdit*>()[place]->isVisible();
+        };
+        const auto check = [&](FontStyles styles) {
+            WithBox([&](QFontDialog& box) {
+                QVERIFY(isVisible(box, 0) && isVisible(box, 2));
+                QCOMPARE(isVisible(box, 1), styles == FontStyles::Offered);
+                for (const QCheckBox* effect : box.findChildren<QCheckBox*>())
+                    QVERIFY(!effect->isVisible());
+            });
+            return boxes.Font({u"Liberation Sans"_s, 17, false, false, styles});
+        };
+        QVERIFY(check(FontStyles::Offered).has_value());
+        QVERIFY(check(FontStyles::Ignored).has_value());
+    }
+
+    void theMakerIsNoPartOfTheName()
+    {
+        QFile file;
+        for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::FontsLocation)) {
+            QDirIterator fonts(folder, {u"LiberationSans-Regular.ttf"_s}, QDir::Files, QDirIterator::Subdirectories);
+            if (fonts.hasNext())
+                file.setFileName(fonts.next());
+        }
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const int added = QFontDatabase::addApplicationFontFromData(WithMaker(file.readAll(), "ADBE"));
+        QVERIFY(added >= 0);
+        dlgStandard boxes;
+        QString shown;
+        WithBox([&](QFontDialog& box) {
+            QListView& families = List(box, 0);
+            const QModelIndex first = families.model()->index(0, 0);
+            const auto found = families.model()->match(first, Qt::DisplayRole, u"Liberation Sans ["_s);
+            QVERIFY(!found.isEmpty());
+            shown = Pick(families, found.first().row());
+        });
+        const auto font = boxes.Font({Missing, 12, false, false});
+        QFontDatabase::removeApplicationFont(added);
+        QVERIFY(shown.endsWith(u']'));
+        QCOMPARE(font->name, u"Liberation Sans"_s);
     }
 
     void cancelGivesNothing()
