@@ -10,10 +10,8 @@
 
 #include <QKeyEvent>
 #include <QScrollBar>
-#include <QShortcut>
 
 #include <algorithm>
-#include <utility>
 
 namespace ob {
 
@@ -95,13 +93,9 @@ void dlgMenu::ConnectLists()
     pair(ui->lstItems1, ui->lstItems0);
     On(ui->lstNames, &QListWidget::itemSelectionChanged, this, &dlgMenu::lstNames_Click);
 
-    const std::initializer_list<std::pair<QListWidget*, Qt::Key>> keys = {
-        {ui->lstNames, Qt::Key_N}, {ui->lstItems0, Qt::Key_T}, {ui->lstItems1, Qt::Key_H}};
-    for (const auto& [list, key] : keys) {
+    for (QListWidget* list : {ui->lstNames, ui->lstItems0, ui->lstItems1}) {
         list->installEventFilter(this);
-        connect(list, &QListWidget::itemDoubleClicked, this, [this, list = list] { ButtonsOf(list).edit->click(); });
-        const auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | key), this);
-        connect(shortcut, &QShortcut::activated, list, [list = list] { list->setFocus(Qt::ShortcutFocusReason); });
+        connect(list, &QListWidget::itemDoubleClicked, this, [this, list] { ButtonsOf(list).edit->click(); });
     }
 }
 
