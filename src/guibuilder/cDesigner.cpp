@@ -464,6 +464,15 @@ void cDesigner::SelectAll()
     damage.everything = true;
 }
 
+void cDesigner::Select(ControlRef ref)
+{
+    ClearSelection();
+    if (static_cast<std::size_t>(ref.index) >= form.List(ref.kind).size() || !form.At(ref).visible)
+        return;
+    selection = {ref};
+    ShowHandles();
+}
+
 void cDesigner::SelectNext(int direction)
 {
     std::vector<ControlRef> order = form.order;
@@ -479,9 +488,7 @@ void cDesigner::SelectNext(int direction)
         if (now != order.end())
             place = (now - order.begin() + direction + size) % size;
     }
-    ClearSelection();
-    selection = {order[static_cast<std::size_t>(place)]};
-    ShowHandles();
+    Select(order[static_cast<std::size_t>(place)]);
 }
 
 void cDesigner::ClearSelection()

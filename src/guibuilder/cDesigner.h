@@ -74,6 +74,7 @@ public:
     void Cut();
     void Paste();
     void SelectAll();
+    void Select(ControlRef ref);    // nothing for a control that has been deleted
     void SelectNext(int direction); // in the order in which controls are painted
     void ClearSelection();
     bool CanPaste() const { return !GuiCopies.empty(); }

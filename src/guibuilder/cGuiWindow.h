@@ -4,7 +4,11 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace ob {
+
+struct FormRemark;
 
 // The form was changed by what is no step of the user's to undo: keep the steps that there are, or forget them.
 enum class GuiSteps { Keep, Forget };
@@ -28,6 +32,9 @@ public:
 
     // The window defaults of the form under design, modally.
     virtual void ShowGuiDefaults() = 0;
+
+    // A list of what is odd about the form, beside everything else; none when there is nothing.
+    virtual void ShowGuiRemarks(const std::vector<FormRemark>&) {}
 
     // A button of the palette by its name.
     virtual void EnableGuiTool(const QString& name, bool enable) = 0;

@@ -272,6 +272,12 @@ void frmGui::ArmTool(const QString& toolName)
     picBase->ArmTool(toolName);
 }
 
+void frmGui::ShowControl(ControlRef control)
+{
+    BringUp();
+    picBase->ShowControl(control);
+}
+
 void frmGui::closeEvent(QCloseEvent* event)
 {
     // The question is about this form, and saving applies to the active child.

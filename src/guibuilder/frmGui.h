@@ -15,6 +15,7 @@ namespace ob {
 
 class cDesigner;
 class frmSurface;
+struct ControlRef;
 struct FormDesign;
 
 class frmGui final : public QWidget {
@@ -35,6 +36,9 @@ public:
 
     // Arms a control tool, and makes this window the active child for it.
     void ArmTool(const QString& toolName);
+
+    // Selects a control of the form, and makes this window the active child.
+    void ShowControl(ControlRef control);
 
     frmSurface& Surface() { return *picBase; }
 

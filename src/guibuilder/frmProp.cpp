@@ -9,6 +9,7 @@
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/language/cRuntimeError.h"
+#include "shell/state/cMainForm.h"
 #include "shell/state/frmTool.h"
 #include "ui_frmProp.h"
 
@@ -188,8 +189,10 @@ void frmProp::Apply(ControlFate fate)
 
 PropEnd ShowProp(ControlRef control, const QString& kindWord)
 {
-    if (GuiDesign().GuiFormLoading)
+    if (GuiDesign().GuiFormLoading) {
+        SetStatusText(u"No properties until a form loads without an error. "_s + GuiDesign().GuiLoadTrouble);
         return PropEnd::Cancelled;
+    }
     frmProp dialog(control, kindWord, ToolOwner());
     PrepareTool(dialog, frmProp::ManualPage);
     dialog.exec();

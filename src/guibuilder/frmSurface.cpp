@@ -257,6 +257,14 @@ void frmSurface::mouseDoubleClickEvent(QMouseEvent* event)
     mousePressEvent(event);
 }
 
+void frmSurface::ShowControl(ControlRef control)
+{
+    designer.Select(control);
+    UpdateDamage();
+    FollowSelection();
+    setFocus();
+}
+
 void frmSurface::ShowProperties(ControlRef control)
 {
     ShowProp(control, LatinText(TraitsOf(control.kind).propWord));

@@ -25,6 +25,8 @@ public:
     void Restart();
 
     void ArmTool(const QString& toolName);
+    // Selects a control, and shows it wherever it is.
+    void ShowControl(ControlRef control);
     void ShowWindowDefaults();
     void ShowMenuEditor();
 

@@ -2,6 +2,7 @@
 // The form file.
 #include "guibuilder/modFormFile.h"
 
+#include "platform/files/modFiles.h"
 #include "platform/language/cLines.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
@@ -38,7 +39,7 @@ public:
     QByteArrayView Bytes(std::size_t number)
     {
         if (!Has(number))
-            throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange);
+            throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange, {}, u"field %1 is missing"_s.arg(number + 1));
         return found[number];
     }
 
@@ -48,7 +49,7 @@ public:
     {
         const auto value = ParseNumber(String(number));
         if (!value)
-            throw RuntimeErrorOf(ErrorNumber::TypeMismatch);
+            throw RuntimeErrorOf(ErrorNumber::TypeMismatch, {}, ReasonFor(number, u"is not a number"));
         return *value;
     }
 
@@ -56,7 +57,7 @@ public:
     {
         const double value = Number(number);
         if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max()))
-            throw RuntimeErrorOf(ErrorNumber::Overflow);
+            throw RuntimeErrorOf(ErrorNumber::Overflow, {}, ReasonFor(number, u"is too large"));
         return static_cast<float>(value);
     }
 
@@ -64,13 +65,19 @@ public:
     {
         const auto value = BooleanOf(String(number));
         if (!value)
-            throw RuntimeErrorOf(ErrorNumber::TypeMismatch);
+            throw RuntimeErrorOf(ErrorNumber::TypeMismatch, {}, ReasonFor(number, u"is neither True nor False"));
         return *value;
     }
 
     ColorRef Color(std::size_t number) { return static_cast<ColorRef>(ToInt32(Val(Bytes(number)))); }
 
 private:
+    QString ReasonFor(std::size_t number, QStringView complaint)
+    {
+        return u"field %1, \"%2\", %3"_s.arg(number + 1).arg(String(number).left(ShownCharacters), complaint);
+    }
+
+    static constexpr qsizetype ShownCharacters = 60; // of a field, in a reason
     QByteArrayView line;
     std::vector<QByteArrayView> found;
     qsizetype next = 0;
@@ -104,6 +111,11 @@ constexpr std::array<FileRow, KindCount> FileTable = {{
 bool Is(QByteArrayView field, std::string_view word)
 {
     return field == QByteArrayView(word.data(), static_cast<qsizetype>(word.size()));
+}
+
+QString ReasonOf(const RuntimeError& error)
+{
+    return error.reason.isEmpty() ? error.description : error.reason;
 }
 
 // ---- reading ----
@@ -192,7 +204,8 @@ private:
         QByteArrayView rest = fields.Bytes(2);
         for (std::size_t item = 0;; ++item) {
             if (item == MenuSlots)
-                throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange);
+                throw RuntimeErrorOf(ErrorNumber::SubscriptOutOfRange, {},
+                                     u"the menu has more than %1 items"_s.arg(MenuSlots));
             const qsizetype star = rest.indexOf('*');
             items[item] = TextFromAnsi(TrimSpaces(star < 0 ? rest : rest.first(star)));
             if (star < 0)
@@ -224,8 +237,14 @@ private:
     cButtonPicture Bitmap(const QString& path)
     {
         cButtonPicture& bitmap = bitmaps[path];
-        if (bitmap.IsNull())
+        if (!bitmap.IsNull())
+            return bitmap;
+        try {
             bitmap = loadBitmap(path);
+        } catch (RuntimeError& error) {
+            error.reason = u"the bitmap %1 cannot be loaded: %2"_s.arg(path, ReasonOf(error));
+            throw;
+        }
         return bitmap;
     }
 
@@ -332,19 +351,45 @@ private:
     const QString none = u"none"_s;
 };
 
+// Why a line with that first field is none of a form.
+QString UnknownLine(QByteArrayView line)
+{
+    constexpr qsizetype shown = 40;
+    const QByteArrayView word = Fields(line).Bytes(0);
+    if (Is(word, "open") || Is(word, "closed"))
+        return u"the form was saved before its window properties were confirmed with OK"_s;
+    return u"no line of a form begins with \"%1\""_s.arg(TextFromAnsi(word.first(std::min(shown, word.size()))));
+}
+
 } // namespace
 
-FormLoad ReadForm(QByteArrayView bytes, GuiForm& form, const BitmapLoader& loadBitmap)
+QString TroubleText(const QString& path, const FormTrouble& trouble)
 {
+    const QString line = trouble.line == 0 ? QString() : u", line %1"_s.arg(trouble.line);
+    return NameOf(path) + line + u": "_s + trouble.reason;
+}
+
+FormLoad ReadForm(QByteArrayView bytes, GuiForm& form, const BitmapLoader& loadBitmap, FormTrouble* trouble)
+{
+    int number = 0;
+    const auto report = [&](const QString& reason) {
+        if (trouble != nullptr)
+            *trouble = {number, reason};
+    };
     try {
         FormReader reader(form, loadBitmap);
         cLines lines(bytes);
-        while (lines.Next())
-            if (!lines.Line().isEmpty() && !reader.Take(lines.Line()))
-                return FormLoad::Corrupt;
+        while (lines.Next()) {
+            ++number;
+            if (lines.Line().isEmpty() || reader.Take(lines.Line()))
+                continue;
+            report(UnknownLine(lines.Line()));
+            return FormLoad::Corrupt;
+        }
         form.menuLabel = MenuLabel(form, NoMenusLabel);
         return FormLoad::Loaded;
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+        report(ReasonOf(error));
         return FormLoad::Failed;
     }
 }
@@ -352,6 +397,23 @@ FormLoad ReadForm(QByteArrayView bytes, GuiForm& form, const BitmapLoader& loadB
 QString WriteForm(const GuiForm& completed)
 {
     return FormWriter(completed).Write();
+}
+
+std::optional<FormTrouble> TroubleIn(QByteArrayView written, const BitmapLoader& loadBitmap)
+{
+    FormTrouble trouble;
+    cLines lines(written);
+    while (lines.Next()) {
+        ++trouble.line;
+        if (lines.Line().isEmpty() || lines.Line().count('|') == FieldCount - 1)
+            continue;
+        trouble.reason = u"a text in it has a | or a line break, which ends a field of the file"_s;
+        return trouble;
+    }
+    GuiForm again;
+    if (ReadForm(written, again, loadBitmap, &trouble) == FormLoad::Loaded)
+        return std::nullopt;
+    return trouble;
 }
 
 } // namespace ob

@@ -228,27 +228,23 @@ private:
         const std::vector<ControlRecord>& list = form.List(statements.kind);
         for (std::size_t i = 1; i < list.size(); ++i)
             if (list[i].visible)
-                AddControl(statements, list[i], i);
+                AddControl(statements, {statements.kind, static_cast<int>(i)});
     }
 
-    void AddControl(const KindStatements& statements, const ControlRecord& control, std::size_t number)
+    void AddControl(const KindStatements& statements, ControlRef ref)
     {
-        const KindTraits& traits = TraitsOf(statements.kind);
-        index = QString::number(number);
-        const TagParts tag = SplitTag(control.tag);
-        name = tag.name;
-        // A groupbox that has a tool tip but no name is named like a statictext; existing programs rely on it.
-        if (name.isEmpty())
-            name =
-                LatinText(TraitsOf(statements.kind == ControlKind::Groupbox ? ControlKind::Statictext : statements.kind)
-                              .nameStem) +
-                index;
+        const KindTraits& traits = TraitsOf(ref.kind);
+        const ControlRecord& control = form.At(ref);
+        index = QString::number(ref.index);
+        name = NameInProgram(form, ref);
         current = &control;
 
         AddStatements(statements);
-        if (form.GuiTooltipsOn && !traits.tooltip.empty())
+        if (form.GuiTooltipsOn && !traits.tooltip.empty()) {
+            const QString tooltip = SplitTag(control.tag).tooltip;
             AppendTooltip(tooltipBlock, statements.kind, form.GuiHandleName, name,
-                          tag.tooltip.isEmpty() ? LatinText(traits.tooltip) : tag.tooltip);
+                          tooltip.isEmpty() ? LatinText(traits.tooltip) : tooltip);
+        }
         if (statements.kind == ControlKind::Bmpbutton && !bitmapMissing && control.caption != bitmapFound) {
             bitmapMissing = !FileExists(control.caption);
             bitmapFound = control.caption;
@@ -433,6 +429,16 @@ private:
 };
 
 } // namespace
+
+QString NameInProgram(const GuiForm& form, ControlRef ref)
+{
+    const QString name = SplitTag(form.At(ref).tag).name;
+    if (!name.isEmpty())
+        return name;
+    // A groupbox that has a tool tip but no name is named like a statictext; existing programs rely on it.
+    const ControlKind kind = ref.kind == ControlKind::Groupbox ? ControlKind::Statictext : ref.kind;
+    return LatinText(TraitsOf(kind).nameStem) + QString::number(ref.index);
+}
 
 GeneratedProgram GenerateProgram(const GuiForm& completed, ProgramKind kind, const ProgramHeader& header)
 {

@@ -28,6 +28,9 @@ inline const QString BitmapMissingText =
     QStringLiteral("Code contains at least one bmpbutton that has no valid bitmap file associated.  Please correct "
                    "this in the code generated.");
 
+// A control's name in its program: that of its Tag, or else one made of its kind and its index.
+QString NameInProgram(const GuiForm& form, ControlRef ref);
+
 // The program of a form that has been completed for it (modCompleted.h); controls without a name get one in the program
 // only. Raises Overflow for a font size that is not a number of the language.
 GeneratedProgram GenerateProgram(const GuiForm& completed, ProgramKind kind, const ProgramHeader& header);

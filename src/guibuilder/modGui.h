@@ -173,6 +173,7 @@ struct FormDesign {
     bool GuiFormOpen = false;     // the form window exists
     bool GuiFormModified = false; // the form has changed since it was saved or loaded
     bool GuiFormLoading = false;  // a form file is being read; a load that failed leaves it set
+    QString GuiLoadTrouble;       // why the last load failed, with file and line; empty otherwise
 
     // What its window shows in addition to the form itself.
     bool GuiGridOn = true;

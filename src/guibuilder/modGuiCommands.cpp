@@ -7,6 +7,7 @@
 #include "guibuilder/cGuiWindow.h"
 #include "guibuilder/modCompleted.h"
 #include "guibuilder/modFormFile.h"
+#include "guibuilder/modRemarks.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
@@ -28,14 +29,34 @@ namespace {
 
 const QString SaveItem = u"mnuFileSaveGui"_s;
 
-// A file that cannot be read at all counts as a failed load.
-FormLoad ReadFormFile(const QString& path, GuiForm& form)
+// A file that cannot be read at all counts as a failed load. The reason of a load that has failed is left in the
+// design.
+FormLoad ReadFormFile(const QString& path, FormDesign& design)
 {
+    FormTrouble trouble;
+    FormLoad end = FormLoad::Failed;
     try {
-        return ReadForm(ReadWhole(path), form);
-    } catch (const RuntimeError&) {
-        return FormLoad::Failed;
+        end = ReadForm(ReadWhole(path), design.form, LoadBitmap, &trouble);
+    } catch (const RuntimeError& error) {
+        trouble.reason = error.reason.isEmpty() ? error.description : error.reason;
     }
+    design.GuiLoadTrouble = end == FormLoad::Loaded ? QString() : TroubleText(path, trouble);
+    return end;
+}
+
+void ShowLoadFailure(const QString& text)
+{
+    MsgBox({text, BoxIcon::Critical, BoxButtons::Ok, {}, GuiDesign().GuiLoadTrouble});
+}
+
+// A form that is saved as it is, but would be lost, or cut short, by the next load.
+void WarnOfTrouble(QByteArrayView written)
+{
+    const auto trouble = TroubleIn(written, LoadBitmap);
+    if (trouble)
+        MsgBox(u"The form is saved, but it cannot be loaded again as it is.\nLine %1 of the file: %2."_s.arg(
+                   QString::number(trouble->line), trouble->reason),
+               BoxIcon::Exclamation);
 }
 
 // Whether text may be written with a question mark for each character that the code page lacks.
@@ -64,6 +85,7 @@ void OpenGeneratedCode(ProgramKind kind)
         MsgBox(BitmapMissingText);
     if (cDocument* document = NewDocument())
         SendTextToDocument(*document, program.text, UntitledName);
+    GuiWindow->ShowGuiRemarks(RemarksOn(design.form));
 }
 
 } // namespace
@@ -121,6 +143,7 @@ void SaveGuiForm(const QString& path)
             ReplaceFile(path, encoded.bytes);
             design.file = path;
             SetStatusText(u"Form saved as "_s + NameOf(path));
+            WarnOfTrouble(encoded.bytes);
             return;
         }
     } catch (...) {
@@ -141,11 +164,11 @@ void LoadGuiForm(const QString& path)
     }
     GuiWindow->ShowGui();
     design.file = path;
-    const FormLoad end = ReadFormFile(path, design.form);
+    const FormLoad end = ReadFormFile(path, design);
     if (end == FormLoad::Corrupt) {
         design.GuiFormLoading = design.GuiFormModified = false;
         GuiWindow->UnloadGui();
-        MsgBox(CorruptFormText, BoxIcon::Critical);
+        ShowLoadFailure(CorruptFormText);
         return;
     }
     design.GuiFormModified = false;
@@ -153,7 +176,7 @@ void LoadGuiForm(const QString& path)
     GuiWindow->SettleGui(GuiSteps::Forget);
     EnableMenuEditor(design.form.GuiWindowType);
     if (end == FormLoad::Failed) {
-        MsgBox(FailedFormText, BoxIcon::Critical);
+        ShowLoadFailure(FailedFormText);
         return;
     }
     design.GuiFormLoading = false;
@@ -174,6 +197,7 @@ void guiSave()
     box.title = u"Save Gui Form As"_s;
     box.folder = QDir::currentPath();
     box.filter = u"Gui Form (*.obf)|*.obf"_s;
+    box.extension = u"obf"_s;
     const QString path = FileBox(box);
     if (!path.isEmpty())
         SaveGuiForm(path);

@@ -59,6 +59,77 @@ private Q_SLOTS:
     }
     void cleanupTestCase() { QDir::setCurrent(QDir::rootPath()); }
 
+    // --- Reasons. ---
+
+    void aLoadThatEndsEarlySaysWhereAndWhy_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<QString>("reason");
+        const auto row = [](const char* line, const QString& reason) {
+            QTest::newRow(line) << QByteArray(line) << reason;
+        };
+        row("nonsense|1", u"no line of a form begins with \"nonsense\""_s);
+        row("open|x|1|2|3|4", u"the form was saved before its window properties were confirmed with OK"_s);
+        row("button|x|1|2|3", u"field 6 is missing"_s);
+        row("button|a|b|1|2|3|4|n|b", u"field 3, \"b\", is not a number"_s);
+        row("button|x|1|2|3|1E39|n|b", u"field 6, \"1E39\", is too large"_s);
+        row("defaults|a|b|c|d|e|f|maybe|False", u"field 8, \"maybe\", is neither True nor False"_s);
+        row("bmpbutton|nowhere.bmp|1|2|3|4|n|b", u"the bitmap nowhere.bmp cannot be loaded: File not found"_s);
+        row("menu|&File|1*2*3*4*5*6*7*8*9*10*11*12*13*14*15*16*17*18*19*20*21*22",
+            u"the menu has more than 21 items"_s);
+    }
+
+    void aLoadThatEndsEarlySaysWhereAndWhy()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(QString, reason);
+        GuiForm form;
+        FormTrouble trouble;
+        QVERIFY(ReadForm("checkbox|C|1|2|3|4|n|b\r\n\r\n" + line, form, LoadBitmap, &trouble) != Loaded);
+        QCOMPARE(trouble.line, 3);
+        QCOMPARE(trouble.reason, reason);
+        QCOMPARE(TroubleText(u"folder/x.obf"_s, trouble), u"x.obf, line 3: "_s + reason);
+    }
+
+    void theTextOfATroubleWithoutALineHasNone()
+    {
+        QCOMPARE(TroubleText(u"folder/x.obf"_s, {0, u"gone"_s}), u"x.obf: gone"_s);
+    }
+
+    // --- Files that could not be loaded again. ---
+
+    void aFileThatReadsAsItWasWrittenHasNoTrouble()
+    {
+        GuiForm form;
+        for (const KindTraits& traits : KindTable)
+            form.At(AddControl(form, traits.kind)).visible = true;
+        form.GuiStatusbarOn = true;
+        form.panels.assign(10, u"panel"_s);
+        QVERIFY(!TroubleIn(FileOf(form), LoadBitmap));
+    }
+
+    void troubleIsFoundBeforeTheNextLoad()
+    {
+        const auto trouble = [](const auto& change) {
+            GuiForm form = FormWith(ControlKind::Button, 2);
+            change(form);
+            return TroubleIn(FileOf(form), LoadBitmap).value_or(FormTrouble{});
+        };
+        const FormTrouble bar{4, u"a text in it has a | or a line break, which ends a field of the file"_s};
+        const ControlRef second{ControlKind::Button, 2};
+        QCOMPARE(trouble([&](GuiForm& form) { form.At(second).caption = u"a|b"_s; }), bar);
+        QCOMPARE(trouble([&](GuiForm& form) { form.At(second).tag = u"n *a|b"_s; }), bar);
+        QCOMPARE(trouble([&](GuiForm& form) { form.At(second).caption = u"a\nb"_s; }), bar);
+        QCOMPARE(trouble([&](GuiForm& form) { form.windowTag = u"open"_s; }),
+                 (FormTrouble{2, u"the form was saved before its window properties were confirmed with OK"_s}));
+        QCOMPARE(trouble([&](GuiForm& form) {
+                     const ControlRef picture = AddControl(form, ControlKind::Bmpbutton);
+                     form.At(picture).visible = true;
+                     form.At(picture).caption = u"nowhere.bmp"_s;
+                 }),
+                 (FormTrouble{3, u"the bitmap nowhere.bmp cannot be loaded: File not found"_s}));
+    }
+
     // --- Lines. ---
 
     void linesEndInAnyWayAndEmptyOnesAreSkipped_data()

@@ -246,6 +246,10 @@ private Q_SLOTS:
     {
         NewGuiForm();
         const QString path = bench->Path(u"a.obf"_s);
+        bench->dialogs.ExpectMessage(u"The form is saved, but it cannot be loaded again as it is.\n"
+                                     "Line 2 of the file: the form was saved before its window properties were "
+                                     "confirmed with OK."_s,
+                                     BoxAnswer::Ok, BoxIcon::Exclamation);
         SaveGuiForm(path);
         QVERIFY(CoreBench::Get(path).contains("\r\nopen|Window Title| 1200|"));
         bench->dialogs.ExpectMessage(u"OBF file is corrupt."_s);

@@ -10,15 +10,18 @@
 #include "guibuilder/modGenerator.h"
 #include "guibuilder/modGui.h"
 #include "guibuilder/modGuiCommands.h"
+#include "platform/dialogs/dlgStandard.h"
 #include "platform/files/modFiles.h"
 #include "shell/state/Module1.h"
 
 #include <QAction>
 #include <QDate>
 #include <QDialog>
+#include <QDockWidget>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QLocale>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -285,6 +288,7 @@ private Q_SLOTS:
         const QString path = bench.Write(u"bad.obf"_s, SmallForm + "nonsense|1\r\n");
         bench.dialogs.ExpectMessage(u"OBF file is corrupt."_s);
         bench.Start({path});
+        QCOMPARE(StatusOf(bench), u"bad.obf, line 8: no line of a form begins with \"nonsense\""_s);
         QVERIFY(FormWindow(bench) == nullptr);
         QVERIFY(!GuiDesign().GuiFormOpen);
         QCOMPARE(GuiDesign().form.windowTag, u"closed"_s);
@@ -300,8 +304,81 @@ private Q_SLOTS:
         QVERIFY(GuiDesign().GuiFormLoading);
         QVERIFY(GuiDesign().form.At({ControlKind::Button, 1}).visible);
         QVERIFY(!GuiDesign().form.At({ControlKind::Button, 2}).visible);
-        // While the flag is set the properties do not open.
+        QCOMPARE(StatusOf(bench), u"bad.obf, line 8: field 5, \"wide\", is not a number"_s);
+        // While the flag is set the properties do not open, and the status bar says why.
+        SetStatusText({});
         QTest::mouseClick(Surface(bench), Qt::RightButton, {}, QPoint(30, 30));
+        QCOMPARE(StatusOf(bench), u"No properties until a form loads without an error. "
+                                  "bad.obf, line 8: field 5, \"wide\", is not a number"_s);
+    }
+
+    void aFileThatCannotBeReadSaysSo()
+    {
+        TestBench bench;
+        bench.Start();
+        bench.dialogs.ExpectMessage(u"Error loading form."_s);
+        LoadGuiForm(bench.Path(u"gone.obf"_s));
+        QVERIFY2(StatusOf(bench).startsWith(u"gone.obf: "_s), qPrintable(StatusOf(bench)));
+        QVERIFY(StatusOf(bench).size() > 10);
+    }
+
+    void aFormThatCannotBeLoadedAgainSaysSoAtTheSave()
+    {
+        TestBench bench;
+        Load(bench);
+        GuiDesign().form.At({ControlKind::Button, 1}).caption = u"a|b"_s;
+        const QString saved = bench.Path(u"again.obf"_s);
+        bench.dialogs.ExpectFile(FilePurpose::Save, u"Save Gui Form As"_s, SaveFilter, saved);
+        bench.dialogs.ExpectMessage(u"The form is saved, but it cannot be loaded again as it is.\n"
+                                    "Line 4 of the file: a text in it has a | or a line break, which ends a field of "
+                                    "the file."_s,
+                                    BoxAnswer::Ok, BoxIcon::Exclamation);
+        bench.Choose(u"mnuFileSaveGui"_s);
+        QVERIFY(TestBench::Read(saved).contains("a|b"));
+        QCOMPARE(StatusOf(bench), u"Form saved as again.obf"_s);
+        QVERIFY(!GuiDesign().GuiFormModified);
+    }
+
+    void aNameWithoutAnEndingIsSavedWithTheFormsOwn()
+    {
+        TestBench bench;
+        Load(bench);
+        dlgStandard boxes;
+        cDialogs* scripted = SetDialogs(&boxes);
+        bench.AnswerModals([](QDialog& dialog) {
+            dialog.findChild<QLineEdit*>()->setText(u"plain"_s);
+            QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+        bench.Choose(u"mnuFileSaveGui"_s);
+        SetDialogs(scripted);
+        QCOMPARE(TestBench::Read(bench.Path(u"plain.obf"_s)), SmallForm);
+        QVERIFY(!QFile::exists(bench.Path(u"plain"_s)));
+    }
+
+    void remarksAreListedBesideTheProgramAndLeadToTheirControls()
+    {
+        TestBench bench;
+        Load(bench, SmallForm + "textbox|none| 4500| 700| 1200| 300|go|none|none\r\n"
+                                "textbox|none| 4500| 1700| 1200| 300|a b|none|none\r\n");
+        Tool(bench, 1)->click();
+        const auto* pane = bench.Frame().findChild<QDockWidget*>(u"frmRemarks"_s);
+        QVERIFY(pane != nullptr && pane->isVisible());
+        auto* list = pane->findChild<QListWidget*>();
+        QCOMPARE(list->count(), 2);
+        QCOMPARE(list->item(0)->text(), u"TextBox 1: Button 1 has the name \"go\" too."_s);
+        QVERIFY(list->item(1)->text().contains(u"\"a b\" is no name."_s));
+        // The program is in front, with the keyboard.
+        QCOMPARE(bench.Frame().ActiveKind(), ActiveChild::Code);
+        QVERIFY(!list->hasFocus());
+        list->setCurrentRow(1);
+        QTest::keyClick(list, Qt::Key_Return);
+        QCOMPARE(bench.Frame().ActiveKind(), ActiveChild::Gui);
+        QCOMPARE(Surface(bench)->Designer().Selection(), (std::vector<ControlRef>{{ControlKind::Textbox, 2}}));
+        GuiDesign().form.At({ControlKind::Textbox, 1}).tag = u"one"_s;
+        GuiDesign().form.At({ControlKind::Textbox, 2}).tag = u"two"_s;
+        Tool(bench, 17)->click();
+        QVERIFY(!pane->isVisible());
+        GuiDesign().GuiFormModified = false;
     }
 
     void loadByTheMenuAsksForTheOpenForm()

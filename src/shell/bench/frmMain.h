@@ -24,6 +24,7 @@ class cDesigner;
 class frmDocument;
 class frmGui;
 class frmPalette;
+class frmRemarks;
 class frmStartPage;
 class frmStatusBar;
 
@@ -64,6 +65,7 @@ public:
     void RefreshGui() override;
     void SettleGui(GuiSteps steps) override;
     void ShowGuiDefaults() override;
+    void ShowGuiRemarks(const std::vector<FormRemark>& remarks) override;
     void EnableGuiTool(const QString& name, bool enable) override;
     void SendToBack() override;
     void Unload() override;
@@ -111,7 +113,8 @@ private:
     QToolBar* tbToolBar = nullptr;
     std::unique_ptr<cDesigner> designer; // of the form shown by gui
     frmPalette* picGui = nullptr;
-    frmGui* gui = nullptr; // the form window, while there is one
+    frmGui* gui = nullptr;            // the form window, while there is one
+    frmRemarks* guiRemarks = nullptr; // on the form; made for the first ones
     frmStatusBar* sbStatusBar = nullptr;
     QHash<QString, QAction*> items;
     ToolbarParts toolbar;

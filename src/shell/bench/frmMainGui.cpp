@@ -3,6 +3,7 @@
 #include "guibuilder/cDesigner.h"
 #include "guibuilder/frmGui.h"
 #include "guibuilder/frmPalette.h"
+#include "guibuilder/frmRemarks.h"
 #include "guibuilder/frmSurface.h"
 #include "shell/bench/frmMain.h"
 
@@ -29,6 +30,7 @@ void frmMain::ShowGui()
         gui = nullptr;
         ForgetChild(gone);
         picGui->Follow(nullptr);
+        ShowGuiRemarks({});
     });
     connect(&gui->Surface(), &frmSurface::ToolUsed, picGui, &frmPalette::Refresh);
     QMdiSubWindow* window = AddChild(*gui);
@@ -60,6 +62,21 @@ void frmMain::ShowGuiDefaults()
 {
     if (gui != nullptr)
         gui->Surface().ShowWindowDefaults();
+}
+
+void frmMain::ShowGuiRemarks(const std::vector<FormRemark>& remarks)
+{
+    if (guiRemarks == nullptr && remarks.empty())
+        return;
+    if (guiRemarks == nullptr) {
+        guiRemarks = new frmRemarks(this);
+        addDockWidget(Qt::BottomDockWidgetArea, guiRemarks);
+        connect(guiRemarks, &frmRemarks::ControlWanted, this, [this](ControlRef control) {
+            if (gui != nullptr)
+                gui->ShowControl(control);
+        });
+    }
+    guiRemarks->ShowRemarks(remarks);
 }
 
 void frmMain::EnableGuiTool(const QString& name, bool enable)
