@@ -522,13 +522,14 @@ void cDesigner::Take(const std::optional<GuiForm>& step)
     damage.everything = true;
 }
 
-void cDesigner::Commit(cFormHistory::WindowRect rect)
+void cDesigner::Commit(cFormHistory::WindowRect rect, OpenedBy opened)
 {
     std::erase_if(selection, [this](ControlRef ref) { return !form.At(ref).visible; });
     // The control may have another place or size now.
     if (handles)
         ShowHandles();
-    history.Commit(form, rect);
+    if (history.Commit(form, rect) && opened == OpenedBy::Keys)
+        design.GuiFormModified = true;
     damage.everything = true;
 }
 

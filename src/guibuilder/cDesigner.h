@@ -84,8 +84,10 @@ public:
     bool CanUndo() const { return history.CanUndo(); }
     bool CanRedo() const { return history.CanRedo(); }
 
-    // A dialog may have changed the form.
-    void Commit(cFormHistory::WindowRect rect = cFormHistory::WindowRect::Drawn);
+    // A dialog may have changed the form; it is marked only if the dialog was opened by keys. The mouse's ways to the
+    // dialogs leave that to the user.
+    enum class OpenedBy { Mouse, Keys };
+    void Commit(cFormHistory::WindowRect rect = cFormHistory::WindowRect::Drawn, OpenedBy opened = OpenedBy::Mouse);
     // Names and branches were filled in by a save or a compilation.
     void Adopt() { history.Adopt(form); }
     // The form has been replaced by another.

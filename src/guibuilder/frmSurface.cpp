@@ -227,7 +227,7 @@ void frmSurface::mousePressEvent(QMouseEvent* event)
             designer.Press(PointAt(event->position()), ButtonOf(event->button()), ModeOf(event->modifiers()));
         UpdateDamage();
         if (request.kind == cDesigner::Request::Kind::Properties)
-            ShowProperties(request.control);
+            ShowProperties(request.control, cDesigner::OpenedBy::Mouse);
     });
 }
 
@@ -265,21 +265,21 @@ void frmSurface::ShowControl(ControlRef control)
     setFocus();
 }
 
-void frmSurface::ShowProperties(ControlRef control)
+void frmSurface::ShowProperties(ControlRef control, cDesigner::OpenedBy opened)
 {
     ShowProp(control, LatinText(TraitsOf(control.kind).propWord));
     BringToFront(designer.Design().form, control);
-    designer.Commit();
+    designer.Commit(cFormHistory::WindowRect::Drawn, opened);
     UpdateDamage();
     FollowSelection();
 }
 
-void frmSurface::ShowWindowDefaults()
+void frmSurface::ShowWindowDefaults(cDesigner::OpenedBy opened)
 {
     // A window that the user has pulled before is no change of the dialog's.
     designer.Commit();
     ShowColorDefault();
-    designer.Commit(cFormHistory::WindowRect::Set);
+    designer.Commit(cFormHistory::WindowRect::Set, opened);
     UpdateDamage();
 }
 
@@ -339,6 +339,15 @@ void frmSurface::TakeStep(void (cDesigner::*step)())
     EnableMenuEditor(designer.Form().GuiWindowType);
 }
 
+// The properties of the selected control, or of the window, by a key.
+void frmSurface::ShowDialog()
+{
+    if (designer.Selection().empty())
+        ShowWindowDefaults(cDesigner::OpenedBy::Keys);
+    else
+        ShowProperties(designer.Selection().front(), cDesigner::OpenedBy::Keys);
+}
+
 bool frmSurface::TakeKey(const QKeyEvent& event)
 {
     if (event.matches(QKeySequence::Undo))
@@ -361,7 +370,7 @@ bool frmSurface::TakeKey(const QKeyEvent& event)
     else if (event.key() == Qt::Key_Escape)
         designer.Cancel();
     else if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
-        designer.Selection().empty() ? ShowWindowDefaults() : ShowProperties(designer.Selection().front());
+        ShowDialog();
     else
         return TakeArrow(event);
     return true;
@@ -456,8 +465,9 @@ void frmSurface::ShowMenu(QPoint place)
     add(menu, "mnuSurfacePaste", "&Paste", designer.CanPaste() && open, [this] { designer.Paste(); });
     add(menu, "mnuSurfaceDelete", "&Delete", any && open, [this] { AskToDelete(); });
     menu.addSeparator();
-    add(menu, "mnuSurfaceProperties", "P&roperties...", any, [this] { ShowProperties(designer.Selection().front()); });
-    add(menu, "mnuSurfaceDefaults", "&Window Defaults...", true, [this] { ShowWindowDefaults(); });
+    add(menu, "mnuSurfaceProperties", "P&roperties...", any, [this] { ShowDialog(); });
+    add(menu, "mnuSurfaceDefaults", "&Window Defaults...", true,
+        [this] { ShowWindowDefaults(cDesigner::OpenedBy::Keys); });
     if (any)
         place = mapToGlobal(PixelsOf(RectOf(designer.Form().At(designer.Selection().front()))).center());
     menu.exec(place);

@@ -27,7 +27,7 @@ public:
     void ArmTool(const QString& toolName);
     // Selects a control, and shows it wherever it is.
     void ShowControl(ControlRef control);
-    void ShowWindowDefaults();
+    void ShowWindowDefaults(cDesigner::OpenedBy opened = cDesigner::OpenedBy::Mouse);
     void ShowMenuEditor();
 
     cDesigner& Designer() { return designer; }
@@ -57,7 +57,8 @@ private:
     void TakeStep(void (cDesigner::*step)());
     bool TakeKey(const QKeyEvent& event);
     bool TakeArrow(const QKeyEvent& event);
-    void ShowProperties(ControlRef control);
+    void ShowProperties(ControlRef control, cDesigner::OpenedBy opened);
+    void ShowDialog();
     void AskToDelete();
     void ShowMenu(QPoint place);
     void UpdateDamage();

@@ -494,6 +494,7 @@ private Q_SLOTS:
             dialog.findChild<QPushButton*>(u"OKButton"_s)->click();
         });
         QTest::keyClick(surface, Qt::Key_Return);
+        QVERIFY(GuiDesign().GuiFormModified);
         QCOMPARE(surface->Designer().Handles()->upper, (SurfacePoint{200 * 15 - 135, 300 - 135}));
         bench.ExpectModal(u"frmProp"_s,
                           [](QDialog& dialog) { dialog.findChild<QPushButton*>(u"cmdDelete"_s)->click(); });
