@@ -15,6 +15,7 @@
 #include "shell/state/Module1.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QDate>
 #include <QDialog>
 #include <QDockWidget>
@@ -350,9 +351,18 @@ private Q_SLOTS:
             QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
         });
         bench.Choose(u"mnuFileSaveGui"_s);
-        SetDialogs(scripted);
         QCOMPARE(TestBench::Read(bench.Path(u"plain.obf"_s)), SmallForm);
         QVERIFY(!QFile::exists(bench.Path(u"plain"_s)));
+        // All files: the name as it is typed.
+        bench.AnswerModals([](QDialog& dialog) {
+            auto* filters = dialog.findChild<QComboBox*>(u"fileTypeCombo"_s);
+            QTest::keyClick(filters, Qt::Key_End);
+            dialog.findChild<QLineEdit*>()->setText(u"bare"_s);
+            QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+        bench.Choose(u"mnuFileSaveGui"_s);
+        SetDialogs(scripted);
+        QCOMPARE(TestBench::Read(bench.Path(u"bare"_s)), SmallForm);
     }
 
     void remarksAreListedBesideTheProgramAndLeadToTheirControls()

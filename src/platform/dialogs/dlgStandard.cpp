@@ -366,13 +366,17 @@ static int PlaceOfFilter(const QFileDialog& box)
     return 0;
 }
 
-// The ending follows the filter that the user picks, where the filter has just one.
-static void FollowFilter(QFileDialog& box, const QList<FileFilter>& filters)
+// The ending follows the filter that the user picks, where the filter has just one. Whoever chooses all files means the
+// name as it is typed.
+static void FollowFilter(QFileDialog& box, const FileSpec& spec)
 {
-    QObject::connect(&box, &QFileDialog::filterSelected, &box, [&box, filters] {
-        const QStringList patterns = filters.value(PlaceOfFilter(box)).patterns;
+    QObject::connect(&box, &QFileDialog::filterSelected, &box, [&box, &spec, filters = FileFiltersOf(spec.filter)] {
+        const int place = PlaceOfFilter(box);
+        const QStringList patterns = filters.value(place).patterns;
         if (patterns.size() == 1 && patterns.first().startsWith(u"*."_s))
             box.setDefaultSuffix(patterns.first().sliced(2));
+        else
+            box.setDefaultSuffix(place < filters.size() ? spec.extension : QString());
     });
 }
 
@@ -388,7 +392,7 @@ static QStringList ChooseFiles(const FileSpec& spec, QFileDialog::FileMode mode)
     box.setFileMode(saves ? QFileDialog::AnyFile : mode);
     box.setDefaultSuffix(spec.extension);
     if (!spec.extension.isEmpty())
-        FollowFilter(box, FileFiltersOf(spec.filter));
+        FollowFilter(box, spec);
     if (!spec.name.isEmpty())
         box.selectFile(folder.filePath(spec.name));
     if (spec.filterIndex != nullptr)
