@@ -3,6 +3,7 @@
 #include "platform/dialogs/dlgStandard.h"
 #include "platform/dialogs/frmApplication.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/files/modTemporaryFiles.h"
 #include "shell/bench/frmMain.h"
 #include "shell/bench/modStart.h"
 #include "shell/state/cMainForm.h"
@@ -99,6 +100,7 @@ int main(int argc, char** argv)
     if (const auto status = AnswerAtOnce(argc, argv))
         return *status;
 
+    ob::RemoveMarkedOnSignals();
     const ob::frmApplication application(argc, argv);
     QApplication::setApplicationName(u"orchard-bench"_s);
     QApplication::setApplicationDisplayName(QString());

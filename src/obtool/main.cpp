@@ -3,6 +3,7 @@
 #include "obtool/toolGroups.h"
 #include "obtool/toolModules.h"
 #include "obtool/toolOutput.h"
+#include "platform/files/modTemporaryFiles.h"
 
 #include <QByteArray>
 
@@ -137,6 +138,7 @@ int Execute(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    ob::RemoveMarkedOnSignals();
     try {
         return Execute(argc, argv);
     } catch (const ob::ToolFailure& failure) {

@@ -54,7 +54,7 @@ CopyEnd CopyWholeFile(const QString& from, const QString& to, const CopyWatch& w
     QFile source(from);
     if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw RuntimeErrorOf(ErrorNumber::PathFileAccess, from, source.errorString());
-    cTemporaryFile copy(NativePath(to), to);
+    cTemporaryFile copy(NativePath(to), to, Rights::Private);
     if (CopyBytes(source, copy, watch) == CopyEnd::Stopped)
         return CopyEnd::Stopped;
     copy.Complete(Durability::Unsynced);

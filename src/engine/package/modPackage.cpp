@@ -3,6 +3,7 @@
 #include "engine/package/modPackage.h"
 
 #include "engine/package/CGZipFiles.h"
+#include "engine/package/cPackageStage.h"
 #include "engine/package/modFileCopy.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modFolders.h"
@@ -116,7 +117,8 @@ bool AreOneFile(const QString& left, const QString& right)
 // Copies the files of a plan, counting the bytes.
 class Copier {
 public:
-    Copier(const PackagePlan& plan, cPackageWatch& packageWatch) : folder(PackageFolder(plan)), watch(packageWatch)
+    Copier(const PackagePlan& plan, const QString& targetFolder, cPackageWatch& packageWatch)
+        : folder(targetFolder), watch(packageWatch)
     {
         for (const QString& file : plan.files)
             if (const std::optional<QString> found = FileOnDisk(file))
@@ -129,6 +131,7 @@ public:
         const std::optional<QString> found = FileOnDisk(file);
         if (!found) {
             missing.append(file);
+            isComplete = false;
             return watch.Processing(progress);
         }
         if (watch.Processing(progress) == PackageRequest::Stop)
@@ -139,13 +142,16 @@ public:
                 return PackageRequest::Stop;
             RemoveOtherSpellings();
         } catch (const RuntimeError& error) {
-            watch.Tell({u"Error occurred!"_s, BoxIcon::None, BoxButtons::Ok, u"SHCOPY"_s, error.reason});
+            const QString reason = error.reason.isEmpty() ? error.description : error.reason;
+            isComplete = false;
+            watch.Tell({u"Error occurred!"_s, BoxIcon::None, BoxButtons::Ok, u"SHCOPY"_s, file + u": "_s + reason});
         }
         progress.done = std::min(before + QFileInfo(*found).size(), progress.all);
         return watch.Processing(progress);
     }
 
     QStringList missing;
+    bool isComplete = true;
 
 private:
     CopyEnd CopyFrom(const QString& found)
@@ -172,12 +178,6 @@ private:
     PackageProgress progress;
 };
 
-void NeedFolder(const QString& folder)
-{
-    if (!FolderExists(folder) && !QDir().mkdir(folder))
-        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, QDir::toNativeSeparators(folder));
-}
-
 // --- Renaming. ------------------------------------------------------------------------------------------------------
 
 enum class Renaming { Done, Failed };
@@ -200,17 +200,16 @@ Renaming Rename(const QString& folder, const QString& from, const QString& to)
 }
 
 // Any runtime engine in the folder becomes run.exe, which then gets the program's name.
-std::optional<PackagedEngine> NameEngine(const PackagePlan& plan)
+std::optional<PackagedEngine> NameEngine(const PackagePlan& plan, const QString& folder)
 {
-    const QString folder = PackageFolder(plan);
     const QString runtime = FirstRuntime(folder);
     const QString wanted = NameOf(plan.token).chopped(3) + u"exe"_s;
     if (!runtime.isEmpty() && Rename(folder, runtime, RuntimeName) == Renaming::Failed)
         return std::nullopt;
     if (Rename(folder, RuntimeName, wanted) == Renaming::Failed)
         return std::nullopt;
-    const QString path = folder + QDir::separator() + wanted;
-    return PackagedEngine{wanted, FileOnDisk(path).value_or(path)};
+    const QString found = FileOnDisk(folder + QDir::separator() + wanted).value_or(wanted);
+    return PackagedEngine{wanted, PackageFolder(plan) + QDir::separator() + NameOf(found)};
 }
 
 MessageSpec MissingBox(const QStringList& missing)
@@ -237,7 +236,7 @@ PackageOutcome ZipPackage(const PackagePlan& plan, cPackageWatch& watch)
     const int code = zip.MakeZipFile([&](const ZipProgress& progress) { return watch.Zipping(progress); });
     watch.ZipEnds();
     if (code != 0)
-        return {PackageEnd::ZipFailed, zip.GetLastMessage()};
+        return {PackageEnd::ZipFailed, zip.GetLastMessage(), true};
     watch.ZipIsMade(base);
     return {};
 }
@@ -339,23 +338,33 @@ MessageSpec ZipMadeBox(const QString& base)
 
 PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatch& watch)
 {
-    NeedFolder(PackageFolder(plan));
-    Copier copier(plan, watch);
+    cPackageStage stage(PackageFolder(plan));
+    Copier copier(plan, stage.Folder(), watch);
     for (const QString& file : plan.files) {
         if (copier.Copy(file) == PackageRequest::Stop) {
             watch.Tell({u"File copying operation aborted!"_s, BoxIcon::Critical, BoxButtons::Ok, {}});
             watch.FilesAreDone();
-            return {PackageEnd::Aborted, {}};
+            return {PackageEnd::Aborted, {}, false};
         }
     }
-    if (const std::optional<PackagedEngine> engine = NameEngine(plan))
+    const std::optional<PackagedEngine> engine = NameEngine(plan, stage.Folder());
+    stage.Finish();
+    if (engine) {
         watch.EngineIsNamed(*engine);
-    else
-        watch.Tell({u"Error renaming runtime engine!"_s, BoxIcon::Critical, BoxButtons::Ok, {}});
+    } else {
+        copier.isComplete = false;
+        watch.Tell({u"Error renaming runtime engine!"_s,
+                    BoxIcon::Critical,
+                    BoxButtons::Ok,
+                    {},
+                    PackageFolder(plan) + u": no runtime engine could get the program's name"_s});
+    }
     watch.FilesAreDone();
     if (!copier.missing.isEmpty())
         watch.Tell(MissingBox(copier.missing));
-    return zip == PackageZip::Yes ? ZipPackage(plan, watch) : PackageOutcome();
+    PackageOutcome outcome = zip == PackageZip::Yes ? ZipPackage(plan, watch) : PackageOutcome();
+    outcome.isComplete = copier.isComplete;
+    return outcome;
 }
 
 } // namespace ob

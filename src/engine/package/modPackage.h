@@ -98,13 +98,14 @@ enum class PackageEnd { Made, Aborted, ZipFailed };
 
 struct PackageOutcome {
     PackageEnd end = PackageEnd::Made;
-    QString reason; // of a failed zip
+    QString reason;         // of a failed zip
+    bool isComplete = true; // every file is there, and the engine has the program's name
 };
 
 // Copies the plan's files into the package folder, renames the runtime engine after the program, and zips the folder on
-// request. Older files in the folder stay or are overwritten. Files that are missing or cannot be copied are reported
-// and skipped. Stop ends the work and leaves the files copied so far. Raises PathFileAccess when the folder cannot be
-// created.
+// request. The folder takes its name when it is whole, with one step where the disk can do that; Stop, or the end of
+// the program before, leaves the older one as it was. Older files in the folder stay or are replaced. Files that are
+// missing or cannot be copied are reported and skipped. Raises PathFileAccess when the folder cannot be made.
 PackageOutcome MakePackage(const PackagePlan& plan, PackageZip zip, cPackageWatch& watch);
 
 } // namespace ob

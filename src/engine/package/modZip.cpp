@@ -3,7 +3,10 @@
 #include "engine/package/modZip.h"
 
 #include "engine/package/modZipFiles.h"
+#include "platform/files/cTemporaryFolder.h"
 #include "platform/files/modFiles.h"
+#include "platform/files/modNativePath.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -18,6 +21,7 @@
 #include <fstream>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -328,6 +332,32 @@ ZipAnswer Write(const QString& path, const std::vector<ZipEntry>& entries, const
     return answer;
 }
 
+// Written in a folder of its own beside the archive, of which a kill leaves nothing that the next save does not remove.
+ZipAnswer WriteBeside(const QString& path, const std::vector<ZipEntry>& entries, const ZipOptions& options,
+                      const ZipWatch& watch)
+{
+    const fs::path archive = NativePath(path);
+    std::optional<cTemporaryFolder> folder;
+    try {
+        folder.emplace(archive, path);
+    } catch (const RuntimeError&) {
+        // The library's own words for a folder that takes no file.
+        return Write(path, entries, options, watch);
+    }
+    const fs::path made = folder->Path() / archive.filename();
+    std::error_code error;
+    if (fs::exists(archive, error))
+        fs::create_hard_link(archive, made, error);
+    if (error)
+        fs::copy_file(archive, made, error);
+    if (error)
+        return Write(path, entries, options, watch);
+    const ZipAnswer answer = Write(TextOfPath(made), entries, options, watch);
+    if (answer.code == 0)
+        error = RenameOver(made, archive);
+    return error ? Failure(ZipCannotOpen, QString::fromLocal8Bit(error.message())) : answer;
+}
+
 } // namespace
 
 QString ZipNameOf(const QString& archive)
@@ -352,7 +382,7 @@ ZipAnswer MakeZip(const QString& archive, const QStringList& specs, const ZipOpt
     else if (list.entries.empty())
         answer = Failure(ZipNoFiles, u"No file was found to zip"_s);
     else
-        answer = Write(path, list.entries, options, watch);
+        answer = WriteBeside(path, list.entries, options, watch);
     answer.unmatched = std::move(list.unmatched);
     return answer;
 }

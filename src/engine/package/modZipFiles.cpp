@@ -131,6 +131,12 @@ QString ClashText(const QString& name, const fs::path& first, const fs::path& se
     return u"Two files are named %1: %2 and %3"_s.arg(name, TextOfName(first), TextOfName(second));
 }
 
+// Where the archive is unpacked, a backslash may mean a folder.
+QByteArray NameInArchive(QString name)
+{
+    return name.replace(u'\\', u'_').toUtf8();
+}
+
 class Collector {
 public:
     explicit Collector(fs::path archive) : archivePath(std::move(archive)) {}
@@ -152,7 +158,7 @@ public:
         std::error_code ignored;
         const std::uintmax_t size = fs::file_size(file.path, ignored);
         places.insert(file.name.toCaseFolded(), list.entries.size());
-        list.entries.push_back({file.path, file.name.toUtf8(), ignored ? 0 : size});
+        list.entries.push_back({file.path, NameInArchive(file.name), ignored ? 0 : size});
         return Match::Yes;
     }
 

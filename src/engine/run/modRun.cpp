@@ -10,6 +10,7 @@
 #include "guibuilder/modGuiCommands.h"
 #include "platform/desktop/modLaunch.h"
 #include "platform/dialogs/modDialogs.h"
+#include "platform/files/modFileRights.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
@@ -18,6 +19,7 @@
 #include "shell/state/modNames.h"
 
 #include <QDir>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +69,10 @@ void HandToEngine(const QString& switches)
         document->SetCaption(copy.caption);
     // A copy can be made again; a program that has no other file cannot.
     const Durability durability = copy.path == copy.caption ? Durability::Synced : Durability::Unsynced;
+    const PrivateCopy rights = PrepareCopy(document->Caption(), copy.path);
     const CopyEnd end = WriteCopy(*document, copy.path, durability);
+    if (end != CopyEnd::Written && rights == PrivateCopy::Made)
+        QFile::remove(copy.path);
     if (end == CopyEnd::Declined)
         return;
     if (end == CopyEnd::Failed || !FileExists(copy.path)) {

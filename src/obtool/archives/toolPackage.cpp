@@ -26,14 +26,20 @@ struct PackageArguments {
     bool zip = false;
 };
 
-// Nobody can stop the work; the question whether to test the program is a note without an answer.
+// Nobody can stop the work, or answer the question whether to test the program, which is left out.
 class ToolWatch final : public cPackageWatch {
 public:
     explicit ToolWatch(const PackagePlan& madePlan) : plan(madePlan) {}
 
     PackageRequest Processing(const PackageProgress&) override { return PackageRequest::GoOn; }
-    void Tell(const MessageSpec& box) override { WriteNote(box.text); }
-    void EngineIsNamed(const PackagedEngine& engine) override { WriteNote(TestQuestion(plan, engine).text); }
+    void Tell(const MessageSpec& box) override
+    {
+        WriteNote(box.reason.isEmpty() ? box.text : box.text + u' ' + box.reason);
+    }
+    void EngineIsNamed(const PackagedEngine& engine) override
+    {
+        WriteNote(TestQuestion(plan, engine).text.section(u"\r\n"_s, 0, 0));
+    }
     void FilesAreDone() override {}
     void ZipBegins() override {}
     ZipRequest Zipping(const ZipProgress&) override { return ZipRequest::GoOn; }
@@ -80,6 +86,8 @@ void Make(const PackageArguments& arguments)
     });
     if (outcome.end == PackageEnd::ZipFailed)
         throw ToolFailure((PackageZipBase(plan) + u".zip"_s).toStdString(), outcome.reason);
+    if (!outcome.isComplete)
+        throw ToolFailure(PackageFolder(plan).toStdString(), u"The package is not complete."_s);
 }
 
 } // namespace

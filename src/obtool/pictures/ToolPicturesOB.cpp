@@ -4,11 +4,14 @@
 #include "obtool/pictures/toolPicture.h"
 #include "obtool/toolGroups.h"
 #include "obtool/toolModules.h"
+#include "platform/files/modTemporaryFiles.h"
 
 #include <QtGlobal>
 
 extern "C" Q_DECL_EXPORT void ToolModule_AddVerbs(CLI::App& group)
 {
+    // The module's temporary files are its own.
+    ob::RemoveMarkedOnSignals();
     ob::LetPicturesHaveFonts();
     const std::string& name = group.get_name();
     if (name == "image")

@@ -16,6 +16,9 @@ namespace ob {
 // New makes the file and fails where anything has its name; Append writes at the end of one that is there.
 enum class Opening { InPlace, New, Append };
 
+// Of a new file: what the system usually gives, or the owner's alone until it gets those of another.
+enum class Rights { Usual, Private };
+
 // One file open for writing, no wider than its descriptor or handle. Closes itself.
 class cSystemFile {
 public:
@@ -29,7 +32,12 @@ public:
     ~cSystemFile() { (void)Close(); }
 
     // A pipe that nobody reads is an error; nothing waits for a reader.
-    std::error_code Open(const std::filesystem::path& path, Opening opening);
+    std::error_code Open(const std::filesystem::path& path, Opening opening, Rights rights = Rights::Usual);
+
+    // Locks the file, which is how others see that its owner lives; an error when it is locked or has been removed. The
+    // other opens a folder, or the same file again, for its lock alone, which outlasts the closing of the first.
+    std::error_code Hold();
+    std::error_code Hold(const std::filesystem::path& path);
 
     // All of the bytes, where the last write ended; WriteAt: from a place on, from which the next Write goes on.
     std::error_code Write(std::span<const std::uint8_t> bytes);
@@ -45,7 +53,8 @@ public:
     // A disk over the network may report only now that it is full.
     std::error_code Close();
 
-    // Gives this file the owner (where that is allowed), the permissions and the extended attributes of another.
+    // Gives this file the owner (where that is allowed), the permissions and the extended attributes of another, but
+    // not the right to run as its owner.
     void TakeOver(const std::filesystem::path& old);
 
 private:
@@ -61,6 +70,12 @@ std::error_code SyncFolder(const std::filesystem::path& folder);
 
 // Gives a file the name of another, which it replaces in one step.
 std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Exchanges the names of two folders, in one step where the disk can do that.
+std::error_code ExchangeNames(const std::filesystem::path& one, const std::filesystem::path& other);
+
+// Takes from a file the rights that another does not give.
+void LimitRights(const std::filesystem::path& file, const std::filesystem::path& other);
 
 // What an error means to the program.
 enum class FileTrouble {

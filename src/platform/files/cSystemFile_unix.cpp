@@ -3,10 +3,12 @@
 #include "platform/files/cSystemFile.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <string_view>
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -74,7 +76,7 @@ void CopyAttributes(int descriptor, const fs::path& old)
 
 } // namespace
 
-std::error_code cSystemFile::Open(const fs::path& path, Opening opening)
+std::error_code cSystemFile::Open(const fs::path& path, Opening opening, Rights rights)
 {
     int flags = O_WRONLY | O_CLOEXEC | O_NOCTTY;
     if (opening == Opening::New)
@@ -82,12 +84,31 @@ std::error_code cSystemFile::Open(const fs::path& path, Opening opening)
     else if (opening == Opening::Append)
         flags |= O_APPEND;
     // Opening a pipe that nobody reads would otherwise wait for a reader, and stop the program for good.
-    const int descriptor = ::open(path.c_str(), flags | O_NONBLOCK, 0666);
+    const int descriptor = ::open(path.c_str(), flags | O_NONBLOCK, rights == Rights::Private ? 0600 : 0666);
     if (descriptor < 0)
         return LastError();
     ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
     handle = descriptor;
     return {};
+}
+
+std::error_code cSystemFile::Hold()
+{
+    // Some disks know no locks, and there nobody takes the file for abandoned.
+    if (::flock(Descriptor(handle), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return LastError();
+    struct stat status = {};
+    const bool isThere = ::fstat(Descriptor(handle), &status) == 0 && status.st_nlink > 0;
+    return isThere ? std::error_code() : std::error_code(EEXIST, std::system_category());
+}
+
+std::error_code cSystemFile::Hold(const fs::path& path)
+{
+    (void)Close();
+    handle = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (handle >= 0)
+        return Hold();
+    return errno == ENOENT ? std::error_code(EEXIST, std::system_category()) : std::error_code();
 }
 
 std::error_code cSystemFile::Write(std::span<const std::uint8_t> bytes)
@@ -142,7 +163,7 @@ void cSystemFile::TakeOver(const fs::path& old)
         return;
     const int descriptor = Descriptor(handle);
     (void)!::fchown(descriptor, status.st_uid, status.st_gid);
-    (void)::fchmod(descriptor, status.st_mode & 07777);
+    (void)::fchmod(descriptor, status.st_mode & 0777);
     CopyAttributes(descriptor, old);
 }
 
@@ -165,6 +186,26 @@ std::error_code SyncFolder(const fs::path& folder)
 std::error_code RenameOver(const fs::path& from, const fs::path& to)
 {
     return ErrorOf(::rename(from.c_str(), to.c_str()));
+}
+
+std::error_code ExchangeNames(const fs::path& one, const fs::path& other)
+{
+    if (::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0)
+        return {};
+    fs::path between = one;
+    between += "-old";
+    std::error_code error = RenameOver(other, between);
+    if (!error)
+        error = RenameOver(one, other);
+    return error ? error : RenameOver(between, one);
+}
+
+void LimitRights(const fs::path& file, const fs::path& other)
+{
+    struct stat own = {};
+    struct stat others = {};
+    if (::stat(file.c_str(), &own) == 0 && ::stat(other.c_str(), &others) == 0)
+        (void)!::chmod(file.c_str(), own.st_mode & others.st_mode & 0777);
 }
 
 FileTrouble TroubleOf(std::error_code error)

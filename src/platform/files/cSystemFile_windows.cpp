@@ -53,7 +53,7 @@ std::error_code Flush(HANDLE file)
 
 } // namespace
 
-std::error_code cSystemFile::Open(const fs::path& path, Opening opening)
+std::error_code cSystemFile::Open(const fs::path& path, Opening opening, Rights)
 {
     const DWORD disposition = opening == Opening::New ? CREATE_NEW : OPEN_EXISTING;
     const HANDLE file =
@@ -62,6 +62,17 @@ std::error_code cSystemFile::Open(const fs::path& path, Opening opening)
         return LastError();
     handle = reinterpret_cast<std::intptr_t>(file);
     return opening == Opening::Append ? Seek(file, 0, FILE_END) : std::error_code();
+}
+
+// An open file cannot be removed here, so there is nothing to lock.
+std::error_code cSystemFile::Hold()
+{
+    return {};
+}
+
+std::error_code cSystemFile::Hold(const fs::path&)
+{
+    return {};
 }
 
 std::error_code cSystemFile::Write(std::span<const std::uint8_t> bytes)
@@ -155,6 +166,21 @@ std::error_code RenameOver(const fs::path& from, const fs::path& to)
         MoveFileExW(kept.c_str(), to.c_str(), 0);
     return ErrorOf(number);
 }
+
+std::error_code ExchangeNames(const fs::path& one, const fs::path& other)
+{
+    fs::path between = one;
+    between += "-old";
+    std::error_code error;
+    fs::rename(other, between, error);
+    if (!error)
+        fs::rename(one, other, error);
+    if (!error)
+        fs::rename(between, one, error);
+    return error;
+}
+
+void LimitRights(const fs::path&, const fs::path&) {}
 
 FileTrouble TroubleOf(std::error_code error)
 {

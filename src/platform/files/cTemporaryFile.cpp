@@ -4,10 +4,6 @@
 
 #include "platform/files/modFileErrors.h"
 
-#include <QRandomGenerator>
-
-#include <string>
-
 namespace ob {
 
 namespace {
@@ -16,24 +12,25 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t MostPending = 1 << 16;
 
-// Short, because the target's name may be as long as the disk allows.
-fs::path RandomName()
-{
-    return ".ob-" + std::to_string(QRandomGenerator::global()->generate()) + ".tmp";
-}
-
 } // namespace
 
-cTemporaryFile::cTemporaryFile(fs::path targetPath, const QString& callersPath)
+cTemporaryFile::cTemporaryFile(fs::path targetPath, const QString& callersPath, Rights rights)
     : path(callersPath), target(std::move(targetPath))
 {
     constexpr int maximumTries = 100;
     std::error_code error;
+    if (fs::exists(target, error))
+        rights = Rights::Private; // until it takes over those of the target
+    RemoveAbandoned(FolderOfNative(target));
     for (int count = 0; count < maximumTries; ++count) {
-        temporary = target.parent_path() / RandomName();
-        error = file.Open(temporary, Opening::New);
+        temporary = target.parent_path() / TemporaryName();
+        mark.Set(temporary);
+        error = file.Open(temporary, Opening::New, rights);
+        if (!error)
+            error = lock.Hold(temporary);
         if (!error)
             return;
+        mark.Clear();
         if (TroubleOf(error) != FileTrouble::Exists)
             break;
     }
@@ -96,6 +93,7 @@ void cTemporaryFile::TakeName(Durability durability)
 {
     Check(RenameOver(temporary, target));
     hasName = true;
+    mark.Clear();
     if (durability == Durability::Synced)
         Check(SyncNames(FolderOfNative(target)));
 }

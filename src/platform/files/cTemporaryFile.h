@@ -4,6 +4,7 @@
 
 #include "platform/files/cSystemFile.h"
 #include "platform/files/modSync.h"
+#include "platform/files/modTemporaryFiles.h"
 
 #include <QString>
 
@@ -22,7 +23,8 @@ namespace ob {
 // All routines raise as modFiles.h says, in the name of the caller's path.
 class cTemporaryFile {
 public:
-    cTemporaryFile(std::filesystem::path targetPath, const QString& callersPath);
+    // A target that is there has its rights kept: the temporary file is private until it takes them over.
+    cTemporaryFile(std::filesystem::path targetPath, const QString& callersPath, Rights rights = Rights::Usual);
     cTemporaryFile(const cTemporaryFile&) = delete;
     cTemporaryFile& operator=(const cTemporaryFile&) = delete;
     ~cTemporaryFile();
@@ -53,6 +55,8 @@ private:
     std::filesystem::path target;
     std::filesystem::path temporary;
     cSystemFile file;
+    cSystemFile lock; // also after the file is closed
+    cTemporaryMark mark;
     std::vector<std::uint8_t> pending; // small pieces on their way to the file
     std::int64_t size = 0;
     bool hasName = false;

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void timesAndAttributesAreKept();
     void timesBeyondTheFormatAreKeptWithinIt();
     void namesOutsideAsciiAreFlaggedAsUtf8();
+    void aBackslashInANameDoesNotReachTheArchive();
     void emptyFilesAreStored();
     void noiseIsStoredAndTextIsDeflated();
 };
@@ -401,6 +402,19 @@ void tst_CGZipFiles::namesOutsideAsciiAreFlaggedAsUtf8()
     QCOMPARE(flagsBefore("Gr\xC3\xBC") & 0x08, 0x08);
     QCOMPARE(flagsBefore("\xE6\xBC\xA2") & 0x08, 0x08);
     QCOMPARE(flagsBefore("plain.txt") & 0x08, 0);
+}
+
+void tst_CGZipFiles::aBackslashInANameDoesNotReachTheArchive()
+{
+#ifdef Q_OS_UNIX
+    const ZipFolder folder;
+    folder.Put("..\\evil.txt", "a");
+    CGZipFiles zip = ListOf(Names("*.txt"));
+    QCOMPARE(zip.MakeZipFile(), 0);
+    QCOMPARE(NamesInZip(Out()), Names(".._evil.txt"));
+#else
+    QSKIP("a backslash is no character of a name");
+#endif
 }
 
 void tst_CGZipFiles::emptyFilesAreStored()

@@ -86,10 +86,7 @@ private Q_SLOTS:
         QCOMPARE(PlaceOfCopy(u"abc"_s, u"/p"_s).path, u"BAK"_s);
     }
 
-    void pathsAreNeverQuoted()
-    {
-        QCOMPARE(EngineArguments(u" -R -A "_s, u"c:\\a b.BAK"_s), u"  -R -A c:\\a b.BAK"_s);
-    }
+    void pathsAreNeverQuoted() { QCOMPARE(EngineArguments(u" -R -A "_s, u"c:\\a b.BAK"_s), u"  -R -A c:\\a b.BAK"_s); }
 
     // --- Run, debug and make token. ---
 
@@ -125,6 +122,23 @@ private Q_SLOTS:
         QCOMPARE(bench->form.ActiveControl().text, QByteArray("'include LIB.bas\r\nprint 1  "));
         QCOMPARE(bench->form.log, QStringList{u"back"_s});
         QCOMPARE(RecentFiles[0], u"untitled"_s);
+    }
+
+    void theCopyOfAPrivateFileIsPrivate()
+    {
+        const QString path = bench->Put(u"game.bas"_s, "old\r\n");
+        constexpr QFile::Permissions own = QFile::ReadOwner | QFile::WriteOwner;
+        constexpr QFile::Permissions others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QVERIFY(QFile::setPermissions(path, own));
+        bench->Open(path, "print 1");
+        mnuRun_Click();
+        const QString copy = bench->Path(u"game.BAK"_s);
+        QVERIFY((QFile::permissions(copy) & others) == 0);
+        // An older copy that others may read is closed to them.
+        QVERIFY(QFile::setPermissions(copy, own | QFile::ReadGroup | QFile::ReadOther));
+        mnuRun_Click();
+        QVERIFY((QFile::permissions(copy) & others) == 0);
     }
 
     void anUntitledWindowKeepsTheCopysName()

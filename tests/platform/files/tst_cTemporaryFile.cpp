@@ -3,6 +3,7 @@
 #include "platform/files/cTemporaryFile.h"
 
 #include "platform/files/FileTrouble.h"
+#include "platform/files/cFileReplacement.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modNativePath.h"
 
@@ -11,6 +12,12 @@
 
 #include <memory>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 #ifdef Q_OS_LINUX
 #include <sys/xattr.h>
 #endif
@@ -177,6 +184,96 @@ private Q_SLOTS:
         const QString full = u"No space left on device"_s;
         QCOMPARE(ReasonOf([] { ReplaceFile(u"/dev/full"_s, "x"); }), full);
         QCOMPARE(ReasonOf([] { AppendToFile(u"/dev/full"_s, "x"); }), full);
+    }
+
+    void aPrivateFileIsNeverReadableByOthers()
+    {
+#ifdef Q_OS_UNIX
+        Put(At("private"), "old");
+        QVERIFY(QFile::setPermissions(At("private"), QFile::ReadOwner | QFile::WriteOwner));
+        cFileReplacement file(At("private"));
+        const QStringList temporary = Entries().filter(u".tmp"_s);
+        QCOMPARE(temporary.size(), 1);
+        constexpr QFile::Permissions others =
+            QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther;
+        QVERIFY((QFile::permissions(folder->filePath(temporary[0])) & others) == 0);
+        file.Finish();
+        QVERIFY((QFile::permissions(At("private")) & others) == 0);
+#else
+        QSKIP("has no such permissions");
+#endif
+    }
+
+    void theRightToRunAsTheOwnerIsDropped()
+    {
+#ifdef Q_OS_UNIX
+        Put(At("tool"), "old");
+        QCOMPARE(::chmod(qPrintable(At("tool")), 06755), 0);
+        ReplaceFile(At("tool"), "new");
+        struct stat status = {};
+        QCOMPARE(::stat(qPrintable(At("tool")), &status), 0);
+        QCOMPARE(status.st_mode & 07777, mode_t{0755});
+#else
+        QSKIP("has no such rights");
+#endif
+    }
+
+    void whatAKilledProgramLeftIsRemovedByTheNextSave()
+    {
+#ifdef Q_OS_UNIX
+        Put(At(".ob-123.tmp"), "left");
+        QVERIFY(QDir(folder->path()).mkpath(u".ob-456.tmp/Package"_s));
+        Put(At(".ob-456.tmp/Package/a"), "left");
+        Put(At(".other-1.tmp"), "another program's");
+        const cFileReplacement living(At("one"));
+        ReplaceFile(At("two"), "new");
+        const QStringList left = Entries();
+        QVERIFY(!left.contains(u".ob-123.tmp"_s));
+        QVERIFY(!left.contains(u".ob-456.tmp"_s));
+        QVERIFY(left.contains(u".other-1.tmp"_s));
+        // The one whose owner lives is still there.
+        QCOMPARE(left.filter(u".ob-"_s).size(), 1);
+#else
+        QSKIP("what is left stays");
+#endif
+    }
+
+    void aLivingOwnersFileIsKept()
+    {
+#ifdef Q_OS_UNIX
+        cFileReplacement living(At("one"));
+        const int child = ::fork();
+        if (child == 0) {
+            RemoveAbandoned((folder->path() + u"/."_s).toStdString());
+            ::_exit(0);
+        }
+        QCOMPARE(::waitpid(child, nullptr, 0), child);
+        living.Finish();
+        QCOMPARE(Entries(), QStringList(u"one"_s));
+#else
+        QSKIP("has no such locks");
+#endif
+    }
+
+    void aSignalRemovesTheTemporaryFile()
+    {
+#ifdef Q_OS_UNIX
+        for (const int signal : {SIGINT, SIGTERM}) {
+            const int child = ::fork();
+            if (child == 0) {
+                RemoveMarkedOnSignals();
+                const cFileReplacement file(At("one"));
+                std::raise(signal);
+                ::_exit(0);
+            }
+            int status = 0;
+            QCOMPARE(::waitpid(child, &status, 0), child);
+            QVERIFY(WIFSIGNALED(status) && WTERMSIG(status) == signal);
+            QCOMPARE(Entries(), QStringList());
+        }
+#else
+        QSKIP("has no such signals");
+#endif
     }
 
     void extendedAttributesStay()
