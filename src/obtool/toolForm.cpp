@@ -69,9 +69,9 @@ void CompileForm(const FormArguments& arguments, bool hasDate, bool hasComments)
         header.comments = CommentsOf(arguments.comments);
     const GeneratedProgram program =
         GenerateProgram(form, arguments.simple ? ProgramKind::Simple : ProgramKind::Outline, header);
-    WriteOutput(arguments.out, AnsiFromText(program.text).bytes);
+    WriteAnswer(AnsiFromText(program.text).bytes);
     if (program.bitmapMissing)
-        WriteNote(BitmapMissingText);
+        WriteNote(arguments.form, BitmapMissingText);
 }
 
 void SaveForm(const FormArguments& arguments)
@@ -100,9 +100,7 @@ void AddFormVerbs(CLI::App& group)
     CLI::Option* comments = compile->add_option("--comments", arguments->comments, "the programmer's comments file")
                                 ->type_name("FILE")
                                 ->check(NotEmpty);
-    compile->add_option("-o", arguments->out, "write OUT instead of standard output")
-        ->type_name("OUT")
-        ->check(NotEmpty);
+    AddOutOption(*compile);
     compile->callback([=] { CompileForm(*arguments, date->count() > 0, comments->count() > 0); });
 
     CLI::App* save = AddVerb(group, "save", "obtool form save FORM OUT", "reads FORM and writes it again to OUT");

@@ -12,6 +12,9 @@ namespace ob {
 // A verb with its usage line, shown by --help and after wrong usage.
 CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& usage, const std::string& description);
 
+// The option -o of a verb that writes to standard output by WriteAnswer.
+void AddOutOption(CLI::App& verb);
+
 // Any number of arguments, including none, each unchanged: CLI11 itself would read "[a,b]" as a list of two.
 CLI::Option* AddTexts(CLI::App& verb, const std::string& name, std::vector<std::string>& texts,
                       const std::string& description);

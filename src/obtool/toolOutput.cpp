@@ -21,7 +21,11 @@ QString TextOf(const std::string& argument)
 
 QString PathOf(const std::string& argument)
 {
-    return TextOf(argument);
+    // Another name than the given one would be written, and two such names would be one.
+    const QString path = TextOf(argument);
+    if (QFile::encodeName(path).toStdString() != argument)
+        throw ToolFailure(argument, u"the name has bytes that are not characters of this system"_s);
+    return path;
 }
 
 static QByteArray ReadBytes(const std::string& file)
@@ -62,6 +66,17 @@ void WriteOutput(const std::string& out, QByteArrayView bytes)
         throw ToolFailure("standard output", u"cannot be written"_s);
 }
 
+std::string& AnswerFile()
+{
+    static std::string file;
+    return file;
+}
+
+void WriteAnswer(QByteArrayView bytes)
+{
+    WriteOutput(AnswerFile(), bytes);
+}
+
 void WriteNote(QString text)
 {
     text.replace(QLatin1String("\r\n"), QLatin1String(" "));
@@ -69,10 +84,16 @@ void WriteNote(QString text)
     std::fprintf(stderr, "obtool: note: %s\n", text.trimmed().toUtf8().constData());
 }
 
+void WriteNote(const std::string& file, const QString& text)
+{
+    const QString name = TextOf(file);
+    WriteNote(text.contains(name) ? text : name + u": "_s + text);
+}
+
 void WriteProgramText(const QString& text)
 {
     const AnsiText ansi = AnsiFromText(text);
-    WriteOutput({}, ansi.bytes);
+    WriteAnswer(ansi.bytes);
     if (ansi.lostCount > 0)
         WriteNote(u"Characters that the code page lacks became question marks."_s);
 }

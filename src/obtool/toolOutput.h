@@ -21,14 +21,22 @@ QByteArray ReadSource(const std::string& file);
 // Writes OUT through a temporary file, or standard output when out is empty. Throws ToolFailure.
 void WriteOutput(const std::string& out, QByteArrayView bytes);
 
+// Writes what a verb gives to the file of its option -o, or else to standard output. Throws ToolFailure.
+void WriteAnswer(QByteArrayView bytes);
+
+// The file of the option -o; empty: standard output.
+std::string& AnswerFile();
+
 // An argument in the system's form.
 QString TextOf(const std::string& argument);
 QString PathOf(const std::string& argument);
 
 // Reports on standard error what a window would show in a box before continuing: one line, whatever the text contains.
 void WriteNote(QString text);
+// The same with the file that it is about, where the text does not name it.
+void WriteNote(const std::string& file, const QString& text);
 
-// Writes program text to standard output, with a note when it has characters that the code page lacks. Throws
+// WriteAnswer of program text, with a note when it has characters that the code page lacks. Throws
 // ToolFailure.
 void WriteProgramText(const QString& text);
 

@@ -35,7 +35,6 @@ constexpr int LargestTabSize = 32767;
 struct SourceArguments {
     std::string file;
     std::string folder;
-    std::string out;
     std::string term;
     bool lexer = false;
     bool sorted = false;
@@ -77,7 +76,7 @@ void Styles(const SourceArguments& arguments)
         AppendRow(report, {start, end - start, styles[start]});
         start = end;
     }
-    WriteOutput({}, report);
+    WriteAnswer(report);
 }
 
 void RunCopy(const SourceArguments& arguments)
@@ -92,7 +91,7 @@ void RunCopy(const SourceArguments& arguments)
     const QByteArray included = OnFile(arguments.file, [&] { return IncludedText(text, TextEncoding::Ansi, folder); });
     if (!included.isEmpty())
         copy += included + "\r\n";
-    WriteOutput(arguments.out, copy);
+    WriteAnswer(copy);
 }
 
 void Labels(const SourceArguments& arguments)
@@ -104,7 +103,7 @@ void Labels(const SourceArguments& arguments)
     QByteArray report;
     for (const LabelEntry& entry : index)
         report.append(QByteArray::number(entry.line + 1)).append('\t').append(entry.text).append('\n');
-    WriteOutput({}, report);
+    WriteAnswer(report);
 }
 
 // The start of the line, from 1. Throws ToolFailure when the text does not have it.
@@ -116,12 +115,12 @@ qsizetype LineOf(const SourceArguments& arguments, QByteArrayView text, std::int
     return *start;
 }
 
-void WriteChanged(const SourceArguments& arguments, const QByteArray& text, const std::optional<TextChange>& change)
+void WriteChanged(const QByteArray& text, const std::optional<TextChange>& change)
 {
     QByteArray changed = text;
     if (change)
         changed.replace(change->from, change->to - change->from, change->replacement);
-    WriteOutput(arguments.out, EncodeAnsi(changed).bytes);
+    WriteAnswer(EncodeAnsi(changed).bytes);
 }
 
 void Comment(const SourceArguments& arguments)
@@ -132,13 +131,13 @@ void Comment(const SourceArguments& arguments)
     if (arguments.lastLine < arguments.line)
         throw ToolFailure(arguments.file, u"the last line comes before the first"_s);
     const qsizetype end = StartOfLine(text, arguments.lastLine).value_or(text.size());
-    WriteChanged(arguments, text, BlockComment(text, start, end));
+    WriteChanged(text, BlockComment(text, start, end));
 }
 
 void Indent(const SourceArguments& arguments)
 {
     const QByteArray text = DecodeAnsi(ReadSource(arguments.file));
-    WriteChanged(arguments, text, ReturnAtEnd(text, LineOf(arguments, text, arguments.line), arguments.tabSize));
+    WriteChanged(text, ReturnAtEnd(text, LineOf(arguments, text, arguments.line), arguments.tabSize));
 }
 
 void Variables(const SourceArguments& arguments)
@@ -147,7 +146,7 @@ void Variables(const SourceArguments& arguments)
     QByteArray report;
     for (const VariableEntry& entry : ScanVariables(text))
         report.append(entry.name).append('\t').append(QByteArray::number(entry.line)).append('\n');
-    WriteOutput({}, report);
+    WriteAnswer(report);
 }
 
 void Syntax(const SourceArguments& arguments, bool hasTerm)
@@ -164,13 +163,13 @@ void Syntax(const SourceArguments& arguments, bool hasTerm)
             text.append(key.data(), static_cast<qsizetype>(key.size())).append('\n');
         }
     }
-    WriteOutput({}, text);
+    WriteAnswer(text);
 }
 
 void Keywords(const SourceArguments& arguments)
 {
     BuildLists();
-    WriteOutput({}, arguments.lexer ? Words().LexerKeywords : Words().KeywordList);
+    WriteAnswer(arguments.lexer ? Words().LexerKeywords : Words().KeywordList);
 }
 
 using SharedArguments = std::shared_ptr<SourceArguments>;
@@ -180,17 +179,13 @@ void AddFileArgument(CLI::App& verb, const SharedArguments& arguments)
     verb.add_option("FILE", arguments->file, "BASIC source, or - for standard input")->required();
 }
 
-void AddOutOption(CLI::App& verb, const SharedArguments& arguments)
-{
-    verb.add_option("-o", arguments->out, "write OUT instead of standard output")->type_name("OUT")->check(NotEmpty);
-}
-
 void AddLabels(CLI::App& group, const SharedArguments& arguments)
 {
     CLI::App* labels = AddVerb(group, "labels", "obtool source labels FILE [--sorted]",
                                "report: line number, from 1, and text of each branch label, sub and function");
     AddFileArgument(*labels, arguments);
     labels->add_flag("--sorted", arguments->sorted, "in the order of the sorted list");
+    AddOutOption(*labels);
     labels->callback([arguments] { Labels(*arguments); });
 }
 
@@ -201,7 +196,7 @@ void AddComment(CLI::App& group, const SharedArguments& arguments)
     AddFileArgument(*comment, arguments);
     comment->add_option("FIRST", arguments->line, "the first line, from 1")->required();
     comment->add_option("LAST", arguments->lastLine, "the last line")->required();
-    AddOutOption(*comment, arguments);
+    AddOutOption(*comment);
     comment->callback([arguments] { Comment(*arguments); });
 }
 
@@ -215,7 +210,7 @@ void AddIndent(CLI::App& group, const SharedArguments& arguments)
         ->type_name("N")
         ->required()
         ->check(CLI::Range(1, LargestTabSize));
-    AddOutOption(*indent, arguments);
+    AddOutOption(*indent);
     indent->callback([arguments] { Indent(*arguments); });
 }
 
@@ -227,7 +222,7 @@ void AddRunCopy(CLI::App& group, const SharedArguments& arguments)
     runCopy->add_option("--folder", arguments->folder, "where include names are looked up")
         ->type_name("DIR")
         ->check(NotEmpty);
-    AddOutOption(*runCopy, arguments);
+    AddOutOption(*runCopy);
     runCopy->callback([arguments] { RunCopy(*arguments); });
 }
 
@@ -241,6 +236,7 @@ void AddSourceVerbs(CLI::App& group)
     CLI::App* variables = AddVerb(group, "variables", "obtool source variables FILE",
                                   "report: name and line number, from 0, of each assignment");
     AddFileArgument(*variables, arguments);
+    AddOutOption(*variables);
     variables->callback([arguments] { Variables(*arguments); });
 
     AddRunCopy(group, arguments);
@@ -248,6 +244,7 @@ void AddSourceVerbs(CLI::App& group)
     CLI::App* styles = AddVerb(group, "styles", "obtool source styles FILE",
                                "report: first byte, length, style number of each run of equal style");
     AddFileArgument(*styles, arguments);
+    AddOutOption(*styles);
     styles->callback([arguments] { Styles(*arguments); });
 
     AddComment(group, arguments);
@@ -256,10 +253,12 @@ void AddSourceVerbs(CLI::App& group)
     CLI::App* syntax = AddVerb(group, "syntax", "obtool source syntax [TERM]",
                                "the syntax tip of TERM; without it, a report of row number and key");
     CLI::Option* term = syntax->add_option("TERM", arguments->term, "a word of the language");
+    AddOutOption(*syntax);
     syntax->callback([arguments, term] { Syntax(*arguments, term->count() > 0); });
 
     CLI::App* keywords = AddVerb(group, "keywords", "obtool source keywords [--lexer]", "the keyword list");
     keywords->add_flag("--lexer", arguments->lexer, "the list of the colouring");
+    AddOutOption(*keywords);
     keywords->callback([arguments] { Keywords(*arguments); });
 }
 

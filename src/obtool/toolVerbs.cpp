@@ -2,6 +2,8 @@
 // Helpers with which the groups add their verbs and arguments.
 #include "obtool/toolGroups.h"
 
+#include "obtool/toolOutput.h"
+
 namespace ob {
 
 CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& usage, const std::string& description)
@@ -9,6 +11,11 @@ CLI::App* AddVerb(CLI::App& group, const std::string& name, const std::string& u
     CLI::App* verb = group.add_subcommand(name, description);
     verb->footer("usage: " + usage);
     return verb;
+}
+
+void AddOutOption(CLI::App& verb)
+{
+    verb.add_option("-o", AnswerFile(), "write OUT instead of standard output")->type_name("OUT")->check(NotEmpty);
 }
 
 CLI::Option* AddTexts(CLI::App& verb, const std::string& name, std::vector<std::string>& texts,

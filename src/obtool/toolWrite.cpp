@@ -22,7 +22,7 @@ void Library(const std::string& name)
     const auto text = EmbeddedText(QString::fromStdString(name) + u".bas"_s);
     if (!text)
         throw ToolFailure(name, u"this build does not carry the library"_s);
-    WriteOutput({}, QByteArrayView(*text));
+    WriteAnswer(QByteArrayView(*text));
 }
 
 void Snippets(const std::string& folder)
@@ -43,6 +43,7 @@ void AddWriteVerbs(CLI::App& group)
     library->add_option("NAME", *name, "the library")
         ->required()
         ->check(CLI::IsMember({"wrapper32", "printer32", "jpeg", "snippets"}));
+    AddOutOption(*library);
     library->callback([name] { Library(*name); });
 
     const auto folder = std::make_shared<std::string>();

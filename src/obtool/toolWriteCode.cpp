@@ -91,8 +91,6 @@ void WriteArray(const ArrayArguments& arguments)
     ArraySpec spec{TextOf(arguments.name), arguments.numeric ? ArrayType::Numeric : ArrayType::String, {}};
     for (const std::string& item : arguments.items)
         spec.items = WithArrayItem(spec.items, TextOf(item));
-    if (ArrayBound(spec.items) < 1)
-        MsgBox(NoArrayItemsText, BoxIcon::Critical, BoxButtons::YesNo);
     WriteProgramText(ArrayCode(spec));
 }
 
@@ -160,6 +158,7 @@ void AddArray(CLI::App& group)
     verb->add_option("--name", arguments->name, "the array's name")->required()->type_name("NAME");
     verb->add_flag("--numeric", arguments->numeric, "numbers; default: strings");
     AddTexts(*verb, "ITEM", arguments->items, "an item");
+    AddOutOption(*verb);
     verb->callback([arguments] { WriteArray(*arguments); });
 }
 
@@ -179,6 +178,7 @@ void AddMessageBox(CLI::App& group)
         ->check(CLI::IsMember(NamesOf(buttonSets)));
     verb->add_option("--title", arguments->title, "the title")->type_name("T");
     verb->add_option("--message", arguments->message, "the message")->type_name("M");
+    AddOutOption(*verb);
     verb->callback([arguments] { WriteMessageBox(*arguments); });
 }
 
@@ -191,6 +191,7 @@ void AddMenu(CLI::App& group)
     verb->add_option("--handle", arguments->handle, "the window's handle; default: #main")->type_name("H");
     verb->add_option("--name", arguments->name, "the menu's name")->type_name("N");
     AddTexts(*verb, "ITEM", arguments->items, "an item and its branch label, or | for a line");
+    AddOutOption(*verb);
     verb->callback([arguments] { WriteMenu(*arguments); });
 }
 
@@ -210,6 +211,7 @@ void AddStylebits(CLI::App& group)
     verb->add_flag("--remove", arguments->remove, "bits that the object is to lose");
     CLI::Option* bits = AddTexts(*verb, "BIT", arguments->bits, "a name as WS_BORDER");
     verb->add_flag("--list", arguments->list, "the entries of the list in place of a statement")->excludes(bits);
+    AddOutOption(*verb);
     verb->callback([arguments] { WriteStylebits(*arguments); });
 }
 

@@ -33,6 +33,7 @@ void AddWriteMediaVerb(CLI::App& group)
         ->type_name("")
         ->check(NotEmpty);
     verb->add_flag("--path", arguments->hasPath, "FILE goes in as given; default: its name alone");
+    AddOutOption(*verb);
     verb->callback([arguments] { WriteMedia(*arguments); });
 }
 

@@ -32,6 +32,8 @@ ToolbarButton ButtonOf(const std::string& argument, qsizetype number)
 
 void Toolbar(const ToolbarLine& line, const CLI::Option& existing)
 {
+    if (line.bitmap.empty())
+        throw ToolFailure("--bitmap", QString::fromStdString(NotEmpty(line.bitmap)));
     ToolbarSpec spec;
     spec.bitmap = TextOf(line.bitmap);
     spec.program = TextOf(line.program);
@@ -58,7 +60,7 @@ void AddWriteToolbarVerbs(CLI::App& group)
                                 "obtool write toolbar --bitmap FILE [--program FILE] [--existing HANDLE] "
                                 "[--style flat|raised] [--border thin|thick|none] LABEL=TIP...",
                                 "the listing that makes a toolbar");
-    toolbar->add_option("--bitmap", line->bitmap, "the bitmap of the buttons' pictures")->required()->check(NotEmpty);
+    toolbar->add_option("--bitmap", line->bitmap, "the bitmap of the buttons' pictures")->required();
     toolbar->add_option("--program", line->program, "the file that the listing is saved as");
     const CLI::Option* existing =
         toolbar->add_option("--existing", line->handle, "the handle of the window that gets the toolbar");
@@ -66,11 +68,13 @@ void AddWriteToolbarVerbs(CLI::App& group)
     toolbar->add_option("--border", line->border, "the toolbar's border")
         ->check(CLI::IsMember({"thin", "thick", "none"}));
     AddTexts(*toolbar, "LABEL=TIP", line->buttons, "a button: its branch label and its tip")->required();
+    AddOutOption(*toolbar);
     toolbar->callback([line, existing] { Toolbar(*line, *existing); });
 
     CLI::App* texteditor =
         AddVerb(group, "texteditor", "obtool write texteditor", "the sample of a text editor made of API calls");
-    texteditor->callback([] { WriteOutput({}, TextEditorCode()); });
+    AddOutOption(*texteditor);
+    texteditor->callback([] { WriteAnswer(TextEditorCode()); });
 }
 
 } // namespace ob

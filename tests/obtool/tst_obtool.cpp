@@ -164,7 +164,7 @@ private Q_SLOTS:
         row("source styles x.bas --bogus", StylesUsage);
         row("source styles x.bas y.bas", StylesUsage);
         row("source styles -x.bas", StylesUsage);
-        row("source styles x.bas -o y", StylesUsage);
+        row("source styles x.bas --out y", StylesUsage);
         row("source runcopy", RunCopyUsage);
         row("source runcopy x.bas -o", RunCopyUsage);
         row("source runcopy x.bas --folder", RunCopyUsage);
@@ -519,6 +519,78 @@ private:
     }
 
     std::unique_ptr<QTemporaryDir> folder;
+
+private Q_SLOTS:
+    void aNameThatIsNoTextIsRefused()
+    {
+#ifdef Q_OS_UNIX
+        Put("a.bas", "print 1\r\n");
+        const QStringList before = QDir::current().entryList(QDir::Files);
+        for (const char* option :
+             {"set -- \"$@\" -o \"$(printf 'out\\377')\"", "set -- \"$@\" \"$(printf 'gone\\376')\""}) {
+            Surroundings surroundings;
+            surroundings.setup = option;
+            const Outcome end =
+                RunObtool({u"source"_s, u"labels"_s,
+                           QString::fromLatin1(option).contains(u" -o "_s) ? u"a.bas"_s : u"--sorted"_s},
+                          surroundings);
+            QCOMPARE(end.status, 1);
+            QVERIFY2(end.error.contains("characters of this system"), end.error.constData());
+            QCOMPARE(QDir::current().entryList(QDir::Files), before);
+        }
+#else
+        QSKIP("all names are texts");
+#endif
+    }
+
+    // Whatever goes to standard output goes to the file of -o instead.
+    void everyAnswerGoesToTheFileOfO_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        for (const char* line : {"source labels a.bas",
+                                 "source variables a.bas",
+                                 "source runcopy a.bas",
+                                 "source styles a.bas",
+                                 "source comment a.bas 1 1",
+                                 "source indent a.bas 1 --tab 2",
+                                 "source syntax print",
+                                 "source syntax",
+                                 "source keywords",
+                                 "write array --name a 1",
+                                 "write messagebox",
+                                 "write menu A=b",
+                                 "write stylebits Window WS_BORDER",
+                                 "write toolbar --bitmap b a=b",
+                                 "write loadbmp a.bas",
+                                 "write media a.wav",
+                                 "write texteditor",
+                                 "write library jpeg",
+                                 "image info a.bmp",
+                                 "palette show a.pal",
+                                 "palette closest a.pal 1 2 3",
+                                 "icon list a.ico",
+                                 "avi codecs"})
+            QTest::newRow(line) << QByteArray(line);
+    }
+
+    void everyAnswerGoesToTheFileOfO()
+    {
+        QFETCH(QByteArray, line);
+        Put("a.bas", "[begin]\r\na = 1\r\nprint a\r\n");
+        Put("a.bmp", QByteArray::fromHex("424d66000000000000003600000028000000040000000400000001001800"
+                                         "0000000030000000130b0000130b00000000000000000000") +
+                         QByteArray(48, 'x'));
+        QCOMPARE(Run(WordsOf("palette make 16 a.pal")).status, 0);
+        QCOMPARE(Run(WordsOf("icon make a.bmp a.ico")).status, 0);
+        const Outcome plain = Run(WordsOf(line.constData()));
+        QCOMPARE(plain.status, 0);
+        QVERIFY(!plain.out.isEmpty());
+        const Outcome filed = Run(WordsOf((line + " -o answer").constData()));
+        QCOMPARE(filed.status, 0);
+        QCOMPARE(filed.out, QByteArray());
+        QCOMPARE(filed.error, plain.error);
+        QCOMPARE(Get(u"answer"_s), plain.out);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_obtool)

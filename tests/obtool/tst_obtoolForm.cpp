@@ -25,7 +25,7 @@ const QString Programs = u"" OB_TEST_DATA "/forms/"_s;
 constexpr char CompileUsage[] = "usage: obtool form compile FORM [--simple] [--date TEXT] [--comments FILE] [-o OUT]";
 constexpr char SaveUsage[] = "usage: obtool form save FORM OUT";
 constexpr char CheckUsage[] = "usage: obtool form check FORM";
-constexpr char BitmapNote[] = "obtool: note: Code contains at least one bmpbutton that has no valid bitmap file "
+constexpr char BitmapNote[] = "Code contains at least one bmpbutton that has no valid bitmap file "
                               "associated.  Please correct this in the code generated.\n";
 constexpr char OneButton[] = "Window|T|1|2|3|4|h|0|f *8\r\nbutton|B|0|0|150|150||\r\n";
 
@@ -94,12 +94,13 @@ private Q_SLOTS:
         const Outcome outline = Run(arguments);
         QCOMPARE(outline.status, 0);
         QCOMPARE(outline.out, Get(Programs + sample + u".bas"_s));
-        QCOMPARE(outline.error, note);
+        const QByteArray whole = note.isEmpty() ? note : "obtool: note: " + form.toLocal8Bit() + ": " + note;
+        QCOMPARE(outline.error, whole);
 
         const Outcome simple = Run(arguments + WordsOf("--simple -o program.bas"));
         QCOMPARE(simple.status, 0);
         QCOMPARE(simple.out, QByteArray());
-        QCOMPARE(simple.error, note);
+        QCOMPARE(simple.error, whole);
         QCOMPARE(Get("program.bas"), Get(Programs + sample + u"-simple.bas"_s));
 
         QCOMPARE(RunLine("compile - --date 2026-11-21", Get(form)).out, outline.out);

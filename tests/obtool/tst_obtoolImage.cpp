@@ -219,7 +219,7 @@ private Q_SLOTS:
     {
         const Outcome result = Run("palette make optimal out.pal --from in.bmp --colours 1 --level 6");
         QCOMPARE(result.status, 0);
-        QCOMPARE(result.error, QByteArray("obtool: note: Error in reducing nodes\n"));
+        QCOMPARE(result.error, QByteArray("obtool: note: in.bmp: Error in reducing nodes\n"));
         QVERIFY(Get("out.pal").startsWith("JASC\r\n"));
     }
 

@@ -97,7 +97,7 @@ private Q_SLOTS:
         const Outcome result = Run("avi write out.avi --fps 12 gone.bmp color1.bmp table.bmp text.bmp color2.bmp "
                                    "noSize.bmp [a,b].bmp");
         QCOMPARE(result.error, QByteArray("obtool: note: File does not exist: gone.bmp\n"
-                                          "obtool: note: Chosen bitmap file is a different format!\n"
+                                          "obtool: note: table.bmp: Chosen bitmap file is a different format!\n"
                                           "obtool: note: File is not a supported bitmap format: text.bmp\n"
                                           "obtool: note: noSize.bmp: Subscript out of range\n"));
         QCOMPARE(result.status, 0);

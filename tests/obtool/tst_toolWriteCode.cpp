@@ -30,8 +30,6 @@ void Row(const char* file, std::initializer_list<const char*> arguments, const c
     QTest::newRow(file) << Words(arguments) << MakerBytes(file) << QByteArray(note);
 }
 
-constexpr char NoItemsNote[] = "obtool: note: No items contained in array.  Continue anyway?\n";
-
 } // namespace
 
 class tst_toolWriteCode : public QObject {
@@ -64,7 +62,8 @@ void tst_toolWriteCode::theTextIsThatOfTheWindow_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("note");
     Row("array/days.bas", {"array", "--name", "days", "Mon", "Tue"});
-    Row("array/no-items.bas", {"array", "--name", ""}, NoItemsNote);
+    // The window's question cannot be answered here.
+    Row("array/no-items.bas", {"array", "--name", ""});
     Row("array/numeric.bas", {"array", "--numeric", "--name", "total", "1", "-2.5", "x + 1"});
     Row("array/numeric-dollar.bas", {"array", "--name=a$", "7", "--numeric"});
     Row("array/numeric-parenthesis.bas", {"array", "--name", "x$(foo", "5", ".5", "--numeric"});

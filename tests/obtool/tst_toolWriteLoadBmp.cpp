@@ -31,13 +31,22 @@ Outcome LoadBmp(const QStringList& arguments, const QString& folder = {})
     return Run(QStringList{u"write"_s, u"loadbmp"_s} + arguments, folder);
 }
 
+void Put(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
 QByteArray Expected(const char* name)
 {
     QFile file(u"" OB_TEST_DATA "/imagetools/"_s + QString::fromLatin1(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
+    return file.open(QIODevice::ReadOnly) ? file.readAll().replace("/pics/rose.bmp", "C:\\pics\\rose.bmp")
+                                          : QByteArrayLiteral("(no such file)");
 }
 
-const QString Rose = u"/pics/rose.bmp"_s;
+// Names of another system are not looked up.
+const QString Rose = u"C:\\pics\\rose.bmp"_s;
 const QString Tulip = u"C:\\art\\tulip.jpg"_s;
 
 } // namespace
@@ -52,6 +61,7 @@ private Q_SLOTS:
     void namesAreAnsi();
     void first150AreTakenAndEachFurtherOneIsANote();
     void shortNameIsAFailure();
+    void missingFileIsAFailure();
     void wrongUsage_data();
     void wrongUsage();
     void demonstrationOfTheLibrary();
@@ -87,6 +97,8 @@ void tst_toolWriteLoadBmp::relativeNameGetsItsFolder()
 {
     const QTemporaryDir folder;
     const QString path = QDir(folder.path()).canonicalPath();
+    QVERIFY(QDir(path).mkdir(u"sub"_s));
+    Put(path + u"/sub/a.bmp"_s, "");
     const Outcome result = LoadBmp({u"--path"_s, u"sub/a.bmp"_s}, path);
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.contains("    loadbmp \"a\", \"" + path.toLocal8Bit() + "/sub/a.bmp\"\r\n"));
@@ -94,21 +106,26 @@ void tst_toolWriteLoadBmp::relativeNameGetsItsFolder()
 
 void tst_toolWriteLoadBmp::namesAreAnsi()
 {
-    const Outcome result = LoadBmp({u"/pics/\u00E9t\u00E9.bmp"_s});
+    const Outcome result = LoadBmp({u"C:\\pics\\\u00E9t\u00E9.bmp"_s});
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.contains("    unloadbmp \"\xE9t\xE9\"\r\n"));
 }
 
 void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsANote()
 {
+    const QTemporaryDir folder;
     QStringList files;
-    for (int i = 1; i <= 153; ++i)
+    for (int i = 1; i <= 153; ++i) {
         files.append(u"p%1.bmp"_s.arg(i, 3, 10, QLatin1Char('0')));
-    const Outcome all = LoadBmp(files.first(150));
+        Put(folder.filePath(files.last()), "");
+    }
+    const Outcome all = LoadBmp(files.first(150), folder.path());
     QCOMPARE(all.error, QByteArray());
-    const Outcome more = LoadBmp(files);
+    const Outcome more = LoadBmp(files, folder.path());
     QCOMPARE(more.status, 0);
-    QCOMPARE(more.error, QByteArray("obtool: note: The bmplist is limited to 150 bitmaps\n").repeated(3));
+    QCOMPARE(more.error, QByteArray("obtool: note: p151.bmp: The bmplist is limited to 150 bitmaps\n"
+                                    "obtool: note: p152.bmp: The bmplist is limited to 150 bitmaps\n"
+                                    "obtool: note: p153.bmp: The bmplist is limited to 150 bitmaps\n"));
     QCOMPARE(more.out, all.out);
     QCOMPARE(more.out.count("    loadbmp "), 150);
     QVERIFY(more.out.contains("    unloadbmp \"p150\"\r\n    RETURN\r\n"));
@@ -116,10 +133,18 @@ void tst_toolWriteLoadBmp::first150AreTakenAndEachFurtherOneIsANote()
 
 void tst_toolWriteLoadBmp::shortNameIsAFailure()
 {
-    const Outcome result = LoadBmp({Rose, u"/pics/abc"_s});
+    const Outcome result = LoadBmp({Rose, u"C:\\pics\\abc"_s});
     QCOMPARE(result.status, 1);
     QCOMPARE(result.out, QByteArray());
-    QCOMPARE(result.error, QByteArray("obtool: /pics/abc: Invalid procedure call or argument\n"));
+    QCOMPARE(result.error, QByteArray("obtool: C:\\pics\\abc: Invalid procedure call or argument\n"));
+}
+
+void tst_toolWriteLoadBmp::missingFileIsAFailure()
+{
+    const Outcome result = LoadBmp({Rose, u"gone.bmp"_s});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.error, QByteArray("obtool: gone.bmp: File does not exist or is corrupt.\n"));
 }
 
 void tst_toolWriteLoadBmp::wrongUsage_data()

@@ -90,6 +90,14 @@ private Q_SLOTS:
         QCOMPARE(done.error, QByteArray("obtool: toolbar: You must specify the handle of the existing window.\n"));
     }
 
+    void anEmptyNameOfABitmapFails()
+    {
+        const Outcome done = Toolbar({u"--bitmap"_s, QString(), u"a=b"_s});
+        QCOMPARE(done.status, 1);
+        QCOMPARE(done.out, QByteArray());
+        QCOMPARE(done.error, QByteArray("obtool: --bitmap: a name may not be empty\n"));
+    }
+
     void wrongUsage_data()
     {
         QTest::addColumn<QStringList>("arguments");

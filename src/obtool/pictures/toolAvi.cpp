@@ -20,9 +20,9 @@ struct AviArguments {
     std::vector<std::string> files;
 };
 
-NoticeSink Notes()
+NoticeSink NotesOn(const std::string& file)
 {
-    return [](const std::string& text, NoticeIcon) { WriteNote(QString::fromStdString(text)); };
+    return [file](const std::string& text, NoticeIcon) { WriteNote(file, QString::fromStdString(text)); };
 }
 
 AviList ListOf(const std::vector<std::string>& files)
@@ -31,10 +31,10 @@ AviList ListOf(const std::vector<std::string>& files)
     for (const std::string& file : files) {
         const QString path = PathOf(file);
         try {
-            if (const auto format = FormatForList(list, path, Notes()))
+            if (const auto format = FormatForList(list, path, NotesOn(file)))
                 AddToList(list, path, *format);
         } catch (const NumberedError& error) {
-            WriteNote(u"%1: %2"_s.arg(path, QString::fromUtf8(error.what())));
+            WriteNote(file, QString::fromUtf8(error.what()));
         }
     }
     return list;
@@ -47,7 +47,8 @@ void Write(const AviArguments& arguments)
     const AviList list = ListOf(arguments.files);
     if (list.files.isEmpty())
         throw ToolFailure(arguments.out, u"There is no bitmap to make a video of."_s);
-    cAviWriting writing(PathOf(arguments.out), list, QString::fromStdString(arguments.framesPerSecond), Notes());
+    cAviWriting writing(PathOf(arguments.out), list, QString::fromStdString(arguments.framesPerSecond),
+                        NotesOn(arguments.out));
     OnFile(arguments.out, [&] {
         AviState state = writing.Begin([&](const AviFormat&) {
             AviOptions options;
@@ -65,7 +66,7 @@ void Codecs()
     for (const AviCodec& codec : AviCodecs())
         report += QByteArray(codec.name.data(), static_cast<qsizetype>(codec.name.size())) + '\t' +
                   QByteArray(codec.description.data(), static_cast<qsizetype>(codec.description.size())) + '\n';
-    WriteOutput({}, report);
+    WriteAnswer(report);
     if (const QString trouble = AviCodecsTrouble(); !trouble.isEmpty())
         WriteNote(trouble);
 }
@@ -87,6 +88,7 @@ void AddAviVerbs(CLI::App& group)
     write->callback([arguments] { Write(*arguments); });
 
     CLI::App* codecs = AddVerb(group, "codecs", "obtool avi codecs", "the compressors: name, description");
+    AddOutOption(*codecs);
     codecs->callback([] { Codecs(); });
 }
 

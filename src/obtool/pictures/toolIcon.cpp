@@ -65,7 +65,7 @@ void List(const std::string& file)
                 report += QByteArray::number(value) + '\t';
             report += QByteArray::number(size->bits) + '\n';
         }
-        WriteOutput({}, report);
+        WriteAnswer(report);
         if (unreadable)
             throw ToolFailure(file, u"Icon %1 cannot be read."_s.arg(*unreadable));
     });
@@ -109,6 +109,7 @@ void AddIconVerbs(CLI::App& group)
 
     CLI::App* list = AddVerb(group, "list", "obtool icon list FILE", "the icons of a file");
     addFile(*list, "FILE", anyFile);
+    AddOutOption(*list);
     list->callback([arguments] { List(arguments->file); });
 
     CLI::App* extract = AddVerb(group, "extract", "obtool icon extract FILE INDEX OUT",

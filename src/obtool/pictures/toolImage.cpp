@@ -69,7 +69,7 @@ void Info(const std::string& file)
     QByteArray report;
     for (const auto& [name, value] : values)
         report += QByteArray(name) + '\t' + QByteArray::number(value) + '\n';
-    WriteOutput({}, report);
+    WriteAnswer(report);
 }
 
 void Save(const ImageArguments& arguments)
@@ -164,6 +164,7 @@ void AddImageVerbs(CLI::App& group)
 
     CLI::App* info = AddVerb(group, "info", "obtool image info FILE", "what a bitmap file's headers say");
     info->add_option("FILE", arguments->in, "a bitmap file")->required()->check(NotEmpty);
+    AddOutOption(*info);
     info->callback([arguments] { Info(arguments->in); });
 
     AddSave(group, arguments);

@@ -33,7 +33,7 @@ void MakeOptimal(const PaletteArguments& arguments, cPalette& palette)
 {
     const cDIBSection picture = ReadPictureArgument(arguments.from);
     cPalette::OptimalEvents events;
-    events.reducingFailed = [](std::int64_t) { WriteNote(u"Error in reducing nodes"_s); };
+    events.reducingFailed = [&](std::int64_t) { WriteNote(arguments.from, u"Error in reducing nodes"_s); };
     OnFile(arguments.from, [&] {
         palette.CreateOptimal(picture, arguments.colors, static_cast<std::uint8_t>(arguments.level), events);
     });
@@ -70,14 +70,14 @@ void Show(const PaletteArguments& arguments)
             report += QByteArray::number(value) + '\t';
         report += QByteArray::number(int{entry.blue}) + '\n';
     }
-    WriteOutput({}, report);
+    WriteAnswer(report);
 }
 
 void Closest(const PaletteArguments& arguments)
 {
     const cPalette palette = ReadPaletteArgument(arguments.file, arguments.Format());
     const std::int32_t index = palette.ClosestIndex(arguments.red, arguments.green, arguments.blue);
-    WriteOutput({}, QByteArray::number(index) + '\n');
+    WriteAnswer(QByteArray::number(index) + '\n');
 }
 
 using Arguments = std::shared_ptr<PaletteArguments>;
@@ -130,6 +130,7 @@ void AddPaletteVerbs(CLI::App& group)
 
     CLI::App* show = AddVerb(group, "show", "obtool palette show FILE [--binary]", "the entries of a palette file");
     AddFile(*show, arguments);
+    AddOutOption(*show);
     show->callback([arguments] { Show(*arguments); });
 
     CLI::App* closest = AddVerb(group, "closest", "obtool palette closest FILE RED GREEN BLUE [--binary]",
@@ -138,6 +139,7 @@ void AddPaletteVerbs(CLI::App& group)
     closest->add_option("RED", arguments->red, "any whole number")->required();
     closest->add_option("GREEN", arguments->green, "any whole number")->required();
     closest->add_option("BLUE", arguments->blue, "any whole number")->required();
+    AddOutOption(*closest);
     closest->callback([arguments] { Closest(*arguments); });
 }
 

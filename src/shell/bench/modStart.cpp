@@ -104,8 +104,10 @@ void OpenAtLoad()
 void OpenFiles(const QStringList& paths, FileSource source)
 {
     for (const QString& name : paths) {
-        if (!FileExists(name))
+        if (!FileExists(name)) {
+            SetStatusText(FolderExists(name) ? u"%1 is a folder"_s.arg(name) : u"%1 does not exist"_s.arg(name));
             continue;
+        }
         // Captions and the recent list hold full paths.
         const QString path = AbsolutePathOf(name);
         if (path.right(3).toLower() == QLatin1String("obf")) {

@@ -186,6 +186,19 @@ private Q_SLOTS:
         QCOMPARE(RecentCount, 2);
     }
 
+    void whatIsNoFileIsNamedInTheStatusBar()
+    {
+        const QString gone = bench->Path(u"gone.bas"_s);
+        OpenFiles({gone}, FileSource::CommandLine);
+        QCOMPARE(bench->form.status, gone + u" does not exist"_s);
+        const QString folder = bench->Path(u"."_s);
+        OpenFiles({folder}, FileSource::CommandLine);
+        QCOMPARE(bench->form.status, folder + u" is a folder"_s);
+        QVERIFY(QFile::link(bench->Path(u"nothing"_s), bench->Path(u"link.bas"_s)));
+        OpenFiles({bench->Path(u"link.bas"_s)}, FileSource::CommandLine);
+        QCOMPARE(bench->form.status, bench->Path(u"link.bas"_s) + u" does not exist"_s);
+    }
+
     void aRelativeNameOpensUnderItsFullPath()
     {
         const QString file = bench->Put(u"ab"_s, "print 1\r\n");
