@@ -12,6 +12,7 @@
 #include <QLayout>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSplitter>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -69,6 +70,15 @@ void MakeScrollable(QDialog& tool)
     whole->addWidget(area);
 }
 
+// A splitter reckons without panes that have not been shown.
+void ShowPanes(const QDialog& tool)
+{
+    for (const QSplitter* splitter : tool.findChildren<QSplitter*>())
+        for (int place = 0; place < splitter->count(); ++place)
+            if (!splitter->widget(place)->testAttribute(Qt::WA_WState_ExplicitShowHide))
+                splitter->widget(place)->show();
+}
+
 bool NeedsMoreThan(QSize room, const QDialog& tool)
 {
     const QSize least = tool.minimumSizeHint().expandedTo(tool.minimumSize());
@@ -82,6 +92,7 @@ void KeepPlace(QDialog& tool)
     const std::optional<QRect> place = RememberedPlace(tool.objectName());
     const QRect room = RoomOn(ScreenOf(tool, place), tool);
     tool.ensurePolished();
+    ShowPanes(tool);
     if (tool.layout() != nullptr && NeedsMoreThan(room.size(), tool)) {
         tool.setMinimumSize({});
         MakeScrollable(tool);

@@ -23,6 +23,7 @@ private Q_SLOTS:
 
     void aPictureThatCannotBeShownIsNotAdded();
     void theListIsSeenAndCorrected();
+    void noLineOfTextWidensTheWindow();
     void aReadingThatTakesTooLongCanBeCancelled();
     void saveAsSuggestsANameAndListsTheCopy();
 };
@@ -41,6 +42,15 @@ void win_frmBitmapList::aPictureThatCannotBeShownIsNotAdded()
     Click(u"a.bmp"_s);
     Press("cmdAdd");
     QCOMPARE(Text("lblList"), u"In the LoadBmp list: 1 of 150"_s);
+}
+
+void win_frmBitmapList::noLineOfTextWidensTheWindow()
+{
+    Open();
+    const int before = form->minimumSizeHint().width();
+    for (const char* line : {"lblState", "Label1", "lblList"})
+        Control<QLabel>(line)->setText(QString(200, u'w'));
+    QCOMPARE(form->minimumSizeHint().width(), before);
 }
 
 void win_frmBitmapList::theListIsSeenAndCorrected()

@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -105,6 +106,22 @@ private Q_SLOTS:
         QVERIFY(area != nullptr && area->verticalScrollBar()->maximum() > 0);
         area->ensureWidgetVisible(tool.last);
         QVERIFY(!tool.last->visibleRegion().isEmpty());
+    }
+
+    void thePanesOfASplitterCountToo()
+    {
+        LargeTool tool({10, 10});
+        auto* splitter = new QSplitter;
+        for (int pane = 0; pane < 2; ++pane) {
+            splitter->addWidget(new QLabel(u"pane"_s));
+            splitter->widget(pane)->setMinimumWidth(Room().width() * 2 / 3);
+        }
+        tool.layout()->addWidget(splitter);
+        PrepareTool(tool, "index");
+        tool.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tool));
+        QVERIFY(tool.width() <= Room().width());
+        QVERIFY(tool.findChild<QScrollArea*>() != nullptr);
     }
 
     void largeFontsKeepEveryToolOnTheScreen()
