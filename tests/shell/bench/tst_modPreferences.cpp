@@ -211,6 +211,7 @@ private Q_SLOTS:
         AddDocument(&last);
         Preferences values = Changed();
         values.syntaxColor = 1;
+        Editor.EditBackColor = 0xFFFFFF; // on a dark one the colours that are shown differ
         ApplyPreferences(values, folder);
         for (const StyledSci* sci : {&first, &last}) {
             QCOMPARE(sci->times, 1);

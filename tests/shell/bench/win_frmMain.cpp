@@ -345,7 +345,11 @@ void win_frmMain::fileBoxesStartInTheFolderOfTheActiveFile()
     bench.AnswerModals([](QDialog& defaults) { defaults.accept(); });
     bench.Choose(u"mnuFileNewGui"_s);
     QCOMPARE(FileBoxStart({}), QDir::currentPath());
+    bench.dialogs.ExpectMessage(u"The form is saved, but it cannot be loaded again as it is.\nLine 2 of the file: the form "
+                                "was saved before its window properties were confirmed with OK."_s,
+                                BoxAnswer::Ok, BoxIcon::Exclamation);
     SaveGuiForm(bench.Path(u"forms/a.obf"_s));
+    QVERIFY(bench.dialogs.Finished());
     QCOMPARE(FileBoxStart({}), bench.Path(u"forms"_s));
     bench.Choose(u"mnuFileNewGui"_s);
     QCOMPARE(FileBoxStart({}), QDir::currentPath());
