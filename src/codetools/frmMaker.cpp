@@ -2,16 +2,11 @@
 // What the windows of all makers of code share.
 #include "codetools/frmMaker.h"
 
-#include "editor/document/modDocument.h"
-#include "editor/document/modInsert.h"
-#include "platform/dialogs/frmCommand.h"
+#include "editor/frmInsertButton.h"
 #include "shell/state/frmLoss.h"
-#include "shell/state/frmTool.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 
 #include <algorithm>
@@ -25,27 +20,13 @@ frmMaker::frmMaker(QWidget* parent) : QDialog(parent)
 
 void frmMaker::SetInsertButton(QPushButton* button)
 {
-    insert = button;
-    On(insert, this, &frmMaker::cmdInsert_Click);
-    const QWidget* frame = ToolOwner();
-    if (const auto* programs = frame == nullptr ? nullptr : frame->findChild<QMdiArea*>())
-        connect(programs, &QMdiArea::subWindowActivated, this, &frmMaker::RefreshInsert);
-    RefreshInsert();
+    insert = new frmInsertButton(
+        button, {[this] { return HasCode(); }, [this] { return FinishedCode(); }, [this] { accept(); }});
 }
 
 void frmMaker::RefreshInsert()
 {
-    insert->setEnabled(ActiveDocument() != nullptr && HasCode());
-}
-
-void frmMaker::cmdInsert_Click()
-{
-    const auto code = FinishedCode();
-    const cDocument* document = code ? NeedDocument() : nullptr;
-    if (document == nullptr)
-        return;
-    InsertAtCaret(*document, *code);
-    accept();
+    insert->Refresh();
 }
 
 void frmMaker::SetEnterOrder(const QList<QLineEdit*>& fields)

@@ -12,6 +12,8 @@ class QPushButton;
 
 namespace ob {
 
+class frmInsertButton;
+
 class frmMaker : public QDialog {
     Q_OBJECT
 
@@ -39,9 +41,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void cmdInsert_Click();
-
-    QPushButton* insert = nullptr;
+    frmInsertButton* insert = nullptr; // belongs to its button
     QList<QLineEdit*> enterOrder;
 };
 

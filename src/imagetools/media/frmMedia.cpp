@@ -2,6 +2,7 @@
 // Plays media files and writes the code that plays them.
 #include "imagetools/media/frmMedia.h"
 
+#include "editor/frmInsertButton.h"
 #include "imagetools/media/modMedia.h"
 #include "platform/desktop/modClipboard.h"
 #include "platform/dialogs/frmCommand.h"
@@ -18,6 +19,8 @@
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QTimer>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +52,8 @@ frmMedia::frmMedia(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     connect(ui->cmdExit, &QPushButton::clicked, this, &QDialog::reject);
     On(ui->chkPath, this, &frmMedia::WriteCodeMedia);
     On(ui->txtCode, &QPlainTextEdit::textChanged, this, &frmMedia::WriteCodeMedia);
+    insert = new frmInsertButton(
+        ui->cmdInsert, {[this] { return !file.isEmpty(); }, [this] { return std::optional(FinishedCode()); }, {}});
     ui->cmdOpen->setFocus();
 }
 
@@ -78,6 +83,7 @@ void frmMedia::cmdOpen_Click()
                        {FilePurpose::Open, u"Open File..."_s, {}, {}, u"Media Files|*.MID;*.AVI;*.MPG;*.MPEG;*.MP3"_s});
     ui->lblFile->setText(file.isEmpty() ? u"No File"_s : file);
     WriteCodeMedia();
+    insert->Refresh();
     if (!tmrPlay->isActive())
         ShowTime(0);
     if (!file.isEmpty())
@@ -116,9 +122,14 @@ void frmMedia::cmdStop_Click()
     StopMedia();
 }
 
+QString frmMedia::FinishedCode() const
+{
+    return ui->txtCode->toPlainText().replace(QLatin1Char('\n'), u"\r\n"_s);
+}
+
 void frmMedia::cmdCode_Click()
 {
-    if (CopyText(ui->txtCode->toPlainText().replace(QLatin1Char('\n'), u"\r\n"_s)))
+    if (CopyText(FinishedCode()))
         MsgBox(u"Code has been copied to the clipboard.  Please paste into your program."_s);
 }
 

@@ -14,6 +14,8 @@ class frmMedia;
 
 namespace ob {
 
+class frmInsertButton;
+
 class frmMedia final : public QDialog {
     Q_OBJECT
 
@@ -34,11 +36,13 @@ private:
     void cmdCopy_Click();
     void tmrPlay_Timer();
     void ShowTime(float position);
+    QString FinishedCode() const;
 
     std::unique_ptr<Ui::frmMedia> ui;
     QTimer* tmrPlay;
-    QString file;   // empty for none
-    QString played; // the file last played
+    frmInsertButton* insert; // belongs to its button
+    QString file;            // empty for none
+    QString played;          // the file last played
 };
 
 void mnuToolMedia_Click();

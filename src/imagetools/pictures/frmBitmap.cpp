@@ -2,6 +2,7 @@
 // Browses pictures. They are read away from the window's thread, so that a large one delays nothing.
 #include "imagetools/pictures/frmBitmap.h"
 
+#include "editor/frmInsertButton.h"
 #include "imagetools/pictures/frmFileList.h"
 #include "imagetools/pictures/frmPictureReading.h"
 #include "imagetools/pictures/modImageFiles.h"
@@ -16,6 +17,8 @@
 
 #include <QFileInfo>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace ob {
@@ -28,6 +31,8 @@ frmBitmap::frmBitmap(QWidget* parent)
     ui->splitter->setSizes({width() * 2 / 5, width() * 2 / 5, width() / 5});
     browser = new FolderBrowser({ui->Drive1, ui->Dir1, ui->File1}, BitmapPatterns(ImageLibrary::Unused), this);
     order = new frmFileList({ui->lstBmps, ui->cmdRemove, ui->cmdUp, ui->cmdDown}, this);
+    insert = new frmInsertButton(ui->cmdInsert, {[this] { return list.Count() > 0; },
+                                                 [this] { return std::optional(ListCode()); }, [this] { accept(); }});
     Connect();
     ShowListCount();
     StartInLastFolder(*this, *browser);
@@ -74,6 +79,7 @@ void frmBitmap::ShowCount()
 void frmBitmap::ShowListCount()
 {
     ui->lblList->setText(u"In the LoadBmp list: %1 of %2"_s.arg(list.Paths().size()).arg(cLoadBmpList::Most));
+    insert->Refresh();
 }
 
 void frmBitmap::AskFor(const QString& path)
@@ -155,6 +161,13 @@ void frmBitmap::cmdAdd_Click()
     ShowListCount();
 }
 
+QString frmBitmap::ListCode() const
+{
+    const auto library = ui->chkDLL->isChecked() ? ImageLibrary::Used : ImageLibrary::Unused;
+    const auto information = ui->chkPath->isChecked() ? PathInformation::Full : PathInformation::Left;
+    return LoadBmpText(list.Paths(), library, information);
+}
+
 void frmBitmap::cmdCreate_Click()
 {
     if (list.Count() < 1) {
@@ -164,9 +177,7 @@ void frmBitmap::cmdCreate_Click()
             reject();
         return;
     }
-    const auto library = ui->chkDLL->isChecked() ? ImageLibrary::Used : ImageLibrary::Unused;
-    const auto information = ui->chkPath->isChecked() ? PathInformation::Full : PathInformation::Left;
-    if (!CopyText(LoadBmpText(list.Paths(), library, information)))
+    if (!CopyText(ListCode()))
         return;
     MsgBox(u"Bitmap list has been copied to the clipboard.  Please paste it into your program."_s,
            BoxIcon::Information);

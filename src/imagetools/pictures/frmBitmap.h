@@ -17,6 +17,7 @@ namespace ob {
 
 class FolderBrowser;
 class frmFileList;
+class frmInsertButton;
 
 class frmBitmap final : public QDialog {
     Q_OBJECT
@@ -36,6 +37,7 @@ private:
     void ShowListCount();
     enum class Reading { Finished, Cancelled };
     Reading FinishReading();
+    QString ListCode() const;
 
     void File1_Click();
     void chkDLL_Click();
@@ -51,7 +53,8 @@ private:
     QString refused;  // the picture that was asked for last, if it cannot be shown
     Preview picture2; // the picture on the screen
     cLoadBmpList list;
-    frmFileList* order = nullptr; // of the list
+    frmFileList* order = nullptr;      // of the list
+    frmInsertButton* insert = nullptr; // belongs to its button
 };
 
 void mnuToolBitmap_Click();

@@ -4,6 +4,7 @@
 #include "support/ScriptedMedia.h"
 #include "support/TestBench.h"
 
+#include "editor/document/cDocument.h"
 #include "imagetools/media/frmMedia.h"
 #include "imagetools/media/modMedia.h"
 #include "platform/desktop/modClipboard.h"
@@ -122,6 +123,28 @@ private Q_SLOTS:
         Click("cmdCopy");
         QCOMPARE(bench->dialogs.LastFile().name, u"song copy.mid"_s);
         QCOMPARE(bench->dialogs.LastFile().extension, u"mid"_s);
+    }
+
+    void theCodeIsInsertedAtTheCaret()
+    {
+        window.reset();
+        bench->Start();
+        window = std::make_unique<frmMedia>(&bench->Frame());
+        window->show();
+        const auto* insert = Find<QPushButton>("cmdInsert");
+        bench->Choose(u"mnuFileNew"_s);
+        QVERIFY(!insert->isEnabled()); // no file is open
+        const QString path = OpenFile("song.mid");
+        QVERIFY(insert->isEnabled());
+        const cDocument* program = bench->Active();
+        TestBench::Type(bench->Active(), "print 1\r\n");
+        SendSci(program->sci, SCI_SETSEL, 6, 7);
+        Click("cmdInsert");
+        const QByteArray code = MediaCode(path, MediaPath::NameOnly).toUtf8();
+        QCOMPARE(TestBench::Text(program), "print " + code + "\r\n");
+        SendSci(program->sci, SCI_UNDO);
+        QCOMPARE(TestBench::Text(program), QByteArray("print 1\r\n"));
+        window.reset();
     }
 
     void anOpenedFileIsShownWithItsCode()

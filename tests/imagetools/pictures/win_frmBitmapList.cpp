@@ -4,6 +4,7 @@
 #include "support/BenchTest.h"
 #include "support/HeldThreads.h"
 
+#include "editor/document/cDocument.h"
 #include "imagetools/pictures/modLoadBmp.h"
 
 #include <QClipboard>
@@ -23,6 +24,7 @@ private Q_SLOTS:
 
     void aPictureThatCannotBeShownIsNotAdded();
     void theListIsSeenAndCorrected();
+    void theListIsInsertedAtTheCaret();
     void noLineOfTextWidensTheWindow();
     void aReadingThatTakesTooLongCanBeCancelled();
     void saveAsSuggestsANameAndListsTheCopy();
@@ -92,6 +94,32 @@ void win_frmBitmapList::theListIsSeenAndCorrected()
     QCOMPARE(QApplication::clipboard()->text().remove(u'\r'),
              LoadBmpText({folder + u"b.bmp"_s, folder + u"c.bmp"_s}, ImageLibrary::Unused, PathInformation::Left)
                  .remove(u'\r'));
+}
+
+void win_frmBitmapList::theListIsInsertedAtTheCaret()
+{
+    const QString path = Picture("a.bmp");
+    Open();
+    const auto* insert = Control<QPushButton>("cmdInsert");
+    Click(u"a.bmp"_s);
+    Press("cmdAdd");
+    QVERIFY(!insert->isEnabled()); // no program is active
+    bench->Choose(u"mnuFileNew"_s);
+    QVERIFY(insert->isEnabled());
+    Press("cmdRemove");
+    QVERIFY(!insert->isEnabled()); // the list is empty
+    Press("cmdAdd");
+    const cDocument* program = bench->Active();
+    TestBench::Type(bench->Active(), "print 1\r\n");
+    SendSci(program->sci, SCI_SETSEL, 6, 7);
+    QApplication::clipboard()->setText(u"before"_s);
+    Press("cmdInsert");
+    QVERIFY(form == nullptr || !form->isVisible());
+    const QByteArray code = LoadBmpText({path}, ImageLibrary::Unused, PathInformation::Left).toUtf8();
+    QCOMPARE(TestBench::Text(program), "print " + code + "\r\n");
+    QCOMPARE(QApplication::clipboard()->text(), u"before"_s);
+    SendSci(program->sci, SCI_UNDO);
+    QCOMPARE(TestBench::Text(program), QByteArray("print 1\r\n"));
 }
 
 void win_frmBitmapList::aReadingThatTakesTooLongCanBeCancelled()
