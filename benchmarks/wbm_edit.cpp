@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -72,9 +73,9 @@ struct Window {
 
     void Paint() { qobject_cast<QAbstractScrollArea*>(control)->viewport()->repaint(); }
 
-    void Load()
+    void Load(const std::string& text = Program())
     {
-        ob::SendSci(sci, ob::SCI_ADDTEXT, Program().size(), Program().data());
+        ob::SendSci(sci, ob::SCI_ADDTEXT, text.size(), text.data());
         ob::SendSci(sci, ob::SCI_GOTOPOS, 0);
         Paint();
     }
@@ -159,6 +160,61 @@ void GoToTheEnd(benchmark::State& state)
     }
 }
 BENCHMARK(GoToTheEnd)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// Statements without a line end. The argument is megabytes.
+std::string LongLine(std::int64_t megabytes)
+{
+    constexpr std::string_view statement = "print \"a\"; x(i) + 12.5 : ";
+    const auto length = static_cast<std::size_t>(megabytes) * 1000 * 1000;
+    std::string line;
+    line.reserve(length + statement.size());
+    while (line.size() < length)
+        line += statement;
+    return line;
+}
+
+void LongLineLoadAndFirstPaint(benchmark::State& state)
+{
+    const std::string line = LongLine(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto window = std::make_unique<Window>(MakeOwn);
+        state.ResumeTiming();
+        window->Load(line);
+        state.PauseTiming();
+        window.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(LongLineLoadAndFirstPaint)->Arg(1)->Arg(20)->Arg(200)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+// One character typed near the start of the line, until it is painted.
+void LongLineTyping(benchmark::State& state)
+{
+    Window window(MakeOwn);
+    window.Load(LongLine(state.range(0)));
+    ob::SendSci(window.sci, ob::SCI_GOTOPOS, 500);
+    for (auto _ : state) {
+        ob::SendSci(window.sci, ob::SCI_REPLACESEL, 0, "x");
+        window.Paint();
+    }
+}
+BENCHMARK(LongLineTyping)->Arg(1)->Arg(20)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// To the end of the line, until it is painted with the text around the caret.
+void LongLineEnd(benchmark::State& state)
+{
+    Window window(MakeOwn);
+    window.Load(LongLine(state.range(0)));
+    for (auto _ : state) {
+        ob::SendSci(window.sci, ob::SCI_GOTOPOS,
+                    static_cast<std::uintptr_t>(ob::SendSci(window.sci, ob::SCI_GETLENGTH)));
+        window.Paint();
+        QApplication::processEvents();
+        window.Paint();
+    }
+}
+BENCHMARK(LongLineEnd)->Arg(1)->Arg(20)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 } // namespace
 

@@ -142,7 +142,7 @@ void mnuEditRedo_Click()
     const bool wasEmpty = IsEmpty(*document);
     SendSci(document->sci, SCI_REDO);
     if (wasEmpty && !IsEmpty(*document) && FileExists(document->Caption()))
-        SetStatusText(OpenedFileStatus(document->Caption()));
+        ShowOpenedFile(*document, document->Caption());
 }
 
 void mnuEditCut_Click()

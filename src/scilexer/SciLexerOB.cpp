@@ -46,6 +46,10 @@ constexpr std::intptr_t BytesAhead = 4 * 1024;
 
 constexpr std::intptr_t NoPosition = -1;
 
+// For each change that it is notified of, QScintilla counts the characters of the whole text; not for announcements.
+constexpr std::uintptr_t Announcements =
+    QsciScintillaBase::SC_MOD_BEFOREINSERT | QsciScintillaBase::SC_MOD_BEFOREDELETE;
+
 // Assistive tools have no use for longer changes than this.
 constexpr std::intptr_t MostReportedBytes = 4 * 1024;
 
@@ -73,6 +77,12 @@ bool IsTyped(const QKeyEvent& key)
     return (key.modifiers() & commandKeys) == 0 || HasAltGr(key.modifiers());
 }
 
+// Keys that move the caret have no text.
+bool MayReplaceSelection(const QKeyEvent& key)
+{
+    return !key.text().isEmpty() || key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace;
+}
+
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
 {
     auto* control = dynamic_cast<cSciLexerOB*>(object);
@@ -90,6 +100,9 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
                                      [this] { return Direct(SCI_GETLENGTH); }),
       ownParts([this](unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
           return Direct(message, wParam, lParam);
+      }),
+      longLines([this](unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
+          return Direct(message, wParam, lParam);
       })
 {
     directFunction = reinterpret_cast<DirectFunction>(SendScintillaPtrResult(SCI_GETDIRECTFUNCTION));
@@ -100,24 +113,32 @@ cSciLexerOB::cSciLexerOB(QWidget* parent)
     Direct(SCI_SETLEXER, SCLEX_CONTAINER);
     // A jump over millions of bytes shows the text at once, and its colours as soon as they are known.
     Direct(SCI_SETIDLESTYLING, SC_IDLESTYLING_TOVISIBLE);
-    // Only the announcements: for each change it is notified of, QScintilla counts the characters of the whole text.
-    Direct(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
+    // Otherwise only the caret's line is kept from one paint to the next.
+    Direct(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
+    Direct(SCI_SETMODEVENTMASK, Announcements);
     ownParts.Start();
+    longLines.HideRest();
     // Installed after QScintilla's own factory, this one is asked first.
     QAccessible::installFactory(MakeAccessible);
 
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int position) { StyleTo(position); });
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this, [this](int position, int type, const char*, int length) {
-        if ((type & SC_MOD_BEFOREINSERT) != 0)
+        if ((type & SC_MOD_INSERTTEXT) != 0) {
+            Direct(SCI_SETMODEVENTMASK, Announcements);
+            longLines.NoteInsertion(position, length);
+        } else if ((type & SC_MOD_BEFOREINSERT) != 0) {
             NoteChange(Change::Insertion, position, length);
-        else if ((type & SC_MOD_BEFOREDELETE) != 0)
+            WatchLongInsertion(length);
+        } else if ((type & SC_MOD_BEFOREDELETE) != 0) {
             NoteChange(Change::Deletion, position, length);
+        }
     });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
         if ((updated & (SC_UPDATE_CONTENT | SC_UPDATE_SELECTION)) == 0)
             return;
         ownParts.FitLineNumbers();
         ShowBraces();
+        FollowCaret();
         ReportToAssistants();
     });
     // The window around the control learns by the toolkit's own event whether there is anything to save.
@@ -157,6 +178,7 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
         break;
     case SCI_STYLECLEARALL:
         ownParts.ClearStyles();
+        longLines.HideRest();
         return 0;
     case SCI_SETMARGINWIDTHN:
         Direct(message, wParam, lParam);
@@ -170,6 +192,13 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
     case SCI_REDO:
         undoSteps.End();
         break;
+    case SCI_CLEAR:
+    case SCI_CUT:
+    case SCI_PASTE:
+    case SCI_REPLACESEL: {
+        const SciLongLines::Unlocked unlocked(longLines);
+        return Direct(message, wParam, lParam);
+    }
     case SCI_GRABFOCUS:
         // QScintilla ignores this message.
         setFocus(Qt::OtherFocusReason);
@@ -188,6 +217,7 @@ std::intptr_t cSciLexerOB::Send(unsigned message, std::uintptr_t wParam, std::in
 std::intptr_t cSciLexerOB::FormatPage(std::uintptr_t draw, std::intptr_t record)
 {
     const UpdatePause pause(viewport());
+    const SciLongLines::Whole whole(longLines);
     const SciPrintView view([this](unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
         return Direct(message, wParam, lParam);
     });
@@ -246,6 +276,7 @@ void cSciLexerOB::Forget(Position from)
 // requested styles already.
 void cSciLexerOB::NoteChange(Change change, Position position, Position length)
 {
+    longLines.Lock();
     NoteForAssistants(change, position, length);
     // After the styled end there are no styles that a change could invalidate.
     if (position > styledEnd)
@@ -326,6 +357,8 @@ cSciLexerOB::Position cSciLexerOB::BlockEnd(const Place& from, Position needed) 
 
 cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
 {
+    if (PassLongLine(place))
+        return Agreement::No;
     const std::string_view block = Bytes(place.position, end);
     if (styles.size() < block.size())
         styles.resize(block.size());
@@ -336,7 +369,7 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
     // one.
     std::optional<UpdatePause> pause(viewport());
     while (at < block.size() && agreement == Agreement::No) {
-        const LexedLine line = LexFirstLine(place.state, block.substr(at), keywords, styles.data() + at);
+        const LexedLine line = StyleLine(place, block.substr(at), styles.data() + at);
         const std::intptr_t before = Direct(SCI_SETLINESTATE, Unsigned(place.line), line.state);
         if (folding == Folding::On)
             Direct(SCI_SETFOLDLEVEL, Unsigned(place.line),
@@ -363,6 +396,54 @@ cSciLexerOB::Agreement cSciLexerOB::StyleBlock(Place& place, Position end)
     return agreement;
 }
 
+// A key in a long line that has its styles costs no turn over its megabytes.
+bool cSciLexerOB::PassLongLine(Place& place)
+{
+    const Position end = StartOf(place.line + 1);
+    const Position length = end - place.position;
+    if (!SciLongLines::IsLong(length) || !longLines.IsStyled(place.position, length))
+        return false;
+    Direct(SCI_SETLINESTATE, Unsigned(place.line), place.state);
+    Direct(SCI_STARTSTYLING, Unsigned(end));
+    place.position = end;
+    ++place.line;
+    return true;
+}
+
+// `text` begins with the line at `place`. A line that is too long to be coloured opens and closes no block.
+LexedLine cSciLexerOB::StyleLine(const Place& place, std::string_view text, unsigned char* lineStyles)
+{
+    const auto room = static_cast<Position>(text.size());
+    const Position length = SciLongLines::IsLong(room) ? StartOf(place.line + 1) - place.position : 0;
+    if (!SciLongLines::IsLong(length))
+        return LexFirstLine(place.state, text, keywords, lineStyles);
+    longLines.Style(place.position, length, lineStyles);
+    return {static_cast<std::size_t>(length), place.state};
+}
+
+// Text that may hold a long line needs its styles at once.
+void cSciLexerOB::WatchLongInsertion(Position length)
+{
+    longLines.NoteGrowth(length);
+    if (SciLongLines::IsLong(length))
+        Direct(SCI_SETMODEVENTMASK, Announcements | SC_MOD_INSERTTEXT);
+}
+
+// Runs within a paint, which must not scroll.
+void cSciLexerOB::FollowCaret()
+{
+    if (isFollowing || longLines.IsCaretAtRest())
+        return;
+    isFollowing = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            isFollowing = false;
+            longLines.Follow();
+        },
+        Qt::QueuedConnection);
+}
+
 // Highlights the brace before the caret, or else the one after it, with its partner.
 void cSciLexerOB::ShowBraces()
 {
@@ -379,7 +460,10 @@ bool cSciLexerOB::ShowBraceAt(Position position)
         return false;
     const std::intptr_t lineNumber = LineAt(position);
     const Position start = StartOf(lineNumber);
-    const std::string_view line = Bytes(start, StartOf(lineNumber + 1));
+    const Position end = StartOf(lineNumber + 1);
+    if (SciLongLines::IsLong(end - start))
+        return false;
+    const std::string_view line = Bytes(start, end);
     // The control may not have requested this line's styles yet.
     std::vector<unsigned char> lineStyles(line.size());
     LexLine(0, line, keywords, lineStyles.data());
@@ -443,6 +527,9 @@ void cSciLexerOB::ReportToAssistants()
 // A combination of keys that is no command must not type its character.
 void cSciLexerOB::keyPressEvent(QKeyEvent* event)
 {
+    std::optional<SciLongLines::Unlocked> unlocked;
+    if (MayReplaceSelection(*event))
+        unlocked.emplace(longLines);
     if (!IsTyped(*event)) {
         QKeyEvent command(event->type(), event->key(), event->modifiers(), QString(), event->isAutoRepeat(),
                           static_cast<quint16>(event->count()));
@@ -456,6 +543,7 @@ void cSciLexerOB::keyPressEvent(QKeyEvent* event)
 
 void cSciLexerOB::inputMethodEvent(QInputMethodEvent* event)
 {
+    const SciLongLines::Unlocked unlocked(longLines);
     NoteTyping(event->commitString());
     QsciScintillaBase::inputMethodEvent(event);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "scilexer/QsciBase.h"
+#include "scilexer/SciLongLines.h"
 #include "scilexer/SciOwnParts.h"
 #include "scilexer/SciUndoSteps.h"
 #include "scilexer/modLexer.h"
@@ -70,9 +71,14 @@ private:
     void NoteStop(Position position);
     Position BlockEnd(const Place& from, Position needed) const;
     Agreement StyleBlock(Place& place, Position end);
+    bool PassLongLine(Place& place);
+    LexedLine StyleLine(const Place& place, std::string_view text, unsigned char* lineStyles);
     bool IsUnchanged(Position lineStart) const { return lineStart > changedEnd && lineStart < styledEnd; }
 
     void NoteTyping(const QString& text);
+
+    void WatchLongInsertion(Position length);
+    void FollowCaret();
 
     void ShowBraces();
     bool ShowBraceAt(Position position);
@@ -114,6 +120,8 @@ private:
     };
     TextOffsets offsets;
     SciOwnParts ownParts;
+    SciLongLines longLines;
+    bool isFollowing = false; // the caret in a long line, as soon as no paint is under way
     std::optional<PendingChange> pending;
     Reported reported;
 };

@@ -22,6 +22,9 @@ enum Style : unsigned char {
     StyleLabel = 8,
 };
 
+// Bytes, with the line end. The edit control gives a longer line no colours and shows only the part around the caret.
+constexpr std::ptrdiff_t LongestColoredLine = 64 * 1024;
+
 // A line state is the number of blocks open at the end of a line; it is 0 before the first line.
 struct LexedLine {
     std::size_t length = 0; // bytes, with the line end

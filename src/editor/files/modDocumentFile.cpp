@@ -7,9 +7,12 @@
 #include "platform/dialogs/modDialogs.h"
 #include "platform/language/cRuntimeError.h"
 #include "platform/language/modAnsi.h"
+#include "scilexer/modLexer.h"
 #include "shell/state/Module1.h"
 #include "shell/state/cMainForm.h"
 #include "shell/state/modRecent.h"
+
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -47,11 +50,35 @@ QString OpenedFileStatus(const QString& path)
            FileDateText(path);
 }
 
+// The number of the first line that the control shows without colours, from 1, or 0.
+static int FirstLongLine(std::string_view text)
+{
+    constexpr auto longest = static_cast<std::size_t>(LongestColoredLine);
+    int number = 1;
+    for (std::size_t start = 0; text.size() - start > longest; ++number) {
+        // The control counts the line end.
+        const std::size_t end = text.find_first_of("\r\n", start);
+        const std::size_t next = end == text.npos ? text.size() : text.substr(end, 2) == "\r\n" ? end + 2 : end + 1;
+        if (next - start > longest)
+            return number;
+        start = next;
+    }
+    return 0;
+}
+
+void ShowOpenedFile(const cDocument& document, const QString& path)
+{
+    QString status = OpenedFileStatus(path);
+    if (const int line = document.sci == nullptr ? 0 : FirstLongLine(SciText(document.sci)); line != 0)
+        status += u"   Line %1 is too long to be shown in colour"_s.arg(line);
+    SetStatusText(status);
+}
+
 void AfterFileOpen(cDocument& document, const QString& path)
 {
     document.SetCaption(path);
     AddRecentFile(path);
-    SetStatusText(OpenedFileStatus(path));
+    ShowOpenedFile(document, path);
     document.Tag = TagOpen;
 }
 
@@ -70,7 +97,7 @@ cDocument* OpenInNewWindow(const QString& path, OpenChoices choices)
     if (has(OpenChoice::Recent))
         AddRecentFile(path);
     if (has(OpenChoice::Status))
-        SetStatusText(OpenedFileStatus(path));
+        ShowOpenedFile(*document, path);
     return document;
 }
 

@@ -29,6 +29,10 @@ void AfterFileOpen(cDocument& document, const QString& path);
 // "game.bas  Size: 2048 KB   Last Modified: ..." (the number is bytes).
 QString OpenedFileStatus(const QString& path);
 
+// Puts it into the status bar, followed by the first line that is too long to be shown in colour, if there is one. The
+// document has a window.
+void ShowOpenedFile(const cDocument& document, const QString& path);
+
 // The choices in which the ways to open a file differ.
 enum class OpenChoice : unsigned {
     Recent = 1,     // the file goes to the top of the recent list

@@ -90,7 +90,7 @@ static void OpenNewestFile(const QString& path)
     PassErrorsOver([&] { LoadDocumentFile(*document, path); });
     document->Tag = TagOpen;
     document->SetCaption(path);
-    PassErrorsOver([&] { SetStatusText(OpenedFileStatus(path)); });
+    PassErrorsOver([&] { ShowOpenedFile(*document, path); });
 }
 
 void OpenAtLoad()

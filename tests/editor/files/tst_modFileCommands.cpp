@@ -110,6 +110,19 @@ private Q_SLOTS:
         QCOMPARE(bench->form.log, QStringList{u"unload frame"_s});
     }
 
+    void theStatusNamesALineThatIsTooLongForColors()
+    {
+        RecentFiles[0] = bench->Put(u"a.bas"_s, "print\r\n" + QByteArray(70000, 'x') + "\r\nend\r\n");
+        RecentFiles[1] = bench->Put(u"b.bas"_s, QByteArray(60000, 'x') + "\r\nend\r\n");
+        RecentCount = 2;
+        mnuFileMRU_Click(1);
+        QVERIFY(bench->form.status.startsWith(u"a.bas  Size: 70014 KB   Last Modified: "_s));
+        QVERIFY(bench->form.status.endsWith(u"   Line 2 is too long to be shown in colour"_s));
+        mnuFileMRU_Click(2);
+        QVERIFY(bench->form.status.startsWith(u"b.bas"_s));
+        QVERIFY(!bench->form.status.contains(u"too long"_s));
+    }
+
     void aRecentItemOpensItsFileAndMovesItToTheFront()
     {
         const QString first = bench->Put(u"a.bas"_s, "a\r\n");
