@@ -2,7 +2,6 @@
 // What is odd about a form.
 #include "guibuilder/modRemarks.h"
 
-#include "guibuilder/modDesigner.h"
 #include "guibuilder/modGenerator.h"
 #include "platform/files/modFiles.h"
 
