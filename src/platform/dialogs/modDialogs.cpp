@@ -2,6 +2,7 @@
 // The seam of the modal boxes and the place that shows an uncaught runtime error.
 #include "platform/dialogs/modDialogs.h"
 
+#include "platform/files/modNativePath.h"
 #include "platform/language/cRuntimeError.h"
 
 #include <QDir>
@@ -120,16 +121,28 @@ static void GoToFolderOf(const QString& chosen)
         QDir::setCurrent(QFileInfo(chosen).absolutePath());
 }
 
+// Whether the choice is refused, with a message.
+static bool IsRefused(const QString& chosen)
+{
+    if (!IsLostName(chosen))
+        return false;
+    MsgBox(LostNameText(chosen), BoxIcon::Exclamation);
+    return true;
+}
+
 QString FileBox(const FileSpec& spec)
 {
     const QString chosen = Current()->File(spec);
+    if (IsRefused(chosen))
+        return {};
     GoToFolderOf(chosen);
     return chosen;
 }
 
 QStringList FilesBox(const FileSpec& spec)
 {
-    const QStringList chosen = Current()->Files(spec);
+    QStringList chosen = Current()->Files(spec);
+    chosen.removeIf(IsRefused);
     GoToFolderOf(chosen.value(0));
     return chosen;
 }

@@ -11,8 +11,7 @@ namespace fs = std::filesystem;
 
 cFileReplacement::cFileReplacement(const QString& path, Durability fileDurability) : durability(fileDurability)
 {
-    if (path.isEmpty() || path.contains(QChar::Null))
-        RaiseFileError(ErrorNumber::PathFileAccess, path, std::errc::invalid_argument);
+    RequireWholeName(path);
     const fs::path target = LinkTarget(NativePath(path), path);
     std::error_code error;
     const fs::file_status status = fs::status(target, error);

@@ -50,8 +50,7 @@ struct FileInPlace {
 
 FileInPlace OpenOrMake(const QString& path, Opening opening)
 {
-    if (path.isEmpty() || path.contains(QChar::Null))
-        RaiseFileError(ErrorNumber::PathFileAccess, path, std::errc::invalid_argument);
+    RequireWholeName(path);
     const fs::path given = NativePath(path);
     FileInPlace opened;
     std::error_code error = opened.file.Open(given, opening);
@@ -124,8 +123,7 @@ void ReplaceFile(const QString& path, QByteArrayView bytes, Durability durabilit
 
 void ReplaceFile(const QString& path, FilePieces pieces, Durability durability)
 {
-    if (path.isEmpty() || path.contains(QChar::Null))
-        RaiseFileError(ErrorNumber::PathFileAccess, path, std::errc::invalid_argument);
+    RequireWholeName(path);
     std::error_code ignored;
     const fs::file_status status = fs::status(NativePath(path), ignored);
     if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status)) {

@@ -2,6 +2,7 @@
 // Files looked up, read, named and dated.
 #include "platform/files/modFiles.h"
 
+#include "platform/files/modNativePath.h"
 #include "platform/language/cRuntimeError.h"
 
 #include <QDir>
@@ -91,6 +92,8 @@ bool FolderExists(const QString& path)
 
 QByteArray ReadWhole(const QString& path)
 {
+    if (IsLostName(path))
+        RequireWholeName(path);
     if (!IsUsableName(path) || !QFileInfo::exists(path))
         Raise(ErrorNumber::FileNotFound, path);
     // A pipe or an endless device would keep the reader for ever; a folder has no bytes.

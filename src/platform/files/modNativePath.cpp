@@ -10,9 +10,31 @@
 
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace ob {
 
 namespace fs = std::filesystem;
+
+static const QString LostNameReason = u"the name has bytes that are not characters of this system"_s;
+
+bool IsLostName(const QString& path)
+{
+    return path.contains(QChar::ReplacementCharacter);
+}
+
+QString LostNameText(const QString& path)
+{
+    return u"%1 cannot be used: %2."_s.arg(path, LostNameReason);
+}
+
+void RequireWholeName(const QString& path)
+{
+    if (path.isEmpty() || path.contains(QChar::Null))
+        RaiseFileError(ErrorNumber::PathFileAccess, path, std::errc::invalid_argument);
+    if (IsLostName(path))
+        throw RuntimeErrorOf(ErrorNumber::PathFileAccess, path, LostNameReason);
+}
 
 fs::path NativePath(const QString& path)
 {

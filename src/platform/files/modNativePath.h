@@ -8,6 +8,16 @@
 
 namespace ob {
 
+// A name on the disk may have bytes that are not characters of the system. As text it is another name, in which U+FFFD
+// has the place of those bytes, and another file may have that one. Such a file is neither read nor written.
+bool IsLostName(const QString& path);
+
+// "... cannot be used: ...", for the user.
+QString LostNameText(const QString& path);
+
+// Raises PathFileAccess, with the path as its file, for a path that is empty, has a NUL or is lost.
+void RequireWholeName(const QString& path);
+
 std::filesystem::path NativePath(const QString& path);
 QString TextOfPath(const std::filesystem::path& path);
 

@@ -14,6 +14,7 @@
 #include "platform/desktop/modSystemColors.h"
 #include "platform/dialogs/modDialogs.h"
 #include "platform/files/modFiles.h"
+#include "platform/files/modNativePath.h"
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
 #include "shell/state/Module1.h"
@@ -104,6 +105,10 @@ void OpenAtLoad()
 void OpenFiles(const QStringList& paths, FileSource source)
 {
     for (const QString& name : paths) {
+        if (IsLostName(name)) {
+            SetStatusText(LostNameText(name));
+            continue;
+        }
         if (!FileExists(name)) {
             SetStatusText(FolderExists(name) ? u"%1 is a folder"_s.arg(name) : u"%1 does not exist"_s.arg(name));
             continue;

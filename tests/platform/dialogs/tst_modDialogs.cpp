@@ -32,6 +32,20 @@ private Q_SLOTS:
     void init() { bench = std::make_unique<CoreBench>(); }
     void cleanup() { bench.reset(); }
 
+    void aChosenNameThatIsNoTextIsRefused()
+    {
+        const QString path = bench->Path(u"b\uFFFD.bas"_s);
+        const QString folder = QDir::currentPath();
+        const FileSpec spec{FilePurpose::Save, u"Save"_s, {}, {}, u"BASIC|*.bas"_s};
+        bench->dialogs.ExpectFile(spec.purpose, spec.title, spec.filter, path);
+        bench->dialogs.ExpectMessage(
+            path + u" cannot be used: the name has bytes that are not characters of this system."_s, BoxAnswer::Ok,
+            BoxIcon::Exclamation);
+        QCOMPARE(FileBox(spec), QString());
+        QCOMPARE(QDir::currentPath(), folder);
+        QVERIFY(bench->dialogs.Finished());
+    }
+
     void aFilterIsPairsOfWordsAndPatterns_data()
     {
         QTest::addColumn<QString>("filter");

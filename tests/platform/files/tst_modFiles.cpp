@@ -3,6 +3,7 @@
 #include "platform/files/modFiles.h"
 
 #include "platform/files/FileTrouble.h"
+#include "platform/language/cRuntimeError.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void replacingThroughADanglingLinkMakesItsTarget();
     void replacingWritesDevicesInPlace();
     void replacingWritesAPipeThatIsRead();
+    void aNameThatIsNoTextIsRefused();
     void appendingAddsALineEnd();
     void writingKeepsALongerFilesTail();
     void namesAndFoldersOfPaths_data();
@@ -239,6 +241,29 @@ void tst_modFiles::replacingWritesAPipeThatIsRead()
 #else
     QSKIP("has no such paths");
 #endif
+}
+
+void tst_modFiles::aNameThatIsNoTextIsRefused()
+{
+    // What a name with the byte FF becomes as text, which is the name of another file.
+    const QString path = At(u"b\uFFFD.txt"_s);
+    {
+        QFile other(path);
+        QVERIFY(other.open(QIODevice::WriteOnly) && other.write("other") == 5);
+    }
+    const auto isRefused = [&](auto call) {
+        try {
+            call();
+        } catch (const ob::RuntimeError& error) {
+            return error.number == 75 && error.source == path && error.reason.startsWith(u"the name has bytes"_s);
+        }
+        return false;
+    };
+    QVERIFY(isRefused([&] { ob::ReadWhole(path); }));
+    QVERIFY(isRefused([&] { ob::ReplaceFile(path, "new"); }));
+    QVERIFY(isRefused([&] { ob::AppendToFile(path, "new"); }));
+    QVERIFY(isRefused([&] { ob::WriteKeepingTail(path, "new"); }));
+    QCOMPARE(Get(path), QByteArray("other"));
 }
 
 void tst_modFiles::appendingAddsALineEnd()

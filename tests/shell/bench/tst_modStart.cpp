@@ -186,6 +186,23 @@ private Q_SLOTS:
         QCOMPARE(RecentCount, 2);
     }
 
+    void aNameThatIsNoTextIsRefused()
+    {
+        // As text, the name is that of another file.
+        const QByteArray lost = QFile::encodeName(bench->Path(u"b"_s)) + "\xFF.bas";
+        const QString other = bench->Put(u"b\uFFFD.bas"_s, "print 2\r\n");
+        const QString path = QString::fromLocal8Bit(lost);
+        QCOMPARE(path, other);
+        for (const FileSource source : {FileSource::CommandLine, FileSource::Drop}) {
+            bench->form.status.clear();
+            OpenFiles({path}, source);
+            QCOMPARE(bench->form.status,
+                     path + u" cannot be used: the name has bytes that are not characters of this system."_s);
+        }
+        QVERIFY(bench->form.active == nullptr);
+        QVERIFY(RecentFiles[0] != path);
+    }
+
     void whatIsNoFileIsNamedInTheStatusBar()
     {
         const QString gone = bench->Path(u"gone.bas"_s);
