@@ -24,6 +24,9 @@ frmColorDefault::frmColorDefault(QWidget* parent) : QDialog(parent), ui(std::mak
     for (const std::string_view type : WindowTypes)
         ui->Combo1->addItem(LatinText(type));
     ShowValues(DefaultsOf(GuiDesign().form, ScreenScale()));
+    // The first text of every form is whole.
+    constexpr int usualCharacters = 36;
+    ui->txtStatus->setMinimumWidth(fontMetrics().averageCharWidth() * usualCharacters);
     StatusActive();
     ShowNote();
     // Of a long text the beginning is more useful.

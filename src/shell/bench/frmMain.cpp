@@ -97,6 +97,7 @@ frmMain::~frmMain()
     // The children must not see a half-destroyed frame.
     disconnect(mdi, nullptr, this, nullptr);
     delete mdi;
+    SetReasonSink(SetStatusText);
     if (MainForm == this)
         MainForm = nullptr;
     if (GuiWindow == this)
@@ -166,6 +167,7 @@ void frmMain::AskToHideToolbar()
 void frmMain::Load(std::optional<QSize> size)
 {
     LoadState();
+    SetReasonSink([this](const QString& text) { ShowPassingStatus(text); });
     const StartState state = PlaceWindow(size);
     RefreshUserButtonMenu();
     OpenAtLoad();
@@ -209,6 +211,7 @@ frmDocument* frmMain::AddWindow(cDocument& document)
     connect(child.get(), &frmDocument::TextChanged, this, [this](frmDocument* changed) {
         if (statusTexts.value(changed).startsWith(SavedStatus))
             SetStatusOf(changed, {});
+        EndPassingStatus(changed);
     });
     const QMdiSubWindow* current = mdi->currentSubWindow();
     const bool maximized = current == nullptr || current->isMaximized();
@@ -267,6 +270,7 @@ void frmMain::ActivateChild(QWidget* child)
         return;
     if (auto* before = qobject_cast<frmDocument*>(activeChild))
         before->Deactivate();
+    EndPassingStatus(activeChild);
     activeChild = child;
     sbStatusBar->SetText(statusTexts.value(child));
     if (auto* after = qobject_cast<frmDocument*>(activeChild))
@@ -280,8 +284,22 @@ void frmMain::SetStatusPanel(const QString& text)
     SetStatusOf(activeChild, text);
 }
 
+// The reason of an error is news of the moment.
+void frmMain::ShowPassingStatus(const QString& text)
+{
+    SetStatusOf(activeChild, text);
+    passingStatus.insert(activeChild);
+}
+
+void frmMain::EndPassingStatus(const QWidget* child)
+{
+    if (passingStatus.contains(child))
+        SetStatusOf(child, {});
+}
+
 void frmMain::SetStatusOf(const QWidget* child, const QString& text)
 {
+    passingStatus.remove(child);
     statusTexts.insert(child, text);
     if (child == activeChild)
         sbStatusBar->SetText(text);
@@ -290,6 +308,7 @@ void frmMain::SetStatusOf(const QWidget* child, const QString& text)
 void frmMain::ForgetChild(const QWidget* child)
 {
     statusTexts.remove(child);
+    passingStatus.remove(child);
     if (activeChild != child)
         return;
     activeChild = nullptr;

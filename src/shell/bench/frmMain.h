@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QMainWindow>
 #include <QRect>
+#include <QSet>
 
 #include <memory>
 #include <optional>
@@ -104,12 +105,15 @@ private:
     void SubWindowActivated(QMdiSubWindow* window);
     void ActivateChild(QWidget* child);
     void SetStatusOf(const QWidget* child, const QString& text);
+    void ShowPassingStatus(const QString& text);
+    void EndPassingStatus(const QWidget* child);
     void ForgetChild(const QWidget* child);
     QMdiSubWindow* SubWindowOf(const QWidget* child) const;
 
     QMdiArea* mdi = nullptr;
     frmStartPage* startPage = nullptr;
-    std::optional<QRect> normalPlace; // until the window leaves the maximized state of a first start
+    std::optional<QRect> normalPlace; // until the window leaves the maximized state that it started in
+    enum class PlaceOf { Frame, Inside } normalPlaceOf = PlaceOf::Frame;
     QToolBar* tbToolBar = nullptr;
     std::unique_ptr<cDesigner> designer; // of the form shown by gui
     frmPalette* picGui = nullptr;
@@ -119,6 +123,7 @@ private:
     QHash<QString, QAction*> items;
     ToolbarParts toolbar;
     QWidget* activeChild = nullptr;
+    QSet<const QWidget*> passingStatus; // children whose text goes with their next change, or when they are left
     QHash<const QWidget*, QString> statusTexts; // the last one of each child, and of the frame without one
 };
 

@@ -12,6 +12,8 @@
 #include <QScreen>
 #include <QStyle>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace ob {
@@ -55,19 +57,22 @@ StartState frmMain::PlaceWindow(std::optional<QSize> size)
     resize(size.value_or(stored.size()));
     if (size)
         return StartState::Normal;
-    if (!HasSettings()) {
-        // Where nothing maximizes windows, this is what a new user sees.
-        const QRect first(rooms.value(0).topLeft(), FirstSize);
-        setGeometry(PulledOnto(rooms.value(0), first));
-        normalPlace = stored;
-        return StartState::Maximized;
-    }
-    if (ReadRemembered(Section, MaximizedKey) != Yes)
+    const bool isFirst = !HasSettings();
+    if (!isFirst && ReadRemembered(Section, MaximizedKey) != Yes)
         return StartState::Normal;
-    if (const auto normal = RememberedPlace(objectName()))
-        setGeometry(PlaceOnScreens({static_cast<double>(normal->x()), static_cast<double>(normal->y()),
-                                    static_cast<double>(normal->width()), static_cast<double>(normal->height())},
-                                   rooms));
+    normalPlace = stored;
+    if (const auto normal = RememberedPlace(objectName()); !isFirst && normal) {
+        normalPlaceOf = PlaceOf::Inside;
+        normalPlace = PlaceOnScreens({static_cast<double>(normal->x()), static_cast<double>(normal->y()),
+                                      static_cast<double>(normal->width()), static_cast<double>(normal->height())},
+                                     rooms);
+    }
+    // Where nothing maximizes windows, this is what the user sees. A window that is smaller than what it is about to
+    // show would grow before it is on the screen, and be maximized no more.
+    const auto hasCorner = [this](const QRect& room) { return room.contains(normalPlace->topLeft()); };
+    const auto room = std::find_if(rooms.begin(), rooms.end(), hasCorner);
+    const QRect screen = room == rooms.end() ? rooms.value(0) : *room;
+    setGeometry(PulledOnto(screen, QRect(screen.topLeft(), FirstSize)));
     return StartState::Maximized;
 }
 
@@ -76,8 +81,12 @@ void frmMain::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange || isMaximized() || isMinimized() || !normalPlace)
         return;
-    move(normalPlace->topLeft());
-    resize(normalPlace->size());
+    if (normalPlaceOf == PlaceOf::Inside) {
+        setGeometry(*normalPlace);
+    } else {
+        move(normalPlace->topLeft());
+        resize(normalPlace->size());
+    }
     normalPlace.reset();
 }
 

@@ -18,6 +18,9 @@ namespace ob {
 
 namespace {
 
+constexpr int DarkestLightWindow = 127;
+constexpr float OutlineStrength = 0.5F;
+
 constexpr char KeepsLineEnds[] = "keepsLineEnds";
 
 // The colour, mixed with that of the row's text as far as it takes to be seen on the row.
@@ -96,6 +99,29 @@ void frmStyle::polish(QPalette& palette)
         hint.setAlpha(half);
         palette.setColor(group, QPalette::PlaceholderText, hint);
     }
+}
+
+void frmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const
+{
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool isRound = element == PE_IndicatorRadioButton;
+    const bool isMark = isRound || element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+    if (!isMark || option->palette.color(QPalette::Window).lightness() > DarkestLightWindow)
+        return;
+    // The style's outline is a darker shade of the window, which a dark window hides.
+    QColor outline = option->palette.color(QPalette::WindowText);
+    outline.setAlphaF(OutlineStrength);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(outline);
+    painter->setBrush(Qt::NoBrush);
+    const QRectF frame = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    if (isRound)
+        painter->drawEllipse(frame);
+    else
+        painter->drawRect(frame);
+    painter->restore();
 }
 
 void frmStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

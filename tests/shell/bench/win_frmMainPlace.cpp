@@ -45,6 +45,7 @@ private Q_SLOTS:
     void firstStartKeepsItsNormalRectangle();
     void normalWindowIsNotMaximizedAtTheNextStart();
     void maximizedWindowIsMaximizedAgain();
+    void maximizedWindowStaysSoWithAForm();
     void placeThatHangsOffTheScreenIsPulledInWhole_data();
     void placeThatHangsOffTheScreenIsPulledInWhole();
     void givenSizeIsTheWindowsSize();
@@ -97,6 +98,24 @@ void win_frmMainPlace::maximizedWindowIsMaximizedAgain()
     QVERIFY(bench.Frame().isMaximized());
     bench.Frame().showNormal();
     QTRY_COMPARE(bench.Frame().geometry(), normal);
+}
+
+void win_frmMainPlace::maximizedWindowStaysSoWithAForm()
+{
+    TestBench bench;
+    const QRect normal(40, 40, 433, 433);
+    WriteRemembered(u"Bench"_s, u"Maximized"_s, u"True"_s);
+    RememberPlace(u"frmMain"_s, normal);
+    bench.AnswerModals([](QDialog& box) { box.accept(); });
+    bench.Start({u"" OB_TEST_DATA "/../../samples/address-book.obf"_s});
+    QApplication::processEvents();
+    QVERIFY(bench.Frame().isMaximized());
+    // The form's tools need more height than that, and a window that grows before it is shown is not maximized.
+    QVERIFY(bench.Frame().normalGeometry().height() >= bench.Frame().minimumSizeHint().height());
+    bench.Frame().showNormal();
+    QApplication::processEvents();
+    QCOMPARE(bench.Frame().geometry().topLeft(), normal.topLeft());
+    QCOMPARE(bench.Frame().width(), normal.width());
 }
 
 void win_frmMainPlace::placeThatHangsOffTheScreenIsPulledInWhole_data()
