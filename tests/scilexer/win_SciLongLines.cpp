@@ -77,6 +77,10 @@ void win_SciLongLines::aLineOfMegabytesIsShownAtOnce()
     QVERIFY2(timer.elapsed() < most, qPrintable(QString::number(timer.elapsed())));
     QVERIFY(HasText(image));
     QVERIFY(bench.Text() == line);
+    timer.restart();
+    SendSci(bench.sci, SCI_SETWRAPMODE, 1);
+    QVERIFY(HasText(bench.Paint()));
+    QVERIFY2(timer.elapsed() < most, qPrintable(QString::number(timer.elapsed())));
 }
 
 void win_SciLongLines::theNeighborsOfALongLineKeepTheirColors()

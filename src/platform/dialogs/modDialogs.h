@@ -131,10 +131,6 @@ void ShowRuntimeError(const NumberedError& error);
 // runtime's error 7, any other with its reason.
 void ShowCaughtError();
 
-// Called while an exception is handled: shows that one. A runtime error is shown as above, want of memory as the
-// runtime's error 7, any other with its reason.
-void ShowCaughtError();
-
 enum class CommandEnd { Finished, Failed };
 
 // Runs a command to its end. An exception that nobody caught ends the command and is shown; the program goes on.
