@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reads a program: all of it in one pass, with all its errors.
+#pragma once
+
+#include "orchard/language/modProgram.h"
+
+#include <string>
+#include <string_view>
+
+namespace ob::basic {
+
+// Gives the value of a constant of the system's interfaces, named with its `_`; false when there is none of that name.
+using ConstantLookup = bool (*)(std::string_view name, double& value);
+
+// The program is right when it has no errors. A text ends at its first NUL; texts of 2 GB and more are an error.
+// Without a lookup every constant is taken for 0.
+Program ReadProgram(std::string text, ConstantLookup findConstant);
+
+} // namespace ob::basic
