@@ -25,7 +25,7 @@ mapfile -t folders < <(cut -d'|' -f1 "$rooms")
 [ ${#folders[@]} -gt 20 ] || { echo "$rooms lists too few rooms"; exit 1; }
 mapfile -t sources < <(find "${folders[@]}" -maxdepth 1 -name '*.h' -o -maxdepth 1 -name '*.cpp' -o -maxdepth 1 -name '*.ui' | sort -u)
 mapfile -t core < <(printf '%s\n' "${sources[@]}" | grep -E '/(c[A-Z]|C[A-Z]|mod|Module1)[^/]*\.(h|cpp)$')
-mapfile -t pure < <(printf '%s\n' "${core[@]}" | grep -E '^(imaging|scilexer)/')
+mapfile -t pure < <(printf '%s\n' "${core[@]}" | grep -E '^(imaging|scilexer|orchard/[a-z]+)/' | grep -v '_windows\.cpp$')
 
 fail "A room includes what its line does not name:" "$(
   grep -HnoE '#include *"[^"]+/[^"]+"|<header>[^<]+</header>' "${sources[@]}" | awk -F'|' -v rooms="$rooms" '
@@ -66,7 +66,7 @@ fail "The README's table of folders lacks a room (<) or names one that is not th
 fail "A core file includes a window or the window toolkit:" "$(grep -HnE \
   '#include *[<"](QtWidgets|QtPrintSupport|QPrint|QApplication|QWidget|QDialog|QMessageBox|QMainWindow|QMdi|QFileDialog|QInputDialog|QMenu|QToolBar|QLabel|QLineEdit|QPushButton|QComboBox)|#include *"([a-z]+/)*(frm|dlg)[A-Z]|#include *"ui_' \
   "${core[@]}" || true)"
-fail "The lexer and the imaging library use the standard library alone:" \
+fail "The lexer, the imaging library and the engine use the standard library alone:" \
   "$(grep -HnE '#include *<(Q|windows|X11)' "${pure[@]}" || true)"
 
 # Every class of the window toolkit has its symbols in the library; a core that uses one names it.
@@ -76,7 +76,7 @@ for library in "$@"; do
   fail "$library names the window toolkit:" \
     "$(grep -E " (vtable for |typeinfo for )?$widgets(::|\$)" <<<"$names" | sort -u | head -n 20 || true)"
   case $library in
-  *ob_scilexer.* | *ob_imaging.*)
+  *ob_scilexer.* | *ob_imaging.* | *ob_orchard_*)
     fail "$library names a toolkit:" "$(grep -E ' (Q[A-Z]|qt_)' <<<"$names" | head -n 20 || true)"
     ;;
   esac
