@@ -13,7 +13,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace ob {
+namespace ob::basic {
 
 // Items 0 to a size in one or two dimensions, all of them zeros of their type at first. Item is double or cText; memory
 // that nobody has touched costs none.
@@ -94,4 +94,4 @@ private:
     int dimensions = 0;
 };
 
-} // namespace ob
+} // namespace ob::basic

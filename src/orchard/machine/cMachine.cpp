@@ -6,7 +6,7 @@
 #include <bit>
 #include <new>
 
-namespace ob {
+namespace ob::basic {
 
 namespace {
 
@@ -15,7 +15,7 @@ constexpr std::size_t FirstFrames = 64;
 
 } // namespace
 
-cMachine::cMachine(const Program& checked, std::span<const LibraryRow> rows)
+cMachine::cMachine(const MachineCode& checked, std::span<const LibraryRow> rows)
     : program(checked), library(rows), globals(checked.globalNumbers), globalTexts(checked.globalTexts),
       numberArrays(checked.numberArrays), textArrays(checked.textArrays)
 {
@@ -29,7 +29,7 @@ cMachine::~cMachine() = default;
 cMachine::Ending cMachine::Run()
 {
     Enter(program.routines.front(), 0, 0, nullptr);
-    current = program.code.data() + program.routines.front().start;
+    current = program.instructions.data() + program.routines.front().start;
     // A handler that raises its own error again goes round here.
     while (!IsStopped()) {
         try {
@@ -55,7 +55,7 @@ void cMachine::Grow(std::size_t numberCount, std::size_t textCount)
 
 const StatementPlace& cMachine::StatementAt(const Instruction* instruction) const
 {
-    const auto place = static_cast<std::uint32_t>(instruction - program.code.data());
+    const auto place = static_cast<std::uint32_t>(instruction - program.instructions.data());
     const auto after = std::ranges::upper_bound(program.statements, place, {}, &StatementPlace::instruction);
     return *std::prev(after);
 }
@@ -72,7 +72,7 @@ bool cMachine::Handle(const RunError& error)
         raised = frames.back().next - 1;
         Leave();
     }
-    resumeAt = program.code.data() + StatementAt(raised).instruction;
+    resumeAt = program.instructions.data() + StatementAt(raised).instruction;
     current = frames.back().handler;
     return true;
 }
@@ -81,8 +81,8 @@ void cMachine::DoResume()
 {
     if (resumeAt == nullptr)
         throw run_errors::ResumeWithoutError();
-    const auto place = static_cast<std::uint32_t>(resumeAt - program.code.data());
-    const Routine& routine = *frames.back().routine;
+    const auto place = static_cast<std::uint32_t>(resumeAt - program.instructions.data());
+    const MachineRoutine& routine = *frames.back().routine;
     if (place < routine.start || place >= routine.end)
         throw run_errors::ResumeWithoutError();
     current = std::exchange(resumeAt, nullptr);
@@ -126,4 +126,4 @@ cText& cMachine::TextAt(double packed)
     throw run_errors::Subscript();
 }
 
-} // namespace ob
+} // namespace ob::basic

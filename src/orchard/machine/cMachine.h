@@ -3,7 +3,7 @@
 #pragma once
 
 #include "orchard/machine/cArrays.h"
-#include "orchard/machine/cProgram.h"
+#include "orchard/machine/cMachineCode.h"
 #include "orchard/machine/cRunError.h"
 #include "orchard/machine/cText.h"
 
@@ -14,7 +14,7 @@
 #include <span>
 #include <vector>
 
-namespace ob {
+namespace ob::basic {
 
 class cMachine;
 
@@ -31,8 +31,8 @@ struct LibraryRow {
 
 class cMachine {
 public:
-    // The program must have been checked (modCheckProgram.h) with that library. Both must live as long as the machine.
-    cMachine(const Program& program, std::span<const LibraryRow> library);
+    // The program must have been checked (modCheckCode.h) with that library. Both must live as long as the machine.
+    cMachine(const MachineCode& program, std::span<const LibraryRow> library);
     ~cMachine();
     cMachine(const cMachine&) = delete;
     cMachine& operator=(const cMachine&) = delete;
@@ -54,7 +54,7 @@ public:
 
 private:
     struct Frame {
-        const Routine* routine;
+        const MachineRoutine* routine;
         const Instruction* next;    // where the caller goes on
         const Instruction* handler; // null without one
         std::size_t numbers;        // the place of the first register
@@ -75,7 +75,7 @@ private:
     cText& TextAt(double reference);
 
     Ending Loop();
-    void Enter(const Routine& routine, std::size_t firstNumber, std::size_t firstText, const Instruction* next);
+    void Enter(const MachineRoutine& routine, std::size_t firstNumber, std::size_t firstText, const Instruction* next);
     void Leave();
     void Grow(std::size_t numbers, std::size_t texts);
     bool Handle(const RunError& error);
@@ -89,7 +89,7 @@ private:
     template <class Item, class... Index>
     static Item& ItemAt(cArray<Item>& array, Index... index);
 
-    const Program& program;
+    const MachineCode& program;
     std::span<const LibraryRow> library;
 
     std::vector<double> globals;
@@ -110,7 +110,7 @@ private:
     std::atomic<bool> isStopped = false;
 };
 
-inline void cMachine::Enter(const Routine& routine, std::size_t firstNumber, std::size_t firstText,
+inline void cMachine::Enter(const MachineRoutine& routine, std::size_t firstNumber, std::size_t firstText,
                             const Instruction* next)
 {
     if (firstNumber + routine.numberRegisters > numbers.size() || firstText + routine.textRegisters > texts.size())
@@ -128,7 +128,7 @@ inline void cMachine::Enter(const Routine& routine, std::size_t firstNumber, std
 inline void cMachine::Leave()
 {
     const Frame& frame = frames.back();
-    const Routine& routine = *frame.routine;
+    const MachineRoutine& routine = *frame.routine;
     if (routine.result == ValueType::Number)
         numbers[frame.numbers] = numbers[frame.numbers + routine.resultRegister];
     else if (routine.result == ValueType::Text && routine.resultRegister != 0)
@@ -141,4 +141,4 @@ inline void cMachine::Leave()
     frames.pop_back();
 }
 
-} // namespace ob
+} // namespace ob::basic

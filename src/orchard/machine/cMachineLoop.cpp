@@ -8,7 +8,7 @@
 #include <cmath>
 #include <limits>
 
-namespace ob {
+namespace ob::basic {
 
 namespace {
 
@@ -398,9 +398,9 @@ DoSetReferredText:
 
 DoCall : {
     current = pc;
-    const Routine& routine = program.routines[pc->a];
+    const MachineRoutine& routine = program.routines[pc->a];
     Enter(routine, frames.back().numbers + pc->b, frames.back().texts + pc->c, pc + 1);
-    pc = program.code.data() + routine.start;
+    pc = program.instructions.data() + routine.start;
     RELOAD;
     if (IsStopped()) [[unlikely]]
         return Ending::Stopped;
@@ -447,4 +447,4 @@ DoLibrary:
 #undef RELOAD
 }
 
-} // namespace ob
+} // namespace ob::basic

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-namespace ob {
+namespace ob::basic {
 
 // Raised by an instruction or a routine of the library; the machine adds the line.
 class RunError : public std::exception {
@@ -55,4 +55,4 @@ inline RunError ResumeWithoutError()
 
 } // namespace run_errors
 
-} // namespace ob
+} // namespace ob::basic

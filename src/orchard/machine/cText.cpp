@@ -9,7 +9,7 @@
 #include <limits>
 #include <new>
 
-namespace ob {
+namespace ob::basic {
 
 namespace {
 
@@ -96,4 +96,4 @@ void cText::Append(std::string_view added)
     size += added.size();
 }
 
-} // namespace ob
+} // namespace ob::basic

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-namespace ob {
+namespace ob::basic {
 
 // A slice of a counted buffer, or of bytes that outlive the program's run (literals). Copies share the bytes. For one
 // thread. Bytes of zero are the empty text, so a block of zeros is a row of empty texts. Throws std::bad_alloc.
@@ -91,4 +91,4 @@ private:
     Buffer* buffer = nullptr;
 };
 
-} // namespace ob
+} // namespace ob::basic

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace ob {
+namespace ob::basic {
 
 namespace {
 
@@ -21,4 +21,4 @@ std::span<const OperationInfo> Operations()
     return AllOperations;
 }
 
-} // namespace ob
+} // namespace ob::basic

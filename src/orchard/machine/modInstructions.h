@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace ob {
+namespace ob::basic {
 
 // What an instruction's operand is.
 //   n, N  a number register that is read, written     t, T  a text register that is read, written
@@ -139,4 +139,4 @@ constexpr std::int32_t ShortJump(const Instruction& instruction)
     return static_cast<std::int16_t>(instruction.c);
 }
 
-} // namespace ob
+} // namespace ob::basic

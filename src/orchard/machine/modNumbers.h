@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace ob {
+namespace ob::basic {
 
 // The 64 bits of a whole number in two's complement; a fraction is cut, and what is beyond wraps round.
 inline std::uint64_t ToBits(double number)
@@ -43,4 +43,4 @@ inline double Remainder(double dividend, double divisor)
     return std::fmod(dividend, divisor);
 }
 
-} // namespace ob
+} // namespace ob::basic

@@ -3,18 +3,18 @@
 #pragma once
 
 #include "orchard/machine/cMachine.h"
-#include "orchard/machine/modCheckProgram.h"
+#include "orchard/machine/modCheckCode.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace programs {
 
-using ob::Instruction;
-using ob::Operation;
-using ob::Program;
-using ob::Routine;
-using ob::ValueType;
+using ob::basic::Instruction;
+using ob::basic::Operation;
+using ob::basic::MachineCode;
+using ob::basic::MachineRoutine;
+using ob::basic::ValueType;
 
 // The operand of a jump over so many instructions.
 constexpr std::uint16_t Over(int distance)
@@ -28,9 +28,9 @@ constexpr Instruction Far(Operation operation, std::uint16_t a, int distance)
     return {operation, a, static_cast<std::uint16_t>(bits), static_cast<std::uint16_t>(bits >> 16)};
 }
 
-inline Routine MainOf(std::size_t instructions, std::uint16_t numbers, std::uint16_t texts = 0)
+inline MachineRoutine MainOf(std::size_t instructions, std::uint16_t numbers, std::uint16_t texts = 0)
 {
-    Routine routine;
+    MachineRoutine routine;
     routine.name = "main";
     routine.end = static_cast<std::uint32_t>(instructions);
     routine.numberVariables = routine.numberRegisters = numbers;
@@ -40,24 +40,24 @@ inline Routine MainOf(std::size_t instructions, std::uint16_t numbers, std::uint
 
 // A main program alone; its last register of numbers is what it shows. A statement starts at each instruction, its
 // line one more than the instruction's place.
-inline Program Alone(std::vector<Instruction> code, std::vector<double> numbers, std::uint16_t registers,
+inline MachineCode Alone(std::vector<Instruction> code, std::vector<double> numbers, std::uint16_t registers,
                      std::uint16_t texts = 0)
 {
-    Program program;
-    program.code = std::move(code);
+    MachineCode program;
+    program.instructions = std::move(code);
     program.numbers = std::move(numbers);
-    program.routines = {MainOf(program.code.size(), registers, texts)};
-    for (std::uint32_t place = 0; place < program.code.size(); ++place)
-        if (program.code[place].operation != Operation::More)
+    program.routines = {MainOf(program.instructions.size(), registers, texts)};
+    for (std::uint32_t place = 0; place < program.instructions.size(); ++place)
+        if (program.instructions[place].operation != Operation::More)
             program.statements.push_back({place, place + 1});
     return program;
 }
 
 // fib(n) by recursion, its argument being the first number constant; shows the result.
-inline Program Fibonacci(double argument)
+inline MachineCode Fibonacci(double argument)
 {
     using O = Operation;
-    Program program = Alone({{O::Load, 0, 0, 0},
+    MachineCode program = Alone({{O::Load, 0, 0, 0},
                              {O::Call, 1, 0, 0},
                              {O::Library, 0, 0, 0},
                              {O::End},
@@ -71,7 +71,7 @@ inline Program Fibonacci(double argument)
                              {O::Add, 1, 2, 3},
                              {O::Return}},
                             {argument, 2, -1, -2}, 1);
-    Routine fib;
+    MachineRoutine fib;
     fib.name = "fib";
     fib.start = program.routines[0].end = 4;
     fib.end = 13;
@@ -98,12 +98,12 @@ inline std::string& ShownText()
 }
 
 // Row 0 shows a number, row 1 a text; row 2 raises error 99.
-inline const std::vector<ob::LibraryRow>& Library()
+inline const std::vector<ob::basic::LibraryRow>& Library()
 {
-    static const std::vector<ob::LibraryRow> rows = {
-        {[](ob::cMachine&, double* numbers, ob::cText*) { Shown().push_back(*numbers); }, 1, 0, ValueType::None},
-        {[](ob::cMachine&, double*, ob::cText* texts) { ShownText() += texts->View(); }, 0, 1, ValueType::None},
-        {[](ob::cMachine&, double*, ob::cText*) { throw ob::RunError(99, "Ninety-nine"); }, 0, 0, ValueType::None},
+    static const std::vector<ob::basic::LibraryRow> rows = {
+        {[](ob::basic::cMachine&, double* numbers, ob::basic::cText*) { Shown().push_back(*numbers); }, 1, 0, ValueType::None},
+        {[](ob::basic::cMachine&, double*, ob::basic::cText* texts) { ShownText() += texts->View(); }, 0, 1, ValueType::None},
+        {[](ob::basic::cMachine&, double*, ob::basic::cText*) { throw ob::basic::RunError(99, "Ninety-nine"); }, 0, 0, ValueType::None},
     };
     return rows;
 }

@@ -12,24 +12,24 @@ using O = Operation;
 
 namespace {
 
-std::vector<double> Run(const Program& program)
+std::vector<double> Run(const MachineCode& program)
 {
-    const auto wrong = ob::CheckProgram(program, Library());
+    const auto wrong = ob::basic::CheckMachineCode(program, Library());
     if (wrong)
         qFatal("%s", wrong->c_str());
     Shown().clear();
     ShownText().clear();
-    ob::cMachine machine(program, Library());
+    ob::basic::cMachine machine(program, Library());
     machine.Run();
     return Shown();
 }
 
 // The number and line of the error that ends the program.
-std::pair<int, std::uint32_t> ErrorOf(const Program& program)
+std::pair<int, std::uint32_t> ErrorOf(const MachineCode& program)
 {
     try {
         Run(program);
-    } catch (const ob::RunError& error) {
+    } catch (const ob::basic::RunError& error) {
         return {error.number, error.line};
     }
     return {0, 0};
@@ -137,8 +137,8 @@ void tst_cMachine::recursion()
 void tst_cMachine::deepRecursion()
 {
     // deep(n) = n when n < 1, else deep(n - 1) + 1
-    Program program = Fibonacci(1000000);
-    program.code = {{O::Load, 0, 0, 0},
+    MachineCode program = Fibonacci(1000000);
+    program.instructions = {{O::Load, 0, 0, 0},
                     {O::Call, 1, 0, 0},
                     {O::Library, 0, 0, 0},
                     {O::End},
@@ -192,7 +192,7 @@ void tst_cMachine::countedLoops()
 
 void tst_cMachine::arrays()
 {
-    Program program = Alone({{O::Load, 0, 0, 0},
+    MachineCode program = Alone({{O::Load, 0, 0, 0},
                              {O::Load, 1, 1, 0},
                              {O::SetItem, 0, 0, 1}, // a(2.9) = 7, of an array that nobody dimensioned
                              {O::Load, 2, 2, 0},
@@ -215,7 +215,7 @@ void tst_cMachine::arrays()
 
 void tst_cMachine::arraysOfTexts()
 {
-    Program program = Alone({{O::LoadText, 0, 0, 0},
+    MachineCode program = Alone({{O::LoadText, 0, 0, 0},
                              {O::Load, 0, 0, 0},
                              {O::SetTextItem, 0, 0, 0},
                              {O::LoadText, 0, 1, 0},
@@ -238,21 +238,21 @@ void tst_cMachine::arraysOfTexts()
 void tst_cMachine::indexesBeyondAnArray()
 {
     for (const double index : {11.0, -1.0, 1e300, -1e300}) {
-        Program program = Alone({{O::Load, 0, 0, 0}, {O::GetItem, 1, 0, 0}, {O::End}}, {index}, 2);
+        MachineCode program = Alone({{O::Load, 0, 0, 0}, {O::GetItem, 1, 0, 0}, {O::End}}, {index}, 2);
         program.numberArrays = 1;
         QCOMPARE(ErrorOf(program), (std::pair<int, std::uint32_t>{9, 2}));
     }
-    Program huge = Alone({{O::Load, 0, 0, 0}, {O::Dim2, 0, 0, 0}, {O::End}}, {9e12}, 1);
+    MachineCode huge = Alone({{O::Load, 0, 0, 0}, {O::Dim2, 0, 0, 0}, {O::End}}, {9e12}, 1);
     huge.numberArrays = 1;
     QCOMPARE(ErrorOf(huge).first, 7);
-    Program negative = Alone({{O::Load, 0, 0, 0}, {O::Dim, 0, 0, 0}, {O::End}}, {-1}, 1);
+    MachineCode negative = Alone({{O::Load, 0, 0, 0}, {O::Dim, 0, 0, 0}, {O::End}}, {-1}, 1);
     negative.numberArrays = 1;
     QCOMPARE(ErrorOf(negative).first, 9);
 }
 
 void tst_cMachine::texts()
 {
-    Program program = Alone({{O::LoadText, 0, 0, 0},
+    MachineCode program = Alone({{O::LoadText, 0, 0, 0},
                              {O::LoadText, 1, 1, 0},
                              {O::JoinText, 2, 0, 1},
                              {O::JoinText, 2, 2, 2},
@@ -294,7 +294,7 @@ void tst_cMachine::returnWithoutGosub()
 void tst_cMachine::references()
 {
     // twice(byref x) doubles a register, a global and an item.
-    Program program = Alone({{O::Load, 0, 0, 0},        {O::ReferToRegister, 1, 0, 0},
+    MachineCode program = Alone({{O::Load, 0, 0, 0},        {O::ReferToRegister, 1, 0, 0},
                              {O::Call, 1, 1, 0},        {O::Library, 0, 0, 0},
                              {O::StoreGlobal, 0, 0, 0}, {O::ReferToGlobal, 1, 0, 0},
                              {O::Call, 1, 1, 0},        {O::LoadGlobal, 1, 0, 0},
@@ -307,7 +307,7 @@ void tst_cMachine::references()
                             {3}, 2);
     program.globalNumbers = 1;
     program.numberArrays = 1;
-    Routine twice;
+    MachineRoutine twice;
     twice.start = program.routines[0].end = 16;
     twice.end = 20;
     twice.numberParameters = 1;
@@ -318,7 +318,7 @@ void tst_cMachine::references()
 
 void tst_cMachine::referencesToLostItems()
 {
-    Program program = Alone({{O::Load, 0, 0, 0},
+    MachineCode program = Alone({{O::Load, 0, 0, 0},
                              {O::ReferToItem, 1, 0, 0},
                              {O::More, 0, 0, 0},
                              {O::Load, 0, 1, 0},
@@ -333,7 +333,7 @@ void tst_cMachine::referencesToLostItems()
 void tst_cMachine::handlerAndResume()
 {
     // The handler makes the divisor 4 and resumes the statement.
-    Program program = Alone({Far(O::OnError, 1, 4),
+    MachineCode program = Alone({Far(O::OnError, 1, 4),
                              {O::Load, 0, 0, 0},
                              {O::Divide, 2, 0, 1},
                              {O::Library, 0, 2, 0},
@@ -342,14 +342,14 @@ void tst_cMachine::handlerAndResume()
                              {O::Resume}},
                             {10, 4}, 3);
     QCOMPARE(Run(program), std::vector<double>{2.5});
-    program.code[0].a = 0;
+    program.instructions[0].a = 0;
     QCOMPARE(ErrorOf(program), (std::pair<int, std::uint32_t>{11, 3}));
     QCOMPARE(ErrorOf(Alone({{O::Resume}}, {}, 1)).first, 20);
 }
 
 void tst_cMachine::handlerOfTheCaller()
 {
-    Program program = Alone({Far(O::OnError, 1, 4),
+    MachineCode program = Alone({Far(O::OnError, 1, 4),
                              {O::AddK, 0, 0, 0},
                              {O::JumpIfGreaterOrEqualK, 0, 1, 1}, // the second time
                              {O::Call, 1, 1, 0},
@@ -361,7 +361,7 @@ void tst_cMachine::handlerOfTheCaller()
                              {O::Library, 2, 0, 0},
                              {O::Return}},
                             {1, 3}, 2);
-    Routine raises;
+    MachineRoutine raises;
     raises.start = program.routines[0].end = 9;
     raises.end = 11;
     raises.numberRegisters = raises.numberVariables = 1;
@@ -371,15 +371,15 @@ void tst_cMachine::handlerOfTheCaller()
 
 void tst_cMachine::stopsInALoop()
 {
-    const Program program = Alone({Far(O::Jump, 0, -1)}, {}, 1);
-    ob::cMachine machine(program, Library());
+    const MachineCode program = Alone({Far(O::Jump, 0, -1)}, {}, 1);
+    ob::basic::cMachine machine(program, Library());
     std::thread stopper([&machine] {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
         machine.Stop();
     });
-    const ob::cMachine::Ending ending = machine.Run();
+    const ob::basic::cMachine::Ending ending = machine.Run();
     stopper.join();
-    QVERIFY(ending == ob::cMachine::Ending::Stopped);
+    QVERIFY(ending == ob::basic::cMachine::Ending::Stopped);
 }
 
 QTEST_APPLESS_MAIN(tst_cMachine)

@@ -22,12 +22,12 @@ private Q_SLOTS:
 
 void tst_cText::emptyAndZeroedTexts()
 {
-    const ob::cText empty;
+    const ob::basic::cText empty;
     QVERIFY(empty.View().empty());
-    QVERIFY(ob::cText(std::string_view()).View().empty());
-    void* const zeros = std::calloc(1, sizeof(ob::cText));
-    auto* const text = static_cast<ob::cText*>(zeros);
-    *text = ob::cText("filled");
+    QVERIFY(ob::basic::cText(std::string_view()).View().empty());
+    void* const zeros = std::calloc(1, sizeof(ob::basic::cText));
+    auto* const text = static_cast<ob::basic::cText*>(zeros);
+    *text = ob::basic::cText("filled");
     QCOMPARE(text->View(), std::string_view("filled"));
     text->~cText();
     std::free(zeros);
@@ -35,17 +35,17 @@ void tst_cText::emptyAndZeroedTexts()
 
 void tst_cText::copiesAndSlicesShareBytes()
 {
-    const ob::cText text("a text that has more bytes than one register");
-    const ob::cText copy = text;
+    const ob::basic::cText text("a text that has more bytes than one register");
+    const ob::basic::cText copy = text;
     QCOMPARE(static_cast<const void*>(copy.View().data()), static_cast<const void*>(text.View().data()));
-    const ob::cText slice = text.Slice(2, 4);
+    const ob::basic::cText slice = text.Slice(2, 4);
     QCOMPARE(slice.View(), std::string_view("text"));
     QCOMPARE(static_cast<const void*>(slice.View().data()), static_cast<const void*>(text.View().data() + 2));
     QCOMPARE(text.Slice(text.View().substr(7, 4)).View(), std::string_view("that"));
     QVERIFY(text.Slice(std::string_view()).View().empty());
-    ob::cText lasting;
+    ob::basic::cText lasting;
     {
-        const ob::cText gone("a text whose owner is gone before its slice");
+        const ob::basic::cText gone("a text whose owner is gone before its slice");
         lasting = gone.Slice(2, 10);
     }
     QCOMPARE(lasting.View(), std::string_view("text whose"));
@@ -53,27 +53,27 @@ void tst_cText::copiesAndSlicesShareBytes()
 
 void tst_cText::smallSlicesLetGoOfLargeTexts()
 {
-    const ob::cText large(std::string(100000, 'x'));
-    const ob::cText small = large.Slice(50, 10);
+    const ob::basic::cText large(std::string(100000, 'x'));
+    const ob::basic::cText small = large.Slice(50, 10);
     QCOMPARE(small.View(), std::string_view("xxxxxxxxxx"));
     QVERIFY(small.View().data() < large.View().data() || small.View().data() >= large.View().data() + 100000);
 }
 
 void tst_cText::appendingLeavesSharedTextsAlone()
 {
-    ob::cText first("start");
-    const ob::cText before = first;
-    ob::cText second = first;
+    ob::basic::cText first("start");
+    const ob::basic::cText before = first;
+    ob::basic::cText second = first;
     first.Append(" one");
     second.Append(" two");
     first.Append(" more");
     QCOMPARE(before.View(), std::string_view("start"));
     QCOMPARE(first.View(), std::string_view("start one more"));
     QCOMPARE(second.View(), std::string_view("start two"));
-    ob::cText literal = ob::cText::Literal("fixed");
+    ob::basic::cText literal = ob::basic::cText::Literal("fixed");
     literal.Append("!");
     QCOMPARE(literal.View(), std::string_view("fixed!"));
-    ob::cText prefix = first.Slice(0, 5);
+    ob::basic::cText prefix = first.Slice(0, 5);
     prefix.Append("ed");
     QCOMPARE(prefix.View(), std::string_view("started"));
     QCOMPARE(first.View(), std::string_view("start one more"));
@@ -81,7 +81,7 @@ void tst_cText::appendingLeavesSharedTextsAlone()
 
 void tst_cText::appendingTextToItself()
 {
-    ob::cText text("abc");
+    ob::basic::cText text("abc");
     std::string expected = "abc";
     for (int count = 0; count < 12; ++count) {
         text.Append(text.View());
@@ -94,7 +94,7 @@ void tst_cText::appendingTextToItself()
 
 void tst_cText::appendingAgainAndAgainIsLinear()
 {
-    ob::cText text;
+    ob::basic::cText text;
     std::size_t moves = 0;
     const char* start = nullptr;
     for (int count = 0; count < 1000000; ++count) {
@@ -109,7 +109,7 @@ void tst_cText::appendingAgainAndAgainIsLinear()
 void tst_cText::textsOfOneByte()
 {
     for (int byte = 0; byte < 256; ++byte) {
-        const ob::cText text = ob::cText::Character(static_cast<std::uint8_t>(byte));
+        const ob::basic::cText text = ob::basic::cText::Character(static_cast<std::uint8_t>(byte));
         QCOMPARE(text.View(), std::string_view(std::string(1, static_cast<char>(byte))));
     }
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whether the machine can run a program without harm, whatever wrote it.
-#include "orchard/machine/modCheckProgram.h"
+#include "orchard/machine/modCheckCode.h"
 
 #include <cmath>
 #include <limits>
 
-namespace ob {
+namespace ob::basic {
 
 namespace {
 
@@ -41,7 +41,7 @@ bool Ends(Operation operation)
 
 class RoutineCheck {
 public:
-    RoutineCheck(const Program& checked, std::span<const LibraryRow> rows, const Routine& place)
+    RoutineCheck(const MachineCode& checked, std::span<const LibraryRow> rows, const MachineRoutine& place)
         : program(checked), library(rows), routine(place)
     {
     }
@@ -53,9 +53,9 @@ public:
         while (place < routine.end) {
             if (!IsRight(place))
                 return place;
-            const bool isLong = TakesMore(program.code[place].operation);
+            const bool isLong = TakesMore(program.instructions[place].operation);
             const bool isLast = place + (isLong ? 2 : 1) == routine.end;
-            if (isLast && !Ends(program.code[place].operation))
+            if (isLast && !Ends(program.instructions[place].operation))
                 return place;
             place += isLong ? 2 : 1;
         }
@@ -65,7 +65,7 @@ public:
 private:
     bool IsRight(std::uint32_t place) const
     {
-        const Instruction& instruction = program.code[place];
+        const Instruction& instruction = program.instructions[place];
         if (!IsOperation(instruction.operation) || instruction.operation == Operation::More)
             return false;
         const std::string_view operands = OperandsOf(instruction.operation);
@@ -82,9 +82,9 @@ private:
 
     bool IsMoreRight(std::uint32_t place, std::string_view operands) const
     {
-        if (place + 1 >= routine.end || program.code[place + 1].operation != Operation::More)
+        if (place + 1 >= routine.end || program.instructions[place + 1].operation != Operation::More)
             return false;
-        const Instruction& more = program.code[place + 1];
+        const Instruction& more = program.instructions[place + 1];
         return IsOperandRight(operands[4], more.a) && IsOperandRight(operands[5], more.b) &&
                IsOperandRight(operands[6], more.c);
     }
@@ -126,7 +126,7 @@ private:
     {
         const std::int64_t target = std::int64_t{place} + 1 + distance;
         return target >= routine.start && target < routine.end &&
-               program.code[static_cast<std::size_t>(target)].operation != Operation::More;
+               program.instructions[static_cast<std::size_t>(target)].operation != Operation::More;
     }
 
     // What an instruction takes beyond its operands.
@@ -142,7 +142,7 @@ private:
         case Operation::Return:
             return &routine != &program.routines.front();
         case Operation::Call: {
-            const Routine& called = program.routines[instruction.a];
+            const MachineRoutine& called = program.routines[instruction.a];
             return HasWindow(instruction, called.numberParameters, called.textParameters, called.result);
         }
         case Operation::Library: {
@@ -164,12 +164,12 @@ private:
         return instruction.b + numbers <= routine.numberRegisters && instruction.c + texts <= routine.textRegisters;
     }
 
-    const Program& program;
+    const MachineCode& program;
     std::span<const LibraryRow> library;
-    const Routine& routine;
+    const MachineRoutine& routine;
 };
 
-bool IsRoutineRight(const Routine& routine)
+bool IsRoutineRight(const MachineRoutine& routine)
 {
     if (routine.start >= routine.end || routine.numberParameters > routine.numberVariables ||
         routine.numberVariables > routine.numberRegisters || routine.textParameters > routine.textVariables ||
@@ -187,31 +187,31 @@ bool IsRoutineRight(const Routine& routine)
 }
 
 // The routines follow each other and have all of the code.
-std::optional<std::string> CheckRoutines(const Program& program)
+std::optional<std::string> CheckRoutines(const MachineCode& program)
 {
     constexpr std::size_t most = std::numeric_limits<std::uint16_t>::max();
     if (program.routines.empty() || program.routines.size() > most)
         return "The number of routines is wrong.";
     std::uint32_t place = 0;
-    for (const Routine& routine : program.routines) {
+    for (const MachineRoutine& routine : program.routines) {
         if (routine.start != place || !IsRoutineRight(routine))
             return "A routine is wrong.";
         place = routine.end;
     }
-    if (place != program.code.size())
+    if (place != program.instructions.size())
         return "The routines do not have all of the code.";
     if (program.routines.front().numberParameters != 0 || program.routines.front().textParameters != 0)
         return "The main program has parameters.";
     return {};
 }
 
-bool AreStatementsRight(const Program& program)
+bool AreStatementsRight(const MachineCode& program)
 {
     if (program.statements.empty() || program.statements.front().instruction != 0)
         return false;
     for (std::size_t index = 0; index < program.statements.size(); ++index) {
         const std::uint32_t place = program.statements[index].instruction;
-        if (place >= program.code.size() || program.code[place].operation == Operation::More)
+        if (place >= program.instructions.size() || program.instructions[place].operation == Operation::More)
             return false;
         if (index != 0 && place <= program.statements[index - 1].instruction)
             return false;
@@ -221,14 +221,14 @@ bool AreStatementsRight(const Program& program)
 
 } // namespace
 
-std::optional<std::string> CheckProgram(const Program& program, std::span<const LibraryRow> library)
+std::optional<std::string> CheckMachineCode(const MachineCode& program, std::span<const LibraryRow> library)
 {
     for (const double number : program.numbers)
         if (!std::isfinite(number))
             return "A number is not one.";
     if (std::optional<std::string> wrong = CheckRoutines(program))
         return wrong;
-    for (const Routine& routine : program.routines)
+    for (const MachineRoutine& routine : program.routines)
         if (const std::optional<std::uint32_t> place = RoutineCheck(program, library, routine).FirstWrong())
             return "Instruction " + std::to_string(*place) + " is wrong.";
     if (!AreStatementsRight(program))
@@ -236,4 +236,4 @@ std::optional<std::string> CheckProgram(const Program& program, std::span<const 
     return {};
 }
 
-} // namespace ob
+} // namespace ob::basic

@@ -8,13 +8,13 @@
 #include <string>
 #include <vector>
 
-namespace ob {
+namespace ob::basic {
 
 enum class ValueType : std::uint8_t { None, Number, Text };
 
 // The main program (the first), a sub or a function. Its parameters are its first registers; its variables follow, and
 // are 0 and empty at each call; the registers after them are for values within a statement.
-struct Routine {
+struct MachineRoutine {
     std::string name;
     std::uint32_t start = 0; // its first instruction
     std::uint32_t end = 0;   // after its last
@@ -34,11 +34,11 @@ struct StatementPlace {
     std::uint32_t line = 0; // from 1
 };
 
-struct Program {
-    std::vector<Instruction> code;
+struct MachineCode {
+    std::vector<Instruction> instructions;
     std::vector<double> numbers;
     std::vector<std::string> texts;
-    std::vector<Routine> routines;
+    std::vector<MachineRoutine> routines;
     std::vector<StatementPlace> statements;
     std::uint32_t globalNumbers = 0;
     std::uint32_t globalTexts = 0;
@@ -46,4 +46,4 @@ struct Program {
     std::uint32_t textArrays = 0;
 };
 
-} // namespace ob
+} // namespace ob::basic

@@ -3,16 +3,16 @@
 #pragma once
 
 #include "orchard/machine/cMachine.h"
-#include "orchard/machine/cProgram.h"
+#include "orchard/machine/cMachineCode.h"
 
 #include <optional>
 #include <span>
 #include <string>
 
-namespace ob {
+namespace ob::basic {
 
 // Why the program must not be run: an operand, jump, routine or place beyond what the program has. Nothing when the
 // machine can run it with that library. Each instruction is looked at once.
-std::optional<std::string> CheckProgram(const Program& program, std::span<const LibraryRow> library);
+std::optional<std::string> CheckMachineCode(const MachineCode& program, std::span<const LibraryRow> library);
 
-} // namespace ob
+} // namespace ob::basic
