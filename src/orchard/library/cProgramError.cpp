@@ -41,6 +41,7 @@ constexpr std::array rows = {
     Row{ErrorNumber::FolderNotFound, "Folder not found"},
     Row{ErrorNumber::InUse, "In use by another program"},
     Row{ErrorNumber::IsFolder, "A folder, not a file"},
+    Row{ErrorNumber::FolderNotEmpty, "Folder is not empty"},
     Row{ErrorNumber::NotADate, "Not a date"},
     Row{ErrorNumber::WrongTemplate, "Not a template of # and a point"},
     Row{ErrorNumber::WrongExpression, "Not an expression"},

@@ -35,6 +35,7 @@ enum class ErrorNumber {
     FolderNotFound = 76,
     InUse = 77,
     IsFolder = 78,
+    FolderNotEmpty = 79,
     NotADate = 100,
     WrongTemplate = 101,
     WrongExpression = 102,
