@@ -15,11 +15,11 @@ constexpr std::size_t FirstFrames = 64;
 
 } // namespace
 
-cMachine::cMachine(const MachineCode& checked, std::span<const LibraryRow> rows)
-    : program(checked), library(rows), globals(checked.globalNumbers), globalTexts(checked.globalTexts),
+cMachine::cMachine(const MachineCode& checked, std::span<const LibraryRow> rows, cRowContext* context)
+    : code(checked), library(rows), rowContext(context), globals(checked.globalNumbers), globalTexts(checked.globalTexts),
       numberArrays(checked.numberArrays), textArrays(checked.textArrays)
 {
-    for (const std::string& text : program.texts)
+    for (const std::string& text : code.texts)
         literals.push_back(cText::Literal(text));
     frames.reserve(FirstFrames);
 }
@@ -28,21 +28,57 @@ cMachine::~cMachine() = default;
 
 cMachine::Ending cMachine::Run()
 {
-    Enter(program.routines.front(), 0, 0, nullptr);
-    current = program.instructions.data() + program.routines.front().start;
+    Enter(code.routines.front(), 0, 0, nullptr);
+    current = code.instructions.data() + code.routines.front().start;
     // A handler that raises its own error again goes round here.
     while (!IsStopped()) {
         try {
             return Loop();
-        } catch (const RunError& error) {
+        } catch (const cProgramError& error) {
+            LeaveStatement();
             if (!Handle(error))
                 throw lastError;
         } catch (const std::bad_alloc&) {
-            if (!Handle(run_errors::OutOfMemory()))
+            LeaveStatement();
+            if (!Handle(cProgramError(ErrorNumber::OutOfMemory)))
                 throw lastError;
+        } catch (const EventRaised& event) {
+            LeaveStatement();
+            HandleEvent(event);
+        } catch (const ProgramEnded&) {
+            LeaveStatement();
+            return Ending::Ended;
         }
     }
     return Ending::Stopped;
+}
+
+void cMachine::LeaveStatement()
+{
+    if (rowContext != nullptr)
+        rowContext->LeaveStatement();
+}
+
+// A label belongs to its routine: calls above that are left, and nothing happens when it is not running. A routine is
+// called as if the instruction had called it and were still to be done.
+void cMachine::HandleEvent(const EventRaised& event)
+{
+    if (event.handler < 0) {
+        const Frame& frame = frames.back();
+        const MachineRoutine& routine = code.routines[static_cast<std::size_t>(-event.handler - 1)];
+        Enter(routine, frame.numbers + frame.routine->numberRegisters, frame.texts + frame.routine->textRegisters,
+              current);
+        current = code.instructions.data() + routine.start;
+        return;
+    }
+    const LabelPlace& label = code.labels[static_cast<std::size_t>(event.handler) - 1];
+    const MachineRoutine* const owner = &code.routines[label.routine];
+    const auto runs = [owner](const Frame& frame) { return frame.routine == owner; };
+    if (std::ranges::find_if(frames, runs) == frames.end())
+        return;
+    while (frames.back().routine != owner)
+        Leave();
+    current = code.instructions.data() + label.instruction;
 }
 
 void cMachine::Grow(std::size_t numberCount, std::size_t textCount)
@@ -55,16 +91,18 @@ void cMachine::Grow(std::size_t numberCount, std::size_t textCount)
 
 const StatementPlace& cMachine::StatementAt(const Instruction* instruction) const
 {
-    const auto place = static_cast<std::uint32_t>(instruction - program.instructions.data());
-    const auto after = std::ranges::upper_bound(program.statements, place, {}, &StatementPlace::instruction);
+    const auto place = static_cast<std::uint32_t>(instruction - code.instructions.data());
+    const auto after = std::ranges::upper_bound(code.statements, place, {}, &StatementPlace::instruction);
     return *std::prev(after);
 }
 
 // The nearest routine with a handler takes the error; those that it called are left.
-bool cMachine::Handle(const RunError& error)
+bool cMachine::Handle(const cProgramError& error)
 {
-    lastError = error;
-    lastError.line = StatementAt(current).line;
+    resumeAt = nullptr;
+    lastError = {static_cast<int>(error.Number()), error.Text(), StatementAt(current).line};
+    System(SystemVariable::Err) = lastError.number;
+    SystemText(SystemVariable::ErrText) = cText(lastError.text);
     const Instruction* raised = current;
     while (frames.back().handler == nullptr) {
         if (frames.size() == 1)
@@ -72,7 +110,7 @@ bool cMachine::Handle(const RunError& error)
         raised = frames.back().next - 1;
         Leave();
     }
-    resumeAt = program.instructions.data() + StatementAt(raised).instruction;
+    resumeAt = code.instructions.data() + StatementAt(raised).instruction;
     current = frames.back().handler;
     return true;
 }
@@ -80,12 +118,22 @@ bool cMachine::Handle(const RunError& error)
 void cMachine::DoResume()
 {
     if (resumeAt == nullptr)
-        throw run_errors::ResumeWithoutError();
-    const auto place = static_cast<std::uint32_t>(resumeAt - program.instructions.data());
+        Fail(ErrorNumber::ResumeWithoutError);
+    const auto place = static_cast<std::uint32_t>(resumeAt - code.instructions.data());
     const MachineRoutine& routine = *frames.back().routine;
     if (place < routine.start || place >= routine.end)
-        throw run_errors::ResumeWithoutError();
+        Fail(ErrorNumber::ResumeWithoutError);
     current = std::exchange(resumeAt, nullptr);
+}
+
+double& cMachine::System(SystemVariable variable)
+{
+    return globals[code.systemNumbers + static_cast<std::size_t>(variable)];
+}
+
+cText& cMachine::SystemText(SystemVariable variable)
+{
+    return globalTexts[code.systemTexts + static_cast<std::size_t>(variable)];
 }
 
 double cMachine::Packed(const Reference& reference)
@@ -110,7 +158,7 @@ double& cMachine::NumberAt(double packed)
     if (reference.kind == Reference::Kind::Item && reference.array < numberArrays.size() &&
         reference.place < numberArrays[reference.array].Size())
         return numberArrays[reference.array].Items()[reference.place];
-    throw run_errors::Subscript();
+    Fail(ErrorNumber::IndexOutside);
 }
 
 cText& cMachine::TextAt(double packed)
@@ -123,7 +171,7 @@ cText& cMachine::TextAt(double packed)
     if (reference.kind == Reference::Kind::Item && reference.array < textArrays.size() &&
         reference.place < textArrays[reference.array].Size())
         return textArrays[reference.array].Items()[reference.place];
-    throw run_errors::Subscript();
+    Fail(ErrorNumber::IndexOutside);
 }
 
 } // namespace ob::basic

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs a program.
+// Runs a code.
 #pragma once
 
+#include "orchard/language/modWords.h"
+#include "orchard/library/cProgramError.h"
 #include "orchard/machine/cArrays.h"
 #include "orchard/machine/cMachineCode.h"
 #include "orchard/machine/cRunError.h"
@@ -18,8 +20,27 @@ namespace ob::basic {
 
 class cMachine;
 
+// What the rows of the library need of the world.
+class cRowContext {
+public:
+    virtual ~cRowContext() = default;
+
+    // A statement was left by an error, an event or the end.
+    virtual void LeaveStatement() {}
+};
+
+// Thrown by a row: an event happened, whose handler is a label (its number from 1 on) or a routine (its number, negative).
+// The machine jumps there, or calls it and then does the row's instruction again.
+struct EventRaised {
+    double handler = 0;
+};
+
+// Thrown by a row to end the program.
+struct ProgramEnded {};
+
 // A row of the library. The arguments are in the registers from there on, in the order of the call, numbers and texts
-// apart; the result goes to the first register of its type. May throw RunError and std::bad_alloc.
+// apart; the result goes to the first register of its type. May throw cProgramError, std::bad_alloc, EventRaised and ProgramEnded;
+// anything else goes through to whoever runs the machine.
 using LibraryRoutine = void (*)(cMachine& machine, double* numbers, cText* texts);
 
 struct LibraryRow {
@@ -32,14 +53,16 @@ struct LibraryRow {
 class cMachine {
 public:
     // The program must have been checked (modCheckCode.h) with that library. Both must live as long as the machine.
-    cMachine(const MachineCode& program, std::span<const LibraryRow> library);
+    cMachine(const MachineCode& code, std::span<const LibraryRow> library, cRowContext* context = nullptr);
+
+    cRowContext* Context() const { return rowContext; }
     ~cMachine();
     cMachine(const cMachine&) = delete;
     cMachine& operator=(const cMachine&) = delete;
 
     enum class Ending { Ended, Stopped };
 
-    // Runs from the start to the program's end. Throws RunError, with its line, when a run-time error has no handler.
+    // Runs from the start to the program's end. Throws cRunError, with its line, when a run-time error has no handler.
     Ending Run();
 
     // From any thread or signal handler: the program ends within a moment.
@@ -47,7 +70,17 @@ public:
     bool IsStopped() const { return isStopped.load(std::memory_order_relaxed); }
 
     // The last run-time error; number 0 when there was none.
-    const RunError& LastError() const { return lastError; }
+    const cRunError& LastError() const { return lastError; }
+
+    // Variables of the system, which the program may have changed.
+    double& System(SystemVariable variable);
+    cText& SystemText(SystemVariable variable);
+
+    // What a reference refers to; IndexOutside when it is gone.
+    double& NumberAt(double reference);
+    cText& TextAt(double reference);
+
+    const MachineCode& Code() const { return code; }
 
     cArray<double>& NumberArray(std::size_t number) { return numberArrays[number]; }
     cArray<cText>& TextArray(std::size_t number) { return textArrays[number]; }
@@ -71,14 +104,14 @@ private:
     };
     static double Packed(const Reference& reference);
     static Reference Unpacked(double packed);
-    double& NumberAt(double reference);
-    cText& TextAt(double reference);
 
     Ending Loop();
     void Enter(const MachineRoutine& routine, std::size_t firstNumber, std::size_t firstText, const Instruction* next);
     void Leave();
     void Grow(std::size_t numbers, std::size_t texts);
-    bool Handle(const RunError& error);
+    bool Handle(const cProgramError& error);
+    void LeaveStatement();
+    void HandleEvent(const EventRaised& event);
     void DoResume();
     const StatementPlace& StatementAt(const Instruction* instruction) const;
 
@@ -89,8 +122,9 @@ private:
     template <class Item, class... Index>
     static Item& ItemAt(cArray<Item>& array, Index... index);
 
-    const MachineCode& program;
+    const MachineCode& code;
     std::span<const LibraryRow> library;
+    cRowContext* rowContext;
 
     std::vector<double> globals;
     std::vector<cText> globalTexts;
@@ -106,7 +140,7 @@ private:
 
     const Instruction* current = nullptr; // the instruction that may raise an error, or where the loop goes on
     const Instruction* resumeAt = nullptr;
-    RunError lastError;
+    cRunError lastError;
     std::atomic<bool> isStopped = false;
 };
 

@@ -34,6 +34,12 @@ struct StatementPlace {
     std::uint32_t line = 0; // from 1
 };
 
+// Where an event jumps to.
+struct LabelPlace {
+    std::uint32_t instruction = 0;
+    std::uint16_t routine = 0;
+};
+
 struct MachineCode {
     std::vector<Instruction> instructions;
     std::vector<double> numbers;
@@ -42,8 +48,13 @@ struct MachineCode {
     std::vector<StatementPlace> statements;
     std::uint32_t globalNumbers = 0;
     std::uint32_t globalTexts = 0;
+    // The variables of the system are the last globals, from there on, by the number of SystemVariable.
+    std::uint32_t systemNumbers = 0;
+    std::uint32_t systemTexts = 0;
     std::uint32_t numberArrays = 0;
     std::uint32_t textArrays = 0;
+    std::vector<LabelPlace> labels;
+    std::vector<std::string> data; // the items of all data statements
 };
 
 } // namespace ob::basic

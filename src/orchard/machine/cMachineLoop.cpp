@@ -24,7 +24,7 @@ std::size_t cMachine::PlaceIn(cArray<Item>& array, double index)
         array.Dim(UsualLast);
     const std::size_t place = array.Place(index);
     if (place == cArray<Item>::None)
-        throw run_errors::Subscript();
+        Fail(ErrorNumber::IndexOutside);
     return place;
 }
 
@@ -35,7 +35,7 @@ std::size_t cMachine::PlaceIn(cArray<Item>& array, double first, double second)
         array.Dim(UsualLast, UsualLast);
     const std::size_t place = array.Place(first, second);
     if (place == cArray<Item>::None)
-        throw run_errors::Subscript();
+        Fail(ErrorNumber::IndexOutside);
     return place;
 }
 
@@ -53,9 +53,9 @@ namespace {
 std::size_t LastIndex(double size)
 {
     if (size <= -1)
-        throw run_errors::Subscript();
+        Fail(ErrorNumber::IndexOutside);
     if (size >= 9e15)
-        throw run_errors::OutOfMemory();
+        Fail(ErrorNumber::OutOfMemory);
     return size < 0 ? 0 : static_cast<std::size_t>(size);
 }
 
@@ -72,7 +72,7 @@ cMachine::Ending cMachine::Loop()
     };
 
     const Instruction* pc = current;
-    const double* const k = program.numbers.data();
+    const double* const k = code.numbers.data();
     double* n = numbers.data() + frames.back().numbers;
     cText* t = texts.data() + frames.back().texts;
 
@@ -85,7 +85,7 @@ cMachine::Ending cMachine::Loop()
 #define RAISE(error)                                                                                                   \
     do {                                                                                                               \
         current = pc;                                                                                                  \
-        throw run_errors::error();                                                                                     \
+        Fail(ErrorNumber::error);                                                                                     \
     } while (false)
     // A program that loops can be stopped at each backward jump.
 #define JUMP(distance)                                                                                                 \
@@ -178,6 +178,8 @@ DoMove:
     SET(n[pc->b]);
 DoLoad:
     SET(k[pc->b]);
+DoLoadFar:
+    SET(k[FarIndex(*pc)]);
 DoLoadGlobal:
     SET(globals[pc->b]);
 DoStoreGlobal:
@@ -201,7 +203,7 @@ DoPower : {
     const double base = n[pc->b];
     const double power = std::pow(base, n[pc->c]);
     if (std::isnan(power)) [[unlikely]]
-        RAISE(NoRealValue);
+        RAISE(OutOfRange);
     if (base == 0 && n[pc->c] < 0) [[unlikely]]
         RAISE(DivisionByZero);
     SET_CHECKED(power);
@@ -244,7 +246,7 @@ DoUnequalText:
     SET(t[pc->b].View() != t[pc->c].View() ? 1 : 0);
 DoSquare:
     if (n[pc->b] < 0) [[unlikely]]
-        RAISE(NoRealValue);
+        RAISE(OutOfRange);
     SET(std::sqrt(n[pc->b]));
 DoInteger:
     SET(std::trunc(n[pc->b]) + 0.0);
@@ -259,6 +261,9 @@ DoTakeText:
     STEP;
 DoLoadText:
     t[pc->a] = literals[pc->b];
+    STEP;
+DoLoadTextFar:
+    t[pc->a] = literals[FarIndex(*pc)];
     STEP;
 DoLoadGlobalText:
     t[pc->a] = globalTexts[pc->b];
@@ -398,9 +403,9 @@ DoSetReferredText:
 
 DoCall : {
     current = pc;
-    const MachineRoutine& routine = program.routines[pc->a];
+    const MachineRoutine& routine = code.routines[pc->a];
     Enter(routine, frames.back().numbers + pc->b, frames.back().texts + pc->c, pc + 1);
-    pc = program.instructions.data() + routine.start;
+    pc = code.instructions.data() + routine.start;
     RELOAD;
     if (IsStopped()) [[unlikely]]
         return Ending::Stopped;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A run-time error of a program.
+// A run-time error with its line.
 #pragma once
 
 #include <cstdint>
@@ -9,50 +9,20 @@
 
 namespace ob::basic {
 
-// Raised by an instruction or a routine of the library; the machine adds the line.
-class RunError : public std::exception {
+// What ended a program, or what its handler took.
+class cRunError : public std::exception {
 public:
-    RunError() = default;
-    RunError(int errorNumber, std::string errorText) : number(errorNumber), text(std::move(errorText)) {}
+    cRunError() = default;
+    cRunError(int errorNumber, std::string errorText, std::uint32_t errorLine)
+        : number(errorNumber), text(std::move(errorText)), line(errorLine)
+    {
+    }
 
     const char* what() const noexcept override { return text.c_str(); }
 
-    int number = 0;
+    int number = 0; // as Err gives it; 0 for none
     std::string text;
     std::uint32_t line = 0; // from 1
 };
-
-namespace run_errors {
-
-inline RunError DivisionByZero()
-{
-    return {11, "Division by zero"};
-}
-inline RunError Overflow()
-{
-    return {6, "Overflow"};
-}
-inline RunError Subscript()
-{
-    return {9, "Subscript out of range"};
-}
-inline RunError NoRealValue()
-{
-    return {5, "Illegal function call"};
-}
-inline RunError OutOfMemory()
-{
-    return {7, "Out of memory"};
-}
-inline RunError ReturnWithoutGosub()
-{
-    return {3, "RETURN without GOSUB"};
-}
-inline RunError ResumeWithoutError()
-{
-    return {20, "RESUME without error"};
-}
-
-} // namespace run_errors
 
 } // namespace ob::basic

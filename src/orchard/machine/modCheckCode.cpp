@@ -2,6 +2,9 @@
 // Whether the machine can run a program without harm, whatever wrote it.
 #include "orchard/machine/modCheckCode.h"
 
+#include "orchard/language/modWords.h"
+
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -42,7 +45,7 @@ bool Ends(Operation operation)
 class RoutineCheck {
 public:
     RoutineCheck(const MachineCode& checked, std::span<const LibraryRow> rows, const MachineRoutine& place)
-        : program(checked), library(rows), routine(place)
+        : code(checked), library(rows), routine(place)
     {
     }
 
@@ -53,9 +56,9 @@ public:
         while (place < routine.end) {
             if (!IsRight(place))
                 return place;
-            const bool isLong = TakesMore(program.instructions[place].operation);
+            const bool isLong = TakesMore(code.instructions[place].operation);
             const bool isLast = place + (isLong ? 2 : 1) == routine.end;
-            if (isLast && !Ends(program.instructions[place].operation))
+            if (isLast && !Ends(code.instructions[place].operation))
                 return place;
             place += isLong ? 2 : 1;
         }
@@ -65,26 +68,30 @@ public:
 private:
     bool IsRight(std::uint32_t place) const
     {
-        const Instruction& instruction = program.instructions[place];
+        const Instruction& instruction = code.instructions[place];
         if (!IsOperation(instruction.operation) || instruction.operation == Operation::More)
             return false;
         const std::string_view operands = OperandsOf(instruction.operation);
         const std::uint16_t values[] = {instruction.a, instruction.b, instruction.c};
-        for (std::size_t index = 0; index < 3; ++index)
+        for (std::size_t index = 0; index < std::min<std::size_t>(operands.size(), 3); ++index)
             if (!IsOperandRight(operands[index], values[index]))
                 return false;
-        if (operands[2] == 'j' && !IsTarget(place, ShortJump(instruction)))
+        if (operands.back() == 'j' && !IsTarget(place, ShortJump(instruction)))
             return false;
-        if (operands[1] == 'J' && !IsTarget(place, LongJump(instruction)))
+        if (operands.back() == 'J' && !IsTarget(place, LongJump(instruction)))
+            return false;
+        if (operands.back() == 'K' && FarIndex(instruction) >= code.numbers.size())
+            return false;
+        if (operands.back() == 'S' && FarIndex(instruction) >= code.texts.size())
             return false;
         return (!TakesMore(instruction.operation) || IsMoreRight(place, operands)) && IsUseRight(instruction);
     }
 
     bool IsMoreRight(std::uint32_t place, std::string_view operands) const
     {
-        if (place + 1 >= routine.end || program.instructions[place + 1].operation != Operation::More)
+        if (place + 1 >= routine.end || code.instructions[place + 1].operation != Operation::More)
             return false;
-        const Instruction& more = program.instructions[place + 1];
+        const Instruction& more = code.instructions[place + 1];
         return IsOperandRight(operands[4], more.a) && IsOperandRight(operands[5], more.b) &&
                IsOperandRight(operands[6], more.c);
     }
@@ -99,19 +106,19 @@ private:
         case 'T':
             return value < routine.textRegisters;
         case 'k':
-            return value < program.numbers.size();
+            return value < code.numbers.size();
         case 's':
-            return value < program.texts.size();
+            return value < code.texts.size();
         case 'g':
-            return value < program.globalNumbers;
+            return value < code.globalNumbers;
         case 'h':
-            return value < program.globalTexts;
+            return value < code.globalTexts;
         case 'A':
-            return value < program.numberArrays;
+            return value < code.numberArrays;
         case 'B':
-            return value < program.textArrays;
+            return value < code.textArrays;
         case 'R':
-            return value != 0 && value < program.routines.size();
+            return value != 0 && value < code.routines.size();
         case 'L':
             return value < library.size();
         case '-':
@@ -126,7 +133,7 @@ private:
     {
         const std::int64_t target = std::int64_t{place} + 1 + distance;
         return target >= routine.start && target < routine.end &&
-               program.instructions[static_cast<std::size_t>(target)].operation != Operation::More;
+               code.instructions[static_cast<std::size_t>(target)].operation != Operation::More;
     }
 
     // What an instruction takes beyond its operands.
@@ -138,11 +145,11 @@ private:
             return instruction.b + 1 < routine.numberRegisters;
         case Operation::DivideK:
         case Operation::ModuloK:
-            return program.numbers[instruction.c] != 0;
+            return code.numbers[instruction.c] != 0;
         case Operation::Return:
-            return &routine != &program.routines.front();
+            return &routine != &code.routines.front();
         case Operation::Call: {
-            const MachineRoutine& called = program.routines[instruction.a];
+            const MachineRoutine& called = code.routines[instruction.a];
             return HasWindow(instruction, called.numberParameters, called.textParameters, called.result);
         }
         case Operation::Library: {
@@ -164,7 +171,7 @@ private:
         return instruction.b + numbers <= routine.numberRegisters && instruction.c + texts <= routine.textRegisters;
     }
 
-    const MachineCode& program;
+    const MachineCode& code;
     std::span<const LibraryRow> library;
     const MachineRoutine& routine;
 };
@@ -187,33 +194,46 @@ bool IsRoutineRight(const MachineRoutine& routine)
 }
 
 // The routines follow each other and have all of the code.
-std::optional<std::string> CheckRoutines(const MachineCode& program)
+std::optional<std::string> CheckRoutines(const MachineCode& code)
 {
     constexpr std::size_t most = std::numeric_limits<std::uint16_t>::max();
-    if (program.routines.empty() || program.routines.size() > most)
+    if (code.routines.empty() || code.routines.size() > most)
         return "The number of routines is wrong.";
     std::uint32_t place = 0;
-    for (const MachineRoutine& routine : program.routines) {
+    for (const MachineRoutine& routine : code.routines) {
         if (routine.start != place || !IsRoutineRight(routine))
             return "A routine is wrong.";
         place = routine.end;
     }
-    if (place != program.instructions.size())
+    if (place != code.instructions.size())
         return "The routines do not have all of the code.";
-    if (program.routines.front().numberParameters != 0 || program.routines.front().textParameters != 0)
+    if (code.routines.front().numberParameters != 0 || code.routines.front().textParameters != 0)
         return "The main program has parameters.";
     return {};
 }
 
-bool AreStatementsRight(const MachineCode& program)
+bool AreLabelsRight(const MachineCode& code)
 {
-    if (program.statements.empty() || program.statements.front().instruction != 0)
-        return false;
-    for (std::size_t index = 0; index < program.statements.size(); ++index) {
-        const std::uint32_t place = program.statements[index].instruction;
-        if (place >= program.instructions.size() || program.instructions[place].operation == Operation::More)
+    for (const LabelPlace& label : code.labels) {
+        if (label.routine >= code.routines.size())
             return false;
-        if (index != 0 && place <= program.statements[index - 1].instruction)
+        const MachineRoutine& routine = code.routines[label.routine];
+        if (label.instruction < routine.start || label.instruction >= routine.end ||
+            code.instructions[label.instruction].operation == Operation::More)
+            return false;
+    }
+    return true;
+}
+
+bool AreStatementsRight(const MachineCode& code)
+{
+    if (code.statements.empty() || code.statements.front().instruction != 0)
+        return false;
+    for (std::size_t index = 0; index < code.statements.size(); ++index) {
+        const std::uint32_t place = code.statements[index].instruction;
+        if (place >= code.instructions.size() || code.instructions[place].operation == Operation::More)
+            return false;
+        if (index != 0 && place <= code.statements[index - 1].instruction)
             return false;
     }
     return true;
@@ -221,17 +241,22 @@ bool AreStatementsRight(const MachineCode& program)
 
 } // namespace
 
-std::optional<std::string> CheckMachineCode(const MachineCode& program, std::span<const LibraryRow> library)
+std::optional<std::string> CheckMachineCode(const MachineCode& code, std::span<const LibraryRow> library)
 {
-    for (const double number : program.numbers)
+    constexpr std::uint64_t systemCount = static_cast<std::uint64_t>(SystemVariable::Count);
+    if (code.systemNumbers + systemCount > code.globalNumbers || code.systemTexts + systemCount > code.globalTexts)
+        return "Variables of the system are missing.";
+    for (const double number : code.numbers)
         if (!std::isfinite(number))
             return "A number is not one.";
-    if (std::optional<std::string> wrong = CheckRoutines(program))
+    if (std::optional<std::string> wrong = CheckRoutines(code))
         return wrong;
-    for (const MachineRoutine& routine : program.routines)
-        if (const std::optional<std::uint32_t> place = RoutineCheck(program, library, routine).FirstWrong())
+    for (const MachineRoutine& routine : code.routines)
+        if (const std::optional<std::uint32_t> place = RoutineCheck(code, library, routine).FirstWrong())
             return "Instruction " + std::to_string(*place) + " is wrong.";
-    if (!AreStatementsRight(program))
+    if (!AreLabelsRight(code))
+        return "A label is wrong.";
+    if (!AreStatementsRight(code))
         return "A statement is wrong.";
     return {};
 }

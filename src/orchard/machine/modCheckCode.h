@@ -13,6 +13,6 @@ namespace ob::basic {
 
 // Why the program must not be run: an operand, jump, routine or place beyond what the program has. Nothing when the
 // machine can run it with that library. Each instruction is looked at once.
-std::optional<std::string> CheckMachineCode(const MachineCode& program, std::span<const LibraryRow> library);
+std::optional<std::string> CheckMachineCode(const MachineCode& code, std::span<const LibraryRow> library);
 
 } // namespace ob::basic

@@ -12,6 +12,7 @@ namespace ob::basic {
 // What an instruction's operand is.
 //   n, N  a number register that is read, written     t, T  a text register that is read, written
 //   k     a number constant                           s     a text constant
+//   K, S  the same, its index in b and c, the lower half in b
 //   g, h  a global number, a global text              A, B  an array of numbers, of texts
 //   j     a jump in c: signed, from the next instruction on
 //   J     a jump in b and c: signed, from the next instruction on, its lower half in b
@@ -40,6 +41,7 @@ namespace ob::basic {
     X(ForTest, "nnj") /* jumps when a is beyond b already, by the step in the register after b */                      \
     X(Move, "Nn-")                                                                                                     \
     X(Load, "Nk-")                                                                                                     \
+    X(LoadFar, "NK") /* of more constants than c can name */                                                          \
     X(LoadGlobal, "Ng-")                                                                                               \
     X(StoreGlobal, "ng-")                                                                                              \
     X(Add, "Nnn")                                                                                                      \
@@ -72,6 +74,7 @@ namespace ob::basic {
     X(MoveText, "Tt-")                                                                                                 \
     X(TakeText, "TT-") /* moves b to a and leaves b empty */                                                           \
     X(LoadText, "Ts-")                                                                                                 \
+    X(LoadTextFar, "TS")                                                                                              \
     X(LoadGlobalText, "Th-")                                                                                           \
     X(StoreGlobalText, "th-")                                                                                          \
     X(JoinText, "Ttt")                                                                                                 \
@@ -133,6 +136,10 @@ std::span<const OperationInfo> Operations();
 constexpr std::int32_t LongJump(const Instruction& instruction)
 {
     return static_cast<std::int32_t>(instruction.b | static_cast<std::uint32_t>(instruction.c) << 16);
+}
+constexpr std::uint32_t FarIndex(const Instruction& instruction)
+{
+    return instruction.b | static_cast<std::uint32_t>(instruction.c) << 16;
 }
 constexpr std::int32_t ShortJump(const Instruction& instruction)
 {

@@ -16,6 +16,8 @@ using ob::basic::MachineCode;
 using ob::basic::MachineRoutine;
 using ob::basic::ValueType;
 
+constexpr std::uint32_t SystemCount = static_cast<std::uint32_t>(ob::basic::SystemVariable::Count);
+
 // The operand of a jump over so many instructions.
 constexpr std::uint16_t Over(int distance)
 {
@@ -46,6 +48,7 @@ inline MachineCode Alone(std::vector<Instruction> code, std::vector<double> numb
     MachineCode program;
     program.instructions = std::move(code);
     program.numbers = std::move(numbers);
+    program.globalNumbers = program.globalTexts = SystemCount;
     program.routines = {MainOf(program.instructions.size(), registers, texts)};
     for (std::uint32_t place = 0; place < program.instructions.size(); ++place)
         if (program.instructions[place].operation != Operation::More)
@@ -97,13 +100,13 @@ inline std::string& ShownText()
     return shown;
 }
 
-// Row 0 shows a number, row 1 a text; row 2 raises error 99.
+// Row 0 shows a number, row 1 a text; row 2 raises error 100.
 inline const std::vector<ob::basic::LibraryRow>& Library()
 {
     static const std::vector<ob::basic::LibraryRow> rows = {
         {[](ob::basic::cMachine&, double* numbers, ob::basic::cText*) { Shown().push_back(*numbers); }, 1, 0, ValueType::None},
         {[](ob::basic::cMachine&, double*, ob::basic::cText* texts) { ShownText() += texts->View(); }, 0, 1, ValueType::None},
-        {[](ob::basic::cMachine&, double*, ob::basic::cText*) { throw ob::basic::RunError(99, "Ninety-nine"); }, 0, 0, ValueType::None},
+        {[](ob::basic::cMachine&, double*, ob::basic::cText*) { ob::basic::Fail(ob::basic::ErrorNumber::NotADate); }, 0, 0, ValueType::None},
     };
     return rows;
 }

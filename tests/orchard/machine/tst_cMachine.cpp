@@ -29,7 +29,7 @@ std::pair<int, std::uint32_t> ErrorOf(const MachineCode& program)
 {
     try {
         Run(program);
-    } catch (const ob::basic::RunError& error) {
+    } catch (const ob::basic::cRunError& error) {
         return {error.number, error.line};
     }
     return {0, 0};
@@ -305,7 +305,6 @@ void tst_cMachine::references()
                              {O::GetReferred, 1, 0, 0}, {O::Add, 1, 1, 1},
                              {O::SetReferred, 1, 0, 0}, {O::Return}},
                             {3}, 2);
-    program.globalNumbers = 1;
     program.numberArrays = 1;
     MachineRoutine twice;
     twice.start = program.routines[0].end = 16;

@@ -89,7 +89,7 @@ void tst_modCheckCode::randomDamage()
     int run = 0;
     for (int round = 0; round < 20000; ++round) {
         MachineCode program = Fibonacci(6);
-        program.numberArrays = program.textArrays = program.globalNumbers = program.globalTexts = 1;
+        program.numberArrays = program.textArrays = 1;
         program.texts = {"text"};
         program.routines[1].textRegisters = program.routines[1].textVariables = 2;
         for (int count = 0; count < 3; ++count) {
@@ -109,7 +109,7 @@ void tst_modCheckCode::randomDamage()
         });
         try {
             machine.Run();
-        } catch (const ob::basic::RunError& error) {
+        } catch (const ob::basic::cRunError& error) {
             QVERIFY(error.number != 0);
         }
         stopper.join();
