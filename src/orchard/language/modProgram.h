@@ -63,7 +63,8 @@ enum class NodeKind : std::uint8_t {
     Struct,    // a: index in `structs`, as a whole: `name.struct`, or `name as struct` in calldll
     Handle,    // a: index in `handles`
     HandleOf,  // the handle whose name its one operand (a text variable) holds
-    Label,     // a: index in `labels`, a label of this routine
+    Label,     // a: index in `labels`, a label of this routine, b: its name. a is NoIndex for a control whose label is
+               // nowhere in the program: the event is an error then
     Routine,   // a: index in `routines`: the sub that handles an event, the function of callback
     Word,      // a: name: the kind of a window, a corner, a mode
     DataType,  // a: DataType of the operand before it (calldll, callback)
@@ -148,8 +149,9 @@ enum class StatementKind : std::uint8_t {
     Global,     // nothing at run time
     DefineType, // struct; `other`: index in `layouts`
     Open, // name (text), type (Word: input, output, append, random, binary, dll, a window's), handle [, record length]
-    CallDll,  // handle, name (text), then a value and a DataType each; the last pair is the result, a Target
-    CallBack, // target of the address, Routine, a DataType for each of its arguments, DataType of its result
+    CallDll,   // handle, name (text), then a value and a DataType each; the last pair is the result, a Target
+    CallBack,  // target of the address, Routine, a DataType for each of its arguments, DataType of its result
+    EndOfText, // the last statement of every program: waits while windows are open, then ends
 };
 
 enum class Condition : std::uint8_t { None, While, Until };
@@ -191,6 +193,7 @@ struct Parameter {
     Type type;
     bool byRef;
     Index slot; // among the routine's numbers or texts
+    Offset offset;
 };
 
 // A variable of one routine, or a global one; all names that the routine uses, for `eval` and for commands to windows.
@@ -205,6 +208,7 @@ struct LabelInfo {
     NameId name; // with its brackets; a number without leading zeros
     Index routine;
     Index statement; // its Label statement
+    Index data;      // in `data`: the first item after it
 };
 
 struct ArrayInfo {

@@ -97,7 +97,7 @@ constexpr FunctionRow Functions[] = {
     {"min", Type::Number, "n,n"},    {"mkdir", Type::Number, "t"},       {"rmdir", Type::Number, "t"},
     {"right$", Type::Text, "t,n"},   {"rnd", Type::Number, "n"},         {"sgn", Type::Number, "n"},
     {"sin", Type::Number, "n"},      {"space$", Type::Text, "n"},        {"sqr", Type::Number, "n"},
-    {"str$", Type::Text, "n"},       {"tab", Type::Text, "n"},           {"tan", Type::Number, "n"},
+    {"str$", Type::Text, "n"},       {"tab", Type::None, "n"},           {"tan", Type::Number, "n"},
     {"time$", Type::Either, "[t]"},  {"trim$", Type::Text, "t"},         {"txcount", Type::Number, "h"},
     {"upper$", Type::Text, "t"},     {"using", Type::Text, "t,n"},       {"val", Type::Number, "t"},
     {"winstring", Type::Text, "n"},  {"word$", Type::Text, "t,n[,t]"},
@@ -179,8 +179,23 @@ std::string_view WordOf(Keyword keyword)
     return Keywords[static_cast<std::size_t>(keyword)];
 }
 
+namespace {
+
+bool EndsInStruct(std::string_view word)
+{
+    constexpr std::string_view suffix = ".struct";
+    if (word.size() <= suffix.size())
+        return false;
+    const std::string_view end = word.substr(word.size() - suffix.size());
+    return std::ranges::equal(end, suffix, [](char a, char b) { return a == b || (a != '.' && (a | 0x20) == b); });
+}
+
+} // namespace
+
 WordMeaning MeaningOf(std::string_view word)
 {
+    if (EndsInStruct(word))
+        return {WordKind::StructPath, 0};
     if (word.size() > LongestWord)
         return {};
     const auto folded = Folded(word);

@@ -172,7 +172,7 @@ enum class Function : std::uint8_t {
     Space,
     Sqr,
     Str,
-    Tab, // in print alone
+    Tab, // an item of print, without a type
     Tan,
     Time, // as Date
     Trim,
@@ -250,7 +250,14 @@ const FunctionRow& RowOf(Function function);
 const SystemVariableRow& RowOf(SystemVariable variable);
 std::string_view WordOf(Keyword keyword);
 
-enum class WordKind : std::uint8_t { Name, Keyword, Command, Function, SystemVariable };
+enum class WordKind : std::uint8_t {
+    Name,
+    Keyword,
+    Command,
+    Function,
+    SystemVariable,
+    StructPath, // a struct or a field of one: the name ends in .struct
+};
 
 // What a spelling means to the language; `number` is the enumerator of the kind.
 struct WordMeaning {
