@@ -10,6 +10,7 @@
 #include "engine/run/modIncludes.h"
 #include "engine/run/modVariables.h"
 #include "obtool/toolOutput.h"
+#include "orchard/language/modRead.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
@@ -77,6 +78,18 @@ void Styles(const SourceArguments& arguments)
         start = end;
     }
     WriteAnswer(report);
+}
+
+void Check(const SourceArguments& arguments)
+{
+    const basic::Program program = basic::ReadProgram(ReadInput(arguments.file).toStdString(), nullptr);
+    QByteArray report;
+    for (const basic::ReadError& error : program.errors) {
+        const basic::LineColumn place = program.lines.PlaceOf(error.offset);
+        report.append(QByteArray::number(place.line)).append('\t').append(QByteArray::number(place.column)).append('\t');
+        report.append(DecodeAnsi(QByteArray::fromStdString(error.Text()))).append('\n');
+    }
+    WriteOutput({}, report);
 }
 
 void RunCopy(const SourceArguments& arguments)
@@ -240,6 +253,11 @@ void AddSourceVerbs(CLI::App& group)
     variables->callback([arguments] { Variables(*arguments); });
 
     AddRunCopy(group, arguments);
+
+    CLI::App* check = AddVerb(group, "check", "obtool source check FILE",
+                              "report: line and column, from 1, and text of each error that the engine finds");
+    AddFileArgument(*check, arguments);
+    check->callback([arguments] { Check(*arguments); });
 
     CLI::App* styles = AddVerb(group, "styles", "obtool source styles FILE",
                                "report: first byte, length, style number of each run of equal style");

@@ -175,6 +175,7 @@ void cRoutineGenerator::DoStatement(Index number)
         writer.Emit(Operation::Return);
         break;
     case Kind::End:
+    case Kind::EndOfText:
         writer.Emit(Operation::End);
         break;
     case Kind::Read:
