@@ -16,7 +16,8 @@ constexpr std::uint32_t Unplaced = std::numeric_limits<std::uint32_t>::max();
 std::uint16_t Operand(std::uint32_t value)
 {
     if (value > MostOfAll)
-        throw cTooLarge("The program is too large: one of its routines has more than 65,535 variables, arrays or calls.");
+        throw cTooLarge(
+            "The program is too large: one of its routines has more than 65,535 variables, arrays or calls.");
     return static_cast<std::uint16_t>(value);
 }
 

@@ -57,8 +57,8 @@ public:
     // A jump goes to the place of a target, which may be set before or after.
     JumpTarget NewTarget();
     void Place(JumpTarget target);
-    void Jump(Operation operation, std::uint32_t a, JumpTarget target);                       // operands "?J"
-    void Compare(Operation operation, std::uint32_t a, std::uint32_t b, JumpTarget target);   // operands "??j"
+    void Jump(Operation operation, std::uint32_t a, JumpTarget target);                     // operands "?J"
+    void Compare(Operation operation, std::uint32_t a, std::uint32_t b, JumpTarget target); // operands "??j"
     // Whether all short jumps of the routine reach; otherwise each is made of a short and a long one.
     void SetReach(bool isShort) { reachIsShort = isShort; }
 

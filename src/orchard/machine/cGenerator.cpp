@@ -53,8 +53,8 @@ MachineRoutine SignatureOf(const Program& program, const Routine& routine, Gener
     if (routine.kind == RoutineKind::Function) {
         const bool isText = routine.type == Type::Text;
         signature.result = isText ? ValueType::Text : ValueType::Number;
-        signature.resultRegister = Count(isText ? registers.texts[routine.valueSlot]
-                                                : registers.numbers[routine.valueSlot]);
+        signature.resultRegister =
+            Count(isText ? registers.texts[routine.valueSlot] : registers.numbers[routine.valueSlot]);
     }
     return signature;
 }

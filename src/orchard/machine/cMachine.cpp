@@ -16,8 +16,8 @@ constexpr std::size_t FirstFrames = 64;
 } // namespace
 
 cMachine::cMachine(const MachineCode& checked, std::span<const LibraryRow> rows, cRowContext* context)
-    : code(checked), library(rows), rowContext(context), globals(checked.globalNumbers), globalTexts(checked.globalTexts),
-      numberArrays(checked.numberArrays), textArrays(checked.textArrays)
+    : code(checked), library(rows), rowContext(context), globals(checked.globalNumbers),
+      globalTexts(checked.globalTexts), numberArrays(checked.numberArrays), textArrays(checked.textArrays)
 {
     for (const std::string& text : code.texts)
         literals.push_back(cText::Literal(text));

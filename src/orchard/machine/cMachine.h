@@ -29,8 +29,8 @@ public:
     virtual void LeaveStatement() {}
 };
 
-// Thrown by a row: an event happened, whose handler is a label (its number from 1 on) or a routine (its number, negative).
-// The machine jumps there, or calls it and then does the row's instruction again.
+// Thrown by a row: an event happened, whose handler is a label (its number from 1 on) or a routine (its number,
+// negative). The machine jumps there, or calls it and then does the row's instruction again.
 struct EventRaised {
     double handler = 0;
 };
@@ -39,8 +39,8 @@ struct EventRaised {
 struct ProgramEnded {};
 
 // A row of the library. The arguments are in the registers from there on, in the order of the call, numbers and texts
-// apart; the result goes to the first register of its type. May throw cProgramError, std::bad_alloc, EventRaised and ProgramEnded;
-// anything else goes through to whoever runs the machine.
+// apart; the result goes to the first register of its type. May throw cProgramError, std::bad_alloc, EventRaised and
+// ProgramEnded; anything else goes through to whoever runs the machine.
 using LibraryRoutine = void (*)(cMachine& machine, double* numbers, cText* texts);
 
 struct LibraryRow {

@@ -85,7 +85,7 @@ cMachine::Ending cMachine::Loop()
 #define RAISE(error)                                                                                                   \
     do {                                                                                                               \
         current = pc;                                                                                                  \
-        Fail(ErrorNumber::error);                                                                                     \
+        Fail(ErrorNumber::error);                                                                                      \
     } while (false)
     // A program that loops can be stopped at each backward jump.
 #define JUMP(distance)                                                                                                 \

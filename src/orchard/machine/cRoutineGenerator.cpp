@@ -128,8 +128,7 @@ void cRoutineGenerator::DoStatement(Index number)
         break;
     case Kind::Do:
         if (statement.detail != Detail(Condition::None))
-            JumpWhen(TestOf(statement.firstNode, statement.endNode),
-                     statement.detail == Detail(Condition::Until),
+            JumpWhen(TestOf(statement.firstNode, statement.endNode), statement.detail == Detail(Condition::Until),
                      TargetOf(statement.target));
         break;
     case Kind::Loop:
@@ -335,8 +334,8 @@ void cRoutineGenerator::LoopEnd(const Statement& statement, Index target)
     if (statement.detail == Detail(Condition::None))
         writer.Jump(Operation::Jump, 0, TargetOf(target));
     else
-        JumpWhen(TestOf(statement.firstNode, statement.endNode),
-                 statement.detail == Detail(Condition::While), TargetOf(target));
+        JumpWhen(TestOf(statement.firstNode, statement.endNode), statement.detail == Detail(Condition::While),
+                 TargetOf(target));
 }
 
 // The limit is in the kept register and the step, where it is not 1, in the one after it.

@@ -92,7 +92,7 @@ private:
     void Comparison(Index number);
     void CallFunction(Index number);
     void CallBuiltin(Index number);
-    
+
     void FillUp(Function function, Index count);
     void PushNumber(std::uint32_t constant, Index node);
     void PushNumberRegister(std::uint32_t number, bool isTemporary, Index node, const cCodeWriter::Mark& mark);

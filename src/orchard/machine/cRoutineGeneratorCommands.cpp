@@ -10,11 +10,11 @@ namespace {
 
 // What a console has; the others need windows, sound or the system's interfaces.
 constexpr Command ConsoleCommands[] = {
-    Command::Beep,     Command::Close,   Command::Cls,       Command::Confirm,  Command::Dump,  Command::Field,
-    Command::Files,    Command::Get,     Command::GetTrim,   Command::Kill,     Command::Locate, Command::MainWin,
-    Command::MapHandle, Command::Name,   Command::NoMainWin, Command::Notice,   Command::Prompt, Command::Put,
-    Command::Randomize, Command::Run,    Command::Scan,      Command::Seek,     Command::Sort,  Command::Timer,
-    Command::TitleBar, Command::Trace,   Command::Wait,
+    Command::Beep,      Command::Close, Command::Cls,       Command::Confirm, Command::Dump,   Command::Field,
+    Command::Files,     Command::Get,   Command::GetTrim,   Command::Kill,    Command::Locate, Command::MainWin,
+    Command::MapHandle, Command::Name,  Command::NoMainWin, Command::Notice,  Command::Prompt, Command::Put,
+    Command::Randomize, Command::Run,   Command::Scan,      Command::Seek,    Command::Sort,   Command::Timer,
+    Command::TitleBar,  Command::Trace, Command::Wait,
 };
 
 } // namespace

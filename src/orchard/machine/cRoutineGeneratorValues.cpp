@@ -27,8 +27,8 @@ constexpr ComparisonRow Comparisons[] = {
      Operation::JumpIfEqualK, NodeKind::NotEqual, NodeKind::Equal},
     {NodeKind::NotEqual, Operation::Unequal, false, Operation::UnequalText, Operation::JumpIfUnequal, false,
      Operation::JumpIfUnequalK, NodeKind::Equal, NodeKind::NotEqual},
-    {NodeKind::Less, Operation::Less, false, Operation::LessText, Operation::JumpIfLess, false,
-     Operation::JumpIfLessK, NodeKind::GreaterEqual, NodeKind::Greater},
+    {NodeKind::Less, Operation::Less, false, Operation::LessText, Operation::JumpIfLess, false, Operation::JumpIfLessK,
+     NodeKind::GreaterEqual, NodeKind::Greater},
     {NodeKind::Greater, Operation::Less, true, Operation::LessText, Operation::JumpIfLess, true,
      Operation::JumpIfGreaterK, NodeKind::LessEqual, NodeKind::Less},
     {NodeKind::LessEqual, Operation::LessOrEqual, false, Operation::LessOrEqualText, Operation::JumpIfLessOrEqual,
@@ -130,9 +130,8 @@ void cRoutineGenerator::DoNode(Index number)
         Arithmetic(number);
         break;
     case NodeKind::Array:
-        PushNumber(writer.NumberConstant(program.arrays[node.a].type == Type::Text
-                                             ? -1.0 - state.arrayNumbers[node.a]
-                                             : state.arrayNumbers[node.a]),
+        PushNumber(writer.NumberConstant(program.arrays[node.a].type == Type::Text ? -1.0 - state.arrayNumbers[node.a]
+                                                                                   : state.arrayNumbers[node.a]),
                    number);
         break;
     case NodeKind::Handle:
@@ -580,9 +579,7 @@ void cRoutineGenerator::CallBuiltin(Index number)
 void cRoutineGenerator::FillUp(Function function, Index count)
 {
     const auto number = [&](double value) { writer.LoadNumber(writer.NewNumber(), writer.NumberConstant(value)); };
-    const auto text = [&](std::string_view value) {
-        writer.LoadText(writer.NewText(), writer.TextConstant(value));
-    };
+    const auto text = [&](std::string_view value) { writer.LoadText(writer.NewText(), writer.TextConstant(value)); };
     constexpr double all = 1e300;
     if (function == Function::Mid && count == 2)
         number(all);

@@ -73,8 +73,8 @@ cFile& cRun::FileOf(std::string_view handle)
 
 void cRun::Open(std::string_view name, std::string_view type, std::string_view handle, double recordLength)
 {
-    const auto mode = std::ranges::find_if(
-        Modes, [type](const ModeRow& row) { return CompareIgnoringCase(row.word, type) == 0; });
+    const auto mode =
+        std::ranges::find_if(Modes, [type](const ModeRow& row) { return CompareIgnoringCase(row.word, type) == 0; });
     if (mode == std::end(Modes))
         throw WindowNeeded{"open for " + std::string(type)};
     const std::string key(WithoutSign(handle));
@@ -206,8 +206,8 @@ void cRun::HandleDueEvents()
     if (now < timerDue)
         return;
     // Ticks that were missed are not made up for.
-    timerDue = std::max(timerDue, now - static_cast<std::int64_t>(timerInterval)) +
-               static_cast<std::int64_t>(timerInterval);
+    timerDue =
+        std::max(timerDue, now - static_cast<std::int64_t>(timerInterval)) + static_cast<std::int64_t>(timerInterval);
     throw EventRaised{timerHandler};
 }
 

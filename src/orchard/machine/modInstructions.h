@@ -41,7 +41,7 @@ namespace ob::basic {
     X(ForTest, "nnj") /* jumps when a is beyond b already, by the step in the register after b */                      \
     X(Move, "Nn-")                                                                                                     \
     X(Load, "Nk-")                                                                                                     \
-    X(LoadFar, "NK") /* of more constants than c can name */                                                          \
+    X(LoadFar, "NK") /* of more constants than c can name */                                                           \
     X(LoadGlobal, "Ng-")                                                                                               \
     X(StoreGlobal, "ng-")                                                                                              \
     X(Add, "Nnn")                                                                                                      \
@@ -74,7 +74,7 @@ namespace ob::basic {
     X(MoveText, "Tt-")                                                                                                 \
     X(TakeText, "TT-") /* moves b to a and leaves b empty */                                                           \
     X(LoadText, "Ts-")                                                                                                 \
-    X(LoadTextFar, "TS")                                                                                              \
+    X(LoadTextFar, "TS")                                                                                               \
     X(LoadGlobalText, "Th-")                                                                                           \
     X(StoreGlobalText, "th-")                                                                                          \
     X(JoinText, "Ttt")                                                                                                 \

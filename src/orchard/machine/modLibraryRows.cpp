@@ -41,10 +41,14 @@ constexpr void Put(Rows& rows, Row row, Routine routine, std::uint16_t numbers, 
 
 constexpr void PutPrinting(Rows& rows)
 {
-    Put(rows, ServiceRow::PrintNumber, [](cMachine& m, double* n, cText*) { RunOf(m).Output().Number(n[0]); }, 1, 0);
-    Put(rows, ServiceRow::PrintText, [](cMachine& m, double*, cText* t) { RunOf(m).Output().Text(t[0].View()); }, 0, 1);
-    Put(rows, ServiceRow::PrintComma, [](cMachine& m, double*, cText*) { RunOf(m).Output().Comma(); }, 0, 0);
-    Put(rows, ServiceRow::PrintTab, [](cMachine& m, double* n, cText*) { RunOf(m).Output().Tab(n[0]); }, 1, 0);
+    Put(
+        rows, ServiceRow::PrintNumber, [](cMachine& m, double* n, cText*) { RunOf(m).Output().Number(n[0]); }, 1, 0);
+    Put(
+        rows, ServiceRow::PrintText, [](cMachine& m, double*, cText* t) { RunOf(m).Output().Text(t[0].View()); }, 0, 1);
+    Put(
+        rows, ServiceRow::PrintComma, [](cMachine& m, double*, cText*) { RunOf(m).Output().Comma(); }, 0, 0);
+    Put(
+        rows, ServiceRow::PrintTab, [](cMachine& m, double* n, cText*) { RunOf(m).Output().Tab(n[0]); }, 1, 0);
     Put(
         rows, ServiceRow::PrintEnd,
         [](cMachine& m, double*, cText*) {
@@ -59,7 +63,8 @@ constexpr void PutPrinting(Rows& rows)
             RunOf(m).EndPrint();
         },
         0, 0);
-    Put(rows, ServiceRow::PrintTo, [](cMachine& m, double*, cText* t) { RunOf(m).PrintTo(t[0].View()); }, 0, 1);
+    Put(
+        rows, ServiceRow::PrintTo, [](cMachine& m, double*, cText* t) { RunOf(m).PrintTo(t[0].View()); }, 0, 1);
     Put(
         rows, ServiceRow::PrintPrinter, [](cMachine&, double*, cText*) { throw WindowNeeded{"lprint"}; }, 0, 0);
     Put(rows, ServiceRow::Unsupported, NeedWindow, 0, 1);
@@ -67,27 +72,32 @@ constexpr void PutPrinting(Rows& rows)
 
 constexpr void PutInput(Rows& rows)
 {
-    Put(rows, ServiceRow::InputStart, [](cMachine& m, double*, cText* t) { RunOf(m).AskFor(t[0].View()); }, 0, 1);
-    Put(rows, ServiceRow::InputAsk, [](cMachine& m, double*, cText*) { RunOf(m).AskFor(cQuestion::Mark); }, 0, 0);
-    Put(rows, ServiceRow::InputFrom, [](cMachine& m, double*, cText* t) { RunOf(m).ReadFrom(t[0].View()); }, 0, 1);
+    Put(
+        rows, ServiceRow::InputStart, [](cMachine& m, double*, cText* t) { RunOf(m).AskFor(t[0].View()); }, 0, 1);
+    Put(
+        rows, ServiceRow::InputAsk, [](cMachine& m, double*, cText*) { RunOf(m).AskFor(cQuestion::Mark); }, 0, 0);
+    Put(
+        rows, ServiceRow::InputFrom, [](cMachine& m, double*, cText* t) { RunOf(m).ReadFrom(t[0].View()); }, 0, 1);
     Put(
         rows, ServiceRow::InputNumber, [](cMachine& m, double* n, cText*) { n[0] = Val(RunOf(m).NextItem()); }, 0, 0,
         ValueType::Number);
     Put(
         rows, ServiceRow::InputText, [](cMachine& m, double*, cText* t) { t[0] = cText(RunOf(m).NextItem()); }, 0, 0,
         ValueType::Text);
-    Put(rows, ServiceRow::InputEnd, [](cMachine& m, double*, cText*) { RunOf(m).EndInput(); }, 0, 0);
+    Put(
+        rows, ServiceRow::InputEnd, [](cMachine& m, double*, cText*) { RunOf(m).EndInput(); }, 0, 0);
     Put(
         rows, ServiceRow::LineInput, [](cMachine& m, double*, cText* t) { t[0] = cText(RunOf(m).NextLine()); }, 0, 0,
         ValueType::Text);
     Put(
-        rows, ServiceRow::ReadNumber, [](cMachine& m, double* n, cText*) { n[0] = Val(RunOf(m).NextData(m.Code())); }, 0,
-        0, ValueType::Number);
+        rows, ServiceRow::ReadNumber, [](cMachine& m, double* n, cText*) { n[0] = Val(RunOf(m).NextData(m.Code())); },
+        0, 0, ValueType::Number);
     Put(
         rows, ServiceRow::ReadText,
         [](cMachine& m, double*, cText* t) { t[0] = cText::Literal(RunOf(m).NextData(m.Code())); }, 0, 0,
         ValueType::Text);
-    Put(rows, ServiceRow::Restore, [](cMachine& m, double* n, cText*) { RunOf(m).RestoreData(n[0]); }, 1, 0);
+    Put(
+        rows, ServiceRow::Restore, [](cMachine& m, double* n, cText*) { RunOf(m).RestoreData(n[0]); }, 1, 0);
 }
 
 constexpr void PutFiles(Rows& rows)
@@ -95,24 +105,30 @@ constexpr void PutFiles(Rows& rows)
     Put(
         rows, ServiceRow::Open,
         [](cMachine& m, double* n, cText* t) { RunOf(m).Open(t[0].View(), t[1].View(), t[2].View(), n[0]); }, 1, 3);
-    Put(rows, ServiceRow::FieldStart, [](cMachine& m, double*, cText* t) { RunOf(m).StartFields(t[0].View()); }, 0, 1);
+    Put(
+        rows, ServiceRow::FieldStart, [](cMachine& m, double*, cText* t) { RunOf(m).StartFields(t[0].View()); }, 0, 1);
     Put(
         rows, ServiceRow::FieldNumber,
         [](cMachine& m, double* n, cText*) { RunOf(m).AddField(n[0], n[1], ValueType::Number); }, 2, 0);
     Put(
         rows, ServiceRow::FieldText,
         [](cMachine& m, double* n, cText*) { RunOf(m).AddField(n[0], n[1], ValueType::Text); }, 2, 0);
-    Put(rows, ServiceRow::FieldEnd, [](cMachine& m, double*, cText*) { RunOf(m).EndFields(); }, 0, 0);
-    Put(rows, Command::Close, [](cMachine& m, double*, cText* t) { RunOf(m).Close(t[0].View()); }, 0, 1);
-    Put(rows, Command::Put, [](cMachine& m, double* n, cText* t) { RunOf(m).Put(m, t[0].View(), n[0]); }, 1, 1);
+    Put(
+        rows, ServiceRow::FieldEnd, [](cMachine& m, double*, cText*) { RunOf(m).EndFields(); }, 0, 0);
+    Put(
+        rows, Command::Close, [](cMachine& m, double*, cText* t) { RunOf(m).Close(t[0].View()); }, 0, 1);
+    Put(
+        rows, Command::Put, [](cMachine& m, double* n, cText* t) { RunOf(m).Put(m, t[0].View(), n[0]); }, 1, 1);
     Put(
         rows, Command::Get,
         [](cMachine& m, double* n, cText* t) { RunOf(m).Get(m, t[0].View(), n[0], cRun::Blanks::Keep); }, 1, 1);
     Put(
         rows, Command::GetTrim,
         [](cMachine& m, double* n, cText* t) { RunOf(m).Get(m, t[0].View(), n[0], cRun::Blanks::Trim); }, 1, 1);
-    Put(rows, Command::Seek, [](cMachine& m, double* n, cText* t) { RunOf(m).FileOf(t[0].View()).Seek(n[0]); }, 1, 1);
-    Put(rows, Command::Kill, [](cMachine& m, double*, cText* t) { RunOf(m).host.Files().Kill(t[0].View()); }, 0, 1);
+    Put(
+        rows, Command::Seek, [](cMachine& m, double* n, cText* t) { RunOf(m).FileOf(t[0].View()).Seek(n[0]); }, 1, 1);
+    Put(
+        rows, Command::Kill, [](cMachine& m, double*, cText* t) { RunOf(m).host.Files().Kill(t[0].View()); }, 0, 1);
     Put(
         rows, Command::Name,
         [](cMachine& m, double*, cText* t) { RunOf(m).host.Files().Rename(t[0].View(), t[1].View()); }, 0, 2);
@@ -143,8 +159,8 @@ constexpr void PutFiles(Rows& rows)
         rows, Function::Lof, [](cMachine& m, double* n, cText* t) { n[0] = RunOf(m).FileOf(t[0].View()).Length(); }, 0,
         1, ValueType::Number);
     Put(
-        rows, Function::Loc, [](cMachine& m, double* n, cText* t) { n[0] = RunOf(m).FileOf(t[0].View()).Location(); }, 0,
-        1, ValueType::Number);
+        rows, Function::Loc, [](cMachine& m, double* n, cText* t) { n[0] = RunOf(m).FileOf(t[0].View()).Location(); },
+        0, 1, ValueType::Number);
     Put(
         rows, Function::MkDir,
         [](cMachine& m, double* n, cText* t) { n[0] = RunOf(m).host.Files().MakeFolder(t[0].View()); }, 0, 1,
@@ -214,9 +230,11 @@ constexpr void PutNumbers(Rows& rows)
     one(Function::Sgn, OneNumber([](double x) { return x > 0 ? 1.0 : x < 0 ? -1.0 : 0.0; }));
     one(Function::Rnd, [](cMachine& m, double* n, cText*) { n[0] = RunOf(m).random.Next(); });
     Put(
-        rows, Function::Max, [](cMachine&, double* n, cText*) { n[0] = std::max(n[0], n[1]); }, 2, 0, ValueType::Number);
+        rows, Function::Max, [](cMachine&, double* n, cText*) { n[0] = std::max(n[0], n[1]); }, 2, 0,
+        ValueType::Number);
     Put(
-        rows, Function::Min, [](cMachine&, double* n, cText*) { n[0] = std::min(n[0], n[1]); }, 2, 0, ValueType::Number);
+        rows, Function::Min, [](cMachine&, double* n, cText*) { n[0] = std::min(n[0], n[1]); }, 2, 0,
+        ValueType::Number);
     Put(
         rows, Command::Randomize, [](cMachine& m, double* n, cText*) { RunOf(m).random.Seed(n[0]); }, 1, 0);
 }
@@ -229,16 +247,23 @@ constexpr void PutTexts(Rows& rows)
     const auto number = [&rows](Function row, LibraryRoutine routine, std::uint16_t numbers, std::uint16_t texts) {
         Put(rows, row, routine, numbers, texts, ValueType::Number);
     };
-    text(Function::Left, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Left(t[0].View(), n[0])); }, 1, 1);
-    text(Function::Right, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Right(t[0].View(), n[0])); }, 1, 1);
-    text(Function::Mid, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Mid(t[0].View(), n[0], n[1])); }, 2, 1);
-    text(Function::Trim, [](cMachine&, double*, cText* t) { t[0] = t[0].Slice(Trim(t[0].View())); }, 0, 1);
     text(
-        Function::Word,
-        [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Word(t[0].View(), n[0], t[1].View())); }, 1, 2);
-    text(Function::Lower, [](cMachine&, double*, cText* t) { t[0] = cText(Lower(t[0].View())); }, 0, 1);
-    text(Function::Upper, [](cMachine&, double*, cText* t) { t[0] = cText(Upper(t[0].View())); }, 0, 1);
-    text(Function::Space, [](cMachine&, double* n, cText* t) { t[0] = cText(Space(n[0])); }, 1, 0);
+        Function::Left, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Left(t[0].View(), n[0])); }, 1, 1);
+    text(
+        Function::Right, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Right(t[0].View(), n[0])); }, 1, 1);
+    text(
+        Function::Mid, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Mid(t[0].View(), n[0], n[1])); }, 2, 1);
+    text(
+        Function::Trim, [](cMachine&, double*, cText* t) { t[0] = t[0].Slice(Trim(t[0].View())); }, 0, 1);
+    text(
+        Function::Word, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Word(t[0].View(), n[0], t[1].View())); },
+        1, 2);
+    text(
+        Function::Lower, [](cMachine&, double*, cText* t) { t[0] = cText(Lower(t[0].View())); }, 0, 1);
+    text(
+        Function::Upper, [](cMachine&, double*, cText* t) { t[0] = cText(Upper(t[0].View())); }, 0, 1);
+    text(
+        Function::Space, [](cMachine&, double* n, cText* t) { t[0] = cText(Space(n[0])); }, 1, 0);
     text(
         Function::Chr,
         [](cMachine&, double* n, cText* t) { t[0] = cText::Character(static_cast<std::uint8_t>(Chr(n[0]))); }, 1, 0);
@@ -249,15 +274,20 @@ constexpr void PutTexts(Rows& rows)
             t[0] = cText(NumberText(n[0], digits));
         },
         1, 0);
-    text(Function::DecHex, [](cMachine&, double* n, cText* t) { t[0] = cText(DecHex(n[0])); }, 1, 0);
-    text(Function::Using, [](cMachine&, double* n, cText* t) { t[0] = cText(Using(t[0].View(), n[0])); }, 1, 1);
-    number(Function::HexDec, [](cMachine&, double* n, cText* t) { n[0] = HexDec(t[0].View()); }, 0, 1);
-    number(Function::Val, [](cMachine&, double* n, cText* t) { n[0] = Val(t[0].View()); }, 0, 1);
-    number(Function::Asc, [](cMachine&, double* n, cText* t) { n[0] = Asc(t[0].View()); }, 0, 1);
-    number(Function::Len, [](cMachine&, double* n, cText* t) { n[0] = static_cast<double>(t[0].Size()); }, 0, 1);
+    text(
+        Function::DecHex, [](cMachine&, double* n, cText* t) { t[0] = cText(DecHex(n[0])); }, 1, 0);
+    text(
+        Function::Using, [](cMachine&, double* n, cText* t) { t[0] = cText(Using(t[0].View(), n[0])); }, 1, 1);
     number(
-        Function::InStr,
-        [](cMachine&, double* n, cText* t) { n[0] = Instr(t[0].View(), t[1].View(), n[0]); }, 1, 2);
+        Function::HexDec, [](cMachine&, double* n, cText* t) { n[0] = HexDec(t[0].View()); }, 0, 1);
+    number(
+        Function::Val, [](cMachine&, double* n, cText* t) { n[0] = Val(t[0].View()); }, 0, 1);
+    number(
+        Function::Asc, [](cMachine&, double* n, cText* t) { n[0] = Asc(t[0].View()); }, 0, 1);
+    number(
+        Function::Len, [](cMachine&, double* n, cText* t) { n[0] = static_cast<double>(t[0].Size()); }, 0, 1);
+    number(
+        Function::InStr, [](cMachine&, double* n, cText* t) { n[0] = Instr(t[0].View(), t[1].View(), n[0]); }, 1, 2);
 }
 
 double NumberOf(const NumberOrText& value)
@@ -297,21 +327,27 @@ constexpr void PutDates(Rows& rows)
 
 constexpr void PutConsole(Rows& rows)
 {
-    Put(rows, Command::Beep, [](cMachine& m, double*, cText*) { RunOf(m).host.Console().Beep(); }, 0, 0);
-    Put(rows, Command::Cls, [](cMachine& m, double*, cText*) { RunOf(m).host.Console().Clear(); }, 0, 0);
+    Put(
+        rows, Command::Beep, [](cMachine& m, double*, cText*) { RunOf(m).host.Console().Beep(); }, 0, 0);
+    Put(
+        rows, Command::Cls, [](cMachine& m, double*, cText*) { RunOf(m).host.Console().Clear(); }, 0, 0);
     Put(
         rows, Command::Locate, [](cMachine& m, double* n, cText*) { RunOf(m).host.Console().Locate(n[0], n[1]); }, 2,
         0);
     Put(
         rows, Command::MainWin, [](cMachine& m, double* n, cText*) { RunOf(m).host.Console().SetSize(n[0], n[1]); }, 2,
         0);
-    Put(rows, Command::NoMainWin, [](cMachine& m, double*, cText*) { RunOf(m).host.Console().Hide(); }, 0, 0);
+    Put(
+        rows, Command::NoMainWin, [](cMachine& m, double*, cText*) { RunOf(m).host.Console().Hide(); }, 0, 0);
     Put(
         rows, Command::TitleBar, [](cMachine& m, double*, cText* t) { RunOf(m).host.Console().SetTitle(t[0].View()); },
         0, 1);
-    Put(rows, Command::Trace, [](cMachine&, double*, cText*) {}, 1, 0);
-    Put(rows, Command::Dump, [](cMachine& m, double*, cText*) { RunOf(m).host.SendToPrinter(); }, 0, 0);
-    Put(rows, Command::Notice, [](cMachine& m, double*, cText* t) { RunOf(m).host.Notice(t[0].View()); }, 0, 1);
+    Put(
+        rows, Command::Trace, [](cMachine&, double*, cText*) {}, 1, 0);
+    Put(
+        rows, Command::Dump, [](cMachine& m, double*, cText*) { RunOf(m).host.SendToPrinter(); }, 0, 0);
+    Put(
+        rows, Command::Notice, [](cMachine& m, double*, cText* t) { RunOf(m).host.Notice(t[0].View()); }, 0, 1);
     Put(
         rows, Command::Confirm,
         [](cMachine& m, double*, cText* t) {
@@ -325,9 +361,12 @@ constexpr void PutConsole(Rows& rows)
     Put(
         rows, Command::Run,
         [](cMachine& m, double*, cText* t) { RunOf(m).host.OpenOnDesktop(t[0].View(), t[1].View()); }, 0, 2);
-    Put(rows, Command::Timer, [](cMachine& m, double* n, cText*) { RunOf(m).SetTimer(n[0], n[1]); }, 2, 0);
-    Put(rows, Command::Scan, [](cMachine& m, double*, cText*) { RunOf(m).HandleDueEvents(); }, 0, 0);
-    Put(rows, Command::Wait, [](cMachine& m, double*, cText*) { RunOf(m).WaitForEvent(); }, 0, 0);
+    Put(
+        rows, Command::Timer, [](cMachine& m, double* n, cText*) { RunOf(m).SetTimer(n[0], n[1]); }, 2, 0);
+    Put(
+        rows, Command::Scan, [](cMachine& m, double*, cText*) { RunOf(m).HandleDueEvents(); }, 0, 0);
+    Put(
+        rows, Command::Wait, [](cMachine& m, double*, cText*) { RunOf(m).WaitForEvent(); }, 0, 0);
     Put(
         rows, Command::Sort,
         [](cMachine& m, double* n, cText*) {

@@ -17,8 +17,8 @@ enum class ServiceRow : std::uint16_t {
     PrintText,
     PrintComma,
     PrintTab,
-    PrintEnd,  // the line's end, and the statement's
-    PrintDone, // the statement's end without the line's
+    PrintEnd,     // the line's end, and the statement's
+    PrintDone,    // the statement's end without the line's
     PrintTo,      // text: the handle of what is printed until PrintEnd
     PrintPrinter, // the same for the printer
     InputStart,   // text: the prompt
@@ -30,9 +30,9 @@ enum class ServiceRow : std::uint16_t {
     LineInput, // gives the line after InputStart, InputAsk or InputFrom
     ReadNumber,
     ReadText,
-    Restore, // number: the item
-    Open,    // texts: name, type, handle; number: the length of records, or 0
-    FieldStart, // text: the handle
+    Restore,     // number: the item
+    Open,        // texts: name, type, handle; number: the length of records, or 0
+    FieldStart,  // text: the handle
     FieldNumber, // numbers: the width, a reference
     FieldText,
     FieldEnd,

@@ -11,9 +11,9 @@
 namespace programs {
 
 using ob::basic::Instruction;
-using ob::basic::Operation;
 using ob::basic::MachineCode;
 using ob::basic::MachineRoutine;
+using ob::basic::Operation;
 using ob::basic::ValueType;
 
 constexpr std::uint32_t SystemCount = static_cast<std::uint32_t>(ob::basic::SystemVariable::Count);
@@ -43,7 +43,7 @@ inline MachineRoutine MainOf(std::size_t instructions, std::uint16_t numbers, st
 // A main program alone; its last register of numbers is what it shows. A statement starts at each instruction, its
 // line one more than the instruction's place.
 inline MachineCode Alone(std::vector<Instruction> code, std::vector<double> numbers, std::uint16_t registers,
-                     std::uint16_t texts = 0)
+                         std::uint16_t texts = 0)
 {
     MachineCode program;
     program.instructions = std::move(code);
@@ -61,19 +61,19 @@ inline MachineCode Fibonacci(double argument)
 {
     using O = Operation;
     MachineCode program = Alone({{O::Load, 0, 0, 0},
-                             {O::Call, 1, 0, 0},
-                             {O::Library, 0, 0, 0},
-                             {O::End},
-                             {O::JumpIfGreaterOrEqualK, 0, 1, 2},
-                             {O::Move, 1, 0, 0},
-                             {O::Return},
-                             {O::AddK, 2, 0, 2},
-                             {O::Call, 1, 2, 0},
-                             {O::AddK, 3, 0, 3},
-                             {O::Call, 1, 3, 0},
-                             {O::Add, 1, 2, 3},
-                             {O::Return}},
-                            {argument, 2, -1, -2}, 1);
+                                 {O::Call, 1, 0, 0},
+                                 {O::Library, 0, 0, 0},
+                                 {O::End},
+                                 {O::JumpIfGreaterOrEqualK, 0, 1, 2},
+                                 {O::Move, 1, 0, 0},
+                                 {O::Return},
+                                 {O::AddK, 2, 0, 2},
+                                 {O::Call, 1, 2, 0},
+                                 {O::AddK, 3, 0, 3},
+                                 {O::Call, 1, 3, 0},
+                                 {O::Add, 1, 2, 3},
+                                 {O::Return}},
+                                {argument, 2, -1, -2}, 1);
     MachineRoutine fib;
     fib.name = "fib";
     fib.start = program.routines[0].end = 4;
@@ -104,9 +104,12 @@ inline std::string& ShownText()
 inline const std::vector<ob::basic::LibraryRow>& Library()
 {
     static const std::vector<ob::basic::LibraryRow> rows = {
-        {[](ob::basic::cMachine&, double* numbers, ob::basic::cText*) { Shown().push_back(*numbers); }, 1, 0, ValueType::None},
-        {[](ob::basic::cMachine&, double*, ob::basic::cText* texts) { ShownText() += texts->View(); }, 0, 1, ValueType::None},
-        {[](ob::basic::cMachine&, double*, ob::basic::cText*) { ob::basic::Fail(ob::basic::ErrorNumber::NotADate); }, 0, 0, ValueType::None},
+        {[](ob::basic::cMachine&, double* numbers, ob::basic::cText*) { Shown().push_back(*numbers); }, 1, 0,
+         ValueType::None},
+        {[](ob::basic::cMachine&, double*, ob::basic::cText* texts) { ShownText() += texts->View(); }, 0, 1,
+         ValueType::None},
+        {[](ob::basic::cMachine&, double*, ob::basic::cText*) { ob::basic::Fail(ob::basic::ErrorNumber::NotADate); }, 0,
+         0, ValueType::None},
     };
     return rows;
 }

@@ -139,16 +139,16 @@ void tst_cMachine::deepRecursion()
     // deep(n) = n when n < 1, else deep(n - 1) + 1
     MachineCode program = Fibonacci(1000000);
     program.instructions = {{O::Load, 0, 0, 0},
-                    {O::Call, 1, 0, 0},
-                    {O::Library, 0, 0, 0},
-                    {O::End},
-                    {O::JumpIfGreaterOrEqualK, 0, 1, 2},
-                    {O::Move, 1, 0, 0},
-                    {O::Return},
-                    {O::AddK, 2, 0, 2},
-                    {O::Call, 1, 2, 0},
-                    {O::AddK, 1, 2, 1},
-                    {O::Return}};
+                            {O::Call, 1, 0, 0},
+                            {O::Library, 0, 0, 0},
+                            {O::End},
+                            {O::JumpIfGreaterOrEqualK, 0, 1, 2},
+                            {O::Move, 1, 0, 0},
+                            {O::Return},
+                            {O::AddK, 2, 0, 2},
+                            {O::Call, 1, 2, 0},
+                            {O::AddK, 1, 2, 1},
+                            {O::Return}};
     program.numbers = {1000000, 1, -1};
     program.routines[1].end = 11;
     program.statements = {{0, 1}};
@@ -193,22 +193,22 @@ void tst_cMachine::countedLoops()
 void tst_cMachine::arrays()
 {
     MachineCode program = Alone({{O::Load, 0, 0, 0},
-                             {O::Load, 1, 1, 0},
-                             {O::SetItem, 0, 0, 1}, // a(2.9) = 7, of an array that nobody dimensioned
-                             {O::Load, 2, 2, 0},
-                             {O::GetItem, 3, 0, 2}, // a(2)
-                             {O::Library, 0, 3, 0},
-                             {O::Dim2, 2, 1, 1}, // b(2, 2)
-                             {O::SetItem2, 0, 1, 1},
-                             {O::More, 2, 0, 0}, // b(2.9, 2) = 7
-                             {O::GetItem2, 3, 1, 2},
-                             {O::More, 1, 0, 0},
-                             {O::Library, 0, 3, 0},
-                             {O::Dim, 2, 0, 0}, // clears
-                             {O::GetItem, 3, 0, 2},
-                             {O::Library, 0, 3, 0},
-                             {O::End}},
-                            {7, 2.9, 2}, 4);
+                                 {O::Load, 1, 1, 0},
+                                 {O::SetItem, 0, 0, 1}, // a(2.9) = 7, of an array that nobody dimensioned
+                                 {O::Load, 2, 2, 0},
+                                 {O::GetItem, 3, 0, 2}, // a(2)
+                                 {O::Library, 0, 3, 0},
+                                 {O::Dim2, 2, 1, 1}, // b(2, 2)
+                                 {O::SetItem2, 0, 1, 1},
+                                 {O::More, 2, 0, 0}, // b(2.9, 2) = 7
+                                 {O::GetItem2, 3, 1, 2},
+                                 {O::More, 1, 0, 0},
+                                 {O::Library, 0, 3, 0},
+                                 {O::Dim, 2, 0, 0}, // clears
+                                 {O::GetItem, 3, 0, 2},
+                                 {O::Library, 0, 3, 0},
+                                 {O::End}},
+                                {7, 2.9, 2}, 4);
     program.numberArrays = 2;
     QCOMPARE(Run(program), (std::vector<double>{7, 7, 0}));
 }
@@ -216,19 +216,19 @@ void tst_cMachine::arrays()
 void tst_cMachine::arraysOfTexts()
 {
     MachineCode program = Alone({{O::LoadText, 0, 0, 0},
-                             {O::Load, 0, 0, 0},
-                             {O::SetTextItem, 0, 0, 0},
-                             {O::LoadText, 0, 1, 0},
-                             {O::GetTextItem, 1, 0, 0},
-                             {O::Library, 1, 0, 1},
-                             {O::DimText2, 0, 0, 0},
-                             {O::SetTextItem2, 0, 0, 0},
-                             {O::More, 0, 0, 0},
-                             {O::GetTextItem2, 1, 0, 0},
-                             {O::More, 0, 0, 0},
-                             {O::Library, 1, 0, 1},
-                             {O::End}},
-                            {3}, 1, 2);
+                                 {O::Load, 0, 0, 0},
+                                 {O::SetTextItem, 0, 0, 0},
+                                 {O::LoadText, 0, 1, 0},
+                                 {O::GetTextItem, 1, 0, 0},
+                                 {O::Library, 1, 0, 1},
+                                 {O::DimText2, 0, 0, 0},
+                                 {O::SetTextItem2, 0, 0, 0},
+                                 {O::More, 0, 0, 0},
+                                 {O::GetTextItem2, 1, 0, 0},
+                                 {O::More, 0, 0, 0},
+                                 {O::Library, 1, 0, 1},
+                                 {O::End}},
+                                {3}, 1, 2);
     program.texts = {"first", "second"};
     program.textArrays = 1;
     Run(program);
@@ -253,22 +253,22 @@ void tst_cMachine::indexesBeyondAnArray()
 void tst_cMachine::texts()
 {
     MachineCode program = Alone({{O::LoadText, 0, 0, 0},
-                             {O::LoadText, 1, 1, 0},
-                             {O::JoinText, 2, 0, 1},
-                             {O::JoinText, 2, 2, 2},
-                             {O::JoinText, 1, 2, 1},
-                             {O::Library, 1, 0, 1},
-                             {O::Length, 0, 1, 0},
-                             {O::Library, 0, 0, 0},
-                             {O::LessText, 0, 0, 1},
-                             {O::Library, 0, 0, 0},
-                             {O::TakeText, 0, 1, 0},
-                             {O::EqualText, 0, 0, 2},
-                             {O::Library, 0, 0, 0},
-                             {O::Length, 0, 1, 0},
-                             {O::Library, 0, 0, 0},
-                             {O::End}},
-                            {}, 1, 3);
+                                 {O::LoadText, 1, 1, 0},
+                                 {O::JoinText, 2, 0, 1},
+                                 {O::JoinText, 2, 2, 2},
+                                 {O::JoinText, 1, 2, 1},
+                                 {O::Library, 1, 0, 1},
+                                 {O::Length, 0, 1, 0},
+                                 {O::Library, 0, 0, 0},
+                                 {O::LessText, 0, 0, 1},
+                                 {O::Library, 0, 0, 0},
+                                 {O::TakeText, 0, 1, 0},
+                                 {O::EqualText, 0, 0, 2},
+                                 {O::Library, 0, 0, 0},
+                                 {O::Length, 0, 1, 0},
+                                 {O::Library, 0, 0, 0},
+                                 {O::End}},
+                                {}, 1, 3);
     program.texts = {"ab", "c"};
     QCOMPARE(Run(program), (std::vector<double>{7, 1, 0, 0}));
     QCOMPARE(ShownText(), std::string("abcabcc"));
@@ -295,16 +295,16 @@ void tst_cMachine::references()
 {
     // twice(byref x) doubles a register, a global and an item.
     MachineCode program = Alone({{O::Load, 0, 0, 0},        {O::ReferToRegister, 1, 0, 0},
-                             {O::Call, 1, 1, 0},        {O::Library, 0, 0, 0},
-                             {O::StoreGlobal, 0, 0, 0}, {O::ReferToGlobal, 1, 0, 0},
-                             {O::Call, 1, 1, 0},        {O::LoadGlobal, 1, 0, 0},
-                             {O::Library, 0, 1, 0},     {O::ReferToItem, 1, 0, 0},
-                             {O::More, 0, 0, 0},        {O::SetReferred, 0, 1, 0},
-                             {O::Call, 1, 1, 0},        {O::GetItem, 1, 0, 0},
-                             {O::Library, 0, 1, 0},     {O::End},
-                             {O::GetReferred, 1, 0, 0}, {O::Add, 1, 1, 1},
-                             {O::SetReferred, 1, 0, 0}, {O::Return}},
-                            {3}, 2);
+                                 {O::Call, 1, 1, 0},        {O::Library, 0, 0, 0},
+                                 {O::StoreGlobal, 0, 0, 0}, {O::ReferToGlobal, 1, 0, 0},
+                                 {O::Call, 1, 1, 0},        {O::LoadGlobal, 1, 0, 0},
+                                 {O::Library, 0, 1, 0},     {O::ReferToItem, 1, 0, 0},
+                                 {O::More, 0, 0, 0},        {O::SetReferred, 0, 1, 0},
+                                 {O::Call, 1, 1, 0},        {O::GetItem, 1, 0, 0},
+                                 {O::Library, 0, 1, 0},     {O::End},
+                                 {O::GetReferred, 1, 0, 0}, {O::Add, 1, 1, 1},
+                                 {O::SetReferred, 1, 0, 0}, {O::Return}},
+                                {3}, 2);
     program.numberArrays = 1;
     MachineRoutine twice;
     twice.start = program.routines[0].end = 16;
@@ -318,13 +318,13 @@ void tst_cMachine::references()
 void tst_cMachine::referencesToLostItems()
 {
     MachineCode program = Alone({{O::Load, 0, 0, 0},
-                             {O::ReferToItem, 1, 0, 0},
-                             {O::More, 0, 0, 0},
-                             {O::Load, 0, 1, 0},
-                             {O::Dim, 0, 0, 0},
-                             {O::GetReferred, 0, 1, 0},
-                             {O::End}},
-                            {9, 2}, 2);
+                                 {O::ReferToItem, 1, 0, 0},
+                                 {O::More, 0, 0, 0},
+                                 {O::Load, 0, 1, 0},
+                                 {O::Dim, 0, 0, 0},
+                                 {O::GetReferred, 0, 1, 0},
+                                 {O::End}},
+                                {9, 2}, 2);
     program.numberArrays = 1;
     QCOMPARE(ErrorOf(program).first, 9);
 }
@@ -333,13 +333,13 @@ void tst_cMachine::handlerAndResume()
 {
     // The handler makes the divisor 4 and resumes the statement.
     MachineCode program = Alone({Far(O::OnError, 1, 4),
-                             {O::Load, 0, 0, 0},
-                             {O::Divide, 2, 0, 1},
-                             {O::Library, 0, 2, 0},
-                             {O::End},
-                             {O::Load, 1, 1, 0},
-                             {O::Resume}},
-                            {10, 4}, 3);
+                                 {O::Load, 0, 0, 0},
+                                 {O::Divide, 2, 0, 1},
+                                 {O::Library, 0, 2, 0},
+                                 {O::End},
+                                 {O::Load, 1, 1, 0},
+                                 {O::Resume}},
+                                {10, 4}, 3);
     QCOMPARE(Run(program), std::vector<double>{2.5});
     program.instructions[0].a = 0;
     QCOMPARE(ErrorOf(program), (std::pair<int, std::uint32_t>{11, 3}));
@@ -349,17 +349,17 @@ void tst_cMachine::handlerAndResume()
 void tst_cMachine::handlerOfTheCaller()
 {
     MachineCode program = Alone({Far(O::OnError, 1, 4),
-                             {O::AddK, 0, 0, 0},
-                             {O::JumpIfGreaterOrEqualK, 0, 1, 1}, // the second time
-                             {O::Call, 1, 1, 0},
-                             {O::End},
-                             {O::Library, 0, 0, 0},
-                             {O::AddK, 0, 0, 0},
-                             {O::JumpIfLessK, 0, 1, Over(-5)},
-                             {O::End},
-                             {O::Library, 2, 0, 0},
-                             {O::Return}},
-                            {1, 3}, 2);
+                                 {O::AddK, 0, 0, 0},
+                                 {O::JumpIfGreaterOrEqualK, 0, 1, 1}, // the second time
+                                 {O::Call, 1, 1, 0},
+                                 {O::End},
+                                 {O::Library, 0, 0, 0},
+                                 {O::AddK, 0, 0, 0},
+                                 {O::JumpIfLessK, 0, 1, Over(-5)},
+                                 {O::End},
+                                 {O::Library, 2, 0, 0},
+                                 {O::Return}},
+                                {1, 3}, 2);
     MachineRoutine raises;
     raises.start = program.routines[0].end = 9;
     raises.end = 11;

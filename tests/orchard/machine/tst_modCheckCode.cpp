@@ -47,7 +47,8 @@ void tst_modCheckCode::damage_data()
     row("result_beyond_the_registers", [](MachineCode& p) { p.routines[1].resultRegister = 4; });
     row("result_of_a_type_without_registers", [](MachineCode& p) { p.routines[1].result = ValueType::Text; });
     row("unknown_type", [](MachineCode& p) { p.routines[1].result = static_cast<ValueType>(3); });
-    row("unknown_operation", [](MachineCode& p) { p.instructions[0].operation = static_cast<Operation>(ob::basic::Operations().size()); });
+    row("unknown_operation",
+        [](MachineCode& p) { p.instructions[0].operation = static_cast<Operation>(ob::basic::Operations().size()); });
     row("register_beyond", [](MachineCode& p) { p.instructions[0].a = 1; });
     row("constant_beyond", [](MachineCode& p) { p.instructions[0].b = 4; });
     row("routine_of_a_call_beyond", [](MachineCode& p) { p.instructions[1].a = 2; });
