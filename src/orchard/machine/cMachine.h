@@ -69,6 +69,9 @@ public:
     void Stop() { isStopped.store(true, std::memory_order_relaxed); }
     bool IsStopped() const { return isStopped.load(std::memory_order_relaxed); }
 
+    // The line of the statement that runs, where a row was left by what it threw.
+    std::uint32_t CurrentLine() const { return StatementAt(current).line; }
+
     // The last run-time error; number 0 when there was none.
     const cRunError& LastError() const { return lastError; }
 

@@ -41,9 +41,14 @@ cMachine::Ending cRun::Run(cMachine& machine)
     machine.SystemText(SystemVariable::Version) = cText(cHost::Version());
     machine.SystemText(SystemVariable::Drives) = cText::Literal("/");
     const cMachine::Ending ending = machine.Run();
+    Finish();
+    return ending;
+}
+
+void cRun::Finish()
+{
     host.FlushAll();
     host.Files().CloseAll();
-    return ending;
 }
 
 void cRun::LeaveStatement()

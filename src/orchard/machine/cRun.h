@@ -22,6 +22,9 @@ public:
     // cMachine::Run throws, and WindowNeeded.
     cMachine::Ending Run(cMachine& machine);
 
+    // Sends what waits, and closes the files. Throws cProgramError when that fails.
+    void Finish();
+
     void LeaveStatement() override;
 
     cOutput& Output() { return *output; }
