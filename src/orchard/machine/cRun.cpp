@@ -216,13 +216,16 @@ void cRun::HandleDueEvents()
     throw EventRaised{timerHandler};
 }
 
-void cRun::WaitForEvent()
+void cRun::WaitForEvent(const cMachine& machine)
 {
     if (timerInterval == 0 || timerHandler == 0)
         throw ProgramEnded{};
     host.FlushAll();
-    host.Sleep(timerDue - host.Milliseconds());
-    HandleDueEvents();
+    while (!machine.IsStopped()) {
+        host.Sleep(timerDue - host.Milliseconds());
+        HandleDueEvents();
+    }
+    throw ProgramStopped{};
 }
 
 } // namespace ob::basic

@@ -58,8 +58,8 @@ public:
     void SetTimer(double milliseconds, double handler);
     // Throws EventRaised when the timer's time has come.
     void HandleDueEvents();
-    // Throws EventRaised when it comes, and ProgramEnded when nothing can.
-    void WaitForEvent();
+    // Throws EventRaised when it comes, ProgramEnded when nothing can, ProgramStopped when the machine is to stop.
+    void WaitForEvent(const cMachine& machine);
 
     cHost& host;
     cRandom random;

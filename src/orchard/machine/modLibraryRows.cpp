@@ -366,7 +366,7 @@ constexpr void PutConsole(Rows& rows)
     Put(
         rows, Command::Scan, [](cMachine& m, double*, cText*) { RunOf(m).HandleDueEvents(); }, 0, 0);
     Put(
-        rows, Command::Wait, [](cMachine& m, double*, cText*) { RunOf(m).WaitForEvent(); }, 0, 0);
+        rows, Command::Wait, [](cMachine& m, double*, cText*) { RunOf(m).WaitForEvent(m); }, 0, 0);
     Put(
         rows, Command::Sort,
         [](cMachine& m, double* n, cText*) {
