@@ -91,6 +91,8 @@ void cParser::DropOperands()
 {
     program.nodes.resize(statementNode);
     parsed.checks.resize(statementCheck);
+    while (!parsed.enclosed.empty() && parsed.enclosed.back() >= statementNode)
+        parsed.enclosed.pop_back();
 }
 
 // Drops what the statement has so far and moves to where the next one may start.

@@ -24,6 +24,7 @@ struct Check {
 // Gosub, OnError, Restore and Call, and `a` of Label and Routine.
 struct Parsed {
     std::vector<Check> checks;    // in the order of the nodes
+    std::vector<Index> enclosed;  // nodes in parentheses of their own, rising
     std::vector<bool> isAssigned; // by name: a word of the language that the program uses as a name too
 
     bool IsAssigned(NameId name) const { return name < isAssigned.size() && isAssigned[name]; }
@@ -218,7 +219,8 @@ private:
     std::array<Index, BlockKindCount> innermost; // by kind: the innermost block of it, NoIndex when there is none
     std::vector<Pending> pending;
     std::vector<Index> structs;     // by name
-    std::vector<Index> fieldLayout; // by name: the last layout that has a field of it
+    std::vector<Index> fieldStruct; // by name: the last struct statement that has a field of it
+    Index structCount = 0;          // struct statements so far
     Index routine = 0;              // the one that is being read
     Index statementNode = 0;
     std::size_t statementCheck = 0;

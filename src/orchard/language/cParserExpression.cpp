@@ -87,7 +87,7 @@ void cParser::EmitOver(NodeKind kind, Type type, Index count, Index first, Index
 // with Start::Item it is over after the parenthesis that closes its first operand.
 bool cParser::Expression(Start start)
 {
-    Follows follows = Follows::Operand;
+    Follows follows = Follows::Nothing;
     if (start == Start::Operator || (start == Start::Item && Is(TokenKind::RightParenthesis)) || Operand())
         follows = Operator(start);
     while (follows == Follows::Operand && Operand())
@@ -253,6 +253,8 @@ void cParser::CloseParenthesis()
 {
     const Pending call = pending.back();
     pending.pop_back();
+    if (call.kind == PendingKind::Group)
+        parsed.enclosed.push_back(NodeCount() - 1);
     const Index count = call.first == NodeCount() ? 0 : call.count + 1;
     if (call.kind == PendingKind::Builtin)
         EmitOver(NodeKind::Builtin, RowOf(static_cast<Function>(call.name)).type, count, call.first, call.name,

@@ -226,6 +226,7 @@ cParser::Outcome cParser::Struct()
         return Failed("the name of a struct");
     LayoutInfo layout{StructOf(token.name), static_cast<Index>(program.fields.size()), 0, 0};
     Advance();
+    ++structCount;
     if (!Is(TokenKind::Comma))
         return Failed("\",\" and a field");
     while (Accept(TokenKind::Comma))
@@ -242,15 +243,15 @@ bool cParser::StructField(LayoutInfo& layout)
     const Token name = token;
     if (!Is(TokenKind::Name))
         return Fail("the name of a field");
-    if (name.name >= fieldLayout.size())
-        fieldLayout.resize(program.names.Count(), NoIndex);
-    if (fieldLayout[name.name] == program.layouts.size())
+    if (name.name >= fieldStruct.size())
+        fieldStruct.resize(program.names.Count(), NoIndex);
+    if (fieldStruct[name.name] == structCount)
         return Fail("a field of another name");
-    fieldLayout[name.name] = static_cast<Index>(program.layouts.size());
+    fieldStruct[name.name] = structCount;
     Advance();
-    const Token& type = token;
     if (!ExpectWord(Keyword::As))
         return false;
+    const Token type = token;
     if (!TypeOperand(field.type))
         return false;
     field.size = DataTypes[static_cast<std::size_t>(field.type)].size;

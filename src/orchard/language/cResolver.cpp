@@ -275,10 +275,7 @@ void cResolver::ResolveField(Node& node)
     }
     node.a = structure;
     const Index layout = program.structs[structure].layout;
-    const FieldInfo* field = layout == NoIndex ? nullptr : FindField(program, layout, node.b);
-    for (Index at = 0; layout == NoIndex && !field && at < program.layouts.size(); ++at)
-        if (program.layouts[at].structure == structure)
-            field = FindField(program, at, node.b);
+    const FieldInfo* field = layout == NoIndex ? FieldOfAny(node, structure) : FindField(program, layout, node.b);
     if (field)
         node.type = field->valueType;
     else
@@ -286,13 +283,31 @@ void cResolver::ResolveField(Node& node)
                "a field of the struct \"" + std::string(Spelling(program.structs[structure].name)) + '"');
 }
 
-void cResolver::ResolveRoutine(Node& node)
+// The field as one of the struct's statements has it, when they differ: it is a text in all of them or a number.
+const FieldInfo* cResolver::FieldOfAny(const Node& node, Index structure)
+{
+    const FieldInfo* first = nullptr;
+    for (Index at = 0; at < program.layouts.size(); ++at) {
+        const FieldInfo* field = program.layouts[at].structure == structure ? FindField(program, at, node.b) : nullptr;
+        if (first && field && field->valueType != first->valueType) {
+            Report(node.offset, "a field that is a text in one \"struct\" and a number in another", "one type");
+            return first;
+        }
+        if (field)
+            first = field;
+    }
+    return first;
+}
+
+// The sub that handles an event, or the function of a callback.
+void cResolver::ResolveRoutine(Node& node, const Statement& statement)
 {
     const Index called = Of(node.a).routine;
-    if (called == NoIndex)
-        Report(node.offset, "a label or the name of a sub");
-    else
-        node.a = called;
+    const bool isCallBack = statement.kind == StatementKind::CallBack;
+    const RoutineKind wanted = isCallBack ? RoutineKind::Function : RoutineKind::Sub;
+    if (called == NoIndex || program.routines[called].kind != wanted)
+        Report(node.offset, isCallBack ? "the name of a function" : "a label or the name of a sub");
+    node.a = called;
 }
 
 // A label of the routine at hand; NoIndex when it has none of the name.

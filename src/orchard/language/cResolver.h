@@ -52,8 +52,9 @@ private:
     void ResolveItem(Index node);
     void ResolveArray(Node& node);
     void ResolveField(Node& node);
+    const FieldInfo* FieldOfAny(const Node& node, Index structure);
     void ResolveStruct(Node& node);
-    void ResolveRoutine(Node& node);
+    void ResolveRoutine(Node& node, const Statement& statement);
     Index ArrayOf(NameId name);
     Index LabelOf(NameId name) const;
     void ResolveLabel(Node& node, const Statement& statement);
@@ -76,7 +77,6 @@ private:
     void ResolveRestore(Statement& statement);
     void ResolveCall(Statement& statement);
     void CheckCase(const Statement& statement);
-    void CheckHandlers(const Statement& statement);
     void CheckCallDll(const Statement& statement);
     void CheckCallBack(const Statement& statement);
 

@@ -19,9 +19,7 @@ std::string Described(Type type)
 
 std::string Counted(std::size_t count, std::string_view what)
 {
-    if (count == 0)
-        return "no " + std::string(what);
-    return std::to_string(count) + ' ' + std::string(what) + (count == 1 ? "" : "s");
+    return (count == 0 ? "no" : std::to_string(count)) + ' ' + std::string(what) + (count == 1 ? "" : "s");
 }
 
 // The arguments of a function's row, punctuation left out, with and without what may be left out.
@@ -91,7 +89,7 @@ void cResolver::ResolveNode(Index index, const Statement& statement)
         ResolveLabel(node, statement);
         break;
     case NodeKind::Routine:
-        ResolveRoutine(node);
+        ResolveRoutine(node, statement);
         break;
     default:
         if (node.kind >= NodeKind::Negate && node.kind <= NodeKind::Or)
@@ -241,7 +239,8 @@ void cResolver::CheckArguments(Index called, Index first, Index end, Offset plac
         Node& argument = At(operands[at]);
         const bool isPlace =
             argument.kind == NodeKind::Variable || argument.kind == NodeKind::Item || argument.kind == NodeKind::Field;
-        if (parameter.byRef && isPlace && argument.use == Use::Value)
+        const bool isCopy = std::ranges::binary_search(parsed.enclosed, operands[at]);
+        if (parameter.byRef && isPlace && !isCopy && argument.use == Use::Value)
             argument.use = Use::Reference;
     }
 }
@@ -274,9 +273,6 @@ void cResolver::CheckStatement(Statement& statement)
         break;
     case StatementKind::Call:
         ResolveCall(statement);
-        break;
-    case StatementKind::Command:
-        CheckHandlers(statement);
         break;
     case StatementKind::CallDll:
         CheckCallDll(statement);
@@ -343,15 +339,6 @@ void cResolver::CheckCase(const Statement& statement)
             Want(operand, type);
 }
 
-// What handles an event is a sub.
-void cResolver::CheckHandlers(const Statement& statement)
-{
-    for (Index node = statement.firstNode; node < statement.endNode; ++node)
-        if (At(node).kind == NodeKind::Routine && At(node).a < program.routines.size() &&
-            program.routines[At(node).a].kind != RoutineKind::Sub)
-            Report(At(node).offset, "a label or the name of a sub");
-}
-
 // A text variable that is passed as ptr may be filled by the function.
 void cResolver::CheckCallDll(const Statement& statement)
 {
@@ -377,13 +364,11 @@ void cResolver::CheckCallBack(const Statement& statement)
             function = &At(node);
         types += At(node).kind == NodeKind::DataType;
     }
-    if (!function || function->a >= program.routines.size())
+    if (!function || function->a == NoIndex)
         return;
     const Routine& called = program.routines[function->a];
     const Index arguments = types - 1;
-    if (called.kind != RoutineKind::Function)
-        Report(function->offset, "the name of a function");
-    else if (called.parameterCount != arguments)
+    if (called.parameterCount != arguments)
         Report(function->offset, Quoted(Spelling(called.name)) + " with " + Counted(arguments, "argument"),
                Counted(called.parameterCount, "argument"));
 }
