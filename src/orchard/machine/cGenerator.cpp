@@ -59,6 +59,16 @@ MachineRoutine SignatureOf(const Program& program, const Routine& routine, Gener
     return signature;
 }
 
+StructLayout LayoutOf(const Program& program, const LayoutInfo& read)
+{
+    StructLayout layout{read.structure, read.size, {}};
+    for (Index index = read.firstField; index < read.firstField + read.fieldCount; ++index) {
+        const FieldInfo& field = program.fields[index];
+        layout.fields.push_back({std::string(program.names.Text(field.name)), field.type, field.offset, field.size});
+    }
+    return layout;
+}
+
 } // namespace
 
 GeneratorState::GeneratorState(const Program& read) : program(read), isArgument(read.nodes.size())
@@ -93,6 +103,9 @@ MachineCode GenerateCode(const Program& program)
     code.systemTexts = program.globalTextCount;
     code.numberArrays = state.numberArrays;
     code.textArrays = state.textArrays;
+    code.structCount = static_cast<std::uint32_t>(program.structs.size());
+    for (const LayoutInfo& layout : program.layouts)
+        code.layouts.push_back(LayoutOf(program, layout));
     for (const DataItem& item : program.data)
         code.data.emplace_back(program.TextAt(item.offset, item.length));
     return code;

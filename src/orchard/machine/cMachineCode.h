@@ -2,6 +2,7 @@
 // A program as the machine runs it.
 #pragma once
 
+#include "orchard/language/modProgram.h"
 #include "orchard/machine/modInstructions.h"
 
 #include <cstdint>
@@ -40,6 +41,21 @@ struct LabelPlace {
     std::uint16_t routine = 0;
 };
 
+// A field of a struct: bytes from an offset on.
+struct StructField {
+    std::string name;
+    DataType type = DataType::Long;
+    std::uint32_t offset = 0;
+    std::uint32_t size = 0;
+};
+
+// What a statement struct defines.
+struct StructLayout {
+    std::uint32_t structure = 0;
+    std::uint32_t size = 0;
+    std::vector<StructField> fields;
+};
+
 struct MachineCode {
     std::vector<Instruction> instructions;
     std::vector<double> numbers;
@@ -54,6 +70,8 @@ struct MachineCode {
     std::uint32_t numberArrays = 0;
     std::uint32_t textArrays = 0;
     std::vector<LabelPlace> labels;
+    std::vector<StructLayout> layouts;
+    std::uint32_t structCount = 0;
     std::vector<std::string> data; // the items of all data statements
 };
 

@@ -190,7 +190,8 @@ void cRoutineGenerator::DoStatement(Index number)
         Dim(statement);
         break;
     case Kind::DefineType:
-        Unsupported("struct");
+        writer.LoadNumber(writer.NewNumber(), writer.NumberConstant(statement.other));
+        Library(RowNumber(ServiceRow::StructDefine), start);
         break;
     case Kind::Open: {
         Evaluate(statement.firstNode, statement.endNode);

@@ -85,6 +85,8 @@ private:
     void Variable(Index number);
     void Item(Index number);
     void Refer(Index number);
+    void Field(Index number);
+    void StoreField(const Node& node, const Operand& value);
     void ReferToVariable(Index number);
     void ReferToItem(Index number, std::uint32_t row, std::uint32_t column, const cCodeWriter::Mark& mark);
     void Arithmetic(Index number);

@@ -149,7 +149,11 @@ void cRoutineGenerator::DoNode(Index number)
         PushText(program.names.Text(node.a), number);
         break;
     case NodeKind::Field:
+        Field(number);
+        break;
     case NodeKind::Struct:
+        PushNumber(writer.NumberConstant(node.a), number);
+        break;
     case NodeKind::DataType:
     case NodeKind::Separator:
     case NodeKind::Bar: {
@@ -378,6 +382,37 @@ void cRoutineGenerator::Item(Index number)
         PushNumberRegister(result, true, number, mark);
 }
 
+// A field of a struct: its number and the field's name go to registers.
+void cRoutineGenerator::Field(Index number)
+{
+    const Node& node = NodeAt(number);
+    const cCodeWriter::Mark mark = writer.Here();
+    if (node.use == Use::Target) {
+        operands.push_back({Held::Target, false, 0, number, mark, {}});
+        return;
+    }
+    writer.LoadNumber(writer.NewNumber(), writer.NumberConstant(node.a));
+    writer.LoadText(writer.NewText(), writer.TextConstant(program.names.Text(node.b)));
+    const bool isText = node.type == Type::Text;
+    Library(RowNumber(isText ? ServiceRow::FieldGetText : ServiceRow::FieldGetNumber), mark);
+    writer.Back(mark);
+    if (isText)
+        PushTextRegister(writer.NewText(), true, number, mark);
+    else
+        PushNumberRegister(writer.NewNumber(), true, number, mark);
+}
+
+void cRoutineGenerator::StoreField(const Node& node, const Operand& value)
+{
+    const cCodeWriter::Mark window = writer.Here();
+    writer.LoadNumber(writer.NewNumber(), writer.NumberConstant(node.a));
+    writer.LoadText(writer.NewText(), writer.TextConstant(program.names.Text(node.b)));
+    Operand copy = value;
+    copy.isTemporary = false;
+    ToRegister(copy);
+    Library(RowNumber(node.type == Type::Text ? ServiceRow::FieldSetText : ServiceRow::FieldSetNumber), window);
+}
+
 void cRoutineGenerator::Arithmetic(Index number)
 {
     const Node& node = NodeAt(number);
@@ -549,7 +584,10 @@ void cRoutineGenerator::CallBuiltin(Index number)
         writer.Emit(Operation::Square, result, window.numbers);
         break;
     case Function::Len:
-        writer.Emit(Operation::Length, result, window.texts);
+        if (NodeAt(number - 1).kind == NodeKind::Struct)
+            Library(RowNumber(ServiceRow::StructSize), window);
+        else
+            writer.Emit(Operation::Length, result, window.texts);
         break;
     case Function::Tab:
         Library(RowNumber(ServiceRow::PrintTab), window);
@@ -634,7 +672,7 @@ void cRoutineGenerator::StoreNumber(const Operand& target, const Operand& value)
     } else if (node.kind == NodeKind::Variable) {
         writer.Emit(Operation::StoreGlobal, number, GlobalOf(node));
     } else {
-        Unsupported("struct");
+        StoreField(node, value);
     }
 }
 
@@ -662,7 +700,7 @@ void cRoutineGenerator::StoreText(const Operand& target, const Operand& value)
     } else if (node.kind == NodeKind::Variable) {
         writer.Emit(Operation::StoreGlobalText, text, GlobalOf(node));
     } else {
-        Unsupported("struct");
+        StoreField(node, value);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "orchard/library/cHost.h"
 #include "orchard/library/cRandom.h"
 #include "orchard/machine/cMachine.h"
+#include "orchard/machine/cStructs.h"
 
 #include <map>
 #include <optional>
@@ -45,7 +46,7 @@ public:
     void EndInput();
 
     std::string_view NextData(const MachineCode& code);
-    void RestoreData(double item) { nextData = static_cast<std::size_t>(item); }
+    void RestoreData(double item) { nextData = item > 0 ? static_cast<std::size_t>(item) : 0; }
 
     // The fields of a file's records: widths, and the variables they are in.
     void StartFields(std::string_view handle);
@@ -54,6 +55,13 @@ public:
     void Put(cMachine& machine, std::string_view handle, double record);
     enum class Blanks { Keep, Trim };
     void Get(cMachine& machine, std::string_view handle, double record, Blanks blanks);
+
+    cStructs& Structs(const MachineCode& code)
+    {
+        if (!structs)
+            structs.emplace(code);
+        return *structs;
+    }
 
     void SetTimer(double milliseconds, double handler);
     // Throws EventRaised when the timer's time has come.
@@ -84,6 +92,7 @@ private:
     std::optional<cQuestion> question;
     OpenFile* fieldsOf = nullptr;
     std::vector<Field> newFields;
+    std::optional<cStructs> structs;
     std::size_t nextData = 0;
     double timerInterval = 0;
     double timerHandler = 0;

@@ -225,6 +225,18 @@ bool AreLabelsRight(const MachineCode& code)
     return true;
 }
 
+bool AreLayoutsRight(const MachineCode& code)
+{
+    for (const StructLayout& layout : code.layouts) {
+        if (layout.structure >= code.structCount)
+            return false;
+        for (const StructField& field : layout.fields)
+            if (field.offset > layout.size || field.size > layout.size - field.offset)
+                return false;
+    }
+    return true;
+}
+
 bool AreStatementsRight(const MachineCode& code)
 {
     if (code.statements.empty() || code.statements.front().instruction != 0)
@@ -256,6 +268,8 @@ std::optional<std::string> CheckMachineCode(const MachineCode& code, std::span<c
             return "Instruction " + std::to_string(*place) + " is wrong.";
     if (!AreLabelsRight(code))
         return "A label is wrong.";
+    if (!AreLayoutsRight(code))
+        return "A struct is wrong.";
     if (!AreStatementsRight(code))
         return "A statement is wrong.";
     return {};

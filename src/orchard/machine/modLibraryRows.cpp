@@ -32,6 +32,14 @@ void NeedWindow(cMachine&, double*, cText* t)
     throw WindowNeeded{std::string(t[0].View())};
 }
 
+// A number that names an array, a struct or a layout; UnknownName beyond what the code has.
+std::size_t NumberBelow(double number, std::size_t count)
+{
+    if (!(number >= 0 && number < static_cast<double>(count)))
+        Fail(ErrorNumber::UnknownName);
+    return static_cast<std::size_t>(number);
+}
+
 template <class Row, class Routine>
 constexpr void Put(Rows& rows, Row row, Routine routine, std::uint16_t numbers, std::uint16_t texts,
                    ValueType result = ValueType::None)
@@ -138,7 +146,7 @@ constexpr void PutFiles(Rows& rows)
     Put(
         rows, Command::Files,
         [](cMachine& m, double* n, cText* t) {
-            cArray<cText>& array = m.TextArray(static_cast<std::size_t>(-n[0] - 1));
+            cArray<cText>& array = m.TextArray(NumberBelow(-n[0] - 1, m.Code().textArrays));
             const FolderEntries found = RunOf(m).host.Files().List(t[0].View(), t[1].View());
             const std::size_t count = found.files.size() + found.folders.size();
             array.Dim(std::max<std::size_t>(count, 1), 3);
@@ -325,6 +333,41 @@ constexpr void PutDates(Rows& rows)
         ValueType::Number);
 }
 
+cStructs& StructsOf(cMachine& machine)
+{
+    return RunOf(machine).Structs(machine.Code());
+}
+
+std::size_t StructIn(cMachine& machine, const double* n)
+{
+    return NumberBelow(n[0], machine.Code().structCount);
+}
+
+constexpr void PutStructs(Rows& rows)
+{
+    Put(
+        rows, ServiceRow::StructDefine,
+        [](cMachine& m, double* n, cText*) { StructsOf(m).Define(NumberBelow(n[0], m.Code().layouts.size())); }, 1, 0);
+    Put(
+        rows, ServiceRow::StructSize,
+        [](cMachine& m, double* n, cText*) { n[0] = static_cast<double>(StructsOf(m).Size(StructIn(m, n))); }, 1, 0,
+        ValueType::Number);
+    Put(
+        rows, ServiceRow::FieldGetNumber,
+        [](cMachine& m, double* n, cText* t) { n[0] = StructsOf(m).Number(StructIn(m, n), t[0].View()); }, 1, 1,
+        ValueType::Number);
+    Put(
+        rows, ServiceRow::FieldGetText,
+        [](cMachine& m, double* n, cText* t) { t[0] = StructsOf(m).Text(StructIn(m, n), t[0].View()); }, 1, 1,
+        ValueType::Text);
+    Put(
+        rows, ServiceRow::FieldSetNumber,
+        [](cMachine& m, double* n, cText* t) { StructsOf(m).SetNumber(StructIn(m, n), t[0].View(), n[1]); }, 2, 1);
+    Put(
+        rows, ServiceRow::FieldSetText,
+        [](cMachine& m, double* n, cText* t) { StructsOf(m).SetText(StructIn(m, n), t[0].View(), t[1]); }, 1, 2);
+}
+
 constexpr void PutConsole(Rows& rows)
 {
     Put(
@@ -371,9 +414,9 @@ constexpr void PutConsole(Rows& rows)
         rows, Command::Sort,
         [](cMachine& m, double* n, cText*) {
             if (n[0] < 0)
-                SortArray(m.TextArray(static_cast<std::size_t>(-n[0] - 1)), n[1], n[2], n[3], m);
+                SortArray(m.TextArray(NumberBelow(-n[0] - 1, m.Code().textArrays)), n[1], n[2], n[3], m);
             else
-                SortArray(m.NumberArray(static_cast<std::size_t>(n[0])), n[1], n[2], n[3], m);
+                SortArray(m.NumberArray(NumberBelow(n[0], m.Code().numberArrays)), n[1], n[2], n[3], m);
         },
         4, 0);
 }
@@ -390,6 +433,7 @@ constexpr Rows AllRows = [] {
     PutNumbers(rows);
     PutTexts(rows);
     PutDates(rows);
+    PutStructs(rows);
     PutConsole(rows);
     return rows;
 }();

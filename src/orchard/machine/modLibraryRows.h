@@ -37,6 +37,12 @@ enum class ServiceRow : std::uint16_t {
     FieldText,
     FieldEnd,
     DateOfDays,
+    StructDefine,   // number: the layout
+    StructSize,     // number: the struct; so are the first numbers of these
+    FieldGetNumber, // text: the field
+    FieldGetText,
+    FieldSetNumber, // number: the value
+    FieldSetText,   // texts: the field, the value
     DateNumber,
     TimeNumber,
     InputFromHandle, // input$(#h, n)
