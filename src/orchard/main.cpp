@@ -2,6 +2,7 @@
 // orchard: the engine's command line.
 #include "orchard/language/modRead.h"
 #include "orchard/library/cTextHost.h"
+#include "orchard/library/modConstants.h"
 #include "orchard/machine/cGenerator.h"
 #include "orchard/machine/cRun.h"
 #include "orchard/machine/modLibraryRows.h"
@@ -71,7 +72,7 @@ bool ReadAndReport(const std::string& name, Program& program)
         std::fprintf(stderr, "%s: %s\n", ShownName(name).c_str(), std::strerror(errno));
         return false;
     }
-    program = ReadProgram(std::move(text), nullptr);
+    program = ReadProgram(std::move(text), FindConstant);
     for (const ReadError& error : program.errors) {
         const LineColumn place = program.lines.PlaceOf(error.offset);
         std::fprintf(stderr, "%s:%u:%u: %s\n", ShownName(name).c_str(), place.line, place.column, error.Text().c_str());
