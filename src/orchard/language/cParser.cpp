@@ -150,6 +150,17 @@ void cParser::Run()
     program.routines[0].endStatement = Here();
 }
 
+void cParser::RunExpression()
+{
+    program.routines.push_back({});
+    program.routines[0].name = cNames::NoName;
+    Advance();
+    BeginStatement(0);
+    if (Value(Wanted::Value) && !Is(TokenKind::EndOfText))
+        Fail("the end of the expression");
+    Add(StatementKind::Print);
+}
+
 void cParser::Statement()
 {
     BeginStatement(token.offset);

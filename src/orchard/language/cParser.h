@@ -39,6 +39,9 @@ public:
     // Reads the whole text.
     void Run();
 
+    // Reads a text that is one expression, as the only operand of a Print.
+    void RunExpression();
+
 private:
     enum class Outcome : std::uint8_t {
         Complete, // the end of the statement has to follow

@@ -24,14 +24,12 @@ void cResolver::Run()
     for (Statement& statement : program.statements) {
         if (statement.kind == StatementKind::RoutineStart)
             EnterRoutine(statement.other);
-        isPrinting = statement.kind == StatementKind::Print || statement.kind == StatementKind::PrintTo ||
-                     statement.kind == StatementKind::PrintPrinter;
         for (Index node = statement.firstNode; node < statement.endNode; ++node)
             ResolveNode(node, statement);
         for (; check != parsed.checks.end() && check->node < statement.endNode; ++check) {
-            if (check->wanted == Wanted::Value)
+            if (check->wanted == Wanted::Value && !IsTab(statement, check->node))
                 WantValue(check->node);
-            else
+            else if (check->wanted != Wanted::Value)
                 Want(check->node, check->wanted == Wanted::Text ? Type::Text : Type::Number);
         }
         CheckStatement(statement);
@@ -40,6 +38,15 @@ void cResolver::Run()
     }
     AddVariables();
     std::ranges::stable_sort(program.errors, {}, &ReadError::offset);
+}
+
+// Whether the operand is a tab of print, which has no value.
+bool cResolver::IsTab(const Statement& statement, Index node) const
+{
+    const bool isPrint = statement.kind == StatementKind::Print || statement.kind == StatementKind::PrintTo ||
+                         statement.kind == StatementKind::PrintPrinter;
+    return isPrint && program.nodes[node].kind == NodeKind::Builtin &&
+           program.nodes[node].a == static_cast<Index>(Function::Tab);
 }
 
 void cResolver::NoteRoutines()

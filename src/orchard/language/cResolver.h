@@ -35,6 +35,8 @@ private:
         Index handle = NoIndex;
     };
 
+    bool IsTab(const Statement& statement, Index node) const;
+
     // Declarations
     void NoteRoutines();
     void NoteGlobals();
@@ -97,7 +99,6 @@ private:
     std::vector<VariableInfo> mainVariables;
     std::vector<Index> operands;
     Index routine = 0;
-    bool isPrinting = false; // the statement at hand may use tab
 };
 
 } // namespace ob::basic

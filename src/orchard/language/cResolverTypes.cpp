@@ -156,9 +156,7 @@ void cResolver::WantValue(Index node)
 {
     if (At(node).type == Type::Either)
         Settle(node, Type::Text);
-    const bool isTab =
-        At(node).kind == NodeKind::Builtin && At(node).a == static_cast<Index>(Function::Tab) && isPrinting;
-    if (At(node).type == Type::None && !isTab)
+    if (At(node).type == Type::None)
         Report(StartOf(node), "a value");
 }
 

@@ -95,6 +95,8 @@ private Q_SLOTS:
     void errorsPointIntoTheTextInItsOrder();
     void operandsComeBeforeWhatUsesThem();
     void namesAreFoundAsARoutineSeesThem();
+    void expressionsUseTheNamesOfTheirPlace();
+    void wrongExpressionsAreErrors();
 };
 
 void tst_modRead::goldenFiles_data()
@@ -333,6 +335,54 @@ void tst_modRead::namesAreFoundAsARoutineSeesThem()
     QVERIFY(FindLabel(program, 1, "[y]") != NoIndex);
     QCOMPARE(FindRoutine(program, "s"), Index{1});
     QCOMPARE(FindRoutine(program, "S"), NoIndex);
+}
+
+void tst_modRead::expressionsUseTheNamesOfTheirPlace()
+{
+    const Program outer =
+        Read("global g$\nother = 1 : a = b(2) : print #x, f(1, a)\nstruct s, l as long, n as char[4]\n"
+             "function f(n, byref m)\nlocal = 3 : c(1) = 2 : name = g$ + \"x\" = \"x\"\nend function\n");
+    QCOMPARE(ErrorsOf(outer), std::string());
+    const Program inner = ReadExpression(
+        "local + c(2) * f(n, m) + other + b(1) + nothing(1) + s.l.struct + name + eof(#x)", outer, 1, FindTestConstant);
+    QCOMPARE(ErrorsOf(inner), std::string());
+    QCOMPARE(inner.statements.size(), std::size_t{1});
+    const auto nodeAt = [&](NodeKind kind, std::size_t number) {
+        for (const Node& node : inner.nodes)
+            if (node.kind == kind && number-- == 0)
+                return node;
+        return Node{};
+    };
+    VariableInfo local{};
+    QVERIFY(FindVariable(outer, 1, "local", local));
+    QCOMPARE(nodeAt(NodeKind::Variable, 0).a, local.slot);
+    QCOMPARE(nodeAt(NodeKind::Variable, 1).a, Index{0}); // n
+    QCOMPARE(nodeAt(NodeKind::Variable, 2).scope, Scope::ByRef);
+    QCOMPARE(nodeAt(NodeKind::Variable, 2).use, Use::Reference);
+    QCOMPARE(nodeAt(NodeKind::Call, 0).a, Index{1});
+    QCOMPARE(outer.names.Text(outer.arrays[nodeAt(NodeKind::Item, 0).a].name), std::string_view("c"));
+    QCOMPARE(outer.names.Text(outer.arrays[nodeAt(NodeKind::Item, 1).a].name), std::string_view("b"));
+    QCOMPARE(nodeAt(NodeKind::Item, 2).a, NoIndex);
+    QCOMPARE(nodeAt(NodeKind::Field, 0).a, Index{0});
+    QCOMPARE(outer.names.Text(nodeAt(NodeKind::Field, 0).b), std::string_view("l"));
+    QCOMPARE(nodeAt(NodeKind::Handle, 0).a, Index{0});
+    // The main program's `other` is none of the function's variables.
+    QCOMPARE(std::ranges::count(inner.nodes, NodeKind::Variable, &Node::kind), 4);
+
+    const Program texts = ReadExpression(" g$ + unknown$ + s.n.struct ", outer, 0, FindTestConstant);
+    QCOMPARE(ErrorsOf(texts), std::string());
+    QCOMPARE(texts.nodes[0].scope, Scope::Global);
+    QCOMPARE(texts.nodes[1].kind, NodeKind::Text);
+    QCOMPARE(texts.nodes[1].b, Index{0});
+    QCOMPARE(texts.nodes.back().type, Type::Text);
+}
+
+void tst_modRead::wrongExpressionsAreErrors()
+{
+    const Program outer = Read("a = 1\nsub s a\nend sub\nfunction f(a)\nend function\n");
+    for (const char* text : {"", "1 +", "1 2", "a = \"x\"", "1 : 2", "s(1)", "f()", "f(\"x\")", "print 1", "1\n2", "#x",
+                             "q.r.struct", "_NO_SUCH_CONSTANT", "tab(1)", "tab(1) + 1"})
+        QVERIFY2(!ReadExpression(text, outer, 0, FindTestConstant).errors.empty(), text);
 }
 
 QTEST_GUILESS_MAIN(tst_modRead)

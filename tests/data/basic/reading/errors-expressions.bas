@@ -45,3 +45,6 @@ print a b
 print "a" "b"
 a = f(,1)
 a = .
+print "a" + tab(3)
+print tab(1) + 1
+if tab(2) then a = 1

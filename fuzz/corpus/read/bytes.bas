@@ -1,0 +1,3 @@
+print "café"; a$ ' été
+	b = 1:c = 2[été] goto [été]
+
