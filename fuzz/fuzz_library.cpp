@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "orchard/library/cScriptedHost.h"
+#include "orchard/library/cWordFinder.h"
 #include "orchard/library/modConstants.h"
 #include "orchard/library/modDates.h"
 #include "orchard/library/modFileNames.h"
@@ -54,8 +55,9 @@ void TryTexts(std::string_view first, std::string_view second)
     const double at = Instr(first, second, number);
     Hold(at == 0 || first.substr(static_cast<std::size_t>(at) - 1).starts_with(second));
     Hold(Upper(Lower(first)).size() == first.size());
-    (void)Word(first, number, second);
-    (void)Word(first, number);
+    cWordFinder words;
+    for (const double word : {number, 1.0, 2.0, 3.0, number + 1, number - 1})
+        Hold(words.Find(first, word, second) == Word(first, word, second));
     double value = 0;
     (void)FindConstant(first, value);
     Hold(Utf8OfAnsi(first).size() >= first.size() && AnsiOfUtf8(first).size() <= first.size());

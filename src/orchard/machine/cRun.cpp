@@ -39,7 +39,7 @@ cMachine::Ending cRun::Run(cMachine& machine)
     machine.SystemText(SystemVariable::DefaultDir) = cText(host.DefaultFolder());
     machine.SystemText(SystemVariable::Platform) = cText(cHost::Platform());
     machine.SystemText(SystemVariable::Version) = cText(cHost::Version());
-    machine.SystemText(SystemVariable::Drives) = cText::Literal("/");
+    machine.SystemText(SystemVariable::Drives) = cText(DriveNames());
     const cMachine::Ending ending = machine.Run();
     Finish();
     return ending;
@@ -139,6 +139,19 @@ void cRun::EndInput()
 {
     question.reset();
     inputFile = nullptr;
+}
+
+std::string_view cRun::WordOf(const cText& text, double number, std::string_view delimiter)
+{
+    constexpr std::size_t shortText = 256;
+    if (text.Size() < shortText)
+        return Word(text.View(), number, delimiter);
+    // While the text is kept here, nothing else can be at its place.
+    if (text.View().data() != splitText.View().data() || text.Size() != splitText.Size()) {
+        splitText = text;
+        words.Forget();
+    }
+    return words.Find(text.View(), number, delimiter);
 }
 
 std::string_view cRun::NextData(const MachineCode& code)

@@ -4,6 +4,7 @@
 
 #include "orchard/library/cHost.h"
 #include "orchard/library/cRandom.h"
+#include "orchard/library/cWordFinder.h"
 #include "orchard/machine/cMachine.h"
 #include "orchard/machine/cStructs.h"
 
@@ -44,6 +45,9 @@ public:
     std::string_view NextItem();
     std::string_view NextLine();
     void EndInput();
+
+    // word$ of a text, which is kept as long as the next word of it may be asked for.
+    std::string_view WordOf(const cText& text, double number, std::string_view delimiter);
 
     std::string_view NextData(const MachineCode& code);
     void RestoreData(double item) { nextData = item > 0 ? static_cast<std::size_t>(item) : 0; }
@@ -93,6 +97,8 @@ private:
     OpenFile* fieldsOf = nullptr;
     std::vector<Field> newFields;
     std::optional<cStructs> structs;
+    cText splitText;
+    cWordFinder words;
     std::size_t nextData = 0;
     double timerInterval = 0;
     double timerHandler = 0;

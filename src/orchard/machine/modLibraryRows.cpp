@@ -264,7 +264,8 @@ constexpr void PutTexts(Rows& rows)
     text(
         Function::Trim, [](cMachine&, double*, cText* t) { t[0] = t[0].Slice(Trim(t[0].View())); }, 0, 1);
     text(
-        Function::Word, [](cMachine&, double* n, cText* t) { t[0] = t[0].Slice(Word(t[0].View(), n[0], t[1].View())); },
+        Function::Word,
+        [](cMachine& m, double* n, cText* t) { t[0] = t[0].Slice(RunOf(m).WordOf(t[0], n[0], t[1].View())); },
         1, 2);
     text(
         Function::Lower, [](cMachine&, double*, cText* t) { t[0] = cText(Lower(t[0].View())); }, 0, 1);

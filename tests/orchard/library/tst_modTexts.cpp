@@ -6,6 +6,7 @@
 
 #include "orchard/library/cItems.h"
 #include "orchard/library/cRandom.h"
+#include "orchard/library/cWordFinder.h"
 #include "orchard/library/modTexts.h"
 
 using namespace ob::basic;
@@ -33,6 +34,8 @@ private Q_SLOTS:
     void findingTakesLinearTime();
     void wordsAreSplit_data();
     void wordsAreSplit();
+    void wordsInAnyOrderAreTheSame();
+    void wordsInTurnTakeLinearTime();
     void capitalsAreThoseOfTheCodePage();
     void onlySpacesAreTrimmed();
     void charactersAreBytes();
@@ -149,6 +152,38 @@ void tst_modTexts::wordsAreSplit()
     QFETCH(QByteArray, delimiter);
     QFETCH(QByteArray, word);
     QCOMPARE(Shown(Word(View(text), number, View(delimiter))), word);
+}
+
+void tst_modTexts::wordsInAnyOrderAreTheSame()
+{
+    const std::string texts[] = {"  one  two,three ,, four<>five<>", ",,a,b", "", "a", "<><>x y<>z  "};
+    const std::string_view delimiters[] = {" ", "", ",", "<>", "  "};
+    cRandom random(9);
+    cWordFinder finder;
+    for (int i = 0; i < 20000; ++i) {
+        const std::string& text = texts[static_cast<std::size_t>(random.Next() * random.Next() * 5)];
+        const std::string_view delimiter = delimiters[static_cast<std::size_t>(random.Next() * random.Next() * 5)];
+        const double number = random.Next() * 9 - 1;
+        QCOMPARE(Shown(finder.Find(text, number, delimiter)), Shown(Word(text, number, delimiter)));
+    }
+    std::string changed = "a b";
+    QCOMPARE(finder.Find(changed, 2, " "), std::string_view("b"));
+    changed = "c  ";
+    finder.Forget();
+    QCOMPARE(finder.Find(changed, 2, " "), std::string_view());
+}
+
+// From the start each time it would take hours.
+void tst_modTexts::wordsInTurnTakeLinearTime()
+{
+    constexpr int count = 2000000;
+    std::string spaced;
+    for (int i = 0; i < count; ++i)
+        spaced += "ab ";
+    cWordFinder finder;
+    for (const std::string_view delimiter : {" ", "b"})
+        for (int i = 1; i <= count; ++i)
+            QVERIFY(finder.Find(spaced, i, delimiter).size() == (delimiter == " " || i > 1 ? 2u : 1u));
 }
 
 void tst_modTexts::capitalsAreThoseOfTheCodePage()
