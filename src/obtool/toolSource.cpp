@@ -11,6 +11,7 @@
 #include "engine/run/modVariables.h"
 #include "obtool/toolOutput.h"
 #include "orchard/language/modRead.h"
+#include "orchard/library/modConstants.h"
 #include "platform/files/modFiles.h"
 #include "platform/files/modPaths.h"
 #include "platform/language/cRuntimeError.h"
@@ -82,7 +83,7 @@ void Styles(const SourceArguments& arguments)
 
 void Check(const SourceArguments& arguments)
 {
-    const basic::Program program = basic::ReadProgram(ReadInput(arguments.file).toStdString(), nullptr);
+    const basic::Program program = basic::ReadProgram(ReadInput(arguments.file).toStdString(), basic::FindConstant);
     QByteArray report;
     for (const basic::ReadError& error : program.errors) {
         const basic::LineColumn place = program.lines.PlaceOf(error.offset);

@@ -3,6 +3,7 @@
 // depth.
 #include "orchard/language/modDump.h"
 #include "orchard/language/modRead.h"
+#include "orchard/library/modConstants.h"
 #include "scilexer/BasicSource.h"
 
 #include <QDir>
@@ -159,7 +160,7 @@ void tst_modRead::programsOfTheBenchHaveNoErrors()
     QFETCH(QString, errors);
     const std::string text = ReadBytes(path);
     QVERIFY(!text.empty());
-    QCOMPARE(QString::fromStdString(ErrorsOf(Read(text))), errors);
+    QCOMPARE(QString::fromStdString(ErrorsOf(ReadProgram(text, FindConstant))), errors);
 }
 
 // A row of the hint table is a word of the language, or a command that is sent to a window.
