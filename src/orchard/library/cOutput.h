@@ -67,7 +67,6 @@ protected:
     virtual void Send(std::string_view bytes) = 0;
 
     std::size_t Waiting() const { return used; }
-    void DropWaiting() { used = 0; }
 
 private:
     static constexpr std::size_t Capacity = std::size_t{1} << 16;

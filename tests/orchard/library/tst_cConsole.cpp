@@ -183,8 +183,8 @@ void tst_cConsole::boxesAreAnsweredOrNeedAWindow()
     QVERIFY(!host.Confirm("Sure?"));
     QCOMPARE(host.Prompt("Name?", ""), std::string("Ann"));
     QCOMPARE(host.asked, std::string("notice: Hello\nconfirm: Sure?\nconfirm: Sure?\nprompt: Name?\n"));
-    QVERIFY_EXCEPTION_THROWN(host.Notice("again"), WindowNeeded);
-    QVERIFY_EXCEPTION_THROWN(host.OpenOnDesktop("a.txt", ""), WindowNeeded);
+    QVERIFY_THROWS_EXCEPTION(WindowNeeded, host.Notice("again"));
+    QVERIFY_THROWS_EXCEPTION(WindowNeeded, host.OpenOnDesktop("a.txt", ""));
 }
 
 void tst_cConsole::textHostPassesAllBytes()
@@ -214,11 +214,11 @@ void tst_cConsole::textHostHasNoWindows()
 {
     cTextHost host({}, "a b");
     QCOMPARE(host.CommandLine(), std::string_view("a b"));
-    QVERIFY_EXCEPTION_THROWN(host.Notice("x"), WindowNeeded);
-    QVERIFY_EXCEPTION_THROWN((void)host.Confirm("x"), WindowNeeded);
-    QVERIFY_EXCEPTION_THROWN((void)host.Prompt("x", ""), WindowNeeded);
-    QVERIFY_EXCEPTION_THROWN(host.PrintOnPaper("x"), WindowNeeded);
-    QVERIFY_EXCEPTION_THROWN(host.SendToPrinter(), WindowNeeded);
+    QVERIFY_THROWS_EXCEPTION(WindowNeeded, host.Notice("x"));
+    QVERIFY_THROWS_EXCEPTION(WindowNeeded, (void)host.Confirm("x"));
+    QVERIFY_THROWS_EXCEPTION(WindowNeeded, (void)host.Prompt("x", ""));
+    QVERIFY_THROWS_EXCEPTION(WindowNeeded, host.PrintOnPaper("x"));
+    QVERIFY_THROWS_EXCEPTION(WindowNeeded, host.SendToPrinter());
     QCOMPARE(cHost::Version(), std::string_view("4.0"));
     QCOMPARE(cHost::Platform(), std::string_view("Linux"));
     QCOMPARE(DriveNames(), std::string("/"));

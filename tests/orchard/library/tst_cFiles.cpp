@@ -668,7 +668,7 @@ void tst_cFiles::waitingForAPipeCanBeStopped()
     cFiles files([&asked] { return ++asked > 1; });
     // The write end of one handle keeps the pipe open, and nothing comes.
     cFile& both = files.Open("pipe", FileMode::Binary);
-    QVERIFY_EXCEPTION_THROWN((void)both.Line(), ProgramStopped);
+    QVERIFY_THROWS_EXCEPTION(ProgramStopped, (void)both.Line());
     QCOMPARE(asked, 2);
     both.Text("line\n");
     QCOMPARE(Shown(both.Line()), QByteArray("line"));
