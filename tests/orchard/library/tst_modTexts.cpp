@@ -2,6 +2,8 @@
 // Functions of texts, the items of a line, the table of errors, random numbers.
 #include "orchard/library/LibraryTest.h"
 
+#include <QFile>
+
 #include <set>
 
 #include "orchard/library/cItems.h"
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void linesAreSplitIntoItems_data();
     void linesAreSplitIntoItems();
     void everyErrorHasATextOfItsOwn();
+    void theManualListsEveryError();
     void aSeedGivesItsSequence();
     void randomNumbersFillTheirRange();
 };
@@ -266,6 +269,23 @@ void tst_modTexts::everyErrorHasATextOfItsOwn()
     QVERIFY(texts.size() >= 30);
     QCOMPARE(cProgramError(ErrorNumber::FileNotFound, "a.txt").Text(), std::string("File not found: a.txt"));
     QCOMPARE(cProgramError(ErrorNumber::OutOfMemory).Text(), std::string("Out of memory"));
+}
+
+void tst_modTexts::theManualListsEveryError()
+{
+    QFile page(QStringLiteral(OB_TEST_DATA "/../../docs/language/errors.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    const QByteArray text = page.readAll();
+    int listed = 0;
+    for (int number = 0; number < 200; ++number) {
+        const std::string_view known = ErrorText(static_cast<ErrorNumber>(number));
+        const QByteArray row = "| " + QByteArray::number(number) + " | ";
+        const bool isListed = text.contains('\n' + row);
+        QVERIFY2(isListed == (known != "Unknown error"), row.constData());
+        QVERIFY2(!isListed || text.contains(row + Shown(known) + " | "), row.constData());
+        listed += isListed ? 1 : 0;
+    }
+    QCOMPARE(text.count("\n| "), listed + 1);
 }
 
 void tst_modTexts::aSeedGivesItsSequence()
