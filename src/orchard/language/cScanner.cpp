@@ -56,6 +56,23 @@ bool StartsWithStruct(std::string_view text)
                       [](char a, char b) { return a == b || (a != '.' && a == (b | 0x20)); });
 }
 
+// Of a number that is too large or too small to be held: whether it is the latter.
+bool IsBelowOne(std::string_view written)
+{
+    const std::size_t mark = std::min(written.find('e'), written.find('E'));
+    const std::string_view digits = written.substr(0, mark);
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::size_t first = std::min(digits.find_first_not_of("0."), digits.size());
+    std::int64_t exponent = 0;
+    if (mark != std::string_view::npos) {
+        const bool hasPlus = written[mark + 1] == '+';
+        const std::string_view power = written.substr(mark + (hasPlus ? 2 : 1));
+        if (std::from_chars(power.data(), power.data() + power.size(), exponent).ec != std::errc())
+            return power.front() == '-';
+    }
+    return exponent + static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) < 0;
+}
+
 // The value of digits with at most one point and one exponent, whose mark may be d. Infinite when it is too large.
 double ValueOf(std::string_view digits)
 {
@@ -74,9 +91,7 @@ double ValueOf(std::string_view digits)
     const auto [end, error] = std::from_chars(written.data(), written.data() + written.size(), value);
     if (error != std::errc::result_out_of_range)
         return value;
-    const std::size_t exponent = written.find_first_of("eE");
-    const bool isSmall = exponent != std::string::npos ? written[exponent + 1] == '-' : written.find('.') == 0;
-    return isSmall ? 0 : std::numeric_limits<double>::infinity();
+    return IsBelowOne(written) ? 0 : std::numeric_limits<double>::infinity();
 }
 
 } // namespace

@@ -92,6 +92,8 @@ private Q_SLOTS:
     void nestingIsBoundedByMemoryAlone();
     void hostileTextsTakeLinearTime_data();
     void hostileTextsTakeLinearTime();
+    void numbersAreReadExactly_data();
+    void numbersAreReadExactly();
     void aTextEndsAtItsFirstNul();
     void errorsPointIntoTheTextInItsOrder();
     void operandsComeBeforeWhatUsesThem();
@@ -255,6 +257,44 @@ void tst_modRead::hostileTextsTakeLinearTime()
     const Program program = Read(text.toStdString());
     QVERIFY(!program.errors.empty());
     QVERIFY2(timer.elapsed() < 10'000, "reading takes too long");
+}
+
+void tst_modRead::numbersAreReadExactly_data()
+{
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<double>("value");
+    const auto row = [](const std::string& written, double value) {
+        QTest::newRow(written.substr(0, 20).c_str()) << QByteArray::fromStdString(written) << value;
+    };
+    row("0", 0);
+    row("12", 12);
+    row("999999999999999", 999999999999999);
+    row("9007199254740993", 9007199254740992);
+    row(".5", 0.5);
+    row("3.", 3);
+    row("1.5e-3", 0.0015);
+    row("2d10", 2e10);
+    row("2D+3", 2000);
+    row("1.e2", 100);
+    row("1.7976931348623157e308", 1.7976931348623157e308);
+    row("1e-400", 0);
+    row("1e-99999999999999999999", 0);
+    row("0." + std::string(400, '0') + "1", 0);
+    row("0." + std::string(400, '0') + "1e10", 0);
+    row("0." + std::string(400, '0') + "1e401", 1);
+    row("0e99999999999999999999", 0);
+}
+
+void tst_modRead::numbersAreReadExactly()
+{
+    QFETCH(QByteArray, written);
+    QFETCH(double, value);
+    const Program program = Read("a = " + written.toStdString());
+    QCOMPARE(ErrorsOf(program), std::string());
+    QVERIFY(program.numbers.at(0) == value);
+    for (const char* large : {"1e309", "1e99999999999999999999", "1d400"})
+        QVERIFY(!Read(std::string("a = ") + large).errors.empty());
+    QVERIFY(!Read("a = " + std::string(400, '9')).errors.empty());
 }
 
 void tst_modRead::aTextEndsAtItsFirstNul()
