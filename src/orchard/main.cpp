@@ -130,6 +130,10 @@ int RunInConsole(const std::string& name)
     }
     program = {};
     std::signal(SIGINT, Interrupt);
+#ifdef SIGPIPE
+    // A reader that is gone is an error of the statement that prints.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
     return RunCode(name, code);
 }
 
