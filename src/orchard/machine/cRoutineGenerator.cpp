@@ -2,7 +2,6 @@
 // Makes the code of one routine: its statements.
 #include "orchard/machine/cRoutineGenerator.h"
 
-#include <cmath>
 
 namespace ob::basic {
 
