@@ -69,27 +69,20 @@ void tst_obtoolCheck::aRightProgramHasAnEmptyReport()
 void tst_obtoolCheck::whatIsWrittenIsReadWithoutAnError_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    for (const char* line : {"write library wrapper32",
-                             "write library printer32",
-                             "write library jpeg",
-                             "write library snippets",
-                             "write array --name a --numeric 1 2.5 -3",
-                             "write array --name n Mon Tue it's",
-                             "write messagebox --icon critical --buttons yesnocancel --title T --message M",
-                             "write messagebox",
-                             "write menu --name File Open=[open] | Quit=[quit]",
-                             "write menu --popup A=[a] | B=[b]",
-                             "write toolbar --bitmap x.bmp [a]=One [b]=Two",
-                             "write toolbar --bitmap x.bmp --existing #main --style flat [a]=One",
-                             "write toolbar --bitmap x.bmp --style raised --border thick [a]=One",
-                             "write texteditor",
-                             "write loadbmp a.bmp b.bmp",
-                             "write loadbmp --dll --path a.bmp b.jpg",
-                             "write media x.wav",
-                             "write media x.mid",
-                             "write media x.avi",
-                             "write media --path x.mp3"})
+    for (const char* line :
+         {"write library wrapper32", "write library printer32", "write library jpeg", "write library snippets",
+          "write array --name a --numeric 1 2.5 -3", "write array --name n Mon Tue it's",
+          "write messagebox --icon critical --buttons yesnocancel --title T --message M", "write messagebox",
+          "write menu --name File Open=[open] | Quit=[quit]", "write menu --popup A=[a] | B=[b]",
+          "write toolbar --bitmap x.bmp [a]=One [b]=Two",
+          "write toolbar --bitmap x.bmp --existing #main --style flat [a]=One",
+          "write toolbar --bitmap x.bmp --style raised --border thick [a]=One", "write texteditor", "write media x.wav",
+          "write media x.mid", "write media x.avi", "write media --path x.mp3"})
         QTest::newRow(line) << WordsOf(line);
+    const QStringList pictures = {u"" OB_TEST_DATA "/avi/color1.bmp"_s, u"" OB_TEST_DATA "/avi/color2.bmp"_s};
+    QTest::newRow("write loadbmp") << QStringList{u"write"_s, u"loadbmp"_s} + pictures;
+    QTest::newRow("write loadbmp --dll --path")
+        << QStringList{u"write"_s, u"loadbmp"_s, u"--dll"_s, u"--path"_s} + pictures;
     const QStringList forms = QDir(TopFolder + u"samples"_s).entryList({u"*.obf"_s});
     QVERIFY(!forms.isEmpty());
     for (const QString& form : forms) {

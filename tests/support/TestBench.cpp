@@ -156,6 +156,10 @@ bool TestBench::eventFilter(QObject* watched, QEvent* event)
     auto* dialog = qobject_cast<QDialog*>(watched);
     if (event->type() != QEvent::Show || dialog == nullptr || !dialog->isModal())
         return QObject::eventFilter(watched, event);
+    // Comes up wherever the machine is slow, and goes by itself.
+    if (dialog->objectName() == u"dlgPatience"_s &&
+        (modals.isEmpty() || modals.first().objectName != dialog->objectName()) && !anyModal)
+        return QObject::eventFilter(watched, event);
     const bool isNext = !modals.isEmpty() && modals.first().objectName == dialog->objectName();
     if (isNext || anyModal) {
         QTimer::singleShot(0, dialog, [dialog, script = isNext ? modals.takeFirst().script : anyModal] {
